@@ -1,0 +1,52 @@
+# Modules, tests: what every folder of the project builds with.
+
+# Flags of the whole project. Contraction, reassociation and folding at another rounding mode would change results.
+add_library(orvik_flags INTERFACE)
+target_include_directories(orvik_flags INTERFACE ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src
+                                                 ${PROJECT_BINARY_DIR}/generated)
+target_compile_options(orvik_flags INTERFACE
+  -mavx2 -mfma -mbmi -mbmi2 -mlzcnt -mpopcnt -ffp-contract=off -fno-math-errno
+  $<$<COMPILE_LANGUAGE:C,CXX>:-Wall -Wextra>
+  $<$<AND:$<BOOL:${ORVIK_WERROR}>,$<COMPILE_LANGUAGE:C,CXX>>:-Werror>)
+if(ORVIK_SANITIZE)
+  target_compile_options(orvik_flags INTERFACE -fsanitize=${ORVIK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(orvik_flags INTERFACE -fsanitize=${ORVIK_SANITIZE})
+endif()
+
+# No exception crosses a boundary of the library and none is used inside.
+add_library(orvik_library_flags INTERFACE)
+target_link_libraries(orvik_library_flags INTERFACE orvik_flags)
+target_compile_options(orvik_library_flags INTERFACE
+  $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti> -ftls-model=initial-exec)
+
+set_property(GLOBAL PROPERTY ORVIK_MODULES "")
+set_property(GLOBAL PROPERTY ORVIK_EXPORTS "")
+
+# orvik_module(NAME SOURCES ... [EXPORTS exports.txt ...]): one folder of the library as an object library.
+# An exports file lists the exported names, one a line, '#' starts a comment.
+function(orvik_module name)
+  cmake_parse_arguments(arg "" "" "SOURCES;EXPORTS" ${ARGN})
+  add_library(orvik_${name} OBJECT ${arg_SOURCES})
+  target_link_libraries(orvik_${name} PRIVATE orvik_library_flags)
+  set_property(GLOBAL APPEND PROPERTY ORVIK_MODULES orvik_${name})
+  foreach(file IN LISTS arg_EXPORTS)
+    cmake_path(ABSOLUTE_PATH file BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+    set_property(GLOBAL APPEND PROPERTY ORVIK_EXPORTS ${file})
+  endforeach()
+endfunction()
+
+# orvik_test(NAME SOURCES ... [LABELS ...] [LIBRARIES ...] [TIMEOUT s]): one GoogleTest program and one CTest entry of
+# its own. Tests link the library's objects statically, so that they reach internals as well as exports.
+# The label "threads" marks what the thread sanitizer runs.
+function(orvik_test name)
+  cmake_parse_arguments(arg "" "TIMEOUT" "SOURCES;LABELS;LIBRARIES" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE orvik_flags orvik_internal GTest::gtest GTest::gmock ${arg_LIBRARIES}
+                                        orvik_test_main)
+  add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 300)
+  endif()
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}")
+endfunction()

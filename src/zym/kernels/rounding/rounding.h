@@ -1,0 +1,73 @@
+// Rounding to integers and the parts that it leaves.
+#pragma once
+
+#include "zym/lanes/lanes.h"
+#include "zym/lanes/scalar.h"
+#include "zym/skeleton/operands.h"
+
+namespace orvik::zym {
+
+// One round instruction; without _MM_FROUND_NO_EXC it raises inexact where the value changes.
+template <class V, int Mode>
+struct RoundInstruction {
+  static constexpr bool streams = true;
+  static V lanes(V x) { return round<Mode>(x); }
+};
+
+template <class V, Level>
+struct Ceil : RoundInstruction<V, _MM_FROUND_TO_POS_INF> {};
+template <class V, Level>
+struct Floor : RoundInstruction<V, _MM_FROUND_TO_NEG_INF> {};
+template <class V, Level>
+struct Trunc : RoundInstruction<V, _MM_FROUND_TO_ZERO> {};
+// The current direction is to nearest: the skeleton has set it.
+template <class V, Level>
+struct Rint : RoundInstruction<V, _MM_FROUND_CUR_DIRECTION> {};
+template <class V, Level>
+struct NearbyInt : RoundInstruction<V, _MM_FROUND_CUR_DIRECTION | _MM_FROUND_NO_EXC> {};
+
+// Half away from zero: nearest even, one more where that lost exactly a half.
+template <class V, Level>
+struct Round {
+  static constexpr bool streams = true;
+  static V lanes(V x) {
+    const V a = magnitude(x);
+    const V t = round<_MM_FROUND_TO_NEAREST_INT>(a);
+    const V lost_half = compare<_CMP_EQ_OQ>(a - t, V(0.5f));
+    return select(lost_half, t + V(1.0f), t) | sign_of(x);
+  }
+};
+
+// x - trunc(x) with the sign of x, also where it is zero. Exact.
+template <class V, Level>
+struct Frac {
+  using E = typename V::Element;
+  static constexpr bool streams = true;
+  static V special(V x) { return not_finite(x); }
+  static V lanes(V x) {
+    return (x - round<_MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC>(x)) | sign_of(x);
+  }
+  static int32_t element(const E* x, E* r) {
+    const double wide = static_cast<double>(*x);
+    *r = is_nan(*x) ? static_cast<E>(wide + wide) : zero_like(*x);
+    return 0;
+  }
+};
+
+template <class V, Level>
+struct Modf {
+  using E = typename V::Element;
+  static V special(V x) { return not_finite(x); }
+  static Pair<V> lanes(V x) {
+    const V whole = round<_MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC>(x);
+    return {whole, (x - whole) | sign_of(x)};
+  }
+  static int32_t element(const E* x, E* whole, E* rest) {
+    const E value = *x;
+    *whole = is_nan(value) ? value + value : value;
+    *rest = is_nan(value) ? value + value : zero_like(value);
+    return 0;
+  }
+};
+
+}  // namespace orvik::zym

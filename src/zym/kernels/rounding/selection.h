@@ -1,0 +1,74 @@
+// One of two inputs, or their positive difference. A single NaN loses, in the manner of the C functions of these names;
+// infinities and NaNs take the element routine, which lets the lanes' result stand unless there is a NaN.
+#pragma once
+
+#include "zym/lanes/lanes.h"
+#include "zym/lanes/scalar.h"
+
+namespace orvik::zym {
+
+template <class V, Level>
+struct CopySign {
+  static constexpr bool streams = true;
+  static V lanes(V a, V b) { return magnitude(a) | sign_of(b); }
+};
+
+template <class V>
+struct Selection {
+  using E = typename V::Element;
+  static constexpr bool streams = true;
+  static V special(V a, V b) { return not_finite(a) | not_finite(b); }
+  static int32_t element(const E* a, const E* b, E* r) {
+    if (is_nan(*b)) {
+      *r = is_nan(*a) ? quiet(*b) : quiet(*a);
+    } else if (is_nan(*a)) {
+      *r = quiet(*b);
+    }
+    return 0;
+  }
+};
+
+template <class V, Level>
+struct Fmax : Selection<V> {
+  static V lanes(V a, V b) { return max(a, b); }
+};
+
+template <class V, Level>
+struct Fmin : Selection<V> {
+  static V lanes(V a, V b) { return min(a, b); }
+};
+
+template <class V, Level>
+struct MaxMag : Selection<V> {
+  static V lanes(V a, V b) {
+    const V larger = compare<_CMP_GT_OQ>(magnitude(a), magnitude(b));
+    const V smaller = compare<_CMP_LT_OQ>(magnitude(a), magnitude(b));
+    return select(larger, a, select(smaller, b, max(a, b)));
+  }
+};
+
+template <class V, Level>
+struct MinMag : Selection<V> {
+  static V lanes(V a, V b) {
+    const V larger = compare<_CMP_GT_OQ>(magnitude(a), magnitude(b));
+    const V smaller = compare<_CMP_LT_OQ>(magnitude(a), magnitude(b));
+    return select(smaller, a, select(larger, b, min(a, b)));
+  }
+};
+
+// A NaN gives a NaN here; where both are, the second one's.
+template <class V, Level>
+struct Fdim : Selection<V> {
+  using E = typename V::Element;
+  static V lanes(V a, V b) {
+    const V positive = compare<_CMP_GT_OQ>(a, b);
+    return (a & positive) - (b & positive);  // masked first: equal infinities must not raise invalid
+  }
+  static int32_t element(const E* a, const E* b, E* r) {
+    if (is_nan(*a)) *r = quiet(*a);
+    if (is_nan(*b)) *r = quiet(*b);
+    return 0;
+  }
+};
+
+}  // namespace orvik::zym

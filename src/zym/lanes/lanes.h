@@ -1,0 +1,280 @@
+// Lane types: thin wrappers around the 256-bit registers, so that a lane computation reads like the mathematics and
+// compiles to exactly the instructions that it names. Nothing is contracted or reassociated: a fused step is an fma().
+#pragma once
+
+#include <immintrin.h>
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+
+namespace orvik::zym {
+
+enum class Level { LA, HA, EP };
+
+// --- eight 32-bit floats --------------------------------------------------------------------------------------------
+
+struct I32 {  // eight 32-bit integers
+  using Element = int32_t;
+  __m256i v;
+  I32() = default;
+  I32(__m256i x) : v(x) {}
+  explicit I32(int32_t x) : v(_mm256_set1_epi32(x)) {}
+  explicit I32(uint32_t x) : v(_mm256_set1_epi32(std::bit_cast<int32_t>(x))) {}
+};
+
+struct F32 {
+  using Element = float;
+  using Integer = I32;
+  using Bits = uint32_t;
+  static constexpr int width = 8;
+  static constexpr Bits sign_bit = 0x80000000u;
+  static constexpr Bits exponent_field = 0x7F800000u;
+  static constexpr int mantissa_bits = 23;
+  static constexpr int bias = 127;
+  static constexpr float filler = 0.75f;  // of inactive lanes: trips no special test, leaves no domain
+  __m256 v;
+  F32() = default;
+  F32(__m256 x) : v(x) {}
+  F32(float x) : v(_mm256_set1_ps(x)) {}
+};
+
+// --- four 64-bit floats ---------------------------------------------------------------------------------------------
+
+struct I64 {  // four 64-bit integers
+  using Element = int64_t;
+  __m256i v;
+  I64() = default;
+  I64(__m256i x) : v(x) {}
+  explicit I64(int64_t x) : v(_mm256_set1_epi64x(x)) {}
+  explicit I64(uint64_t x) : v(_mm256_set1_epi64x(std::bit_cast<int64_t>(x))) {}
+};
+
+struct F64 {
+  using Element = double;
+  using Integer = I64;
+  using Bits = uint64_t;
+  static constexpr int width = 4;
+  static constexpr Bits sign_bit = 0x8000000000000000u;
+  static constexpr Bits exponent_field = 0x7FF0000000000000u;
+  static constexpr int mantissa_bits = 52;
+  static constexpr int bias = 1023;
+  static constexpr double filler = 0.75;
+  __m256d v;
+  F64() = default;
+  F64(__m256d x) : v(x) {}
+  F64(double x) : v(_mm256_set1_pd(x)) {}
+};
+
+// --- arithmetic -----------------------------------------------------------------------------------------------------
+
+inline F32 operator+(F32 a, F32 b) { return _mm256_add_ps(a.v, b.v); }
+inline F32 operator-(F32 a, F32 b) { return _mm256_sub_ps(a.v, b.v); }
+inline F32 operator*(F32 a, F32 b) { return _mm256_mul_ps(a.v, b.v); }
+inline F32 operator/(F32 a, F32 b) { return _mm256_div_ps(a.v, b.v); }
+inline F64 operator+(F64 a, F64 b) { return _mm256_add_pd(a.v, b.v); }
+inline F64 operator-(F64 a, F64 b) { return _mm256_sub_pd(a.v, b.v); }
+inline F64 operator*(F64 a, F64 b) { return _mm256_mul_pd(a.v, b.v); }
+inline F64 operator/(F64 a, F64 b) { return _mm256_div_pd(a.v, b.v); }
+
+// a b + c, a b - c, c - a b, each with one rounding.
+inline F32 fma(F32 a, F32 b, F32 c) { return _mm256_fmadd_ps(a.v, b.v, c.v); }
+inline F32 fms(F32 a, F32 b, F32 c) { return _mm256_fmsub_ps(a.v, b.v, c.v); }
+inline F32 fnma(F32 a, F32 b, F32 c) { return _mm256_fnmadd_ps(a.v, b.v, c.v); }
+inline F64 fma(F64 a, F64 b, F64 c) { return _mm256_fmadd_pd(a.v, b.v, c.v); }
+inline F64 fms(F64 a, F64 b, F64 c) { return _mm256_fmsub_pd(a.v, b.v, c.v); }
+inline F64 fnma(F64 a, F64 b, F64 c) { return _mm256_fnmadd_pd(a.v, b.v, c.v); }
+
+inline F32 sqrt(F32 a) { return _mm256_sqrt_ps(a.v); }
+inline F64 sqrt(F64 a) { return _mm256_sqrt_pd(a.v); }
+
+// The instruction's own choice on NaNs and zeros: b unless a is greater (less).
+inline F32 max(F32 a, F32 b) { return _mm256_max_ps(a.v, b.v); }
+inline F32 min(F32 a, F32 b) { return _mm256_min_ps(a.v, b.v); }
+inline F64 max(F64 a, F64 b) { return _mm256_max_pd(a.v, b.v); }
+inline F64 min(F64 a, F64 b) { return _mm256_min_pd(a.v, b.v); }
+
+// Mode is an immediate of the round instruction, _MM_FROUND_NO_EXC included where inexact must not be raised.
+template <int Mode>
+inline F32 round(F32 a) {
+  return _mm256_round_ps(a.v, Mode);
+}
+template <int Mode>
+inline F64 round(F64 a) {
+  return _mm256_round_pd(a.v, Mode);
+}
+
+// --- bits -----------------------------------------------------------------------------------------------------------
+
+inline F32 operator&(F32 a, F32 b) { return _mm256_and_ps(a.v, b.v); }
+inline F32 operator|(F32 a, F32 b) { return _mm256_or_ps(a.v, b.v); }
+inline F32 operator^(F32 a, F32 b) { return _mm256_xor_ps(a.v, b.v); }
+inline F32 andnot(F32 mask, F32 a) { return _mm256_andnot_ps(mask.v, a.v); }
+inline F64 operator&(F64 a, F64 b) { return _mm256_and_pd(a.v, b.v); }
+inline F64 operator|(F64 a, F64 b) { return _mm256_or_pd(a.v, b.v); }
+inline F64 operator^(F64 a, F64 b) { return _mm256_xor_pd(a.v, b.v); }
+inline F64 andnot(F64 mask, F64 a) { return _mm256_andnot_pd(mask.v, a.v); }
+
+inline I32 operator+(I32 a, I32 b) { return _mm256_add_epi32(a.v, b.v); }
+inline I32 operator-(I32 a, I32 b) { return _mm256_sub_epi32(a.v, b.v); }
+inline I32 operator&(I32 a, I32 b) { return _mm256_and_si256(a.v, b.v); }
+inline I32 operator|(I32 a, I32 b) { return _mm256_or_si256(a.v, b.v); }
+inline I32 operator>(I32 a, I32 b) { return _mm256_cmpgt_epi32(a.v, b.v); }
+inline I64 operator+(I64 a, I64 b) { return _mm256_add_epi64(a.v, b.v); }
+inline I64 operator-(I64 a, I64 b) { return _mm256_sub_epi64(a.v, b.v); }
+inline I64 operator&(I64 a, I64 b) { return _mm256_and_si256(a.v, b.v); }
+inline I64 operator|(I64 a, I64 b) { return _mm256_or_si256(a.v, b.v); }
+
+template <int Count>
+inline I32 shift_left(I32 a) {
+  return _mm256_slli_epi32(a.v, Count);
+}
+template <int Count>
+inline I64 shift_left(I64 a) {
+  return _mm256_slli_epi64(a.v, Count);
+}
+template <int Count>
+inline I32 shift_right(I32 a) {  // logical
+  return _mm256_srli_epi32(a.v, Count);
+}
+template <int Count>
+inline I64 shift_right(I64 a) {
+  return _mm256_srli_epi64(a.v, Count);
+}
+template <int Count>
+inline I32 shift_right_arithmetic(I32 a) {
+  return _mm256_srai_epi32(a.v, Count);
+}
+
+inline I32 as_bits(F32 a) { return _mm256_castps_si256(a.v); }
+inline I64 as_bits(F64 a) { return _mm256_castpd_si256(a.v); }
+inline F32 as_float(I32 a) { return _mm256_castsi256_ps(a.v); }
+inline F64 as_float(I64 a) { return _mm256_castsi256_pd(a.v); }
+
+template <class V>
+inline V pattern(typename V::Bits bits) {  // all lanes with these bits
+  return as_float(typename V::Integer(bits));
+}
+template <class V>
+inline V sign_mask() {
+  return pattern<V>(V::sign_bit);
+}
+template <class V>
+inline V magnitude(V a) {
+  return andnot(sign_mask<V>(), a);
+}
+template <class V>
+inline V sign_of(V a) {
+  return a & sign_mask<V>();
+}
+
+inline F32 to_float(I32 a) { return _mm256_cvtepi32_ps(a.v); }
+
+// --- masks: all-ones or all-zeros lanes of the same type; the sign bit decides ---------------------------------------
+
+template <int Predicate>
+inline F32 compare(F32 a, F32 b) {
+  return _mm256_cmp_ps(a.v, b.v, Predicate);
+}
+template <int Predicate>
+inline F64 compare(F64 a, F64 b) {
+  return _mm256_cmp_pd(a.v, b.v, Predicate);
+}
+
+inline F32 select(F32 mask, F32 yes, F32 no) { return _mm256_blendv_ps(no.v, yes.v, mask.v); }
+inline F64 select(F64 mask, F64 yes, F64 no) { return _mm256_blendv_pd(no.v, yes.v, mask.v); }
+
+inline uint32_t lane_bits(F32 mask) { return static_cast<uint32_t>(_mm256_movemask_ps(mask.v)); }
+inline uint32_t lane_bits(F64 mask) { return static_cast<uint32_t>(_mm256_movemask_pd(mask.v)); }
+inline bool none(F32 mask) { return _mm256_testz_ps(mask.v, mask.v) != 0; }
+inline bool none(F64 mask) { return _mm256_testz_pd(mask.v, mask.v) != 0; }
+
+// Lanes whose magnitude, as an integer, is above the bound. The 64-bit form compares the high words only, which is one
+// instruction where a 64-bit compare is three on some processors: the bound's low word counts as all ones.
+inline F32 magnitude_above(F32 a, uint32_t bound) {
+  return as_float(as_bits(magnitude(a)) > I32(bound));
+}
+inline F64 magnitude_above(F64 a, uint32_t high_bound) {
+  const __m256i high = _mm256_and_si256(as_bits(a).v, _mm256_set1_epi64x(0x7FFFFFFF00000000));
+  return _mm256_castsi256_pd(_mm256_cmpgt_epi32(high, _mm256_set1_epi64x(static_cast<int64_t>(high_bound) << 32)));
+}
+
+// Lanes whose exponent field is all ones: infinities and NaNs.
+inline F32 not_finite(F32 a) { return magnitude_above(a, 0x7F7FFFFF); }
+inline F64 not_finite(F64 a) { return magnitude_above(a, 0x7FEFFFFF); }
+
+// --- memory ---------------------------------------------------------------------------------------------------------
+
+// Row k: k leading all-ones lanes. Rows overlap in memory: row k starts k lanes before the zeros.
+alignas(64) inline constexpr int32_t kLaneMasks32[16] = {-1, -1, -1, -1, -1, -1, -1, -1, 0, 0, 0, 0, 0, 0, 0, 0};
+alignas(64) inline constexpr int64_t kLaneMasks64[8] = {-1, -1, -1, -1, 0, 0, 0, 0};
+inline __m256i lane_mask(F32, int k) {
+  return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(kLaneMasks32 + 8 - k));
+}
+inline __m256i lane_mask(F64, int k) {
+  return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(kLaneMasks64 + 4 - k));
+}
+
+template <class V>
+V load(const typename V::Element* p);
+template <>
+inline F32 load<F32>(const float* p) {
+  return _mm256_loadu_ps(p);
+}
+template <>
+inline F64 load<F64>(const double* p) {
+  return _mm256_loadu_pd(p);
+}
+inline void store(float* p, F32 a) { _mm256_storeu_ps(p, a.v); }
+inline void store(double* p, F64 a) { _mm256_storeu_pd(p, a.v); }
+// Past the caches, for results too large to stay there: p is aligned to 32 bytes.
+inline void store_past_cache(float* p, F32 a) { _mm256_stream_ps(p, a.v); }
+inline void store_past_cache(double* p, F64 a) { _mm256_stream_pd(p, a.v); }
+
+// The first k lanes, the filler in the others; touches no memory behind element k - 1.
+inline F32 load_first(const float* p, int k, F32 others) {
+  const __m256i mask = lane_mask(others, k);
+  return _mm256_blendv_ps(others.v, _mm256_maskload_ps(p, mask), _mm256_castsi256_ps(mask));
+}
+inline F64 load_first(const double* p, int k, F64 others) {
+  const __m256i mask = lane_mask(others, k);
+  return _mm256_blendv_pd(others.v, _mm256_maskload_pd(p, mask), _mm256_castsi256_pd(mask));
+}
+inline void store_first(float* p, int k, F32 a) { _mm256_maskstore_ps(p, lane_mask(a, k), a.v); }
+inline void store_first(double* p, int k, F64 a) { _mm256_maskstore_pd(p, lane_mask(a, k), a.v); }
+
+// Every step-th element. Single loads: as fast as the gather instruction or faster, and without its 32-bit index range.
+template <class V>
+V load_strided(const typename V::Element* p, int64_t step);
+template <>
+inline F32 load_strided<F32>(const float* p, int64_t step) {
+  return _mm256_setr_ps(p[0], p[step], p[2 * step], p[3 * step], p[4 * step], p[5 * step], p[6 * step], p[7 * step]);
+}
+template <>
+inline F64 load_strided<F64>(const double* p, int64_t step) {
+  return _mm256_setr_pd(p[0], p[step], p[2 * step], p[3 * step]);
+}
+
+// Table look-up by lane.
+inline F32 gather(const float* table, I32 index) { return _mm256_i32gather_ps(table, index.v, 4); }
+inline F64 gather(const double* table, I64 index) { return _mm256_i64gather_pd(table, index.v, 8); }
+
+// --- polynomials ----------------------------------------------------------------------------------------------------
+
+// Horner's rule with fused steps, coefficients from the highest power down.
+template <class V>
+inline V horner(V, V c) {
+  return c;
+}
+template <class V, class... Rest>
+inline V horner(V x, V highest, V next, Rest... rest) {
+  return horner(x, fma(highest, x, next), rest...);
+}
+template <class V, size_t N>
+inline V horner(V x, const typename V::Element (&c)[N]) {
+  V sum = c[0];
+  for (size_t i = 1; i < N; ++i) sum = fma(sum, x, V(c[i]));
+  return sum;
+}
+
+}  // namespace orvik::zym

@@ -1,0 +1,244 @@
+#!/usr/bin/env python3
+"""Makes everything that enumerates vector functions from the one list of rows, src/zym/frame/rows.def.
+
+    rows.py table    OUT   assembler: dispatch table, its exports, the entries
+    rows.py exports  OUT   names that the shared library exports
+    rows.py kernels  OUT   C++ header: ORVIK_ZYM_KERNELS(row, Function) and the kernels of each row
+    rows.py header   OUT   include/orvik/zym_functions.h
+    rows.py status   OUT   docs/status.md
+"""
+import re
+import sys
+from collections import namedtuple
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+ROWS = ROOT / "src" / "zym" / "frame" / "rows.def"
+
+Row = namedtuple("Row", "precision function shape sharing reports family costs strided")
+
+# Kernel of each level index (LA, HA, EP) by sharing.
+LEVELS = {
+    "one": ("HA", "HA", "HA"),
+    "la_ha": ("HA", "HA", "EP"),
+    "la_ep": ("LA", "HA", "LA"),
+    "apart": ("LA", "HA", "EP"),
+}
+
+# Argument lists: unit stride, strided. T is the element, S the scalar operand.
+SHAPES = {
+    "unary": ("const T* a, T* r", "const T* a, int32_t incA, T* r, int32_t incR"),
+    "binary": ("const T* a, const T* b, T* r",
+               "const T* a, int32_t incA, const T* b, int32_t incB, T* r, int32_t incR"),
+    "unary2": ("const T* a, T* r1, T* r2", "const T* a, int32_t incA, T* r1, int32_t incR1, T* r2, int32_t incR2"),
+    "scalar": ("const T* a, T b, T* r", "const T* a, int32_t incA, T b, T* r, int32_t incR"),
+    "bessel": ("int32_t order, const T* a, T* r", "int32_t order, const T* a, int32_t incA, T* r, int32_t incR"),
+    "fraction": ("const T* a, const T* b, T scaleA, T shiftA, T scaleB, T shiftB, T* r",
+                 "const T* a, int32_t incA, const T* b, int32_t incB, T scaleA, T shiftA, T scaleB, T shiftB, "
+                 "T* r, int32_t incR"),
+}
+PACK = {
+    "PackI": "const T* a, int64_t inc, T* y",
+    "PackV": "const T* a, const int32_t* index, T* y",
+    "PackM": "const T* a, const int32_t* mask, T* y",
+    "UnpackI": "const T* a, T* y, int64_t inc",
+    "UnpackV": "const T* a, T* y, const int32_t* index",
+    "UnpackM": "const T* a, T* y, const int32_t* mask",
+}
+ELEMENT = {"s": "float", "d": "double", "c": "ZymComplexFloat", "z": "ZymComplexDouble"}
+
+# What each function computes, for the prototypes' comments.
+TEXT = {
+    "Abs": "r = |a|", "Sqr": "r = a^2", "Add": "r = a + b", "Sub": "r = a - b", "Mul": "r = a b",
+    "LinearFrac": "r = (a scaleA + shiftA) / (b scaleB + shiftB)",
+    "Ceil": "smallest integer not below a", "Floor": "largest integer not above a", "Trunc": "a rounded towards zero",
+    "Rint": "a rounded to nearest, ties to even; raises inexact",
+    "NearbyInt": "a rounded to nearest, ties to even; never raises inexact",
+    "Round": "a rounded to nearest, ties away from zero", "Frac": "a - trunc(a), with the sign of a",
+    "CopySign": "|a| with the sign of b", "Fdim": "a - b where a > b, else +0", "Fmax": "larger of a and b; a NaN loses",
+    "Fmin": "smaller of a and b; a NaN loses", "MaxMag": "the one of larger magnitude; a NaN loses",
+    "MinMag": "the one of smaller magnitude; a NaN loses", "NextAfter": "the float next to a towards b",
+    "Modf": "r1 = trunc(a), r2 = a - trunc(a), both with the sign of a",
+    "Logb": "exponent of a: floor(log2 |a|)", "Remainder": "IEEE remainder: a - b n, n the integer nearest to a / b",
+    "Fmod": "a - b trunc(a / b)", "Inv": "r = 1 / a", "Div": "r = a / b", "Sqrt": "square root", "InvSqrt": "1 / sqrt(a)",
+    "Cbrt": "cube root", "InvCbrt": "1 / cbrt(a)", "Hypot": "sqrt(a^2 + b^2)", "Pow3o2": "a^(3/2)",
+    "Pow2o3": "cbrt(a)^2", "Exp": "e^a", "Ln": "natural logarithm", "Log10": "logarithm to base 10",
+    "Log2": "logarithm to base 2", "Exp2": "2^a", "Exp10": "10^a", "Expm1": "e^a - 1", "Log1p": "ln(1 + a)",
+    "PackI": "y[i] = a[i inc]", "PackV": "y[i] = a[index[i]]", "PackM": "the elements of a where mask is not zero",
+    "UnpackI": "y[i inc] = a[i]", "UnpackV": "y[index[i]] = a[i]", "UnpackM": "y[i] = next of a where mask is not zero",
+}
+
+
+def unit_rows():
+    pattern = re.compile(r"^ROW\((\w), (\w+), (\w+), (\w+), (\w+), (\w+), ([^,]+), ([^,]+), ([^)]+)\)$")
+    rows = []
+    for line in ROWS.read_text().splitlines():
+        if line.startswith("ROW("):
+            m = pattern.match(line)
+            if not m:
+                sys.exit(f"rows.def: cannot read: {line}")
+            p, f, shape, sharing, reports, family, *costs = m.groups()
+            rows.append(Row(p, f, shape, sharing, reports == "reports", family, tuple(costs), False))
+    return rows
+
+
+def all_rows():
+    rows = unit_rows()
+    return rows + [r._replace(strided=True) for r in rows if r.shape != "pack"]
+
+
+def row_name(row):
+    return row.precision + row.function + ("I" if row.strided else "")
+
+
+def built(row):
+    return row.family != "none"
+
+
+def entry_names(row):
+    """The exported names of each level's entry."""
+    stem = "_zym" + row_name(row)
+    la, ep = ("_21", "_11") if row.precision in "sc" else ("_50", "_26")
+    return ([stem + la], [stem, stem + "_HA"], [stem + ep])
+
+
+def kernel(row, level):
+    return f"orvik_zym_{row_name(row)}_{level}"
+
+
+def symbol(name, kind, size):
+    return f"\t.globl {name}\n\t.type {name}, @{kind}\n\t.size {name}, {size}\n"
+
+
+def jump_through(row, level):
+    return [f"\tmovq orvik_zym_kernel_{row_name(row)}_ttab@GOTPCREL(%rip), %r11", f"\tjmp *{8 * level}(%r11)"]
+
+
+def entry_body(row, level):
+    slot = f"*{8 * level}(%r11)"
+    load = f"\tmovq orvik_zym_kernel_{row_name(row)}_ttab@GOTPCREL(%rip), %r11"
+    if row.shape == "pack":  # 32-bit counts, increments, indices and masks
+        return ["\tmovl $1, %r8d", load, f"\tjmp {slot}"]
+    if row.shape == "scalar" and row.precision == "z":  # the scalar pair comes in two registers, the kernel wants its address
+        frame = ["\tsubq $24, %rsp", "\t.cfi_adjust_cfa_offset 24", "\tmovsd %xmm0, (%rsp)", "\tmovsd %xmm1, 8(%rsp)"]
+        if row.strided:
+            shift = ["\tmovl %r8d, %r9d", "\tmovq %rcx, %r8", "\tmovq %rsp, %rcx"]
+        else:
+            shift = ["\tmovq %rdx, %rcx", "\tmovq %rsp, %rdx"]
+        return frame + shift + [load, f"\tcall {slot}", "\taddq $24, %rsp", "\t.cfi_adjust_cfa_offset -24", "\tret"]
+    return [load, f"\tjmp {slot}"]
+
+
+def make_table():
+    out = ["# Generated by tools/rows/rows.py from rows.def.",
+           "# Entries reach their slot through the global offset table, so that a patch of the exported table redirects them",
+           "# even where the program that links the library holds the table by a copy relocation.",
+           "\t.section .data.orvik_zym_table,\"aw\",@progbits", "\t.balign 64"]
+    for row in all_rows():
+        name = row_name(row)
+        slots = [kernel(row, level) if built(row) else "0" for level in LEVELS[row.sharing]]
+        out.append(symbol(f"orvik_zym_kernel_{name}_ttab", "object", 48).rstrip())
+        out.append(f"orvik_zym_kernel_{name}_ttab:\n\t.quad {', '.join(slots)}")
+        out.append(symbol(f"orvik_zym_kernel_{name}_ctab", "object", 24).rstrip())
+        out.append(f"orvik_zym_kernel_{name}_ctab:\n\t.float {', '.join(row.costs)}\n\t.zero 12")
+    out.append("\t.section .text.orvik_zym_entries,\"ax\",@progbits")
+    for row in all_rows():
+        if not built(row):
+            continue
+        for level, names in enumerate(entry_names(row)):
+            out.append("\t.balign 16")
+            out += [f"\t.globl {n}\n\t.type {n}, @function\n{n}:" for n in names]
+            out += ["\t.cfi_startproc"] + entry_body(row, level) + ["\t.cfi_endproc"]
+            out += [f"\t.size {n}, .-{n}" for n in names]
+    out.append("\t.section .note.GNU-stack,\"\",@progbits")
+    return "\n".join(out) + "\n"
+
+
+def make_exports():
+    out = ["# Generated by tools/rows/rows.py from rows.def."]
+    for row in all_rows():
+        name = row_name(row)
+        out += [f"orvik_zym_kernel_{name}_ttab", f"orvik_zym_kernel_{name}_ctab"]
+        if built(row):
+            out += [n for names in entry_names(row) for n in names]
+    return "\n".join(out) + "\n"
+
+
+def make_kernels():
+    """A kernel definition macro per row, so that a family says ORVIK_ZYM_KERNELS(sExp, Exp) and the sharing among levels
+    stays in the list."""
+    out = ["// Generated by tools/rows/rows.py from rows.def.", "#pragma once", "",
+           "// Defines the kernels of a row, both strides: Function is a template of lane type and level.",
+           "#define ORVIK_ZYM_KERNELS(row, Function) ORVIK_ZYM_KERNELS_##row(Function)", ""]
+    for row in unit_rows():
+        if not built(row):
+            continue
+        levels = sorted(set(LEVELS[row.sharing]), key=("LA", "HA", "EP").index)
+        body = " ".join(f"ORVIK_ZYM_KERNEL_{row.shape}({row.precision}, {row.function}, {level}, Function)"
+                        for level in levels)
+        out.append(f"#define ORVIK_ZYM_KERNELS_{row_name(row)}(Function) {body}")
+    return "\n".join(out) + "\n"
+
+
+def prototype(row, name):
+    args = PACK[row.function] if row.shape == "pack" else SHAPES[row.shape][1 if row.strided else 0]
+    count = "int64_t" if row.shape == "pack" else "int32_t"
+    return re.sub(r"\bT\b", ELEMENT[row.precision], f"void {name}({count} n, {args});")
+
+
+def make_header():
+    out = ["/* Vector functions and their dispatch tables. Generated by tools/rows/rows.py from the list of rows.", " *",
+           " * Four names a row and stride: _21 / _50 the lower accuracy level, no suffix and _HA the high one, _11 / _26",
+           " * enhanced performance; a final I marks the strided form. n and increments count elements; in and out may be the",
+           " * same array. Kernels check nothing and return nothing: see _zymGetErrStatus. */",
+           "#ifndef ORVIK_ZYM_FUNCTIONS_H", "#define ORVIK_ZYM_FUNCTIONS_H", "", "#include \"orvik/zym_types.h\"", "",
+           "#ifdef __cplusplus", "extern \"C\" {", "#endif", ""]
+    twins = {(r.precision, r.function): r for r in all_rows() if r.strided}
+    for row in unit_rows():
+        if not built(row):
+            continue
+        text = TEXT.get(row.function)
+        if text is None:
+            sys.exit(f"rows.py: no description of {row.function} in TEXT")
+        codes = "; elements can be reported" if row.reports else ""
+        out.append(f"/* {row_name(row)}: {text}{codes}. */")
+        for r in [row] + ([twins[row.precision, row.function]] if row.shape != "pack" else []):
+            out += [prototype(r, n) for names in entry_names(r) for n in names]
+            name = row_name(r)
+            out.append(f"ORVIK_TABLE void* orvik_zym_kernel_{name}_ttab[];")
+            out.append(f"ORVIK_TABLE float orvik_zym_kernel_{name}_ctab[];")
+        out.append("")
+    out += ["#ifdef __cplusplus", "}", "#endif", "", "#endif"]
+    return "\n".join(out) + "\n"
+
+
+def make_status():
+    rows = all_rows()
+    missing = [r for r in unit_rows() if not built(r)]
+    done = sum(built(r) for r in rows)
+    out = ["# Status of the vector functions", "", "Generated by `tools/rows/rows.py status` from the list of rows.", "",
+           f"{done} of {len(rows)} table rows have kernels. The others have empty slots and no exported entries, so that a",
+           "caller meets a link error and never a wrong result. Their functions (each with its strided twin):", ""]
+    for precision, kind in (("s", "32 bits"), ("d", "64 bits"), ("c", "complex, 32 bits"), ("z", "complex, 64 bits")):
+        names = [row_name(r) for r in missing if r.precision == precision]
+        if names:
+            out.append(f"- {kind} ({len(names)}): " + " ".join(f"`{n}`" for n in names))
+    return "\n".join(out) + "\n"
+
+
+MAKERS = {"table": make_table, "exports": make_exports, "kernels": make_kernels, "header": make_header,
+          "status": make_status}
+
+
+def main():
+    if len(sys.argv) != 3 or sys.argv[1] not in MAKERS:
+        sys.exit(__doc__)
+    text = MAKERS[sys.argv[1]]()
+    output = Path(sys.argv[2])
+    if not output.exists() or output.read_text() != text:
+        output.parent.mkdir(parents=True, exist_ok=True)
+        output.write_text(text)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,5 +1,5 @@
-// Mutual exclusion on a zeroed word: 0 open, 1 taken, 2 taken and somebody may sleep (Drepper, "Futexes Are Tricky", 2011).
-// The state stands in the low half of the word, since the kernel waits on 32 bits.
+// Mutual exclusion on a zeroed word: 0 open, 1 taken, 2 taken and somebody may sleep (Drepper, "Futexes Are Tricky",
+// 2011). The state stands in the low half of the word, since the kernel waits on 32 bits.
 #include <linux/futex.h>
 #include <sys/syscall.h>
 #include <unistd.h>

@@ -34,7 +34,8 @@ using namespace orvik::serv;
 extern "C" void* orvik_serv_allocate(uint64_t size, int32_t alignment) {
   if (failure_countdown.load(std::memory_order_relaxed) != 0 && countdown_reaches_zero()) return nullptr;
   // posix_memalign wants at least the size of a pointer; a block of no bytes still has an address of its own.
-  const size_t boundary = alignment < static_cast<int32_t>(sizeof(void*)) ? sizeof(void*) : static_cast<size_t>(alignment);
+  const size_t boundary =
+      alignment < static_cast<int32_t>(sizeof(void*)) ? sizeof(void*) : static_cast<size_t>(alignment);
   void* block = nullptr;
   const int saved_errno = errno;
   if (posix_memalign(&block, boundary, size == 0 ? 1 : size) != 0) {

@@ -37,8 +37,8 @@ TEST(Messages, ErrorsNameTheFunctionAndSayWhatHappened) {
   const struct {
     int32_t number;
     const char* word;
-  } cases[] = {{749, "memory"},   {750, "domain"}, {751, "singularity"},   {752, "overflow"},
-               {753, "underflow"}, {754, "error"}, {767, "memory"},        {768, "not supported"},
+  } cases[] = {{749, "memory"},    {750, "domain"},  {751, "singularity"}, {752, "overflow"},
+               {753, "underflow"}, {754, "error"},   {767, "memory"},      {768, "not supported"},
                {769, "processor"}, {770, "library"}, {771, "mode"},        {772, "internal"}};
   for (const auto& one : cases) {
     EXPECT_TRUE(is_one_line_with(printed(one.number, 1, "vsLn"), {"vsLn: ", one.word})) << one.number;
@@ -49,9 +49,9 @@ TEST(Messages, ValueLinesGiveIndexAndValueAndTheFunctionNamedLast) {
   const struct {
     int32_t number;
     const char* word;
-  } cases[] = {{755, "argument"},     {756, "result"},          {757, "argument"},       {758, "first result"},
-               {759, "second result"}, {760, "first argument"}, {761, "second argument"}, {762, "result"},
-               {763, "first argument"}, {764, "second argument"}, {765, "first result"},  {766, "second result"}};
+  } cases[] = {{755, "argument"},       {756, "result"},          {757, "argument"},        {758, "first result"},
+               {759, "second result"},  {760, "first argument"},  {761, "second argument"}, {762, "result"},
+               {763, "first argument"}, {764, "second argument"}, {765, "first result"},    {766, "second result"}};
   printed(752, 1, "vdPow");
   for (const auto& one : cases) {
     EXPECT_TRUE(is_one_line_with(printed(one.number, 2, int32_t{1003}, -0.1),

@@ -1,6 +1,7 @@
 #include "zym/frame/mode.h"
 
 #include <cstring>
+#include <initializer_list>
 
 #include "orvik/serv.h"
 #include "orvik/zym.h"

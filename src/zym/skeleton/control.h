@@ -26,7 +26,9 @@ class ControlRegisters {
 
   ~ControlRegisters() {
     fence();
-    if (x87_changed_) [[unlikely]] asm volatile("fldcw %0" : : "m"(x87_));
+    if (x87_changed_) [[unlikely]] {
+      asm volatile("fldcw %0" : : "m"(x87_));
+    }
     if (vector_changed_) [[unlikely]] _mm_setcsr(vector_ | (_mm_getcsr() & kFlags));
   }
 

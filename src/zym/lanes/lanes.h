@@ -240,8 +240,30 @@ inline F64 load_first(const double* p, int k, F64 others) {
   const __m256i mask = lane_mask(others, k);
   return _mm256_blendv_pd(others.v, _mm256_maskload_pd(p, mask), _mm256_castsi256_pd(mask));
 }
-inline void store_first(float* p, int k, F32 a) { _mm256_maskstore_ps(p, lane_mask(a, k), a.v); }
-inline void store_first(double* p, int k, F64 a) { _mm256_maskstore_pd(p, lane_mask(a, k), a.v); }
+// The first k lanes, k below the width. Piecewise: the masked store instruction is microcoded on some processors and costs more than three branches.
+inline void store_first(float* p, int k, F32 a) {
+  __m128 rest = _mm256_castps256_ps128(a.v);
+  if ((k & 4) != 0) {
+    _mm_storeu_ps(p, rest);
+    rest = _mm256_extractf128_ps(a.v, 1);
+    p += 4;
+  }
+  if ((k & 2) != 0) {
+    _mm_storel_pi(reinterpret_cast<__m64*>(p), rest);
+    rest = _mm_movehl_ps(rest, rest);
+    p += 2;
+  }
+  if ((k & 1) != 0) _mm_store_ss(p, rest);
+}
+inline void store_first(double* p, int k, F64 a) {
+  __m128d rest = _mm256_castpd256_pd128(a.v);
+  if ((k & 2) != 0) {
+    _mm_storeu_pd(p, rest);
+    rest = _mm256_extractf128_pd(a.v, 1);
+    p += 2;
+  }
+  if ((k & 1) != 0) _mm_store_sd(p, rest);
+}
 
 // Every step-th element. Single loads: as fast as the gather instruction or faster, and without its 32-bit index range.
 template <class V>

@@ -103,6 +103,26 @@ struct Kernel {
     }
   }
 
+  static Results load_results(const Arrays& a, int64_t i) {
+    Results r;
+    for (int j = 0; j < Out; ++j) r[j] = load<V>(a.out[j] + i);
+    return r;
+  }
+
+  static Results load_first_results(const Arrays& a, int64_t i, int k) {
+    Results r;
+    for (int j = 0; j < Out; ++j) r[j] = load_first(a.out[j] + i, k, V(V::filler));
+    return r;
+  }
+
+  static void store_k_results(const Arrays& a, int64_t i, int k, const Results& r) {
+    if (k == V::width) {
+      store_results(a, i, r);
+    } else {
+      store_first_results(a, i, k, r);
+    }
+  }
+
   static Results compute(const Inputs& x, const Params&... params) {
     const auto r = [&]<size_t... J>(std::index_sequence<J...>) {
       return Fn::lanes(x[J]..., params...);
@@ -118,29 +138,74 @@ struct Kernel {
     return [&]<size_t... J>(std::index_sequence<J...>) { return Fn::special(x[J]...); }(std::make_index_sequence<In>());
   }
 
-  // `count` elements from i on of which some are special: computed vector by vector, special lanes redone and reported.
+  static V repaired(uint32_t mode, const Inputs& x, Results& r, V mask) {
+    if constexpr (HasRepair<Fn>) {
+      if ((mode & kErrorField) == ZYM_ERRMODE_NOERR) {
+        return [&]<size_t... J>(std::index_sequence<J...>) {
+          return Fn::repair(x[J]..., r[0], mask);
+        }(std::make_index_sequence<In>());
+      }
+    }
+    return mask;
+  }
+
+  // Inputs of a block, laid out in memory before its results are stored: the arrays may be the same.
+  struct Saved {
+    alignas(32) E lanes[In][kBlock];
+
+    void keep(int v, const Inputs& x) {
+      for (int j = 0; j < In; ++j) store(lanes[j] + v * V::width, x[j]);
+    }
+    Inputs inputs(int v) const {
+      Inputs x;
+      for (int j = 0; j < In; ++j) x[j] = load<V>(lanes[j] + v * V::width);
+      return x;
+    }
+  };
+
+  // Redoes and reports the special elements of `count` ones from i on, whose lanes' results are stored already.
+  [[gnu::noinline, gnu::cold]] static void redo_special(const char* name, uint32_t mode, const Arrays& a, int64_t i,
+                                                        int count, const Saved& saved) {
+    for (int v = 0; v * V::width < count; ++v) {
+      const Inputs x = saved.inputs(v);
+      const int k = count - v * V::width < V::width ? count - v * V::width : V::width;
+      const int64_t at = i + v * V::width;
+      V mask = special_lanes(x);
+      if (HasRepair<Fn> && (mode & kErrorField) == ZYM_ERRMODE_NOERR) {
+        Results r = k == V::width ? load_results(a, at) : load_first_results(a, at, k);
+        mask = repaired(mode, x, r, mask);
+        store_k_results(a, at, k, r);
+      }
+      const uint32_t bits = lane_bits(mask) & ((1u << k) - 1);  // a scalar operand is special in the inactive lanes too
+      if (bits == 0) continue;
+      const E* xs[In];
+      E* rs[Out];
+      for (int j = 0; j < In; ++j) xs[j] = saved.lanes[j] + v * V::width;
+      for (int j = 0; j < Out; ++j) rs[j] = a.out[j] + at;
+      special_elements<E, In, Out>(&Fn::element, name, a, at, bits, xs, rs);
+    }
+  }
+
+  // The strided form computes as well: results are spread element by element in index order, since two elements may fall
+  // on one address.
   [[gnu::noinline, gnu::cold]] static void run_special(const char* name, uint32_t mode, const Arrays& a, int64_t i,
                                                        int64_t count, const Params&... params) {
     for (const int64_t end = i + count; i < end; i += V::width) {
       const int k = static_cast<int>(end - i < V::width ? end - i : V::width);
-      const Inputs x = load_first_inputs(a, i, k);
+      Saved saved;
+      saved.keep(0, load_first_inputs(a, i, k));
+      const Inputs x = saved.inputs(0);
       Results r = compute(x, params...);
-      V mask = special_lanes(x);
-      if constexpr (HasRepair<Fn>) {
-        if ((mode & kErrorField) == ZYM_ERRMODE_NOERR) {
-          mask = [&]<size_t... J>(std::index_sequence<J...>) {
-            return Fn::repair(x[J]..., r[0], mask);
-          }(std::make_index_sequence<In>());
-        }
-      }
-      const uint32_t bits = lane_bits(mask) & ((1u << k) - 1);  // a scalar operand is special in the inactive lanes too
+      const uint32_t bits = lane_bits(repaired(mode, x, r, special_lanes(x))) & ((1u << k) - 1);
       if (bits != 0) {
-        alignas(32) E inputs[In][V::width];
         alignas(32) E results[Out][V::width];
         const E* xs[In];
         E* rs[Out];
-        for (int j = 0; j < In; ++j) store(inputs[j], x[j]), xs[j] = inputs[j];
-        for (int j = 0; j < Out; ++j) store(results[j], r[j]), rs[j] = results[j];
+        for (int j = 0; j < In; ++j) xs[j] = saved.lanes[j];
+        for (int j = 0; j < Out; ++j) {
+          store(results[j], r[j]);
+          rs[j] = results[j];
+        }
         special_elements<E, In, Out>(&Fn::element, name, a, i, bits, xs, rs);
         for (int j = 0; j < Out; ++j) r[j] = load<V>(results[j]);
       }
@@ -148,24 +213,43 @@ struct Kernel {
     }
   }
 
-  // One block of N vectors at element i.
+  // Blocks of N vectors from element i on, as many as fit; returns where it stopped. The loop over plain blocks holds no
+  // call, so that the constants stay in registers; a block with a special lane leaves it and comes back.
   template <int N, class Store>
-  [[gnu::always_inline]] static void block(const char* name, uint32_t mode, const Arrays& a, int64_t i, Store store_at,
-                                           const Params&... params) {
-    Inputs x[N];
+  [[gnu::always_inline]] static int64_t blocks(const char* name, uint32_t mode, int64_t n, const Arrays& a, int64_t i,
+                                               Store store_at, const Params&... params) {
+    constexpr int64_t kElements = N * V::width;
+    Saved saved;
+    for (;;) {
+      bool plain = true;
+      while (n - i >= kElements) {
+        Inputs x[N];
 #pragma GCC unroll 8
-    for (int v = 0; v < N; ++v) x[v] = load_inputs(a, i + v * V::width);
-    if constexpr (HasSpecial<Fn>) {
-      V mask = special_lanes(x[0]);
+        for (int v = 0; v < N; ++v) x[v] = load_inputs(a, i + v * V::width);
+        if constexpr (HasSpecial<Fn>) {
+          V mask = special_lanes(x[0]);
 #pragma GCC unroll 8
-      for (int v = 1; v < N; ++v) mask = mask | special_lanes(x[v]);
-      if (!none(mask)) [[unlikely]] {
-        run_special(name, mode, a, i, N * V::width, params...);
-        return;
+          for (int v = 1; v < N; ++v) mask = mask | special_lanes(x[v]);
+          plain = none(mask);
+          if (!plain) [[unlikely]] {
+            if constexpr (Access::strided) break;
+            for (int v = 0; v < N; ++v) saved.keep(v, x[v]);
+          }
+        }
+#pragma GCC unroll 8
+        for (int v = 0; v < N; ++v) store_at(i + v * V::width, compute(x[v], params...));
+        i += kElements;
+        if (!plain) [[unlikely]] break;
+      }
+      if (plain) return i;
+      const Arrays copy = a;  // the hot loop's pointers must not escape
+      if constexpr (Access::strided) {
+        run_special(name, mode, copy, i, kElements, params...);
+        i += kElements;
+      } else if constexpr (HasSpecial<Fn>) {
+        redo_special(name, mode, copy, i - kElements, kElements, saved);
       }
     }
-#pragma GCC unroll 8
-    for (int v = 0; v < N; ++v) store_at(i + v * V::width, compute(x[v], params...));
   }
 
   // The first or last k < width elements.
@@ -174,7 +258,15 @@ struct Kernel {
     const Inputs x = load_first_inputs(a, i, k);
     if constexpr (HasSpecial<Fn>) {
       if ((lane_bits(special_lanes(x)) & ((1u << k) - 1)) != 0) [[unlikely]] {
-        run_special(name, mode, a, i, k, params...);
+        const Arrays copy = a;
+        if constexpr (Access::strided) {
+          run_special(name, mode, copy, i, k, params...);
+        } else {
+          Saved saved;
+          saved.keep(0, x);
+          store_first_results(a, i, k, compute(x, params...));
+          redo_special(name, mode, copy, i, k, saved);
+        }
         return;
       }
     }
@@ -187,12 +279,13 @@ struct Kernel {
     int64_t i = 0;
     if constexpr (Streams<Fn> && !Access::strided && Out == 1) {
       if (n >= kStreamBytes / static_cast<int64_t>(sizeof(E)) && disjoint(n, a)) [[unlikely]] {
-        i = run_past_cache(name, mode, n, a, params...);
+        const Arrays copy = a;
+        i = run_past_cache(name, mode, n, copy, params...);
       }
     }
     const auto store_at = [&](int64_t at, const Results& r) { store_results(a, at, r); };
-    for (; n - i >= kBlock; i += kBlock) block<kVectors>(name, mode, a, i, store_at, params...);
-    for (; n - i >= V::width; i += V::width) block<1>(name, mode, a, i, store_at, params...);
+    i = blocks<kVectors>(name, mode, n, a, i, store_at, params...);
+    i = blocks<1>(name, mode, n, a, i, store_at, params...);
     if (i < n) partial(name, mode, a, i, static_cast<int>(n - i), params...);
   }
 
@@ -217,7 +310,7 @@ struct Kernel {
       partial(name, mode, a, 0, static_cast<int>(i), params...);
     }
     const auto store_at = [&](int64_t at, const Results& r) { store_past_cache(a.out[0] + at, r[0]); };
-    for (; n - i >= kBlock; i += kBlock) block<kVectors>(name, mode, a, i, store_at, params...);
+    i = blocks<kVectors>(name, mode, n, a, i, store_at, params...);
     _mm_sfence();
     return i;
   }

@@ -17,9 +17,12 @@ struct CodeRow {
 };
 
 constexpr CodeRow kCodes[] = {
-    {zymErrorBadAccess, EACCES, 749, 0},       {zymErrorBadArgument, EINVAL, 748, 0},
-    {0, 0, 0, 0},                              {zymErrorDomain, EDOM, 750, 0x1},
-    {zymErrorSingularity, ERANGE, 751, 0x4},   {zymErrorOverflow, ERANGE, 752, 0x8},
+    {zymErrorBadAccess, EACCES, 749, 0},
+    {zymErrorBadArgument, EINVAL, 748, 0},
+    {0, 0, 0, 0},
+    {zymErrorDomain, EDOM, 750, 0x1},
+    {zymErrorSingularity, ERANGE, 751, 0x4},
+    {zymErrorOverflow, ERANGE, 752, 0x8},
     {zymErrorUnderflow, ERANGE, 753, 0x10},
 };
 constexpr CodeRow kUnknownCode = {0, EFAULT, 754, 0};

@@ -19,7 +19,8 @@ struct Keyword {
   uint64_t value;
 };
 
-// In matching order: the first keyword that fits is taken. DOUBLE_CONSISTEN is 16 characters long, a final T is refused.
+// In matching order: the first keyword that fits is taken. DOUBLE_CONSISTEN is 16 characters long, a final T is
+// refused.
 constexpr Keyword kKeywords[] = {
     {"LA", 2, 0x1},
     {"HA", 2, 0x2},

@@ -84,13 +84,13 @@ void report(int32_t code, int32_t index, Operand<const E> a, Operand<const E> b,
 
 }  // namespace
 
-#define ORVIK_REPORTERS(Name, E)                                                                                      \
-  void Name(int32_t code, int32_t index, const E* a, const E* b, E* r1, E* r2, const char* name) {                    \
-    Name##Strided(code, index, a, 1, b, 1, r1, 1, r2, 1, name);                                                       \
-  }                                                                                                                   \
-  void Name##Strided(int32_t code, int32_t index, const E* a, int32_t incA, const E* b, int32_t incB, E* r1,          \
-                     int32_t incR1, E* r2, int32_t incR2, const char* name) {                                         \
-    report<E>(code, index, {a, incA}, {b, incB}, {r1, incR1}, {r2, incR2}, name);                                     \
+#define ORVIK_REPORTERS(Name, E)                                                                             \
+  void Name(int32_t code, int32_t index, const E* a, const E* b, E* r1, E* r2, const char* name) {           \
+    Name##Strided(code, index, a, 1, b, 1, r1, 1, r2, 1, name);                                              \
+  }                                                                                                          \
+  void Name##Strided(int32_t code, int32_t index, const E* a, int32_t incA, const E* b, int32_t incB, E* r1, \
+                     int32_t incR1, E* r2, int32_t incR2, const char* name) {                                \
+    report<E>(code, index, {a, incA}, {b, incB}, {r1, incR1}, {r2, incR2}, name);                            \
   }
 
 ORVIK_REPORTERS(zymReportFloat, float)

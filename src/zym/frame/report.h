@@ -1,4 +1,5 @@
-// Element reports: what a kernel calls for an exceptional element, once the element's result stands in the output array.
+// Element reports: what a kernel calls for an exceptional element, once the element's result stands in the output
+// array.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +9,8 @@
 namespace orvik::zym {
 
 // Unit stride: code, index, a, b, r1, r2, name. A kernel with one input passes a twice, with one output r1 twice.
-void zymReportFloat(int32_t code, int32_t index, const float* a, const float* b, float* r1, float* r2, const char* name);
+void zymReportFloat(int32_t code, int32_t index, const float* a, const float* b, float* r1, float* r2,
+                    const char* name);
 void zymReportDouble(int32_t code, int32_t index, const double* a, const double* b, double* r1, double* r2,
                      const char* name);
 void zymReportComplexFloat(int32_t code, int32_t index, const ZymComplexFloat* a, const ZymComplexFloat* b,

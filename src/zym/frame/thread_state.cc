@@ -11,7 +11,9 @@ constinit thread_local ThreadBlock thread_block = {};
 
 namespace {
 
-ZymErrorCallback store_callback(ZymErrorCallback callback) { return std::exchange(thread_block.errorCallback, callback); }
+ZymErrorCallback store_callback(ZymErrorCallback callback) {
+  return std::exchange(thread_block.errorCallback, callback);
+}
 
 }  // namespace
 }  // namespace orvik::zym

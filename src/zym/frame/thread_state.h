@@ -17,8 +17,8 @@ struct ThreadBlock {
 };
 static_assert(sizeof(ThreadBlock) == 32 && offsetof(ThreadBlock, inputVectorPointer) == 24);
 
-// Static thread-local storage: it is zero at thread start, needs neither slot nor heap, and goes with the thread or with
-// the library, whichever ends first. A thread can therefore not fail to get its block.
+// Static thread-local storage: it is zero at thread start, needs neither slot nor heap, and goes with the thread or
+// with the library, whichever ends first. A thread can therefore not fail to get its block.
 extern constinit thread_local ThreadBlock thread_block;
 
 // Fills the mode of the calling thread from the environment.

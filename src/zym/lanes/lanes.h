@@ -191,9 +191,7 @@ inline bool none(F64 mask) { return _mm256_testz_pd(mask.v, mask.v) != 0; }
 
 // Lanes whose magnitude, as an integer, is above the bound. The 64-bit form compares the high words only, which is one
 // instruction where a 64-bit compare is three on some processors: the bound's low word counts as all ones.
-inline F32 magnitude_above(F32 a, uint32_t bound) {
-  return as_float(as_bits(magnitude(a)) > I32(bound));
-}
+inline F32 magnitude_above(F32 a, uint32_t bound) { return as_float(as_bits(magnitude(a)) > I32(bound)); }
 inline F64 magnitude_above(F64 a, uint32_t high_bound) {
   const __m256i high = _mm256_and_si256(as_bits(a).v, _mm256_set1_epi64x(0x7FFFFFFF00000000));
   return _mm256_castsi256_pd(_mm256_cmpgt_epi32(high, _mm256_set1_epi64x(static_cast<int64_t>(high_bound) << 32)));
@@ -240,7 +238,8 @@ inline F64 load_first(const double* p, int k, F64 others) {
   const __m256i mask = lane_mask(others, k);
   return _mm256_blendv_pd(others.v, _mm256_maskload_pd(p, mask), _mm256_castsi256_pd(mask));
 }
-// The first k lanes, k below the width. Piecewise: the masked store instruction is microcoded on some processors and costs more than three branches.
+// The first k lanes, k below the width. Piecewise: the masked store instruction is microcoded on some processors and
+// costs more than three branches.
 inline void store_first(float* p, int k, F32 a) {
   __m128 rest = _mm256_castps256_ps128(a.v);
   if ((k & 4) != 0) {

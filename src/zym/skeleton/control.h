@@ -1,5 +1,5 @@
-// The control registers around a kernel: it runs in round-to-nearest with all exceptions masked, whatever the caller set,
-// and leaves the caller's control bits as they were and the flags that it raised.
+// The control registers around a kernel: it runs in round-to-nearest with all exceptions masked, whatever the caller
+// set, and leaves the caller's control bits as they were and the flags that it raised.
 #pragma once
 
 #include <immintrin.h>
@@ -14,7 +14,8 @@ class ControlRegisters {
  public:
   explicit ControlRegisters(uint32_t mode) {
     asm volatile("fnstcw %0" : "=m"(x87_));
-    if ((x87_ & kX87Masks) != kX87Masks) [[unlikely]] mask_x87();
+    if ((x87_ & kX87Masks) != kX87Masks) [[unlikely]]
+      mask_x87();
     const uint32_t target = (mode & kDenormalField) == ZYM_FLUSH_DENORMALS ? kFlushing : kPlain;
     vector_ = _mm_getcsr();
     if (((vector_ ^ target) & kControlBits) != 0) [[unlikely]] {
@@ -29,7 +30,8 @@ class ControlRegisters {
     if (x87_changed_) [[unlikely]] {
       asm volatile("fldcw %0" : : "m"(x87_));
     }
-    if (vector_changed_) [[unlikely]] _mm_setcsr(vector_ | (_mm_getcsr() & kFlags));
+    if (vector_changed_) [[unlikely]]
+      _mm_setcsr(vector_ | (_mm_getcsr() & kFlags));
   }
 
   ControlRegisters(const ControlRegisters&) = delete;
@@ -37,8 +39,8 @@ class ControlRegisters {
 
  private:
   static constexpr uint16_t kX87Masks = 0x3F;
-  static constexpr uint32_t kPlain = 0x1F80;      // exceptions masked, to nearest, no flushing
-  static constexpr uint32_t kFlushing = 0x9FC0;   // the same with denormal results and inputs as zero
+  static constexpr uint32_t kPlain = 0x1F80;     // exceptions masked, to nearest, no flushing
+  static constexpr uint32_t kFlushing = 0x9FC0;  // the same with denormal results and inputs as zero
   static constexpr uint32_t kControlBits = 0xFFC0;
   static constexpr uint32_t kFlags = 0x3F;
 

@@ -4,9 +4,10 @@
 // and, where the fast path does not serve every input,
 //   special(V...)   mask of the lanes that the element routine redoes;
 //   element(...)    that routine (see ElementRoutine);
-//   repair(V... , V& r, V mask)   in NOERR mode: blends the commonest special results into r, returns the mask that is left.
-// Optional: `vectors` (how many are in flight, 4 by default), `streams` (true where memory bandwidth is the only limit: large
-// results bypass the caches).
+//   repair(V... , V& r, V mask)   in NOERR mode: blends the commonest special results into r, returns the mask that is
+//   left.
+// Optional: `vectors` (how many are in flight, 4 by default), `streams` (true where memory bandwidth is the only limit:
+// large results bypass the caches).
 #pragma once
 
 #include <array>
@@ -22,13 +23,21 @@
 namespace orvik::zym {
 
 template <class Fn>
-concept HasSpecial = requires { &Fn::element; };
+concept HasSpecial = requires {
+  &Fn::element;
+};
 template <class Fn>
-concept HasRepair = requires { &Fn::repair; };
+concept HasRepair = requires {
+  &Fn::repair;
+};
 template <class Fn>
-concept HasVectors = requires { Fn::vectors; };
+concept HasVectors = requires {
+  Fn::vectors;
+};
 template <class Fn>
-concept Streams = requires { Fn::streams; };
+concept Streams = requires {
+  Fn::streams;
+};
 
 // One kernel: Fn over lanes V, In input and Out output arrays; B scalar: the second input is one element for all.
 template <class Fn, class V, int In, int Out, class Access, bool ScalarB, class... Params>
@@ -124,9 +133,8 @@ struct Kernel {
   }
 
   static Results compute(const Inputs& x, const Params&... params) {
-    const auto r = [&]<size_t... J>(std::index_sequence<J...>) {
-      return Fn::lanes(x[J]..., params...);
-    }(std::make_index_sequence<In>());
+    const auto r = [&]<size_t... J>(std::index_sequence<J...>) { return Fn::lanes(x[J]..., params...); }
+    (std::make_index_sequence<In>());
     if constexpr (Out == 2) {
       return {r.first, r.second};
     } else {
@@ -135,15 +143,15 @@ struct Kernel {
   }
 
   static V special_lanes(const Inputs& x) {
-    return [&]<size_t... J>(std::index_sequence<J...>) { return Fn::special(x[J]...); }(std::make_index_sequence<In>());
+    return [&]<size_t... J>(std::index_sequence<J...>) { return Fn::special(x[J]...); }
+    (std::make_index_sequence<In>());
   }
 
   static V repaired(uint32_t mode, const Inputs& x, Results& r, V mask) {
     if constexpr (HasRepair<Fn>) {
       if ((mode & kErrorField) == ZYM_ERRMODE_NOERR) {
-        return [&]<size_t... J>(std::index_sequence<J...>) {
-          return Fn::repair(x[J]..., r[0], mask);
-        }(std::make_index_sequence<In>());
+        return [&]<size_t... J>(std::index_sequence<J...>) { return Fn::repair(x[J]..., r[0], mask); }
+        (std::make_index_sequence<In>());
       }
     }
     return mask;
@@ -186,8 +194,8 @@ struct Kernel {
     }
   }
 
-  // The strided form computes as well: results are spread element by element in index order, since two elements may fall
-  // on one address.
+  // The strided form computes as well: results are spread element by element in index order, since two elements may
+  // fall on one address.
   [[gnu::noinline, gnu::cold]] static void run_special(const char* name, uint32_t mode, const Arrays& a, int64_t i,
                                                        int64_t count, const Params&... params) {
     for (const int64_t end = i + count; i < end; i += V::width) {
@@ -213,8 +221,8 @@ struct Kernel {
     }
   }
 
-  // Blocks of N vectors from element i on, as many as fit; returns where it stopped. The loop over plain blocks holds no
-  // call, so that the constants stay in registers; a block with a special lane leaves it and comes back.
+  // Blocks of N vectors from element i on, as many as fit; returns where it stopped. The loop over plain blocks holds
+  // no call, so that the constants stay in registers; a block with a special lane leaves it and comes back.
   template <int N, class Store>
   [[gnu::always_inline]] static int64_t blocks(const char* name, uint32_t mode, int64_t n, const Arrays& a, int64_t i,
                                                Store store_at, const Params&... params) {
@@ -239,15 +247,18 @@ struct Kernel {
 #pragma GCC unroll 8
         for (int v = 0; v < N; ++v) store_at(i + v * V::width, compute(x[v], params...));
         i += kElements;
-        if (!plain) [[unlikely]] break;
+        if (!plain) [[unlikely]]
+          break;
       }
       if (plain) return i;
-      const Arrays copy = a;  // the hot loop's pointers must not escape
-      if constexpr (Access::strided) {
-        run_special(name, mode, copy, i, kElements, params...);
-        i += kElements;
-      } else if constexpr (HasSpecial<Fn>) {
-        redo_special(name, mode, copy, i - kElements, kElements, saved);
+      if constexpr (HasSpecial<Fn>) {
+        const Arrays copy = a;  // the hot loop's pointers must not escape
+        if constexpr (Access::strided) {
+          run_special(name, mode, copy, i, kElements, params...);
+          i += kElements;
+        } else {
+          redo_special(name, mode, copy, i - kElements, kElements, saved);
+        }
       }
     }
   }

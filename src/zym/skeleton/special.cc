@@ -39,9 +39,9 @@ void special_elements(typename ElementRoutine<E, In, Out>::Type routine, const c
   }
 }
 
-#define ORVIK_INSTANCE(E, In, Out)                                                                                    \
-  template void special_elements<E, In, Out>(ElementRoutine<E, In, Out>::Type, const char*,                           \
-                                             const Operands<E, In, Out>&, int64_t, uint32_t, const E* const(&)[In],   \
+#define ORVIK_INSTANCE(E, In, Out)                                                                                  \
+  template void special_elements<E, In, Out>(ElementRoutine<E, In, Out>::Type, const char*,                         \
+                                             const Operands<E, In, Out>&, int64_t, uint32_t, const E* const(&)[In], \
                                              E* const(&)[Out]);
 ORVIK_INSTANCE(float, 1, 1)
 ORVIK_INSTANCE(float, 2, 1)

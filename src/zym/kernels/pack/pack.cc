@@ -1,6 +1,6 @@
 // The data movers: sparse or strided arrays gathered into dense ones and spread back. Plain copies of bit patterns; no
-// floating-point state, no mode, no report. `form` 1 selects 32-bit counts, increments, indices and masks, any other value
-// 64-bit ones.
+// floating-point state, no mode, no report. `form` 1 selects 32-bit counts, increments, indices and masks, any other
+// value 64-bit ones.
 #include <cstdint>
 
 namespace orvik::zym {
@@ -55,27 +55,27 @@ struct Mover {
 
 // Both widths of a kernel behind its one symbol. The third and fourth arguments change places between the kinds; the
 // count, and the increment where there is one, are cut to the width that `form` selects.
-#define ORVIK_PACK_KERNEL(p, Name, T3, T4, Cut3, Cut4)                                                                \
-  extern "C" void orvik_zym_##p##Name##_HA(int64_t n, const void* a, T3 third, T4 fourth, int32_t form) {             \
-    using namespace orvik::zym;                                                                                       \
-    using Narrow = Mover<Word_##p, int32_t>;                                                                          \
-    using Wide = Mover<Word_##p, int64_t>;                                                                            \
-    const auto* from = static_cast<const Unaligned<Word_##p>*>(a);                                                    \
-    if (form == 1) {                                                                                                  \
-      Narrow::Name(static_cast<int32_t>(n), from, Cut3(int32_t, third), Cut4(int32_t, fourth));                       \
-    } else {                                                                                                          \
-      Wide::Name(n, from, Cut3(int64_t, third), Cut4(int64_t, fourth));                                               \
-    }                                                                                                                 \
+#define ORVIK_PACK_KERNEL(p, Name, T3, T4, Cut3, Cut4)                                                    \
+  extern "C" void orvik_zym_##p##Name##_HA(int64_t n, const void* a, T3 third, T4 fourth, int32_t form) { \
+    using namespace orvik::zym;                                                                           \
+    using Narrow = Mover<Word_##p, int32_t>;                                                              \
+    using Wide = Mover<Word_##p, int64_t>;                                                                \
+    const auto* from = static_cast<const Unaligned<Word_##p>*>(a);                                        \
+    if (form == 1) {                                                                                      \
+      Narrow::Name(static_cast<int32_t>(n), from, Cut3(int32_t, third), Cut4(int32_t, fourth));           \
+    } else {                                                                                              \
+      Wide::Name(n, from, Cut3(int64_t, third), Cut4(int64_t, fourth));                                   \
+    }                                                                                                     \
   }
 #define ORVIK_INC(Integer, value) static_cast<Integer>(value)
 #define ORVIK_LIST(Integer, value) static_cast<const Integer*>(value)
 #define ORVIK_DENSE(Integer, value) static_cast<Mover<decltype(from->word), Integer>::Element*>(value)
-#define ORVIK_PACK_KERNELS(p)                                                                                         \
-  ORVIK_PACK_KERNEL(p, PackI, int64_t, void*, ORVIK_INC, ORVIK_DENSE)                                                 \
-  ORVIK_PACK_KERNEL(p, PackV, const void*, void*, ORVIK_LIST, ORVIK_DENSE)                                            \
-  ORVIK_PACK_KERNEL(p, PackM, const void*, void*, ORVIK_LIST, ORVIK_DENSE)                                            \
-  ORVIK_PACK_KERNEL(p, UnpackI, void*, int64_t, ORVIK_DENSE, ORVIK_INC)                                               \
-  ORVIK_PACK_KERNEL(p, UnpackV, void*, const void*, ORVIK_DENSE, ORVIK_LIST)                                          \
+#define ORVIK_PACK_KERNELS(p)                                                \
+  ORVIK_PACK_KERNEL(p, PackI, int64_t, void*, ORVIK_INC, ORVIK_DENSE)        \
+  ORVIK_PACK_KERNEL(p, PackV, const void*, void*, ORVIK_LIST, ORVIK_DENSE)   \
+  ORVIK_PACK_KERNEL(p, PackM, const void*, void*, ORVIK_LIST, ORVIK_DENSE)   \
+  ORVIK_PACK_KERNEL(p, UnpackI, void*, int64_t, ORVIK_DENSE, ORVIK_INC)      \
+  ORVIK_PACK_KERNEL(p, UnpackV, void*, const void*, ORVIK_DENSE, ORVIK_LIST) \
   ORVIK_PACK_KERNEL(p, UnpackM, void*, const void*, ORVIK_DENSE, ORVIK_LIST)
 
 ORVIK_PACK_KERNELS(s)

@@ -59,9 +59,7 @@ struct Logb {
   using E = typename V::Element;
   using Bits = typename V::Bits;
 
-  static V special(V x) {
-    return compare<_CMP_LT_OQ>(magnitude(x), V(std::numeric_limits<E>::min())) | not_finite(x);
-  }
+  static V special(V x) { return compare<_CMP_LT_OQ>(magnitude(x), V(std::numeric_limits<E>::min())) | not_finite(x); }
 
   static V lanes(V x) {
     const V base = pattern<V>(Bits(V::bias + V::mantissa_bits) << V::mantissa_bits);  // 2^mantissa_bits

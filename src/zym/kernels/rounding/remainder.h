@@ -1,6 +1,6 @@
 // Exact remainders of a division. With q = trunc of the rounded quotient, which is the true whole quotient or one more,
-// a - q b is a multiple of the last place of b below |b|, so that one fused step computes it exactly; one more |b| is added
-// where q was one too many. Quotients of 2^(mantissa_bits - 1) or more take the element routine.
+// a - q b is a multiple of the last place of b below |b|, so that one fused step computes it exactly; one more |b| is
+// added where q was one too many. Quotients of 2^(mantissa_bits - 1) or more take the element routine.
 #pragma once
 
 #include <cmath>
@@ -29,8 +29,7 @@ struct Quotient {
   static V special(V a, V b) {
     // False for NaN as well: zero or NaN divisors, infinite or NaN dividends, large quotients.
     const V small = compare<_CMP_LT_OQ>(magnitude(a) / magnitude(b), V(kLimit));
-    return not_finite(a) | not_finite(b) | compare<_CMP_EQ_OQ>(b, V(E(0))) |
-           (small ^ pattern<V>(~typename V::Bits{0}));
+    return not_finite(a) | not_finite(b) | compare<_CMP_EQ_OQ>(b, V(E(0))) | (small ^ pattern<V>(~typename V::Bits{0}));
   }
 
   template <class Exact>
@@ -58,8 +57,8 @@ struct Fmod {
   }
 };
 
-// The quotient to nearest, ties to even: one more |b| is taken where the rest is over a half, or is a half and the whole
-// quotient is odd.
+// The quotient to nearest, ties to even: one more |b| is taken where the rest is over a half, or is a half and the
+// whole quotient is odd.
 template <class V, Level>
 struct Remainder {
   using E = typename V::Element;

@@ -44,9 +44,7 @@ struct Frac {
   using E = typename V::Element;
   static constexpr bool streams = true;
   static V special(V x) { return not_finite(x); }
-  static V lanes(V x) {
-    return (x - round<_MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC>(x)) | sign_of(x);
-  }
+  static V lanes(V x) { return (x - round<_MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC>(x)) | sign_of(x); }
   static int32_t element(const E* x, E* r) {
     const double wide = static_cast<double>(*x);
     *r = is_nan(*x) ? static_cast<E>(wide + wide) : zero_like(*x);

@@ -69,12 +69,9 @@ typedef struct ZymErrorContext {
  * has been handled. */
 typedef int32_t (*ZymErrorCallback)(ZymErrorContext* context);
 
-/* Tables are patched by callers: a program must address the library's own copy, never a copy relocation. */
-#if defined(__GNUC__) && !defined(__clang__) && __GNUC__ >= 12
-#define ORVIK_TABLE extern __attribute__((nodirect_extern_access))
-#else
-#define ORVIK_TABLE extern
-#endif
+/* A table row is patched in the library's own copy. A weak reference is always resolved through the global offset table,
+ * where a plain one may be compiled to a copy relocation, that is, to a table of the program's own. */
+#define ORVIK_TABLE extern __attribute__((weak))
 
 #ifdef __cplusplus
 }

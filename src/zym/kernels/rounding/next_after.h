@@ -77,7 +77,7 @@ struct Logb {
       *r = -infinity<E>;
       return zymErrorSingularity;
     } else {  // denormal: the highest set bit counts
-      *r = static_cast<E>(std::bit_width(magnitude_bits(x)) - 1 - V::mantissa_bits - V::bias + 1);
+      *r = static_cast<E>(static_cast<int>(std::bit_width(magnitude_bits(x))) - V::mantissa_bits - V::bias);
     }
     return 0;
   }

@@ -1,0 +1,101 @@
+// One element through every kernel of a row: all levels, in the main loop, in the remainder and strided; all must agree.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cstring>
+#include <vector>
+
+#include "orvik/zym.h"
+#include "support/rows.h"
+
+namespace orvik::test {
+
+inline const Row& row_named(const std::string& name) {
+  for (const Row& row : rows()) {
+    if (row.name == name) return row;
+  }
+  ADD_FAILURE() << "no row " << name;
+  return rows().front();
+}
+
+template <class E>
+struct Outcome {
+  E r1 = 0, r2 = 0;
+  int32_t code = 0;  // of the report, 0 if none
+  int32_t reports = 0;
+};
+
+template <class E>
+bool same_value(E x, E y) {
+  return (x != x && y != y) || std::memcmp(&x, &y, sizeof x) == 0;
+}
+
+inline int32_t last_code = 0;
+inline int32_t report_count = 0;
+inline int32_t note_report(ZymErrorContext* c) {
+  last_code = c->code;
+  ++report_count;
+  return 0;
+}
+
+// The outcome of one level, after checking that place and stride do not matter and that neighbours stay unreported.
+template <class E>
+Outcome<E> evaluate(const std::string& name, int level, E a, E b = E(0)) {
+  const Row& row = row_named(name);
+  const uint32_t mode = _zymSetMode(ZYM_ERRMODE_IGNORE);
+  const ZymErrorCallback callback = _zymSetErrorCallBack(note_report);
+  _zymSetMode(ZYM_ERRMODE_CALLBACK);
+  Outcome<E> first;
+  bool have_first = false;
+  constexpr int kMain = sizeof(E) == 4 ? 32 : 16;
+  for (bool strided : {false, true}) {
+    for (int position : {0, kMain - 1, kMain + 2}) {
+      std::vector<E> x(2 * kMain, E(0.75)), y(2 * kMain, E(0.5)), r1(2 * kMain), r2(2 * kMain);
+      x[static_cast<size_t>(position)] = a;
+      y[static_cast<size_t>(position)] = b;
+      Call<E> c;
+      c.n = kMain + 3, c.a = x.data(), c.b = y.data(), c.r1 = r1.data(), c.r2 = r2.data();
+      last_code = 0, report_count = 0;
+      EXPECT_TRUE(call_row(row, level, strided, c)) << name;
+      const Outcome<E> now{r1[static_cast<size_t>(position)], r2[static_cast<size_t>(position)], last_code, report_count};
+      if (!have_first) {
+        first = now;
+        have_first = true;
+      }
+      EXPECT_TRUE(same_value(first.r1, now.r1)) << name << " r1 at " << position << (strided ? " strided" : "");
+      EXPECT_TRUE(same_value(first.r2, now.r2)) << name << " r2 at " << position << (strided ? " strided" : "");
+      EXPECT_EQ(first.code, now.code) << name << " at " << position << (strided ? " strided" : "");
+      EXPECT_LE(now.reports, 1) << name;
+    }
+  }
+  _zymSetMode(ZYM_ERRMODE_IGNORE);
+  _zymSetErrorCallBack(callback);
+  _zymSetMode(mode);
+  return first;
+}
+
+// At every level: this value (any NaN for a NaN, the sign of a zero counts) and this code.
+template <class E>
+void expect_element(const std::string& name, E a, E b, E want, int32_t code = 0) {
+  for (int level = 0; level < 3; ++level) {
+    const Outcome<E> got = evaluate<E>(name, level, a, b);
+    EXPECT_TRUE(same_value(want, got.r1)) << name << " " << kLevelNames[level] << "(" << a << ", " << b << "): got "
+                                          << got.r1 << ", want " << want;
+    EXPECT_EQ(got.code, code) << name << " " << kLevelNames[level] << "(" << a << ", " << b << ")";
+  }
+}
+
+template <class E>
+void expect_unary(const std::string& name, E a, E want, int32_t code = 0) {
+  expect_element<E>(name, a, E(0.5), want, code);
+}
+
+// "s" + name on floats, "d" + name on doubles.
+template <class E>
+std::string row_of(const std::string& function) {
+  return (sizeof(E) == 4 ? "s" : "d") + function;
+}
+
+}  // namespace orvik::test

@@ -6,7 +6,8 @@
 //   element(...)    that routine (see ElementRoutine);
 //   repair(V... , V& r, V mask)   in NOERR mode: blends the commonest special results into r, returns the mask that is
 //   left.
-// Optional: `vectors` (how many are in flight, 4 by default), `streams` (true where memory bandwidth is the only limit:
+// Optional: `vectors` (how many are in flight, 4 by default), `filler` (of inactive lanes, where V's would raise a flag),
+// `streams` (true where memory bandwidth is the only limit:
 // large results bypass the caches).
 #pragma once
 
@@ -35,6 +36,8 @@ concept HasVectors = requires {
   Fn::vectors;
 };
 template <class Fn>
+concept HasFiller = requires { Fn::filler; };
+template <class Fn>
 concept Streams = requires {
   Fn::streams;
 };
@@ -52,6 +55,10 @@ struct Kernel {
     return 4;
   }();
   static constexpr int kBlock = kVectors * V::width;
+  static constexpr E kFiller = [] {
+    if constexpr (HasFiller<Fn>) return E(Fn::filler);
+    return V::filler;
+  }();
 
   // Results this large leave the caches before they are read again (a core's share of a last-level cache is 1 to 4 MiB
   // on most machines; past it, a streaming store saves reading the line that it replaces).
@@ -78,11 +85,11 @@ struct Kernel {
       } else if constexpr (Access::strided) {
         alignas(32) E lanes[V::width];
         for (int lane = 0; lane < V::width; ++lane) {
-          lanes[lane] = lane < k ? a.in[j][(i + lane) * a.in_step[j]] : V::filler;
+          lanes[lane] = lane < k ? a.in[j][(i + lane) * a.in_step[j]] : kFiller;
         }
         x[j] = load<V>(lanes);
       } else {
-        x[j] = load_first(a.in[j] + i, k, V(V::filler));
+        x[j] = load_first(a.in[j] + i, k, V(kFiller));
       }
     }
     return x;
@@ -120,7 +127,7 @@ struct Kernel {
 
   static Results load_first_results(const Arrays& a, int64_t i, int k) {
     Results r;
-    for (int j = 0; j < Out; ++j) r[j] = load_first(a.out[j] + i, k, V(V::filler));
+    for (int j = 0; j < Out; ++j) r[j] = load_first(a.out[j] + i, k, V(kFiller));
     return r;
   }
 

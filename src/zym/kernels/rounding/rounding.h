@@ -11,6 +11,7 @@ namespace orvik::zym {
 template <class V, int Mode>
 struct RoundInstruction {
   static constexpr bool streams = true;
+  static constexpr int filler = 1;  // whole: inactive lanes must not raise inexact
   static V lanes(V x) { return round<Mode>(x); }
 };
 
@@ -30,6 +31,7 @@ struct NearbyInt : RoundInstruction<V, _MM_FROUND_CUR_DIRECTION | _MM_FROUND_NO_
 template <class V, Level>
 struct Round {
   static constexpr bool streams = true;
+  static constexpr int filler = 1;
   static V lanes(V x) {
     const V a = magnitude(x);
     const V t = round<_MM_FROUND_TO_NEAREST_INT>(a);

@@ -1,5 +1,5 @@
 /* Loading and unloading of the shared library: how long, how many threads, whether it really goes and leaves nothing.
- * Arguments: the library, the bound of its load in milliseconds (0: none). */
+ * Arguments: the library, the bound of its load in milliseconds (0: none). Wants OMP_NUM_THREADS=4. */
 #include <dirent.h>
 #include <dlfcn.h>
 #include <stdint.h>
@@ -86,6 +86,41 @@ static void cycle(const char* library) {
   if (dlopen(library, RTLD_NOW | RTLD_NOLOAD) != NULL) fail(library, "stays in the process after dlclose");
 }
 
+static void count_index(int32_t index, void* unused1, void* unused2, void* context) {
+  (void)unused1;
+  (void)unused2;
+  ++((int*)context)[index];
+}
+
+/* The pool's threads outlive the loop, and must outlive the library as well. */
+static void unload_after_a_loop(const char* library) {
+  enum { kIndices = 64, kRounds = 3 };
+  int status;
+  const pid_t child = fork();
+  if (child == 0) {
+    int runs[kIndices] = {0};
+    for (int round = 1; round <= kRounds; ++round) {
+      void* handle = load(library);
+      void (*(*find)(const char*))(void);
+      *(void**)&find = dlsym(handle, "orvik_serv_load_thread_fun");
+      if (find == NULL) fail(library, "a function is missing");
+      void (*loop)(int32_t, int32_t, void*, void (*)(int32_t, void*, void*, void*)) = (void (*)(
+          int32_t, int32_t, void*, void (*)(int32_t, void*, void*, void*)))find("orvik_qor_serv_threader_for");
+      loop(kIndices, 0, runs, count_index);
+      if (count_threads() < 4) fail(library, "a loop ran on too few threads");
+      dlclose(handle);
+      usleep(20000);
+      for (int i = 0; i < kIndices; ++i) {
+        if (runs[i] != round) fail(library, "a loop missed an index");
+      }
+    }
+    _exit(0);
+  }
+  waitpid(child, &status, 0);
+  if (status != 0) fail(library, "unloading after a parallel loop ended the process");
+  printf("unloaded and loaded again after parallel loops\n");
+}
+
 int main(int argc, char** argv) {
   if (argc != 3) fail("arguments", "library milliseconds");
   const char* library = argv[1];
@@ -98,6 +133,8 @@ int main(int argc, char** argv) {
   }
   printf("load: %.2f ms (least of %d), no thread started\n", best, kLoads);
   if (bound > 0 && best >= bound) fail(library, "loads too slowly");
+
+  unload_after_a_loop(library);
 
   long early = 0;
   for (int i = 0; i < kCycles; ++i) {

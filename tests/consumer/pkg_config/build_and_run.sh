@@ -23,7 +23,7 @@ LD_LIBRARY_PATH="$prefix/$libdir" ./consumer_cxx
 if [ -n "$static" ]; then
   # -l: takes the archive though the shared library lies beside it.
   libraries=$(pkg-config --static --libs orvik | sed 's/-lorvik_kernel/-l:liborvik_kernel.a/')
-  # shellcheck disable=SC2086
+  # shellcheck disable=SC2046,SC2086
   {
     "$cc" -std=c11 $(pkg-config --cflags orvik) "$programs/consumer.c" -o consumer_c_static $libraries
     "$cxx" -std=c++20 $(pkg-config --cflags orvik) "$programs/consumer.cc" -o consumer_cxx_static $libraries

@@ -7,6 +7,8 @@
 
 #include <stdint.h>
 
+/* Exported also where the library itself is built with hidden visibility. */
+#pragma GCC visibility push(default)
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -51,5 +53,6 @@ int32_t orvik_serv_cpuisicx(void);
 #ifdef __cplusplus
 }
 #endif
+#pragma GCC visibility pop
 
 #endif

@@ -5,6 +5,8 @@
 #include "orvik/zym_functions.h"
 #include "orvik/zym_types.h"
 
+/* Exported also where the library itself is built with hidden visibility. */
+#pragma GCC visibility push(default)
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -51,5 +53,6 @@ int32_t dll_cpu_version(void);
 #ifdef __cplusplus
 }
 #endif
+#pragma GCC visibility pop
 
 #endif

@@ -1,4 +1,5 @@
 // Parallel loops over OpenMP. The runtime starts its threads at the first loop that uses more than one.
+#include <dlfcn.h>
 #include <omp.h>
 #include <string.h>
 #include <unistd.h>
@@ -35,6 +36,15 @@ int32_t threads_limit() {
   return std::max(1, std::min(omp_get_max_threads(), omp_get_thread_limit()));
 }
 
+// The pool's threads wait in the runtime's code. A program that unloads this library may unload the runtime with it,
+// under the threads' feet, unless it stays for good.
+void keep_runtime() {
+  Dl_info runtime;
+  if (dladdr(reinterpret_cast<void*>(omp_get_max_threads), &runtime) != 0) {
+    (void)dlopen(runtime.dli_fname, RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE);
+  }
+}
+
 struct Loop {
   Loop(int32_t count, void* context, Body body) : count(count), context(context), body(body) {}
 
@@ -67,6 +77,7 @@ void parallel_for(int32_t count, int32_t, void* context, Body body) {
     for (int32_t i = 0; i < count; ++i) body(i, nullptr, nullptr, context);
     return;
   }
+  if (pool_owner.load(std::memory_order_relaxed) == 0) keep_runtime();
   pool_owner.store(getpid(), std::memory_order_relaxed);
   Loop loop(count, context, body);
   loop.started.store(true, std::memory_order_release);

@@ -1,0 +1,27 @@
+// The tour's sections, each in a file of its own. A section prints what one part of the library says about a table.
+#ifndef ORVIK_EXAMPLES_TOUR_SECTIONS_H
+#define ORVIK_EXAMPLES_TOUR_SECTIONS_H
+
+#include "csv.h"
+
+namespace tour {
+
+// What was read, and what becomes of missing values.
+void show_data(const Table& table);
+
+// Vector functions with and without an error callback, the mode word, a strided view of one column.
+void show_vector_math(const Table& table);
+
+struct Section {
+  const char* title;
+  void (*show)(const Table&);
+};
+
+inline constexpr Section kSections[] = {
+    {"Data", show_data},
+    {"Vector mathematics", show_vector_math},
+};
+
+}  // namespace tour
+
+#endif

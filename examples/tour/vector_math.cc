@@ -1,0 +1,97 @@
+#include <orvik/zym.h>
+
+#include <cmath>
+#include <cstdio>
+#include <vector>
+
+#include "sections.h"
+
+namespace tour {
+namespace {
+
+// Reports seen by the callback, which puts a value of its own in the place of the result.
+int32_t reported = 0;
+
+int32_t use_minus_one(ZymErrorContext* context) {
+  if (reported++ == 0) {
+    std::printf("    first report: %s, element %d, argument %g, result %g, code %d\n", context->functionName,
+                context->index, context->arg1, context->result1, context->code);
+  }
+  context->result1 = -1;
+  return 0;  // the standard handling goes on and writes result1 back
+}
+
+int count(const std::vector<double>& values, double wanted) {
+  int found = 0;
+  for (double value : values) found += value == wanted;
+  return found;
+}
+
+// Steps between successive values and their order of magnitude; a step of zero has none and is reported.
+void show_reports(const Column& column) {
+  const std::vector<double> values = column.present();
+  if (values.size() < 2) return;
+  const auto n = static_cast<int32_t>(values.size() - 1);
+  std::vector<double> step(values.size() - 1), magnitude(values.size() - 1);
+
+  _zymdSub(n, values.data() + 1, values.data(), step.data());
+  _zymdAbs(n, step.data(), step.data());
+  std::printf("  %s: %d steps between successive values, %d of them zero\n", column.name.c_str(), n, count(step, 0));
+
+  _zymClearErrStatus();
+  _zymdLogb(n, step.data(), magnitude.data());
+  std::printf("    without callback: status %d, %d results of -infinity\n", _zymGetErrStatus(),
+              count(magnitude, -INFINITY));
+
+  reported = 0;
+  _zymClearErrStatus();
+  const ZymErrorCallback before = _zymSetErrorCallBack(use_minus_one);
+  _zymdLogb(n, step.data(), magnitude.data());
+  _zymSetErrorCallBack(before);
+  std::printf("    with a callback:  status %d, %d reports, %d results of -infinity\n", _zymGetErrStatus(), reported,
+              count(magnitude, -INFINITY));
+}
+
+void show_mode() {
+  const uint32_t mode = _zymGetMode();
+  std::printf("  mode word 0x%X: accuracy level %u (1 LA, 2 HA, 3 EP), error handling 0x%X\n", mode, mode & 0xF,
+              mode & 0xFF00);
+  const uint32_t before = _zymSetMode(ZYM_EP);
+  std::printf("  after _zymSetMode(ZYM_EP): 0x%X, the other fields kept", _zymGetMode());
+  _zymSetMode(before);
+  std::printf("; restored: 0x%X\n", _zymGetMode());
+}
+
+// The table as one row-major matrix, of which a column is a vector with the increment `columns`.
+void show_strided(const Table& table) {
+  const size_t columns = table.columns.size();
+  std::vector<double> matrix(table.rows * columns);
+  for (size_t row = 0; row < table.rows; ++row) {
+    for (size_t c = 0; c < columns; ++c) matrix[row * columns + c] = table.columns[c].values[row];
+  }
+  const size_t c = columns / 2;
+  const auto n = static_cast<int32_t>(table.rows);
+  std::vector<double> squares(table.rows);
+  _zymdSqrI(n, matrix.data() + c, static_cast<int32_t>(columns), squares.data(), 1);
+  double sum = 0;
+  int used = 0;
+  for (double square : squares) {
+    if (std::isnan(square)) continue;  // a missing value stays one
+    sum += square;
+    ++used;
+  }
+  std::printf("  %s as every %zu-th element of the row-major table, squared in place of a copy: root mean square %g\n",
+              table.columns[c].name.c_str(), columns, used > 0 ? std::sqrt(sum / used) : NAN);
+}
+
+}  // namespace
+
+void show_vector_math(const Table& table) {
+  show_mode();
+  std::printf("\n");
+  for (const Column& column : table.columns) show_reports(column);
+  std::printf("\n");
+  show_strided(table);
+}
+
+}  // namespace tour

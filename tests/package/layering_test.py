@@ -1,0 +1,100 @@
+"""Calls go downward only: which folder of src/ may include from which. A folder may always include from itself."""
+
+import pathlib
+import re
+import sys
+import tempfile
+
+# Folder: what it may include from. Subfolders count as the folder unless they have a line of their own.
+ALLOWED = {
+    "serv": set(),
+    "zym": {"serv"},
+    "qor": {"serv", "zym"},
+    "qor/stream": {"serv", "zym", "qor", "qor/brng"},
+    "qor/brng": {"serv", "zym", "qor", "qor/stream"},
+    "qor/rng": {"serv", "zym", "qor", "qor/stream", "qor/brng"},
+    "qor/ss": {"serv", "zym", "qor", "qor/stream", "qor/brng", "qor/rng"},
+    "df": {"serv"},
+}
+# Folder that owns a public header, where the header's first word is not the folder's name.
+HEADERS = {"ss": "qor/ss"}
+SOURCES = {".h", ".hpp", ".c", ".cc", ".cpp", ".inc", ".def", ".S"}
+INCLUDE = re.compile(r'^\s*#\s*include\s*["<]([^">]+)[">]', re.MULTILINE)
+
+
+def folder_of(path):
+    """The longest line of the table that a path relative to src/ lies in."""
+    for length in range(len(path.parts) - 1, 0, -1):
+        folder = "/".join(path.parts[:length])
+        if folder in ALLOWED:
+            return folder
+    return None
+
+
+def target_of(source, included, root):
+    """The folder that an include leads to; None outside the library."""
+    path = pathlib.PurePosixPath(included)
+    if path.parts[0] == "orvik":
+        word = re.split(r"[_.]", path.name)[0]
+        return "every folder" if word == "orvik" else HEADERS.get(word, word)
+    for file in (source.parent / path, root / path):
+        file = file.resolve()
+        if file.is_file() and file.is_relative_to(root):
+            return folder_of(file.relative_to(root))
+    return None
+
+
+def faults(root):
+    root = root.resolve()
+    found, files = [], 0
+    for source in sorted(root.rglob("*")):
+        if source.suffix not in SOURCES or not source.is_file():
+            continue
+        files += 1
+        relative = source.relative_to(root)
+        folder = folder_of(relative)
+        if folder is None:
+            found.append(f"{relative}: a folder without a line in the table")
+            continue
+        for included in INCLUDE.findall(source.read_text(encoding="utf-8")):
+            target = target_of(source, included, root)
+            if target is not None and target != folder and target not in ALLOWED[folder]:
+                found.append(f"{relative}: {folder} includes {included} of {target}")
+    return found, files
+
+
+def self_test():
+    """The files named bad and worse must be found, and no other."""
+    files = {
+        "serv/memory.h": "",
+        "serv/bad.cc": '#include "zym/frame/mode.h"\n',
+        "zym/frame/mode.h": '#include "serv/memory.h"\n#include <vector>\n',
+        "zym/frame/bad.h": '#include "orvik/ss.h"\n',
+        "qor/stream/stream.h": '#include "orvik/serv.h"\n#include "zym/frame/mode.h"\n',
+        "qor/stream/bad.cc": '#  include "qor/ss/task.h"\n',
+        "qor/ss/task.h": '#include "qor/stream/stream.h"\n#include "orvik/ss.h"\n',
+        "df/task.h": '#include "serv/memory.h"\n',
+        "df/bad.cc": '#include "../zym/frame/mode.h"\n',
+        "df/worse.cc": '#include "orvik/orvik.h"\n',
+        "new/bad.cc": "",
+    }
+    with tempfile.TemporaryDirectory() as directory:
+        root = pathlib.Path(directory)
+        for name, text in files.items():
+            (root / name).parent.mkdir(parents=True, exist_ok=True)
+            (root / name).write_text(text, encoding="utf-8")
+        found, _ = faults(root)
+    print(*found, sep="\n")
+    return sorted(line.split(":")[0] for line in found) == sorted(
+        name for name in files if pathlib.PurePosixPath(name).stem in ("bad", "worse"))
+
+
+def main():
+    if sys.argv[1] == "--self-test":
+        sys.exit(0 if self_test() else 1)
+    found, files = faults(pathlib.Path(sys.argv[1]))
+    print("\n".join(found) if found else f"{files} files, no include against the layers")
+    sys.exit(1 if found or files == 0 else 0)
+
+
+main()

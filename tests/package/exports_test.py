@@ -1,4 +1,4 @@
-"""The shared library exports exactly the names of the generated list, no more and no fewer."""
+"""The shared library exports exactly the names of the generated list, no more and no fewer, and bears its soname."""
 
 import argparse
 import re
@@ -33,9 +33,16 @@ def exported(nm, library):
     return names
 
 
+def soname(readelf, library):
+    output = subprocess.run([readelf, "-dW", library], check=True, capture_output=True, text=True).stdout
+    return re.search(r"\(SONAME\).*\[(.*)\]", output).group(1)
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--nm", required=True)
+    parser.add_argument("--readelf", required=True)
+    parser.add_argument("--soname", required=True)
     parser.add_argument("--library", required=True)
     parser.add_argument("--map", required=True)
     arguments = parser.parse_args()
@@ -44,6 +51,8 @@ def main():
     faults = [f"listed twice: {name}" for name in want if name in seen or seen.add(name)]
     faults += [f"listed, not exported: {name}" for name in sorted(seen - set(got))]
     faults += [f"exported, not listed: {name}" for name in sorted(set(got) - seen)]
+    if soname(arguments.readelf, arguments.library) != arguments.soname:
+        faults.append(f"soname {soname(arguments.readelf, arguments.library)} instead of {arguments.soname}")
     print("\n".join(faults) if faults else f"{len(got)} names, all as listed")
     sys.exit(1 if faults or not got else 0)
 

@@ -25,7 +25,7 @@ extern "C" {
 #undef ROW
 #undef ORVIK_NAMES
 #undef ORVIK_TWIN_pack
-ORVIK_TABLE void* orvik_zym_kernel_sCeil_ttab[];  // the table starts here
+extern void* orvik_zym_kernel_sCeil_ttab[];  // the table starts here; this file is position-independent: no copy of it
 }
 
 namespace orvik::rows {

@@ -1,0 +1,165 @@
+// Measures the accuracy of the vector functions against MPFR and keeps the records.
+#include <atomic>
+#include <chrono>
+#include <cinttypes>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <thread>
+
+#include "accuracy/hashes.h"
+#include "accuracy/records.h"
+#include "orvik/zym.h"
+
+namespace {
+
+using namespace orvik;
+using namespace orvik::accuracy;
+
+constexpr const char* kUsage = R"(accuracy MODE [--rows FILTER] [--threads N] [--seed N] [--dry]
+
+  sampled [N]    N inputs of each row (default 100000), special values and thresholds among them
+  random N       N inputs of each row from the seed, on all threads
+  exhaustive     all 2^32 inputs of one-argument rows of 32-bit floats
+  page           writes docs/accuracy.md from tests/accuracy/recorded.csv
+  hashes         writes tests/accuracy/hashes.csv
+  list           rows that can be measured
+
+The first three merge what they find into tests/accuracy/recorded.csv and then write the page; --dry leaves both alone.
+FILTER is a list of row names with wildcards, such as "sExp*,dLn". Exit status 1: a bound is broken.
+)";
+
+struct Options {
+  std::string mode, filter;
+  uint64_t count = 0;
+  int threads = static_cast<int>(std::thread::hardware_concurrency());
+  uint64_t seed = 1;
+  bool dry = false;
+};
+
+Options parse(int argc, char** argv) {
+  Options o;
+  if (argc < 2) {
+    std::fputs(kUsage, stderr);
+    std::exit(2);
+  }
+  o.mode = argv[1];
+  for (int i = 2; i < argc; ++i) {
+    const std::string arg = argv[i];
+    const bool more = i + 1 < argc;
+    if (arg == "--rows" && more) {
+      o.filter = argv[++i];
+    } else if (arg == "--threads" && more) {
+      o.threads = std::atoi(argv[++i]);
+    } else if (arg == "--seed" && more) {
+      o.seed = std::strtoull(argv[++i], nullptr, 10);
+    } else if (arg == "--dry") {
+      o.dry = true;
+    } else if (arg[0] >= '0' && arg[0] <= '9') {
+      o.count = static_cast<uint64_t>(std::strtod(arg.c_str(), nullptr));
+    } else {
+      std::fputs(kUsage, stderr);
+      std::exit(2);
+    }
+  }
+  if (o.threads < 1) o.threads = 1;
+  return o;
+}
+
+std::array<Worst, rows::kLevels> measure_random(const rows::Row& row, const Options& o) {
+  constexpr uint64_t piece = 50000;
+  const uint64_t pieces = (o.count + piece - 1) / piece;
+  std::array<Worst, rows::kLevels> worst;
+  std::vector<std::array<Worst, rows::kLevels>> found(o.threads);
+  std::vector<std::thread> pool;
+  std::atomic<uint64_t> next{0};
+  const auto work = [&](int t) {
+    for (uint64_t p; (p = next.fetch_add(1)) < pieces;) {
+      const auto made = measure_sampled(row, std::min(piece, o.count - p * piece), o.seed * 1000003 + p, p == 0);
+      for (int k : kernels_of(row)) found[t][k].merge(made[k]);
+      if (p % 8 == 0) std::fprintf(stderr, "\r%-12.*s %5.1f %%", static_cast<int>(row.name.size()), row.name.data(), 100.0 * p / pieces);
+    }
+  };
+  for (int t = 0; t < o.threads; ++t) pool.emplace_back(work, t);
+  for (std::thread& t : pool) t.join();
+  for (const auto& made : found) {
+    for (int k : kernels_of(row)) worst[k].merge(made[k]);
+  }
+  return worst;
+}
+
+bool exhaustible(const rows::Row& row) {
+  return row.precision == 's' && (row.shape == rows::Shape::unary || row.shape == rows::Shape::unary2);
+}
+
+int measure(const Options& o) {
+  _zymSetMode(ZYM_ERRMODE_NOERR);
+  bool broken = false;
+  for (const rows::Row& row : rows::all()) {
+    if (!measurable(row) || !rows::matches(o.filter, row.name) || (o.mode == "exhaustive" && !exhaustible(row))) continue;
+    const auto start = std::chrono::steady_clock::now();
+    std::array<Worst, rows::kLevels> worst;
+    if (o.mode == "sampled") worst = measure_sampled(row, o.count == 0 ? 100000 : o.count, o.seed);
+    if (o.mode == "random") worst = measure_random(row, o);
+    if (o.mode == "exhaustive") {
+      worst = measure_exhaustive(row, o.threads, [&](double share) {
+        const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+        std::fprintf(stderr, "\r%-12.*s %5.1f %%, %.0f s left ", static_cast<int>(row.name.size()), row.name.data(), 100 * share,
+                     share > 0 ? seconds * (1 - share) / share : 0);
+      });
+    }
+    if (o.mode != "sampled") std::fprintf(stderr, "\r%40s\r", "");
+    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    std::vector<Record> records = read_records(recorded_directory() + "recorded.csv");
+    for (int k : kernels_of(row)) {
+      const Record found = make_record(row, k, worst[k], o.mode == "exhaustive" ? "all" : o.mode);
+      const bool good = within_bound(row, k, worst[k]);
+      broken |= !good;
+      std::string at;
+      for (int i = 0; i < kMaxArguments; ++i) {
+        if (i == 0 || worst[k].point.arguments[i] != 0) at += ' ' + hexadecimal(worst[k].point.arguments[i]);
+      }
+      const std::string witness =
+          found.got.empty() ? "" : " at" + at + " got " + found.got + " want " + found.wanted;
+      std::printf("%-12s %-10s %8s %-5s%s (%" PRIu64 " inputs, %.1f s)%s\n", found.row.c_str(), row.served(k).c_str(),
+                  found.error.c_str(), found.metric.c_str(), witness.c_str(), found.inputs, seconds,
+                  good ? "" : "  BOUND BROKEN");
+      std::fflush(stdout);
+      merge_record(records, found);
+    }
+    if (!o.dry) write_records(recorded_directory() + "recorded.csv", records);
+  }
+  if (!o.dry) write_text(page_path(), make_page(read_records(recorded_directory() + "recorded.csv")));
+  return broken ? 1 : 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const Options o = parse(argc, argv);
+  if (o.mode == "sampled" || o.mode == "exhaustive" || (o.mode == "random" && o.count > 0)) return measure(o);
+  if (o.mode == "page") {
+    write_text(page_path(), make_page(read_records(recorded_directory() + "recorded.csv")));
+    return 0;
+  }
+  if (o.mode == "list") {
+    for (const rows::Row& row : rows::all()) {
+      if (measurable(row)) std::printf("%.*s\n", static_cast<int>(row.name.size()), row.name.data());
+    }
+    return 0;
+  }
+  if (o.mode == "hashes") {
+    _zymSetMode(ZYM_ERRMODE_NOERR);
+    Hashes hashes = read_hashes(recorded_directory() + "hashes.csv");
+    hashes.approximations = hash_approximations();
+    for (const rows::Row& row : rows::all()) {
+      if (!measurable(row) || !rows::matches(o.filter, row.name)) continue;
+      for (int k : kernels_of(row)) hashes.kernels[hash_key(row, k)] = hash_kernel(row, k, false);
+    }
+    write_hashes(recorded_directory() + "hashes.csv", hashes);
+    return 0;
+  }
+  std::fputs(kUsage, stderr);
+  return 2;
+}

@@ -1,0 +1,98 @@
+// Every built row and level against its reference, over fixed inputs; the records and the page against the kernels.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "accuracy/hashes.h"
+#include "accuracy/records.h"
+#include "orvik/zym.h"
+
+namespace orvik::accuracy {
+namespace {
+
+// ORVIK_ACCURACY_INPUTS: how many inputs of each row to try; sanitizers need fewer.
+size_t sample_count() {
+  const char* text = std::getenv("ORVIK_ACCURACY_INPUTS");
+  return text != nullptr ? std::strtoull(text, nullptr, 10) : 16000;
+}
+
+std::vector<const rows::Row*> measurable_rows() {
+  std::vector<const rows::Row*> made;
+  for (const rows::Row& row : rows::all()) {
+    if (measurable(row)) made.push_back(&row);
+  }
+  return made;
+}
+
+class AccuracyOf : public testing::TestWithParam<const rows::Row*> {
+ protected:
+  void SetUp() override { _zymSetMode(ZYM_ERRMODE_NOERR); }
+  void TearDown() override { _zymSetMode(ZYM_ERRMODE_DEFAULT); }
+};
+
+TEST_P(AccuracyOf, EveryLevelIsWithinItsBound) {
+  const rows::Row& row = *GetParam();
+  const auto worst = measure_sampled(row, sample_count(), 7);
+  for (int k : kernels_of(row)) {
+    const Record r = make_record(row, k, worst[k], "sampled");
+    EXPECT_TRUE(within_bound(row, k, worst[k]))
+        << row.served(k) << ": " << r.error << ' ' << r.metric << " at " << hexadecimal(worst[k].point.arguments[0]) << ' '
+        << hexadecimal(worst[k].point.arguments[1]) << " order " << worst[k].point.order << ", result " << r.result
+        << ": got " << hexadecimal(worst[k].got) << ", want " << worst[k].wanted;
+  }
+}
+
+TEST_P(AccuracyOf, StridedResultsAreThoseOfUnitStride) {
+  const rows::Row& row = *GetParam();
+  for (int k : kernels_of(row)) EXPECT_EQ(hash_kernel(row, k, true), hash_kernel(row, k, false)) << row.served(k);
+}
+
+TEST_P(AccuracyOf, RecordedWitnessesStillHaveTheirError) {
+  const rows::Row& row = *GetParam();
+  static const std::vector<Record> records = read_records(recorded_directory() + "recorded.csv");
+  static const Hashes hashes = read_hashes(recorded_directory() + "hashes.csv");
+  for (int k : kernels_of(row)) {
+    const Record* r = find_record(records, row, k);
+    ASSERT_NE(r, nullptr) << row.served(k) << ": no record; run `accuracy sampled --rows " << row.name << "`";
+    if (r->got.empty()) continue;
+    const Record again = judge_again(*r);
+    if (!same_statement(again, *r) && hashes.approximations != hash_approximations()) {
+      GTEST_SKIP() << "recorded on a processor with other approximations of 1/x";
+    }
+    EXPECT_TRUE(same_statement(again, *r)) << row.served(k) << ": recorded " << r->error << " got " << r->got << ", now "
+                                           << again.error << " got " << again.got;
+  }
+}
+
+TEST_P(AccuracyOf, BitsAreThePinnedOnes) {
+  const rows::Row& row = *GetParam();
+  static const Hashes hashes = read_hashes(recorded_directory() + "hashes.csv");
+  for (int k : kernels_of(row)) {
+    const auto pinned = hashes.kernels.find(hash_key(row, k));
+    ASSERT_NE(pinned, hashes.kernels.end()) << "not pinned yet; run `accuracy hashes --rows " << row.name << "`";
+    const bool same = pinned->second == hash_kernel(row, k, false);
+    if (!same && !find_reference(row.function)->exact() && hashes.approximations != hash_approximations()) {
+      GTEST_SKIP() << "pinned on a processor with other approximations of 1/x";
+    }
+    EXPECT_TRUE(same) << row.served(k) << ": results have changed; if that is meant, run `accuracy hashes --rows " << row.name
+                      << "` and measure the row again";
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, AccuracyOf, testing::ValuesIn(measurable_rows()),
+                         [](const auto& tested) { return std::string(tested.param->name); });
+
+TEST(Accuracy, EveryBuiltRealRowHasAReference) {
+  for (const rows::Row& row : rows::all()) {
+    if (!row.built() || row.complex() || row.shape == rows::Shape::pack) continue;
+    EXPECT_TRUE(measurable(row)) << row.name << ": give its function a line in reference.cc";
+  }
+}
+
+TEST(Accuracy, ThePageIsCurrent) {
+  EXPECT_EQ(read_text(page_path()), make_page(read_records(recorded_directory() + "recorded.csv")))
+      << "run `accuracy page`";
+}
+
+}  // namespace
+}  // namespace orvik::accuracy

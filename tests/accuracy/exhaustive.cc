@@ -1,0 +1,168 @@
+// Every 32-bit float through a row. The reference in double precision, one evaluation for all levels, is good to about
+// 1e-15 relative, 1e-8 ulp of a float; MPFR then judges the worst inputs that it finds, and all where the class of the
+// result (NaN, infinity, zero) is in question, so that the error that comes back is MPFR's.
+#include <algorithm>
+#include <atomic>
+#include <bit>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+#include "accuracy/measure.h"
+
+namespace orvik::accuracy {
+namespace {
+
+constexpr int kChunk = 1 << 14;
+constexpr size_t kCandidates = 16;  // a result and level: MPFR decides among these
+
+// The distance in ulp of the exact value, or relative; infinite where the two are not of one class. Values beyond the
+// largest float count as 2^128, as in error_of.
+template <Metric metric>
+double distance(float got, double exact) {
+  const double infinite = std::numeric_limits<double>::infinity();
+  const double top = 0x1p128;
+  double value = got, wanted = exact;
+  if (std::isnan(value) || std::isnan(wanted)) return std::isnan(value) == std::isnan(wanted) ? 0 : infinite;
+  if (wanted == 0) return value == 0 && std::signbit(value) == std::signbit(wanted) ? 0 : infinite;
+  if (std::isinf(wanted)) return value == wanted ? 0 : infinite;
+  value = std::clamp(value, -top, top);
+  wanted = std::clamp(wanted, -top, top);
+  const double least = metric == Metric::ulp ? 0x1p-126 : std::numeric_limits<float>::min();
+  const double size = std::max(std::fabs(wanted), least);
+  const double gap = std::fabs(value - wanted);
+  if constexpr (metric == Metric::relative) return gap / size;
+  const uint64_t exponent = std::min<uint64_t>(std::bit_cast<uint64_t>(size) >> 52, 1023 + 127);
+  return gap * std::bit_cast<double>((2046 + 23 - exponent) << 52);
+}
+
+struct Candidate {
+  double distance;
+  uint32_t bits;
+};
+
+// The largest distances seen, and whether a class was in question anywhere.
+struct Heap {
+  std::vector<Candidate> kept;
+  double least = -1;
+
+  void add(double distance, uint32_t bits) {
+    kept.push_back({distance, bits});
+    if (kept.size() < 2 * kCandidates) return;
+    std::nth_element(kept.begin(), kept.begin() + kCandidates, kept.end(),
+                     [](const Candidate& x, const Candidate& y) { return x.distance > y.distance; });
+    kept.resize(kCandidates);
+    least = kept[0].distance;
+    for (const Candidate& c : kept) least = std::min(least, c.distance);
+  }
+};
+
+template <Metric metric>
+void scan(const float* got, const double* exact, uint32_t first, Heap& heap, std::vector<uint32_t>& questions) {
+  for (int i = 0; i < kChunk; ++i) {
+    const double d = distance<metric>(got[i], exact[i]);
+    if (d > heap.least) {
+      if (std::isinf(d)) {
+        questions.push_back(first + static_cast<uint32_t>(i));
+      } else {
+        heap.add(d, first + static_cast<uint32_t>(i));
+      }
+    }
+  }
+}
+
+struct Shared {
+  std::atomic<uint32_t> next{0};
+  std::mutex mutex;
+  std::array<Worst, rows::kLevels> worst;
+  Heap heaps[rows::kLevels][2];
+};
+
+void work(const rows::Row& row, const Reference& reference, Shared& shared, const std::function<void(double)>& progress) {
+  constexpr uint32_t chunks = static_cast<uint32_t>((uint64_t{1} << 32) / kChunk);
+  const std::vector<int> kernels = kernels_of(row);
+  std::vector<float> a(kChunk), r1(kChunk), r2(kChunk);
+  std::vector<double> exact[2] = {std::vector<double>(kChunk), std::vector<double>(kChunk)};
+  Heap heaps[rows::kLevels][2];
+  std::vector<uint32_t> questions;
+  std::array<Worst, rows::kLevels> worst;
+  const auto ask = [&](int k, int j, uint32_t bits) {
+    Point p;
+    p.arguments[0] = std::bit_cast<float>(bits);
+    const uint64_t inputs = worst[k].inputs;
+    worst[k].merge(measure_point(row, k, p, j));
+    worst[k].inputs = inputs;
+  };
+  for (uint32_t chunk; (chunk = shared.next.fetch_add(1)) < chunks;) {
+    const uint32_t first = chunk * kChunk;
+    for (int i = 0; i < kChunk; ++i) a[i] = std::bit_cast<float>(first + static_cast<uint32_t>(i));
+    for (int j = 0; j < row.outputs(); ++j) {
+      if (reference.exact() || reference.fast[j] == nullptr) continue;
+      for (int i = 0; i < kChunk; ++i) exact[j][i] = reference.fast[j](a[i]);
+    }
+    for (int k : kernels) {
+      rows::with_call(row, row.entries[0][k], false, {.a = a.data(), .r1 = r1.data(), .r2 = r2.data()},
+                      [&](auto run) { run(kChunk); });
+      for (int j = 0; j < row.outputs(); ++j) {
+        const float* got = (j == 0 ? r1 : r2).data();
+        questions.clear();
+        if (reference.exact()) {
+          for (int i = 0; i < kChunk; ++i) {
+            float wanted[2];
+            reference.exact_s(&a[i], wanted);
+            const bool same = std::bit_cast<uint32_t>(got[i]) == std::bit_cast<uint32_t>(wanted[j]);
+            if (!same && !(std::isnan(got[i]) && std::isnan(wanted[j]))) questions.push_back(first + i);
+          }
+          if (worst[k].error < 0) worst[k].error = 0;
+        } else if (reference.fast[j] == nullptr) {
+          for (int i = 0; i < kChunk; ++i) ask(k, j, first + static_cast<uint32_t>(i));
+        } else if (metric_of(row, k) == Metric::ulp) {
+          scan<Metric::ulp>(got, exact[j].data(), first, heaps[k][j], questions);
+        } else {
+          scan<Metric::relative>(got, exact[j].data(), first, heaps[k][j], questions);
+        }
+        if (worst[k].error == std::numeric_limits<double>::infinity()) questions.clear();  // wrong already
+        for (uint32_t bits : questions) ask(k, j, bits);
+      }
+    }
+    if (chunk % 256 == 0) progress(static_cast<double>(chunk) / chunks);
+  }
+  const std::lock_guard lock(shared.mutex);
+  for (int k : kernels) {
+    shared.worst[k].merge(worst[k]);
+    for (int j = 0; j < row.outputs(); ++j) {
+      for (const Candidate& c : heaps[k][j].kept) shared.heaps[k][j].add(c.distance, c.bits);
+    }
+  }
+}
+
+}  // namespace
+
+std::array<Worst, rows::kLevels> measure_exhaustive(const rows::Row& row, int threads,
+                                                    const std::function<void(double)>& progress) {
+  const Reference& reference = *find_reference(row.function);
+  Shared shared;
+  std::vector<std::thread> pool;
+  std::mutex printing;
+  const auto locked = [&](double share) {
+    const std::lock_guard lock(printing);
+    progress(share);
+  };
+  for (int t = 0; t < threads; ++t) pool.emplace_back([&] { work(row, reference, shared, locked); });
+  for (std::thread& t : pool) t.join();
+  for (int k : kernels_of(row)) {
+    for (int j = 0; j < row.outputs(); ++j) {
+      for (const Candidate& c : shared.heaps[k][j].kept) {
+        Point p;
+        p.arguments[0] = std::bit_cast<float>(c.bits);
+        shared.worst[k].merge(measure_point(row, k, p, j));
+      }
+    }
+    shared.worst[k].inputs = uint64_t{1} << 32;
+  }
+  return shared.worst;
+}
+
+}  // namespace orvik::accuracy

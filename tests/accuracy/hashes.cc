@@ -1,0 +1,93 @@
+#include "accuracy/hashes.h"
+
+#include <immintrin.h>
+
+#include <bit>
+#include <cinttypes>
+#include <cmath>
+#include <cstdio>
+#include <sstream>
+
+#include "accuracy/inputs.h"
+#include "accuracy/records.h"
+
+namespace orvik::accuracy {
+namespace {
+
+constexpr size_t kInputs = 20000;
+constexpr uint64_t kSeed = 20;
+
+uint64_t mix(uint64_t hash, uint64_t word) {  // FNV-1a over words, with a final shuffle of each word
+  word *= 0x9E3779B97F4A7C15u;
+  word ^= word >> 32;
+  return (hash ^ word) * 0x100000001B3u;
+}
+
+// All NaNs alike: which payload of two survives is the compiler's choice of an operand order.
+uint64_t bits(float x) { return std::isnan(x) ? 0x7FC00000u : std::bit_cast<uint32_t>(x); }
+uint64_t bits(double x) { return std::isnan(x) ? 0x7FF8000000000000u : std::bit_cast<uint64_t>(x); }
+
+template <class E>
+uint64_t hash_of(const rows::Row& row, int kernel, bool strided) {
+  const Inputs<E> inputs = make_inputs<E>(row, kInputs, kSeed);
+  std::vector<E> r1, r2;
+  evaluate(row, kernel, strided, inputs, r1, r2);
+  uint64_t hash = 0xCBF29CE484222325u;
+  for (E x : r1) hash = mix(hash, bits(x));
+  for (E x : r2) hash = mix(hash, bits(x));
+  return hash;
+}
+
+}  // namespace
+
+uint64_t hash_kernel(const rows::Row& row, int kernel, bool strided) {
+  return row.single() ? hash_of<float>(row, kernel, strided) : hash_of<double>(row, kernel, strided);
+}
+
+uint64_t hash_approximations() {
+  uint64_t hash = 0;
+  for (uint32_t i = 0; i < 1u << 14; ++i) {
+    const __m128 x = _mm_set_ss(std::bit_cast<float>(0x3F800000u + (i << 10)));
+    hash = mix(hash, std::bit_cast<uint32_t>(_mm_cvtss_f32(_mm_rcp_ss(x))));
+    hash = mix(hash, std::bit_cast<uint32_t>(_mm_cvtss_f32(_mm_rsqrt_ss(x))));
+  }
+  return hash;
+}
+
+std::string hash_key(const rows::Row& row, int kernel) {
+  return std::string(row.name) + ',' + rows::kLevelNames[kernel];
+}
+
+Hashes read_hashes(const std::string& path) {
+  Hashes made;
+  std::istringstream text(read_text(path));
+  for (std::string line; std::getline(text, line);) {
+    const size_t last = line.rfind(',');
+    if (last == line.npos || line.starts_with("row,")) continue;
+    const uint64_t hash = std::strtoull(line.c_str() + last + 1, nullptr, 16);
+    if (line.starts_with("approximations,")) {
+      made.approximations = hash;
+    } else {
+      made.kernels[line.substr(0, last)] = hash;
+    }
+  }
+  return made;
+}
+
+void write_hashes(const std::string& path, const Hashes& hashes) {
+  const auto line = [](const std::string& key, uint64_t hash) {
+    char text[20];
+    std::snprintf(text, sizeof text, "%016" PRIx64, hash);
+    return key + ',' + text + '\n';
+  };
+  std::string text = "row,kernel,hash\n" + line("approximations,", hashes.approximations);
+  for (const rows::Row& row : rows::all()) {
+    for (int k = 0; k < rows::kLevels; ++k) {
+      const auto found = hashes.kernels.find(hash_key(row, k));
+      if (found != hashes.kernels.end()) text += line(found->first, found->second);
+    }
+  }
+  write_text(path, text);
+}
+
+}  // namespace orvik::accuracy

@@ -1,0 +1,35 @@
+// Inputs of a row: fixed seeds, so that every run of a count tries the same ones.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "tools/rows/list.h"
+
+namespace orvik::accuracy {
+
+// Elements and what goes with them besides: one scalar operand, four of a linear fraction, or an order.
+template <class E>
+struct Inputs {
+  std::vector<E> a, b;  // b: functions of two arguments
+  struct Segment {      // elements [first, last) share their scalars
+    size_t first, last;
+    double scalars[4];
+    int32_t order;
+  };
+  std::vector<Segment> segments;
+};
+
+// About `count` inputs: special values and their pairs, the neighbourhoods of powers of two and of the function's edges,
+// random bit patterns, values of the function's domain, denormals, nearly equal pairs. `fixed` false leaves the parts
+// out that do not depend on the seed.
+template <class E>
+Inputs<E> make_inputs(const rows::Row& row, size_t count, uint64_t seed, bool fixed = true);
+
+// Results of one kernel over all inputs, unit stride or strided.
+template <class E>
+void evaluate(const rows::Row& row, int level, bool strided, const Inputs<E>& inputs, std::vector<E>& r1,
+              std::vector<E>& r2);
+
+}  // namespace orvik::accuracy

@@ -1,0 +1,240 @@
+#include "accuracy/special_functions.h"
+
+#include "accuracy/reference.h"
+
+namespace orvik::accuracy {
+namespace {
+
+constexpr mpfr_rnd_t kNearest = MPFR_RNDN;
+constexpr mpfr_prec_t kGuard = 64;
+
+struct Wide {  // room for cancellation and for the slope of an inverse function
+  mpfr_t v;
+  explicit Wide(mpfr_prec_t bits) { mpfr_init2(v, bits); }
+  ~Wide() { mpfr_clear(v); }
+  Wide(const Wide&) = delete;
+  Wide& operator=(const Wide&) = delete;
+  operator mpfr_ptr() { return v; }
+};
+
+bool not_regular(mpfr_srcptr x) { return mpfr_regular_p(x) == 0; }
+
+// y with erfc(y) = q for 0 < q < 2, q not 1, by Newton's method in growing precision: y += (erfc(y) - q) / (2/sqrt(pi))
+// exp(y^2). Starts from the leading term of the tail, or from the slope at 0.
+void solve_erfc(mpfr_ptr y, mpfr_srcptr q) {
+  const mpfr_prec_t bits = mpfr_get_prec(y);
+  Wide tail(bits), slope(bits), step(bits), square(bits);
+  const bool upper = mpfr_cmp_ui(q, 1) > 0;
+  mpfr_ui_sub(tail, 2, q, kNearest);
+  if (!upper) mpfr_set(tail, q, kNearest);  // erfc(|y|)
+  Wide start(bits);
+  if (mpfr_cmp_d(tail, 0.3) < 0) {
+    mpfr_log(start, tail, kNearest);
+    mpfr_neg(start, start, kNearest);
+    mpfr_sqrt(start, start, kNearest);
+    for (int i = 0; i < 3; ++i) {  // y^2 = -ln(tail sqrt(pi) y)
+      mpfr_const_pi(step, kNearest);
+      mpfr_sqrt(step, step, kNearest);
+      mpfr_mul(step, step, start, kNearest);
+      mpfr_mul(step, step, tail, kNearest);
+      mpfr_log(step, step, kNearest);
+      mpfr_neg(step, step, kNearest);
+      if (mpfr_sgn(step.v) <= 0) break;
+      mpfr_sqrt(start, step, kNearest);
+    }
+  } else {
+    mpfr_ui_sub(start, 1, tail, kNearest);
+    mpfr_mul_d(start, start, 0.8862269254527580, kNearest);
+  }
+  mpfr_set(y, start, kNearest);
+  for (int i = 0; i < 100; ++i) {
+    mpfr_erfc(step, y, kNearest);
+    mpfr_sub(step, step, tail, kNearest);
+    if (mpfr_zero_p(step)) break;
+    mpfr_sqr(square, y, kNearest);
+    mpfr_exp(square, square, kNearest);
+    mpfr_const_pi(slope, kNearest);
+    mpfr_sqrt(slope, slope, kNearest);
+    mpfr_mul(slope, slope, square, kNearest);
+    mpfr_div_2ui(slope, slope, 1, kNearest);
+    mpfr_mul(step, step, slope, kNearest);
+    mpfr_add(y, y, step, kNearest);
+    if (mpfr_zero_p(step) || mpfr_get_exp(step) < mpfr_get_exp(y) - kPrecision) break;
+  }
+  if (upper) mpfr_neg(y, y, kNearest);
+}
+
+// The bits that 1 - q and 1 + x lose for operands of any size down to 2^-1074.
+mpfr_prec_t bits_for(mpfr_srcptr x) {
+  const mpfr_exp_t e = mpfr_get_exp(x);
+  return 2 * kPrecision + kGuard + (e < 0 ? 2 * -e : 0);
+}
+
+// sum over k of (x/2)^(2k + order) / (k! (k + order)!); every term has one sign.
+int bessel_i(mpfr_ptr r, unsigned long order, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  if (mpfr_nan_p(x)) return mpfr_set(r, x, rnd);
+  if (mpfr_inf_p(x)) {
+    mpfr_set_inf(r, order == 0 ? 1 : mpfr_sgn(x));
+    return 0;
+  }
+  if (mpfr_cmpabs_ui(x, 5000) > 0) {  // far beyond the largest double
+    mpfr_set_inf(r, order == 0 ? 1 : mpfr_sgn(x));
+    return 0;
+  }
+  const mpfr_prec_t bits = kPrecision + kGuard;
+  Wide half(bits), square(bits), term(bits), sum(bits);
+  mpfr_div_2ui(half, x, 1, kNearest);
+  mpfr_sqr(square, half, kNearest);
+  mpfr_set_ui(term, 1, kNearest);
+  if (order == 1) mpfr_set(term, half, kNearest);
+  mpfr_set(sum, term, kNearest);
+  for (unsigned long k = 1; k < 20000; ++k) {
+    mpfr_mul(term, term, square, kNearest);
+    mpfr_div_ui(term, term, k, kNearest);
+    mpfr_div_ui(term, term, k + order, kNearest);
+    mpfr_add(sum, sum, term, kNearest);
+    if (mpfr_zero_p(term) || mpfr_get_exp(term) < mpfr_get_exp(sum) - bits) break;
+  }
+  return mpfr_set(r, sum, rnd);
+}
+
+}  // namespace
+
+int reciprocal(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) { return mpfr_ui_div(r, 1, x, rnd); }
+
+int inverse_square_root(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  return mpfr_zero_p(x) ? mpfr_ui_div(r, 1, x, rnd) : mpfr_rec_sqrt(r, x, rnd);
+}
+
+int inverse_cube_root(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  mpfr_cbrt(r, x, rnd);
+  return mpfr_ui_div(r, 1, r, rnd);
+}
+
+int power_3_2(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  if (mpfr_zero_p(x)) return mpfr_set_ui(r, 0, rnd);
+  Wide cube(kPrecision);
+  mpfr_pow_ui(cube, x, 3, rnd);
+  return mpfr_sqrt(r, cube, rnd);
+}
+
+int power_2_3(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  mpfr_cbrt(r, x, rnd);
+  return mpfr_sqr(r, r, rnd);
+}
+
+int sine_degrees(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) { return mpfr_sinu(r, x, 360, rnd); }
+int cosine_degrees(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) { return mpfr_cosu(r, x, 360, rnd); }
+int tangent_degrees(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) { return mpfr_tanu(r, x, 360, rnd); }
+
+int sine_cosine(mpfr_ptr s, mpfr_ptr c, mpfr_srcptr x, mpfr_rnd_t rnd) { return mpfr_sin_cos(s, c, x, rnd); }
+
+int sine_cosine_pi(mpfr_ptr s, mpfr_ptr c, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  mpfr_sinpi(s, x, rnd);
+  return mpfr_cospi(c, x, rnd);
+}
+
+int log_gamma(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  int sign;
+  return mpfr_lgamma(r, &sign, x, rnd);
+}
+
+int exponential_integral_1(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  if (mpfr_zero_p(x)) {
+    mpfr_set_inf(r, 1);
+    return 0;
+  }
+  if (mpfr_sgn(x) < 0) {
+    mpfr_set_nan(r);
+    return 0;
+  }
+  Wide negative(kPrecision);
+  mpfr_neg(negative, x, kNearest);
+  mpfr_eint(r, negative, rnd);
+  return mpfr_neg(r, r, rnd);
+}
+
+int scaled_erfc(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  if (mpfr_nan_p(x)) return mpfr_set(r, x, rnd);
+  if (mpfr_cmp_d(x, 1e6) > 0) {  // (1 - 1/(2 x^2) + 3/(4 x^4) - 15/(8 x^6) ...) / (x sqrt(pi)), to below 2^-200 with 12 terms
+    if (mpfr_inf_p(x)) return mpfr_set_ui(r, 0, rnd);
+    Wide term(kPrecision + kGuard), sum(kPrecision + kGuard), square(kPrecision + kGuard);
+    mpfr_sqr(square, x, kNearest);
+    mpfr_mul_2ui(square, square, 1, kNearest);
+    mpfr_set_ui(term, 1, kNearest);
+    mpfr_set_ui(sum, 1, kNearest);
+    for (long k = 1; k <= 12; ++k) {
+      mpfr_mul_si(term, term, -(2 * k - 1), kNearest);
+      mpfr_div(term, term, square, kNearest);
+      mpfr_add(sum, sum, term, kNearest);
+    }
+    mpfr_const_pi(term, kNearest);
+    mpfr_sqrt(term, term, kNearest);
+    mpfr_mul(term, term, x, kNearest);
+    return mpfr_div(r, sum, term, rnd);
+  }
+  Wide square(2 * kPrecision), value(kPrecision + kGuard);
+  mpfr_sqr(square, x, kNearest);
+  mpfr_exp(square, square, kNearest);
+  mpfr_erfc(value, x, kNearest);
+  return mpfr_mul(r, square, value, rnd);
+}
+
+int normal_cdf(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  const mpfr_prec_t bits = kPrecision + 2 * kGuard;  // the slope of the tail's logarithm is x^2
+  Wide z(bits), root(bits);
+  mpfr_sqrt_ui(root, 2, kNearest);
+  mpfr_div(z, x, root, kNearest);
+  mpfr_neg(z, z, kNearest);
+  mpfr_erfc(r, z, rnd);
+  return mpfr_div_2ui(r, r, 1, rnd);
+}
+
+int inverse_erf(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  if (mpfr_zero_p(x)) return mpfr_set(r, x, rnd);
+  const int against_one = mpfr_nan_p(x) ? 1 : mpfr_cmpabs_ui(x, 1);
+  if (against_one == 0) {
+    mpfr_set_inf(r, mpfr_sgn(x));
+    return 0;
+  }
+  if (against_one > 0) {
+    mpfr_set_nan(r);
+    return 0;
+  }
+  const mpfr_prec_t bits = bits_for(x);
+  Wide q(bits), y(bits);
+  mpfr_ui_sub(q, 1, x, kNearest);
+  solve_erfc(y, q);
+  return mpfr_set(r, y, rnd);
+}
+
+int inverse_erfc(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  if (mpfr_nan_p(x) || (!mpfr_zero_p(x) && mpfr_sgn(x) < 0) || mpfr_cmp_ui(x, 2) > 0) {
+    mpfr_set_nan(r);
+    return 0;
+  }
+  if (mpfr_zero_p(x) || mpfr_cmp_ui(x, 2) == 0) {
+    mpfr_set_inf(r, mpfr_zero_p(x) ? 1 : -1);
+    return 0;
+  }
+  if (mpfr_cmp_ui(x, 1) == 0) return mpfr_set_ui(r, 0, rnd);
+  Wide y(4 * kPrecision);
+  solve_erfc(y, x);
+  return mpfr_set(r, y, rnd);
+}
+
+// -sqrt(2) erfc^-1(2 x).
+int inverse_normal_cdf(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  Wide twice(kPrecision), root(4 * kPrecision);
+  mpfr_mul_2ui(twice, x, 1, kNearest);
+  if (!not_regular(x) && mpfr_cmp_d(x, 0.5) == 0) return mpfr_set_ui(r, 0, rnd);
+  inverse_erfc(r, twice, rnd);
+  mpfr_sqrt_ui(root, 2, kNearest);
+  mpfr_neg(root, root, kNearest);
+  return mpfr_mul(r, r, root, rnd);
+}
+
+int bessel_i0(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) { return bessel_i(r, 0, x, rnd); }
+int bessel_i1(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) { return bessel_i(r, 1, x, rnd); }
+
+}  // namespace orvik::accuracy

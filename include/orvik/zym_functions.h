@@ -124,6 +124,34 @@ void _zymsAbsI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t inc
 ORVIK_TABLE void* orvik_zym_kernel_sAbsI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sAbsI_ctab[];
 
+/* sExp: e^a; elements can be reported. */
+void _zymsExp_21(int32_t n, const float* a, float* r);
+void _zymsExp(int32_t n, const float* a, float* r);
+void _zymsExp_HA(int32_t n, const float* a, float* r);
+void _zymsExp_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sExp_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sExp_ctab[];
+void _zymsExpI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExpI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExpI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExpI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sExpI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sExpI_ctab[];
+
+/* sLn: natural logarithm; elements can be reported. */
+void _zymsLn_21(int32_t n, const float* a, float* r);
+void _zymsLn(int32_t n, const float* a, float* r);
+void _zymsLn_HA(int32_t n, const float* a, float* r);
+void _zymsLn_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sLn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sLn_ctab[];
+void _zymsLnI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLnI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLnI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLnI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sLnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sLnI_ctab[];
+
 /* sSqr: r = a^2. */
 void _zymsSqr_21(int32_t n, const float* a, float* r);
 void _zymsSqr(int32_t n, const float* a, float* r);
@@ -263,6 +291,34 @@ void _zymdAbsI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t i
 void _zymdAbsI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dAbsI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dAbsI_ctab[];
+
+/* dExp: e^a; elements can be reported. */
+void _zymdExp_50(int32_t n, const double* a, double* r);
+void _zymdExp(int32_t n, const double* a, double* r);
+void _zymdExp_HA(int32_t n, const double* a, double* r);
+void _zymdExp_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dExp_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dExp_ctab[];
+void _zymdExpI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExpI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExpI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExpI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dExpI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dExpI_ctab[];
+
+/* dLn: natural logarithm; elements can be reported. */
+void _zymdLn_50(int32_t n, const double* a, double* r);
+void _zymdLn(int32_t n, const double* a, double* r);
+void _zymdLn_HA(int32_t n, const double* a, double* r);
+void _zymdLn_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dLn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dLn_ctab[];
+void _zymdLnI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLnI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLnI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLnI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dLnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dLnI_ctab[];
 
 /* dSqr: r = a^2. */
 void _zymdSqr_50(int32_t n, const double* a, double* r);

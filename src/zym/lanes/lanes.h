@@ -170,6 +170,13 @@ inline V sign_of(V a) {
 
 inline F32 to_float(I32 a) { return _mm256_cvtepi32_ps(a.v); }
 
+// Halves of eight floats as doubles, and back.
+inline F64 widen_low(F32 a) { return _mm256_cvtps_pd(_mm256_castps256_ps128(a.v)); }
+inline F64 widen_high(F32 a) { return _mm256_cvtps_pd(_mm256_extractf128_ps(a.v, 1)); }
+inline F32 narrow(F64 low, F64 high) {
+  return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm256_cvtpd_ps(low.v)), _mm256_cvtpd_ps(high.v), 1);
+}
+
 // --- masks: all-ones or all-zeros lanes of the same type; the sign bit decides ---------------------------------------
 
 template <int Predicate>
@@ -276,9 +283,51 @@ inline F64 load_strided<F64>(const double* p, int64_t step) {
   return _mm256_setr_pd(p[0], p[step], p[2 * step], p[3 * step]);
 }
 
-// Table look-up by lane.
+// One of four floats by the low two bits of the index; the table fills both halves of a register.
+inline F32 select_in_quad(F32 table, I32 index) { return _mm256_permutevar_ps(table.v, index.v); }
+
+// Table look-up by lane. 64-bit rows are single loads: the gather instruction is slower on some processors and no faster
+// on the others.
 inline F32 gather(const float* table, I32 index) { return _mm256_i32gather_ps(table, index.v, 4); }
-inline F64 gather(const double* table, I64 index) { return _mm256_i64gather_pd(table, index.v, 8); }
+struct Indices {  // of four lanes, in scalar registers
+  int64_t i0, i1, i2, i3;
+  explicit Indices(I64 index) {
+    const __m128i low = _mm256_castsi256_si128(index.v);
+    const __m128i high = _mm256_extracti128_si256(index.v, 1);
+    i0 = _mm_cvtsi128_si64(low);
+    i1 = _mm_extract_epi64(low, 1);
+    i2 = _mm_cvtsi128_si64(high);
+    i3 = _mm_extract_epi64(high, 1);
+  }
+  explicit Indices(__m128i index) {  // four 32-bit ones, not negative
+    const auto low = static_cast<uint64_t>(_mm_cvtsi128_si64(index));
+    const auto high = static_cast<uint64_t>(_mm_extract_epi64(index, 1));
+    i0 = static_cast<uint32_t>(low);
+    i1 = static_cast<int64_t>(low >> 32);
+    i2 = static_cast<uint32_t>(high);
+    i3 = static_cast<int64_t>(high >> 32);
+  }
+};
+template <int First = 0>  // the number of the table's first row
+inline F64 gather(const double* table, Indices k) {
+  const auto row = [&](int64_t i) { return table + (i - First); };
+  const __m128d low = _mm_loadh_pd(_mm_load_sd(row(k.i0)), row(k.i1));
+  const __m128d high = _mm_loadh_pd(_mm_load_sd(row(k.i2)), row(k.i3));
+  return _mm256_insertf128_pd(_mm256_castpd128_pd256(low), high, 1);
+}
+// Both columns of a table of 16-byte rows.
+struct GatheredPair {
+  F64 first, second;
+};
+template <int First = 0>
+inline GatheredPair gather(const double (*table)[2], Indices k) {
+  const auto rows = [&](int64_t low, int64_t high) {
+    return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(table[low - First])), _mm_loadu_pd(table[high - First]), 1);
+  };
+  const __m256d even = rows(k.i0, k.i2);
+  const __m256d odd = rows(k.i1, k.i3);
+  return {_mm256_unpacklo_pd(even, odd), _mm256_unpackhi_pd(even, odd)};
+}
 
 // --- polynomials ----------------------------------------------------------------------------------------------------
 

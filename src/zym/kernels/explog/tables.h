@@ -1,0 +1,19 @@
+// Tables of the exponentials and logarithms (tools/explog/tables.sollya says how each is made).
+#pragma once
+
+namespace orvik::zym {
+
+// 2^(i/n), rounded; the pairs add what the head lacks, relative to it.
+extern const double kExp2Frac64[64][2];
+extern const double kExp2Frac128[128];
+extern const double kExp2Frac1024[1024];
+
+// For m = 1 + i/64: c near 1/m in ten bits, head and tail of -ln(c).
+extern const double kLnReciprocal64[65][3];
+
+// Row k - 512 for k = 512 to 1024: -ln(k/1024) as head and tail.
+extern const double kLnPairs[513][2];
+// The same rounded; below row 724 of the scale -ln(k/512).
+extern const double kLnHeads[513];
+
+}  // namespace orvik::zym

@@ -93,6 +93,9 @@ inline F64 sqrt(F64 a) { return _mm256_sqrt_pd(a.v); }
 inline F32 reciprocal_estimate(F32 a) { return _mm256_rcp_ps(a.v); }
 inline F32 inverse_root_estimate(F32 a) { return _mm256_rsqrt_ps(a.v); }
 
+// The same of the narrowed values: what is no normal float is out of range.
+inline F64 reciprocal_estimate(F64 a) { return _mm256_cvtps_pd(_mm_rcp_ps(_mm256_cvtpd_ps(a.v))); }
+
 // The instruction's own choice on NaNs and zeros: b unless a is greater (less).
 inline F32 max(F32 a, F32 b) { return _mm256_max_ps(a.v, b.v); }
 inline F32 min(F32 a, F32 b) { return _mm256_min_ps(a.v, b.v); }
@@ -155,6 +158,9 @@ template <int Count>
 inline I32 shift_right_arithmetic(I32 a) {
   return _mm256_srai_epi32(a.v, Count);
 }
+
+// Bytes of `yes` where the top bit of the mask's byte is set.
+inline I64 select_bytes(I64 mask, I64 yes, I64 no) { return _mm256_blendv_epi8(no.v, yes.v, mask.v); }
 
 inline I32 as_bits(F32 a) { return _mm256_castps_si256(a.v); }
 inline I64 as_bits(F64 a) { return _mm256_castpd_si256(a.v); }

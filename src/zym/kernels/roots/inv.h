@@ -27,82 +27,60 @@ struct DivElement {
 };
 
 template <class V, Level L>
-struct Inv : InvElement<typename V::Element> {
-  static V special(V x) {
-    if constexpr (L == Level::HA) return compare<_CMP_EQ_OQ>(x, V(0.0f));
-    // Normal, and a reciprocal that is normal: up to 4.2519718974541703e+37, up to 2^1021.
-    if constexpr (V::width == 8) return roots::outside_magnitude(x, 0x00800000, 0x7DFFE800);
-    if constexpr (V::width == 4) return roots::outside_magnitude(x, 0x00100000, 0x7FBFFFFF);
-  }
+struct RefinedReciprocal;
 
-  static V lanes(V x) {
-    if constexpr (L == Level::HA) return V(1.0f) / x;
-    const V y = roots::reciprocal(x);
-    const V e = fnma(x, y, V(1.0f));
-    if constexpr (L == Level::EP && V::width == 8) return fma(y, e, y);             // e^2: 1.4e-7
-    if constexpr (L == Level::EP || V::width == 8) return fma(y, fma(e, e, e), y);  // e^3: 4.9e-11
-    const V e2 = e * e;
-    return fma(fma(y, e, y), fma(e2, e2, e2), fma(y, e, y));  // e^6
+// In range: normal, with a normal reciprocal; |x| <= 4.2519718974541703e+37.
+template <Level L>
+struct RefinedReciprocal<F32, L> {
+  static F32 special(F32 x) { return roots::outside_magnitude(x, 0x00800000, 0x7DFFE800); }
+  static F32 lanes(F32 x) {
+    const F32 y = reciprocal_estimate(x);
+    const F32 e = fnma(x, y, F32(1.0f));
+    if constexpr (L == Level::EP) return fma(y, e, y);  // e^2: 1.4e-7
+    return fma(y, fma(e, e, e), y);                     // e^3: 4.9e-11
+  }
+};
+
+// In range: a normal float when narrowed, 2^-126 <= |x| < 2^126.
+template <Level L>
+struct RefinedReciprocal<F64, L> {
+  static F64 special(F64 x) { return roots::outside_magnitude(x, 0x38100000, 0x47CFFFFF); }
+  static F64 lanes(F64 x) {
+    const F64 y = reciprocal_estimate(x);
+    const F64 e = fnma(x, y, F64(1.0));
+    if constexpr (L == Level::EP) return fma(y, fma(e, e, e), y);  // e^3: 4.9e-11
+    const F64 e2 = e * e;
+    const F64 y1 = fma(y, e, y);
+    return fma(y1, fma(e2, e2, e2), y1);  // e^6
   }
 };
 
 template <class V, Level L>
-struct Div;
+struct Inv : InvElement<typename V::Element> {
+  static V special(V x) { return RefinedReciprocal<V, L>::special(x); }
+  static V lanes(V x) { return RefinedReciprocal<V, L>::lanes(x); }
+};
+template <class V>
+struct Inv<V, Level::HA> : InvElement<typename V::Element> {
+  static V special(V x) { return compare<_CMP_EQ_OQ>(x, V(0.0f)); }
+  static V lanes(V x) { return V(1.0f) / x; }
+};
 
 template <class V>
 struct HardwareDiv : DivElement<typename V::Element> {
   static V special(V, V b) { return compare<_CMP_EQ_OQ>(b, V(0.0f)); }
   static V lanes(V a, V b) { return a / b; }
 };
-template <>
-struct Div<F32, Level::HA> : HardwareDiv<F32> {};
+
+// The dividend comes in by one last multiplication, so that every one of them is plain.
+template <class V, Level L>
+struct Div : DivElement<typename V::Element> {
+  static V special(V, V b) { return RefinedReciprocal<V, L>::special(b); }
+  static V lanes(V a, V b) { return a * RefinedReciprocal<V, L>::lanes(b); }
+};
+template <class V>
+struct Div<V, Level::HA> : HardwareDiv<V> {};
 template <>
 struct Div<F64, Level::LA> : HardwareDiv<F64> {};
-template <>
-struct Div<F64, Level::HA> : HardwareDiv<F64> {};
-
-// Plain where the first quotient q = a y is normal with room to both sides, which a zero, denormal, huge, infinite or
-// NaN divisor never gives, and where a is far enough from the denormals for an exact residue a - b q.
-template <class V>
-struct EstimatedDiv : DivElement<typename V::Element> {
-  static constexpr int vectors = 2;
-  static V special(V a, V b) {
-    const V q = a * roots::reciprocal(b);
-    if constexpr (V::width == 8) return roots::outside_magnitude(a, q, 0x0D800000, 0x7E7FFFFF);
-    // The estimate of a 64-bit divisor that is not normal looks like one of a normal divisor.
-    if constexpr (V::width == 4)
-      return roots::outside_magnitude(a, q, 0x03700000, 0x7FCFFFFF) |
-             roots::outside_magnitude(b, 0x00100000, 0x7FBFFFFF);
-  }
-};
-
-template <>
-struct Div<F32, Level::EP> : EstimatedDiv<F32> {
-  static F32 lanes(F32 a, F32 b) {
-    const F32 y = roots::reciprocal(b);
-    const F32 q = a * y;
-    return fma(fnma(b, q, a), y, q);  // e^2: 1.4e-7
-  }
-};
-
-template <>
-struct Div<F32, Level::LA> : EstimatedDiv<F32> {
-  static F32 lanes(F32 a, F32 b) {
-    const F32 y = roots::reciprocal(b);
-    const F32 q = a * y;
-    const F32 e = fnma(b, y, F32(1.0f));
-    return fma(fnma(b, q, a), fma(y, e, y), q);  // e^3; the rounding of q is part of the residue
-  }
-};
-
-template <>
-struct Div<F64, Level::EP> : EstimatedDiv<F64> {
-  static F64 lanes(F64 a, F64 b) {
-    const F64 y = roots::reciprocal(b);
-    const F64 q = a * y;
-    const F64 e = fnma(b, y, F64(1.0));
-    return fma(q, fma(e, e, e), q);  // e^3: 4.9e-11
-  }
-};
 
 }  // namespace orvik::zym

@@ -124,6 +124,48 @@ void _zymsAbsI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t inc
 ORVIK_TABLE void* orvik_zym_kernel_sAbsI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sAbsI_ctab[];
 
+/* sInv: r = 1 / a; elements can be reported. */
+void _zymsInv_21(int32_t n, const float* a, float* r);
+void _zymsInv(int32_t n, const float* a, float* r);
+void _zymsInv_HA(int32_t n, const float* a, float* r);
+void _zymsInv_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sInv_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sInv_ctab[];
+void _zymsInvI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsInvI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsInvI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsInvI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sInvI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sInvI_ctab[];
+
+/* sSqrt: square root; elements can be reported. */
+void _zymsSqrt_21(int32_t n, const float* a, float* r);
+void _zymsSqrt(int32_t n, const float* a, float* r);
+void _zymsSqrt_HA(int32_t n, const float* a, float* r);
+void _zymsSqrt_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sSqrt_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSqrt_ctab[];
+void _zymsSqrtI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSqrtI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSqrtI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSqrtI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sSqrtI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSqrtI_ctab[];
+
+/* sInvSqrt: 1 / sqrt(a); elements can be reported. */
+void _zymsInvSqrt_21(int32_t n, const float* a, float* r);
+void _zymsInvSqrt(int32_t n, const float* a, float* r);
+void _zymsInvSqrt_HA(int32_t n, const float* a, float* r);
+void _zymsInvSqrt_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sInvSqrt_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sInvSqrt_ctab[];
+void _zymsInvSqrtI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsInvSqrtI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsInvSqrtI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsInvSqrtI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sInvSqrtI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sInvSqrtI_ctab[];
+
 /* sExp: e^a; elements can be reported. */
 void _zymsExp_21(int32_t n, const float* a, float* r);
 void _zymsExp(int32_t n, const float* a, float* r);
@@ -292,6 +334,48 @@ void _zymdAbsI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t i
 ORVIK_TABLE void* orvik_zym_kernel_dAbsI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dAbsI_ctab[];
 
+/* dInv: r = 1 / a; elements can be reported. */
+void _zymdInv_50(int32_t n, const double* a, double* r);
+void _zymdInv(int32_t n, const double* a, double* r);
+void _zymdInv_HA(int32_t n, const double* a, double* r);
+void _zymdInv_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dInv_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dInv_ctab[];
+void _zymdInvI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdInvI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdInvI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdInvI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dInvI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dInvI_ctab[];
+
+/* dSqrt: square root; elements can be reported. */
+void _zymdSqrt_50(int32_t n, const double* a, double* r);
+void _zymdSqrt(int32_t n, const double* a, double* r);
+void _zymdSqrt_HA(int32_t n, const double* a, double* r);
+void _zymdSqrt_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dSqrt_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSqrt_ctab[];
+void _zymdSqrtI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSqrtI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSqrtI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSqrtI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dSqrtI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSqrtI_ctab[];
+
+/* dInvSqrt: 1 / sqrt(a); elements can be reported. */
+void _zymdInvSqrt_50(int32_t n, const double* a, double* r);
+void _zymdInvSqrt(int32_t n, const double* a, double* r);
+void _zymdInvSqrt_HA(int32_t n, const double* a, double* r);
+void _zymdInvSqrt_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dInvSqrt_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dInvSqrt_ctab[];
+void _zymdInvSqrtI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdInvSqrtI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdInvSqrtI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdInvSqrtI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dInvSqrtI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dInvSqrtI_ctab[];
+
 /* dExp: e^a; elements can be reported. */
 void _zymdExp_50(int32_t n, const double* a, double* r);
 void _zymdExp(int32_t n, const double* a, double* r);
@@ -347,6 +431,20 @@ void _zymdLogbI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t 
 void _zymdLogbI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dLogbI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dLogbI_ctab[];
+
+/* sDiv: r = a / b; elements can be reported. */
+void _zymsDiv_21(int32_t n, const float* a, const float* b, float* r);
+void _zymsDiv(int32_t n, const float* a, const float* b, float* r);
+void _zymsDiv_HA(int32_t n, const float* a, const float* b, float* r);
+void _zymsDiv_11(int32_t n, const float* a, const float* b, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sDiv_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sDiv_ctab[];
+void _zymsDivI_21(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsDivI(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsDivI_HA(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsDivI_11(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sDivI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sDivI_ctab[];
 
 /* sAdd: r = a + b. */
 void _zymsAdd_21(int32_t n, const float* a, const float* b, float* r);
@@ -515,6 +613,20 @@ void _zymsFmodI_HA(int32_t n, const float* a, int32_t incA, const float* b, int3
 void _zymsFmodI_11(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_sFmodI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sFmodI_ctab[];
+
+/* dDiv: r = a / b; elements can be reported. */
+void _zymdDiv_50(int32_t n, const double* a, const double* b, double* r);
+void _zymdDiv(int32_t n, const double* a, const double* b, double* r);
+void _zymdDiv_HA(int32_t n, const double* a, const double* b, double* r);
+void _zymdDiv_26(int32_t n, const double* a, const double* b, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dDiv_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dDiv_ctab[];
+void _zymdDivI_50(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdDivI(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdDivI_HA(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdDivI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dDivI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dDivI_ctab[];
 
 /* dAdd: r = a + b. */
 void _zymdAdd_50(int32_t n, const double* a, const double* b, double* r);

@@ -88,6 +88,14 @@ inline F64 fnma(F64 a, F64 b, F64 c) { return _mm256_fnmadd_pd(a.v, b.v, c.v); }
 inline F32 sqrt(F32 a) { return _mm256_sqrt_ps(a.v); }
 inline F64 sqrt(F64 a) { return _mm256_sqrt_pd(a.v); }
 
+// 1/a and 1/sqrt(a) with a relative error of at most 1.5 * 2^-12. The bits differ between processor makers. Denormals
+// count as zero.
+inline F32 reciprocal_estimate(F32 a) { return _mm256_rcp_ps(a.v); }
+inline F32 inverse_root_estimate(F32 a) { return _mm256_rsqrt_ps(a.v); }
+
+// The same of the narrowed values: what is no normal float is out of range.
+inline F64 reciprocal_estimate(F64 a) { return _mm256_cvtps_pd(_mm_rcp_ps(_mm256_cvtpd_ps(a.v))); }
+
 // The instruction's own choice on NaNs and zeros: b unless a is greater (less).
 inline F32 max(F32 a, F32 b) { return _mm256_max_ps(a.v, b.v); }
 inline F32 min(F32 a, F32 b) { return _mm256_min_ps(a.v, b.v); }
@@ -125,6 +133,11 @@ inline I64 operator-(I64 a, I64 b) { return _mm256_sub_epi64(a.v, b.v); }
 inline I64 operator&(I64 a, I64 b) { return _mm256_and_si256(a.v, b.v); }
 inline I64 operator|(I64 a, I64 b) { return _mm256_or_si256(a.v, b.v); }
 
+inline I32 max(I32 a, I32 b) { return _mm256_max_epi32(a.v, b.v); }
+// Only the high words count, as signed integers; so do the sign bits of the result.
+inline I64 high_above(I64 a, I64 b) { return _mm256_cmpgt_epi32(a.v, b.v); }
+inline I64 high_max(I64 a, I64 b) { return _mm256_max_epi32(a.v, b.v); }
+
 template <int Count>
 inline I32 shift_left(I32 a) {
   return _mm256_slli_epi32(a.v, Count);
@@ -145,6 +158,9 @@ template <int Count>
 inline I32 shift_right_arithmetic(I32 a) {
   return _mm256_srai_epi32(a.v, Count);
 }
+
+// Bytes of `yes` where the top bit of the mask's byte is set.
+inline I64 select_bytes(I64 mask, I64 yes, I64 no) { return _mm256_blendv_epi8(no.v, yes.v, mask.v); }
 
 inline I32 as_bits(F32 a) { return _mm256_castps_si256(a.v); }
 inline I64 as_bits(F64 a) { return _mm256_castpd_si256(a.v); }

@@ -1,0 +1,86 @@
+// 1/x and a/b: the division instruction at the levels that ask for it, elsewhere an estimate y of the reciprocal and
+// e = 1 - x y, |e| <= 1.5 * 2^-12. Special lanes are divided one at a time; a zero divisor is reported, 0/0 included.
+#pragma once
+
+#include "orvik/zym_types.h"
+#include "zym/kernels/roots/estimate.h"
+#include "zym/lanes/scalar.h"
+
+namespace orvik::zym {
+
+template <class E>
+struct InvElement {
+  static int32_t element(const E* px, E* r) {
+    const E x = *px;
+    *r = E(1) / opaque(x);
+    return x == 0 ? zymErrorSingularity : 0;
+  }
+};
+
+template <class E>
+struct DivElement {
+  static int32_t element(const E* pa, const E* pb, E* r) {
+    const E b = *pb;
+    *r = *pa / opaque(b);
+    return b == 0 ? zymErrorSingularity : 0;
+  }
+};
+
+template <class V, Level L>
+struct RefinedReciprocal;
+
+// In range: normal, with a normal reciprocal; |x| <= 4.2519718974541703e+37.
+template <Level L>
+struct RefinedReciprocal<F32, L> {
+  static F32 special(F32 x) { return roots::outside_magnitude(x, 0x00800000, 0x7DFFE800); }
+  static F32 lanes(F32 x) {
+    const F32 y = reciprocal_estimate(x);
+    const F32 e = fnma(x, y, F32(1.0f));
+    if constexpr (L == Level::EP) return fma(y, e, y);  // e^2: 1.4e-7
+    return fma(y, fma(e, e, e), y);                     // e^3: 4.9e-11
+  }
+};
+
+// In range: a normal float when narrowed, 2^-126 <= |x| < 2^126.
+template <Level L>
+struct RefinedReciprocal<F64, L> {
+  static F64 special(F64 x) { return roots::outside_magnitude(x, 0x38100000, 0x47CFFFFF); }
+  static F64 lanes(F64 x) {
+    const F64 y = reciprocal_estimate(x);
+    const F64 e = fnma(x, y, F64(1.0));
+    if constexpr (L == Level::EP) return fma(y, fma(e, e, e), y);  // e^3: 4.9e-11
+    const F64 e2 = e * e;
+    const F64 y1 = fma(y, e, y);
+    return fma(y1, fma(e2, e2, e2), y1);  // e^6
+  }
+};
+
+template <class V, Level L>
+struct Inv : InvElement<typename V::Element> {
+  static V special(V x) { return RefinedReciprocal<V, L>::special(x); }
+  static V lanes(V x) { return RefinedReciprocal<V, L>::lanes(x); }
+};
+template <class V>
+struct Inv<V, Level::HA> : InvElement<typename V::Element> {
+  static V special(V x) { return compare<_CMP_EQ_OQ>(x, V(0.0f)); }
+  static V lanes(V x) { return V(1.0f) / x; }
+};
+
+template <class V>
+struct HardwareDiv : DivElement<typename V::Element> {
+  static V special(V, V b) { return compare<_CMP_EQ_OQ>(b, V(0.0f)); }
+  static V lanes(V a, V b) { return a / b; }
+};
+
+// The dividend comes in by one last multiplication, so that every one of them is plain.
+template <class V, Level L>
+struct Div : DivElement<typename V::Element> {
+  static V special(V, V b) { return RefinedReciprocal<V, L>::special(b); }
+  static V lanes(V a, V b) { return a * RefinedReciprocal<V, L>::lanes(b); }
+};
+template <class V>
+struct Div<V, Level::HA> : HardwareDiv<V> {};
+template <>
+struct Div<F64, Level::LA> : HardwareDiv<F64> {};
+
+}  // namespace orvik::zym

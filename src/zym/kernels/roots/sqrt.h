@@ -1,0 +1,153 @@
+#ifndef ORVIK_VEC
+#define ORVIK_VEC 4
+#endif
+// sqrt(x), 1/sqrt(x) and x^(3/2): an estimate y of 1/sqrt(x), refined by fused steps.
+#pragma once
+
+#include <cmath>
+
+#include "orvik/zym_types.h"
+#include "zym/kernels/roots/constants.h"
+#include "zym/kernels/roots/estimate.h"
+#include "zym/lanes/scalar.h"
+
+namespace orvik::zym {
+
+// What the lanes leave: zeros, denormals, very small floats, negatives, infinities, NaNs.
+template <class E>
+struct SqrtElement {
+  static int32_t element(const E* px, E* r) {
+    const E x = *px;
+    if (is_nan(x) || (is_infinite(x) && x > 0)) {
+      *r = x + x;
+      return 0;
+    }
+    if (x == 0) {
+      *r = quiet(x);  // a denormal that counts as zero becomes one
+      return 0;
+    }
+    if (x < 0) {
+      *r = nan<E>;
+      return zymErrorDomain;
+    }
+    *r = std::sqrt(x);
+    return 0;
+  }
+};
+
+template <class E>
+struct InvSqrtElement {
+  static int32_t element(const E* px, E* r) {
+    const E x = *px;
+    if (is_nan(x)) {
+      *r = x + x;
+      return 0;
+    }
+    if (x == 0) {
+      *r = E(1) / quiet(x);
+      return zymErrorSingularity;
+    }
+    if (x < 0) {
+      *r = nan<E>;
+      return zymErrorDomain;
+    }
+    *r = correct(x);
+    return 0;
+  }
+
+  static float correct(float x) { return static_cast<float>(1.0 / std::sqrt(static_cast<double>(x))); }
+  // y = 1/s is off by the roundings of s and of the division: one Newton step on the exact residue of x s^2.
+  static double correct(double x) {
+    if (is_infinite(x)) return 0;
+    const bool tiny = x < 0x1p-1000;
+    const double scaled = tiny ? x * 0x1p200 : x * 0x1p-200;
+    const double y = 1 / std::sqrt(scaled);
+    const double y2 = y * y;
+    const double low = std::fma(y, y, -y2);
+    const double residue = std::fma(-scaled, low, std::fma(-scaled, y2, 1.0));
+    return std::fma(y * 0.5, residue, y) * (tiny ? 0x1p100 : 0x1p-100);
+  }
+};
+
+template <class V, Level L>
+struct Sqrt;
+
+// Below 2^-100 the residue x - s^2 would be denormal.
+template <Level L>
+struct Sqrt<F32, L> : SqrtElement<float> {
+  static F32 special(F32 x) { return roots::outside(x, 0x0D800000, 0x7F7FFFFF); }
+
+  // The residue with the first estimate leaves 1.5 (1.5 * 2^-12)^2 = 2.0e-7, 3.4 ulp.
+  static F32 lanes(F32 x) {
+    const F32 y = roots::inverse_root(x);
+    const F32 s = x * y;
+    if constexpr (L == Level::EP) return s;
+    const F32 h = y * F32(0.5f);
+    if constexpr (L == Level::LA) return fma(fnma(s, s, x), h, s);
+    return refined(x, s, h).sum();
+  }
+
+  // sqrt(x) as an unevaluated sum, within 2^-33.
+  struct Root {
+    F32 head, factor, residue;
+    F32 sum() const { return fma(residue, factor, head); }
+  };
+  static Root refined(F32 x, F32 s, F32 h) {
+    const F32 t = fnma(s, h, F32(0.5f));
+    const F32 g = fma(s, t, s);
+    return {g, h, fnma(g, g, x)};
+  }
+};
+
+// The rounding of s = x y counts half: at most a quarter of an ulp, 0.77 ulp in all.
+template <Level L>
+struct Sqrt<F64, L> : SqrtElement<double> {
+  static constexpr int vectors = ORVIK_VEC;
+  static F64 special(F64 x) { return roots::outside(x, 0x00100000, 0x7FEFFFFF); }
+
+  static F64 lanes(F64 x) {
+    const F64 y = roots::inverse_root(x);
+    const F64 s = x * y;
+    const F64 d = fnma(s, y, F64(1.0));
+    if constexpr (L == Level::EP) return s * horner(d, roots::kInverseRootShort);
+    return fma(s, d * horner(d, roots::kInverseRootTail), s);
+  }
+};
+
+template <class V, Level L>
+struct InvSqrt;
+
+template <Level L>
+struct InvSqrt<F32, L> : InvSqrtElement<float> {
+  static F32 special(F32 x) { return roots::outside(x, 0x00800000, 0x7F7FFFFF); }
+
+  static F32 lanes(F32 x) {
+    const F32 y = roots::inverse_root(x);
+    const F32 s = x * y;
+    if constexpr (L == Level::HA) {
+      // d = 1 - (s + low) y, exact to its own rounding; 1/sqrt(x) = y (1 + d/2 + 3/8 d^2), 5/16 d^3 = 1.3e-10 left.
+      const F32 low = fms(x, y, s);
+      const F32 d = fnma(low, y, fnma(s, y, F32(1.0f)));
+      return fma(y * d, fma(d, F32(0.375f), F32(0.5f)), y);
+    }
+    // One step leaves -3/8 d^2, from -2.0e-7 to 0: half of 2^-22 moves it to the middle, 3.0 ulp with the roundings.
+    return fma(y * F32(0.5f), fnma(s, y, F32(0x1.000004p0f)), y);
+  }
+};
+
+// From 2^1021 on y^2 may be denormal.
+template <Level L>
+struct InvSqrt<F64, L> : InvSqrtElement<double> {
+  static constexpr int vectors = ORVIK_VEC;
+  static F64 special(F64 x) { return roots::outside(x, 0x00100000, 0x7FBFFFFF); }
+
+  // y has 24 bits at most, so y^2 is exact.
+  static F64 lanes(F64 x) {
+    const F64 y = roots::inverse_root(x);
+    const F64 d = fnma(x, y * y, F64(1.0));
+    if constexpr (L == Level::EP) return y * horner(d, roots::kInverseRootShort);
+    return fma(y, d * horner(d, roots::kInverseRootTail), y);
+  }
+};
+
+}  // namespace orvik::zym

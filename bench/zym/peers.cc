@@ -1,0 +1,21 @@
+#include "zym/peers.h"
+
+namespace orvik::bench {
+
+std::vector<Peer> all_peers() {
+  std::vector<Peer> all;
+  const auto take = [&all](std::span<const Peer> some) { all.insert(all.end(), some.begin(), some.end()); };
+  take(loop_peers());
+#ifdef ORVIK_BENCH_SLEEF
+  take(sleef_peers());
+#endif
+#ifdef ORVIK_BENCH_LIBMVEC
+  take(libmvec_peers());
+#endif
+#ifdef ORVIK_BENCH_EIGEN
+  take(eigen_peers());
+#endif
+  return all;
+}
+
+}  // namespace orvik::bench

@@ -1,0 +1,83 @@
+// Plain loops, as a caller without a vector library writes them. Those whose operation is an instruction become vector
+// code by the compiler ("loop"); the others call the C library's function for every element ("libm").
+#include <cmath>
+
+#include "zym/peers.h"
+
+namespace orvik::bench {
+namespace {
+
+template <class E, bool Strided, auto F>
+void loop1(int32_t n, const Arrays& arrays) {
+  const E* a = static_cast<const E*>(arrays.a);
+  E* r = static_cast<E*>(arrays.r1);
+  const int64_t incA = Strided ? arrays.incA : 1, incR = Strided ? arrays.incR1 : 1;
+  for (int32_t i = 0; i < n; ++i) r[i * incR] = F(a[i * incA]);
+}
+
+template <class E, bool Strided, auto F>
+void loop2(int32_t n, const Arrays& arrays) {
+  const E* a = static_cast<const E*>(arrays.a);
+  const E* b = static_cast<const E*>(arrays.b);
+  E* r = static_cast<E*>(arrays.r1);
+  const int64_t incA = Strided ? arrays.incA : 1, incB = Strided ? arrays.incB : 1, incR = Strided ? arrays.incR1 : 1;
+  for (int32_t i = 0; i < n; ++i) r[i * incR] = F(a[i * incA], b[i * incB]);
+}
+
+template <class E, bool Strided, auto F>
+void loop_pair(int32_t n, const Arrays& arrays) {
+  const E* a = static_cast<const E*>(arrays.a);
+  E* r1 = static_cast<E*>(arrays.r1);
+  E* r2 = static_cast<E*>(arrays.r2);
+  const int64_t incA = Strided ? arrays.incA : 1, inc1 = Strided ? arrays.incR1 : 1, inc2 = Strided ? arrays.incR2 : 1;
+  for (int32_t i = 0; i < n; ++i) F(a[i * incA], r1[i * inc1], r2[i * inc2]);
+}
+
+#define LOOP(loop, Function, source, ulp, ...)                                                                 \
+  {"s" #Function, source, ulp, loop<float, false, (__VA_ARGS__)>, loop<float, true, (__VA_ARGS__)>},           \
+      {"d" #Function, source, ulp, loop<double, false, (__VA_ARGS__)>, loop<double, true, (__VA_ARGS__)>},
+#define OPERATION1(Function, expression) LOOP(loop1, Function, "loop", 0.5, [](auto x) { return (expression); })
+#define OPERATION2(Function, expression) LOOP(loop2, Function, "loop", 0.5, [](auto x, auto y) { return (expression); })
+#define LIBM1(Function, ulp, expression) LOOP(loop1, Function, "libm", ulp, [](auto x) { return (expression); })
+#define LIBM2(Function, ulp, expression) LOOP(loop2, Function, "libm", ulp, [](auto x, auto y) { return (expression); })
+
+template <class E>
+E like(E, double value) {
+  return static_cast<E>(value);
+}
+float power_of_10(float x) { return exp10f(x); }
+double power_of_10(double x) { return exp10(x); }
+
+constexpr Peer kPeers[] = {
+    OPERATION1(Abs, std::fabs(x)) OPERATION1(Sqr, x * x) OPERATION2(Add, x + y) OPERATION2(Sub, x - y)
+    OPERATION2(Mul, x * y) OPERATION2(Div, x / y) OPERATION1(Inv, 1 / x) OPERATION1(Sqrt, std::sqrt(x))
+    OPERATION1(InvSqrt, 1 / std::sqrt(x))
+    OPERATION2(LinearFrac, (x * like(x, kScaleA) + like(x, kShiftA)) / (y * like(y, kScaleB) + like(y, kShiftB)))
+    OPERATION1(Ceil, std::ceil(x)) OPERATION1(Floor, std::floor(x)) OPERATION1(Trunc, std::trunc(x))
+    OPERATION1(Rint, std::rint(x)) OPERATION1(NearbyInt, std::nearbyint(x)) OPERATION1(Round, std::round(x))
+    OPERATION1(Frac, std::copysign(x - std::trunc(x), x)) OPERATION1(Logb, std::logb(x))
+    LOOP(loop_pair, Modf, "loop", 0.5, [](auto x, auto& r1, auto& r2) { r1 = std::trunc(x), r2 = x - r1; })
+    OPERATION2(CopySign, std::copysign(x, y)) OPERATION2(Fdim, std::fdim(x, y)) OPERATION2(Fmax, std::fmax(x, y))
+    OPERATION2(Fmin, std::fmin(x, y)) OPERATION2(MaxMag, std::fabs(x) > std::fabs(y) ? x : y)
+    OPERATION2(MinMag, std::fabs(x) < std::fabs(y) ? x : y) LIBM2(NextAfter, 0.5, std::nextafter(x, y))
+    LIBM2(Remainder, 0.5, std::remainder(x, y)) LIBM2(Fmod, 0.5, std::fmod(x, y))
+    LIBM1(Cbrt, 1, std::cbrt(x)) LIBM1(InvCbrt, 1.5, 1 / std::cbrt(x)) LIBM2(Hypot, 1, std::hypot(x, y))
+    LIBM1(Pow3o2, 1, x * std::sqrt(x)) LIBM1(Pow2o3, 2, std::cbrt(x) * std::cbrt(x))
+    LIBM1(Exp, 0.6, std::exp(x)) LIBM1(Exp2, 0.6, std::exp2(x)) LIBM1(Exp10, 1, power_of_10(x))
+    LIBM1(Expm1, 1, std::expm1(x)) LIBM1(Ln, 0.9, std::log(x)) LIBM1(Log10, 2, std::log10(x))
+    LIBM1(Log2, 0.8, std::log2(x)) LIBM1(Log1p, 1, std::log1p(x))
+    LIBM1(Sin, 0.6, std::sin(x)) LIBM1(Cos, 0.6, std::cos(x)) LIBM1(Tan, 1, std::tan(x))
+    LOOP(loop_pair, SinCos, "libm", 0.6, [](auto x, auto& r1, auto& r2) { r1 = std::sin(x), r2 = std::cos(x); })
+    LIBM1(Asin, 1, std::asin(x)) LIBM1(Acos, 1, std::acos(x)) LIBM1(Atan, 1, std::atan(x))
+    LIBM2(Atan2, 1, std::atan2(x, y)) LIBM1(Sinh, 2, std::sinh(x)) LIBM1(Cosh, 2, std::cosh(x))
+    LIBM1(Tanh, 2, std::tanh(x)) LIBM1(Asinh, 2, std::asinh(x)) LIBM1(Acosh, 2, std::acosh(x))
+    LIBM1(Atanh, 2, std::atanh(x)) LIBM2(Pow, 0.9, std::pow(x, y)) LIBM2(Powr, 0.9, std::pow(x, y))
+    LIBM1(Powx, 0.9, std::pow(x, like(x, kPower))) LIBM1(Erf, 1, std::erf(x)) LIBM1(Erfc, 5, std::erfc(x))
+    LIBM1(LGamma, 8, std::lgamma(x)) LIBM1(TGamma, 8, std::tgamma(x))
+};
+
+}  // namespace
+
+std::span<const Peer> loop_peers() { return kPeers; }
+
+}  // namespace orvik::bench

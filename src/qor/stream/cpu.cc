@@ -1,0 +1,20 @@
+#include "qor/stream/cpu.h"
+
+#include "orvik/qor.h"
+#include "orvik/serv.h"
+
+namespace orvik::qor {
+HiddenFeatures hidden_features;
+}
+
+using orvik::qor::hidden_features;
+
+extern "C" {
+
+// The feature words that the compiler's runtime read at start: the instruction itself leaves a virtual machine and
+// costs more than a short request for numbers.
+int32_t __qorCPUisAES(void) { return __builtin_cpu_supports("aes") && !hidden_features.aes; }
+int32_t __qorCPUisRDRAND(void) { return __builtin_cpu_supports("rdrnd") && !hidden_features.rdrand; }
+int32_t __qorCPUisVAES(void) { return orvik_serv_cpuisicx(); }
+
+}  // extern "C"

@@ -1,9 +1,9 @@
 // x^n modulo a polynomial over GF(2).
 #include <string.h>
 
-#include "orvik/serv.h"
 #include "qor/stream/clmul.h"
 #include "qor/stream/record.h"
+#include "serv/memory.h"
 
 namespace orvik::qor {
 namespace {
@@ -91,16 +91,13 @@ extern "C" int32_t __qorPolyRem(uint64_t n, uint64_t degree, uint32_t nterms, co
     if (n / 32 < static_cast<uint64_t>(outwords)) out[n / 32] = 1u << n % 32;
     return ORVIK_QOR_OK;
   }
-  auto* const block = static_cast<uint64_t*>(orvik_serv_allocate(8 * 25 * Modulus::words(degree), kAlignment));
+  if (degree == 0) return ORVIK_QOR_OK;
+  const orvik::serv::Block<uint64_t> block(25 * Modulus::words(degree));
   if (!block) return ORVIK_QOR_NO_MEMORY;
-  Modulus p(block, degree, nterms, terms);
+  Modulus p(block.get(), degree, nterms, terms);
   // The leading bits of n that stay below the degree need no reduction.
   int shift = 0;
   while (shift < 63 && n >> shift >= degree && n >> shift > 1) ++shift;
-  if (degree == 0) {
-    orvik_serv_deallocate(block);
-    return ORVIK_QOR_OK;
-  }
   if (n >> shift < degree) {
     p.set_power(n >> shift);
   } else {  // a degree of one
@@ -110,6 +107,5 @@ extern "C" int32_t __qorPolyRem(uint64_t n, uint64_t degree, uint32_t nterms, co
   while (shift-- > 0) p.square(n >> shift & 1);
   const uint64_t size = 8 * static_cast<uint64_t>(p.size()), room = 4 * static_cast<uint64_t>(outwords);
   memcpy(out, p.value(), size < room ? size : room);
-  orvik_serv_deallocate(block);
   return ORVIK_QOR_OK;
 }

@@ -5,7 +5,7 @@
 #include <stdint.h>
 
 #include "orvik/qor.h"
-#include "orvik/serv.h"
+#include "serv/memory.h"
 
 namespace orvik::qor {
 
@@ -33,7 +33,7 @@ static_assert(sizeof(RegBrngRow) == 56);
 // Bytes behind a record: __qorCopyStreamState moves that much more than the state holds.
 constexpr int32_t kSpareSize = kHeaderSize;
 
-constexpr int32_t kAlignment = 128;
+using serv::kAlignment;
 
 // A chunk's data; a chunk of no bytes has a block as well.
 inline void* allocate_data(uint64_t size) { return orvik_serv_allocate(size == 0 ? 1 : size, kAlignment); }

@@ -43,13 +43,13 @@ int32_t row_count() { return __atomic_load_n(&reg_brng_count, __ATOMIC_ACQUIRE);
 
 }  // namespace
 
-#define FOUR(x) x, x, x, x
-#define SIXTEEN(x) FOUR(FOUR(x))
+#define SIXTEEN(x) x, x, x, x, x, x, x, x, x, x, x, x, x, x, x, x
+#define SIXTEEN_OF(list) list, list, list, list, list, list, list, list, list, list, list, list, list, list, list, list
 
 extern "C" {
 
 RegBrngRow __RegBrngs[kTableRows] = {kMcg31m1, kR250, kMrg32k3a, kMcg59,
-                                     SIXTEEN(SIXTEEN(kWh)), SIXTEEN(kWh), kWh,
+                                     SIXTEEN_OF(SIXTEEN(kWh)), SIXTEEN(kWh), kWh,
                                      kSobol, kNiederreiter};
 
 RegBrngRow __RegBrngsNew[kTableRows] = {kMcg31m1, kR250, kMrg32k3a, kMcg59, kWh, kSobol, kNiederreiter, kMt19937,

@@ -1,7 +1,7 @@
 // Jumps of generators that are linear over GF(2): with p the characteristic polynomial and t one step, t^n is g(t) for
 // g = x^n mod p, a sum of at most `degree` stepped states (Haramoto, Matsumoto, Nishimura, Panneton, L'Ecuyer 2008).
-#include "orvik/serv.h"
 #include "qor/stream/record.h"
+#include "serv/memory.h"
 
 namespace orvik::qor {
 namespace {
@@ -18,22 +18,11 @@ struct Polynomial {
   const uint32_t* terms;
 };
 
-class Block {
- public:
-  explicit Block(int64_t size) : data_(orvik_serv_allocate(static_cast<uint64_t>(size), kAlignment)) {}
-  ~Block() { orvik_serv_deallocate(data_); }
-  Block(const Block&) = delete;
-  Block& operator=(const Block&) = delete;
-  explicit operator bool() const { return data_ != nullptr; }
-  void* get() const { return data_; }
-
- private:
-  void* data_;
-};
+using Block = serv::Block<uint8_t>;
 
 class Remainder {
  public:
-  explicit Remainder(const Block& block) : word_(static_cast<const uint64_t*>(block.get())) {}
+  explicit Remainder(const Block& block) : word_(reinterpret_cast<const uint64_t*>(block.get())) {}
   bool bit(int64_t i) const { return word_[i / 64] >> i % 64 & 1; }
   int64_t highest(int64_t words) const {
     for (int64_t w = words - 1; w >= 0; --w)
@@ -47,7 +36,7 @@ class Remainder {
 
 int32_t find_remainder(const Block& g, uint64_t count, const Polynomial& p) {
   return __qorPolyRem(count, static_cast<uint64_t>(p.degree), static_cast<uint32_t>(p.nterms), p.terms,
-                      static_cast<int32_t>(2 * p.words), static_cast<uint32_t*>(g.get()));
+                      static_cast<int32_t>(2 * p.words), reinterpret_cast<uint32_t*>(g.get()));
 }
 
 // out = g(t) state, by Horner's rule.
@@ -112,16 +101,19 @@ int32_t skip_ahead(void* state, const Generator& f, OrvikQorJumpStore store, Orv
   if (nskip == 0) return ORVIK_QOR_OK;
   int32_t offset = 0;
   if (start(state, &nskip, &offset) == 0) return ORVIK_QOR_OK;
-  const int64_t stride = (statesize + 63) / 64 * 64;
-  const Block g(8 * p.words), out(stride);
+  const uint64_t stride = (static_cast<uint64_t>(statesize) + 63) / 64 * 64;
+  const Block g(8 * static_cast<uint64_t>(p.words)), out(stride);
   if (!g || !out) return ORVIK_QOR_NO_MEMORY;
-  const int64_t table_size = Method::kTableStates * stride;
-  const Block table(table_size > 0 ? table_size : 1), power(table_size > 0 ? stride : 1);
-  if (!table || !power) return ORVIK_QOR_NO_MEMORY;
+  Block table, power;
+  if (Method::kTableStates > 0) {
+    table = Block(Method::kTableStates * stride);
+    power = Block(stride);
+    if (!table || !power) return ORVIK_QOR_NO_MEMORY;
+  }
   if (const int32_t status = find_remainder(g, nskip, p); status < 0) return status;
   const Remainder remainder(g);
-  Method::apply(f, remainder, remainder.highest(p.words), state, out.get(), static_cast<uint8_t*>(table.get()), stride,
-                power.get());
+  Method::apply(f, remainder, remainder.highest(p.words), state, out.get(), table.get(),
+                static_cast<int64_t>(stride), power.get());
   store(state, out.get(), offset);
   return ORVIK_QOR_OK;
 }

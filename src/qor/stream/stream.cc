@@ -9,11 +9,12 @@ using namespace orvik::qor;
 
 namespace {
 
+// Zeroed to the end, so that images hold no bytes of other blocks.
 OrvikStream allocate_record(const RegBrngRow& row, int32_t brng) {
   const uint64_t size = static_cast<uint32_t>(row.StreamStateSize);
   auto* const block = static_cast<uint8_t*>(orvik_serv_allocate(size + kSpareSize, kAlignment));
   if (!block) return nullptr;
-  memset(block + size, 0, kSpareSize);
+  memset(block, 0, size + kSpareSize);
   const StreamHeader head = {brng, 1, nullptr};
   memcpy(block, &head, sizeof head);
   return block;

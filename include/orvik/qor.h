@@ -8,6 +8,9 @@
 
 #include <stdint.h>
 
+/* Exported also where the library itself is built with hidden visibility. */
+#pragma GCC visibility push(default)
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -258,5 +261,7 @@ ORVIK_QOR_DECLARE_BRNG(PHILOX4X32X10);
 #ifdef __cplusplus
 }
 #endif
+
+#pragma GCC visibility pop
 
 #endif

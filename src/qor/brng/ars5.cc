@@ -57,13 +57,13 @@ struct Ars5 {
       const __m128i stride = _mm_set_epi64x(0, 8);
       for (; i + 32 <= n; i += 32, counter += 8)
         for (int k = 0; k < 8; k += 2) {
-          sink.eight(i + 4 * k, _mm256_set_m128i(block(c[k + 1], keys), block(c[k], keys)));
+          sink.pair(i + 4 * k, block(c[k], keys), block(c[k + 1], keys));
           c[k] = _mm_add_epi64(c[k], stride);
           c[k + 1] = _mm_add_epi64(c[k + 1], stride);
         }
     }
     for (; i + 8 <= n; i += 8, counter += 2)
-      sink.eight(i, _mm256_set_m128i(block(lanes(counter + 1), keys), block(lanes(counter), keys)));
+      sink.pair(i, block(lanes(counter), keys), block(lanes(counter + 1), keys));
     if (i + 4 <= n) {
       sink.some(i, _mm256_castsi128_si256(block(lanes(counter), keys)), 4);
       i += 4;

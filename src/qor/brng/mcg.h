@@ -115,22 +115,28 @@ struct Mcg {
   // Delivers n members from the four lanes on; returns the lanes behind them.
   template <class Sink>
   static __m256i run(__m256i lane, const uint64_t (*power)[4], int32_t n, const Sink& sink) {
+    using Factor = typename Modulus::Factor;
     ptrdiff_t i = 0;
-    for (; i + 32 <= n; i += 32) {
-      sink.four(i, lane);
-      for (int j = 0; j < 7; ++j) sink.four(i + 4 * (j + 1), Modulus::multiply(lane, load4(power[j])));
-      lane = Modulus::multiply(lane, load4(power[7]));
+    if (n >= 32) {
+      Factor factor[8];  // copies: the caller's array might overlap the side block for all the compiler knows
+      for (int j = 0; j < 8; ++j) factor[j] = Factor(load4(power[j]));
+      for (; i + 32 <= n; i += 32) {
+        sink.four(i, lane);
+        for (int j = 0; j < 7; ++j) sink.four(i + 4 * (j + 1), Modulus::multiply(lane, factor[j]));
+        lane = Modulus::multiply(lane, factor[7]);
+      }
     }
+    const Factor next(load4(power[0]));
     for (; i + 4 <= n; i += 4) {
       sink.four(i, lane);
-      lane = Modulus::multiply(lane, load4(power[0]));
+      lane = Modulus::multiply(lane, next);
     }
     const int rest = static_cast<int>(n - i);
     if (rest <= 0) return lane;
     sink.some(i, lane, rest);
     uint64_t member[8];  // the lanes stay four consecutive members
     store4(member, lane);
-    store4(member + 4, Modulus::multiply(lane, load4(power[0])));
+    store4(member + 4, Modulus::multiply(lane, next));
     return load4(member + rest);
   }
 

@@ -23,8 +23,14 @@ struct Mod2P31M1 {
     const uint64_t product = x * a, sum = (product & kModulus) + (product >> 31);
     return sum >= kModulus ? sum - kModulus : sum;
   }
-  static __m256i multiply(__m256i x, __m256i a) {
-    const __m256i m = broadcast64(kModulus), product = _mm256_mul_epu32(x, a);
+  // A multiplier of four lanes.
+  struct Factor {
+    Factor() = default;
+    explicit Factor(__m256i power) : a(power) {}
+    __m256i a;
+  };
+  static __m256i multiply(__m256i x, const Factor& f) {
+    const __m256i a = f.a, m = broadcast64(kModulus), product = _mm256_mul_epu32(x, a);
     const __m256i sum = _mm256_add_epi64(_mm256_and_si256(product, m), _mm256_srli_epi64(product, 31));
     return _mm256_min_epu32(sum, _mm256_sub_epi32(sum, m));
   }
@@ -50,10 +56,14 @@ struct Mod2P59 {
     return n == 1 ? seeds[0] : (seeds[0] | static_cast<uint64_t>(seeds[1]) << 32) & kMask;
   }
   static uint64_t multiply(uint64_t x, uint64_t a) { return x * a & kMask; }
-  static __m256i multiply(__m256i x, __m256i a) {
-    const __m256i cross = _mm256_add_epi64(_mm256_mul_epu32(_mm256_srli_epi64(x, 32), a),
-                                           _mm256_mul_epu32(x, _mm256_srli_epi64(a, 32)));
-    const __m256i product = _mm256_add_epi64(_mm256_mul_epu32(x, a), _mm256_slli_epi64(cross, 32));
+  struct Factor {
+    Factor() = default;
+    explicit Factor(__m256i power) : low(power), high(_mm256_srli_epi64(power, 32)) {}
+    __m256i low, high;
+  };
+  static __m256i multiply(__m256i x, const Factor& f) {
+    const __m256i cross = _mm256_add_epi64(_mm256_mul_epu32(_mm256_srli_epi64(x, 32), f.low), _mm256_mul_epu32(x, f.high));
+    const __m256i product = _mm256_add_epi64(_mm256_mul_epu32(x, f.low), _mm256_slli_epi64(cross, 32));
     return _mm256_and_si256(product, broadcast64(kMask));
   }
   static void store(uint64_t* r, __m256i w) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(r), w); }

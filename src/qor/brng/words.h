@@ -1,5 +1,6 @@
 // Where the words of a generator go: raw, as floats, as doubles. A sink writes eight 32-bit words, or fewer at the end
-// of a request, at an index of the caller's array; conversion happens in registers on the way out.
+// of a request, at an index of the caller's array; conversion happens in registers on the way out. A pair is eight words
+// in two halves.
 #pragma once
 
 #include <immintrin.h>
@@ -30,6 +31,10 @@ class RawSink {
  public:
   explicit RawSink(void* r) : r_(static_cast<uint32_t*>(r)) {}
   void eight(ptrdiff_t i, __m256i w) const { store8(r_ + i, w); }
+  void pair(ptrdiff_t i, __m128i low, __m128i high) const {
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(r_ + i), low);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(r_ + i + 4), high);
+  }
   void some(ptrdiff_t i, __m256i w, int count) const {
     _mm256_maskstore_epi32(reinterpret_cast<int*>(r_ + i), lane_mask(count), w);
   }
@@ -48,9 +53,14 @@ struct FromLow {
                          _mm256_castsi256_ps(low));
   }
   static __m256d to_double(__m128i w) {  // exact
-    const __m256i biased = _mm256_or_si256(_mm256_cvtepu32_epi64(w), broadcast64(0x4330000000000000));
-    return _mm256_sub_pd(_mm256_castsi256_pd(biased), _mm256_set1_pd(0x1p52));
+    return unbias(_mm256_or_si256(_mm256_cvtepu32_epi64(w), broadcast64(0x4330000000000000)));
   }
+  static void to_doubles(__m256i w, __m256d& low, __m256d& high) {
+    const __m256i bias = broadcast32(0x43300000), crossed = _mm256_permute4x64_epi64(w, 0xD8);
+    low = unbias(_mm256_unpacklo_epi32(crossed, bias));
+    high = unbias(_mm256_unpackhi_epi32(crossed, bias));
+  }
+  static __m256d unbias(__m256i w) { return _mm256_sub_pd(_mm256_castsi256_pd(w), _mm256_set1_pd(0x1p52)); }
   template <class T>
   static T origin(T a, T) {
     return a;
@@ -59,6 +69,10 @@ struct FromLow {
 struct FromMiddle {
   static __m256 to_float(__m256i w) { return _mm256_cvtepi32_ps(w); }
   static __m256d to_double(__m128i w) { return _mm256_cvtepi32_pd(w); }
+  static void to_doubles(__m256i w, __m256d& low, __m256d& high) {
+    low = to_double(_mm256_castsi256_si128(w));
+    high = to_double(_mm256_extracti128_si256(w, 1));
+  }
   template <class T>
   static T origin(T a, T b) {
     return (a + b) * T(0.5);
@@ -71,6 +85,7 @@ class FloatSink {
   FloatSink(float* r, float a, float b)
       : r_(r), scale_(_mm256_set1_ps((b - a) * 0x1p-32f)), origin_(_mm256_set1_ps(Reading::origin(a, b))) {}
   void eight(ptrdiff_t i, __m256i w) const { _mm256_storeu_ps(r_ + i, convert(w)); }
+  void pair(ptrdiff_t i, __m128i low, __m128i high) const { eight(i, _mm256_set_m128i(high, low)); }
   void some(ptrdiff_t i, __m256i w, int count) const { _mm256_maskstore_ps(r_ + i, lane_mask(count), convert(w)); }
 
  private:
@@ -85,8 +100,14 @@ class DoubleSink {
   DoubleSink(double* r, double a, double b)
       : r_(r), scale_(_mm256_set1_pd((b - a) * 0x1p-32)), origin_(_mm256_set1_pd(Reading::origin(a, b))) {}
   void eight(ptrdiff_t i, __m256i w) const {
-    _mm256_storeu_pd(r_ + i, convert(_mm256_castsi256_si128(w)));
-    _mm256_storeu_pd(r_ + i + 4, convert(_mm256_extracti128_si256(w, 1)));
+    __m256d low, high;
+    Reading::to_doubles(w, low, high);
+    _mm256_storeu_pd(r_ + i, _mm256_fmadd_pd(scale_, low, origin_));
+    _mm256_storeu_pd(r_ + i + 4, _mm256_fmadd_pd(scale_, high, origin_));
+  }
+  void pair(ptrdiff_t i, __m128i low, __m128i high) const {
+    _mm256_storeu_pd(r_ + i, convert(low));
+    _mm256_storeu_pd(r_ + i + 4, convert(high));
   }
   void some(ptrdiff_t i, __m256i w, int count) const {
     const __m256i mask = lane_mask(count);

@@ -1,5 +1,7 @@
 #include "qor/stream/cpu.h"
 
+#include <cpuid.h>
+
 #include "orvik/qor.h"
 #include "orvik/serv.h"
 
@@ -11,10 +13,15 @@ using orvik::qor::hidden_features;
 
 extern "C" {
 
-// The feature words that the compiler's runtime read at start: the instruction itself leaves a virtual machine and
-// costs more than a short request for numbers.
+// The word that the compiler's runtime read at start: the instruction itself leaves a virtual machine and costs more
+// than a short request for numbers.
 int32_t __qorCPUisAES(void) { return __builtin_cpu_supports("aes") && !hidden_features.aes; }
-int32_t __qorCPUisRDRAND(void) { return __builtin_cpu_supports("rdrnd") && !hidden_features.rdrand; }
+
+int32_t __qorCPUisRDRAND(void) {
+  uint32_t a, b, c, d;
+  return __get_cpuid(1, &a, &b, &c, &d) && (c & bit_RDRND) && !hidden_features.rdrand;
+}
+
 int32_t __qorCPUisVAES(void) { return orvik_serv_cpuisicx(); }
 
 }  // extern "C"

@@ -81,7 +81,7 @@ TEST(Battery, MatrixRankFindsALinearBit) {
   Source s = good();
   EXPECT_TRUE(fails(run("matrix rank", {32, [=]() mutable {
                       const uint32_t w = s.next();
-                      return (w & ~0x100u) | ((w >> 31 ^ w >> 20) & 1) << 8;
+                      return (w & ~0x1000u) | ((w >> 31 ^ w >> 20) & 1) << 12;
                     }})));
 }
 

@@ -1,0 +1,58 @@
+// The four functions of a generator's row, from one class that describes the generator:
+//   Raw, Float, Double   its sinks
+//   fill(stream, n, sink)
+//   seed(stream, n, seeds), and of leapfrog, skip, skip_long those it has
+#pragma once
+
+#include <stdint.h>
+
+#include "orvik/qor.h"
+#include "qor/stream/record.h"
+
+namespace orvik::qor {
+
+// What a generator that cannot jump answers. Generators derive from it and hide what they can do.
+struct NoJumps {
+  static int32_t leapfrog(OrvikStream, int32_t, int32_t) { return ORVIK_QOR_NO_LEAPFROG; }
+  static int32_t skip(OrvikStream, uint64_t) { return ORVIK_QOR_NO_SKIPAHEAD; }
+  static int32_t skip_long(OrvikStream, int32_t, const uint64_t*) { return ORVIK_QOR_NO_SKIPAHEAD_EX; }
+};
+
+template <class G>
+int32_t init_stream(uint32_t method, OrvikStream stream, int32_t n, const void* params) {
+  switch (method) {
+    case 0: return G::seed(stream, n, static_cast<const uint32_t*>(params));
+    case 1: return G::leapfrog(stream, n, *static_cast<const int32_t*>(params));
+    case 2: return G::skip(stream, *static_cast<const uint64_t*>(params));
+    case 3: return G::skip_long(stream, n, static_cast<const uint64_t*>(params));
+    default: return ORVIK_QOR_BAD_METHOD;
+  }
+}
+
+template <class State>
+State& state_of(OrvikStream stream) {
+  return *reinterpret_cast<State*>(state_bytes(stream));
+}
+
+// A state and its header are a record of the row's size.
+template <class State>
+constexpr int32_t record_size() {
+  constexpr int32_t kUnit = alignof(State) > 8 ? alignof(State) : 8;
+  return (kHeaderSize + static_cast<int32_t>(sizeof(State)) + kUnit - 1) / kUnit * kUnit;
+}
+
+#define ORVIK_QOR_GENERATOR(NAME, G)                                                                             \
+  extern "C" {                                                                                                   \
+  int32_t __qorBRng##NAME##InitStream(uint32_t method, OrvikStream stream, int32_t n, const void* params) {      \
+    return orvik::qor::init_stream<G>(method, stream, n, params);                                                \
+  }                                                                                                              \
+  int32_t __qorsBRng##NAME(OrvikStream stream, int32_t n, float* r, float a, float b) {                          \
+    return G::fill(stream, n, G::Float(r, a, b));                                                                \
+  }                                                                                                              \
+  int32_t __qordBRng##NAME(OrvikStream stream, int32_t n, double* r, double a, double b) {                       \
+    return G::fill(stream, n, G::Double(r, a, b));                                                               \
+  }                                                                                                              \
+  int32_t __qoriBRng##NAME(OrvikStream stream, int32_t n, void* r) { return G::fill(stream, n, G::Raw(r)); }     \
+  }
+
+}  // namespace orvik::qor

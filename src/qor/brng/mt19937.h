@@ -1,0 +1,36 @@
+// The parameters of MT19937, its state, and its characteristic polynomial.
+#pragma once
+
+#include <stdint.h>
+
+#include "qor/brng/twister.h"
+
+namespace orvik::qor {
+
+struct Mt19937Parameters {
+  static constexpr int kN = 624, kM = 397, kGenerations = 3;
+  static constexpr uint32_t kLow = 0x7FFFFFFF, kMatrix = 0x9908B0DF;
+
+  struct State {
+    uint32_t mt[kN];
+    int32_t index;  // words of the generation already delivered
+  };
+
+  static uint32_t matrix(const State&) { return kMatrix; }
+
+  struct Tempering {
+    explicit Tempering(const State&) {}
+    __m256i operator()(__m256i y) const {
+      y = _mm256_xor_si256(y, _mm256_srli_epi32(y, 11));
+      y = _mm256_xor_si256(y, _mm256_and_si256(_mm256_slli_epi32(y, 7), broadcast32(0x9D2C5680)));
+      y = _mm256_xor_si256(y, _mm256_and_si256(_mm256_slli_epi32(y, 15), broadcast32(0xEFC60000)));
+      return _mm256_xor_si256(y, _mm256_srli_epi32(y, 18));
+    }
+  };
+};
+
+constexpr int kMt19937Degree = 19937, kMt19937Terms = 135;
+// Exponents of the characteristic polynomial, ascending.
+extern const uint32_t kMt19937Polynomial[kMt19937Terms];
+
+}  // namespace orvik::qor

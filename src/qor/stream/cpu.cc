@@ -1,0 +1,27 @@
+#include "qor/stream/cpu.h"
+
+#include <cpuid.h>
+
+#include "orvik/qor.h"
+#include "orvik/serv.h"
+
+namespace orvik::qor {
+HiddenFeatures hidden_features;
+}
+
+using orvik::qor::hidden_features;
+
+extern "C" {
+
+// The word that the compiler's runtime read at start: the instruction itself leaves a virtual machine and costs more
+// than a short request for numbers.
+int32_t __qorCPUisAES(void) { return __builtin_cpu_supports("aes") && !hidden_features.aes; }
+
+int32_t __qorCPUisRDRAND(void) {
+  uint32_t a, b, c, d;
+  return __get_cpuid(1, &a, &b, &c, &d) && (c & bit_RDRND) && !hidden_features.rdrand;
+}
+
+int32_t __qorCPUisVAES(void) { return orvik_serv_cpuisicx(); }
+
+}  // extern "C"

@@ -33,13 +33,15 @@ void for_selected_pairs(const Data<T>& d, Body&& body) {
   }
 }
 
-// What rounding alone leaves on the diagonal for a variable that does not vary: below it, the variable is constant.
+// What rounding alone leaves on the diagonal for a variable that does not vary: below it, the variable is constant. The
+// errors of long sums and of a running mean grow with the square root of the number of observations.
 template <class T>
 double rounding_floor(const Plan& plan, const Weights& total, double mean) {
   constexpr double kEps = std::numeric_limits<T>::epsilon();
+  const double observations = total.sum * total.sum / total.squares;
   switch (plan.method) {
-    case Method::Fast: return 8 * kEps * total.sum * mean * mean;
-    case Method::OnePass: return total.sum * (4 * kEps * mean) * (4 * kEps * mean);
+    case Method::Fast: return (8 + std::sqrt(observations)) * kEps * total.sum * mean * mean;
+    case Method::OnePass: return total.sum * (16 + observations) * (kEps * mean) * (kEps * mean);
     default: return 0;
   }
 }
@@ -76,6 +78,10 @@ void seed_matrix(const Task& task, const Data<T>& d, const Plan& plan, const Wei
 template <class T>
 void finish_matrix(const Task& task, const Data<T>& d, const Plan& plan, const Weights& total, T* cross, T* scratch) {
   const Matrix<T> sums(cross, d.p, ORVIK_SS_MATRIX_FULL);
+  const bool own_mean = plan.method == Method::Fast || plan.method == Method::OnePass;
+  if (own_mean && total.sum <= total.squares / total.sum) {  // one observation does not deviate from its mean
+    std::fill(cross, cross + d.p * d.p, T{0});
+  }
   auto write_correlation = [&] {
     const T* mean = plan.has(kMean) ? real<T>(task.mean) : nullptr;
     for (int64_t j = 0; j < d.p; ++j) {

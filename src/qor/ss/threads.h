@@ -31,9 +31,8 @@ int32_t run_threads(const OrvikThreading* table, int32_t threads, Body&& body) {
 }
 
 // Threads of an estimator that handles each variable apart, with a copy of n values each: 1 GiB of copies at most.
-template <class T>
-int32_t threads_by_variable(const OrvikThreading* table, int64_t p, int64_t n) {
-  const int64_t by_memory = 0x40000000 / (n * static_cast<int64_t>(sizeof(T)));
+inline int32_t threads_by_variable(const OrvikThreading* table, int64_t p, int64_t n) {
+  const int64_t by_memory = 0x40000000 / (n * 8);
   return static_cast<int32_t>(std::max<int64_t>(1, std::min({int64_t{max_threads(table)}, p, by_memory})));
 }
 

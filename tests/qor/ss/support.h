@@ -21,6 +21,15 @@ struct Entries;
     static constexpr auto edit = __qor##d##SSEditTask;           \
     static constexpr auto basic = _qor##d##SSBasic;              \
     static constexpr auto minmax = _qor##d##SSMinmax;            \
+    static constexpr auto quantiles = _qor##d##SSQuantiles;      \
+    static constexpr auto stream = _qor##d##SSStreamQuantiles;   \
+    static constexpr auto mad = _qor##d##SSMAD;                  \
+    static constexpr auto weighted_median = _qor##d##SSWMedian;  \
+    static constexpr auto sort_task = _qor##d##SSSort;           \
+    static constexpr auto distance = _qor##d##SSMahDistance;     \
+    static constexpr auto sort = __qor##d##QSort;                \
+    static constexpr auto sort_step = __qor##d##QSortStep;       \
+    static constexpr auto select = __qor##d##QSortSelect;        \
   };
 ORVIK_TEST_ENTRIES(d, double)
 ORVIK_TEST_ENTRIES(s, float)
@@ -101,6 +110,7 @@ class TaskOver {
  public:
   explicit TaskOver(bool wide = false) : integers_(wide) {}
   ~TaskOver() {
+    __qorSQuantilesFreeBuffers(task_);
     __qorSSDeleteTask(&task_);
   }
   TaskOver(const TaskOver&) = delete;

@@ -1,0 +1,30 @@
+// Statistics against the libraries of the field, side by side in one run. Prints a Markdown table.
+//   bench_ss [moments|covariance|sorting|threads|stream ...]
+#include <cstdio>
+#include <cstring>
+
+namespace orvik::bench {
+void moments();
+void covariance();
+void sorting();
+void two_threads();
+void stream();
+}  // namespace orvik::bench
+
+int main(int argc, char** argv) {
+  using namespace orvik::bench;
+  const struct {
+    const char* name;
+    void (*run)();
+  } parts[] = {{"moments", moments},
+               {"covariance", covariance},
+               {"sorting", sorting},
+               {"threads", two_threads},
+               {"stream", stream}};
+  printf("| what | orvik, ns | peer | peer, ns | peer / orvik |\n|---|---|---|---|---|\n");
+  for (const auto& part : parts) {
+    bool wanted = argc == 1;
+    for (int i = 1; i < argc; ++i) wanted = wanted || strcmp(argv[i], part.name) == 0;
+    if (wanted) part.run();
+  }
+}

@@ -1,0 +1,67 @@
+// Two threads against one, where work goes parallel; stream quantiles. Units: one value.
+#include <thread>
+
+#include "ss/rounds.h"
+#include "ss/task.h"
+
+namespace orvik::bench {
+namespace {
+
+const OrvikThreading kTwo = {
+    [] { return int32_t{2}; },
+    [](int32_t count, void* context, void (*routine)(int32_t, int32_t, int32_t, void*)) {
+      std::vector<std::thread> others;
+      for (int32_t k = 1; k < count; ++k) others.emplace_back(routine, k, 0, count, context);
+      routine(0, 0, count, context);
+      for (auto& t : others) t.join();
+      return int32_t{0};
+    }};
+
+}  // namespace
+
+void two_threads() {
+  constexpr int64_t kCount = 10'000'000, kP = 10;
+  const auto x = normal_values(kCount);
+  Task task(kP, kCount / kP, ORVIK_SS_STORAGE_COLUMNS, x.data());
+  constexpr uint64_t kFour = ORVIK_SS_SKEWNESS | ORVIK_SS_KURTOSIS;
+  auto pair = [&](const char* what, auto run) {
+    compare(what, kCount, {{"", [&] { run(&kTwo); }}, {"one thread", [&] { run(nullptr); }}}, 5);
+  };
+  pair("two threads: four moments, one pass", [&](const OrvikThreading* t) { task.basic(kFour, 2, t); });
+  pair("two threads: four moments, fast", [&](const OrvikThreading* t) { task.basic(kFour, 1, t); });
+  pair("two threads: covariance", [&](const OrvikThreading* t) { task.basic(ORVIK_SS_COVARIANCE, 1, t); });
+  pair("two threads: medians",
+       [&](const OrvikThreading* t) { _qordSSQuantiles(task.get(), ORVIK_SS_QUANTILES, 1, t); });
+}
+
+void stream() {
+  constexpr int64_t kCount = 10'000'000;
+  const auto x = normal_values(kCount);
+  std::vector<double> work;
+  for (double epsilon : {0.01, 0.001}) {
+    const int64_t one = 1;
+    const double order = 0.5;
+    double result;
+    char what[64];
+    snprintf(what, sizeof what, "stream quantiles, epsilon = %g", epsilon);
+    compare(what, kCount,
+            {{"",
+              [&] {
+                Task task(1, kCount, ORVIK_SS_STORAGE_ROWS, x.data());
+                __qordSSEditStreamQuantiles(task.get(), &one, &order, &result, &one, &epsilon);
+                _qordSSStreamQuantiles(task.get(), 0, 0, nullptr);
+                __qorSQuantilesFreeBuffers(task.get());
+              }},
+             {"full sort by order statistics", [&] {
+                work.resize(kCount);
+                Task task(1, kCount, ORVIK_SS_STORAGE_ROWS, x.data());
+                const int64_t rows = ORVIK_SS_STORAGE_ROWS;
+                __qordSSEditTask(task.get(), OrvikSS_orderStatistics, work.data());
+                __qoriSSEditTask(task.get(), OrvikSS_orderStatisticsStorage, &rows);
+                _qordSSQuantiles(task.get(), ORVIK_SS_ORDER_STATISTICS, 1, nullptr);
+              }}},
+            3);
+  }
+}
+
+}  // namespace orvik::bench

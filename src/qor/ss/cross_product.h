@@ -1,0 +1,46 @@
+// Sums of outer products of deviations, by matrix kernels on blocks of observations.
+#pragma once
+
+#include "qor/ss/plan.h"
+#include "qor/ss/task.h"
+#include "serv/memory.h"
+
+namespace orvik::ss {
+
+// Accumulates into the upper triangle of a column-major p by p matrix.
+//
+// The fast method adds products of plain observations and takes the mean out at the end. The others add products of
+// deviations from the mean known at the block, so that a mean that is large against the deviations costs no digits.
+template <class T>
+class CrossProduct {
+ public:
+  CrossProduct(const Data<T>& d, Method method, T* matrix);
+
+  // Scratch of the blocks. False when memory is exhausted.
+  bool allocate();
+
+  // Observations of one block: 256 KiB of data with what is copied of them, at least 64.
+  int64_t block() const { return block_; }
+
+  // For the one-pass method: remembers the mean before a block.
+  void before(const T* mean);
+  // Adds the observations [i, i + m). One pass: `weight` and the remembered mean stand for all before them, `mean` for
+  // all with them. User mean: deviations from `mean`.
+  void add(int64_t i, int64_t m, double weight, const T* mean);
+  // matrix += alpha v v'
+  void add_outer(double alpha, const T* v);
+
+ private:
+  void copy(int64_t i, int64_t m, const T* shift);
+
+  const Data<T>& d_;
+  Method method_;
+  T* matrix_;
+  int64_t block_;
+  bool copies_;
+  serv::Block<T> scratch_;
+  T* roots_ = nullptr;  // square roots of the block's weights
+  T* shift_ = nullptr;
+};
+
+}  // namespace orvik::ss

@@ -1,0 +1,37 @@
+// From what a pass has accumulated, or from what the task holds, to the caller's results.
+#pragma once
+
+#include "qor/ss/pass.h"
+#include "qor/ss/plan.h"
+#include "qor/ss/task.h"
+
+namespace orvik::ss {
+
+// Puts the running results of a task with `old` weights into the first thread's accumulators.
+template <class T>
+void seed(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, Accumulators<T>* acc);
+
+// Writes the results of a pass; `total` has the weights with those of the pass. `old_mean` is the user's mean of the
+// block before, null if there is none.
+template <class T>
+void finish(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const Accumulators<T>& acc,
+            const T* old_mean);
+
+// Derives results from the sums that the task holds.
+template <class T>
+void finish_held(const Task& task, const Data<T>& d, const Plan& plan, const Weights& total);
+
+// Which of the matrices asked for can be accumulated in place: full storage, all variables selected. Null if none.
+template <class T>
+T* matrix_in_place(const Task& task, const Data<T>& d, const Plan& plan);
+
+// Starts the p by p accumulator (upper triangle, column-major) from the task's matrices, or from zero.
+template <class T>
+void seed_matrix(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, T* cross);
+
+// Writes covariance, correlation and cross-product from the accumulator, which may be one of them. `scratch` has p
+// values.
+template <class T>
+void finish_matrix(const Task& task, const Data<T>& d, const Plan& plan, const Weights& total, T* cross, T* scratch);
+
+}  // namespace orvik::ss

@@ -1,0 +1,130 @@
+#include "qor/ss/pass.h"
+
+#include <algorithm>
+
+#include "qor/ss/central_sums.h"
+#include "qor/ss/cross_product.h"
+#include "qor/ss/power_sums.h"
+
+namespace orvik::ss {
+namespace {
+
+template <class T>
+Weights add_weights(const Data<T>& d, int64_t i, int64_t m, Weights total) {
+  if (d.weights == nullptr) {
+    total.sum += static_cast<double>(m);
+    total.squares += static_cast<double>(m);
+    return total;
+  }
+  for (int64_t r = i; r < i + m; ++r) {
+    const double w = static_cast<double>(d.weights[r]);
+    total.sum += w;
+    total.squares += w * w;
+  }
+  return total;
+}
+
+// mean := (seed W mean + sums of the pass) / W
+template <class T>
+void finish_mean(const Data<T>& d, double seed, const Accumulators<T>& acc) {
+  for (int64_t j = 0; j < d.p; ++j) {
+    acc.mean[j] = static_cast<T>((seed * static_cast<double>(acc.mean[j]) + static_cast<double>(acc.power[0][j])) /
+                                 acc.weights.sum);
+  }
+}
+
+// Chan, Golub, LeVeque 1983; Pébay 2008.
+template <class T>
+void merge_central(const Data<T>& d, int order, double a, double b, T* const into[4], T* const from[4]) {
+  const double s = a + b;
+  for (int64_t j = 0; j < d.p; ++j) {
+    const double ma = into[0][j], mb = from[0][j];
+    const double delta = mb - ma;
+    if (order >= 2) {
+      const double a2 = into[1][j], b2 = from[1][j];
+      if (order >= 3) {
+        const double a3 = into[2][j], b3 = from[2][j];
+        if (order >= 4) {
+          into[3][j] = static_cast<T>(into[3][j] + static_cast<double>(from[3][j]) + 4 * delta * (a * b3 - b * a3) / s +
+                                      6 * delta * delta * (a * a * b2 + b * b * a2) / (s * s) +
+                                      a * b * (a * a + b * b - a * b) / (s * s * s) * delta * delta * delta * delta);
+        }
+        into[2][j] = static_cast<T>(a3 + b3 + 3 * delta * (a * b2 - b * a2) / s +
+                                    a * b * (a - b) / (s * s) * delta * delta * delta);
+      }
+      into[1][j] = static_cast<T>(a2 + b2 + a * b / s * delta * delta);
+    }
+    into[0][j] = static_cast<T>((a * ma + b * mb) / s);
+  }
+}
+
+}  // namespace
+
+template <class T>
+int32_t run_pass(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1, const T* user_mean, Accumulators<T>* acc) {
+  const int power = plan.power_order();
+  const int central = plan.central_order();
+  const bool by_blocks = acc->cross != nullptr || (power != 0 && central != 0);
+  CrossProduct<T> cross(d, plan.method, acc->cross);
+  if (acc->cross != nullptr && !cross.allocate()) return kNoMemory;
+  const double seed = acc->weights.sum;
+  const bool uncentred = acc->cross != nullptr && plan.method == Method::Fast;
+  if (uncentred && seed != 0) cross.add_outer(seed, acc->mean);
+
+  const int64_t block = by_blocks ? cross.block() : i1 - i0;
+  for (int64_t i = i0; i < i1; i += block) {
+    const int64_t m = std::min(block, i1 - i);
+    const Weights before = acc->weights;
+    if (acc->cross != nullptr) cross.before(acc->central[0]);
+    for_selected_ranges(d, [&](int64_t j0, int64_t j1) {
+      if (central != 0) update_central_sums(d, i, i + m, j0, j1, central, before.sum, acc->central);
+      if (power != 0) add_power_sums(d, i, i + m, j0, j1, power, user_mean, acc->power);
+    });
+    acc->weights = add_weights(d, i, m, before);
+    if (acc->cross != nullptr) {
+      cross.add(i, m, before.sum, plan.method == Method::OnePass ? acc->central[0] : user_mean);
+    }
+  }
+  if (uncentred && acc->weights.sum != 0) {
+    finish_mean(d, seed, *acc);
+    cross.add_outer(-acc->weights.sum, acc->mean);
+  }
+  return kDone;
+}
+
+template <class T>
+void merge(const Data<T>& d, const Plan& plan, Accumulators<T>* into, const Accumulators<T>& from) {
+  const double a = into->weights.sum, b = from.weights.sum;
+  if (b == 0) return;
+  into->weights.sum = a + b;
+  into->weights.squares += from.weights.squares;
+  for (int k = 0; k < plan.power_order(); ++k) {
+    for (int64_t j = 0; j < d.p; ++j) into->power[k][j] += from.power[k][j];
+  }
+  if (into->cross != nullptr) {
+    for (int64_t k = 0; k < d.p * d.p; ++k) into->cross[k] += from.cross[k];
+    T* mean_a = plan.method == Method::OnePass ? into->central[0] : into->mean;
+    T* mean_b = plan.method == Method::OnePass ? from.central[0] : from.mean;
+    if (mean_a != nullptr && a != 0) {
+      // The other thread's rows are free to change: its mean becomes the difference, and is put back.
+      for (int64_t j = 0; j < d.p; ++j) mean_b[j] -= mean_a[j];
+      CrossProduct<T>(d, plan.method, into->cross).add_outer(a * b / (a + b), mean_b);
+      for (int64_t j = 0; j < d.p; ++j) mean_b[j] += mean_a[j];
+    }
+    if (into->mean != nullptr) {
+      for (int64_t j = 0; j < d.p; ++j) {
+        into->mean[j] = static_cast<T>((a * static_cast<double>(into->mean[j]) + b * static_cast<double>(from.mean[j])) / (a + b));
+      }
+    }
+  }
+  if (plan.central_order() != 0) merge_central(d, plan.central_order(), a, b, into->central, from.central);
+}
+
+#define ORVIK_INSTANTIATE(T)                                                                                        \
+  template int32_t run_pass(const Data<T>&, const Plan&, int64_t, int64_t, const T*, Accumulators<T>*);             \
+  template void merge(const Data<T>&, const Plan&, Accumulators<T>*, const Accumulators<T>&);
+ORVIK_INSTANTIATE(float)
+ORVIK_INSTANTIATE(double)
+#undef ORVIK_INSTANTIATE
+
+}  // namespace orvik::ss

@@ -1,0 +1,62 @@
+// What a request for moments needs: the work list, the orders of the passes, and the checks that come before any write.
+#pragma once
+
+#include <cstdint>
+
+#include "qor/ss/task.h"
+
+namespace orvik::ss {
+
+// The internal estimates, in the order in which their outputs are tested.
+enum Work : int {
+  kMean,
+  kRaw2,
+  kRaw3,
+  kRaw4,
+  kCentral2,
+  kCentral3,
+  kCentral4,
+  kCovariance,
+  kCorrelation,
+  kKurtosis,
+  kSkewness,
+  kVariation,
+  kSum,
+  kRawSum2,
+  kRawSum3,
+  kRawSum4,
+  kCentralSum2,
+  kCentralSum3,
+  kCentralSum4,
+  kCrossProduct,
+  kNotAllowed,
+};
+
+enum class Method { Fast, OnePass, UserMean, Finish };
+
+struct Plan {
+  Method method;
+  uint32_t work;
+
+  bool has(int bit) const { return (work >> bit & 1) != 0; }
+  bool matrix() const { return has(kCovariance) || has(kCorrelation) || has(kCrossProduct); }
+
+  // Highest power of x (or of deviations from the user's mean) and highest running central sum to compute; the running
+  // mean alone has order 1.
+  int power_order() const;
+  int central_order() const;
+};
+
+// Fills the plan and makes every check of the task, in order.
+int32_t make_plan(const Task& task, uint64_t estimates, uint64_t method, Plan* plan);
+
+// The field that holds the result of an internal estimate.
+void* output(const Task& task, int bit);
+
+// The sums of weights so far, zero for a fresh run.
+struct Weights {
+  double sum = 0;
+  double squares = 0;
+};
+
+}  // namespace orvik::ss

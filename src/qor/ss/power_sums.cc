@@ -1,0 +1,203 @@
+#include "qor/ss/power_sums.h"
+
+#include <algorithm>
+
+#include "qor/ss/fold.h"
+#include "qor/ss/lanes.h"
+
+namespace orvik::ss {
+namespace {
+
+// s[k] += w d^(k + 1) for K powers.
+template <class T, int K, bool Weighted>
+inline __attribute__((always_inline)) void add_powers(typename Lanes<T>::V d, typename Lanes<T>::V w,
+                                                      typename Lanes<T>::V* s) {
+  using L = Lanes<T>;
+  const auto wd = Weighted ? w * d : d;
+  s[0] = s[0] + wd;
+  if constexpr (K >= 2) s[1] = L::fma(wd, d, s[1]);
+  if constexpr (K >= 3) {
+    const auto d2 = d * d;
+    s[2] = L::fma(wd, d2, s[2]);
+    if constexpr (K >= 4) {
+      const auto wd2 = Weighted ? wd * d : d2;
+      s[3] = L::fma(wd2, d2, s[3]);
+    }
+  }
+}
+
+// One variable, its observations contiguous.
+template <class T, int K, bool Weighted, bool Shifted>
+void add_segment(int64_t n, const T* x, const T* w, T shift, T* const sums[4], int64_t j) {
+  using L = Lanes<T>;
+  using V = typename L::V;
+  constexpr int kUnroll = K <= 2 ? 4 : 2;
+  constexpr int64_t kStep = kUnroll * L::kWidth;
+  const V u = L::all(shift);
+  V s[kUnroll][K];
+  for (auto& row : s) {
+    for (auto& v : row) v = L::all(0);
+  }
+  int64_t i = 0;
+  for (; i + kStep <= n; i += kStep) {
+#pragma GCC unroll 4
+    for (int r = 0; r < kUnroll; ++r) {
+      V d = L::load(x + i + r * L::kWidth);
+      if constexpr (Shifted) d = d - u;
+      add_powers<T, K, Weighted>(d, Weighted ? L::load(w + i + r * L::kWidth) : u, s[r]);
+    }
+  }
+  for (; i < n; i += L::kWidth) {
+    const auto mask = L::first(n - i);
+    V d = L::load(x + i, mask);
+    if constexpr (Shifted) d = L::keep(d - u, mask);
+    add_powers<T, K, Weighted>(d, Weighted ? L::load(w + i, mask) : u, s[0]);
+  }
+  for (int k = 0; k < K; ++k) {
+    V total = s[0][k];
+    for (int r = 1; r < kUnroll; ++r) total = total + s[r][k];
+    sums[k][j] += horizontal_sum<T>(total);
+  }
+}
+
+template <class T, int K, bool Weighted, bool Shifted>
+void add_contiguous_variables(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const T* shift,
+                              T* const sums[4]) {
+  const int64_t segment = Weighted ? 1024 : i1 - i0;  // weights stay in the first cache while the variables go by
+  for (int64_t i = i0; i < i1; i += segment) {
+    const int64_t m = std::min(segment, i1 - i);
+    for (int64_t j = j0; j < j1; ++j) {
+      add_segment<T, K, Weighted, Shifted>(m, d.x + j * d.n + i, Weighted ? d.weights + i : nullptr,
+                                           Shifted ? shift[j] : T{0}, sums, j);
+    }
+  }
+}
+
+// R rows of `length` values each, `step` apart, into accumulators by order. `w` has the weights of R rows, either one
+// value per row or, where rows are folded observations, one row of values for each.
+template <class T, int K, bool Weighted, bool Shifted, int R>
+inline __attribute__((always_inline)) void add_rows(int64_t length, const T* x, int64_t step, const T* w,
+                                                    int64_t w_step, bool spread, const T* shift, T* acc,
+                                                    int64_t acc_step) {
+  using L = Lanes<T>;
+  using V = typename L::V;
+  auto body = [&](int64_t j, auto load, auto store, auto keep) __attribute__((always_inline)) {
+    V s[K];
+    for (int k = 0; k < K; ++k) s[k] = load(acc + k * acc_step + j);
+    V u = L::all(0);
+    if constexpr (Shifted) u = load(shift + j);
+#pragma GCC unroll 4
+    for (int r = 0; r < R; ++r) {
+      V d = load(x + r * step + j);
+      if constexpr (Shifted) d = keep(d - u);
+      V weight = u;
+      if constexpr (Weighted) weight = spread ? load(w + r * w_step + j) : L::all(w[r]);
+      add_powers<T, K, Weighted>(d, weight, s);
+    }
+    for (int k = 0; k < K; ++k) store(acc + k * acc_step + j, s[k]);
+  };
+  int64_t j = 0;
+  for (; j + L::kWidth <= length; j += L::kWidth) {
+    body(
+        j, [](const T* p) { return L::load(p); }, [](T* p, V v) { L::store(p, v); }, [](V v) { return v; });
+  }
+  if (j < length) {
+    const auto mask = L::first(length - j);
+    body(
+        j, [mask](const T* p) { return L::load(p, mask); }, [mask](T* p, V v) { L::store(p, mask, v); },
+        [mask](V v) { return L::keep(v, mask); });
+  }
+}
+
+constexpr int64_t kChunk = 512;  // variables whose accumulators fit the first cache
+
+template <class T, int K, bool Weighted, bool Shifted>
+void add_contiguous_observations(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const T* shift,
+                                 T* const sums[4]) {
+  constexpr int kRows = 4;
+  // A selection of neighbours is not one contiguous range of memory: only whole observations can be folded.
+  const Fold fold(j0 == 0 && j1 == d.p ? d.p : Fold::kRow);
+  for (int64_t first = j0; first < j1; first += kChunk) {
+    const int64_t width = std::min(kChunk, j1 - first);
+    const int64_t length = fold.observations > 1 ? fold.length : width;
+    T acc[K * kChunk];
+    T us[Shifted ? kChunk : 1];
+    T ws[Weighted ? kRows * kChunk : 1];
+    std::fill(acc, acc + K * length, T{0});
+    if constexpr (Shifted) {
+      for (int64_t j = 0; j < length; ++j) us[j] = shift[first + j % width];
+    }
+    const bool spread = fold.observations > 1;
+    auto weights = [&](int64_t i, int64_t rows) -> const T* {
+      if constexpr (!Weighted) return nullptr;
+      if (!spread) return d.weights + i;
+      T* out = ws;
+      for (int64_t r = 0; r < rows * fold.observations; ++r) {
+        for (int64_t j = 0; j < width; ++j) *out++ = d.weights[i + r];
+      }
+      return ws;
+    };
+    int64_t i = i0;
+    const int64_t step = d.p * fold.observations;
+    for (; i + kRows * fold.observations <= i1; i += kRows * fold.observations) {
+      add_rows<T, K, Weighted, Shifted, kRows>(length, d.x + i * d.p + first, step, weights(i, kRows), length, spread,
+                                               us, acc, length);
+    }
+    for (; i + fold.observations <= i1; i += fold.observations) {
+      add_rows<T, K, Weighted, Shifted, 1>(length, d.x + i * d.p + first, step, weights(i, 1), length, spread, us, acc,
+                                           length);
+    }
+    for (; i < i1; ++i) {  // what is left of a folded row goes to its first observation's accumulators
+      add_rows<T, K, Weighted, Shifted, 1>(width, d.x + i * d.p + first, d.p, Weighted ? d.weights + i : nullptr, 0,
+                                           false, us, acc, length);
+    }
+    for (int k = 0; k < K; ++k) {
+      for (int64_t j = 0; j < length; ++j) sums[k][first + j % width] += acc[k * length + j];
+    }
+  }
+}
+
+template <class T, int K, bool Weighted, bool Shifted>
+void add(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const T* shift, T* const sums[4]) {
+  constexpr int64_t kSegment = 65536;  // observations added before a sum joins the total: bounds rounding errors
+  for (int64_t i = i0; i < i1; i += kSegment) {
+    const int64_t end = std::min(i + kSegment, i1);
+    if (d.contiguous_variables) {
+      add_contiguous_variables<T, K, Weighted, Shifted>(d, i, end, j0, j1, shift, sums);
+    } else {
+      add_contiguous_observations<T, K, Weighted, Shifted>(d, i, end, j0, j1, shift, sums);
+    }
+  }
+}
+
+template <class T, int K>
+void add(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const T* shift, T* const sums[4]) {
+  if (d.weights != nullptr) {
+    shift != nullptr ? add<T, K, true, true>(d, i0, i1, j0, j1, shift, sums)
+                     : add<T, K, true, false>(d, i0, i1, j0, j1, shift, sums);
+  } else {
+    shift != nullptr ? add<T, K, false, true>(d, i0, i1, j0, j1, shift, sums)
+                     : add<T, K, false, false>(d, i0, i1, j0, j1, shift, sums);
+  }
+}
+
+}  // namespace
+
+template <class T>
+void add_power_sums(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, int order, const T* shift,
+                    T* const sums[4]) {
+  switch (order) {
+    case 1: return add<T, 1>(d, i0, i1, j0, j1, shift, sums);
+    case 2: return add<T, 2>(d, i0, i1, j0, j1, shift, sums);
+    case 3: return add<T, 3>(d, i0, i1, j0, j1, shift, sums);
+    case 4: return add<T, 4>(d, i0, i1, j0, j1, shift, sums);
+    default: return;
+  }
+}
+
+template void add_power_sums(const Data<float>&, int64_t, int64_t, int64_t, int64_t, int, const float*,
+                             float* const[4]);
+template void add_power_sums(const Data<double>&, int64_t, int64_t, int64_t, int64_t, int, const double*,
+                             double* const[4]);
+
+}  // namespace orvik::ss

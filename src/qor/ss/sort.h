@@ -1,0 +1,157 @@
+// Sorting and selection in place. NaNs go last; no input takes more than O(n log n).
+#pragma once
+
+#include <cstdint>
+#include <utility>
+
+namespace orvik::ss {
+
+// An array whose elements are `step` apart.
+template <class T>
+struct Strided {
+  T* a;
+  int64_t step;
+  T& operator[](int64_t i) const { return a[i * step]; }
+};
+
+namespace sorting {
+
+// Segments below this length are left to insertion.
+inline constexpr int64_t kShort = 7;
+
+inline int depth_limit(int64_t n) { return 2 * (64 - __builtin_clzll(static_cast<uint64_t>(n) | 1)); }
+
+template <class A>
+void insertion(A a, int64_t low, int64_t high) {
+  for (int64_t i = low + 1; i <= high; ++i) {
+    const auto x = a[i];
+    int64_t j = i;
+    for (; j > low && x < a[j - 1]; --j) a[j] = a[j - 1];
+    a[j] = x;
+  }
+}
+
+// What a segment that partitions badly is left to.
+template <class A>
+void heap(A a, int64_t low, int64_t high) {
+  const int64_t n = high - low + 1;
+  auto sift = [&](int64_t root, int64_t end) {
+    const auto x = a[low + root];
+    for (int64_t child; (child = 2 * root + 1) < end; root = child) {
+      if (child + 1 < end && a[low + child] < a[low + child + 1]) ++child;
+      if (!(x < a[low + child])) break;
+      a[low + root] = a[low + child];
+    }
+    a[low + root] = x;
+  };
+  for (int64_t i = n / 2 - 1; i >= 0; --i) sift(i, n);
+  for (int64_t end = n - 1; end > 0; --end) {
+    std::swap(a[low], a[low + end]);
+    sift(0, end);
+  }
+}
+
+// Splits a segment of at least 3 elements around the median of its ends and middle: nothing before *right + 1 is above
+// the pivot, nothing behind *left - 1 below it, and the elements between are in place.
+template <class A>
+void partition(A a, int64_t low, int64_t high, int64_t* left, int64_t* right) {
+  std::swap(a[low + (high - low) / 2], a[low + 1]);
+  if (a[high] < a[low]) std::swap(a[low], a[high]);
+  if (a[high] < a[low + 1]) std::swap(a[low + 1], a[high]);
+  if (a[low + 1] < a[low]) std::swap(a[low], a[low + 1]);
+  const auto pivot = a[low + 1];
+  int64_t i = low + 1, j = high;
+  for (;;) {
+    do ++i;
+    while (a[i] < pivot);
+    do --j;
+    while (pivot < a[j]);
+    if (j < i) break;
+    std::swap(a[i], a[j]);
+  }
+  a[low + 1] = a[j];
+  a[j] = pivot;
+  *left = i;
+  *right = j - 1;
+}
+
+}  // namespace sorting
+
+// Sorts a[0 .. n - 1], which holds no NaN.
+template <class A>
+void quicksort(A a, int64_t n) {
+  struct Segment {
+    int64_t low, high;
+    int depth;
+  };
+  Segment stack[64];  // the smaller half is followed: one entry for each halving
+  int top = 0;
+  Segment s{0, n - 1, sorting::depth_limit(n)};
+  for (;;) {
+    while (s.high - s.low + 1 >= sorting::kShort) {
+      if (s.depth-- == 0) {
+        sorting::heap(a, s.low, s.high);
+        s.high = s.low;
+        break;
+      }
+      int64_t i, j;
+      sorting::partition(a, s.low, s.high, &i, &j);
+      const Segment before{s.low, j, s.depth}, behind{i, s.high, s.depth};
+      const bool follow = j - s.low < s.high - i;
+      stack[top++] = follow ? behind : before;
+      s = follow ? before : behind;
+    }
+    sorting::insertion(a, s.low, s.high);
+    if (top == 0) return;
+    s = stack[--top];
+  }
+}
+
+// Puts the element of rank k in place within a[low .. high], which holds no NaN, smaller ones before, larger behind.
+template <class A>
+void select(A a, int64_t low, int64_t high, int64_t k) {
+  int depth = sorting::depth_limit(high - low + 1);
+  while (high - low + 1 >= sorting::kShort) {
+    if (depth-- == 0) return sorting::heap(a, low, high);
+    int64_t i, j;
+    sorting::partition(a, low, high, &i, &j);
+    if (k <= j) {
+      high = j;
+    } else if (k >= i) {
+      low = i;
+    } else {
+      return;
+    }
+  }
+  sorting::insertion(a, low, high);
+}
+
+// Moves the NaNs behind all others; returns how many others there are.
+template <class A>
+int64_t move_nans(A a, int64_t n) {
+  int any = 0;
+  for (int64_t i = 0; i < n; ++i) any |= a[i] != a[i];
+  if (any == 0) return n;
+  for (int64_t i = 0; i < n; ++i) {
+    while (n > i && a[n - 1] != a[n - 1]) --n;
+    if (i < n && a[i] != a[i]) std::swap(a[i], a[--n]);
+  }
+  return n;
+}
+
+// Sorts `n` contiguous values, NaNs last, from `source` to `out` by the digits of their bit patterns. `temporary` has n
+// values; `source` may be `out` or `temporary`. n is at most 2^31 - 1.
+template <class T>
+void radix_sort(int64_t n, const T* source, T* out, T* temporary);
+
+// Below this count, comparing is faster.
+inline constexpr int64_t kRadixCount = 512;
+
+// Sorts `n` values in place, with n values of scratch.
+template <class T>
+void sort_with_scratch(int64_t n, T* a, T* scratch) {
+  if (n >= kRadixCount && n <= INT32_MAX) return radix_sort(n, a, a, scratch);
+  quicksort(a, move_nans(a, n));
+}
+
+}  // namespace orvik::ss

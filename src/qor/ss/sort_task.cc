@@ -1,0 +1,53 @@
+// Sorts each variable of a task.
+#include <algorithm>
+
+#include "orvik/ss.h"
+#include "qor/ss/by_variable.h"
+#include "qor/ss/sort.h"
+
+namespace orvik::ss {
+namespace {
+
+constexpr int64_t kForms = ORVIK_SS_STORAGE_ROWS | ORVIK_SS_STORAGE_COLUMNS;
+
+int32_t check(const Task& task, uint64_t method) {
+  if ((method & ORVIK_SS_METHOD_SORT) == 0) return kBadMethod;
+  if (task.sortedObservations == nullptr) return kNoSorted;
+  if (task.sortedStorage == nullptr) return kNoStorage;
+  const int64_t form = task.integer(task.sortedStorage) & kForms;
+  if (form == kForms) return kAmbiguousSorted;
+  if (form == 0) return kBadStorage;
+  if (const int32_t status = check_observations(task); status != kDone) return status;
+  return check_storage(task);
+}
+
+template <class T>
+int32_t sort_task(OrvikSSTask handle, uint64_t method, const OrvikThreading* threading) {
+  if (handle == nullptr) return kNoTask;
+  const Task& task = *static_cast<Task*>(handle);
+  if (const int32_t status = check(task, method); status != kDone) return status;
+  const Data<T> d = data_of<T>(task);
+  T* sorted = real<T>(task.sortedObservations);
+  const bool rows = d.p == 1 || (task.integer(task.sortedStorage) & ORVIK_SS_STORAGE_ROWS) != 0;
+  return for_each_variable(d, threading, d.n, [&](int64_t j, T* scratch) {
+    if (rows) {
+      copy_variable(d, j, sorted + j * d.n);
+      return sort_with_scratch(d.n, sorted + j * d.n, scratch);
+    }
+    copy_variable(d, j, scratch);
+    quicksort(scratch, move_nans(scratch, d.n));
+    for (int64_t i = 0; i < d.n; ++i) sorted[i * d.p + j] = scratch[i];
+  });
+}
+
+}  // namespace
+}  // namespace orvik::ss
+
+extern "C" {
+int32_t _qordSSSort(OrvikSSTask task, uint64_t, uint64_t method, const OrvikThreading* threading) {
+  return orvik::ss::sort_task<double>(task, method, threading);
+}
+int32_t _qorsSSSort(OrvikSSTask task, uint64_t, uint64_t method, const OrvikThreading* threading) {
+  return orvik::ss::sort_task<float>(task, method, threading);
+}
+}

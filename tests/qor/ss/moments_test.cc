@@ -1,0 +1,155 @@
+// Every moment against a two-pass long-double reference, over storage, weights, selection, method, threads and cuts of
+// the data into blocks.
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "qor/ss/reference.h"
+#include "qor/ss/support.h"
+
+namespace orvik::ss::test {
+namespace {
+
+constexpr uint64_t kAllEstimates = 0xFE0003FF;
+constexpr double kUntouched = -77.5;
+
+// One array per field, ids of all moments and sums.
+constexpr int32_t kIds[] = {OrvikSS_mean,           OrvikSS_rawMoment2,     OrvikSS_rawMoment3, OrvikSS_rawMoment4,
+                            OrvikSS_centralMoment2, OrvikSS_centralMoment3, OrvikSS_centralMoment4,
+                            OrvikSS_kurtosis,       OrvikSS_skewness,       OrvikSS_variation,  OrvikSS_sum,
+                            OrvikSS_rawSum2,        OrvikSS_rawSum3,        OrvikSS_rawSum4,    OrvikSS_centralSum2,
+                            OrvikSS_centralSum3,    OrvikSS_centralSum4};
+
+template <class T>
+struct Results {
+  std::vector<T> of[80];
+  std::vector<T> accumulated = std::vector<T>(2);
+
+  explicit Results(int64_t p) {
+    for (int32_t id : kIds) of[id].assign(p, static_cast<T>(kUntouched));
+  }
+  void attach(TaskOver<T>* task) {
+    for (int32_t id : kIds) ASSERT_EQ(task->set(id, of[id]), 0);
+    ASSERT_EQ(task->set(OrvikSS_accumulatedWeights, accumulated), 0);
+  }
+};
+
+struct Case {
+  int64_t p, n;
+  bool columns, weighted, selected, wide;
+  uint64_t method;
+  int threads, blocks;
+};
+
+template <class T>
+void check(const Sample<T>& sample, const Case& c) {
+  SCOPED_TRACE(testing::Message() << "p " << c.p << " n " << c.n << " columns " << c.columns << " weighted "
+                                  << c.weighted << " selected " << c.selected << " method " << c.method << " threads "
+                                  << c.threads << " blocks " << c.blocks << " size " << sizeof(T));
+  std::vector<int32_t> flags(c.p, 1);
+  for (int64_t j = 0; j < c.p; ++j) flags[j] = c.selected ? (j % 3 != 1) : 1;
+  Results<T> results(c.p);
+  std::vector<T> center(c.p);
+  const bool user = c.method == ORVIK_SS_METHOD_USER_MEAN;
+  if (user) {
+    const Reference plain(sample, c.weighted);
+    for (int64_t j = 0; j < c.p; ++j) center[j] = results.of[OrvikSS_mean][j] = static_cast<T>(plain.v[j].mean * 1.01L);
+  }
+  const Reference want(sample, c.weighted, user ? center.data() : nullptr);
+
+  // One task per block over the same arrays: a run goes on from arrays and weights alone. The user's mean of a block
+  // before is kept in the task, and does not change here.
+  for (int b = 0; b < c.blocks; ++b) {
+    const int64_t i0 = c.n * b / c.blocks, i1 = c.n * (b + 1) / c.blocks, m = i1 - i0;
+    std::vector<T> part(c.p * m);
+    for (int64_t i = 0; i < m; ++i) {
+      for (int64_t j = 0; j < c.p; ++j) part[c.columns ? i * c.p + j : j * m + i] = sample.at(i0 + i, j);
+    }
+    TaskOver<T> task(c.wide);
+    ASSERT_EQ(task.make(c.p, m, c.columns ? 0x20000 : 0x10000, part.data(),
+                        c.weighted ? sample.weights.data() + i0 : nullptr, c.selected ? flags.data() : nullptr),
+              0);
+    results.attach(&task);
+    ASSERT_EQ(Entries<T>::basic(task.get(), kAllEstimates, c.method, threads(c.threads)), 0);
+  }
+
+  EXPECT_NEAR(results.accumulated[0], static_cast<double>(want.weight), 1e-6 * static_cast<double>(want.weight));
+  EXPECT_NEAR(results.accumulated[1], static_cast<double>(want.squares), 1e-6 * static_cast<double>(want.squares));
+  const double eps = std::numeric_limits<T>::epsilon() * (c.blocks > 1 ? 4 : 1);
+  for (int64_t j = 0; j < c.p; ++j) {
+    if (flags[j] == 0) {
+      if (user) continue;
+      for (int32_t id : kIds) ASSERT_EQ(results.of[id][j], static_cast<T>(kUntouched)) << "id " << id;
+      continue;
+    }
+    const auto& v = want.v[j];
+    auto near = [&](int32_t id, long double value, long double scale, double ulps) {
+      ASSERT_NEAR(static_cast<double>(results.of[id][j]), static_cast<double>(value),
+                  ulps * eps * static_cast<double>(scale))
+          << "id " << id << " variable " << j;
+    };
+    // Plain sums lose what cancels in the conversion to central moments; running updates do not.
+    const bool fast = c.method == ORVIK_SS_METHOD_FAST;
+    long double scale[5] = {};
+    for (int k = 2; k <= 4; ++k) {
+      long double central = std::pow(std::sqrt(want.v[j].c[2] + 1e-30L), k) + std::fabs(v.c[k]);
+      scale[k] = fast ? v.absolute[k] * 8 + std::pow(std::fabs(v.mean), k) : central;
+    }
+    // A running mean is rounded at every observation.
+    const double steps = c.method == ORVIK_SS_METHOD_ONE_PASS ? 4 * std::sqrt(static_cast<double>(c.n)) : 0;
+    near(OrvikSS_mean, user ? static_cast<long double>(center[j]) : v.mean, std::fabs(v.mean), 40 + steps);
+    near(OrvikSS_sum, v.s[1], v.absolute[1] * want.weight, 40);
+    for (int k = 2; k <= 4; ++k) {
+      near(OrvikSS_rawMoment2 + k - 2, v.r[k], v.absolute[k], 60);
+      near(OrvikSS_rawSum2 + k - 2, v.s[k], v.absolute[k] * want.weight, 60);
+      near(OrvikSS_centralMoment2 + k - 2, v.c[k], scale[k], 200);
+      near(OrvikSS_centralSum2 + k - 2, v.cs[k], scale[k] * want.weight, 200);
+    }
+    if (c.n < 3) continue;
+    const long double c2 = v.c[2];
+    near(OrvikSS_variation, v.variation, std::fabs(v.variation) * (1 + scale[2] / c2), 200);
+    near(OrvikSS_skewness, v.skewness, scale[3] / std::pow(c2, 1.5L) + std::fabs(v.skewness) * scale[2] / c2, 400);
+    near(OrvikSS_kurtosis, v.kurtosis, scale[4] / (c2 * c2) + (v.kurtosis + 3) * scale[2] / c2, 400);
+  }
+}
+
+template <class T>
+class Moments : public testing::Test {};
+using Types = testing::Types<double, float>;
+TYPED_TEST_SUITE(Moments, Types);
+
+constexpr uint64_t kMethods[] = {ORVIK_SS_METHOD_FAST, ORVIK_SS_METHOD_ONE_PASS, ORVIK_SS_METHOD_USER_MEAN};
+
+TYPED_TEST(Moments, AgreeWithATwoPassReferenceInEveryCombination) {
+  for (const auto& [p, n] : {std::pair<int64_t, int64_t>{1, 777}, {2, 1030}, {5, 611}, {17, 300}, {70, 129}}) {
+    const auto sample = random_sample<TypeParam>(p, n);
+    for (bool columns : {false, true}) {
+      for (bool weighted : {false, true}) {
+        for (bool selected : {false, true}) {
+          for (uint64_t method : kMethods) {
+            for (int threads : {0, 3}) check(sample, {p, n, columns, weighted, selected, columns, method, threads, 1});
+            check(sample, {p, n, columns, weighted, selected, false, method, 2, 5});
+          }
+        }
+      }
+    }
+    if (this->HasFatalFailure()) return;
+  }
+}
+
+TYPED_TEST(Moments, AgreeForEveryNumberOfThreads) {
+  const auto sample = random_sample<TypeParam>(9, 20011);
+  for (int threads = 1; threads <= 8; ++threads) {
+    for (uint64_t method : kMethods) check(sample, {9, 20011, (threads & 1) != 0, true, false, true, method, threads, 2});
+  }
+}
+
+TYPED_TEST(Moments, OfOneObservation) {
+  for (int64_t p : {1, 3}) {
+    const auto sample = random_sample<TypeParam>(p, 1);
+    for (uint64_t method : kMethods) check(sample, {p, 1, false, false, false, false, method, 8, 1});
+  }
+}
+
+}  // namespace
+}  // namespace orvik::ss::test

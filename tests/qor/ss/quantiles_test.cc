@@ -1,0 +1,259 @@
+// Exact quantiles, order statistics, the sort of a task, deviations, weighted median, Mahalanobis distance.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "qor/ss/support.h"
+
+namespace orvik::ss::test {
+namespace {
+
+constexpr double kUntouched = -77.5;
+
+template <class T>
+std::vector<T> sorted_variable(const Sample<T>& s, int64_t j) {
+  std::vector<T> v(s.rows.begin() + j * s.n, s.rows.begin() + (j + 1) * s.n);
+  std::sort(v.begin(), v.end());
+  return v;
+}
+
+// q (n - 1) counted from 0, linear between ranks.
+template <class T>
+double quantile_of(const std::vector<T>& sorted, double q) {
+  const double f = q * static_cast<double>(sorted.size() - 1);
+  const auto k = static_cast<int64_t>(f);
+  const auto next = std::min<int64_t>(k + 1, static_cast<int64_t>(sorted.size()) - 1);
+  return sorted[k] + (f - std::floor(f)) * (static_cast<double>(sorted[next]) - sorted[k]);
+}
+
+template <class T>
+class Quantiles : public testing::Test {};
+using Types = testing::Types<double, float>;
+TYPED_TEST_SUITE(Quantiles, Types);
+
+TYPED_TEST(Quantiles, AgreeWithTheDefinitionInEveryCombination) {
+  using T = TypeParam;
+  std::vector<T> many(50);
+  for (int k = 0; k < 50; ++k) many[k] = static_cast<T>(k * 37 % 50) / 49;
+  const std::vector<std::vector<T>> order_sets = {
+      {T(0.5)}, {T(0.25), T(0.5), T(0.75)}, {T(1), T(0), T(0.999), T(0.001), T(0.5), T(0.5)}, many};
+  for (const auto& [p, n] : {std::pair<int64_t, int64_t>{1, 1}, {1, 1000}, {3, 2}, {5, 777}, {4, 6000}}) {
+    const auto sample = random_sample<T>(p, n);
+    for (int mask = 0; mask < 16; ++mask) {
+      const bool columns = mask & 1, selected = mask & 2, statistics = mask & 4, out_columns = mask & 8;
+      for (const auto& orders : order_sets) {
+        const auto count = static_cast<int64_t>(orders.size());
+        std::vector<int32_t> flags(p);
+        for (int64_t j = 0; j < p; ++j) flags[j] = selected ? j % 3 != 1 : 1;
+        const T old = static_cast<T>(kUntouched);
+        std::vector<T> quantiles(p * count, old), sorted(p * n, old);
+        TaskOver<T> task(columns);
+        ASSERT_EQ(task.make(p, n, columns ? 0x20000 : 0x10000, (columns ? sample.columns : sample.rows).data(), nullptr,
+                            flags.data()),
+                  0);
+        task.set_integer(OrvikSS_quantileOrderCount, count);
+        task.set(OrvikSS_quantileOrders, orders);
+        task.set(OrvikSS_quantiles, quantiles);
+        task.set(OrvikSS_orderStatistics, sorted);
+        task.set_integer(OrvikSS_orderStatisticsStorage, out_columns ? 0x20000 : 0x10000);
+        const uint64_t estimates = ORVIK_SS_QUANTILES | (statistics ? ORVIK_SS_ORDER_STATISTICS : 0);
+        ASSERT_EQ(Entries<T>::quantiles(task.get(), estimates, 1, threads(mask % 4)), 0);
+        for (int64_t j = 0; j < p; ++j) {
+          const auto want = sorted_variable(sample, j);
+          for (int64_t k = 0; k < count; ++k) {
+            const double value = flags[j] ? quantile_of(want, orders[k]) : kUntouched;
+            ASSERT_NEAR(quantiles[j * count + k], value,
+                        4 * std::numeric_limits<T>::epsilon() * std::fabs(value) + 1e-300)
+                << "p " << p << " n " << n << " mask " << mask << " order " << orders[k];
+          }
+          for (int64_t i = 0; i < n; ++i) {
+            const T got = p > 1 && out_columns ? sorted[i * p + j] : sorted[j * n + i];
+            ASSERT_EQ(got, statistics && flags[j] ? want[i] : old);
+          }
+        }
+      }
+    }
+  }
+}
+
+template <class T>
+std::vector<T> quantiles_of(const std::vector<T>& x, const std::vector<T>& orders, int32_t* status = nullptr) {
+  std::vector<T> results(orders.size() + 1, static_cast<T>(kUntouched));
+  TaskOver<T> task;
+  EXPECT_EQ(task.make(1, static_cast<int64_t>(x.size()), 0x10000, x.data()), 0);
+  const T none = 0;
+  task.set_integer(OrvikSS_quantileOrderCount, static_cast<int64_t>(orders.size()));
+  task.set(OrvikSS_quantileOrders, orders.empty() ? &none : orders.data());
+  task.set(OrvikSS_quantiles, results);
+  const int32_t got = Entries<T>::quantiles(task.get(), ORVIK_SS_QUANTILES, 1, nullptr);
+  if (status != nullptr) {
+    *status = got;
+  } else {
+    EXPECT_EQ(got, 0);
+  }
+  return results;
+}
+
+TYPED_TEST(Quantiles, OrderOneIsTheLargestValueExactly) {
+  EXPECT_EQ((quantiles_of<TypeParam>({3, 1, 4, 1, 5, 9, 2, 6}, {1})[0]), 9);
+}
+
+TYPED_TEST(Quantiles, OfOneValueAreThatValueForEveryOrder) {
+  const auto q = quantiles_of<TypeParam>({TypeParam(0.1)}, {0, TypeParam(0.3), 1});
+  for (int k = 0; k < 3; ++k) EXPECT_EQ(q[k], TypeParam(0.1));
+}
+
+TYPED_TEST(Quantiles, OrderHalfOfAnEvenNumberIsTheMeanOfTheTwoMiddleValues) {
+  EXPECT_EQ((quantiles_of<TypeParam>({10, 3, 4, 1}, {TypeParam(0.5)})[0]), TypeParam(3.5));
+}
+
+TYPED_TEST(Quantiles, WithoutOrdersGiveNoResultAndNoError) {
+  int32_t status = 1;
+  EXPECT_EQ((quantiles_of<TypeParam>({3, 1}, {}, &status)[0]), static_cast<TypeParam>(kUntouched));
+  EXPECT_EQ(status, 0);
+}
+
+TYPED_TEST(Quantiles, NanIsTheLargestValue) {
+  const TypeParam nan = std::numeric_limits<TypeParam>::quiet_NaN();
+  const auto q = quantiles_of<TypeParam>({nan, 1, nan, 2, 3}, {0, TypeParam(0.25), 1});
+  EXPECT_EQ(q[0], 1);
+  EXPECT_EQ(q[1], 2);
+  EXPECT_TRUE(std::isnan(q[2]));
+  const auto all = quantiles_of<TypeParam>(std::vector<TypeParam>(20, nan), {0, TypeParam(0.5)});
+  EXPECT_TRUE(std::isnan(all[0]));
+}
+
+TYPED_TEST(Quantiles, SortOfATaskAgreesInEveryLayout) {
+  using T = TypeParam;
+  for (const auto& [p, n] : {std::pair<int64_t, int64_t>{1, 5000}, {1, 3}, {4, 700}, {3, 6}}) {
+    const auto sample = random_sample<T>(p, n);
+    for (int mask = 0; mask < 8; ++mask) {
+      const bool columns = mask & 1, out_columns = mask & 2, selected = mask & 4;
+      std::vector<int32_t> flags(p);
+      for (int64_t j = 0; j < p; ++j) flags[j] = selected ? j % 3 != 1 : 1;
+      std::vector<T> sorted(p * n, static_cast<T>(kUntouched));
+      TaskOver<T> task;
+      task.make(p, n, columns ? 0x20000 : 0x10000, (columns ? sample.columns : sample.rows).data(), nullptr, flags.data());
+      task.set(OrvikSS_sortedObservations, sorted);
+      task.set_integer(OrvikSS_sortedStorage, out_columns ? 0x20000 : 0x10000);
+      ASSERT_EQ(Entries<T>::sort_task(task.get(), 0, ORVIK_SS_METHOD_SORT, threads(mask % 3)), 0);
+      for (int64_t j = 0; j < p; ++j) {
+        const auto want = sorted_variable(sample, j);
+        for (int64_t i = 0; i < n; ++i) {
+          ASSERT_EQ((p > 1 && out_columns ? sorted[i * p + j] : sorted[j * n + i]),
+                    flags[j] ? want[i] : static_cast<T>(kUntouched));
+        }
+      }
+    }
+  }
+}
+
+TYPED_TEST(Quantiles, AbsoluteDeviationsAgreeWithTheirDefinition) {
+  using T = TypeParam;
+  for (const auto& [p, n] : {std::pair<int64_t, int64_t>{1, 1}, {1, 101}, {4, 600}, {3, 2}}) {
+    const auto sample = random_sample<T>(p, n);
+    for (int mask = 0; mask < 4; ++mask) {
+      const bool columns = mask & 1, given = mask & 2;
+      std::vector<T> median(p), mean(p), center(p, T(1.5));
+      TaskOver<T> task;
+      task.make(p, n, columns ? 0x20000 : 0x10000, (columns ? sample.columns : sample.rows).data());
+      task.set(OrvikSS_medianAbsDeviation, median);
+      task.set(OrvikSS_meanAbsDeviation, mean);
+      task.set(OrvikSS_mean, center);
+      ASSERT_EQ(Entries<T>::mad(task.get(), ORVIK_SS_MEDIAN_ABS_DEVIATION | ORVIK_SS_MEAN_ABS_DEVIATION,
+                                given ? 0x101 : 0x1, threads(mask)),
+                0);
+      for (int64_t j = 0; j < p; ++j) {
+        auto v = sorted_variable(sample, j);
+        long double m = 0, deviation = 0;
+        for (T x : v) m += x;
+        m = given ? 1.5L : m / n;
+        for (T x : v) deviation += std::fabs(x - m);
+        EXPECT_NEAR(mean[j], static_cast<double>(deviation / n), 20 * std::numeric_limits<T>::epsilon());
+        const T middle = static_cast<T>(quantile_of(v, 0.5));
+        for (T& x : v) x = std::fabs(x - middle);
+        std::sort(v.begin(), v.end());
+        EXPECT_NEAR(median[j], quantile_of(v, 0.5), 4 * std::numeric_limits<T>::epsilon());
+      }
+    }
+  }
+}
+
+template <class T>
+T weighted_median(const std::vector<T>& x, const std::vector<T>& w) {
+  T result = static_cast<T>(kUntouched);
+  TaskOver<T> task;
+  EXPECT_EQ(task.make(1, static_cast<int64_t>(x.size()), 0x10000, x.data(), w.data()), 0);
+  task.set(OrvikSS_quantiles, &result);
+  EXPECT_EQ(Entries<T>::weighted_median(task.get(), 0, 0, nullptr), 0);
+  return result;
+}
+
+TYPED_TEST(Quantiles, WeightedMedianIsWhereTheRunningWeightPassesHalf) {
+  using T = TypeParam;
+  EXPECT_EQ((weighted_median<T>({5, 1, 3}, {1, 1, 1})), 3);
+  EXPECT_EQ((weighted_median<T>({5, 1, 3}, {10, 1, 1})), 5);
+  EXPECT_EQ((weighted_median<T>({5}, {2})), 5);
+}
+
+TYPED_TEST(Quantiles, WeightedMedianAtExactlyHalfIsTheMeanOfTheNeighbours) {
+  using T = TypeParam;
+  EXPECT_EQ((weighted_median<T>({4, 1, 3, 2}, {1, 1, 1, 1})), T(2.5));
+  EXPECT_EQ((weighted_median<T>({1, 2, 9}, {2, 0, 2})), 5);
+}
+
+TYPED_TEST(Quantiles, WeightedMedianOfEveryVariableInBothStorages) {
+  using T = TypeParam;
+  const auto sample = random_sample<T>(4, 301);
+  for (bool columns : {false, true}) {
+    std::vector<T> medians(4);
+    TaskOver<T> task;
+    task.make(4, 301, columns ? 0x20000 : 0x10000, (columns ? sample.columns : sample.rows).data(), sample.weights.data());
+    task.set(OrvikSS_quantiles, medians);
+    ASSERT_EQ(Entries<T>::weighted_median(task.get(), 0, 0, threads(3)), 0);
+    for (int64_t j = 0; j < 4; ++j) {
+      double below = 0, above = 0, total = 0;
+      for (int64_t i = 0; i < 301; ++i) {
+        total += sample.weights[i];
+        if (sample.at(i, j) < medians[j]) below += sample.weights[i];
+        if (sample.at(i, j) > medians[j]) above += sample.weights[i];
+      }
+      EXPECT_LE(below, total / 2 * (1 + 1e-12));
+      EXPECT_LE(above, total / 2 * (1 + 1e-12));
+    }
+  }
+}
+
+TYPED_TEST(Quantiles, MahalanobisDistanceAgreesWithItsDefinition) {
+  using T = TypeParam;
+  for (int64_t p : {1, 2, 3, 4, 9}) {
+    constexpr int64_t kCount = 5000;
+    const auto sample = random_sample<T>(p, kCount);
+    std::vector<T> inverse(p * p), mean(p, T(2)), distances(kCount);
+    for (int64_t i = 0; i < p; ++i) {
+      for (int64_t j = 0; j < p; ++j) inverse[i * p + j] = static_cast<T>(i == j ? 2 : 1.0 / (2 + i + j));
+    }
+    for (int mask = 0; mask < 4; ++mask) {
+      const bool columns = mask & 1;
+      TaskOver<T> task;
+      task.make(p, kCount, columns ? 0x20000 : 0x10000, (columns ? sample.columns : sample.rows).data());
+      task.set(OrvikSS_mean, mean);
+      ASSERT_EQ(Entries<T>::distance(task.get(), p, inverse.data(), distances.data(), threads(mask)), 0);
+      for (int64_t i = 0; i < kCount; i += 7) {
+        long double square = 0;
+        for (int64_t j = 0; j < p; ++j) {
+          for (int64_t k = 0; k < p; ++k) {
+            square += static_cast<long double>(inverse[j * p + k]) * (sample.at(i, j) - mean[j]) * (sample.at(i, k) - mean[k]);
+          }
+        }
+        const double want = static_cast<double>(std::sqrt(square));
+        ASSERT_NEAR(distances[i], want, 100 * std::numeric_limits<T>::epsilon() * (want + 1));
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace orvik::ss::test

@@ -1,0 +1,200 @@
+// Quantiles of a stream: rank error, bounded memory, a state that survives a failed allocation.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "qor/ss/stream_summary.h"
+#include "qor/ss/support.h"
+#include "serv/memory.h"
+
+namespace orvik::ss::test {
+namespace {
+
+template <class T>
+struct Stream {
+  Stream(int64_t p, double epsilon, std::vector<T> orders)
+      : p(p), epsilon(static_cast<T>(epsilon)), orders(std::move(orders)), results(p * this->orders.size(), T{-77}) {}
+
+  // Feeds n observations; the task lives on between the blocks.
+  int32_t feed(int64_t n, const T* x, int64_t storage, const OrvikThreading* threading = nullptr) {
+    if (task.get() == nullptr) {
+      EXPECT_EQ(task.make(p, 1, 0x10000, orders.data()), 0);
+      task.set_integer(OrvikSS_streamOrderCount, static_cast<int64_t>(orders.size()));
+      task.set(OrvikSS_streamOrders, orders);
+      task.set(OrvikSS_streamQuantiles, results);
+      task.set_integer(OrvikSS_streamParameterCount, 1);
+      task.set(OrvikSS_streamParameters, &epsilon);
+    }
+    count = static_cast<int32_t>(n);
+    form = static_cast<int32_t>(storage);
+    __qoriSSEditTask(task.get(), OrvikSS_observationCount, &count);
+    __qoriSSEditTask(task.get(), OrvikSS_observationStorage, &form);
+    if (x != nullptr) task.set(OrvikSS_observations, x);
+    return Entries<T>::stream(task.get(), 0, 0, threading);
+  }
+
+  int64_t p;
+  T epsilon;
+  std::vector<T> orders, results;
+  int32_t count, form;
+  TaskOver<T> task;
+};
+
+// The distance of a result's ranks from the wanted one, in parts of n.
+template <class T>
+double rank_error(const std::vector<T>& sorted, T value, double order) {
+  const auto n = static_cast<double>(sorted.size());
+  const auto low = static_cast<double>(std::lower_bound(sorted.begin(), sorted.end(), value) - sorted.begin()) + 1;
+  const auto high = static_cast<double>(std::upper_bound(sorted.begin(), sorted.end(), value) - sorted.begin());
+  if (high < low) return 1e9;  // a value that never came
+  const double rank = std::clamp(order * n, 1.0, n);
+  return std::max({low - rank, rank - high, 0.0}) / n;
+}
+
+template <class T>
+class StreamQuantiles : public testing::Test {};
+using Types = testing::Types<double, float>;
+TYPED_TEST_SUITE(StreamQuantiles, Types);
+
+TYPED_TEST(StreamQuantiles, RankErrorStaysWithinEpsilonUnderEveryFeeding) {
+  using T = TypeParam;
+  const std::vector<T> orders = {0, T(0.001), T(0.1), T(0.25), T(0.5), T(0.75), T(0.9), T(0.999), 1};
+  for (double epsilon : {0.1, 0.02, 0.003}) {
+    for (int64_t n : {1, 7, 100, 5000, 120000}) {
+      for (int kind = 0; kind < 6; ++kind) {
+        std::mt19937_64 engine(n);
+        std::vector<T> x(n);
+        for (int64_t i = 0; i < n; ++i) {
+          const double values[] = {static_cast<double>(i), static_cast<double>(n - i), 3.0,
+                                   static_cast<double>(engine() % 1000000), static_cast<double>(engine() % 5),
+                                   static_cast<double>(i % 2 == 0 ? i : -i)};
+          x[i] = static_cast<T>(values[kind]);
+        }
+        Stream<T> stream(1, epsilon, orders);
+        // Blocks of growing size.
+        for (int64_t i = 0, m = 1; i < n; i += m, m = m * 3 + 1) {
+          ASSERT_EQ(stream.feed(std::min(m, n - i), x.data() + i, 0x10000), 0);
+          std::vector<T> sorted(x.begin(), x.begin() + std::min(n, i + m));
+          std::sort(sorted.begin(), sorted.end());
+          for (size_t k = 0; k < orders.size(); ++k) {
+            ASSERT_LE(rank_error(sorted, stream.results[k], orders[k]), epsilon * (1 + 1e-6) + 0.5 / static_cast<double>(sorted.size()))  // ranks are whole
+                << "epsilon " << epsilon << " n " << n << " kind " << kind << " seen " << sorted.size() << " order "
+                << orders[k];
+          }
+        }
+      }
+    }
+  }
+}
+
+TYPED_TEST(StreamQuantiles, OfSeveralVariablesInBothStoragesByThreads) {
+  using T = TypeParam;
+  const std::vector<T> orders = {T(0.25), T(0.5), T(0.9)};
+  const auto sample = random_sample<T>(5, 9000);
+  for (bool columns : {false, true}) {
+    for (int threads : {0, 2, 5}) {
+      Stream<T> stream(5, 0.01, orders);
+      ASSERT_EQ(stream.feed(9000, (columns ? sample.columns : sample.rows).data(), columns ? 0x20000 : 0x10000,
+                            ss::test::threads(threads)),
+                0);
+      for (int64_t j = 0; j < 5; ++j) {
+        std::vector<T> sorted(sample.rows.begin() + j * 9000, sample.rows.begin() + (j + 1) * 9000);
+        std::sort(sorted.begin(), sorted.end());
+        for (int k = 0; k < 3; ++k) EXPECT_LE(rank_error(sorted, stream.results[j * 3 + k], orders[k]), 0.0101);
+      }
+    }
+  }
+}
+
+TYPED_TEST(StreamQuantiles, WithoutObservationsQueryWhatHasCome) {
+  using T = TypeParam;
+  Stream<T> stream(1, 0.1, {0, 1});
+  EXPECT_EQ(stream.feed(0, nullptr, 0), 0) << "an empty stream";
+  EXPECT_TRUE(std::isnan(stream.results[0]));
+  const std::vector<T> x = {3, 1, 2};
+  EXPECT_EQ(stream.feed(3, x.data(), 0x10000), 0);
+  stream.results = {0, 0};
+  stream.task.set(OrvikSS_streamQuantiles, stream.results);
+  EXPECT_EQ(stream.feed(0, nullptr, 0), 0);
+  EXPECT_EQ(stream.results, (std::vector<T>{1, 3}));
+}
+
+TYPED_TEST(StreamQuantiles, EpsilonOfOneStillAnswersWithAValueThatCame) {
+  using T = TypeParam;
+  Stream<T> stream(1, 1.0, {0, T(0.5), 1});
+  std::vector<T> x(1000);
+  for (int i = 0; i < 1000; ++i) x[i] = static_cast<T>((i * 7919) % 1000);
+  for (int i = 0; i < 1000; ++i) ASSERT_EQ(stream.feed(1, x.data() + i, 0x10000), 0);
+  EXPECT_EQ(stream.results[0], 0);
+  EXPECT_EQ(stream.results[2], 999);
+  EXPECT_GE(stream.results[1], 0);
+  EXPECT_LE(stream.results[1], 999);
+}
+
+TYPED_TEST(StreamQuantiles, NansAreTheLargestValues) {
+  using T = TypeParam;
+  const T nan = std::numeric_limits<T>::quiet_NaN();
+  Stream<T> stream(1, 0.05, {0, T(0.25), 1});
+  std::vector<T> x(3000);
+  for (int i = 0; i < 3000; ++i) x[i] = i % 2 == 0 ? nan : static_cast<T>(i);
+  ASSERT_EQ(stream.feed(3000, x.data(), 0x10000), 0);
+  EXPECT_EQ(stream.results[0], 1);
+  EXPECT_NEAR(stream.results[1], 1500, 0.05 * 6000);
+  EXPECT_TRUE(std::isnan(stream.results[2]));
+}
+
+TYPED_TEST(StreamQuantiles, AFailedAllocationLeavesTheStreamAsItWas) {
+  using T = TypeParam;
+  const std::vector<T> orders = {T(0.1), T(0.5), T(0.9)};
+  const auto sample = random_sample<T>(3, 4000);
+  for (int64_t prefix : {0, 1000}) {
+    bool succeeded = false;
+    for (int64_t fail = 1; !succeeded; ++fail) {
+      const int64_t live = serv::live_allocations();
+      {
+        Stream<T> stream(3, 0.05, orders);
+        if (prefix != 0) {
+          ASSERT_EQ(stream.feed(prefix, sample.columns.data(), 0x20000), 0);
+        }
+        const auto before = stream.results;
+        serv::fail_allocation_after(stream.task.get() == nullptr ? fail + 1 : fail);
+        const int32_t status = stream.feed(3000, sample.columns.data() + 3 * prefix, 0x20000);
+        serv::fail_allocation_after(0);
+        succeeded = status == 0;
+        if (!succeeded) {
+          ASSERT_EQ(status, -4000);
+          ASSERT_EQ(stream.results, before);
+          // The same stream without the failure.
+          ASSERT_EQ(stream.feed(3000, sample.columns.data() + 3 * prefix, 0x20000), 0);
+        }
+        Stream<T> calm(3, 0.05, orders);
+        if (prefix != 0) {
+          ASSERT_EQ(calm.feed(prefix, sample.columns.data(), 0x20000), 0);
+        }
+        ASSERT_EQ(calm.feed(3000, sample.columns.data() + 3 * prefix, 0x20000), 0);
+        ASSERT_EQ(stream.results, calm.results);
+      }
+      ASSERT_EQ(serv::live_allocations(), live);
+      ASSERT_LT(fail, 100);
+    }
+  }
+}
+
+// Bytes of all levels of a stream of n values against (1 / epsilon) log2(epsilon n)^2 entries.
+TEST(StreamMemory, GrowsWithTheSquareOfTheLogarithm) {
+  for (double epsilon : {0.1, 0.01, 0.001}) {
+    for (double n : {1e4, 1e6, 1e8, 1e12}) {
+      const int64_t last = level_of(epsilon, static_cast<int64_t>(n) - 1);
+      uint64_t bytes = LevelWork<double>::bytes(LevelShape(epsilon, last));
+      for (int64_t k = 0; k < last; ++k) bytes += sizeof(Ranked<double>) * LevelShape(epsilon, k).keep;
+      const double logarithm = std::log2(epsilon * n) + 2;
+      EXPECT_LT(static_cast<double>(bytes), 3 * sizeof(Ranked<double>) * logarithm * logarithm / epsilon)
+          << epsilon << " " << n;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace orvik::ss::test

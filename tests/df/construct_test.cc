@@ -13,7 +13,7 @@ TYPED_TEST_SUITE(ConstructTest, Reals);
 constexpr int64_t kAllEnds[] = {1, 2, 12, 24, 36, 48, 64};
 
 template <class Real>
-constexpr double kTolerance = sizeof(Real) == 8 ? 1e-12 : 2e-4;
+constexpr double kTolerance = sizeof(Real) == 8 ? 1e-13 : 5e-6;
 
 // A task that a kind accepts: periodic values, conditions given.
 template <class Real>

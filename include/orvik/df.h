@@ -11,6 +11,9 @@
 
 #include <stdint.h>
 
+/* Exported also where the library itself is built with hidden visibility. */
+#pragma GCC visibility push(default)
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -312,5 +315,7 @@ int32_t orvik_df_kernel_sDFInterpolate1D(OrvikDFTask task, int64_t flags, int64_
 #ifdef __cplusplus
 }
 #endif
+
+#pragma GCC visibility pop
 
 #endif

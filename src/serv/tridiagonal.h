@@ -7,6 +7,8 @@
 
 #include <stdint.h>
 
+// Exported also where the library itself is built with hidden visibility.
+#pragma GCC visibility push(default)
 extern "C" {
 
 // A = L U in place: dl stays, d becomes the reciprocals of the pivots, du the upper diagonal over the pivots.
@@ -25,5 +27,6 @@ void ddtsvb_4dfl(const int64_t* n, const int64_t* nrhs, double* dl, double* d, d
 void sdtsvb_4dfl(const int64_t* n, const int64_t* nrhs, float* dl, float* d, float* du, float* b, const int64_t* ldb,
                  int64_t* info);
 }
+#pragma GCC visibility pop
 
 #endif

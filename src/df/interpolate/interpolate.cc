@@ -1,0 +1,188 @@
+// The interpolation call: tests of arguments, then the path that the size of the call deserves.
+#include "df/interpolate/block.h"
+#include "df/interpolate/locate.h"
+#include "df/interpolate/polynomials.h"
+#include "df/services.h"
+#include "orvik/serv.h"
+
+namespace orvik::df {
+namespace {
+
+constexpr int64_t kSmallCall = 32;             // fewer sites need no allocated work area
+constexpr int64_t kThreadBlock = 64;           // unit in which sites are divided among threads
+constexpr int64_t kParallelResults = 1 << 14;  // fewer results are not worth the threads
+constexpr uint64_t kWorkArea = 18512;
+
+// Sites begin .. end - 1, block by block.
+template <class Real, class Index>
+int32_t run_range(const Request<Real>& request, int64_t begin, int64_t end, BlockRoom<Real, Index>& room) {
+  int64_t state = 0;
+  for (int64_t at = begin; at < end; at += kBlockSites) {
+    const int32_t status = run_block(request, at, std::min(kBlockSites, end - at), &state, room);
+    if (status < 0) return status;
+  }
+  return 0;
+}
+
+// A search callback is called on the calling thread only.
+template <class Real>
+int64_t tasks_for(const Request<Real>& request, const Services& services) {
+  const int64_t results = request.nsite * std::max<int64_t>(request.task.ny * request.orders.asked(), 1);
+  if (request.user.callback != nullptr || results < kParallelResults) return 1;
+  return std::min(request.nsite / kThreadBlock, services.max_threads());
+}
+
+template <class Real, class Index>
+int32_t run_on_threads(const Request<Real>& request, int64_t tasks, const Services& services,
+                       BlockRoom<Real, Index>& room) {
+  const int64_t blocks = request.nsite / kThreadBlock;
+  auto body = [&](int64_t index, int64_t) {
+    BlockRoom<Real, Index> own;
+    return run_range(request, kThreadBlock * (blocks * index / tasks), kThreadBlock * (blocks * (index + 1) / tasks),
+                     own);
+  };
+  const int32_t status = services.run(tasks, tasks, body);
+  if (status < 0) return status;
+  return run_range(request, kThreadBlock * blocks, request.nsite, room);
+}
+
+// One site of one function: no block is set up.
+template <int kOrder, class Real>
+void one_polynomial(const Request<Real>& request, int64_t cell) {
+  int64_t index;
+  Real t;
+  locate(request.task, 1, request.site, &cell, &index, &t);
+  const Real* c = request.task.template coefficients<Real>(0);
+  Real* r = request.r;
+  for (int64_t k = 0; k < request.orders.size(); ++k) {
+    if (!request.orders[k]) continue;
+    evaluate_polynomial<kOrder>(c, k, 1, &index, &t, r);
+    r += request.layout.derivative;
+  }
+}
+
+template <class Real>
+int32_t run_one_site(const Request<Real>& request) {
+  if (!request.compute || request.task.ny < 1) return 0;
+  const int64_t nx = request.task.nx;
+  int64_t state = 0, cell = 0;
+  if (!request.cells_given) {
+    if (request.finder.method() == Method::kSorted) approach_first_site(request.finder.lookup(), *request.site, &state);
+    cell = request.finder.one(*request.site, &state);
+  } else {
+    cell = request.narrow_user_cells() ? *static_cast<const int32_t*>(request.cell)
+                                       : *static_cast<const int64_t*>(request.cell);
+  }
+  const Supplier<Real>& supplier = cell < 1 ? request.left : cell >= nx ? request.right : request.inside;
+  if (supplier.callback != nullptr) {
+    for (int64_t k = 0; k < request.orders.asked(); ++k) {
+      int64_t count = 1;
+      Real* r = request.r + k * request.layout.derivative;
+      const int32_t status = supplier.callback(&count, request.site, &cell, r, supplier.params);
+      if (status < 0) return status;
+    }
+    return 0;
+  }
+  switch (request.evaluator) {
+    case Evaluator::kLinear: one_polynomial<2>(request, cell); break;
+    case Evaluator::kQuadratic: one_polynomial<3>(request, cell); break;
+    default: one_polynomial<4>(request, cell); break;
+  }
+  return 0;
+}
+
+template <class Real, class Index>
+int32_t run_blocks(const Request<Real>& request, const Services& services) {
+  using Room = BlockRoom<Real, Index>;
+  static_assert(sizeof(Room) <= kWorkArea);
+  Room* room = static_cast<Room*>(orvik_serv_allocate(kWorkArea, 128));
+  if (room == nullptr) return DFS_NO_MEMORY;
+  const int64_t tasks = tasks_for(request, services);
+  const int32_t status =
+      tasks > 1 ? run_on_threads(request, tasks, services, *room) : run_range(request, 0, request.nsite, *room);
+  orvik_serv_deallocate(room);
+  return status;
+}
+
+template <class Real>
+int32_t run(const Request<Real>& request, int64_t sitehint, int64_t flags, const Services& services) {
+  const Task& task = request.task;
+  const bool plain = request.evaluator <= Evaluator::kCubic && request.user.callback == nullptr;
+  if (request.nsite == 1 && plain && (flags & kCellsFlag) == 0 && (sitehint & kUniformSites) == 0 &&
+      request.orders.given() <= 4 && task.ny <= 1) {
+    return run_one_site(request);
+  }
+  if (request.nsite < 1) return 0;
+  if (needs_wide_index(task.nx)) return run_blocks<Real, int64_t>(request, services);
+  const bool cells_asked = request.write_cells || request.cells_given;
+  if (request.nsite < kSmallCall && (task.index_width & 3) == 0 && !cells_asked) {
+    BlockRoom<Real, int32_t> room;
+    return run_range(request, 0, request.nsite, room);
+  }
+  return run_blocks<Real, int32_t>(request, services);
+}
+
+template <class Real>
+int32_t interpolate(const Task* task, int64_t flags, int64_t nsite, const Real* site, int64_t sitehint, int64_t ndorder,
+                    const void* dorder, const Real* datahint, Real* r, int64_t rhint, void* cell,
+                    Supplier<Real> left, Supplier<Real> right, Supplier<Real> inside, const UserSearch<Real>& user,
+                    const OrvikDFServices* services) {
+  if (task == nullptr) return DFS_NO_TASK;
+  const bool all_callbacks = left.callback && right.callback && inside.callback;
+  Evaluator evaluator;
+  if (!choose_evaluator(task->s_order, task->s_type, all_callbacks, &evaluator)) return DFS_BAD_SPLINE_TYPE;
+  const bool cells_given = flags == kCellsGiven;
+  Method method = Method::kUserDefined;  // with cells given no method is needed
+  if (!cells_given) {
+    const int32_t status = choose_method(*task, user.callback != nullptr, sitehint, datahint, &method);
+    if (status != 0) return status;
+  }
+  const Orders orders(*task, ndorder, dorder);
+  Layout layout;
+  if (!Layout::from_hint(rhint, task->ny, nsite, orders.asked(), &layout)) return DFS_BAD_RESULT_HINT;
+  const Request<Real> request{*task,
+                              evaluator,
+                              Finder<Real>(*task, method, datahint),
+                              orders,
+                              layout,
+                              (flags & kComputeFlag) != 0 || cells_given,
+                              (flags & kCellsFlag) != 0,
+                              cells_given,
+                              (sitehint & kUniformSites) != 0,
+                              nsite,
+                              site,
+                              r,
+                              cell,
+                              left,
+                              right,
+                              inside,
+                              user};
+  return run(request, sitehint, flags, Services(services));
+}
+
+}  // namespace
+}  // namespace orvik::df
+
+using namespace orvik::df;
+
+extern "C" int32_t orvik_df_kernel_dDFInterpolate1D(
+    OrvikDFTask task, int64_t flags, int64_t, int64_t nsite, const double* site, int64_t sitehint, int64_t ndorder,
+    const void* dorder, const double* datahint, double* r, int64_t rhint, void* cell, OrvikDFInterpolateCallbackD le_cb,
+    void* le_params, OrvikDFInterpolateCallbackD re_cb, void* re_params, OrvikDFInterpolateCallbackD i_cb,
+    void* i_params, OrvikDFSearchCallbackD search_cb, const OrvikDFSearchParameters* search_params,
+    const OrvikDFServices* services) {
+  return interpolate<double>(as_task(task), flags, nsite, site, sitehint, ndorder, dorder, datahint, r, rhint, cell,
+                             {le_cb, le_params}, {re_cb, re_params}, {i_cb, i_params},
+                             UserSearch<double>(search_cb, search_params), services);
+}
+
+extern "C" int32_t orvik_df_kernel_sDFInterpolate1D(
+    OrvikDFTask task, int64_t flags, int64_t, int64_t nsite, const float* site, int64_t sitehint, int64_t ndorder,
+    const void* dorder, const float* datahint, float* r, int64_t rhint, void* cell, OrvikDFInterpolateCallbackS le_cb,
+    void* le_params, OrvikDFInterpolateCallbackS re_cb, void* re_params, OrvikDFInterpolateCallbackS i_cb,
+    void* i_params, OrvikDFSearchCallbackS search_cb, const OrvikDFSearchParameters* search_params,
+    const OrvikDFServices* services) {
+  return interpolate<float>(as_task(task), flags, nsite, site, sitehint, ndorder, dorder, datahint, r, rhint, cell,
+                            {le_cb, le_params}, {re_cb, re_params}, {i_cb, i_params},
+                            UserSearch<float>(search_cb, search_params), services);
+}

@@ -1,0 +1,80 @@
+// Coefficients of several intervals, turned so that vector j holds the power j of all of them. Whole rows are loaded:
+// gathering element by element costs several times as much on the processors this is tuned for.
+#ifndef ORVIK_DF_INTERPOLATE_ROWS_H
+#define ORVIK_DF_INTERPOLATE_ROWS_H
+
+#include "df/lanes.h"
+
+namespace orvik::df {
+
+inline __m256d join(__m128d low, __m128d high) { return _mm256_insertf128_pd(_mm256_castpd128_pd256(low), high, 1); }
+inline __m256 join(__m128 low, __m128 high) { return _mm256_insertf128_ps(_mm256_castps128_ps256(low), high, 1); }
+
+// c[0] and c[1] of four rows: two columns.
+template <int kOrder, class Index>
+void load_pairs(const double* c, const Index* i, Lanes<double>* out) {
+  const auto row = [&](int k) { return _mm_loadu_pd(c + kOrder * static_cast<int64_t>(i[k])); };
+  const __m256d even = join(row(0), row(2)), odd = join(row(1), row(3));
+  out[0] = _mm256_unpacklo_pd(even, odd);
+  out[1] = _mm256_unpackhi_pd(even, odd);
+}
+
+// Element `at` of four rows.
+template <int kOrder, class Index>
+Lanes<double> load_column(const double* c, const Index* i, int at) {
+  const auto row = [&](int k) { return c + kOrder * static_cast<int64_t>(i[k]) + at; };
+  return join(_mm_loadh_pd(_mm_load_sd(row(0)), row(1)), _mm_loadh_pd(_mm_load_sd(row(2)), row(3)));
+}
+
+template <int kOrder, class Index>
+void load_columns(const double* c, const Index* i, Lanes<double>* out) {
+  if constexpr (kOrder == 4) {
+    const auto row = [&](int k) { return _mm256_loadu_pd(c + 4 * static_cast<int64_t>(i[k])); };
+    const __m256d r0 = row(0), r1 = row(1), r2 = row(2), r3 = row(3);
+    const __m256d a = _mm256_unpacklo_pd(r0, r1), b = _mm256_unpackhi_pd(r0, r1);
+    const __m256d d = _mm256_unpacklo_pd(r2, r3), e = _mm256_unpackhi_pd(r2, r3);
+    out[0] = _mm256_permute2f128_pd(a, d, 0x20);
+    out[1] = _mm256_permute2f128_pd(b, e, 0x20);
+    out[2] = _mm256_permute2f128_pd(a, d, 0x31);
+    out[3] = _mm256_permute2f128_pd(b, e, 0x31);
+  } else {
+    load_pairs<kOrder>(c, i, out);
+    if constexpr (kOrder == 3) out[2] = load_column<3>(c, i, 2);
+  }
+}
+
+template <int kOrder, class Index>
+void load_columns(const float* c, const Index* i, Lanes<float>* out) {
+  const auto at = [&](int k) { return c + kOrder * static_cast<int64_t>(i[k]); };
+  if constexpr (kOrder == 4) {
+    const auto rows = [&](int k) { return join(_mm_loadu_ps(at(k)), _mm_loadu_ps(at(k + 4))); };
+    const __m256 r0 = rows(0), r1 = rows(1), r2 = rows(2), r3 = rows(3);
+    const __m256 a = _mm256_unpacklo_ps(r0, r1), b = _mm256_unpackhi_ps(r0, r1);
+    const __m256 d = _mm256_unpacklo_ps(r2, r3), e = _mm256_unpackhi_ps(r2, r3);
+    out[0] = _mm256_shuffle_ps(a, d, 0x44);
+    out[1] = _mm256_shuffle_ps(a, d, 0xEE);
+    out[2] = _mm256_shuffle_ps(b, e, 0x44);
+    out[3] = _mm256_shuffle_ps(b, e, 0xEE);
+  } else {
+    const auto pair = [&](int k) {
+      return _mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(at(k))));
+    };
+    const auto pairs = [&](int k) {  // rows k and k + 1, and four further
+      return join(_mm_unpacklo_ps(pair(k), pair(k + 1)), _mm_unpacklo_ps(pair(k + 4), pair(k + 5)));
+    };
+    const __m256 a = pairs(0), b = pairs(2);
+    out[0] = _mm256_shuffle_ps(a, b, 0x44);
+    out[1] = _mm256_shuffle_ps(a, b, 0xEE);
+    if constexpr (kOrder == 3) {
+      const auto single = [&](int k) { return _mm_load_ss(at(k) + 2); };
+      const auto singles = [&](int k) {
+        return _mm_movelh_ps(_mm_unpacklo_ps(single(k), single(k + 1)), _mm_unpacklo_ps(single(k + 2), single(k + 3)));
+      };
+      out[2] = join(singles(0), singles(4));
+    }
+  }
+}
+
+}  // namespace orvik::df
+
+#endif

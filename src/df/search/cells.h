@@ -1,0 +1,174 @@
+// The search methods, one site at a time: the meaning of every method, and what short calls run.
+//
+// Cell 0 lies left of x[0], cell i is [x[i-1], x[i]), cell nx lies right of x[nx-1]; x[nx-1] itself is in cell nx - 1.
+// No method leaves its arrays, whatever the site: not-a-numbers and infinities included.
+#ifndef ORVIK_DF_SEARCH_CELLS_H
+#define ORVIK_DF_SEARCH_CELLS_H
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace orvik::df {
+
+// A partition and what a method needs beside it. `value` is the inverse step, the peak or the buckets' scale.
+template <class Real>
+struct Lookup {
+  int64_t nx;
+  const Real* x;
+  Real value;
+  const int64_t* table;  // of the hybrid method; null: none
+};
+
+// The least real that is not below n.
+template <class Real>
+Real real_not_below(int64_t n) {
+  const Real r = static_cast<Real>(n);
+  return static_cast<int64_t>(r) < n ? std::nextafter(r, std::numeric_limits<Real>::infinity()) : r;
+}
+
+// First k >= start with x[k] > t, nx if there is none.
+template <class Real, class Index>
+Index scan_up(const Real* x, Index nx, Index start, Real t) {
+  Index k = start;
+  while (k < nx && !(x[k] > t)) ++k;
+  return k;
+}
+
+// Greatest k <= start with x[k-1] <= t, 0 if there is none.
+template <class Real, class Index>
+Index scan_down(const Real* x, Index start, Real t) {
+  Index k = start;
+  while (k > 0 && !(x[k - 1] <= t)) --k;
+  return k;
+}
+
+// Only the two ends x[0] and x[1] exist.
+template <class Index, class Real>
+Index uniform_cell(const Lookup<Real>& p, Real t) {
+  const Index nx = static_cast<Index>(p.nx);
+  if (t == p.x[1]) return nx - 1;
+  if (!(t >= p.x[0])) return 0;
+  if (t > p.x[1]) return nx;
+  const Real position = (t - p.x[0]) * p.value;
+  if (!(position < real_not_below<Real>(p.nx - 1))) return nx;
+  return static_cast<Index>(position) + 1;
+}
+
+// A guess from an even spacing, kept inside the partition.
+template <class Index, class Real>
+Index even_guess(const Lookup<Real>& p, Real t) {
+  const Real position = (t - p.x[0]) * p.value;
+  if (!(position < real_not_below<Real>(p.nx - 1))) return static_cast<Index>(p.nx);
+  return position > 0 ? static_cast<Index>(position) + 1 : 1;
+}
+
+template <class Index, class Real>
+Index cell_from_guess(const Lookup<Real>& p, Index guess, Real t) {
+  const Index nx = static_cast<Index>(p.nx);
+  if (!(t >= p.x[0])) return 0;
+  if (t == p.x[nx - 1]) return nx - 1;
+  if (guess >= nx) return scan_down(p.x, nx, t);
+  return t >= p.x[guess] ? scan_up(p.x, nx, guess, t) : scan_down(p.x, guess, t);
+}
+
+template <class Index, class Real>
+Index quasi_uniform_cell(const Lookup<Real>& p, Real t) {
+  return cell_from_guess(p, even_guess<Index>(p, t), t);
+}
+
+// From the breakpoint that the caller takes for the sites' centre.
+template <class Index, class Real>
+Index peak_cell(const Lookup<Real>& p, Real t) {
+  const Index nx = static_cast<Index>(p.nx);
+  const Index peak = p.value >= static_cast<Real>(p.nx) ? nx : static_cast<Index>(p.value);
+  if (t == p.x[nx - 1]) return nx - 1;
+  if (peak >= nx) return p.x[nx - 1] < t ? nx : scan_down<Real, Index>(p.x, nx - 1, t);
+  return t >= p.x[peak] ? scan_up(p.x, nx, peak, t) : scan_down(p.x, peak, t);
+}
+
+// The hybrid method's bracket: the cell is lo plus the breakpoints of lo .. hi - 1 that are not above the site.
+template <class Index>
+struct Bracket {
+  Index lo, hi;
+};
+
+inline int64_t bucket_count(int64_t nx) { return std::clamp<int64_t>(nx / 16, 16, 1024); }
+
+template <class Index, class Real>
+Bracket<Index> hybrid_bracket(const Lookup<Real>& p, Real t) {
+  if (p.table == nullptr || p.nx <= 16) return {0, static_cast<Index>(p.nx - 1)};
+  const int64_t buckets = bucket_count(p.nx);
+  const Real position = (t - p.x[0]) * p.value;
+  int64_t b = 0;
+  if (position >= static_cast<Real>(buckets)) {
+    b = buckets;
+  } else if (position > 0) {
+    b = static_cast<int64_t>(position);
+  }
+  return {static_cast<Index>(p.table[2 * b]), static_cast<Index>(p.table[2 * b + 1])};
+}
+
+// Wider brackets are halved first; below this width counting is cheaper than the branches of bisection.
+inline constexpr int64_t kCountingWidth = 40;
+
+template <class Index, class Real>
+Index hybrid_cell(const Lookup<Real>& p, Real t) {
+  const Index nx = static_cast<Index>(p.nx);
+  if (!(t >= p.x[0])) return 0;
+  if (t > p.x[nx - 1]) return nx;
+  if (t == p.x[nx - 1]) return nx - 1;
+  auto [lo, hi] = hybrid_bracket<Index>(p, t);
+  while (hi - lo > kCountingWidth) {
+    const Index mid = lo + (hi - lo) / 2;
+    if (p.x[mid] > t) {
+      hi = mid;
+    } else {
+      lo = mid;
+    }
+  }
+  return scan_up(p.x, hi, lo, t);
+}
+
+// One site of an ascending sequence; *state is the cell that the one before ended in.
+template <class Index, class Real>
+Index sorted_cell(const Lookup<Real>& p, Real t, Index* state) {
+  const Index nx = static_cast<Index>(p.nx);
+  if (t == p.x[nx - 1]) return nx - 1;
+  return *state = scan_up(p.x, nx, *state, t);
+}
+
+// Before the first site: halve the way to it.
+template <class Index, class Real>
+void approach_first_site(const Lookup<Real>& p, Real t, Index* state) {
+  const Index nx = static_cast<Index>(p.nx);
+  if (*state >= nx - nx / 2 || t == p.x[nx - 1]) return;
+  Index lo = *state, hi = nx;
+  while (hi - lo > 1) {
+    const Index mid = lo + (hi - lo) / 2;
+    if (p.x[mid] > t) {
+      hi = mid;
+    } else {
+      lo = mid;
+    }
+  }
+  *state = lo;
+}
+
+// A caller's guess made right. A site equal to x[guess] stays in cell `guess`.
+template <class Real>
+int64_t refined_cell(const Lookup<Real>& p, int64_t guess, Real t) {
+  const int64_t nx = p.nx, g = std::max<int64_t>(guess, 0);
+  const Real end = p.x[nx - 1];
+  if (g >= nx) return t == end ? nx - 1 : scan_down<Real, int64_t>(p.x, nx, t);
+  if (t <= p.x[g]) {
+    if (guess < 1) return 0;
+    if (p.x[g - 1] <= t) return g;
+    return t == end ? nx - 1 : scan_down<Real, int64_t>(p.x, g, t);
+  }
+  return t == end ? nx - 1 : scan_up<Real, int64_t>(p.x, nx, g, t);
+}
+
+}  // namespace orvik::df
+
+#endif

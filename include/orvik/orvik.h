@@ -2,7 +2,10 @@
 #ifndef ORVIK_ORVIK_H
 #define ORVIK_ORVIK_H
 
+#include "orvik/df.h"
+#include "orvik/qor.h"
 #include "orvik/serv.h"
+#include "orvik/ss.h"
 #include "orvik/zym.h"
 
 #endif

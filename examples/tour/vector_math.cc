@@ -27,29 +27,29 @@ int count(const std::vector<double>& values, double wanted) {
   return found;
 }
 
-// Steps between successive values and their order of magnitude; a step of zero has none and is reported.
+// Steps between successive values and their logarithms; a step of zero has none and is reported.
 void show_reports(const Column& column) {
   const std::vector<double> values = column.present();
   if (values.size() < 2) return;
   const auto n = static_cast<int32_t>(values.size() - 1);
-  std::vector<double> step(values.size() - 1), magnitude(values.size() - 1);
+  std::vector<double> step(values.size() - 1), logarithm(values.size() - 1);
 
   _zymdSub(n, values.data() + 1, values.data(), step.data());
   _zymdAbs(n, step.data(), step.data());
   std::printf("  %s: %d steps between successive values, %d of them zero\n", column.name.c_str(), n, count(step, 0));
 
   _zymClearErrStatus();
-  _zymdLogb(n, step.data(), magnitude.data());
+  _zymdLn(n, step.data(), logarithm.data());
   std::printf("    without callback: status %d, %d results of -infinity\n", _zymGetErrStatus(),
-              count(magnitude, -INFINITY));
+              count(logarithm, -INFINITY));
 
   reported = 0;
   _zymClearErrStatus();
   const ZymErrorCallback before = _zymSetErrorCallBack(use_minus_one);
-  _zymdLogb(n, step.data(), magnitude.data());
+  _zymdLn(n, step.data(), logarithm.data());
   _zymSetErrorCallBack(before);
   std::printf("    with a callback:  status %d, %d reports, %d results of -infinity\n", _zymGetErrStatus(), reported,
-              count(magnitude, -INFINITY));
+              count(logarithm, -INFINITY));
 }
 
 void show_mode() {

@@ -1,5 +1,5 @@
 /* Loading and unloading of the shared library: how long, how many threads, whether it really goes and leaves nothing.
- * Arguments: the library, the bound of its load in milliseconds (0: none). Wants OMP_NUM_THREADS=4. */
+ * Arguments: the library, the bound of its load in milliseconds (0: none). To be run with OMP_NUM_THREADS=4. */
 #include <dirent.h>
 #include <dlfcn.h>
 #include <stdint.h>

@@ -175,9 +175,11 @@ inline constexpr double kLn2Over128Tail = -0x1.c610ca86c3899p-44;
 inline constexpr double kLog10Of2Over64Head = 0x1.3441350ap-8;
 inline constexpr double kLog10Of2Over64Tail = -0x1.0c0219dc1da99p-45;
 
-// ln(2)/64 in 32 bits: head on the grid of 2^-17, tail
+// In 32 bits: head on the grid of 2^-17, tail.
 inline constexpr float kLn2Over64Head32 = 0x1.63p-7;
 inline constexpr float kLn2Over64Tail32 = -0x1.bd0106p-19;
+inline constexpr float kLog10Of2Head32 = 0x1.3442p-2;
+inline constexpr float kLog10Of2Tail32 = -0x1.95ec1p-19;
 
 // 1 / ln(b), rounded, and what that lacks.
 inline constexpr double kLog2E64 = 0x1.71547652b82fep0;

@@ -62,7 +62,7 @@ struct Expm1<F32, L> {
       const F32 t = fma(x, F32(46.166241308446828f), F32(kShifter32));
       const F32 n = t - F32(kShifter32);
       const F32 r = fnma(n, F32(0.021660849392498290f), x);
-      const F32 head = gather(kExp2Heads32, as_bits(t) & I32(31));
+      const F32 head = gather(kExp2Single64, shift_left<1>(as_bits(t) & I32(31))).first;
       const F32 s = scale_head<5>(head, t);
       y = fma(s, fma(r * r, F32(kExpm1SingleEP[0]), r), s - F32(1.0f));
     } else {
@@ -76,7 +76,7 @@ struct Expm1<F32, L> {
         y = fma(s, fma(r * r, horner(r, kExpm1SingleLA), r) + row.second, s - F32(1.0f));
       } else {
         const F32 r_low = fnma(n, F32(kLn2Over64Tail32), upper - r);
-        y = expm1_sum(s, r, fma(r * r, horner(r, kExpm1SingleHA), r_low + row.second));
+        y = expm1_sum(s, r, fma(r * r, horner(r, kExpm1SingleHA), r_low + fma(row.second, r, row.second)));
       }
     }
     return magnitude(y) | sign_of(x);
@@ -106,7 +106,7 @@ struct Expm1<F64, L> {
         y = fma(s, fma(r * r, horner(r, kExpm1DoubleLA), r) + row.second, s - F64(1.0));
       } else {
         const F64 r_low = fnma(n, F64(kLn2Over128Tail), upper - r);
-        y = expm1_sum(s, r, fma(r * r, horner(r, kExpm1DoubleLA), r_low + row.second));
+        y = expm1_sum(s, r, fma(r * r, horner(r, kExpm1DoubleLA), r_low + fma(row.second, r, row.second)));
       }
     }
     return magnitude(y) | sign_of(x);

@@ -30,7 +30,8 @@ struct LogSingle {
         p = horner(c.f, Base::single_la);
       }
       if constexpr (Base::of2_single == 1.0f) return fma(p, c.f, c.e);
-      return fma(c.e, F32(Base::of2_single), p * c.f);
+      if constexpr (L == Level::EP) return fma(c.e, F32(Base::of2_single), p * c.f);
+      return fma(c.e, F32(kLog10Of2Head32), fma(c.e, F32(kLog10Of2Tail32), p * c.f));
     }
   }
 };

@@ -6,7 +6,6 @@ namespace orvik::zym {
 // 2^(i/n), rounded; the pairs add what the head lacks, relative to it.
 extern const double kExp2Frac64[64][2];
 extern const double kExp2Pairs128[128][2];
-extern const float kExp2Heads32[32];
 extern const float kExp2Single64[64][2];
 extern const float kExp2Single128[128][2];
 extern const double kExp2Frac128[128];

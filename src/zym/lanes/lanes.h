@@ -190,9 +190,6 @@ inline I32 to_integer(F32 a) { return _mm256_cvtps_epi32(a.v); }  // in the curr
 inline __m128i low_half(I32 a) { return _mm256_castsi256_si128(a.v); }
 inline __m128i high_half(I32 a) { return _mm256_extracti128_si256(a.v, 1); }
 
-// 1/a to about 12 bits; which bits, the processor decides.
-inline F32 reciprocal_estimate(F32 a) { return _mm256_rcp_ps(a.v); }
-
 // Halves of eight floats as doubles, and back.
 inline F64 widen_low(F32 a) { return _mm256_cvtps_pd(_mm256_castps256_ps128(a.v)); }
 inline F64 widen_high(F32 a) { return _mm256_cvtps_pd(_mm256_extractf128_ps(a.v, 1)); }

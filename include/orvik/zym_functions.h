@@ -194,6 +194,20 @@ void _zymsLnI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR
 ORVIK_TABLE void* orvik_zym_kernel_sLnI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sLnI_ctab[];
 
+/* sLog10: logarithm to base 10; elements can be reported. */
+void _zymsLog10_21(int32_t n, const float* a, float* r);
+void _zymsLog10(int32_t n, const float* a, float* r);
+void _zymsLog10_HA(int32_t n, const float* a, float* r);
+void _zymsLog10_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sLog10_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sLog10_ctab[];
+void _zymsLog10I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLog10I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLog10I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLog10I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sLog10I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sLog10I_ctab[];
+
 /* sSqr: r = a^2. */
 void _zymsSqr_21(int32_t n, const float* a, float* r);
 void _zymsSqr(int32_t n, const float* a, float* r);
@@ -207,6 +221,76 @@ void _zymsSqrI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t inc
 void _zymsSqrI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_sSqrI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sSqrI_ctab[];
+
+/* sExpm1: e^a - 1; elements can be reported. */
+void _zymsExpm1_21(int32_t n, const float* a, float* r);
+void _zymsExpm1(int32_t n, const float* a, float* r);
+void _zymsExpm1_HA(int32_t n, const float* a, float* r);
+void _zymsExpm1_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sExpm1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sExpm1_ctab[];
+void _zymsExpm1I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExpm1I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExpm1I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExpm1I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sExpm1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sExpm1I_ctab[];
+
+/* sLog1p: ln(1 + a); elements can be reported. */
+void _zymsLog1p_21(int32_t n, const float* a, float* r);
+void _zymsLog1p(int32_t n, const float* a, float* r);
+void _zymsLog1p_HA(int32_t n, const float* a, float* r);
+void _zymsLog1p_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sLog1p_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sLog1p_ctab[];
+void _zymsLog1pI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLog1pI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLog1pI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLog1pI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sLog1pI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sLog1pI_ctab[];
+
+/* sExp2: 2^a; elements can be reported. */
+void _zymsExp2_21(int32_t n, const float* a, float* r);
+void _zymsExp2(int32_t n, const float* a, float* r);
+void _zymsExp2_HA(int32_t n, const float* a, float* r);
+void _zymsExp2_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sExp2_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sExp2_ctab[];
+void _zymsExp2I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExp2I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExp2I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExp2I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sExp2I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sExp2I_ctab[];
+
+/* sExp10: 10^a; elements can be reported. */
+void _zymsExp10_21(int32_t n, const float* a, float* r);
+void _zymsExp10(int32_t n, const float* a, float* r);
+void _zymsExp10_HA(int32_t n, const float* a, float* r);
+void _zymsExp10_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sExp10_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sExp10_ctab[];
+void _zymsExp10I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExp10I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExp10I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExp10I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sExp10I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sExp10I_ctab[];
+
+/* sLog2: logarithm to base 2; elements can be reported. */
+void _zymsLog2_21(int32_t n, const float* a, float* r);
+void _zymsLog2(int32_t n, const float* a, float* r);
+void _zymsLog2_HA(int32_t n, const float* a, float* r);
+void _zymsLog2_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sLog2_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sLog2_ctab[];
+void _zymsLog2I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLog2I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLog2I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLog2I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sLog2I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sLog2I_ctab[];
 
 /* sLogb: exponent of a: floor(log2 |a|); elements can be reported. */
 void _zymsLogb_21(int32_t n, const float* a, float* r);
@@ -404,6 +488,20 @@ void _zymdLnI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t in
 ORVIK_TABLE void* orvik_zym_kernel_dLnI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dLnI_ctab[];
 
+/* dLog10: logarithm to base 10; elements can be reported. */
+void _zymdLog10_50(int32_t n, const double* a, double* r);
+void _zymdLog10(int32_t n, const double* a, double* r);
+void _zymdLog10_HA(int32_t n, const double* a, double* r);
+void _zymdLog10_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dLog10_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dLog10_ctab[];
+void _zymdLog10I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLog10I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLog10I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLog10I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dLog10I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dLog10I_ctab[];
+
 /* dSqr: r = a^2. */
 void _zymdSqr_50(int32_t n, const double* a, double* r);
 void _zymdSqr(int32_t n, const double* a, double* r);
@@ -417,6 +515,76 @@ void _zymdSqrI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t i
 void _zymdSqrI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dSqrI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dSqrI_ctab[];
+
+/* dExpm1: e^a - 1; elements can be reported. */
+void _zymdExpm1_50(int32_t n, const double* a, double* r);
+void _zymdExpm1(int32_t n, const double* a, double* r);
+void _zymdExpm1_HA(int32_t n, const double* a, double* r);
+void _zymdExpm1_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dExpm1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dExpm1_ctab[];
+void _zymdExpm1I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExpm1I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExpm1I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExpm1I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dExpm1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dExpm1I_ctab[];
+
+/* dLog1p: ln(1 + a); elements can be reported. */
+void _zymdLog1p_50(int32_t n, const double* a, double* r);
+void _zymdLog1p(int32_t n, const double* a, double* r);
+void _zymdLog1p_HA(int32_t n, const double* a, double* r);
+void _zymdLog1p_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dLog1p_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dLog1p_ctab[];
+void _zymdLog1pI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLog1pI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLog1pI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLog1pI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dLog1pI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dLog1pI_ctab[];
+
+/* dExp2: 2^a; elements can be reported. */
+void _zymdExp2_50(int32_t n, const double* a, double* r);
+void _zymdExp2(int32_t n, const double* a, double* r);
+void _zymdExp2_HA(int32_t n, const double* a, double* r);
+void _zymdExp2_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dExp2_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dExp2_ctab[];
+void _zymdExp2I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExp2I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExp2I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExp2I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dExp2I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dExp2I_ctab[];
+
+/* dExp10: 10^a; elements can be reported. */
+void _zymdExp10_50(int32_t n, const double* a, double* r);
+void _zymdExp10(int32_t n, const double* a, double* r);
+void _zymdExp10_HA(int32_t n, const double* a, double* r);
+void _zymdExp10_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dExp10_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dExp10_ctab[];
+void _zymdExp10I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExp10I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExp10I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExp10I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dExp10I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dExp10I_ctab[];
+
+/* dLog2: logarithm to base 2; elements can be reported. */
+void _zymdLog2_50(int32_t n, const double* a, double* r);
+void _zymdLog2(int32_t n, const double* a, double* r);
+void _zymdLog2_HA(int32_t n, const double* a, double* r);
+void _zymdLog2_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dLog2_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dLog2_ctab[];
+void _zymdLog2I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLog2I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLog2I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLog2I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dLog2I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dLog2I_ctab[];
 
 /* dLogb: exponent of a: floor(log2 |a|); elements can be reported. */
 void _zymdLogb_50(int32_t n, const double* a, double* r);

@@ -186,6 +186,10 @@ inline V sign_of(V a) {
 
 inline F32 to_float(I32 a) { return _mm256_cvtepi32_ps(a.v); }
 
+inline I32 to_integer(F32 a) { return _mm256_cvtps_epi32(a.v); }  // in the current direction: to nearest
+inline __m128i low_half(I32 a) { return _mm256_castsi256_si128(a.v); }
+inline __m128i high_half(I32 a) { return _mm256_extracti128_si256(a.v, 1); }
+
 // Halves of eight floats as doubles, and back.
 inline F64 widen_low(F32 a) { return _mm256_cvtps_pd(_mm256_castps256_ps128(a.v)); }
 inline F64 widen_high(F32 a) { return _mm256_cvtps_pd(_mm256_extractf128_ps(a.v, 1)); }
@@ -330,6 +334,21 @@ inline F64 gather(const double* table, Indices k) {
   const __m128d low = _mm_loadh_pd(_mm_load_sd(row(k.i0)), row(k.i1));
   const __m128d high = _mm_loadh_pd(_mm_load_sd(row(k.i2)), row(k.i3));
   return _mm256_insertf128_pd(_mm256_castpd128_pd256(low), high, 1);
+}
+// Both columns of a table of 8-byte rows.
+struct GatheredRows {
+  F32 first, second;
+};
+inline GatheredRows gather(const float (*table)[2], I32 index) {
+  const Indices k(low_half(index));
+  const Indices l(high_half(index));
+  const auto rows = [&](int64_t low, int64_t high) {
+    const auto row = [&](int64_t i) { return reinterpret_cast<const double*>(table[i]); };
+    return _mm_castpd_ps(_mm_loadh_pd(_mm_load_sd(row(low)), row(high)));
+  };
+  const __m256 even = _mm256_insertf128_ps(_mm256_castps128_ps256(rows(k.i0, k.i1)), rows(l.i0, l.i1), 1);
+  const __m256 odd = _mm256_insertf128_ps(_mm256_castps128_ps256(rows(k.i2, k.i3)), rows(l.i2, l.i3), 1);
+  return {_mm256_shuffle_ps(even, odd, 0x88), _mm256_shuffle_ps(even, odd, 0xDD)};
 }
 // Both columns of a table of 16-byte rows.
 struct GatheredPair {

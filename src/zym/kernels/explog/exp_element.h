@@ -22,7 +22,7 @@ inline double power_of_two(int64_t k) { return float_of<double>(static_cast<uint
 // e^x = 2^k head (1 + rest), |x| below 746.
 struct ExpParts {
   double head, rest;
-  int64_t k;
+  int64_t k, row;
 
   explicit ExpParts(double x) {
     const double t = std::fma(x, k64OverLn2, kShifter64);
@@ -32,10 +32,18 @@ struct ExpParts {
     p = std::fma(r, p, 0.04166666666677052);
     p = std::fma(r, p, 0.1666666666665788);
     p = std::fma(r, p, 0.5);
-    const auto whole = static_cast<int64_t>(bits_of(t) - bits_of(kShifter64));
-    head = kExp2Frac64[whole & 63][0];
-    rest = std::fma(r, r * p, r) + kExp2Frac64[whole & 63][1];
-    k = whole >> 6;
+    set_row(static_cast<int64_t>(bits_of(t) - bits_of(kShifter64)));
+    rest = std::fma(r, r * p, r) + kExp2Frac64[row][1];
+  }
+
+  // 2^(n/64) (1 + r c(r)), c from the highest power down: other bases.
+  static ExpParts from_reduced(int64_t n, double r, const double (&c)[5]) {
+    ExpParts parts;
+    parts.set_row(n);
+    double p = c[0];
+    for (int i = 1; i < 5; ++i) p = std::fma(r, p, c[i]);
+    parts.rest = std::fma(r, p, kExp2Frac64[parts.row][1]);
+    return parts;
   }
 
   double normal() const {
@@ -58,6 +66,14 @@ struct ExpParts {
     const double h = s + s * kSplit - s * kSplit;
     const double tail = (w + (v - s)) + (s - h);
     return std::fma(kDown, tail, kDown * h);
+  }
+
+ private:
+  ExpParts() = default;
+  void set_row(int64_t n) {
+    row = n & 63;
+    k = n >> 6;
+    head = kExp2Frac64[row][0];
   }
 };
 

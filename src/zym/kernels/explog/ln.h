@@ -31,6 +31,14 @@ struct CentredSingle {
   }
 };
 
+// (ln(1 + f) - f) / f^2 on [-1/3, 1/3].
+inline constexpr float kLnSingleEP[] = {0.2198837250471115f, -0.2674025893211365f, 0.33289623260498047f, -0.5f};
+inline constexpr float kLnSingleLA[] = {-0.15177205204963684f, 0.16964881122112274f, -0.16462457180023193f,
+                                        0.19822503626346588f, -0.25004664063453674f, 0.33336564898490906f, -0.5f};
+inline constexpr float kLnSingleHA[] = {-0.12891685962677002f, 0.1398443728685379f,  -0.12184260785579681f,
+                                        0.140058696269989f,    -0.16680487990379333f, 0.20010405778884888f,
+                                        -0.24999797344207764f, 0.3333321511745453f,   -0.5f};
+
 template <Level L>
 struct LnSingle {
   static F32 special(F32 x) { return not_positive_normal(x); }
@@ -42,7 +50,7 @@ template <>
 struct Ln<F32, Level::EP> : LnSingle<Level::EP> {
   static F32 lanes(F32 x) {
     const CentredSingle c(x);
-    const F32 p = horner(c.f, {0.2198837250471115f, -0.2674025893211365f, 0.33289623260498047f, -0.5f});
+    const F32 p = horner(c.f, kLnSingleEP);
     return fma(c.e, F32(0.6931471824645996f), fma(c.f * p, c.f, c.f));
   }
 };
@@ -52,8 +60,7 @@ template <>
 struct Ln<F32, Level::LA> : LnSingle<Level::LA> {
   static F32 lanes(F32 x) {
     const CentredSingle c(x);
-    const F32 p = horner(c.f, {-0.15177205204963684f, 0.16964881122112274f, -0.16462457180023193f, 0.19822503626346588f,
-                               -0.25004664063453674f, 0.33336564898490906f, -0.5f});
+    const F32 p = horner(c.f, kLnSingleLA);
     return fma(c.e, F32(0.6931471824645996f), fma(c.f * p, c.f, c.f));
   }
 };
@@ -63,9 +70,7 @@ template <>
 struct Ln<F32, Level::HA> : LnSingle<Level::HA> {
   static F32 lanes(F32 x) {
     const CentredSingle c(x);
-    const F32 p = horner(c.f, {-0.12891685962677002f, 0.1398443728685379f, -0.12184260785579681f, 0.140058696269989f,
-                               -0.16680487990379333f, 0.20010405778884888f, -0.24999797344207764f, 0.3333321511745453f,
-                               -0.5f});
+    const F32 p = horner(c.f, kLnSingleHA);
     const F32 y = fma(c.f * p, c.f, c.f);
     return fma(c.e, F32(kLn2Head32), fma(c.e, F32(kLn2Tail32), y));
   }
@@ -100,15 +105,23 @@ struct KeyedDouble {
   }
 };
 
-// Below 0.55 ulp for any finite positive x, after 2^added was multiplied in.
+// (ln(1 + r) - r) / r^2 on |r| up to 1/1024, by powers.
+inline constexpr double kLnC5 = 0.2000003665949424;
+inline constexpr double kLnC4 = -0.2500003054940248;
+inline constexpr double kLnC3 = 0.33333333333308374;
+inline constexpr double kLnC2 = -0.49999999999988803;
+
+// HA: in two halves.
+inline F64 ln_polynomial(F64 r) {
+  return fma(fma(F64(kLnC5), r, F64(kLnC4)), r * r, fma(F64(kLnC3), r, F64(kLnC2)));
+}
+
+// Below 0.75 ulp for any finite positive x, whose exponent is `added` less.
 inline F64 ln_pairs(F64 x, double added) {
   const KeyedDouble k(x);
-  const F64 e = k.exponent() - F64(added);
+  const F64 e = added == 0.0 ? k.exponent() : k.exponent() - F64(added);
   const GatheredPair log = gather<512>(kLnPairs, Indices(k.key));
-  const F64 r2 = k.r * k.r;
-  const F64 upper = fma(F64(0.2000003665949424), k.r, F64(-0.2500003054940248));
-  const F64 lower = fma(F64(0.33333333333308374), k.r, F64(-0.49999999999988803));
-  const F64 p = r2 * fma(upper, r2, lower);
+  const F64 p = k.r * k.r * ln_polynomial(k.r);
   // The first sum is exact; what the second loses is carried, since its own half ulp and the final one make a whole.
   const F64 table = fma(e, F64(kLn2Head64), log.first);
   const F64 head = table + k.r;
@@ -141,10 +154,9 @@ struct Ln<F64, L> : LnDouble {
     const F64 e = k.centred_exponent();
     F64 p;
     if constexpr (L == Level::EP) {
-      p = horner(k.r, F64(0.33333333333308374), F64(-0.49999999999988803));
+      p = horner(k.r, F64(kLnC3), F64(kLnC2));
     } else {
-      p = horner(k.r, F64(0.2000003665949424), F64(-0.2500003054940248), F64(0.33333333333308374),
-                 F64(-0.49999999999988803));
+      p = horner(k.r, F64(kLnC5), F64(kLnC4), F64(kLnC3), F64(kLnC2));
     }
     const F64 head = fma(e, F64(kLn2Head64), gather<512>(kLnHeads, Indices(k.key))) + k.r;
     return head + fma(e, F64(kLn2Tail64), k.r * k.r * p);

@@ -1,0 +1,53 @@
+// What the logarithms of different bases differ in: log_b(x) = e log_b(2) + log_b(m).
+#pragma once
+
+#include "zym/kernels/explog/constants.h"
+#include "zym/kernels/explog/constants_fit.h"
+#include "zym/kernels/explog/tables.h"
+
+namespace orvik::zym {
+
+struct BaseE {
+  static constexpr const auto& wide = kLnWide;
+  static constexpr const auto& table = kLnShort;
+  static constexpr double of2 = kLn2Head64 + kLn2Tail64;
+};
+
+struct Base2 {
+  // 32 bits.
+  static constexpr const auto& single_ep = kLog2SingleEP;
+  static constexpr const auto& single_la = kLog2SingleLA;
+  static constexpr float of2_single = 1.0f;
+  // 64-bit arithmetic for results of 32.
+  static constexpr const auto& wide = kLog2Wide;
+  static constexpr const auto& table = kLog2Short;
+  // 64 bits.
+  static constexpr const auto& double_ep = kLog2DoubleEP;
+  static constexpr const auto& double_la = kLog2DoubleLA;
+  static constexpr const auto& double_ha = kLog2DoubleHA;
+  static constexpr const auto& pairs = kLog2Pairs;
+  static constexpr const auto& heads = kLog2Heads;
+  static constexpr double of2 = 1.0;
+  static constexpr double of2_head = 1.0, of2_tail = 0.0;
+  static constexpr double of_e = kLog2E64, of_e_tail = kLog2ETail64;
+};
+
+struct Base10 {
+  // Worst error 2^-16.
+  static constexpr float single_ep[5] = {0.10046606510877609f, -0.11959350854158401f, 0.14403435587882996f,
+                                         -0.21683171391487122f, 0.43430083990097046f};
+  static constexpr const auto& single_la = kLog10SingleLA;
+  static constexpr float of2_single = 0.3010300099849701f;
+  static constexpr const auto& wide = kLog10Wide;
+  static constexpr const auto& table = kLog10Short;
+  static constexpr const auto& double_ep = kLog10DoubleEP;
+  static constexpr const auto& double_la = kLog10DoubleLA;
+  static constexpr const auto& double_ha = kLog10DoubleHA;
+  static constexpr const auto& pairs = kLog10Pairs;
+  static constexpr const auto& heads = kLog10Heads;
+  static constexpr double of2 = kLog10Of2Head + kLog10Of2Tail;
+  static constexpr double of2_head = kLog10Of2Head, of2_tail = kLog10Of2Tail;
+  static constexpr double of_e = kLog10E64, of_e_tail = kLog10ETail64;
+};
+
+}  // namespace orvik::zym

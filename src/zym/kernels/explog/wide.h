@@ -1,0 +1,56 @@
+// Logarithms of 32-bit numbers in 64-bit arithmetic: a table of -log(rc/128), rc the estimate of 1/m as an integer, and a
+// short polynomial in r = rc m - 1. Correct to 0.501 ulp.
+#pragma once
+
+#include <cmath>
+
+#include "zym/kernels/explog/base.h"
+#include "zym/kernels/explog/constants.h"
+#include "zym/kernels/explog/tables.h"
+#include "zym/lanes/lanes.h"
+#include "zym/lanes/scalar.h"
+
+namespace orvik::zym {
+
+// x = 2^e 128 m with 128 m in [2/3, 4/3); rc from 96 to 192.
+struct WideKey {
+  I32 e, rc;
+  F32 m;
+  explicit WideKey(F32 x) {
+    const I32 u = as_bits(x) - I32(0x3F2AAAABu);
+    e = shift_right_arithmetic<23>(u);
+    m = as_float((u & I32(0x007FFFFFu)) + I32(0x3F2AAAABu - (7u << 23)));
+    rc = to_integer(reciprocal_estimate(m));
+  }
+};
+
+// Four lanes: r and the exponent as doubles, the table's rows.
+template <class Base>
+F64 wide_log(F64 r, F64 e, __m128i rc) {
+  const F64 row = gather<96>(Base::table, Indices(rc));
+  const F64 table = Base::of2 == 1.0 ? e + row : fma(e, F64(Base::of2), row);
+  return fma(r, horner(r, Base::wide), table);
+}
+
+template <class Base>
+F32 wide_log(const WideKey& k) {
+  const auto half = [&](__m128i rc, __m128i e, F64 m) {
+    return wide_log<Base>(fms(F64(_mm256_cvtepi32_pd(rc)), m, F64(1.0)), _mm256_cvtepi32_pd(e), rc);
+  };
+  return narrow(half(low_half(k.rc), low_half(k.e), widen_low(k.m)), half(high_half(k.rc), high_half(k.e), widen_high(k.m)));
+}
+
+// One positive finite number, denormal or not.
+template <class Base>
+double wide_log(float x) {
+  const uint64_t u = bits_of(static_cast<double>(x)) - bits_of(2.0 / 3.0);
+  const double e = static_cast<double>(static_cast<int64_t>(u) >> 52);
+  const double m = float_of<double>((u & 0x000FFFFFFFFFFFFF) + bits_of(2.0 / 3.0));
+  const int rc = static_cast<int>(128.0 / m + 0.5);
+  const double r = std::fma(rc / 128.0, m, -1.0);
+  double p = Base::wide[0];
+  for (int i = 1; i < 4; ++i) p = std::fma(p, r, Base::wide[i]);
+  return std::fma(r, p, std::fma(e, Base::of2, Base::table[rc - 96]));
+}
+
+}  // namespace orvik::zym

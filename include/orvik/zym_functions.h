@@ -166,6 +166,34 @@ void _zymsInvSqrtI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t
 ORVIK_TABLE void* orvik_zym_kernel_sInvSqrtI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sInvSqrtI_ctab[];
 
+/* sCbrt: cube root. */
+void _zymsCbrt_21(int32_t n, const float* a, float* r);
+void _zymsCbrt(int32_t n, const float* a, float* r);
+void _zymsCbrt_HA(int32_t n, const float* a, float* r);
+void _zymsCbrt_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sCbrt_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCbrt_ctab[];
+void _zymsCbrtI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCbrtI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCbrtI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCbrtI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sCbrtI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCbrtI_ctab[];
+
+/* sInvCbrt: 1 / cbrt(a); elements can be reported. */
+void _zymsInvCbrt_21(int32_t n, const float* a, float* r);
+void _zymsInvCbrt(int32_t n, const float* a, float* r);
+void _zymsInvCbrt_HA(int32_t n, const float* a, float* r);
+void _zymsInvCbrt_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sInvCbrt_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sInvCbrt_ctab[];
+void _zymsInvCbrtI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsInvCbrtI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsInvCbrtI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsInvCbrtI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sInvCbrtI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sInvCbrtI_ctab[];
+
 /* sExp: e^a; elements can be reported. */
 void _zymsExp_21(int32_t n, const float* a, float* r);
 void _zymsExp(int32_t n, const float* a, float* r);
@@ -249,6 +277,34 @@ void _zymsLog1pI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t i
 void _zymsLog1pI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_sLog1pI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sLog1pI_ctab[];
+
+/* sPow3o2: a^(3/2); elements can be reported. */
+void _zymsPow3o2_21(int32_t n, const float* a, float* r);
+void _zymsPow3o2(int32_t n, const float* a, float* r);
+void _zymsPow3o2_HA(int32_t n, const float* a, float* r);
+void _zymsPow3o2_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sPow3o2_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPow3o2_ctab[];
+void _zymsPow3o2I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsPow3o2I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsPow3o2I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsPow3o2I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sPow3o2I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPow3o2I_ctab[];
+
+/* sPow2o3: cbrt(a)^2. */
+void _zymsPow2o3_21(int32_t n, const float* a, float* r);
+void _zymsPow2o3(int32_t n, const float* a, float* r);
+void _zymsPow2o3_HA(int32_t n, const float* a, float* r);
+void _zymsPow2o3_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sPow2o3_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPow2o3_ctab[];
+void _zymsPow2o3I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsPow2o3I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsPow2o3I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsPow2o3I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sPow2o3I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPow2o3I_ctab[];
 
 /* sExp2: 2^a; elements can be reported. */
 void _zymsExp2_21(int32_t n, const float* a, float* r);
@@ -460,6 +516,34 @@ void _zymdInvSqrtI_26(int32_t n, const double* a, int32_t incA, double* r, int32
 ORVIK_TABLE void* orvik_zym_kernel_dInvSqrtI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dInvSqrtI_ctab[];
 
+/* dCbrt: cube root. */
+void _zymdCbrt_50(int32_t n, const double* a, double* r);
+void _zymdCbrt(int32_t n, const double* a, double* r);
+void _zymdCbrt_HA(int32_t n, const double* a, double* r);
+void _zymdCbrt_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dCbrt_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCbrt_ctab[];
+void _zymdCbrtI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCbrtI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCbrtI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCbrtI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dCbrtI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCbrtI_ctab[];
+
+/* dInvCbrt: 1 / cbrt(a); elements can be reported. */
+void _zymdInvCbrt_50(int32_t n, const double* a, double* r);
+void _zymdInvCbrt(int32_t n, const double* a, double* r);
+void _zymdInvCbrt_HA(int32_t n, const double* a, double* r);
+void _zymdInvCbrt_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dInvCbrt_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dInvCbrt_ctab[];
+void _zymdInvCbrtI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdInvCbrtI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdInvCbrtI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdInvCbrtI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dInvCbrtI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dInvCbrtI_ctab[];
+
 /* dExp: e^a; elements can be reported. */
 void _zymdExp_50(int32_t n, const double* a, double* r);
 void _zymdExp(int32_t n, const double* a, double* r);
@@ -544,6 +628,34 @@ void _zymdLog1pI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t
 ORVIK_TABLE void* orvik_zym_kernel_dLog1pI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dLog1pI_ctab[];
 
+/* dPow3o2: a^(3/2); elements can be reported. */
+void _zymdPow3o2_50(int32_t n, const double* a, double* r);
+void _zymdPow3o2(int32_t n, const double* a, double* r);
+void _zymdPow3o2_HA(int32_t n, const double* a, double* r);
+void _zymdPow3o2_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dPow3o2_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPow3o2_ctab[];
+void _zymdPow3o2I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdPow3o2I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdPow3o2I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdPow3o2I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dPow3o2I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPow3o2I_ctab[];
+
+/* dPow2o3: cbrt(a)^2. */
+void _zymdPow2o3_50(int32_t n, const double* a, double* r);
+void _zymdPow2o3(int32_t n, const double* a, double* r);
+void _zymdPow2o3_HA(int32_t n, const double* a, double* r);
+void _zymdPow2o3_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dPow2o3_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPow2o3_ctab[];
+void _zymdPow2o3I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdPow2o3I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdPow2o3I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdPow2o3I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dPow2o3I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPow2o3I_ctab[];
+
 /* dExp2: 2^a; elements can be reported. */
 void _zymdExp2_50(int32_t n, const double* a, double* r);
 void _zymdExp2(int32_t n, const double* a, double* r);
@@ -613,6 +725,20 @@ void _zymsDivI_HA(int32_t n, const float* a, int32_t incA, const float* b, int32
 void _zymsDivI_11(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_sDivI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sDivI_ctab[];
+
+/* sHypot: sqrt(a^2 + b^2). */
+void _zymsHypot_21(int32_t n, const float* a, const float* b, float* r);
+void _zymsHypot(int32_t n, const float* a, const float* b, float* r);
+void _zymsHypot_HA(int32_t n, const float* a, const float* b, float* r);
+void _zymsHypot_11(int32_t n, const float* a, const float* b, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sHypot_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sHypot_ctab[];
+void _zymsHypotI_21(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsHypotI(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsHypotI_HA(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsHypotI_11(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sHypotI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sHypotI_ctab[];
 
 /* sAdd: r = a + b. */
 void _zymsAdd_21(int32_t n, const float* a, const float* b, float* r);
@@ -795,6 +921,20 @@ void _zymdDivI_HA(int32_t n, const double* a, int32_t incA, const double* b, int
 void _zymdDivI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dDivI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dDivI_ctab[];
+
+/* dHypot: sqrt(a^2 + b^2). */
+void _zymdHypot_50(int32_t n, const double* a, const double* b, double* r);
+void _zymdHypot(int32_t n, const double* a, const double* b, double* r);
+void _zymdHypot_HA(int32_t n, const double* a, const double* b, double* r);
+void _zymdHypot_26(int32_t n, const double* a, const double* b, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dHypot_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dHypot_ctab[];
+void _zymdHypotI_50(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdHypotI(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdHypotI_HA(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdHypotI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dHypotI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dHypotI_ctab[];
 
 /* dAdd: r = a + b. */
 void _zymdAdd_50(int32_t n, const double* a, const double* b, double* r);

@@ -1,6 +1,3 @@
-#ifndef ORVIK_VEC
-#define ORVIK_VEC 4
-#endif
 // sqrt(x), 1/sqrt(x) and x^(3/2): an estimate y of 1/sqrt(x), refined by fused steps.
 #pragma once
 
@@ -102,7 +99,6 @@ struct Sqrt<F32, L> : SqrtElement<float> {
 // The rounding of s = x y counts half: at most a quarter of an ulp, 0.77 ulp in all.
 template <Level L>
 struct Sqrt<F64, L> : SqrtElement<double> {
-  static constexpr int vectors = ORVIK_VEC;
   static F64 special(F64 x) { return roots::outside(x, 0x00100000, 0x7FEFFFFF); }
 
   static F64 lanes(F64 x) {
@@ -138,7 +134,6 @@ struct InvSqrt<F32, L> : InvSqrtElement<float> {
 // From 2^1021 on y^2 may be denormal.
 template <Level L>
 struct InvSqrt<F64, L> : InvSqrtElement<double> {
-  static constexpr int vectors = ORVIK_VEC;
   static F64 special(F64 x) { return roots::outside(x, 0x00100000, 0x7FBFFFFF); }
 
   // y has 24 bits at most, so y^2 is exact.

@@ -1,0 +1,96 @@
+// sqrt(a^2 + b^2): the sum of squares, then as the square root. At HA the sum is carried in two parts.
+#pragma once
+
+#include "zym/kernels/roots/sqrt.h"
+
+namespace orvik::zym {
+
+template <class V, Level L>
+struct Hypot;
+
+// a^2 + b^2 as s + low.
+template <class V>
+struct SquareSum {
+  V s, low;
+
+  SquareSum(V a, V b) {
+    const V high = max(magnitude(a), magnitude(b));
+    const V less = min(magnitude(a), magnitude(b));
+    const V p = high * high;
+    s = fma(less, less, p);
+    low = fma(less, less, p - s) + fms(high, high, p);  // p - s is exact: s is between p and 2 p
+  }
+};
+
+template <class E, class Finite>
+int32_t hypot_element(E a, E b, E* r, Finite finite) {
+  if (is_infinite(a) || is_infinite(b)) {
+    *r = infinity<E>;
+  } else if (is_nan(a) || is_nan(b)) {
+    *r = a + b;
+  } else {
+    *r = finite(a, b);
+  }
+  return 0;
+}
+
+// In range: the sum within [2^-100, 2^126).
+template <Level L>
+struct Hypot<F32, L> {
+  static constexpr int vectors = 2;
+  static F32 special(F32 a, F32 b) { return roots::outside(fma(a, a, b * b), 0x0D800000, 0x7E7FFFFF); }
+
+  static F32 lanes(F32 a, F32 b) {
+    if constexpr (L == Level::HA) {
+      const SquareSum<F32> sum(a, b);
+      const F32 y = roots::inverse_root(sum.s);
+      const auto root = Sqrt<F32, Level::HA>::refined(sum.s, sum.s * y, y * F32(0.5f));
+      return fma(root.residue + sum.low, root.factor, root.head);
+    } else {
+      const F32 s = fma(a, a, b * b);
+      const F32 y = roots::inverse_root(s);
+      if constexpr (L == Level::EP) return s * y;
+      return Sqrt<F32, Level::HA>::refined(s, s * y, y * F32(0.5f)).sum();
+    }
+  }
+
+  static int32_t element(const float* a, const float* b, float* r) {
+    return hypot_element(*a, *b, r, [](double x, double y) { return static_cast<float>(std::sqrt(x * x + y * y)); });
+  }
+};
+
+// In range: the sum within [2^-900, 2^1020).
+template <Level L>
+struct Hypot<F64, L> {
+  static constexpr int vectors = 2;
+  static F64 special(F64 a, F64 b) { return roots::outside(fma(a, a, b * b), 0x07B00000, 0x7FAFFFFF); }
+
+  static F64 lanes(F64 a, F64 b) {
+    if constexpr (L == Level::HA) {
+      const SquareSum<F64> sum(a, b);
+      const F64 y = roots::inverse_root(sum.s);
+      const F64 y2 = y * y;  // exact: 24 bits at most
+      const F64 g = sum.s * y;
+      const F64 g_low = fms(sum.s, y, g);
+      const F64 d = fnma(sum.s, y2, F64(1.0));
+      // The low part of the sum moves the root by low y / 2.
+      return g + fma(g, d * horner(d, roots::kInverseRootTail), fma(sum.low * y, F64(0.5), g_low));
+    } else {
+      return Sqrt<F64, L>::lanes(fma(a, a, b * b));
+    }
+  }
+
+  static int32_t element(const double* a, const double* b, double* r) {
+    return hypot_element(*a, *b, r, [](double x, double y) {
+      const double larger = std::fmax(std::fabs(x), std::fabs(y));
+      if (larger == 0) return 0.0;
+      const double up = larger > 1 ? 0x1p-600 : 0x1p600;
+      const double down = larger > 1 ? 0x1p600 : 0x1p-600;
+      alignas(32) double scaled[F64::width];
+      store(scaled, lanes(F64(x * up), F64(y * up)));
+      return scaled[0] * down;
+    });
+  }
+};
+
+}  // namespace orvik::zym

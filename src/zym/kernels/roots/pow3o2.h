@@ -1,0 +1,85 @@
+// x^(3/2): x times the root, at HA with the low part of both.
+#pragma once
+
+#include "zym/kernels/roots/sqrt.h"
+
+namespace orvik::zym {
+
+template <class V, Level L>
+struct Pow3o2;
+
+// One for every special x; `positive` serves those whose result may leave the normal range.
+template <class E, class Positive>
+int32_t pow3o2_element(E x, E* r, Positive positive) {
+  if (is_nan(x) || (is_infinite(x) && x > 0)) {
+    *r = x + x;
+    return 0;
+  }
+  if (x == 0) {
+    *r = E(0);
+    return 0;
+  }
+  if (x < 0) {
+    *r = nan<E>;
+    return zymErrorDomain;
+  }
+  *r = positive(x);
+  return is_infinite(*r) ? zymErrorOverflow : 0;
+}
+
+// From 2^-64 on the low part of the product is normal; below 1.25 * 2^85 the result is finite at every level.
+template <Level L>
+struct Pow3o2<F32, L> {
+  static F32 special(F32 x) { return roots::outside(x, 0x1F800000, 0x6A1FFFFF); }
+
+  static F32 lanes(F32 x) {
+    const F32 y = roots::inverse_root(x);
+    const F32 s = x * y;
+    if constexpr (L == Level::EP) return x * s;
+    const auto root = Sqrt<F32, Level::HA>::refined(x, s, y * F32(0.5f));
+    if constexpr (L == Level::LA) return x * root.sum();
+    const F32 p = x * root.head;
+    const F32 low = fms(x, root.head, p);
+    return p + fma(x, root.residue * root.factor, low);
+  }
+
+  static int32_t element(const float* x, float* r) {
+    return pow3o2_element(*x, r, [](float v) {
+      const double wide = v;
+      return static_cast<float>(wide * std::sqrt(wide));
+    });
+  }
+};
+
+template <Level L>
+struct Pow3o2<F64, L> {
+  static constexpr int vectors = 2;
+  static F64 special(F64 x) { return roots::outside(x, 0x1A700000, 0x6A8FFFFF); }  // [2^-600, 2^682)
+
+  static F64 lanes(F64 x) {
+    const F64 y = roots::inverse_root(x);
+    const F64 s = x * y;
+    if constexpr (L != Level::HA) {
+      const F64 d = fnma(s, y, F64(1.0));
+      const F64 p = x * s;
+      if constexpr (L == Level::EP) return p * horner(d, roots::kInverseRootShort);
+      return fma(p, d * horner(d, roots::kInverseRootTail), p);
+    } else {
+      const F64 d = fnma(x, y * y, F64(1.0));  // y has 24 bits at most
+      const F64 p = x * s;
+      const F64 low = fma(x, fms(x, y, s), fms(x, s, p));
+      return p + fma(p, d * horner(d, roots::kInverseRootTail), low);
+    }
+  }
+
+  static int32_t element(const double* x, double* r) {
+    return pow3o2_element(*x, r, [](double v) {
+      const bool large = v > 1;
+      alignas(32) double scaled[F64::width];
+      store(scaled, lanes(F64(v * (large ? 0x1p-400 : 0x1p600))));
+      return large ? scaled[0] * 0x1p600 : scaled[0] * 0x1p-900;
+    });
+  }
+};
+
+}  // namespace orvik::zym

@@ -75,6 +75,7 @@ std::array<Worst, rows::kLevels> measure_random(const rows::Row& row, const Opti
   std::vector<std::thread> pool;
   std::atomic<uint64_t> next{0};
   const auto work = [&](int t) {
+    _zymSetMode(ZYM_ERRMODE_NOERR);
     for (uint64_t p; (p = next.fetch_add(1)) < pieces;) {
       const auto made = measure_sampled(row, std::min(piece, o.count - p * piece), o.seed * 1000003 + p, p == 0);
       for (int k : kernels_of(row)) found[t][k].merge(made[k]);

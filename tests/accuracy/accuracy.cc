@@ -22,11 +22,11 @@ constexpr const char* kUsage = R"(accuracy MODE [--rows FILTER] [--threads N] [-
   sampled [N]    N inputs of each row (default 100000), special values and thresholds among them
   random N       N inputs of each row from the seed, on all threads
   exhaustive     all 2^32 inputs of one-argument rows of 32-bit floats
-  page           writes docs/accuracy.md from tests/accuracy/recorded.csv
-  hashes         writes tests/accuracy/hashes.csv
+  page           writes docs/accuracy.md from tests/accuracy/recorded/
+  hashes         writes tests/accuracy/hashes/
   list           rows that can be measured
 
-The first three merge what they find into tests/accuracy/recorded.csv and then write the page; --dry leaves both alone.
+The first three merge what they find into tests/accuracy/recorded/ and then write the page; --dry leaves both alone.
 FILTER is a list of row names with wildcards, such as "sExp*,dLn". Exit status 1: a bound is broken.
 )";
 
@@ -75,6 +75,7 @@ std::array<Worst, rows::kLevels> measure_random(const rows::Row& row, const Opti
   std::vector<std::thread> pool;
   std::atomic<uint64_t> next{0};
   const auto work = [&](int t) {
+    _zymSetMode(ZYM_ERRMODE_NOERR);
     for (uint64_t p; (p = next.fetch_add(1)) < pieces;) {
       const auto made = measure_sampled(row, std::min(piece, o.count - p * piece), o.seed * 1000003 + p, p == 0);
       for (int k : kernels_of(row)) found[t][k].merge(made[k]);
@@ -111,7 +112,7 @@ int measure(const Options& o) {
     }
     if (o.mode != "sampled") std::fprintf(stderr, "\r%40s\r", "");
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    std::vector<Record> records = read_records(recorded_directory() + "recorded.csv");
+    std::vector<Record> records = read_records();
     for (int k : kernels_of(row)) {
       const Record found = make_record(row, k, worst[k], o.mode == "exhaustive" ? "all" : o.mode);
       const bool good = within_bound(row, k, worst[k]);
@@ -128,9 +129,9 @@ int measure(const Options& o) {
       std::fflush(stdout);
       merge_record(records, found);
     }
-    if (!o.dry) write_records(recorded_directory() + "recorded.csv", records);
+    if (!o.dry) write_records(row.family, records);
   }
-  if (!o.dry) write_text(page_path(), make_page(read_records(recorded_directory() + "recorded.csv")));
+  if (!o.dry) write_text(page_path(), make_page(read_records()));
   return broken ? 1 : 0;
 }
 
@@ -140,7 +141,7 @@ int main(int argc, char** argv) {
   const Options o = parse(argc, argv);
   if (o.mode == "sampled" || o.mode == "exhaustive" || (o.mode == "random" && o.count > 0)) return measure(o);
   if (o.mode == "page") {
-    write_text(page_path(), make_page(read_records(recorded_directory() + "recorded.csv")));
+    write_text(page_path(), make_page(read_records()));
     return 0;
   }
   if (o.mode == "list") {
@@ -151,13 +152,17 @@ int main(int argc, char** argv) {
   }
   if (o.mode == "hashes") {
     _zymSetMode(ZYM_ERRMODE_NOERR);
-    Hashes hashes = read_hashes(recorded_directory() + "hashes.csv");
-    hashes.approximations = hash_approximations();
-    for (const rows::Row& row : rows::all()) {
-      if (!measurable(row) || !rows::matches(o.filter, row.name)) continue;
-      for (int k : kernels_of(row)) hashes.kernels[hash_key(row, k)] = hash_kernel(row, k, false);
+    for (const std::string& family : measurable_families()) {
+      Hashes hashes = read_hashes(family);
+      bool any = false;
+      for (const rows::Row& row : rows::all()) {
+        if (row.family != family || !measurable(row) || !rows::matches(o.filter, row.name)) continue;
+        any = true;
+        for (int k : kernels_of(row)) hashes.kernels[hash_key(row, k)] = hash_kernel(row, k, false);
+      }
+      hashes.approximations = hash_approximations();
+      if (any) write_hashes(family, hashes);
     }
-    write_hashes(recorded_directory() + "hashes.csv", hashes);
     return 0;
   }
   std::fputs(kUsage, stderr);

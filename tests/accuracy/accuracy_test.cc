@@ -49,8 +49,8 @@ TEST_P(AccuracyOf, StridedResultsAreThoseOfUnitStride) {
 
 TEST_P(AccuracyOf, RecordedWitnessesStillHaveTheirError) {
   const rows::Row& row = *GetParam();
-  static const std::vector<Record> records = read_records(recorded_directory() + "recorded.csv");
-  static const Hashes hashes = read_hashes(recorded_directory() + "hashes.csv");
+  static const std::vector<Record> records = read_records();
+  const Hashes hashes = read_hashes(row.family);
   for (int k : kernels_of(row)) {
     const Record* r = find_record(records, row, k);
     ASSERT_NE(r, nullptr) << row.served(k) << ": no record; run `accuracy sampled --rows " << row.name << "`";
@@ -66,7 +66,7 @@ TEST_P(AccuracyOf, RecordedWitnessesStillHaveTheirError) {
 
 TEST_P(AccuracyOf, BitsAreThePinnedOnes) {
   const rows::Row& row = *GetParam();
-  static const Hashes hashes = read_hashes(recorded_directory() + "hashes.csv");
+  const Hashes hashes = read_hashes(row.family);
   for (int k : kernels_of(row)) {
     const auto pinned = hashes.kernels.find(hash_key(row, k));
     ASSERT_NE(pinned, hashes.kernels.end()) << "not pinned yet; run `accuracy hashes --rows " << row.name << "`";
@@ -90,7 +90,7 @@ TEST(Accuracy, EveryBuiltRealRowHasAReference) {
 }
 
 TEST(Accuracy, ThePageIsCurrent) {
-  EXPECT_EQ(read_text(page_path()), make_page(read_records(recorded_directory() + "recorded.csv")))
+  EXPECT_EQ(read_text(page_path()), make_page(read_records()))
       << "run `accuracy page`";
 }
 

@@ -58,9 +58,9 @@ std::string hash_key(const rows::Row& row, int kernel) {
   return std::string(row.name) + ',' + rows::kLevelNames[kernel];
 }
 
-Hashes read_hashes(const std::string& path) {
+Hashes read_hashes(std::string_view family) {
   Hashes made;
-  std::istringstream text(read_text(path));
+  std::istringstream text(read_text(data_path("hashes", family)));
   for (std::string line; std::getline(text, line);) {
     const size_t last = line.rfind(',');
     if (last == line.npos || line.starts_with("row,")) continue;
@@ -74,7 +74,7 @@ Hashes read_hashes(const std::string& path) {
   return made;
 }
 
-void write_hashes(const std::string& path, const Hashes& hashes) {
+void write_hashes(std::string_view family, const Hashes& hashes) {
   const auto line = [](const std::string& key, uint64_t hash) {
     char text[20];
     std::snprintf(text, sizeof text, "%016" PRIx64, hash);
@@ -82,12 +82,13 @@ void write_hashes(const std::string& path, const Hashes& hashes) {
   };
   std::string text = "row,kernel,hash\n" + line("approximations,", hashes.approximations);
   for (const rows::Row& row : rows::all()) {
+    if (row.family != family || !measurable(row)) continue;
     for (int k = 0; k < rows::kLevels; ++k) {
       const auto found = hashes.kernels.find(hash_key(row, k));
       if (found != hashes.kernels.end()) text += line(found->first, found->second);
     }
   }
-  write_text(path, text);
+  write_text(data_path("hashes", family), text);
 }
 
 }  // namespace orvik::accuracy

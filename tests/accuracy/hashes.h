@@ -1,9 +1,10 @@
-// hashes.csv: a hash of all results of every kernel over a fixed set of inputs, so that a change of bits is seen and meant.
+// hashes/FAMILY.csv: a hash of all results of every kernel over a fixed set of inputs, so that a change of bits is seen and meant.
 #pragma once
 
 #include <cstdint>
 #include <map>
 #include <string>
+#include <string_view>
 
 #include "tools/rows/list.h"
 
@@ -19,8 +20,8 @@ struct Hashes {
 uint64_t hash_kernel(const rows::Row& row, int kernel, bool strided);
 uint64_t hash_approximations();
 
-Hashes read_hashes(const std::string& path);
-void write_hashes(const std::string& path, const Hashes& hashes);
+Hashes read_hashes(std::string_view family);
+void write_hashes(std::string_view family, const Hashes& hashes);
 std::string hash_key(const rows::Row& row, int kernel);
 
 }  // namespace orvik::accuracy

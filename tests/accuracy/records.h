@@ -1,4 +1,4 @@
-// recorded.csv: the worst error found of every kernel, with its witness.
+// recorded/FAMILY.csv: the worst error found of every kernel of a family, with its witness.
 #pragma once
 
 #include <string>
@@ -20,12 +20,15 @@ struct Record {
   std::string method;  // all, random, sampled
 };
 
-// The directory of the recorded files and of the generated page.
-std::string recorded_directory();
+// Recorded files (what: recorded, hashes), and the generated page.
+std::string data_path(const std::string& what, std::string_view family);
 std::string page_path();
+std::vector<std::string> measurable_families();
 
-std::vector<Record> read_records(const std::string& path);
-void write_records(const std::string& path, std::vector<Record> records);
+// Of all families.
+std::vector<Record> read_records();
+// The file of one family.
+void write_records(std::string_view family, std::vector<Record> records);
 
 Record make_record(const rows::Row& row, int kernel, const Worst& worst, const std::string& method);
 

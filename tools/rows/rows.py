@@ -6,6 +6,10 @@
     rows.py kernels  OUT   C++ header: ORVIK_ZYM_KERNELS(row, Function) and the kernels of each row
     rows.py header   OUT   include/orvik/zym_functions.h
     rows.py status   OUT   docs/status.md
+
+and, the other way round:
+
+    rows.py costs    IN    puts measured costs (lines "row LA HA EP", as the program costs prints them) into rows.def
 """
 import re
 import sys
@@ -230,7 +234,28 @@ MAKERS = {"table": make_table, "exports": make_exports, "kernels": make_kernels,
           "status": make_status}
 
 
+def take_costs(path):
+    """Only the three figures of the rows that were measured change; comments, order and all else stay."""
+    measured = {}
+    for line in Path(path).read_text().splitlines():
+        name, *costs = line.split()
+        if len(costs) != 3 or not all(0 < float(c) < 1e6 for c in costs):
+            sys.exit(f"{path}: cannot read: {line}")
+        measured[name] = [f"{float(c):.3f}" for c in costs]
+    lines = []
+    for line in ROWS.read_text().splitlines():
+        m = re.match(r"^(ROW\((\w), (\w+), .*?), [^,]+, [^,]+, [^,]+\)$", line)
+        if m and m.group(2) + m.group(3) in measured:
+            line = f"{m.group(1)}, {', '.join(measured.pop(m.group(2) + m.group(3)))})"
+        lines.append(line)
+    if measured:
+        sys.exit(f"{path}: no such rows: {' '.join(measured)}")
+    ROWS.write_text("\n".join(lines) + "\n")
+
+
 def main():
+    if len(sys.argv) == 3 and sys.argv[1] == "costs":
+        return take_costs(sys.argv[2])
     if len(sys.argv) != 3 or sys.argv[1] not in MAKERS:
         sys.exit(__doc__)
     text = MAKERS[sys.argv[1]]()

@@ -1,0 +1,203 @@
+// The list of rows, the dispatch table and the entries that are made from it.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <map>
+#include <set>
+
+#include "orvik/zym.h"
+#include "tools/rows/list.h"
+
+namespace orvik::rows {
+namespace {
+
+TEST(Rows, ThereAre252FunctionsAnd228StridedTwins) {
+  EXPECT_EQ(all().size(), static_cast<size_t>(kUnitRows));
+  int twins = 0;
+  for (const Row& row : all()) twins += row.shape != Shape::pack;
+  EXPECT_EQ(twins, kTwins);
+  for (int i = 0; i < kUnitRows; ++i) EXPECT_EQ(all()[i].shape == Shape::pack, i >= kTwins) << all()[i].name;
+}
+
+TEST(Rows, NamesAreDistinct) {
+  std::set<std::string_view> names;
+  for (const Row& row : all()) names.insert(row.name);
+  EXPECT_EQ(names.size(), all().size());
+}
+
+TEST(Rows, SharingAmongLevelsHasTheRequiredCounts) {
+  std::map<Sharing, int> counts;
+  for (const Row& row : all()) counts[row.sharing] += row.shape == Shape::pack ? 1 : 2;
+  EXPECT_EQ(counts[Sharing::one], 222);
+  EXPECT_EQ(counts[Sharing::la_ha], 20);
+  EXPECT_EQ(counts[Sharing::la_ep], 28);
+  EXPECT_EQ(counts[Sharing::apart], 210);
+}
+
+TEST(Rows, SixtyFourBitListRepeatsThe32BitOne) {
+  for (int i = 0; i < 62; ++i) EXPECT_EQ(all()[i].function, all()[i + 62].function);
+  EXPECT_EQ(all()[0].name, "sCeil");
+  EXPECT_EQ(all()[61].name, "sY1");
+  EXPECT_EQ(all()[62].name, "dCeil");
+  EXPECT_EQ(all()[128].name, "cCos");
+  EXPECT_EQ(all()[168].name, "sDiv");
+  EXPECT_EQ(all()[227].name, "dLinearFrac");
+  EXPECT_EQ(all()[251].name, "zUnpackV");
+}
+
+TEST(Rows, ThoseThatReportAreTheNamedOnes) {
+  int reporting = 0;
+  for (const Row& row : all()) reporting += row.reports;
+  EXPECT_EQ(reporting, 2 * 39 + 10 + 2 * 7 + 12 + 4 + 2);
+}
+
+void* slot(const Row& row, bool strided, int level) { return table_row(row.index + (strided ? kUnitRows : 0))[level]; }
+
+TEST(Table, LevelsShareKernelsAsTheListSays) {
+  for (const Row& row : all()) {
+    if (!row.built()) continue;
+    for (bool strided : {false, true}) {
+      if (strided && row.shape == Shape::pack) continue;
+      for (int i = 0; i < kLevels; ++i) {
+        for (int j = 0; j < i; ++j) {
+          EXPECT_EQ(slot(row, strided, i) == slot(row, strided, j), row.kernel(i) == row.kernel(j)) << row.name;
+        }
+      }
+    }
+  }
+}
+
+TEST(Table, NoTwoRowsShareAKernel) {
+  std::map<void*, int> owners;
+  for (int i = 0; i < kTableRows; ++i) {
+    for (int level = 0; level < kLevels; ++level) {
+      void* kernel = table_row(i)[level];
+      if (kernel == nullptr) continue;
+      EXPECT_EQ(owners.try_emplace(kernel, i).first->second, i) << all()[i % kUnitRows].name;
+    }
+  }
+}
+
+TEST(Table, RowsThatAreNotBuiltHaveEmptySlotsAndNoEntry) {
+  for (const Row& row : all()) {
+    for (int level = 0; level < kLevels; ++level) {
+      EXPECT_EQ(slot(row, false, level) != nullptr, row.built()) << row.name;
+      EXPECT_EQ(row.entries[0][level] != nullptr, row.built()) << row.name;
+      if (row.shape == Shape::pack) continue;
+      EXPECT_EQ(slot(row, true, level) != nullptr, row.built()) << row.name << 'I';
+      EXPECT_EQ(row.entries[1][level] != nullptr, row.built()) << row.name << 'I';
+    }
+  }
+}
+
+TEST(Table, CostsStandAtOffset24AndZeroesBehindThem) {
+  for (const Row& row : all()) {
+    for (bool strided : {false, true}) {
+      if (strided && row.shape == Shape::pack) continue;
+      const auto* bytes = reinterpret_cast<const char*>(table_row(row.index + (strided ? kUnitRows : 0)));
+      float costs[kLevels];
+      std::memcpy(costs, bytes + 24, sizeof costs);
+      for (int level = 0; level < kLevels; ++level) EXPECT_EQ(costs[level], row.costs[level]) << row.name;
+      const std::array<char, 12> zero{};
+      EXPECT_EQ(std::memcmp(bytes + 36, zero.data(), zero.size()), 0) << row.name;
+    }
+  }
+}
+
+TEST(Table, CostsOfLevelsThatShareAKernelAreEqual) {
+  for (const Row& row : all()) {
+    for (int level = 0; level < kLevels; ++level) EXPECT_EQ(row.costs[level], row.costs[row.kernel(level)]) << row.name;
+  }
+}
+
+TEST(Table, PlaceholderCostsStandWhereTheyAreFixed) {
+  for (const Row& row : all()) {
+    static const std::set<std::string_view> placeholders = {"Erfcx", "I0", "I1", "J0", "J1", "Y0", "Y1", "Jn", "Yn", "SinCospi"};
+    for (float cost : row.costs) {
+      if (row.shape == Shape::pack) {
+        EXPECT_EQ(cost, 1111.0f) << row.name;
+      } else if (placeholders.contains(row.function) || row.name == "zConj") {
+        EXPECT_EQ(cost, 1.0f) << row.name;
+      }
+    }
+  }
+}
+
+TEST(Table, ExportsOfARowAreTheTableItself) {
+  EXPECT_EQ(orvik_zym_kernel_sCeil_ttab, table_row(0));
+  EXPECT_EQ(orvik_zym_kernel_sAdd_ttab, table_row(find("sAdd")->index));
+  EXPECT_EQ(orvik_zym_kernel_sAddI_ttab, table_row(find("sAdd")->index + kUnitRows));
+  EXPECT_EQ(reinterpret_cast<char*>(orvik_zym_kernel_dMul_ctab) - reinterpret_cast<char*>(orvik_zym_kernel_dMul_ttab), 24);
+}
+
+TEST(Entries, DefaultNameAndHaAreOneAddress) {
+  EXPECT_EQ(&_zymsAbs, &_zymsAbs_HA);
+  EXPECT_EQ(&_zymdFloorI, &_zymdFloorI_HA);
+  EXPECT_NE(&_zymsAbs, &_zymsAbs_21);
+  EXPECT_NE(&_zymsAbs_21, &_zymsAbs_11);
+}
+
+TEST(Entries, AllLevelsOfAbsReachOneKernel) {
+  const Row& row = *find("sAbs");
+  EXPECT_EQ(slot(row, false, 0), slot(row, false, 1));
+  EXPECT_EQ(slot(row, false, 1), slot(row, false, 2));
+}
+
+// A stand-in kernel of any shape: only notes that it was reached.
+int reached = 0;
+void note() { ++reached; }
+
+TEST(Entries, EveryEntryGoesThroughItsOwnSlot) {
+  alignas(32) double a[8] = {}, b[8] = {}, r1[8] = {}, r2[8] = {};
+  for (const Row& row : all()) {
+    if (!row.built() || row.shape == Shape::pack) continue;
+    for (bool strided : {false, true}) {
+      for (int level = 0; level < kLevels; ++level) {
+        void*& place = table_row(row.index + (strided ? kUnitRows : 0))[level];
+        void* const kernel = place;
+        place = reinterpret_cast<void*>(&note);
+        reached = 0;
+        with_call(row, row.entries[strided][level], strided, {.a = a, .b = b, .r1 = r1, .r2 = r2}, [](auto run) { run(1); });
+        place = kernel;
+        EXPECT_EQ(reached, 1) << row.name << (strided ? "I " : " ") << kLevelNames[level];
+      }
+    }
+  }
+}
+
+int32_t seen_form = 0;
+void note_form(int64_t, const void*, const void*, const void*, int32_t form) { seen_form = form; }
+
+TEST(Entries, DataMoversPassTheConstantOneAsFifthArgument) {
+  double a[4] = {}, y[4] = {};
+  for (const Row& row : all()) {
+    if (row.shape != Shape::pack || !row.built()) continue;
+    for (int level = 0; level < kLevels; ++level) {
+      void*& place = table_row(row.index)[level];
+      void* const kernel = place;
+      place = reinterpret_cast<void*>(&note_form);
+      seen_form = 0;
+      reinterpret_cast<void (*)(int64_t, const void*, const void*, const void*)>(row.entries[0][level])(1, a, a, y);
+      place = kernel;
+      EXPECT_EQ(seen_form, 1) << row.name;
+    }
+  }
+}
+
+TEST(Entries, ModeSelectsNoKernel) {
+  const uint32_t mode = _zymSetMode(ZYM_HA);
+  void*& place = table_row(find("sMul")->index)[0];
+  void* const kernel = place;
+  place = reinterpret_cast<void*>(&note);
+  reached = 0;
+  const float a[1] = {2}, b[1] = {3};
+  float r[1] = {};
+  _zymsMul_21(1, a, b, r);
+  place = kernel;
+  _zymSetMode(mode);
+  EXPECT_EQ(reached, 1);
+}
+
+}  // namespace
+}  // namespace orvik::rows

@@ -12,6 +12,9 @@ void show_data(const Table& table);
 // Vector functions with and without an error callback, the mode word, a strided view of one column.
 void show_vector_math(const Table& table);
 
+// A bootstrap interval of a mean, its random numbers split over several streams in three ways.
+void show_streams(const Table& table);
+
 struct Section {
   const char* title;
   void (*show)(const Table&);
@@ -20,6 +23,7 @@ struct Section {
 inline constexpr Section kSections[] = {
     {"Data", show_data},
     {"Vector mathematics", show_vector_math},
+    {"Random streams", show_streams},
 };
 
 }  // namespace tour

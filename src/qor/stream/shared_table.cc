@@ -12,7 +12,8 @@ namespace orvik::qor {
 namespace {
 
 OrvikSharedEntry entries[kSharedEntries];
-uint32_t sizes[kSharedEntries];  // bytes of a block, 0 where a direct call did not say
+int64_t sizes[kSharedEntries];  // bytes of a block, kUnknown where a direct call did not say
+constexpr int64_t kUnknown = -1;
 int32_t count = 0;
 std::atomic<uint32_t> lock_word{0};
 
@@ -38,7 +39,7 @@ int32_t find(const uint64_t* key) {
   return -1;
 }
 
-int32_t append(const uint64_t* key, void* data, uint32_t size) {
+int32_t append(const uint64_t* key, void* data, int64_t size) {
   entries[count] = {{key[0], key[1]}, 1, data};
   sizes[count] = size;
   return count++;
@@ -81,7 +82,7 @@ bool is_shared(const uint64_t* key) {
 bool fits_shared(const uint64_t* key, uint32_t size) {
   const Locked locked;
   const int32_t i = find(key);
-  return i < 0 || sizes[i] == 0 || size <= sizes[i];
+  return i < 0 || sizes[i] == kUnknown || size <= sizes[i];
 }
 
 int32_t shared_count() {
@@ -106,7 +107,7 @@ int32_t __qorFindGlobRODataTableEntry(OrvikSharedEntry** entry, const uint64_t* 
 int32_t __qorCreateGlobRODataTableEntry(OrvikSharedEntry** entry, const uint64_t* key, void* data) {
   const Locked locked;
   if (count >= kSharedEntries) return ORVIK_QOR_SHARED_TABLE_FULL;
-  *entry = &entries[append(key, data, 0)];
+  *entry = &entries[append(key, data, kUnknown)];
   return ORVIK_QOR_OK;
 }
 

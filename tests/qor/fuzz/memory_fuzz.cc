@@ -1,12 +1,12 @@
 // The memory loader, which trusts its block to be whole: the input is walked as the loader would and padded with zeros
-// to where the last chunk ends. Inputs that ask for more than a megabyte are left out.
+// to where the last chunk ends. Inputs that ask for more than a megabyte or a hundred chunks are left out.
 #include <algorithm>
 
 #include "qor/fuzz/use_stream.h"
 
 namespace {
 
-constexpr size_t kMost = 1 << 20;
+constexpr size_t kMost = 1 << 20, kMostChunks = 100;
 
 template <class T>
 T read(std::vector<uint8_t>& image, size_t at) {
@@ -22,6 +22,7 @@ bool pad(std::vector<uint8_t>& image) {
   const bool current = version == 2;
   const int32_t brng = read<int32_t>(image, current ? 20 : 16);
   const size_t chunks = read<uint16_t>(image, current ? 16 : 12);
+  if (chunks > kMostChunks) return false;
   RegBrngRow row;
   if (__qorGetBrngProperties(brng, &row) != 0) return true;
   size_t at = (current ? 24 : 20) + static_cast<size_t>(std::max(row.StreamStateSize - 16, 0));

@@ -412,6 +412,22 @@ TEST(Image, ChunkLargerThanTheBlockOfItsKeyStaysPrivate) {
   EXPECT_EQ(save(f).size(), image.size());
 }
 
+TEST(Image, ChunkOfAnEmptyBlocksKeyStaysPrivate) {
+  const uint64_t key[2] = {123, 456};
+  const Stream s(ORVIK_BRNG_MT19937);
+  add_chunk(s, 9, nullptr, Bytes(64, 2));
+  add_chunk(s, 9, nullptr, Bytes());
+  Bytes image = save(s);  // the empty chunk first
+  for (const size_t chunk : {size_t{24 + 2504}, size_t{24 + 2504 + 24}}) {
+    put(image, chunk + 4, key[0]);
+    put(image, chunk + 12, key[1]);
+  }
+  Stream f, m;
+  ASSERT_EQ(load_both(image, &f, &m), kFine);
+  EXPECT_EQ(std::memcmp(__qorSearchChunk(f.get(), 9), Bytes(64, 2).data(), 64), 0);
+  EXPECT_EQ(std::memcmp(__qorSearchChunk(m.get(), 9), Bytes(64, 2).data(), 64), 0);
+}
+
 TEST(Image, ClaimOfGigabytesInASmallFileIsARefusedRead) {
   const Stream s(ORVIK_BRNG_MCG59);
   Bytes image = save(s);

@@ -1,0 +1,140 @@
+#include <orvik/qor.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+#include "sections.h"
+
+namespace tour {
+namespace {
+
+constexpr int kStreams = 4, kResamples = 2000;
+constexpr uint32_t kSeed = 20240607;
+
+// A stream that deletes itself.
+class Stream {
+ public:
+  explicit Stream(int32_t brng) { ok_ = __qorNewStreamEx(&stream_, brng, 1, &kSeed) == 0; }
+  ~Stream() {
+    if (stream_) __qorDeleteStream(&stream_);
+  }
+  Stream(const Stream&) = delete;
+  Stream& operator=(const Stream&) = delete;
+  bool ok() const { return ok_; }
+  OrvikStream get() const { return stream_; }
+
+ private:
+  OrvikStream stream_ = nullptr;
+  bool ok_;
+};
+
+// Numbers of (0, 1) for all resamples: each takes as many as the column has values.
+using Uniforms = std::vector<double>;
+
+bool whole(size_t count, Uniforms* u) {
+  u->resize(count);
+  const Stream stream(ORVIK_BRNG_MCG59);
+  return stream.ok() && __qordBRngMCG59(stream.get(), static_cast<int32_t>(count), u->data(), 0, 1) == 0;
+}
+
+// Stream k takes a quarter of the sequence, behind those of the streams before it.
+bool by_skip_ahead(size_t count, Uniforms* u) {
+  u->resize(count);
+  const size_t part = count / kStreams;
+  for (size_t k = 0; k < kStreams; ++k) {
+    const Stream stream(ORVIK_BRNG_MCG59);
+    if (!stream.ok() || __qorSkipAheadStream(stream.get(), k * part) != 0 ||
+        __qordBRngMCG59(stream.get(), static_cast<int32_t>(part), u->data() + k * part, 0, 1) != 0)
+      return false;
+  }
+  return true;
+}
+
+// Stream k takes members k, k + 4, k + 8 ...
+bool by_leapfrog(size_t count, Uniforms* u) {
+  u->resize(count);
+  Uniforms part(count / kStreams);
+  for (int k = 0; k < kStreams; ++k) {
+    const Stream stream(ORVIK_BRNG_MCG59);
+    if (!stream.ok() || __qorLeapfrogStream(stream.get(), k, kStreams) != 0 ||
+        __qordBRngMCG59(stream.get(), static_cast<int32_t>(part.size()), part.data(), 0, 1) != 0)
+      return false;
+    for (size_t i = 0; i < part.size(); ++i) (*u)[static_cast<size_t>(k) + kStreams * i] = part[i];
+  }
+  return true;
+}
+
+// Stream k is a generator of its own, a member of a family.
+bool by_members(size_t count, Uniforms* u) {
+  u->resize(count);
+  const size_t part = count / kStreams;
+  for (size_t k = 0; k < kStreams; ++k) {
+    const Stream stream(ORVIK_BRNG_MT2203 + static_cast<int32_t>(k));
+    if (!stream.ok() ||
+        __qordBRngMT2203(stream.get(), static_cast<int32_t>(part), u->data() + k * part, 0, 1) != 0)
+      return false;
+  }
+  return true;
+}
+
+// Means of the resamples, ascending.
+std::vector<double> resampled_means(const std::vector<double>& values, const Uniforms& u) {
+  const size_t n = values.size();
+  std::vector<double> means(kResamples);
+  for (size_t r = 0; r < kResamples; ++r) {
+    double sum = 0;
+    for (size_t i = 0; i < n; ++i) {
+      const auto pick = static_cast<size_t>(u[r * n + i] * static_cast<double>(n));
+      sum += values[std::min(pick, n - 1)];
+    }
+    means[r] = sum / static_cast<double>(n);
+  }
+  std::sort(means.begin(), means.end());
+  return means;
+}
+
+}  // namespace
+
+void show_streams(const Table& table) {
+  const auto longest = std::max_element(table.columns.begin(), table.columns.end(), [](const auto& a, const auto& b) {
+    return a.present().size() < b.present().size();
+  });
+  const std::vector<double> values = longest->present();
+  constexpr size_t kMost = 10000;  // values; the numbers drawn must fit a 32-bit count
+  if (values.empty() || values.size() > kMost) {
+    std::printf("  %s has %zu values: no resampling\n", longest->name.c_str(), values.size());
+    return;
+  }
+  double sum = 0;
+  for (double value : values) sum += value;
+  std::printf("  Mean of %s: %g. 95%% interval from %d resamples, drawn over %d streams:\n", longest->name.c_str(),
+              sum / static_cast<double>(values.size()), kResamples, kStreams);
+
+  struct Way {
+    const char* name;
+    bool (*draw)(size_t, Uniforms*);
+    bool same_sequence;
+  };
+  const Way ways[] = {{"one stream of MCG59", whole, false},
+                      {"parts by skip-ahead", by_skip_ahead, true},
+                      {"parts by leapfrog", by_leapfrog, true},
+                      {"members of MT2203", by_members, false}};
+  std::vector<double> reference;
+  for (const Way& way : ways) {
+    Uniforms u;
+    if (!way.draw(kResamples * values.size(), &u)) {
+      std::printf("    %-22s failed\n", way.name);
+      continue;
+    }
+    const std::vector<double> means = resampled_means(values, u);
+    if (reference.empty()) reference = means;
+    std::printf("    %-22s %.6g to %.6g", way.name, means[kResamples / 40], means[kResamples - 1 - kResamples / 40]);
+    if (way.same_sequence)
+      std::printf("   the same numbers; all means equal: %s\n", means == reference ? "yes" : "NO");
+    else
+      std::printf("   %s\n", way.draw == whole ? "" : "other numbers");
+  }
+}
+
+}  // namespace tour

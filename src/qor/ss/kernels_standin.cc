@@ -13,9 +13,21 @@ void inverse_square_roots(int32_t n, const T* a, T* r) {
 template void inverse_square_roots(int32_t, const double*, double*);
 template void inverse_square_roots(int32_t, const float*, float*);
 
-template <> double kernel_sqrt(double x) { return std::sqrt(x); }
-template <> float kernel_sqrt(float x) { return std::sqrt(x); }
-template <> double kernel_ln(double x) { return std::log(x); }
-template <> float kernel_ln(float x) { return std::log(x); }
+template <>
+double kernel_sqrt(double x) {
+  return std::sqrt(x);
+}
+template <>
+float kernel_sqrt(float x) {
+  return std::sqrt(x);
+}
+template <>
+double kernel_ln(double x) {
+  return std::log(x);
+}
+template <>
+float kernel_ln(float x) {
+  return std::log(x);
+}
 
 }  // namespace orvik::ss

@@ -88,18 +88,22 @@ struct RowExtremes {
 
   void take(int64_t length, const T* x) {
     using L = Lanes<T>;
-    auto body = [&](int64_t j, auto load) __attribute__((always_inline)) {
+    auto body = [&](int64_t j, auto load, auto store) __attribute__((always_inline)) {
       Extremes<T> e{L::load(low + j), L::load(high + j), L::load(nan + j)};
       e.take(load(x + j));
-      L::store(low + j, e.low);
-      L::store(high + j, e.high);
-      L::store(nan + j, e.nan);
+      store(low + j, e.low);
+      store(high + j, e.high);
+      store(nan + j, e.nan);
     };
     int64_t j = 0;
-    for (; j + L::kWidth <= length; j += L::kWidth) body(j, [](const T* p) { return L::load(p); });
-    if (j < length) {
-      const auto mask = L::first(length - j);  // the other lanes take zeros and are not looked at
-      body(j, [mask](const T* p) { return L::load(p, mask); });
+    for (; j + L::kWidth <= length; j += L::kWidth) {
+      body(
+          j, [](const T* p) { return L::load(p); }, [](T* p, auto v) { L::store(p, v); });
+    }
+    if (j < length) {  // the places behind may belong to a longer row
+      const auto mask = L::first(length - j);
+      body(
+          j, [mask](const T* p) { return L::load(p, mask); }, [mask](T* p, auto v) { L::store(p, mask, v); });
     }
   }
 

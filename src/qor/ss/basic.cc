@@ -22,8 +22,8 @@ Weights weights_so_far(const Task& task) {
 
 template <class T>
 int32_t count_threads(const Data<T>& d, const Plan& plan, const OrvikThreading* threading) {
-  const double work = static_cast<double>(d.p) * static_cast<double>(d.n) *
-                      (plan.matrix() ? static_cast<double>(d.p) : 1.0) / 8192.0;
+  const double work =
+      static_cast<double>(d.p) * static_cast<double>(d.n) * (plan.matrix() ? static_cast<double>(d.p) : 1.0) / 8192.0;
   const int64_t by_work = static_cast<int64_t>(std::min(work, 1e9));
   return static_cast<int32_t>(std::max<int64_t>(1, std::min({by_work, int64_t{max_threads(threading)}, d.n >> 4})));
 }
@@ -36,8 +36,8 @@ class Workspace {
   bool allocate(const Data<T>& d, const Plan& plan, int32_t threads, T* in_place) {
     const int64_t matrix = plan.matrix() ? d.p * d.p : 0;
     const int64_t rows = rows_of(plan);
-    const int64_t size = threads * rows * d.p + (threads - (in_place != nullptr ? 1 : 0)) * matrix +
-                         (plan.matrix() ? d.p : 0);
+    const int64_t size =
+        threads * rows * d.p + (threads - (in_place != nullptr ? 1 : 0)) * matrix + (plan.matrix() ? d.p : 0);
     next_ = frame_;
     if (size > kFrame) {
       block_ = serv::Block<T>(static_cast<uint64_t>(size));
@@ -162,7 +162,8 @@ int32_t basic(OrvikSSTask handle, uint64_t estimates, uint64_t method, const Orv
       CrossProduct<T>(d, plan.method, first.cross).add_outer(old.sum, scratch);
     }
   }
-  if (const int32_t status = run(d, plan, threads, user_mean, &first, others.get(), threading); status < 0) return status;
+  if (const int32_t status = run(d, plan, threads, user_mean, &first, others.get(), threading); status < 0)
+    return status;
 
   finish(task, d, plan, old, first, old_mean);
   if (plan.matrix()) finish_matrix(task, d, plan, first.weights, first.cross, scratch);

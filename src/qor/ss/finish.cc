@@ -46,9 +46,12 @@ void set_ratios(const Rows<T>& rows, int64_t j, double mean, const double* c) {
 // A central sum about `mean`, given one about `mean` + `delta` whose own first-order sum is zero.
 double rebase(int k, double weight, double delta, const double* c) {
   switch (k) {
-    case 2: return c[2] + weight * delta * delta;
-    case 3: return c[3] + 3 * delta * c[2] + weight * delta * delta * delta;
-    default: return c[4] + delta * (4 * c[3] + delta * (6 * c[2] + weight * delta * delta));
+    case 2:
+      return c[2] + weight * delta * delta;
+    case 3:
+      return c[3] + 3 * delta * c[2] + weight * delta * delta * delta;
+    default:
+      return c[4] + delta * (4 * c[3] + delta * (6 * c[2] + weight * delta * delta));
   }
 }
 
@@ -70,10 +73,17 @@ void seed(const Task& task, const Data<T>& d, const Plan& plan, const Weights& o
       double c = 0;
       switch (home_of(task, plan, k)) {
         case Home::Sum:
-        case Home::Unasked: c = real<T>(central_sum_field(task, k))[j]; break;
-        case Home::Moment: c = rows.get(kCentral2 + k - 2, j) * old.sum / (k == 2 ? factor : 1.0); break;
-        case Home::Raw: c = central_from_raw(k, m, r) * old.sum; break;
-        case Home::None: break;
+        case Home::Unasked:
+          c = real<T>(central_sum_field(task, k))[j];
+          break;
+        case Home::Moment:
+          c = rows.get(kCentral2 + k - 2, j) * old.sum / (k == 2 ? factor : 1.0);
+          break;
+        case Home::Raw:
+          c = central_from_raw(k, m, r) * old.sum;
+          break;
+        case Home::None:
+          break;
       }
       acc->central[k - 1][j] = static_cast<T>(c);
     }

@@ -40,9 +40,12 @@ double rounding_floor(const Plan& plan, const Weights& total, double mean) {
   constexpr double kEps = std::numeric_limits<T>::epsilon();
   const double observations = total.sum * total.sum / total.squares;
   switch (plan.method) {
-    case Method::Fast: return (8 + std::sqrt(observations)) * kEps * total.sum * mean * mean;
-    case Method::OnePass: return total.sum * (16 + observations) * (kEps * mean) * (kEps * mean);
-    default: return 0;
+    case Method::Fast:
+      return (8 + std::sqrt(observations)) * kEps * total.sum * mean * mean;
+    case Method::OnePass:
+      return total.sum * (16 + observations) * (kEps * mean) * (kEps * mean);
+    default:
+      return 0;
   }
 }
 
@@ -68,9 +71,8 @@ void seed_matrix(const Task& task, const Data<T>& d, const Plan& plan, const Wei
   const double scale = from_sums ? 1.0 : old.sum / unbiased(old);
   for (int64_t j = 0; j < d.p; ++j) {
     for (int64_t i = 0; i <= j; ++i) {
-      cross[j * d.p + i] = d.selected(i) && d.selected(j)
-                               ? static_cast<T>(static_cast<double>(held.get(i, j)) * scale)
-                               : T{0};
+      cross[j * d.p + i] =
+          d.selected(i) && d.selected(j) ? static_cast<T>(static_cast<double>(held.get(i, j)) * scale) : T{0};
     }
   }
 }
@@ -99,9 +101,8 @@ void finish_matrix(const Task& task, const Data<T>& d, const Plan& plan, const W
   auto write_covariance = [&] {
     const auto to = covariance<T>(task, d.p);
     const double scale = unbiased(total) / total.sum;
-    for_selected_pairs(d, [&](int64_t i, int64_t j) {
-      to.set(i, j, static_cast<T>(static_cast<double>(sums.get(i, j)) * scale));
-    });
+    for_selected_pairs(
+        d, [&](int64_t i, int64_t j) { to.set(i, j, static_cast<T>(static_cast<double>(sums.get(i, j)) * scale)); });
   };
   auto write_cross_product = [&] {
     const auto to = cross_product<T>(task, d.p);
@@ -117,9 +118,9 @@ void finish_matrix(const Task& task, const Data<T>& d, const Plan& plan, const W
   }
 }
 
-#define ORVIK_INSTANTIATE(T)                                                                                    \
-  template T* matrix_in_place(const Task&, const Data<T>&, const Plan&);                                        \
-  template void seed_matrix(const Task&, const Data<T>&, const Plan&, const Weights&, T*);                      \
+#define ORVIK_INSTANTIATE(T)                                                               \
+  template T* matrix_in_place(const Task&, const Data<T>&, const Plan&);                   \
+  template void seed_matrix(const Task&, const Data<T>&, const Plan&, const Weights&, T*); \
   template void finish_matrix(const Task&, const Data<T>&, const Plan&, const Weights&, T*, T*);
 ORVIK_INSTANTIATE(float)
 ORVIK_INSTANTIATE(double)

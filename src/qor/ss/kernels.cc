@@ -5,6 +5,7 @@
 #include "orvik/ss.h"
 #include "orvik/zym.h"
 #include "qor/rng/bracket.h"
+#include "qor/rng/kernel_row.h"
 
 namespace orvik::ss {
 namespace {
@@ -37,29 +38,29 @@ int32_t not_a_number(ZymErrorContext* context) {
 template <>
 void inverse_square_roots(int32_t n, const double* a, double* r) {
   const qor::EntryBracket bracket(not_a_number);
-  call(orvik_zym_kernel_dInvSqrt_ttab, kLow, n, a, r);
+  call(ORVIK_KERNEL_ROW(dInvSqrt), kLow, n, a, r);
 }
 template <>
 void inverse_square_roots(int32_t n, const float* a, float* r) {
   const qor::EntryBracket bracket(not_a_number);
-  call(orvik_zym_kernel_sInvSqrt_ttab, kLow, n, a, r);
+  call(ORVIK_KERNEL_ROW(sInvSqrt), kLow, n, a, r);
 }
 
 template <>
 double kernel_sqrt(double x) {
-  return one(orvik_zym_kernel_dSqrt_ttab, x);
+  return one(ORVIK_KERNEL_ROW(dSqrt), x);
 }
 template <>
 float kernel_sqrt(float x) {
-  return one(orvik_zym_kernel_sSqrt_ttab, x);
+  return one(ORVIK_KERNEL_ROW(sSqrt), x);
 }
 template <>
 double kernel_ln(double x) {
-  return one(orvik_zym_kernel_dLn_ttab, x);
+  return one(ORVIK_KERNEL_ROW(dLn), x);
 }
 template <>
 float kernel_ln(float x) {
-  return one(orvik_zym_kernel_sLn_ttab, x);
+  return one(ORVIK_KERNEL_ROW(sLn), x);
 }
 
 }  // namespace orvik::ss

@@ -28,16 +28,21 @@ T square(const T* m, const T* d) {
 template <class T>
 void squares(int64_t p, int64_t m, const T* inverse, const T* deviations, T* products, T* out) {
   if (p > 3) {
-    serv::blas::symm('L', 'L', static_cast<int32_t>(p), static_cast<int32_t>(m), T{1}, inverse,
-                     static_cast<int32_t>(p), deviations, static_cast<int32_t>(p), T{0}, products,
-                     static_cast<int32_t>(p));
+    serv::blas::symm('L', 'L', static_cast<int32_t>(p), static_cast<int32_t>(m), T{1}, inverse, static_cast<int32_t>(p),
+                     deviations, static_cast<int32_t>(p), T{0}, products, static_cast<int32_t>(p));
   }
   for (int64_t i = 0; i < m; ++i) {
     const T* d = deviations + i * p;
     switch (p) {
-      case 1: out[i] = square<T, 1>(inverse, d); break;
-      case 2: out[i] = square<T, 2>(inverse, d); break;
-      case 3: out[i] = square<T, 3>(inverse, d); break;
+      case 1:
+        out[i] = square<T, 1>(inverse, d);
+        break;
+      case 2:
+        out[i] = square<T, 2>(inverse, d);
+        break;
+      case 3:
+        out[i] = square<T, 3>(inverse, d);
+        break;
       default: {
         T sum = 0;
         for (int64_t j = 0; j < p; ++j) sum += d[j] * products[i * p + j];

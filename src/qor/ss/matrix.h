@@ -25,9 +25,12 @@ class Matrix {
  private:
   int64_t index(int64_t i, int64_t j) const {
     switch (code_) {
-      case ORVIK_SS_MATRIX_LOWER: return j * (j + 1) / 2 + i;
-      case ORVIK_SS_MATRIX_UPPER: return i * p_ - i * (i - 1) / 2 + (j - i);
-      default: return j * p_ + i;  // the upper triangle of a column-major matrix
+      case ORVIK_SS_MATRIX_LOWER:
+        return j * (j + 1) / 2 + i;
+      case ORVIK_SS_MATRIX_UPPER:
+        return i * p_ - i * (i - 1) / 2 + (j - i);
+      default:
+        return j * p_ + i;  // the upper triangle of a column-major matrix
     }
   }
 

@@ -44,15 +44,13 @@ struct Result {
 };
 
 template <class T>
-void take_lanes(const Extremes<T>& e, int64_t count, int64_t j, int64_t p, const Result<T>& result, int64_t base) {
+void take_lanes(const Extremes<T>& e, int64_t j, const Result<T>& result) {
   constexpr int kWidth = Lanes<T>::kWidth;
   T low[kWidth], high[kWidth];
   Lanes<T>::store(low, e.low);
   Lanes<T>::store(high, e.high);
-  const int nan = Lanes<T>::bits(e.nan);
-  for (int64_t lane = 0; lane < count; ++lane) {
-    result.take(base + (j + lane) % p, low[lane], high[lane], (nan >> lane & 1) != 0);
-  }
+  const bool nan = Lanes<T>::bits(e.nan) != 0;
+  for (int lane = 0; lane < kWidth; ++lane) result.take(j, low[lane], high[lane], nan);
 }
 
 template <class T>
@@ -67,57 +65,67 @@ void scan_contiguous(int64_t n, const T* x, int64_t j, const Result<T>& result) 
   }
   for (; i + L::kWidth <= n; i += L::kWidth) e[0].take(L::load(x + i));
   for (int r = 1; r < kUnroll; ++r) e[0].take(e[r]);
-  take_lanes(e[0], L::kWidth, 0, 1, result, j);
+  take_lanes(e[0], j, result);
   for (; i < n; ++i) result.take(j, x[i], x[i], x[i] != x[i]);
 }
 
-// Rows of `length` values, `step` apart; the value at place j of a row belongs to variable base + j mod p. The extremes
-// of up to kVectors vectors stay in registers through all rows.
-template <class T, int N>
-void scan_rows(int64_t rows, const T* x, int64_t step, int64_t j, int64_t tail, int64_t p, const Result<T>& result,
-               int64_t base) {
-  using L = Lanes<T>;
-  Extremes<T> e[N];
-  const auto mask = L::first(tail);
-  for (int64_t i = 0; i < rows; ++i, x += step) {
-#pragma GCC unroll 4
-    for (int v = 0; v < N - 1; ++v) e[v].take(L::load(x + j + v * L::kWidth));
-    e[N - 1].take(L::load(x + j + (N - 1) * L::kWidth, mask));
+// Running extremes of a row of values, in memory.
+template <class T>
+struct RowExtremes {
+  static constexpr int64_t kLength = 512;
+  // Apart by no multiple of 4 KiB, at which loads would wait for unrelated stores.
+  static constexpr int64_t kGap = 1024 / sizeof(T);
+  alignas(64) T low[kLength + kGap];
+  alignas(64) T high[kLength + kGap];
+  alignas(64) T nan[kLength + kGap];
+
+  void clear() {
+    constexpr T kInf = std::numeric_limits<T>::infinity();
+    std::fill(low, low + kLength, kInf);
+    std::fill(high, high + kLength, -kInf);
+    std::fill(nan, nan + kLength, T{0});
   }
-  for (int v = 0; v < N; ++v) {
-    take_lanes(e[v], v == N - 1 ? tail : L::kWidth, j + v * L::kWidth, p, result, base);
+
+  void take(int64_t length, const T* x) {
+    using L = Lanes<T>;
+    auto body = [&](int64_t j, auto load, auto store) __attribute__((always_inline)) {
+      Extremes<T> e{L::load(low + j), L::load(high + j), L::load(nan + j)};
+      e.take(load(x + j));
+      store(low + j, e.low);
+      store(high + j, e.high);
+      store(nan + j, e.nan);
+    };
+    int64_t j = 0;
+    for (; j + L::kWidth <= length; j += L::kWidth) {
+      body(
+          j, [](const T* p) { return L::load(p); }, [](T* p, auto v) { L::store(p, v); });
+    }
+    if (j < length) {  // the places behind may belong to a longer row
+      const auto mask = L::first(length - j);
+      body(
+          j, [mask](const T* p) { return L::load(p, mask); }, [mask](T* p, auto v) { L::store(p, mask, v); });
+    }
   }
-}
+
+  // The value at place j belongs to variable base + j mod p.
+  void put(int64_t length, int64_t p, int64_t base, const Result<T>& result) const {
+    for (int64_t j = 0; j < length; ++j) result.take(base + j % p, low[j], high[j], nan[j] != 0);
+  }
+};
 
 template <class T>
 void scan_observations(const Data<T>& d, int64_t j0, int64_t j1, const Result<T>& result) {
-  constexpr int64_t kWidth = Lanes<T>::kWidth, kVectors = 4;
   const bool whole = j0 == 0 && j1 == d.p;
   const Fold fold(whole ? d.p : Fold::kRow);
-  const int64_t length = fold.observations > 1 ? fold.length : j1 - j0;
-  const int64_t rows = d.n / fold.observations;
-  const int64_t step = d.p * fold.observations;
-  const int64_t block = std::max<int64_t>(32, 0x8000 / (length * static_cast<int64_t>(sizeof(T))));
-  for (int64_t i = 0; i < rows; i += block) {
-    const int64_t m = std::min(block, rows - i);
-    for (int64_t j = 0; j < length;) {
-      const int64_t vectors = std::min((length - j + kWidth - 1) / kWidth, kVectors);
-      const int64_t tail = std::min(length - j - (vectors - 1) * kWidth, kWidth);
-      const T* x = d.x + i * step + j0;
-      switch (vectors) {
-        case 1: scan_rows<T, 1>(m, x, step, j, tail, j1 - j0, result, j0); break;
-        case 2: scan_rows<T, 2>(m, x, step, j, tail, j1 - j0, result, j0); break;
-        case 3: scan_rows<T, 3>(m, x, step, j, tail, j1 - j0, result, j0); break;
-        default: scan_rows<T, 4>(m, x, step, j, tail, j1 - j0, result, j0); break;
-      }
-      j += (vectors - 1) * kWidth + tail;
-    }
-  }
-  for (int64_t i = rows * fold.observations; i < d.n; ++i) {
-    for (int64_t j = j0; j < j1; ++j) {
-      const T x = d.x[i * d.p + j];
-      result.take(j, x, x, x != x);
-    }
+  RowExtremes<T> extremes;
+  for (int64_t first = j0; first < j1; first += RowExtremes<T>::kLength) {
+    const int64_t width = std::min(RowExtremes<T>::kLength, j1 - first);
+    const int64_t length = fold.observations > 1 ? fold.length : width;
+    extremes.clear();
+    int64_t i = 0;
+    for (; i + fold.observations <= d.n; i += fold.observations) extremes.take(length, d.x + i * d.p + first);
+    for (; i < d.n; ++i) extremes.take(width, d.x + i * d.p + first);
+    extremes.put(length, width, first, result);
   }
 }
 

@@ -15,9 +15,12 @@ inline double unbiased(const Weights& w) {
 // Average of the k-th powers of deviations from the mean, k = 2 to 4; r[k] is the k-th raw moment.
 inline double central_from_raw(int k, double m, const double* r) {
   switch (k) {
-    case 2: return r[2] - m * m;
-    case 3: return r[3] + m * (2 * m * m - 3 * r[2]);
-    default: return r[4] - 4 * m * r[3] + m * m * (6 * r[2] - 3 * m * m);
+    case 2:
+      return r[2] - m * m;
+    case 3:
+      return r[3] + m * (2 * m * m - 3 * r[2]);
+    default:
+      return r[4] - 4 * m * r[3] + m * m * (6 * r[2] - 3 * m * m);
   }
 }
 

@@ -33,31 +33,6 @@ void finish_mean(const Data<T>& d, double seed, const Accumulators<T>& acc) {
   }
 }
 
-// Chan, Golub, LeVeque 1983; Pébay 2008.
-template <class T>
-void merge_central(const Data<T>& d, int order, double a, double b, T* const into[4], T* const from[4]) {
-  const double s = a + b;
-  for (int64_t j = 0; j < d.p; ++j) {
-    const double ma = into[0][j], mb = from[0][j];
-    const double delta = mb - ma;
-    if (order >= 2) {
-      const double a2 = into[1][j], b2 = from[1][j];
-      if (order >= 3) {
-        const double a3 = into[2][j], b3 = from[2][j];
-        if (order >= 4) {
-          into[3][j] = static_cast<T>(into[3][j] + static_cast<double>(from[3][j]) + 4 * delta * (a * b3 - b * a3) / s +
-                                      6 * delta * delta * (a * a * b2 + b * b * a2) / (s * s) +
-                                      a * b * (a * a + b * b - a * b) / (s * s * s) * delta * delta * delta * delta);
-        }
-        into[2][j] = static_cast<T>(a3 + b3 + 3 * delta * (a * b2 - b * a2) / s +
-                                    a * b * (a - b) / (s * s) * delta * delta * delta);
-      }
-      into[1][j] = static_cast<T>(a2 + b2 + a * b / s * delta * delta);
-    }
-    into[0][j] = static_cast<T>((a * ma + b * mb) / s);
-  }
-}
-
 }  // namespace
 
 template <class T>
@@ -70,6 +45,24 @@ int32_t run_pass(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1, con
   const double seed = acc->weights.sum;
   const bool uncentred = acc->cross != nullptr && plan.method == Method::Fast;
   if (uncentred && seed != 0) cross.add_outer(seed, acc->mean);
+
+  constexpr int64_t kLong = 4096;
+  if (acc->cross == nullptr && by_blocks && d.contiguous_variables && i1 - i0 >= kLong) {
+    // Variable by variable: both kinds of sums read a block while it is in the second cache.
+    constexpr int64_t kBlock = 0x20000 / sizeof(T);
+    for_selected_ranges(d, [&](int64_t j0, int64_t j1) {
+      for (int64_t j = j0; j < j1; ++j) {
+        double weight = seed;
+        for (int64_t i = i0; i < i1; i += kBlock) {
+          const int64_t end = std::min(i + kBlock, i1);
+          weight = update_central_sums(d, i, end, j, j + 1, central, weight, acc->central);
+          add_power_sums(d, i, end, j, j + 1, power, user_mean, acc->power);
+        }
+      }
+    });
+    acc->weights = add_weights(d, i0, i1 - i0, acc->weights);
+    return kDone;
+  }
 
   const int64_t block = by_blocks ? cross.block() : i1 - i0;
   for (int64_t i = i0; i < i1; i += block) {
@@ -113,15 +106,16 @@ void merge(const Data<T>& d, const Plan& plan, Accumulators<T>* into, const Accu
     }
     if (into->mean != nullptr) {
       for (int64_t j = 0; j < d.p; ++j) {
-        into->mean[j] = static_cast<T>((a * static_cast<double>(into->mean[j]) + b * static_cast<double>(from.mean[j])) / (a + b));
+        into->mean[j] =
+            static_cast<T>((a * static_cast<double>(into->mean[j]) + b * static_cast<double>(from.mean[j])) / (a + b));
       }
     }
   }
-  if (plan.central_order() != 0) merge_central(d, plan.central_order(), a, b, into->central, from.central);
+  if (plan.central_order() != 0) merge_central_sums(d.p, plan.central_order(), a, b, into->central, from.central);
 }
 
-#define ORVIK_INSTANTIATE(T)                                                                                        \
-  template int32_t run_pass(const Data<T>&, const Plan&, int64_t, int64_t, const T*, Accumulators<T>*);             \
+#define ORVIK_INSTANTIATE(T)                                                                            \
+  template int32_t run_pass(const Data<T>&, const Plan&, int64_t, int64_t, const T*, Accumulators<T>*); \
   template void merge(const Data<T>&, const Plan&, Accumulators<T>*, const Accumulators<T>&);
 ORVIK_INSTANTIATE(float)
 ORVIK_INSTANTIATE(double)

@@ -42,22 +42,44 @@ struct Output {
 };
 
 constexpr Output kOutputs[] = {
-    {&Task::mean, -4006},           {&Task::rawMoment2, -4007},     {&Task::rawMoment3, -4008},
-    {&Task::rawMoment4, -4009},     {&Task::centralMoment2, -4010}, {&Task::centralMoment3, -4011},
-    {&Task::centralMoment4, -4012}, {&Task::covariance, -4018},     {&Task::correlation, -4019},
-    {&Task::kurtosis, -4013},       {&Task::skewness, -4014},       {&Task::variation, -4017},
-    {&Task::sum, -4074},            {&Task::rawSum2, -4075},        {&Task::rawSum3, -4076},
-    {&Task::rawSum4, -4077},        {&Task::centralSum2, -4078},    {&Task::centralSum3, -4079},
-    {&Task::centralSum4, -4080},    {&Task::crossProduct, -4081},
+    {&Task::mean, -4006},
+    {&Task::rawMoment2, -4007},
+    {&Task::rawMoment3, -4008},
+    {&Task::rawMoment4, -4009},
+    {&Task::centralMoment2, -4010},
+    {&Task::centralMoment3, -4011},
+    {&Task::centralMoment4, -4012},
+    {&Task::covariance, -4018},
+    {&Task::correlation, -4019},
+    {&Task::kurtosis, -4013},
+    {&Task::skewness, -4014},
+    {&Task::variation, -4017},
+    {&Task::sum, -4074},
+    {&Task::rawSum2, -4075},
+    {&Task::rawSum3, -4076},
+    {&Task::rawSum4, -4077},
+    {&Task::centralSum2, -4078},
+    {&Task::centralSum3, -4079},
+    {&Task::centralSum4, -4080},
+    {&Task::crossProduct, -4081},
 };
 
 bool find_method(uint64_t word, Method* method) {
   switch (word & (ORVIK_SS_METHOD_FAST | ORVIK_SS_METHOD_ONE_PASS | ORVIK_SS_METHOD_USER_MEAN)) {
-    case ORVIK_SS_METHOD_FAST: *method = Method::Fast; return true;
-    case ORVIK_SS_METHOD_ONE_PASS: *method = Method::OnePass; return true;
-    case ORVIK_SS_METHOD_USER_MEAN: *method = Method::UserMean; return true;
-    case 0: *method = Method::Finish; break;
-    default: return false;
+    case ORVIK_SS_METHOD_FAST:
+      *method = Method::Fast;
+      return true;
+    case ORVIK_SS_METHOD_ONE_PASS:
+      *method = Method::OnePass;
+      return true;
+    case ORVIK_SS_METHOD_USER_MEAN:
+      *method = Method::UserMean;
+      return true;
+    case 0:
+      *method = Method::Finish;
+      break;
+    default:
+      return false;
   }
   return (word & (ORVIK_SS_METHOD_FROM_CROSS_PRODUCT | ORVIK_SS_METHOD_FROM_SUMS)) != 0;
 }

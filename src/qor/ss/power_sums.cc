@@ -73,27 +73,22 @@ void add_contiguous_variables(const Data<T>& d, int64_t i0, int64_t i1, int64_t 
   }
 }
 
-// R rows of `length` values each, `step` apart, into accumulators by order. `w` has the weights of R rows, either one
-// value per row or, where rows are folded observations, one row of values for each.
-template <class T, int K, bool Weighted, bool Shifted, int R>
-inline __attribute__((always_inline)) void add_rows(int64_t length, const T* x, int64_t step, const T* w,
-                                                    int64_t w_step, bool spread, const T* shift, T* acc,
-                                                    int64_t acc_step) {
+// One row of `length` values into accumulators by order. `w` has one weight for the row or, where rows are folded
+// observations (`spread`), one for each value. Strictly sequential: several rows at once would save loads and stores of
+// accumulators, but lose more to streams of memory that the hardware does not foresee.
+template <class T, int K, bool Weighted, bool Shifted>
+inline __attribute__((always_inline)) void add_row(int64_t length, const T* x, const T* w, bool spread, const T* shift,
+                                                   T* acc, int64_t acc_step) {
   using L = Lanes<T>;
   using V = typename L::V;
   auto body = [&](int64_t j, auto load, auto store, auto keep) __attribute__((always_inline)) {
     V s[K];
     for (int k = 0; k < K; ++k) s[k] = load(acc + k * acc_step + j);
-    V u = L::all(0);
-    if constexpr (Shifted) u = load(shift + j);
-#pragma GCC unroll 4
-    for (int r = 0; r < R; ++r) {
-      V d = load(x + r * step + j);
-      if constexpr (Shifted) d = keep(d - u);
-      V weight = u;
-      if constexpr (Weighted) weight = spread ? load(w + r * w_step + j) : L::all(w[r]);
-      add_powers<T, K, Weighted>(d, weight, s);
-    }
+    V d = load(x + j);
+    if constexpr (Shifted) d = keep(d - load(shift + j));
+    V weight = d;
+    if constexpr (Weighted) weight = spread ? load(w + j) : L::all(*w);
+    add_powers<T, K, Weighted>(d, weight, s);
     for (int k = 0; k < K; ++k) store(acc + k * acc_step + j, s[k]);
   };
   int64_t j = 0;
@@ -110,49 +105,45 @@ inline __attribute__((always_inline)) void add_rows(int64_t length, const T* x, 
 }
 
 constexpr int64_t kChunk = 512;  // variables whose accumulators fit the first cache
+// From one order's accumulators to the next: no multiple of 4 KiB, at which loads would wait for unrelated stores.
+template <class T>
+constexpr int64_t kAccStep = kChunk + 1024 / static_cast<int64_t>(sizeof(T));
 
 template <class T, int K, bool Weighted, bool Shifted>
 void add_contiguous_observations(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const T* shift,
                                  T* const sums[4]) {
-  constexpr int kRows = 4;
   // A selection of neighbours is not one contiguous range of memory: only whole observations can be folded.
   const Fold fold(j0 == 0 && j1 == d.p ? d.p : Fold::kRow);
+  const bool spread = fold.observations > 1;
   for (int64_t first = j0; first < j1; first += kChunk) {
     const int64_t width = std::min(kChunk, j1 - first);
-    const int64_t length = fold.observations > 1 ? fold.length : width;
-    T acc[K * kChunk];
-    T us[Shifted ? kChunk : 1];
-    T ws[Weighted ? kRows * kChunk : 1];
-    std::fill(acc, acc + K * length, T{0});
+    const int64_t length = spread ? fold.length : width;
+    alignas(64) T acc[K * kAccStep<T>];
+    alignas(64) T us[Shifted ? kChunk : 1];
+    alignas(64) T ws[Weighted ? kChunk : 1];
+    std::fill(acc, acc + K * kAccStep<T>, T{0});
     if constexpr (Shifted) {
       for (int64_t j = 0; j < length; ++j) us[j] = shift[first + j % width];
     }
-    const bool spread = fold.observations > 1;
-    auto weights = [&](int64_t i, int64_t rows) -> const T* {
+    auto weights = [&](int64_t i) -> const T* {
       if constexpr (!Weighted) return nullptr;
       if (!spread) return d.weights + i;
       T* out = ws;
-      for (int64_t r = 0; r < rows * fold.observations; ++r) {
+      for (int64_t r = 0; r < fold.observations; ++r) {
         for (int64_t j = 0; j < width; ++j) *out++ = d.weights[i + r];
       }
       return ws;
     };
     int64_t i = i0;
-    const int64_t step = d.p * fold.observations;
-    for (; i + kRows * fold.observations <= i1; i += kRows * fold.observations) {
-      add_rows<T, K, Weighted, Shifted, kRows>(length, d.x + i * d.p + first, step, weights(i, kRows), length, spread,
-                                               us, acc, length);
-    }
     for (; i + fold.observations <= i1; i += fold.observations) {
-      add_rows<T, K, Weighted, Shifted, 1>(length, d.x + i * d.p + first, step, weights(i, 1), length, spread, us, acc,
-                                           length);
+      add_row<T, K, Weighted, Shifted>(length, d.x + i * d.p + first, weights(i), spread, us, acc, kAccStep<T>);
     }
     for (; i < i1; ++i) {  // what is left of a folded row goes to its first observation's accumulators
-      add_rows<T, K, Weighted, Shifted, 1>(width, d.x + i * d.p + first, d.p, Weighted ? d.weights + i : nullptr, 0,
-                                           false, us, acc, length);
+      add_row<T, K, Weighted, Shifted>(width, d.x + i * d.p + first, Weighted ? d.weights + i : nullptr, false, us, acc,
+                                       kAccStep<T>);
     }
     for (int k = 0; k < K; ++k) {
-      for (int64_t j = 0; j < length; ++j) sums[k][first + j % width] += acc[k * length + j];
+      for (int64_t j = 0; j < length; ++j) sums[k][first + j % width] += acc[k * kAccStep<T> + j];
     }
   }
 }
@@ -187,11 +178,16 @@ template <class T>
 void add_power_sums(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, int order, const T* shift,
                     T* const sums[4]) {
   switch (order) {
-    case 1: return add<T, 1>(d, i0, i1, j0, j1, shift, sums);
-    case 2: return add<T, 2>(d, i0, i1, j0, j1, shift, sums);
-    case 3: return add<T, 3>(d, i0, i1, j0, j1, shift, sums);
-    case 4: return add<T, 4>(d, i0, i1, j0, j1, shift, sums);
-    default: return;
+    case 1:
+      return add<T, 1>(d, i0, i1, j0, j1, shift, sums);
+    case 2:
+      return add<T, 2>(d, i0, i1, j0, j1, shift, sums);
+    case 3:
+      return add<T, 3>(d, i0, i1, j0, j1, shift, sums);
+    case 4:
+      return add<T, 4>(d, i0, i1, j0, j1, shift, sums);
+    default:
+      return;
   }
 }
 

@@ -116,12 +116,12 @@ T sort_select(int64_t n, T* a, int64_t k) {
 }  // namespace orvik::ss
 
 extern "C" {
-#define ORVIK_SS_SORT(d, real)                                                                  \
+#define ORVIK_SS_SORT(d, real)                                                                      \
   void __qor##d##QSort(int64_t n, real* a) { orvik::ss::quicksort(a, orvik::ss::move_nans(a, n)); } \
-  void __qor##d##QSortStep(int64_t n, real* a, int64_t stride) {                                \
-    const orvik::ss::Strided<real> s{a, stride};                                                \
-    orvik::ss::quicksort(s, orvik::ss::move_nans(s, n));                                        \
-  }                                                                                             \
+  void __qor##d##QSortStep(int64_t n, real* a, int64_t stride) {                                    \
+    const orvik::ss::Strided<real> s{a, stride};                                                    \
+    orvik::ss::quicksort(s, orvik::ss::move_nans(s, n));                                            \
+  }                                                                                                 \
   real __qor##d##QSortSelect(int64_t n, real* a, int64_t k) { return orvik::ss::sort_select(n, a, k); }
 ORVIK_SS_SORT(d, double)
 ORVIK_SS_SORT(s, float)

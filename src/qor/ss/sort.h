@@ -1,6 +1,8 @@
 // Sorting and selection in place. NaNs go last; no input takes more than O(n log n).
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <utility>
 
@@ -17,7 +19,7 @@ struct Strided {
 namespace sorting {
 
 // Segments below this length are left to insertion.
-inline constexpr int64_t kShort = 7;
+inline constexpr int64_t kShort = 16;
 
 inline int depth_limit(int64_t n) { return 2 * (64 - __builtin_clzll(static_cast<uint64_t>(n) | 1)); }
 
@@ -107,12 +109,52 @@ void quicksort(A a, int64_t n) {
   }
 }
 
+namespace sorting {
+
+// Two inward scans around a[k], which two sentinels stop. Returns the segment that still holds rank k.
+template <class A>
+void partition_at(A a, int64_t* low, int64_t* high, int64_t k) {
+  const auto pivot = a[k];
+  int64_t i = *low, j = *high;
+  std::swap(a[i], a[k]);
+  if (pivot < a[j]) std::swap(a[i], a[j]);
+  while (i < j) {
+    std::swap(a[i], a[j]);
+    do ++i;
+    while (a[i] < pivot);
+    do --j;
+    while (pivot < a[j]);
+  }
+  if (!(a[*low] < pivot) && !(pivot < a[*low])) {
+    std::swap(a[*low], a[j]);
+  } else {
+    std::swap(a[++j], a[*high]);
+  }
+  if (j <= k) *low = j + 1;
+  if (k <= j) *high = j - 1;
+}
+
+}  // namespace sorting
+
 // Puts the element of rank k in place within a[low .. high], which holds no NaN, smaller ones before, larger behind.
+// A long segment is first narrowed around a pivot that a selection within a sample makes nearly the wanted one (Floyd,
+// Rivest 1975).
 template <class A>
 void select(A a, int64_t low, int64_t high, int64_t k) {
+  constexpr int64_t kSampled = 600;
   int depth = sorting::depth_limit(high - low + 1);
   while (high - low + 1 >= sorting::kShort) {
     if (depth-- == 0) return sorting::heap(a, low, high);
+    if (high - low >= kSampled) {
+      const double n = static_cast<double>(high - low + 1), rank = static_cast<double>(k - low + 1);
+      const double z = std::log(n), s = 0.5 * std::exp(2 * z / 3);
+      const double spread = 0.5 * std::sqrt(z * s * (n - s) / n) * (rank < n / 2 ? -1 : 1);
+      const auto from = static_cast<int64_t>(static_cast<double>(k) - rank * s / n + spread);
+      const auto to = static_cast<int64_t>(static_cast<double>(k) + (n - rank) * s / n + spread);
+      select(a, std::max(low, std::min(from, k)), std::min(high, std::max(to, k)), k);
+      sorting::partition_at(a, &low, &high, k);
+      continue;
+    }
     int64_t i, j;
     sorting::partition(a, low, high, &i, &j);
     if (k <= j) {

@@ -180,8 +180,7 @@ int32_t stream_quantiles(OrvikSSTask handle, const OrvikThreading* threading) {
   auto epsilon_of = [&](int64_t j) { return state[j].epsilon != 0 ? state[j].epsilon : wanted; };
 
   // Everything that can fail comes before the first value: the scratch of the queries, then each variable's levels.
-  const int32_t threads =
-      static_cast<int32_t>(std::max<int64_t>(1, std::min<int64_t>(max_threads(threading), d.p)));
+  const int32_t threads = static_cast<int32_t>(std::max<int64_t>(1, std::min<int64_t>(max_threads(threading), d.p)));
   int64_t entries = 0;
   for (int64_t j = 0; j < d.p; ++j) {
     const int64_t total = state[j].seen() + (d.selected(j) ? n : 0);

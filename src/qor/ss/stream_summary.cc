@@ -193,10 +193,10 @@ const Ranked<T>& nearest(const Ranked<T>* summary, int64_t used, double rank) {
   return error(it[-1]) < error(*it) ? it[-1] : *it;
 }
 
-#define ORVIK_INSTANTIATE(T)                                                               \
-  template class LevelWork<T>;                                                             \
-  template int64_t append_pieces(const Ranked<T>*, int64_t, int64_t, Ranked<T>*);          \
-  template void rank_entries(int64_t, Ranked<T>*);                                         \
+#define ORVIK_INSTANTIATE(T)                                                      \
+  template class LevelWork<T>;                                                    \
+  template int64_t append_pieces(const Ranked<T>*, int64_t, int64_t, Ranked<T>*); \
+  template void rank_entries(int64_t, Ranked<T>*);                                \
   template const Ranked<T>& nearest(const Ranked<T>*, int64_t, double);
 ORVIK_INSTANTIATE(float)
 ORVIK_INSTANTIATE(double)

@@ -1,9 +1,9 @@
 // A bounded summary of a stream of values from which every rank can be told within epsilon n (Zhang, Wang 2007).
 //
-// The stream is cut into levels, each twice as long as the one before: level k has 2^k / epsilon values. Within a level,
-// full buffers of `capacity` values are cut to summaries of `keep` entries, and two summaries of one height are merged
-// into one of the next, as a binary counter adds. A cut to B + 1 entries costs N / (2 B) in rank. With
-// L = log2(epsilon length) + 2 and capacity L / epsilon, all cuts of a level together cost at most epsilon times its
+// The stream is cut into levels, each twice as long as the one before: level k has 2^k / epsilon values. Within a
+// level, full buffers of `capacity` values are cut to summaries of `keep` entries, and two summaries of one height are
+// merged into one of the next, as a binary counter adds. A cut to B + 1 entries costs N / (2 B) in rank. With L =
+// log2(epsilon length) + 2 and capacity L / epsilon, all cuts of a level together cost at most epsilon times its
 // length. A finished level leaves one summary; a query looks at those of all levels and at what the current one holds.
 #pragma once
 
@@ -19,7 +19,9 @@ struct Ranked {
   T value;
   int64_t min, max;
   // NaNs last.
-  bool operator<(const Ranked& other) const { return value < other.value || (value == value && other.value != other.value); }
+  bool operator<(const Ranked& other) const {
+    return value < other.value || (value == value && other.value != other.value);
+  }
 };
 
 // Sizes of a level, all from epsilon and its index.

@@ -54,8 +54,8 @@ inline constexpr Field kFields[] = {
 template <class T>
 struct Data {
   const T* x;
-  const T* weights;       // null: every weight is 1
-  const int32_t* flags;   // null: every variable is selected
+  const T* weights;      // null: every weight is 1
+  const int32_t* flags;  // null: every variable is selected
   int64_t p;
   int64_t n;
   bool contiguous_variables;  // x[j * n + i], otherwise x[i * p + j]

@@ -31,6 +31,7 @@ struct Lanes<double> {
   friend Lanes operator>=(Lanes a, Lanes b) { return _mm256_cmp_pd(a.v, b.v, _CMP_GE_OQ); }
   friend Lanes operator==(Lanes a, Lanes b) { return _mm256_cmp_pd(a.v, b.v, _CMP_EQ_OQ); }
   friend Lanes operator&(Lanes a, Lanes b) { return _mm256_and_pd(a.v, b.v); }
+  friend Lanes operator|(Lanes a, Lanes b) { return _mm256_or_pd(a.v, b.v); }
   friend Lanes select(Lanes mask, Lanes a, Lanes b) { return _mm256_blendv_pd(b.v, a.v, mask.v); }
   unsigned bits() const { return static_cast<unsigned>(_mm256_movemask_pd(v)); }
 
@@ -66,6 +67,7 @@ struct Lanes<float> {
   friend Lanes operator>=(Lanes a, Lanes b) { return _mm256_cmp_ps(a.v, b.v, _CMP_GE_OQ); }
   friend Lanes operator==(Lanes a, Lanes b) { return _mm256_cmp_ps(a.v, b.v, _CMP_EQ_OQ); }
   friend Lanes operator&(Lanes a, Lanes b) { return _mm256_and_ps(a.v, b.v); }
+  friend Lanes operator|(Lanes a, Lanes b) { return _mm256_or_ps(a.v, b.v); }
   friend Lanes select(Lanes mask, Lanes a, Lanes b) { return _mm256_blendv_ps(b.v, a.v, mask.v); }
   unsigned bits() const { return static_cast<unsigned>(_mm256_movemask_ps(v)); }
 
@@ -82,6 +84,31 @@ struct Lanes<float> {
  private:
   __m256i next() const { return _mm256_add_epi32(_mm256_cvttps_epi32(v), _mm256_set1_epi32(1)); }
 };
+
+// The same operations on one real, so that a formula is written once for both.
+template <class T, class Real>
+T at(const Real* p) {
+  if constexpr (sizeof(T) == sizeof(Real)) {
+    return *p;
+  } else {
+    return T::load(p);
+  }
+}
+template <class Real>
+void put(Real* p, Real value) { *p = value; }
+template <class Real>
+void put(Real* p, Lanes<Real> value) { value.store(p); }
+template <class Real>
+Real select(bool condition, Real a, Real b) { return condition ? a : b; }
+inline Lanes<double> abs(Lanes<double> a) { return _mm256_andnot_pd(_mm256_set1_pd(-0.0), a.v); }
+inline Lanes<float> abs(Lanes<float> a) { return _mm256_andnot_ps(_mm256_set1_ps(-0.0f), a.v); }
+// The size of a >= 0 with the sign of b.
+inline Lanes<double> copysign(Lanes<double> a, Lanes<double> b) {
+  return _mm256_or_pd(a.v, _mm256_and_pd(_mm256_set1_pd(-0.0), b.v));
+}
+inline Lanes<float> copysign(Lanes<float> a, Lanes<float> b) {
+  return _mm256_or_ps(a.v, _mm256_and_ps(_mm256_set1_ps(-0.0f), b.v));
+}
 
 // a b + c, and c - a b.
 inline Lanes<double> fma(Lanes<double> a, Lanes<double> b, Lanes<double> c) { return _mm256_fmadd_pd(a.v, b.v, c.v); }
@@ -158,6 +185,32 @@ inline void store_rows(float* out, Lanes<float> c0, Lanes<float> c1, Lanes<float
   _mm256_storeu_ps(out + 8, _mm256_permute2f128_ps(r2, r3, 0x20));
   _mm256_storeu_ps(out + 16, _mm256_permute2f128_ps(r0, r1, 0x31));
   _mm256_storeu_ps(out + 24, _mm256_permute2f128_ps(r2, r3, 0x31));
+}
+
+// The transpose of a square of vectors, in place.
+inline void turn(Lanes<double>* r) {
+  const __m256d a = _mm256_unpacklo_pd(r[0].v, r[1].v), b = _mm256_unpackhi_pd(r[0].v, r[1].v);
+  const __m256d c = _mm256_unpacklo_pd(r[2].v, r[3].v), d = _mm256_unpackhi_pd(r[2].v, r[3].v);
+  r[0] = _mm256_permute2f128_pd(a, c, 0x20);
+  r[1] = _mm256_permute2f128_pd(b, d, 0x20);
+  r[2] = _mm256_permute2f128_pd(a, c, 0x31);
+  r[3] = _mm256_permute2f128_pd(b, d, 0x31);
+}
+inline void turn(Lanes<float>* r) {
+  __m256 s[8];
+  for (int half = 0; half < 2; ++half) {  // rows 0 to 3, 4 to 7: squares of four in each half of the vectors
+    const Lanes<float>* q = r + 4 * half;
+    const __m256 a = _mm256_unpacklo_ps(q[0].v, q[1].v), b = _mm256_unpackhi_ps(q[0].v, q[1].v);
+    const __m256 c = _mm256_unpacklo_ps(q[2].v, q[3].v), d = _mm256_unpackhi_ps(q[2].v, q[3].v);
+    s[4 * half] = _mm256_shuffle_ps(a, c, 0x44);
+    s[4 * half + 1] = _mm256_shuffle_ps(a, c, 0xEE);
+    s[4 * half + 2] = _mm256_shuffle_ps(b, d, 0x44);
+    s[4 * half + 3] = _mm256_shuffle_ps(b, d, 0xEE);
+  }
+  for (int k = 0; k < 4; ++k) {
+    r[k] = _mm256_permute2f128_ps(s[k], s[k + 4], 0x20);
+    r[k + 4] = _mm256_permute2f128_ps(s[k], s[k + 4], 0x31);
+  }
 }
 
 }  // namespace orvik::df

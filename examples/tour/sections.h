@@ -12,6 +12,9 @@ void show_data(const Table& table);
 // Vector functions with and without an error callback, the mode word, a strided view of one column.
 void show_vector_math(const Table& table);
 
+// Natural, Akima and Hyman splines through the gaps of a column, drawn with their derivatives.
+void show_fitting(const Table& table);
+
 struct Section {
   const char* title;
   void (*show)(const Table&);
@@ -20,6 +23,7 @@ struct Section {
 inline constexpr Section kSections[] = {
     {"Data", show_data},
     {"Vector mathematics", show_vector_math},
+    {"Data fitting", show_fitting},
 };
 
 }  // namespace tour

@@ -134,6 +134,13 @@ class Drawing {
                  "<text x=\"%.1f\" y=\"%.1f\" font-size=\"%g\" fill=\"%s\" text-anchor=\"%s\" font-weight=\"%s\">%s</text>\n",
                  x, y, size, fill, anchor, weight, escaped(what).c_str());
   }
+  void legend(double x, double y, const Kind& kind) {
+    line(x, y, x + 26, y, kind.colour, 3.2);
+    std::fprintf(file_,
+                 "<text x=\"%.1f\" y=\"%.1f\" font-size=\"14\" fill=\"%s\"><tspan font-weight=\"600\">%s</tspan>"
+                 "<tspan dx=\"8\" font-size=\"13\" fill=\"#78716c\">%s</tspan></text>\n",
+                 x + 34, y + 5, kind.colour, kind.name, kind.note);
+  }
   void line(double xa, double ya, double xb, double yb, const char* stroke, double width) {
     std::fprintf(file_,
                  "<line x1=\"%.1f\" y1=\"%.1f\" x2=\"%.1f\" y2=\"%.1f\" stroke=\"%s\" stroke-width=\"%g\"/>\n", xa, ya,
@@ -205,13 +212,8 @@ bool draw(const Column& column, Window window, const std::vector<Curve>& curves)
   d.begin(1000, 750);
   d.text(76, 48, 24, "#1c1917", "start", column.name + ", with a curve through its gaps", "600");
   d.text(76, 74, 14, "#78716c", "start", "Dots are measured; shaded rows have no value. Below, each curve's first derivative.");
-  double at = 76;
-  for (const Kind& kind : kKinds) {
-    d.line(at, 101, at + 26, 101, kind.colour, 3.2);
-    d.text(at + 34, 106, 14, kind.colour, "start", std::string(kind.name), "600");
-    d.text(at + 44 + 10.5 * static_cast<double>(std::string(kind.name).size()), 106, 13, "#78716c", "start", kind.note);
-    at += 300;
-  }
+  const double places[] = {76, 416, 680};
+  for (size_t k = 0; k < std::size(kKinds); ++k) d.legend(places[k], 101, kKinds[k]);
   for (const Panel* p : {&values, &slopes}) {
     for (size_t i = window.first; i < window.last; ++i) {
       if (!std::isnan(column.values[i])) continue;

@@ -14,6 +14,8 @@ void show_vector_math(const Table& table);
 
 // A bootstrap interval of a mean, its random numbers split over several streams in three ways.
 void show_streams(const Table& table);
+// Natural, Akima and Hyman splines through the gaps of a column, drawn with their derivatives.
+void show_fitting(const Table& table);
 
 struct Section {
   const char* title;
@@ -24,6 +26,7 @@ inline constexpr Section kSections[] = {
     {"Data", show_data},
     {"Vector mathematics", show_vector_math},
     {"Random streams", show_streams},
+    {"Data fitting", show_fitting},
 };
 
 }  // namespace tour

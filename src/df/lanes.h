@@ -25,6 +25,27 @@ struct Lanes<double> {
   friend Lanes operator-(Lanes a, Lanes b) { return _mm256_sub_pd(a.v, b.v); }
   friend Lanes operator*(Lanes a, Lanes b) { return _mm256_mul_pd(a.v, b.v); }
   friend Lanes operator/(Lanes a, Lanes b) { return _mm256_div_pd(a.v, b.v); }
+
+  // Comparisons give masks of whole lanes; a not-a-number compares false.
+  friend Lanes operator<(Lanes a, Lanes b) { return _mm256_cmp_pd(a.v, b.v, _CMP_LT_OQ); }
+  friend Lanes operator>=(Lanes a, Lanes b) { return _mm256_cmp_pd(a.v, b.v, _CMP_GE_OQ); }
+  friend Lanes operator==(Lanes a, Lanes b) { return _mm256_cmp_pd(a.v, b.v, _CMP_EQ_OQ); }
+  friend Lanes operator&(Lanes a, Lanes b) { return _mm256_and_pd(a.v, b.v); }
+  friend Lanes operator|(Lanes a, Lanes b) { return _mm256_or_pd(a.v, b.v); }
+  friend Lanes select(Lanes mask, Lanes a, Lanes b) { return _mm256_blendv_pd(b.v, a.v, mask.v); }
+  unsigned bits() const { return static_cast<unsigned>(_mm256_movemask_pd(v)); }
+
+  // Truncated, and truncated plus one, to integers.
+  void store_truncated(int32_t* p) const {
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(p), _mm256_cvttpd_epi32(v));
+  }
+  void store_next(int32_t* p) const { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), next()); }
+  void store_next(int64_t* p) const {
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_cvtepi32_epi64(next()));
+  }
+
+ private:
+  __m128i next() const { return _mm_add_epi32(_mm256_cvttpd_epi32(v), _mm_set1_epi32(1)); }
 };
 
 template <>
@@ -41,13 +62,110 @@ struct Lanes<float> {
   friend Lanes operator-(Lanes a, Lanes b) { return _mm256_sub_ps(a.v, b.v); }
   friend Lanes operator*(Lanes a, Lanes b) { return _mm256_mul_ps(a.v, b.v); }
   friend Lanes operator/(Lanes a, Lanes b) { return _mm256_div_ps(a.v, b.v); }
+
+  friend Lanes operator<(Lanes a, Lanes b) { return _mm256_cmp_ps(a.v, b.v, _CMP_LT_OQ); }
+  friend Lanes operator>=(Lanes a, Lanes b) { return _mm256_cmp_ps(a.v, b.v, _CMP_GE_OQ); }
+  friend Lanes operator==(Lanes a, Lanes b) { return _mm256_cmp_ps(a.v, b.v, _CMP_EQ_OQ); }
+  friend Lanes operator&(Lanes a, Lanes b) { return _mm256_and_ps(a.v, b.v); }
+  friend Lanes operator|(Lanes a, Lanes b) { return _mm256_or_ps(a.v, b.v); }
+  friend Lanes select(Lanes mask, Lanes a, Lanes b) { return _mm256_blendv_ps(b.v, a.v, mask.v); }
+  unsigned bits() const { return static_cast<unsigned>(_mm256_movemask_ps(v)); }
+
+  void store_truncated(int32_t* p) const {
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_cvttps_epi32(v));
+  }
+  void store_next(int32_t* p) const { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), next()); }
+  void store_next(int64_t* p) const {
+    const __m256i n = next();
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_cvtepi32_epi64(_mm256_castsi256_si128(n)));
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p + 4), _mm256_cvtepi32_epi64(_mm256_extracti128_si256(n, 1)));
+  }
+
+ private:
+  __m256i next() const { return _mm256_add_epi32(_mm256_cvttps_epi32(v), _mm256_set1_epi32(1)); }
 };
+
+// The same operations on one real, so that a formula is written once for both.
+template <class T, class Real>
+T at(const Real* p) {
+  if constexpr (sizeof(T) == sizeof(Real)) {
+    return *p;
+  } else {
+    return T::load(p);
+  }
+}
+template <class Real>
+void put(Real* p, Real value) { *p = value; }
+template <class Real>
+void put(Real* p, Lanes<Real> value) { value.store(p); }
+template <class Real>
+Real select(bool condition, Real a, Real b) { return condition ? a : b; }
+inline Lanes<double> abs(Lanes<double> a) { return _mm256_andnot_pd(_mm256_set1_pd(-0.0), a.v); }
+inline Lanes<float> abs(Lanes<float> a) { return _mm256_andnot_ps(_mm256_set1_ps(-0.0f), a.v); }
+// The size of a >= 0 with the sign of b.
+inline Lanes<double> copysign(Lanes<double> a, Lanes<double> b) {
+  return _mm256_or_pd(a.v, _mm256_and_pd(_mm256_set1_pd(-0.0), b.v));
+}
+inline Lanes<float> copysign(Lanes<float> a, Lanes<float> b) {
+  return _mm256_or_ps(a.v, _mm256_and_ps(_mm256_set1_ps(-0.0f), b.v));
+}
 
 // a b + c, and c - a b.
 inline Lanes<double> fma(Lanes<double> a, Lanes<double> b, Lanes<double> c) { return _mm256_fmadd_pd(a.v, b.v, c.v); }
 inline Lanes<float> fma(Lanes<float> a, Lanes<float> b, Lanes<float> c) { return _mm256_fmadd_ps(a.v, b.v, c.v); }
 inline Lanes<double> fnma(Lanes<double> a, Lanes<double> b, Lanes<double> c) { return _mm256_fnmadd_pd(a.v, b.v, c.v); }
 inline Lanes<float> fnma(Lanes<float> a, Lanes<float> b, Lanes<float> c) { return _mm256_fnmadd_ps(a.v, b.v, c.v); }
+
+// As many 32-bit indices as Lanes<Real> has reals.
+template <class Real>
+struct Indices;
+
+template <>
+struct Indices<double> {
+  __m128i v;
+
+  Indices(__m128i bits) : v(bits) {}
+  explicit Indices(int32_t all) : v(_mm_set1_epi32(all)) {}
+  static Indices load(const int32_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
+  void store(int32_t* p) const { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
+  void store(int64_t* p) const { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_cvtepi32_epi64(v)); }
+  friend Indices operator+(Indices a, Indices b) { return _mm_add_epi32(a.v, b.v); }
+  friend Indices min(Indices a, Indices b) { return _mm_min_epi32(a.v, b.v); }
+  friend Indices select(Lanes<double> mask, Indices a, Indices b) {
+    const __m256 wide = _mm256_castpd_ps(mask.v);
+    const __m128 narrow = _mm_shuffle_ps(_mm256_castps256_ps128(wide), _mm256_extractf128_ps(wide, 1), 0x88);
+    return _mm_blendv_epi8(b.v, a.v, _mm_castps_si128(narrow));
+  }
+};
+
+template <>
+struct Indices<float> {
+  __m256i v;
+
+  Indices(__m256i bits) : v(bits) {}
+  explicit Indices(int32_t all) : v(_mm256_set1_epi32(all)) {}
+  static Indices load(const int32_t* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
+  void store(int32_t* p) const { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v); }
+  void store(int64_t* p) const {
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_cvtepi32_epi64(_mm256_castsi256_si128(v)));
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p + 4), _mm256_cvtepi32_epi64(_mm256_extracti128_si256(v, 1)));
+  }
+  friend Indices operator+(Indices a, Indices b) { return _mm256_add_epi32(a.v, b.v); }
+  friend Indices min(Indices a, Indices b) { return _mm256_min_epi32(a.v, b.v); }
+  friend Indices select(Lanes<float> mask, Indices a, Indices b) {
+    return _mm256_blendv_epi8(b.v, a.v, _mm256_castps_si256(mask.v));
+  }
+};
+
+// p[i] for every index. The masked form, since the plain one's undefined source is a warning.
+inline Lanes<double> gather(const double* p, Indices<double> i) {
+  const __m256d all = _mm256_castsi256_pd(_mm256_set1_epi32(-1));
+  return _mm256_mask_i32gather_pd(_mm256_setzero_pd(), p, i.v, all, 8);
+}
+inline Lanes<float> gather(const float* p, Indices<float> i) {
+  const __m256 all = _mm256_castsi256_ps(_mm256_set1_epi32(-1));
+  return _mm256_mask_i32gather_ps(_mm256_setzero_ps(), p, i.v, all, 4);
+}
 
 // Rows of four from columns of kCount: row k is (c0[k], c1[k], c2[k], c3[k]).
 inline void store_rows(double* out, Lanes<double> c0, Lanes<double> c1, Lanes<double> c2, Lanes<double> c3) {
@@ -67,6 +185,32 @@ inline void store_rows(float* out, Lanes<float> c0, Lanes<float> c1, Lanes<float
   _mm256_storeu_ps(out + 8, _mm256_permute2f128_ps(r2, r3, 0x20));
   _mm256_storeu_ps(out + 16, _mm256_permute2f128_ps(r0, r1, 0x31));
   _mm256_storeu_ps(out + 24, _mm256_permute2f128_ps(r2, r3, 0x31));
+}
+
+// The transpose of a square of vectors, in place.
+inline void turn(Lanes<double>* r) {
+  const __m256d a = _mm256_unpacklo_pd(r[0].v, r[1].v), b = _mm256_unpackhi_pd(r[0].v, r[1].v);
+  const __m256d c = _mm256_unpacklo_pd(r[2].v, r[3].v), d = _mm256_unpackhi_pd(r[2].v, r[3].v);
+  r[0] = _mm256_permute2f128_pd(a, c, 0x20);
+  r[1] = _mm256_permute2f128_pd(b, d, 0x20);
+  r[2] = _mm256_permute2f128_pd(a, c, 0x31);
+  r[3] = _mm256_permute2f128_pd(b, d, 0x31);
+}
+inline void turn(Lanes<float>* r) {
+  __m256 s[8];
+  for (int half = 0; half < 2; ++half) {  // rows 0 to 3, 4 to 7: squares of four in each half of the vectors
+    const Lanes<float>* q = r + 4 * half;
+    const __m256 a = _mm256_unpacklo_ps(q[0].v, q[1].v), b = _mm256_unpackhi_ps(q[0].v, q[1].v);
+    const __m256 c = _mm256_unpacklo_ps(q[2].v, q[3].v), d = _mm256_unpackhi_ps(q[2].v, q[3].v);
+    s[4 * half] = _mm256_shuffle_ps(a, c, 0x44);
+    s[4 * half + 1] = _mm256_shuffle_ps(a, c, 0xEE);
+    s[4 * half + 2] = _mm256_shuffle_ps(b, d, 0x44);
+    s[4 * half + 3] = _mm256_shuffle_ps(b, d, 0xEE);
+  }
+  for (int k = 0; k < 4; ++k) {
+    r[k] = _mm256_permute2f128_ps(s[k], s[k + 4], 0x20);
+    r[k + 4] = _mm256_permute2f128_ps(s[k], s[k + 4], 0x31);
+  }
 }
 
 }  // namespace orvik::df

@@ -221,6 +221,38 @@ TYPED_TEST(ConstructTest, NaturalReportsASingularSystem) {
     fit.type = 2, fit.bc_type = 1;
     EXPECT_EQ(fit.construct(E::natural), DFS_SOLVER_FAILED);
     EXPECT_EQ(fit.c, std::vector<TypeParam>(fit.c.size(), TypeParam(77)));
+    auto x = ragged_partition<TypeParam>(3000);
+    x[1500] = x[1501] = x[1502] = x[1499];
+    Fit<TypeParam> lengthy(x, random_values<TypeParam>(3000 * ny), ny);
+    lengthy.type = 2;
+    EXPECT_EQ(lengthy.construct(E::natural), DFS_SOLVER_FAILED);
+    EXPECT_EQ(lengthy.c, std::vector<TypeParam>(lengthy.c.size(), TypeParam(77)));
+  }
+}
+
+// Long functions in rows go through several stretches at a time, columns through the plain solver.
+TYPED_TEST(ConstructTest, NaturalInStretchesHasTheBitsOfThePlainSolver) {
+  using E = Entries<TypeParam>;
+  for (int64_t bc_type : {1, 2, 12, 24, 36, 48}) {
+    for (int64_t nx : {511, 512, 513, 530, 700, 5000, 20011}) {
+      for (bool wild : {false, true}) {
+        const auto make = [&](bool columns) {
+          auto fit = legal_fit<TypeParam>({"Natural", E::natural, 4, 2}, nx, 1, bc_type, 1);
+          if (wild) {  // steps over many orders of magnitude, values too
+            TypeParam at = 0;
+            for (size_t i = 0; i < fit->x.size(); ++i) {
+              fit->x[i] = at;
+              at += std::max(at * TypeParam(1e-3), std::pow(TypeParam(10), static_cast<TypeParam>(i * 7 % 5) - 2));
+              fit->y[i] *= std::pow(TypeParam(10), static_cast<TypeParam>(i * 13 % 9));
+            }
+          }
+          if (columns) fit->yhint = 32;
+          EXPECT_EQ(fit->construct(E::natural), 0);
+          return fit;
+        };
+        EXPECT_EQ(make(false)->c, make(true)->c) << nx << " " << bc_type;
+      }
+    }
   }
 }
 

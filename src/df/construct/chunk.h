@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "df/construct/problem.h"
+#include "df/lanes.h"
 
 namespace orvik::df {
 
@@ -26,6 +27,15 @@ struct Workspace {
 
 // Arrays are indexed from breakpoint `base` on; interval k lies between points k and k + 1. On an even grid h and
 // inverse_h are not set.
+// body(k, zero) for k = from .. to: with a vector zero for kCount indices at a time, then with a real one for the rest.
+template <class Real, class Body>
+void by_lanes(int64_t from, int64_t to, Body body) {
+  using V = Lanes<Real>;
+  int64_t k = from;
+  for (; k + V::kCount <= to + 1; k += V::kCount) body(k, V(Real(0)));
+  for (; k <= to; ++k) body(k, Real(0));
+}
+
 template <class Real, bool kUniform>
 struct Chunk {
   Partition<Real, kUniform> partition;
@@ -59,13 +69,18 @@ struct Chunk {
       for (int64_t k = 0; k < points; ++k) room.y[k] = values[base + k];
     }
     if constexpr (kUniform) {
-      for (int64_t k = 0; k < points - 1; ++k) room.m[k] = slope(y[k], y[k + 1], given.inverse_step);
+      by_lanes<Real>(0, points - 2, [&](int64_t k, auto zero) {
+        using T = decltype(zero);
+        put(room.m + k, (at<T>(y + k + 1) - at<T>(y + k)) * T(given.inverse_step));
+      });
     } else {
-      for (int64_t k = 0; k < points - 1; ++k) {
-        room.h[k] = x[k + 1] - x[k];
-        room.inverse_h[k] = 1 / room.h[k];
-        room.m[k] = slope(y[k], y[k + 1], room.inverse_h[k]);
-      }
+      by_lanes<Real>(0, points - 2, [&](int64_t k, auto zero) {
+        using T = decltype(zero);
+        const T step = at<T>(x + k + 1) - at<T>(x + k), inverse = T(Real(1)) / step;
+        put(room.h + k, step);
+        put(room.inverse_h + k, inverse);
+        put(room.m + k, (at<T>(y + k + 1) - at<T>(y + k)) * inverse);
+      });
     }
   }
 

@@ -58,6 +58,7 @@ struct Values {
   Values(const Task& task, int64_t function)
       : first(task.by_columns() ? task.values<Real>(0) + function : task.values<Real>(function)),
         stride(task.by_columns() ? task.ny : 1) {}
+  Values(const Real* values, int64_t step) : first(values), stride(step) {}
   Real operator[](int64_t i) const { return first[i * stride]; }
 };
 

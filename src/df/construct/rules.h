@@ -47,11 +47,17 @@ struct Bessel {
   static void interior(const Task&, const Chunk<Real, kUniform>& c, int64_t from, int64_t to, Real* d) {
     if constexpr (kUniform) {
       const Real half = Real(0.5) * c.partition.inverse_step;
-      for (int64_t k = from; k <= to; ++k) d[k] = (c.y[k + 1] - c.y[k - 1]) * half;
+      by_lanes<Real>(from, to, [&](int64_t k, auto zero) {
+        using T = decltype(zero);
+        put(d + k, (at<T>(c.y + k + 1) - at<T>(c.y + k - 1)) * T(half));
+      });
     } else {
-      for (int64_t k = from; k <= to; ++k) {
-        d[k] = std::fma(c.h[k], c.m[k - 1], c.h[k - 1] * c.m[k]) / (c.x[k + 1] - c.x[k - 1]);
-      }
+      by_lanes<Real>(from, to, [&](int64_t k, auto zero) {
+        using T = decltype(zero);
+        using std::fma;
+        const T sum = fma(at<T>(c.h + k), at<T>(c.m + k - 1), at<T>(c.h + k - 1) * at<T>(c.m + k));
+        put(d + k, sum / (at<T>(c.x + k + 1) - at<T>(c.x + k - 1)));
+      });
     }
   }
   template <class Real, bool kUniform>
@@ -89,14 +95,15 @@ struct Hyman {
   template <class Real, bool kUniform>
   static void interior(const Task& task, const Chunk<Real, kUniform>& c, int64_t from, int64_t to, Real* d) {
     Bessel::interior(task, c, from, to, d);
-    for (int64_t k = from; k <= to; ++k) {
-      const Real left = c.m[k - 1], right = c.m[k];
-      const Real b = left * right <= 0 ? Real(0) : d[k];
-      const Real size_left = std::abs(left), size_right = std::abs(right);
-      const Real cap = 3 * (size_right < size_left ? size_right : size_left);
-      const Real size = std::abs(b) < cap ? std::abs(b) : cap;
-      d[k] = std::copysign(size, b);
-    }
+    by_lanes<Real>(from, to, [&](int64_t k, auto zero) {
+      using T = decltype(zero);
+      using std::abs, std::copysign;
+      const T left = at<T>(c.m + k - 1), right = at<T>(c.m + k);
+      const T b = select(zero >= left * right, zero, at<T>(d + k));
+      const T size_left = abs(left), size_right = abs(right);
+      const T cap = T(Real(3)) * select(size_right < size_left, size_right, size_left);
+      put(d + k, copysign(select(abs(b) < cap, abs(b), cap), b));
+    });
   }
   template <class Real, bool kUniform>
   static Real periodic_left(const Outline<Real, kUniform>& o) {
@@ -121,15 +128,21 @@ struct Akima {
     const int64_t slopes = c.points - 1;
     Real* w = c.w;
     const Real* m = c.m;
-    for (int64_t k = 1; k < slopes; ++k) w[k] = std::abs(m[k] - m[k - 1]);
+    by_lanes<Real>(1, slopes - 1, [&](int64_t k, auto zero) {
+      using T = decltype(zero);
+      using std::abs;
+      put(w + k, T(abs(at<T>(m + k) - at<T>(m + k - 1))));
+    });
     if (c.at_left) w[0] = w[1];
     if (c.at_right) w[slopes] = w[slopes - 1];
-    for (int64_t k = from; k <= to; ++k) {
-      const Real s = w[k + 1] + w[k - 1];
-      const Real mean = Real(0.5) * (m[k - 1] + m[k]);
-      const Real weighted = std::fma(w[k + 1], m[k - 1], w[k - 1] * m[k]) / s;
-      d[k] = s < kThreshold<Real> ? mean : weighted;
-    }
+    by_lanes<Real>(from, to, [&](int64_t k, auto zero) {
+      using T = decltype(zero);
+      using std::fma;
+      const T before = at<T>(w + k - 1), after = at<T>(w + k + 1), left = at<T>(m + k - 1), right = at<T>(m + k);
+      const T s = after + before;
+      const T mean = T(Real(0.5)) * (left + right);
+      put(d + k, select(s < T(kThreshold<Real>), mean, fma(after, left, before * right) / s));
+    });
   }
   template <class Real, bool kUniform>
   static Real periodic_left(const Outline<Real, kUniform>& o) {

@@ -109,8 +109,21 @@ Bracket<Index> hybrid_bracket(const Lookup<Real>& p, Real t) {
   return {static_cast<Index>(p.table[2 * b]), static_cast<Index>(p.table[2 * b + 1])};
 }
 
-// Wider brackets are halved first; below this width counting is cheaper than the branches of bisection.
-inline constexpr int64_t kCountingWidth = 40;
+// lo plus the number of k in lo <= k < hi with x[k] <= t, for ascending x. Halving steps of a fixed number and without
+// a branch: random sites would mispredict every one. `steps` halvings serve hi - lo < 2^steps; hi is at least 1.
+template <class Real, class Index>
+Index count_up_to(const Real* x, Index lo, Index hi, Real t, int steps) {
+  for (int step = steps - 1; step >= 0; --step) {
+    const Index ahead = std::min<Index>(lo + (Index(1) << step), hi);
+    lo = x[ahead - 1] <= t ? ahead : lo;  // a closed bracket has ahead = lo
+  }
+  return lo;
+}
+
+template <class Index>
+int halvings(Index width) {
+  return width < 1 ? 0 : 64 - __builtin_clzll(static_cast<unsigned long long>(width));
+}
 
 template <class Index, class Real>
 Index hybrid_cell(const Lookup<Real>& p, Real t) {
@@ -118,16 +131,8 @@ Index hybrid_cell(const Lookup<Real>& p, Real t) {
   if (!(t >= p.x[0])) return 0;
   if (t > p.x[nx - 1]) return nx;
   if (t == p.x[nx - 1]) return nx - 1;
-  auto [lo, hi] = hybrid_bracket<Index>(p, t);
-  while (hi - lo > kCountingWidth) {
-    const Index mid = lo + (hi - lo) / 2;
-    if (p.x[mid] > t) {
-      hi = mid;
-    } else {
-      lo = mid;
-    }
-  }
-  return scan_up(p.x, hi, lo, t);
+  const auto [lo, hi] = hybrid_bracket<Index>(p, t);
+  return count_up_to(p.x, lo, hi, t, halvings(hi - lo));
 }
 
 // One site of an ascending sequence; *state is the cell that the one before ended in.

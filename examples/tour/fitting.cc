@@ -1,0 +1,280 @@
+// Curves through a column with gaps: three cubic splines with their derivatives, drawn as an SVG.
+#include <orvik/df.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "sections.h"
+
+namespace tour {
+namespace {
+
+constexpr const char* kFile = "tour-fitting.svg";
+
+struct Kind {
+  const char* name;
+  const char* note;
+  const char* colour;
+  int64_t type, ends;
+  int32_t (*construct)(OrvikDFTask, int64_t, int64_t, const OrvikDFServices*);
+};
+
+const Kind kKinds[] = {
+    {"Natural", "two continuous derivatives", "#c2410c", 2, DFB_FREE_END, orvik_df_kernel_dDFNaturalCubicSpline1D},
+    {"Akima", "local, few wiggles", "#0f766e", 4, DFB_NONE, orvik_df_kernel_dDFAkimaCubicSpline1D},
+    {"Hyman", "as monotone as the data", "#4338ca", 9, DFB_FREE_END, orvik_df_kernel_dDFHymanCubicSpline1D},
+};
+
+// A curve at evenly spaced sites.
+struct Curve {
+  std::vector<double> value, slope;
+};
+
+// The rows that have a value, and the values.
+struct Points {
+  std::vector<double> row, value;
+};
+
+Points present_points(const Column& column) {
+  Points points;
+  for (size_t i = 0; i < column.values.size(); ++i) {
+    if (std::isnan(column.values[i])) continue;
+    points.row.push_back(static_cast<double>(i + 1));
+    points.value.push_back(column.values[i]);
+  }
+  return points;
+}
+
+// The spline and its derivative at `count` sites from `a` to `b`: one task, one construction, one evaluation.
+bool trace(const Kind& kind, const Points& points, double a, double b, size_t count, Curve* curve) {
+  const auto nx = static_cast<int64_t>(points.row.size());
+  std::vector<double> coefficients(4 * points.row.size());
+  OrvikDFTask task = nullptr;
+  int32_t status = orvik_df_kernel_dNewTask1D(&task, nx, points.row.data(), DF_PARTITION_NON_UNIFORM, 1,
+                                              points.value.data(), DF_STORAGE_ROWS, 0);
+  if (status == 0) {
+    status = orvik_df_kernel_dEditPPSpline1D(task, 4, kind.type, kind.ends, nullptr, 0, nullptr, coefficients.data(),
+                                             DF_STORAGE_ROWS);
+  }
+  if (status == 0) status = kind.construct(task, 0, 0, nullptr);
+  std::vector<double> both(2 * count);
+  const double ends[] = {a, b};
+  const int32_t orders[] = {1, 1};  // the value and the first derivative
+  if (status == 0) {
+    status = orvik_df_kernel_dDFInterpolate1D(task, 1, 0, static_cast<int64_t>(count), ends, 4, 2, orders, nullptr,
+                                              both.data(), DF_STORAGE_COLUMNS, nullptr, nullptr, nullptr, nullptr,
+                                              nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+  }
+  if (task != nullptr) orvik_df_kernel_DeleteTask(&task);
+  if (status != 0) {
+    std::printf("  %s: status %d\n", kind.name, status);
+    return false;
+  }
+  curve->value.assign(both.begin(), both.begin() + static_cast<std::ptrdiff_t>(count));
+  curve->slope.assign(both.begin() + static_cast<std::ptrdiff_t>(count), both.end());
+  return true;
+}
+
+// The stretch of rows with the most missing values, at most `rows` long, that begins and ends with a value.
+struct Window {
+  size_t first, last;
+};
+
+Window busiest_window(const Column& column, size_t rows) {
+  const std::vector<double>& v = column.values;
+  Window best = {0, std::min(rows, v.size()) - 1};
+  size_t most = 0;
+  for (size_t a = 0; a + rows <= v.size(); ++a) {
+    size_t b = a + rows - 1;
+    if (std::isnan(v[a])) continue;
+    while (b > a && std::isnan(v[b])) --b;
+    const auto missing = static_cast<size_t>(std::count_if(v.begin() + static_cast<std::ptrdiff_t>(a),
+                                                           v.begin() + static_cast<std::ptrdiff_t>(b),
+                                                           [](double t) { return std::isnan(t); }));
+    if (missing > most || (missing == most && missing == 0 && a == 0)) most = missing, best = {a, b};
+  }
+  return best;
+}
+
+// A round step that divides `span` into about four.
+double grid_step(double span) {
+  const double raw = span / 4, power = std::pow(10, std::floor(std::log10(raw)));
+  for (double factor : {1.0, 2.0, 5.0}) {
+    if (factor * power >= raw * 0.8) return factor * power;
+  }
+  return 10 * power;
+}
+
+// One framed plot of the drawing: data coordinates to the page.
+struct Panel {
+  double left, top, width, height, x0, x1, y0, y1;
+  double x(double t) const { return left + (t - x0) / (x1 - x0) * width; }
+  double y(double v) const { return top + (y1 - v) / (y1 - y0) * height; }
+};
+
+class Drawing {
+ public:
+  explicit Drawing(std::FILE* file) : file_(file) {}
+
+  void begin(double width, double height) {
+    std::fprintf(file_,
+                 "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 %g %g\" width=\"%g\" height=\"%g\" "
+                 "font-family=\"Inter, 'DejaVu Sans', Helvetica, Arial, sans-serif\">\n"
+                 "<rect width=\"100%%\" height=\"100%%\" fill=\"#fdfcf9\"/>\n",
+                 width, height, width, height);
+  }
+  void end() { std::fputs("</svg>\n", file_); }
+
+  void text(double x, double y, double size, const char* fill, const char* anchor, const std::string& what,
+            const char* weight = "400") {
+    std::fprintf(file_,
+                 "<text x=\"%.1f\" y=\"%.1f\" font-size=\"%g\" fill=\"%s\" text-anchor=\"%s\" font-weight=\"%s\">%s</text>\n",
+                 x, y, size, fill, anchor, weight, escaped(what).c_str());
+  }
+  void legend(double x, double y, const Kind& kind) {
+    line(x, y, x + 26, y, kind.colour, 3.2);
+    std::fprintf(file_,
+                 "<text x=\"%.1f\" y=\"%.1f\" font-size=\"14\" fill=\"%s\"><tspan font-weight=\"600\">%s</tspan>"
+                 "<tspan dx=\"8\" font-size=\"13\" fill=\"#78716c\">%s</tspan></text>\n",
+                 x + 34, y + 5, kind.colour, kind.name, kind.note);
+  }
+  void line(double xa, double ya, double xb, double yb, const char* stroke, double width) {
+    std::fprintf(file_,
+                 "<line x1=\"%.1f\" y1=\"%.1f\" x2=\"%.1f\" y2=\"%.1f\" stroke=\"%s\" stroke-width=\"%g\"/>\n", xa, ya,
+                 xb, yb, stroke, width);
+  }
+  void band(const Panel& p, double from, double to) {
+    std::fprintf(file_, "<rect x=\"%.1f\" y=\"%.1f\" width=\"%.1f\" height=\"%.1f\" fill=\"#efe9dc\"/>\n", p.x(from),
+                 p.top, p.x(to) - p.x(from), p.height);
+  }
+  void dot(double x, double y) {
+    std::fprintf(file_,
+                 "<circle cx=\"%.1f\" cy=\"%.1f\" r=\"4\" fill=\"#1c1917\" stroke=\"#fdfcf9\" stroke-width=\"1.5\"/>\n",
+                 x, y);
+  }
+  void curve(const Panel& p, const std::vector<double>& v, const char* colour) {
+    std::fprintf(file_, "<polyline fill=\"none\" stroke=\"%s\" stroke-width=\"2.2\" stroke-linejoin=\"round\" points=\"",
+                 colour);
+    for (size_t i = 0; i < v.size(); ++i) {
+      const double t = p.x0 + (p.x1 - p.x0) * static_cast<double>(i) / static_cast<double>(v.size() - 1);
+      std::fprintf(file_, "%.1f,%.1f ", p.x(t), p.y(v[i]));
+    }
+    std::fputs("\"/>\n", file_);
+  }
+  void grid(const Panel& p, double step) {
+    for (double v = std::ceil(p.y0 / step) * step; v <= p.y1; v += step) {
+      const bool zero = std::abs(v) < step / 2;
+      line(p.left, p.y(v), p.left + p.width, p.y(v), zero ? "#a8a29e" : "#e2ddd2", zero ? 1.2 : 1);
+      char label[32];
+      std::snprintf(label, sizeof label, "%g", zero ? 0.0 : v);
+      text(p.left - 10, p.y(v) + 4, 12, "#78716c", "end", label);
+    }
+  }
+
+ private:
+  static std::string escaped(const std::string& what) {
+    std::string out;
+    for (char c : what) {
+      if (c == '<' || c == '>' || c == '&') {
+        out += c == '<' ? "&lt;" : c == '>' ? "&gt;" : "&amp;";
+      } else {
+        out += c;
+      }
+    }
+    return out;
+  }
+  std::FILE* file_;
+};
+
+void stretch(const std::vector<double>& v, double* low, double* high) {
+  for (double t : v) *low = std::min(*low, t), *high = std::max(*high, t);
+}
+
+bool draw(const Column& column, Window window, const std::vector<Curve>& curves) {
+  std::FILE* file = std::fopen(kFile, "w");
+  if (file == nullptr) return false;
+  const double a = static_cast<double>(window.first + 1), b = static_cast<double>(window.last + 1);
+  Panel values = {76, 150, 888, 316, a, b, 0, 0}, slopes = {76, 520, 888, 170, a, b, 0, 0};
+  values.y0 = values.y1 = curves[0].value[0];
+  for (const Curve& curve : curves) {
+    stretch(curve.value, &values.y0, &values.y1);
+    stretch(curve.slope, &slopes.y0, &slopes.y1);
+  }
+  for (Panel* p : {&values, &slopes}) {
+    const double margin = 0.06 * std::max(p->y1 - p->y0, 1e-9);
+    p->y0 -= margin, p->y1 += margin;
+  }
+
+  Drawing d(file);
+  d.begin(1000, 750);
+  d.text(76, 48, 24, "#1c1917", "start", column.name + ", with a curve through its gaps", "600");
+  d.text(76, 74, 14, "#78716c", "start", "Dots are measured; shaded rows have no value. Below, each curve's first derivative.");
+  const double places[] = {76, 416, 680};
+  for (size_t k = 0; k < std::size(kKinds); ++k) d.legend(places[k], 101, kKinds[k]);
+  for (const Panel* p : {&values, &slopes}) {
+    for (size_t i = window.first; i < window.last; ++i) {
+      if (!std::isnan(column.values[i])) continue;
+      size_t j = i;
+      while (std::isnan(column.values[j + 1])) ++j;
+      d.band(*p, static_cast<double>(i + 1) - 0.5, static_cast<double>(j + 1) + 0.5);
+      i = j;
+    }
+    d.grid(*p, grid_step(p->y1 - p->y0));
+    for (size_t k = 0; k < curves.size(); ++k) d.curve(*p, p == &values ? curves[k].value : curves[k].slope, kKinds[k].colour);
+  }
+  for (size_t i = window.first; i <= window.last; ++i) {
+    if (!std::isnan(column.values[i])) d.dot(values.x(static_cast<double>(i + 1)), values.y(column.values[i]));
+  }
+  d.text(76, 140, 12, "#57534e", "start", column.name, "600");
+  d.text(76, 510, 12, "#57534e", "start", column.name + " per row", "600");
+  for (double row = std::ceil(a / 5) * 5; row <= b; row += 5) {
+    char label[32];
+    std::snprintf(label, sizeof label, "%g", row);
+    d.text(values.x(row), 710, 12, "#78716c", "middle", label);
+  }
+  d.text(520, 734, 12, "#57534e", "middle", "row");
+  d.end();
+  return std::fclose(file) == 0;
+}
+
+}  // namespace
+
+void show_fitting(const Table& table) {
+  // The column that misses most, so that there is something to bridge.
+  const Column* column = nullptr;
+  for (const Column& c : table.columns) {
+    if (column == nullptr || c.missing() > column->missing()) column = &c;
+  }
+  if (column == nullptr) return;
+  if (column->missing() == 0) column = &table.columns.back();
+  const Points points = present_points(*column);
+  if (points.row.size() < 5) {
+    std::puts("  too few values for a curve");
+    return;
+  }
+  const Window window = busiest_window(*column, 45);
+  const double a = static_cast<double>(window.first + 1), b = static_cast<double>(window.last + 1);
+  const auto [low, high] = std::minmax_element(points.value.begin(), points.value.end());
+  std::printf("  %s: %zu values, %zu missing, from %g to %g; rows %g to %g drawn\n", column->name.c_str(),
+              points.row.size(), column->missing(), *low, *high, a, b);
+
+  std::vector<Curve> curves(std::size(kKinds));
+  for (size_t k = 0; k < curves.size(); ++k) {
+    if (!trace(kKinds[k], points, a, b, 1200, &curves[k])) return;
+    const auto [least, most] = std::minmax_element(curves[k].value.begin(), curves[k].value.end());
+    double steepest = 0;
+    for (double s : curves[k].slope) steepest = std::max(steepest, std::abs(s));
+    std::printf("  %-8s least %8.2f  most %8.2f  steepest %8.2f per row   (%s)\n", kKinds[k].name, *least, *most,
+                steepest, kKinds[k].note);
+  }
+  if (draw(*column, window, curves)) {
+    std::printf("  drawn in %s\n", kFile);
+  } else {
+    std::printf("  %s could not be written\n", kFile);
+  }
+}
+
+}  // namespace tour

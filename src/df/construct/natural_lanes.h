@@ -1,0 +1,265 @@
+// The natural system of a long function, without the arrays of its matrix and with several stretches of rows at a time.
+//
+// Forward and backward substitution are chains of dependent divisions and fused steps: one row cannot start before its
+// neighbour has ended. So the rows are cut into as many stretches as there are lanes, each stretch starts from a guess,
+// and afterwards each is mended from its true start: rows are computed again, one by one, until a row comes out as it
+// was, bit for bit. From there on everything behind it is what the plain recurrence gives. A diagonally dominant matrix
+// forgets a wrong start within a few dozen rows; for any other one the mending goes on to the end and is still right.
+#ifndef ORVIK_DF_CONSTRUCT_NATURAL_LANES_H
+#define ORVIK_DF_CONSTRUCT_NATURAL_LANES_H
+
+#include "df/construct/coefficients.h"
+#include "df/construct/natural_system.h"
+#include "df/lanes.h"
+
+namespace orvik::df {
+
+// Fewer breakpoints are not worth the mending.
+inline constexpr int64_t kLongNatural = 512;
+
+template <class Real>
+class NaturalLanes {
+  using V = Lanes<Real>;
+  static constexpr int64_t kWidth = V::kCount;        // rows turned at a time
+  static constexpr int64_t kStretches = 2 * V::kCount;  // two vectors hide each other's latency
+
+ public:
+  // `upper` and `w` have nx elements: the upper diagonal over the pivots, and the half-solved right side.
+  NaturalLanes(const NaturalSystem<Real, false>& system, int64_t function, Real* upper, Real* w)
+      : system_(system), y_(system.task.template values<Real>(function)), x_(system.partition.x), nx_(system.nx),
+        out_(system.task.template coefficients<Real>(function)), upper_(upper), w_(w) {
+    // Rows 2 .. nx - 2 have the general form; their stretches are multiples of kWidth long, the rest follows singly.
+    length_ = (nx_ - 3) / kStretches / kWidth * kWidth;
+  }
+
+  // False when a pivot cannot be inverted; nothing has been written to the coefficients then.
+  bool run() {
+    forward();
+    if (failed_) return false;
+    backward();
+    return true;
+  }
+
+ private:
+  // What a row hands on to the next.
+  struct State {
+    Real upper, w;
+  };
+
+  int64_t start(int64_t stretch) const { return 2 + stretch * length_; }
+
+  Real m(int64_t i) const { return slope(y_[i], y_[i + 1], 1 / (x_[i + 1] - x_[i])); }
+
+  // One row, from the state of the one before. Returns the reciprocal of its pivot.
+  template <class T>
+  static T row(T lower, T diagonal, T above, T right, T* upper, T* w) {
+    const T reciprocal = T(Real(1)) / fnma_of(lower, *upper, diagonal);
+    *upper = above * reciprocal;
+    *w = fnma_of(lower, *w, right) * reciprocal;
+    return reciprocal;
+  }
+  static Real fnma_of(Real a, Real b, Real c) { return std::fma(-a, b, c); }
+  static V fnma_of(V a, V b, V c) { return fnma(a, b, c); }
+
+  Real general_row(int64_t i, State* s) const {
+    const Real h_before = x_[i] - x_[i - 1], h = x_[i + 1] - x_[i];
+    const Real right = interior_right_side(h_before, h, m(i - 1), m(i));
+    return row(h, Real(2) * (x_[i + 1] - x_[i - 1]), h_before, right, &s->upper, &s->w);
+  }
+
+  void keep(int64_t i, Real reciprocal, const State& s) {
+    upper_[i] = s.upper;
+    w_[i] = s.w;
+    if (std::isinf(reciprocal)) failed_ = true;
+  }
+
+  void forward() {
+    const Values<Real> y(y_, 1);
+    const EndRow<Real> left = system_.left(y), right = system_.right(y);
+    State s{0, 0};
+    Real reciprocal = row(Real(0), left.own, left.neighbour, left.right, &s.upper, &s.w);
+    keep(0, reciprocal, s);
+    reciprocal = general_row(1, &s);
+    keep(1, reciprocal, s);
+    forward_stretches(s);
+    // Mend the stretches in order: each true start is the row before.
+    for (int64_t j = 1; j < kStretches; ++j) mend_forward(start(j), start(j + 1));
+    s = {upper_[start(kStretches) - 1], w_[start(kStretches) - 1]};
+    for (int64_t i = start(kStretches); i <= nx_ - 2; ++i) {
+      reciprocal = general_row(i, &s);
+      keep(i, reciprocal, s);
+    }
+    reciprocal = row(right.neighbour, right.own, Real(0), right.right, &s.upper, &s.w);
+    keep(nx_ - 1, reciprocal, s);
+    if (failed_) failed_ = any_infinite();
+  }
+
+  // A guess can meet a zero pivot that the true recurrence does not have: look again at what stands in the end. The
+  // upper diagonal comes from the partition alone, so that all functions of a task get the same answer.
+  bool any_infinite() const {
+    return std::any_of(upper_, upper_ + nx_, [](Real u) { return !std::isfinite(u); });
+  }
+
+  void mend_forward(int64_t begin, int64_t end) {
+    State s{upper_[begin - 1], w_[begin - 1]};
+    for (int64_t i = begin; i < end; ++i) {
+      const Real reciprocal = general_row(i, &s);
+      if (s.upper == upper_[i] && s.w == w_[i]) return;
+      keep(i, reciprocal, s);
+    }
+  }
+
+  void forward_stretches(State first) {
+    V x_before[2], x_here[2], h_before[2], m_before[2], upper[2], w[2];
+    for (int g = 0; g < 2; ++g) {
+      Real a[kWidth], b[kWidth], hb[kWidth], mb[kWidth], u[kWidth], v[kWidth];
+      for (int64_t j = 0; j < kWidth; ++j) {
+        const int64_t i = start(g * kWidth + j);
+        a[j] = x_[i - 1], b[j] = x_[i], hb[j] = x_[i] - x_[i - 1], mb[j] = m(i - 1), u[j] = 0, v[j] = 0;
+      }
+      if (g == 0) u[0] = first.upper, v[0] = first.w;
+      x_before[g] = V::load(a), x_here[g] = V::load(b), h_before[g] = V::load(hb), m_before[g] = V::load(mb);
+      upper[g] = V::load(u), w[g] = V::load(v);
+    }
+    V y_here[2];
+    for (int g = 0; g < 2; ++g) {
+      Real b[kWidth];
+      for (int64_t j = 0; j < kWidth; ++j) b[j] = y_[start(g * kWidth + j)];
+      y_here[g] = V::load(b);
+    }
+    V bad(Real(0));
+    const V infinity(std::numeric_limits<Real>::infinity());
+    for (int64_t at = 0; at < length_; at += kWidth) {
+      V xs[2][kWidth], ys[2][kWidth], us[2][kWidth], ws[2][kWidth];
+      for (int g = 0; g < 2; ++g) {
+        load_turned(x_ + start(g * kWidth) + at + 1, xs[g]);
+        load_turned(y_ + start(g * kWidth) + at + 1, ys[g]);
+      }
+      for (int64_t k = 0; k < kWidth; ++k) {
+        for (int g = 0; g < 2; ++g) {
+          const V h = xs[g][k] - x_here[g];
+          const V slope_here = (ys[g][k] - y_here[g]) * (V(Real(1)) / h);
+          const V right = V(Real(3)) * (h * m_before[g] + h_before[g] * slope_here);
+          const V reciprocal =
+              row(h, V(Real(2)) * (xs[g][k] - x_before[g]), h_before[g], right, &upper[g], &w[g]);
+          bad = bad | (reciprocal >= infinity) | (V(-std::numeric_limits<Real>::infinity()) >= reciprocal);
+          us[g][k] = upper[g];
+          ws[g][k] = w[g];
+          x_before[g] = x_here[g], x_here[g] = xs[g][k], y_here[g] = ys[g][k];
+          h_before[g] = h, m_before[g] = slope_here;
+        }
+      }
+      for (int g = 0; g < 2; ++g) {
+        store_turned(us[g], upper_ + start(g * kWidth) + at);
+        store_turned(ws[g], w_ + start(g * kWidth) + at);
+      }
+    }
+    if (bad.bits() != 0) failed_ = true;
+  }
+
+  // Rows of kWidth stretches, kWidth rows each: vector k holds row k of all.
+  void load_turned(const Real* p, V* out) const {
+    for (int64_t j = 0; j < kWidth; ++j) out[j] = V::load(p + j * length_);
+    turn(out);
+  }
+  void store_turned(V* rows, Real* p) const {
+    turn(rows);
+    for (int64_t j = 0; j < kWidth; ++j) rows[j].store(p + j * length_);
+  }
+
+  // The derivative at i from the one at i + 1, and the coefficients of interval i.
+  template <class T>
+  static T back_row(T upper, T w, T d_next) {
+    return fnma_of(upper, d_next, w);
+  }
+  void put(int64_t i, Real d, Real d_next) {
+    const Real inverse = 1 / (x_[i + 1] - x_[i]);
+    Real* c = out_ + 4 * i;
+    c[0] = y_[i];
+    c[1] = d;
+    cubic_terms<CubicForm::kNatural>(slope(y_[i], y_[i + 1], inverse), inverse, d, d_next, &c[2], &c[3]);
+  }
+
+  void backward() {
+    // The rows behind the last stretch, singly.
+    Real d = w_[nx_ - 1];
+    for (int64_t i = nx_ - 2; i >= start(kStretches); --i) {
+      const Real before = back_row(upper_[i], w_[i], d);
+      put(i, before, d);
+      d = before;
+    }
+    backward_stretches(d);
+    for (int64_t j = kStretches - 1; j-- > 0;) mend_backward(start(j), start(j + 1));
+    d = out_[4 * start(0) + 1];
+    for (int64_t i = start(0) - 1; i >= 0; --i) {
+      const Real before = back_row(upper_[i], w_[i], d);
+      put(i, before, d);
+      d = before;
+    }
+  }
+
+  // From the row behind the stretch, whose derivative is now right, until a derivative is as it was.
+  void mend_backward(int64_t begin, int64_t end) {
+    Real d = out_[4 * end + 1];
+    for (int64_t i = end - 1; i >= begin; --i) {
+      const Real before = back_row(upper_[i], w_[i], d);
+      const bool same = before == out_[4 * i + 1];
+      put(i, before, d);  // its other end may have changed
+      if (same) return;
+      d = before;
+    }
+  }
+
+  void backward_stretches(Real d_behind) {
+    V d[2], x_behind[2], y_behind[2];
+    for (int g = 0; g < 2; ++g) {
+      Real u[kWidth], a[kWidth], b[kWidth];
+      for (int64_t j = 0; j < kWidth; ++j) {
+        const int64_t i = start(g * kWidth + j + 1);
+        // A guess for the derivative behind the stretch: its half-solved value.
+        u[j] = g * kWidth + j == kStretches - 1 ? d_behind : w_[i];
+        a[j] = x_[i], b[j] = y_[i];
+      }
+      d[g] = V::load(u), x_behind[g] = V::load(a), y_behind[g] = V::load(b);
+    }
+    for (int64_t at = length_ - kWidth; at >= 0; at -= kWidth) {
+      V xs[2][kWidth], ys[2][kWidth], us[2][kWidth], ws[2][kWidth];
+      for (int g = 0; g < 2; ++g) {
+        const int64_t i = start(g * kWidth) + at;
+        load_turned(x_ + i, xs[g]);
+        load_turned(y_ + i, ys[g]);
+        load_turned(upper_ + i, us[g]);
+        load_turned(w_ + i, ws[g]);
+      }
+      for (int64_t k = kWidth - 1; k >= 0; --k) {
+        for (int g = 0; g < 2; ++g) {
+          const V before = back_row(us[g][k], ws[g][k], d[g]);
+          const V inverse = V(Real(1)) / (x_behind[g] - xs[g][k]);
+          const V slope_here = (y_behind[g] - ys[g][k]) * inverse;
+          V c2, c3;
+          cubic_terms<CubicForm::kNatural>(slope_here, inverse, before, d[g], &c2, &c3);
+          Real rows[4 * kWidth];
+          store_rows(rows, ys[g][k], before, c2, c3);
+          for (int64_t j = 0; j < kWidth; ++j) copy_row(rows + 4 * j, out_ + 4 * (start(g * kWidth + j) + at + k));
+          d[g] = before, x_behind[g] = xs[g][k], y_behind[g] = ys[g][k];
+        }
+      }
+    }
+  }
+  static void copy_row(const Real* from, Real* to) {
+    for (int k = 0; k < 4; ++k) to[k] = from[k];
+  }
+
+  const NaturalSystem<Real, false>& system_;
+  const Real* y_;
+  const Real* x_;
+  int64_t nx_, length_;
+  Real* out_;
+  Real* upper_;
+  Real* w_;
+  bool failed_ = false;
+};
+
+}  // namespace orvik::df
+
+#endif

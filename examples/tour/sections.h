@@ -14,6 +14,7 @@ void show_vector_math(const Table& table);
 
 // A bootstrap interval of a mean, its random numbers split over several streams in three ways.
 void show_streams(const Table& table);
+
 // Natural, Akima and Hyman splines through the gaps of a column, drawn with their derivatives.
 void show_fitting(const Table& table);
 

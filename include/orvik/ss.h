@@ -13,6 +13,7 @@
 
 #include <stdint.h>
 
+#pragma GCC visibility push(default)
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -238,5 +239,7 @@ ORVIK_SS_DECLARE(s, float)
 #ifdef __cplusplus
 }
 #endif
+
+#pragma GCC visibility pop
 
 #endif

@@ -43,16 +43,16 @@ def main():
     parser.add_argument("--nm", required=True)
     parser.add_argument("--readelf", required=True)
     parser.add_argument("--soname", required=True)
-    parser.add_argument("--library", required=True)
+    parser.add_argument("--binary", required=True)
     parser.add_argument("--map", required=True)
     arguments = parser.parse_args()
-    want, got = listed(arguments.map), exported(arguments.nm, arguments.library)
+    want, got = listed(arguments.map), exported(arguments.nm, arguments.binary)
     seen = set()
     faults = [f"listed twice: {name}" for name in want if name in seen or seen.add(name)]
     faults += [f"listed, not exported: {name}" for name in sorted(seen - set(got))]
     faults += [f"exported, not listed: {name}" for name in sorted(set(got) - seen)]
-    if soname(arguments.readelf, arguments.library) != arguments.soname:
-        faults.append(f"soname {soname(arguments.readelf, arguments.library)} instead of {arguments.soname}")
+    if soname(arguments.readelf, arguments.binary) != arguments.soname:
+        faults.append(f"soname {soname(arguments.readelf, arguments.binary)} instead of {arguments.soname}")
     print("\n".join(faults) if faults else f"{len(got)} names, all as listed")
     sys.exit(1 if faults or not got else 0)
 

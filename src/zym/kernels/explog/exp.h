@@ -57,8 +57,8 @@ struct Exp<F32, Level::LA> : ExpSingle {
   }
 };
 
-// 0.74 ulp. Four rows of 2^(i/4) in registers. The shifter holds the exponent's bias: t << 21 is the exponent field with
-// the row's two bits below it, which the table takes off again.
+// 0.74 ulp. Four rows of 2^(i/4) in registers. The shifter holds the exponent's bias: t << 21 is the exponent field
+// with the row's two bits below it, which the table takes off again.
 template <>
 struct Exp<F32, Level::HA> : ExpSingle {
   static F32 special(F32 x) { return compare<_CMP_NLE_UQ>(magnitude(x), F32(f32(0x42AEAC4F))); }
@@ -128,8 +128,8 @@ struct Exp<F64, Level::HA> : ExpDouble {
     const F64 t = fma(x, F64(k64OverLn2), F64(kShifter64));
     const F64 n = t - F64(kShifter64);
     const F64 r = fnma(n, F64(kLn2Over64Tail), fnma(n, F64(kLn2Over64Head), x));
-    const F64 q = horner(r, F64(0.00833333416441411), F64(0.04166672368662385), F64(0.1666666666667797),
-                         F64(0.4999999999994775));
+    const F64 q =
+        horner(r, F64(0.00833333416441411), F64(0.04166672368662385), F64(0.1666666666667797), F64(0.4999999999994775));
     const GatheredPair row = gather(kExp2Frac64, Indices(as_bits(t) & I64(int64_t{63})));
     const F64 p = fma(r * r, q, r) + row.second;
     return scale<6>(fma(row.first, p, row.first), t);

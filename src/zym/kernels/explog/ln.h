@@ -1,5 +1,5 @@
-// ln x = e ln 2 + ln m. 32 bits: m in [2/3, 4/3) and one polynomial. 64 bits: a table of -ln(rc/1024), rc the estimate of
-// 1/m as an integer, and a short polynomial in r = rc m - 1, which is exact.
+// ln x = e ln 2 + ln m. 32 bits: m in [2/3, 4/3) and one polynomial. 64 bits: a table of -ln(rc/1024), rc the estimate
+// of 1/m as an integer, and a short polynomial in r = rc m - 1, which is exact.
 #pragma once
 
 #include "zym/kernels/explog/constants.h"
@@ -33,9 +33,14 @@ struct CentredSingle {
 
 // (ln(1 + f) - f) / f^2 on [-1/3, 1/3].
 inline constexpr float kLnSingleEP[] = {0.2198837250471115f, -0.2674025893211365f, 0.33289623260498047f, -0.5f};
-inline constexpr float kLnSingleLA[] = {-0.15177205204963684f, 0.16964881122112274f, -0.16462457180023193f,
-                                        0.19822503626346588f, -0.25004664063453674f, 0.33336564898490906f, -0.5f};
-inline constexpr float kLnSingleHA[] = {-0.12891685962677002f, 0.1398443728685379f,  -0.12184260785579681f,
+inline constexpr float kLnSingleLA[] = {-0.15177205204963684f,
+                                        0.16964881122112274f,
+                                        -0.16462457180023193f,
+                                        0.19822503626346588f,
+                                        -0.25004664063453674f,
+                                        0.33336564898490906f,
+                                        -0.5f};
+inline constexpr float kLnSingleHA[] = {-0.12891685962677002f, 0.1398443728685379f,   -0.12184260785579681f,
                                         0.140058696269989f,    -0.16680487990379333f, 0.20010405778884888f,
                                         -0.24999797344207764f, 0.3333321511745453f,   -0.5f};
 
@@ -80,7 +85,8 @@ struct Ln<F32, Level::HA> : LnSingle<Level::HA> {
 
 // The high words decide.
 inline F64 not_positive_normal(F64 x) {
-  const __m256i moved = _mm256_add_epi32(as_bits(x).v, _mm256_set1_epi32(static_cast<int32_t>(0x80000000u - 0x00100000u)));
+  const __m256i moved =
+      _mm256_add_epi32(as_bits(x).v, _mm256_set1_epi32(static_cast<int32_t>(0x80000000u - 0x00100000u)));
   return as_float(I64(_mm256_cmpgt_epi32(moved, _mm256_set1_epi32(static_cast<int32_t>(0x7FDFFFFFu ^ 0x80000000u)))));
 }
 
@@ -112,9 +118,7 @@ inline constexpr double kLnC3 = 0.33333333333308374;
 inline constexpr double kLnC2 = -0.49999999999988803;
 
 // HA: in two halves.
-inline F64 ln_polynomial(F64 r) {
-  return fma(fma(F64(kLnC5), r, F64(kLnC4)), r * r, fma(F64(kLnC3), r, F64(kLnC2)));
-}
+inline F64 ln_polynomial(F64 r) { return fma(fma(F64(kLnC5), r, F64(kLnC4)), r * r, fma(F64(kLnC3), r, F64(kLnC2))); }
 
 // Below 0.75 ulp for any finite positive x, whose exponent is `added` less.
 inline F64 ln_pairs(F64 x, double added) {

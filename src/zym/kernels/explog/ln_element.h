@@ -46,7 +46,7 @@ inline double ln_wide(double x) {
   const double k = static_cast<double>(static_cast<int64_t>(bits >> 52) - 1023);
   const double m = float_of<double>((bits & 0x000FFFFFFFFFFFFF) | 0x3FF0000000000000);
   const double* row = kLnReciprocal64[bits_of(m + 70368744177665.0) & 0x7F];  // 2^46 + 1: rounds m - 1 to 1/64
-  const double m1 = (m + 2097152.0) - 2097152.0;                             // m in 31 bits after the point
+  const double m1 = (m + 2097152.0) - 2097152.0;                              // m in 31 bits after the point
   const double d1 = std::fma(row[0], m1, -1.0);
   const double d2 = row[0] * (m - m1);
   const double u = d1 + d2;

@@ -1,5 +1,5 @@
-// ln(1 + x): the methods of ln on s = 1 + x rounded, and what the rounding lost as a correction. The result has the sign
-// of x, also where it is zero.
+// ln(1 + x): the methods of ln on s = 1 + x rounded, and what the rounding lost as a correction. The result has the
+// sign of x, also where it is zero.
 #pragma once
 
 #include <cmath>

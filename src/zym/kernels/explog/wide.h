@@ -1,5 +1,5 @@
-// Logarithms of 32-bit numbers in 64-bit arithmetic: a table of -log(rc/128), rc the estimate of 1/m as an integer, and a
-// short polynomial in r = rc m - 1. Correct to 0.501 ulp.
+// Logarithms of 32-bit numbers in 64-bit arithmetic: a table of -log(rc/128), rc the estimate of 1/m as an integer, and
+// a short polynomial in r = rc m - 1. Correct to 0.501 ulp.
 #pragma once
 
 #include <cmath>
@@ -37,7 +37,8 @@ F32 wide_log(const WideKey& k) {
   const auto half = [&](__m128i rc, __m128i e, F64 m) {
     return wide_log<Base>(fms(F64(_mm256_cvtepi32_pd(rc)), m, F64(1.0)), _mm256_cvtepi32_pd(e), rc);
   };
-  return narrow(half(low_half(k.rc), low_half(k.e), widen_low(k.m)), half(high_half(k.rc), high_half(k.e), widen_high(k.m)));
+  return narrow(half(low_half(k.rc), low_half(k.e), widen_low(k.m)),
+                half(high_half(k.rc), high_half(k.e), widen_high(k.m)));
 }
 
 // One positive finite number, denormal or not.

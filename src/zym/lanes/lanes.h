@@ -133,10 +133,8 @@ inline I64 operator-(I64 a, I64 b) { return _mm256_sub_epi64(a.v, b.v); }
 inline I64 operator&(I64 a, I64 b) { return _mm256_and_si256(a.v, b.v); }
 inline I64 operator|(I64 a, I64 b) { return _mm256_or_si256(a.v, b.v); }
 
-inline I32 max(I32 a, I32 b) { return _mm256_max_epi32(a.v, b.v); }
 // Only the high words count, as signed integers; so do the sign bits of the result.
 inline I64 high_above(I64 a, I64 b) { return _mm256_cmpgt_epi32(a.v, b.v); }
-inline I64 high_max(I64 a, I64 b) { return _mm256_max_epi32(a.v, b.v); }
 
 template <int Count>
 inline I32 shift_left(I32 a) {
@@ -303,17 +301,14 @@ inline F64 load_strided<F64>(const double* p, int64_t step) {
   return _mm256_setr_pd(p[0], p[step], p[2 * step], p[3 * step]);
 }
 
-<<<<<<< HEAD
 // One of four floats by the low two bits of the index; the table fills both halves of a register.
 inline F32 select_in_quad(F32 table, I32 index) { return _mm256_permutevar_ps(table.v, index.v); }
 
+// One of eight 32-bit entries by the low three bits of each 32-bit word of the index.
+inline I32 look_up(I32 table, I32 index) { return _mm256_permutevar8x32_epi32(table.v, index.v); }
+
 // Table look-up by lane. 64-bit rows are single loads: the gather instruction is slower on some processors and no faster
 // on the others.
-=======
-// Table look-up by lane. The short form has eight 32-bit entries in a register and the low three bits of each 32-bit
-// word as its index.
-inline I32 look_up(I32 table, I32 index) { return _mm256_permutevar8x32_epi32(table.v, index.v); }
->>>>>>> f102e62 (Roots: cube roots, hypotenuse, powers 3/2 and 2/3)
 inline F32 gather(const float* table, I32 index) { return _mm256_i32gather_ps(table, index.v, 4); }
 struct Indices {  // of four lanes, in scalar registers
   int64_t i0, i1, i2, i3;

@@ -133,10 +133,8 @@ inline I64 operator-(I64 a, I64 b) { return _mm256_sub_epi64(a.v, b.v); }
 inline I64 operator&(I64 a, I64 b) { return _mm256_and_si256(a.v, b.v); }
 inline I64 operator|(I64 a, I64 b) { return _mm256_or_si256(a.v, b.v); }
 
-inline I32 max(I32 a, I32 b) { return _mm256_max_epi32(a.v, b.v); }
 // Only the high words count, as signed integers; so do the sign bits of the result.
 inline I64 high_above(I64 a, I64 b) { return _mm256_cmpgt_epi32(a.v, b.v); }
-inline I64 high_max(I64 a, I64 b) { return _mm256_max_epi32(a.v, b.v); }
 
 template <int Count>
 inline I32 shift_left(I32 a) {
@@ -307,10 +305,33 @@ inline F64 load_strided<F64>(const double* p, int64_t step) {
   return _mm256_setr_pd(p[0], p[step], p[2 * step], p[3 * step]);
 }
 
+// The first k of them, the last one again in the other lanes: no memory behind it is touched, and no detour through a
+// buffer, from which a vector could only be loaded once all of its elements have left the store queue.
+template <class V>
+V load_first_strided(const typename V::Element* p, int64_t step, int k);
+template <>
+inline F32 load_first_strided<F32>(const float* p, int64_t step, int k) {
+  const float* p1 = p + (k > 1 ? step : 0);
+  const float* p2 = p1 + (k > 2 ? step : 0);
+  const float* p3 = p2 + (k > 3 ? step : 0);
+  const float* p4 = p3 + (k > 4 ? step : 0);
+  const float* p5 = p4 + (k > 5 ? step : 0);
+  const float* p6 = p5 + (k > 6 ? step : 0);
+  const float* p7 = p6 + (k > 7 ? step : 0);
+  return _mm256_setr_ps(*p, *p1, *p2, *p3, *p4, *p5, *p6, *p7);
+}
+template <>
+inline F64 load_first_strided<F64>(const double* p, int64_t step, int k) {
+  const double* p1 = p + (k > 1 ? step : 0);
+  const double* p2 = p1 + (k > 2 ? step : 0);
+  const double* p3 = p2 + (k > 3 ? step : 0);
+  return _mm256_setr_pd(*p, *p1, *p2, *p3);
+}
+
 // One of four floats by the low two bits of the index; the table fills both halves of a register.
 inline F32 select_in_quad(F32 table, I32 index) { return _mm256_permutevar_ps(table.v, index.v); }
 
-// One of eight 32-bit entries in a register by the low three bits of each 32-bit word.
+// One of eight 32-bit entries by the low three bits of each 32-bit word of the index.
 inline I32 look_up(I32 table, I32 index) { return _mm256_permutevar8x32_epi32(table.v, index.v); }
 
 // Table look-up by lane. 64-bit rows are single loads: the gather instruction is slower on some processors and no faster

@@ -76,18 +76,14 @@ struct Kernel {
     return x;
   }
 
-  // The first k lanes from element i on, the filler in the others.
+  // The first k lanes from element i on; in the others the filler, or strided the last element again.
   static Inputs load_first_inputs(const Arrays& a, int64_t i, int k) {
     Inputs x;
     for (int j = 0; j < In; ++j) {
       if (ScalarB && j == 1) {
         x[j] = V(*a.in[1]);
       } else if constexpr (Access::strided) {
-        alignas(32) E lanes[V::width];
-        for (int lane = 0; lane < V::width; ++lane) {
-          lanes[lane] = lane < k ? a.in[j][(i + lane) * a.in_step[j]] : kFiller;
-        }
-        x[j] = load<V>(lanes);
+        x[j] = load_first_strided<V>(a.in[j] + i * a.in_step[j], a.in_step[j], k);
       } else {
         x[j] = load_first(a.in[j] + i, k, V(kFiller));
       }

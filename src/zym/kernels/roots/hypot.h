@@ -87,7 +87,7 @@ struct Hypot<F64, L> {
       const double up = larger > 1 ? 0x1p-600 : 0x1p600;
       const double down = larger > 1 ? 0x1p600 : 0x1p-600;
       alignas(32) double scaled[F64::width];
-      store(scaled, lanes(F64(x * up), F64(y * up)));
+      store(scaled, Hypot<F64, Level::HA>::lanes(F64(x * up), F64(y * up)));
       return scaled[0] * down;
     });
   }

@@ -76,7 +76,7 @@ struct Pow3o2<F64, L> {
     return pow3o2_element(*x, r, [](double v) {
       const bool large = v > 1;
       alignas(32) double scaled[F64::width];
-      store(scaled, lanes(F64(v * (large ? 0x1p-400 : 0x1p600))));
+      store(scaled, Pow3o2<F64, Level::HA>::lanes(F64(v * (large ? 0x1p-400 : 0x1p600))));
       return large ? scaled[0] * 0x1p600 : scaled[0] * 0x1p-900;
     });
   }

@@ -1,6 +1,8 @@
 // Rounding to integers and the parts that it leaves.
 #pragma once
 
+#include <limits>
+
 #include "zym/lanes/lanes.h"
 #include "zym/lanes/scalar.h"
 #include "zym/skeleton/operands.h"
@@ -27,16 +29,17 @@ struct Rint : RoundInstruction<V, _MM_FROUND_CUR_DIRECTION> {};
 template <class V, Level>
 struct NearbyInt : RoundInstruction<V, _MM_FROUND_CUR_DIRECTION | _MM_FROUND_NO_EXC> {};
 
-// Half away from zero: nearest even, one more where that lost exactly a half.
+// Half away from zero. With h the number below a half, x + h reaches the next integer exactly where the fraction of x is
+// a half or more: below a half it stays under it, at a half the sum is a tie or within half an ulp and rounds up, and from
+// 2^mantissa_bits on, where x is whole, h is less than half an ulp of it.
 template <class V, Level>
 struct Round {
+  using E = typename V::Element;
   static constexpr bool streams = true;
   static constexpr int filler = 1;
   static V lanes(V x) {
-    const V a = magnitude(x);
-    const V t = round<_MM_FROUND_TO_NEAREST_INT>(a);
-    const V lost_half = compare<_CMP_EQ_OQ>(a - t, V(0.5f));
-    return select(lost_half, t + V(1.0f), t) | sign_of(x);
+    const V below_half = E(0.5) - std::numeric_limits<E>::epsilon() / 4;
+    return round<_MM_FROUND_TO_ZERO>(x + (below_half | sign_of(x)));
   }
 };
 

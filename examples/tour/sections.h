@@ -12,6 +12,9 @@ void show_data(const Table& table);
 // Vector functions with and without an error callback, the mode word, a strided view of one column.
 void show_vector_math(const Table& table);
 
+// Summary of each column, correlations, quantiles of a long stream.
+void show_statistics(const Table& table);
+
 struct Section {
   const char* title;
   void (*show)(const Table&);
@@ -20,6 +23,7 @@ struct Section {
 inline constexpr Section kSections[] = {
     {"Data", show_data},
     {"Vector mathematics", show_vector_math},
+    {"Statistics", show_statistics},
 };
 
 }  // namespace tour

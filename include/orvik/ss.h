@@ -13,6 +13,9 @@
 
 #include <stdint.h>
 
+/* Exported also where the library itself is built with hidden visibility. */
+#pragma GCC visibility push(default)
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -238,5 +241,7 @@ ORVIK_SS_DECLARE(s, float)
 #ifdef __cplusplus
 }
 #endif
+
+#pragma GCC visibility pop
 
 #endif

@@ -15,6 +15,9 @@ void show_vector_math(const Table& table);
 // A bootstrap interval of a mean, its random numbers split over several streams in three ways.
 void show_streams(const Table& table);
 
+// Summary of each column, correlations, quantiles of a long stream.
+void show_statistics(const Table& table);
+
 // Natural, Akima and Hyman splines through the gaps of a column, drawn with their derivatives.
 void show_fitting(const Table& table);
 
@@ -27,6 +30,7 @@ inline constexpr Section kSections[] = {
     {"Data", show_data},
     {"Vector mathematics", show_vector_math},
     {"Random streams", show_streams},
+    {"Statistics", show_statistics},
     {"Data fitting", show_fitting},
 };
 

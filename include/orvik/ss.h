@@ -13,7 +13,9 @@
 
 #include <stdint.h>
 
+/* Exported also where the library itself is built with hidden visibility. */
 #pragma GCC visibility push(default)
+
 #ifdef __cplusplus
 extern "C" {
 #endif

@@ -8,6 +8,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <limits>
+
+#include "df/lanes.h"
 
 namespace orvik::df {
 
@@ -109,17 +112,25 @@ Bracket<Index> hybrid_bracket(const Lookup<Real>& p, Real t) {
   return {static_cast<Index>(p.table[2 * b]), static_cast<Index>(p.table[2 * b + 1])};
 }
 
-// lo plus the number of k in lo <= k < hi with x[k] <= t, for ascending x. Halving steps of a fixed number and without
-// a branch: random sites would mispredict every one. `steps` halvings serve hi - lo < 2^steps; hi is at least 1.
+// lo plus the number of k in lo <= k < hi with x[k] <= t, for ascending x. A narrow bracket is counted: its comparisons
+// do not wait for each other.
 template <class Real, class Index>
-Index count_up_to(const Real* x, Index lo, Index hi, Real t, int steps) {
-  for (int step = steps - 1; step >= 0; --step) {
-    const Index ahead = std::min<Index>(lo + (Index(1) << step), hi);
-    lo = x[ahead - 1] <= t ? ahead : lo;  // a closed bracket has ahead = lo
+Index count_one_site(const Real* x, Index lo, Index hi, Real t) {
+  using V = Lanes<Real>;
+  constexpr Index kCountingWidth = 40;  // wider ones are halved first
+  while (hi - lo > kCountingWidth) {
+    const Index mid = lo + (hi - lo) / 2;
+    const bool above = x[mid] > t;
+    hi = above ? mid : hi;
+    lo = above ? lo : mid;
   }
-  return lo;
+  Index count = 0, k = lo;
+  for (; k + V::kCount <= hi; k += V::kCount) count += __builtin_popcount((V(t) >= V::load(x + k)).bits());
+  for (; k < hi; ++k) count += x[k] <= t;
+  return lo + count;
 }
 
+// Halving steps for a bracket of that width.
 template <class Index>
 int halvings(Index width) {
   return width < 1 ? 0 : 64 - __builtin_clzll(static_cast<unsigned long long>(width));
@@ -132,7 +143,7 @@ Index hybrid_cell(const Lookup<Real>& p, Real t) {
   if (t > p.x[nx - 1]) return nx;
   if (t == p.x[nx - 1]) return nx - 1;
   const auto [lo, hi] = hybrid_bracket<Index>(p, t);
-  return count_up_to(p.x, lo, hi, t, halvings(hi - lo));
+  return count_one_site(p.x, lo, hi, t);
 }
 
 // One site of an ascending sequence; *state is the cell that the one before ended in.

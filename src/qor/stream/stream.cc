@@ -105,7 +105,7 @@ int32_t __qorCopyStreamState(OrvikStream destination, OrvikStream source) {
 int32_t __qorGetStreamStateBrng(OrvikStream stream) { return header(stream)->brng; }
 
 int32_t __qorGetStreamSize(OrvikStream stream) {
-  int32_t size = row_of(header(stream)->brng).StreamStateSize + 8;
+  int32_t size = static_cast<int32_t>(state_size(row_of(header(stream)->brng))) + 24;
   for (const ChunkNode* node = header(stream)->chunks; node; node = node->next) size += node->size + 24;
   return size;
 }

@@ -204,7 +204,7 @@ TEST(Registry, RegistrationTestsInOrderThenAddsRows) {
   ASSERT_EQ(__qorRegisterBrng(&empty), 0x1300000);
   OrvikStream s = nullptr, copy = nullptr;
   ASSERT_EQ(__qorNewStreamEx(&s, 0x1300000, 0, nullptr), 0);
-  EXPECT_EQ(__qorGetStreamSize(s), 8);
+  EXPECT_EQ(__qorGetStreamSize(s), 24);  // an image is never shorter than its header
   EXPECT_EQ(__qorCopyStream(&copy, s), 0);
   __qorDeleteStream(&copy);
   __qorDeleteStream(&s);

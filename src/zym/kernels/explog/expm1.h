@@ -79,7 +79,7 @@ struct Expm1<F32, L> {
         y = expm1_sum(s, r, fma(r * r, horner(r, kExpm1SingleHA), r_low + fma(row.second, r, row.second)));
       }
     }
-    return magnitude(y) | sign_of(x);
+    return y | sign_of(x);  // +0 for -0 otherwise
   }
 };
 
@@ -109,7 +109,7 @@ struct Expm1<F64, L> {
         y = expm1_sum(s, r, fma(r * r, horner(r, kExpm1DoubleLA), r_low + fma(row.second, r, row.second)));
       }
     }
-    return magnitude(y) | sign_of(x);
+    return y | sign_of(x);  // +0 for -0 otherwise
   }
 };
 

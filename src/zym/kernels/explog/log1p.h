@@ -40,12 +40,6 @@ struct OnePlus {
   }
 };
 
-template <class V>
-V not_above_minus_one(V x, typename V::Element bound) {
-  using E = typename V::Element;
-  return compare<_CMP_NGT_UQ>(x, V(E(-1))) | compare<_CMP_GE_OQ>(x, V(bound));
-}
-
 // --- 32 bits --------------------------------------------------------------------------------------------------------
 
 template <class V, Level L>
@@ -54,7 +48,10 @@ struct Log1p;
 template <Level L>
 struct Log1p<F32, L> {
   // From 2^120 on 2^-e leaves the normal numbers.
-  static F32 special(F32 x) { return not_above_minus_one(x, 0x1p120f); }
+  static F32 special(F32 x) {  // as integers 1 + x is not from the smallest normal number to there
+    const I32 moved = as_bits(x + F32(1.0f)) + I32(0x80000000u - 0x00800000u);
+    return as_float(moved > I32((0x7B7FFFFFu - 0x00800000u) ^ 0x80000000u));
+  }
   static int32_t element(const float* px, float* r) {
     int32_t code;
     if (!log1p_special(*px, r, &code)) *r = static_cast<float>(wide_log<BaseE>(*px));
@@ -78,7 +75,7 @@ struct Log1p<F32, L> {
         p = horner(f, kLnSingleLA);
       }
       const F32 y = fma(f * p, f, f);
-      return magnitude(fma(e, F32(0.6931471824645996f), y)) | sign_of(x);
+      return fma(e, F32(0.6931471824645996f), y) | sign_of(x);
     }
   }
 
@@ -92,7 +89,7 @@ struct Log1p<F32, L> {
     };
     const F32 y = narrow(half(widen_low(c), widen_low(x), low_half(k.e), low_half(k.rc)),
                          half(widen_high(c), widen_high(x), high_half(k.e), high_half(k.rc)));
-    return magnitude(y) | sign_of(x);
+    return y | sign_of(x);  // +0 for -0 otherwise
   }
 };
 
@@ -101,7 +98,13 @@ struct Log1p<F32, L> {
 template <Level L>
 struct Log1p<F64, L> {
   // From 2^1000 on 2^-e nears the end of the normal numbers.
-  static F64 special(F64 x) { return not_above_minus_one(x, 0x1p1000); }
+  static F64 special(F64 x) {  // as in 32 bits, by the high words
+    const F64 s = x + F64(1.0);
+    const __m256i moved =
+        _mm256_add_epi32(as_bits(s).v, _mm256_set1_epi32(static_cast<int32_t>(0x80000000u - 0x00100000u)));
+    return as_float(I64(
+        _mm256_cmpgt_epi32(moved, _mm256_set1_epi32(static_cast<int32_t>((0x7E6FFFFFu - 0x00100000u) ^ 0x80000000u)))));
+  }
   static int32_t element(const double* px, double* r) {
     int32_t code;
     if (!log1p_special(*px, r, &code)) *r = _mm256_cvtsd_f64(ln_pairs(F64(*px), 0.0).v);
@@ -123,7 +126,7 @@ struct Log1p<F64, L> {
       // ln(1 + r + c) = ln(1 + r) + c (1 - r) but for terms below 2^-70.
       const F64 p = fma(k.r * k.r, ln_polynomial(k.r), fnma(correction, k.r, correction));
       const F64 y = head + (fma(e, F64(kLn2Tail64), log.second) + (p + lost));
-      return magnitude(y) | sign_of(x);
+      return y | sign_of(x);  // +0 for -0 otherwise
     } else {
       const F64 e = k.centred_exponent();
       const F64 r = k.r + correction;
@@ -134,7 +137,7 @@ struct Log1p<F64, L> {
         p = horner(r, F64(kLnC5), F64(kLnC4), F64(kLnC3), F64(kLnC2));
       }
       const F64 head = fma(e, F64(kLn2Head64), gather<512>(kLnHeads, Indices(k.key))) + r;
-      return magnitude(head + fma(e, F64(kLn2Tail64), r * r * p)) | sign_of(x);
+      return (head + fma(e, F64(kLn2Tail64), r * r * p)) | sign_of(x);
     }
   }
 };

@@ -41,10 +41,10 @@ struct RefinedReciprocal<F32, L> {
   }
 };
 
-// In range: a normal float when narrowed, 2^-126 <= |x| < 2^126.
+// In range: a normal float when narrowed, 2^-126 <= |x| < 2^125, so that the estimate is one as well.
 template <Level L>
 struct RefinedReciprocal<F64, L> {
-  static F64 special(F64 x) { return roots::outside_magnitude(x, 0x38100000, 0x47CFFFFF); }
+  static F64 special(F64 x) { return roots::outside_magnitude(x, 0x38100000, 0x47BFFFFF); }
   static F64 lanes(F64 x) {
     const F64 y = reciprocal_estimate(x);
     const F64 e = fnma(x, y, F64(1.0));

@@ -27,7 +27,13 @@ struct SqrtElement {
       *r = nan<E>;
       return zymErrorDomain;
     }
-    *r = std::sqrt(x);
+    // A denormal is its bits times 2^-149 or 2^-1074; as an integer it costs no slow arithmetic.
+    const bool denormal = bits_of(x) < FloatBits<E>::min_normal;
+    if constexpr (sizeof(E) == 4) {
+      *r = denormal ? static_cast<E>(std::sqrt(2.0 * bits_of(x)) * 0x1p-75) : std::sqrt(x);
+    } else {
+      *r = denormal ? std::sqrt(static_cast<E>(static_cast<int64_t>(bits_of(x)))) * 0x1p-537 : std::sqrt(x);
+    }
     return 0;
   }
 };

@@ -112,7 +112,8 @@ TYPED_TEST(Roots, InvOfInfinitiesNanAndExtremes) {
   expect_unary<E>(row_of<E>("Inv"), this->tiny, this->inf);
   expect_unary<E>(row_of<E>("Inv"), -this->tiny, -this->inf);
   for (E x : {this->smallest / 2, this->largest, -this->largest}) expect_unary<E>(row_of<E>("Inv"), x, 1 / x);
-  for (E x : {this->smallest, -this->smallest, E(4.2519718974541703e+37), E(0x1p126), E(0x1p-126), E(3)}) {
+  for (E x : {this->smallest, -this->smallest, E(4.2519718974541703e+37), std::nextafter(E(0x1p125), E(0)),
+              std::nextafter(E(0x1p126), E(0)), E(0x1p126), E(0x1p-126), E(3)}) {
     this->expect_near(row_of<E>("Inv"), x, 1 / x);
   }
 }

@@ -144,6 +144,18 @@ TYPED_TEST(Moments, AgreeForEveryNumberOfThreads) {
   }
 }
 
+// Enough observations for the states side by side, with a rest that does not fill a row.
+TYPED_TEST(Moments, OfLongRunsWithoutWeightsAgreeInBothStorages) {
+  for (int64_t p : {1, 3, 10}) {
+    const auto sample = random_sample<TypeParam>(p, 20011);
+    for (bool columns : {false, true}) {
+      for (bool selected : {false, true}) {
+        for (uint64_t method : kMethods) check(sample, {p, 20011, columns, false, selected, false, method, 0, 2});
+      }
+    }
+  }
+}
+
 TYPED_TEST(Moments, OfOneObservation) {
   for (int64_t p : {1, 3}) {
     const auto sample = random_sample<TypeParam>(p, 1);

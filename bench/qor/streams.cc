@@ -6,8 +6,8 @@
 #include <benchmark/benchmark.h>
 #include <immintrin.h>
 
-#include <cstdio>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <functional>
 #include <map>
@@ -76,13 +76,17 @@ void print_table() {
 
 // `body` makes `items` numbers.
 void measure(const std::string& name, double items, std::function<void()> body) {
-  benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
-    for (auto _ : state) {
-      body();
-      benchmark::ClobberMemory();
-    }
-    state.counters["items"] = items;
-  })->Repetitions(5)->ReportAggregatesOnly(false)->MinTime(0.05);
+  benchmark::RegisterBenchmark(name.c_str(),
+                               [=](benchmark::State& state) {
+                                 for (auto _ : state) {
+                                   body();
+                                   benchmark::ClobberMemory();
+                                 }
+                                 state.counters["items"] = items;
+                               })
+      ->Repetitions(5)
+      ->ReportAggregatesOnly(false)
+      ->MinTime(0.05);
 }
 
 // ---- peers ---------------------------------------------------------------------------------------------------------
@@ -189,8 +193,10 @@ void register_generator(const Generator& g) {
   comparisons.push_back({name + ", words, n = 10^4, beside " + g.peer, name + " words", g.peer, g.goal});
   comparisons.push_back({name + ", floats beside words", name + " floats", name + " words", ">= 0.67"});
   comparisons.push_back({name + ", doubles beside words", name + " doubles", name + " words", ">= 0.67"});
-  comparisons.push_back({name + ", floats, n = 10^7, beside memset", name + " floats, long", "memset of floats", "near 1"});
-  comparisons.push_back({name + ", doubles, n = 10^7, beside memset", name + " doubles, long", "memset of doubles", "near 1"});
+  comparisons.push_back(
+      {name + ", floats, n = 10^7, beside memset", name + " floats, long", "memset of floats", "near 1"});
+  comparisons.push_back(
+      {name + ", doubles, n = 10^7, beside memset", name + " doubles, long", "memset of doubles", "near 1"});
   comparisons.push_back({name + ", call for one word", name + " one word", "", "<= 20 ns"});
   comparisons.push_back({name + ", call for one float", name + " one float", "", "<= 20 ns"});
   comparisons.push_back({name + ", call for one double", name + " one double", "", "<= 20 ns"});

@@ -71,8 +71,7 @@ bool by_members(size_t count, Uniforms* u) {
   const size_t part = count / kStreams;
   for (size_t k = 0; k < kStreams; ++k) {
     const Stream stream(ORVIK_BRNG_MT2203 + static_cast<int32_t>(k));
-    if (!stream.ok() ||
-        __qordBRngMT2203(stream.get(), static_cast<int32_t>(part), u->data() + k * part, 0, 1) != 0)
+    if (!stream.ok() || __qordBRngMT2203(stream.get(), static_cast<int32_t>(part), u->data() + k * part, 0, 1) != 0)
       return false;
   }
   return true;

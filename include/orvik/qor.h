@@ -205,9 +205,9 @@ int32_t __qor_SkipAheadSWin(void* state, OrvikQorJumpClear clear, OrvikQorJumpAd
 
 /* ---- Side blocks ------------------------------------------------------------------------------------------------- */
 
-/* Hangs `data` (of orvik_serv_allocate, `size` bytes) on the stream under `id`. A non-zero `key` of two words shares one
- * block among all chunks of that key: when the key is known already, the chunk refers to the shared block and `data`
- * stays the caller's. -4. */
+/* Hangs `data` (of orvik_serv_allocate, `size` bytes) on the stream under `id`. A non-zero `key` of two words shares
+ * one block among all chunks of that key: when the key is known already, the chunk refers to the shared block and
+ * `data` stays the caller's. -4. */
 int32_t __qorAddChunk(OrvikStream stream, int32_t id, const uint64_t* key, void* data, uint32_t size);
 /* The data of the first chunk of that id, null for none. */
 void* __qorSearchChunk(OrvikStream stream, uint32_t id);
@@ -243,10 +243,10 @@ void __qorGenerateNewGlobalRODataTableEntryId(uint64_t* key, uint64_t tag);
 
 /* ---- Generators -------------------------------------------------------------------------------------------------- */
 
-#define ORVIK_QOR_DECLARE_BRNG(G)                                                                                 \
-  int32_t __qorBRng##G##InitStream(uint32_t method, OrvikStream stream, int32_t n, const void* params);           \
-  int32_t __qorsBRng##G(OrvikStream stream, int32_t n, float* r, float a, float b);                               \
-  int32_t __qordBRng##G(OrvikStream stream, int32_t n, double* r, double a, double b);                            \
+#define ORVIK_QOR_DECLARE_BRNG(G)                                                                       \
+  int32_t __qorBRng##G##InitStream(uint32_t method, OrvikStream stream, int32_t n, const void* params); \
+  int32_t __qorsBRng##G(OrvikStream stream, int32_t n, float* r, float a, float b);                     \
+  int32_t __qordBRng##G(OrvikStream stream, int32_t n, double* r, double a, double b);                  \
   int32_t __qoriBRng##G(OrvikStream stream, int32_t n, void* r)
 
 ORVIK_QOR_DECLARE_BRNG(MCG31M1);

@@ -175,9 +175,9 @@ const std::vector<Test>& tests() {
 const char* name_of(Form form) { return form == Form::words ? "words" : form == Form::floats ? "floats" : "doubles"; }
 
 const std::vector<Generator>& generators() {
-  static const std::vector<Generator> list = {{"MCG31M1", ORVIK_BRNG_MCG31M1}, {"MCG59", ORVIK_BRNG_MCG59},
-                                              {"MT19937", ORVIK_BRNG_MT19937}, {"MT2203", ORVIK_BRNG_MT2203},
-                                              {"ARS5", ORVIK_BRNG_ARS5},       {"PHILOX4X32X10", ORVIK_BRNG_PHILOX4X32X10}};
+  static const std::vector<Generator> list = {
+      {"MCG31M1", ORVIK_BRNG_MCG31M1}, {"MCG59", ORVIK_BRNG_MCG59}, {"MT19937", ORVIK_BRNG_MT19937},
+      {"MT2203", ORVIK_BRNG_MT2203},   {"ARS5", ORVIK_BRNG_ARS5},   {"PHILOX4X32X10", ORVIK_BRNG_PHILOX4X32X10}};
   return list;
 }
 

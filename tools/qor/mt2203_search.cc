@@ -8,8 +8,8 @@
 //
 // Matrix. With u = t^68 + t^33 the characteristic polynomial of the recurrence is
 //   t^27 u^32 + sum_{i<5} a_i t^27 u^(31-i) + sum_{i>=5} a_i (t u)^(31-i)      (Matsumoto, Nishimura 1998)
-// 2203 and 2^2203 - 1 are both prime, so the period is 2^2203 - 1 exactly when the polynomial is irreducible. The low 13
-// bits of a matrix are the number of its row (Matsumoto, Nishimura 2000), which keeps all polynomials distinct.
+// 2203 and 2^2203 - 1 are both prime, so the period is 2^2203 - 1 exactly when the polynomial is irreducible. The low
+// 13 bits of a matrix are the number of its row (Matsumoto, Nishimura 2000), which keeps all polynomials distinct.
 // Masks. A beam search from the top bit down for the best dimension of equidistribution k(v) of the v leading bits;
 // k(v) is found by reducing a lattice whose vectors are generator states (Harase, Matsumoto, Saito 2011).
 #include <immintrin.h>
@@ -163,7 +163,8 @@ struct Field {
       _mm_storeu_si128(place, _mm_xor_si128(_mm_loadu_si128(place), sum));
     }
     for (; i < n; ++i) {
-      const __m128i low = _mm_xor_si128(_mm_clmulepi64_si128(x, _mm_cvtsi64_si128(static_cast<long long>(a[i])), 0), carry);
+      const __m128i low =
+          _mm_xor_si128(_mm_clmulepi64_si128(x, _mm_cvtsi64_si128(static_cast<long long>(a[i])), 0), carry);
       v[i] ^= static_cast<uint64_t>(_mm_cvtsi128_si64(low));
       carry = _mm_srli_si128(low, 8);
     }
@@ -196,8 +197,7 @@ struct Field {
     for (int bit = 64 * kWords - 1; bit >= kDegree; --bit)
       if (x[bit / 64] >> (bit % 64) & 1) {
         const int s = bit - kDegree, w = s / 64, b = s % 64;  // w is 0: s < 37
-        for (int i = kWords - 1; i >= w; --i)
-          x[i] ^= p[i - w] << b | (b && i - w ? p[i - w - 1] >> (64 - b) : 0);
+        for (int i = kWords - 1; i >= w; --i) x[i] ^= p[i - w] << b | (b && i - w ? p[i - w - 1] >> (64 - b) : 0);
       }
   }
   static int degree(const std::vector<uint64_t>& x) {

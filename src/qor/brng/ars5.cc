@@ -16,7 +16,8 @@ struct Ars5 {
 
   struct Keys {
     explicit Keys(const State& state) {
-      const __m128i weyl = _mm_set_epi64x(static_cast<long long>(0xBB67AE8584CAA73B), static_cast<long long>(0x9E3779B97F4A7C15));
+      const __m128i weyl =
+          _mm_set_epi64x(static_cast<long long>(0xBB67AE8584CAA73B), static_cast<long long>(0x9E3779B97F4A7C15));
       k[0] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(state.key));
       for (int r = 1; r <= 5; ++r) k[r] = _mm_add_epi64(k[r - 1], weyl);
     }
@@ -30,7 +31,8 @@ struct Ars5 {
   }
 
   static __m128i lanes(Counter128 c) {
-    return _mm_set_epi64x(static_cast<long long>(static_cast<uint64_t>(c >> 64)), static_cast<long long>(static_cast<uint64_t>(c)));
+    return _mm_set_epi64x(static_cast<long long>(static_cast<uint64_t>(c >> 64)),
+                          static_cast<long long>(static_cast<uint64_t>(c)));
   }
 
   static void one_block(State& state) {
@@ -62,8 +64,7 @@ struct Ars5 {
           c[k + 1] = _mm_add_epi64(c[k + 1], stride);
         }
     }
-    for (; i + 8 <= n; i += 8, counter += 2)
-      sink.pair(i, block(lanes(counter), keys), block(lanes(counter + 1), keys));
+    for (; i + 8 <= n; i += 8, counter += 2) sink.pair(i, block(lanes(counter), keys), block(lanes(counter + 1), keys));
     if (i + 4 <= n) {
       sink.some(i, _mm256_castsi128_si256(block(lanes(counter), keys)), 4);
       i += 4;

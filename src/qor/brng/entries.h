@@ -21,11 +21,16 @@ struct NoJumps {
 template <class G>
 int32_t init_stream(uint32_t method, OrvikStream stream, int32_t n, const void* params) {
   switch (method) {
-    case 0: return G::seed(stream, n, static_cast<const uint32_t*>(params));
-    case 1: return G::leapfrog(stream, n, *static_cast<const int32_t*>(params));
-    case 2: return G::skip(stream, *static_cast<const uint64_t*>(params));
-    case 3: return G::skip_long(stream, n, static_cast<const uint64_t*>(params));
-    default: return ORVIK_QOR_BAD_METHOD;
+    case 0:
+      return G::seed(stream, n, static_cast<const uint32_t*>(params));
+    case 1:
+      return G::leapfrog(stream, n, *static_cast<const int32_t*>(params));
+    case 2:
+      return G::skip(stream, *static_cast<const uint64_t*>(params));
+    case 3:
+      return G::skip_long(stream, n, static_cast<const uint64_t*>(params));
+    default:
+      return ORVIK_QOR_BAD_METHOD;
   }
 }
 
@@ -41,18 +46,18 @@ constexpr int32_t record_size() {
   return (kHeaderSize + static_cast<int32_t>(sizeof(State)) + kUnit - 1) / kUnit * kUnit;
 }
 
-#define ORVIK_QOR_GENERATOR(NAME, G)                                                                             \
-  extern "C" {                                                                                                   \
-  int32_t __qorBRng##NAME##InitStream(uint32_t method, OrvikStream stream, int32_t n, const void* params) {      \
-    return orvik::qor::init_stream<G>(method, stream, n, params);                                                \
-  }                                                                                                              \
-  int32_t __qorsBRng##NAME(OrvikStream stream, int32_t n, float* r, float a, float b) {                          \
-    return G::fill(stream, n, G::Float(r, a, b));                                                                \
-  }                                                                                                              \
-  int32_t __qordBRng##NAME(OrvikStream stream, int32_t n, double* r, double a, double b) {                       \
-    return G::fill(stream, n, G::Double(r, a, b));                                                               \
-  }                                                                                                              \
-  int32_t __qoriBRng##NAME(OrvikStream stream, int32_t n, void* r) { return G::fill(stream, n, G::Raw(r)); }     \
+#define ORVIK_QOR_GENERATOR(NAME, G)                                                                         \
+  extern "C" {                                                                                               \
+  int32_t __qorBRng##NAME##InitStream(uint32_t method, OrvikStream stream, int32_t n, const void* params) {  \
+    return orvik::qor::init_stream<G>(method, stream, n, params);                                            \
+  }                                                                                                          \
+  int32_t __qorsBRng##NAME(OrvikStream stream, int32_t n, float* r, float a, float b) {                      \
+    return G::fill(stream, n, G::Float(r, a, b));                                                            \
+  }                                                                                                          \
+  int32_t __qordBRng##NAME(OrvikStream stream, int32_t n, double* r, double a, double b) {                   \
+    return G::fill(stream, n, G::Double(r, a, b));                                                           \
+  }                                                                                                          \
+  int32_t __qoriBRng##NAME(OrvikStream stream, int32_t n, void* r) { return G::fill(stream, n, G::Raw(r)); } \
   }
 
 }  // namespace orvik::qor

@@ -62,7 +62,8 @@ struct Mod2P59 {
     __m256i low, high;
   };
   static __m256i multiply(__m256i x, const Factor& f) {
-    const __m256i cross = _mm256_add_epi64(_mm256_mul_epu32(_mm256_srli_epi64(x, 32), f.low), _mm256_mul_epu32(x, f.high));
+    const __m256i cross =
+        _mm256_add_epi64(_mm256_mul_epu32(_mm256_srli_epi64(x, 32), f.low), _mm256_mul_epu32(x, f.high));
     const __m256i product = _mm256_add_epi64(_mm256_mul_epu32(x, f.low), _mm256_slli_epi64(cross, 32));
     return _mm256_and_si256(product, broadcast64(kMask));
   }

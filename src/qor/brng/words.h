@@ -1,6 +1,6 @@
 // Where the words of a generator go: raw, as floats, as doubles. A sink writes eight 32-bit words, or fewer at the end
-// of a request, at an index of the caller's array; conversion happens in registers on the way out. A pair is eight words
-// in two halves.
+// of a request, at an index of the caller's array; conversion happens in registers on the way out. A pair is eight
+// words in two halves.
 #pragma once
 
 #include <immintrin.h>
@@ -111,7 +111,8 @@ class DoubleSink {
   }
   void some(ptrdiff_t i, __m256i w, int count) const {
     const __m256i mask = lane_mask(count);
-    _mm256_maskstore_pd(r_ + i, _mm256_cvtepi32_epi64(_mm256_castsi256_si128(mask)), convert(_mm256_castsi256_si128(w)));
+    _mm256_maskstore_pd(r_ + i, _mm256_cvtepi32_epi64(_mm256_castsi256_si128(mask)),
+                        convert(_mm256_castsi256_si128(w)));
     if (count > 4)
       _mm256_maskstore_pd(r_ + i + 4, _mm256_cvtepi32_epi64(_mm256_extracti128_si256(mask, 1)),
                           convert(_mm256_extracti128_si256(w, 1)));

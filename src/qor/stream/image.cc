@@ -124,8 +124,7 @@ int32_t save(OrvikStream stream, Writer writer) {
 template <class Reader>
 bool read_header(Reader& reader, ImageHeader& head) {
   if (!reader.read(&head, 8)) return false;
-  if (head.version == kImageVersion)
-    return reader.read(reinterpret_cast<uint8_t*>(&head) + 8, sizeof head - 8);
+  if (head.version == kImageVersion) return reader.read(reinterpret_cast<uint8_t*>(&head) + 8, sizeof head - 8);
   OldImageTail tail = {};
   if (!reader.read(&tail, sizeof tail)) return false;
   head.header_size = sizeof head;
@@ -180,8 +179,7 @@ int32_t load(OrvikStream* stream, Reader reader) {
   if (!read_header(reader, head)) return ORVIK_QOR_FILE_READ;
   if (const int32_t status = check_header<Reader>(head); status < 0) return status;
   const BrngPlace place = find_brng(static_cast<int32_t>(head.brng));
-  int32_t status =
-      __qorAllocateStream(stream, place.table, static_cast<int32_t>(head.brng), place.index, place.sub);
+  int32_t status = __qorAllocateStream(stream, place.table, static_cast<int32_t>(head.brng), place.index, place.sub);
   if (status < 0) return status;
   if (!reader.read(state_bytes(*stream), state_size(place.row()))) return ORVIK_QOR_FILE_READ;
   status = check_processor(static_cast<int32_t>(head.brng));

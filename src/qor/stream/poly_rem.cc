@@ -18,8 +18,14 @@ class Modulus {
   static uint64_t words(uint64_t degree) { return (degree + 64) / 64; }
 
   Modulus(uint64_t* block, uint64_t degree, uint32_t nterms, const uint32_t* terms)
-      : degree_(degree), n_(static_cast<int64_t>(words(degree))), p_(block), reciprocal_(p_ + n_),
-        value_(reciprocal_ + n_), wide_(value_ + n_), product_(wide_ + 2 * n_), quotient_(product_ + 2 * n_),
+      : degree_(degree),
+        n_(static_cast<int64_t>(words(degree))),
+        p_(block),
+        reciprocal_(p_ + n_),
+        value_(reciprocal_ + n_),
+        wide_(value_ + n_),
+        product_(wide_ + 2 * n_),
+        quotient_(product_ + 2 * n_),
         scratch_(quotient_ + n_) {
     memset(block, 0, 8 * 25 * static_cast<uint64_t>(n_));
     for (uint32_t i = 0; i < nterms; ++i) set_bit(p_, terms[i]);

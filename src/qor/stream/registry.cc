@@ -48,12 +48,12 @@ int32_t row_count() { return __atomic_load_n(&reg_brng_count, __ATOMIC_ACQUIRE);
 
 extern "C" {
 
-RegBrngRow __RegBrngs[kTableRows] = {kMcg31m1, kR250, kMrg32k3a, kMcg59,
-                                     SIXTEEN_OF(SIXTEEN(kWh)), SIXTEEN(kWh), kWh,
-                                     kSobol, kNiederreiter};
+RegBrngRow __RegBrngs[kTableRows] = {kMcg31m1,     kR250, kMrg32k3a, kMcg59,       SIXTEEN_OF(SIXTEEN(kWh)),
+                                     SIXTEEN(kWh), kWh,   kSobol,    kNiederreiter};
 
-RegBrngRow __RegBrngsNew[kTableRows] = {kMcg31m1, kR250, kMrg32k3a, kMcg59, kWh, kSobol, kNiederreiter, kMt19937,
-                                        kMt2203, kIAbstract, kDAbstract, kSAbstract, kSfmt19937, kTrng, kArs5, kPhilox};
+RegBrngRow __RegBrngsNew[kTableRows] = {kMcg31m1,      kR250,    kMrg32k3a, kMcg59,     kWh,        kSobol,
+                                        kNiederreiter, kMt19937, kMt2203,   kIAbstract, kDAbstract, kSAbstract,
+                                        kSfmt19937,    kTrng,    kArs5,     kPhilox};
 
 void* __qorGetBrngBaseOffset(int32_t id, uint32_t* index, uint32_t* sub) {
   if (id >= 0x100000) {

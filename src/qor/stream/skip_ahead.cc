@@ -112,8 +112,8 @@ int32_t skip_ahead(void* state, const Generator& f, OrvikQorJumpStore store, Orv
   }
   if (const int32_t status = find_remainder(g, nskip, p); status < 0) return status;
   const Remainder remainder(g);
-  Method::apply(f, remainder, remainder.highest(p.words), state, out.get(), table.get(),
-                static_cast<int64_t>(stride), power.get());
+  Method::apply(f, remainder, remainder.highest(p.words), state, out.get(), table.get(), static_cast<int64_t>(stride),
+                power.get());
   store(state, out.get(), offset);
   return ORVIK_QOR_OK;
 }
@@ -135,8 +135,8 @@ int32_t __qor_SkipAheadHorner(void* state, OrvikQorJumpClear clear, OrvikQorJump
 int32_t __qor_SkipAheadSWin(void* state, OrvikQorJumpClear clear, OrvikQorJumpAdd add, OrvikQorJumpCopy copy,
                             OrvikQorJumpStep step, OrvikQorJumpStore store, OrvikQorJumpStart start, uint64_t nskip,
                             int64_t words, int64_t degree, int64_t statesize, int64_t nterms, const uint32_t* terms) {
-  return skip_ahead<SlidingWindow>(state, {clear, add, copy, step}, store, start, nskip,
-                                   {words, degree, nterms, terms}, statesize);
+  return skip_ahead<SlidingWindow>(state, {clear, add, copy, step}, store, start, nskip, {words, degree, nterms, terms},
+                                   statesize);
 }
 
 }  // extern "C"

@@ -21,7 +21,9 @@ Layout layout(int32_t brng) { return brng == ORVIK_BRNG_ARS5 ? Layout{4, 8, 9} :
 
 class CounterTest : public ::testing::TestWithParam<int32_t> {
  protected:
-  Stream stream(const std::vector<uint32_t>& seeds = {1, 2, 3, 4, 5, 6, 7, 8}) const { return Stream(GetParam(), seeds); }
+  Stream stream(const std::vector<uint32_t>& seeds = {1, 2, 3, 4, 5, 6, 7, 8}) const {
+    return Stream(GetParam(), seeds);
+  }
   std::vector<uint64_t> model(size_t n, const std::vector<uint32_t>& seeds = {1, 2, 3, 4, 5, 6, 7, 8}) const {
     return models::take(models::make(GetParam(), seeds), n);
   }
@@ -46,8 +48,10 @@ TEST_P(CounterTest, ThreeWordsAndFiveEqualEight) {
 
 TEST_P(CounterTest, CounterCarriesThroughAllItsWords) {
   for (const std::vector<uint32_t>& c :
-       std::vector<std::vector<uint32_t>>{{0xFFFFFFFE, 0, 0, 0}, {0xFFFFFFFC, 0xFFFFFFFF, 0, 9},
-                                          {0xFFFFFFFD, 0xFFFFFFFF, 0xFFFFFFFF, 1}, {0xFFFFFFF0, 0xFFFFFFFF, 7, 1},
+       std::vector<std::vector<uint32_t>>{{0xFFFFFFFE, 0, 0, 0},
+                                          {0xFFFFFFFC, 0xFFFFFFFF, 0, 9},
+                                          {0xFFFFFFFD, 0xFFFFFFFF, 0xFFFFFFFF, 1},
+                                          {0xFFFFFFF0, 0xFFFFFFFF, 7, 1},
                                           {0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF}}) {
     const std::vector<uint32_t> seeds = with_counter(c);
     const std::vector<uint64_t> want = model(300, seeds);

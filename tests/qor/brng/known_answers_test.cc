@@ -13,10 +13,12 @@ using ::testing::ElementsAre;
 
 // Salmon, Moraes, Dror, Shaw 2011.
 TEST(Philox, PublishedAnswers) {
-  EXPECT_THAT(Stream(ORVIK_BRNG_PHILOX4X32X10, {}).words(4), ElementsAre(0x6627e8d5, 0xe169c58d, 0xbc57ac4c, 0x9b00dbd8));
+  EXPECT_THAT(Stream(ORVIK_BRNG_PHILOX4X32X10, {}).words(4),
+              ElementsAre(0x6627e8d5, 0xe169c58d, 0xbc57ac4c, 0x9b00dbd8));
   EXPECT_THAT(Stream(ORVIK_BRNG_PHILOX4X32X10, std::vector<uint32_t>(6, 0xFFFFFFFF)).words(4),
               ElementsAre(0x408f276d, 0x41c83b0e, 0xa20bc7c6, 0x6d5451fd));
-  EXPECT_THAT(Stream(ORVIK_BRNG_PHILOX4X32X10, {0xa4093822, 0x299f31d0, 0x243f6a88, 0x85a308d3, 0x13198a2e, 0x03707344}).words(4),
+  EXPECT_THAT(Stream(ORVIK_BRNG_PHILOX4X32X10, {0xa4093822, 0x299f31d0, 0x243f6a88, 0x85a308d3, 0x13198a2e, 0x03707344})
+                  .words(4),
               ElementsAre(0xd16cfe09, 0x94fdcceb, 0x5001e420, 0x24126ea1));
 }
 
@@ -24,7 +26,9 @@ TEST(Ars5, PublishedAnswers) {
   EXPECT_THAT(Stream(ORVIK_BRNG_ARS5, {}).words(4), ElementsAre(0x7ecce06f, 0x7cdc3bca, 0x15513c87, 0x29d24c9b));
   EXPECT_THAT(Stream(ORVIK_BRNG_ARS5, std::vector<uint32_t>(8, 0xFFFFFFFF)).words(4),
               ElementsAre(0x524f3d4c, 0x870acd82, 0x835b5954, 0x915b1320));
-  EXPECT_THAT(Stream(ORVIK_BRNG_ARS5, {0xa4093822, 0x299f31d0, 0x082efa98, 0xec4e6c89, 0x243f6a88, 0x85a308d3, 0x13198a2e, 0x03707344}).words(4),
+  EXPECT_THAT(Stream(ORVIK_BRNG_ARS5,
+                     {0xa4093822, 0x299f31d0, 0x082efa98, 0xec4e6c89, 0x243f6a88, 0x85a308d3, 0x13198a2e, 0x03707344})
+                  .words(4),
               ElementsAre(0x9150862d, 0x525af535, 0x6612f4fa, 0xe2a60648));
 }
 
@@ -39,7 +43,8 @@ TEST(Mt19937, PublishedAnswers) {
 // The standard's engine names its 10000th word for the one-word seeding 5489; here its recurrence checks the model.
 TEST(Mt19937, ModelAgreesWithTheStandardEngine) {
   std::mt19937 engine(5489);
-  orvik::models::Twister model{624, 397, 0x7FFFFFFF, 0x9908B0DF, 0x9D2C5680, 0xEFC60000, 11, std::vector<uint32_t>(624)};
+  orvik::models::Twister model{624,        397,        0x7FFFFFFF, 0x9908B0DF,
+                               0x9D2C5680, 0xEFC60000, 11,         std::vector<uint32_t>(624)};
   model.mt[0] = 5489;
   for (uint32_t i = 1; i < 624; ++i) model.mt[i] = 1812433253u * (model.mt[i - 1] ^ (model.mt[i - 1] >> 30)) + i;
   uint64_t last = 0;
@@ -49,7 +54,8 @@ TEST(Mt19937, ModelAgreesWithTheStandardEngine) {
 
 // a^4 ... a^32 modulo 2^31 - 1 and a^2, a^3 modulo 2^59, as published with the generators' multipliers.
 TEST(Mcg, PowersOfTheMultipliers) {
-  const uint32_t powers[] = {0x1CA964D9, 0x4CA73C3C, 0x320F853B, 0x725BA016, 0x6A54ACBD, 0x01D47D91, 0x4F4CFB5F, 0x31EAF8A2};
+  const uint32_t powers[] = {0x1CA964D9, 0x4CA73C3C, 0x320F853B, 0x725BA016,
+                             0x6A54ACBD, 0x01D47D91, 0x4F4CFB5F, 0x31EAF8A2};
   for (uint64_t j = 0; j < 8; ++j) EXPECT_EQ(__qoriPowMod2P31M1(1132489760, 4 * (j + 1)), powers[j]);
   EXPECT_EQ(__qoriPowMod2P31M1(1132489760, 2), 826537482u);
   EXPECT_EQ(__qoriPowMod2P31M1(1132489760, 3), 289798557u);

@@ -53,7 +53,8 @@ TEST_P(SequenceTest, LongRequestEqualsManyShortOnes) {
 TEST_P(SequenceTest, FloatsAndDoublesConvertTheSameWords) {
   const std::vector<uint64_t> want = expected(3000);
   const int32_t brng = GetParam().brng;
-  for (const auto& [a, b] : std::vector<std::pair<double, double>>{{0, 1}, {-1, 1}, {3.25, 1e6}, {1e-3, 1e-2}, {5, -5}}) {
+  for (const auto& [a, b] :
+       std::vector<std::pair<double, double>>{{0, 1}, {-1, 1}, {3.25, 1e6}, {1e-3, 1e-2}, {5, -5}}) {
     const float fa = static_cast<float>(a), fb = static_cast<float>(b);
     for (int32_t head : {0, 1, 2, 3, 4, 7, 33}) {
       const Stream s = stream(), d = stream();
@@ -109,7 +110,8 @@ TEST_P(SequenceTest, NoSeedsGiveTheModelsDefault) {
   EXPECT_EQ(Stream(GetParam().brng, {}).outputs(100), models::take(models::make(GetParam().brng, {}), 100));
 }
 
-INSTANTIATE_TEST_SUITE_P(Brng, SequenceTest, ::testing::ValuesIn(orvik::testing::built_generators()), orvik::testing::name_of);
+INSTANTIATE_TEST_SUITE_P(Brng, SequenceTest, ::testing::ValuesIn(orvik::testing::built_generators()),
+                         orvik::testing::name_of);
 
 INSTANTIATE_TEST_SUITE_P(Brng, AlternatingTest,
                          ::testing::Values(Generator{"MT19937", ORVIK_BRNG_MT19937},

@@ -100,7 +100,8 @@ TEST(Mt19937, ShortSkipsLandOnTheSequence) {
       s.words(before);
       ASSERT_EQ(s.skip(c), 0);
       const size_t at = static_cast<size_t>(before) + c;
-      EXPECT_EQ(s.outputs(700), std::vector<uint64_t>(want.begin() + at, want.begin() + at + 700)) << before << " " << c;
+      EXPECT_EQ(s.outputs(700), std::vector<uint64_t>(want.begin() + at, want.begin() + at + 700))
+          << before << " " << c;
     }
 }
 

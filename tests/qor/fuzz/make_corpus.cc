@@ -9,7 +9,8 @@
 namespace {
 
 void write(const std::string& name, const std::vector<uint8_t>& image) {
-  std::ofstream(name, std::ios::binary).write(reinterpret_cast<const char*>(image.data()), static_cast<std::streamsize>(image.size()));
+  std::ofstream(name, std::ios::binary)
+      .write(reinterpret_cast<const char*>(image.data()), static_cast<std::streamsize>(image.size()));
 }
 
 // The same stream in the layout of version 1 (with keys) or 0 (without).
@@ -19,7 +20,8 @@ std::vector<uint8_t> older(const std::vector<uint8_t>& image, uint8_t version) {
     for (size_t i = 0; i < size; ++i) old.push_back(from[i]);
   };
   const uint8_t* const in = image.data();
-  const uint8_t head[] = {version, 0, 0, 0, 'R', 'N', 'G', 0, 20, 0, in[12], in[13], in[16], in[17], 0, 0, in[20], in[21], in[22], in[23]};
+  const uint8_t head[] = {version, 0,      0,      0,      'R', 'N', 'G',    0,      20,     0,
+                          in[12],  in[13], in[16], in[17], 0,   0,   in[20], in[21], in[22], in[23]};
   add(head, sizeof head);
   const size_t state = 24 + (in[12] | size_t{in[13]} << 8);
   add(in + 24, state - 24);

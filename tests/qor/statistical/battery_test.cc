@@ -1,5 +1,6 @@
-// The short form of the battery, with fixed seeds: 126 p-values. One outside 10^-6 .. 1 - 10^-6 fails, which true random
-// numbers would do once in 4,000 choices of seeds. And sources that are not random must fail every test made for them.
+// The short form of the battery, with fixed seeds: 126 p-values. One outside 10^-6 .. 1 - 10^-6 fails, which true
+// random numbers would do once in 4,000 choices of seeds. And sources that are not random must fail every test made for
+// them.
 #include "battery.h"
 
 #include <gtest/gtest.h>
@@ -46,17 +47,17 @@ TEST(Battery, MonobitFindsARareBit) {
 TEST(Battery, RunsFindStickyBits) {
   Source s = good();
   EXPECT_TRUE(fails(run("runs", {32, [=]() mutable {
-                      const uint32_t w = s.next();
-                      return w % 16 ? w : w | w << 1;
-                    }})));
+                                   const uint32_t w = s.next();
+                                   return w % 16 ? w : w | w << 1;
+                                 }})));
 }
 
 TEST(Battery, SerialCorrelationFindsASlowSource) {
   Source s = good();
   EXPECT_TRUE(fails(run("serial correlation", {32, [=, last = 0u]() mutable {
-                      const uint32_t w = s.next();
-                      return last = w % 16 ? w : last;
-                    }})));
+                                                 const uint32_t w = s.next();
+                                                 return last = w % 16 ? w : last;
+                                               }})));
 }
 
 TEST(Battery, BirthdaySpacingsFindALattice) {
@@ -70,19 +71,19 @@ TEST(Battery, CollisionFindsAnEvenSpread) {
 TEST(Battery, GapFindsSmallValuesInARow) {
   Source s = good();
   EXPECT_TRUE(fails(run("gap", {32, [=, low = 0]() mutable {
-                      const uint32_t w = s.next();
-                      if (low > 0 && w % 8 == 0) return low = 0, w >> 4;
-                      low = w < 0x20000000;
-                      return w;
-                    }})));
+                                  const uint32_t w = s.next();
+                                  if (low > 0 && w % 8 == 0) return low = 0, w >> 4;
+                                  low = w < 0x20000000;
+                                  return w;
+                                }})));
 }
 
 TEST(Battery, MatrixRankFindsALinearBit) {
   Source s = good();
   EXPECT_TRUE(fails(run("matrix rank", {32, [=]() mutable {
-                      const uint32_t w = s.next();
-                      return (w & ~0x1000u) | ((w >> 31 ^ w >> 20) & 1) << 12;
-                    }})));
+                                          const uint32_t w = s.next();
+                                          return (w & ~0x1000u) | ((w >> 31 ^ w >> 20) & 1) << 12;
+                                        }})));
 }
 
 TEST(Battery, PValuesOfAGoodSourceAreSpreadOut) {

@@ -25,7 +25,8 @@ TEST(PowMod, AgreesWithRepeatedMultiplication) {
   for (uint32_t m : {2u, 7u, 65537u, 0x7FFFFFFFu, 0xFFFFFFFFu})
     for (uint32_t a : {0u, 1u, 2u, 12345u, 0xFFFFFFFEu}) {
       uint64_t want = 1;
-      for (uint64_t n = 0; n < 70; ++n, want = want * (a % m) % m) ASSERT_EQ(__qoriPowMod(a, n, m), n ? want : 1) << a << m;
+      for (uint64_t n = 0; n < 70; ++n, want = want * (a % m) % m)
+        ASSERT_EQ(__qoriPowMod(a, n, m), n ? want : 1) << a << m;
     }
   uint64_t p31 = 1, p59 = 1;
   for (uint64_t n = 0; n < 200; ++n) {
@@ -52,7 +53,8 @@ const Recurrence kSecond = {qor::kMrgModulus2, {527612, 0, qor::kMrgModulus2 - 1
 std::vector<uint32_t> stepped(const Recurrence& r, std::vector<uint32_t> v, int n) {
   for (int i = 0; i < n; ++i) {
     const uint64_t next = (uint64_t{r.c[0]} * v[2] % r.modulus + uint64_t{r.c[1]} * v[1] % r.modulus +
-                           uint64_t{r.c[2]} * v[0] % r.modulus) % r.modulus;
+                           uint64_t{r.c[2]} * v[0] % r.modulus) %
+                          r.modulus;
     v = {v[1], v[2], static_cast<uint32_t>(next)};
   }
   return v;
@@ -134,7 +136,8 @@ Bits poly_rem(uint64_t n, const std::vector<uint32_t>& terms) {
   const uint32_t degree = terms.back();
   std::vector<uint32_t> out(degree / 32 + 3, 0xFFFFFFFF);
   EXPECT_EQ(__qorPolyRem(n, degree, static_cast<uint32_t>(terms.size()), terms.data(), static_cast<int32_t>(out.size()),
-                         out.data()), 0);
+                         out.data()),
+            0);
   Bits bits(32 * out.size());
   for (size_t i = 0; i < bits.size(); ++i) bits[i] = out[i / 32] >> (i % 32) & 1;
   return bits;
@@ -150,9 +153,20 @@ void times_x(Bits& a, const std::vector<uint32_t>& terms) {
       if (e != terms.back()) a[e] = !a[e];
 }
 
-const std::vector<std::vector<uint32_t>> kPolynomials = {
-    {0, 1}, {1}, {0, 1, 2}, {0, 1, 3}, {0, 5, 7, 31}, {0, 3, 32}, {1, 2, 3, 63}, {0, 1, 3, 4, 64}, {0, 65},
-    {0, 1, 126, 127}, {0, 7, 121, 128}, {3, 100, 250, 256}, {0, 5, 999, 1000, 1023}, {0, 273, 607, 1201, 1279}};
+const std::vector<std::vector<uint32_t>> kPolynomials = {{0, 1},
+                                                         {1},
+                                                         {0, 1, 2},
+                                                         {0, 1, 3},
+                                                         {0, 5, 7, 31},
+                                                         {0, 3, 32},
+                                                         {1, 2, 3, 63},
+                                                         {0, 1, 3, 4, 64},
+                                                         {0, 65},
+                                                         {0, 1, 126, 127},
+                                                         {0, 7, 121, 128},
+                                                         {3, 100, 250, 256},
+                                                         {0, 5, 999, 1000, 1023},
+                                                         {0, 273, 607, 1201, 1279}};
 
 TEST(PolyRem, AgreesWithRepeatedMultiplicationByX) {
   for (const auto& terms : kPolynomials) {

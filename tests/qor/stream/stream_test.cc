@@ -202,7 +202,8 @@ TEST(AbstractStreams, GoodArgumentsReachTheGenerator) {
 }
 
 TEST(Processor, AnswersAreTruthValues) {
-  for (int32_t answer : {__qorCPUisAES(), __qorCPUisRDRAND(), __qorCPUisVAES()}) EXPECT_TRUE(answer == 0 || answer == 1);
+  for (int32_t answer : {__qorCPUisAES(), __qorCPUisRDRAND(), __qorCPUisVAES()})
+    EXPECT_TRUE(answer == 0 || answer == 1);
   EXPECT_EQ(__qorCPUisVAES(), orvik_serv_cpuisicx());
   EXPECT_EQ(__qorCPUisAES(), __builtin_cpu_supports("aes") ? 1 : 0);
 }

@@ -8,8 +8,8 @@
 
 namespace orvik::support {
 
-// Exponents of the non-zero terms, ascending, of the polynomial p of lowest degree d with sum p_i s[n + i] = 0 for all n.
-// The sequence must hold at least 2 d bits.
+// Exponents of the non-zero terms, ascending, of the polynomial p of lowest degree d with sum p_i s[n + i] = 0 for all
+// n. The sequence must hold at least 2 d bits.
 inline std::vector<uint32_t> minimal_polynomial(const std::vector<bool>& s) {
   const size_t words = s.size() / 64 + 2;
   std::vector<uint64_t> c(words), b(words), window(words), t;

@@ -27,7 +27,10 @@ struct Mcg31m1 {
 
 struct Mcg59 {
   uint64_t x, a = 302875106592253;
-  explicit Mcg59(const Seeds& s) : x(s.empty() ? 1 : s.size() == 1 ? s[0] : (s[0] + (uint64_t{s[1]} << 32)) % (1ull << 59)) {
+  explicit Mcg59(const Seeds& s)
+      : x(s.empty()       ? 1
+          : s.size() == 1 ? s[0]
+                          : (s[0] + (uint64_t{s[1]} << 32)) % (1ull << 59)) {
     x += x == 0;
   }
   uint64_t operator()() {
@@ -119,7 +122,8 @@ inline std::array<uint8_t, 256> make_aes_box() {
 }
 
 // One AES round in software (FIPS 197), state and round key as 16 bytes.
-inline std::array<uint8_t, 16> aes_round(const std::array<uint8_t, 16>& in, const std::array<uint8_t, 16>& key, bool mix) {
+inline std::array<uint8_t, 16> aes_round(const std::array<uint8_t, 16>& in, const std::array<uint8_t, 16>& key,
+                                         bool mix) {
   static const std::array<uint8_t, 256> box = make_aes_box();
   std::array<uint8_t, 16> s{}, out{};
   for (int column = 0; column < 4; ++column)
@@ -181,13 +185,20 @@ using Model = std::function<uint64_t()>;
 
 inline Model make(int32_t brng, const Seeds& seeds) {
   switch (brng >> 20) {
-    case 1: return Mcg31m1(seeds);
-    case 4: return Mcg59(seeds);
-    case 8: return mt19937(seeds);
-    case 9: return mt2203(brng & 0xFFFFF, seeds);
-    case 15: return ars5(seeds);
-    case 16: return philox(seeds);
-    default: return {};
+    case 1:
+      return Mcg31m1(seeds);
+    case 4:
+      return Mcg59(seeds);
+    case 8:
+      return mt19937(seeds);
+    case 9:
+      return mt2203(brng & 0xFFFFF, seeds);
+    case 15:
+      return ars5(seeds);
+    case 16:
+      return philox(seeds);
+    default:
+      return {};
   }
 }
 
@@ -200,20 +211,28 @@ inline std::vector<uint64_t> take(const Model& model, size_t n) {
 // The conversions of an output word, one element at a time.
 inline float to_float(int32_t brng, uint64_t w, float a, float b) {
   switch (brng >> 20) {
-    case 1: return __builtin_fmaf((b - a) * 0x1p-31f, static_cast<float>(static_cast<double>(w)), a);
-    case 4: return __builtin_fmaf((b - a) * 0x1p-59f, static_cast<float>(static_cast<double>(w)), a);
+    case 1:
+      return __builtin_fmaf((b - a) * 0x1p-31f, static_cast<float>(static_cast<double>(w)), a);
+    case 4:
+      return __builtin_fmaf((b - a) * 0x1p-59f, static_cast<float>(static_cast<double>(w)), a);
     case 8:
-    case 9: return __builtin_fmaf((b - a) * 0x1p-32f, static_cast<float>(w), a);
-    default: return __builtin_fmaf((b - a) * 0x1p-32f, static_cast<float>(static_cast<int32_t>(w)), (a + b) * 0.5f);
+    case 9:
+      return __builtin_fmaf((b - a) * 0x1p-32f, static_cast<float>(w), a);
+    default:
+      return __builtin_fmaf((b - a) * 0x1p-32f, static_cast<float>(static_cast<int32_t>(w)), (a + b) * 0.5f);
   }
 }
 inline double to_double(int32_t brng, uint64_t w, double a, double b) {
   switch (brng >> 20) {
-    case 1: return __builtin_fma((b - a) * 4.656612875245797e-10, static_cast<double>(w), a);
-    case 4: return __builtin_fma((b - a) * 0x1p-59, static_cast<double>(w), a);
+    case 1:
+      return __builtin_fma((b - a) * 4.656612875245797e-10, static_cast<double>(w), a);
+    case 4:
+      return __builtin_fma((b - a) * 0x1p-59, static_cast<double>(w), a);
     case 8:
-    case 9: return __builtin_fma((b - a) * 0x1p-32, static_cast<double>(w), a);
-    default: return __builtin_fma((b - a) * 0x1p-32, static_cast<double>(static_cast<int32_t>(w)), (a + b) * 0.5);
+    case 9:
+      return __builtin_fma((b - a) * 0x1p-32, static_cast<double>(w), a);
+    default:
+      return __builtin_fma((b - a) * 0x1p-32, static_cast<double>(static_cast<int32_t>(w)), (a + b) * 0.5);
   }
 }
 

@@ -78,7 +78,8 @@ class Stream {
     std::vector<T> r(count + 16, T(77));
     EXPECT_EQ(fill(r.data() + 1), 0);
     EXPECT_EQ(r[0], T(77));
-    for (size_t i = count + 1; i < r.size(); ++i) EXPECT_EQ(r[i], T(77)) << "element " << i << " of " << n << " written";
+    for (size_t i = count + 1; i < r.size(); ++i)
+      EXPECT_EQ(r[i], T(77)) << "element " << i << " of " << n << " written";
     return {r.begin() + 1, r.begin() + 1 + n};
   }
 
@@ -91,9 +92,8 @@ struct Generator {
   int32_t brng;
 };
 inline std::vector<Generator> built_generators() {
-  return {{"MCG31M1", ORVIK_BRNG_MCG31M1}, {"MCG59", ORVIK_BRNG_MCG59},
-          {"MT19937", ORVIK_BRNG_MT19937}, {"MT2203", ORVIK_BRNG_MT2203 + 17},
-          {"ARS5", ORVIK_BRNG_ARS5},       {"PHILOX4X32X10", ORVIK_BRNG_PHILOX4X32X10}};
+  return {{"MCG31M1", ORVIK_BRNG_MCG31M1},    {"MCG59", ORVIK_BRNG_MCG59}, {"MT19937", ORVIK_BRNG_MT19937},
+          {"MT2203", ORVIK_BRNG_MT2203 + 17}, {"ARS5", ORVIK_BRNG_ARS5},   {"PHILOX4X32X10", ORVIK_BRNG_PHILOX4X32X10}};
 }
 inline std::string name_of(const ::testing::TestParamInfo<Generator>& info) { return info.param.name; }
 inline void PrintTo(const Generator& g, std::ostream* out) { *out << g.name; }

@@ -152,7 +152,8 @@ void add_search(int64_t nx, int64_t nsite, std::vector<std::unique_ptr<Problem>>
   });
   const std::string ascending = "search sorted nx=" + std::to_string(nx);
   add(ascending + "/ours", nsite, [=] {
-    orvik_df_kernel_dDFSearch1D(p->task, 0, nsite, sorted->data(), 64, nullptr, cells->data(), nullptr, nullptr, nullptr);
+    orvik_df_kernel_dDFSearch1D(p->task, 0, nsite, sorted->data(), 64, nullptr, cells->data(), nullptr, nullptr,
+                                nullptr);
   });
   add(ascending + "/merge scan", nsite, [=] {
     size_t k = 0;
@@ -234,8 +235,10 @@ void add_threads(std::vector<std::unique_ptr<Problem>>& keep) {
   Problem* p = keep.back().get();
   auto sites = std::make_shared<std::vector<double>>(uniform_reals(nsite, p->x.front(), p->x.back()));
   auto r = std::make_shared<std::vector<double>>(static_cast<size_t>(nsite));
-  add("cubic, 10^7 sites, two threads/ours", nsite, [=] { evaluate(p, *sites, 0, *r, &kTwoThreads); }, true);
-  add("cubic, 10^7 sites, two threads/one thread", nsite, [=] { evaluate(p, *sites, 0, *r); }, true);
+  add(
+      "cubic, 10^7 sites, two threads/ours", nsite, [=] { evaluate(p, *sites, 0, *r, &kTwoThreads); }, true);
+  add(
+      "cubic, 10^7 sites, two threads/one thread", nsite, [=] { evaluate(p, *sites, 0, *r); }, true);
 }
 
 }  // namespace

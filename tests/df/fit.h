@@ -2,6 +2,8 @@
 #ifndef ORVIK_TESTS_DF_FIT_H
 #define ORVIK_TESTS_DF_FIT_H
 
+#include <memory>
+
 #include "df/support.h"
 #include "df/task/task.h"
 

@@ -130,9 +130,10 @@ class Drawing {
 
   void text(double x, double y, double size, const char* fill, const char* anchor, const std::string& what,
             const char* weight = "400") {
-    std::fprintf(file_,
-                 "<text x=\"%.1f\" y=\"%.1f\" font-size=\"%g\" fill=\"%s\" text-anchor=\"%s\" font-weight=\"%s\">%s</text>\n",
-                 x, y, size, fill, anchor, weight, escaped(what).c_str());
+    std::fprintf(
+        file_,
+        "<text x=\"%.1f\" y=\"%.1f\" font-size=\"%g\" fill=\"%s\" text-anchor=\"%s\" font-weight=\"%s\">%s</text>\n", x,
+        y, size, fill, anchor, weight, escaped(what).c_str());
   }
   void legend(double x, double y, const Kind& kind) {
     line(x, y, x + 26, y, kind.colour, 3.2);
@@ -142,9 +143,8 @@ class Drawing {
                  x + 34, y + 5, kind.colour, kind.name, kind.note);
   }
   void line(double xa, double ya, double xb, double yb, const char* stroke, double width) {
-    std::fprintf(file_,
-                 "<line x1=\"%.1f\" y1=\"%.1f\" x2=\"%.1f\" y2=\"%.1f\" stroke=\"%s\" stroke-width=\"%g\"/>\n", xa, ya,
-                 xb, yb, stroke, width);
+    std::fprintf(file_, "<line x1=\"%.1f\" y1=\"%.1f\" x2=\"%.1f\" y2=\"%.1f\" stroke=\"%s\" stroke-width=\"%g\"/>\n",
+                 xa, ya, xb, yb, stroke, width);
   }
   void band(const Panel& p, double from, double to) {
     std::fprintf(file_, "<rect x=\"%.1f\" y=\"%.1f\" width=\"%.1f\" height=\"%.1f\" fill=\"#efe9dc\"/>\n", p.x(from),
@@ -156,7 +156,8 @@ class Drawing {
                  x, y);
   }
   void curve(const Panel& p, const std::vector<double>& v, const char* colour) {
-    std::fprintf(file_, "<polyline fill=\"none\" stroke=\"%s\" stroke-width=\"2.2\" stroke-linejoin=\"round\" points=\"",
+    std::fprintf(file_,
+                 "<polyline fill=\"none\" stroke=\"%s\" stroke-width=\"2.2\" stroke-linejoin=\"round\" points=\"",
                  colour);
     for (size_t i = 0; i < v.size(); ++i) {
       const double t = p.x0 + (p.x1 - p.x0) * static_cast<double>(i) / static_cast<double>(v.size() - 1);
@@ -211,7 +212,8 @@ bool draw(const Column& column, Window window, const std::vector<Curve>& curves)
   Drawing d(file);
   d.begin(1000, 750);
   d.text(76, 48, 24, "#1c1917", "start", column.name + ", with a curve through its gaps", "600");
-  d.text(76, 74, 14, "#78716c", "start", "Dots are measured; shaded rows have no value. Below, each curve's first derivative.");
+  d.text(76, 74, 14, "#78716c", "start",
+         "Dots are measured; shaded rows have no value. Below, each curve's first derivative.");
   const double places[] = {76, 416, 680};
   for (size_t k = 0; k < std::size(kKinds); ++k) d.legend(places[k], 101, kKinds[k]);
   for (const Panel* p : {&values, &slopes}) {
@@ -223,7 +225,8 @@ bool draw(const Column& column, Window window, const std::vector<Curve>& curves)
       i = j;
     }
     d.grid(*p, grid_step(p->y1 - p->y0));
-    for (size_t k = 0; k < curves.size(); ++k) d.curve(*p, p == &values ? curves[k].value : curves[k].slope, kKinds[k].colour);
+    for (size_t k = 0; k < curves.size(); ++k)
+      d.curve(*p, p == &values ? curves[k].value : curves[k].slope, kKinds[k].colour);
   }
   for (size_t i = window.first; i <= window.last; ++i) {
     if (!std::isnan(column.values[i])) d.dot(values.x(static_cast<double>(i + 1)), values.y(column.values[i]));

@@ -36,9 +36,7 @@ struct Lanes<double> {
   unsigned bits() const { return static_cast<unsigned>(_mm256_movemask_pd(v)); }
 
   // Truncated, and truncated plus one, to integers.
-  void store_truncated(int32_t* p) const {
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(p), _mm256_cvttpd_epi32(v));
-  }
+  void store_truncated(int32_t* p) const { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), _mm256_cvttpd_epi32(v)); }
   void store_next(int32_t* p) const { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), next()); }
   void store_next(int64_t* p) const {
     _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_cvtepi32_epi64(next()));
@@ -71,9 +69,7 @@ struct Lanes<float> {
   friend Lanes select(Lanes mask, Lanes a, Lanes b) { return _mm256_blendv_ps(b.v, a.v, mask.v); }
   unsigned bits() const { return static_cast<unsigned>(_mm256_movemask_ps(v)); }
 
-  void store_truncated(int32_t* p) const {
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_cvttps_epi32(v));
-  }
+  void store_truncated(int32_t* p) const { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_cvttps_epi32(v)); }
   void store_next(int32_t* p) const { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), next()); }
   void store_next(int64_t* p) const {
     const __m256i n = next();
@@ -95,11 +91,17 @@ T at(const Real* p) {
   }
 }
 template <class Real>
-void put(Real* p, Real value) { *p = value; }
+void put(Real* p, Real value) {
+  *p = value;
+}
 template <class Real>
-void put(Real* p, Lanes<Real> value) { value.store(p); }
+void put(Real* p, Lanes<Real> value) {
+  value.store(p);
+}
 template <class Real>
-Real select(bool condition, Real a, Real b) { return condition ? a : b; }
+Real select(bool condition, Real a, Real b) {
+  return condition ? a : b;
+}
 inline Lanes<double> abs(Lanes<double> a) { return _mm256_andnot_pd(_mm256_set1_pd(-0.0), a.v); }
 inline Lanes<float> abs(Lanes<float> a) { return _mm256_andnot_ps(_mm256_set1_ps(-0.0f), a.v); }
 // The size of a >= 0 with the sign of b.

@@ -77,9 +77,7 @@ extern "C" {
 void ddttrfb_4dfl(const int64_t* n, double* dl, double* d, double* du, int64_t* info) {
   factor_call(*n, dl, d, du, info);
 }
-void sdttrfb_4dfl(const int64_t* n, float* dl, float* d, float* du, int64_t* info) {
-  factor_call(*n, dl, d, du, info);
-}
+void sdttrfb_4dfl(const int64_t* n, float* dl, float* d, float* du, int64_t* info) { factor_call(*n, dl, d, du, info); }
 
 void ddttrsb_4dfl(const char* trans, const int64_t* n, const int64_t* nrhs, const double* dl, const double* d,
                   const double* du, double* b, const int64_t* ldb, int64_t* info) {

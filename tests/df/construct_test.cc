@@ -155,7 +155,8 @@ TYPED_TEST(ConstructTest, NaturalHasAContinuousSecondDerivativeAndMeetsItsEndCon
         for (int64_t i = 0; i + 2 < nx; ++i) {
           ASSERT_NEAR(fit->at(i, fit->h(i), 1), fit->at(i + 1, 0, 1), tol) << nx << " " << bc_type;
           const long double second = fit->at(i + 1, 0, 2);
-          ASSERT_NEAR(fit->at(i, fit->h(i), 2), second, tol * (1 + std::abs(second))) << nx << " " << bc_type << " " << i;
+          ASSERT_NEAR(fit->at(i, fit->h(i), 2), second, tol * (1 + std::abs(second)))
+              << nx << " " << bc_type << " " << i;
         }
         const int64_t l = nx - 2;
         const long double end = fit->h(l);
@@ -167,7 +168,8 @@ TYPED_TEST(ConstructTest, NaturalHasAContinuousSecondDerivativeAndMeetsItsEndCon
           EXPECT_NEAR(fit->at(l - 1, 0, 3), last_third, tol * (1 + std::abs(last_third)));
         }
         if (bc_type == 2) {
-          EXPECT_NEAR(left2, 0, tol * 20); EXPECT_NEAR(right2, 0, tol * 20);
+          EXPECT_NEAR(left2, 0, tol * 20);
+          EXPECT_NEAR(right2, 0, tol * 20);
         }
         if (bc_type == 12 || bc_type == 36) {
           EXPECT_NEAR(left1, 0.75, tol);
@@ -182,7 +184,8 @@ TYPED_TEST(ConstructTest, NaturalHasAContinuousSecondDerivativeAndMeetsItsEndCon
           EXPECT_NEAR(right2, -0.5, tol * 20);
         }
         if (bc_type == 64) {
-          EXPECT_NEAR(left1, right1, tol); EXPECT_NEAR(left2, right2, tol * 20);
+          EXPECT_NEAR(left1, right1, tol);
+          EXPECT_NEAR(left2, right2, tol * 20);
         }
       }
     }
@@ -276,7 +279,8 @@ std::vector<long double> model_derivatives(const std::string& kind, Fit<Real>& f
     long double v = fit.ic[size_t(i) - 1];
     if (kind == "Bessel") v = bessel;
     if (kind == "Hyman") {
-      v = m0 * m1 <= 0 ? 0 : std::copysign(std::min(std::abs(bessel), 3 * std::min(std::abs(m0), std::abs(m1))), bessel);
+      v = m0 * m1 <= 0 ? 0
+                       : std::copysign(std::min(std::abs(bessel), 3 * std::min(std::abs(m0), std::abs(m1))), bessel);
     }
     if (kind == "Akima") {
       const long double s = W(i + 1) + W(i - 1);
@@ -292,7 +296,9 @@ std::vector<long double> model_derivatives(const std::string& kind, Fit<Real>& f
   long double& left = d[0];
   long double& right = d[size_t(n) - 1];
   switch (fit.bc_type) {
-    case 0: left = 1.5L * m0 - 0.5L * M(1), right = 1.5L * ml - 0.5L * M(l - 1); break;
+    case 0:
+      left = 1.5L * m0 - 0.5L * M(1), right = 1.5L * ml - 0.5L * M(l - 1);
+      break;
     case 1: {
       // P0''' = P1''' with P'' continuous at x[1] is what the row says: h1 d0 + t d1 = ((2t + h0) h1 m0 + h0^2 m1) / t.
       const long double h1 = X(2) - X(1), t = X(2) - X(0), hb = X(l) - X(l - 1), u = X(n - 1) - X(n - 3);
@@ -300,11 +306,21 @@ std::vector<long double> model_derivatives(const std::string& kind, Fit<Real>& f
       right = (((2 * u + hl) * hb * ml + hl * hl * M(l - 1)) / u - u * d[size_t(l)]) / hb;
       break;
     }
-    case 2: left = second_left(0), right = second_right(0); break;
-    case 12: left = b0, right = b1; break;
-    case 24: left = second_left(b0), right = b1; break;
-    case 36: left = b0, right = second_right(b1); break;
-    case 48: left = second_left(b0), right = second_right(b1); break;
+    case 2:
+      left = second_left(0), right = second_right(0);
+      break;
+    case 12:
+      left = b0, right = b1;
+      break;
+    case 24:
+      left = second_left(b0), right = b1;
+      break;
+    case 36:
+      left = b0, right = second_right(b1);
+      break;
+    case 48:
+      left = second_left(b0), right = second_right(b1);
+      break;
     default:
       if (kind == "Hermite") left = right = b0;
       if (kind == "Bessel" || kind == "Hyman") left = right = (h0 * ml + hl * m0) / (h0 + hl);
@@ -328,7 +344,8 @@ TYPED_TEST(ConstructTest, LocalKindsFollowTheirRulesInAllEndConditions) {
           ASSERT_EQ(fit->construct(kind.construct), 0);
           const auto d = model_derivatives(kind.name, *fit);
           for (int64_t i = 0; i + 1 < nx; ++i) {
-            const long double h = fit->h(i), m = (static_cast<long double>(fit->y[size_t(i) + 1]) - fit->y[size_t(i)]) / h;
+            const long double h = fit->h(i),
+                              m = (static_cast<long double>(fit->y[size_t(i) + 1]) - fit->y[size_t(i)]) / h;
             const long double d0 = d[size_t(i)], d1 = d[size_t(i) + 1];
             const long double scale = 1 + std::abs(d0) + std::abs(d1) + std::abs(m);
             // An even grid of 700 points is known to its rounding only: steps are differences of large numbers here.
@@ -501,20 +518,20 @@ TYPED_TEST(ConstructTest, DefaultTakesTheGivenSecondDerivatives) {
         EXPECT_NEAR(fit->at(l - 1, 0, 3), fit->at(l, 0, 3), tol * 10);
       }
       if (bc_type == 12 || bc_type == 36) {
-          EXPECT_NEAR(fit->at(0, 0, 1), 0.75, tol);
-        }
+        EXPECT_NEAR(fit->at(0, 0, 1), 0.75, tol);
+      }
       if (bc_type == 24 || bc_type == 48 || bc_type == 64) {
-          EXPECT_NEAR(fit->at(0, 0, 2), 0.75, tol);
-        }
+        EXPECT_NEAR(fit->at(0, 0, 2), 0.75, tol);
+      }
       if (bc_type == 12 || bc_type == 24) {
-          EXPECT_NEAR(fit->at(l, h, 1), -0.5, tol);
-        }
+        EXPECT_NEAR(fit->at(l, h, 1), -0.5, tol);
+      }
       if (bc_type == 36 || bc_type == 48) {
-          EXPECT_NEAR(fit->at(l, h, 2), -0.5, tol);
-        }
+        EXPECT_NEAR(fit->at(l, h, 2), -0.5, tol);
+      }
       if (bc_type == 64) {
-          EXPECT_NEAR(fit->at(l, h, 2), 0.75, tol);
-        }
+        EXPECT_NEAR(fit->at(l, h, 2), 0.75, tol);
+      }
     }
   }
 }
@@ -560,8 +577,8 @@ TYPED_TEST(ConstructTest, QuadraticMidpointRecurrenceAlternatesWhenPushedOff) {
   for (int64_t i = 0; i < 9; ++i) {
     EXPECT_NEAR(fit.at(i, 0.5L), 1 + (i % 2 == 0 ? 0.125 : -0.125), 1e-5);
     if (i > 0) {
-          EXPECT_NEAR(fit.at(i - 1, 1, 1), fit.at(i, 0, 1), 1e-4);
-        }
+      EXPECT_NEAR(fit.at(i - 1, 1, 1), fit.at(i, 0, 1), 1e-4);
+    }
   }
 }
 
@@ -576,8 +593,8 @@ TYPED_TEST(ConstructTest, QuadraticMidpointIsContinuousAboveAndBelowTheStackLimi
     for (int64_t i = 0; i + 1 < std::min<int64_t>(nx, 30); ++i) {
       ASSERT_NEAR(fit.at(i, fit.h(i), 0), fit.y[size_t(i) + 1], 1e-4);
       if (i > 0) {
-          ASSERT_NEAR(fit.at(i - 1, fit.h(i - 1), 1), fit.at(i, 0, 1), 2e-3);
-        }
+        ASSERT_NEAR(fit.at(i - 1, fit.h(i - 1), 1), fit.at(i, 0, 1), 2e-3);
+      }
     }
   }
 }
@@ -610,20 +627,21 @@ TYPED_TEST(ConstructTest, QuadraticWithKnotsIsContinuousAtItsKnotsFromBothEnds) 
             }
           }
           if (bc_type == 12 || bc_type == 36) {
-          EXPECT_NEAR(fit->at(0, 0, 1), 0.75, tol);
-        }
+            EXPECT_NEAR(fit->at(0, 0, 1), 0.75, tol);
+          }
           if (bc_type == 24 || bc_type == 48) {
-          EXPECT_NEAR(fit->at(0, 0, 2), 0.75, tol * 10);
-        }
+            EXPECT_NEAR(fit->at(0, 0, 2), 0.75, tol * 10);
+          }
           if (bc_type == 12 || bc_type == 24) {
-          EXPECT_NEAR(fit->at(nx - 1, 0, 1), -0.5, tol);
-        }
+            EXPECT_NEAR(fit->at(nx - 1, 0, 1), -0.5, tol);
+          }
           if (bc_type == 36 || bc_type == 48) {
-          EXPECT_NEAR(fit->at(nx - 1, 0, 2), -0.5, tol * 10);
-        }
+            EXPECT_NEAR(fit->at(nx - 1, 0, 2), -0.5, tol * 10);
+          }
           if (bc_type == 2) {
-          EXPECT_NEAR(fit->at(0, 0, 2), 0, tol * 10); EXPECT_NEAR(fit->at(nx - 1, 0, 2), 0, tol * 10);
-        }
+            EXPECT_NEAR(fit->at(0, 0, 2), 0, tol * 10);
+            EXPECT_NEAR(fit->at(nx - 1, 0, 2), 0, tol * 10);
+          }
         }
       }
     }
@@ -646,7 +664,8 @@ TYPED_TEST(ConstructTest, RowsColumnsAndSingleRowsGiveTheSameBits) {
         columns->yhint = 32;
         single->yhint = 128;
         single->make();
-        for (int64_t f = 0; f < ny; ++f) ASSERT_EQ(E::edit_row(single->task, DFP_FUNCTIONS, f, &single->y[size_t(f * nx)]), 0);
+        for (int64_t f = 0; f < ny; ++f)
+          ASSERT_EQ(E::edit_row(single->task, DFP_FUNCTIONS, f, &single->y[size_t(f * nx)]), 0);
         ASSERT_EQ(rows->construct(kind.construct), 0);
         ASSERT_EQ(columns->construct(kind.construct), 0);
         ASSERT_EQ(single->construct(kind.construct), 0);
@@ -687,10 +706,16 @@ TYPED_TEST(ConstructTest, LocalGridHasBlocksOf2048PointsByFourFunctions) {
     int64_t nx, ny, tasks;
   };
   const auto local = local_kinds<TypeParam>();
-  const Row rows[] = {{local[1], 511, 1, -1},          {local[1], 512, 1, 1},  {local[1], 2 + 2049, 1, 1},
-                      {local[1], 2 + 2050, 1, 2},      {local[2], 4 + 2049, 1, 1}, {local[2], 4 + 2050, 1, 2},
-                      {local[0], 2 + 3 * 2048, 9, 9},  {{"Linear", E::linear, 2, 0}, 128, 1, -1},
-                      {{"Linear", E::linear, 2, 0}, 129, 5, 2}, {{"Linear", E::linear, 2, 0}, 1026, 1, 2}};
+  const Row rows[] = {{local[1], 511, 1, -1},
+                      {local[1], 512, 1, 1},
+                      {local[1], 2 + 2049, 1, 1},
+                      {local[1], 2 + 2050, 1, 2},
+                      {local[2], 4 + 2049, 1, 1},
+                      {local[2], 4 + 2050, 1, 2},
+                      {local[0], 2 + 3 * 2048, 9, 9},
+                      {{"Linear", E::linear, 2, 0}, 128, 1, -1},
+                      {{"Linear", E::linear, 2, 0}, 129, 5, 2},
+                      {{"Linear", E::linear, 2, 0}, 1026, 1, 2}};
   for (const Row& row : rows) {
     auto fit = legal_fit(row.kind, row.nx, row.ny, 2, 1);
     Loop::calls = 0;

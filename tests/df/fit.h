@@ -2,6 +2,8 @@
 #ifndef ORVIK_TESTS_DF_FIT_H
 #define ORVIK_TESTS_DF_FIT_H
 
+#include <memory>
+
 #include "df/support.h"
 #include "df/task/task.h"
 
@@ -58,7 +60,8 @@ template <class Real>
 std::vector<Real> even_partition(int64_t nx, Real a, Real b) {
   std::vector<Real> x(static_cast<size_t>(nx));
   for (int64_t i = 0; i < nx; ++i) {
-    x[size_t(i)] = static_cast<Real>(a + (static_cast<double>(b) - a) * static_cast<double>(i) / static_cast<double>(nx - 1));
+    x[size_t(i)] =
+        static_cast<Real>(a + (static_cast<double>(b) - a) * static_cast<double>(i) / static_cast<double>(nx - 1));
   }
   return x;
 }
@@ -82,7 +85,8 @@ struct Kind {
 template <class Real>
 std::vector<Kind<Real>> local_kinds() {
   using E = Entries<Real>;
-  return {{"Hermite", E::hermite, 4, 3}, {"Bessel", E::bessel, 4, 5}, {"Akima", E::akima, 4, 4}, {"Hyman", E::hyman, 4, 9}};
+  return {
+      {"Hermite", E::hermite, 4, 3}, {"Bessel", E::bessel, 4, 5}, {"Akima", E::akima, 4, 4}, {"Hyman", E::hyman, 4, 9}};
 }
 template <class Real>
 std::vector<Kind<Real>> cubic_kinds() {

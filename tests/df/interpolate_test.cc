@@ -131,7 +131,8 @@ TYPED_TEST(InterpolateTest, OneSiteSmallBlockAndParallelPathsGiveTheSameBits) {
           EXPECT_EQ(LoopServices<4>::calls, 6000 * nder >= 1 << 14 ? 1 : 0);
           for (size_t n : {1, 2, 31, 32, 33, 257}) {
             for (size_t at : {size_t{0}, size_t{1234}}) {
-              const std::vector<TypeParam> some(sites.begin() + static_cast<int64_t>(at), sites.begin() + static_cast<int64_t>(at + n));
+              const std::vector<TypeParam> some(sites.begin() + static_cast<int64_t>(at),
+                                                sites.begin() + static_cast<int64_t>(at + n));
               const auto r = call(fit->task, some);
               ASSERT_TRUE(std::equal(r.begin(), r.end(), block.begin() + static_cast<int64_t>(at * nder)))
                   << row.order << " " << row.type << " " << n << " " << at;
@@ -172,7 +173,8 @@ TYPED_TEST(InterpolateTest, LayoutsPlaceTheSameResults) {
       const auto r = call(fit->task, sites);
       for (int64_t f = 0; f < 3; ++f) {
         for (int64_t s = 0; s < nsite; ++s) {
-          for (int64_t k = 0; k < 2; ++k) ASSERT_EQ(r[size_t(place(f, s, k))], base[size_t((f * nsite + s) * 2 + k)]) << rhint;
+          for (int64_t k = 0; k < 2; ++k)
+            ASSERT_EQ(r[size_t(place(f, s, k))], base[size_t((f * nsite + s) * 2 + k)]) << rhint;
         }
       }
     };
@@ -257,7 +259,8 @@ TYPED_TEST(InterpolateTest, TypeThenDataHintThenResultHintAreTested) {
   EXPECT_EQ(call.status, DFS_BAD_RESULT_HINT);
   TypeParam r;
   EXPECT_EQ(E::interpolate(nullptr, 1, 0, 1, &r, 0, 0, nullptr, nullptr, &r, 16, nullptr, nullptr, nullptr, nullptr,
-                           nullptr, nullptr, nullptr, nullptr, nullptr, nullptr), DFS_NO_TASK);
+                           nullptr, nullptr, nullptr, nullptr, nullptr, nullptr),
+            DFS_NO_TASK);
 }
 
 TYPED_TEST(InterpolateTest, SitesOutsideExtendTheOuterPolynomials) {
@@ -316,7 +319,8 @@ TYPED_TEST(InterpolateTest, UniformSitesAreExpandedBlockByBlock) {
   for (int64_t n : {2, 30, 257, 9000}) {
     std::vector<TypeParam> sites(static_cast<size_t>(n));
     const TypeParam part = 1 / static_cast<TypeParam>(n - 1);
-    for (int64_t k = 0; k < n; ++k) sites[size_t(k)] = std::fma(part, TypeParam(20) * static_cast<TypeParam>(k), TypeParam(-2));
+    for (int64_t k = 0; k < n; ++k)
+      sites[size_t(k)] = std::fma(part, TypeParam(20) * static_cast<TypeParam>(k), TypeParam(-2));
     Call<TypeParam> call;
     const auto expected = call(fit->task, sites);
     call.sitehint = 4;
@@ -337,7 +341,8 @@ TYPED_TEST(InterpolateTest, QuadraticWithItsOwnKnotsIsEvaluatedBetweenThem) {
       Fit<TypeParam> fit(x, random_values<TypeParam>(12));
       fit.order = 3, fit.type = 1, fit.bc_type = 2, fit.ic_type = 8, fit.xhint = xhint;
       std::vector<TypeParam> tau = {x[0]};
-      for (size_t i = 1; i < 12; ++i) tau.push_back(given ? x[i - 1] + (x[i] - x[i - 1]) * TypeParam(0.25) : TypeParam(0.5) * (x[i - 1] + x[i]));
+      for (size_t i = 1; i < 12; ++i)
+        tau.push_back(given ? x[i - 1] + (x[i] - x[i - 1]) * TypeParam(0.25) : TypeParam(0.5) * (x[i - 1] + x[i]));
       tau.push_back(x.back());
       if (given) fit.ic = tau;
       ASSERT_EQ(fit.construct(E::quadratic), 0);
@@ -375,7 +380,9 @@ TYPED_TEST(InterpolateTest, StepFunctionsTakeTheLeftOrTheRightValue) {
         as_task(fit->task)->yhint = 32;
         ASSERT_EQ(Entries<TypeParam>::edit_pointer(fit->task, DFP_FUNCTIONS, fit->y.data()), 0);
       }
-      const auto Y = [&](int64_t f, int64_t i) { return columns ? fit->y[size_t(i * 2 + f)] : fit->y[size_t(f * 9 + i)]; };
+      const auto Y = [&](int64_t f, int64_t i) {
+        return columns ? fit->y[size_t(i * 2 + f)] : fit->y[size_t(f * 9 + i)];
+      };
       const auto& x = fit->x;
       const TypeParam between = (x[3] + x[4]) / 2;
       const std::vector<TypeParam> sites = {x[0] - 1, x[0], x[3], between, x[7], x[8], x[8] + 1};
@@ -487,8 +494,9 @@ TYPED_TEST(InterpolateTest, CallbacksReplaceTheirOwnSites) {
           in_left += cell == 0;
           const int which = cell == 0 ? 1 : cell == 20 ? 2 : 4;
           for (size_t k = 0; k < 2; ++k) {
-            const TypeParam expected = (mask & which) == 0 ? plain[2 * j + k]
-                                       : static_cast<TypeParam>((which == 4 ? 3000 : 1000 * which) + cell);
+            const TypeParam expected = (mask & which) == 0
+                                           ? plain[2 * j + k]
+                                           : static_cast<TypeParam>((which == 4 ? 3000 : 1000 * which) + cell);
             ASSERT_EQ(r[2 * j + k], expected) << nsite << " " << mask << " " << j;
           }
         }
@@ -631,9 +639,22 @@ TYPED_TEST(InterpolateTest, WideIndicesEvaluateTheSame) {
     Evaluator evaluator;
     ASSERT_TRUE(choose_evaluator(order, 0, false, &evaluator));
     const Supplier<TypeParam> none = {nullptr, nullptr};
-    const Request<TypeParam> request{task, evaluator, Finder<TypeParam>(task, Method::kHybrid, nullptr),
-                                     Orders(task, 0, nullptr), Layout{200, 1, 1}, true, false, false, false, 200,
-                                     sites.data(), r.data(), nullptr, none, none, none,
+    const Request<TypeParam> request{task,
+                                     evaluator,
+                                     Finder<TypeParam>(task, Method::kHybrid, nullptr),
+                                     Orders(task, 0, nullptr),
+                                     Layout{200, 1, 1},
+                                     true,
+                                     false,
+                                     false,
+                                     false,
+                                     200,
+                                     sites.data(),
+                                     r.data(),
+                                     nullptr,
+                                     none,
+                                     none,
+                                     none,
                                      UserSearch<TypeParam>(nullptr, nullptr)};
     auto room = std::make_unique<BlockRoom<TypeParam, int64_t>>();
     int64_t state = 0;

@@ -62,7 +62,8 @@ TEST_P(GslTest, SplinesAgreeInValueSlopeAndBend) {
     const int32_t orders[] = {1, 1, 1};
     std::vector<double> r(sites.size() * 3);
     ASSERT_EQ(E::interpolate(fit.task, 1, 0, n, sites.data(), 0, 3, orders, nullptr, r.data(), 16, nullptr, nullptr,
-                             nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr), 0);
+                             nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr),
+              0);
     for (size_t j = 0; j < sites.size(); ++j) {
       ASSERT_NEAR(r[3 * j], peer.value(sites[j]), 1e-11) << c.name << " " << sites[j];
       ASSERT_NEAR(r[3 * j + 1], peer.slope(sites[j]), 1e-9) << c.name << " " << sites[j];
@@ -91,7 +92,8 @@ TEST(BoostTest, EveryCubicKindIsTheHermiteInterpolantOfItsSlopes) {
     for (int64_t i = 0; i + 1 < nx; ++i) {
       for (double part : {0.25, 0.5, 0.75}) {
         const double t = fit.x[size_t(i)] + part * (fit.x[size_t(i) + 1] - fit.x[size_t(i)]);
-        ASSERT_NEAR(static_cast<double>(fit.at(i, static_cast<long double>(t) - fit.x[size_t(i)])), peer(t), 1e-11) << kind.name;
+        ASSERT_NEAR(static_cast<double>(fit.at(i, static_cast<long double>(t) - fit.x[size_t(i)])), peer(t), 1e-11)
+            << kind.name;
       }
     }
   }

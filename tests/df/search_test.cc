@@ -1,8 +1,8 @@
 // Search: every method, width and real type against a naive scan, the choice of the method, threads, callbacks.
 #include <map>
 
-#include "df/support.h"
 #include "df/search/finder.h"
+#include "df/support.h"
 #include "df/task/task.h"
 #include "serv/memory.h"
 
@@ -69,7 +69,8 @@ std::vector<int64_t> search_cells(OrvikDFTask task, const std::vector<Real>& sit
   std::vector<int64_t> cell64(sites.size() + 1, -7);
   void* cell = narrow ? static_cast<void*>(cell32.data()) : cell64.data();
   EXPECT_EQ(E::search(task, 0, static_cast<int64_t>(sites.size()), sites.data(), sitehint, datahint, cell, nullptr,
-                      nullptr, services), 0);
+                      nullptr, services),
+            0);
   if (narrow) cell64.assign(cell32.begin(), cell32.end());
   EXPECT_EQ(cell64.back(), -7);
   cell64.pop_back();
@@ -137,7 +138,8 @@ TYPED_TEST(SearchTest, UniformPartitionFollowsTheInverseStep) {
     for (auto [a, b] : {std::pair<TypeParam, TypeParam>{0, 1}, {-1, 3}, {TypeParam(0.1), TypeParam(7.7)}}) {
       const TypeParam x[] = {a, b};
       const TypeParam value = static_cast<TypeParam>(nx - 1) / (b - a);
-      std::vector<TypeParam> sites = {-inf, -big, a - 1, std::nextafter(a, -inf), a, b, std::nextafter(b, inf), b + 1, big, inf, nan};
+      std::vector<TypeParam> sites = {-inf, -big, a - 1, std::nextafter(a, -inf), a, b, std::nextafter(b, inf), b + 1,
+                                      big,  inf,  nan};
       std::vector<int64_t> expected = {0, 0, 0, 0, 1, nx - 1, nx, nx, nx, nx, 0};
       for (TypeParam u : random_values<TypeParam>(500)) {
         const TypeParam t = a + (b - a) * (u + 2) / 4;
@@ -167,8 +169,9 @@ TYPED_TEST(SearchTest, HugeUniformPartitionsNeedWideIndices) {
   std::vector<int64_t> cell(sites.size());
   int64_t state = 0;
   const auto run = [&](auto entry) {
-    EXPECT_EQ(entry(nx, x, 6, sites.data(), &state, static_cast<TypeParam>(nx - 1), nullptr, nullptr, nullptr,
-                    cell.data()), 0);
+    EXPECT_EQ(
+        entry(nx, x, 6, sites.data(), &state, static_cast<TypeParam>(nx - 1), nullptr, nullptr, nullptr, cell.data()),
+        0);
   };
   if constexpr (sizeof(TypeParam) == 8) {
     run(orvik_df_kernel_dDFUniformSearch1D64);
@@ -176,7 +179,7 @@ TYPED_TEST(SearchTest, HugeUniformPartitionsNeedWideIndices) {
     run(orvik_df_kernel_sDFUniformSearch1D64);
   }
   EXPECT_EQ(cell, (std::vector<int64_t>{0, 1, 2500000001, nx - 1, nx,
-                                         static_cast<int64_t>(TypeParam(0.75) * static_cast<TypeParam>(nx - 1)) + 1}));
+                                        static_cast<int64_t>(TypeParam(0.75) * static_cast<TypeParam>(nx - 1)) + 1}));
 }
 
 TYPED_TEST(SearchTest, NotANumberAndUnsortedPartitionsStayInBounds) {
@@ -205,8 +208,8 @@ TYPED_TEST(SearchTest, DataHintIsTestedOnlyWhereItCouldMatter) {
   const TypeParam nan = std::numeric_limits<TypeParam>::quiet_NaN();
   const TypeParam t = 0;
   int32_t cell = -1;
-  const std::vector<std::vector<TypeParam>> bad = {{0, 2, 0, 0, 1}, {0, nan, 0, 0, 1}, {0, -1, 0, 0, 1},
-                                                   {0, 1, 0, 0, -1}, {0, 1, 0, 0, 21}, {0, 1, 0, 0, nan}};
+  const std::vector<std::vector<TypeParam>> bad = {{0, 2, 0, 0, 1},  {0, nan, 0, 0, 1}, {0, -1, 0, 0, 1},
+                                                   {0, 1, 0, 0, -1}, {0, 1, 0, 0, 21},  {0, 1, 0, 0, nan}};
   for (int64_t xhint : {0, 1, 2, 4}) {
     OwnedTask task;
     ASSERT_EQ(E::make(task.out(), 20, x.data(), xhint, 0, nullptr, 0, 0), 0);
@@ -347,18 +350,24 @@ TYPED_TEST(SearchTest, ThreadsFindTheCellsOfOneThread) {
 
 template <class Real>
 struct MethodEntries {
-  using Plain = int32_t (*)(int64_t, const Real*, int64_t, const Real*, int64_t*, Real, void*, void*, const int64_t*, void*);
-  using Flagged = int32_t (*)(int64_t, const Real*, int64_t, const Real*, int64_t*, Real, void*, void*, const int64_t*, void*, int64_t);
+  using Plain = int32_t (*)(int64_t, const Real*, int64_t, const Real*, int64_t*, Real, void*, void*, const int64_t*,
+                            void*);
+  using Flagged = int32_t (*)(int64_t, const Real*, int64_t, const Real*, int64_t*, Real, void*, void*, const int64_t*,
+                              void*, int64_t);
   const char* name;
   Plain narrow, wide, pack;
   Flagged flagged;
 };
-#define ORVIK_TEST_METHOD(p, stem)                                                                       \
-  {#stem, orvik_df_kernel_##p##DF##stem##Search1D32, orvik_df_kernel_##p##DF##stem##Search1D64,         \
-   orvik_df_kernel_##p##DF##stem##Search1D64Pack, orvik_df_kernel_##p##DF##stem##Search1D}
-#define ORVIK_TEST_METHODS(p)                                                              \
-  {ORVIK_TEST_METHOD(p, QuasiUniform), ORVIK_TEST_METHOD(p, Sorted), ORVIK_TEST_METHOD(p, Peak), \
-   ORVIK_TEST_METHOD(p, Hybrid)}
+#define ORVIK_TEST_METHOD(p, stem)                                                               \
+  {                                                                                              \
+#stem, orvik_df_kernel_##p##DF##stem##Search1D32, orvik_df_kernel_##p##DF##stem##Search1D64, \
+        orvik_df_kernel_##p##DF##stem##Search1D64Pack, orvik_df_kernel_##p##DF##stem##Search1D   \
+  }
+#define ORVIK_TEST_METHODS(p)                                                                     \
+  {                                                                                               \
+    ORVIK_TEST_METHOD(p, QuasiUniform), ORVIK_TEST_METHOD(p, Sorted), ORVIK_TEST_METHOD(p, Peak), \
+        ORVIK_TEST_METHOD(p, Hybrid)                                                              \
+  }
 template <class Real>
 std::vector<MethodEntries<Real>> method_entries() {
   if constexpr (sizeof(Real) == 8) {
@@ -418,9 +427,11 @@ TYPED_TEST(SearchTest, SortedMethodGoesOnFromItsState) {
     std::vector<int32_t> cell(sites.size());
     const int64_t n = static_cast<int64_t>(sites.size());
     if constexpr (sizeof(TypeParam) == 8) {
-      orvik_df_kernel_dDFSortedSearch1D32(100, x.data(), n, sites.data(), state, 0, nullptr, nullptr, nullptr, cell.data());
+      orvik_df_kernel_dDFSortedSearch1D32(100, x.data(), n, sites.data(), state, 0, nullptr, nullptr, nullptr,
+                                          cell.data());
     } else {
-      orvik_df_kernel_sDFSortedSearch1D32(100, x.data(), n, sites.data(), state, 0, nullptr, nullptr, nullptr, cell.data());
+      orvik_df_kernel_sDFSortedSearch1D32(100, x.data(), n, sites.data(), state, 0, nullptr, nullptr, nullptr,
+                                          cell.data());
     }
     return cell;
   };
@@ -528,7 +539,9 @@ TYPED_TEST(SearchTest, GuessesAreRefinedUnlessFlagged) {
       std::vector<int32_t> c32(sites.size());
       std::vector<int64_t> c64(sites.size());
       void* cell = width == 0 ? static_cast<void*>(c32.data()) : c64.data();
-      EXPECT_EQ(E::search(task, 0, static_cast<int64_t>(sites.size()), sites.data(), 0, nullptr, cell, Log::call, nullptr, nullptr), 0);
+      EXPECT_EQ(E::search(task, 0, static_cast<int64_t>(sites.size()), sites.data(), 0, nullptr, cell, Log::call,
+                          nullptr, nullptr),
+                0);
       return width == 0 ? std::vector<int64_t>(c32.begin(), c32.end()) : c64;
     };
     EXPECT_EQ(run(0, 0), expected);
@@ -565,7 +578,8 @@ TYPED_TEST(SearchTest, UserDefinedEntriesCallBackOnceForAllSites) {
   const auto run = [&](auto f, auto* cell, auto... more) {
     Log::reset(0, 0);
     EXPECT_EQ(f(20, x.data(), 500, sites.data(), nullptr, TypeParam(0), nullptr, nullptr, nullptr, cell, more...,
-                Log::call, nullptr, nullptr, done.data()), 0);
+                Log::call, nullptr, nullptr, done.data()),
+              0);
     EXPECT_EQ(Log::counts, (std::vector<int64_t>{500}));
     EXPECT_EQ(done, std::vector<int32_t>(500, 0));
   };
@@ -601,11 +615,11 @@ TYPED_TEST(SearchTest, UserDefinedEntriesCallBackOnceForAllSites) {
   Log::reset(0, 0);
   int32_t status;
   if constexpr (sizeof(TypeParam) == 8) {
-    status = orvik_df_kernel_dDFUserDefSearch1D32(20, x.data(), 500, sites.data(), nullptr, 0, nullptr, nullptr, nullptr,
-                                                  narrow.data(), Log::call, nullptr, nullptr, done.data());
+    status = orvik_df_kernel_dDFUserDefSearch1D32(20, x.data(), 500, sites.data(), nullptr, 0, nullptr, nullptr,
+                                                  nullptr, narrow.data(), Log::call, nullptr, nullptr, done.data());
   } else {
-    status = orvik_df_kernel_sDFUserDefSearch1D32(20, x.data(), 500, sites.data(), nullptr, 0, nullptr, nullptr, nullptr,
-                                                  narrow.data(), Log::call, nullptr, nullptr, done.data());
+    status = orvik_df_kernel_sDFUserDefSearch1D32(20, x.data(), 500, sites.data(), nullptr, 0, nullptr, nullptr,
+                                                  nullptr, narrow.data(), Log::call, nullptr, nullptr, done.data());
   }
   serv::fail_allocation_after(0);
   EXPECT_EQ(status, DFS_NO_MEMORY);

@@ -21,27 +21,27 @@ namespace orvik::df::test {
 template <class Real>
 struct Entries;
 
-#define ORVIK_TEST_ENTRIES(Real, p, C)                                                \
-  template <>                                                                         \
-  struct Entries<Real> {                                                              \
-    using SearchCallback = OrvikDFSearchCallback##C;                                  \
-    using Callback = OrvikDFInterpolateCallback##C;                                   \
-    static constexpr auto make = orvik_df_kernel_##p##NewTask1D;                      \
-    static constexpr auto edit_pointer = orvik_df_kernel_##p##EditPtr;                \
-    static constexpr auto edit_row = orvik_df_kernel_##p##EditIdxPtr;                 \
-    static constexpr auto edit_spline = orvik_df_kernel_##p##EditPPSpline1D;          \
-    static constexpr auto query_pointer = orvik_df_kernel_##p##QueryPtr;              \
-    static constexpr auto query_row = orvik_df_kernel_##p##QueryIdxPtr;               \
-    static constexpr auto linear = orvik_df_kernel_##p##DFLinearSpline1D;             \
-    static constexpr auto quadratic = orvik_df_kernel_##p##DFQuadraticSpline1D;       \
+#define ORVIK_TEST_ENTRIES(Real, p, C)                                                 \
+  template <>                                                                          \
+  struct Entries<Real> {                                                               \
+    using SearchCallback = OrvikDFSearchCallback##C;                                   \
+    using Callback = OrvikDFInterpolateCallback##C;                                    \
+    static constexpr auto make = orvik_df_kernel_##p##NewTask1D;                       \
+    static constexpr auto edit_pointer = orvik_df_kernel_##p##EditPtr;                 \
+    static constexpr auto edit_row = orvik_df_kernel_##p##EditIdxPtr;                  \
+    static constexpr auto edit_spline = orvik_df_kernel_##p##EditPPSpline1D;           \
+    static constexpr auto query_pointer = orvik_df_kernel_##p##QueryPtr;               \
+    static constexpr auto query_row = orvik_df_kernel_##p##QueryIdxPtr;                \
+    static constexpr auto linear = orvik_df_kernel_##p##DFLinearSpline1D;              \
+    static constexpr auto quadratic = orvik_df_kernel_##p##DFQuadraticSpline1D;        \
     static constexpr auto default_cubic = orvik_df_kernel_##p##DFDefaultCubicSpline1D; \
-    static constexpr auto natural = orvik_df_kernel_##p##DFNaturalCubicSpline1D;      \
-    static constexpr auto hermite = orvik_df_kernel_##p##DFHermiteCubicSpline1D;      \
-    static constexpr auto bessel = orvik_df_kernel_##p##DFBesselCubicSpline1D;        \
-    static constexpr auto akima = orvik_df_kernel_##p##DFAkimaCubicSpline1D;          \
-    static constexpr auto hyman = orvik_df_kernel_##p##DFHymanCubicSpline1D;          \
-    static constexpr auto search = orvik_df_kernel_##p##DFSearch1D;                   \
-    static constexpr auto interpolate = orvik_df_kernel_##p##DFInterpolate1D;         \
+    static constexpr auto natural = orvik_df_kernel_##p##DFNaturalCubicSpline1D;       \
+    static constexpr auto hermite = orvik_df_kernel_##p##DFHermiteCubicSpline1D;       \
+    static constexpr auto bessel = orvik_df_kernel_##p##DFBesselCubicSpline1D;         \
+    static constexpr auto akima = orvik_df_kernel_##p##DFAkimaCubicSpline1D;           \
+    static constexpr auto hyman = orvik_df_kernel_##p##DFHymanCubicSpline1D;           \
+    static constexpr auto search = orvik_df_kernel_##p##DFSearch1D;                    \
+    static constexpr auto interpolate = orvik_df_kernel_##p##DFInterpolate1D;          \
   };
 ORVIK_TEST_ENTRIES(double, d, D)
 ORVIK_TEST_ENTRIES(float, s, S)

@@ -39,8 +39,8 @@ void by_lanes(int64_t from, int64_t to, Body body) {
 template <class Real, bool kUniform>
 struct Chunk {
   Partition<Real, kUniform> partition;
-  int64_t base;    // first breakpoint present
-  int64_t points;  // breakpoints present
+  int64_t base;            // first breakpoint present
+  int64_t points;          // breakpoints present
   bool at_left, at_right;  // the partition's ends are present
   const Real* x;
   const Real* y;

@@ -73,12 +73,22 @@ struct DefaultCubic {
     const Real c2 = Real(0.5) * last;
     Real c3;
     switch (end) {
-      case End::kNotAKnot: c3 = l > 1 ? inner_third(l - 1) : Real(0); break;
-      case End::kFirst: c3 = Real(0.5) * inverse * (inverse * (bc[1] - m(l)) - c2); break;
-      case End::kSecond: c3 = (bc[1] - last) * kSixth * inverse; break;
-      case End::kPeriodic: c3 = (bc[0] - last) * kSixth * inverse; break;
+      case End::kNotAKnot:
+        c3 = l > 1 ? inner_third(l - 1) : Real(0);
+        break;
+      case End::kFirst:
+        c3 = Real(0.5) * inverse * (inverse * (bc[1] - m(l)) - c2);
+        break;
+      case End::kSecond:
+        c3 = (bc[1] - last) * kSixth * inverse;
+        break;
+      case End::kPeriodic:
+        c3 = (bc[0] - last) * kSixth * inverse;
+        break;
       // The factor goes with c2, half of the second derivative: the curve ends at half of the last given value.
-      default: c3 = -kSixth * c2 * inverse; break;
+      default:
+        c3 = -kSixth * c2 * inverse;
+        break;
     }
     put(l, closing(l, c2, c3), c2, c3);
   }

@@ -19,14 +19,18 @@ Real left_derivative(const Outline<Real, kUniform>& o, Ends ends, Real d1) {
         return (std::fma(std::fma(t, Real(2), h0) * h1, o.m(0), h0 * h0 * o.m(1)) / t - t * d1) / h1;
       }
     }
-    case End::kFree: return Real(1.5) * o.m(0) - Real(0.5) * d1;
-    case End::kFirst: return o.bc[0];
+    case End::kFree:
+      return Real(1.5) * o.m(0) - Real(0.5) * d1;
+    case End::kFirst:
+      return o.bc[0];
     case End::kSecond: {
       const Real bend = kUniform ? Real(0.25) * o.bc[0] / o.partition.inverse_step : Real(0.25) * o.h(0) * o.bc[0];
       return Real(1.5) * o.m(0) - bend - Real(0.5) * d1;
     }
-    case End::kPeriodic: return Rule::periodic_left(o);
-    case End::kNone: break;
+    case End::kPeriodic:
+      return Rule::periodic_left(o);
+    case End::kNone:
+      break;
   }
   return Real(1.5) * o.m(0) - Real(0.5) * o.m(1);
 }
@@ -45,14 +49,18 @@ Real right_derivative(const Outline<Real, kUniform>& o, Ends ends, Real dl) {
         return (std::fma(std::fma(t, Real(2), hl) * before, o.m(l), hl * hl * o.m(l - 1)) / t - t * dl) / before;
       }
     }
-    case End::kFree: return Real(1.5) * o.m(l) - Real(0.5) * dl;
-    case End::kFirst: return o.bc[1];
+    case End::kFree:
+      return Real(1.5) * o.m(l) - Real(0.5) * dl;
+    case End::kFirst:
+      return o.bc[1];
     case End::kSecond: {
       const Real bend = kUniform ? Real(0.25) * o.bc[1] / o.partition.inverse_step : Real(0.25) * o.h(l) * o.bc[1];
       return Real(1.5) * o.m(l) + bend - Real(0.5) * dl;
     }
-    case End::kPeriodic: return Rule::periodic_right(o);
-    case End::kNone: break;
+    case End::kPeriodic:
+      return Rule::periodic_right(o);
+    case End::kNone:
+      break;
   }
   return Real(1.5) * o.m(l) - Real(0.5) * o.m(l - 1);
 }

@@ -14,7 +14,10 @@ struct Grid {
 
   // Breakpoints first to last in blocks of `block`; the last block includes `last`.
   Grid(int64_t first_point, int64_t last_point, int64_t block_points, int64_t all_intervals, int64_t ny)
-      : first(first_point), last(last_point), block(block_points), intervals(all_intervals),
+      : first(first_point),
+        last(last_point),
+        block(block_points),
+        intervals(all_intervals),
         functions(std::max<int64_t>(ny, 1)) {
     const int64_t range = last - first;
     blocks = range / block;

@@ -20,14 +20,19 @@ inline constexpr int64_t kLongNatural = 512;
 template <class Real>
 class NaturalLanes {
   using V = Lanes<Real>;
-  static constexpr int64_t kWidth = V::kCount;        // rows turned at a time
+  static constexpr int64_t kWidth = V::kCount;          // rows turned at a time
   static constexpr int64_t kStretches = 2 * V::kCount;  // two vectors hide each other's latency
 
  public:
   // `upper` and `w` have nx elements: the upper diagonal over the pivots, and the half-solved right side.
   NaturalLanes(const NaturalSystem<Real, false>& system, int64_t function, Real* upper, Real* w)
-      : system_(system), y_(system.task.template values<Real>(function)), x_(system.partition.x), nx_(system.nx),
-        out_(system.task.template coefficients<Real>(function)), upper_(upper), w_(w) {
+      : system_(system),
+        y_(system.task.template values<Real>(function)),
+        x_(system.partition.x),
+        nx_(system.nx),
+        out_(system.task.template coefficients<Real>(function)),
+        upper_(upper),
+        w_(w) {
     // Rows 2 .. nx - 2 have the general form; their stretches are multiples of kWidth long, the rest follows singly.
     length_ = (nx_ - 3) / kStretches / kWidth * kWidth;
   }
@@ -140,8 +145,7 @@ class NaturalLanes {
           const V h = xs[g][k] - x_here[g];
           const V slope_here = (ys[g][k] - y_here[g]) * (V(Real(1)) / h);
           const V right = V(Real(3)) * (h * m_before[g] + h_before[g] * slope_here);
-          const V reciprocal =
-              row(h, V(Real(2)) * (xs[g][k] - x_before[g]), h_before[g], right, &upper[g], &w[g]);
+          const V reciprocal = row(h, V(Real(2)) * (xs[g][k] - x_before[g]), h_before[g], right, &upper[g], &w[g]);
           bad = bad | (reciprocal >= infinity) | (V(-std::numeric_limits<Real>::infinity()) >= reciprocal);
           us[g][k] = upper[g];
           ws[g][k] = w[g];

@@ -21,10 +21,14 @@ struct EndRow {
 template <class Real>
 EndRow<Real> end_row(End end, Real h0, Real h1, Real m0, Real m1, Real t, Real given, Real outward) {
   switch (end) {
-    case End::kNotAKnot: return {h1, t, ((2 * t + h0) * h1 * m0 + h0 * h0 * m1) / t};
-    case End::kFirst: return {1, 0, given};
-    case End::kSecond: return {2, 1, 3 * m0 - outward * (Real(0.5) * h0 * given)};
-    default: return {2, 1, 3 * m0};
+    case End::kNotAKnot:
+      return {h1, t, ((2 * t + h0) * h1 * m0 + h0 * h0 * m1) / t};
+    case End::kFirst:
+      return {1, 0, given};
+    case End::kSecond:
+      return {2, 1, 3 * m0 - outward * (Real(0.5) * h0 * given)};
+    default:
+      return {2, 1, 3 * m0};
   }
 }
 
@@ -139,7 +143,9 @@ void solve_few(const NaturalSystem<Real, kUniform>& system, const Values<Real>& 
       d[2] = bc[1];
       d[1] = (Real(1.5) * sum - Real(0.5) * (h1 * bc[0] + h0 * bc[1])) / t;
       return;
-    case Ends::kPeriodic: d[0] = d[1] = d[2] = sum / t; return;
+    case Ends::kPeriodic:
+      d[0] = d[1] = d[2] = sum / t;
+      return;
     default: {
       const EndRow<Real> a = system.left(y), b = system.right(y);
       d[1] = (3 * sum - h1 * a.right / a.own - h0 * b.right / b.own) /

@@ -60,8 +60,8 @@ int32_t run_knots(const Task& task, Ends ends) {
     Real* d = dl + n;
     Real* du = d + n;
     Real* s = du + n;  // n + 1 slopes, one of them eliminated
-    const QuadraticSystem<Real> system{knots, Values<Real>(task, f), n, left_end(ends), right_end(ends),
-                                       task.boundary_values<Real>(), from_right};
+    const QuadraticSystem<Real> system{knots,           Values<Real>(task, f),        n,         left_end(ends),
+                                       right_end(ends), task.boundary_values<Real>(), from_right};
     system.set_up(dl, d, du, s);
     if (solve_in_one_step(n, dl, d, du, system.unknowns(s)) != 0) return DFS_SOLVER_FAILED;
     system.restore_eliminated(s);
@@ -93,9 +93,12 @@ int32_t construct_quadratic(const Task* task) {
   if (task == nullptr) return DFS_NO_TASK;
   if (!storage_hint_ok(task->yhint)) return DFS_BAD_FUNCTION_HINT;
   switch (task->s_type) {
-    case 0: return construct_midpoint<Real>(*task);
-    case 1: return construct_knots<Real>(*task);
-    default: return DFS_UNKNOWN_METHOD;
+    case 0:
+      return construct_midpoint<Real>(*task);
+    case 1:
+      return construct_knots<Real>(*task);
+    default:
+      return DFS_UNKNOWN_METHOD;
   }
 }
 

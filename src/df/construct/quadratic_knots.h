@@ -1,5 +1,5 @@
-// The quadratic spline through (x[i], y[i]) with knots tau[0..nx] between the breakpoints. docs/quadratic-splines.md has
-// the derivation.
+// The quadratic spline through (x[i], y[i]) with knots tau[0..nx] between the breakpoints. docs/quadratic-splines.md
+// has the derivation.
 #ifndef ORVIK_DF_CONSTRUCT_QUADRATIC_KNOTS_H
 #define ORVIK_DF_CONSTRUCT_QUADRATIC_KNOTS_H
 
@@ -38,8 +38,9 @@ class QuadraticKnots {
   Real step_ = 0;
 };
 
-// Slopes s[i] at tau[i]. On [tau[i], tau[i+1]] the derivative runs linearly from s[i] to s[i+1]; continuity of the value
-// at tau[i] is row i, 1 <= i <= nx - 1. One end condition removes one end's slope, the other one is the last equation.
+// Slopes s[i] at tau[i]. On [tau[i], tau[i+1]] the derivative runs linearly from s[i] to s[i+1]; continuity of the
+// value at tau[i] is row i, 1 <= i <= nx - 1. One end condition removes one end's slope, the other one is the last
+// equation.
 template <class Real>
 struct QuadraticSystem {
   const QuadraticKnots<Real>& knots;

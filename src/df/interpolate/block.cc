@@ -13,8 +13,13 @@ template <class Real, class Index>
 class BlockRun {
  public:
   BlockRun(const Request<Real>& request, int64_t first, int64_t count, BlockRoom<Real, Index>& room)
-      : q_(request), task_(request.task), first_(first), count_(count), room_(room),
-        cell_(room.cell), index_(room.index) {}
+      : q_(request),
+        task_(request.task),
+        first_(first),
+        count_(count),
+        room_(room),
+        cell_(room.cell),
+        index_(room.index) {}
 
   int32_t run(int64_t* state) {
     take_sites();
@@ -78,10 +83,13 @@ class BlockRun {
   // What all functions and derivatives share.
   int32_t prepare() {
     switch (q_.evaluator) {
-      case Evaluator::kQuadraticKnots: locate_by_knots(task_, count_, site_, cell_, index_, room_.t); return 0;
+      case Evaluator::kQuadraticKnots:
+        locate_by_knots(task_, count_, site_, cell_, index_, room_.t);
+        return 0;
       case Evaluator::kStepRight:
       case Evaluator::kStepLeft:
-      case Evaluator::kLookUp: return prepare_values();
+      case Evaluator::kLookUp:
+        return prepare_values();
       default:
         if (task_.s_order > 0) locate(task_, count_, site_, cell_, index_, room_.t);
         return 0;

@@ -84,9 +84,15 @@ int32_t run_one_site(const Request<Real>& request) {
     return 0;
   }
   switch (request.evaluator) {
-    case Evaluator::kLinear: one_polynomial<2>(request, cell); break;
-    case Evaluator::kQuadratic: one_polynomial<3>(request, cell); break;
-    default: one_polynomial<4>(request, cell); break;
+    case Evaluator::kLinear:
+      one_polynomial<2>(request, cell);
+      break;
+    case Evaluator::kQuadratic:
+      one_polynomial<3>(request, cell);
+      break;
+    default:
+      one_polynomial<4>(request, cell);
+      break;
   }
   return 0;
 }
@@ -124,8 +130,8 @@ int32_t run(const Request<Real>& request, int64_t sitehint, int64_t flags, const
 
 template <class Real>
 int32_t interpolate(const Task* task, int64_t flags, int64_t nsite, const Real* site, int64_t sitehint, int64_t ndorder,
-                    const void* dorder, const Real* datahint, Real* r, int64_t rhint, void* cell,
-                    Supplier<Real> left, Supplier<Real> right, Supplier<Real> inside, const UserSearch<Real>& user,
+                    const void* dorder, const Real* datahint, Real* r, int64_t rhint, void* cell, Supplier<Real> left,
+                    Supplier<Real> right, Supplier<Real> inside, const UserSearch<Real>& user,
                     const OrvikDFServices* services) {
   if (task == nullptr) return DFS_NO_TASK;
   const bool all_callbacks = left.callback && right.callback && inside.callback;

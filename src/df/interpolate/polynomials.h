@@ -46,15 +46,18 @@ void evaluate_derivative(const Real* c, int64_t n, const Index* index, const Rea
 template <int kOrder, class Real, class Index>
 void evaluate_polynomial(const Real* c, int64_t derivative, int64_t n, const Index* index, const Real* t, Real* out) {
   switch (derivative) {
-    case 0: return evaluate_derivative<kOrder, 0>(c, n, index, t, out);
-    case 1: return evaluate_derivative<kOrder, 1>(c, n, index, t, out);
+    case 0:
+      return evaluate_derivative<kOrder, 0>(c, n, index, t, out);
+    case 1:
+      return evaluate_derivative<kOrder, 1>(c, n, index, t, out);
     case 2:
       if constexpr (kOrder > 2) return evaluate_derivative<kOrder, 2>(c, n, index, t, out);
       break;
     case 3:
       if constexpr (kOrder > 3) return evaluate_derivative<kOrder, 3>(c, n, index, t, out);
       break;
-    default: break;
+    default:
+      break;
   }
   for (int64_t j = 0; j < n; ++j) out[j] = 0;
 }

@@ -16,10 +16,18 @@ bool choose_evaluator(int64_t order, int64_t type, bool all_callbacks, Evaluator
         return all_callbacks;
       }
       return true;
-    case 2: *evaluator = Evaluator::kLinear; return true;
-    case 3: *evaluator = type == 0 ? Evaluator::kQuadratic : Evaluator::kQuadraticKnots; return type == 0 || type == 1;
-    case 4: *evaluator = Evaluator::kCubic; return type == 0 || (type >= 2 && type <= 5) || type == 9;
-    default: *evaluator = Evaluator::kGeneral; return order >= 5;
+    case 2:
+      *evaluator = Evaluator::kLinear;
+      return true;
+    case 3:
+      *evaluator = type == 0 ? Evaluator::kQuadratic : Evaluator::kQuadraticKnots;
+      return type == 0 || type == 1;
+    case 4:
+      *evaluator = Evaluator::kCubic;
+      return type == 0 || (type >= 2 && type <= 5) || type == 9;
+    default:
+      *evaluator = Evaluator::kGeneral;
+      return order >= 5;
   }
 }
 
@@ -36,11 +44,20 @@ bool Layout::from_hint(int64_t hint, int64_t ny, int64_t nsite, int64_t nder, La
   switch (hint) {
     case 0:
     case 16:
-    case 128: *layout = {nsite * nder, nder, 1}; return true;
-    case 32: *layout = {nder * nsite, 1, nsite}; return true;
-    case 256: *layout = {nder, ny * nder, 1}; return true;
-    case 512: *layout = {1, nder * ny, ny}; return true;
-    default: return false;
+    case 128:
+      *layout = {nsite * nder, nder, 1};
+      return true;
+    case 32:
+      *layout = {nder * nsite, 1, nsite};
+      return true;
+    case 256:
+      *layout = {nder, ny * nder, 1};
+      return true;
+    case 512:
+      *layout = {1, nder * ny, ny};
+      return true;
+    default:
+      return false;
   }
 }
 

@@ -56,9 +56,7 @@ void load_columns(const float* c, const Index* i, Lanes<float>* out) {
     out[2] = _mm256_shuffle_ps(b, e, 0x44);
     out[3] = _mm256_shuffle_ps(b, e, 0xEE);
   } else {
-    const auto pair = [&](int k) {
-      return _mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(at(k))));
-    };
+    const auto pair = [&](int k) { return _mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(at(k)))); };
     const auto pairs = [&](int k) {  // rows k and k + 1, and four further
       return join(_mm_unpacklo_ps(pair(k), pair(k + 1)), _mm_unpacklo_ps(pair(k + 4), pair(k + 5)));
     };

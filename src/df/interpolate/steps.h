@@ -16,8 +16,7 @@ struct Breakpoints {
   bool uniform;
   Real step;
 
-  explicit Breakpoints(const Task& task)
-      : x(task.breakpoints<Real>()), nx(task.nx), uniform(task.uniform()), step(0) {
+  explicit Breakpoints(const Task& task) : x(task.breakpoints<Real>()), nx(task.nx), uniform(task.uniform()), step(0) {
     if (uniform) step = (x[1] - x[0]) / static_cast<Real>(nx - 1);
   }
   Real operator[](int64_t i) const { return uniform ? std::fma(step, static_cast<Real>(i), x[0]) : x[i]; }

@@ -50,11 +50,20 @@ class Finder {
     const Real steps = static_cast<Real>(task.nx - 1);
     switch (method) {
       case Method::kUniform:
-      case Method::kUniformUserDefined: lookup_.value = steps / (x[1] - x[0]); break;
-      case Method::kQuasiUniform: lookup_.value = steps / (x[task.nx - 1] - x[0]); break;
-      case Method::kPeak: lookup_.value = datahint[4]; break;
-      case Method::kHybrid: lookup_.value = task.scale<Real>(); break;
-      default: break;
+      case Method::kUniformUserDefined:
+        lookup_.value = steps / (x[1] - x[0]);
+        break;
+      case Method::kQuasiUniform:
+        lookup_.value = steps / (x[task.nx - 1] - x[0]);
+        break;
+      case Method::kPeak:
+        lookup_.value = datahint[4];
+        break;
+      case Method::kHybrid:
+        lookup_.value = task.scale<Real>();
+        break;
+      default:
+        break;
     }
   }
   Finder(Method method, const Lookup<Real>& lookup) : method_(method), lookup_(lookup) {}
@@ -65,11 +74,16 @@ class Finder {
   // Cells of one site. `state` as in many().
   int64_t one(Real t, int64_t* state) const {
     switch (method_) {
-      case Method::kUniform: return uniform_cell<int64_t>(lookup_, t);
-      case Method::kQuasiUniform: return quasi_uniform_cell<int64_t>(lookup_, t);
-      case Method::kSorted: return sorted_cell<int64_t>(lookup_, t, state);
-      case Method::kPeak: return peak_cell<int64_t>(lookup_, t);
-      default: return hybrid_cell<int64_t>(lookup_, t);
+      case Method::kUniform:
+        return uniform_cell<int64_t>(lookup_, t);
+      case Method::kQuasiUniform:
+        return quasi_uniform_cell<int64_t>(lookup_, t);
+      case Method::kSorted:
+        return sorted_cell<int64_t>(lookup_, t, state);
+      case Method::kPeak:
+        return peak_cell<int64_t>(lookup_, t);
+      default:
+        return hybrid_cell<int64_t>(lookup_, t);
     }
   }
 
@@ -77,11 +91,21 @@ class Finder {
   template <class Index, class Cell>
   void many(int64_t n, const Real* site, Cell* cell, int64_t* state) const {
     switch (method_) {
-      case Method::kUniform: uniform_cells<Index>(lookup_, n, site, cell); break;
-      case Method::kQuasiUniform: quasi_uniform_cells<Index>(lookup_, n, site, cell); break;
-      case Method::kSorted: sorted_cells<Index>(lookup_, n, site, cell, state); break;
-      case Method::kPeak: peak_cells<Index>(lookup_, n, site, cell); break;
-      default: hybrid_cells<Index>(lookup_, n, site, cell); break;
+      case Method::kUniform:
+        uniform_cells<Index>(lookup_, n, site, cell);
+        break;
+      case Method::kQuasiUniform:
+        quasi_uniform_cells<Index>(lookup_, n, site, cell);
+        break;
+      case Method::kSorted:
+        sorted_cells<Index>(lookup_, n, site, cell, state);
+        break;
+      case Method::kPeak:
+        peak_cells<Index>(lookup_, n, site, cell);
+        break;
+      default:
+        hybrid_cells<Index>(lookup_, n, site, cell);
+        break;
     }
   }
 
@@ -102,7 +126,7 @@ class Finder {
 
 extern template class Finder<double>;
 extern template class Finder<float>;
-#define ORVIK_DF_FINDER_FORMS(prefix, Real)                                                                   \
+#define ORVIK_DF_FINDER_FORMS(prefix, Real)                                                                  \
   prefix template void Finder<Real>::many<int32_t, int32_t>(int64_t, const Real*, int32_t*, int64_t*) const; \
   prefix template void Finder<Real>::many<int32_t, int64_t>(int64_t, const Real*, int64_t*, int64_t*) const; \
   prefix template void Finder<Real>::many<int64_t, int32_t>(int64_t, const Real*, int32_t*, int64_t*) const; \

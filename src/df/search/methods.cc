@@ -68,55 +68,55 @@ int32_t run_user_aside(const Lookup<Real>& lookup, int64_t nsite, const Real* si
 using namespace orvik::df;
 
 // `state` is null in calls of methods that have none.
-#define ORVIK_METHOD_ENTRY(p, Real, stem, suffix, width)                                                              \
-  extern "C" int32_t orvik_df_kernel_##p##DF##stem##Search1D##suffix(                                                 \
-      int64_t nx, const Real* x, int64_t nsite, const Real* site, int64_t* sorted_state, Real value, void*, void*,    \
-      const int64_t* bucket_table, void* cell) {                                                                      \
-    return run_method<Method::k##stem, Width::width>(nx, x, nsite, site, sorted_state, value, bucket_table, cell);    \
+#define ORVIK_METHOD_ENTRY(p, Real, stem, suffix, width)                                                           \
+  extern "C" int32_t orvik_df_kernel_##p##DF##stem##Search1D##suffix(                                              \
+      int64_t nx, const Real* x, int64_t nsite, const Real* site, int64_t* sorted_state, Real value, void*, void*, \
+      const int64_t* bucket_table, void* cell) {                                                                   \
+    return run_method<Method::k##stem, Width::width>(nx, x, nsite, site, sorted_state, value, bucket_table, cell); \
   }
-#define ORVIK_METHOD_ENTRIES(p, Real, stem)                                                                           \
-  ORVIK_METHOD_ENTRY(p, Real, stem, 32, k32)                                                                          \
-  ORVIK_METHOD_ENTRY(p, Real, stem, 64, k64)                                                                          \
-  ORVIK_METHOD_ENTRY(p, Real, stem, 64Pack, k64Pack)                                                                  \
-  extern "C" int32_t orvik_df_kernel_##p##DF##stem##Search1D(                                                         \
-      int64_t nx, const Real* x, int64_t nsite, const Real* site, int64_t* sorted_state, Real value, void*, void*,    \
-      const int64_t* bucket_table, void* cell, int64_t width_flags) {                                                 \
-    return run_method_by_flags<Method::k##stem>(nx, x, nsite, site, sorted_state, value, bucket_table, cell,          \
-                                                width_flags);                                                         \
+#define ORVIK_METHOD_ENTRIES(p, Real, stem)                                                                        \
+  ORVIK_METHOD_ENTRY(p, Real, stem, 32, k32)                                                                       \
+  ORVIK_METHOD_ENTRY(p, Real, stem, 64, k64)                                                                       \
+  ORVIK_METHOD_ENTRY(p, Real, stem, 64Pack, k64Pack)                                                               \
+  extern "C" int32_t orvik_df_kernel_##p##DF##stem##Search1D(                                                      \
+      int64_t nx, const Real* x, int64_t nsite, const Real* site, int64_t* sorted_state, Real value, void*, void*, \
+      const int64_t* bucket_table, void* cell, int64_t width_flags) {                                              \
+    return run_method_by_flags<Method::k##stem>(nx, x, nsite, site, sorted_state, value, bucket_table, cell,       \
+                                                width_flags);                                                      \
   }
-#define ORVIK_METHODS(p, Real)                 \
-  ORVIK_METHOD_ENTRIES(p, Real, Uniform)       \
-  ORVIK_METHOD_ENTRIES(p, Real, QuasiUniform)  \
-  ORVIK_METHOD_ENTRIES(p, Real, Sorted)        \
-  ORVIK_METHOD_ENTRIES(p, Real, Peak)          \
+#define ORVIK_METHODS(p, Real)                \
+  ORVIK_METHOD_ENTRIES(p, Real, Uniform)      \
+  ORVIK_METHOD_ENTRIES(p, Real, QuasiUniform) \
+  ORVIK_METHOD_ENTRIES(p, Real, Sorted)       \
+  ORVIK_METHOD_ENTRIES(p, Real, Peak)         \
   ORVIK_METHOD_ENTRIES(p, Real, Hybrid)
 ORVIK_METHODS(d, double)
 ORVIK_METHODS(s, float)
 
-#define ORVIK_USER_HEAD(p, Real, stem, suffix)                                                                       \
+#define ORVIK_USER_HEAD(p, Real, stem, suffix)                                                                        \
   extern "C" int32_t orvik_df_kernel_##p##DF##stem##Search1D##suffix(                                                \
       int64_t nx, const Real* x, int64_t nsite, const Real* site, int64_t*, Real value, void*, void*, const int64_t*, \
       void* cell
 #define ORVIK_USER_TAIL(Real) SearchCallback<Real> search_cb, void *param0, void *param1, int32_t *done_flags)
-#define ORVIK_USER_ENTRIES(p, Real, stem, method)                                                                     \
-  ORVIK_USER_HEAD(p, Real, stem, 32), ORVIK_USER_TAIL(Real) {                                                         \
-    return run_user_aside<method>(Lookup<Real>{nx, x, value, nullptr}, nsite, site, static_cast<int32_t*>(cell),      \
-                                  UserSearch<Real>(search_cb, param0, param1), done_flags);                           \
-  }                                                                                                                   \
-  ORVIK_USER_HEAD(p, Real, stem, 64), ORVIK_USER_TAIL(Real) {                                                         \
-    return run_user<method>(Lookup<Real>{nx, x, value, nullptr}, nsite, site, static_cast<int64_t*>(cell),            \
-                            UserSearch<Real>(search_cb, param0, param1), done_flags);                                 \
-  }                                                                                                                   \
-  ORVIK_USER_HEAD(p, Real, stem, 64Pack), ORVIK_USER_TAIL(Real) {                                                     \
-    return run_user<method>(Lookup<Real>{nx, x, value, nullptr}, nsite, site, static_cast<int64_t*>(cell),            \
-                            UserSearch<Real>(search_cb, param0, param1), done_flags);                                 \
-  }                                                                                                                   \
-  ORVIK_USER_HEAD(p, Real, stem, ), int64_t width_flags, ORVIK_USER_TAIL(Real) {                                      \
-    const Lookup<Real> lookup{nx, x, value, nullptr};                                                                 \
-    const UserSearch<Real> user(search_cb, param0, param1);                                                           \
-    return wants_narrow_cells(width_flags)                                                                            \
-               ? run_user_aside<method>(lookup, nsite, site, static_cast<int32_t*>(cell), user, done_flags)           \
-               : run_user_aside<method>(lookup, nsite, site, static_cast<int64_t*>(cell), user, done_flags);          \
+#define ORVIK_USER_ENTRIES(p, Real, stem, method)                                                                \
+  ORVIK_USER_HEAD(p, Real, stem, 32), ORVIK_USER_TAIL(Real) {                                                    \
+    return run_user_aside<method>(Lookup<Real>{nx, x, value, nullptr}, nsite, site, static_cast<int32_t*>(cell), \
+                                  UserSearch<Real>(search_cb, param0, param1), done_flags);                      \
+  }                                                                                                              \
+  ORVIK_USER_HEAD(p, Real, stem, 64), ORVIK_USER_TAIL(Real) {                                                    \
+    return run_user<method>(Lookup<Real>{nx, x, value, nullptr}, nsite, site, static_cast<int64_t*>(cell),       \
+                            UserSearch<Real>(search_cb, param0, param1), done_flags);                            \
+  }                                                                                                              \
+  ORVIK_USER_HEAD(p, Real, stem, 64Pack), ORVIK_USER_TAIL(Real) {                                                \
+    return run_user<method>(Lookup<Real>{nx, x, value, nullptr}, nsite, site, static_cast<int64_t*>(cell),       \
+                            UserSearch<Real>(search_cb, param0, param1), done_flags);                            \
+  }                                                                                                              \
+  ORVIK_USER_HEAD(p, Real, stem, ), int64_t width_flags, ORVIK_USER_TAIL(Real) {                                 \
+    const Lookup<Real> lookup{nx, x, value, nullptr};                                                            \
+    const UserSearch<Real> user(search_cb, param0, param1);                                                      \
+    return wants_narrow_cells(width_flags)                                                                       \
+               ? run_user_aside<method>(lookup, nsite, site, static_cast<int32_t*>(cell), user, done_flags)      \
+               : run_user_aside<method>(lookup, nsite, site, static_cast<int64_t*>(cell), user, done_flags);     \
   }
 ORVIK_USER_ENTRIES(d, double, UserDef, Method::kUserDefined)
 ORVIK_USER_ENTRIES(s, float, UserDef, Method::kUserDefined)

@@ -8,21 +8,27 @@
 namespace orvik::df {
 namespace {
 
-constexpr int64_t kShortCall = 32;      // fewer sites are searched one by one
-constexpr int64_t kUserBlock = 128;     // sites of one call of a search callback
-constexpr int64_t kHybridBlock = 128;   // unit in which the hybrid method is divided among threads
+constexpr int64_t kShortCall = 32;     // fewer sites are searched one by one
+constexpr int64_t kUserBlock = 128;    // sites of one call of a search callback
+constexpr int64_t kHybridBlock = 128;  // unit in which the hybrid method is divided among threads
 constexpr int64_t kSitesOnStack = 4096;
 
 bool runs_in_parallel(Method method, int64_t threads, int64_t nsite, int64_t nx) {
   if (threads < 2) return false;
   switch (method) {
-    case Method::kUniform: return nsite > 5000;
-    case Method::kQuasiUniform: return nsite >= 301 || (nsite >= 151 && (nx >= 600 || (threads >= 4 && nx >= 40)));
-    case Method::kSorted: return nsite > 3000;
-    case Method::kPeak: return nsite >= 1201 || nx >= 1201;
+    case Method::kUniform:
+      return nsite > 5000;
+    case Method::kQuasiUniform:
+      return nsite >= 301 || (nsite >= 151 && (nx >= 600 || (threads >= 4 && nx >= 40)));
+    case Method::kSorted:
+      return nsite > 3000;
+    case Method::kPeak:
+      return nsite >= 1201 || nx >= 1201;
     // With five threads and more, 601 to 2000 sites run on one.
-    case Method::kHybrid: return nsite > 2000 || (nsite >= 601 && threads < 5) || (nsite >= 301 && threads == 2);
-    default: return false;
+    case Method::kHybrid:
+      return nsite > 2000 || (nsite >= 601 && threads < 5) || (nsite >= 301 && threads == 2);
+    default:
+      return false;
   }
 }
 

@@ -9,32 +9,63 @@ namespace {
 int32_t test_integer(int32_t id, int64_t value) {
   const uint64_t bits = static_cast<uint64_t>(value);
   switch (id) {
-    case DFP_BREAKPOINT_COUNT: return value >= 2 ? 0 : DFS_BAD_BREAKPOINT_COUNT;
-    case DFP_PARTITION_HINT: return partition_hint_ok(value) ? 0 : DFS_BAD_PARTITION_HINT;
-    case DFP_FUNCTION_COUNT: return value >= 1 ? 0 : DFS_BAD_FUNCTION_COUNT;
-    case DFP_FUNCTION_HINT: return storage_hint_ok(value) ? 0 : DFS_BAD_FUNCTION_HINT;
-    case DFP_SPLINE_ORDER: return value >= 0 ? 0 : DFS_BAD_SPLINE_ORDER;
-    case DFP_SPLINE_TYPE: return bits < 6 || bits == 9 ? 0 : DFS_BAD_SPLINE_TYPE;
-    case DFP_INTERNAL_TYPE: return bits < 3 || (bits & 8) != 0 ? 0 : DFS_BAD_INTERNAL_TYPE;
-    case DFP_BOUNDARY_TYPE: return value >= 0 ? 0 : DFS_BAD_BOUNDARY_TYPE;
-    case DFP_COEFFICIENT_HINT: return storage_hint_ok(value) ? 0 : DFS_BAD_COEFFICIENT_HINT;
-    case DFP_VALIDATE_FLAG: return bits <= 1 ? 0 : DFS_BAD_VALIDATE_FLAG;
-    default: return DFS_BAD_PARAMETER_ID;
+    case DFP_BREAKPOINT_COUNT:
+      return value >= 2 ? 0 : DFS_BAD_BREAKPOINT_COUNT;
+    case DFP_PARTITION_HINT:
+      return partition_hint_ok(value) ? 0 : DFS_BAD_PARTITION_HINT;
+    case DFP_FUNCTION_COUNT:
+      return value >= 1 ? 0 : DFS_BAD_FUNCTION_COUNT;
+    case DFP_FUNCTION_HINT:
+      return storage_hint_ok(value) ? 0 : DFS_BAD_FUNCTION_HINT;
+    case DFP_SPLINE_ORDER:
+      return value >= 0 ? 0 : DFS_BAD_SPLINE_ORDER;
+    case DFP_SPLINE_TYPE:
+      return bits < 6 || bits == 9 ? 0 : DFS_BAD_SPLINE_TYPE;
+    case DFP_INTERNAL_TYPE:
+      return bits < 3 || (bits & 8) != 0 ? 0 : DFS_BAD_INTERNAL_TYPE;
+    case DFP_BOUNDARY_TYPE:
+      return value >= 0 ? 0 : DFS_BAD_BOUNDARY_TYPE;
+    case DFP_COEFFICIENT_HINT:
+      return storage_hint_ok(value) ? 0 : DFS_BAD_COEFFICIENT_HINT;
+    case DFP_VALIDATE_FLAG:
+      return bits <= 1 ? 0 : DFS_BAD_VALIDATE_FLAG;
+    default:
+      return DFS_BAD_PARAMETER_ID;
   }
 }
 
 void store_integer(Task* task, int32_t id, int64_t value) {
   switch (id) {
-    case DFP_BREAKPOINT_COUNT: task->nx = value; break;
-    case DFP_PARTITION_HINT: task->xhint = value; break;
-    case DFP_FUNCTION_COUNT: task->ny = value; break;
-    case DFP_FUNCTION_HINT: task->yhint = value; break;
-    case DFP_SPLINE_ORDER: task->s_order = value; break;
-    case DFP_SPLINE_TYPE: task->s_type = value; break;
-    case DFP_INTERNAL_TYPE: task->ic_type = value; break;
-    case DFP_BOUNDARY_TYPE: task->bc_type = value; break;
-    case DFP_COEFFICIENT_HINT: task->coeff_hint = value; break;
-    default: task->validate_flag = static_cast<int32_t>(value); break;
+    case DFP_BREAKPOINT_COUNT:
+      task->nx = value;
+      break;
+    case DFP_PARTITION_HINT:
+      task->xhint = value;
+      break;
+    case DFP_FUNCTION_COUNT:
+      task->ny = value;
+      break;
+    case DFP_FUNCTION_HINT:
+      task->yhint = value;
+      break;
+    case DFP_SPLINE_ORDER:
+      task->s_order = value;
+      break;
+    case DFP_SPLINE_TYPE:
+      task->s_type = value;
+      break;
+    case DFP_INTERNAL_TYPE:
+      task->ic_type = value;
+      break;
+    case DFP_BOUNDARY_TYPE:
+      task->bc_type = value;
+      break;
+    case DFP_COEFFICIENT_HINT:
+      task->coeff_hint = value;
+      break;
+    default:
+      task->validate_flag = static_cast<int32_t>(value);
+      break;
   }
 }
 
@@ -74,7 +105,8 @@ int32_t edit_pointer(Task* task, int32_t id, const Real* pointer) {
     case DFP_COEFFICIENTS:
       if (pointer == nullptr) return DFS_BAD_COEFFICIENTS;
       return lay_out_coefficients(task, pointer, task->coeff_hint, sizeof(Real));
-    default: return DFS_BAD_PARAMETER_ID;
+    default:
+      return DFS_BAD_PARAMETER_ID;
   }
 }
 

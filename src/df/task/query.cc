@@ -15,14 +15,23 @@ int32_t query_pointer(const Task* task, int32_t id, Real** destination) {
   if (destination == nullptr) return DFS_NO_DESTINATION;
   if (task->task_state != 1) return 0;
   switch (id) {
-    case DFP_BREAKPOINTS: *destination = as_reals<Real>(task->x); return 0;
-    case DFP_FUNCTIONS: *destination = as_reals<Real>(task->y_rows != nullptr ? task->y_rows[0] : nullptr); return 0;
-    case DFP_INTERNAL_VALUES: *destination = as_reals<Real>(task->ic); return 0;
-    case DFP_BOUNDARY_VALUES: *destination = as_reals<Real>(task->bc); return 0;
+    case DFP_BREAKPOINTS:
+      *destination = as_reals<Real>(task->x);
+      return 0;
+    case DFP_FUNCTIONS:
+      *destination = as_reals<Real>(task->y_rows != nullptr ? task->y_rows[0] : nullptr);
+      return 0;
+    case DFP_INTERNAL_VALUES:
+      *destination = as_reals<Real>(task->ic);
+      return 0;
+    case DFP_BOUNDARY_VALUES:
+      *destination = as_reals<Real>(task->bc);
+      return 0;
     case DFP_COEFFICIENTS:
       *destination = as_reals<Real>(task->coeff_rows != nullptr ? task->coeff_rows[0] : nullptr);
       return 0;
-    default: return DFS_BAD_PARAMETER_ID;
+    default:
+      return DFS_BAD_PARAMETER_ID;
   }
 }
 
@@ -32,17 +41,38 @@ int32_t query_integer(const Task* task, int32_t id, void* destination) {
   if (task->task_state != 1) return 0;
   int64_t value = 0;
   switch (id) {
-    case DFP_BREAKPOINT_COUNT: value = task->nx; break;
-    case DFP_PARTITION_HINT: value = task->xhint; break;
-    case DFP_FUNCTION_COUNT: value = task->ny; break;
-    case DFP_FUNCTION_HINT: value = task->yhint; break;
-    case DFP_SPLINE_ORDER: value = task->s_order; break;
-    case DFP_SPLINE_TYPE: value = task->s_type; break;
-    case DFP_INTERNAL_TYPE: value = task->ic_type; break;
-    case DFP_BOUNDARY_TYPE: value = task->bc_type; break;
-    case DFP_COEFFICIENT_HINT: value = task->coeff_hint; break;
-    case DFP_VALIDATE_FLAG: value = task->validate_flag; break;
-    default: return DFS_BAD_PARAMETER_ID;
+    case DFP_BREAKPOINT_COUNT:
+      value = task->nx;
+      break;
+    case DFP_PARTITION_HINT:
+      value = task->xhint;
+      break;
+    case DFP_FUNCTION_COUNT:
+      value = task->ny;
+      break;
+    case DFP_FUNCTION_HINT:
+      value = task->yhint;
+      break;
+    case DFP_SPLINE_ORDER:
+      value = task->s_order;
+      break;
+    case DFP_SPLINE_TYPE:
+      value = task->s_type;
+      break;
+    case DFP_INTERNAL_TYPE:
+      value = task->ic_type;
+      break;
+    case DFP_BOUNDARY_TYPE:
+      value = task->bc_type;
+      break;
+    case DFP_COEFFICIENT_HINT:
+      value = task->coeff_hint;
+      break;
+    case DFP_VALIDATE_FLAG:
+      value = task->validate_flag;
+      break;
+    default:
+      return DFS_BAD_PARAMETER_ID;
   }
   if (task->index_width == 0) {
     *static_cast<int32_t*>(destination) = static_cast<int32_t>(value);

@@ -12,6 +12,9 @@ void show_data(const Table& table);
 // Vector functions with and without an error callback, the mode word, a strided view of one column.
 void show_vector_math(const Table& table);
 
+// Functions at the three levels of accuracy side by side: value, error, time.
+void show_levels(const Table& table);
+
 // A bootstrap interval of a mean, its random numbers split over several streams in three ways.
 void show_streams(const Table& table);
 
@@ -29,6 +32,7 @@ struct Section {
 inline constexpr Section kSections[] = {
     {"Data", show_data},
     {"Vector mathematics", show_vector_math},
+    {"Levels of accuracy", show_levels},
     {"Random streams", show_streams},
     {"Statistics", show_statistics},
     {"Data fitting", show_fitting},

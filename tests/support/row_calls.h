@@ -5,6 +5,8 @@
 
 #include <bit>
 #include <cstring>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "orvik/zym.h"
@@ -12,12 +14,10 @@
 
 namespace orvik::test {
 
-inline const Row& row_named(const std::string& name) {
-  for (const Row& row : rows()) {
-    if (row.name == name) return row;
-  }
-  ADD_FAILURE() << "no row " << name;
-  return rows().front();
+inline const Row& row_named(std::string_view name) {
+  const Row* row = rows::find(name);
+  EXPECT_NE(row, nullptr) << "no row " << name;
+  return row != nullptr ? *row : rows::all().front();
 }
 
 template <class E>

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <limits>
 #include <random>
+#include <string>
 #include <vector>
 
 #include "orvik/zym.h"
@@ -52,10 +53,10 @@ template <class E, class Function>
 void for_each_kernel(Function function) {
   _zymSetMode(ZYM_ERRMODE_IGNORE);
   int kernels = 0;
-  for (const Row& row : rows()) {
-    if (!built(row) || row.precision != (sizeof(E) == 4 ? 's' : 'd') || row.shape == "pack") continue;
+  for (const Row& row : rows::all()) {
+    if (!row.built() || row.precision != (sizeof(E) == 4 ? 's' : 'd') || row.shape == Shape::pack) continue;
     for (int level = 0; level < 3; ++level) {
-      SCOPED_TRACE(row.name + " " + kLevelNames[level]);
+      SCOPED_TRACE(std::string(row.name) + " " + kLevelNames[level]);
       function(row, level);
       ++kernels;
       if (testing::Test::HasFailure()) return;
@@ -100,7 +101,7 @@ TYPED_TEST(EveryRow, BitsDoNotDependOnThePosition) {
       c.n = n, c.a = a.data(), c.b = b.data(), c.r1 = got.r1.data(), c.r2 = got.r2.data();
       call_row(row, level, false, c);
       expect_same(want.r1, got.r1.data(), 1, static_cast<size_t>(n), "r1");
-      if (row.shape == "unary2") expect_same(want.r2, got.r2.data(), 1, static_cast<size_t>(n), "r2");
+      if (row.shape == Shape::unary2) expect_same(want.r2, got.r2.data(), 1, static_cast<size_t>(n), "r2");
     }
   });
 }
@@ -128,7 +129,7 @@ TYPED_TEST(EveryRow, StridedTwinGivesTheSameBits) {
       c.incA = inc[0], c.incB = inc[1], c.incR1 = inc[2], c.incR2 = inc[3];
       call_row(row, level, true, c);
       expect_same(want.r1, c.r1, inc[2], count, "r1");
-      if (row.shape == "unary2") expect_same(want.r2, c.r2, inc[3], count, "r2");
+      if (row.shape == Shape::unary2) expect_same(want.r2, c.r2, inc[3], count, "r2");
     }
   });
 }
@@ -174,7 +175,7 @@ TYPED_TEST(EveryRow, InPlaceGivesTheSameBits) {
       c.n = 101, c.a = x.data(), c.b = y.data(), c.r1 = x.data(), c.r2 = other.data();
       call_row(row, level, strided, c);
       expect_same(want.r1, x.data(), 1, a.size(), "r1 over a");
-      if (row.shape == "binary") {
+      if (row.shape == Shape::binary) {
         x = a;
         c.r1 = y.data();
         call_row(row, level, strided, c);

@@ -230,10 +230,11 @@ struct Kernel {
   [[gnu::always_inline]] static int64_t blocks(const char* name, uint32_t mode, int64_t n, const Arrays& a, int64_t i,
                                                Store store_at, const Params&... params) {
     constexpr int64_t kElements = N * V::width;
+    const int64_t last = n - kElements;
     Saved saved;
     for (;;) {
       bool plain = true;
-      while (n - i >= kElements) {
+      while (i <= last) {
         Inputs x[N];
 #pragma GCC unroll 8
         for (int v = 0; v < N; ++v) x[v] = load_inputs(a, i + v * V::width);

@@ -4,11 +4,10 @@
 // and, where the fast path does not serve every input,
 //   special(V...)   mask of the lanes that the element routine redoes;
 //   element(...)    that routine (see ElementRoutine);
-//   repair(V... , V& r, V mask)   in NOERR mode: blends the commonest special results into r, returns the mask that is
-//   left.
+//   repair(V..., V& r, V mask)   in NOERR mode: blends the commonest special results into r, returns the mask that is
+//                   left.
 // Optional: `vectors` (how many are in flight, 4 by default), `filler` (of inactive lanes, where V's would raise a flag),
-// `streams` (true where memory bandwidth is the only limit:
-// large results bypass the caches).
+// `streams` (true where memory bandwidth is the only limit: large results bypass the caches).
 #pragma once
 
 #include <array>

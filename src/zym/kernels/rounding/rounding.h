@@ -37,6 +37,7 @@ struct Round {
   using E = typename V::Element;
   static constexpr bool streams = true;
   static constexpr int filler = 1;
+  static constexpr int vectors = 1;  // a little faster than four
   static V lanes(V x) {
     const V below_half = E(0.5) - std::numeric_limits<E>::epsilon() / 4;
     return round<_MM_FROUND_TO_ZERO>(x + (below_half | sign_of(x)));

@@ -54,7 +54,7 @@ std::string file_name(const char* tag) {
 void write_file(const std::string& name, const Bytes& bytes) {
   FILE* f = std::fopen(name.c_str(), "wb");
   ASSERT_NE(f, nullptr);
-  std::fwrite(bytes.data(), 1, bytes.size(), f);
+  if (!bytes.empty()) std::fwrite(bytes.data(), 1, bytes.size(), f);
   std::fclose(f);
 }
 Bytes read_file(const std::string& name) {

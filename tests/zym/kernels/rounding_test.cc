@@ -1,5 +1,6 @@
 #include <immintrin.h>
 
+#include <bit>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -96,6 +97,27 @@ TYPED_TEST(Rounding, AgreesWithTheStandardLibrary) {
   check("NearbyInt", [](E v) { return std::nearbyint(v); });
   check("Round", [](E v) { return std::round(v); });
   check("Frac", [](E v) { return std::copysign(v - std::trunc(v), v); });
+}
+
+// Every 1009th float, which meets every exponent: the ties and what lies next to them decide.
+TEST(RoundOfPatterns, IsHalfAwayFromZeroOverAllExponents) {
+  constexpr uint64_t kStep = 1009;
+  std::vector<float> x, r;
+  const auto add = [&x](float v) {
+    if (!std::isnan(v)) x.push_back(v);
+  };
+  for (uint64_t u = 0; u < (uint64_t{1} << 32); u += kStep) add(std::bit_cast<float>(static_cast<uint32_t>(u)));
+  for (int whole = 0; whole < 1 << 16; ++whole) {
+    const float tie = static_cast<float>(whole) + 0.5f;
+    for (float v : {tie, std::nextafter(tie, 0.0f), std::nextafter(tie, 1e9f)}) add(v), add(-v);
+  }
+  r.resize(x.size());
+  Call<float> c;
+  c.n = static_cast<int32_t>(x.size()), c.a = x.data(), c.r1 = r.data();
+  ASSERT_TRUE(call_row(row_named("sRound"), 1, false, c));
+  for (size_t i = 0; i < x.size(); ++i) {
+    if (!same_value(r[i], std::round(x[i]))) FAIL() << x[i] << " gave " << r[i];
+  }
 }
 
 template <class E>

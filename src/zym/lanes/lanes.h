@@ -218,17 +218,50 @@ inline uint32_t lane_bits(F64 mask) { return static_cast<uint32_t>(_mm256_movema
 inline bool none(F32 mask) { return _mm256_testz_ps(mask.v, mask.v) != 0; }
 inline bool none(F64 mask) { return _mm256_testz_pd(mask.v, mask.v) != 0; }
 
-// Lanes whose magnitude, as an integer, is above the bound. The 64-bit form compares the high words only, which is one
-// instruction where a 64-bit compare is three on some processors: the bound's low word counts as all ones.
-inline F32 magnitude_above(F32 a, uint32_t bound) { return as_float(as_bits(magnitude(a)) > I32(bound)); }
-inline F64 magnitude_above(F64 a, uint32_t high_bound) {
-  const __m256i high = _mm256_and_si256(as_bits(a).v, _mm256_set1_epi64x(0x7FFFFFFF00000000));
-  return _mm256_castsi256_pd(_mm256_cmpgt_epi32(high, _mm256_set1_epi64x(static_cast<int64_t>(high_bound) << 32)));
+// Lanes above a bound as signed 32-bit words (in 64-bit lanes the high word decides), not compared yet: tests against the
+// same bound are joined by the larger word, so that one comparison serves a whole block.
+template <class V, int32_t bound>
+struct Above {
+  __m256i words;
+  operator V() const { return as_float(typename V::Integer(_mm256_cmpgt_epi32(words, _mm256_set1_epi32(bound)))); }
+};
+template <class V, int32_t bound>
+Above<V, bound> operator|(Above<V, bound> a, Above<V, bound> b) {
+  return {_mm256_max_epi32(a.words, b.words)};
+}
+template <class V, int32_t bound>
+V operator|(V a, Above<V, bound> b) {
+  return a | V(b);
+}
+template <class V, int32_t bound>
+bool none(Above<V, bound> a) {
+  return none(V(a));
+}
+template <class V, int32_t bound>
+uint32_t lane_bits(Above<V, bound> a) {
+  return lane_bits(V(a));
 }
 
-// Lanes whose exponent field is all ones: infinities and NaNs.
-inline F32 not_finite(F32 a) { return magnitude_above(a, 0x7F7FFFFF); }
-inline F64 not_finite(F64 a) { return magnitude_above(a, 0x7FEFFFFF); }
+// Lanes whose magnitude, as an integer, is above the bound; in 64 bits the bound's low word counts as all ones.
+template <uint32_t bound, class V>
+Above<V, static_cast<int32_t>(bound)> magnitude_above(V a) {
+  return {as_bits(magnitude(a)).v};
+}
+
+// Lanes whose words are outside [first, last], all of them positive: one addition moves the range to the lowest signed
+// integers.
+template <uint32_t first, uint32_t last, class V>
+auto outside(V a) {
+  constexpr uint32_t shift = 0x80000000u - first;
+  const __m256i moved = _mm256_add_epi32(as_bits(a).v, _mm256_set1_epi32(static_cast<int32_t>(shift)));
+  return Above<V, static_cast<int32_t>(last + shift)>{moved};
+}
+
+// Infinities and NaNs. Zeros, negatives, denormals, infinities and NaNs.
+inline auto not_finite(F32 a) { return magnitude_above<0x7F7FFFFF>(a); }
+inline auto not_finite(F64 a) { return magnitude_above<0x7FEFFFFF>(a); }
+inline auto not_positive_normal(F32 a) { return outside<0x00800000, 0x7F7FFFFF>(a); }
+inline auto not_positive_normal(F64 a) { return outside<0x00100000, 0x7FEFFFFF>(a); }
 
 // --- memory ---------------------------------------------------------------------------------------------------------
 
@@ -362,21 +395,6 @@ inline F64 gather(const double* table, Indices k) {
   const __m128d low = _mm_loadh_pd(_mm_load_sd(row(k.i0)), row(k.i1));
   const __m128d high = _mm_loadh_pd(_mm_load_sd(row(k.i2)), row(k.i3));
   return _mm256_insertf128_pd(_mm256_castpd128_pd256(low), high, 1);
-}
-// Both columns of a table of 8-byte rows.
-struct GatheredRows {
-  F32 first, second;
-};
-inline GatheredRows gather(const float (*table)[2], I32 index) {
-  const Indices k(low_half(index));
-  const Indices l(high_half(index));
-  const auto rows = [&](int64_t low, int64_t high) {
-    const auto row = [&](int64_t i) { return reinterpret_cast<const double*>(table[i]); };
-    return _mm_castpd_ps(_mm_loadh_pd(_mm_load_sd(row(low)), row(high)));
-  };
-  const __m256 even = _mm256_insertf128_ps(_mm256_castps128_ps256(rows(k.i0, k.i1)), rows(l.i0, l.i1), 1);
-  const __m256 odd = _mm256_insertf128_ps(_mm256_castps128_ps256(rows(k.i2, k.i3)), rows(l.i2, l.i3), 1);
-  return {_mm256_shuffle_ps(even, odd, 0x88), _mm256_shuffle_ps(even, odd, 0xDD)};
 }
 // Both columns of a table of 16-byte rows.
 struct GatheredPair {

@@ -144,7 +144,7 @@ struct Kernel {
     }
   }
 
-  static V special_lanes(const Inputs& x) {
+  static auto special_lanes(const Inputs& x) {
     return [&]<size_t... J>(std::index_sequence<J...>) { return Fn::special(x[J]...); }
     (std::make_index_sequence<In>());
   }
@@ -238,7 +238,7 @@ struct Kernel {
 #pragma GCC unroll 8
         for (int v = 0; v < N; ++v) x[v] = load_inputs(a, i + v * V::width);
         if constexpr (HasSpecial<Fn>) {
-          V mask = special_lanes(x[0]);
+          auto mask = special_lanes(x[0]);
 #pragma GCC unroll 8
           for (int v = 1; v < N; ++v) mask = mask | special_lanes(x[v]);
           plain = none(mask);

@@ -25,7 +25,7 @@ V repair_exp(V x, V& r, V mask, V overflow, V underflow) {
 // --- 32 bits --------------------------------------------------------------------------------------------------------
 
 struct ExpSingle {
-  static F32 special(F32 x) { return magnitude_above(x, 0x42AEAC4F); }  // |x| from 87.33655
+  static auto special(F32 x) { return magnitude_above<0x42AEAC4F>(x); }  // |x| from 87.33655
   static F32 repair(F32 x, F32& r, F32 mask) {
     return repair_exp(x, r, mask, F32(kExpOverflow32), F32(kExpUnderflow32));
   }
@@ -61,7 +61,6 @@ struct Exp<F32, Level::LA> : ExpSingle {
 // with the row's two bits below it, which the table takes off again.
 template <>
 struct Exp<F32, Level::HA> : ExpSingle {
-  static F32 special(F32 x) { return compare<_CMP_NLE_UQ>(magnitude(x), F32(f32(0x42AEAC4F))); }
   static int32_t element(const float* x, float* r) { return exp_element_wide(x, r); }
 
   static F32 lanes(F32 x) {
@@ -84,7 +83,7 @@ struct Exp<F32, Level::HA> : ExpSingle {
 // --- 64 bits --------------------------------------------------------------------------------------------------------
 
 struct ExpDouble {
-  static F64 special(F64 x) { return magnitude_above(x, 0x4086232A); }  // |x| from about 708.39
+  static auto special(F64 x) { return magnitude_above<0x4086232A>(x); }  // |x| from about 708.39
   static F64 repair(F64 x, F64& r, F64 mask) {
     return repair_exp(x, r, mask, F64(kExpOverflow64), F64(kExpUnderflow64));
   }

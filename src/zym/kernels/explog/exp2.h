@@ -4,16 +4,11 @@
 
 #include "zym/kernels/explog/constants_fit.h"
 #include "zym/kernels/explog/exp.h"
+#include "zym/kernels/explog/exp2_factors.h"
 #include "zym/kernels/explog/exp_element.h"
 #include "zym/lanes/lanes.h"
 
 namespace orvik::zym {
-
-// The exponent k and the row of t = k 2^Bits + row + shifter, for a head of that row: head 2^k.
-template <int Bits>
-F32 scale_head(F32 head, F32 t) {
-  return as_float(as_bits(head) + (shift_left<23 - Bits>(as_bits(t)) & I32(0xFF800000u)));
-}
 
 // What the element routines need: b^x = 2^k head (1 + rest).
 inline ExpParts exp2_parts(double x) {
@@ -55,7 +50,7 @@ struct Exp2;
 
 template <Level L>
 struct Exp2<F32, L> {
-  static F32 special(F32 x) { return magnitude_above(x, 0x42FC0000); }  // 126
+  static auto special(F32 x) { return magnitude_above<0x42FC0000>(x); }  // 126
   static F32 repair(F32 x, F32& r, F32 mask) {
     return repair_exp<F32>(x, r, mask, std::nextafter(128.0f, 0.0f), std::nextafter(-150.0f, 0.0f));
   }
@@ -65,16 +60,16 @@ struct Exp2<F32, L> {
     const F32 shifter = 196608.0f;  // 1.5 * 2^17: steps of 1/64
     const F32 t = x + shifter;
     const F32 r = x - (t - shifter);
-    const GatheredRows row = gather(kExp2Single64, as_bits(t) & I32(63));
-    const F32 s = scale_head<6>(row.first, t);
-    const F32 q = fma(fma(F32(0.24022668600082397f), r, F32(0.693149745464325f)), r, row.second);
-    return fma(s, q, s);
+    const Exp2Row row = Exp2Row::of_64(as_bits(t));
+    const F32 q = fma(fma(F32(0.24022668600082397f), r, F32(0.693149745464325f)), r, row.tail);
+    const F32 y = row.head + fma(row.head, q, row.low);
+    return as_float(as_bits(y) + exponent_bits<6>(t));
   }
 };
 
 template <Level L>
 struct Exp2<F64, L> {
-  static F64 special(F64 x) { return magnitude_above(x, 0x408FEFFF); }  // from 1022
+  static auto special(F64 x) { return magnitude_above<0x408FEFFF>(x); }  // from 1022
   static F64 repair(F64 x, F64& r, F64 mask) {
     return repair_exp<F64>(x, r, mask, std::nextafter(1024.0, 0.0), std::nextafter(-1075.0, 0.0));
   }
@@ -95,7 +90,7 @@ struct Exp10;
 
 template <Level L>
 struct Exp10<F32, L> {
-  static F32 special(F32 x) { return magnitude_above(x, std::bit_cast<uint32_t>(37.92978286743164f) - 1); }
+  static auto special(F32 x) { return magnitude_above<std::bit_cast<uint32_t>(37.92978286743164f) - 1>(x); }
   static F32 repair(F32 x, F32& r, F32 mask) { return repair_exp<F32>(x, r, mask, 39.0f, -46.0f); }
   static int32_t element(const float* x, float* r) { return power_element(*x, r, 39.0f, -46.0f, exp10_parts); }
 
@@ -103,16 +98,16 @@ struct Exp10<F32, L> {
     const F32 t = fma(x, F32(425.206787109375f), F32(kShifter32));  // steps of log10(2)/128
     const F32 n = t - F32(kShifter32);
     const F32 r = fnma(n, F32(-1.8713717508944683e-06f), fnma(n, F32(0.002353668212890625f), x));
-    const GatheredRows row = gather(kExp2Single128, as_bits(t) & I32(127));
-    const F32 s = scale_head<7>(row.first, t);
-    const F32 q = fma(fma(F32(2.650949716567993f), r, F32(2.3025872707366943f)), r, row.second);
-    return fma(s, q, s);
+    const Exp2Row row = Exp2Row::of_128(as_bits(t));
+    const F32 q = fma(fma(F32(2.650949716567993f), r, F32(2.3025872707366943f)), r, row.tail);
+    const F32 y = row.head + fma(row.head, q, row.low);
+    return as_float(as_bits(y) + exponent_bits<7>(t));
   }
 };
 
 template <Level L>
 struct Exp10<F64, L> {
-  static F64 special(F64 x) { return magnitude_above(x, 0x40733A70); }  // from 307.652
+  static auto special(F64 x) { return magnitude_above<0x40733A70>(x); }  // from 307.652
   static F64 repair(F64 x, F64& r, F64 mask) { return repair_exp<F64>(x, r, mask, 308.3, -324.0); }
   static int32_t element(const double* x, double* r) { return power_element(*x, r, 308.3, -324.0, exp10_parts); }
 

@@ -3,7 +3,7 @@
 
 #include "zym/kernels/explog/constants_fit.h"
 #include "zym/kernels/explog/exp.h"
-#include "zym/kernels/explog/exp2.h"
+#include "zym/kernels/explog/exp2_factors.h"
 #include "zym/kernels/explog/exp_element.h"
 #include "zym/lanes/lanes.h"
 
@@ -34,17 +34,17 @@ V repair_expm1(V x, V& r, V mask, V overflow) {
   return andnot(above | below, mask);
 }
 
-// HA: (s - 1) + s (r + tail), where s - 1 is taken with its rounding error (two-sum), the product's leading part with
-// its own, and only the last sum rounds in the result.
-template <class V>
-V expm1_sum(V s, V r, V tail) {
+// HA: (s - 1) + s r and what `add_rest` adds, where s - 1 is taken with its rounding error (two-sum), the product's leading
+// part with its own, and only the last sum rounds in the result.
+template <class V, class AddRest>
+V expm1_sum(V s, V r, AddRest add_rest) {
   using E = typename V::Element;
   const V less = s - V(E(1));
   const V one = s - less;
   const V lost = (s - (less + one)) + (one - V(E(1)));
   const V head = fma(s, r, less);
   const V product_lost = fma(s, r, less - head);
-  return head + (fma(s, tail, product_lost) + lost);
+  return head + (add_rest(product_lost) + lost);
 }
 
 template <class V, Level L>
@@ -52,7 +52,7 @@ struct Expm1;
 
 template <Level L>
 struct Expm1<F32, L> {
-  static F32 special(F32 x) { return magnitude_above(x, std::bit_cast<uint32_t>(86.64f) - 1); }
+  static auto special(F32 x) { return magnitude_above<std::bit_cast<uint32_t>(86.64f) - 1>(x); }
   static F32 repair(F32 x, F32& r, F32 mask) { return repair_expm1(x, r, mask, F32(kExpOverflow32)); }
   static int32_t element(const float* x, float* r) { return expm1_element(*x, r, kExpOverflow32); }
 
@@ -62,21 +62,24 @@ struct Expm1<F32, L> {
       const F32 t = fma(x, F32(46.166241308446828f), F32(kShifter32));
       const F32 n = t - F32(kShifter32);
       const F32 r = fnma(n, F32(0.021660849392498290f), x);
-      const F32 head = gather(kExp2Single64, shift_left<1>(as_bits(t) & I32(31))).first;
-      const F32 s = scale_head<5>(head, t);
+      const F32 s = as_float(as_bits(exp2_of_32(as_bits(t))) + exponent_bits<5>(t));
       y = fma(s, fma(r * r, F32(kExpm1SingleEP[0]), r), s - F32(1.0f));
     } else {
       const F32 t = fma(x, F32(92.332482616893657f), F32(kShifter32));
       const F32 n = t - F32(kShifter32);
       const F32 upper = fnma(n, F32(kLn2Over64Head32), x);
       const F32 r = fnma(n, F32(kLn2Over64Tail32), upper);
-      const GatheredRows row = gather(kExp2Single64, as_bits(t) & I32(63));
-      const F32 s = scale_head<6>(row.first, t);
+      const Exp2Row row = Exp2Row::of_64(as_bits(t));
+      const I32 exponent = exponent_bits<6>(t);
+      const F32 s = as_float(as_bits(row.head) + exponent);
+      const F32 scale = as_float(as_bits(F32(1.0f)) + exponent);
       if constexpr (L == Level::LA) {
-        y = fma(s, fma(r * r, horner(r, kExpm1SingleLA), r) + row.second, s - F32(1.0f));
+        const F32 rest = fma(row.head, fma(r * r, horner(r, kExpm1SingleLA), r) + row.tail, row.low);
+        y = fma(scale, rest, s - F32(1.0f));
       } else {
         const F32 r_low = fnma(n, F32(kLn2Over64Tail32), upper - r);
-        y = expm1_sum(s, r, fma(r * r, horner(r, kExpm1SingleHA), r_low + fma(row.second, r, row.second)));
+        const F32 rest = fma(r * r, horner(r, kExpm1SingleHA), r_low + fma(row.tail, r, row.tail));
+        y = expm1_sum(s, r, [&](F32 lost) { return fma(scale, row.low, fma(s, rest, lost)); });
       }
     }
     return y | sign_of(x);  // +0 for -0 otherwise
@@ -85,7 +88,7 @@ struct Expm1<F32, L> {
 
 template <Level L>
 struct Expm1<F64, L> {
-  static F64 special(F64 x) { return magnitude_above(x, 0x40861D99); }  // from about 707.7
+  static auto special(F64 x) { return magnitude_above<0x40861D99>(x); }  // from about 707.7
   static F64 repair(F64 x, F64& r, F64 mask) { return repair_expm1(x, r, mask, F64(kExpOverflow64)); }
   static int32_t element(const double* x, double* r) { return expm1_element(*x, r, kExpOverflow64); }
 
@@ -106,7 +109,8 @@ struct Expm1<F64, L> {
         y = fma(s, fma(r * r, horner(r, kExpm1DoubleLA), r) + row.second, s - F64(1.0));
       } else {
         const F64 r_low = fnma(n, F64(kLn2Over128Tail), upper - r);
-        y = expm1_sum(s, r, fma(r * r, horner(r, kExpm1DoubleLA), r_low + fma(row.second, r, row.second)));
+        const F64 rest = fma(r * r, horner(r, kExpm1DoubleLA), r_low + fma(row.second, r, row.second));
+        y = expm1_sum(s, r, [&](F64 lost) { return fma(s, rest, lost); });
       }
     }
     return y | sign_of(x);  // +0 for -0 otherwise

@@ -14,12 +14,6 @@ struct Ln;
 
 // --- 32 bits --------------------------------------------------------------------------------------------------------
 
-// Not a positive normal number.
-inline F32 not_positive_normal(F32 x) {
-  // As integers 0x00800000 to 0x7F7FFFFF; moved so that they are all but the top of the signed range.
-  return as_float((as_bits(x) + I32(0x80000000u - 0x00800000u)) > I32(0x7EFFFFFFu ^ 0x80000000u));
-}
-
 // x = 2^e (1 + f), 1 + f in [2/3, 4/3).
 struct CentredSingle {
   F32 e, f;
@@ -46,7 +40,7 @@ inline constexpr float kLnSingleHA[] = {-0.12891685962677002f, 0.139844372868537
 
 template <Level L>
 struct LnSingle {
-  static F32 special(F32 x) { return not_positive_normal(x); }
+  static auto special(F32 x) { return not_positive_normal(x); }
   static int32_t element(const float* x, float* r) { return ln_element(x, r); }
 };
 
@@ -82,13 +76,6 @@ struct Ln<F32, Level::HA> : LnSingle<Level::HA> {
 };
 
 // --- 64 bits --------------------------------------------------------------------------------------------------------
-
-// The high words decide.
-inline F64 not_positive_normal(F64 x) {
-  const __m256i moved =
-      _mm256_add_epi32(as_bits(x).v, _mm256_set1_epi32(static_cast<int32_t>(0x80000000u - 0x00100000u)));
-  return as_float(I64(_mm256_cmpgt_epi32(moved, _mm256_set1_epi32(static_cast<int32_t>(0x7FDFFFFFu ^ 0x80000000u)))));
-}
 
 // x = 2^e m' with m' = 1024 m in [1, 2); rc is the integer nearest to an estimate of 1/m, r = rc m - 1, exact.
 struct KeyedDouble {
@@ -142,7 +129,7 @@ inline int32_t ln_element(const double* px, double* r) {
 }
 
 struct LnDouble {
-  static F64 special(F64 x) { return not_positive_normal(x); }
+  static auto special(F64 x) { return not_positive_normal(x); }
   static int32_t element(const double* x, double* r) { return ln_element(x, r); }
 };
 

@@ -12,7 +12,7 @@ namespace orvik::zym {
 
 template <class Base, Level L>
 struct LogSingle {
-  static F32 special(F32 x) { return not_positive_normal(x); }
+  static auto special(F32 x) { return not_positive_normal(x); }
   static int32_t element(const float* px, float* r) {
     int32_t code;
     if (!log_special(*px, r, &code)) *r = static_cast<float>(wide_log<Base>(*px));
@@ -56,7 +56,7 @@ F64 log_pairs(F64 x, double added) {
 
 template <class Base, Level L>
 struct LogDouble {
-  static F64 special(F64 x) { return not_positive_normal(x); }
+  static auto special(F64 x) { return not_positive_normal(x); }
   static int32_t element(const double* px, double* r) {
     int32_t code;
     if (!log_special(*px, r, &code)) *r = _mm256_cvtsd_f64(log_pairs<Base>(F64(*px * 0x1p54), 54.0).v);

@@ -48,10 +48,7 @@ struct Log1p;
 template <Level L>
 struct Log1p<F32, L> {
   // From 2^120 on 2^-e leaves the normal numbers.
-  static F32 special(F32 x) {  // as integers 1 + x is not from the smallest normal number to there
-    const I32 moved = as_bits(x + F32(1.0f)) + I32(0x80000000u - 0x00800000u);
-    return as_float(moved > I32((0x7B7FFFFFu - 0x00800000u) ^ 0x80000000u));
-  }
+  static auto special(F32 x) { return outside<0x00800000, 0x7B7FFFFF>(x + F32(1.0f)); }
   static int32_t element(const float* px, float* r) {
     int32_t code;
     if (!log1p_special(*px, r, &code)) *r = static_cast<float>(wide_log<BaseE>(*px));
@@ -65,8 +62,9 @@ struct Log1p<F32, L> {
       const OnePlus<F32> s(x);
       const I32 u = as_bits(s.sum) - I32(0x3F2AAAABu);
       const F32 e = to_float(shift_right_arithmetic<23>(u));
-      const F32 m = as_float((u & I32(0x007FFFFFu)) + I32(0x3F2AAAABu));
-      const F32 scale = as_float(I32(0x3F800000u) - (u & I32(0xFF800000u)));  // 2^-e
+      const I32 exponent = u & I32(0xFF800000u);
+      const F32 m = as_float(as_bits(s.sum) - exponent);
+      const F32 scale = as_float(I32(0x3F800000u) - exponent);  // 2^-e
       const F32 f = fma(s.lost, scale, m - F32(1.0f));
       F32 p;
       if constexpr (L == Level::EP) {
@@ -98,13 +96,7 @@ struct Log1p<F32, L> {
 template <Level L>
 struct Log1p<F64, L> {
   // From 2^1000 on 2^-e nears the end of the normal numbers.
-  static F64 special(F64 x) {  // as in 32 bits, by the high words
-    const F64 s = x + F64(1.0);
-    const __m256i moved =
-        _mm256_add_epi32(as_bits(s).v, _mm256_set1_epi32(static_cast<int32_t>(0x80000000u - 0x00100000u)));
-    return as_float(I64(
-        _mm256_cmpgt_epi32(moved, _mm256_set1_epi32(static_cast<int32_t>((0x7E6FFFFFu - 0x00100000u) ^ 0x80000000u)))));
-  }
+  static auto special(F64 x) { return outside<0x00100000, 0x7E6FFFFF>(x + F64(1.0)); }
   static int32_t element(const double* px, double* r) {
     int32_t code;
     if (!log1p_special(*px, r, &code)) *r = _mm256_cvtsd_f64(ln_pairs(F64(*px), 0.0).v);

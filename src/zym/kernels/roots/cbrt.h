@@ -91,9 +91,9 @@ template <class E>
 inline constexpr E kLiftRoot = sizeof(E) == 4 ? E(0x1p8) : E(0x1p18);
 
 template <class V>
-inline V not_normal(V x) {
-  if constexpr (V::width == 8) return outside_magnitude(x, 0x00800000, 0x7F7FFFFF);
-  if constexpr (V::width == 4) return outside_magnitude(x, 0x00100000, 0x7FEFFFFF);
+inline auto not_normal(V x) {
+  constexpr bool wide = V::width == 4;
+  return outside_magnitude<wide ? 0x00100000 : 0x00800000, wide ? 0x7FEFFFFF : 0x7F7FFFFF>(x);
 }
 
 // w ~ z^(-1/3). The 64-bit EP level has one more power here and two fewer behind.
@@ -112,7 +112,7 @@ inline F64 inverse_cube_root(const Thirds<F64>& t) {
 template <class Fn, class V>
 struct CbrtElement {
   using E = typename V::Element;
-  static V special(V x) { return roots::not_normal(x); }
+  static auto special(V x) { return roots::not_normal(x); }
   static int32_t element(const E* px, E* r) {
     const E x = *px;
     if (is_nan(x) || is_infinite(x)) {
@@ -166,7 +166,7 @@ struct Cbrt<F64, L> : CbrtElement<Cbrt<F64, L>, F64> {
 template <class Fn, class V>
 struct InvCbrtElement {
   using E = typename V::Element;
-  static V special(V x) { return roots::not_normal(x); }
+  static auto special(V x) { return roots::not_normal(x); }
   static int32_t element(const E* px, E* r) {
     const E x = *px;
     if (is_nan(x)) {
@@ -225,7 +225,7 @@ struct InvCbrt<F64, L> : InvCbrtElement<InvCbrt<F64, L>, F64> {
 template <class Fn, class V>
 struct Pow2o3Element {
   using E = typename V::Element;
-  static V special(V x) { return roots::not_normal(x); }
+  static auto special(V x) { return roots::not_normal(x); }
   static int32_t element(const E* px, E* r) {
     const E x = *px;
     if (is_nan(x)) {

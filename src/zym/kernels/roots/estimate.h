@@ -23,25 +23,16 @@ inline F64 inverse_root(F64 x) {
   return as_float((shift_right<3>(estimate) + I64(high(1407u << 20))) - exponent);
 }
 
-// Special lanes: bits outside [first, last], all of them positive. One addition moves the range to the lowest signed
-// integers, one compare finds what is above. In 64 bits the high words decide.
-inline F32 outside(F32 x, uint32_t first, uint32_t last) {
-  const uint32_t shift = 0x80000000u - first;
-  return as_float((as_bits(x) + I32(shift)) > I32(last + shift));
-}
-inline F64 outside(F64 x, uint32_t first, uint32_t last) {
-  const uint32_t shift = 0x80000000u - first;
-  return as_float(high_above(as_bits(x) + I64(high(shift)), I64(high(last + shift) | 0xFFFFFFFFu)));
-}
-
-// The same on magnitudes: the sign leaves by a shift.
-inline F32 outside_magnitude(F32 x, uint32_t first, uint32_t last) {
+// Special lanes by magnitude, as by `outside`: the sign leaves by a shift.
+template <uint32_t first, uint32_t last>
+auto outside_magnitude(F32 x) {
   const I32 moved = shift_left<1>(as_bits(x)) + I32(0x80000000u - 2 * first);
-  return as_float(moved > I32(2 * (last - first) + 0x80000001u));
+  return Above<F32, static_cast<int32_t>(2 * (last - first) + 0x80000001u)>{moved.v};
 }
-inline F64 outside_magnitude(F64 x, uint32_t first, uint32_t last) {
+template <uint32_t first, uint32_t last>
+auto outside_magnitude(F64 x) {
   const I64 moved = shift_left<1>(as_bits(x)) + I64(high(0x80000000u - 2 * first));
-  return as_float(high_above(moved, I64(high(2 * (last - first) + 0x80000001u))));
+  return Above<F64, static_cast<int32_t>(2 * (last - first) + 0x80000001u)>{moved.v};
 }
 
 }  // namespace orvik::zym::roots

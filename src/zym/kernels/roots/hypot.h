@@ -38,7 +38,7 @@ int32_t hypot_element(E a, E b, E* r, Finite finite) {
 template <Level L>
 struct Hypot<F32, L> {
   static constexpr int vectors = 2;
-  static F32 special(F32 a, F32 b) { return roots::outside(fma(a, a, b * b), 0x0D800000, 0x7E7FFFFF); }
+  static auto special(F32 a, F32 b) { return outside<0x0D800000, 0x7E7FFFFF>(fma(a, a, b * b)); }
 
   static F32 lanes(F32 a, F32 b) {
     if constexpr (L == Level::HA) {
@@ -63,7 +63,7 @@ struct Hypot<F32, L> {
 template <Level L>
 struct Hypot<F64, L> {
   static constexpr int vectors = 2;
-  static F64 special(F64 a, F64 b) { return roots::outside(fma(a, a, b * b), 0x07B00000, 0x7FAFFFFF); }
+  static auto special(F64 a, F64 b) { return outside<0x07B00000, 0x7FAFFFFF>(fma(a, a, b * b)); }
 
   static F64 lanes(F64 a, F64 b) {
     if constexpr (L == Level::HA) {

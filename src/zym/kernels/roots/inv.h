@@ -32,7 +32,7 @@ struct RefinedReciprocal;
 // In range: normal, with a normal reciprocal; |x| <= 4.2519718974541703e+37.
 template <Level L>
 struct RefinedReciprocal<F32, L> {
-  static F32 special(F32 x) { return roots::outside_magnitude(x, 0x00800000, 0x7DFFE800); }
+  static auto special(F32 x) { return roots::outside_magnitude<0x00800000, 0x7DFFE800>(x); }
   static F32 lanes(F32 x) {
     const F32 y = reciprocal_estimate(x);
     const F32 e = fnma(x, y, F32(1.0f));
@@ -44,7 +44,7 @@ struct RefinedReciprocal<F32, L> {
 // In range: a normal float when narrowed, 2^-126 <= |x| < 2^125, so that the estimate is one as well.
 template <Level L>
 struct RefinedReciprocal<F64, L> {
-  static F64 special(F64 x) { return roots::outside_magnitude(x, 0x38100000, 0x47BFFFFF); }
+  static auto special(F64 x) { return roots::outside_magnitude<0x38100000, 0x47BFFFFF>(x); }
   static F64 lanes(F64 x) {
     const F64 y = reciprocal_estimate(x);
     const F64 e = fnma(x, y, F64(1.0));
@@ -57,7 +57,7 @@ struct RefinedReciprocal<F64, L> {
 
 template <class V, Level L>
 struct Inv : InvElement<typename V::Element> {
-  static V special(V x) { return RefinedReciprocal<V, L>::special(x); }
+  static auto special(V x) { return RefinedReciprocal<V, L>::special(x); }
   static V lanes(V x) { return RefinedReciprocal<V, L>::lanes(x); }
 };
 template <class V>
@@ -75,7 +75,7 @@ struct HardwareDiv : DivElement<typename V::Element> {
 // The dividend comes in by one last multiplication, so that every one of them is plain.
 template <class V, Level L>
 struct Div : DivElement<typename V::Element> {
-  static V special(V, V b) { return RefinedReciprocal<V, L>::special(b); }
+  static auto special(V, V b) { return RefinedReciprocal<V, L>::special(b); }
   static V lanes(V a, V b) { return a * RefinedReciprocal<V, L>::lanes(b); }
 };
 template <class V>

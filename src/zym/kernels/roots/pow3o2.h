@@ -30,7 +30,7 @@ int32_t pow3o2_element(E x, E* r, Positive positive) {
 // From 2^-64 on the low part of the product is normal; below 1.25 * 2^85 the result is finite at every level.
 template <Level L>
 struct Pow3o2<F32, L> {
-  static F32 special(F32 x) { return roots::outside(x, 0x1F800000, 0x6A1FFFFF); }
+  static auto special(F32 x) { return outside<0x1F800000, 0x6A1FFFFF>(x); }
 
   static F32 lanes(F32 x) {
     const F32 y = roots::inverse_root(x);
@@ -54,7 +54,7 @@ struct Pow3o2<F32, L> {
 template <Level L>
 struct Pow3o2<F64, L> {
   static constexpr int vectors = 2;
-  static F64 special(F64 x) { return roots::outside(x, 0x1A700000, 0x6A8FFFFF); }  // [2^-600, 2^682)
+  static auto special(F64 x) { return outside<0x1A700000, 0x6A8FFFFF>(x); }  // [2^-600, 2^682)
 
   static F64 lanes(F64 x) {
     const F64 y = roots::inverse_root(x);

@@ -78,7 +78,7 @@ struct Sqrt;
 // Below 2^-100 the residue x - s^2 would be denormal.
 template <Level L>
 struct Sqrt<F32, L> : SqrtElement<float> {
-  static F32 special(F32 x) { return roots::outside(x, 0x0D800000, 0x7F7FFFFF); }
+  static auto special(F32 x) { return outside<0x0D800000, 0x7F7FFFFF>(x); }
 
   // The residue with the first estimate leaves 1.5 (1.5 * 2^-12)^2 = 2.0e-7, 3.4 ulp.
   static F32 lanes(F32 x) {
@@ -105,7 +105,7 @@ struct Sqrt<F32, L> : SqrtElement<float> {
 // The rounding of s = x y counts half: at most a quarter of an ulp, 0.77 ulp in all.
 template <Level L>
 struct Sqrt<F64, L> : SqrtElement<double> {
-  static F64 special(F64 x) { return roots::outside(x, 0x00100000, 0x7FEFFFFF); }
+  static auto special(F64 x) { return outside<0x00100000, 0x7FEFFFFF>(x); }
 
   static F64 lanes(F64 x) {
     const F64 y = roots::inverse_root(x);
@@ -121,7 +121,7 @@ struct InvSqrt;
 
 template <Level L>
 struct InvSqrt<F32, L> : InvSqrtElement<float> {
-  static F32 special(F32 x) { return roots::outside(x, 0x00800000, 0x7F7FFFFF); }
+  static auto special(F32 x) { return outside<0x00800000, 0x7F7FFFFF>(x); }
 
   static F32 lanes(F32 x) {
     const F32 y = roots::inverse_root(x);
@@ -140,7 +140,7 @@ struct InvSqrt<F32, L> : InvSqrtElement<float> {
 // From 2^1021 on y^2 may be denormal.
 template <Level L>
 struct InvSqrt<F64, L> : InvSqrtElement<double> {
-  static F64 special(F64 x) { return roots::outside(x, 0x00100000, 0x7FBFFFFF); }
+  static auto special(F64 x) { return outside<0x00100000, 0x7FBFFFFF>(x); }
 
   // y has 24 bits at most, so y^2 is exact.
   static F64 lanes(F64 x) {

@@ -49,7 +49,7 @@ template <class V, Level>
 struct Frac {
   using E = typename V::Element;
   static constexpr bool streams = true;
-  static V special(V x) { return not_finite(x); }
+  static auto special(V x) { return not_finite(x); }
   static V lanes(V x) { return (x - round<_MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC>(x)) | sign_of(x); }
   static int32_t element(const E* x, E* r) {
     const double wide = static_cast<double>(*x);
@@ -61,7 +61,7 @@ struct Frac {
 template <class V, Level>
 struct Modf {
   using E = typename V::Element;
-  static V special(V x) { return not_finite(x); }
+  static auto special(V x) { return not_finite(x); }
   static Pair<V> lanes(V x) {
     const V whole = round<_MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC>(x);
     return {whole, (x - whole) | sign_of(x)};

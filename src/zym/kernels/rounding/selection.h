@@ -17,7 +17,7 @@ template <class V>
 struct Selection {
   using E = typename V::Element;
   static constexpr bool streams = true;
-  static V special(V a, V b) { return not_finite(a) | not_finite(b); }
+  static auto special(V a, V b) { return not_finite(a) | not_finite(b); }
   static int32_t element(const E* a, const E* b, E* r) {
     if (is_nan(*b)) {
       *r = is_nan(*a) ? quiet(*b) : quiet(*a);

@@ -6,11 +6,13 @@
 //   element(...)    that routine (see ElementRoutine);
 //   repair(V..., V& r, V mask)   in NOERR mode: blends the commonest special results into r, returns the mask that is
 //                   left.
-// Optional: `vectors` (how many are in flight, 4 by default), `filler` (of inactive lanes, where V's would raise a flag),
-// `streams` (true where memory bandwidth is the only limit: large results bypass the caches).
+// Optional: `lanes_stand` (the element routine may leave what the lanes computed), `vectors` (how many are in flight, 4
+// by default), `filler` (of inactive and special lanes, where V's would raise a flag), `streams` (true where memory
+// bandwidth is the only limit: large results bypass the caches).
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <utility>
 
@@ -36,6 +38,10 @@ concept HasVectors = requires {
 };
 template <class Fn>
 concept HasFiller = requires { Fn::filler; };
+template <class Fn>
+concept LanesStand = requires {
+  Fn::lanes_stand;
+};
 template <class Fn>
 concept Streams = requires {
   Fn::streams;
@@ -149,6 +155,16 @@ struct Kernel {
     (std::make_index_sequence<In>());
   }
 
+  // Puts the filler into the special lanes and says which they are: what they would compute is not used, but may raise
+  // flags or be slow (denormals).
+  static uint32_t take_special(Inputs& x) {
+    const V mask = special_lanes(x);
+    if constexpr (!LanesStand<Fn>) {
+      for (int j = 0; j < In; ++j) x[j] = select(mask, V(kFiller), x[j]);
+    }
+    return lane_bits(mask);
+  }
+
   static V repaired(uint32_t mode, const Inputs& x, Results& r, V mask) {
     if constexpr (HasRepair<Fn>) {
       if ((mode & kErrorField) == ZYM_ERRMODE_NOERR) {
@@ -173,27 +189,31 @@ struct Kernel {
     }
   };
 
-  // Redoes and reports the special elements of `count` ones from i on, whose lanes' results are stored already.
+  // Redoes and reports the special elements of the block at i, whose lanes' results are stored already: `bits` says
+  // which. One loop over the bits of the whole block: its end is the only branch that a lone special element makes hard
+  // to foresee.
   [[gnu::noinline, gnu::cold]] static void redo_special(const char* name, uint32_t mode, const Arrays& a, int64_t i,
-                                                        int count, const Saved& saved) {
-    for (int v = 0; v * V::width < count; ++v) {
-      const Inputs x = saved.inputs(v);
-      const int k = count - v * V::width < V::width ? count - v * V::width : V::width;
-      const int64_t at = i + v * V::width;
-      V mask = special_lanes(x);
-      if (HasRepair<Fn> && (mode & kErrorField) == ZYM_ERRMODE_NOERR) {
-        Results r = k == V::width ? load_results(a, at) : load_first_results(a, at, k);
-        mask = repaired(mode, x, r, mask);
-        store_k_results(a, at, k, r);
-      }
-      const uint32_t bits = lane_bits(mask) & ((1u << k) - 1);  // a scalar operand is special in the inactive lanes too
-      if (bits == 0) continue;
-      const E* xs[In];
-      E* rs[Out];
-      for (int j = 0; j < In; ++j) xs[j] = saved.lanes[j] + v * V::width;
-      for (int j = 0; j < Out; ++j) rs[j] = a.out[j] + at;
-      special_elements<E, In, Out>(&Fn::element, name, a, at, bits, xs, rs);
+                                                        uint32_t bits, const Saved& saved) {
+    if (HasRepair<Fn> && (mode & kErrorField) == ZYM_ERRMODE_NOERR) bits = repair_block(mode, a, i, bits, saved);
+    const E* xs[In];
+    E* rs[Out];
+    for (int j = 0; j < In; ++j) xs[j] = saved.lanes[j];
+    for (int j = 0; j < Out; ++j) rs[j] = a.out[j] + i;
+    special_elements<E, In, Out>(&Fn::element, name, a, i, bits, xs, rs);
+  }
+
+  // Only elements up to the last special one are touched.
+  static uint32_t repair_block(uint32_t mode, const Arrays& a, int64_t i, uint32_t bits, const Saved& saved) {
+    uint32_t left = 0;
+    const int count = 32 - std::countl_zero(bits);
+    for (int at = 0; at < count; at += V::width) {
+      const int k = count - at < V::width ? count - at : V::width;
+      const Inputs x = saved.inputs(at / V::width);
+      Results r = k == V::width ? load_results(a, i + at) : load_first_results(a, i + at, k);
+      left |= lane_bits(repaired(mode, x, r, special_lanes(x))) << at;
+      store_k_results(a, i + at, k, r);
     }
+    return left & bits;
   }
 
   // The strided form computes as well: results are spread element by element in index order, since two elements may
@@ -230,7 +250,9 @@ struct Kernel {
                                                Store store_at, const Params&... params) {
     constexpr int64_t kElements = N * V::width;
     const int64_t last = n - kElements;
+    static_assert(kElements <= 32);
     Saved saved;
+    uint32_t bits = 0;
     for (;;) {
       bool plain = true;
       while (i <= last) {
@@ -244,7 +266,12 @@ struct Kernel {
           plain = none(mask);
           if (!plain) [[unlikely]] {
             if constexpr (Access::strided) break;
-            for (int v = 0; v < N; ++v) saved.keep(v, x[v]);
+            bits = 0;
+#pragma GCC unroll 8
+            for (int v = 0; v < N; ++v) {
+              saved.keep(v, x[v]);
+              bits |= take_special(x[v]) << (v * V::width);
+            }
           }
         }
 #pragma GCC unroll 8
@@ -260,7 +287,7 @@ struct Kernel {
           run_special(name, mode, copy, i, kElements, params...);
           i += kElements;
         } else {
-          redo_special(name, mode, copy, i - kElements, kElements, saved);
+          redo_special(name, mode, copy, i - kElements, bits, saved);
         }
       }
     }
@@ -269,8 +296,9 @@ struct Kernel {
   // The first or last k < width elements.
   [[gnu::always_inline]] static void partial(const char* name, uint32_t mode, const Arrays& a, int64_t i, int k,
                                              const Params&... params) {
-    const Inputs x = load_first_inputs(a, i, k);
+    Inputs x = load_first_inputs(a, i, k);
     if constexpr (HasSpecial<Fn>) {
+      // A scalar operand is special in the inactive lanes too.
       if ((lane_bits(special_lanes(x)) & ((1u << k) - 1)) != 0) [[unlikely]] {
         const Arrays copy = a;
         if constexpr (Access::strided) {
@@ -278,8 +306,9 @@ struct Kernel {
         } else {
           Saved saved;
           saved.keep(0, x);
+          const uint32_t bits = take_special(x) & ((1u << k) - 1);
           store_first_results(a, i, k, compute(x, params...));
-          redo_special(name, mode, copy, i, k, saved);
+          redo_special(name, mode, copy, i, bits, saved);
         }
         return;
       }

@@ -2,7 +2,9 @@
 
 #include <bit>
 
+#include "orvik/zym_types.h"
 #include "zym/frame/report.h"
+#include "zym/frame/thread_state.h"
 
 namespace orvik::zym {
 namespace {
@@ -18,6 +20,19 @@ int32_t call(typename ElementRoutine<E, In, Out>::Type routine, const E* const (
   }
 }
 
+// Stores the lane's result where the reporter and a callback see it, and takes back what they leave.
+template <class E, int In, int Out>
+[[gnu::noinline]] void report(int32_t code, const char* name, const Operands<E, In, Out>& operands, int64_t position,
+                              int lane, E* const (&r)[Out]) {
+  for (int j = 0; j < Out; ++j) operands.out[j][position * operands.out_step[j]] = r[j][lane];
+  const auto step = [](int64_t s) { return static_cast<int32_t>(s); };
+  report_strided(static_cast<const E*>(nullptr))(
+      code, static_cast<int32_t>(position), operands.in[0], step(operands.in_step[0]), operands.in[In - 1],
+      step(operands.in_step[In - 1]), operands.out[0], step(operands.out_step[0]), operands.out[Out - 1],
+      step(operands.out_step[Out - 1]), name);
+  for (int j = 0; j < Out; ++j) r[j][lane] = operands.out[j][position * operands.out_step[j]];
+}
+
 }  // namespace
 
 template <class E, int In, int Out>
@@ -27,15 +42,8 @@ void special_elements(typename ElementRoutine<E, In, Out>::Type routine, const c
   for (; mask != 0; mask &= mask - 1) {
     const int lane = std::countr_zero(mask);
     const int32_t code = call<E, In, Out>(routine, x, r, lane);
-    if (code == 0) continue;
-    const int64_t position = index + lane;
-    for (int j = 0; j < Out; ++j) operands.out[j][position * operands.out_step[j]] = r[j][lane];
-    const auto step = [](int64_t s) { return static_cast<int32_t>(s); };
-    report_strided(static_cast<const E*>(nullptr))(
-        code, static_cast<int32_t>(position), operands.in[0], step(operands.in_step[0]), operands.in[In - 1],
-        step(operands.in_step[In - 1]), operands.out[0], step(operands.out_step[0]), operands.out[Out - 1],
-        step(operands.out_step[Out - 1]), name);
-    for (int j = 0; j < Out; ++j) r[j][lane] = operands.out[j][position * operands.out_step[j]];
+    if (code == 0 || (current_mode() & kErrorField) == ZYM_ERRMODE_NOERR) continue;  // a callback may change the mode
+    report<E, In, Out>(code, name, operands, index + lane, lane, r);
   }
 }
 

@@ -79,7 +79,7 @@ struct Expm1<F32, L> {
       } else {
         const F32 r_low = fnma(n, F32(kLn2Over64Tail32), upper - r);
         const F32 rest = fma(r * r, horner(r, kExpm1SingleHA), r_low + fma(row.tail, r, row.tail));
-        y = expm1_sum(s, r, [&](F32 lost) { return fma(scale, row.low, fma(s, rest, lost)); });
+        y = expm1_sum(s, r, [&](F32 lost) { return fma(scale, fma(row.low, r, row.low), fma(s, rest, lost)); });
       }
     }
     return y | sign_of(x);  // +0 for -0 otherwise

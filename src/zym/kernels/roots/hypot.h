@@ -44,13 +44,13 @@ struct Hypot<F32, L> {
     if constexpr (L == Level::HA) {
       const SquareSum<F32> sum(a, b);
       const F32 y = roots::inverse_root(sum.s);
-      const auto root = Sqrt<F32, Level::HA>::refined(sum.s, sum.s * y, y * F32(0.5f));
+      const auto root = Sqrt<F32, Level::HA>::refined(sum.s, sum.s * y, half_of(y));
       return fma(root.residue + sum.low, root.factor, root.head);
     } else {
       const F32 s = fma(a, a, b * b);
       const F32 y = roots::inverse_root(s);
       if constexpr (L == Level::EP) return s * y;
-      return Sqrt<F32, Level::HA>::refined(s, s * y, y * F32(0.5f)).sum();
+      return Sqrt<F32, Level::HA>::refined(s, s * y, half_of(y)).sum();
     }
   }
 
@@ -67,14 +67,10 @@ struct Hypot<F64, L> {
 
   static F64 lanes(F64 a, F64 b) {
     if constexpr (L == Level::HA) {
+      // The rounded root g, and what it lacks by the estimate of 1/g.
       const SquareSum<F64> sum(a, b);
-      const F64 y = roots::inverse_root(sum.s);
-      const F64 y2 = y * y;  // exact: 24 bits at most
-      const F64 g = sum.s * y;
-      const F64 g_low = fms(sum.s, y, g);
-      const F64 d = fnma(sum.s, y2, F64(1.0));
-      // The low part of the sum moves the root by low y / 2.
-      return g + fma(g, d * horner(d, roots::kInverseRootTail), fma(sum.low * y, F64(0.5), g_low));
+      const F64 g = sqrt(sum.s);
+      return fma(fnma(g, g, sum.s) + sum.low, half_of(roots::inverse_root(sum.s)), g);
     } else {
       return Sqrt<F64, L>::lanes(fma(a, a, b * b));
     }

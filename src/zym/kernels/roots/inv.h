@@ -2,17 +2,29 @@
 // e = 1 - x y, |e| <= 1.5 * 2^-12. Special lanes are divided one at a time; a zero divisor is reported, 0/0 included.
 #pragma once
 
+#include <cmath>
+
 #include "orvik/zym_types.h"
 #include "zym/kernels/roots/estimate.h"
 #include "zym/lanes/scalar.h"
 
 namespace orvik::zym {
 
+// a / b with one rounding, but never by a division of or to a denormal number, which stalls some processors: floats in
+// 64 bits, where 53 bits are enough to round twice, doubles with a divisor moved towards 1.
+inline float extreme_quotient(float a, float b) {
+  return static_cast<float>(static_cast<double>(a) / opaque(static_cast<double>(b)));
+}
+inline double extreme_quotient(double a, double b) {
+  if (std::fabs(b) < 0x1p-1000 && b != 0) return a / opaque(b * 0x1p60) * 0x1p60;
+  return a / opaque(b);
+}
+
 template <class E>
 struct InvElement {
   static int32_t element(const E* px, E* r) {
     const E x = *px;
-    *r = E(1) / opaque(x);
+    *r = extreme_quotient(E(1), x);
     return x == 0 ? zymErrorSingularity : 0;
   }
 };
@@ -21,7 +33,7 @@ template <class E>
 struct DivElement {
   static int32_t element(const E* pa, const E* pb, E* r) {
     const E b = *pb;
-    *r = *pa / opaque(b);
+    *r = extreme_quotient(*pa, b);
     return b == 0 ? zymErrorSingularity : 0;
   }
 };
@@ -60,15 +72,22 @@ struct Inv : InvElement<typename V::Element> {
   static auto special(V x) { return RefinedReciprocal<V, L>::special(x); }
   static V lanes(V x) { return RefinedReciprocal<V, L>::lanes(x); }
 };
+// Not a normal number, or with a reciprocal that is none: the division instruction is right there too, but slow.
+template <class V>
+auto extreme(V x) {
+  constexpr bool wide = V::width == 4;
+  return roots::outside_magnitude<wide ? 0x00100000 : 0x00800000, wide ? 0x7FCFFFFF : 0x7E7FFFFF>(x);
+}
+
 template <class V>
 struct Inv<V, Level::HA> : InvElement<typename V::Element> {
-  static V special(V x) { return compare<_CMP_EQ_OQ>(x, V(0.0f)); }
+  static auto special(V x) { return extreme(x); }
   static V lanes(V x) { return V(1.0f) / x; }
 };
 
 template <class V>
 struct HardwareDiv : DivElement<typename V::Element> {
-  static V special(V, V b) { return compare<_CMP_EQ_OQ>(b, V(0.0f)); }
+  static auto special(V, V b) { return extreme(b); }
   static V lanes(V a, V b) { return a / b; }
 };
 

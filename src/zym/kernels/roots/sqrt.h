@@ -85,7 +85,7 @@ struct Sqrt<F32, L> : SqrtElement<float> {
     const F32 y = roots::inverse_root(x);
     const F32 s = x * y;
     if constexpr (L == Level::EP) return s;
-    const F32 h = y * F32(0.5f);
+    const F32 h = half_of(y);
     if constexpr (L == Level::LA) return fma(fnma(s, s, x), h, s);
     return refined(x, s, h).sum();
   }
@@ -133,7 +133,7 @@ struct InvSqrt<F32, L> : InvSqrtElement<float> {
       return fma(y * d, fma(d, F32(0.375f), F32(0.5f)), y);
     }
     // One step leaves -3/8 d^2, from -2.0e-7 to 0: half of 2^-22 moves it to the middle, 3.0 ulp with the roundings.
-    return fma(y * F32(0.5f), fnma(s, y, F32(0x1.000004p0f)), y);
+    return fma(half_of(y), fnma(s, y, F32(0x1.000004p0f)), y);
   }
 };
 

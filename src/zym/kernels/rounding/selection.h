@@ -17,6 +17,7 @@ template <class V>
 struct Selection {
   using E = typename V::Element;
   static constexpr bool streams = true;
+  static constexpr bool lanes_stand = true;
   static auto special(V a, V b) { return not_finite(a) | not_finite(b); }
   static int32_t element(const E* a, const E* b, E* r) {
     if (is_nan(*b)) {

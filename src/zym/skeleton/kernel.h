@@ -251,8 +251,6 @@ struct Kernel {
     constexpr int64_t kElements = N * V::width;
     const int64_t last = n - kElements;
     static_assert(kElements <= 32);
-    Saved saved;
-    uint32_t bits = 0;
     for (;;) {
       bool plain = true;
       while (i <= last) {
@@ -264,31 +262,31 @@ struct Kernel {
 #pragma GCC unroll 8
           for (int v = 1; v < N; ++v) mask = mask | special_lanes(x[v]);
           plain = none(mask);
-          if (!plain) [[unlikely]] {
-            if constexpr (Access::strided) break;
-            bits = 0;
-#pragma GCC unroll 8
-            for (int v = 0; v < N; ++v) {
-              saved.keep(v, x[v]);
-              bits |= take_special(x[v]) << (v * V::width);
-            }
-          }
+          if (!plain) [[unlikely]]
+            break;
         }
 #pragma GCC unroll 8
         for (int v = 0; v < N; ++v) store_at(i + v * V::width, compute(x[v], params...));
         i += kElements;
-        if (!plain) [[unlikely]]
-          break;
       }
       if (plain) return i;
       if constexpr (HasSpecial<Fn>) {
         const Arrays copy = a;  // the hot loop's pointers must not escape
         if constexpr (Access::strided) {
           run_special(name, mode, copy, i, kElements, params...);
-          i += kElements;
         } else {
-          redo_special(name, mode, copy, i - kElements, bits, saved);
+          Saved saved;
+          uint32_t bits = 0;
+#pragma GCC unroll 8
+          for (int at = 0; at < kElements; at += V::width) {
+            Inputs x = load_inputs(a, i + at);
+            saved.keep(at / V::width, x);
+            bits |= take_special(x) << at;
+            store_at(i + at, compute(x, params...));
+          }
+          redo_special(name, mode, copy, i, bits, saved);
         }
+        i += kElements;
       }
     }
   }

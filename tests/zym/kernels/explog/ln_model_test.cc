@@ -1,5 +1,6 @@
 // The lanes of ln x against a scalar model of their steps, bit for bit.
 #include <immintrin.h>
+#include <mpfr.h>
 
 #include <cmath>
 #include <random>
@@ -72,23 +73,94 @@ TEST(LnModel, FloatLanesHaveTheBitsOfTheirSteps) {
   compare(2, ln_ep);
 }
 
-// 64 bits, EP, inputs in [1, 1.4): the table's rows there are the plain -ln(rc/1024).
-double ln_ep(double x) {
-  const double m = x * 0x1p-10;
+// 64 bits. x = 2^e m with m in [1, 2); rc is the integer nearest to the estimate of 1024/m, r = rc m / 1024 - 1.
+struct Keyed {
+  double e, rc, r;
+};
+Keyed keyed(double x) {
+  int e;
+  const double m = std::frexp(x, &e) * 0x1p-9;  // in [2^-10, 2^-9)
   const double rc = std::nearbyint(static_cast<double>(_mm_cvtss_f32(_mm_rcp_ps(_mm_set1_ps(static_cast<float>(m))))));
-  const double r = std::fma(rc, m, -1.0);
-  const double p = std::fma(0.33333333333308374, r, -0.49999999999988803);
-  const double table = rc == 1024 ? 0.0 : static_cast<double>(-std::log(static_cast<long double>(rc) / 1024));
-  return (table + r) + r * r * p;
+  return {static_cast<double>(e - 1), rc, std::fma(rc, m, -1.0)};
 }
 
-TEST(LnModel, DoubleLanesHaveTheBitsOfTheirStepsFromOneToTheRootOfTwo) {
-  std::vector<double> x(8003), r(x.size());
-  for (size_t i = 0; i < x.size(); ++i) x[i] = 1.0 + 0.4 * static_cast<double>(i) / static_cast<double>(x.size());
+// -ln(numerator/denominator): the nearest multiple of `grid` (0: the nearest double), and the rest.
+struct Log {
+  double head, low;
+};
+Log minus_ln(double numerator, double denominator, double grid) {
+  mpfr_t exact, head;
+  mpfr_inits2(200, exact, head, static_cast<mpfr_ptr>(nullptr));
+  mpfr_set_d(exact, numerator, MPFR_RNDN);
+  mpfr_div_d(exact, exact, denominator, MPFR_RNDN);
+  mpfr_log(exact, exact, MPFR_RNDN);
+  mpfr_neg(exact, exact, MPFR_RNDN);
+  if (grid == 0) {
+    mpfr_set_d(head, mpfr_get_d(exact, MPFR_RNDN), MPFR_RNDN);
+  } else {
+    mpfr_div_d(head, exact, grid, MPFR_RNDN);
+    mpfr_rint(head, head, MPFR_RNDN);
+    mpfr_mul_d(head, head, grid, MPFR_RNDN);
+  }
+  mpfr_sub(exact, exact, head, MPFR_RNDN);
+  const Log log = {mpfr_get_d(head, MPFR_RNDN), mpfr_get_d(exact, MPFR_RNDN)};
+  mpfr_clears(exact, head, static_cast<mpfr_ptr>(nullptr));
+  return log;
+}
+
+constexpr double kLn2Head = 0.6931471805582987, kLn2Tail = 1.6465949582866463e-12;
+constexpr double kC5 = 0.2000003665949424, kC4 = -0.2500003054940248, kC3 = 0.33333333333308374,
+                 kC2 = -0.49999999999988803;
+
+// Rows below 724 belong to the next exponent, so that the logarithms on both sides of 1 are small.
+double ln_short(double x, double p(double)) {
+  Keyed k = keyed(x);
+  double row = k.rc == 1024 || k.rc == 512 ? 0.0 : minus_ln(k.rc, k.rc < 724 ? 512 : 1024, 0).head;
+  if (k.rc < 724) k.e += 1;
+  const double head = std::fma(k.e, kLn2Head, row) + k.r;
+  return head + std::fma(k.e, kLn2Tail, k.r * k.r * p(k.r));
+}
+double ln_ep(double x) {
+  return ln_short(x, [](double r) { return std::fma(kC3, r, kC2); });
+}
+double ln_la(double x) {
+  return ln_short(x, [](double r) { return std::fma(std::fma(std::fma(kC5, r, kC4), r, kC3), r, kC2); });
+}
+
+// The heads on a grid of 2^-38, so that they add exactly to the exponent's multiple; row 512 cancels it.
+double ln_ha(double x) {
+  const Keyed k = keyed(x);
+  Log row = {0, 0};
+  if (k.rc == 512) {
+    row = {kLn2Head, kLn2Tail};
+  } else if (k.rc != 1024) {
+    row = minus_ln(k.rc, 1024, 0x1p-38);
+  }
+  const double r = k.r;
+  const double p = r * r * std::fma(std::fma(kC5, r, kC4), r * r, std::fma(kC3, r, kC2));
+  const double table = std::fma(k.e, kLn2Head, row.head);
+  const double head = table + r;
+  const double lost = r - (head - table);
+  return head + (std::fma(k.e, kLn2Tail, row.low) + (p + lost));
+}
+
+void compare_double(int level, double (*model)(double)) {
+  std::mt19937_64 random(13);
+  std::vector<double> x(20011), r(x.size());
+  for (size_t i = 0; i < x.size(); ++i) {
+    x[i] = std::bit_cast<double>(0x0010000000000000u + random() % 0x7FE0000000000000u);
+    if (i % 3 == 0) x[i] = 0.5 + static_cast<double>(random() % 15000017) / 1e7;
+  }
   Call<double> c;
   c.n = static_cast<int32_t>(x.size()), c.a = x.data(), c.r1 = r.data();
-  ASSERT_TRUE(call_row(row_named("dLn"), 2, false, c));
-  for (size_t i = 0; i < x.size(); ++i) ASSERT_EQ(r[i], ln_ep(x[i])) << x[i];
+  ASSERT_TRUE(call_row(row_named("dLn"), level, false, c));
+  for (size_t i = 0; i < x.size(); ++i) ASSERT_EQ(r[i], model(x[i])) << x[i];
+}
+
+TEST(LnModel, DoubleLanesHaveTheBitsOfTheirSteps) {
+  compare_double(0, ln_la);
+  compare_double(1, ln_ha);
+  compare_double(2, ln_ep);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <bit>
 #include <cstring>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,19 @@ inline const Row& row_named(std::string_view name) {
   EXPECT_NE(row, nullptr) << "no row " << name;
   return row != nullptr ? *row : rows::all().front();
 }
+
+// For typed suites over both element types: TYPED_TEST_SUITE(Name, Elements) with a class template Name of this base.
+using Elements = testing::Types<float, double>;
+template <class E>
+class ElementTest : public testing::Test {
+ protected:
+  using L = std::numeric_limits<E>;
+  static constexpr E inf = L::infinity();
+  static constexpr E nan = L::quiet_NaN();
+  static constexpr E tiny = L::denorm_min();
+  static constexpr E smallest = L::min();
+  static constexpr E largest = L::max();
+};
 
 template <class E>
 struct Outcome {

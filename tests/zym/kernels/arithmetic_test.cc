@@ -7,13 +7,7 @@ namespace orvik::test {
 namespace {
 
 template <class E>
-class Arithmetic : public testing::Test {
- protected:
-  using L = std::numeric_limits<E>;
-  static constexpr E inf = L::infinity();
-  static constexpr E nan = L::quiet_NaN();
-};
-using Elements = testing::Types<float, double>;
+class Arithmetic : public ElementTest<E> {};
 TYPED_TEST_SUITE(Arithmetic, Elements);
 
 TYPED_TEST(Arithmetic, AbsClearsTheSign) {

@@ -9,13 +9,11 @@ namespace orvik::test {
 namespace {
 
 template <class E>
-class Exponent : public testing::Test {
+class Exponent : public ElementTest<E> {
  protected:
-  using L = std::numeric_limits<E>;
+  using typename ElementTest<E>::L;
+  using ElementTest<E>::inf;
   using B = std::conditional_t<sizeof(E) == 4, uint32_t, uint64_t>;
-  static constexpr E inf = L::infinity();
-  static constexpr E nan = L::quiet_NaN();
-  static constexpr E tiny = L::denorm_min();
 
   static std::vector<E> patterns(size_t count, uint64_t seed) {
     std::mt19937_64 random(seed);
@@ -38,7 +36,6 @@ class Exponent : public testing::Test {
     }
   }
 };
-using Elements = testing::Types<float, double>;
 TYPED_TEST_SUITE(Exponent, Elements);
 
 TYPED_TEST(Exponent, NextAfterOfZeroTowardsMinusOneIsTheSmallestNegativeDenormalWithCode4) {

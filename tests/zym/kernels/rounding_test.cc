@@ -11,12 +11,7 @@ namespace orvik::test {
 namespace {
 
 template <class E>
-class Rounding : public testing::Test {
- protected:
-  static constexpr E inf = std::numeric_limits<E>::infinity();
-  static constexpr E nan = std::numeric_limits<E>::quiet_NaN();
-};
-using Elements = testing::Types<float, double>;
+class Rounding : public ElementTest<E> {};
 TYPED_TEST_SUITE(Rounding, Elements);
 
 TYPED_TEST(Rounding, RoundTakesHalvesAwayFromZero) {

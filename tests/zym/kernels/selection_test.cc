@@ -8,12 +8,7 @@ namespace orvik::test {
 namespace {
 
 template <class E>
-class Selection : public testing::Test {
- protected:
-  static constexpr E inf = std::numeric_limits<E>::infinity();
-  static constexpr E nan = std::numeric_limits<E>::quiet_NaN();
-};
-using Elements = testing::Types<float, double>;
+class Selection : public ElementTest<E> {};
 TYPED_TEST_SUITE(Selection, Elements);
 
 TYPED_TEST(Selection, ASingleNanLoses) {

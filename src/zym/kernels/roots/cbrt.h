@@ -127,14 +127,14 @@ struct CbrtElement {
 };
 
 template <class V, Level L>
-struct Cbrt;
-
-template <Level L>
-struct Cbrt<F32, L> : CbrtElement<Cbrt<F32, L>, F32> {
-  static F32 lanes(F32 x) {
-    const roots::Thirds<F32> t(x);
+struct Cbrt : CbrtElement<Cbrt<V, L>, V> {
+  static constexpr int vectors = V::width == 4 ? 2 : 4;
+  static V lanes(V x) {
+    const roots::Thirds<V> t(x);
     return roots::scaled(positive(t), t.shift) | sign_of(x);
   }
+
+ private:
   static F32 positive(const roots::Thirds<F32>& t) {
     if constexpr (L == Level::EP) return t.power(roots::kThirdRoots) * horner(t.m, roots::kCbrtShort);
     if constexpr (L == Level::LA) return t.power(roots::kThirdRoots) * horner(t.m - F32(1.5f), roots::kCbrtLow);
@@ -143,15 +143,6 @@ struct Cbrt<F32, L> : CbrtElement<Cbrt<F32, L>, F32> {
     const F32 y = t.z * (w * w);
     const F32 d = fnma(y, w, F32(1.0f));
     return fma(y, d * horner(d, roots::kCbrtTail), y);
-  }
-};
-
-template <Level L>
-struct Cbrt<F64, L> : CbrtElement<Cbrt<F64, L>, F64> {
-  static constexpr int vectors = 2;
-  static F64 lanes(F64 x) {
-    const roots::Thirds<F64> t(x);
-    return roots::scaled(positive(t), t.shift) | sign_of(x);
   }
   static F64 positive(const roots::Thirds<F64>& t) {
     F64 w = roots::inverse_cube_root<L>(t);
@@ -184,14 +175,14 @@ struct InvCbrtElement {
 };
 
 template <class V, Level L>
-struct InvCbrt;
-
-template <Level L>
-struct InvCbrt<F32, L> : InvCbrtElement<InvCbrt<F32, L>, F32> {
-  static F32 lanes(F32 x) {
-    const roots::Thirds<F32> t(x);
+struct InvCbrt : InvCbrtElement<InvCbrt<V, L>, V> {
+  static constexpr int vectors = V::width == 4 ? 2 : 4;
+  static V lanes(V x) {
+    const roots::Thirds<V> t(x);
     return as_float(as_bits(positive(t)) - t.shift) | sign_of(x);
   }
+
+ private:
   static F32 positive(const roots::Thirds<F32>& t) {
     if constexpr (L == Level::EP) return roots::inverse_cube_root<L>(t);
     if constexpr (L == Level::LA)
@@ -199,15 +190,6 @@ struct InvCbrt<F32, L> : InvCbrtElement<InvCbrt<F32, L>, F32> {
     const F32 w = roots::truncated(roots::inverse_cube_root<L>(t));
     const F32 d = roots::cubic_residue(t.z, w);
     return fma(w, d * horner(d, roots::kInvCbrtTail), w);
-  }
-};
-
-template <Level L>
-struct InvCbrt<F64, L> : InvCbrtElement<InvCbrt<F64, L>, F64> {
-  static constexpr int vectors = 2;
-  static F64 lanes(F64 x) {
-    const roots::Thirds<F64> t(x);
-    return as_float(as_bits(positive(t)) - t.shift) | sign_of(x);
   }
   static F64 positive(const roots::Thirds<F64>& t) {
     F64 w = roots::inverse_cube_root<L>(t);
@@ -243,14 +225,14 @@ struct Pow2o3Element {
 
 // z^(2/3) = z w (1 - d)^(-1/3). At HA the product z w keeps its low part.
 template <class V, Level L>
-struct Pow2o3;
-
-template <Level L>
-struct Pow2o3<F32, L> : Pow2o3Element<Pow2o3<F32, L>, F32> {
-  static F32 lanes(F32 x) {
-    const roots::Thirds<F32> t(x);
+struct Pow2o3 : Pow2o3Element<Pow2o3<V, L>, V> {
+  static constexpr int vectors = V::width == 4 ? 2 : 4;
+  static V lanes(V x) {
+    const roots::Thirds<V> t(x);
     return roots::scaled(positive(t), shift_left<1>(t.shift));
   }
+
+ private:
   static F32 positive(const roots::Thirds<F32>& t) {
     if constexpr (L == Level::EP) return t.power(roots::kTwoThirdRoots) * horner(t.m, roots::kPow2o3Short);
     if constexpr (L == Level::LA) return t.power(roots::kTwoThirdRoots) * horner(t.m - F32(1.5f), roots::kPow2o3Low);
@@ -260,15 +242,6 @@ struct Pow2o3<F32, L> : Pow2o3Element<Pow2o3<F32, L>, F32> {
     const F32 w2 = w * w;
     const F32 d = fnma(low, w2, fnma(g, w2, F32(1.0f)));
     return g + fma(g, d * horner(d, roots::kInvCbrtTail), low);
-  }
-};
-
-template <Level L>
-struct Pow2o3<F64, L> : Pow2o3Element<Pow2o3<F64, L>, F64> {
-  static constexpr int vectors = 2;
-  static F64 lanes(F64 x) {
-    const roots::Thirds<F64> t(x);
-    return roots::scaled(positive(t), shift_left<1>(t.shift));
   }
   static F64 positive(const roots::Thirds<F64>& t) {
     F64 w = roots::inverse_cube_root<L>(t);

@@ -8,14 +8,12 @@ namespace orvik::test {
 namespace {
 
 template <class E>
-class Exponentials : public testing::Test {
+class Exponentials : public ElementTest<E> {
  protected:
-  using L = std::numeric_limits<E>;
-  static constexpr E inf = L::infinity();
-  static constexpr E nan = L::quiet_NaN();
+  using typename ElementTest<E>::L;
+  using ElementTest<E>::inf;
   static E next(E x, E towards) { return std::nextafter(x, towards); }
 };
-using Elements = testing::Types<float, double>;
 TYPED_TEST_SUITE(Exponentials, Elements);
 
 TYPED_TEST(Exponentials, PowersOfTwoAreExactAtIntegers) {

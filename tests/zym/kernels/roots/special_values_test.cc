@@ -11,14 +11,10 @@ namespace {
 constexpr int32_t kDomain = 1, kSingularity = 2, kOverflow = 3;
 
 template <class E>
-class Roots : public testing::Test {
+class Roots : public ElementTest<E> {
  protected:
-  using L = std::numeric_limits<E>;
-  static constexpr E inf = L::infinity();
-  static constexpr E nan = L::quiet_NaN();
-  static constexpr E tiny = L::denorm_min();
-  static constexpr E largest = L::max();
-  static constexpr E smallest = L::min();
+  using typename ElementTest<E>::L;
+  using ElementTest<E>::inf;
   static constexpr E half_bits = sizeof(E) == 4 ? E(0x1p-11) : E(0x1p-26);
 
   // Within the bound of each level: 1 ulp, 4 ulp, half of the bits (bits below the normal range do not count).
@@ -33,7 +29,6 @@ class Roots : public testing::Test {
   }
   static void expect_near(const std::string& name, E a, E want) { expect_near(name, a, E(0.5), want); }
 };
-using Elements = testing::Types<float, double>;
 TYPED_TEST_SUITE(Roots, Elements);
 
 TYPED_TEST(Roots, SqrtOfMinusZeroIsMinusZeroWithoutCode) {

@@ -225,7 +225,9 @@ struct Kernel {
       Saved saved;
       saved.keep(0, load_first_inputs(a, i, k));
       const Inputs x = saved.inputs(0);
-      Results r = compute(x, params...);
+      Inputs plain = x;
+      take_special(plain);
+      Results r = compute(plain, params...);
       const uint32_t bits = lane_bits(repaired(mode, x, r, special_lanes(x))) & ((1u << k) - 1);
       if (bits != 0) {
         alignas(32) E results[Out][V::width];

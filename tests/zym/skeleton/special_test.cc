@@ -1,9 +1,11 @@
 // Special lanes of a kernel: which elements are reported, in which order, with which index; what a callback may change.
 // NextAfter shows it: a step beyond the largest float is code 3, onto a denormal code 4.
 #include <gtest/gtest.h>
+#include <immintrin.h>
 
 #include <cfloat>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 #include "orvik/zym.h"
@@ -114,6 +116,32 @@ TEST_F(Special, BlockOfAVectorReportsTheWholeVectorsIndex) {
   _zymsNextAfter(10, a.data() + 1000, b.data() + 1000, r.data());
   ASSERT_EQ(reports.size(), 1u);
   EXPECT_EQ(reports[0].index, 1003);
+}
+
+// What the lanes would make of an infinity (infinity times zero) is not computed.
+TEST_F(Special, SpecialLanesRaiseNoFlagOfTheLaneComputation) {
+  std::vector<float> a(75, 2.0f), r(75);
+  std::vector<double> b(75, 2.0), s(75);
+  for (size_t i : {5, 39, 70, 74}) {
+    a[i] = std::numeric_limits<float>::infinity();
+    b[i] = std::numeric_limits<double>::infinity();
+  }
+  const auto flags = [](auto entry, auto& in, auto& out) {
+    _mm_setcsr(0x1F80);
+    entry(75, in.data(), out.data());
+    const uint32_t raised = _mm_getcsr() & 0x3F;
+    _mm_setcsr(0x1F80);
+    return raised & ~uint32_t{_MM_EXCEPT_INEXACT};
+  };
+  for (auto entry : {_zymsInv, _zymsInv_21, _zymsInv_11, _zymsSqrt, _zymsSqrt_21, _zymsInvSqrt, _zymsExp_11, _zymsLn,
+                     _zymsExp2, _zymsCbrt})
+    EXPECT_EQ(flags(entry, a, r), 0u);
+  for (auto entry : {_zymdInv, _zymdInv_50, _zymdSqrt, _zymdInvSqrt_26, _zymdExp, _zymdLn_50, _zymdExp10, _zymdCbrt})
+    EXPECT_EQ(flags(entry, b, s), 0u);
+  const auto every_second = [](int32_t, const float* in, float* out) { _zymsInvI_11(37, in, 2, out, 2); };
+  a[6] = a[40] = std::numeric_limits<float>::infinity();
+  EXPECT_EQ(flags(every_second, a, r), 0u);
+  EXPECT_EQ(r[40], 0.0f);
 }
 
 TEST_F(Special, NoerrModeReportsNothingAndDeliversTheSameValues) {

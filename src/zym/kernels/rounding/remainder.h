@@ -3,6 +3,8 @@
 // added where q was one too many. Quotients of 2^(mantissa_bits - 1) or more take the element routine.
 #pragma once
 
+#include <algorithm>
+#include <bit>
 #include <cmath>
 
 #include "orvik/zym_types.h"
@@ -10,6 +12,57 @@
 #include "zym/lanes/scalar.h"
 
 namespace orvik::zym {
+
+// |a| as mantissa 2^exponent, the exponent that of the last place of |a|.
+template <class E>
+struct LastPlaces {
+  using F = FloatBits<E>;
+  static constexpr int kMantissaBits = std::countr_zero(F::min_normal);
+  uint64_t mantissa;
+  int exponent;  // from the smallest denormal number's
+
+  explicit LastPlaces(E a) {
+    const auto m = magnitude_bits(a);
+    const int field = static_cast<int>(m >> kMantissaBits);
+    mantissa = m & (F::min_normal - 1);
+    exponent = field > 0 ? field - 1 : 0;
+    if (field > 0) mantissa |= F::min_normal;
+  }
+  E value() const {
+    const int up = std::min(std::countl_zero(mantissa) - (63 - kMantissaBits), exponent);
+    if (mantissa == 0) return E(0);
+    const uint64_t m = mantissa << up;
+    return float_of<E>(static_cast<typename F::Type>((static_cast<uint64_t>(exponent - up) << kMantissaBits) + m));
+  }
+};
+
+// |a| - q |b| for the whole quotient q = trunc(|a| / |b|), by long division 64 bits at a time: a of another size than b
+// by 2^1000 takes sixteen steps. b is not 0, |a| not below |b|.
+template <class E>
+struct LongDivision {
+  E rest;
+  bool odd;  // q
+  LongDivision(E a, E b) {
+    const LastPlaces<E> x(a);
+    LastPlaces<E> y(b);
+    uint64_t q = x.mantissa / y.mantissa;
+    uint64_t r = x.mantissa % y.mantissa;
+    for (int left = x.exponent - y.exponent; left > 0;) {
+      const int step = left < 63 ? left : 63;
+      const uint64_t high = r >> (64 - step), low = r << step;  // high < the divisor: the quotient has 64 bits
+      asm("divq %4" : "=a"(q), "=d"(r) : "a"(low), "d"(high), "r"(y.mantissa) : "cc");
+      left -= step;
+    }
+    odd = (q & 1) != 0;
+    y.mantissa = r;
+    rest = y.value();
+  }
+};
+
+template <class E>
+E with_sign_of(E magnitude, E sign) {
+  return float_of<E>(bits_of(magnitude) ^ (bits_of(sign) & FloatBits<E>::sign));
+}
 
 template <class V>
 struct Quotient {
@@ -53,7 +106,9 @@ struct Fmod {
   static V special(V a, V b) { return Quotient<V>::special(a, b); }
   static V lanes(V a, V b) { return Quotient<V>::divide(a, b).rest | sign_of(a); }
   static int32_t element(const E* a, const E* b, E* r) {
-    return Quotient<V>::element(*a, *b, r, [](E x, E y) { return std::fmod(x, y); });
+    return Quotient<V>::element(*a, *b, r, [](E x, E y) {
+      return std::fabs(x) < std::fabs(y) ? x : with_sign_of(LongDivision<E>(x, y).rest, x);
+    });
   }
 };
 
@@ -75,7 +130,13 @@ struct Remainder {
     return select(next, q.rest - magnitude(b), q.rest) ^ sign_of(a);
   }
   static int32_t element(const E* a, const E* b, E* r) {
-    return Quotient<V>::element(*a, *b, r, [](E x, E y) { return std::remainder(x, y); });
+    return Quotient<V>::element(*a, *b, r, [](E x, E y) {
+      if (std::fabs(x) < std::fabs(y)) return std::remainder(x, y);  // not a large quotient
+      const LongDivision<E> d(x, y);
+      const E to_next = std::fabs(y) - d.rest;
+      const bool next = d.rest > to_next || (d.rest == to_next && d.odd);
+      return with_sign_of(next ? -to_next : d.rest, x);
+    });
   }
 };
 

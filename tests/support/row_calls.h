@@ -1,4 +1,5 @@
-// One element through every kernel of a row: all levels, in the main loop, in the remainder and strided; all must agree.
+// One element through every kernel of a row: all levels, in the main loop, in the remainder and strided; all must
+// agree.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -73,7 +74,8 @@ Outcome<E> evaluate(const std::string& name, int level, E a, E b = E(0)) {
       c.n = kMain + 3, c.a = x.data(), c.b = y.data(), c.r1 = r1.data(), c.r2 = r2.data();
       last_code = 0, report_count = 0;
       EXPECT_TRUE(call_row(row, level, strided, c)) << name;
-      const Outcome<E> now{r1[static_cast<size_t>(position)], r2[static_cast<size_t>(position)], last_code, report_count};
+      const Outcome<E> now{r1[static_cast<size_t>(position)], r2[static_cast<size_t>(position)], last_code,
+                           report_count};
       if (!have_first) {
         first = now;
         have_first = true;
@@ -95,8 +97,8 @@ template <class E>
 void expect_element(const std::string& name, E a, E b, E want, int32_t code = 0) {
   for (int level = 0; level < 3; ++level) {
     const Outcome<E> got = evaluate<E>(name, level, a, b);
-    EXPECT_TRUE(same_value(want, got.r1)) << name << " " << kLevelNames[level] << "(" << a << ", " << b << "): got "
-                                          << got.r1 << ", want " << want;
+    EXPECT_TRUE(same_value(want, got.r1))
+        << name << " " << kLevelNames[level] << "(" << a << ", " << b << "): got " << got.r1 << ", want " << want;
     EXPECT_EQ(got.code, code) << name << " " << kLevelNames[level] << "(" << a << ", " << b << ")";
   }
 }

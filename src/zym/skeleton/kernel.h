@@ -37,7 +37,9 @@ concept HasVectors = requires {
   Fn::vectors;
 };
 template <class Fn>
-concept HasFiller = requires { Fn::filler; };
+concept HasFiller = requires {
+  Fn::filler;
+};
 template <class Fn>
 concept LanesStand = requires {
   Fn::lanes_stand;

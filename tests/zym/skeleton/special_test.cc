@@ -63,8 +63,8 @@ TEST_F(Special, ReportsComeInIndexOrderThroughLoopAndRemainder) {
 
 TEST_F(Special, StridedReportsUseTheIncrements) {
   std::vector<double> a(100, 1.0), b(100, 2.0), r(100);
-  a[2 * 3] = DBL_MAX, b[99 - 3] = INFINITY;        // element 3
-  a[2 * 21] = DBL_MIN, b[99 - 21] = 0.0;           // element 21
+  a[2 * 3] = DBL_MAX, b[99 - 3] = INFINITY;  // element 3
+  a[2 * 21] = DBL_MIN, b[99 - 21] = 0.0;     // element 21
   _zymdNextAfterI(23, a.data(), 2, b.data() + 99, -1, r.data(), 4);
   ASSERT_EQ(reports.size(), 2u);
   EXPECT_EQ(reports[0].index, 3);

@@ -1,5 +1,5 @@
-// 2^(i/n) of 32-bit lanes without a table in memory: the product of two rows that fit registers, one by the upper bits of
-// i and one by the lower. Eight loads of rows cost twice as much.
+// 2^(i/n) of 32-bit lanes without a table in memory: the product of two rows that fit registers, one by the upper bits
+// of i and one by the lower. Eight loads of rows cost twice as much.
 #pragma once
 
 #include "zym/kernels/explog/tables.h"
@@ -8,9 +8,7 @@
 namespace orvik::zym {
 
 // Eight and sixteen rows by the low bits of the index.
-inline F32 look_up_8(const float* table, I32 index) {
-  return as_float(look_up(as_bits(load<F32>(table)), index));
-}
+inline F32 look_up_8(const float* table, I32 index) { return as_float(look_up(as_bits(load<F32>(table)), index)); }
 inline F32 look_up_16(const float* table, I32 index) {
   const F32 upper = as_float(shift_left<28>(index));
   return select(upper, look_up_8(table + 8, index), look_up_8(table, index));

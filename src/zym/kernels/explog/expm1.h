@@ -34,8 +34,8 @@ V repair_expm1(V x, V& r, V mask, V overflow) {
   return andnot(above | below, mask);
 }
 
-// HA: (s - 1) + s r and what `add_rest` adds, where s - 1 is taken with its rounding error (two-sum), the product's leading
-// part with its own, and only the last sum rounds in the result.
+// HA: (s - 1) + s r and what `add_rest` adds, where s - 1 is taken with its rounding error (two-sum), the product's
+// leading part with its own, and only the last sum rounds in the result.
 template <class V, class AddRest>
 V expm1_sum(V s, V r, AddRest add_rest) {
   using E = typename V::Element;

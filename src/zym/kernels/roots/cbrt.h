@@ -93,7 +93,7 @@ inline constexpr E kLiftRoot = sizeof(E) == 4 ? E(0x1p8) : E(0x1p18);
 template <class V>
 inline auto not_normal(V x) {
   constexpr bool wide = V::width == 4;
-  return outside_magnitude<wide ? 0x00100000 : 0x00800000, wide ? 0x7FEFFFFF : 0x7F7FFFFF>(x);
+  return outside_magnitude < wide ? 0x00100000 : 0x00800000, wide ? 0x7FEFFFFF : 0x7F7FFFFF > (x);
 }
 
 // w ~ z^(-1/3). The 64-bit EP level has one more power here and two fewer behind.

@@ -76,7 +76,7 @@ struct Inv : InvElement<typename V::Element> {
 template <class V>
 auto extreme(V x) {
   constexpr bool wide = V::width == 4;
-  return roots::outside_magnitude<wide ? 0x00100000 : 0x00800000, wide ? 0x7FCFFFFF : 0x7E7FFFFF>(x);
+  return roots::outside_magnitude < wide ? 0x00100000 : 0x00800000, wide ? 0x7FCFFFFF : 0x7E7FFFFF > (x);
 }
 
 template <class V>

@@ -27,8 +27,8 @@ int32_t pow3o2_element(E x, E* r, Positive positive) {
   return is_infinite(*r) ? zymErrorOverflow : 0;
 }
 
-// With s near the root and e = x - s^2, which is exact: x (s + e / (2 s)) = x s + s e / 2 but for e^2. Within 0.51 ulp for
-// roots of 4 ulp.
+// With s near the root and e = x - s^2, which is exact: x (s + e / (2 s)) = x s + s e / 2 but for e^2. Within 0.51 ulp
+// for roots of 4 ulp.
 template <class V>
 V pow3o2_by_root(V x, V s) {
   const V e = fnma(s, s, x);

@@ -29,9 +29,9 @@ struct Rint : RoundInstruction<V, _MM_FROUND_CUR_DIRECTION> {};
 template <class V, Level>
 struct NearbyInt : RoundInstruction<V, _MM_FROUND_CUR_DIRECTION | _MM_FROUND_NO_EXC> {};
 
-// Half away from zero. With h the number below a half, x + h reaches the next integer exactly where the fraction of x is
-// a half or more: below a half it stays under it, at a half the sum is a tie or within half an ulp and rounds up, and from
-// 2^mantissa_bits on, where x is whole, h is less than half an ulp of it.
+// Half away from zero. With h the number below a half, x + h reaches the next integer exactly where the fraction of x
+// is a half or more: below a half it stays under it, at a half the sum is a tie or within half an ulp and rounds up,
+// and from 2^mantissa_bits on, where x is whole, h is less than half an ulp of it.
 template <class V, Level>
 struct Round {
   using E = typename V::Element;

@@ -1,7 +1,6 @@
 // The interpolation call: tests of arguments, then the path that the size of the call deserves.
 #include "df/interpolate/block.h"
-#include "df/interpolate/locate.h"
-#include "df/interpolate/polynomials.h"
+#include "df/interpolate/one_site.h"
 #include "df/services.h"
 #include "orvik/serv.h"
 
@@ -46,57 +45,6 @@ int32_t run_on_threads(const Request<Real>& request, int64_t tasks, const Servic
   return run_range(request, kThreadBlock * blocks, request.nsite, room);
 }
 
-// One site of one function: no block is set up.
-template <int kOrder, class Real>
-void one_polynomial(const Request<Real>& request, int64_t cell) {
-  int64_t index;
-  Real t;
-  locate(request.task, 1, request.site, &cell, &index, &t);
-  const Real* c = request.task.template coefficients<Real>(0);
-  Real* r = request.r;
-  for (int64_t k = 0; k < request.orders.size(); ++k) {
-    if (!request.orders[k]) continue;
-    evaluate_polynomial<kOrder>(c, k, 1, &index, &t, r);
-    r += request.layout.derivative;
-  }
-}
-
-template <class Real>
-int32_t run_one_site(const Request<Real>& request) {
-  if (!request.compute || request.task.ny < 1) return 0;
-  const int64_t nx = request.task.nx;
-  int64_t state = 0, cell = 0;
-  if (!request.cells_given) {
-    if (request.finder.method() == Method::kSorted) approach_first_site(request.finder.lookup(), *request.site, &state);
-    cell = request.finder.one(*request.site, &state);
-  } else {
-    cell = request.narrow_user_cells() ? *static_cast<const int32_t*>(request.cell)
-                                       : *static_cast<const int64_t*>(request.cell);
-  }
-  const Supplier<Real>& supplier = cell < 1 ? request.left : cell >= nx ? request.right : request.inside;
-  if (supplier.callback != nullptr) {
-    for (int64_t k = 0; k < request.orders.asked(); ++k) {
-      int64_t count = 1;
-      Real* r = request.r + k * request.layout.derivative;
-      const int32_t status = supplier.callback(&count, request.site, &cell, r, supplier.params);
-      if (status < 0) return status;
-    }
-    return 0;
-  }
-  switch (request.evaluator) {
-    case Evaluator::kLinear:
-      one_polynomial<2>(request, cell);
-      break;
-    case Evaluator::kQuadratic:
-      one_polynomial<3>(request, cell);
-      break;
-    default:
-      one_polynomial<4>(request, cell);
-      break;
-  }
-  return 0;
-}
-
 template <class Real, class Index>
 int32_t run_blocks(const Request<Real>& request, const Services& services) {
   using Room = BlockRoom<Real, Index>;
@@ -111,13 +59,8 @@ int32_t run_blocks(const Request<Real>& request, const Services& services) {
 }
 
 template <class Real>
-int32_t run(const Request<Real>& request, int64_t sitehint, int64_t flags, const Services& services) {
+[[gnu::noinline]] int32_t run(const Request<Real>& request, const Services& services) {
   const Task& task = request.task;
-  const bool plain = request.evaluator <= Evaluator::kCubic && request.user.callback == nullptr;
-  if (request.nsite == 1 && plain && (flags & kCellsFlag) == 0 && (sitehint & kUniformSites) == 0 &&
-      request.orders.given() <= 4 && task.ny <= 1) {
-    return run_one_site(request);
-  }
   if (request.nsite < 1) return 0;
   if (needs_wide_index(task.nx)) return run_blocks<Real, int64_t>(request, services);
   const bool cells_asked = request.write_cells || request.cells_given;
@@ -129,41 +72,47 @@ int32_t run(const Request<Real>& request, int64_t sitehint, int64_t flags, const
 }
 
 template <class Real>
-int32_t interpolate(const Task* task, int64_t flags, int64_t nsite, const Real* site, int64_t sitehint, int64_t ndorder,
-                    const void* dorder, const Real* datahint, Real* r, int64_t rhint, void* cell, Supplier<Real> left,
-                    Supplier<Real> right, Supplier<Real> inside, const UserSearch<Real>& user,
-                    const OrvikDFServices* services) {
-  if (task == nullptr) return DFS_NO_TASK;
+[[gnu::always_inline]] inline int32_t interpolate(const Task* given, int64_t flags, int64_t nsite, const Real* site,
+                                                  int64_t sitehint, int64_t ndorder, const void* dorder,
+                                                  const Real* datahint, Real* r, int64_t rhint, void* cell,
+                                                  Supplier<Real> left, Supplier<Real> right, Supplier<Real> inside,
+                                                  const UserSearch<Real>& user, const OrvikDFServices* services) {
+  if (given == nullptr) return DFS_NO_TASK;
+  const Task& task = *given;
   const bool all_callbacks = left.callback && right.callback && inside.callback;
   Evaluator evaluator;
-  if (!choose_evaluator(task->s_order, task->s_type, all_callbacks, &evaluator)) return DFS_BAD_SPLINE_TYPE;
+  if (!choose_evaluator(task.s_order, task.s_type, all_callbacks, &evaluator)) return DFS_BAD_SPLINE_TYPE;
   const bool cells_given = flags == kCellsGiven;
   Method method = Method::kUserDefined;  // with cells given no method is needed
   if (!cells_given) {
-    const int32_t status = choose_method(*task, user.callback != nullptr, sitehint, datahint, &method);
+    const int32_t status = choose_method(task, user.callback != nullptr, sitehint, datahint, &method);
     if (status != 0) return status;
   }
-  const Orders orders(*task, ndorder, dorder);
-  Layout layout;
-  if (!Layout::from_hint(rhint, task->ny, nsite, orders.asked(), &layout)) return DFS_BAD_RESULT_HINT;
-  const Request<Real> request{*task,
-                              evaluator,
-                              Finder<Real>(*task, method, datahint),
-                              orders,
-                              layout,
-                              (flags & kComputeFlag) != 0 || cells_given,
-                              (flags & kCellsFlag) != 0,
-                              cells_given,
-                              (sitehint & kUniformSites) != 0,
-                              nsite,
-                              site,
-                              r,
-                              cell,
-                              left,
-                              right,
-                              inside,
-                              user};
-  return run(request, sitehint, flags, Services(services));
+  if (!Layout::accepts(rhint)) return DFS_BAD_RESULT_HINT;
+  const Orders orders(task, ndorder, dorder);
+  const bool compute = (flags & kComputeFlag) != 0 || cells_given;
+  const bool uniform_sites = (sitehint & kUniformSites) != 0;
+  if (nsite == 1 && evaluator <= Evaluator::kCubic && user.callback == nullptr && (flags & kCellsFlag) == 0 &&
+      !uniform_sites && orders.given() <= kOneSiteOrders && task.ny <= 1) {
+    if (!compute || task.ny < 1) return 0;
+    int64_t found;
+    if (!cells_given) {
+      found = one_cell(task, method, datahint, *site);
+    } else {
+      found = task.index_width == 0 ? *static_cast<const int32_t*>(cell) : *static_cast<const int64_t*>(cell);
+    }
+    const Supplier<Real>& supplier = found < 1 ? left : found >= task.nx ? right : inside;
+    return run_one_site(task, evaluator, orders, found, site, r, supplier);
+  }
+  const Layout layout = Layout::from_hint(rhint, task.ny, nsite, orders.asked());
+  const bool write_cells = (flags & kCellsFlag) != 0;
+  const Request<Real> request{task,        evaluator,   Finder<Real>(task, method, datahint),
+                              orders,      layout,      compute,
+                              write_cells, cells_given, uniform_sites,
+                              nsite,       site,        r,
+                              cell,        left,        right,
+                              inside,      user};
+  return run(request, Services(services));
 }
 
 }  // namespace

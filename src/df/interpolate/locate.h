@@ -16,6 +16,13 @@ Index interval_of(Cell cell, Index nx) {
   return static_cast<Index>(std::min<Cell>(std::max<Cell>(cell - 1, 0), static_cast<Cell>(nx - 2)));
 }
 
+// x[i], given or on an even grid.
+template <class Real>
+Real left_end_of(const Task& task, const Real* x, int64_t i) {
+  if (!task.uniform()) return x[i];
+  return std::fma((x[1] - x[0]) / static_cast<Real>(task.nx - 1), static_cast<Real>(i), x[0]);
+}
+
 template <class Real, class Index>
 void locate(const Task& task, int64_t n, const Real* site, const Index* cell, Index* index, Real* t) {
   const Real* x = task.breakpoints<Real>();

@@ -29,6 +29,26 @@ V horner(const V* c, V t) {
   return sum;
 }
 
+// Derivative `derivative` of one such polynomial.
+template <int kOrder, class Real>
+Real polynomial_at(const Real* c, int64_t derivative, Real t) {
+  switch (derivative) {
+    case 0:
+      return horner<kOrder, 0, Real>(c, t);
+    case 1:
+      return horner<kOrder, 1, Real>(c, t);
+    case 2:
+      if constexpr (kOrder > 2) return horner<kOrder, 2, Real>(c, t);
+      break;
+    case 3:
+      if constexpr (kOrder > 3) return horner<kOrder, 3, Real>(c, t);
+      break;
+    default:
+      break;
+  }
+  return 0;
+}
+
 // out[j] from the polynomial of interval index[j] at its local coordinate t[j].
 template <int kOrder, int kDerivative, class Real, class Index>
 void evaluate_derivative(const Real* c, int64_t n, const Index* index, const Real* t, Real* out) {

@@ -2,7 +2,7 @@
 
 namespace orvik::df {
 
-bool choose_evaluator(int64_t order, int64_t type, bool all_callbacks, Evaluator* evaluator) {
+bool choose_other_evaluator(int64_t order, int64_t type, bool all_callbacks, Evaluator* evaluator) {
   switch (order) {
     case 0:
       if (type == 8) {
@@ -22,17 +22,13 @@ bool choose_evaluator(int64_t order, int64_t type, bool all_callbacks, Evaluator
     case 3:
       *evaluator = type == 0 ? Evaluator::kQuadratic : Evaluator::kQuadraticKnots;
       return type == 0 || type == 1;
-    case 4:
-      *evaluator = Evaluator::kCubic;
-      return type == 0 || (type >= 2 && type <= 5) || type == 9;
     default:
       *evaluator = Evaluator::kGeneral;
       return order >= 5;
   }
 }
 
-Orders::Orders(const Task& task, int64_t count, const void* flags)
-    : flags_(flags), wide_((task.index_width & 1) != 0), given_(flags == nullptr ? 0 : count) {
+void Orders::count_asked() {
   asked_ = 0;
   for (int64_t k = 0; k < given_; ++k) asked_ += raw(k) == 1;
   none_set_ = asked_ == 0;
@@ -40,24 +36,16 @@ Orders::Orders(const Task& task, int64_t count, const void* flags)
   if (none_set_) asked_ = 1;
 }
 
-bool Layout::from_hint(int64_t hint, int64_t ny, int64_t nsite, int64_t nder, Layout* layout) {
+Layout Layout::from_hint(int64_t hint, int64_t ny, int64_t nsite, int64_t nder) {
   switch (hint) {
-    case 0:
-    case 16:
-    case 128:
-      *layout = {nsite * nder, nder, 1};
-      return true;
     case 32:
-      *layout = {nder * nsite, 1, nsite};
-      return true;
+      return {nder * nsite, 1, nsite};
     case 256:
-      *layout = {nder, ny * nder, 1};
-      return true;
+      return {nder, ny * nder, 1};
     case 512:
-      *layout = {1, nder * ny, ny};
-      return true;
+      return {1, nder * ny, ny};
     default:
-      return false;
+      return {nsite * nder, nder, 1};
   }
 }
 

@@ -12,22 +12,38 @@ namespace orvik::df {
 enum class Evaluator { kLinear, kQuadratic, kCubic, kQuadraticKnots, kGeneral, kStepRight, kStepLeft, kLookUp };
 
 // By the spline's order and type; false when nothing evaluates such a spline.
-bool choose_evaluator(int64_t order, int64_t type, bool all_callbacks, Evaluator* evaluator);
+bool choose_other_evaluator(int64_t order, int64_t type, bool all_callbacks, Evaluator* evaluator);
+inline bool choose_evaluator(int64_t order, int64_t type, bool all_callbacks, Evaluator* evaluator) {
+  constexpr uint64_t kCubicTypes = 1 << 0 | 1 << 2 | 1 << 3 | 1 << 4 | 1 << 5 | 1 << 9;
+  if (order != 4) return choose_other_evaluator(order, type, all_callbacks, evaluator);
+  *evaluator = Evaluator::kCubic;
+  return type >= 0 && type < 64 && (kCubicTypes >> type & 1) != 0;
+}
 
 inline constexpr int64_t kComputeFlag = 1, kCellsFlag = 2, kCellsGiven = 4;
 
 // The flags of asked derivatives, 32 or 64 bits wide. None set: the values alone.
 class Orders {
  public:
-  Orders(const Task& task, int64_t count, const void* flags);
+  Orders(const Task& task, int64_t count, const void* flags)
+      : flags_(flags), wide_((task.index_width & 1) != 0), given_(flags == nullptr ? 0 : count) {
+    if (given_ == 1) {  // the value alone, asked for or not
+      asked_ = size_ = 1;
+      none_set_ = raw(0) != 1;
+    } else {
+      count_asked();
+    }
+  }
 
   int64_t given() const { return given_; }  // the caller's count
   int64_t size() const { return size_; }    // flags to look at
   int64_t asked() const { return asked_; }  // results of one site and function
+  bool value_alone() const { return size_ == 1; }
   bool operator[](int64_t k) const { return none_set_ ? k == 0 : raw(k) == 1; }
   bool first_flag_set() const { return given_ > 0 && raw(0) != 0; }
 
  private:
+  void count_asked();
   int64_t raw(int64_t k) const {
     return wide_ ? static_cast<const int64_t*>(flags_)[k] : static_cast<const int32_t*>(flags_)[k];
   }
@@ -40,8 +56,10 @@ class Orders {
 struct Layout {
   int64_t function, site, derivative;  // strides
 
-  // False for a hint that is not accepted.
-  static bool from_hint(int64_t hint, int64_t ny, int64_t nsite, int64_t nder, Layout* layout);
+  static bool accepts(int64_t hint) {
+    return hint == 16 || hint == 0 || hint == 32 || hint == 128 || hint == 256 || hint == 512;
+  }
+  static Layout from_hint(int64_t hint, int64_t ny, int64_t nsite, int64_t nder);
 };
 
 template <class Real>

@@ -33,6 +33,9 @@ struct Lanes<double> {
   friend Lanes operator&(Lanes a, Lanes b) { return _mm256_and_pd(a.v, b.v); }
   friend Lanes operator|(Lanes a, Lanes b) { return _mm256_or_pd(a.v, b.v); }
   friend Lanes select(Lanes mask, Lanes a, Lanes b) { return _mm256_blendv_pd(b.v, a.v, mask.v); }
+  // Of a not-a-number a, b.
+  friend Lanes min(Lanes a, Lanes b) { return _mm256_min_pd(a.v, b.v); }
+  friend Lanes max(Lanes a, Lanes b) { return _mm256_max_pd(a.v, b.v); }
   unsigned bits() const { return static_cast<unsigned>(_mm256_movemask_pd(v)); }
 
   // Truncated, and truncated plus one, to integers.
@@ -67,6 +70,8 @@ struct Lanes<float> {
   friend Lanes operator&(Lanes a, Lanes b) { return _mm256_and_ps(a.v, b.v); }
   friend Lanes operator|(Lanes a, Lanes b) { return _mm256_or_ps(a.v, b.v); }
   friend Lanes select(Lanes mask, Lanes a, Lanes b) { return _mm256_blendv_ps(b.v, a.v, mask.v); }
+  friend Lanes min(Lanes a, Lanes b) { return _mm256_min_ps(a.v, b.v); }
+  friend Lanes max(Lanes a, Lanes b) { return _mm256_max_ps(a.v, b.v); }
   unsigned bits() const { return static_cast<unsigned>(_mm256_movemask_ps(v)); }
 
   void store_truncated(int32_t* p) const { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_cvttps_epi32(v)); }
@@ -133,6 +138,9 @@ struct Indices<double> {
   void store(int64_t* p) const { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_cvtepi32_epi64(v)); }
   friend Indices operator+(Indices a, Indices b) { return _mm_add_epi32(a.v, b.v); }
   friend Indices min(Indices a, Indices b) { return _mm_min_epi32(a.v, b.v); }
+  friend Indices max(Indices a, Indices b) { return _mm_max_epi32(a.v, b.v); }
+  friend Lanes<double> reals(Indices a) { return _mm256_cvtepi32_pd(a.v); }
+  int32_t first() const { return _mm_cvtsi128_si32(v); }
   friend Indices select(Lanes<double> mask, Indices a, Indices b) {
     const __m256 wide = _mm256_castpd_ps(mask.v);
     const __m128 narrow = _mm_shuffle_ps(_mm256_castps256_ps128(wide), _mm256_extractf128_ps(wide, 1), 0x88);
@@ -154,10 +162,26 @@ struct Indices<float> {
   }
   friend Indices operator+(Indices a, Indices b) { return _mm256_add_epi32(a.v, b.v); }
   friend Indices min(Indices a, Indices b) { return _mm256_min_epi32(a.v, b.v); }
+  friend Indices max(Indices a, Indices b) { return _mm256_max_epi32(a.v, b.v); }
+  friend Lanes<float> reals(Indices a) { return _mm256_cvtepi32_ps(a.v); }
+  int32_t first() const { return _mm_cvtsi128_si32(_mm256_castsi256_si128(v)); }
   friend Indices select(Lanes<float> mask, Indices a, Indices b) {
     return _mm256_blendv_epi8(b.v, a.v, _mm256_castps_si256(mask.v));
   }
 };
+
+// Indices that are not negative as 64-bit integers, two at a time out of the vector: single words cost as much each.
+inline void spread(__m128i v, int64_t* out) {
+  const uint64_t low = static_cast<uint64_t>(_mm_cvtsi128_si64(v));
+  const uint64_t high = static_cast<uint64_t>(_mm_extract_epi64(v, 1));
+  out[0] = static_cast<int64_t>(low & 0xFFFFFFFF), out[1] = static_cast<int64_t>(low >> 32);
+  out[2] = static_cast<int64_t>(high & 0xFFFFFFFF), out[3] = static_cast<int64_t>(high >> 32);
+}
+inline void spread(Indices<double> i, int64_t* out) { spread(i.v, out); }
+inline void spread(Indices<float> i, int64_t* out) {
+  spread(_mm256_castsi256_si128(i.v), out);
+  spread(_mm256_extracti128_si256(i.v, 1), out + 4);
+}
 
 // p[i] for every index. The masked form, since the plain one's undefined source is a warning.
 inline Lanes<double> gather(const double* p, Indices<double> i) {
@@ -167,6 +191,50 @@ inline Lanes<double> gather(const double* p, Indices<double> i) {
 inline Lanes<float> gather(const float* p, Indices<float> i) {
   const __m256 all = _mm256_castsi256_ps(_mm256_set1_epi32(-1));
   return _mm256_mask_i32gather_ps(_mm256_setzero_ps(), p, i.v, all, 4);
+}
+
+// Truncated to integers.
+inline Indices<double> truncated(Lanes<double> a) { return _mm256_cvttpd_epi32(a.v); }
+inline Indices<float> truncated(Lanes<float> a) { return _mm256_cvttps_epi32(a.v); }
+
+// Counting of true lanes: masks are added up in integers, each true lane as -1.
+inline void count_true(Lanes<double>* sum, Lanes<double> mask) {
+  sum->v = _mm256_castsi256_pd(_mm256_add_epi64(_mm256_castpd_si256(sum->v), _mm256_castpd_si256(mask.v)));
+}
+inline void count_true(Lanes<float>* sum, Lanes<float> mask) {
+  sum->v = _mm256_castsi256_ps(_mm256_add_epi32(_mm256_castps_si256(sum->v), _mm256_castps_si256(mask.v)));
+}
+
+// The totals of four such sums.
+inline __m128i add_halves(__m256i a, __m256i b) {
+  const __m256i pairs = _mm256_hadd_epi32(a, b);
+  return _mm_add_epi32(_mm256_castsi256_si128(pairs), _mm256_extracti128_si256(pairs, 1));
+}
+inline __m128i totals(const Lanes<double>* sum) {
+  const auto low = [](Lanes<double> a, Lanes<double> b) {  // the low words of both
+    return _mm256_castps_si256(_mm256_shuffle_ps(_mm256_castpd_ps(a.v), _mm256_castpd_ps(b.v), 0x88));
+  };
+  return add_halves(low(sum[0], sum[1]), low(sum[2], sum[3]));
+}
+inline __m128i totals(const Lanes<float>* sum) {
+  const auto pairs = [](Lanes<float> a, Lanes<float> b) {
+    return _mm256_hadd_epi32(_mm256_castps_si256(a.v), _mm256_castps_si256(b.v));
+  };
+  return add_halves(pairs(sum[0], sum[1]), pairs(sum[2], sum[3]));
+}
+
+// -1 for each of four reals that is above a bound.
+inline __m128i above(const double* p, double bound) {
+  const __m256 wide = _mm256_castpd_ps((Lanes<double>(bound) < Lanes<double>::load(p)).v);
+  return _mm_castps_si128(_mm_shuffle_ps(_mm256_castps256_ps128(wide), _mm256_extractf128_ps(wide, 1), 0x88));
+}
+inline __m128i above(const float* p, float bound) {
+  return _mm_castps_si128(_mm_cmplt_ps(_mm_set1_ps(bound), _mm_loadu_ps(p)));
+}
+
+inline void store_indices(int32_t* p, __m128i i) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), i); }
+inline void store_indices(int64_t* p, __m128i i) {
+  _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_cvtepi32_epi64(i));
 }
 
 // Rows of four from columns of kCount: row k is (c0[k], c1[k], c2[k], c3[k]).

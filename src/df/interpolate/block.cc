@@ -1,8 +1,7 @@
 #include "df/interpolate/block.h"
 
 #include "df/construct/problem.h"
-#include "df/interpolate/locate.h"
-#include "df/interpolate/polynomials.h"
+#include "df/interpolate/direct.h"
 #include "df/interpolate/steps.h"
 #include "df/search/sites.h"
 
@@ -27,6 +26,9 @@ class BlockRun {
     if (status < 0) return status;
     if (q_.write_cells) store_cells();
     if (!q_.compute) return 0;
+    if constexpr (sizeof(Index) == 4) {
+      if (one_result_each(q_) && evaluate_sites(q_, first_, count_, site_, StoredCells<Real>(task_, cell_))) return 0;
+    }
     status = prepare();
     if (status < 0) return status;
     for (int64_t f = 0; f < task_.ny; ++f) {

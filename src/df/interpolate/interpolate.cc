@@ -1,5 +1,6 @@
 // The interpolation call: tests of arguments, then the path that the size of the call deserves.
 #include "df/interpolate/block.h"
+#include "df/interpolate/direct.h"
 #include "df/interpolate/one_site.h"
 #include "df/services.h"
 #include "orvik/serv.h"
@@ -15,6 +16,7 @@ constexpr uint64_t kWorkArea = 18512;
 // Sites begin .. end - 1, block by block.
 template <class Real, class Index>
 int32_t run_range(const Request<Real>& request, int64_t begin, int64_t end, BlockRoom<Real, Index>& room) {
+  if (evaluate_without_cells(request, begin, end - begin)) return 0;
   int64_t state = 0;
   for (int64_t at = begin; at < end; at += kBlockSites) {
     const int32_t status = run_block(request, at, std::min(kBlockSites, end - at), &state, room);

@@ -1,5 +1,6 @@
 // Coefficients of several intervals, turned so that vector j holds the power j of all of them. Whole rows are loaded:
-// gathering element by element costs several times as much on the processors this is tuned for.
+// gathering element by element costs several times as much on the processors this is tuned for. Inlined by order: a
+// call would pass the vectors through memory.
 #ifndef ORVIK_DF_INTERPOLATE_ROWS_H
 #define ORVIK_DF_INTERPOLATE_ROWS_H
 
@@ -12,7 +13,7 @@ inline __m256 join(__m128 low, __m128 high) { return _mm256_insertf128_ps(_mm256
 
 // c[0] and c[1] of four rows: two columns.
 template <int kOrder, class Index>
-void load_pairs(const double* c, const Index* i, Lanes<double>* out) {
+[[gnu::always_inline]] inline void load_pairs(const double* c, const Index* i, Lanes<double>* out) {
   const auto row = [&](int k) { return _mm_loadu_pd(c + kOrder * static_cast<int64_t>(i[k])); };
   const __m256d even = join(row(0), row(2)), odd = join(row(1), row(3));
   out[0] = _mm256_unpacklo_pd(even, odd);
@@ -21,13 +22,23 @@ void load_pairs(const double* c, const Index* i, Lanes<double>* out) {
 
 // Element `at` of four rows.
 template <int kOrder, class Index>
-Lanes<double> load_column(const double* c, const Index* i, int at) {
+[[gnu::always_inline]] inline Lanes<double> load_column(const double* c, const Index* i, int at) {
   const auto row = [&](int k) { return c + kOrder * static_cast<int64_t>(i[k]) + at; };
   return join(_mm_loadh_pd(_mm_load_sd(row(0)), row(1)), _mm_loadh_pd(_mm_load_sd(row(2)), row(3)));
 }
 
+// Element `at` of eight rows.
 template <int kOrder, class Index>
-void load_columns(const double* c, const Index* i, Lanes<double>* out) {
+[[gnu::always_inline]] inline Lanes<float> load_column(const float* c, const Index* i, int at) {
+  const auto single = [&](int k) { return _mm_load_ss(c + kOrder * static_cast<int64_t>(i[k]) + at); };
+  const auto singles = [&](int k) {
+    return _mm_movelh_ps(_mm_unpacklo_ps(single(k), single(k + 1)), _mm_unpacklo_ps(single(k + 2), single(k + 3)));
+  };
+  return join(singles(0), singles(4));
+}
+
+template <int kOrder, class Index>
+[[gnu::always_inline]] inline void load_columns(const double* c, const Index* i, Lanes<double>* out) {
   if constexpr (kOrder == 4) {
     const auto row = [&](int k) { return _mm256_loadu_pd(c + 4 * static_cast<int64_t>(i[k])); };
     const __m256d r0 = row(0), r1 = row(1), r2 = row(2), r3 = row(3);
@@ -44,7 +55,7 @@ void load_columns(const double* c, const Index* i, Lanes<double>* out) {
 }
 
 template <int kOrder, class Index>
-void load_columns(const float* c, const Index* i, Lanes<float>* out) {
+[[gnu::always_inline]] inline void load_columns(const float* c, const Index* i, Lanes<float>* out) {
   const auto at = [&](int k) { return c + kOrder * static_cast<int64_t>(i[k]); };
   if constexpr (kOrder == 4) {
     const auto rows = [&](int k) { return join(_mm_loadu_ps(at(k)), _mm_loadu_ps(at(k + 4))); };
@@ -63,13 +74,7 @@ void load_columns(const float* c, const Index* i, Lanes<float>* out) {
     const __m256 a = pairs(0), b = pairs(2);
     out[0] = _mm256_shuffle_ps(a, b, 0x44);
     out[1] = _mm256_shuffle_ps(a, b, 0xEE);
-    if constexpr (kOrder == 3) {
-      const auto single = [&](int k) { return _mm_load_ss(at(k) + 2); };
-      const auto singles = [&](int k) {
-        return _mm_movelh_ps(_mm_unpacklo_ps(single(k), single(k + 1)), _mm_unpacklo_ps(single(k + 2), single(k + 3)));
-      };
-      out[2] = join(singles(0), singles(4));
-    }
+    if constexpr (kOrder == 3) out[2] = load_column<3>(c, i, 2);
   }
 }
 

@@ -38,19 +38,16 @@ void quasi_uniform_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cel
   }
 }
 
+// Ascending sites that pass few breakpoints: as many as lie before the next one are in the state's cell.
 template <class Index, class Real, class Cell>
-void sorted_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell, int64_t* sorted_state) {
-  if (n < 1) return;
-  Index state = static_cast<Index>(*sorted_state);
-  approach_first_site(p, site[0], &state);
+void sorted_sparse_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell, Index* state) {
   using V = Lanes<Real>;
   constexpr unsigned kAll = (1u << V::kCount) - 1;
   const Index nx = static_cast<Index>(p.nx);
   for (int64_t j = 0; j < n;) {
-    // As many sites as lie before the next breakpoint are in the state's cell.
-    if (state < nx && j + V::kCount <= n) {
-      const unsigned before = (V::load(site + j) < V(p.x[state])).bits();
-      for (int64_t k = 0; k < V::kCount; ++k) cell[j + k] = state;
+    if (*state < nx && j + V::kCount <= n) {
+      const unsigned before = (V::load(site + j) < V(p.x[*state])).bits();
+      for (int64_t k = 0; k < V::kCount; ++k) cell[j + k] = *state;
       // A predicted branch here keeps the next load from waiting for this comparison.
       if (before == kAll) {
         j += V::kCount;
@@ -58,8 +55,58 @@ void sorted_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell
       }
       j += __builtin_ctz(~before);
     }
-    cell[j] = sorted_cell(p, site[j], &state);
+    cell[j] = sorted_cell(p, site[j], state);
     ++j;
+  }
+}
+
+// Sites that pass a breakpoint every few sites: eight are counted against the next three breakpoints without a branch.
+// Whatever is out of that order goes site by site. Of `present` sites the first n are wanted.
+template <class Index, class Real, class Cell>
+void sorted_dense_cells(const Lookup<Real>& p, int64_t n, int64_t present, const Real* site, Cell* cell, Index* state) {
+  using V = Lanes<Real>;
+  constexpr int64_t kTogether = 8;
+  constexpr unsigned kAll = (1u << V::kCount) - 1;
+  const Index nx = static_cast<Index>(p.nx);
+  const V one(Real(1));
+  int64_t j = 0;
+  for (; j + kTogether <= n && j + kTogether < present; j += kTogether) {
+    const Index k = *state;
+    unsigned ascending = kAll;
+    for (int64_t i = 0; i < kTogether; i += V::kCount) {
+      ascending &= (V::load(site + j + i + 1) >= V::load(site + j + i)).bits();
+    }
+    if (ascending != kAll || k + 3 >= nx || !(p.x[k + 3] > site[j + kTogether - 1])) {
+      for (int64_t i = 0; i < kTogether; ++i) cell[j + i] = sorted_cell(p, site[j + i], state);
+      continue;
+    }
+    const V x0(p.x[k]), x1(p.x[k + 1]), x2(p.x[k + 2]);
+    for (int64_t i = 0; i < kTogether; i += V::kCount) {
+      const V t = V::load(site + j + i);
+      const V passed = ((t >= x0) & one) + ((t >= x1) & one) + ((t >= x2) & one);
+      (truncated(passed) + Indices<Real>(static_cast<int32_t>(k))).store(cell + j + i);
+    }
+    const Real t = site[j + kTogether - 1];
+    *state = k + (p.x[k] <= t) + (p.x[k + 1] <= t) + (p.x[k + 2] <= t);
+  }
+  for (; j < n; ++j) cell[j] = sorted_cell(p, site[j], state);
+}
+
+template <class Index, class Real, class Cell>
+void sorted_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell, int64_t* sorted_state) {
+  constexpr int64_t kChunk = 64;
+  if (n < 1) return;
+  Index state = static_cast<Index>(*sorted_state);
+  approach_first_site(p, site[0], &state);
+  const Index nx = static_cast<Index>(p.nx);
+  for (int64_t at = 0; at < n; at += kChunk) {
+    const int64_t count = std::min(kChunk, n - at);
+    // Whether the chunk passes four breakpoints. The counting of cells needs 32-bit ones.
+    if (sizeof(Index) == 4 && state < nx - 3 && p.x[state + 3] <= site[at + count - 1]) {
+      sorted_dense_cells(p, count, n - at, site + at, cell + at, &state);
+    } else {
+      sorted_sparse_cells(p, count, site + at, cell + at, &state);
+    }
   }
   *sorted_state = state;
 }
@@ -67,31 +114,6 @@ void sorted_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell
 template <class Index, class Real, class Cell>
 void peak_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell) {
   for (int64_t j = 0; j < n; ++j) cell[j] = peak_cell<Index>(p, site[j]);
-}
-
-// Cells lo .. of `count` sites, a multiple of twice kCount, from their brackets; all are halved together, so that the
-// loads of one vector do not wait for the comparisons of another.
-template <class Real, class Cell>
-void halve_together(const Real* x, const int32_t* lo, const int32_t* hi, int steps, Real last, int64_t count,
-                    const Real* site, Cell* cell) {
-  using V = Lanes<Real>;
-  using I = Indices<Real>;
-  constexpr int64_t kCount = V::kCount;
-  for (int64_t j = 0; j < count; j += 2 * kCount) {
-    const V t0 = V::load(site + j), t1 = V::load(site + j + kCount);
-    const I hi0 = I::load(hi + j), hi1 = I::load(hi + j + kCount);
-    I lo0 = I::load(lo + j), lo1 = I::load(lo + j + kCount);
-    for (int step = steps - 1; step >= 0; --step) {
-      const I leap(1 << step);
-      const I ahead0 = min(lo0 + leap, hi0), ahead1 = min(lo1 + leap, hi1);
-      lo0 = select(t0 >= gather(x - 1, ahead0), ahead0, lo0);
-      lo1 = select(t1 >= gather(x - 1, ahead1), ahead1, lo1);
-    }
-    // The right end of the last bracket is the last breakpoint, which only sites beyond it pass.
-    const I one(1);
-    select(V(last) < t0, lo0 + one, lo0).store(cell + j);
-    select(V(last) < t1, lo1 + one, lo1).store(cell + j + kCount);
-  }
 }
 
 // The buckets of `count` sites, a multiple of kCount. A not-a-number is put into bucket 0.
@@ -106,30 +128,103 @@ void find_buckets(const Lookup<Real>& p, int64_t count, const Real* site, int32_
   }
 }
 
+// First breakpoints of the buckets' brackets; returns the greatest width.
+inline int32_t load_brackets(const int64_t* table, int64_t count, const int32_t* bucket, int32_t* start) {
+  __m128i width = _mm_setzero_si128();
+  for (int64_t j = 0; j < count; j += 4) {
+    const auto pair = [&](int64_t k) {
+      return _mm_loadu_ps(reinterpret_cast<const float*>(table + 2 * static_cast<int64_t>(bucket[j + k])));
+    };
+    const __m128 two = _mm_shuffle_ps(pair(0), pair(1), 0x88), more = _mm_shuffle_ps(pair(2), pair(3), 0x88);
+    const __m128i lo = _mm_castps_si128(_mm_shuffle_ps(two, more, 0x88));
+    const __m128i hi = _mm_castps_si128(_mm_shuffle_ps(two, more, 0xDD));
+    width = _mm_max_epi32(width, _mm_sub_epi32(hi, lo));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(start + j), lo);
+  }
+  alignas(16) int32_t widths[4];
+  _mm_store_si128(reinterpret_cast<__m128i*>(widths), width);
+  return std::max(std::max(widths[0], widths[1]), std::max(widths[2], widths[3]));
+}
+
+// Breakpoints around which cells are counted: windows of `width` from a site's start on, all of them in x[0 .. limit).
+// Every breakpoint before a window is at or below its sites, every one behind it is above.
+template <class Real>
+struct Windows {
+  const Real* x;
+  int32_t width, limit;
+};
+
+// Halves the windows together until they are narrow enough to be counted.
+template <class Real>
+int32_t halve_windows(const Windows<Real>& w, int32_t narrow, int64_t count, const Real* site, int32_t* start) {
+  using V = Lanes<Real>;
+  using I = Indices<Real>;
+  int32_t width = w.width;
+  for (; width > narrow; width -= width / 2) {
+    const int32_t half = width / 2;
+    const I leap(half), most(w.limit - width);
+    for (int64_t j = 0; j < count; j += V::kCount) {
+      const I from = min(I::load(start + j), most);
+      const V middle = gather(w.x + half - 1, from);
+      select(V::load(site + j) >= middle, from + leap, from).store(start + j);
+    }
+  }
+  return width;
+}
+
+// start[j] plus the breakpoints of its window that are not above site[j], for four sites at a time.
+template <class Real, class Cell>
+void count_windows(const Windows<Real>& w, int64_t count, const Real* site, const int32_t* start, int32_t last_index,
+                   Real last, Cell* cell) {
+  using V = Lanes<Real>;
+  const int32_t vectors = (w.width + V::kCount - 1) / V::kCount;
+  const int32_t most = w.limit - vectors * V::kCount;
+  for (int64_t j = 0; j < count; j += 4) {
+    const Real* x[4];
+    V passed[4];
+    for (int k = 0; k < 4; ++k) {
+      x[k] = w.x + std::min(start[j + k], most);
+      passed[k] = V(Real(0));
+    }
+    for (int32_t v = 0; v < vectors; ++v) {
+      for (int k = 0; k < 4; ++k) count_true(&passed[k], V(site[j + k]) >= V::load(x[k] + v * V::kCount));
+    }
+    const __m128i from =
+        _mm_min_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(start + j)), _mm_set1_epi32(most));
+    __m128i cells = _mm_sub_epi32(from, totals(passed));
+    cells = _mm_min_epi32(cells, _mm_set1_epi32(last_index));
+    // Only sites beyond the last breakpoint pass it.
+    cells = _mm_sub_epi32(cells, above(site + j, last));
+    store_indices(cell + j, cells);
+  }
+}
+
 template <class Index, class Real, class Cell>
 void hybrid_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell) {
-  constexpr int64_t kGroup = 128, kTogether = 2 * Lanes<Real>::kCount;
+  constexpr int64_t kGroup = 128, kTogether = 8;
+  constexpr int32_t kNarrow = 4 * static_cast<int32_t>(Lanes<Real>::kCount);
   int64_t at = 0;
   if constexpr (sizeof(Index) == 4) {
-    int32_t bucket[kGroup], lo[kGroup], hi[kGroup];
+    int32_t bucket[kGroup], start[kGroup];
+    Real padded[kNarrow];
     const bool tabled = p.table != nullptr && p.nx > 16;
+    const int32_t nx = static_cast<int32_t>(p.nx);
     while (n - at >= kTogether) {
       const int64_t count = std::min(kGroup, (n - at) & -kTogether);
-      int32_t width = 0;
+      Windows<Real> windows{p.x, nx - 1, nx};
       if (tabled) {
         find_buckets(p, count, site + at, bucket);
-        for (int64_t j = 0; j < count; ++j) {
-          const int64_t* pair = p.table + 2 * static_cast<int64_t>(bucket[j]);
-          lo[j] = static_cast<int32_t>(pair[0]);
-          hi[j] = static_cast<int32_t>(pair[1]);
-          width = std::max(width, hi[j] - lo[j]);
-        }
+        windows.width = std::min(load_brackets(p.table, count, bucket, start), nx - 1);
       } else {
-        width = static_cast<int32_t>(p.nx - 1);
-        std::fill(lo, lo + count, 0);
-        std::fill(hi, hi + count, width);
+        std::fill(start, start + count, 0);
       }
-      halve_together(p.x, lo, hi, halvings(width), p.x[p.nx - 1], count, site + at, cell + at);
+      windows.width = halve_windows(windows, kNarrow, count, site + at, start);
+      if (nx < kNarrow) {  // no whole window fits: a copy that ends in breakpoints which nothing passes
+        std::fill(std::copy(p.x, p.x + nx, padded), padded + kNarrow, std::numeric_limits<Real>::quiet_NaN());
+        windows.x = padded;
+        windows.limit = kNarrow;
+      }
+      count_windows(windows, count, site + at, start, nx - 1, p.x[nx - 1], cell + at);
       at += count;
     }
   }

@@ -159,21 +159,25 @@ Index sorted_cell(const Lookup<Real>& p, Real t, Index* state) {
   return *state = scan_up(p.x, nx, *state, t);
 }
 
-// Before the first site: halve the way to it.
+// Before the first site: leap towards it, twice as far each time, then halve the last leap.
 template <class Index, class Real>
 void approach_first_site(const Lookup<Real>& p, Real t, Index* state) {
-  const Index nx = static_cast<Index>(p.nx);
-  if (*state >= nx - nx / 2 || t == p.x[nx - 1]) return;
-  Index lo = *state, hi = nx;
+  if (*state >= p.nx - p.nx / 2 || t == p.x[p.nx - 1]) return;
+  int64_t lo = *state, leap = 1;
+  while (lo + leap < p.nx && !(p.x[lo + leap] > t)) {
+    lo += leap;
+    leap *= 2;
+  }
+  int64_t hi = std::min(lo + leap, p.nx);
   while (hi - lo > 1) {
-    const Index mid = lo + (hi - lo) / 2;
+    const int64_t mid = lo + (hi - lo) / 2;
     if (p.x[mid] > t) {
       hi = mid;
     } else {
       lo = mid;
     }
   }
-  *state = lo;
+  *state = static_cast<Index>(lo);
 }
 
 // A caller's guess made right. A site equal to x[guess] stays in cell `guess`.

@@ -257,6 +257,11 @@ inline void store_rows(float* out, Lanes<float> c0, Lanes<float> c1, Lanes<float
   _mm256_storeu_ps(out + 24, _mm256_permute2f128_ps(r2, r3, 0x31));
 }
 
+template <class Real>
+void store_rows(Real* out, Real c0, Real c1, Real c2, Real c3) {
+  out[0] = c0, out[1] = c1, out[2] = c2, out[3] = c3;
+}
+
 // The transpose of a square of vectors, in place.
 inline void turn(Lanes<double>* r) {
   const __m256d a = _mm256_unpacklo_pd(r[0].v, r[1].v), b = _mm256_unpackhi_pd(r[0].v, r[1].v);

@@ -10,23 +10,21 @@
 
 namespace orvik::df {
 
-inline constexpr int64_t kChunkIntervals = 128;
+inline constexpr int64_t kChunkIntervals = 512;
 inline constexpr int64_t kLargestHalo = 2;
 
-// Scratch of one thread; its size keeps neighbours off each other's cache lines.
+// Scratch of one thread; its size keeps neighbours off each other's cache lines. The arrays lie apart by no multiple of
+// 512 bytes modulo 4096, lest a load seem to wait for a store that is as far along in another array.
 template <class Real>
 struct Workspace {
-  static constexpr int64_t kLength = kChunkIntervals + 32;
+  static constexpr int64_t kLength = kChunkIntervals + 224;
   alignas(128) Real y[kLength];  // of a column
   Real h[kLength];
   Real inverse_h[kLength];
   Real m[kLength];
-  Real w[kLength];
   Real d[kLength];
 };
 
-// Arrays are indexed from breakpoint `base` on; interval k lies between points k and k + 1. On an even grid h and
-// inverse_h are not set.
 // body(k, zero) for k = from .. to: with a vector zero for kCount indices at a time, then with a real one for the rest.
 template <class Real, class Body>
 void by_lanes(int64_t from, int64_t to, Body body) {
@@ -36,6 +34,8 @@ void by_lanes(int64_t from, int64_t to, Body body) {
   for (; k <= to; ++k) body(k, Real(0));
 }
 
+// Arrays are indexed from breakpoint `base` on; interval k lies between points k and k + 1. On an even grid h and
+// inverse_h are not set.
 template <class Real, bool kUniform>
 struct Chunk {
   Partition<Real, kUniform> partition;
@@ -44,48 +44,47 @@ struct Chunk {
   bool at_left, at_right;  // the partition's ends are present
   const Real* x;
   const Real* y;
-  const Real* h;
-  const Real* inverse_h;
-  const Real* m;
-  Real* w;  // room for a rule's weights
+  Workspace<Real>* room;
+  const Real* given;  // what the caller gives for the inner breakpoints of the whole partition
 
-  // Loads the breakpoints from begin - halo to end + halo, as far as they exist.
+  // The breakpoints from begin - halo to end + halo, as far as they exist. No slope is formed yet.
   Chunk(const Partition<Real, kUniform>& given, const Values<Real>& values, int64_t nx, int64_t begin, int64_t end,
-        int64_t halo, Workspace<Real>& room)
+        int64_t halo, const Real* inner, Workspace<Real>& scratch)
       : partition(given),
         base(std::max<int64_t>(begin - halo, 0)),
         points(std::min(end + halo, nx - 1) - base + 1),
         at_left(base == 0),
         at_right(base + points == nx),
         x(kUniform ? given.x : given.x + base),
-        y(room.y),
-        h(room.h),
-        inverse_h(room.inverse_h),
-        m(room.m),
-        w(room.w) {
+        y(scratch.y),
+        room(&scratch),
+        given(inner) {
     if (values.stride == 1) {
       y = values.first + base;
     } else {
-      for (int64_t k = 0; k < points; ++k) room.y[k] = values[base + k];
-    }
-    if constexpr (kUniform) {
-      by_lanes<Real>(0, points - 2, [&](int64_t k, auto zero) {
-        using T = decltype(zero);
-        put(room.m + k, (at<T>(y + k + 1) - at<T>(y + k)) * T(given.inverse_step));
-      });
-    } else {
-      by_lanes<Real>(0, points - 2, [&](int64_t k, auto zero) {
-        using T = decltype(zero);
-        const T step = at<T>(x + k + 1) - at<T>(x + k), inverse = T(Real(1)) / step;
-        put(room.h + k, step);
-        put(room.inverse_h + k, inverse);
-        put(room.m + k, (at<T>(y + k + 1) - at<T>(y + k)) * inverse);
-      });
+      for (int64_t k = 0; k < points; ++k) scratch.y[k] = values[base + k];
     }
   }
 
-  Real length(int64_t k) const { return kUniform ? partition.step : h[k]; }
-  Real inverse_length(int64_t k) const { return kUniform ? partition.inverse_step : inverse_h[k]; }
+  // Forms the slope of interval k, or of several from there on; h only where it is asked for.
+  template <bool kLengths, class T>
+  void form_slope(int64_t k) const {
+    T inverse(partition.inverse_step);
+    if constexpr (!kUniform) {
+      const T step = at<T>(x + k + 1) - at<T>(x + k);
+      inverse = T(Real(1)) / step;
+      if (kLengths) put(room->h + k, step);
+      put(room->inverse_h + k, inverse);
+    }
+    put(room->m + k, (at<T>(y + k + 1) - at<T>(y + k)) * inverse);
+  }
+
+  const Real* h() const { return room->h; }
+  const Real* m() const { return room->m; }
+  template <class T>
+  T inverse_length(int64_t k) const {
+    return kUniform ? T(partition.inverse_step) : at<T>(room->inverse_h + k);
+  }
 };
 
 }  // namespace orvik::df

@@ -19,25 +19,13 @@ void cubic_terms(V m, V inverse_h, V d0, V d1, V* c2, V* c3) {
   *c2 = (V(3) * m - V(2) * d0 - d1) * inverse_h;
 }
 
-// Coefficients of `count` intervals from chunk index `from` on; d[0] belongs to the first one's left end.
-template <CubicForm kForm, class Real, bool kUniform>
-void store_cubic(const Chunk<Real, kUniform>& c, int64_t from, int64_t count, const Real* d, Real* out) {
-  using V = Lanes<Real>;
-  const Real* y = c.y + from;
-  const Real* m = c.m + from;
-  int64_t k = 0;
-  for (; k + V::kCount <= count; k += V::kCount) {
-    const V inverse = kUniform ? V(c.partition.inverse_step) : V::load(c.inverse_h + from + k);
-    const V d0 = V::load(d + k);
-    V c2, c3;
-    cubic_terms<kForm>(V::load(m + k), inverse, d0, V::load(d + k + 1), &c2, &c3);
-    store_rows(out + 4 * k, V::load(y + k), d0, c2, c3);
-  }
-  for (; k < count; ++k) {
-    out[4 * k] = y[k];
-    out[4 * k + 1] = d[k];
-    cubic_terms<kForm>(m[k], c.inverse_length(from + k), d[k], d[k + 1], &out[4 * k + 2], &out[4 * k + 3]);
-  }
+// Coefficients of interval k of a chunk, or of several from there on, into out; d[k] is the derivative at breakpoint k.
+template <CubicForm kForm, class T, class Real, bool kUniform>
+void put_cubic(const Chunk<Real, kUniform>& c, int64_t k, const Real* d, Real* out) {
+  const T d0 = at<T>(d + k);
+  T c2, c3;
+  cubic_terms<kForm>(at<T>(c.m() + k), c.template inverse_length<T>(k), d0, at<T>(d + k + 1), &c2, &c3);
+  store_rows(out, at<T>(c.y + k), d0, c2, c3);
 }
 
 }  // namespace orvik::df

@@ -11,26 +11,58 @@
 namespace orvik::df {
 
 // Coefficients of the intervals begin .. end - 1 of one function.
+//
+// Slopes, derivatives and coefficients advance together, each some vectors behind the one before: so the divisions of
+// two of them run beside the stores of the third, and nothing is read back just after it was written.
 template <class Rule, class Real, bool kUniform>
 void local_intervals(const Task& task, Ends ends, const Partition<Real, kUniform>& partition, int64_t function,
                      int64_t begin, int64_t end, Workspace<Real>& room) {
+  using V = Lanes<Real>;
+  constexpr int64_t kBehind = 8 * V::kCount;
   const int64_t nx = task.nx;
   const Values<Real> values(task, function);
   const Outline<Real, kUniform> outline{partition, values, nx, task.boundary_values<Real>()};
-  Real* out = task.coefficients<Real>(function);
+  const Real* given = task.internal_values<Real>();
+  Real* all = task.coefficients<Real>(function);
+  Real* d = room.d;
   for (int64_t at = begin; at < end; at += kChunkIntervals) {
     const int64_t stop = std::min(at + kChunkIntervals, end);
-    const Chunk<Real, kUniform> chunk(partition, values, nx, at, stop, Rule::kHalo, room);
-    Real* d = room.d;
-    Rule::interior(task, chunk, std::max<int64_t>(at, 1) - chunk.base, std::min(stop, nx - 2) - chunk.base, d);
-    if (at == 0) d[0] = left_derivative<Rule>(outline, ends, d[1]);
-    if (stop == nx - 1) {
-      const int64_t k = nx - 1 - chunk.base;
-      // A lone last interval begins where the chunk does; its left derivative is there.
-      d[k] = right_derivative<Rule>(outline, ends, d[k - 1]);
+    const Chunk<Real, kUniform> chunk(partition, values, nx, at, stop, Rule::kHalo, given, room);
+    const int64_t base = chunk.base;
+    Real* out = all + 4 * base;
+    const auto form_slope = [&](int64_t k, auto zero) { chunk.template form_slope<Rule::kLengths, decltype(zero)>(k); };
+    const auto derive = [&](int64_t k, auto zero) { put(d + k, Rule::template derivative<decltype(zero)>(chunk, k)); };
+    const auto put_coefficients = [&](int64_t k, auto zero) {
+      put_cubic<CubicForm::kLocal, decltype(zero)>(chunk, k, d, out + 4 * k);
+    };
+
+    const int64_t slopes = chunk.points - 1;
+    const int64_t first = std::max(at, Rule::kFirst) - base, past = std::min(stop, nx - 1 - Rule::kFirst) - base + 1;
+    int64_t a = std::min((first + 2 * kBehind) & -V::kCount, slopes),
+            b = std::min((first + kBehind) & -V::kCount, past);
+    int64_t c = at - base;
+    const int64_t c_end = stop - base;
+    by_lanes<Real>(0, a - 1, form_slope);
+    by_lanes<Real>(first, b - 1, derive);
+    if (at == 0) {
+      if constexpr (Rule::kFirst == 2) d[1] = Rule::beside_left(chunk);
+      d[0] = left_derivative<Rule>(outline, ends, d[1]);
     }
-    const int64_t from = at - chunk.base;
-    store_cubic<CubicForm::kLocal>(chunk, from, stop - at, d + from, out + 4 * at);
+    const V zero(Real(0));
+    const int64_t turns = std::min(std::min(slopes - a, past - b), c_end - c) / V::kCount;
+    for (int64_t turn = 0; turn < turns; ++turn, a += V::kCount, b += V::kCount, c += V::kCount) {
+      form_slope(a, zero);
+      derive(b, zero);
+      put_coefficients(c, zero);
+    }
+    by_lanes<Real>(a, slopes - 1, form_slope);
+    by_lanes<Real>(b, past - 1, derive);
+    const int64_t last = nx - 1 - base;
+    if constexpr (Rule::kFirst == 2) {
+      if (stop >= nx - 2) d[last - 1] = Rule::beside_right(chunk);
+    }
+    if (stop == nx - 1) d[last] = right_derivative<Rule>(outline, ends, d[last - 1]);
+    by_lanes<Real>(c, c_end - 1, put_coefficients);
   }
 }
 

@@ -16,8 +16,12 @@ void store_function(const NaturalSystem<Real, kUniform>& system, int64_t functio
   Workspace<Real> room;
   for (int64_t at = 0; at < system.nx - 1; at += kChunkIntervals) {
     const int64_t stop = std::min(at + kChunkIntervals, system.nx - 1);
-    const Chunk<Real, kUniform> chunk(system.partition, y, system.nx, at, stop, 0, room);
-    store_cubic<CubicForm::kNatural>(chunk, 0, stop - at, d + at, out + 4 * at);
+    const Chunk<Real, kUniform> chunk(system.partition, y, system.nx, at, stop, 0, nullptr, room);
+    by_lanes<Real>(0, stop - at - 1,
+                   [&](int64_t k, auto zero) { chunk.template form_slope<false, decltype(zero)>(k); });
+    by_lanes<Real>(0, stop - at - 1, [&](int64_t k, auto zero) {
+      put_cubic<CubicForm::kNatural, decltype(zero)>(chunk, k, d + at, out + 4 * (at + k));
+    });
   }
 }
 

@@ -1,5 +1,6 @@
 // The derivative rules of the local cubic kinds: each says which slopes it looks at, the derivative at an interior
-// breakpoint, and the derivatives at the ends of a periodic function.
+// breakpoint k of a chunk or at several from there on, and the derivatives at the ends of a periodic function. kHalo:
+// breakpoints that it looks at on either side; kFirst: where it begins to hold; kLengths: it reads intervals' lengths.
 #ifndef ORVIK_DF_CONSTRUCT_RULES_H
 #define ORVIK_DF_CONSTRUCT_RULES_H
 
@@ -23,11 +24,11 @@ struct Outline {
 // Derivatives that the caller gives.
 struct Hermite {
   static constexpr int64_t kHalo = 0, kFirst = 1;
+  static constexpr bool kLengths = false;
 
-  template <class Real, bool kUniform>
-  static void interior(const Task& task, const Chunk<Real, kUniform>& c, int64_t from, int64_t to, Real* d) {
-    const Real* given = task.internal_values<Real>();  // of breakpoint 1 and on
-    for (int64_t k = from; k <= to; ++k) d[k] = given[c.base + k - 1];
+  template <class T, class Real, bool kUniform>
+  static T derivative(const Chunk<Real, kUniform>& c, int64_t k) {
+    return at<T>(c.given + (c.base + k - 1));  // the first one is of breakpoint 1
   }
   template <class Real, bool kUniform>
   static Real periodic_left(const Outline<Real, kUniform>& o) {
@@ -42,22 +43,16 @@ struct Hermite {
 // The parabola through three neighbouring points.
 struct Bessel {
   static constexpr int64_t kHalo = 1, kFirst = 1;
+  static constexpr bool kLengths = true;
 
-  template <class Real, bool kUniform>
-  static void interior(const Task&, const Chunk<Real, kUniform>& c, int64_t from, int64_t to, Real* d) {
+  template <class T, class Real, bool kUniform>
+  static T derivative(const Chunk<Real, kUniform>& c, int64_t k) {
     if constexpr (kUniform) {
-      const Real half = Real(0.5) * c.partition.inverse_step;
-      by_lanes<Real>(from, to, [&](int64_t k, auto zero) {
-        using T = decltype(zero);
-        put(d + k, (at<T>(c.y + k + 1) - at<T>(c.y + k - 1)) * T(half));
-      });
+      return (at<T>(c.y + k + 1) - at<T>(c.y + k - 1)) * T(Real(0.5) * c.partition.inverse_step);
     } else {
-      by_lanes<Real>(from, to, [&](int64_t k, auto zero) {
-        using T = decltype(zero);
-        using std::fma;
-        const T sum = fma(at<T>(c.h + k), at<T>(c.m + k - 1), at<T>(c.h + k - 1) * at<T>(c.m + k));
-        put(d + k, sum / (at<T>(c.x + k + 1) - at<T>(c.x + k - 1)));
-      });
+      using std::fma;
+      const T sum = fma(at<T>(c.h() + k), at<T>(c.m() + k - 1), at<T>(c.h() + k - 1) * at<T>(c.m() + k));
+      return sum / (at<T>(c.x + k + 1) - at<T>(c.x + k - 1));
     }
   }
   template <class Real, bool kUniform>
@@ -91,19 +86,16 @@ struct Bessel {
 // Bessel's derivative, cut to zero at extrema and to three times the smaller slope (Hyman 1983).
 struct Hyman {
   static constexpr int64_t kHalo = 1, kFirst = 1;
+  static constexpr bool kLengths = true;
 
-  template <class Real, bool kUniform>
-  static void interior(const Task& task, const Chunk<Real, kUniform>& c, int64_t from, int64_t to, Real* d) {
-    Bessel::interior(task, c, from, to, d);
-    by_lanes<Real>(from, to, [&](int64_t k, auto zero) {
-      using T = decltype(zero);
-      using std::abs, std::copysign;
-      const T left = at<T>(c.m + k - 1), right = at<T>(c.m + k);
-      const T b = select(zero >= left * right, zero, at<T>(d + k));
-      const T size_left = abs(left), size_right = abs(right);
-      const T cap = T(Real(3)) * select(size_right < size_left, size_right, size_left);
-      put(d + k, copysign(select(abs(b) < cap, abs(b), cap), b));
-    });
+  template <class T, class Real, bool kUniform>
+  static T derivative(const Chunk<Real, kUniform>& c, int64_t k) {
+    using std::abs, std::copysign;
+    const T zero(Real(0)), left = at<T>(c.m() + k - 1), right = at<T>(c.m() + k);
+    const T b = select(zero >= left * right, zero, Bessel::derivative<T>(c, k));
+    const T size_left = abs(left), size_right = abs(right);
+    const T cap = T(Real(3)) * select(size_right < size_left, size_right, size_left);
+    return copysign(select(abs(b) < cap, T(abs(b)), cap), b);
   }
   template <class Real, bool kUniform>
   static Real periodic_left(const Outline<Real, kUniform>& o) {
@@ -118,31 +110,29 @@ struct Hyman {
 // Slopes weighted by how much the slopes on the other side change (Akima 1970).
 struct Akima {
   static constexpr int64_t kHalo = 2, kFirst = 2;
+  static constexpr bool kLengths = false;
 
   // Below this sum of weights the plain mean is taken. The float bound is the least float not below 1e-6.
   template <class Real>
   static constexpr Real kThreshold = sizeof(Real) == 8 ? Real(1e-10) : Real(1.0000001e-6f);
 
+  template <class T, class Real, bool kUniform>
+  static T derivative(const Chunk<Real, kUniform>& c, int64_t k) {
+    using std::abs;
+    const Real* m = c.m() + k;
+    const T left = at<T>(m - 1), right = at<T>(m);
+    return weighted<Real, T>(abs(left - at<T>(m - 2)), abs(at<T>(m + 1) - right), left, right);
+  }
+  // Beside an end the weight that is missing is its neighbour's.
   template <class Real, bool kUniform>
-  static void interior(const Task&, const Chunk<Real, kUniform>& c, int64_t from, int64_t to, Real* d) {
-    const int64_t slopes = c.points - 1;
-    Real* w = c.w;
-    const Real* m = c.m;
-    by_lanes<Real>(1, slopes - 1, [&](int64_t k, auto zero) {
-      using T = decltype(zero);
-      using std::abs;
-      put(w + k, T(abs(at<T>(m + k) - at<T>(m + k - 1))));
-    });
-    if (c.at_left) w[0] = w[1];
-    if (c.at_right) w[slopes] = w[slopes - 1];
-    by_lanes<Real>(from, to, [&](int64_t k, auto zero) {
-      using T = decltype(zero);
-      using std::fma;
-      const T before = at<T>(w + k - 1), after = at<T>(w + k + 1), left = at<T>(m + k - 1), right = at<T>(m + k);
-      const T s = after + before;
-      const T mean = T(Real(0.5)) * (left + right);
-      put(d + k, select(s < T(kThreshold<Real>), mean, fma(after, left, before * right) / s));
-    });
+  static Real beside_left(const Chunk<Real, kUniform>& c) {
+    const Real* m = c.m();
+    return weighted<Real, Real>(std::abs(m[1] - m[0]), std::abs(m[2] - m[1]), m[0], m[1]);
+  }
+  template <class Real, bool kUniform>
+  static Real beside_right(const Chunk<Real, kUniform>& c) {
+    const Real* m = c.m() + c.points - 2;  // the last slope
+    return weighted<Real, Real>(std::abs(m[-1] - m[-2]), std::abs(m[0] - m[-1]), m[-1], m[0]);
   }
   template <class Real, bool kUniform>
   static Real periodic_left(const Outline<Real, kUniform>& o) {
@@ -158,6 +148,15 @@ struct Akima {
     const Real v = std::abs(b - a), u = std::abs(o.m(l) - o.m(l - 1));
     if (std::abs(v + u) < kThreshold<Real>) return (o.m(l) + a) * Real(0.5);
     return std::fma(o.m(l), v, u * a) / (v + u);
+  }
+
+ private:
+  // From the slopes on both sides and the weights beyond them.
+  template <class Real, class T>
+  static T weighted(T before, T after, T left, T right) {
+    using std::fma;
+    const T s = after + before;
+    return select(s < T(kThreshold<Real>), T(T(Real(0.5)) * (left + right)), T(fma(after, left, before * right) / s));
   }
 };
 

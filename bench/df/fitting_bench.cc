@@ -14,7 +14,7 @@
 #include <thread>
 #include <vector>
 
-#include "df/ratios.h"
+#include "support/ratios.h"
 #include "orvik/df.h"
 
 #ifdef ORVIK_BENCH_GSL

@@ -97,6 +97,24 @@ std::vector<Kind<Real>> cubic_kinds() {
   return kinds;
 }
 
+inline constexpr int64_t kAllEnds[] = {1, 2, 12, 24, 36, 48, 64};
+
+template <class Real>
+constexpr double kTolerance = sizeof(Real) == 8 ? 1e-13 : 1e-5;
+
+// A task that a kind accepts: periodic values, conditions given.
+template <class Real>
+std::unique_ptr<Fit<Real>> legal_fit(const Kind<Real>& kind, int64_t nx, int64_t ny, int64_t bc_type, int64_t xhint) {
+  auto x = xhint == 4 ? even_partition<Real>(nx, -1, 5) : ragged_partition<Real>(nx);
+  auto y = random_values<Real>(nx * ny, 5);
+  for (int64_t f = 0; f < ny; ++f) y[size_t(f * nx + nx - 1)] = y[size_t(f * nx)];
+  auto fit = std::make_unique<Fit<Real>>(x, y, ny);
+  fit->order = kind.order, fit->type = kind.type, fit->bc_type = bc_type, fit->xhint = xhint;
+  fit->bc = {Real(0.75), Real(-0.5)};
+  fit->ic = random_values<Real>(nx + 1, 6);
+  return fit;
+}
+
 }  // namespace orvik::df::test
 
 #endif

@@ -1,9 +1,5 @@
-// Search: every method, width and real type against a naive scan, the choice of the method, threads, callbacks.
-#include <map>
-
-#include "df/search/finder.h"
-#include "df/support.h"
-#include "df/task/task.h"
+// Search: every method against a naive scan, the choice of the method, sites of all kinds.
+#include "df/search.h"
 #include "serv/memory.h"
 
 #if defined(__SANITIZE_ADDRESS__)
@@ -16,66 +12,6 @@ namespace {
 template <class Real>
 class SearchTest : public ::testing::Test {};
 TYPED_TEST_SUITE(SearchTest, Reals);
-
-template <class Real>
-int64_t naive_cell(const std::vector<Real>& x, Real t) {
-  const int64_t nx = static_cast<int64_t>(x.size());
-  if (t == x.back()) return nx - 1;
-  int64_t cell = 0;
-  while (cell < nx && x[size_t(cell)] <= t) ++cell;
-  return cell;
-}
-
-// Breakpoints, their neighbours, midpoints, both sides of the ends, far outside, infinities.
-template <class Real>
-std::vector<Real> edge_sites(const std::vector<Real>& x) {
-  const Real inf = std::numeric_limits<Real>::infinity(), big = std::numeric_limits<Real>::max() / 4;
-  std::vector<Real> sites = {-inf, -big, x[0] - 1};
-  for (size_t i = 0; i < x.size(); ++i) {
-    sites.insert(sites.end(), {std::nextafter(x[i], -inf), x[i], std::nextafter(x[i], inf)});
-    if (i + 1 < x.size()) sites.push_back(x[i] + (x[i + 1] - x[i]) / 2);
-  }
-  sites.insert(sites.end(), {x.back() + 1, big, inf});
-  return sites;
-}
-
-template <class Real>
-struct Shape {
-  const char* name;
-  std::vector<Real> x;
-};
-
-template <class Real>
-std::vector<Shape<Real>> shapes() {
-  std::vector<Shape<Real>> all;
-  for (int64_t nx : {2, 3, 16, 17, 18, 40, 100, 1000, 3000}) all.push_back({"ragged", ragged_partition<Real>(nx)});
-  // All but a few points in one bucket: brackets that need bisection.
-  auto crowd = ragged_partition<Real>(500);
-  crowd.push_back(crowd.back() + 5000);
-  crowd.push_back(crowd.back() + 5000);
-  all.push_back({"crowded left", crowd});
-  std::vector<Real> mirrored;
-  for (size_t i = crowd.size(); i-- > 0;) mirrored.push_back(-crowd[i]);
-  all.push_back({"crowded right", mirrored});
-  return all;
-}
-
-template <class Real>
-std::vector<int64_t> search_cells(OrvikDFTask task, const std::vector<Real>& sites, int64_t sitehint,
-                                  const Real* datahint, const OrvikDFServices* services = nullptr) {
-  using E = Entries<Real>;
-  const bool narrow = as_task(task)->index_width == 0;
-  std::vector<int32_t> cell32(sites.size() + 1, -7);
-  std::vector<int64_t> cell64(sites.size() + 1, -7);
-  void* cell = narrow ? static_cast<void*>(cell32.data()) : cell64.data();
-  EXPECT_EQ(E::search(task, 0, static_cast<int64_t>(sites.size()), sites.data(), sitehint, datahint, cell, nullptr,
-                      nullptr, services),
-            0);
-  if (narrow) cell64.assign(cell32.begin(), cell32.end());
-  EXPECT_EQ(cell64.back(), -7);
-  cell64.pop_back();
-  return cell64;
-}
 
 TYPED_TEST(SearchTest, EveryMethodAgreesWithAScanAtEveryEdge) {
   using E = Entries<TypeParam>;
@@ -265,365 +201,101 @@ TYPED_TEST(SearchTest, OneUniformSiteIsNotANumber) {
   EXPECT_EQ(cell, 0);
 }
 
-// ---- Threads ----------------------------------------------------------------------------------------------------
+// What the sorted method does with any sites, one after the other.
+template <class Real>
+std::vector<int64_t> scanned_cells(const std::vector<Real>& x, const std::vector<Real>& sites) {
+  const int64_t nx = static_cast<int64_t>(x.size());
+  int64_t state = 0;
+  std::vector<int64_t> cells;
+  for (Real t : sites) {
+    if (t == x.back()) {
+      cells.push_back(nx - 1);
+      continue;
+    }
+    while (state < nx && !(x[size_t(state)] > t)) ++state;
+    cells.push_back(state);
+  }
+  return cells;
+}
 
-TYPED_TEST(SearchTest, ThreadsAreUsedByTheRuleOfEachMethod) {
+TYPED_TEST(SearchTest, SortedSitesOfEveryDensityAreScanned) {
   using E = Entries<TypeParam>;
-  const auto ran = [&](int64_t xhint, int64_t sitehint, bool peak, int64_t nx, int64_t nsite, auto loop) {
-    using Loop = decltype(loop);
+  const TypeParam nan = std::numeric_limits<TypeParam>::quiet_NaN();
+  for (int64_t nx : {2, 3, 4, 5, 40, 1000}) {
     const auto x = ragged_partition<TypeParam>(nx);
     OwnedTask task;
-    EXPECT_EQ(E::make(task.out(), nx, x.data(), xhint, 0, nullptr, 0, 0), 0);
-    auto sites = random_values<TypeParam>(nsite);
-    if (sitehint == 64) std::sort(sites.begin(), sites.end());
-    const TypeParam hint[] = {0, 1, 0, 0, 3};
-    Loop::calls = 0;
-    const auto cells = search_cells<TypeParam>(task, sites, sitehint, peak ? hint : nullptr, &Loop::table);
-    EXPECT_EQ(cells, search_cells<TypeParam>(task, sites, sitehint, peak ? hint : nullptr));
-    return Loop::calls == 1;
-  };
-  const LoopServices<1> one;
-  const LoopServices<2> two;
-  const LoopServices<3> three;
-  const LoopServices<4> four;
-  const LoopServices<5> five;
-  // Uniform.
-  EXPECT_FALSE(ran(4, 0, false, 50, 5000, two));
-  EXPECT_TRUE(ran(4, 0, false, 50, 5001, two));
-  EXPECT_FALSE(ran(4, 0, false, 50, 9000, one));
-  // Quasi-uniform.
-  EXPECT_FALSE(ran(2, 0, false, 100, 300, two));
-  EXPECT_TRUE(ran(2, 0, false, 100, 301, two));
-  EXPECT_TRUE(ran(2, 0, false, 600, 151, two));
-  EXPECT_FALSE(ran(2, 0, false, 599, 151, three));
-  EXPECT_TRUE(ran(2, 0, false, 40, 151, four));
-  EXPECT_FALSE(ran(2, 0, false, 39, 151, four));
-  EXPECT_FALSE(ran(2, 0, false, 600, 150, four));
-  // Sorted.
-  EXPECT_FALSE(ran(1, 64, false, 50, 3000, two));
-  EXPECT_TRUE(ran(1, 64, false, 50, 3001, two));
-  // Peak.
-  EXPECT_FALSE(ran(1, 0, true, 1200, 1200, two));
-  EXPECT_TRUE(ran(1, 0, true, 1200, 1201, two));
-  EXPECT_TRUE(ran(1, 0, true, 1201, 32, two));
-  EXPECT_FALSE(ran(1, 0, true, 1201, 2000, one));
-  // Hybrid: with five threads the middle range runs on one.
-  EXPECT_FALSE(ran(1, 0, false, 50, 300, two));
-  EXPECT_TRUE(ran(1, 0, false, 50, 301, two));
-  EXPECT_FALSE(ran(1, 0, false, 50, 600, three));
-  EXPECT_TRUE(ran(1, 0, false, 50, 601, four));
-  EXPECT_FALSE(ran(1, 0, false, 50, 2000, five));
-  EXPECT_TRUE(ran(1, 0, false, 50, 2001, five));
-  EXPECT_FALSE(ran(1, 0, false, 50, 9000, one));
+    ASSERT_EQ(E::make(task.out(), nx, x.data(), 1, 0, nullptr, 0, 0), 0);
+    for (int64_t nsite : {31, 32, 40, 64, 65, 100, 500, 3000, 20000}) {
+      auto sites = random_values<TypeParam>(nsite, static_cast<uint32_t>(nx + nsite));
+      for (auto& t : sites) t = x[0] + (x.back() - x[0]) * (t * TypeParam(0.27) + TypeParam(0.5));
+      for (size_t j = 0; j < sites.size(); j += 7) sites[j] = x[j % x.size()];  // breakpoints, the last one too
+      std::sort(sites.begin(), sites.end());
+      EXPECT_EQ(search_cells<TypeParam>(task, sites, 64, nullptr), scanned_cells(x, sites)) << nx << " " << nsite;
+      // Some that are out of order, and not-a-numbers, which no breakpoint is above.
+      auto disturbed = sites;
+      for (size_t j = 3; j + 20 < disturbed.size(); j += 61) std::swap(disturbed[j], disturbed[j + 11]);
+      EXPECT_EQ(search_cells<TypeParam>(task, disturbed, 64, nullptr), scanned_cells(x, disturbed)) << nx;
+      disturbed[size_t(nsite) - 12] = nan;
+      EXPECT_EQ(search_cells<TypeParam>(task, disturbed, 64, nullptr), scanned_cells(x, disturbed)) << nx;
+    }
+  }
 }
 
-TYPED_TEST(SearchTest, HybridDividesInBlocksOf128) {
+TYPED_TEST(SearchTest, HybridAgreesWithAScanInPartitionsOfEverySmallSize) {
   using E = Entries<TypeParam>;
-  using Loop = LoopServices<4>;
-  const auto x = ragged_partition<TypeParam>(50);
-  OwnedTask task;
-  ASSERT_EQ(E::make(task.out(), 50, x.data(), 1, 0, nullptr, 0, 0), 0);
-  search_cells<TypeParam>(task, random_values<TypeParam>(4 * 128 * 3 + 1000), 0, nullptr, &Loop::table);
-  EXPECT_EQ(Loop::last_count, 4);
-  using Many = LoopServices<20>;
-  search_cells<TypeParam>(task, random_values<TypeParam>(2047), 0, nullptr, &Many::table);
-  EXPECT_EQ(Many::last_count, 15);  // fewer blocks than threads
-}
-
-TYPED_TEST(SearchTest, ThreadsFindTheCellsOfOneThread) {
-  using E = Entries<TypeParam>;
-  const auto x = ragged_partition<TypeParam>(3000);
-  auto sites = random_values<TypeParam>(20011);
-  for (auto& t : sites) t = t * 500 + 700;
-  for (int64_t xhint : {1, 2, 4}) {
-    for (int64_t sitehint : {0, 64}) {
-      if (sitehint == 64) std::sort(sites.begin(), sites.end());
+  const TypeParam nan = std::numeric_limits<TypeParam>::quiet_NaN();
+  for (int64_t nx = 2; nx <= 80; ++nx) {
+    for (bool repeated : {false, true}) {
+      auto x = ragged_partition<TypeParam>(nx, static_cast<uint32_t>(nx));
+      if (repeated && nx > 4) x[1] = x[2], x[size_t(nx) - 2] = x[size_t(nx) - 1];
       OwnedTask task;
-      ASSERT_EQ(E::make(task.out(), 3000, x.data(), xhint, 0, nullptr, 0, 1), 0);
-      EXPECT_EQ(search_cells<TypeParam>(task, sites, sitehint, nullptr, &ThreadServices<3>::table),
-                search_cells<TypeParam>(task, sites, sitehint, nullptr));
-    }
-  }
-}
-
-// ---- The methods as entries of their own ------------------------------------------------------------------------
-
-template <class Real>
-struct MethodEntries {
-  using Plain = int32_t (*)(int64_t, const Real*, int64_t, const Real*, int64_t*, Real, void*, void*, const int64_t*,
-                            void*);
-  using Flagged = int32_t (*)(int64_t, const Real*, int64_t, const Real*, int64_t*, Real, void*, void*, const int64_t*,
-                              void*, int64_t);
-  const char* name;
-  Plain narrow, wide, pack;
-  Flagged flagged;
-};
-#define ORVIK_TEST_METHOD(p, stem)                                                               \
-  {                                                                                              \
-#stem, orvik_df_kernel_##p##DF##stem##Search1D32, orvik_df_kernel_##p##DF##stem##Search1D64, \
-        orvik_df_kernel_##p##DF##stem##Search1D64Pack, orvik_df_kernel_##p##DF##stem##Search1D   \
-  }
-#define ORVIK_TEST_METHODS(p)                                                                     \
-  {                                                                                               \
-    ORVIK_TEST_METHOD(p, QuasiUniform), ORVIK_TEST_METHOD(p, Sorted), ORVIK_TEST_METHOD(p, Peak), \
-        ORVIK_TEST_METHOD(p, Hybrid)                                                              \
-  }
-template <class Real>
-std::vector<MethodEntries<Real>> method_entries() {
-  if constexpr (sizeof(Real) == 8) {
-    return ORVIK_TEST_METHODS(d);
-  } else {
-    return ORVIK_TEST_METHODS(s);
-  }
-}
-
-TYPED_TEST(SearchTest, AllWidthsOfAllMethodsAgreeWithAScan) {
-  using E = Entries<TypeParam>;
-  for (const auto& shape : shapes<TypeParam>()) {
-    const int64_t nx = static_cast<int64_t>(shape.x.size());
-    const auto sites = edge_sites(shape.x);
-    const int64_t n = static_cast<int64_t>(sites.size());
-    OwnedTask task;
-    ASSERT_EQ(E::make(task.out(), nx, shape.x.data(), 1, 0, nullptr, 0, 0), 0);
-    std::vector<int64_t> expected;
-    for (TypeParam t : sites) expected.push_back(naive_cell(shape.x, t));
-    const std::vector<int32_t> expected32(expected.begin(), expected.end());
-    for (const auto& entry : method_entries<TypeParam>()) {
-      TypeParam value = static_cast<TypeParam>(nx - 1) / (shape.x.back() - shape.x.front());
-      if (std::string(entry.name) == "Peak") value = static_cast<TypeParam>(nx / 2);
-      if (std::string(entry.name) == "Hybrid") value = as_task(task)->template scale<TypeParam>();
-      std::vector<int32_t> c32(sites.size());
-      std::vector<int64_t> c64(sites.size()), pack(sites.size()), flagged(sites.size());
-      const int64_t* table = as_task(task)->bucket_table;
-      const auto args = [&](auto f, auto* cell, auto... more) {
-        int64_t state = 0;
-        EXPECT_EQ(f(nx, shape.x.data(), n, sites.data(), &state, value, nullptr, nullptr, table, cell, more...), 0);
-        if (std::string(entry.name) == "Sorted") {
-          EXPECT_EQ(state, nx);  // ends beyond the last
-        }
-      };
-      args(entry.narrow, c32.data());
-      args(entry.wide, c64.data());
-      args(entry.pack, pack.data());
-      EXPECT_EQ(c32, expected32) << entry.name << " " << shape.name << nx;
-      EXPECT_EQ(c64, expected) << entry.name << " " << shape.name << nx;
-      EXPECT_EQ(pack, expected) << entry.name;
-      for (int64_t flags : {0, 1, 3, 4}) {
-        args(entry.flagged, flagged.data(), flags);
-        EXPECT_EQ(flagged, expected) << entry.name;
-      }
-      for (int64_t flags : {2, 6}) {
-        std::fill(c32.begin(), c32.end(), -1);
-        args(entry.flagged, c32.data(), flags);
-        EXPECT_EQ(c32, expected32) << entry.name;
+      ASSERT_EQ(E::make(task.out(), nx, x.data(), 1, 0, nullptr, 0, 0), 0);
+      auto sites = edge_sites(x);
+      sites.resize((sites.size() + 7) / 8 * 8, x[0]);  // whole vectors, all in the block
+      std::shuffle(sites.begin(), sites.end(), std::mt19937(static_cast<uint32_t>(nx)));
+      std::vector<int64_t> expected;
+      for (TypeParam t : sites) expected.push_back(naive_cell(x, t));
+      while (sites.size() < 32) sites.push_back(nan), expected.push_back(0);
+      EXPECT_EQ(search_cells<TypeParam>(task, sites, 0, nullptr), expected) << nx << " " << repeated;
+      for (size_t j = 0; j < sites.size(); ++j) {  // and one by one
+        ASSERT_EQ(search_cells<TypeParam>(task, {sites[j]}, 0, nullptr)[0], expected[j]) << nx << " " << sites[j];
       }
     }
   }
 }
 
-TYPED_TEST(SearchTest, SortedMethodGoesOnFromItsState) {
-  const auto x = ragged_partition<TypeParam>(100);
-  const auto run = [&](std::vector<TypeParam> sites, int64_t* state) {
-    std::vector<int32_t> cell(sites.size());
-    const int64_t n = static_cast<int64_t>(sites.size());
-    if constexpr (sizeof(TypeParam) == 8) {
-      orvik_df_kernel_dDFSortedSearch1D32(100, x.data(), n, sites.data(), state, 0, nullptr, nullptr, nullptr,
-                                          cell.data());
-    } else {
-      orvik_df_kernel_sDFSortedSearch1D32(100, x.data(), n, sites.data(), state, 0, nullptr, nullptr, nullptr,
-                                          cell.data());
-    }
-    return cell;
-  };
-  int64_t state = 0;
-  EXPECT_EQ(run({x[10], x[30]}, &state), (std::vector<int32_t>{11, 31}));
-  EXPECT_EQ(state, 31);
-  EXPECT_EQ(run({x[99], x[40]}, &state), (std::vector<int32_t>{99, 41}));  // the last breakpoint leaves the state
-  EXPECT_EQ(state, 41);
-  EXPECT_EQ(run({x[5], x[50]}, &state), (std::vector<int32_t>{41, 51}));  // descending: the scan stops where it starts
-}
-
-// ---- Callbacks --------------------------------------------------------------------------------------------------
-
-template <class Real>
-struct CallbackLog {
-  static inline std::vector<int64_t> counts;
-  static inline std::vector<int64_t> guesses;  // by site, all calls
-  static inline int32_t flag, status;
-  static inline size_t fail_at;
-  static inline void *word0, *word1;
-  static int32_t call(int64_t* count, const Real*, int64_t* cells, int32_t* flags, void* w0, void* w1) {
-    word0 = w0, word1 = w1;
-    size_t done = 0;
-    for (int64_t c : counts) done += static_cast<size_t>(c);
-    counts.push_back(*count);
-    for (size_t j = 0; j < static_cast<size_t>(*count); ++j) {
-      cells[j] = guesses.empty() ? 5 : guesses[done + j];
-      flags[j] = flag;
-    }
-    return counts.size() > fail_at ? -4242 : status;
-  }
-  static void reset(int32_t f, int32_t s, std::vector<int64_t> g = {}) {
-    counts.clear(), guesses = g, flag = f, status = s, fail_at = 1000000;
-  }
-};
-
-TYPED_TEST(SearchTest, CallbackSeesBlocksOf128AndAnEmptyLastOne) {
+TYPED_TEST(SearchTest, HybridWith17BreakpointsUsesTheTableAndWith16Scans) {
   using E = Entries<TypeParam>;
-  using Log = CallbackLog<TypeParam>;
-  const auto x = ragged_partition<TypeParam>(30);
-  OwnedTask task;
-  ASSERT_EQ(E::make(task.out(), 30, x.data(), 1, 0, nullptr, 0, 1), 0);
-  const auto sites = random_values<TypeParam>(300);
-  std::vector<int64_t> cell(300, -1);
-  const auto run = [&](int64_t n, const OrvikDFSearchParameters* parameters = nullptr) {
-    return E::search(task, 0, n, sites.data(), 0, nullptr, cell.data(), Log::call, parameters, &LoopServices<4>::table);
-  };
-  Log::reset(1, 1000);
-  EXPECT_EQ(run(128), 0);
-  EXPECT_EQ(Log::counts, (std::vector<int64_t>{128, 0}));
-  EXPECT_EQ(Log::word0, nullptr);
-  Log::reset(1, 1000);
-  int a = 0, b = 0;
-  const OrvikDFSearchParameters parameters = {{&a, &b}};
-  EXPECT_EQ(run(300, &parameters), 0);
-  EXPECT_EQ(Log::counts, (std::vector<int64_t>{128, 128, 44}));
-  EXPECT_EQ(Log::word0, &a);
-  EXPECT_EQ(Log::word1, &b);
-  EXPECT_EQ(cell, std::vector<int64_t>(300, 5));
-  Log::reset(1, 1000);
-  EXPECT_EQ(run(5), 0);  // also a short call
-  EXPECT_EQ(Log::counts, (std::vector<int64_t>{5}));
-  Log::reset(1, 17);
-  EXPECT_EQ(run(5), 17);  // the last return is the status
-}
-
-TYPED_TEST(SearchTest, FailingCallbackKeepsTheCellsOfEarlierBlocks) {
-  using E = Entries<TypeParam>;
-  using Log = CallbackLog<TypeParam>;
-  const auto x = ragged_partition<TypeParam>(30);
-  OwnedTask task;
-  ASSERT_EQ(E::make(task.out(), 30, x.data(), 1, 0, nullptr, 0, 0), 0);
-  const auto sites = random_values<TypeParam>(300);
-  std::vector<int32_t> cell(300, -1);
-  Log::reset(1, 1000);
-  Log::fail_at = 1;
-  EXPECT_EQ(E::search(task, 0, 300, sites.data(), 0, nullptr, cell.data(), Log::call, nullptr, nullptr), -4242);
-  EXPECT_EQ(cell[127], 5);
-  EXPECT_EQ(cell[128], -1);
-}
-
-TYPED_TEST(SearchTest, GuessesAreRefinedUnlessFlagged) {
-  using E = Entries<TypeParam>;
-  using Log = CallbackLog<TypeParam>;
-  const auto x = ragged_partition<TypeParam>(20);
-  const auto edges = edge_sites(x);
-  std::vector<TypeParam> sites;
-  std::vector<int64_t> guesses, expected;
-  for (TypeParam t : edges) {
-    for (int64_t g : {-3, 0, 1, 2, 7, 10, 18, 19, 20, 25}) {
-      sites.push_back(t);
-      guesses.push_back(g);
-      int64_t cell = naive_cell(x, t);
-      // A site equal to x[g] stays in its guessed cell, for a first guess of 0 in cell 0.
-      const int64_t held = std::max<int64_t>(g, 0);
-      if (held < 20 && t == x[size_t(held)]) cell = g < 1 ? 0 : g;
-      expected.push_back(cell);
-    }
-  }
-  for (int width : {0, 1}) {
+  for (int64_t nx : {16, 17}) {
+    const auto x = ragged_partition<TypeParam>(nx);
     OwnedTask task;
-    ASSERT_EQ(E::make(task.out(), 20, x.data(), 1, 0, nullptr, 0, width), 0);
-    const auto run = [&](int32_t flag, int32_t status) {
-      Log::reset(flag, status, guesses);
-      std::vector<int32_t> c32(sites.size());
-      std::vector<int64_t> c64(sites.size());
-      void* cell = width == 0 ? static_cast<void*>(c32.data()) : c64.data();
-      EXPECT_EQ(E::search(task, 0, static_cast<int64_t>(sites.size()), sites.data(), 0, nullptr, cell, Log::call,
-                          nullptr, nullptr),
-                0);
-      return width == 0 ? std::vector<int64_t>(c32.begin(), c32.end()) : c64;
-    };
-    EXPECT_EQ(run(0, 0), expected);
-    EXPECT_EQ(run(1, 0), guesses);
-    EXPECT_EQ(run(0, 1000), guesses);
+    ASSERT_EQ(E::make(task.out(), nx, x.data(), 1, 0, nullptr, 0, 0), 0);
+    Task* record = as_task(task);
+    std::fill(record->bucket_table, record->bucket_table + 2 * record->bucket_count + 2, 0);  // every bracket is empty
+    const std::vector<TypeParam> sites(40, (x[9] + x[10]) / 2);
+    const int64_t expected = nx == 16 ? 10 : 0;
+    EXPECT_EQ(search_cells<TypeParam>(task, sites, 0, nullptr), std::vector<int64_t>(40, expected));
+    EXPECT_EQ(search_cells<TypeParam>(task, {sites[0]}, 0, nullptr)[0], expected);
   }
 }
 
-TYPED_TEST(SearchTest, OnAUniformPartitionUnflaggedCellsAreComputedAfresh) {
+TYPED_TEST(SearchTest, UniformCellsAround32BitIndicesAreExact) {
   using E = Entries<TypeParam>;
-  using Log = CallbackLog<TypeParam>;
-  const TypeParam x[] = {-2, 2};
-  OwnedTask task;
-  ASSERT_EQ(E::make(task.out(), 33, x, 4, 0, nullptr, 0, 1), 0);
-  const auto sites = random_values<TypeParam>(200);
-  const auto expected = search_cells<TypeParam>(task, sites, 0, nullptr);
-  std::vector<int64_t> cell(200);
-  Log::reset(0, 0);
-  ASSERT_EQ(E::search(task, 0, 200, sites.data(), 0, nullptr, cell.data(), Log::call, nullptr, nullptr), 0);
-  EXPECT_EQ(cell, expected);
-  Log::reset(7, 0);
-  ASSERT_EQ(E::search(task, 0, 200, sites.data(), 0, nullptr, cell.data(), Log::call, nullptr, nullptr), 0);
-  EXPECT_EQ(cell, std::vector<int64_t>(200, 5));
-}
-
-TYPED_TEST(SearchTest, UserDefinedEntriesCallBackOnceForAllSites) {
-  using Log = CallbackLog<TypeParam>;
-  const auto x = ragged_partition<TypeParam>(20);
-  const auto sites = random_values<TypeParam>(500);
-  std::vector<int64_t> expected, wide(500), pack(500), flagged(500);
-  for (TypeParam t : sites) expected.push_back(naive_cell(x, t));
-  std::vector<int32_t> narrow(500), done(500, 9);
-  const int64_t before = serv::live_allocations();
-  const auto run = [&](auto f, auto* cell, auto... more) {
-    Log::reset(0, 0);
-    EXPECT_EQ(f(20, x.data(), 500, sites.data(), nullptr, TypeParam(0), nullptr, nullptr, nullptr, cell, more...,
-                Log::call, nullptr, nullptr, done.data()),
-              0);
-    EXPECT_EQ(Log::counts, (std::vector<int64_t>{500}));
-    EXPECT_EQ(done, std::vector<int32_t>(500, 0));
-  };
-  const int64_t w64 = 0, w32 = 2;
-  if constexpr (sizeof(TypeParam) == 8) {
-    run(orvik_df_kernel_dDFUserDefSearch1D32, narrow.data());
-    run(orvik_df_kernel_dDFUserDefSearch1D64, wide.data());
-    run(orvik_df_kernel_dDFUserDefSearch1D64Pack, pack.data());
-    run(orvik_df_kernel_dDFUserDefSearch1D, flagged.data(), w64);
-  } else {
-    run(orvik_df_kernel_sDFUserDefSearch1D32, narrow.data());
-    run(orvik_df_kernel_sDFUserDefSearch1D64, wide.data());
-    run(orvik_df_kernel_sDFUserDefSearch1D64Pack, pack.data());
-    run(orvik_df_kernel_sDFUserDefSearch1D, flagged.data(), w64);
+  for (int64_t nx : {int64_t(2147483646), int64_t(2147483647), int64_t(2147483648)}) {
+    const TypeParam x[] = {0, 1024};
+    OwnedTask task;
+    ASSERT_EQ(E::make(task.out(), nx, x, 4, 0, nullptr, 0, 1), 0);
+    const TypeParam value = static_cast<TypeParam>(nx - 1) / TypeParam(1024);
+    std::vector<TypeParam> sites = {-1, 0, 512, std::nextafter(TypeParam(1024), TypeParam(0)), 1024, 1025};
+    std::vector<int64_t> expected = {0, 1, static_cast<int64_t>(512 * value) + 1, 0, nx - 1, nx};
+    expected[3] = std::min<int64_t>(static_cast<int64_t>(sites[3] * value) + 1, nx);
+    for (size_t n : {6, 48}) {  // one by one, in vectors
+      const size_t period = 6;
+      while (sites.size() < n)
+        sites.push_back(sites[sites.size() % period]), expected.push_back(expected[expected.size() % period]);
+      EXPECT_EQ(search_cells<TypeParam>(task, sites, 0, nullptr), expected) << nx;
+    }
   }
-  EXPECT_EQ(std::vector<int64_t>(narrow.begin(), narrow.end()), expected);
-  EXPECT_EQ(wide, expected);
-  EXPECT_EQ(pack, expected);
-  EXPECT_EQ(flagged, expected);
-  std::fill(narrow.begin(), narrow.end(), -1);
-  if constexpr (sizeof(TypeParam) == 8) {
-    run(orvik_df_kernel_dDFUserDefSearch1D, narrow.data(), w32);
-    run(orvik_df_kernel_dDFUniUserDefSearch1D64, wide.data());
-    run(orvik_df_kernel_dDFUniUserDefSearch1D32, narrow.data());
-  } else {
-    run(orvik_df_kernel_sDFUserDefSearch1D, narrow.data(), w32);
-    run(orvik_df_kernel_sDFUniUserDefSearch1D64, wide.data());
-    run(orvik_df_kernel_sDFUniUserDefSearch1D32, narrow.data());
-  }
-  EXPECT_EQ(std::vector<int64_t>(narrow.begin(), narrow.end()), wide);
-  EXPECT_EQ(serv::live_allocations(), before);
-  serv::fail_allocation_after(1);
-  Log::reset(0, 0);
-  int32_t status;
-  if constexpr (sizeof(TypeParam) == 8) {
-    status = orvik_df_kernel_dDFUserDefSearch1D32(20, x.data(), 500, sites.data(), nullptr, 0, nullptr, nullptr,
-                                                  nullptr, narrow.data(), Log::call, nullptr, nullptr, done.data());
-  } else {
-    status = orvik_df_kernel_sDFUserDefSearch1D32(20, x.data(), 500, sites.data(), nullptr, 0, nullptr, nullptr,
-                                                  nullptr, narrow.data(), Log::call, nullptr, nullptr, done.data());
-  }
-  serv::fail_allocation_after(0);
-  EXPECT_EQ(status, DFS_NO_MEMORY);
-  EXPECT_TRUE(Log::counts.empty());
 }
 
 }  // namespace

@@ -312,5 +312,16 @@ TYPED_TEST(TaskTest, UnsortedOrConstantPartitionsStayInsideTheTable) {
   EXPECT_EQ(E::make(constant.out(), 5, x.data(), 1, 0, nullptr, 0, 0), 0);
 }
 
+TYPED_TEST(TaskTest, FunctionCountIsCutTo32BitsWhereRowsAreLaidOut) {
+  using E = Entries<TypeParam>;
+  const auto x = ragged_partition<TypeParam>(5);
+  const auto y = random_values<TypeParam>(10);
+  OwnedTask task;
+  ASSERT_EQ(E::make(task.out(), 5, x.data(), 1, (int64_t(1) << 32) + 2, y.data(), 16, 0), 0);
+  EXPECT_EQ(as_task(task)->ny, (int64_t(1) << 32) + 2);
+  EXPECT_EQ(as_task(task)->y_rows[0], y.data());
+  EXPECT_EQ(as_task(task)->y_rows[1], y.data() + 5);
+}
+
 }  // namespace
 }  // namespace orvik::df::test

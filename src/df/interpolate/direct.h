@@ -18,7 +18,7 @@ struct StoredCells {
 
   StoredCells(const Task& task, const int32_t* cells) : cell(cells), most(static_cast<int32_t>(task.nx - 2)) {}
   Indices<Real> operator()(int64_t j, Lanes<Real>) const {
-    return min(max(Indices<Real>::load(cell + j) + Indices<Real>(-1), Indices<Real>(0)), most);
+    return min(max(Indices<Real>::load(cell + j), Indices<Real>(1)) + Indices<Real>(-1), most);
   }
   int64_t operator()(int64_t j, Real) const { return interval_of(cell[j], static_cast<int32_t>(most.first() + 2)); }
 };

@@ -13,7 +13,7 @@ namespace orvik::df {
 // Sites outside take the first or the last interval; a cell that no search gives is held inside too.
 template <class Index, class Cell>
 Index interval_of(Cell cell, Index nx) {
-  return static_cast<Index>(std::min<Cell>(std::max<Cell>(cell - 1, 0), static_cast<Cell>(nx - 2)));
+  return static_cast<Index>(std::min<Cell>(std::max<Cell>(cell, 1) - 1, static_cast<Cell>(nx - 2)));
 }
 
 // x[i], given or on an even grid.

@@ -1,8 +1,7 @@
 // Runs the registered benchmarks and prints, beside the usual lines, ours against each peer.
 //
 // Names are "subject/ours" and "subject/peer"; the least time of the repetitions counts, per item where items are set.
-#ifndef ORVIK_BENCH_DF_RATIOS_H
-#define ORVIK_BENCH_DF_RATIOS_H
+#pragma once
 
 #include <benchmark/benchmark.h>
 
@@ -57,5 +56,3 @@ class RatioReporter : public benchmark::ConsoleReporter {
 };
 
 }  // namespace orvik::bench
-
-#endif

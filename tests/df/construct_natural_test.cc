@@ -1,0 +1,129 @@
+// The natural kind: smoothness, end conditions, few points, its solvers.
+#include "df/fit.h"
+
+namespace orvik::df::test {
+namespace {
+
+template <class Real>
+class ConstructNaturalTest : public ::testing::Test {};
+TYPED_TEST_SUITE(ConstructNaturalTest, Reals);
+
+TYPED_TEST(ConstructNaturalTest, NaturalHasAContinuousSecondDerivativeAndMeetsItsEndConditions) {
+  using E = Entries<TypeParam>;
+  for (int64_t xhint : {1, 4}) {
+    for (int64_t bc_type : kAllEnds) {
+      for (int64_t nx : {2, 3, 4, 5, 50, 400}) {
+        if (nx == 2 && bc_type == 1) continue;
+        if (nx == 3 && bc_type == 1) continue;  // one of many, tested below
+        auto fit = legal_fit<TypeParam>({"Natural", E::natural, 4, 2}, nx, 1, bc_type, xhint);
+        ASSERT_EQ(fit->construct(E::natural), 0);
+        const long double tol = kTolerance<TypeParam> * 4000;
+        for (int64_t i = 0; i + 2 < nx; ++i) {
+          ASSERT_NEAR(fit->at(i, fit->h(i), 1), fit->at(i + 1, 0, 1), tol) << nx << " " << bc_type;
+          const long double second = fit->at(i + 1, 0, 2);
+          ASSERT_NEAR(fit->at(i, fit->h(i), 2), second, tol * (1 + std::abs(second)))
+              << nx << " " << bc_type << " " << i;
+        }
+        const int64_t l = nx - 2;
+        const long double end = fit->h(l);
+        const long double left1 = fit->at(0, 0, 1), left2 = fit->at(0, 0, 2);
+        const long double right1 = fit->at(l, end, 1), right2 = fit->at(l, end, 2);
+        if (bc_type == 1) {
+          const long double third = fit->at(1, 0, 3), last_third = fit->at(l, 0, 3);
+          EXPECT_NEAR(fit->at(0, 0, 3), third, tol * (1 + std::abs(third)));
+          EXPECT_NEAR(fit->at(l - 1, 0, 3), last_third, tol * (1 + std::abs(last_third)));
+        }
+        if (bc_type == 2) {
+          EXPECT_NEAR(left2, 0, tol * 20);
+          EXPECT_NEAR(right2, 0, tol * 20);
+        }
+        if (bc_type == 12 || bc_type == 36) {
+          EXPECT_NEAR(left1, 0.75, tol);
+        }
+        if (bc_type == 24 || bc_type == 48) {
+          EXPECT_NEAR(left2, 0.75, tol * 20);
+        }
+        if (bc_type == 12 || bc_type == 24) {
+          EXPECT_NEAR(right1, -0.5, tol);
+        }
+        if (bc_type == 36 || bc_type == 48) {
+          EXPECT_NEAR(right2, -0.5, tol * 20);
+        }
+        if (bc_type == 64) {
+          EXPECT_NEAR(left1, right1, tol);
+          EXPECT_NEAR(left2, right2, tol * 20);
+        }
+      }
+    }
+  }
+}
+
+TYPED_TEST(ConstructNaturalTest, NaturalOnThreePointsNotAKnotHasAZeroSlopeInTheMiddle) {
+  using E = Entries<TypeParam>;
+  Fit<TypeParam> fit({0, 1, 3}, {1, 2, -1});
+  fit.type = 2, fit.bc_type = 1;
+  ASSERT_EQ(fit.construct(E::natural), 0);
+  EXPECT_EQ(fit.coefficients(1)[1], 0);
+  // t = 3, h = 1 and 2, m = 1 and -1.5.
+  EXPECT_NEAR(fit.coefficients(0)[1], ((2 * 3 + 1) * 2 * 1.0 + 1 * -1.5) / (2 * 3), 1e-6);
+  EXPECT_NEAR(fit.at(1, 2, 1), ((2 * 3 + 2) * 1 * -1.5 + 4 * 1.0) / (1 * 3), 1e-5);
+}
+
+TYPED_TEST(ConstructNaturalTest, NaturalOfOneFunctionAndOfTwoAgreeToTheBit) {
+  using E = Entries<TypeParam>;
+  for (int64_t bc_type : {1, 2, 12, 48}) {
+    for (int64_t nx : {4, 9, 700, 5000}) {
+      auto two = legal_fit<TypeParam>({"Natural", E::natural, 4, 2}, nx, 2, bc_type, 1);
+      Fit<TypeParam> one(two->x, std::vector<TypeParam>(two->y.begin() + nx, two->y.end()));
+      one.type = 2, one.bc_type = bc_type, one.bc = two->bc;
+      ASSERT_EQ(two->construct(E::natural), 0);
+      ASSERT_EQ(one.construct(E::natural), 0);
+      EXPECT_TRUE(std::equal(one.c.begin(), one.c.end(), two->c.begin() + 4 * (nx - 1))) << nx << " " << bc_type;
+    }
+  }
+}
+
+TYPED_TEST(ConstructNaturalTest, NaturalReportsASingularSystem) {
+  using E = Entries<TypeParam>;
+  for (int64_t ny : {1, 2}) {
+    Fit<TypeParam> fit({1, 1, 1, 1, 2}, std::vector<TypeParam>(static_cast<size_t>(5 * ny), 1), ny);
+    fit.type = 2, fit.bc_type = 1;
+    EXPECT_EQ(fit.construct(E::natural), DFS_SOLVER_FAILED);
+    EXPECT_EQ(fit.c, std::vector<TypeParam>(fit.c.size(), TypeParam(77)));
+    auto x = ragged_partition<TypeParam>(3000);
+    x[1500] = x[1501] = x[1502] = x[1499];
+    Fit<TypeParam> lengthy(x, random_values<TypeParam>(3000 * ny), ny);
+    lengthy.type = 2;
+    EXPECT_EQ(lengthy.construct(E::natural), DFS_SOLVER_FAILED);
+    EXPECT_EQ(lengthy.c, std::vector<TypeParam>(lengthy.c.size(), TypeParam(77)));
+  }
+}
+
+// Long functions in rows go through several stretches at a time, columns through the plain solver.
+TYPED_TEST(ConstructNaturalTest, NaturalInStretchesHasTheBitsOfThePlainSolver) {
+  using E = Entries<TypeParam>;
+  for (int64_t bc_type : {1, 2, 12, 24, 36, 48}) {
+    for (int64_t nx : {511, 512, 513, 530, 700, 5000, 20011}) {
+      for (bool wild : {false, true}) {
+        const auto make = [&](bool columns) {
+          auto fit = legal_fit<TypeParam>({"Natural", E::natural, 4, 2}, nx, 1, bc_type, 1);
+          if (wild) {  // steps over many orders of magnitude, values too
+            TypeParam at = 0;
+            for (size_t i = 0; i < fit->x.size(); ++i) {
+              fit->x[i] = at;
+              at += std::max(at * TypeParam(1e-3), std::pow(TypeParam(10), static_cast<TypeParam>(i * 7 % 5) - 2));
+              fit->y[i] *= std::pow(TypeParam(10), static_cast<TypeParam>(i * 13 % 9));
+            }
+          }
+          if (columns) fit->yhint = 32;
+          EXPECT_EQ(fit->construct(E::natural), 0);
+          return fit;
+        };
+        EXPECT_EQ(make(false)->c, make(true)->c) << nx << " " << bc_type;
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace orvik::df::test

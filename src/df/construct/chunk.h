@@ -10,11 +10,10 @@
 
 namespace orvik::df {
 
-inline constexpr int64_t kChunkIntervals = 512;
-inline constexpr int64_t kLargestHalo = 2;
+inline constexpr int64_t kChunkIntervals = 1024;
 
-// Scratch of one thread; its size keeps neighbours off each other's cache lines. The arrays lie apart by no multiple of
-// 512 bytes modulo 4096, lest a load seem to wait for a store that is as far along in another array.
+// Scratch of one thread; its size keeps neighbours off each other's cache lines. The padding also keeps the arrays from
+// lying alike modulo 4096 bytes, which makes loads from one wait for stores to another.
 template <class Real>
 struct Workspace {
   static constexpr int64_t kLength = kChunkIntervals + 224;
@@ -39,9 +38,8 @@ void by_lanes(int64_t from, int64_t to, Body body) {
 template <class Real, bool kUniform>
 struct Chunk {
   Partition<Real, kUniform> partition;
-  int64_t base;            // first breakpoint present
-  int64_t points;          // breakpoints present
-  bool at_left, at_right;  // the partition's ends are present
+  int64_t base;    // first breakpoint present
+  int64_t points;  // breakpoints present
   const Real* x;
   const Real* y;
   Workspace<Real>* room;
@@ -53,8 +51,6 @@ struct Chunk {
       : partition(given),
         base(std::max<int64_t>(begin - halo, 0)),
         points(std::min(end + halo, nx - 1) - base + 1),
-        at_left(base == 0),
-        at_right(base + points == nx),
         x(kUniform ? given.x : given.x + base),
         y(scratch.y),
         room(&scratch),

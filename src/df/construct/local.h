@@ -10,6 +10,21 @@
 
 namespace orvik::df {
 
+// Vectors of slopes from a on, of derivatives from b on, of coefficients from c on. A function of its own, for the
+// registers' sake.
+template <class Rule, class Real, bool kUniform>
+[[gnu::noinline]] void advance(const Chunk<Real, kUniform>& given, int64_t turns, int64_t a, int64_t b, int64_t c,
+                               Real* out) {
+  using V = Lanes<Real>;
+  const Chunk<Real, kUniform> chunk = given;
+  Real* d = chunk.room->d;
+  for (; turns > 0; --turns, a += V::kCount, b += V::kCount, c += V::kCount) {
+    chunk.template form_slope<Rule::kLengths, V>(a);
+    put(d + b, Rule::template derivative<V>(chunk, b));
+    put_cubic<CubicForm::kLocal, V>(chunk, c, d, out + 4 * c);
+  }
+}
+
 // Coefficients of the intervals begin .. end - 1 of one function.
 //
 // Slopes, derivatives and coefficients advance together, each some vectors behind the one before: so the divisions of
@@ -18,7 +33,7 @@ template <class Rule, class Real, bool kUniform>
 void local_intervals(const Task& task, Ends ends, const Partition<Real, kUniform>& partition, int64_t function,
                      int64_t begin, int64_t end, Workspace<Real>& room) {
   using V = Lanes<Real>;
-  constexpr int64_t kBehind = 8 * V::kCount;
+  constexpr int64_t kBehind = 6 * V::kCount;
   const int64_t nx = task.nx;
   const Values<Real> values(task, function);
   const Outline<Real, kUniform> outline{partition, values, nx, task.boundary_values<Real>()};
@@ -48,13 +63,9 @@ void local_intervals(const Task& task, Ends ends, const Partition<Real, kUniform
       if constexpr (Rule::kFirst == 2) d[1] = Rule::beside_left(chunk);
       d[0] = left_derivative<Rule>(outline, ends, d[1]);
     }
-    const V zero(Real(0));
     const int64_t turns = std::min(std::min(slopes - a, past - b), c_end - c) / V::kCount;
-    for (int64_t turn = 0; turn < turns; ++turn, a += V::kCount, b += V::kCount, c += V::kCount) {
-      form_slope(a, zero);
-      derive(b, zero);
-      put_coefficients(c, zero);
-    }
+    advance<Rule>(chunk, turns, a, b, c, out);
+    if (turns > 0) a += turns * V::kCount, b += turns * V::kCount, c += turns * V::kCount;
     by_lanes<Real>(a, slopes - 1, form_slope);
     by_lanes<Real>(b, past - 1, derive);
     const int64_t last = nx - 1 - base;

@@ -76,7 +76,7 @@ void sorted_dense_cells(const Lookup<Real>& p, int64_t n, int64_t present, const
     for (int64_t i = 0; i < kTogether; i += V::kCount) {
       ascending &= (V::load(site + j + i + 1) >= V::load(site + j + i)).bits();
     }
-    if (ascending != kAll || k + 3 >= nx || !(p.x[k + 3] > site[j + kTogether - 1])) {
+    if (ascending != kAll || k >= nx - 3 || !(p.x[k + 3] > site[j + kTogether - 1])) {
       for (int64_t i = 0; i < kTogether; ++i) cell[j + i] = sorted_cell(p, site[j + i], state);
       continue;
     }

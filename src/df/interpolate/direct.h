@@ -58,7 +58,11 @@ void evaluate_sites(const Task& task, int64_t n, const Real* site, Cells cells, 
       int64_t i[V::kCount];
       spread(interval, i);
       V columns[kOrder];
-      load_columns<kOrder>(c, i, columns);
+      if constexpr (Cells::kEven) {
+        load_scattered_columns<kOrder>(c, i, columns);
+      } else {
+        load_columns<kOrder>(c, i, columns);
+      }
       horner<kOrder, kDerivative, Real>(columns, t - left_end(interval, i)).store(out + j);
     }
   };

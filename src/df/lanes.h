@@ -183,14 +183,21 @@ inline void spread(Indices<float> i, int64_t* out) {
   spread(_mm256_extracti128_si256(i.v, 1), out + 4);
 }
 
-// p[i] for every index. The masked form, since the plain one's undefined source is a warning.
-inline Lanes<double> gather(const double* p, Indices<double> i) {
-  const __m256d all = _mm256_castsi256_pd(_mm256_set1_epi32(-1));
-  return _mm256_mask_i32gather_pd(_mm256_setzero_pd(), p, i.v, all, 8);
+// p[i] for every index that is not negative, by single loads: the gathering instructions take twice as long.
+inline Lanes<double> gather(const double* p, Indices<double> index) {
+  int64_t i[4];
+  spread(index, i);
+  const __m128d low = _mm_loadh_pd(_mm_load_sd(p + i[0]), p + i[1]);
+  return _mm256_insertf128_pd(_mm256_castpd128_pd256(low), _mm_loadh_pd(_mm_load_sd(p + i[2]), p + i[3]), 1);
 }
-inline Lanes<float> gather(const float* p, Indices<float> i) {
-  const __m256 all = _mm256_castsi256_ps(_mm256_set1_epi32(-1));
-  return _mm256_mask_i32gather_ps(_mm256_setzero_ps(), p, i.v, all, 4);
+inline Lanes<float> gather(const float* p, Indices<float> index) {
+  int64_t i[8];
+  spread(index, i);
+  const auto four = [&](int k) {
+    const __m128 a = _mm_unpacklo_ps(_mm_load_ss(p + i[k]), _mm_load_ss(p + i[k + 1]));
+    return _mm_movelh_ps(a, _mm_unpacklo_ps(_mm_load_ss(p + i[k + 2]), _mm_load_ss(p + i[k + 3])));
+  };
+  return _mm256_insertf128_ps(_mm256_castps128_ps256(four(0)), four(4), 1);
 }
 
 // Truncated to integers.

@@ -202,7 +202,7 @@ void count_windows(const Windows<Real>& w, int64_t count, const Real* site, cons
 template <class Index, class Real, class Cell>
 void hybrid_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell) {
   constexpr int64_t kGroup = 128, kTogether = 8;
-  constexpr int32_t kNarrow = 4 * static_cast<int32_t>(Lanes<Real>::kCount);
+  constexpr int32_t kNarrow = 6 * static_cast<int32_t>(Lanes<Real>::kCount);
   int64_t at = 0;
   if constexpr (sizeof(Index) == 4) {
     int32_t bucket[kGroup], start[kGroup];

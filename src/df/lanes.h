@@ -183,7 +183,8 @@ inline void spread(Indices<float> i, int64_t* out) {
   spread(_mm256_extracti128_si256(i.v, 1), out + 4);
 }
 
-// p[i] for every index that is not negative, by single loads: the gathering instructions take twice as long.
+// p[i] for every index that is not negative, by single loads: the gathering instructions are slower on the
+// processors this is tuned for.
 inline Lanes<double> gather(const double* p, Indices<double> index) {
   int64_t i[4];
   spread(index, i);

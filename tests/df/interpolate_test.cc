@@ -202,6 +202,32 @@ TYPED_TEST(InterpolateTest, CellsAreWrittenTakenOrBoth) {
   }
 }
 
+// Only the outer intervals serve cells outside 1 to nx - 1, however far; the extremes of the integers among them.
+TYPED_TEST(InterpolateTest, GivenCellsOutsideTakeTheOuterPolynomials) {
+  for (int32_t width : {0, 1}) {
+    for (int64_t nsite : {1, 20, 300}) {
+      auto fit = random_spline<TypeParam>(4, 0, 40, 1);
+      as_task(fit->task)->index_width = width;
+      const auto sites = spread_sites(*fit, nsite);
+      for (int64_t given : {int64_t{INT32_MIN}, int64_t{-1}, int64_t{0}, int64_t{40}, int64_t{INT32_MAX}}) {
+        std::vector<int32_t> narrow(size_t(nsite), static_cast<int32_t>(given));
+        std::vector<int64_t> wide(size_t(nsite), given);
+        Call<TypeParam> call;
+        call.cell = width == 0 ? static_cast<void*>(narrow.data()) : wide.data();
+        call.flags = 4;
+        const auto r = call(fit->task, sites);
+        EXPECT_EQ(call.status, 0);
+        const int64_t i = given <= 0 ? 0 : 38;
+        const TypeParam* c = fit->coefficients(i);
+        for (size_t j = 0; j < sites.size(); ++j) {
+          const TypeParam t = sites[j] - fit->x[static_cast<size_t>(i)];
+          ASSERT_EQ(r[j], std::fma(t, std::fma(t, std::fma(t, c[3], c[2]), c[1]), c[0])) << given << " " << nsite;
+        }
+      }
+    }
+  }
+}
+
 TYPED_TEST(InterpolateTest, UniformSitesAreExpandedBlockByBlock) {
   auto fit = random_spline<TypeParam>(4, 0, 40, 1);
   for (int64_t n : {2, 30, 257, 9000}) {

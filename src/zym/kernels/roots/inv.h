@@ -72,22 +72,15 @@ struct Inv : InvElement<typename V::Element> {
   static auto special(V x) { return RefinedReciprocal<V, L>::special(x); }
   static V lanes(V x) { return RefinedReciprocal<V, L>::lanes(x); }
 };
-// Not a normal number, or with a reciprocal that is none: the division instruction is right there too, but slow.
-template <class V>
-auto extreme(V x) {
-  constexpr bool wide = V::width == 4;
-  return roots::outside_magnitude < wide ? 0x00100000 : 0x00800000, wide ? 0x7FCFFFFF : 0x7E7FFFFF > (x);
-}
-
 template <class V>
 struct Inv<V, Level::HA> : InvElement<typename V::Element> {
-  static auto special(V x) { return extreme(x); }
+  static V special(V x) { return compare<_CMP_EQ_OQ>(x, V(0.0f)); }
   static V lanes(V x) { return V(1.0f) / x; }
 };
 
 template <class V>
 struct HardwareDiv : DivElement<typename V::Element> {
-  static auto special(V, V b) { return extreme(b); }
+  static V special(V, V b) { return compare<_CMP_EQ_OQ>(b, V(0.0f)); }
   static V lanes(V a, V b) { return a / b; }
 };
 

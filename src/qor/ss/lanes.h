@@ -4,6 +4,8 @@
 #include <immintrin.h>
 
 #include <cstdint>
+#include <type_traits>
+#include <utility>
 
 namespace orvik::ss {
 
@@ -19,6 +21,7 @@ struct Lanes<double> {
   static void store(double* p, V v) { _mm256_storeu_pd(p, v); }
   static V all(double x) { return _mm256_set1_pd(x); }
   static V fma(V a, V b, V c) { return _mm256_fmadd_pd(a, b, c); }
+  static V fms(V a, V b, V c) { return _mm256_fmsub_pd(a, b, c); }
   // Both return b where a lane of either is a NaN.
   static V min(V a, V b) { return _mm256_min_pd(a, b); }
   static V max(V a, V b) { return _mm256_max_pd(a, b); }
@@ -40,6 +43,7 @@ struct Lanes<float> {
   static void store(float* p, V v) { _mm256_storeu_ps(p, v); }
   static V all(float x) { return _mm256_set1_ps(x); }
   static V fma(V a, V b, V c) { return _mm256_fmadd_ps(a, b, c); }
+  static V fms(V a, V b, V c) { return _mm256_fmsub_ps(a, b, c); }
   static V min(V a, V b) { return _mm256_min_ps(a, b); }
   static V max(V a, V b) { return _mm256_max_ps(a, b); }
   static V either(V a, V b) { return _mm256_or_ps(a, b); }
@@ -53,6 +57,15 @@ struct Lanes<float> {
   static void store(float* p, Mask m, V v) { _mm256_maskstore_ps(p, m, v); }
   static V keep(V v, Mask m) { return _mm256_and_ps(v, _mm256_castsi256_ps(m)); }
 };
+
+// body(0), body(1) ... body(N - 1) with constant indices, so that arrays of vectors stay in registers.
+template <int N, class Body>
+inline __attribute__((always_inline)) void unroll(Body&& body) {
+  [&]<int... k>(std::integer_sequence<int, k...>) __attribute__((always_inline)) {
+    (body(std::integral_constant<int, k>{}), ...);
+  }
+  (std::make_integer_sequence<int, N>{});
+}
 
 // The sum of all lanes, pairwise.
 template <class T>

@@ -4,8 +4,8 @@
 #include <immintrin.h>
 
 #include <cstdint>
-#include <type_traits>
-#include <utility>
+
+#include "qor/unroll.h"
 
 namespace orvik::ss {
 
@@ -57,15 +57,6 @@ struct Lanes<float> {
   static void store(float* p, Mask m, V v) { _mm256_maskstore_ps(p, m, v); }
   static V keep(V v, Mask m) { return _mm256_and_ps(v, _mm256_castsi256_ps(m)); }
 };
-
-// body(0), body(1) ... body(N - 1) with constant indices, so that arrays of vectors stay in registers.
-template <int N, class Body>
-inline __attribute__((always_inline)) void unroll(Body&& body) {
-  [&]<int... k>(std::integer_sequence<int, k...>) __attribute__((always_inline)) {
-    (body(std::integral_constant<int, k>{}), ...);
-  }
-  (std::make_integer_sequence<int, N>{});
-}
 
 // The sum of all lanes, pairwise.
 template <class T>

@@ -140,23 +140,23 @@ struct Mcg {
 
   // Delivers n members from the four lanes on; returns the lanes behind them.
   template <class Sink>
-  static __m256i run(__m256i members, const uint64_t (*power)[4], int32_t n, const Sink& target) {
+  static __m256i run(__m256i members, const uint64_t (*power)[4], int32_t n, const Sink& sink) {
     using Factor = typename Modulus::Factor;
     using Product = typename Modulus::Product;
     constexpr int kGroup = 4;  // products that are made together
-    const Sink sink = target;  // a copy: for all the compiler knows the results might overlap it
     auto lane = Modulus::enter(members);
     ptrdiff_t i = 0;
     if (n >= 32) {
+      const Sink own = sink;  // a copy: for all the compiler knows the results might overlap it
       Factor factor[8];
       for (int j = 0; j < 8; ++j) factor[j] = Factor(load4(power[j]));
       Product w[kGroup] = {Modulus::unit(lane)}, first[kGroup - 1];
       for (; i + 32 <= n; i += 32) {
         Modulus::multiply(lane, factor, first);
         unroll<kGroup - 1>([&](auto k) __attribute__((always_inline)) { w[k + 1] = first[k]; });
-        sink.fours(i, w);
+        own.fours(i, w);
         Modulus::multiply(lane, factor + kGroup - 1, w);
-        sink.fours(i + 4 * kGroup, w);
+        own.fours(i + 4 * kGroup, w);
         Product next[1];
         Modulus::multiply(lane, factor + 7, next);
         lane = Modulus::lanes(next[0]);

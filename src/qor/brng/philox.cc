@@ -79,19 +79,21 @@ struct Philox {
   }
 
   template <class Sink>
-  static int32_t fill(OrvikStream stream, int32_t n, const Sink& target) {
-    const Sink sink = target;  // for all the compiler knows the results might overlap it
+  static int32_t fill(OrvikStream stream, int32_t n, const Sink& sink) {
     State& state = state_of<State>(stream);
     ptrdiff_t i = deliver_block(state, n, 0, sink);
     if (i >= n) return ORVIK_QOR_OK;
     const Keys keys(state);
     Counter128 counter = load_counter(state.counter);
     constexpr int kGroup = 2;
-    for (; i + 16 * kGroup <= n; i += 16 * kGroup, counter += 4 * kGroup) {
-      __m256i low[kGroup], high[kGroup], words[2 * kGroup];
-      unroll<kGroup>([&](auto g) __attribute__((always_inline)) { lanes(counter + 4 * g, low[g], high[g]); });
-      blocks(low, high, keys, words);
-      sink.group(i, words);
+    if (i + 16 * kGroup <= n) {
+      const Sink own = sink;  // a copy: for all the compiler knows the results might overlap it
+      for (; i + 16 * kGroup <= n; i += 16 * kGroup, counter += 4 * kGroup) {
+        __m256i low[kGroup], high[kGroup], words[2 * kGroup];
+        unroll<kGroup>([&](auto g) __attribute__((always_inline)) { lanes(counter + 4 * g, low[g], high[g]); });
+        blocks(low, high, keys, words);
+        own.group(i, words);
+      }
     }
     __m256i low[1], high[1], words[2];
     for (; i + 16 <= n; i += 16, counter += 4) {
@@ -104,7 +106,7 @@ struct Philox {
       lanes(counter, low[0], high[0]);
       blocks(low, high, keys, words);
       if (rest >= 8) sink.eight(i, words[0]);
-      const __m256i last = words[rest / 8];
+      const __m256i last = rest >= 8 ? words[1] : words[0];
       if (rest % 8 > 0) sink.some(i + rest / 8 * 8, last, rest % 8);
       counter += static_cast<uint32_t>(rest + 3) / 4;
       state.left = static_cast<uint32_t>(-rest) & 3;

@@ -196,6 +196,7 @@ struct Mcg {
     fill_lanes(lane, state.x, state.a);
     fill_powers(power, state.a);
     store4(lane, run(load4(lane), power, n, sink));
+    sink.one(0, state.x);  // an image may hold bits above the modulus: delivered as they are, whatever the request
     state.x = static_cast<Element>(lane[0]);
     return ORVIK_QOR_OK;
   }

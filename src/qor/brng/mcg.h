@@ -143,24 +143,29 @@ struct Mcg {
   static __m256i run(__m256i members, const uint64_t (*power)[4], int32_t n, const Sink& sink) {
     using Factor = typename Modulus::Factor;
     using Product = typename Modulus::Product;
-    constexpr int kGroup = 4;  // products that are made together
+    constexpr int kGroup = 2;  // products that are made together
     auto lane = Modulus::enter(members);
     ptrdiff_t i = 0;
     if (n >= 32) {
       const Sink own = sink;  // a copy: for all the compiler knows the results might overlap it
       Factor factor[8];
       for (int j = 0; j < 8; ++j) factor[j] = Factor(load4(power[j]));
-      Product w[kGroup] = {Modulus::unit(lane)}, first[kGroup - 1];
       for (; i + 32 <= n; i += 32) {
-        Modulus::multiply(lane, factor, first);
-        unroll<kGroup - 1>([&](auto k) __attribute__((always_inline)) { w[k + 1] = first[k]; });
-        own.fours(i, w);
-        Modulus::multiply(lane, factor + kGroup - 1, w);
-        own.fours(i + 4 * kGroup, w);
+        unroll<8 / kGroup>([&](auto g) __attribute__((always_inline)) {
+          Product w[kGroup];
+          if constexpr (g == 0) {
+            Product behind[kGroup - 1];
+            Modulus::multiply(lane, factor, behind);
+            w[0] = Modulus::unit(lane);
+            unroll<kGroup - 1>([&](auto k) __attribute__((always_inline)) { w[k + 1] = behind[k]; });
+          } else {
+            Modulus::multiply(lane, factor + g * kGroup - 1, w);
+          }
+          own.fours(i + 4 * kGroup * g, w);
+        });
         Product next[1];
         Modulus::multiply(lane, factor + 7, next);
         lane = Modulus::lanes(next[0]);
-        w[0] = Modulus::unit(lane);
       }
     }
     const Factor next(load4(power[0]));

@@ -70,15 +70,10 @@ struct FromLow {
   static __m256d to_double(__m128i w) {  // exact
     return unbias(_mm256_or_si256(_mm256_cvtepu32_epi64(w), broadcast64(0x4330000000000000)));
   }
-  template <int N>
-  static void to_doubles(const __m256i (&w)[N], __m256d (&low)[N], __m256d (&high)[N]) {
-    const __m256i bias = broadcast32(0x43300000);
-    __m256i crossed[N];
-    unroll<N>([&](auto k) __attribute__((always_inline)) { crossed[k] = _mm256_permute4x64_epi64(w[k], 0xD8); });
-    unroll<N>([&](auto k) __attribute__((always_inline)) {
-      low[k] = unbias(_mm256_unpacklo_epi32(crossed[k], bias));
-      high[k] = unbias(_mm256_unpackhi_epi32(crossed[k], bias));
-    });
+  static void to_doubles(__m256i w, __m256d& low, __m256d& high) {
+    const __m256i bias = broadcast32(0x43300000), crossed = _mm256_permute4x64_epi64(w, 0xD8);
+    low = unbias(_mm256_unpacklo_epi32(crossed, bias));
+    high = unbias(_mm256_unpackhi_epi32(crossed, bias));
   }
   static __m256d unbias(__m256i w) { return _mm256_sub_pd(_mm256_castsi256_pd(w), _mm256_set1_pd(0x1p52)); }
   template <class T>
@@ -92,12 +87,9 @@ struct FromMiddle {
     unroll<N>([&](auto k) __attribute__((always_inline)) { x[k] = _mm256_cvtepi32_ps(w[k]); });
   }
   static __m256d to_double(__m128i w) { return _mm256_cvtepi32_pd(w); }
-  template <int N>
-  static void to_doubles(const __m256i (&w)[N], __m256d (&low)[N], __m256d (&high)[N]) {
-    unroll<N>([&](auto k) __attribute__((always_inline)) {
-      low[k] = to_double(_mm256_castsi256_si128(w[k]));
-      high[k] = to_double(_mm256_extracti128_si256(w[k], 1));
-    });
+  static void to_doubles(__m256i w, __m256d& low, __m256d& high) {
+    low = to_double(_mm256_castsi256_si128(w));
+    high = to_double(_mm256_extracti128_si256(w, 1));
   }
   template <class T>
   static T origin(T a, T b) {
@@ -138,17 +130,14 @@ class DoubleSink {
   DoubleSink(double* r, double a, double b)
       : r_(r), scale_(_mm256_set1_pd((b - a) * 0x1p-32)), origin_(_mm256_set1_pd(Reading::origin(a, b))) {}
   template <int N>
-  void group(ptrdiff_t i, const __m256i (&w)[N]) const {
-    __m256d low[N], high[N];
-    Reading::to_doubles(w, low, high);
-    unroll<N>([&](auto k) __attribute__((always_inline)) {
-      _mm256_storeu_pd(r_ + i + 8 * k, _mm256_fmadd_pd(scale_, low[k], origin_));
-      _mm256_storeu_pd(r_ + i + 8 * k + 4, _mm256_fmadd_pd(scale_, high[k], origin_));
-    });
+  void group(ptrdiff_t i, const __m256i (&w)[N]) const {  // one after the other: registers are short
+    unroll<N>([&](auto k) __attribute__((always_inline)) { eight(i + 8 * k, w[k]); });
   }
   void eight(ptrdiff_t i, __m256i w) const {
-    const __m256i words[1] = {w};
-    group(i, words);
+    __m256d low, high;
+    Reading::to_doubles(w, low, high);
+    _mm256_storeu_pd(r_ + i, _mm256_fmadd_pd(scale_, low, origin_));
+    _mm256_storeu_pd(r_ + i + 4, _mm256_fmadd_pd(scale_, high, origin_));
   }
   void pair(ptrdiff_t i, __m128i low, __m128i high) const {
     _mm256_storeu_pd(r_ + i, convert(low));

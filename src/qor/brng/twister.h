@@ -32,6 +32,7 @@ struct Twister : NoJumps {
   using Raw = RawSink;
   using Float = FloatSink<FromLow>;
   using Double = DoubleSink<FromLow>;
+  using QuickDouble = DoubleSink<FromLowBiased>;
   using Tempering = typename P::Tempering;
 
   static constexpr int kN = P::kN, kM = P::kM;

@@ -183,7 +183,7 @@ TYPED_TEST(Moments, OfLongRunsWithoutWeightsAgreeInBothStorages) {
 
 // Long contiguous observations go in streams of rows, each with weights of its own.
 TYPED_TEST(Moments, OfWideObservationsAgreeAroundTheBordersOfTheirStreams) {
-  for (int64_t n : {3, 4, 5, 127, 128, 129, 131, 701}) {
+  for (int64_t n : {3, 5, 128, 131, 701}) {
     const auto sample = random_sample<TypeParam>(67, n);
     for (bool weighted : {false, true}) {
       for (uint64_t method : kMethods) check(sample, {67, n, true, weighted, false, false, method, 0, 1});

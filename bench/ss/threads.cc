@@ -37,7 +37,7 @@ void two_threads() {
   constexpr uint64_t kVariance = ORVIK_SS_MEAN | ORVIK_SS_CENTRAL_MOMENT2;
   constexpr uint64_t kFour = ORVIK_SS_SKEWNESS | ORVIK_SS_KURTOSIS;
   auto pair = [&](const char* what, auto run) {
-    compare(what, kCount, {{"", [&] { run(&kTwo); }}, {"one thread", [&] { run(nullptr); }}}, 5);
+    compare(what, kCount, {{"", [&] { run(&kTwo); }}, {"one thread", [&] { run(nullptr); }}}, 9);
   };
   // What the memory itself gives to two threads.
   pair("two threads: reading memory", [&](const OrvikThreading* t) {
@@ -81,7 +81,7 @@ void stream() {
                 __qoriSSEditTask(task.get(), OrvikSS_orderStatisticsStorage, &rows);
                 _qordSSQuantiles(task.get(), ORVIK_SS_ORDER_STATISTICS, 1, nullptr);
               }}},
-            3);
+            5);
   }
 }
 

@@ -72,17 +72,17 @@ void moments() {
                 }},
 #endif
               },
-              3);
+              5);
 #ifdef ORVIK_HAVE_BOOST
       compare("mean, variance, one pass" + shape, kCount,
               {{"", [&] { task.basic(kVariance, 2); }},
                {"Boost accumulators, variance", [&] { boost_moments<acc::tag::mean, acc::tag::variance>(x); }},
                {"Boost accumulators, lazy variance", [&] { boost_moments<acc::tag::mean, acc::tag::lazy_variance>(x); }}},
-              3);
+              9);
       compare("four moments, one pass" + shape, kCount,
               {{"", [&] { task.basic(kFour, 2); }},
                {"Boost accumulators", [&] { boost_moments<acc::tag::mean, acc::tag::variance, acc::tag::skewness, acc::tag::kurtosis>(x); }}},
-              3);
+              9);
 #endif
     }
   }

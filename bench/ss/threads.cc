@@ -1,4 +1,6 @@
 // Two threads against one, where work goes parallel; stream quantiles. Units: one value.
+#include <immintrin.h>
+
 #include <thread>
 
 #include "ss/rounds.h"
@@ -7,15 +9,24 @@
 namespace orvik::bench {
 namespace {
 
-const OrvikThreading kTwo = {
-    [] { return int32_t{2}; },
-    [](int32_t count, void* context, void (*routine)(int32_t, int32_t, int32_t, void*)) {
-      std::vector<std::thread> others;
-      for (int32_t k = 1; k < count; ++k) others.emplace_back(routine, k, 0, count, context);
-      routine(0, 0, count, context);
-      for (auto& t : others) t.join();
-      return int32_t{0};
-    }};
+const OrvikThreading kTwo = {[] { return int32_t{2}; },
+                             [](int32_t count, void* context, void (*routine)(int32_t, int32_t, int32_t, void*)) {
+                               std::vector<std::thread> others;
+                               for (int32_t k = 1; k < count; ++k) others.emplace_back(routine, k, 0, count, context);
+                               routine(0, 0, count, context);
+                               for (auto& t : others) t.join();
+                               return int32_t{0};
+                             }};
+
+// Reads the values from `begin` to `end` and keeps what the compiler cannot drop.
+void read(const double* begin, const double* end) {
+  __m256d s[8] = {};
+  for (; begin + 32 <= end; begin += 32) {
+    for (int k = 0; k < 8; ++k) s[k] = _mm256_or_pd(s[k], _mm256_loadu_pd(begin + 4 * k));
+  }
+  for (int k = 1; k < 8; ++k) s[0] = _mm256_or_pd(s[0], s[k]);
+  asm volatile("" : : "x"(s[0]));
+}
 
 }  // namespace
 
@@ -23,10 +34,19 @@ void two_threads() {
   constexpr int64_t kCount = 10'000'000, kP = 10;
   const auto x = normal_values(kCount);
   Task task(kP, kCount / kP, ORVIK_SS_STORAGE_COLUMNS, x.data());
+  constexpr uint64_t kVariance = ORVIK_SS_MEAN | ORVIK_SS_CENTRAL_MOMENT2;
   constexpr uint64_t kFour = ORVIK_SS_SKEWNESS | ORVIK_SS_KURTOSIS;
   auto pair = [&](const char* what, auto run) {
-    compare(what, kCount, {{"", [&] { run(&kTwo); }}, {"one thread", [&] { run(nullptr); }}}, 5);
+    compare(what, kCount, {{"", [&] { run(&kTwo); }}, {"one thread", [&] { run(nullptr); }}}, 9);
   };
+  // What the memory itself gives to two threads.
+  pair("two threads: reading memory", [&](const OrvikThreading* t) {
+    const double *begin = x.data(), *end = begin + kCount, *middle = t == nullptr ? end : begin + kCount / 2;
+    std::thread other([&] { read(middle, end); });
+    read(begin, middle);
+    other.join();
+  });
+  pair("two threads: mean, variance, fast", [&](const OrvikThreading* t) { task.basic(kVariance, 1, t); });
   pair("two threads: four moments, one pass", [&](const OrvikThreading* t) { task.basic(kFour, 2, t); });
   pair("two threads: four moments, fast", [&](const OrvikThreading* t) { task.basic(kFour, 1, t); });
   pair("two threads: covariance", [&](const OrvikThreading* t) { task.basic(ORVIK_SS_COVARIANCE, 1, t); });
@@ -52,7 +72,8 @@ void stream() {
                 _qordSSStreamQuantiles(task.get(), 0, 0, nullptr);
                 __qorSQuantilesFreeBuffers(task.get());
               }},
-             {"full sort by order statistics", [&] {
+             {"full sort by order statistics",
+              [&] {
                 work.resize(kCount);
                 Task task(1, kCount, ORVIK_SS_STORAGE_ROWS, x.data());
                 const int64_t rows = ORVIK_SS_STORAGE_ROWS;
@@ -60,7 +81,7 @@ void stream() {
                 __qoriSSEditTask(task.get(), OrvikSS_orderStatisticsStorage, &rows);
                 _qordSSQuantiles(task.get(), ORVIK_SS_ORDER_STATISTICS, 1, nullptr);
               }}},
-            3);
+            5);
   }
 }
 

@@ -1,5 +1,5 @@
 // The four functions of a generator's row, from one class that describes the generator:
-//   Raw, Float, Double   its sinks
+//   Raw, Float, Double   its sinks, and QuickDouble where it has one
 //   fill(stream, n, sink)
 //   seed(stream, n, seeds), and of leapfrog, skip, skip_long those it has
 #pragma once
@@ -34,6 +34,15 @@ int32_t init_stream(uint32_t method, OrvikStream stream, int32_t n, const void* 
   }
 }
 
+// Doubles by the quicker of two equal ways, where a generator has two and the interval allows it.
+template <class G>
+int32_t fill_doubles(OrvikStream stream, int32_t n, double* r, double a, double b) {
+  if constexpr (requires { typename G::QuickDouble; }) {
+    if (G::QuickDouble::applies(a, b)) return G::fill(stream, n, typename G::QuickDouble(r, a, b));
+  }
+  return G::fill(stream, n, typename G::Double(r, a, b));
+}
+
 template <class State>
 State& state_of(OrvikStream stream) {
   return *reinterpret_cast<State*>(state_bytes(stream));
@@ -55,7 +64,7 @@ constexpr int32_t record_size() {
     return G::fill(stream, n, G::Float(r, a, b));                                                            \
   }                                                                                                          \
   int32_t __qordBRng##NAME(OrvikStream stream, int32_t n, double* r, double a, double b) {                   \
-    return G::fill(stream, n, G::Double(r, a, b));                                                           \
+    return orvik::qor::fill_doubles<G>(stream, n, r, a, b);                                                  \
   }                                                                                                          \
   int32_t __qoriBRng##NAME(OrvikStream stream, int32_t n, void* r) { return G::fill(stream, n, G::Raw(r)); } \
   }

@@ -1,5 +1,5 @@
 // Multiplicative congruential generators x(n+1) = a x(n) mod m. One class over the modulus: `Modulus` gives the element
-// types, the multiplication of one member and of four lanes, and the exact conversion of four members to double.
+// types, the multiplication of one member and of four lanes, and the conversion of members to double and float.
 #pragma once
 
 #include <immintrin.h>
@@ -21,11 +21,15 @@ inline void store4(uint64_t* p, __m256i w) { _mm256_storeu_si256(reinterpret_cas
 template <class Modulus>
 class McgRawSink {
  public:
+  using Product = typename Modulus::Product;
   explicit McgRawSink(void* r) : r_(static_cast<typename Modulus::Element*>(r)) {}
-  void four(ptrdiff_t i, __m256i w) const { Modulus::store(r_ + i, w); }
-  void some(ptrdiff_t i, __m256i w, int count) const {
+  template <int N>
+  void fours(ptrdiff_t i, const Product (&w)[N]) const {
+    unroll<N>([&](auto k) __attribute__((always_inline)) { Modulus::store(r_ + i + 4 * k, w[k]); });
+  }
+  void some(ptrdiff_t i, Product w, int count) const {
     uint64_t word[4];
-    store4(word, w);
+    store4(word, Modulus::leave(Modulus::lanes(w)));
     for (int k = 0; k < count; ++k) one(i + k, word[k]);
   }
   void one(ptrdiff_t i, uint64_t w) const { r_[i] = static_cast<typename Modulus::Element>(w); }
@@ -37,31 +41,53 @@ class McgRawSink {
 template <class Modulus>
 class McgFloatSink {
  public:
+  using Product = typename Modulus::Product;
   McgFloatSink(float* r, float a, float b)
-      : r_(r), scale_(_mm_set1_ps((b - a) * Modulus::kFloatScale)), a_(_mm_set1_ps(a)) {}
-  void four(ptrdiff_t i, __m256i w) const { _mm_storeu_ps(r_ + i, convert(w)); }
-  void some(ptrdiff_t i, __m256i w, int count) const {
-    _mm_maskstore_ps(r_ + i, _mm256_castsi256_si128(lane_mask(count)), convert(w));
+      : r_(r), scale_(_mm256_set1_ps((b - a) * Modulus::kFloatScale)), a_(_mm256_set1_ps(a)) {}
+  template <int N>
+  void fours(ptrdiff_t i, const Product (&w)[N]) const {
+    __m256 x[(N + 1) / 2];
+    Modulus::to_float(w, x);
+    unroll<(N + 1) / 2>([&](auto k) __attribute__((always_inline)) { x[k] = _mm256_fmadd_ps(scale_, x[k], a_); });
+    unroll<N / 2>([&](auto k) __attribute__((always_inline)) { _mm256_storeu_ps(r_ + i + 8 * k, x[k]); });
+    if constexpr (N % 2 == 1) _mm_storeu_ps(r_ + i + 4 * (N - 1), _mm256_castps256_ps128(x[N / 2]));
+  }
+  void some(ptrdiff_t i, Product w, int count) const {
+    const Product words[1] = {w};
+    __m256 x[1];
+    Modulus::to_float(words, x);
+    _mm_maskstore_ps(r_ + i, _mm256_castsi256_si128(lane_mask(count)),
+                     _mm256_castps256_ps128(_mm256_fmadd_ps(scale_, x[0], a_)));
   }
 
  private:
-  __m128 convert(__m256i w) const { return _mm_fmadd_ps(scale_, _mm256_cvtpd_ps(Modulus::to_double(w)), a_); }
   float* r_;
-  __m128 scale_, a_;
+  __m256 scale_, a_;
 };
 
 template <class Modulus>
 class McgDoubleSink {
  public:
+  using Product = typename Modulus::Product;
   McgDoubleSink(double* r, double a, double b)
       : r_(r), scale_(_mm256_set1_pd((b - a) * Modulus::kDoubleScale)), a_(_mm256_set1_pd(a)) {}
-  void four(ptrdiff_t i, __m256i w) const { _mm256_storeu_pd(r_ + i, convert(w)); }
-  void some(ptrdiff_t i, __m256i w, int count) const {
-    _mm256_maskstore_pd(r_ + i, _mm256_cvtepi32_epi64(_mm256_castsi256_si128(lane_mask(count))), convert(w));
+  template <int N>
+  void fours(ptrdiff_t i, const Product (&w)[N]) const {
+    __m256d x[N];
+    Modulus::to_double(w, x);
+    unroll<N>([&](auto k) __attribute__((always_inline)) {
+      _mm256_storeu_pd(r_ + i + 4 * k, _mm256_fmadd_pd(scale_, x[k], a_));
+    });
+  }
+  void some(ptrdiff_t i, Product w, int count) const {
+    const Product words[1] = {w};
+    __m256d x[1];
+    Modulus::to_double(words, x);
+    _mm256_maskstore_pd(r_ + i, _mm256_cvtepi32_epi64(_mm256_castsi256_si128(lane_mask(count))),
+                        _mm256_fmadd_pd(scale_, x[0], a_));
   }
 
  private:
-  __m256d convert(__m256i w) const { return _mm256_fmadd_pd(scale_, Modulus::to_double(w), a_); }
   double* r_;
   __m256d scale_, a_;
 };
@@ -114,29 +140,49 @@ struct Mcg {
 
   // Delivers n members from the four lanes on; returns the lanes behind them.
   template <class Sink>
-  static __m256i run(__m256i lane, const uint64_t (*power)[4], int32_t n, const Sink& sink) {
+  static __m256i run(__m256i members, const uint64_t (*power)[4], int32_t n, const Sink& sink) {
     using Factor = typename Modulus::Factor;
+    using Product = typename Modulus::Product;
+    constexpr int kGroup = 2;  // products that are made together
+    auto lane = Modulus::enter(members);
     ptrdiff_t i = 0;
     if (n >= 32) {
-      Factor factor[8];  // copies: the caller's array might overlap the side block for all the compiler knows
+      const Sink own = sink;  // a copy: for all the compiler knows the results might overlap it
+      Factor factor[8];
       for (int j = 0; j < 8; ++j) factor[j] = Factor(load4(power[j]));
       for (; i + 32 <= n; i += 32) {
-        sink.four(i, lane);
-        for (int j = 0; j < 7; ++j) sink.four(i + 4 * (j + 1), Modulus::multiply(lane, factor[j]));
-        lane = Modulus::multiply(lane, factor[7]);
+        unroll<8 / kGroup>([&](auto g) __attribute__((always_inline)) {
+          Product w[kGroup];
+          if constexpr (g == 0) {
+            Product behind[kGroup - 1];
+            Modulus::multiply(lane, factor, behind);
+            w[0] = Modulus::unit(lane);
+            unroll<kGroup - 1>([&](auto k) __attribute__((always_inline)) { w[k + 1] = behind[k]; });
+          } else {
+            Modulus::multiply(lane, factor + g * kGroup - 1, w);
+          }
+          own.fours(i + 4 * kGroup * g, w);
+        });
+        Product next[1];
+        Modulus::multiply(lane, factor + 7, next);
+        lane = Modulus::lanes(next[0]);
       }
     }
     const Factor next(load4(power[0]));
+    Product w[1] = {Modulus::unit(lane)}, after[1];
     for (; i + 4 <= n; i += 4) {
-      sink.four(i, lane);
-      lane = Modulus::multiply(lane, next);
+      sink.fours(i, w);
+      Modulus::multiply(lane, &next, after);
+      lane = Modulus::lanes(after[0]);
+      w[0] = Modulus::unit(lane);
     }
     const int rest = static_cast<int>(n - i);
-    if (rest <= 0) return lane;
-    sink.some(i, lane, rest);
+    if (rest <= 0) return Modulus::leave(lane);
+    sink.some(i, w[0], rest);
+    Modulus::multiply(lane, &next, after);
     uint64_t member[8];  // the lanes stay four consecutive members
-    store4(member, lane);
-    store4(member + 4, Modulus::multiply(lane, next));
+    store4(member, Modulus::leave(lane));
+    store4(member + 4, Modulus::leave(Modulus::lanes(after[0])));
     return load4(member + rest);
   }
 
@@ -155,6 +201,7 @@ struct Mcg {
     fill_lanes(lane, state.x, state.a);
     fill_powers(power, state.a);
     store4(lane, run(load4(lane), power, n, sink));
+    sink.one(0, state.x);  // an image may hold bits above the modulus: delivered as they are, whatever the request
     state.x = static_cast<Element>(lane[0]);
     return ORVIK_QOR_OK;
   }

@@ -29,18 +29,41 @@ struct Mod2P31M1 {
     explicit Factor(__m256i power) : a(power) {}
     __m256i a;
   };
-  static __m256i multiply(__m256i x, const Factor& f) {
-    const __m256i a = f.a, m = broadcast64(kModulus), product = _mm256_mul_epu32(x, a);
-    const __m256i sum = _mm256_add_epi64(_mm256_and_si256(product, m), _mm256_srli_epi64(product, 31));
-    return _mm256_min_epu32(sum, _mm256_sub_epi32(sum, m));
+  // Four members and what one comes from.
+  using Lanes = __m256i;
+  using Product = __m256i;
+  static Lanes enter(__m256i x) { return x; }
+  static __m256i leave(Lanes x) { return x; }
+  static Lanes lanes(Product x) { return x; }
+  static Product unit(Lanes x) { return x; }
+  template <int N>
+  static void multiply(Lanes x, const Factor* f, Product (&r)[N]) {
+    const __m256i m = broadcast64(kModulus);
+    unroll<N>([&](auto k) __attribute__((always_inline)) { r[k] = _mm256_mul_epu32(x, f[k].a); });
+    unroll<N>([&](auto k) __attribute__((always_inline)) {
+      r[k] = _mm256_add_epi64(_mm256_and_si256(r[k], m), _mm256_srli_epi64(r[k], 31));
+    });
+    unroll<N>([&](auto k) __attribute__((always_inline)) { r[k] = _mm256_min_epu32(r[k], _mm256_sub_epi32(r[k], m)); });
   }
-  static void store(uint32_t* r, __m256i w) {
+  static void store(uint32_t* r, Product w) {
     const __m256i packed = _mm256_permutevar8x32_epi32(w, _mm256_setr_epi32(0, 2, 4, 6, 0, 2, 4, 6));
     _mm_storeu_si128(reinterpret_cast<__m128i*>(r), _mm256_castsi256_si128(packed));
   }
-  static __m256d to_double(__m256i w) {
-    const __m256i biased = _mm256_or_si256(w, broadcast64(0x4330000000000000));
-    return _mm256_sub_pd(_mm256_castsi256_pd(biased), _mm256_set1_pd(0x1p52));
+  template <int N>
+  static void to_double(const Product (&w)[N], __m256d (&x)[N]) {
+    unroll<N>([&](auto k) __attribute__((always_inline)) {
+      const __m256i biased = _mm256_or_si256(w[k], broadcast64(0x4330000000000000));
+      x[k] = _mm256_sub_pd(_mm256_castsi256_pd(biased), _mm256_set1_pd(0x1p52));
+    });
+  }
+  // 31 bits have a sign to spare: one rounding.
+  template <int N>
+  static void to_float(const Product (&w)[N], __m256 (&x)[(N + 1) / 2]) {
+    unroll<(N + 1) / 2>([&](auto k) __attribute__((always_inline)) {
+      constexpr int kOther = 2 * k + 1 < N ? 2 * k + 1 : 2 * k;
+      const __m256 packed = _mm256_shuffle_ps(_mm256_castsi256_ps(w[2 * k]), _mm256_castsi256_ps(w[kOther]), 0x88);
+      x[k] = _mm256_cvtepi32_ps(_mm256_permute4x64_epi64(_mm256_castps_si256(packed), 0xD8));
+    });
   }
 };
 
@@ -61,19 +84,52 @@ struct Mod2P59 {
     explicit Factor(__m256i power) : low(power), high(_mm256_srli_epi64(power, 32)) {}
     __m256i low, high;
   };
-  static __m256i multiply(__m256i x, const Factor& f) {
-    const __m256i cross =
-        _mm256_add_epi64(_mm256_mul_epu32(_mm256_srli_epi64(x, 32), f.low), _mm256_mul_epu32(x, f.high));
-    const __m256i product = _mm256_add_epi64(_mm256_mul_epu32(x, f.low), _mm256_slli_epi64(cross, 32));
-    return _mm256_and_si256(product, broadcast64(kMask));
+  // Lanes stand 5 bits higher, so that the modulus is that of the word. A product is `low`, and `high` added to its
+  // upper half, of which only the low 32 bits count.
+  using Lanes = __m256i;
+  struct Product {
+    __m256i low, high;
+  };
+  static Lanes enter(__m256i x) { return _mm256_slli_epi64(x, 5); }
+  static __m256i leave(Lanes x) { return _mm256_srli_epi64(x, 5); }
+  static Lanes lanes(Product x) { return _mm256_add_epi64(x.low, _mm256_slli_epi64(x.high, 32)); }
+  static Product unit(Lanes x) { return {x, _mm256_setzero_si256()}; }
+  template <int N>
+  static void multiply(Lanes x, const Factor* f, Product (&r)[N]) {
+    const __m256i upper = _mm256_srli_epi64(x, 32);
+    __m256i cross[N];
+    unroll<N>([&](auto k) __attribute__((always_inline)) {
+      r[k].low = _mm256_mul_epu32(x, f[k].low);
+      r[k].high = _mm256_mul_epu32(upper, f[k].low);
+      cross[k] = _mm256_mul_epu32(x, f[k].high);
+    });
+    unroll<N>([&](auto k) __attribute__((always_inline)) { r[k].high = _mm256_add_epi64(r[k].high, cross[k]); });
   }
-  static void store(uint64_t* r, __m256i w) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(r), w); }
-  // One rounding: halves against the biases 2^84 and 2^52.
-  static __m256d to_double(__m256i w) {
-    const __m256i high = _mm256_or_si256(_mm256_srli_epi64(w, 32), broadcast64(0x4530000000000000));
-    const __m256i low = _mm256_blend_epi32(w, broadcast64(0x4330000000000000), 0xAA);
-    return _mm256_add_pd(_mm256_sub_pd(_mm256_castsi256_pd(high), _mm256_set1_pd(0x1p84 + 0x1p52)),
-                         _mm256_castsi256_pd(low));
+  static void store(uint64_t* r, Product w) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(r), leave(lanes(w))); }
+  // One rounding: halves against the biases 2^79 and 2^47.
+  template <int N>
+  static void to_double(const Product (&w)[N], __m256d (&x)[N]) {
+    __m256i high[N];
+    unroll<N>([&](auto k) __attribute__((always_inline)) { high[k] = _mm256_srli_epi64(w[k].low, 32); });
+    unroll<N>([&](auto k) __attribute__((always_inline)) { high[k] = _mm256_add_epi64(high[k], w[k].high); });
+    unroll<N>([&](auto k) __attribute__((always_inline)) {
+      const __m256i biased = _mm256_blend_epi32(high[k], broadcast64(0x44E0000000000000), 0xAA);
+      x[k] = _mm256_sub_pd(_mm256_castsi256_pd(biased), _mm256_set1_pd(0x1p79 + 0x1p47));
+    });
+    unroll<N>([&](auto k) __attribute__((always_inline)) {
+      const __m256i low = _mm256_blend_epi32(w[k].low, broadcast64(0x42E0000000000000), 0xAA);
+      x[k] = _mm256_add_pd(x[k], _mm256_castsi256_pd(low));
+    });
+  }
+  // By way of the double, in two roundings.
+  template <int N>
+  static void to_float(const Product (&w)[N], __m256 (&x)[(N + 1) / 2]) {
+    unroll<(N + 1) / 2>([&](auto k) __attribute__((always_inline)) {
+      const Product pair[2] = {w[2 * k], w[2 * k + 1 < N ? 2 * k + 1 : 2 * k]};
+      __m256d d[2];
+      to_double(pair, d);
+      x[k] = _mm256_set_m128(_mm256_cvtpd_ps(d[1]), _mm256_cvtpd_ps(d[0]));
+    });
   }
 };
 

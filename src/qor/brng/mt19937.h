@@ -20,11 +20,12 @@ struct Mt19937Parameters {
 
   struct Tempering {
     explicit Tempering(const State&) {}
-    __m256i operator()(__m256i y) const {
-      y = _mm256_xor_si256(y, _mm256_srli_epi32(y, 11));
-      y = _mm256_xor_si256(y, _mm256_and_si256(_mm256_slli_epi32(y, 7), broadcast32(0x9D2C5680)));
-      y = _mm256_xor_si256(y, _mm256_and_si256(_mm256_slli_epi32(y, 15), broadcast32(0xEFC60000)));
-      return _mm256_xor_si256(y, _mm256_srli_epi32(y, 18));
+    template <int G>
+    void operator()(__m256i (&y)[G]) const {
+      shift_right<11>(y);
+      shift_left<7>(y, broadcast32(0x9D2C5680));
+      shift_left<15>(y, broadcast32(0xEFC60000));
+      shift_right<18>(y);
     }
   };
 };

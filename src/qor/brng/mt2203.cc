@@ -19,11 +19,12 @@ struct Mt2203Parameters {
 
   struct Tempering {
     explicit Tempering(const State& state) : b(broadcast32(state.mask_b)), c(broadcast32(state.mask_c)) {}
-    __m256i operator()(__m256i y) const {
-      y = _mm256_xor_si256(y, _mm256_srli_epi32(y, 12));
-      y = _mm256_xor_si256(y, _mm256_and_si256(_mm256_slli_epi32(y, 7), b));
-      y = _mm256_xor_si256(y, _mm256_and_si256(_mm256_slli_epi32(y, 15), c));
-      return _mm256_xor_si256(y, _mm256_srli_epi32(y, 18));
+    template <int G>
+    void operator()(__m256i (&y)[G]) const {
+      shift_right<12>(y);
+      shift_left<7>(y, b);
+      shift_left<15>(y, c);
+      shift_right<18>(y);
     }
     __m256i b, c;
   };

@@ -25,22 +25,39 @@ struct Philox {
     __m256i k0[kRounds], k1[kRounds];
   };
 
-  // Blocks 0, 2, 1, 3 in the lanes: unpacking then stores them in order. `high` holds words 2 and 3 of the counters.
-  static void four_blocks(__m256i low, __m256i high, const Keys& keys, __m256i& first, __m256i& second) {
+  // G times four blocks, each four in the lanes 0, 2, 1, 3: unpacking then stores them in order. `high` holds words 2
+  // and 3 of the counters. Every step is done for all G, since ten rounds in a row are longer than the processor looks
+  // ahead.
+  template <int G>
+  static void blocks(const __m256i (&low)[G], const __m256i (&high)[G], const Keys& keys, __m256i (&words)[2 * G]) {
     const __m256i m0 = broadcast64(0xD2511F53), m1 = broadcast64(0xCD9E8D57);
     // Only the low half of a 64-bit lane counts in c0 to c3; products bring junk into the high halves.
-    __m256i c0 = low, c1 = _mm256_srli_epi64(low, 32), c2 = high, c3 = _mm256_srli_epi64(high, 32);
-    for (int r = 0; r < kRounds; ++r) {
-      const __m256i p0 = _mm256_mul_epu32(c0, m0), p1 = _mm256_mul_epu32(c2, m1);
-      c0 = _mm256_xor_si256(_mm256_xor_si256(_mm256_srli_epi64(p1, 32), keys.k0[r]), c1);
-      c2 = _mm256_xor_si256(_mm256_xor_si256(_mm256_srli_epi64(p0, 32), keys.k1[r]), c3);
-      c1 = p1;
-      c3 = p0;
-    }
-    const __m256i words01 = _mm256_blend_epi32(c0, _mm256_slli_epi64(c1, 32), 0xAA);
-    const __m256i words23 = _mm256_blend_epi32(c2, _mm256_slli_epi64(c3, 32), 0xAA);
-    first = _mm256_unpacklo_epi64(words01, words23);
-    second = _mm256_unpackhi_epi64(words01, words23);
+    __m256i c0[G], c1[G], c2[G], c3[G];
+    unroll<G>([&](auto g) __attribute__((always_inline)) {
+      c0[g] = low[g];
+      c1[g] = _mm256_srli_epi64(low[g], 32);
+      c2[g] = high[g];
+      c3[g] = _mm256_srli_epi64(high[g], 32);
+    });
+    unroll<kRounds>([&](auto r) __attribute__((always_inline)) {
+      __m256i p0[G], p1[G];
+      unroll<G>([&](auto g) __attribute__((always_inline)) {
+        p0[g] = _mm256_mul_epu32(c0[g], m0);
+        p1[g] = _mm256_mul_epu32(c2[g], m1);
+      });
+      unroll<G>([&](auto g) __attribute__((always_inline)) {
+        c0[g] = _mm256_xor_si256(_mm256_srli_epi64(p1[g], 32), _mm256_xor_si256(c1[g], keys.k0[r]));
+        c2[g] = _mm256_xor_si256(_mm256_srli_epi64(p0[g], 32), _mm256_xor_si256(c3[g], keys.k1[r]));
+        c1[g] = p1[g];
+        c3[g] = p0[g];
+      });
+    });
+    unroll<G>([&](auto g) __attribute__((always_inline)) {
+      const __m256i words01 = _mm256_blend_epi32(c0[g], _mm256_slli_epi64(c1[g], 32), 0xAA);
+      const __m256i words23 = _mm256_blend_epi32(c2[g], _mm256_slli_epi64(c3[g], 32), 0xAA);
+      words[2 * g] = _mm256_unpacklo_epi64(words01, words23);
+      words[2 * g + 1] = _mm256_unpackhi_epi64(words01, words23);
+    });
   }
 
   static void lanes(Counter128 counter, __m256i& low, __m256i& high) {
@@ -53,11 +70,11 @@ struct Philox {
   }
 
   static void one_block(State& state) {
-    __m256i low, high, first, second;
+    __m256i low[1], high[1], words[2];
     const Counter128 counter = load_counter(state.counter);
-    lanes(counter, low, high);
-    four_blocks(low, high, Keys(state), first, second);
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(state.block), _mm256_castsi256_si128(first));
+    lanes(counter, low[0], high[0]);
+    blocks(low, high, Keys(state), words);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(state.block), _mm256_castsi256_si128(words[0]));
     store_counter(state.counter, counter + 1);
   }
 
@@ -68,19 +85,28 @@ struct Philox {
     if (i >= n) return ORVIK_QOR_OK;
     const Keys keys(state);
     Counter128 counter = load_counter(state.counter);
-    __m256i low, high, first, second;
+    constexpr int kGroup = 2;
+    if (i + 16 * kGroup <= n) {
+      const Sink own = sink;  // a copy: for all the compiler knows the results might overlap it
+      for (; i + 16 * kGroup <= n; i += 16 * kGroup, counter += 4 * kGroup) {
+        __m256i low[kGroup], high[kGroup], words[2 * kGroup];
+        unroll<kGroup>([&](auto g) __attribute__((always_inline)) { lanes(counter + 4 * g, low[g], high[g]); });
+        blocks(low, high, keys, words);
+        own.group(i, words);
+      }
+    }
+    __m256i low[1], high[1], words[2];
     for (; i + 16 <= n; i += 16, counter += 4) {
-      lanes(counter, low, high);
-      four_blocks(low, high, keys, first, second);
-      sink.eight(i, first);
-      sink.eight(i + 8, second);
+      lanes(counter, low[0], high[0]);
+      blocks(low, high, keys, words);
+      sink.group(i, words);
     }
     const int rest = static_cast<int>(n - i);
     if (rest > 0) {
-      lanes(counter, low, high);
-      four_blocks(low, high, keys, first, second);
-      if (rest >= 8) sink.eight(i, first);
-      const __m256i last = rest >= 8 ? second : first;
+      lanes(counter, low[0], high[0]);
+      blocks(low, high, keys, words);
+      if (rest >= 8) sink.eight(i, words[0]);
+      const __m256i last = rest >= 8 ? words[1] : words[0];
       if (rest % 8 > 0) sink.some(i + rest / 8 * 8, last, rest % 8);
       counter += static_cast<uint32_t>(rest + 3) / 4;
       state.left = static_cast<uint32_t>(-rest) & 3;

@@ -14,54 +14,85 @@
 
 namespace orvik::qor {
 
+// Steps of tempering: y ^= y >> S, y ^= (y << S) & mask.
+template <int S, int G>
+void shift_right(__m256i (&y)[G]) {
+  unroll<G>([&](auto g) __attribute__((always_inline)) { y[g] = _mm256_xor_si256(y[g], _mm256_srli_epi32(y[g], S)); });
+}
+template <int S, int G>
+void shift_left(__m256i (&y)[G], __m256i mask) {
+  unroll<G>([&](auto g) __attribute__((always_inline)) {
+    y[g] = _mm256_xor_si256(y[g], _mm256_and_si256(_mm256_slli_epi32(y[g], S), mask));
+  });
+}
+
 template <class P>
 struct Twister : NoJumps {
   using State = typename P::State;
   using Raw = RawSink;
   using Float = FloatSink<FromLow>;
   using Double = DoubleSink<FromLow>;
+  using QuickDouble = DoubleSink<FromLowBiased>;
   using Tempering = typename P::Tempering;
 
   static constexpr int kN = P::kN, kM = P::kM;
   static constexpr int kGenerations = P::kGenerations;  // made in one pass over the buffer, about 8 KB
-  static_assert(kM + 7 < kN && kN - kM > 8);
+  static constexpr int kGroup = 4;                      // vectors that are made together
+  static_assert(kM + 8 * kGroup <= kN && kN - kM >= 8 * kGroup);
 
   static uint32_t next(uint32_t w0, uint32_t w1, uint32_t wm, uint32_t matrix) {
     const uint32_t y = (w0 & ~P::kLow) | (w1 & P::kLow);
     return wm ^ y >> 1 ^ (y & 1 ? matrix : 0);
   }
 
-  static __m256i next8(const uint32_t* x, __m256i matrix) {
-    const __m256i low = broadcast32(P::kLow), w1 = load8(x + 1);
-    const __m256i y = _mm256_or_si256(_mm256_andnot_si256(low, load8(x)), _mm256_and_si256(w1, low));
-    const __m256i odd = _mm256_srai_epi32(_mm256_slli_epi32(w1, 31), 31);
-    const __m256i twist = _mm256_xor_si256(_mm256_srli_epi32(y, 1), _mm256_and_si256(odd, matrix));
-    return _mm256_xor_si256(load8(x + kM), twist);
+  // Eight words for each of G vectors, every step for all of them.
+  template <int G>
+  static void next(const uint32_t* x, __m256i matrix, __m256i (&w)[G]) {
+    const __m256i low = broadcast32(P::kLow);
+    __m256i twist[G];
+    unroll<G>([&](auto g) __attribute__((always_inline)) {
+      const __m256i w1 = load8(x + 8 * g + 1);
+      w[g] = _mm256_or_si256(_mm256_andnot_si256(low, load8(x + 8 * g)), _mm256_and_si256(w1, low));
+      twist[g] = _mm256_slli_epi32(w1, 31);
+    });
+    unroll<G>([&](auto g) __attribute__((always_inline)) { twist[g] = _mm256_srai_epi32(twist[g], 31); });
+    unroll<G>([&](auto g) __attribute__((always_inline)) { w[g] = _mm256_srli_epi32(w[g], 1); });
+    unroll<G>([&](auto g) __attribute__((always_inline)) {
+      w[g] = _mm256_xor_si256(_mm256_xor_si256(load8(x + kM + 8 * g), w[g]), _mm256_and_si256(twist[g], matrix));
+    });
   }
 
   // Appends `count` words to the N at x and hands them on from index i. Writes up to a multiple of eight.
   template <class Sink>
-  static void advance(uint32_t* x, int count, const State& state, const Tempering& temper, const Sink& sink,
+  static void advance(uint32_t* x, int count, const State& state, const Tempering& tempering, const Sink& target,
                       ptrdiff_t i) {
     const __m256i matrix = broadcast32(P::matrix(state));
+    const Tempering temper = tempering;  // copies: for all the compiler knows the results might overlap them
+    const Sink sink = target;
     int k = 0;
-    for (; k + 8 <= count; k += 8) {
-      const __m256i w = next8(x + k, matrix);
-      store8(x + kN + k, w);
-      sink.eight(i + k, temper(w));
+    for (; k + 8 * kGroup <= count; k += 8 * kGroup) {
+      __m256i w[kGroup];
+      next(x + k, matrix, w);
+      unroll<kGroup>([&](auto g) __attribute__((always_inline)) { store8(x + kN + k + 8 * g, w[g]); });
+      temper(w);
+      sink.group(i + k, w);
     }
-    if (k < count) {
-      const __m256i w = next8(x + k, matrix);
-      store8(x + kN + k, w);
-      sink.some(i + k, temper(w), count - k);
+    for (; k < count; k += 8) {
+      __m256i w[1];
+      next(x + k, matrix, w);
+      store8(x + kN + k, w[0]);
+      temper(w);
+      k + 8 <= count ? sink.group(i + k, w) : sink.some(i + k, w[0], count - k);
     }
   }
 
   template <class Sink>
   static void deliver(const uint32_t* word, int count, const Tempering& temper, const Sink& sink, ptrdiff_t i) {
-    int k = 0;
-    for (; k + 8 <= count; k += 8) sink.eight(i + k, temper(load8(word + k)));
-    if (k < count) sink.some(i + k, temper(load_some(word + k, count - k)), count - k);
+    for (int k = 0; k < count; k += 8) {
+      __m256i w[1] = {k + 8 <= count ? load8(word + k) : load_some(word + k, count - k)};
+      temper(w);
+      k + 8 <= count ? sink.group(i + k, w) : sink.some(i + k, w[0], count - k);
+    }
   }
 
   // Whole generations, tempered on their way out; the state keeps the last one, raw.

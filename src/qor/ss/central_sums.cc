@@ -11,9 +11,12 @@ namespace {
 constexpr int64_t kBlock = 128;  // observations whose coefficients are made at once
 
 // What an observation of weight w does to a state of weight W depends on the weights alone. With S = W + w:
-template <class T>
+template <class T, int K>
 struct Coefficients {
   T a[kBlock];       // w / S
+  T a3[kBlock];      // 3 a
+  T a4[kBlock];      // 4 a
+  T a6[kBlock];      // 6 a^2
   T b[kBlock];       // W / S
   T bw[kBlock];      // W w / S
   T cube[kBlock];    // (W - w) / S
@@ -26,8 +29,15 @@ struct Coefficients {
     a[i] = static_cast<T>(ai);
     b[i] = static_cast<T>(bi);
     bw[i] = static_cast<T>(bi * w);
-    cube[i] = static_cast<T>(bi - ai);
-    fourth[i] = static_cast<T>(1.0 - 3.0 * ai * bi);
+    if constexpr (K >= 3) {
+      a3[i] = static_cast<T>(3 * ai);
+      cube[i] = static_cast<T>(bi - ai);
+    }
+    if constexpr (K >= 4) {
+      a4[i] = static_cast<T>(4 * ai);
+      a6[i] = static_cast<T>(6 * ai * ai);
+      fourth[i] = static_cast<T>(1.0 - 3.0 * ai * bi);
+    }
   }
 
   // For the next m observations; returns the weight with theirs.
@@ -45,67 +55,113 @@ struct Coefficients {
   }
 };
 
-// One observation into a vector of states.
+// One observation into a vector of states, C2 as fma(b w d, d, C2) and the mean as fma(a, x, b m).
 template <class T, int K>
-inline __attribute__((always_inline)) void observe(typename Lanes<T>::V x, const Coefficients<T>& c, int64_t i,
-                                                   typename Lanes<T>::V* s) {
+inline __attribute__((always_inline)) void observe(typename Lanes<T>::V x, const Coefficients<T, K>& c, int64_t i,
+                                                   typename Lanes<T>::V (&s)[K]) {
   using L = Lanes<T>;
   const auto a = L::all(c.a[i]);
   if constexpr (K >= 2) {
     const auto delta = x - s[0];
     const auto t = L::all(c.bw[i]) * delta;
     if constexpr (K >= 3) {
-      const auto e = a * delta;
-      const auto carried = L::all(3) * (e * s[1]);
-      const auto cube = t * delta * delta;
+      const auto square = t * delta;
+      const auto carried = L::all(c.a3[i]) * s[1];
       if constexpr (K >= 4) {
-        // C4 += 6 e^2 C2 - 4 e C3 + t d^3 (..)
-        const auto twice = L::fma(L::all(-2), s[2], carried);
-        s[3] = L::fma(cube * delta, L::all(c.fourth[i]), L::fma(e + e, twice, s[3]));
+        // C4 += d (d (6 a^2 C2 + t d (..)) - 4 a C3)
+        const auto inner = L::fma(square, L::all(c.fourth[i]), L::all(c.a6[i]) * s[1]);
+        s[3] = L::fma(delta, L::fms(delta, inner, L::all(c.a4[i]) * s[2]), s[3]);
       }
-      // C3 += -3 e C2 + t d^2 (..)
-      s[2] = L::fma(cube, L::all(c.cube[i]), s[2] - carried);
+      // C3 += d (t d (..) - 3 a C2)
+      s[2] = L::fma(delta, L::fms(square, L::all(c.cube[i]), carried), s[2]);
     }
     s[1] = L::fma(t, delta, s[1]);
   }
   s[0] = L::fma(a, x, L::all(c.b[i]) * s[0]);
 }
 
-// N vectors of variables through m observations, the state in registers. The last vector has `tail` lanes.
-template <class T, int K, int N>
-void update(int64_t m, const T* x, int64_t step, const Coefficients<T>& c, T* const state[4], int64_t j, int64_t tail) {
+// N vectors of variables through m observations, the state in registers. The last vector
+// has `tail` lanes where `Whole` does not say that it has all.
+template <class T, int K, int N, bool Whole>
+void update(int64_t m, const T* x, int64_t step, const Coefficients<T, K>& c, T* const state[4], int64_t j,
+            int64_t tail) {
   using L = Lanes<T>;
   using V = typename L::V;
   const auto mask = L::first(tail);
-  auto load = [&](const T* p, int v) {
-    return v == N - 1 ? L::load(p + v * L::kWidth, mask) : L::load(p + v * L::kWidth);
+  auto load = [&](const T* p, auto v) __attribute__((always_inline)) {
+    if constexpr (v == N - 1 && !Whole) return L::load(p + v * L::kWidth, mask);
+    return L::load(p + v * L::kWidth);
   };
   V s[N][K];
-  for (int k = 0; k < K; ++k) {
-#pragma GCC unroll 4
-    for (int v = 0; v < N; ++v) s[v][k] = load(state[k] + j, v);
-  }
+  unroll<N>([&](auto v) __attribute__((always_inline)) {
+    unroll<K>([&](auto k) __attribute__((always_inline)) { s[v][k] = load(state[k] + j, v); });
+  });
   for (int64_t i = 0; i < m; ++i, x += step) {
-#pragma GCC unroll 4
-    for (int v = 0; v < N; ++v) observe<T, K>(load(x, v), c, i, s[v]);
+    unroll<N>([&](auto v) __attribute__((always_inline)) { observe<T, K>(load(x, v), c, i, s[v]); });
   }
-  for (int k = 0; k < K; ++k) {
-#pragma GCC unroll 4
-    for (int v = 0; v < N - 1; ++v) L::store(state[k] + j + v * L::kWidth, s[v][k]);
-    L::store(state[k] + j + (N - 1) * L::kWidth, mask, s[N - 1][k]);
+  unroll<N>([&](auto v) __attribute__((always_inline)) {
+    unroll<K>([&](auto k) __attribute__((always_inline)) {
+      T* to = state[k] + j + v * L::kWidth;
+      if constexpr (v == N - 1 && !Whole) {
+        L::store(to, mask, s[v][k]);
+      } else {
+        L::store(to, s[v][k]);
+      }
+    });
+  });
+}
+
+// As many vectors at once as the registers hold: 16 for K states, the data and the coefficients.
+template <int K>
+constexpr int kVectors = K <= 2   ? 4
+                         : K == 3 ? 3
+                                  : 2;
+
+template <class T, int K>
+void update_range(int64_t m, const T* x, int64_t step, const Coefficients<T, K>& c, T* const state[4], int64_t j0,
+                  int64_t j1) {
+  constexpr int64_t kWidth = Lanes<T>::kWidth;
+  for (int64_t j = j0; j < j1;) {
+    const int64_t left = j1 - j;
+    const int64_t vectors = std::min<int64_t>((left + kWidth - 1) / kWidth, kVectors<K>);
+    const int64_t tail = std::min(left - (vectors - 1) * kWidth, kWidth);
+    const T* first = x + (j - j0);
+    if (vectors == kVectors<K> && tail == kWidth) {
+      update<T, K, kVectors<K>, true>(m, first, step, c, state, j, tail);
+    } else {
+      switch (vectors) {
+        case 1:
+          update<T, K, 1, false>(m, first, step, c, state, j, tail);
+          break;
+        case 2:
+          update<T, K, 2, false>(m, first, step, c, state, j, tail);
+          break;
+        case 3:
+          update<T, K, std::min(3, kVectors<K>), false>(m, first, step, c, state, j, tail);
+          break;
+        default:
+          update<T, K, kVectors<K>, false>(m, first, step, c, state, j, tail);
+          break;
+      }
+    }
+    j += (vectors - 1) * kWidth + tail;
   }
 }
 
-// m rows of `length` values, one state for each place, in memory: reads x strictly in order.
-template <class T, int K>
-void update_rows(int64_t m, int64_t length, const T* x, int64_t step, const Coefficients<T>& c, T* const state[4]) {
+// m rows of `length` values from each of N streams, `apart` values from one to the next, one state for each place, in
+// memory. Observation i of stream s has the coefficients i N + s.
+template <class T, int K, int N>
+void update_rows(int64_t m, int64_t length, const T* x, int64_t step, int64_t apart, const Coefficients<T, K>& c,
+                 T* const state[4]) {
   using L = Lanes<T>;
   for (int64_t i = 0; i < m; ++i, x += step) {
     auto body = [&](int64_t j, auto load, auto store) __attribute__((always_inline)) {
       typename L::V s[K];
-      for (int k = 0; k < K; ++k) s[k] = load(state[k] + j);
-      observe<T, K>(load(x + j), c, i, s);
-      for (int k = 0; k < K; ++k) store(state[k] + j, s[k]);
+      unroll<K>([&](auto k) __attribute__((always_inline)) { s[k] = load(state[k] + j); });
+      unroll<N>([&](auto stream) __attribute__((always_inline)) {
+        observe<T, K>(load(x + stream * apart + j), c, i * N + stream, s);
+      });
+      unroll<K>([&](auto k) __attribute__((always_inline)) { store(state[k] + j, s[k]); });
     };
     int64_t j = 0;
     for (; j + L::kWidth <= length; j += L::kWidth) {
@@ -120,37 +176,28 @@ void update_rows(int64_t m, int64_t length, const T* x, int64_t step, const Coef
   }
 }
 
-// As many vectors at once as the registers hold: 16 for K states, the data and the coefficients.
-template <int K>
-constexpr int kVectors = K <= 2   ? 4
-                         : K == 3 ? 3
-                                  : 2;
-
+// `rows` rows of `length` values, `step` apart, after a weight that the states stand for. Some streams through memory
+// are read together: each goes strictly through it, which the hardware foresees, and the states are loaded and stored
+// once for a row of each.
 template <class T, int K>
-void update_range(int64_t m, const T* x, int64_t step, const Coefficients<T>& c, T* const state[4], int64_t j0,
-                  int64_t j1) {
-  constexpr int64_t kWidth = Lanes<T>::kWidth;
-  for (int64_t j = j0; j < j1;) {
-    const int64_t left = j1 - j;
-    const int64_t vectors = std::min<int64_t>((left + kWidth - 1) / kWidth, kVectors<K>);
-    const int64_t tail = std::min(left - (vectors - 1) * kWidth, kWidth);
-    const T* first = x + (j - j0);
-    switch (vectors) {
-      case 1:
-        update<T, K, 1>(m, first, step, c, state, j, tail);
-        break;
-      case 2:
-        update<T, K, 2>(m, first, step, c, state, j, tail);
-        break;
-      case 3:
-        update<T, K, std::min(3, kVectors<K>)>(m, first, step, c, state, j, tail);
-        break;
-      default:
-        update<T, K, kVectors<K>>(m, first, step, c, state, j, tail);
-        break;
+double update_streams(int64_t rows, int64_t length, const T* x, int64_t step, const T* w, double weight,
+                      T* const state[4]) {
+  constexpr int kStreams = 4;
+  const int64_t apart = rows / kStreams;
+  Coefficients<T, K> c;
+  T ws[kBlock];
+  for (int64_t i = 0; i < apart; i += kBlock / kStreams) {
+    const int64_t m = std::min(kBlock / kStreams, apart - i);
+    for (int64_t r = 0; r < m && w != nullptr; ++r) {
+      for (int64_t s = 0; s < kStreams; ++s) ws[r * kStreams + s] = w[i + r + s * apart];
     }
-    j += (vectors - 1) * kWidth + tail;
+    weight = c.fill(m * kStreams, weight, w == nullptr ? nullptr : ws);
+    update_rows<T, K, kStreams>(m, length, x + i * step, step, apart * step, c, state);
   }
+  const int64_t done = apart * kStreams;
+  weight = c.fill(rows - done, weight, w == nullptr ? nullptr : w + done);
+  update_rows<T, K, 1>(rows - done, length, x + done * step, step, 0, c, state);
+  return weight;
 }
 
 // The values of some variables as rows of observations, `width` apart.
@@ -187,16 +234,13 @@ struct SideBySide {
   void run(int64_t count, int64_t length, int64_t p, const T* x, double weight, T* const into[4], int64_t j0) {
     for (int k = 0; k < K; ++k) state[k] = values + k * kStep;
     std::fill(values, values + K * kStep, T{0});
-    Coefficients<T> c;
-    double rows = 0;
-    for (int64_t i = 0; i < count; i += kBlock) {
-      const int64_t m = std::min(kBlock, count - i);
-      rows = c.fill(m, rows, nullptr);
-      if (length == kVectors<K> * Lanes<T>::kWidth) {
-        update<T, K, kVectors<K>>(m, x + i * length, length, c, state, 0, Lanes<T>::kWidth);
-      } else {
-        update_rows<T, K>(m, length, x + i * length, length, c, state);
-      }
+    double rows = update_streams<T, K>(count, length, x, length, nullptr, 0, state);
+    // States of equal weight join by halves, then one after the other.
+    for (; length / p % 2 == 0; rows *= 2) {
+      length /= 2;
+      T* upper[4] = {};
+      for (int k = 0; k < K; ++k) upper[k] = state[k] + length;
+      merge_central_sums(length, K, rows, rows, state, upper);
     }
     T* to[4] = {};
     for (int k = 0; k < K; ++k) to[k] = into[k] + j0;
@@ -213,15 +257,17 @@ struct SideBySide {
 template <class T, int K>
 double update_in_turn(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, double weight,
                       T* const state[4]) {
-  Coefficients<T> c;
+  if (!d.contiguous_variables && j1 - j0 >= Fold::kRow) {
+    T* from[4] = {};
+    for (int k = 0; k < K; ++k) from[k] = state[k] + j0;
+    return update_streams<T, K>(i1 - i0, j1 - j0, d.x + i0 * d.p + j0, d.p,
+                                d.weights == nullptr ? nullptr : d.weights + i0, weight, from);
+  }
+  Coefficients<T, K> c;
   for (int64_t i = i0; i < i1; i += kBlock) {
     const int64_t m = std::min(kBlock, i1 - i);
     weight = c.fill(m, weight, d.weights == nullptr ? nullptr : d.weights + i);
-    if (!d.contiguous_variables && j1 - j0 >= Fold::kRow) {
-      T* from[4] = {};
-      for (int k = 0; k < K; ++k) from[k] = state[k] + j0;
-      update_rows<T, K>(m, j1 - j0, d.x + i * d.p + j0, d.p, c, from);
-    } else if (!d.contiguous_variables) {
+    if (!d.contiguous_variables) {
       update_range<T, K>(m, d.x + i * d.p + j0, d.p, c, state, j0, j1);
     } else if (j1 - j0 == 1) {
       update_range<T, K>(m, d.x + j0 * d.n + i, 1, c, state, j0, j1);
@@ -240,11 +286,11 @@ double update_in_turn(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int6
 
 template <class T, int K>
 double update_all(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, double weight, T* const state[4]) {
-  constexpr int64_t kEnough = 64;  // rows from which merging is worth its while
+  constexpr int64_t kEnough = 16;  // rows from which merging is worth its while
   // Nothing is known of the mean before the first weight that is not zero.
   while (d.weights != nullptr && i0 < i1 && weight + static_cast<double>(d.weights[i0]) == 0) ++i0;
   if (d.weights == nullptr && d.contiguous_variables) {
-    constexpr int64_t kLength = kVectors<K> * Lanes<T>::kWidth;
+    constexpr int64_t kLength = 16 * Lanes<T>::kWidth;
     if (const int64_t rows = (i1 - i0) / kLength; rows >= kEnough) {
       SideBySide<T, K> side;
       for (int64_t j = j0; j < j1; ++j) side.run(rows, kLength, 1, d.x + j * d.n + i0, weight, state, j);

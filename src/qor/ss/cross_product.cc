@@ -13,7 +13,7 @@ template <class T>
 CrossProduct<T>::CrossProduct(const Data<T>& d, Method method, T* matrix) : d_(d), method_(method), matrix_(matrix) {
   // Leading dimensions of the matrix kernels have 32 bits.
   copies_ = d.weights != nullptr || method != Method::Fast || (d.contiguous_variables && d.n > INT32_MAX);
-  const int64_t row = d.p * static_cast<int64_t>(sizeof(T)) * (copies_ ? 2 : 1);
+  const int64_t row = d.p * static_cast<int64_t>(sizeof(T)) * (d.weights != nullptr ? 2 : 1);
   block_ = std::max<int64_t>(0x40000 / row, 64);
 }
 
@@ -29,11 +29,6 @@ bool CrossProduct<T>::allocate() {
 }
 
 template <class T>
-void CrossProduct<T>::before(const T* mean) {
-  if (method_ == Method::OnePass) std::copy(mean, mean + d_.p, shift_);
-}
-
-template <class T>
 void CrossProduct<T>::add_outer(double alpha, const T* v) {
   blas::syr('U', static_cast<int32_t>(d_.p), static_cast<T>(alpha), v, 1, matrix_, static_cast<int32_t>(d_.p));
 }
@@ -42,18 +37,23 @@ void CrossProduct<T>::add_outer(double alpha, const T* v) {
 template <class T>
 void CrossProduct<T>::copy(int64_t i, int64_t m, const T* shift) {
   T* out = scratch_.get();
-  for (int64_t r = 0; r < m; ++r) roots_[r] = d_.weights == nullptr ? T{1} : std::sqrt(d_.weights[i + r]);
+  const bool weighted = d_.weights != nullptr;
+  for (int64_t r = 0; r < m && weighted; ++r) roots_[r] = std::sqrt(d_.weights[i + r]);
   if (d_.contiguous_variables) {
     for (int64_t j = 0; j < d_.p; ++j, out += m) {
       const T* x = d_.x + j * d_.n + i;
       const T u = shift == nullptr ? T{0} : shift[j];
-      for (int64_t r = 0; r < m; ++r) out[r] = (x[r] - u) * roots_[r];
+      if (weighted) {
+        for (int64_t r = 0; r < m; ++r) out[r] = (x[r] - u) * roots_[r];
+      } else {
+        for (int64_t r = 0; r < m; ++r) out[r] = x[r] - u;
+      }
     }
     return;
   }
   for (int64_t r = 0; r < m; ++r, out += d_.p) {
     const T* x = d_.x + (i + r) * d_.p;
-    const T root = roots_[r];
+    const T root = weighted ? roots_[r] : T{1};
     if (shift == nullptr) {
       for (int64_t j = 0; j < d_.p; ++j) out[j] = x[j] * root;
     } else {
@@ -63,12 +63,19 @@ void CrossProduct<T>::copy(int64_t i, int64_t m, const T* shift) {
 }
 
 template <class T>
-void CrossProduct<T>::add(int64_t i, int64_t m, double weight, const T* mean) {
-  if (method_ == Method::OnePass && weight != 0) {
-    // All before the block, about the new mean.
-    for (int64_t j = 0; j < d_.p; ++j) shift_[j] -= mean[j];
-    add_outer(weight, shift_);
-  }
+void CrossProduct<T>::before(const T* mean) {
+  std::copy(mean, mean + d_.p, shift_);
+}
+
+template <class T>
+void CrossProduct<T>::recentre(double weight, const T* mean) {
+  if (weight == 0) return;
+  for (int64_t j = 0; j < d_.p; ++j) shift_[j] -= mean[j];
+  add_outer(weight, shift_);
+}
+
+template <class T>
+void CrossProduct<T>::add(int64_t i, int64_t m, const T* mean) {
   const bool by_variable = d_.contiguous_variables;
   const T* a = by_variable ? d_.x + i : d_.x + i * d_.p;
   int64_t leading = by_variable ? d_.n : d_.p;

@@ -22,11 +22,12 @@ class CrossProduct {
   // Observations of one block: 256 KiB of data with what is copied of them, at least 64.
   int64_t block() const { return block_; }
 
-  // For the one-pass method: remembers the mean before a block.
+  // For the one-pass method: remembers a mean; goes from the products about it, of all before of this weight, to those
+  // about `mean`.
   void before(const T* mean);
-  // Adds the observations [i, i + m). One pass: `weight` and the remembered mean stand for all before them, `mean` for
-  // all with them. User mean: deviations from `mean`.
-  void add(int64_t i, int64_t m, double weight, const T* mean);
+  void recentre(double weight, const T* mean);
+  // Adds the observations [i, i + m), no more than a block: about `mean`, or as they are with the fast method.
+  void add(int64_t i, int64_t m, const T* mean);
   // matrix += alpha v v'
   void add_outer(double alpha, const T* v);
 

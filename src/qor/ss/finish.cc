@@ -137,7 +137,9 @@ void finish(const Task& task, const Data<T>& d, const Plan& plan, const Weights&
     if (plan.method == Method::Fast) {
       for (int k = 2; k <= power; ++k) sums[k] = central_from_raw(k, mean, r) * total.sum;
     }
-    for (int k = 2; k <= 4; ++k) c[k] = sums[k] / total.sum * (k == 2 ? factor : 1.0);
+    for (int k = 2; k <= 4; ++k) c[k] = sums[k] / total.sum;
+    for (int k = 2; k <= plan.central_order() && power == 0; ++k) r[k] = raw_from_central(k, mean, c);
+    c[2] *= factor;
 
     if (!user) rows.set(kMean, j, mean);
     rows.set(kSum, j, s[1]);

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+#include "qor/unroll.h"
+
 namespace orvik::ss {
 
 template <class T>
@@ -19,6 +21,7 @@ struct Lanes<double> {
   static void store(double* p, V v) { _mm256_storeu_pd(p, v); }
   static V all(double x) { return _mm256_set1_pd(x); }
   static V fma(V a, V b, V c) { return _mm256_fmadd_pd(a, b, c); }
+  static V fms(V a, V b, V c) { return _mm256_fmsub_pd(a, b, c); }
   // Both return b where a lane of either is a NaN.
   static V min(V a, V b) { return _mm256_min_pd(a, b); }
   static V max(V a, V b) { return _mm256_max_pd(a, b); }
@@ -40,6 +43,7 @@ struct Lanes<float> {
   static void store(float* p, V v) { _mm256_storeu_ps(p, v); }
   static V all(float x) { return _mm256_set1_ps(x); }
   static V fma(V a, V b, V c) { return _mm256_fmadd_ps(a, b, c); }
+  static V fms(V a, V b, V c) { return _mm256_fmsub_ps(a, b, c); }
   static V min(V a, V b) { return _mm256_min_ps(a, b); }
   static V max(V a, V b) { return _mm256_max_ps(a, b); }
   static V either(V a, V b) { return _mm256_or_ps(a, b); }

@@ -86,11 +86,13 @@ struct RowExtremes {
     std::fill(nan, nan + kLength, T{0});
   }
 
-  void take(int64_t length, const T* x) {
+  // One row of each of N streams, `apart` values from one to the next.
+  template <int N>
+  void take(int64_t length, const T* x, int64_t apart) {
     using L = Lanes<T>;
     auto body = [&](int64_t j, auto load, auto store) __attribute__((always_inline)) {
       Extremes<T> e{L::load(low + j), L::load(high + j), L::load(nan + j)};
-      e.take(load(x + j));
+      unroll<N>([&](auto stream) __attribute__((always_inline)) { e.take(load(x + stream * apart + j)); });
       store(low + j, e.low);
       store(high + j, e.high);
       store(nan + j, e.nan);
@@ -122,9 +124,15 @@ void scan_observations(const Data<T>& d, int64_t j0, int64_t j1, const Result<T>
     const int64_t width = std::min(RowExtremes<T>::kLength, j1 - first);
     const int64_t length = fold.observations > 1 ? fold.length : width;
     extremes.clear();
+    // Several streams through memory share the loads and stores of the extremes.
+    constexpr int kStreams = 4;
+    const int64_t apart = d.n / fold.observations / kStreams * fold.observations;
+    const T* x = d.x + first;
     int64_t i = 0;
-    for (; i + fold.observations <= d.n; i += fold.observations) extremes.take(length, d.x + i * d.p + first);
-    for (; i < d.n; ++i) extremes.take(width, d.x + i * d.p + first);
+    for (; i < apart; i += fold.observations) extremes.template take<kStreams>(length, x + i * d.p, apart * d.p);
+    i = kStreams * apart;
+    for (; i + fold.observations <= d.n; i += fold.observations) extremes.template take<1>(length, x + i * d.p, 0);
+    for (; i < d.n; ++i) extremes.template take<1>(width, x + i * d.p, 0);
     extremes.put(length, width, first, result);
   }
 }

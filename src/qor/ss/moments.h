@@ -24,6 +24,18 @@ inline double central_from_raw(int k, double m, const double* r) {
   }
 }
 
+// The k-th raw moment; c[k] is the average of the k-th powers of deviations from the mean.
+inline double raw_from_central(int k, double m, const double* c) {
+  switch (k) {
+    case 2:
+      return c[2] + m * m;
+    case 3:
+      return c[3] + m * (3 * c[2] + m * m);
+    default:
+      return c[4] + m * (4 * c[3] + m * (6 * c[2] + m * m));
+  }
+}
+
 // Sums of powers of x from the sums d[k] of powers of x - u; d[0] is the sum of weights.
 inline void plain_sums(double u, const double* d, double* s) {
   s[0] = d[0];

@@ -64,19 +64,26 @@ int32_t run_pass(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1, con
     return kDone;
   }
 
-  const int64_t block = by_blocks ? cross.block() : i1 - i0;
+  const bool recentres = acc->cross != nullptr && plan.method == Method::OnePass;
+  int64_t block = by_blocks ? cross.block() : i1 - i0;
+  if (recentres && d.contiguous_variables) {
+    // A mean over a few hundred values is slow: it goes ahead by as many blocks as the last cache keeps.
+    constexpr int64_t kAhead = 0x400000 / sizeof(T);
+    block *= std::max<int64_t>(kAhead / d.p / block, 1);
+  }
   for (int64_t i = i0; i < i1; i += block) {
-    const int64_t m = std::min(block, i1 - i);
+    const int64_t end = std::min(i + block, i1);
     const Weights before = acc->weights;
-    if (acc->cross != nullptr) cross.before(acc->central[0]);
+    if (recentres) cross.before(acc->central[0]);
     for_selected_ranges(d, [&](int64_t j0, int64_t j1) {
-      if (central != 0) update_central_sums(d, i, i + m, j0, j1, central, before.sum, acc->central);
-      if (power != 0) add_power_sums(d, i, i + m, j0, j1, power, user_mean, acc->power);
+      if (central != 0) update_central_sums(d, i, end, j0, j1, central, before.sum, acc->central);
+      if (power != 0) add_power_sums(d, i, end, j0, j1, power, user_mean, acc->power);
     });
-    acc->weights = add_weights(d, i, m, before);
-    if (acc->cross != nullptr) {
-      cross.add(i, m, before.sum, plan.method == Method::OnePass ? acc->central[0] : user_mean);
-    }
+    acc->weights = add_weights(d, i, end - i, before);
+    if (acc->cross == nullptr) continue;
+    const T* mean = recentres ? acc->central[0] : user_mean;
+    if (recentres) cross.recentre(before.sum, mean);
+    for (int64_t k = i; k < end; k += cross.block()) cross.add(k, std::min(cross.block(), end - k), mean);
   }
   if (uncentred && acc->weights.sum != 0) {
     finish_mean(d, seed, *acc);

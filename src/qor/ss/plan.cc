@@ -141,7 +141,9 @@ int Plan::power_order() const {
     order = highest(*this, order, kCentral2);
     order = highest(*this, order, kCentralSum2);
   }
-  return order;
+  const bool sums = has(kSum) || highest(*this, 0, kRawSum2) != 0;
+  // Running central sums give the raw moments too.
+  return sums || order > central_order() ? order : 0;
 }
 
 int Plan::central_order() const {

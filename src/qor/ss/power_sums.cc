@@ -11,7 +11,7 @@ namespace {
 // s[k] += w d^(k + 1) for K powers.
 template <class T, int K, bool Weighted>
 inline __attribute__((always_inline)) void add_powers(typename Lanes<T>::V d, typename Lanes<T>::V w,
-                                                      typename Lanes<T>::V* s) {
+                                                      typename Lanes<T>::V (&s)[K]) {
   using L = Lanes<T>;
   const auto wd = Weighted ? w * d : d;
   s[0] = s[0] + wd;
@@ -73,23 +73,24 @@ void add_contiguous_variables(const Data<T>& d, int64_t i0, int64_t i1, int64_t 
   }
 }
 
-// One row of `length` values into accumulators by order. `w` has one weight for the row or, where rows are folded
-// observations (`spread`), one for each value. Strictly sequential: several rows at once would save loads and stores of
-// accumulators, but lose more to streams of memory that the hardware does not foresee.
-template <class T, int K, bool Weighted, bool Shifted>
-inline __attribute__((always_inline)) void add_row(int64_t length, const T* x, const T* w, bool spread, const T* shift,
-                                                   T* acc, int64_t acc_step) {
+// One row of `length` values from each of N streams into accumulators by order. `w` has one weight for a row or, where
+// rows are folded observations (`spread`), one for each value.
+template <class T, int K, bool Weighted, bool Shifted, int N>
+inline __attribute__((always_inline)) void add_rows(int64_t length, const T* x, int64_t apart, const T* const (&w)[N],
+                                                    bool spread, const T* shift, T* acc, int64_t acc_step) {
   using L = Lanes<T>;
   using V = typename L::V;
   auto body = [&](int64_t j, auto load, auto store, auto keep) __attribute__((always_inline)) {
     V s[K];
-    for (int k = 0; k < K; ++k) s[k] = load(acc + k * acc_step + j);
-    V d = load(x + j);
-    if constexpr (Shifted) d = keep(d - load(shift + j));
-    V weight = d;
-    if constexpr (Weighted) weight = spread ? load(w + j) : L::all(*w);
-    add_powers<T, K, Weighted>(d, weight, s);
-    for (int k = 0; k < K; ++k) store(acc + k * acc_step + j, s[k]);
+    unroll<K>([&](auto k) __attribute__((always_inline)) { s[k] = load(acc + k * acc_step + j); });
+    unroll<N>([&](auto stream) __attribute__((always_inline)) {
+      V d = load(x + stream * apart + j);
+      if constexpr (Shifted) d = keep(d - load(shift + j));
+      V weight = d;
+      if constexpr (Weighted) weight = spread ? load(w[stream] + j) : L::all(*w[stream]);
+      add_powers<T, K, Weighted>(d, weight, s);
+    });
+    unroll<K>([&](auto k) __attribute__((always_inline)) { store(acc + k * acc_step + j, s[k]); });
   };
   int64_t j = 0;
   for (; j + L::kWidth <= length; j += L::kWidth) {
@@ -103,6 +104,10 @@ inline __attribute__((always_inline)) void add_row(int64_t length, const T* x, c
         [mask](V v) { return L::keep(v, mask); });
   }
 }
+
+// Streams of rows that are read together: the accumulators are loaded and stored once for a row of each. Every one of
+// them goes strictly through memory, which the hardware foresees; rows next to each other would not do.
+constexpr int kStreams = 4;
 
 constexpr int64_t kChunk = 512;  // variables whose accumulators fit the first cache
 // From one order's accumulators to the next: no multiple of 4 KiB, at which loads would wait for unrelated stores.
@@ -120,27 +125,35 @@ void add_contiguous_observations(const Data<T>& d, int64_t i0, int64_t i1, int64
     const int64_t length = spread ? fold.length : width;
     alignas(64) T acc[K * kAccStep<T>];
     alignas(64) T us[Shifted ? kChunk : 1];
-    alignas(64) T ws[Weighted ? kChunk : 1];
+    alignas(64) T ws[Weighted ? kStreams * kChunk : 1];
     std::fill(acc, acc + K * kAccStep<T>, T{0});
     if constexpr (Shifted) {
       for (int64_t j = 0; j < length; ++j) us[j] = shift[first + j % width];
     }
-    auto weights = [&](int64_t i) -> const T* {
+    auto weights = [&](int64_t i, int64_t stream) -> const T* {
       if constexpr (!Weighted) return nullptr;
       if (!spread) return d.weights + i;
-      T* out = ws;
+      T* const begin = ws + stream * kChunk;
+      T* out = begin;
       for (int64_t r = 0; r < fold.observations; ++r) {
         for (int64_t j = 0; j < width; ++j) *out++ = d.weights[i + r];
       }
-      return ws;
+      return begin;
     };
+    const int64_t apart = (i1 - i0) / fold.observations / kStreams * fold.observations;  // observations
     int64_t i = i0;
-    for (; i + fold.observations <= i1; i += fold.observations) {
-      add_row<T, K, Weighted, Shifted>(length, d.x + i * d.p + first, weights(i), spread, us, acc, kAccStep<T>);
+    for (; i < i0 + apart; i += fold.observations) {
+      const T* w[kStreams];
+      unroll<kStreams>([&](auto s) { w[s] = weights(i + s * apart, s); });
+      add_rows<T, K, Weighted, Shifted>(length, d.x + i * d.p + first, apart * d.p, w, spread, us, acc, kAccStep<T>);
+    }
+    for (i = i0 + kStreams * apart; i + fold.observations <= i1; i += fold.observations) {
+      const T* w[1] = {weights(i, 0)};
+      add_rows<T, K, Weighted, Shifted>(length, d.x + i * d.p + first, 0, w, spread, us, acc, kAccStep<T>);
     }
     for (; i < i1; ++i) {  // what is left of a folded row goes to its first observation's accumulators
-      add_row<T, K, Weighted, Shifted>(width, d.x + i * d.p + first, Weighted ? d.weights + i : nullptr, false, us, acc,
-                                       kAccStep<T>);
+      const T* w[1] = {Weighted ? d.weights + i : nullptr};
+      add_rows<T, K, Weighted, Shifted>(width, d.x + i * d.p + first, 0, w, false, us, acc, kAccStep<T>);
     }
     for (int k = 0; k < K; ++k) {
       for (int64_t j = 0; j < length; ++j) sums[k][first + j % width] += acc[k * kAccStep<T> + j];

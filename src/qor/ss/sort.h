@@ -53,6 +53,43 @@ void heap(A a, int64_t low, int64_t high) {
   }
 }
 
+// Narrows the unsorted part a[*left .. *right] of a long segment: what is left behind at its ends stands on the right
+// side of the pivot. The places of misplaced elements are collected without branches, then swapped (Edelkamp, Weiss
+// 2016).
+template <class T>
+void partition_blocks(T* a, T pivot, int64_t* left, int64_t* right) {
+  constexpr int kBlock = 64;
+  uint8_t before[kBlock], behind[kBlock];  // offsets from the ends of what does not belong there
+  int before_begin = 0, before_end = 0, behind_begin = 0, behind_end = 0;
+  int64_t l = *left, r = *right;
+  while (r - l + 1 >= 2 * kBlock) {
+    if (before_begin == before_end) {
+      before_begin = before_end = 0;
+      for (int i = 0; i < kBlock; ++i) {
+        before[before_end] = static_cast<uint8_t>(i);
+        before_end += !(a[l + i] < pivot);
+      }
+    }
+    if (behind_begin == behind_end) {
+      behind_begin = behind_end = 0;
+      for (int i = 0; i < kBlock; ++i) {
+        behind[behind_end] = static_cast<uint8_t>(i);
+        behind_end += !(pivot < a[r - i]);
+      }
+    }
+    const int pairs = std::min(before_end - before_begin, behind_end - behind_begin);
+    for (int k = 0; k < pairs; ++k) std::swap(a[l + before[before_begin + k]], a[r - behind[behind_begin + k]]);
+    before_begin += pairs;
+    behind_begin += pairs;
+    if (before_begin == before_end) l += kBlock;
+    if (behind_begin == behind_end) r -= kBlock;
+  }
+  *left = l;
+  *right = r;
+}
+template <class A, class V>
+void partition_blocks(A, const V&, int64_t*, int64_t*) {}
+
 // Splits a segment of at least 3 elements around the median of its ends and middle: nothing before *right + 1 is above
 // the pivot, nothing behind *left - 1 below it, and the elements between are in place.
 template <class A>
@@ -62,7 +99,10 @@ void partition(A a, int64_t low, int64_t high, int64_t* left, int64_t* right) {
   if (a[high] < a[low + 1]) std::swap(a[low + 1], a[high]);
   if (a[low + 1] < a[low]) std::swap(a[low], a[low + 1]);
   const auto pivot = a[low + 1];
-  int64_t i = low + 1, j = high;
+  int64_t i = low + 2, j = high - 1;
+  partition_blocks(a, pivot, &i, &j);
+  --i;
+  ++j;
   for (;;) {
     do ++i;
     while (a[i] < pivot);

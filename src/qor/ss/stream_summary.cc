@@ -37,6 +37,22 @@ int64_t cut(const Ranked<T>* from, int64_t n, int64_t keep, Ranked<T>* to) {
   return used;
 }
 
+// The same for n sorted values, each at its own rank.
+template <class T>
+int64_t cut(const T* sorted, int64_t n, int64_t keep, Ranked<T>* to) {
+  const auto put = [&](int64_t i) { *to++ = {sorted[i], i + 1, i + 1}; };
+  if (n <= keep) {
+    for (int64_t i = 0; i < n; ++i) put(i);
+    return n;
+  }
+  // n is above keep: the ranks are more than one apart.
+  put(0);
+  const double step = static_cast<double>(n - 1) / static_cast<double>(keep - 1);
+  for (int64_t k = 1; k < keep - 1; ++k) put(static_cast<int64_t>(static_cast<double>(k) * step + 0.5));
+  put(n - 1);
+  return keep;
+}
+
 // Merges two summaries in value order. An entry's bounds are its own and those of its neighbours in the other summary.
 template <class T>
 void merge(const Ranked<T>* a, int64_t n, const Ranked<T>* b, int64_t m, Ranked<T>* out) {
@@ -120,15 +136,13 @@ void LevelWork<T>::feed(int64_t n, const T* x, int64_t step) {
 // A full buffer becomes a summary, which is carried up as far as the heights are taken.
 template <class T>
 void LevelWork<T>::flush() {
-  quicksort(buffer_, move_nans(buffer_, *filled_));
-  for (int64_t i = 0; i < *filled_; ++i) scratch_[i] = {buffer_[i], i + 1, i + 1};
-  int64_t count = *filled_, height = 0;
-  *filled_ = 0;
+  sort_with_scratch(*filled_, buffer_, reinterpret_cast<T*>(scratch_));
   Ranked<T>* carry = scratch_ + shape_.entries() - shape_.keep;
-  int64_t used = cut(scratch_, count, shape_.keep, carry);
+  int64_t used = cut(buffer_, *filled_, shape_.keep, carry), height = 0;
+  *filled_ = 0;
   for (; used_[height] != 0; ++height) {
     merge(summary(height), used_[height], carry, used, scratch_);
-    count = used_[height] + used;
+    const int64_t count = used_[height] + used;
     used_[height] = 0;
     used = cut(scratch_, count, shape_.keep, carry);
   }

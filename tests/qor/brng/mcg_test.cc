@@ -40,6 +40,17 @@ TEST(Mcg59, SeedsOfOneAndTwoWords) {
   EXPECT_EQ(Stream(ORVIK_BRNG_MCG59, {0, 0x08000000}).outputs(1)[0], 1u);  // 2^59 modulo 2^59
 }
 
+TEST(Mcg59, MemberAboveTheModulusIsDeliveredAsItIsByRequestsOfAnyLength) {
+  for (int32_t n : {1, 63, 64, 200}) {
+    const Stream s(ORVIK_BRNG_MCG59, {777}), t(ORVIK_BRNG_MCG59, {777});
+    s.state<uint64_t>()[0] |= uint64_t{21} << 59;
+    const std::vector<uint64_t> got = s.outputs(n);
+    EXPECT_EQ(got[0], uint64_t{21} << 59 | 777);
+    const std::vector<uint64_t> plain = t.outputs(n);
+    EXPECT_TRUE(std::equal(got.begin() + 1, got.end(), plain.begin() + 1, plain.end()));
+  }
+}
+
 TEST(Mcg59, StaysOddOrEvenAsSeeded) {
   for (uint64_t w : Stream(ORVIK_BRNG_MCG59, {6}).outputs(500)) ASSERT_EQ(w % 2, 0u);
   for (uint64_t w : Stream(ORVIK_BRNG_MCG59, {7}).outputs(500)) ASSERT_EQ(w % 2, 1u);

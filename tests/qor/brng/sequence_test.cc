@@ -53,8 +53,16 @@ TEST_P(SequenceTest, LongRequestEqualsManyShortOnes) {
 TEST_P(SequenceTest, FloatsAndDoublesConvertTheSameWords) {
   const std::vector<uint64_t> want = expected(3000);
   const int32_t brng = GetParam().brng;
-  for (const auto& [a, b] :
-       std::vector<std::pair<double, double>>{{0, 1}, {-1, 1}, {3.25, 1e6}, {1e-3, 1e-2}, {5, -5}}) {
+  for (const auto& [a, b] : std::vector<std::pair<double, double>>{{0, 1},
+                                                                   {-1, 1},
+                                                                   {3.25, 1e6},
+                                                                   {1e-3, 1e-2},
+                                                                   {5, -5},
+                                                                   {0.1, 0.7},
+                                                                   {-0.0, 3},
+                                                                   {1e17, 1.0000001e17},
+                                                                   {0, 1e-300},
+                                                                   {2e-310, 3e-310}}) {
     const float fa = static_cast<float>(a), fb = static_cast<float>(b);
     for (int32_t head : {0, 1, 2, 3, 4, 7, 33}) {
       const Stream s = stream(), d = stream();

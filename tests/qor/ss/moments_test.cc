@@ -2,6 +2,7 @@
 // the data into blocks.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 #include "qor/ss/reference.h"
@@ -10,15 +11,27 @@
 namespace orvik::ss::test {
 namespace {
 
-constexpr uint64_t kAllEstimates = 0xFE0003FF;
+constexpr uint64_t kAllEstimates = 0xFE0003FF, kMomentsOnly = 0x3FF;
 constexpr double kUntouched = -77.5;
 
 // One array per field, ids of all moments and sums.
-constexpr int32_t kIds[] = {OrvikSS_mean,           OrvikSS_rawMoment2,     OrvikSS_rawMoment3, OrvikSS_rawMoment4,
-                            OrvikSS_centralMoment2, OrvikSS_centralMoment3, OrvikSS_centralMoment4,
-                            OrvikSS_kurtosis,       OrvikSS_skewness,       OrvikSS_variation,  OrvikSS_sum,
-                            OrvikSS_rawSum2,        OrvikSS_rawSum3,        OrvikSS_rawSum4,    OrvikSS_centralSum2,
-                            OrvikSS_centralSum3,    OrvikSS_centralSum4};
+constexpr int32_t kIds[] = {OrvikSS_mean,
+                            OrvikSS_rawMoment2,
+                            OrvikSS_rawMoment3,
+                            OrvikSS_rawMoment4,
+                            OrvikSS_centralMoment2,
+                            OrvikSS_centralMoment3,
+                            OrvikSS_centralMoment4,
+                            OrvikSS_kurtosis,
+                            OrvikSS_skewness,
+                            OrvikSS_variation,
+                            OrvikSS_sum,
+                            OrvikSS_rawSum2,
+                            OrvikSS_rawSum3,
+                            OrvikSS_rawSum4,
+                            OrvikSS_centralSum2,
+                            OrvikSS_centralSum3,
+                            OrvikSS_centralSum4};
 
 template <class T>
 struct Results {
@@ -39,13 +52,15 @@ struct Case {
   bool columns, weighted, selected, wide;
   uint64_t method;
   int threads, blocks;
+  uint64_t estimates = kAllEstimates;
 };
 
 template <class T>
 void check(const Sample<T>& sample, const Case& c) {
   SCOPED_TRACE(testing::Message() << "p " << c.p << " n " << c.n << " columns " << c.columns << " weighted "
                                   << c.weighted << " selected " << c.selected << " method " << c.method << " threads "
-                                  << c.threads << " blocks " << c.blocks << " size " << sizeof(T));
+                                  << c.threads << " blocks " << c.blocks << " estimates " << c.estimates << " size "
+                                  << sizeof(T));
   std::vector<int32_t> flags(c.p, 1);
   for (int64_t j = 0; j < c.p; ++j) flags[j] = c.selected ? (j % 3 != 1) : 1;
   Results<T> results(c.p);
@@ -70,7 +85,7 @@ void check(const Sample<T>& sample, const Case& c) {
                         c.weighted ? sample.weights.data() + i0 : nullptr, c.selected ? flags.data() : nullptr),
               0);
     results.attach(&task);
-    ASSERT_EQ(Entries<T>::basic(task.get(), kAllEstimates, c.method, threads(c.threads)), 0);
+    ASSERT_EQ(Entries<T>::basic(task.get(), c.estimates, c.method, threads(c.threads)), 0);
   }
 
   EXPECT_NEAR(results.accumulated[0], static_cast<double>(want.weight), 1e-6 * static_cast<double>(want.weight));
@@ -98,12 +113,20 @@ void check(const Sample<T>& sample, const Case& c) {
     // A running mean is rounded at every observation.
     const double steps = c.method == ORVIK_SS_METHOD_ONE_PASS ? 4 * std::sqrt(static_cast<double>(c.n)) : 0;
     near(OrvikSS_mean, user ? static_cast<long double>(center[j]) : v.mean, std::fabs(v.mean), 40 + steps);
-    near(OrvikSS_sum, v.s[1], v.absolute[1] * want.weight, 40);
+    const bool sums = c.estimates == kAllEstimates;
+    if (sums) {
+      near(OrvikSS_sum, v.s[1], v.absolute[1] * want.weight, 40);
+      for (int k = 2; k <= 4; ++k) {
+        near(OrvikSS_rawSum2 + k - 2, v.s[k], v.absolute[k] * want.weight, 60);
+        near(OrvikSS_centralSum2 + k - 2, v.cs[k], scale[k] * want.weight, 200);
+      }
+    } else {
+      for (int32_t id = OrvikSS_sum; id <= OrvikSS_centralSum4; ++id) ASSERT_EQ(results.of[id][j], T(kUntouched));
+    }
     for (int k = 2; k <= 4; ++k) {
-      near(OrvikSS_rawMoment2 + k - 2, v.r[k], v.absolute[k], 60);
-      near(OrvikSS_rawSum2 + k - 2, v.s[k], v.absolute[k] * want.weight, 60);
+      // Without sums, raw moments of the one-pass method come from the running mean and the central sums.
+      near(OrvikSS_rawMoment2 + k - 2, v.r[k], v.absolute[k], sums ? 60 : 60 + k * (40 + steps));
       near(OrvikSS_centralMoment2 + k - 2, v.c[k], scale[k], 200);
-      near(OrvikSS_centralSum2 + k - 2, v.cs[k], scale[k] * want.weight, 200);
     }
     if (c.n < 3) continue;
     const long double c2 = v.c[2];
@@ -129,6 +152,7 @@ TYPED_TEST(Moments, AgreeWithATwoPassReferenceInEveryCombination) {
           for (uint64_t method : kMethods) {
             for (int threads : {0, 3}) check(sample, {p, n, columns, weighted, selected, columns, method, threads, 1});
             check(sample, {p, n, columns, weighted, selected, false, method, 2, 5});
+            check(sample, {p, n, columns, weighted, selected, false, method, 2, 3, kMomentsOnly});
           }
         }
       }
@@ -140,7 +164,8 @@ TYPED_TEST(Moments, AgreeWithATwoPassReferenceInEveryCombination) {
 TYPED_TEST(Moments, AgreeForEveryNumberOfThreads) {
   const auto sample = random_sample<TypeParam>(9, 20011);
   for (int threads = 1; threads <= 8; ++threads) {
-    for (uint64_t method : kMethods) check(sample, {9, 20011, (threads & 1) != 0, true, false, true, method, threads, 2});
+    for (uint64_t method : kMethods)
+      check(sample, {9, 20011, (threads & 1) != 0, true, false, true, method, threads, 2});
   }
 }
 
@@ -152,6 +177,47 @@ TYPED_TEST(Moments, OfLongRunsWithoutWeightsAgreeInBothStorages) {
       for (bool selected : {false, true}) {
         for (uint64_t method : kMethods) check(sample, {p, 20011, columns, false, selected, false, method, 0, 2});
       }
+    }
+  }
+}
+
+// Long contiguous observations go in streams of rows, each with weights of its own.
+TYPED_TEST(Moments, OfWideObservationsAgreeAroundTheBordersOfTheirStreams) {
+  for (int64_t n : {3, 5, 128, 131, 701}) {
+    const auto sample = random_sample<TypeParam>(67, n);
+    for (bool weighted : {false, true}) {
+      for (uint64_t method : kMethods) check(sample, {67, n, true, weighted, false, false, method, 0, 1});
+    }
+  }
+}
+
+TYPED_TEST(Moments, OfTwoHalvesInTwoCallsAreThoseOfOneCall) {
+  using T = TypeParam;
+  constexpr int64_t kP = 3, kN = 400;
+  const auto s = random_sample<T>(kP, kN);
+  const double eps = std::numeric_limits<T>::epsilon();
+  for (uint64_t method : {ORVIK_SS_METHOD_FAST, ORVIK_SS_METHOD_ONE_PASS}) {
+    Results<T> whole(kP), halves(kP);
+    std::vector<T> covariance[2] = {std::vector<T>(kP * kP), std::vector<T>(kP * kP)};
+    for (int blocks : {1, 2}) {
+      Results<T>& results = blocks == 1 ? whole : halves;
+      for (int b = 0; b < blocks; ++b) {
+        TaskOver<T> task;
+        ASSERT_EQ(task.make(kP, kN / blocks, 0x20000, s.columns.data() + b * kP * kN / blocks), 0);
+        results.attach(&task);
+        ASSERT_EQ(task.set(OrvikSS_covariance, covariance[blocks - 1]), 0);
+        ASSERT_EQ(task.set_integer(OrvikSS_covarianceStorage, ORVIK_SS_MATRIX_FULL), 0);
+        ASSERT_EQ(Entries<T>::basic(task.get(), kAllEstimates | ORVIK_SS_COVARIANCE, method, nullptr), 0);
+      }
+    }
+    for (int32_t id : kIds) {
+      for (int64_t j = 0; j < kP; ++j) {
+        const double want = whole.of[id][j];
+        EXPECT_NEAR(halves.of[id][j], want, 4000 * eps * (std::fabs(want) + 1)) << "method " << method << " id " << id;
+      }
+    }
+    for (int64_t k = 0; k < kP * kP; ++k) {
+      EXPECT_NEAR(covariance[1][k], covariance[0][k], 1000 * eps * (std::fabs(covariance[0][k]) + 1));
     }
   }
 }

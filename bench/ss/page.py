@@ -1,0 +1,63 @@
+#!/usr/bin/env python3
+"""page.py MACHINE: runs build/release/bin/bench_ss, all but the threads on one core; docs/performance-statistics.md on
+standard output."""
+import os
+import pathlib
+import sys
+
+root = pathlib.Path(__file__).resolve().parents[2]
+sys.path.append(str(root / "bench/support"))
+import table  # noqa: E402
+
+machine = sys.argv[1]
+program = str(root / "build/release/bin/bench_ss")
+env = dict(os.environ, OPENBLAS_NUM_THREADS="1")
+rows = table.rows(["taskset", "-c", "1", program, "moments", "covariance", "sorting", "stream"], env)
+rows += table.rows([program, "threads"], env)[1:]
+
+# What is compared with whom must reach which ratio: the first line whose words all occur.
+GOALS = [
+    (("two threads", "reading memory"), None),
+    (("two threads",), 1.8),
+    (("stream quantiles",), None),
+    (("reading memory",), 0.9),
+    (("fast", "Boost"), 2),
+    (("fast", "GSL"), 10),
+    (("one pass", "Boost"), 1),
+    (("covariance", "dsyrk"), 0.85),
+    (("covariance", "Eigen"), 1.2),
+    (("order statistics, p = 1",), 3),
+    (("std::",), 1),
+]
+rows[0].append("goal")
+misses = []
+for row in rows[1:]:
+    what, _, peer, _, ratio = row
+    goal = next((g for words, g in GOALS if all(w in f"{what} {peer}" for w in words)), None)
+    row.append("" if goal is None else f">= {goal}")
+    if goal is not None and float(ratio) < goal:
+        misses.append((f"{what}, beside {peer}", ratio, f">= {goal}"))
+
+print("\n".join([
+    "# Speed of the statistics", "",
+    "Generated from one run; do not edit. To repeat it, on a machine that does nothing else:", "", "```sh",
+    "cmake --build --preset release --target bench_ss", f"bench/ss/page.py \"{machine}\" > docs/performance-statistics.md",
+    "```", "",
+    f"Machine: {machine}.", "", "Times are nanoseconds of one value, minima of 5 to 9 rounds in which the candidates take turns;",
+    "a ratio above 1 means that orvik is faster. \"Reading memory\" is a loop that only loads the same data; the line of two",
+    "threads that reads memory tells what the machine gives to any two threads. The peer of two threads is one thread.", "",
+    *table.markdown(rows), "", *table.shortfalls(misses), "",
+    "Contiguous observations of several variables are read in four streams, a quarter of the rows each: running results are then",
+    "loaded and stored once for four rows. Tiles of rows that keep the results in registers are slower from memory, since the",
+    "hardware does not foresee their order and prefetch instructions alone bring a third of the bandwidth.", "",
+    "Two threads gain no more from sums of powers than from a plain read, which they are next to; where memory is shared with",
+    "other machines, its line tells how much that is.", "",
+    "## Memory", "",
+    "Beyond the caller's arrays a call of one thread takes: moments, at most 8 rows of p values (on the frame up to 512",
+    "values); covariance, one p by p matrix where no full matrix of the request can be accumulated in place, and 256 KiB for",
+    "the block of observations where it is scaled or centred; quantiles, sort, deviations, n values (weighted median 2 n).",
+    "Further threads take rows, a matrix and a block of their own. Stream quantiles: `StreamMemory` in",
+    "`tests/qor/ss/stream_quantiles_test.cc` checks the bound 72 log2(4 epsilon n)^2 / epsilon bytes.", "",
+    "## A long stream", "",
+    "`TOUR_STREAM_VALUES=1e8 build/release/bin/tour examples/data/airquality.csv` feeds 10^8 generated values to stream",
+    "quantiles with epsilon = 0.001, progress shown."]))

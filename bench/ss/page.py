@@ -59,5 +59,5 @@ print("\n".join([
     "Further threads take rows, a matrix and a block of their own. Stream quantiles: `StreamMemory` in",
     "`tests/qor/ss/stream_quantiles_test.cc` checks the bound 72 log2(4 epsilon n)^2 / epsilon bytes.", "",
     "## A long stream", "",
-    "`TOUR_STREAM_VALUES=1e8 build/release/bin/tour examples/data/airquality.csv` feeds 10^8 generated values to stream",
+    "`build/release/bin/tour examples/data/airquality.csv` feeds 10^8 (or `TOUR_STREAM_VALUES`) generated values to stream",
     "quantiles with epsilon = 0.001, progress shown."]))

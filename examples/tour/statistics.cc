@@ -91,11 +91,11 @@ struct Squares {
   }
 };
 
-// How many values the stream has: TOUR_STREAM_VALUES, such as 1e8.
+// How many values the stream has: TOUR_STREAM_VALUES, such as 1e9.
 int64_t stream_length() {
   const char* wanted = std::getenv("TOUR_STREAM_VALUES");
-  const double count = wanted == nullptr ? 2e6 : std::atof(wanted);
-  return count >= 1 && count <= 1e12 ? static_cast<int64_t>(count) : 2'000'000;
+  const double count = wanted == nullptr ? 1e8 : std::atof(wanted);
+  return count >= 1 && count <= 1e12 ? static_cast<int64_t>(count) : 100'000'000;
 }
 
 // A stream too long to keep: blocks of 2^18 values, one after the other, in bounded memory.

@@ -27,7 +27,7 @@ void summarize(const Column& column) {
   }
   const int32_t one = 1, n = static_cast<int32_t>(x.size()), storage = ORVIK_SS_STORAGE_ROWS, orders = 3;
   const double quartile_orders[3] = {0.25, 0.5, 0.75};
-  double mean, raw[3], central[3], skewness, kurtosis, quartiles[3], low = x[0], high = x[0];
+  double mean = 0, raw[3] = {}, central[3] = {}, skewness = 0, kurtosis = 0, quartiles[3] = {}, low = x[0], high = x[0];
   OrvikSSTask task;
   if (!done(__qordSSNewTask(&task, &one, &n, &storage, x.data(), nullptr, nullptr, 0), "new task")) return;
   __qordSSEditMoments(task, &mean, &raw[0], &raw[1], &raw[2], &central[0], &central[1], &central[2]);

@@ -131,11 +131,18 @@ TEST(Table, ExportsOfARowAreTheTableItself) {
   EXPECT_EQ(reinterpret_cast<char*>(orvik_zym_kernel_dMul_ctab) - reinterpret_cast<char*>(orvik_zym_kernel_dMul_ttab), 24);
 }
 
+// Compilers take two names for two addresses unless they cannot see where an address comes from.
+template <class F>
+uintptr_t address(F* entry) {
+  asm volatile("" : "+r"(entry));
+  return reinterpret_cast<uintptr_t>(entry);
+}
+
 TEST(Entries, DefaultNameAndHaAreOneAddress) {
-  EXPECT_EQ(&_zymsAbs, &_zymsAbs_HA);
-  EXPECT_EQ(&_zymdFloorI, &_zymdFloorI_HA);
-  EXPECT_NE(&_zymsAbs, &_zymsAbs_21);
-  EXPECT_NE(&_zymsAbs_21, &_zymsAbs_11);
+  EXPECT_EQ(address(&_zymsAbs), address(&_zymsAbs_HA));
+  EXPECT_EQ(address(&_zymdFloorI), address(&_zymdFloorI_HA));
+  EXPECT_NE(address(&_zymsAbs), address(&_zymsAbs_21));
+  EXPECT_NE(address(&_zymsAbs_21), address(&_zymsAbs_11));
 }
 
 TEST(Entries, AllLevelsOfAbsReachOneKernel) {

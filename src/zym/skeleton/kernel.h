@@ -3,7 +3,7 @@
 //   lanes(V...)     the lane computation: inputs in, result (or Pair of results) out;
 // and, where the fast path does not serve every input,
 //   special(V...)   mask of the lanes that the element routine redoes;
-//   element(...)    that routine (see ElementRoutine);
+//   element(...)    that routine (see special_elements);
 //   repair(V..., V& r, V mask)   in NOERR mode: blends the commonest special results into r, returns the mask that is
 //                   left.
 // Optional: `lanes_stand` (the element routine may leave what the lanes computed), `vectors` (how many are in flight, 4
@@ -201,7 +201,7 @@ struct Kernel {
     E* rs[Out];
     for (int j = 0; j < In; ++j) xs[j] = saved.lanes[j];
     for (int j = 0; j < Out; ++j) rs[j] = a.out[j] + i;
-    special_elements<E, In, Out>(&Fn::element, name, a, i, bits, xs, rs);
+    special_elements<Fn, E, In, Out>(name, a, i, bits, xs, rs);
   }
 
   // Only elements up to the last special one are touched.
@@ -240,7 +240,7 @@ struct Kernel {
           store(results[j], r[j]);
           rs[j] = results[j];
         }
-        special_elements<E, In, Out>(&Fn::element, name, a, i, bits, xs, rs);
+        special_elements<Fn, E, In, Out>(name, a, i, bits, xs, rs);
         for (int j = 0; j < Out; ++j) r[j] = load<V>(results[j]);
       }
       store_first_results(a, i, k, r);

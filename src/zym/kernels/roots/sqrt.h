@@ -28,11 +28,11 @@ struct SqrtElement {
       return zymErrorDomain;
     }
     // A denormal is its bits times 2^-149 or 2^-1074; as an integer it costs no slow arithmetic.
-    const bool denormal = bits_of(x) < FloatBits<E>::min_normal;
-    if constexpr (sizeof(E) == 4) {
-      *r = denormal ? static_cast<E>(std::sqrt(2.0 * bits_of(x)) * 0x1p-75) : std::sqrt(x);
+    if (bits_of(x) < FloatBits<E>::min_normal) {
+      const E steps = static_cast<E>(static_cast<int64_t>(bits_of(x)));
+      *r = sizeof(E) == 4 ? std::sqrt(2 * steps) * E(0x1p-75) : std::sqrt(steps) * E(0x1p-537);
     } else {
-      *r = denormal ? std::sqrt(static_cast<E>(static_cast<int64_t>(bits_of(x)))) * 0x1p-537 : std::sqrt(x);
+      *r = std::sqrt(x);
     }
     return 0;
   }

@@ -1,5 +1,5 @@
 // 2^(i/n) of 32-bit lanes without a table in memory: the product of two rows that fit registers, one by the upper bits
-// of i and one by the lower. Eight loads of rows cost twice as much.
+// of i and one by the lower.
 #pragma once
 
 #include "zym/kernels/explog/tables.h"

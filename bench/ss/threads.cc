@@ -5,18 +5,12 @@
 
 #include "ss/rounds.h"
 #include "ss/task.h"
+#include "support/threading.h"
 
 namespace orvik::bench {
 namespace {
 
-const OrvikThreading kTwo = {[] { return int32_t{2}; },
-                             [](int32_t count, void* context, void (*routine)(int32_t, int32_t, int32_t, void*)) {
-                               std::vector<std::thread> others;
-                               for (int32_t k = 1; k < count; ++k) others.emplace_back(routine, k, 0, count, context);
-                               routine(0, 0, count, context);
-                               for (auto& t : others) t.join();
-                               return int32_t{0};
-                             }};
+const OrvikThreading* const kTwo = test::threads<2>();
 
 // Reads the values from `begin` to `end` and keeps what the compiler cannot drop.
 void read(const double* begin, const double* end) {
@@ -37,7 +31,7 @@ void two_threads() {
   constexpr uint64_t kVariance = ORVIK_SS_MEAN | ORVIK_SS_CENTRAL_MOMENT2;
   constexpr uint64_t kFour = ORVIK_SS_SKEWNESS | ORVIK_SS_KURTOSIS;
   auto pair = [&](const char* what, auto run) {
-    compare(what, kCount, {{"", [&] { run(&kTwo); }}, {"one thread", [&] { run(nullptr); }}}, 9);
+    compare(what, kCount, {{"", [&] { run(kTwo); }}, {"one thread", [&] { run(nullptr); }}}, 9);
   };
   // What the memory itself gives to two threads.
   pair("two threads: reading memory", [&](const OrvikThreading* t) {

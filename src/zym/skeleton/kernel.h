@@ -281,13 +281,15 @@ struct Kernel {
         } else {
           Saved saved;
           uint32_t bits = 0;
+          Inputs x[N];
 #pragma GCC unroll 8
-          for (int at = 0; at < kElements; at += V::width) {
-            Inputs x = load_inputs(a, i + at);
-            saved.keep(at / V::width, x);
-            bits |= take_special(x) << at;
-            store_at(i + at, compute(x, params...));
+          for (int v = 0; v < N; ++v) {
+            x[v] = load_inputs(a, i + v * V::width);
+            saved.keep(v, x[v]);
+            bits |= take_special(x[v]) << (v * V::width);
           }
+#pragma GCC unroll 8
+          for (int v = 0; v < N; ++v) store_at(i + v * V::width, compute(x[v], params...));
           redo_special(name, mode, copy, i, bits, saved);
         }
         i += kElements;

@@ -3,11 +3,11 @@
 
 #include <cstdint>
 #include <random>
-#include <thread>
 #include <type_traits>
 #include <vector>
 
 #include "orvik/ss.h"
+#include "support/threading.h"
 
 namespace orvik::ss::test {
 
@@ -35,21 +35,7 @@ ORVIK_TEST_ENTRIES(d, double)
 ORVIK_TEST_ENTRIES(s, float)
 #undef ORVIK_TEST_ENTRIES
 
-// A table of `N` threads at most.
-template <int N>
-const OrvikThreading* threads() {
-  static const OrvikThreading table = {
-      [] { return int32_t{N}; },
-      [](int32_t count, void* context, void (*routine)(int32_t, int32_t, int32_t, void*)) {
-        std::vector<std::thread> others;
-        for (int32_t k = 1; k < count; ++k) others.emplace_back(routine, k, 0, count, context);
-        routine(0, 0, count, context);
-        for (auto& t : others) t.join();
-        return int32_t{0};
-      }};
-  return &table;
-}
-
+using orvik::test::threads;
 inline const OrvikThreading* threads(int n) {
   static const OrvikThreading* const tables[] = {nullptr,      threads<1>(), threads<2>(), threads<3>(), threads<4>(),
                                                  threads<5>(), threads<6>(), threads<7>(), threads<8>()};

@@ -118,6 +118,15 @@ TEST_F(Special, BlockOfAVectorReportsTheWholeVectorsIndex) {
   EXPECT_EQ(reports[0].index, 1003);
 }
 
+TEST_F(Special, ABlockIsReadWholeBeforeItIsStored) {
+  for (float sixth : {4.0f, std::numeric_limits<float>::infinity()}) {
+    std::vector<float> x(33, 4.0f);
+    x[5] = sixth;
+    _zymsSqrt(32, x.data(), x.data() + 1);
+    for (size_t i = 0; i < 32; ++i) EXPECT_EQ(x[i + 1], i == 5 ? std::sqrt(sixth) : 2.0f) << i;
+  }
+}
+
 // What the lanes would make of an infinity (infinity times zero) is not computed.
 TEST_F(Special, SpecialLanesRaiseNoFlagOfTheLaneComputation) {
   std::vector<float> a(75, 2.0f), r(75);

@@ -28,7 +28,7 @@ int32_t pow3o2_element(E x, E* r, Positive positive) {
 }
 
 // With s near the root and e = x - s^2, which is exact: x (s + e / (2 s)) = x s + s e / 2 but for e^2. Within 0.51 ulp
-// for roots of 4 ulp.
+// for roots of 4 ulp, where the result is normal.
 template <class V>
 V pow3o2_by_root(V x, V s) {
   const V e = fnma(s, s, x);
@@ -63,7 +63,7 @@ struct Pow3o2<F64, L> {
   static auto special(F64 x) { return outside<0x1A700000, 0x6A8FFFFF>(x); }  // [2^-600, 2^682)
 
   static F64 lanes(F64 x) {
-    if constexpr (L == Level::HA) return pow3o2_by_root(x, sqrt(x));  // the root instruction is the faster one here
+    if constexpr (L == Level::HA) return pow3o2_by_root(x, sqrt(x));
     const F64 y = roots::inverse_root(x);
     const F64 s = x * y;
     const F64 d = fnma(s, y, F64(1.0));

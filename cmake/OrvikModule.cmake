@@ -51,6 +51,7 @@ function(orvik_module name)
   foreach(file IN LISTS arg_EXPORTS)
     cmake_path(ABSOLUTE_PATH file BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     set_property(GLOBAL APPEND PROPERTY ORVIK_EXPORTS ${file})
+    target_sources(orvik_${name} PRIVATE ${file})  # so that a list that is generated is made
   endforeach()
 endfunction()
 

@@ -19,7 +19,8 @@ struct Feature {
 };
 
 // Everything that the library is compiled with (ORVIK_INSTRUCTIONS of cmake/OrvikModule.cmake); then what the operating
-// system does, where bits 1 and 2 of the control register stand for the lower and the upper halves of the vector registers.
+// system does, where bits 1 and 2 of the control register stand for the lower and the upper halves of the vector
+// registers.
 constexpr Feature kFeatures[] = {
     {"AVX", &ProcessorWords::leaf1_ecx, 1u << 28},
     {"AVX2", &ProcessorWords::leaf7_ebx, 1u << 5},

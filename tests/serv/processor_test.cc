@@ -24,10 +24,10 @@ struct Bit {
 
 // The manuals' places of what the library is compiled with, and of the two halves of the saved state.
 const std::vector<Bit> kBits = {
-    {"AVX", &ProcessorWords::leaf1_ecx, 28},    {"AVX2", &ProcessorWords::leaf7_ebx, 5},
-    {"FMA", &ProcessorWords::leaf1_ecx, 12},    {"BMI1", &ProcessorWords::leaf7_ebx, 3},
-    {"BMI2", &ProcessorWords::leaf7_ebx, 8},    {"LZCNT", &ProcessorWords::extended_leaf1_ecx, 5},
-    {"POPCNT", &ProcessorWords::leaf1_ecx, 23}, {"operating system", &ProcessorWords::xcr0, 1},
+    {"AVX", &ProcessorWords::leaf1_ecx, 28},        {"AVX2", &ProcessorWords::leaf7_ebx, 5},
+    {"FMA", &ProcessorWords::leaf1_ecx, 12},        {"BMI1", &ProcessorWords::leaf7_ebx, 3},
+    {"BMI2", &ProcessorWords::leaf7_ebx, 8},        {"LZCNT", &ProcessorWords::extended_leaf1_ecx, 5},
+    {"POPCNT", &ProcessorWords::leaf1_ecx, 23},     {"operating system", &ProcessorWords::xcr0, 1},
     {"operating system", &ProcessorWords::xcr0, 2},
 };
 
@@ -91,9 +91,9 @@ TEST(Processor, TheLineIsOneLine) {
 
 TEST(Processor, TheProcessorOfThisTestServesOrIsToldAsTheCompilersLibrarySees) {
   __builtin_cpu_init();  // asks the operating system for the saved state too
-  const bool serves = __builtin_cpu_supports("avx") && __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma") &&
-                      __builtin_cpu_supports("bmi") && __builtin_cpu_supports("bmi2") &&
-                      __builtin_cpu_supports("popcnt");
+  const bool serves = __builtin_cpu_supports("avx") && __builtin_cpu_supports("avx2") &&
+                      __builtin_cpu_supports("fma") && __builtin_cpu_supports("bmi") &&
+                      __builtin_cpu_supports("bmi2") && __builtin_cpu_supports("popcnt");
   EXPECT_EQ(missing_features(read_processor()) == 0, serves);
   EXPECT_EQ(orvik_cpu_supported(), serves ? 1 : 0);
 }

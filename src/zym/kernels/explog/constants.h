@@ -1,4 +1,5 @@
-// Constants of the exponentials and logarithms that are shared by several kernels.
+// Constants of the exponentials and logarithms that are shared by several kernels. Numbers by tools/approx from the lines
+// marked //:.
 #pragma once
 
 #include <bit>
@@ -9,27 +10,27 @@ namespace orvik::zym {
 constexpr float f32(uint32_t bits) { return std::bit_cast<float>(bits); }
 
 // Adding one of these rounds a small number to an integer, which is then in the low bits of the sum.
-inline constexpr float kShifter32 = 12582912.0f;          // 1.5 * 2^23
-inline constexpr double kShifter64 = 6755399441055744.0;  // 1.5 * 2^52
+inline constexpr float kShifter32 = 0x1.8p23f;  //: = 1.5 * 2^23
+inline constexpr double kShifter64 = 0x1.8p52;  //: = 1.5 * 2^52
 
-// e^x: beyond the first two the result is infinite or zero; below the last it is denormal.
-inline constexpr float kExpOverflow32 = f32(0x42B17217);   // 88.7228317
-inline constexpr float kExpUnderflow32 = f32(0xC2CFF1B4);  // -103.972076
-inline constexpr float kExpNormal32 = f32(0xC2AEAC4F);     // -87.3365402
-inline constexpr double kExpOverflow64 = 709.782712893384;
-inline constexpr double kExpUnderflow64 = -745.1332191019411;
-inline constexpr double kExpNormal64 = -708.3964185322641;
+// e^x: above the first the result rounds to infinity, below the second to zero, below the third it is denormal.
+inline constexpr float kExpOverflow32 = 0x1.62e42ep6f;  //: = float_down(log(2^128 - 2^103))
+inline constexpr float kExpUnderflow32 = -0x1.9fe368p6f;  //: = float_up(log(2^-150))
+inline constexpr float kExpNormal32 = -0x1.5d589ep6f;  //: = float_up(log(2^-126))
+inline constexpr double kExpOverflow64 = 0x1.62e42fefa39efp9;  //: = double_down(log(2^1024 - 2^970))
+inline constexpr double kExpUnderflow64 = -0x1.74910d52d3051p9;  //: = double_up(log(2^-1075))
+inline constexpr double kExpNormal64 = -0x1.6232bdd7abcd2p9;  //: = double_up(log(2^-1022))
 
-// Reduction by parts of ln 2, head and tail.
-inline constexpr float kLog2E32 = f32(0x3FB8AA3B);
-inline constexpr float kLn2Head32 = f32(0x3F317200);
-inline constexpr float kLn2Tail32 = f32(0x35BFBE8E);
-inline constexpr double k64OverLn2 = 92.33248261689366;
-inline constexpr double kLn2Over64Head = 0.010830424696223417;
-inline constexpr double kLn2Over64Tail = 2.572804622327669e-14;
+// Reduction by parts of ln 2: a head whose multiples by a quotient are exact, tail.
+inline constexpr float kLog2E32 = 0x1.715476p0f;  //: = 1/log(2)
+inline constexpr float kLn2Head32 = 0x1.62e4p-1f;  //: = grid(log(2), 2^-15)
+inline constexpr float kLn2Tail32 = 0x1.7f7d1cp-20f;  //: = log(2) - kLn2Head32
+inline constexpr double k64OverLn2 = 0x1.71547652b82fep6;  //: = 64/log(2)
+inline constexpr double kLn2Over64Head = 0x1.62e42fefap-7;  //: = grid(log(2)/64, 2^-42)
+inline constexpr double kLn2Over64Tail = 0x1.cf79abc9e3b3ap-46;  //: = log(2)/64 - kLn2Over64Head
 
-// Of the 64-bit logarithms: the exponent's multiples of the head are exact.
-inline constexpr double kLn2Head64 = 0.6931471805582987;
-inline constexpr double kLn2Tail64 = 1.6465949582866463e-12;
+// Of the 64-bit logarithms: the exponent's multiples of the head and of the tail are exact.
+inline constexpr double kLn2Head64 = 0x1.62e42fefap-1;  //: = grid(log(2), 2^-38)
+inline constexpr double kLn2Tail64 = 0x1.cf79abc9ep-40;  //: = bits(log(2) - kLn2Head64, 38)
 
 }  // namespace orvik::zym

@@ -8,7 +8,10 @@
 namespace orvik::approx {
 namespace {
 
-double value(const std::string& text) { return mpfr_get_d(Expression(text)(Names{}).get(), MPFR_RNDN); }
+double value(const std::string& text) {
+  const Precision precision(200);
+  return mpfr_get_d(Expression(text)(Names{}).get(), MPFR_RNDN);
+}
 
 TEST(Expression, has_the_usual_precedence) {
   EXPECT_EQ(value("1 + 2 * 3 - 4 / 8"), 6.5);

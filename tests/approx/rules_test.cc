@@ -81,8 +81,8 @@ TEST(Polynomial, refers_to_another_by_name_and_its_claim_goes_on_in_a_second_lin
                      "inline constexpr float kAbove[3] = {1.125f, 0.0f, 0.0f};\n"), "2^-3.0");
 }
 TEST(Polynomial, extremum_between_the_points_of_the_grid_is_found) {
-  // |x^2 - (2 - 1e-9) x ...| grows towards an inner maximum of 1 at pi/5.
-  EXPECT_EQ(error_of("//: p(x) = -cos(x - pi/5) / 2 on [0, 3], absolute error ?\n"
+  // A peak of 1/2 at pi/5 that falls to half of it within a thousandth of the interval.
+  EXPECT_EQ(error_of("//: p(x) = 1 / (2 + 2000000 * (x - pi/5)^2) on [0, 1], absolute error ?\n"
                      "inline constexpr double kA[1] = {0.0};\n"), "2^-1.0");
 }
 

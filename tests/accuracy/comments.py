@@ -19,7 +19,8 @@ import sys
 
 LEVELS = ("LA", "HA", "EP")
 LINE = re.compile(r"^// ([sdcz][A-Z]\w*) (LA|HA|EP):.*$", re.MULTILINE)
-LANES = {"s": ("F32", "float"), "d": ("F64", "double"), "c": ("C32", "F32", "float"), "z": ("C64", "F64", "double")}
+LANES = {"s": "Single", "c": "Single", "d": "Double", "z": "Double"}  # the concepts of lane types
+STRUCT = re.compile(r"^template <(.*)>\n(?:  requires .*\n)?struct (\w+)(<.*>)?(?: :[^;{]*)?\s*\{", re.MULTILINE)
 
 
 def text_of(record):
@@ -42,24 +43,19 @@ def lines_of(table):
         }
 
 
-def places(row, kernel, texts):
-    """Where a new line goes: file and offset of the struct's template line, the most special form of a struct first."""
-    function = re.escape(row[1:])
-    lane = "|".join(LANES[row[0]])
-    level = rf"(?:Level::)?{kernel}"
-    forms = (
-        rf"{function}<(?:{lane}), {level}>",
-        rf"{function}<V, {level}(?:, (?:{lane}))?>",
-        rf"{function}<(?:{lane}), \w+>",
-        rf"{function}<V, \w+, (?:{lane})>",
-        rf"{function}",
-    )
-    for form in forms:
-        pattern = re.compile(rf"^(?:template <.*>\n)?(?:  requires .*\n)?struct {form}(?: :[^;{{]*)? \{{", re.MULTILINE)
-        for path, text in texts.items():
-            if found := pattern.search(text):
-                return path, found.start()
-    return None, 0
+def place_of(row, kernel, texts):
+    """Where a new line goes: file and offset of the struct that serves the row and level most specially."""
+    best, place = -1, (None, 0)
+    lane = LANES[row[0]]
+    for path, text in texts.items():
+        for m in STRUCT.finditer(text):
+            lanes = re.findall(r"\b(Single|Double)\b", m[1])
+            levels = re.findall(r"\bLevel::(\w+)", m[3] or "")
+            if m[2] != row[1:] or lanes not in ([], [lane]) or levels not in ([], [kernel]):
+                continue
+            if (rank := 2 * len(lanes) + len(levels)) > best:
+                best, place = rank, (path, m.start())
+    return place
 
 
 def faults_of(name, wanted, texts):
@@ -93,7 +89,7 @@ def bring_up_to_date(wanted, texts):
     for (row, kernel), line in wanted.items():
         if (row, kernel) in found:
             continue
-        path, at = places(row, kernel, texts)
+        path, at = place_of(row, kernel, texts)
         if path is None:
             homeless.append(f"{row} {kernel}: no struct found; put a line `// {row} {kernel}:` where it belongs")
         else:

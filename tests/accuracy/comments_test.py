@@ -15,13 +15,21 @@ RECORDS = (
     + "dModf,HA,exact,0,0,,0,,,100,sampled\n"
 )
 KERNELS = """// e^x.
-template <>
-struct Exp<F32, Level::LA> : ExpSingle {
+template <class V, Level L>
+struct Exp;
+
+// In one precision.
+template <Single V>
+struct Exp<V, Level::LA> : ExpSingle<V> {
 };
 
 // Four rows.
-template <class V>
-struct Exp<V, Level::HA> {
+template <Single V, Level L>
+struct Exp<V, L> {
+};
+
+template <Double V, Level L>
+struct Exp<V, L> {
 };
 """
 
@@ -53,8 +61,9 @@ class Comments(unittest.TestCase):
 
     def test_line_goes_above_its_struct(self):
         text = self.written()
-        self.assertIn("// e^x.\n// sExp LA: 2.64 ulp at -0x1.8p+4\ntemplate <>\nstruct Exp<F32, Level::LA>", text)
-        self.assertIn("// Four rows.\n// sExp HA: 0.75 ulp at 0x1p+0\ntemplate <class V>\n", text)
+        self.assertIn("precision.\n// sExp LA: 2.64 ulp at -0x1.8p+4\ntemplate <Single V>\n", text)
+        self.assertIn("// Four rows.\n// sExp HA: 0.75 ulp at 0x1p+0\ntemplate <Single V, Level L>\n", text)
+        self.assertEqual(text.count("// sExp"), 2)
 
     def test_missing_line_is_told_by_row_and_kernel(self):
         self.assertIn("sExp LA is recorded in explog.csv and stated nowhere", self.faults())
@@ -62,7 +71,7 @@ class Comments(unittest.TestCase):
     def test_changed_record_makes_the_line_wrong_and_write_mends_it(self):
         self.written()
         self.records.write_text(RECORDS.replace("2.64", "2.71"))
-        self.assertIn("exp.h:2: // sExp LA: 2.64 ulp", self.faults())
+        self.assertIn("exp.h:6: // sExp LA: 2.64 ulp", self.faults())
         self.assertIn("// sExp LA: 2.71 ulp at -0x1.8p+4\n", self.written())
 
     def test_edited_witness_is_seen(self):

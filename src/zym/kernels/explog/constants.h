@@ -25,12 +25,32 @@ inline constexpr double kExpNormal64 = -0x1.6232bdd7abcd2p9;  //: = double_up(lo
 inline constexpr float kLog2E32 = 0x1.715476p0f;  //: = 1/log(2)
 inline constexpr float kLn2Head32 = 0x1.62e4p-1f;  //: = grid(log(2), 2^-15)
 inline constexpr float kLn2Tail32 = 0x1.7f7d1cp-20f;  //: = log(2) - kLn2Head32
+inline constexpr float kLn2Whole32 = 0x1.62e43p-1f;  //: = log(2)
+inline constexpr float k4OverLn2In32 = 0x1.715476p2f;  //: = 4/log(2)
+inline constexpr float kLn2Over4Head32 = 0x1.62ep-3f;  //: = grid(log(2)/4, 2^-14)
+inline constexpr float kLn2Over4Tail32 = 0x1.0bfbe8p-17f;  //: = log(2)/4 - kLn2Over4Head32
+inline constexpr float k32OverLn2In32 = 0x1.715476p5f;  //: = 32/log(2)
+inline constexpr float kLn2Over32In32 = 0x1.62e43p-6f;  //: = log(2)/32
+inline constexpr float k64OverLn2In32 = 0x1.715476p6f;  //: = 64/log(2)
+inline constexpr float k128OverLog10Of2In32 = 0x1.a934fp8f;  //: = 128/log10(2)
+inline constexpr float kLog10Of2Over128Head32 = 0x1.348p-9f;  //: = grid(log10(2)/128, 2^-18)
+inline constexpr float kLog10Of2Over128Tail32 = -0x1.f657bp-20f;  //: = log10(2)/128 - kLog10Of2Over128Head32
+inline constexpr float kLog10Of2In32 = 0x1.344136p-2f;  //: = log10(2)
 inline constexpr double k64OverLn2 = 0x1.71547652b82fep6;  //: = 64/log(2)
 inline constexpr double kLn2Over64Head = 0x1.62e42fefap-7;  //: = grid(log(2)/64, 2^-42)
 inline constexpr double kLn2Over64Tail = 0x1.cf79abc9e3b3ap-46;  //: = log(2)/64 - kLn2Over64Head
+inline constexpr double k64OverLog10Of2 = 0x1.a934f0979a371p7;  //: = 64/log10(2)
+inline constexpr double k128OverLn2 = 0x1.71547652b82fep7;  //: = 128/log(2)
+inline constexpr double kLn2Over128 = 0x1.62e42fefa39efp-8;  //: = log(2)/128
+inline constexpr double k1024OverLn2 = 0x1.71547652b82fep10;  //: = 1024/log(2)
+inline constexpr double kLn2Over1024Head = 0x1.62e42fecp-11;  //: = trunc_bits(log(2)/1024, 31)
+inline constexpr double kLn2Over1024Tail = 0x1.d1cf79abc9e3bp-42;  //: = log(2)/1024 - kLn2Over1024Head
 
 // Of the 64-bit logarithms: the exponent's multiples of the head and of the tail are exact.
 inline constexpr double kLn2Head64 = 0x1.62e42fefap-1;  //: = grid(log(2), 2^-38)
+// As the last row of kLnReciprocal64 has them.
+inline constexpr double kLn2ElementHead = 0x1.62e42fefa38p-1;  //: = grid(log(2), 2^-42)
+inline constexpr double kLn2ElementTail = 0x1.ef35793c7673p-45;  //: = log(2) - kLn2ElementHead
 inline constexpr double kLn2Tail64 = 0x1.cf79abc9ep-40;  //: = bits(log(2) - kLn2Head64, 38)
 
 }  // namespace orvik::zym

@@ -4,9 +4,27 @@
 
 namespace orvik::zym {
 
+// Sets without a source of their fit are given: results are defined with these coefficients. Their errors are measured like
+// all others.
+
 // --- logarithms -----------------------------------------------------------------------------------------------------
 
 // 32 bits: 1 + x in [2/3, 4/3).
+//: x + x^2 * p(x) = log(1 + x) on [-1/3, 1/3], relative error 2^-13.2
+inline constexpr float kLnSingleEP[4] = {0x1.c25266p-3f, -0x1.11d1fcp-2f, 0x1.54e2cp-2f, -0x1p-1f};
+//: x + x^2 * p(x) = log(1 + x) on [-1/3, 1/3], relative error 2^-22.2
+inline constexpr float kLnSingleLA[7] = {
+    -0x1.36d444p-3f, 0x1.5b70d6p-3f, -0x1.5126bp-3f, 0x1.95f702p-3f, -0x1.000c3ap-2f, 0x1.555dcep-2f, -0x1p-1f
+};
+//: x + x^2 * p(x) = log(1 + x) on [-1/3, 1/3], relative error 2^-27.4
+inline constexpr float kLnSingleHA[9] = {
+    -0x1.08059p-3f, 0x1.1e66bap-3f, -0x1.f3113cp-4f, 0x1.1ed718p-3f, -0x1.559dccp-3f, 0x1.99d028p-3f, -0x1.fffefp-3f,
+    0x1.555506p-2f, -0x1p-1f
+};
+//: p(x) = log10(1 + x) / x on [-1/3, 1/3], relative error 2^-14.0
+inline constexpr float kLog10SingleEP[5] = {
+    0x1.9b824ep-4f, -0x1.e9dae2p-4f, 0x1.26fb7cp-3f, -0x1.bc1244p-3f, 0x1.bcb95cp-2f
+};
 //: p(x) = log2(1 + x) / x on [-1/3, 1/3], relative error 2^-14.3
 //: fit explog/coefficients.sollya
 inline constexpr float kLog2SingleEP[5] = {
@@ -44,6 +62,12 @@ inline constexpr double kLog10Wide[4] = {
 };
 
 // 64 bits: x = m rc/1024 - 1, m below 2, the estimate as above: |x| below 2^-10 + 1.5 * 2^-12 = 0.00135.
+//: x + x^2 * p(x) = log(1 + x) on [-0.0014, 0.0014], relative error 2^-30.4
+inline constexpr double kLnDoubleEP[2] = {0x1.55555555543c5p-2, -0x1.ffffffffff81fp-2};
+//: x + x^2 * p(x) = log(1 + x) on [-0.0014, 0.0014], relative error 2^-52.0
+inline constexpr double kLnDoubleLA[4] = {
+    0x1.9999cacdb4d0ap-3, -0x1.0000148058ee1p-2, 0x1.55555555543c5p-2, -0x1.ffffffffff81fp-2
+};
 //: p(x) = log2(1 + x) / x on [-0.0014, 0.0014], relative error 2^-32.4
 //: fit explog/coefficients.sollya
 inline constexpr double kLog2DoubleEP[3] = {0x1.ec70c158785b8p-2, -0x1.7154881d0685p-1, 0x1.71547652b812ap0};
@@ -71,9 +95,46 @@ inline constexpr double kLog10DoubleHA[5] = {
     -0x1.2875d005704f4p-4, 0x1.63c65043196b6p-4, -0x1.bcb7b153321cdp-4, 0x1.287a7636f38e3p-3, -0x1.bcb7b1526e50ep-3
 };
 
+// Of element routines: 1 + x within 1/64 of a row of kLnReciprocal64, or of 1.
+//: x + x^2 * p(x) = log(1 + x) on [-1/64, 1/64], relative error 2^-52.3
+inline constexpr double kLnElement[7] = {
+    -0x1.000b405a2836dp-3, 0x1.249c02481059dp-3, -0x1.555555228b38fp-3, 0x1.9999997b36c81p-3, -0x1.0000000000262p-2,
+    0x1.5555555555613p-2, -0x1p-1
+};
+
 // --- exponentials ---------------------------------------------------------------------------------------------------
 
-// Steps of 1/64, of log10(2)/64.
+// e^x: half a step of ln 2, of ln(2)/4; of ln(2)/128, /1024 and /64.
+//: p(x) = exp(x) on [-log(2)/2, log(2)/2], relative error 2^-12.7
+inline constexpr float kExpSingleEP[4] = {0x1.52c758p-3f, 0x1.01e5acp-1f, 0x1.0007bcp0f, 0x1p0f};
+//: p(x) = exp(x) on [-log(2)/2, log(2)/2], relative error 2^-22.6
+inline constexpr float kExpSingleLA[6] = {
+    0x1.0fb3fcp-7f, 0x1.570724p-5f, 0x1.555958p-3f, 0x1.fffe68p-2f, 0x1.fffffcp-1f, 0x1p0f
+};
+//: 1 + x + x^2 * p(x) = exp(x) on [-log(2)/8, log(2)/8], relative error 2^-26.8
+inline constexpr float kExpSingleHA[3] = {0x1.557624p-5f, 0x1.557624p-3f, 0x1.fffffep-2f};
+//: p(x) = exp(x) on [-log(2)/2, log(2)/2], relative error 2^-22.7
+inline constexpr float kExpSingleElement[6] = {
+    0x1.12a1dep-7f, 0x1.57636cp-5f, 0x1.55538cp-3f, 0x1.fffd0ap-2f, 0x1.000002p0f, 0x1.000002p0f
+};
+//: p(x) = exp(x) on [-log(2)/256, log(2)/256], relative error 2^-28.1
+inline constexpr double kExpDoubleEP[3] = {0x1.ffffc2808f7e8p-2, 0x1p0, 0x1p0};
+//: p(x) = exp(x) on [-log(2)/2048, log(2)/2048], relative error 2^-52.6
+inline constexpr double kExpDoubleLA[4] = {0x1.5555555555556p-3, 0x1.0000001ebfbep-1, 0x1p0, 0x1p0};
+//: 1 + x + x^2 * p(x) = exp(x) on [-log(2)/128, log(2)/128], relative error 2^-59.3
+inline constexpr double kExpDoubleHA[4] = {
+    0x1.111112d9f549bp-7, 0x1.555573f218b93p-5, 0x1.555555555653ep-3, 0x1.fffffffffdb3bp-2
+};
+//: 1 + x + x^2 * p(x) = exp(x) on [-log(2)/128, log(2)/128], relative error 2^-70.1
+inline constexpr double kExpElement[5] = {
+    0x1.6c16a1c2a3ffdp-10, 0x1.111123aaf20d3p-7, 0x1.5555555558fccp-5, 0x1.55555555548f8p-3, 0x1p-1
+};
+
+// 2^x and 10^x: steps of 1/64; of log10(2)/128 in 32 bits and log10(2)/64 in 64.
+//: 1 + x * p(x) = 2^x on [-1/128, 1/128], relative error 2^-27.1
+inline constexpr float kExp2Single[2] = {0x1.ebfbf8p-3f, 0x1.62e486p-1f};
+//: 1 + x * p(x) = 10^x on [-log10(2)/256, log10(2)/256], relative error 2^-30.1
+inline constexpr float kExp10Single[2] = {0x1.535252p1f, 0x1.26bb2ep1f};
 //: p(x) = (2^x - 1) / x on [-1/128, 1/128], relative error 2^-51.0
 //: fit explog/coefficients.sollya
 inline constexpr double kExp2Double[5] = {

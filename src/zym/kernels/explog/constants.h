@@ -5,13 +5,11 @@
 #include <bit>
 #include <cstdint>
 
+#include "lanes/generic.h"
+
 namespace orvik::zym {
 
 constexpr float f32(uint32_t bits) { return std::bit_cast<float>(bits); }
-
-// Adding one of these rounds a small number to an integer, which is then in the low bits of the sum.
-inline constexpr float kShifter32 = 0x1.8p23f;  //: = 1.5 * 2^23
-inline constexpr double kShifter64 = 0x1.8p52;  //: = 1.5 * 2^52
 
 // e^x: above the first the result rounds to infinity, below the second to zero, below the third it is denormal.
 inline constexpr float kExpOverflow32 = 0x1.62e42ep6f;  //: = float_down(log(2^128 - 2^103))
@@ -48,9 +46,27 @@ inline constexpr double kLn2Over1024Tail = 0x1.d1cf79abc9e3bp-42;  //: = log(2)/
 
 // Of the 64-bit logarithms: the exponent's multiples of the head and of the tail are exact.
 inline constexpr double kLn2Head64 = 0x1.62e42fefap-1;  //: = grid(log(2), 2^-38)
+inline constexpr double kLn2Tail64 = 0x1.cf79abc9ep-40;  //: = bits(log(2) - kLn2Head64, 38)
 // As the last row of kLnReciprocal64 has them.
 inline constexpr double kLn2ElementHead = 0x1.62e42fefa38p-1;  //: = grid(log(2), 2^-42)
 inline constexpr double kLn2ElementTail = 0x1.ef35793c7673p-45;  //: = log(2) - kLn2ElementHead
-inline constexpr double kLn2Tail64 = 0x1.cf79abc9ep-40;  //: = bits(log(2) - kLn2Head64, 38)
+
+// Heads on a grid so coarse that their multiples by a quotient are exact; tails.
+inline constexpr double kLog10Of2Head = 0x1.34413509fp-2;  //: = grid(log10(2), 2^-38)
+inline constexpr double kLog10Of2Tail = 0x1.e7fbcc47c4acdp-40;  //: = log10(2) - kLog10Of2Head
+inline constexpr double kLn2Over128Head = 0x1.62e42fefcp-8;  //: = grid(log(2)/128, 2^-42)
+inline constexpr double kLn2Over128Tail = -0x1.c610ca86c3899p-44;  //: = log(2)/128 - kLn2Over128Head
+inline constexpr double kLog10Of2Over64Head = 0x1.3441350ap-8;  //: = grid(log10(2)/64, 2^-42)
+inline constexpr double kLog10Of2Over64Tail = -0x1.0c0219dc1da99p-45;  //: = log10(2)/64 - kLog10Of2Over64Head
+inline constexpr float kLn2Over64Head32 = 0x1.63p-7f;  //: = grid(log(2)/64, 2^-17)
+inline constexpr float kLn2Over64Tail32 = -0x1.bd0106p-19f;  //: = log(2)/64 - kLn2Over64Head32
+inline constexpr float kLog10Of2Head32 = 0x1.3442p-2f;  //: = grid(log10(2), 2^-17)
+inline constexpr float kLog10Of2Tail32 = -0x1.95ec1p-19f;  //: = log10(2) - kLog10Of2Head32
+
+// 1 / ln(b), rounded, and what that lacks.
+inline constexpr double kLog2E64 = 0x1.71547652b82fep0;  //: = 1/log(2)
+inline constexpr double kLog2ETail64 = 0x1.777d0ffda0d24p-56;  //: = 1/log(2) - kLog2E64
+inline constexpr double kLog10E64 = 0x1.bcb7b1526e50ep-2;  //: = 1/log(10)
+inline constexpr double kLog10ETail64 = 0x1.95355baaafad3p-57;  //: = 1/log(10) - kLog10E64
 
 }  // namespace orvik::zym

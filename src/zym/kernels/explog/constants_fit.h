@@ -165,24 +165,4 @@ inline constexpr double kExpm1DoubleLA[4] = {
     0x1.1111121e8349p-7, 0x1.55555acfaad08p-5, 0x1.55555555555e5p-3, 0x1.fffffffffff57p-2
 };
 
-// --- parts of reductions --------------------------------------------------------------------------------------------
-
-// Heads on a grid so coarse that their multiples by a quotient are exact; tails.
-inline constexpr double kLog10Of2Head = 0x1.34413509fp-2;  //: = grid(log10(2), 2^-38)
-inline constexpr double kLog10Of2Tail = 0x1.e7fbcc47c4acdp-40;  //: = log10(2) - kLog10Of2Head
-inline constexpr double kLn2Over128Head = 0x1.62e42fefcp-8;  //: = grid(log(2)/128, 2^-42)
-inline constexpr double kLn2Over128Tail = -0x1.c610ca86c3899p-44;  //: = log(2)/128 - kLn2Over128Head
-inline constexpr double kLog10Of2Over64Head = 0x1.3441350ap-8;  //: = grid(log10(2)/64, 2^-42)
-inline constexpr double kLog10Of2Over64Tail = -0x1.0c0219dc1da99p-45;  //: = log10(2)/64 - kLog10Of2Over64Head
-inline constexpr float kLn2Over64Head32 = 0x1.63p-7f;  //: = grid(log(2)/64, 2^-17)
-inline constexpr float kLn2Over64Tail32 = -0x1.bd0106p-19f;  //: = log(2)/64 - kLn2Over64Head32
-inline constexpr float kLog10Of2Head32 = 0x1.3442p-2f;  //: = grid(log10(2), 2^-17)
-inline constexpr float kLog10Of2Tail32 = -0x1.95ec1p-19f;  //: = log10(2) - kLog10Of2Head32
-
-// 1 / ln(b), rounded, and what that lacks.
-inline constexpr double kLog2E64 = 0x1.71547652b82fep0;  //: = 1/log(2)
-inline constexpr double kLog2ETail64 = 0x1.777d0ffda0d24p-56;  //: = 1/log(2) - kLog2E64
-inline constexpr double kLog10E64 = 0x1.bcb7b1526e50ep-2;  //: = 1/log(10)
-inline constexpr double kLog10ETail64 = 0x1.95355baaafad3p-57;  //: = 1/log(10) - kLog10E64
-
 }  // namespace orvik::zym

@@ -44,6 +44,14 @@ inline constexpr double k1024OverLn2 = 0x1.71547652b82fep10;  //: = 1024/log(2)
 inline constexpr double kLn2Over1024Head = 0x1.62e42fecp-11;  //: = trunc_bits(log(2)/1024, 31)
 inline constexpr double kLn2Over1024Tail = 0x1.d1cf79abc9e3bp-42;  //: = log(2)/1024 - kLn2Over1024Head
 
+// 2^(i/4), and what the head lacks relative to it.
+//: planes
+//: head = 2^(i/4)
+//: tail = (2^(i/4) - head) / head
+inline constexpr float kExp2Quarters[2][4] = {
+    {0x1p0f, 0x1.306fep0f, 0x1.6a09e6p0f, 0x1.ae89fap0f}, {0.0f, 0x1.125002p-25f, 0x1.26055cp-26f, -0x1.f9c304p-27f}
+};
+
 // Of the 64-bit logarithms: the exponent's multiples of the head and of the tail are exact.
 inline constexpr double kLn2Head64 = 0x1.62e42fefap-1;  //: = grid(log(2), 2^-38)
 inline constexpr double kLn2Tail64 = 0x1.cf79abc9ep-40;  //: = bits(log(2) - kLn2Head64, 38)

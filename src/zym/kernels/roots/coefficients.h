@@ -1,12 +1,27 @@
-// Numbers of the cube roots: polynomials, highest power first, and powers of 2^(1/3). Numbers and worst errors by
-// tools/approx from the lines marked //:.
-// With w an estimate of z^(-1/3) and x = 1 - z w^3: z^(1/3) = z w^2 (1 - x)^(-2/3), z^(-1/3) = w (1 - x)^(-1/3),
-// z^(2/3) = z w (1 - x)^(-1/3).
+// Polynomials of the roots, highest power first, and powers of 2^(1/3). Numbers and worst errors by tools/approx from the
+// lines marked //:.
 #pragma once
 
 #include <cstdint>
 
 namespace orvik::zym::roots {
+
+// --- square roots ---------------------------------------------------------------------------------------------------
+
+// With y an estimate of 1/sqrt(z) and x = 1 - z y^2, 1/sqrt(z) = y (1 - x)^(-1/2). Estimates are within 1.5 * 2^-12 on every
+// processor: |x| is below 2 * 1.5 * 2^-12 + (1.5 * 2^-12)^2 = 7.326e-4, with the roundings 7.34e-4. Given, not fitted here:
+// results are defined with these coefficients.
+//: 1 + x * p(x) = (1 - x)^(-1/2) on [-7.34e-4, 7.34e-4], relative error 2^-58.0
+inline constexpr double kInverseRootTail[4] = {
+    0x1.1800032338cbbp-2, 0x1.40000b13001d9p-2, 0x1.80000000000f6p-2, 0x1.ffffffffffe71p-2
+};
+//: p(x) = (1 - x)^(-1/2) on [-7.34e-4, 7.34e-4], relative error 2^-34.8
+inline constexpr double kInverseRootShort[3] = {0x1.80000c4cd9197p-2, 0x1.000004379adb7p-1, 0x1.fffffffffff4fp-1};
+
+// --- cube roots -----------------------------------------------------------------------------------------------------
+
+// With w an estimate of z^(-1/3) and x = 1 - z w^3: z^(1/3) = z w^2 (1 - x)^(-2/3), z^(-1/3) = w (1 - x)^(-1/3),
+// z^(2/3) = z w (1 - x)^(-1/3).
 
 // 2^(k/3), 2^(-k/3), 2^(2k/3) for k = 0, 1, 2.
 //: = i < 3 ? 2^(i/3) : 0

@@ -1,6 +1,7 @@
 // What holds for every built kernel: an element's bits do not depend on its place, its stride or its neighbours; nothing
 // outside the arrays is touched; in place gives what separate arrays give. Elements are one or two numbers: rows of all four
-// precisions, of every shape, with orders and scalar operands of several values.
+// precisions, of every shape, with orders and scalar operands of several values. Beside the built rows stand plain loops of those
+// shapes, which hold the tests themselves to what they say.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -14,6 +15,7 @@
 
 #include "orvik/zym.h"
 #include "support/guarded.h"
+#include "support/plain_rows.h"
 #include "support/rows.h"
 
 namespace orvik::test {
@@ -97,25 +99,29 @@ struct Tested {
   int out() const { return row.output_parts; }
 };
 
-// Runs over every built row, level and variant of a precision.
+// Runs over every built row, level and variant of a precision, and over the plain rows.
 template <class P, class Function>
 void for_each_kernel(Function function) {
   _zymSetMode(ZYM_ERRMODE_IGNORE);
+  static const std::vector<Row> plain = plain_rows();
+  std::vector<const Row*> tested;
+  for (const Row& row : rows::all()) tested.push_back(&row);
+  for (const Row& row : plain) tested.push_back(&row);
   int kernels = 0;
-  for (const Row& row : rows::all()) {
-    if (!row.built() || row.precision != P::precision || row.shape == Shape::pack) continue;
+  for (const Row* row : tested) {
+    if (!row->built() || row->precision != P::precision || row->shape == Shape::pack) continue;
     for (int level = 0; level < 3; ++level) {
-      for (const Variant& variant : variants_of(row)) {
-        SCOPED_TRACE(std::string(row.name) + " " + kLevelNames[level] + " order " + std::to_string(variant.order) + " scalar " +
+      for (const Variant& variant : variants_of(*row)) {
+        SCOPED_TRACE(std::string(row->name) + " " + kLevelNames[level] + " order " + std::to_string(variant.order) + " scalar " +
                      std::to_string(variant.scalars[0]));
-        function(Tested{row, level, variant});
+        function(Tested{*row, level, variant});
         ++kernels;
         if (testing::Test::HasFailure()) return;
       }
     }
   }
   _zymSetMode(ZYM_ERRMODE_DEFAULT);
-  if (kernels == 0) GTEST_SKIP() << "no row of this precision is built";
+  EXPECT_GE(kernels, 15);
 }
 
 template <class P>

@@ -38,6 +38,11 @@ inline constexpr double kPowLog2DoubleHA[5] = {
 
 // --- powers of 2 of the lanes ---------------------------------------------------------------------------------------
 
+// e^t by steps of ln(2) / 2048.
+inline constexpr double kLn2 = 0x1.62e42fefa39efp-1;          //: = log(2)
+inline constexpr double k2048OverLn2 = 0x1.71547652b82fep11;  //: = 2048 / log(2)
+inline constexpr double kLn2Over2048 = 0x1.62e42fefa39efp-12;  //: = log(2) / 2048
+
 //: 1 + x * p(x) = 2^x on [-1/16, 1/16], relative error 2^-24.6
 inline constexpr float kPowExp2Single[3] = {0x1.c6c0fp-5f, 0x1.ec0f92p-3f, 0x1.62e43p-1f};
 

@@ -1,6 +1,8 @@
 // Tables of the powers. Numbers by tools/approx from the lines marked //:.
 #pragma once
 
+#include <cstdint>
+
 namespace orvik::zym {
 
 // --- lanes ----------------------------------------------------------------------------------------------------------
@@ -10,6 +12,9 @@ namespace orvik::zym {
 //: head = grid(-log2(1 + i/8), 2^-16)
 //: rest = -log2(1 + i/8) - head
 extern const float kLog2Octet[2][8];
+// The fraction's bits of 2^(i/8), less i in the three bits from the highest on.
+//: = mod((float(2^(i/8)) - 1) * 2^23 - i * 2^20, 2^32)
+extern const uint32_t kExp2OctetFields[8];
 
 //: = 2^(i/256)
 extern const double kExp2Frac256[256];
@@ -24,31 +29,31 @@ extern const double kExp2Frac2048[2048];
 //: c = grid(1 / (1 + i/16), 2^-8)
 //: head = -log2(c)
 //: tail = -log2(c) - head
-extern const float kPowFirst32[17][3];
+extern const float kElementFirst32[17][3];
 //: let j = i < 8 ? i : i - 16
 //: c = grid(1 / (1 + j/64), 2^-10)
 //: head = -log2(c)
 //: tail = -log2(c) - head
-extern const float kPowSecond32[16][3];
+extern const float kElementSecond32[16][3];
 //: let j = i < 16 ? i : i - 32
 //: c = grid(1.44140625 / (1 + j/1024), 2^-12)
 //: head = -log2(c / 1.44140625)
 //: tail = -log2(c / 1.44140625) - head
-extern const float kPowThird32[32][3];
+extern const float kElementThird32[32][3];
 //: c = grid(1 / (1 + i/16), 2^-10)
 //: head = -log2(c)
 //: tail = -log2(c) - head
-extern const double kPowFirst64[17][3];
+extern const double kElementFirst64[17][3];
 //: let j = i < 16 ? i : i - 32
 //: c = grid(1 / (1 + j/256), 2^-14)
 //: head = -log2(c)
 //: tail = -log2(c) - head
-extern const double kPowSecond64[32][3];
+extern const double kElementSecond64[32][3];
 //: let j = i < 16 ? i : i - 32
 //: c = grid(1.44140625 / (1 + j/4096), 2^-18)
 //: head = -log2(c / 1.44140625)
 //: tail = -log2(c / 1.44140625) - head
-extern const double kPowThird64[32][3];
+extern const double kElementThird64[32][3];
 
 // 2^(i/128) in 32 bits; the tail is relative to the head.
 //: head = 2^(i/128)

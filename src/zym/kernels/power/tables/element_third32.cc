@@ -4,7 +4,7 @@
 // clang-format off
 namespace orvik::zym {
 
-alignas(64) const float kPowThird32[32][3] = {
+alignas(64) const float kElementThird32[32][3] = {
     {0x1.71p0f, 0.0f, 0.0f}, {0x1.70ap0f, 0x1.8089ecp-10f, 0x1.ce63fep-35f},
     {0x1.704p0f, 0x1.80bc06p-9f, -0x1.73560ap-37f}, {0x1.6ffp0f, 0x1.10a2cap-8f, 0x1.305a92p-33f},
     {0x1.6f9p0f, 0x1.710c6p-8f, 0x1.171b08p-33f}, {0x1.6f3p0f, 0x1.d18f28p-8f, 0x1.00acacp-35f},

@@ -4,7 +4,7 @@
 // clang-format off
 namespace orvik::zym {
 
-alignas(64) const double kPowThird64[32][3] = {
+alignas(64) const double kElementThird64[32][3] = {
     {0x1.71p0, 0.0, 0.0}, {0x1.70e9p0, 0x1.705fb6d9974f7p-12, 0x1.858e3e5cbd6e9p-67},
     {0x1.70d2p0, 0x1.706b32edac47bp-11, -0x1.75b8e8dbf6c9cp-65},
     {0x1.70bacp0, 0x1.15596e9a69a8cp-10, -0x1.7b72378bf5eb4p-64},

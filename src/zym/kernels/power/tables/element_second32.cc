@@ -4,7 +4,7 @@
 // clang-format off
 namespace orvik::zym {
 
-alignas(64) const float kPowSecond32[16][3] = {
+alignas(64) const float kElementSecond32[16][3] = {
     {0x1p0f, 0.0f, 0.0f}, {0x1.f8p-1f, 0x1.743ee8p-6f, 0x1.87cd56p-32f}, {0x1.f08p-1f, 0x1.6b50e2p-5f, 0x1.2f5f9ap-30f},
     {0x1.e9p-1f, 0x1.0f9a64p-4f, -0x1.7338a4p-29f}, {0x1.e2p-1f, 0x1.64ce26p-4f, 0x1.80ce2ap-29f},
     {0x1.dbp-1f, 0x1.bb4102p-4f, 0x1.f24a72p-29f}, {0x1.d4p-1f, 0x1.097e38p-3f, 0x1.9cc0cap-28f},

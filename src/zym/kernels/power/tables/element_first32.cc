@@ -4,7 +4,7 @@
 // clang-format off
 namespace orvik::zym {
 
-alignas(64) const float kPowFirst32[17][3] = {
+alignas(64) const float kElementFirst32[17][3] = {
     {0x1p0f, 0.0f, 0.0f}, {0x1.e2p-1f, 0x1.64ce26p-4f, 0x1.80ce2ap-29f}, {0x1.c8p-1f, 0x1.563dc2p-3f, 0x1.3ff596p-28f},
     {0x1.bp-1f, 0x1.f5fd8ap-3f, 0x1.20c7c6p-28f}, {0x1.9ap-1f, 0x1.48365ep-2f, 0x1.a575e6p-28f},
     {0x1.86p-1f, 0x1.9218p-2f, 0x1.249ba8p-27f}, {0x1.74p-1f, 0x1.d7e6cp-2f, 0x1.5786bp-27f},

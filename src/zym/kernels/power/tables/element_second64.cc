@@ -4,7 +4,7 @@
 // clang-format off
 namespace orvik::zym {
 
-alignas(64) const double kPowSecond64[32][3] = {
+alignas(64) const double kElementSecond64[32][3] = {
     {0x1p0, 0.0, 0.0}, {0x1.fep-1, 0x1.720d9c06a835fp-8, -0x1.64439c1a2068ap-62},
     {0x1.fc08p-1, 0x1.6fdf461d2e4f8p-7, -0x1.dc930484501f8p-63},
     {0x1.fa1p-1, 0x1.13b6bec350f93p-6, -0x1.2ec0f35494fc9p-61},

@@ -4,7 +4,7 @@
 // clang-format off
 namespace orvik::zym {
 
-alignas(64) const double kPowFirst64[17][3] = {
+alignas(64) const double kElementFirst64[17][3] = {
     {0x1p0, 0.0, 0.0}, {0x1.e2p-1, 0x1.64ce26c067157p-4, -0x1.2f06f5b695b1dp-58},
     {0x1.c7p-1, 0x1.5cba53a0762edp-3, 0x1.a8e6b40f5e2f6p-58}, {0x1.afp-1, 0x1.fcd677e5ac81dp-3, -0x1.2234497dc6cc2p-58},
     {0x1.998p-1, 0x1.4a03dcbd2e1bep-2, -0x1.b7c372887e95p-57}, {0x1.86p-1, 0x1.921800924dd3bp-2, 0x1.fdc46af571993p-56},

@@ -23,6 +23,8 @@ struct Powr : Pow<V, L> {
     return power_element<false>(x, y, r);
   }
 };
+template <class V, Level L>
+struct Powx : Pow<V, L> {};
 
 // --- 32 bits --------------------------------------------------------------------------------------------------------
 

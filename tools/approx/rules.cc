@@ -31,6 +31,9 @@ std::string strip(std::string s) {
 const std::regex kDeclaration(
     R"(^(?:alignas\(\d+\) )?(extern const|inline constexpr|constexpr|static constexpr|const) (float|double|u?int\d+_t|int) (k\w+)((?:\[[^\]]*\])*)\s*(=|;|\{))");
 
+// An array in any other place, such as a struct or a function: it can have no rule.
+const std::regex kOtherArray(R"(\b(?:const|constexpr) (?:float|double|u?int\d+_t) (\w+)\s*\[)");
+
 // Adds one line of a rule.
 void add_rule(Declaration& d, const std::string& rule) {
   std::smatch m;
@@ -202,6 +205,13 @@ std::vector<Declaration> read_header(const std::string& path, const std::string&
     if (line.rfind("}  // namespace", 0) == 0 && !spaces.empty()) spaces.pop_back();
     if (!std::regex_search(line, m, kDeclaration)) {
       if (!rule.empty()) fail(path, number, "a rule above no declaration of numbers");
+      if (std::regex_search(line, m, kOtherArray)) {
+        Declaration other;
+        other.header = path;
+        other.name = m[1];
+        other.line = number;
+        found.push_back(other);
+      }
       continue;
     }
     std::string name_space;
@@ -227,16 +237,27 @@ Library::Library(const std::string& root, const std::string& strict) {
   namespace fs = std::filesystem;
   std::vector<fs::path> paths;
   for (const auto& entry : fs::recursive_directory_iterator(root)) {
-    if (entry.is_regular_file() && entry.path().extension() == ".h") paths.push_back(entry.path());
+    const fs::path& path = entry.path();
+    if (entry.is_regular_file() && (path.extension() == ".h" || path.extension() == ".cc")) paths.push_back(path);
   }
-  std::sort(paths.begin(), paths.end());
+  // Headers first: they declare what sources hold.
+  std::sort(paths.begin(), paths.end(), [](const fs::path& x, const fs::path& y) {
+    return x.extension() != y.extension() ? x.extension() == ".h" : x < y;
+  });
+  std::set<std::string> written;
   for (const fs::path& path : paths) {
     std::ifstream file(path);
     std::ostringstream text;
     text << file.rdbuf();
     const std::string relative = fs::relative(path, root).generic_string();
-    if (relative.rfind(strict, 0) != 0 && text.str().find("//:") == std::string::npos) continue;
-    for (Declaration& d : read_header(relative, text.str())) declarations_.push_back(std::move(d));
+    const bool header = path.extension() == ".h";
+    if (written.contains(relative)) continue;
+    if (relative.rfind(strict, 0) != 0 && (!header || text.str().find("//: ") == std::string::npos)) continue;
+    for (Declaration& d : read_header(relative, text.str())) {
+      if (d.ruled() && !header) fail(relative, d.line, "rules stand in headers");
+      if (d.ruled() && d.outside) written.insert(source_path(d));
+      declarations_.push_back(std::move(d));
+    }
   }
 }
 

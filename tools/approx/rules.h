@@ -61,13 +61,13 @@ struct Declaration {
   size_t rows() const;
 };
 
-// All declarations of numbers of one header: those with a rule, and without one the arrays.
+// All declarations of numbers of one file: those with a rule, and the arrays without one.
 std::vector<Declaration> read_header(const std::string& path, const std::string& text);
 
 // Everything that is declared; what expressions refer to by name.
 class Library {
  public:
-  // Reads all headers below the folder that hold a rule, and all below its part `strict`.
+  // Reads all headers below the folder that hold a rule, and all files below its part `strict`.
   Library(const std::string& root, const std::string& strict);
   explicit Library(std::vector<Declaration> declarations);
 

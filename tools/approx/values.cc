@@ -1,8 +1,10 @@
-// approx_values ROOT STRICT < COEFFICIENTS: the numbers of all headers below ROOT that have rules, one declaration a line,
+// approx_values ROOT STRICT [list] < COEFFICIENTS: the numbers of all headers below ROOT that have rules, one declaration a line,
 // fields separated by tabs: header, name, namespace, type, sizes, "extern" or "inline", source of an extern table, sollya
-// source of a fit, worst errors of its claims, values. COEFFICIENTS: lines of a name and the coefficients of new fits.
+// source of a fit, worst errors of its claims, values (these two not with `list`). COEFFICIENTS: lines of a name and the
+// coefficients of new fits.
 // Run by tools/approx/approx.
 #include <cstdio>
+#include <cstring>
 #include <exception>
 #include <iostream>
 #include <sstream>
@@ -23,18 +25,20 @@ std::string joined(const Range& range, Text text) {
   return made;
 }
 
-void print_line(const Library& library, const Declaration& d) {
+void print_line(const Library& library, const Declaration& d, bool list) {
   const std::string sizes = joined(d.sizes, [](size_t size) { return std::to_string(size); });
-  const std::string errors =
-      joined(d.claims, [&](const Claim& claim) { return error_text(library.worst_error(d, claim, d.values)); });
-  const std::string values = joined(d.values, [&](Stored s) { return d.type.text(s); });
+  std::string errors, values;
+  if (!list) {
+    errors = joined(d.claims, [&](const Claim& claim) { return error_text(library.worst_error(d, claim, d.values)); });
+    values = joined(d.values, [&](Stored s) { return d.type.text(s); });
+  }
   std::printf("%s\t%s\t%s\t%s\t%s\t%s\t%s\t%s\t%s\t%s\n", d.header.c_str(), d.name.c_str(), d.name_space.c_str(),
               d.type.name.c_str(), sizes.c_str(), d.outside ? "extern" : "inline", source_path(d).c_str(), d.fit.c_str(),
               errors.c_str(), values.c_str());
 }
 
-int run(const std::string& root, const std::string& strict) {
-  Library library(root, strict);
+// Values as the rules have them, in the order of the headers: later rules refer to earlier numbers.
+void fill_in(Library& library) {
   std::map<std::string, std::vector<std::string>> fitted;
   for (std::string line; std::getline(std::cin, line);) {
     std::istringstream words(line);
@@ -53,22 +57,28 @@ int run(const std::string& root, const std::string& strict) {
                                std::to_string(d.count()) + " values");
     }
   }
+}
+
+void run(const std::string& root, const std::string& strict, bool list) {
+  Library library(root, strict);
+  if (!list) fill_in(library);
   for (const Declaration& d : library.declarations()) {
-    if (d.ruled()) print_line(library, d);
+    if (d.ruled()) print_line(library, d, list);
   }
-  return 0;
 }
 
 }  // namespace
 }  // namespace orvik::approx
 
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::fprintf(stderr, "usage: approx_values ROOT STRICT < COEFFICIENTS\n");
+  const bool list = argc == 4 && std::strcmp(argv[3], "list") == 0;
+  if (argc != 3 && !list) {
+    std::fprintf(stderr, "usage: approx_values ROOT STRICT [list] < COEFFICIENTS\n");
     return 2;
   }
   try {
-    return orvik::approx::run(argv[1], argv[2]);
+    orvik::approx::run(argv[1], argv[2], list);
+    return 0;
   } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 1;

@@ -52,9 +52,7 @@ double wide_log(float x) {
   const double m = float_of<double>((u & 0x000FFFFFFFFFFFFF) + bits_of(2.0 / 3.0));
   const int rc = static_cast<int>(128.0 / m + 0.5);
   const double r = std::fma(rc / 128.0, m, -1.0);
-  double p = Base::wide[0];
-  for (int i = 1; i < 4; ++i) p = std::fma(p, r, Base::wide[i]);
-  return std::fma(r, p, std::fma(e, Base::of2, Base::table[rc - 96]));
+  return std::fma(r, horner(r, Base::wide), std::fma(e, Base::of2, Base::table[rc - 96]));
 }
 
 }  // namespace orvik::zym

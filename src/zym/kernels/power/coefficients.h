@@ -27,9 +27,7 @@ inline constexpr double kPowLog2DoubleLA[5] = {
 
 inline constexpr double kPowSecond64 = -0x1.71547652b82fep-1;      //: = -log2(exp(1)) / 2
 inline constexpr double kPowSecondTail64 = -0x1.777d0ffda0d24p-57;  //: = -log2(exp(1)) / 2 - kPowSecond64
-inline constexpr double kLog2EHead64 = 0x1.71547652b82fep0;      //: = log2(exp(1))
-inline constexpr double kLog2ERest64 = 0x1.777d0ffda0d24p-56;      //: = log2(exp(1)) - kLog2EHead64
-//: x * (kLog2EHead64 + kLog2ERest64 + x * (kPowSecond64 + kPowSecondTail64 + x * p(x))) = log2(1 + x)
+//: x * (kLog2E64 + kLog2ETail64 + x * (kPowSecond64 + kPowSecondTail64 + x * p(x))) = log2(1 + x)
 //:   on [-0.00136, 0.00136], relative error 2^-73.5
 //: fit power/coefficients.sollya
 inline constexpr double kPowLog2DoubleHA[5] = {
@@ -38,8 +36,12 @@ inline constexpr double kPowLog2DoubleHA[5] = {
 
 // --- powers of 2 of the lanes ---------------------------------------------------------------------------------------
 
+// Natural logarithms of 64 bits at lower accuracy.
+//: x + x^2 * p(x) = log(1 + x) on [-0.00136, 0.00136], relative error ?
+inline constexpr double kPowLnDouble[3] = {-0.2500003054940248, 0.33333333333308374, -0.49999999999988803};
+inline constexpr double kPowLn2 = 0;  //: = log(2)
+
 // e^t by steps of ln(2) / 2048.
-inline constexpr double kLn2 = 0x1.62e42fefa39efp-1;          //: = log(2)
 inline constexpr double k2048OverLn2 = 0x1.71547652b82fep11;  //: = 2048 / log(2)
 inline constexpr double kLn2Over2048 = 0x1.62e42fefa39efp-12;  //: = log(2) / 2048
 

@@ -103,10 +103,6 @@ V exp_rows(V t) {
   const V y = gather(kExp2Frac2048, indices(as_bits(sum) & I(int64_t{2047}))) * p;
   return as_float(as_bits(y) + (shift_left<41>(as_bits(sum)) & I(uint64_t{0xFFF0000000000000})));
 }
-template <Double V>
-V short_ln_polynomial(V r) {  // (ln(1 + r) - r) / r^2
-  return horner(r, V(kLnC4), V(kLnC3), V(kLnC2));
-}
 
 // 0.501 ulp: in 64 bits. What leaves the range of floats is held at its ends, and is special.
 template <Single V>
@@ -122,8 +118,8 @@ struct Pow<V, Level::HA> : PowSingle<V> {
     const I e = shift_right<23>(as_bits(x)) - (lower + I(127));
     const auto half = [](Index<W> k, Index<W> exponent, W wide_m, W wide_y) {
       const W r = fms(to_double(k), wide_m, W(1.0));
-      const W table = fma(to_double(exponent), W(kLn2), gather<512>(kLnHeads, indices(k)));
-      const W t = wide_y * (table + fma(r * r, short_ln_polynomial(r), r));
+      const W table = fma(to_double(exponent), W(kPowLn2), gather<512>(kLnHeads, indices(k)));
+      const W t = wide_y * (table + fma(r * r, horner(r, kPowLnDouble), r));
       return exp_rows(min(max(t, W(-87.3)), W(88.72)));
     };
     const V power = narrow(half(low_half(key), low_half(e), widen_low(m), widen_low(y)),
@@ -148,7 +144,7 @@ struct Pow<V, Level::EP> : PowDouble<V> {
     const KeyedDouble<V> k(x);
     const V e = k.centred_exponent();
     const V head = fma(e, V(kLn2Head64), gather<512>(kLnHeads, indices(k.key))) + k.r;
-    const V ln = head + fma(e, V(kLn2Tail64), k.r * k.r * short_ln_polynomial(k.r));
+    const V ln = head + fma(e, V(kLn2Tail64), k.r * k.r * horner(k.r, kPowLnDouble));
     const V t = y * ln;
     const Mask<V> beyond = magnitude(t) > V(708.0);
     return Masked{exp_rows(drop(beyond, t)), beyond};
@@ -200,8 +196,8 @@ struct Pow<V, Level::HA> : PowDouble<V> {
     using I = Integer<V>;
     const KeyedDouble<V> k(x);
     const auto row = gather<512>(kLog2Pairs, indices(k.key));
-    const V q = k.r * V(kLog2EHead64);
-    const V q_tail = fma(k.r, V(kLog2ERest64), fms(k.r, V(kLog2EHead64), q));
+    const V q = k.r * V(kLog2E64);
+    const V q_tail = fma(k.r, V(kLog2ETail64), fms(k.r, V(kLog2E64), q));
     const HeadTail<V> square = two_square(k.r);
     const V s = square.head * V(kPowSecond64);
     const V s_tail = fma(square.tail, V(kPowSecond64), fms(square.head, V(kPowSecond64), s));

@@ -35,6 +35,9 @@ int32_t hypot_element(E a, E b, E* r, Finite finite) {
 }
 
 // In range: the sum within [2^-100, 2^126).
+// sHypot LA: 1.1303 ulp at -0x1.5c0b06p+4, 0x1.70c27p+8
+// sHypot HA: 0.5004 ulp at 0x1.f3fffap+9, 0x1.01965ep+7
+// sHypot EP: 11.91 bits at -0x1.8d12aep+6, -0x1.8d4fbcp+9
 template <Single V, Level L>
 struct Hypot<V, L> {
   static constexpr Knobs knobs = {.vectors = 2};
@@ -60,6 +63,9 @@ struct Hypot<V, L> {
 };
 
 // In range: the sum within [2^-900, 2^1020).
+// dHypot LA: 1.3584 ulp at -0x1.76db432d5cffcp-26, 0x1.814730b941332p-4
+// dHypot HA: 0.7489 ulp at 0x0.dc8d6fa243972p-1022, -0x0.32030bf65ac7bp-1022
+// dHypot EP: 34.92 bits at 0x1.3403576291ebcp+8, 0x1.8b267b5484c08p+7
 template <Double V, Level L>
 struct Hypot<V, L> {
   static constexpr Knobs knobs = {.vectors = 2};

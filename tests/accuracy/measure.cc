@@ -30,12 +30,13 @@ class Exact {
     } else {
       reference_.unary(r_[0], x_, MPFR_RNDN);
     }
-    floor_ = reference_.floor == nullptr ? 0 : reference_.floor(row_.single(), p.arguments.data());
+    any_zero_sign_ = reference_.any_zero_sign && p.arguments[0] != 0;
+    floor_ = reference_.floor == nullptr ? 0 : reference_.floor(row_.single(), p.arguments.data(), p.order);
   }
 
   // Takes the error of `got` into `worst`.
   void judge(const Point& p, int result, double got, Metric metric, Worst& worst) {
-    const double e = error_of(got, r_[result], metric, format_of(row_), reference_.any_zero_sign, floor_);
+    const double e = error_of(got, r_[result], metric, format_of(row_), any_zero_sign_, floor_);
     if (e <= worst.error) return;
     worst.error = e;
     worst.result = result;
@@ -48,6 +49,7 @@ class Exact {
   const rows::Row& row_;
   const Reference& reference_;
   Real x_, y_, r_[2];
+  bool any_zero_sign_ = false;
   double floor_ = 0;
 };
 

@@ -46,7 +46,7 @@ int32_t power_element(const E* px, const E* py, E* r) {
       *r = sign * E(0);
       return 0;
     }
-    *r = sign / opaque(x * x);
+    *r = is_infinite(y) ? sign * infinity<E> : sign / opaque(x * x);
     return sizeof(E) == 4 ? zymErrorDomain : zymErrorOverflow;
   }
   if (x == -1 && kind != Parity::none) {

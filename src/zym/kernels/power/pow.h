@@ -83,7 +83,7 @@ struct Pow<V, Level::LA> : PowSingle<V> {
     // 1.5 * 2^20 and the exponent's bias: eighths in the low three bits, above them the exponent field. The rows take the
     // eighths off again.
     const V shifter = 1572991.0f;
-    const V sum = t + shifter;
+    const V sum = drop(beyond, t) + shifter;
     const V f = drop(beyond, (product - (sum - shifter)) + product_tail);
     const I row = look_up(octet_table<V>(kExp2OctetFields), as_bits(sum));
     const V power = as_float(row + shift_left<20>(as_bits(sum)));

@@ -20,7 +20,8 @@ Parity parity(E y) {
   return (m & unit) != 0 ? Parity::odd : Parity::even;
 }
 
-// A signalling NaN is quieted, every other value stays, a zero with its sign (a denormal that reads as zero becomes one).
+// A signalling NaN is quieted, every other value stays, a zero with its sign (a denormal that reads as zero becomes
+// one).
 template <class E>
 E quiet_nan(E x) {
   return x + (x == 0 ? x : opaque(E(-0.0)));

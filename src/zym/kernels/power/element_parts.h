@@ -1,4 +1,5 @@
-// |x|^y one element at a time: log2 of extra precision in three table steps, 2^t with one rounding down to the denormals.
+// |x|^y one element at a time: log2 of extra precision in three table steps, 2^t with one rounding down to the
+// denormals.
 #pragma once
 
 #include <cmath>

@@ -1,8 +1,8 @@
-// x^y = 2^(y log2 x) for positive normal x and y of ordinary size; all else, and results next to the ends of the format,
-// takes the element routine. That one alone tells Pow from Powr. Powx is Pow with one exponent for all.
+// x^y = 2^(y log2 x) for positive normal x and y of ordinary size; all else, and results next to the ends of the
+// format, takes the element routine. That one alone tells Pow from Powr. Powx is Pow with one exponent for all.
 //
-// The logarithms near 1 keep their relative precision, and have more of it than the format where the level needs that: an
-// error of log2(x) counts as many times as the result has exponents.
+// The logarithms near 1 keep their relative precision, and have more of it than the format where the level needs that:
+// an error of log2(x) counts as many times as the result has exponents.
 #pragma once
 
 #include "zym/kernels/explog/exp.h"
@@ -28,8 +28,9 @@ struct Powx : Pow<V, L> {};
 
 // --- 32 bits --------------------------------------------------------------------------------------------------------
 
-// Plain: x from 2^-126 to 2^125 (beyond, the estimate of the reciprocal may be 0), |y| from 2^-40 to 2^86 (no product over-
-// or underflows). Both ranges are of one length when the sign of y has left by a shift, so that one comparison serves.
+// Plain: x from 2^-126 to 2^125 (beyond, the estimate of the reciprocal may be 0), |y| from 2^-40 to 2^86 (no product
+// over- or underflows). Both ranges are of one length when the sign of y has left by a shift, so that one comparison
+// serves.
 template <Single V>
 struct PowSingle {
   static auto special(V x, V y) {
@@ -80,8 +81,8 @@ struct Pow<V, Level::LA> : PowSingle<V> {
     const V t = product + product_tail;
     const Mask<V> beyond = magnitude(t) > V(125.5f);
 
-    // 1.5 * 2^20 and the exponent's bias: eighths in the low three bits, above them the exponent field. The rows take the
-    // eighths off again.
+    // 1.5 * 2^20 and the exponent's bias: eighths in the low three bits, above them the exponent field. The rows take
+    // the eighths off again.
     const V shifter = 1572991.0f;
     const V sum = drop(beyond, t) + shifter;
     const V f = drop(beyond, (product - (sum - shifter)) + product_tail);
@@ -183,7 +184,8 @@ struct Pow<V, Level::LA> : PowDouble<V> {
     const V f = drop(t.beyond, (t.head - (sum - V(0x1.8p44))) + t.tail);
     const V power = gather(kExp2Frac256, indices(as_bits(sum) & I(int64_t{255})));
     const V result = fma(power, f * horner(f, kPowExp2DoubleLA), power);
-    return Masked{as_float(as_bits(result) + (shift_left<44>(as_bits(sum)) & I(uint64_t{0xFFF0000000000000}))), t.beyond};
+    return Masked{as_float(as_bits(result) + (shift_left<44>(as_bits(sum)) & I(uint64_t{0xFFF0000000000000}))),
+                  t.beyond};
   }
 };
 
@@ -211,7 +213,8 @@ struct Pow<V, Level::HA> : PowDouble<V> {
     const V f = drop(t.beyond, (t.head - (sum - V(0x1.8p45))) + t.tail);
     const auto power = gather(kExp2Pairs128, indices(as_bits(sum) & I(int64_t{127})));
     const V result = fma(power.first, fma(f, horner(f, kPowExp2DoubleHA), power.second), power.first);
-    return Masked{as_float(as_bits(result) + (shift_left<45>(as_bits(sum)) & I(uint64_t{0xFFF0000000000000}))), t.beyond};
+    return Masked{as_float(as_bits(result) + (shift_left<45>(as_bits(sum)) & I(uint64_t{0xFFF0000000000000}))),
+                  t.beyond};
   }
 };
 

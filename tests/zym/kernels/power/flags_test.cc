@@ -45,8 +45,8 @@ void expect_flags(const std::string& function, const PowerPairs<E>& pairs) {
       ASSERT_TRUE(call_row(row, level, false, c));
       const uint32_t raised = _mm_getcsr() & (kInvalid | kDivideByZero | kOverflow | kUnderflow);
       EXPECT_EQ(raised & ~allowed(pairs.x[i], pairs.y[i]), 0u)
-          << std::hexfloat << row_of<E>(function) << ' ' << kLevelNames[level] << '(' << pairs.x[i] << ", " << pairs.y[i]
-          << ") raises " << raised << ", result " << r[i % 8];
+          << std::hexfloat << row_of<E>(function) << ' ' << kLevelNames[level] << '(' << pairs.x[i] << ", "
+          << pairs.y[i] << ") raises " << raised << ", result " << r[i % 8];
     }
   }
   _mm_setcsr(0x1F80);
@@ -56,9 +56,32 @@ template <class E>
 PowerPairs<E> pairs_for_flags() {
   using L = std::numeric_limits<E>;
   PowerPairs<E> pairs;
-  std::vector<E> values = {0, 1, E(0.5), 2, 3, E(1.5), E(0.75), 1 + L::epsilon(), 1 - L::epsilon() / 2, L::max(), L::max() / 4, L::min(),
-                           L::min() / 2, L::denorm_min(), L::infinity(), L::quiet_NaN(), E(L::max_exponent), E(L::max_exponent - 1),
-                           E(-L::min_exponent), E(149), E(1074), E(1e-13), E(1e-30), E(1e30), std::sqrt(L::max()), std::sqrt(L::min())};
+  std::vector<E> values = {0,
+                           1,
+                           E(0.5),
+                           2,
+                           3,
+                           E(1.5),
+                           E(0.75),
+                           1 + L::epsilon(),
+                           1 - L::epsilon() / 2,
+                           L::max(),
+                           L::max() / 4,
+                           L::min(),
+                           L::min() / 2,
+                           L::denorm_min(),
+                           L::infinity(),
+                           L::quiet_NaN(),
+                           E(L::max_exponent),
+                           E(L::max_exponent - 1),
+                           E(-L::min_exponent),
+                           E(149),
+                           E(1074),
+                           E(1e-13),
+                           E(1e-30),
+                           E(1e30),
+                           std::sqrt(L::max()),
+                           std::sqrt(L::min())};
   if constexpr (sizeof(E) == 4) {
     values.push_back(std::bit_cast<float>(0x7F800001u));
   } else {
@@ -71,7 +94,8 @@ PowerPairs<E> pairs_for_flags() {
   std::mt19937_64 random(17);
   for (int i = 0; i < 5000; ++i) {
     if constexpr (sizeof(E) == 4) {
-      pairs.add(std::bit_cast<float>(static_cast<uint32_t>(random())), std::bit_cast<float>(static_cast<uint32_t>(random())));
+      pairs.add(std::bit_cast<float>(static_cast<uint32_t>(random())),
+                std::bit_cast<float>(static_cast<uint32_t>(random())));
     } else {
       pairs.add(std::bit_cast<double>(random()), std::bit_cast<double>(random()));
     }

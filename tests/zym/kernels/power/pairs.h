@@ -42,7 +42,8 @@ class ExactPower {
 
   template <class E>
   E rounded() const {
-    return sizeof(E) == 4 ? static_cast<E>(mpfr_get_flt(value_, MPFR_RNDN)) : static_cast<E>(mpfr_get_d(value_, MPFR_RNDN));
+    return sizeof(E) == 4 ? static_cast<E>(mpfr_get_flt(value_, MPFR_RNDN))
+                          : static_cast<E>(mpfr_get_d(value_, MPFR_RNDN));
   }
   template <class E>
   bool overflows() const {

@@ -29,9 +29,9 @@ void expect_bound(const std::string& what, const PowerPairs<E>& pairs) {
   }
   for (int level = 0; level < 3; ++level) {
     const size_t i = at[level];
-    EXPECT_LE(worst[level], 1) << std::hexfloat << what << ' ' << row_of<E>("Pow") << ' ' << kLevelNames[level] << '(' << pairs.x[i]
-                               << ", " << pairs.y[i] << ") is " << results[level][i] << ", " << std::defaultfloat
-                               << worst[level] << " of the bound";
+    EXPECT_LE(worst[level], 1) << std::hexfloat << what << ' ' << row_of<E>("Pow") << ' ' << kLevelNames[level] << '('
+                               << pairs.x[i] << ", " << pairs.y[i] << ") is " << results[level][i] << ", "
+                               << std::defaultfloat << worst[level] << " of the bound";
   }
 }
 
@@ -50,7 +50,8 @@ TYPED_TEST(PowerRange, SingleStepsAcrossTheBoundsOfTheExponent) {
   const double log2_e = 1.4426950408889634;
   std::vector<double> bounds = {L::max_exponent, L::min_exponent - 1, L::min_exponent - 12, L::min_exponent - L::digits,
                                 L::min_exponent - L::digits - 1};
-  for (const double b : sizeof(E) == 4 ? std::vector<double>{125.5, 87.300788879 * log2_e, 87.3 * log2_e, 87.29 * log2_e, 88.714 * log2_e}
+  for (const double b : sizeof(E) == 4 ? std::vector<double>{125.5, 87.300788879 * log2_e, 87.3 * log2_e,
+                                                             87.29 * log2_e, 88.714 * log2_e}
                                        : std::vector<double>{1021.5, 708 * log2_e}) {
     bounds.push_back(b), bounds.push_back(-b);
   }
@@ -102,8 +103,8 @@ TYPED_TEST(PowerRange, SingleStepsAcrossTheBoundsOfTheArguments) {
   expect_bound("bound of an argument", real);
 }
 
-// Where a logarithm cancels, where the key of a table changes, where the rest of the argument is largest; results of all
-// sizes, mostly large ones, since they multiply the logarithm's error.
+// Where a logarithm cancels, where the key of a table changes, where the rest of the argument is largest; results of
+// all sizes, mostly large ones, since they multiply the logarithm's error.
 TYPED_TEST(PowerRange, HardPairs) {
   using E = TypeParam;
   using L = std::numeric_limits<E>;
@@ -114,13 +115,24 @@ TYPED_TEST(PowerRange, HardPairs) {
     double x;
     const auto shift = -static_cast<int>(random() % L::digits);
     switch (i % 6) {
-      case 0: x = std::exp2((L::max_exponent - 1) * unit(random)); break;
-      case 1: x = 1 + std::ldexp(unit(random), shift); break;
-      case 2: x = 1 + unit(random) / 8; break;
-      case 3: x = std::ldexp(1 + unit(random) / 512, static_cast<int>(random() % 64) - 32); break;
+      case 0:
+        x = std::exp2((L::max_exponent - 1) * unit(random));
+        break;
+      case 1:
+        x = 1 + std::ldexp(unit(random), shift);
+        break;
+      case 2:
+        x = 1 + unit(random) / 8;
+        break;
+      case 3:
+        x = std::ldexp(1 + unit(random) / 512, static_cast<int>(random() % 64) - 32);
+        break;
       // Reciprocals half way between those of the grids.
-      case 4: x = 1 / (static_cast<double>(random() % 8 + 8) / 16 + 1.0 / 32 + std::ldexp(unit(random), shift - 6)); break;
-      default: x = 1024 / (static_cast<double>(random() % 513 + 512) + 0.5 + std::ldexp(unit(random), shift - 4));
+      case 4:
+        x = 1 / (static_cast<double>(random() % 8 + 8) / 16 + 1.0 / 32 + std::ldexp(unit(random), shift - 6));
+        break;
+      default:
+        x = 1024 / (static_cast<double>(random() % 513 + 512) + 0.5 + std::ldexp(unit(random), shift - 4));
     }
     const E base = static_cast<E>(x);
     if (base == 1 || !std::isnormal(base)) continue;
@@ -138,7 +150,8 @@ TYPED_TEST(PowerRange, NegativeBasesAndDenormalResults) {
   std::uniform_real_distribution<double> unit(-1, 1);
   PowerPairs<E> pairs;
   for (int i = 0; i < 60000; ++i) {
-    const double t = i % 4 == 0 ? L::min_exponent - 1 - (L::digits + 2) * std::fabs(unit(random)) : L::max_exponent * unit(random);
+    const double t =
+        i % 4 == 0 ? L::min_exponent - 1 - (L::digits + 2) * std::fabs(unit(random)) : L::max_exponent * unit(random);
     const double n = std::trunc(std::exp2(static_cast<double>(L::digits - 4) * std::fabs(unit(random))));
     const E x = static_cast<E>(-std::exp2(t / n));
     pairs.add(x, static_cast<E>(n));

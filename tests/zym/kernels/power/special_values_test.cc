@@ -46,7 +46,9 @@ std::vector<Rule<E>> rules(bool integers) {
       {"0^y, y > 0", [](E x, E y) { return x == 0 && y > 0; },
        [=](E x, E y) { return Want<E>{signed_like(x, y, E(0))}; }},
       {"0^y, y < 0", [](E x, E) { return x == 0; },
-       [=](E x, E y) { return Want<E>{signed_like(x, y, inf), zero_base_code}; }},
+       [=](E x, E y) {
+         return Want<E>{signed_like(x, y, inf), zero_base_code};
+       }},
       {"(-1)^n", [=](E x, E y) { return x == -1 && is_integer(y); },
        [=](E x, E y) { return Want<E>{signed_like(x, y, E(1))}; }},
       {"inf^y, y > 0", [](E x, E y) { return std::isinf(x) && y > 0; },
@@ -56,7 +58,9 @@ std::vector<Rule<E>> rules(bool integers) {
       {"x^inf", [](E, E y) { return std::isinf(y); },
        [=](E x, E y) { return Want<E>{(std::fabs(x) > 1) == (y > 0) ? inf : E(0)}; }},
       {"(x < 0)^y, y no integer", [=](E x, E y) { return x < 0 && !is_integer(y); },
-       [=](E, E) { return Want<E>{nan, kDomain}; }},
+       [=](E, E) {
+         return Want<E>{nan, kDomain};
+       }},
       {"all else is the power", [](E, E) { return true; },
        [](E x, E y) {
          const ExactPower exact(static_cast<double>(x), static_cast<double>(y));
@@ -75,12 +79,53 @@ template <class E>
 std::vector<E> special_values() {
   using L = std::numeric_limits<E>;
   const E digits = std::ldexp(E(1), L::digits);  // from here on all are even
-  std::vector<E> v = {0, 1, E(0.5), 2, 3, 4, 5, E(1.5), E(2.5), E(0.75), E(1e-3), 10, 11,
-                      1 + L::epsilon(), 1 - L::epsilon() / 2, 2 - L::epsilon(), 3 - 2 * L::epsilon(),
-                      digits - 1, digits - 2, digits, digits + 2, digits / 2 + 1, digits / 2 - E(0.5), digits / 2,
-                      digits / 4 + E(0.5), E(127.5), E(-L::min_exponent), E(L::max_exponent), E(L::max_exponent - 1), E(151), E(149), E(1074), E(1076),
-                      L::max(), std::nextafter(L::max(), E(0)), L::max() / 2, L::min(), L::min() / 2, L::denorm_min(),
-                      3 * L::denorm_min(), L::infinity(), L::quiet_NaN(), signalling<E>(), E(1e-20), E(1e20), std::sqrt(L::max()), std::cbrt(L::min())};
+  std::vector<E> v = {0,
+                      1,
+                      E(0.5),
+                      2,
+                      3,
+                      4,
+                      5,
+                      E(1.5),
+                      E(2.5),
+                      E(0.75),
+                      E(1e-3),
+                      10,
+                      11,
+                      1 + L::epsilon(),
+                      1 - L::epsilon() / 2,
+                      2 - L::epsilon(),
+                      3 - 2 * L::epsilon(),
+                      digits - 1,
+                      digits - 2,
+                      digits,
+                      digits + 2,
+                      digits / 2 + 1,
+                      digits / 2 - E(0.5),
+                      digits / 2,
+                      digits / 4 + E(0.5),
+                      E(127.5),
+                      E(-L::min_exponent),
+                      E(L::max_exponent),
+                      E(L::max_exponent - 1),
+                      E(151),
+                      E(149),
+                      E(1074),
+                      E(1076),
+                      L::max(),
+                      std::nextafter(L::max(), E(0)),
+                      L::max() / 2,
+                      L::min(),
+                      L::min() / 2,
+                      L::denorm_min(),
+                      3 * L::denorm_min(),
+                      L::infinity(),
+                      L::quiet_NaN(),
+                      signalling<E>(),
+                      E(1e-20),
+                      E(1e20),
+                      std::sqrt(L::max()),
+                      std::cbrt(L::min())};
   for (size_t i = 0, n = v.size(); i < n; ++i) v.push_back(-v[i]);
   return v;
 }
@@ -145,8 +190,8 @@ void expect_rules(const std::string& function, bool integers) {
           const Want<E> want = rule.want(x, y);
           const auto where = [&] {
             std::ostringstream s;
-            s << std::hexfloat << row_of<E>(function) << ' ' << kLevelNames[level] << '(' << x << ", " << y << ") is " << got[i]
-              << ", not " << want.value << ": " << rule.name;
+            s << std::hexfloat << row_of<E>(function) << ' ' << kLevelNames[level] << '(' << x << ", " << y << ") is "
+              << got[i] << ", not " << want.value << ": " << rule.name;
             return s.str();
           };
           if (want.rounded && want.code == 0) {

@@ -49,8 +49,8 @@ float single_ep(float x, float y) {
   const uint32_t u = bits(x) - 0x3F2AAAAB;
   const float e = static_cast<float>(static_cast<int32_t>(u) >> 23);
   const float f = f32((u & 0x007FFFFF) + 0x3F2AAAAB) - 1.0f;
-  const float p = polynomial(f, {-0.15177205204963684f, 0.16964881122112274f, -0.16462457180023193f, 0.19822503626346588f,
-                                 -0.25004664063453674f, 0.33336564898490906f, -0.5f});
+  const float p = polynomial(f, {-0.15177205204963684f, 0.16964881122112274f, -0.16462457180023193f,
+                                 0.19822503626346588f, -0.25004664063453674f, 0.33336564898490906f, -0.5f});
   const float ln = std::fma(e, 0.6931457519f, std::fma(e, 1.4286067653e-06f, std::fma(f * p, f, f)));
   return exp_ep(y * ln);
 }
@@ -68,8 +68,8 @@ float single_la(float x, float y) {
   const float square = r * r;
   const float two = std::fma(square, c2, q), two_low = std::fma(square, c2, q - two);
   const float constants = std::fma(r, std::fma(r, -1.0812603257193132e-08f, 1.925904236088627e-08f), q_low);
-  const float p = polynomial(r, {0.20751520991325378f, -0.24168692529201508f, 0.2885349988937378f, -0.36067134141921997f,
-                                 0.48089835047721863f});
+  const float p = polynomial(r, {0.20751520991325378f, -0.24168692529201508f, 0.2885349988937378f,
+                                 -0.36067134141921997f, 0.48089835047721863f});
   const float log = table + two, lost = two - (log - table);
   const float log_low = (lost + low) + std::fma(square * r, p, constants + two_low);
 
@@ -105,11 +105,14 @@ double exp_2048(double t) {
   const auto n = static_cast<int64_t>(bits(sum) - bits(s));
   return std::ldexp(rest(mpfr_exp2, static_cast<double>(n & 2047) / 2048, 0) * p, static_cast<int>(n >> 11));
 }
-double ln_polynomial(double r) { return polynomial(r, {-0.2500003054940248, 0.33333333333308374, -0.49999999999988803}); }
+double ln_polynomial(double r) {
+  return polynomial(r, {-0.2500003054940248, 0.33333333333308374, -0.49999999999988803});
+}
 
 float single_ha(float x, float y) {
   const Keyed k(x);
-  const double ln = std::fma(k.centred(), 0x1.62e42fefa39efp-1, k.minus_ln()) + std::fma(k.r * k.r, ln_polynomial(k.r), k.r);
+  const double ln =
+      std::fma(k.centred(), 0x1.62e42fefa39efp-1, k.minus_ln()) + std::fma(k.r * k.r, ln_polynomial(k.r), k.r);
   return static_cast<float>(exp_2048(y * ln));
 }
 
@@ -155,7 +158,8 @@ double double_la(double x, double y) {
   const Split t(y, log.head, std::fma(k.r * k.r, p, (log.tail + row.tail) + q_low), 0x1.8p44);
   // Fitted; to ten digits 0.0096181301, 0.0555041150, 0.2402265069, 0.6931471805.
   const double power = rest(mpfr_exp2, static_cast<double>(t.n & 255) / 256, 0);
-  const double s = t.f * polynomial(t.f, {0x1.3b2ab6faffca4p-7, 0x1.c6b09030914bep-5, 0x1.ebfbdff82c5c2p-3, 0x1.62e42fefa39d9p-1});
+  const double s =
+      t.f * polynomial(t.f, {0x1.3b2ab6faffca4p-7, 0x1.c6b09030914bep-5, 0x1.ebfbdff82c5c2p-3, 0x1.62e42fefa39d9p-1});
   return std::ldexp(std::fma(power, s, power), static_cast<int>(t.n >> 8));
 }
 
@@ -168,14 +172,16 @@ double double_ha(double x, double y) {
   const double s = square * c2, s_low = std::fma(square_low, c2, std::fma(square, c2, -s));
   const Parts first = sum_of(k.e + row.head, q);
   const Parts both = sum_of(first.head, s);
-  const double p = polynomial(k.r, {0x1.a60b396adc872p-3, -0x1.ec70d5b99c9eap-3, 0x1.2776c50fe8ec7p-2, -0x1.71547652b756dp-2,
-                                    0x1.ec709dc3a03fdp-2});
+  const double p = polynomial(k.r, {0x1.a60b396adc872p-3, -0x1.ec70d5b99c9eap-3, 0x1.2776c50fe8ec7p-2,
+                                    -0x1.71547652b756dp-2, 0x1.ec709dc3a03fdp-2});
   const double low = std::fma(square * k.r, p, ((first.tail + both.tail) + row.tail) + (q_low + s_low));
   const Split t(y, both.head, low, 0x1.8p45);
   const double i = static_cast<double>(t.n & 127) / 128;
   const double power = rest(mpfr_exp2, i, 0), power_low = rest(mpfr_exp2, i, power) / power;
-  const double g = std::fma(t.f, polynomial(t.f, {0x1.5d7dccaf127cep-10, 0x1.3b2ac01e3cf81p-7, 0x1.c6b08d70dde08p-5,
-                                                  0x1.ebfbdff82c24p-3, 0x1.62e42fefa39efp-1}), power_low);
+  const double g = std::fma(t.f,
+                            polynomial(t.f, {0x1.5d7dccaf127cep-10, 0x1.3b2ac01e3cf81p-7, 0x1.c6b08d70dde08p-5,
+                                             0x1.ebfbdff82c24p-3, 0x1.62e42fefa39efp-1}),
+                            power_low);
   return std::ldexp(std::fma(power, g, power), static_cast<int>(t.n >> 7));
 }
 
@@ -189,10 +195,17 @@ void expect_steps(int level, E (*model)(E, E), double exponents) {
     const double log = exponents * unit(random);
     double x;
     switch (i % 4) {
-      case 0: x = std::exp2(exponents * 0.97 * unit(random)); break;
-      case 1: x = std::exp2(unit(random)); break;
-      case 2: x = 1 + unit(random) / 16; break;
-      default: x = 1 + std::ldexp(unit(random), -static_cast<int>(random() % 20));
+      case 0:
+        x = std::exp2(exponents * 0.97 * unit(random));
+        break;
+      case 1:
+        x = std::exp2(unit(random));
+        break;
+      case 2:
+        x = 1 + unit(random) / 16;
+        break;
+      default:
+        x = 1 + std::ldexp(unit(random), -static_cast<int>(random() % 20));
     }
     const E base = static_cast<E>(x);
     const E y = static_cast<E>(log / std::log2(static_cast<double>(base)));

@@ -124,7 +124,7 @@ void scan(const float* got, const double* exact, const Rules& rules, uint32_t fi
 struct Shared {
   std::atomic<uint32_t> next{0};
   std::mutex mutex;
-  std::array<Worst, rows::kLevels> worst;
+  std::array<Worst, rows::kLevels> worst;  // rows of one float have no other measure than their components
   Heap heaps[rows::kLevels][2];
 };
 
@@ -206,8 +206,7 @@ void work(const rows::Row& row, const Reference& reference, Shared& shared, cons
 
 }  // namespace
 
-std::array<Worst, rows::kLevels> measure_exhaustive(const rows::Row& row, int threads,
-                                                    const std::function<void(double)>& progress) {
+Worsts measure_exhaustive(const rows::Row& row, int threads, const std::function<void(double)>& progress) {
   const Reference& reference = *find_reference(row.function);
   Shared shared;
   std::vector<std::thread> pool;
@@ -228,7 +227,9 @@ std::array<Worst, rows::kLevels> measure_exhaustive(const rows::Row& row, int th
     }
     shared.worst[k].inputs = uint64_t{1} << 32;
   }
-  return shared.worst;
+  Worsts worsts;
+  for (size_t k = 0; k < shared.worst.size(); ++k) worsts[k][0] = shared.worst[k];
+  return worsts;
 }
 
 }  // namespace orvik::accuracy

@@ -10,6 +10,7 @@
 namespace orvik::zym {
 
 constexpr float f32(uint32_t bits) { return std::bit_cast<float>(bits); }
+constexpr uint32_t high_word(double x) { return static_cast<uint32_t>(std::bit_cast<uint64_t>(x) >> 32); }
 
 // e^x: above the first the result rounds to infinity, below the second to zero, below the third it is denormal.
 inline constexpr float kExpOverflow32 = 0x1.62e42ep6f;  //: = float_down(log(2^128 - 2^103))
@@ -18,6 +19,9 @@ inline constexpr float kExpNormal32 = -0x1.5d589ep6f;  //: = float_up(log(2^-126
 inline constexpr double kExpOverflow64 = 0x1.62e42fefa39efp9;  //: = double_down(log(2^1024 - 2^970))
 inline constexpr double kExpUnderflow64 = -0x1.74910d52d3051p9;  //: = double_up(log(2^-1075))
 inline constexpr double kExpNormal64 = -0x1.6232bdd7abcd2p9;  //: = double_up(log(2^-1022))
+// 10^x: from here on results may leave the normal numbers.
+inline constexpr float kExp10Bound32 = 0x1.2f7032p5f;  //: = float_up(log10(2^126))
+inline constexpr double kExp10Bound64 = 0x1.33a7146f72a42p8;  //: = log10(2^1022)
 
 // Reduction by parts of ln 2: a head whose multiples by a quotient are exact, tail.
 inline constexpr float kLog2E32 = 0x1.715476p0f;  //: = 1/log(2)

@@ -27,7 +27,7 @@ Mask<V> repair_exp(V x, V& r, Mask<V> mask, V overflow, V underflow) {
 
 template <Single V>
 struct ExpSingle {
-  static auto special(V x) { return magnitude_above<0x42AEAC4F>(x); }  // |x| from 87.33655
+  static auto special(V x) { return magnitude_above<std::bit_cast<uint32_t>(-kExpNormal32)>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) {
     return repair_exp(x, r, mask, V(kExpOverflow32), V(kExpUnderflow32));
   }
@@ -93,7 +93,7 @@ V scale_by_row(V y, V t) {
 
 template <Double V>
 struct ExpDouble {
-  static auto special(V x) { return magnitude_above<0x4086232A>(x); }  // |x| from about 708.39
+  static auto special(V x) { return magnitude_above<high_word(-kExpNormal64) - 1>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) {
     return repair_exp(x, r, mask, V(kExpOverflow64), V(kExpUnderflow64));
   }

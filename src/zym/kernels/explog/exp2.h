@@ -50,7 +50,7 @@ struct Exp2;
 // sExp2 HA: 0.6221 ulp at -0x1.002ef4p-7
 template <Single V, Level L>
 struct Exp2<V, L> {
-  static auto special(V x) { return magnitude_above<0x42FC0000>(x); }  // 126
+  static auto special(V x) { return magnitude_above<std::bit_cast<uint32_t>(126.0f)>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) {
     return repair_exp<V>(x, r, mask, std::nextafter(128.0f, 0.0f), std::nextafter(-150.0f, 0.0f));
   }
@@ -70,7 +70,7 @@ struct Exp2<V, L> {
 // dExp2 HA: 0.5212 ulp at -0x1.50ed51d00f2d7p+5
 template <Double V, Level L>
 struct Exp2<V, L> {
-  static auto special(V x) { return magnitude_above<0x408FEFFF>(x); }  // from 1022
+  static auto special(V x) { return magnitude_above<high_word(1022.0) - 1>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) {
     return repair_exp<V>(x, r, mask, std::nextafter(1024.0, 0.0), std::nextafter(-1075.0, 0.0));
   }
@@ -92,7 +92,7 @@ struct Exp10;
 // sExp10 HA: 0.5255 ulp at 0x1.1746ap+5
 template <Single V, Level L>
 struct Exp10<V, L> {
-  static auto special(V x) { return magnitude_above<std::bit_cast<uint32_t>(37.92978286743164f) - 1>(x); }
+  static auto special(V x) { return magnitude_above<std::bit_cast<uint32_t>(kExp10Bound32) - 1>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) { return repair_exp<V>(x, r, mask, 39.0f, -46.0f); }
   static int32_t element(const float* x, float* r) { return power_element(*x, r, 39.0f, -46.0f, exp10_parts); }
 
@@ -109,7 +109,7 @@ struct Exp10<V, L> {
 // dExp10 HA: 0.5233 ulp at 0x1.50f8cec5c0357p+4
 template <Double V, Level L>
 struct Exp10<V, L> {
-  static auto special(V x) { return magnitude_above<0x40733A70>(x); }  // from 307.652
+  static auto special(V x) { return magnitude_above<high_word(kExp10Bound64) - 1>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) { return repair_exp<V>(x, r, mask, 308.3, -324.0); }
   static int32_t element(const double* x, double* r) { return power_element(*x, r, 308.3, -324.0, exp10_parts); }
 

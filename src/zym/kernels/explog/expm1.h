@@ -55,6 +55,7 @@ struct Expm1;
 // sExpm1 EP: 15.33 bits at 0x1.62e4d8p-7
 template <Single V, Level L>
 struct Expm1<V, L> {
+  // A little below 125 ln 2, and 1021 ln 2 in 64 bits: no product with s leaves the finite numbers.
   static auto special(V x) { return magnitude_above<std::bit_cast<uint32_t>(86.64f) - 1>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) { return repair_expm1(x, r, mask, V(kExpOverflow32)); }
   static int32_t element(const float* x, float* r) { return expm1_element(*x, r, kExpOverflow32); }
@@ -92,7 +93,7 @@ struct Expm1<V, L> {
 // dExpm1 EP: 31.17 bits at 0x1.62f72fc2e1666p-9
 template <Double V, Level L>
 struct Expm1<V, L> {
-  static auto special(V x) { return magnitude_above<0x40861D99>(x); }  // from about 707.7
+  static auto special(V x) { return magnitude_above<high_word(707.7)>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) { return repair_expm1(x, r, mask, V(kExpOverflow64)); }
   static int32_t element(const double* x, double* r) { return expm1_element(*x, r, kExpOverflow64); }
 

@@ -94,7 +94,7 @@ V ln_polynomial(V r) {
   return fma(fma(V(c[0]), r, V(c[1])), r * r, fma(V(c[2]), r, V(c[3])));
 }
 
-// Below 0.75 ulp for any finite positive x, whose exponent is `added` less.
+// For any finite positive x, whose exponent is `added` less.
 template <Double V>
 V ln_pairs(V x, double added) {
   const KeyedDouble<V> k(x);

@@ -73,7 +73,7 @@ struct Log1p<V, L> {
       if constexpr (L == Level::EP) {
         p = horner(f, kLnSingleEP);
       } else {
-        p = horner(f, kLnSingleHA);  // that of ln at this level comes to 4.09 ulp with the rounding of f
+        p = horner(f, kLnSingleHA);  // that of ln at this level leaves the bound of 4 ulp with the rounding of f
       }
       const V y = fma(f * p, f, f);
       return join_sign(fma(e, V(kLn2Whole32), y), x);

@@ -1,5 +1,5 @@
 // Logarithms of 32-bit numbers in 64-bit arithmetic: a table of -log(rc/128), rc the estimate of 1/m as an integer, and
-// a short polynomial in r = rc m - 1. Correct to 0.501 ulp.
+// a short polynomial in r = rc m - 1.
 #pragma once
 
 #include <cmath>

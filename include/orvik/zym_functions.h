@@ -894,7 +894,7 @@ void _zymsMinMagI_11(int32_t n, const float* a, int32_t incA, const float* b, in
 ORVIK_TABLE void* orvik_zym_kernel_sMinMagI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sMinMagI_ctab[];
 
-/* sPowr: a^b of a >= 0; elements can be reported. */
+/* sPowr: a^b for a not below 0; elements can be reported. */
 void _zymsPowr_21(int32_t n, const float* a, const float* b, float* r);
 void _zymsPowr(int32_t n, const float* a, const float* b, float* r);
 void _zymsPowr_HA(int32_t n, const float* a, const float* b, float* r);
@@ -1118,7 +1118,7 @@ void _zymdMinMagI_26(int32_t n, const double* a, int32_t incA, const double* b, 
 ORVIK_TABLE void* orvik_zym_kernel_dMinMagI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dMinMagI_ctab[];
 
-/* dPowr: a^b of a >= 0; elements can be reported. */
+/* dPowr: a^b for a not below 0; elements can be reported. */
 void _zymdPowr_50(int32_t n, const double* a, const double* b, double* r);
 void _zymdPowr(int32_t n, const double* a, const double* b, double* r);
 void _zymdPowr_HA(int32_t n, const double* a, const double* b, double* r);
@@ -1160,7 +1160,7 @@ void _zymdFmodI_26(int32_t n, const double* a, int32_t incA, const double* b, in
 ORVIK_TABLE void* orvik_zym_kernel_dFmodI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dFmodI_ctab[];
 
-/* sPowx: a^b, one b for all; elements can be reported. */
+/* sPowx: a^b, b one number for all a; elements can be reported. */
 void _zymsPowx_21(int32_t n, const float* a, float b, float* r);
 void _zymsPowx(int32_t n, const float* a, float b, float* r);
 void _zymsPowx_HA(int32_t n, const float* a, float b, float* r);
@@ -1174,7 +1174,7 @@ void _zymsPowxI_11(int32_t n, const float* a, int32_t incA, float b, float* r, i
 ORVIK_TABLE void* orvik_zym_kernel_sPowxI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sPowxI_ctab[];
 
-/* dPowx: a^b, one b for all; elements can be reported. */
+/* dPowx: a^b, b one number for all a; elements can be reported. */
 void _zymdPowx_50(int32_t n, const double* a, double b, double* r);
 void _zymdPowx(int32_t n, const double* a, double b, double* r);
 void _zymdPowx_HA(int32_t n, const double* a, double b, double* r);

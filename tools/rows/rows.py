@@ -71,7 +71,7 @@ TEXT = {
     "Logb": "exponent of a: floor(log2 |a|)", "Remainder": "IEEE remainder: a - b n, n the integer nearest to a / b",
     "Fmod": "a - b trunc(a / b)", "Inv": "r = 1 / a", "Div": "r = a / b", "Sqrt": "square root", "InvSqrt": "1 / sqrt(a)",
     "Cbrt": "cube root", "InvCbrt": "1 / cbrt(a)", "Hypot": "sqrt(a^2 + b^2)", "Pow3o2": "a^(3/2)",
-    "Pow2o3": "cbrt(a)^2", "Pow": "a^b", "Powr": "a^b of a >= 0", "Powx": "a^b, one b for all", "Exp": "e^a", "Ln": "natural logarithm", "Log10": "logarithm to base 10",
+    "Pow2o3": "cbrt(a)^2", "Exp": "e^a", "Ln": "natural logarithm", "Log10": "logarithm to base 10",
     "Log2": "logarithm to base 2", "Exp2": "2^a", "Exp10": "10^a", "Expm1": "e^a - 1", "Log1p": "ln(1 + a)",
     "PackI": "y[i] = a[i inc]", "PackV": "y[i] = a[index[i]]", "PackM": "the elements of a where mask is not zero",
     "Conj": "conjugate: (re, -im)", "MulByConj": "r = a conj(b)", "CIS": "cos a + i sin a of a real array",

@@ -17,12 +17,24 @@ namespace orvik::zym {
 
 template <class V, Level L>
 struct Pow;
+// sPowr LA: 2.8819 ulp at 0x1.e93fe4p-1, -0x1.d4a0c4p+10
+// sPowr HA: 0.5006 ulp at 0x1.fff478p-1, 0x1.ea4758p+19
+// sPowr EP: 12.54 bits at 0x1.c6b36cp-1, 0x1.68a284p+9
+// dPowr LA: 1.2926 ulp at 0x1.ff9638d28a12cp-1, 0x1.a052e7086d03ep+19
+// dPowr HA: 0.5333 ulp at 0x1.ff8f0ab21a07cp-1, 0x1.89cece4280f78p+19
+// dPowr EP: 32.89 bits at 0x1.ff7fa491cd8f8p-1, -0x1.5ddce2e5f84a7p+19
 template <class V, Level L>
 struct Powr : Pow<V, L> {
   static int32_t element(const Element<V>* x, const Element<V>* y, Element<V>* r) {
     return power_element<false>(x, y, r);
   }
 };
+// sPowx LA: 1.2872 ulp at 0x1.26c788p+6, -0x1p+0
+// sPowx HA: 0.5026 ulp at -0x1.cf1e7ap-40, 0x1.8p+1
+// sPowx EP: 12.63 bits at 0x1.b6128p+5, 0x1.4p+4
+// dPowx LA: 1.0225 ulp at 0x1.fbf17c1a6d0b2p+3, 0x1.4p+1
+// dPowx HA: 0.5041 ulp at 0x1.0f1636c5eac3p+5, 0x1.4p+1
+// dPowx EP: 37.38 bits at 0x1.002p+0, -0x1.e848p+19
 template <class V, Level L>
 struct Powx : Pow<V, L> {};
 
@@ -39,7 +51,8 @@ struct PowSingle {
   static int32_t element(const float* x, const float* y, float* r) { return power_element<true>(x, y, r); }
 };
 
-// 13.0 bits. The steps of Ln at LA and of Exp at EP.
+// The steps of Ln at LA and of Exp at EP.
+// sPow EP: 12.54 bits at 0x1.c6b36cp-1, 0x1.68a284p+9
 template <Single V>
 struct Pow<V, Level::EP> : PowSingle<V> {
   static auto lanes(V x, V y) {
@@ -52,8 +65,9 @@ struct Pow<V, Level::EP> : PowSingle<V> {
   }
 };
 
-// 2.76 ulp. The reciprocal in three bits after the point, its logarithm from two registers; the first two terms of
+// The reciprocal in three bits after the point, its logarithm from two registers; the first two terms of
 // the rest as head and tail.
+// sPow LA: 2.8819 ulp at 0x1.e93fe4p-1, -0x1.d4a0c4p+10
 template <Single V>
 struct Pow<V, Level::LA> : PowSingle<V> {
   static constexpr Knobs knobs = {.vectors = 2};
@@ -94,7 +108,7 @@ struct Pow<V, Level::LA> : PowSingle<V> {
 
 // --- 64 bits --------------------------------------------------------------------------------------------------------
 
-// e^t, |t| below 709: 2048 rows. 2^-41.
+// e^t, |t| below 709, within 2^-40: 2048 rows.
 template <Double V>
 V exp_rows(V t) {
   using I = Integer<V>;
@@ -105,7 +119,8 @@ V exp_rows(V t) {
   return as_float(as_bits(y) + (shift_left<41>(as_bits(sum)) & I(uint64_t{0xFFF0000000000000})));
 }
 
-// 0.501 ulp: in 64 bits. What leaves the range of floats is held at its ends, and is special.
+// In 64 bits. What leaves the range of floats is held at its ends, and is special.
+// sPow HA: 0.5090 ulp at 0x1.ffa996p-1, 0x1.02c482p+17
 template <Single V>
 struct Pow<V, Level::HA> : PowSingle<V> {
   static constexpr Knobs knobs = {.vectors = 2};
@@ -138,7 +153,7 @@ struct PowDouble {
   static int32_t element(const double* x, const double* y, double* r) { return power_element<true>(x, y, r); }
 };
 
-// 32.9 bits.
+// dPow EP: 32.84 bits at 0x1.fe9fa7b0e7141p-1, 0x1.ef02dcaa8bc8dp+17
 template <Double V>
 struct Pow<V, Level::EP> : PowDouble<V> {
   static auto lanes(V x, V y) {
@@ -165,7 +180,7 @@ struct Exponent2 {
   }
 };
 
-// 1.4 ulp.
+// dPow LA: 1.3773 ulp at 0x1.ff9427ffdefddp-1, 0x1.916e2e9dd4982p+19
 template <Double V>
 struct Pow<V, Level::LA> : PowDouble<V> {
   static constexpr Knobs knobs = {.vectors = 2};
@@ -189,7 +204,8 @@ struct Pow<V, Level::LA> : PowDouble<V> {
   }
 };
 
-// 0.54 ulp. The square's term too as head and tail.
+// The square's term too as head and tail.
+// dPow HA: 0.5333 ulp at 0x1.ff8f0ab21a07cp-1, 0x1.89cece4280f78p+19
 template <Double V>
 struct Pow<V, Level::HA> : PowDouble<V> {
   static constexpr Knobs knobs = {.vectors = 2};

@@ -55,8 +55,9 @@ TEST_P(Built, follows_its_rule) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(all, Built, testing::Range(size_t{0}, kSymbolCount),
-                         [](const auto& info) { return kSymbols[info.param].name + std::to_string(info.param); });
+INSTANTIATE_TEST_SUITE_P(all, Built, testing::Range(size_t{0}, kSymbolCount), [](const auto& info) {
+  return std::string(kSymbols[info.param].name) + "_" + std::to_string(info.param);
+});
 
 TEST(Rules, every_array_of_the_kernels_has_one) {
   size_t ruled = 0;

@@ -20,8 +20,9 @@ std::vector<std::string> texts(const std::string& header) {
 using Texts = std::vector<std::string>;
 
 TEST(Table, has_parts_in_the_order_of_a_row_and_later_ones_see_the_rounded_earlier_ones) {
-  EXPECT_EQ(texts("//: i from 3\n//: head = float(1/i)\n//: tail = (1/i - head) * 2^24\nextern const float kA[1][2];\n"),
-            (Texts{"0x1.555556p-2f", "-0x1.555556p-3f"}));
+  EXPECT_EQ(
+      texts("//: i from 3\n//: head = float(1/i)\n//: tail = (1/i - head) * 2^24\nextern const float kA[1][2];\n"),
+      (Texts{"0x1.555556p-2f", "-0x1.555556p-3f"}));
 }
 TEST(Table, in_planes_has_all_first_parts_first) {
   EXPECT_EQ(texts("//: planes\n//: a = i\n//: b = -i\ninline constexpr float kA[2][2] = {};\n"),
@@ -32,8 +33,9 @@ TEST(Table, let_names_what_is_not_stored) {
             (Texts{"0x1p0", "0x1p1"}));
 }
 TEST(Table, of_integers_takes_integers_only) {
-  EXPECT_EQ(texts("//: precision 2000\n//: = mod(floor(2/pi * 2^(32 * (i + 1))), 2^32)\nextern const uint32_t kA[2];\n"),
-            (Texts{"0xa2f9836e", "0x4e441529"}));
+  EXPECT_EQ(
+      texts("//: precision 2000\n//: = mod(floor(2/pi * 2^(32 * (i + 1))), 2^32)\nextern const uint32_t kA[2];\n"),
+      (Texts{"0xa2f9836e", "0x4e441529"}));
   EXPECT_EQ(texts("//: = -1\ninline constexpr int32_t kA = 0;\n"), (Texts{"0xffffffff"}));
   EXPECT_THROW(texts("//: = 1/2\ninline constexpr int32_t kA = 0;\n"), std::runtime_error);
   EXPECT_THROW(texts("//: = 256\ninline constexpr uint8_t kA = 0;\n"), std::runtime_error);
@@ -73,17 +75,20 @@ TEST(Polynomial, worst_error_is_that_of_the_best_linear_fit) {
 }
 TEST(Polynomial, of_many_rows_has_the_error_of_the_worst) {
   EXPECT_EQ(error_of("//: p(x) = i + x on [0, 1], absolute error ?\n"
-                     "inline constexpr float kA[2][2] = {{1.0f, 0.25f}, {1.0f, 1.0f}};\n"), "2^-2.0");
+                     "inline constexpr float kA[2][2] = {{1.0f, 0.25f}, {1.0f, 1.0f}};\n"),
+            "2^-2.0");
 }
 TEST(Polynomial, refers_to_another_by_name_and_its_claim_goes_on_in_a_second_line) {
   EXPECT_EQ(error_of("//: p(x) = x on [1, 2], relative error 0\ninline constexpr float kBelow[2] = {1.0f, 0.0f};\n"
                      "//: p(x) / kBelow(x) =\n//:   x on [1, 2], relative error ?\n"
-                     "inline constexpr float kAbove[3] = {1.125f, 0.0f, 0.0f};\n"), "2^-3.0");
+                     "inline constexpr float kAbove[3] = {1.125f, 0.0f, 0.0f};\n"),
+            "2^-3.0");
 }
 TEST(Polynomial, extremum_between_the_points_of_the_grid_is_found) {
   // A peak of 1/2 at pi/5 that falls to half of it within a thousandth of the interval.
   EXPECT_EQ(error_of("//: p(x) = 1 / (2 + 2000000 * (x - pi/5)^2) on [0, 1], absolute error ?\n"
-                     "inline constexpr double kA[1] = {0.0};\n"), "2^-1.0");
+                     "inline constexpr double kA[1] = {0.0};\n"),
+            "2^-1.0");
 }
 
 TEST(ErrorText, is_rounded_towards_the_larger_error) {

@@ -46,13 +46,15 @@ Real integer_part(const Real& x, mpfr_rnd_t rounding) {
 }
 
 const std::map<std::string, One> kFunctions = {
-    {"abs", mpfr_abs},       {"sqrt", mpfr_sqrt},   {"cbrt", mpfr_cbrt},     {"exp", mpfr_exp},     {"exp2", mpfr_exp2},
-    {"exp10", mpfr_exp10},   {"expm1", mpfr_expm1}, {"log", mpfr_log},       {"log2", mpfr_log2},   {"log10", mpfr_log10},
-    {"log1p", mpfr_log1p},   {"sin", mpfr_sin},     {"cos", mpfr_cos},       {"tan", mpfr_tan},     {"asin", mpfr_asin},
-    {"acos", mpfr_acos},     {"atan", mpfr_atan},   {"sinh", mpfr_sinh},     {"cosh", mpfr_cosh},   {"tanh", mpfr_tanh},
-    {"asinh", mpfr_asinh},   {"acosh", mpfr_acosh}, {"atanh", mpfr_atanh},   {"erf", mpfr_erf},     {"erfc", mpfr_erfc},
-    {"gamma", mpfr_gamma},   {"lngamma", mpfr_lngamma}, {"digamma", mpfr_digamma}, {"j0", mpfr_j0}, {"j1", mpfr_j1},
-    {"y0", mpfr_y0},         {"y1", mpfr_y1},       {"eint", mpfr_eint},
+    {"abs", mpfr_abs},     {"sqrt", mpfr_sqrt},   {"cbrt", mpfr_cbrt},       {"exp", mpfr_exp},
+    {"exp2", mpfr_exp2},   {"exp10", mpfr_exp10}, {"expm1", mpfr_expm1},     {"log", mpfr_log},
+    {"log2", mpfr_log2},   {"log10", mpfr_log10}, {"log1p", mpfr_log1p},     {"sin", mpfr_sin},
+    {"cos", mpfr_cos},     {"tan", mpfr_tan},     {"asin", mpfr_asin},       {"acos", mpfr_acos},
+    {"atan", mpfr_atan},   {"sinh", mpfr_sinh},   {"cosh", mpfr_cosh},       {"tanh", mpfr_tanh},
+    {"asinh", mpfr_asinh}, {"acosh", mpfr_acosh}, {"atanh", mpfr_atanh},     {"erf", mpfr_erf},
+    {"erfc", mpfr_erfc},   {"gamma", mpfr_gamma}, {"lngamma", mpfr_lngamma}, {"digamma", mpfr_digamma},
+    {"j0", mpfr_j0},       {"j1", mpfr_j1},       {"y0", mpfr_y0},           {"y1", mpfr_y1},
+    {"eint", mpfr_eint},
 };
 
 using Many = std::function<Real(const Arguments&)>;
@@ -67,7 +69,8 @@ const std::map<std::string, Special> kSpecials = {
     {"mod", {2, [](const Arguments& a) { return a[0] - integer_part(a[0] / a[1], MPFR_RNDD) * a[1]; }}},
     {"grid", {2, [](const Arguments& a) { return grid(a[0], a[1]); }}},
     {"bits", {2, [](const Arguments& a) { return in_bits(a[0], mpfr_get_si(a[1].get(), MPFR_RNDN)); }}},
-    {"trunc_bits", {2, [](const Arguments& a) { return in_bits(a[0], mpfr_get_si(a[1].get(), MPFR_RNDN), MPFR_RNDZ); }}},
+    {"trunc_bits",
+     {2, [](const Arguments& a) { return in_bits(a[0], mpfr_get_si(a[1].get(), MPFR_RNDN), MPFR_RNDZ); }}},
     {"float", {1, [](const Arguments& a) { return in_format(a[0], true, MPFR_RNDN); }}},
     {"float_down", {1, [](const Arguments& a) { return in_format(a[0], true, MPFR_RNDD); }}},
     {"float_up", {1, [](const Arguments& a) { return in_format(a[0], true, MPFR_RNDU); }}},
@@ -174,7 +177,8 @@ class Parser {
     if (std::isdigit(first) != 0 || first == '.') return number();
     if (std::isalpha(first) == 0) fail("an operand is missing");
     const size_t begin = at_;
-    while (at_ < text_.size() && (std::isalnum(static_cast<unsigned char>(text_[at_])) != 0 || text_[at_] == '_')) ++at_;
+    while (at_ < text_.size() && (std::isalnum(static_cast<unsigned char>(text_[at_])) != 0 || text_[at_] == '_'))
+      ++at_;
     NodePtr node = make("name", std::string(text_.substr(begin, at_ - begin)));
     if (take("(")) {
       node->what = "call";
@@ -225,7 +229,8 @@ Real evaluate(const Node& node, const Names& names) {
   const auto operand = [&](size_t i) { return evaluate(*node.operands[i], names); };
   if (node.what == "number") {
     Real r;
-    if (mpfr_set_str(r.get(), node.name.c_str(), 0, MPFR_RNDN) != 0) throw std::runtime_error("no number: " + node.name);
+    if (mpfr_set_str(r.get(), node.name.c_str(), 0, MPFR_RNDN) != 0)
+      throw std::runtime_error("no number: " + node.name);
     return r;
   }
   if (node.what == "name") {

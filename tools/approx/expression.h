@@ -1,5 +1,5 @@
-// Expressions in which the rules of tables and the claims of polynomials are written: + - * / ^ (right to left, above the
-// sign), comparisons, c ? a : b, numbers, names, functions. README.md lists the functions.
+// Expressions in which the rules of tables and the claims of polynomials are written: + - * / ^ (right to left, above
+// the sign), comparisons, c ? a : b, numbers, names, functions. README.md lists the functions.
 #pragma once
 
 #include <functional>

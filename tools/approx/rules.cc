@@ -29,7 +29,8 @@ std::string strip(std::string s) {
 }
 
 const std::regex kDeclaration(
-    R"(^(?:alignas\(\d+\) )?(extern const|inline constexpr|constexpr|static constexpr|const) (float|double|u?int\d+_t|int) (k\w+)((?:\[[^\]]*\])*)\s*(=|;|\{))");
+    R"(^(?:alignas\(\d+\) )?(extern const|inline constexpr|constexpr|static constexpr|const) )"
+    R"((float|double|u?int\d+_t|int) (k\w+)((?:\[[^\]]*\])*)\s*(=|;|\{))");
 
 // An array in any other place, such as a struct or a function: it can have no rule.
 const std::regex kOtherArray(R"(\b(?:const|constexpr) (?:float|double|u?int\d+_t) (\w+)\s*\[)");
@@ -80,7 +81,8 @@ Declaration start(const std::smatch& m, const std::string& header, const std::st
 
 // The numbers between the braces of "{...}", or the one number.
 void read_values(Declaration& d, const std::string& text) {
-  static const std::regex kNumber(R"([-+]?(0x[0-9a-fA-F.]+(p[-+]?\d+)?|\d[\d.]*(e[-+]?\d+)?|\.\d+(e[-+]?\d+)?)[fuUlL]*)");
+  static const std::regex kNumber(
+      R"([-+]?(0x[0-9a-fA-F.]+(p[-+]?\d+)?|\d[\d.]*(e[-+]?\d+)?|\.\d+(e[-+]?\d+)?)[fuUlL]*)");
   for (std::sregex_iterator i(text.begin(), text.end(), kNumber), end; i != end; ++i) {
     d.values.push_back(d.type.read(i->str()));
   }
@@ -326,19 +328,19 @@ Real Library::worst_error(const Declaration& d, const Claim& claim, const std::v
     for (size_t k = 0; k < length; ++k) own.push_back(d.type.value(coefficients[row * length + k]));
     Real x;
     const Real i = Real(static_cast<double>(static_cast<long>(row) + d.first));
-    const Names names{.value =
-                          [&](const std::string& name) {
-                            return name == "x" ? &x : name == "i" ? &i : find_value(d, name);
-                          },
-                      .polynomial = [&](const std::string& name) -> const std::vector<Real>* {
-                        if (name == "p") return &own;
-                        const Declaration* other = find(d, name);
-                        if (other == nullptr || other->sizes.size() != 1 || other->values.empty()) return nullptr;
-                        std::vector<Real>& made = polynomials_[other->header + ' ' + name];
-                        made.clear();
-                        for (const Stored s : other->values) made.push_back(other->type.value(s));
-                        return &made;
-                      }};
+    const Names names{
+        .value = [&](const std::string& name) { return name == "x"   ? &x
+                                                       : name == "i" ? &i
+                                                                     : find_value(d, name); },
+        .polynomial = [&](const std::string& name) -> const std::vector<Real>* {
+          if (name == "p") return &own;
+          const Declaration* other = find(d, name);
+          if (other == nullptr || other->sizes.size() != 1 || other->values.empty()) return nullptr;
+          std::vector<Real>& made = polynomials_[other->header + ' ' + name];
+          made.clear();
+          for (const Stored s : other->values) made.push_back(other->type.value(s));
+          return &made;
+        }};
     const Real from = Expression(claim.from)(names);
     const Real to = Expression(claim.to)(names);
     const Real middle = (from + to) * 0.5;
@@ -354,7 +356,9 @@ Real Library::worst_error(const Declaration& d, const Claim& claim, const std::v
     };
     const int points = 64 * static_cast<int>(length + 4) + 1;  // even steps, none of them at the middle
     std::vector<Real> errors;
-    const auto place = [&](int k) { return (2.0 * k / (points - 1) - 1) * M_PI_2 + (k > 0 && k < points - 1 ? 1e-4 : 0); };
+    const auto place = [&](int k) {
+      return (2.0 * k / (points - 1) - 1) * M_PI_2 + (k > 0 && k < points - 1 ? 1e-4 : 0);
+    };
     for (int k = 0; k < points; ++k) errors.push_back(error_at(place(k)));
     for (int k = 0; k < points; ++k) {
       const bool top = (k == 0 || !(errors[k] < errors[k - 1])) && (k == points - 1 || !(errors[k] < errors[k + 1]));

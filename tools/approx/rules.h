@@ -1,5 +1,6 @@
-// Headers whose numbers follow rules. A rule stands in the comment lines that begin with "//:" above a declaration (or, of
-// a single number, behind it); README.md has the forms. Reading, working out the values, measuring a polynomial's error.
+// Headers whose numbers follow rules. A rule stands in the comment lines that begin with "//:" above a declaration (or,
+// of a single number, behind it); README.md has the forms. Reading, working out the values, measuring a polynomial's
+// error.
 #pragma once
 
 #include <cstdint>
@@ -44,9 +45,9 @@ struct Declaration {
   int line = 0;
 
   // Of the rule.
-  std::string fit;                                          // the sollya source that makes the coefficients
-  std::vector<Claim> claims;                                // of a polynomial
-  std::vector<std::pair<std::string, std::string>> parts;   // of a table: name, expression; "let" names are not stored
+  std::string fit;                                         // the sollya source that makes the coefficients
+  std::vector<Claim> claims;                               // of a polynomial
+  std::vector<std::pair<std::string, std::string>> parts;  // of a table: name, expression; "let" names are not stored
   std::vector<bool> stored;
   long first = 0;       // of i
   bool planes = false;  // all first parts, then all second ones

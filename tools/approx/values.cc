@@ -1,8 +1,7 @@
-// approx_values ROOT STRICT [list] < COEFFICIENTS: the numbers of all headers below ROOT that have rules, one declaration a line,
-// fields separated by tabs: header, name, namespace, type, sizes, "extern" or "inline", source of an extern table, sollya
-// source of a fit, worst errors of its claims, values (these two not with `list`). COEFFICIENTS: lines of a name and the
-// coefficients of new fits.
-// Run by tools/approx/approx.
+// approx_values ROOT STRICT [list] < COEFFICIENTS: the numbers of all headers below ROOT that have rules, one
+// declaration a line, fields separated by tabs: header, name, namespace, type, sizes, "extern" or "inline", source of
+// an extern table, sollya source of a fit, worst errors of its claims, values (these two not with `list`).
+// COEFFICIENTS: lines of a name and the coefficients of new fits. Run by tools/approx/approx.
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -33,8 +32,8 @@ void print_line(const Library& library, const Declaration& d, bool list) {
     values = joined(d.values, [&](Stored s) { return d.type.text(s); });
   }
   std::printf("%s\t%s\t%s\t%s\t%s\t%s\t%s\t%s\t%s\t%s\n", d.header.c_str(), d.name.c_str(), d.name_space.c_str(),
-              d.type.name.c_str(), sizes.c_str(), d.outside ? "extern" : "inline", source_path(d).c_str(), d.fit.c_str(),
-              errors.c_str(), values.c_str());
+              d.type.name.c_str(), sizes.c_str(), d.outside ? "extern" : "inline", source_path(d).c_str(),
+              d.fit.c_str(), errors.c_str(), values.c_str());
 }
 
 // Values as the rules have them, in the order of the headers: later rules refer to earlier numbers.

@@ -75,13 +75,14 @@ struct InvSqrtElement {
 template <class V, Level L>
 struct Sqrt;
 
-// Below 2^-100 the residue x - s^2 would be denormal.
+// HA leaves numbers below 2^-100, whose residue x - s^2 would be denormal. At LA the residue may be: what it then lacks is
+// 2^-24 of the root at most. With denormals flushed it is lost below 2^-103 or so, and LA is the estimate's 12 bits there.
 // sSqrt LA: 2.0761 ulp at 0x1.df2ff8p-81
 // sSqrt HA: 0.5003 ulp at 0x1.dddb9ep-83
 // sSqrt EP: 11.91 bits at 0x1.391ffep-71
 template <Single V, Level L>
 struct Sqrt<V, L> : SqrtElement<float> {
-  static auto special(V x) { return outside<0x0D800000, 0x7F7FFFFF>(x); }
+  static auto special(V x) { return outside < L == Level::HA ? 0x0D800000u : 0x00800000u, 0x7F7FFFFFu > (x); }
 
   // The residue with the first estimate leaves 1.5 (1.5 * 2^-12)^2 = 2.0e-7, 3.4 ulp.
   static V lanes(V x) {

@@ -204,7 +204,6 @@ struct Pow<V, Level::LA> : PowDouble<V> {
   }
 };
 
-// The square's term too as head and tail.
 // dPow HA: 0.5333 ulp at 0x1.ff8f0ab21a07cp-1, 0x1.89cece4280f78p+19
 template <Double V>
 struct Pow<V, Level::HA> : PowDouble<V> {
@@ -214,17 +213,16 @@ struct Pow<V, Level::HA> : PowDouble<V> {
     using I = Integer<V>;
     const KeyedDouble<V> k(x);
     const auto row = gather<512>(kLog2Pairs, indices(k.key));
-    const V q = k.r * V(kLog2E64);
-    const V q_tail = fma(k.r, V(kLog2ETail64), fms(k.r, V(kLog2E64), q));
-    const HeadTail<V> square = two_square(k.r);
-    const V s = square.head * V(kPowSecond64);
-    const V s_tail = fma(square.tail, V(kPowSecond64), fms(square.head, V(kPowSecond64), s));
-    const HeadTail<V> first = fast_two_sum(k.exponent() + row.first, q);
-    const HeadTail<V> both = fast_two_sum(first.head, s);
-    const V tails = ((first.tail + both.tail) + row.second) + (q_tail + s_tail);
-    const V tail = fma(square.head * k.r, horner(k.r, kPowLog2DoubleHA), tails);
+    // log2(1 + r) = r (c1 + c2 r + ...): the sum of the first two with its rest, the product with its.
+    const V factor = fma(k.r, V(kPowSecond64), V(kLog2E64));
+    const V factor_rest = fma(k.r, V(kPowSecond64), V(kLog2E64) - factor) + V(kLog2ETail64);
+    const V q = k.r * factor;
+    const V q_rest = fms(k.r, factor, q);
+    const HeadTail<V> log = fast_two_sum(k.exponent() + row.first, q);
+    const V rest = fma(k.r * k.r, horner(k.r, kPowLog2DoubleHA), factor_rest);
+    const V tail = fma(k.r, rest, (log.tail + row.second) + q_rest);
 
-    const Exponent2<V> t(y, {both.head, tail});
+    const Exponent2<V> t(y, {log.head, tail});
     const V sum = t.sum + V(0x1.8p45);  // 1/128
     const V f = drop(t.beyond, (t.head - (sum - V(0x1.8p45))) + t.tail);
     const auto power = gather(kExp2Pairs128, indices(as_bits(sum) & I(int64_t{127})));

@@ -167,15 +167,13 @@ double double_ha(double x, double y) {
   const Keyed k(x);
   const Parts row = log2_row(k.key);
   const double c1 = 0x1.71547652b82fep0, c1_low = 0x1.777d0ffda0d24p-56, c2 = -c1 / 2;
-  const double q = k.r * c1, q_low = std::fma(k.r, c1_low, std::fma(k.r, c1, -q));
-  const double square = k.r * k.r, square_low = std::fma(k.r, k.r, -square);
-  const double s = square * c2, s_low = std::fma(square_low, c2, std::fma(square, c2, -s));
-  const Parts first = sum_of(k.e + row.head, q);
-  const Parts both = sum_of(first.head, s);
+  const double factor = std::fma(k.r, c2, c1), factor_low = std::fma(k.r, c2, c1 - factor) + c1_low;
+  const double q = k.r * factor, q_low = std::fma(k.r, factor, -q);
+  const Parts log = sum_of(k.e + row.head, q);
   const double p = polynomial(k.r, {0x1.a60b396adc872p-3, -0x1.ec70d5b99c9eap-3, 0x1.2776c50fe8ec7p-2,
                                     -0x1.71547652b756dp-2, 0x1.ec709dc3a03fdp-2});
-  const double low = std::fma(square * k.r, p, ((first.tail + both.tail) + row.tail) + (q_low + s_low));
-  const Split t(y, both.head, low, 0x1.8p45);
+  const double low = std::fma(k.r, std::fma(k.r * k.r, p, factor_low), (log.tail + row.tail) + q_low);
+  const Split t(y, log.head, low, 0x1.8p45);
   const double i = static_cast<double>(t.n & 127) / 128;
   const double power = rest(mpfr_exp2, i, 0), power_low = rest(mpfr_exp2, i, power) / power;
   const double g = std::fma(t.f,

@@ -81,10 +81,15 @@ void show_levels(const Table& table) {
         {"HA _zymdLn", _zymdLn}, {"LA _zymdLn_50", _zymdLn_50}, {"EP _zymdLn_26", _zymdLn_26}};
     const Level<double> root_double[3] = {
         {"HA _zymdCbrt", _zymdCbrt}, {"LA _zymdCbrt_50", _zymdCbrt_50}, {"EP _zymdCbrt_26", _zymdCbrt_26}};
+    const Level<double> power_double[3] = {
+        {"HA _zymdPowx", [](int32_t n, const double* a, double* r) { _zymdPowx(n, a, 2.5, r); }},
+        {"LA _zymdPowx_50", [](int32_t n, const double* a, double* r) { _zymdPowx_50(n, a, 2.5, r); }},
+        {"EP _zymdPowx_26", [](int32_t n, const double* a, double* r) { _zymdPowx_26(n, a, 2.5, r); }}};
     show_function<float>("exp, 32 bits", values, exp_single, [](long double x) { return std::exp(x); });
     show_function<float>("ln, 32 bits", values, log_single, [](long double x) { return std::log(x); });
     show_function<double>("ln, 64 bits", values, log_double, [](long double x) { return std::log(x); });
     show_function<double>("cube root, 64 bits", values, root_double, [](long double x) { return std::cbrt(x); });
+    show_function<double>("x^2.5, 64 bits", values, power_double, [](long double x) { return std::pow(x, 2.5L); });
     return;
   }
   std::printf("  No column has only values from above 0 to 80.\n");

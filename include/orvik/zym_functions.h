@@ -726,6 +726,20 @@ void _zymsDivI_11(int32_t n, const float* a, int32_t incA, const float* b, int32
 ORVIK_TABLE void* orvik_zym_kernel_sDivI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sDivI_ctab[];
 
+/* sPow: a^b; elements can be reported. */
+void _zymsPow_21(int32_t n, const float* a, const float* b, float* r);
+void _zymsPow(int32_t n, const float* a, const float* b, float* r);
+void _zymsPow_HA(int32_t n, const float* a, const float* b, float* r);
+void _zymsPow_11(int32_t n, const float* a, const float* b, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sPow_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPow_ctab[];
+void _zymsPowI_21(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsPowI(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsPowI_HA(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsPowI_11(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sPowI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPowI_ctab[];
+
 /* sHypot: sqrt(a^2 + b^2). */
 void _zymsHypot_21(int32_t n, const float* a, const float* b, float* r);
 void _zymsHypot(int32_t n, const float* a, const float* b, float* r);
@@ -880,6 +894,20 @@ void _zymsMinMagI_11(int32_t n, const float* a, int32_t incA, const float* b, in
 ORVIK_TABLE void* orvik_zym_kernel_sMinMagI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sMinMagI_ctab[];
 
+/* sPowr: a^b for a not below 0; elements can be reported. */
+void _zymsPowr_21(int32_t n, const float* a, const float* b, float* r);
+void _zymsPowr(int32_t n, const float* a, const float* b, float* r);
+void _zymsPowr_HA(int32_t n, const float* a, const float* b, float* r);
+void _zymsPowr_11(int32_t n, const float* a, const float* b, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sPowr_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPowr_ctab[];
+void _zymsPowrI_21(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsPowrI(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsPowrI_HA(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsPowrI_11(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sPowrI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPowrI_ctab[];
+
 /* sRemainder: IEEE remainder: a - b n, n the integer nearest to a / b; elements can be reported. */
 void _zymsRemainder_21(int32_t n, const float* a, const float* b, float* r);
 void _zymsRemainder(int32_t n, const float* a, const float* b, float* r);
@@ -921,6 +949,20 @@ void _zymdDivI_HA(int32_t n, const double* a, int32_t incA, const double* b, int
 void _zymdDivI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dDivI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dDivI_ctab[];
+
+/* dPow: a^b; elements can be reported. */
+void _zymdPow_50(int32_t n, const double* a, const double* b, double* r);
+void _zymdPow(int32_t n, const double* a, const double* b, double* r);
+void _zymdPow_HA(int32_t n, const double* a, const double* b, double* r);
+void _zymdPow_26(int32_t n, const double* a, const double* b, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dPow_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPow_ctab[];
+void _zymdPowI_50(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdPowI(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdPowI_HA(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdPowI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dPowI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPowI_ctab[];
 
 /* dHypot: sqrt(a^2 + b^2). */
 void _zymdHypot_50(int32_t n, const double* a, const double* b, double* r);
@@ -1076,6 +1118,20 @@ void _zymdMinMagI_26(int32_t n, const double* a, int32_t incA, const double* b, 
 ORVIK_TABLE void* orvik_zym_kernel_dMinMagI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dMinMagI_ctab[];
 
+/* dPowr: a^b for a not below 0; elements can be reported. */
+void _zymdPowr_50(int32_t n, const double* a, const double* b, double* r);
+void _zymdPowr(int32_t n, const double* a, const double* b, double* r);
+void _zymdPowr_HA(int32_t n, const double* a, const double* b, double* r);
+void _zymdPowr_26(int32_t n, const double* a, const double* b, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dPowr_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPowr_ctab[];
+void _zymdPowrI_50(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdPowrI(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdPowrI_HA(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdPowrI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dPowrI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPowrI_ctab[];
+
 /* dRemainder: IEEE remainder: a - b n, n the integer nearest to a / b; elements can be reported. */
 void _zymdRemainder_50(int32_t n, const double* a, const double* b, double* r);
 void _zymdRemainder(int32_t n, const double* a, const double* b, double* r);
@@ -1103,6 +1159,34 @@ void _zymdFmodI_HA(int32_t n, const double* a, int32_t incA, const double* b, in
 void _zymdFmodI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dFmodI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dFmodI_ctab[];
+
+/* sPowx: a^b, b one number for all a; elements can be reported. */
+void _zymsPowx_21(int32_t n, const float* a, float b, float* r);
+void _zymsPowx(int32_t n, const float* a, float b, float* r);
+void _zymsPowx_HA(int32_t n, const float* a, float b, float* r);
+void _zymsPowx_11(int32_t n, const float* a, float b, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sPowx_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPowx_ctab[];
+void _zymsPowxI_21(int32_t n, const float* a, int32_t incA, float b, float* r, int32_t incR);
+void _zymsPowxI(int32_t n, const float* a, int32_t incA, float b, float* r, int32_t incR);
+void _zymsPowxI_HA(int32_t n, const float* a, int32_t incA, float b, float* r, int32_t incR);
+void _zymsPowxI_11(int32_t n, const float* a, int32_t incA, float b, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sPowxI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPowxI_ctab[];
+
+/* dPowx: a^b, b one number for all a; elements can be reported. */
+void _zymdPowx_50(int32_t n, const double* a, double b, double* r);
+void _zymdPowx(int32_t n, const double* a, double b, double* r);
+void _zymdPowx_HA(int32_t n, const double* a, double b, double* r);
+void _zymdPowx_26(int32_t n, const double* a, double b, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dPowx_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPowx_ctab[];
+void _zymdPowxI_50(int32_t n, const double* a, int32_t incA, double b, double* r, int32_t incR);
+void _zymdPowxI(int32_t n, const double* a, int32_t incA, double b, double* r, int32_t incR);
+void _zymdPowxI_HA(int32_t n, const double* a, int32_t incA, double b, double* r, int32_t incR);
+void _zymdPowxI_26(int32_t n, const double* a, int32_t incA, double b, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dPowxI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPowxI_ctab[];
 
 /* sModf: r1 = trunc(a), r2 = a - trunc(a), both with the sign of a. */
 void _zymsModf_21(int32_t n, const float* a, float* r1, float* r2);

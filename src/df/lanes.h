@@ -32,6 +32,7 @@ struct Lanes<double> {
   friend Lanes operator==(Lanes a, Lanes b) { return _mm256_cmp_pd(a.v, b.v, _CMP_EQ_OQ); }
   friend Lanes operator&(Lanes a, Lanes b) { return _mm256_and_pd(a.v, b.v); }
   friend Lanes operator|(Lanes a, Lanes b) { return _mm256_or_pd(a.v, b.v); }
+  friend Lanes and_not(Lanes mask, Lanes a) { return _mm256_andnot_pd(mask.v, a.v); }
   friend Lanes select(Lanes mask, Lanes a, Lanes b) { return _mm256_blendv_pd(b.v, a.v, mask.v); }
   // Of a not-a-number a, b.
   friend Lanes min(Lanes a, Lanes b) { return _mm256_min_pd(a.v, b.v); }
@@ -69,6 +70,7 @@ struct Lanes<float> {
   friend Lanes operator==(Lanes a, Lanes b) { return _mm256_cmp_ps(a.v, b.v, _CMP_EQ_OQ); }
   friend Lanes operator&(Lanes a, Lanes b) { return _mm256_and_ps(a.v, b.v); }
   friend Lanes operator|(Lanes a, Lanes b) { return _mm256_or_ps(a.v, b.v); }
+  friend Lanes and_not(Lanes mask, Lanes a) { return _mm256_andnot_ps(mask.v, a.v); }
   friend Lanes select(Lanes mask, Lanes a, Lanes b) { return _mm256_blendv_ps(b.v, a.v, mask.v); }
   friend Lanes min(Lanes a, Lanes b) { return _mm256_min_ps(a.v, b.v); }
   friend Lanes max(Lanes a, Lanes b) { return _mm256_max_ps(a.v, b.v); }
@@ -263,6 +265,18 @@ inline void store_rows(float* out, Lanes<float> c0, Lanes<float> c1, Lanes<float
   _mm256_storeu_ps(out + 8, _mm256_permute2f128_ps(r2, r3, 0x20));
   _mm256_storeu_ps(out + 16, _mm256_permute2f128_ps(r0, r1, 0x31));
   _mm256_storeu_ps(out + 24, _mm256_permute2f128_ps(r2, r3, 0x31));
+}
+
+// Rows of two from columns of kCount.
+inline void store_pairs(double* out, Lanes<double> c0, Lanes<double> c1) {
+  const __m256d a = _mm256_unpacklo_pd(c0.v, c1.v), b = _mm256_unpackhi_pd(c0.v, c1.v);
+  _mm256_storeu_pd(out, _mm256_permute2f128_pd(a, b, 0x20));
+  _mm256_storeu_pd(out + 4, _mm256_permute2f128_pd(a, b, 0x31));
+}
+inline void store_pairs(float* out, Lanes<float> c0, Lanes<float> c1) {
+  const __m256 a = _mm256_unpacklo_ps(c0.v, c1.v), b = _mm256_unpackhi_ps(c0.v, c1.v);
+  _mm256_storeu_ps(out, _mm256_permute2f128_ps(a, b, 0x20));
+  _mm256_storeu_ps(out + 8, _mm256_permute2f128_ps(a, b, 0x31));
 }
 
 template <class Real>

@@ -51,7 +51,7 @@ struct Chunk {
       : partition(given),
         base(std::max<int64_t>(begin - halo, 0)),
         points(std::min(end + halo, nx - 1) - base + 1),
-        x(kUniform ? given.x : given.x + base),
+        x(kUniform ? given.given() : given.given() + base),
         y(scratch.y),
         room(&scratch),
         given(inner) {
@@ -65,7 +65,7 @@ struct Chunk {
   // Forms the slope of interval k, or of several from there on; h only where it is asked for.
   template <bool kLengths, class T>
   void form_slope(int64_t k) const {
-    T inverse(partition.inverse_step);
+    T inverse(partition.inverse_step());
     if constexpr (!kUniform) {
       const T step = at<T>(x + k + 1) - at<T>(x + k);
       inverse = T(Real(1)) / step;
@@ -79,7 +79,7 @@ struct Chunk {
   const Real* m() const { return room->m; }
   template <class T>
   T inverse_length(int64_t k) const {
-    return kUniform ? T(partition.inverse_step) : at<T>(room->inverse_h + k);
+    return kUniform ? T(partition.inverse_step()) : at<T>(room->inverse_h + k);
   }
 };
 

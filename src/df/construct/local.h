@@ -91,14 +91,9 @@ int32_t run_local(const Task& task, Ends ends, const Services& services) {
   const int64_t threads = std::min(services.max_threads(), grid.tasks());
   const serv::Block<Workspace<Real>> rooms(static_cast<uint64_t>(threads));
   if (!rooms) return DFS_NO_MEMORY;
-  auto body = [&](int64_t index, int64_t thread) {
-    const Grid::Part part = grid.part(index, task.ny);
-    for (int64_t f = part.function; f < part.function_end; ++f) {
-      local_intervals<Rule>(task, ends, partition, f, part.begin, part.end, rooms[static_cast<uint64_t>(thread)]);
-    }
-    return 0;
-  };
-  return services.run(grid.tasks(), threads, body);
+  return run_grid(services, grid, threads, task.ny, [&](int64_t f, int64_t begin, int64_t end, int64_t thread) {
+    local_intervals<Rule>(task, ends, partition, f, begin, end, rooms[static_cast<uint64_t>(thread)]);
+  });
 }
 
 template <class Rule, class Real>

@@ -28,7 +28,7 @@ class NaturalLanes {
   NaturalLanes(const NaturalSystem<Real, false>& system, int64_t function, Real* upper, Real* w)
       : system_(system),
         y_(system.task.template values<Real>(function)),
-        x_(system.partition.x),
+        x_(system.partition.given()),
         nx_(system.nx),
         out_(system.task.template coefficients<Real>(function)),
         upper_(upper),

@@ -48,7 +48,7 @@ struct Bessel {
   template <class T, class Real, bool kUniform>
   static T derivative(const Chunk<Real, kUniform>& c, int64_t k) {
     if constexpr (kUniform) {
-      return (at<T>(c.y + k + 1) - at<T>(c.y + k - 1)) * T(Real(0.5) * c.partition.inverse_step);
+      return (at<T>(c.y + k + 1) - at<T>(c.y + k - 1)) * T(Real(0.5) * c.partition.inverse_step());
     } else {
       using std::fma;
       const T sum = fma(at<T>(c.h() + k), at<T>(c.m() + k - 1), at<T>(c.h() + k - 1) * at<T>(c.m() + k));
@@ -79,7 +79,7 @@ struct Bessel {
  private:
   template <class Real>
   static Real around(const Outline<Real, true>& o) {
-    return ((o.y[1] + o.y[o.nx - 1]) - (o.y[0] + o.y[o.nx - 2])) * (Real(0.5) * o.partition.inverse_step);
+    return ((o.y[1] + o.y[o.nx - 1]) - (o.y[0] + o.y[o.nx - 2])) * (Real(0.5) * o.partition.inverse_step());
   }
 };
 

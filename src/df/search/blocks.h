@@ -7,21 +7,21 @@
 
 namespace orvik::df {
 
+// The last cell is held by an upper bound of the position, one step lower for the right end itself, where
+// (x[1] - x[0]) * value is never a whole step short of nx - 1. What is not at or right of x[0] lies at -1, before the cell
+// of position 0; a position that is not a number lies at the bound.
 template <class Index, class Real, class Cell>
 void uniform_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell) {
   using V = Lanes<Real>;
   int64_t j = 0;
-  // All cell numbers are reals without rounding: the cases are told apart before one conversion.
+  // All cell numbers are reals without rounding.
   if (p.nx < (int64_t(1) << (sizeof(Real) == 8 ? 31 : 24)) - 1) {
-    const Real steps = static_cast<Real>(p.nx - 1);
-    const V x0(p.x[0]), x1(p.x[1]), value(p.value), limit(steps), before(Real(-1)), at_end(steps - 1);
+    const V x0(p.x[0]), x1(p.x[1]), value(p.value), most(static_cast<Real>(p.nx - 1)), one(Real(1)), before(Real(-1));
     for (; j + V::kCount <= n; j += V::kCount) {
       const V t = V::load(site + j);
-      const V position = (t - x0) * value;
-      const V inside = (t < x1) & (position < limit);
-      V next = select(inside, position, limit);
-      next = select(t == x1, at_end, next);
-      select(t >= x0, next, before).store_next(cell + j);
+      const V inside = t >= x0;
+      const V bound = ((most - ((t == x1) & one)) & inside) | and_not(inside, before);
+      max(min((t - x0) * value, bound), before).store_next(cell + j);
     }
   }
   for (; j < n; ++j) cell[j] = static_cast<Cell>(uniform_cell<Index>(p, site[j]));

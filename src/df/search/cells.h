@@ -46,16 +46,15 @@ Index scan_down(const Real* x, Index start, Real t) {
   return k;
 }
 
-// Only the two ends x[0] and x[1] exist.
+// Only the two ends x[0] and x[1] exist. A site just above the right end has the cell that the formula gives.
 template <class Index, class Real>
 Index uniform_cell(const Lookup<Real>& p, Real t) {
   const Index nx = static_cast<Index>(p.nx);
   if (t == p.x[1]) return nx - 1;
   if (!(t >= p.x[0])) return 0;
-  if (t > p.x[1]) return nx;
   const Real position = (t - p.x[0]) * p.value;
   if (!(position < real_not_below<Real>(p.nx - 1))) return nx;
-  return static_cast<Index>(position) + 1;
+  return position > 0 ? static_cast<Index>(position) + 1 : 1;
 }
 
 // A guess from an even spacing, kept inside the partition.

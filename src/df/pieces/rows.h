@@ -1,8 +1,8 @@
 // Coefficients of several intervals, turned so that vector j holds the power j of all of them. Whole rows are loaded:
 // gathering element by element costs several times as much on the processors this is tuned for. Inlined by order: a
 // call would pass the vectors through memory.
-#ifndef ORVIK_DF_INTERPOLATE_ROWS_H
-#define ORVIK_DF_INTERPOLATE_ROWS_H
+#ifndef ORVIK_DF_PIECES_ROWS_H
+#define ORVIK_DF_PIECES_ROWS_H
 
 #include "df/lanes.h"
 

@@ -172,8 +172,12 @@ TYPED_TEST(InterpolateCallbacksTest, TheCallersSearchSees128SitesACallAndAnEmpty
         Call<TypeParam> call;
         call.dorder = orders;
         call.services = &LoopServices<4>::table;
-        for (auto [n, expected] : {std::pair<int64_t, Counts>{0, {0}}, {1, {1}}, {127, {127}}, {128, {128, 0}},
-                                   {300, {128, 128, 44}}, {512, {128, 128, 128, 128, 0}}}) {
+        for (auto [n, expected] : {std::pair<int64_t, Counts>{0, {0}},
+                                   {1, {1}},
+                                   {127, {127}},
+                                   {128, {128, 0}},
+                                   {300, {128, 128, 44}},
+                                   {512, {128, 128, 128, 128, 0}}}) {
           const std::vector<TypeParam> some(sites.begin(), sites.begin() + n);
           call.search = nullptr;
           const auto plain = call(fit->task, some);

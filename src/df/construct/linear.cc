@@ -27,10 +27,9 @@ int32_t run_linear(const Task& task, const Services& services) {
     return 0;
   }
   const Grid grid(0, intervals, 1024, intervals, task.ny);
-  return run_grid(services, grid, std::min(threads, grid.tasks()), task.ny,
-                  [&](int64_t f, int64_t begin, int64_t end, int64_t) {
-                    linear_intervals(task, partition, f, begin, end);
-                  });
+  return run_grid(
+      services, grid, std::min(threads, grid.tasks()), task.ny,
+      [&](int64_t f, int64_t begin, int64_t end, int64_t) { linear_intervals(task, partition, f, begin, end); });
 }
 
 template <class Real>

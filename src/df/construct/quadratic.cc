@@ -60,8 +60,8 @@ int32_t run_knots(const Task& task, Ends ends) {
     Real* d = dl + n;
     Real* du = d + n;
     Real* s = du + n;  // n + 1 slopes, one of them eliminated
-    const QuadraticSystem<Real, kUniform> system{knots, Values<Real>(task, f), n, left_end(ends), right_end(ends),
-                                       task.boundary_values<Real>(), from_right};
+    const QuadraticSystem<Real, kUniform> system{
+        knots, Values<Real>(task, f), n, left_end(ends), right_end(ends), task.boundary_values<Real>(), from_right};
     system.set_up(dl, d, du, s);
     if (solve_in_one_step(n, dl, d, du, system.unknowns(s)) != 0) return DFS_SOLVER_FAILED;
     system.restore_eliminated(s);

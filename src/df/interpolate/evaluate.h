@@ -75,13 +75,11 @@ struct StoredSpots {
   }
 };
 
-// `count` vectors of results, derivative by derivative, to their places; at most four.
+// `count` vectors of results, at most four, to the places of sites that do not lie side by side.
 template <class Real>
 void put_results(const Lanes<Real>* v, int64_t count, const Layout& layout, Real* r) {
   using V = Lanes<Real>;
-  if (layout.site == 1) {
-    for (int64_t k = 0; k < count; ++k) v[k].store(r + k * layout.derivative);
-  } else if (layout.derivative == 1 && count == 2 && layout.site == 2) {
+  if (layout.derivative == 1 && count == 2 && layout.site == 2) {
     store_pairs(r, v[0], v[1]);
   } else if (layout.derivative == 1 && count == 4 && layout.site == 4) {
     store_rows(r, v[0], v[1], v[2], v[3]);
@@ -94,21 +92,19 @@ void put_results(const Lanes<Real>* v, int64_t count, const Layout& layout, Real
   }
 }
 
-// The derivatives of the bits of kAsked, or of `asked` where kAsked is 0, below kOrder. V is a real or a vector; returns
-// how many there are.
-template <int kOrder, unsigned kAsked, class Real, class V>
-[[gnu::always_inline]] inline int64_t derivatives(unsigned asked, const V* c, V t, V* out) {
+// put(value) for each derivative of the bits of kAsked, or of `asked` where kAsked is 0, that is below kOrder. V is a
+// real or a vector.
+template <int kOrder, unsigned kAsked, class Real, class V, class Put>
+[[gnu::always_inline]] inline void derivatives(unsigned asked, const V* c, V t, Put put) {
   if (kAsked != 0) asked = kAsked;
-  int64_t count = 0;
-  if ((asked & 1) != 0) out[count++] = horner<kOrder, 0, Real>(c, t);
-  if ((asked & 2) != 0) out[count++] = horner<kOrder, 1, Real>(c, t);
+  if ((asked & 1) != 0) put(horner<kOrder, 0, Real>(c, t));
+  if ((asked & 2) != 0) put(horner<kOrder, 1, Real>(c, t));
   if constexpr (kOrder > 2) {
-    if ((asked & 4) != 0) out[count++] = horner<kOrder, 2, Real>(c, t);
+    if ((asked & 4) != 0) put(horner<kOrder, 2, Real>(c, t));
   }
   if constexpr (kOrder > 3) {
-    if ((asked & 8) != 0) out[count++] = horner<kOrder, 3, Real>(c, t);
+    if ((asked & 8) != 0) put(horner<kOrder, 3, Real>(c, t));
   }
-  return count;
 }
 
 template <int kOrder, unsigned kAsked, class Real, class Spots>
@@ -118,36 +114,45 @@ void evaluate_asked(const Real* c, unsigned asked, int64_t n, const Spots& given
   int64_t j = 0;
   for (; j + V::kCount <= n; j += V::kCount) {
     int64_t i[V::kCount];
-    V t, columns[kOrder], out[4];
+    V t, columns[kOrder];
     spots.many(j, i, &t);
     if constexpr (Spots::kScattered) {
       load_scattered_columns<kOrder>(c, i, columns);
     } else {
       load_columns<kOrder>(c, i, columns);
     }
-    const int64_t count = derivatives<kOrder, kAsked, Real>(asked, columns, t, out);
-    if constexpr (kAsked == 1) {
-      if (layout.site == 1) {
-        out[0].store(r + j);
-        continue;
-      }
+    Real* place = r + j * layout.site;
+    if (layout.site == 1) {
+      derivatives<kOrder, kAsked, Real>(asked, columns, t, [&](V value) {
+        value.store(place);
+        place += layout.derivative;
+      });
+    } else {
+      V out[4];
+      int64_t count = 0;
+      derivatives<kOrder, kAsked, Real>(asked, columns, t, [&](V value) { out[count++] = value; });
+      put_results(out, count, layout, place);
     }
-    put_results(out, count, layout, r + j * layout.site);
   }
   for (; j < n; ++j) {
-    Real t, out[4];
+    Real t;
     const int64_t i = spots.one(j, &t);
-    const int64_t count = derivatives<kOrder, kAsked, Real>(asked, c + kOrder * i, t, out);
-    for (int64_t k = 0; k < count; ++k) r[j * layout.site + k * layout.derivative] = out[k];
+    Real* place = r + j * layout.site;
+    derivatives<kOrder, kAsked, Real>(asked, c + kOrder * i, t, [&](Real value) {
+      *place = value;
+      place += layout.derivative;
+    });
   }
 }
 
-// All derivatives that `orders` asks for. The value alone and value and slope have loops of their own.
+// All derivatives that `orders` asks for. The value, the slope and both together have loops of their own.
 template <int kOrder, class Real, class Spots>
 void evaluate(const Real* c, const Orders& orders, int64_t n, const Spots& spots, const Layout& layout, Real* r) {
   const unsigned asked = orders.below(kOrder);
   if (asked == 1) {
     evaluate_asked<kOrder, 1>(c, asked, n, spots, layout, r);
+  } else if (asked == 2) {
+    evaluate_asked<kOrder, 2>(c, asked, n, spots, layout, r);
   } else if (asked == 3) {
     evaluate_asked<kOrder, 3>(c, asked, n, spots, layout, r);
   } else if (asked != 0) {

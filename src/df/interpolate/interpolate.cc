@@ -120,12 +120,23 @@ template <class Real>
   }
   const Layout layout = Layout::from_hint(rhint, task.ny, nsite, orders.asked());
   const bool write_cells = (flags & kCellsFlag) != 0;
-  const Request<Real> request{task,        evaluator,   Finder<Real>(task, method, datahint),
-                              orders,      layout,      compute,
-                              write_cells, cells_given, uniform_sites,
-                              nsite,       site,        r,
-                              cell,        left,        right,
-                              inside,      cells_given ? UserSearch<Real>() : user};
+  const Request<Real> request{task,
+                              evaluator,
+                              Finder<Real>(task, method, datahint),
+                              orders,
+                              layout,
+                              compute,
+                              write_cells,
+                              cells_given,
+                              uniform_sites,
+                              nsite,
+                              site,
+                              r,
+                              cell,
+                              left,
+                              right,
+                              inside,
+                              cells_given ? UserSearch<Real>() : user};
   return run(request, Services(services));
 }
 

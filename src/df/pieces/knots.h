@@ -22,8 +22,7 @@ class Knots {
   }
   // Given knots must begin and end where the partition does.
   bool ends_fit() const {
-    return given_ == nullptr ||
-           (given_[0] == partition_.first() && given_[partition_.points()] == partition_.last());
+    return given_ == nullptr || (given_[0] == partition_.first() && given_[partition_.points()] == partition_.last());
   }
 
  private:

@@ -14,6 +14,8 @@ namespace orvik::df {
 template <class Real, bool kEven>
 class Partition {
  public:
+  static constexpr bool kIsEven = kEven;
+
   explicit Partition(const Task& task) : points_(task.nx), x_(task.breakpoints<Real>()) {
     if constexpr (kEven) {
       step_ = (x_[1] - x_[0]) / static_cast<Real>(points_ - 1);
@@ -31,9 +33,7 @@ class Partition {
   // Breakpoint i. The right end of a grid is the one given, whatever the steps add up to.
   Real operator[](int64_t i) const { return kEven && i == points_ - 1 ? x_[1] : left_end(i); }
   // The left end of interval i, i < points() - 1.
-  Real left_end(int64_t i) const {
-    return kEven ? std::fma(step_, static_cast<Real>(i), x_[0]) : x_[i];
-  }
+  Real left_end(int64_t i) const { return kEven ? std::fma(step_, static_cast<Real>(i), x_[0]) : x_[i]; }
   // The left ends of several intervals, their numbers given in both forms.
   Lanes<Real> left_ends(Indices<Real> intervals, const int64_t* i) const {
     if constexpr (kEven) {
@@ -43,7 +43,9 @@ class Partition {
     }
   }
 
-  // Length of interval i, its reciprocal, length of intervals i and i + 1 together.
+  // The length of interval i between breakpoints as they are formed, rounding included: what limits are measured by.
+  Real gap(int64_t i) const { return (*this)[i + 1] - left_end(i); }
+  // Length of interval i by definition, its reciprocal, length of intervals i and i + 1 together.
   Real h(int64_t i) const { return kEven ? step_ : x_[i + 1] - x_[i]; }
   Real inverse_h(int64_t i) const { return kEven ? inverse_step_ : 1 / (x_[i + 1] - x_[i]); }
   Real two_h(int64_t i) const { return kEven ? step_ + step_ : x_[i + 2] - x_[i]; }

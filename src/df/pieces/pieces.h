@@ -1,5 +1,5 @@
-// The geometry of a spline's pieces, below evaluation and integration: which piece a cell and a site in it belong to, the
-// point that its coefficients are about (origin), and where it begins and ends, seen from there.
+// The geometry of a spline's pieces, below evaluation and integration: which piece a cell and a site in it belong to,
+// the point that its coefficients are about (origin), and where it begins and ends, seen from there.
 #ifndef ORVIK_DF_PIECES_PIECES_H
 #define ORVIK_DF_PIECES_PIECES_H
 
@@ -28,7 +28,7 @@ struct IntervalPieces {
   int64_t last() const { return x.points() - 2; }
   Real origin(int64_t i) const { return x.left_end(i); }
   Real begin(int64_t) const { return 0; }
-  Real end(int64_t i) const { return x.h(i); }
+  Real end(int64_t i) const { return x.gap(i); }
 };
 
 // Pieces from knot to knot, each about the breakpoint that lies between.

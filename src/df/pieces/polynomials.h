@@ -4,8 +4,8 @@
 
 #include <cmath>
 
-#include "df/pieces/rows.h"
 #include "df/lanes.h"
+#include "df/pieces/rows.h"
 
 namespace orvik::df {
 

@@ -8,8 +8,8 @@
 namespace orvik::df {
 
 // The last cell is held by an upper bound of the position, one step lower for the right end itself, where
-// (x[1] - x[0]) * value is never a whole step short of nx - 1. What is not at or right of x[0] lies at -1, before the cell
-// of position 0; a position that is not a number lies at the bound.
+// (x[1] - x[0]) * value is never a whole step short of nx - 1. What is not at or right of x[0] lies at -1, before the
+// cell of position 0; a position that is not a number lies at the bound.
 template <class Index, class Real, class Cell>
 void uniform_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell) {
   using V = Lanes<Real>;

@@ -26,7 +26,7 @@ void Finder<Real>::many(int64_t n, const Real* site, Cell* cell, int64_t* state)
   }
 }
 
-#define ORVIK_DF_FINDER_FORMS(Real)                                                                     \
+#define ORVIK_DF_FINDER_FORMS(Real)                                                                   \
   template void Finder<Real>::many<int32_t, int32_t>(int64_t, const Real*, int32_t*, int64_t*) const; \
   template void Finder<Real>::many<int32_t, int64_t>(int64_t, const Real*, int64_t*, int64_t*) const; \
   template void Finder<Real>::many<int64_t, int32_t>(int64_t, const Real*, int32_t*, int64_t*) const; \

@@ -45,6 +45,7 @@ int32_t choose_method(const Task& task, bool has_callback, int64_t sitehint, con
 template <class Real>
 class Finder {
  public:
+  Finder() = default;
   Finder(const Task& task, Method method, const Real* datahint) : method_(method) {
     const Real* x = task.breakpoints<Real>();
     lookup_ = {task.nx, x, Real(0), task.bucket_table};
@@ -103,8 +104,8 @@ class Finder {
   }
 
  private:
-  Method method_;
-  Lookup<Real> lookup_;
+  Method method_ = Method::kHybrid;
+  Lookup<Real> lookup_ = {};
 };
 
 }  // namespace orvik::df

@@ -71,7 +71,8 @@ class Model {
     }
     Exact e;
     const int64_t last = static_cast<int64_t>(ends_.size()) - 1;
-    for (int64_t i = 0; i <= last; ++i) {
+    const int64_t begin = std::lower_bound(ends_.begin(), ends_.end(), a) - ends_.begin();
+    for (int64_t i = std::min(begin, last); i <= last && (i == 0 || ends_[size_t(i) - 1] < b); ++i) {
       const bool first_piece = i == 0, last_piece = i == last;
       // The part of [a, b] in piece i; the outer pieces go on.
       const Real from = first_piece ? a : std::max(a, ends_[size_t(i) - 1]);

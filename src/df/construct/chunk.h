@@ -29,7 +29,7 @@ template <class Real, class Body>
 void by_lanes(int64_t from, int64_t to, Body body) {
   using V = Lanes<Real>;
   int64_t k = from;
-  for (; k + V::kCount <= to + 1; k += V::kCount) body(k, V(Real(0)));
+  for (; k + kWidth<V> <= to + 1; k += kWidth<V>) body(k, V(Real(0)));
   for (; k <= to; ++k) body(k, Real(0));
 }
 
@@ -67,19 +67,19 @@ struct Chunk {
   void form_slope(int64_t k) const {
     T inverse(partition.inverse_step());
     if constexpr (!kUniform) {
-      const T step = at<T>(x + k + 1) - at<T>(x + k);
+      const T step = load<T>(x + k + 1) - load<T>(x + k);
       inverse = T(Real(1)) / step;
-      if (kLengths) put(room->h + k, step);
-      put(room->inverse_h + k, inverse);
+      if (kLengths) store(room->h + k, step);
+      store(room->inverse_h + k, inverse);
     }
-    put(room->m + k, (at<T>(y + k + 1) - at<T>(y + k)) * inverse);
+    store(room->m + k, (load<T>(y + k + 1) - load<T>(y + k)) * inverse);
   }
 
   const Real* h() const { return room->h; }
   const Real* m() const { return room->m; }
   template <class T>
   T inverse_length(int64_t k) const {
-    return kUniform ? T(partition.inverse_step()) : at<T>(room->inverse_h + k);
+    return kUniform ? T(partition.inverse_step()) : load<T>(room->inverse_h + k);
   }
 };
 

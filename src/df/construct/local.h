@@ -18,9 +18,9 @@ template <class Rule, class Real, bool kUniform>
   using V = Lanes<Real>;
   const Chunk<Real, kUniform> chunk = given;
   Real* d = chunk.room->d;
-  for (; turns > 0; --turns, a += V::kCount, b += V::kCount, c += V::kCount) {
+  for (; turns > 0; --turns, a += kWidth<V>, b += kWidth<V>, c += kWidth<V>) {
     chunk.template form_slope<Rule::kLengths, V>(a);
-    put(d + b, Rule::template derivative<V>(chunk, b));
+    store(d + b, Rule::template derivative<V>(chunk, b));
     put_cubic<CubicForm::kLocal, V>(chunk, c, d, out + 4 * c);
   }
 }
@@ -33,7 +33,7 @@ template <class Rule, class Real, bool kUniform>
 void local_intervals(const Task& task, Ends ends, const Partition<Real, kUniform>& partition, int64_t function,
                      int64_t begin, int64_t end, Workspace<Real>& room) {
   using V = Lanes<Real>;
-  constexpr int64_t kBehind = 6 * V::kCount;
+  constexpr int64_t kBehind = 6 * kWidth<V>;
   const int64_t nx = task.nx;
   const Values<Real> values(task, function);
   const Outline<Real, kUniform> outline{partition, values, nx, task.boundary_values<Real>()};
@@ -46,15 +46,17 @@ void local_intervals(const Task& task, Ends ends, const Partition<Real, kUniform
     const int64_t base = chunk.base;
     Real* out = all + 4 * base;
     const auto form_slope = [&](int64_t k, auto zero) { chunk.template form_slope<Rule::kLengths, decltype(zero)>(k); };
-    const auto derive = [&](int64_t k, auto zero) { put(d + k, Rule::template derivative<decltype(zero)>(chunk, k)); };
+    const auto derive = [&](int64_t k, auto zero) {
+      store(d + k, Rule::template derivative<decltype(zero)>(chunk, k));
+    };
     const auto put_coefficients = [&](int64_t k, auto zero) {
       put_cubic<CubicForm::kLocal, decltype(zero)>(chunk, k, d, out + 4 * k);
     };
 
     const int64_t slopes = chunk.points - 1;
     const int64_t first = std::max(at, Rule::kFirst) - base, past = std::min(stop, nx - 1 - Rule::kFirst) - base + 1;
-    int64_t a = std::min((first + 2 * kBehind) & -V::kCount, slopes),
-            b = std::min((first + kBehind) & -V::kCount, past);
+    int64_t a = std::min((first + 2 * kBehind) & -kWidth<V>, slopes),
+            b = std::min((first + kBehind) & -kWidth<V>, past);
     int64_t c = at - base;
     const int64_t c_end = stop - base;
     by_lanes<Real>(0, a - 1, form_slope);
@@ -63,9 +65,9 @@ void local_intervals(const Task& task, Ends ends, const Partition<Real, kUniform
       if constexpr (Rule::kFirst == 2) d[1] = Rule::beside_left(chunk);
       d[0] = left_derivative<Rule>(outline, ends, d[1]);
     }
-    const int64_t turns = std::min(std::min(slopes - a, past - b), c_end - c) / V::kCount;
+    const int64_t turns = std::min(std::min(slopes - a, past - b), c_end - c) / kWidth<V>;
     advance<Rule>(chunk, turns, a, b, c, out);
-    if (turns > 0) a += turns * V::kCount, b += turns * V::kCount, c += turns * V::kCount;
+    if (turns > 0) a += turns * kWidth<V>, b += turns * kWidth<V>, c += turns * kWidth<V>;
     by_lanes<Real>(a, slopes - 1, form_slope);
     by_lanes<Real>(b, past - 1, derive);
     const int64_t last = nx - 1 - base;

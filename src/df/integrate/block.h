@@ -37,13 +37,13 @@ void integrate_outer(const Integrand& f, int64_t n, const Stretches<Real>& s, Re
   int64_t j = 0;
   if constexpr (Integrand::kVectors) {
     using V = Lanes<Real>;
-    for (; j + V::kCount <= n; j += V::kCount) {
+    for (; j + kWidth<V> <= n; j += kWidth<V>) {
       const auto first = f.pieces(s.from_piece + j);
-      (first(V::load(s.end + j)) - first(V::load(s.from + j))).store(head + j);
+      store(head + j, first(load<V>(s.end + j)) - first(load<V>(s.from + j)));
       const auto last = f.pieces(s.to_piece + j);
-      V part = last(V::load(s.to + j));
-      if constexpr (!kBeginsAtOrigin) part = part - last(V::load(s.begin + j));
-      part.store(tail + j);
+      V part = last(load<V>(s.to + j));
+      if constexpr (!kBeginsAtOrigin) part = part - last(load<V>(s.begin + j));
+      store(tail + j, part);
     }
   }
   for (; j < n; ++j) {
@@ -65,18 +65,18 @@ struct WholePieces {
     int64_t i = from;
     if constexpr (Integrand::kVectors) {
       using V = Lanes<Real>;
-      for (; i + V::kCount <= to; i += V::kCount) {
-        int64_t number[V::kCount];
-        Real end[V::kCount], begin[V::kCount];
-        for (int64_t k = 0; k < V::kCount; ++k) {
+      for (; i + kWidth<V> <= to; i += kWidth<V>) {
+        int64_t number[kWidth<V>];
+        Real end[kWidth<V>], begin[kWidth<V>];
+        for (int64_t k = 0; k < kWidth<V>; ++k) {
           number[k] = i + k;
           end[k] = pieces.end(i + k);
           if constexpr (!Pieces::kBeginsAtOrigin) begin[k] = pieces.begin(i + k);
         }
         const auto several = f.pieces(number);
-        V whole = several(V::load(end));
-        if constexpr (!Pieces::kBeginsAtOrigin) whole = whole - several(V::load(begin));
-        whole.store(out + (i - from));
+        V whole = several(load<V>(end));
+        if constexpr (!Pieces::kBeginsAtOrigin) whole = whole - several(load<V>(begin));
+        store(out + (i - from), whole);
       }
     }
     for (; i < to; ++i) {

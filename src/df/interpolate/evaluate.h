@@ -19,10 +19,10 @@ struct CellSpots {
   const int32_t* cell;
 
   void many(int64_t j, int64_t* i, Lanes<Real>* t) const {
-    using I = Indices<Real>;
-    const I interval = min(max(I::load(cell + j), I(1)) + I(-1), I(static_cast<int32_t>(x.points() - 2)));
+    using I = LaneIndices<Real>;
+    const I interval = min(max(load_indices<I>(cell + j), I(1)) + I(-1), I(static_cast<int32_t>(x.points() - 2)));
     spread(interval, i);
-    *t = Lanes<Real>::load(site + j) - x.left_ends(interval, i);
+    *t = load<Lanes<Real>>(site + j) - x.left_ends(interval, i);
   }
   int64_t one(int64_t j, Real* t) const {
     const int64_t i = interval_of<int64_t>(cell[j], x.points());
@@ -46,8 +46,8 @@ struct GridSpots {
   }
   void many(int64_t j, int64_t* i, Lanes<Real>* t) const {
     using V = Lanes<Real>;
-    const V at = V::load(site + j), most(static_cast<Real>(x.points() - 2));
-    const Indices<Real> interval = truncated(min(max((at - V(x.first())) * V(lookup.value), V(Real(0))), most));
+    const V at = load<V>(site + j), most(static_cast<Real>(x.points() - 2));
+    const LaneIndices<Real> interval = truncated(min(max((at - V(x.first())) * V(lookup.value), V(Real(0))), most));
     spread(interval, i);
     *t = at - x.left_ends(interval, i);
   }
@@ -66,8 +66,8 @@ struct StoredSpots {
   const Real* t;
 
   void many(int64_t j, int64_t* i, Lanes<Real>* at) const {
-    std::copy(index + j, index + j + Lanes<Real>::kCount, i);
-    *at = Lanes<Real>::load(t + j);
+    std::copy(index + j, index + j + kWidth<Lanes<Real>>, i);
+    *at = load<Lanes<Real>>(t + j);
   }
   int64_t one(int64_t j, Real* at) const {
     *at = t[j];
@@ -80,13 +80,13 @@ template <class Real>
 void put_results(const Lanes<Real>* v, int64_t count, const Layout& layout, Real* r) {
   using V = Lanes<Real>;
   if (layout.derivative == 1 && count == 2 && layout.site == 2) {
-    store_pairs(r, v[0], v[1]);
+    store_pairs(r, {v[0], v[1]});
   } else if (layout.derivative == 1 && count == 4 && layout.site == 4) {
     store_rows(r, v[0], v[1], v[2], v[3]);
   } else {
-    Real singles[4][V::kCount];
-    for (int64_t k = 0; k < count; ++k) v[k].store(singles[k]);
-    for (int64_t j = 0; j < V::kCount; ++j) {
+    Real singles[4][kWidth<V>];
+    for (int64_t k = 0; k < count; ++k) store(singles[k], v[k]);
+    for (int64_t j = 0; j < kWidth<V>; ++j) {
       for (int64_t k = 0; k < count; ++k) r[j * layout.site + k * layout.derivative] = singles[k][j];
     }
   }
@@ -112,8 +112,8 @@ void evaluate_asked(const Real* c, unsigned asked, int64_t n, const Spots& given
   using V = Lanes<Real>;
   const Spots spots = given;  // so that its members need not be read again after each store
   int64_t j = 0;
-  for (; j + V::kCount <= n; j += V::kCount) {
-    int64_t i[V::kCount];
+  for (; j + kWidth<V> <= n; j += kWidth<V>) {
+    int64_t i[kWidth<V>];
     V t, columns[kOrder];
     spots.many(j, i, &t);
     if constexpr (Spots::kScattered) {
@@ -124,7 +124,7 @@ void evaluate_asked(const Real* c, unsigned asked, int64_t n, const Spots& given
     Real* place = r + j * layout.site;
     if (layout.site == 1) {
       derivatives<kOrder, kAsked, Real>(asked, columns, t, [&](V value) {
-        value.store(place);
+        store(place, value);
         place += layout.derivative;
       });
     } else {

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "df/pieces/rows.h"
+#include "df/lanes.h"
 #include "df/task/task.h"
 
 namespace orvik::df {
@@ -35,9 +35,9 @@ class Partition {
   // The left end of interval i, i < points() - 1.
   Real left_end(int64_t i) const { return kEven ? std::fma(step_, static_cast<Real>(i), x_[0]) : x_[i]; }
   // The left ends of several intervals, their numbers given in both forms.
-  Lanes<Real> left_ends(Indices<Real> intervals, const int64_t* i) const {
+  Lanes<Real> left_ends(LaneIndices<Real> intervals, const int64_t* i) const {
     if constexpr (kEven) {
-      return fma(Lanes<Real>(step_), reals(intervals), Lanes<Real>(x_[0]));
+      return fma(Lanes<Real>(step_), to_lanes(intervals), Lanes<Real>(x_[0]));
     } else {
       return load_column<1>(x_, i, 0);
     }

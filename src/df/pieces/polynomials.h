@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "df/lanes.h"
-#include "df/pieces/rows.h"
 
 namespace orvik::df {
 
@@ -19,7 +18,6 @@ constexpr int64_t falling(int64_t j, int64_t derivative) {
 // Derivative kDerivative of a polynomial with kOrder coefficients; V is a real or a vector.
 template <int kOrder, int kDerivative, class Real, class V>
 V horner(const V* c, V t) {
-  using std::fma;
   const auto term = [&](int j) {
     const int64_t factor = falling(j, kDerivative);
     return factor == 1 ? c[j] : V(static_cast<Real>(factor)) * c[j];
@@ -52,7 +50,6 @@ Real polynomial_at(const Real* c, int64_t derivative, Real t) {
 // The integral from the origin to t of a polynomial with kOrder coefficients.
 template <int kOrder, class Real, class V>
 V antiderivative(const V* c, V t) {
-  using std::fma;
   const auto term = [&](int j) { return j == 0 ? c[0] : V(Real(1) / static_cast<Real>(j + 1)) * c[j]; };
   V sum = term(kOrder - 1);
   for (int j = kOrder - 2; j >= 0; --j) sum = fma(t, sum, term(j));

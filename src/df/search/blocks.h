@@ -17,11 +17,12 @@ void uniform_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cel
   // All cell numbers are reals without rounding.
   if (p.nx < (int64_t(1) << (sizeof(Real) == 8 ? 31 : 24)) - 1) {
     const V x0(p.x[0]), x1(p.x[1]), value(p.value), most(static_cast<Real>(p.nx - 1)), one(Real(1)), before(Real(-1));
-    for (; j + V::kCount <= n; j += V::kCount) {
-      const V t = V::load(site + j);
-      const V inside = t >= x0;
-      const V bound = ((most - ((t == x1) & one)) & inside) | and_not(inside, before);
-      max(min((t - x0) * value, bound), before).store_next(cell + j);
+    const LaneIndices<Real> next(1);
+    for (; j + kWidth<V> <= n; j += kWidth<V>) {
+      const V t = load<V>(site + j);
+      const Mask<V> inside = t >= x0;
+      const V bound = keep(inside, most - keep(t == x1, one)) | drop(inside, before);
+      store_indices(cell + j, truncated(max(min((t - x0) * value, bound), before)) + next);
     }
   }
   for (; j < n; ++j) cell[j] = static_cast<Cell>(uniform_cell<Index>(p, site[j]));
@@ -42,15 +43,15 @@ void quasi_uniform_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cel
 template <class Index, class Real, class Cell>
 void sorted_sparse_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell, Index* state) {
   using V = Lanes<Real>;
-  constexpr unsigned kAll = (1u << V::kCount) - 1;
+  constexpr unsigned kAll = (1u << kWidth<V>)-1;
   const Index nx = static_cast<Index>(p.nx);
   for (int64_t j = 0; j < n;) {
-    if (*state < nx && j + V::kCount <= n) {
-      const unsigned before = (V::load(site + j) < V(p.x[*state])).bits();
-      for (int64_t k = 0; k < V::kCount; ++k) cell[j + k] = *state;
+    if (*state < nx && j + kWidth<V> <= n) {
+      const unsigned before = lane_bits(load<V>(site + j) < V(p.x[*state]));
+      for (int64_t k = 0; k < kWidth<V>; ++k) cell[j + k] = *state;
       // A predicted branch here keeps the next load from waiting for this comparison.
       if (before == kAll) {
-        j += V::kCount;
+        j += kWidth<V>;
         continue;
       }
       j += __builtin_ctz(~before);
@@ -66,25 +67,25 @@ template <class Index, class Real, class Cell>
 void sorted_dense_cells(const Lookup<Real>& p, int64_t n, int64_t present, const Real* site, Cell* cell, Index* state) {
   using V = Lanes<Real>;
   constexpr int64_t kTogether = 8;
-  constexpr unsigned kAll = (1u << V::kCount) - 1;
+  constexpr unsigned kAll = (1u << kWidth<V>)-1;
   const Index nx = static_cast<Index>(p.nx);
   const V one(Real(1));
   int64_t j = 0;
   for (; j + kTogether <= n && j + kTogether < present; j += kTogether) {
     const Index k = *state;
     unsigned ascending = kAll;
-    for (int64_t i = 0; i < kTogether; i += V::kCount) {
-      ascending &= (V::load(site + j + i + 1) >= V::load(site + j + i)).bits();
+    for (int64_t i = 0; i < kTogether; i += kWidth<V>) {
+      ascending &= lane_bits(load<V>(site + j + i + 1) >= load<V>(site + j + i));
     }
     if (ascending != kAll || k >= nx - 3 || !(p.x[k + 3] > site[j + kTogether - 1])) {
       for (int64_t i = 0; i < kTogether; ++i) cell[j + i] = sorted_cell(p, site[j + i], state);
       continue;
     }
     const V x0(p.x[k]), x1(p.x[k + 1]), x2(p.x[k + 2]);
-    for (int64_t i = 0; i < kTogether; i += V::kCount) {
-      const V t = V::load(site + j + i);
-      const V passed = ((t >= x0) & one) + ((t >= x1) & one) + ((t >= x2) & one);
-      (truncated(passed) + Indices<Real>(static_cast<int32_t>(k))).store(cell + j + i);
+    for (int64_t i = 0; i < kTogether; i += kWidth<V>) {
+      const V t = load<V>(site + j + i);
+      const V passed = keep(t >= x0, one) + keep(t >= x1, one) + keep(t >= x2, one);
+      store_indices(cell + j + i, truncated(passed) + LaneIndices<Real>(static_cast<int32_t>(k)));
     }
     const Real t = site[j + kTogether - 1];
     *state = k + (p.x[k] <= t) + (p.x[k + 1] <= t) + (p.x[k + 2] <= t);
@@ -121,29 +122,22 @@ template <class Real>
 void find_buckets(const Lookup<Real>& p, int64_t count, const Real* site, int32_t* bucket) {
   using V = Lanes<Real>;
   const V x0(p.x[0]), scale(p.value), zero(Real(0)), most(static_cast<Real>(bucket_count(p.nx)));
-  for (int64_t j = 0; j < count; j += V::kCount) {
-    const V position = (V::load(site + j) - x0) * scale;
+  for (int64_t j = 0; j < count; j += kWidth<V>) {
+    const V position = (load<V>(site + j) - x0) * scale;
     const V held = select(zero < position, select(position < most, position, most), zero);
-    held.store_truncated(bucket + j);
+    store_indices(bucket + j, truncated(held));
   }
 }
 
 // First breakpoints of the buckets' brackets; returns the greatest width.
 inline int32_t load_brackets(const int64_t* table, int64_t count, const int32_t* bucket, int32_t* start) {
-  __m128i width = _mm_setzero_si128();
+  I32Half width(0);
   for (int64_t j = 0; j < count; j += 4) {
-    const auto pair = [&](int64_t k) {
-      return _mm_loadu_ps(reinterpret_cast<const float*>(table + 2 * static_cast<int64_t>(bucket[j + k])));
-    };
-    const __m128 two = _mm_shuffle_ps(pair(0), pair(1), 0x88), more = _mm_shuffle_ps(pair(2), pair(3), 0x88);
-    const __m128i lo = _mm_castps_si128(_mm_shuffle_ps(two, more, 0x88));
-    const __m128i hi = _mm_castps_si128(_mm_shuffle_ps(two, more, 0xDD));
-    width = _mm_max_epi32(width, _mm_sub_epi32(hi, lo));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(start + j), lo);
+    const auto [lo, hi] = gather_pairs(table, bucket + j);
+    width = max(width, hi - lo);
+    store_indices(start + j, lo);
   }
-  alignas(16) int32_t widths[4];
-  _mm_store_si128(reinterpret_cast<__m128i*>(widths), width);
-  return std::max(std::max(widths[0], widths[1]), std::max(widths[2], widths[3]));
+  return largest(width);
 }
 
 // Breakpoints around which cells are counted: windows of `width` from a site's start on, all of them in x[0 .. limit).
@@ -158,15 +152,15 @@ struct Windows {
 template <class Real>
 int32_t halve_windows(const Windows<Real>& w, int32_t narrow, int64_t count, const Real* site, int32_t* start) {
   using V = Lanes<Real>;
-  using I = Indices<Real>;
+  using I = LaneIndices<Real>;
   int32_t width = w.width;
   for (; width > narrow; width -= width / 2) {
     const int32_t half = width / 2;
     const I leap(half), most(w.limit - width);
-    for (int64_t j = 0; j < count; j += V::kCount) {
-      const I from = min(I::load(start + j), most);
+    for (int64_t j = 0; j < count; j += kWidth<V>) {
+      const I from = min(load_indices<I>(start + j), most);
       const V middle = gather(w.x + half - 1, from);
-      select(V::load(site + j) >= middle, from + leap, from).store(start + j);
+      store_indices(start + j, select_index(load<V>(site + j) >= middle, from + leap, from));
     }
   }
   return width;
@@ -177,32 +171,31 @@ template <class Real, class Cell>
 void count_windows(const Windows<Real>& w, int64_t count, const Real* site, const int32_t* start, int32_t last_index,
                    Real last, Cell* cell) {
   using V = Lanes<Real>;
-  const int32_t vectors = (w.width + V::kCount - 1) / V::kCount;
-  const int32_t most = w.limit - vectors * V::kCount;
+  const int32_t vectors = (w.width + kWidth<V> - 1) / kWidth<V>;
+  const int32_t most = w.limit - vectors * kWidth<V>;
   for (int64_t j = 0; j < count; j += 4) {
     const Real* x[4];
-    V passed[4];
+    Integer<V> passed[4];  // as -1
     for (int k = 0; k < 4; ++k) {
       x[k] = w.x + std::min(start[j + k], most);
-      passed[k] = V(Real(0));
+      passed[k] = Integer<V>(Bits<V>(0));
     }
     for (int32_t v = 0; v < vectors; ++v) {
-      for (int k = 0; k < 4; ++k) count_true(&passed[k], V(site[j + k]) >= V::load(x[k] + v * V::kCount));
+      for (int k = 0; k < 4; ++k) {
+        passed[k] = passed[k] + minus_one(V(site[j + k]) >= load<V>(x[k] + v * kWidth<V>));
+      }
     }
-    const __m128i from =
-        _mm_min_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(start + j)), _mm_set1_epi32(most));
-    __m128i cells = _mm_sub_epi32(from, totals(passed));
-    cells = _mm_min_epi32(cells, _mm_set1_epi32(last_index));
+    const I32Half from = min(load_indices<I32Half>(start + j), I32Half(most));
     // Only sites beyond the last breakpoint pass it.
-    cells = _mm_sub_epi32(cells, above(site + j, last));
-    store_indices(cell + j, cells);
+    const I32Half cells = min(from - totals(passed), I32Half(last_index));
+    store_indices(cell + j, cells - four_above(site + j, last));
   }
 }
 
 template <class Index, class Real, class Cell>
 void hybrid_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell) {
   constexpr int64_t kGroup = 128, kTogether = 8;
-  constexpr int32_t kNarrow = 6 * static_cast<int32_t>(Lanes<Real>::kCount);
+  constexpr int32_t kNarrow = 6 * static_cast<int32_t>(kWidth<Lanes<Real>>);
   int64_t at = 0;
   if constexpr (sizeof(Index) == 4) {
     int32_t bucket[kGroup], start[kGroup];

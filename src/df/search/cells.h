@@ -124,11 +124,11 @@ Index count_one_site(const Real* x, Index lo, Index hi, Real t) {
     lo = above ? lo : mid;
   }
   Index count = 0, k = lo;
-  for (; k + V::kCount <= hi; k += V::kCount) count += __builtin_popcount((V(t) >= V::load(x + k)).bits());
+  for (; k + kWidth<V> <= hi; k += kWidth<V>) count += __builtin_popcount(lane_bits(V(t) >= load<V>(x + k)));
   const Index rest = hi - k;
-  if (rest > 0 && hi >= V::kCount) {  // they are the last ones before hi
-    const unsigned last = (V(t) >= V::load(x + hi - V::kCount)).bits();
-    return lo + count + __builtin_popcount(last >> (V::kCount - rest));
+  if (rest > 0 && hi >= kWidth<V>) {  // they are the last ones before hi
+    const unsigned last = lane_bits(V(t) >= load<V>(x + hi - kWidth<V>));
+    return lo + count + __builtin_popcount(last >> (kWidth<V> - rest));
   }
   for (; k < hi; ++k) count += x[k] <= t;
   return lo + count;

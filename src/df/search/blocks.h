@@ -7,23 +7,48 @@
 
 namespace orvik::df {
 
-// The last cell is held by an upper bound of the position, one step lower for the right end itself, where
-// (x[1] - x[0]) * value is never a whole step short of nx - 1. What is not at or right of x[0] lies at -1, before the
-// cell of position 0; a position that is not a number lies at the bound.
+// Cells of whole vectors of any sites. The last cell is held by an upper bound of the position, one step lower for the
+// right end itself, where (x[1] - x[0]) * value is never a whole step short of nx - 1. What is not at or right of x[0]
+// lies at -1, before the cell of position 0; a position that is not a number lies at the bound.
+template <class Real, class Cell>
+void uniform_lanes(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell) {
+  using V = Lanes<Real>;
+  const V x0(p.x[0]), x1(p.x[1]), value(p.value), most(static_cast<Real>(p.nx - 1)), one(Real(1)), before(Real(-1));
+  const LaneIndices<Real> next(1);
+  for (int64_t j = 0; j < n; j += kWidth<V>) {
+    const V t = load<V>(site + j);
+    const Mask<V> inside = t >= x0;
+    const V bound = keep(inside, most - keep(t == x1, one)) | drop(inside, before);
+    store_indices(cell + j, truncated(max(min((t - x0) * value, bound), before)) + next);
+  }
+}
+
+// Blocks of sites that lie inside, all of them, need no bounds: their positions come out below nx.
 template <class Index, class Real, class Cell>
 void uniform_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell) {
   using V = Lanes<Real>;
+  constexpr int64_t kTogether = 4 * kWidth<V>;
   int64_t j = 0;
   // All cell numbers are reals without rounding.
   if (p.nx < (int64_t(1) << (sizeof(Real) == 8 ? 31 : 24)) - 1) {
-    const V x0(p.x[0]), x1(p.x[1]), value(p.value), most(static_cast<Real>(p.nx - 1)), one(Real(1)), before(Real(-1));
+    const V x0(p.x[0]), x1(p.x[1]), value(p.value);
     const LaneIndices<Real> next(1);
-    for (; j + kWidth<V> <= n; j += kWidth<V>) {
-      const V t = load<V>(site + j);
-      const Mask<V> inside = t >= x0;
-      const V bound = keep(inside, most - keep(t == x1, one)) | drop(inside, before);
-      store_indices(cell + j, truncated(max(min((t - x0) * value, bound), before)) + next);
+    const bool plain = p.value > 0 && p.value <= std::numeric_limits<Real>::max();
+    for (; plain && j + kTogether <= n; j += kTogether) {
+      V t[4];
+      for (int k = 0; k < 4; ++k) t[k] = load<V>(site + j + k * kWidth<V>);
+      const auto inside = [&](int k) { return (t[k] >= x0) & (t[k] < x1); };
+      if (lane_bits((inside(0) & inside(1)) & (inside(2) & inside(3))) == (1u << kWidth<V>)-1) {
+        for (int k = 0; k < 4; ++k) {
+          store_indices(cell + j + k * kWidth<V>, truncated((t[k] - x0) * value) + next);
+        }
+      } else {
+        uniform_lanes(p, kTogether, site + j, cell + j);
+      }
     }
+    const int64_t rest = (n - j) / kWidth<V> * kWidth<V>;
+    uniform_lanes(p, rest, site + j, cell + j);
+    j += rest;
   }
   for (; j < n; ++j) cell[j] = static_cast<Cell>(uniform_cell<Index>(p, site[j]));
 }
@@ -38,6 +63,8 @@ void quasi_uniform_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cel
     for (int64_t j = 0; j < count; ++j) cell[at + j] = cell_from_guess(p, guess[j], site[at + j]);
   }
 }
+
+inline constexpr int64_t kSortedChunk = 64;  // ascending sites that are looked at together
 
 // Ascending sites that pass few breakpoints: as many as lie before the next one are in the state's cell.
 template <class Index, class Real, class Cell>
@@ -94,25 +121,6 @@ void sorted_dense_cells(const Lookup<Real>& p, int64_t n, int64_t present, const
 }
 
 template <class Index, class Real, class Cell>
-void sorted_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell, int64_t* sorted_state) {
-  constexpr int64_t kChunk = 64;
-  if (n < 1) return;
-  Index state = static_cast<Index>(*sorted_state);
-  approach_first_site(p, site[0], &state);
-  const Index nx = static_cast<Index>(p.nx);
-  for (int64_t at = 0; at < n; at += kChunk) {
-    const int64_t count = std::min(kChunk, n - at);
-    // Whether the chunk passes four breakpoints. The counting of cells needs 32-bit ones.
-    if (sizeof(Index) == 4 && state < nx - 3 && p.x[state + 3] <= site[at + count - 1]) {
-      sorted_dense_cells(p, count, n - at, site + at, cell + at, &state);
-    } else {
-      sorted_sparse_cells(p, count, site + at, cell + at, &state);
-    }
-  }
-  *sorted_state = state;
-}
-
-template <class Index, class Real, class Cell>
 void peak_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell) {
   for (int64_t j = 0; j < n; ++j) cell[j] = peak_cell<Index>(p, site[j]);
 }
@@ -147,6 +155,8 @@ struct Windows {
   const Real* x;
   int32_t width, limit;
 };
+template <class Real>
+inline constexpr int32_t kNarrowWindow = 6 * kWidth<Lanes<Real>>;  // these are counted, not halved
 
 // Halves the windows together until they are narrow enough to be counted.
 template <class Real>
@@ -192,10 +202,59 @@ void count_windows(const Windows<Real>& w, int64_t count, const Real* site, cons
   }
 }
 
+// Sites that pass about as many breakpoints as they are, or more: all are sought at once in the stretch of breakpoints
+// that the last one ends. False where the sites do not ascend from the state on, or end at the last breakpoint.
+template <class Real, class Cell>
+bool sorted_far_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell, int32_t* state) {
+  using V = Lanes<Real>;
+  const int32_t nx = static_cast<int32_t>(p.nx), from = *state;
+  const Real last = site[n - 1];
+  Mask<V> ascend = load<V>(site + 1) >= load<V>(site);
+  for (int64_t j = kWidth<V>; j < n; j += kWidth<V>) ascend = ascend & (load<V>(site + j) >= load<V>(site + j - 1));
+  if (lane_bits(ascend) != (1u << kWidth<V>)-1 || last == p.x[nx - 1]) return false;
+  if (from > 0 && !(site[0] >= p.x[from - 1])) return false;
+  const int32_t end = leap_up(p.x, nx, from, last);
+  int32_t start[kSortedChunk];
+  std::fill(start, start + n, from);
+  Windows<Real> windows{p.x, end - from, nx};
+  windows.width = halve_windows(windows, kNarrowWindow<Real>, n, site, start);
+  count_windows(windows, n, site, start, nx - 1, p.x[nx - 1], cell);
+  *state = end;
+  return true;
+}
+
+template <class Index, class Real, class Cell>
+void sorted_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell, int64_t* sorted_state) {
+  constexpr Index kFar = kSortedChunk / 2;  // breakpoints
+  if (n < 1) return;
+  Index state = static_cast<Index>(*sorted_state);
+  approach_first_site(p, site[0], &state);
+  const Index nx = static_cast<Index>(p.nx);
+  for (int64_t at = 0; at < n; at += kSortedChunk) {
+    const int64_t count = std::min(kSortedChunk, n - at);
+    const auto passes = [&](Index breakpoints) {  // by the chunk
+      return state < nx - breakpoints && p.x[state + breakpoints] <= site[at + count - 1];
+    };
+    // The counting of cells needs 32-bit ones.
+    if constexpr (sizeof(Index) == 4) {
+      if (count == kSortedChunk && nx >= kNarrowWindow<Real> && passes(kFar) &&
+          sorted_far_cells(p, count, site + at, cell + at, &state)) {
+        continue;
+      }
+    }
+    if (sizeof(Index) == 4 && passes(3)) {
+      sorted_dense_cells(p, count, n - at, site + at, cell + at, &state);
+    } else {
+      sorted_sparse_cells(p, count, site + at, cell + at, &state);
+    }
+  }
+  *sorted_state = state;
+}
+
 template <class Index, class Real, class Cell>
 void hybrid_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell) {
   constexpr int64_t kGroup = 128, kTogether = 8;
-  constexpr int32_t kNarrow = 6 * static_cast<int32_t>(kWidth<Lanes<Real>>);
+  constexpr int32_t kNarrow = kNarrowWindow<Real>;
   int64_t at = 0;
   if constexpr (sizeof(Index) == 4) {
     int32_t bucket[kGroup], start[kGroup];

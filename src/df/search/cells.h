@@ -158,25 +158,30 @@ Index sorted_cell(const Lookup<Real>& p, Real t, Index* state) {
   return *state = scan_up(p.x, nx, *state, t);
 }
 
-// Before the first site: leap towards it, twice as far each time, then halve the last leap.
-template <class Index, class Real>
-void approach_first_site(const Lookup<Real>& p, Real t, Index* state) {
-  if (*state >= p.nx - p.nx / 2 || t == p.x[p.nx - 1]) return;
-  int64_t lo = *state, leap = 1;
-  while (lo + leap < p.nx && !(p.x[lo + leap] > t)) {
+// First k >= start with x[k] > t, nx if there is none, for ascending x: leaps twice as far each time, the last one
+// halved.
+template <class Real, class Index>
+Index leap_up(const Real* x, Index nx, Index start, Real t) {
+  int64_t lo = static_cast<int64_t>(start) - 1, leap = 1;  // x[lo] is not above t, or before the start
+  while (lo + leap < nx && !(x[lo + leap] > t)) {
     lo += leap;
     leap *= 2;
   }
-  int64_t hi = std::min(lo + leap, p.nx);
+  int64_t hi = std::min<int64_t>(lo + leap, nx);
   while (hi - lo > 1) {
     const int64_t mid = lo + (hi - lo) / 2;
-    if (p.x[mid] > t) {
-      hi = mid;
-    } else {
-      lo = mid;
-    }
+    const bool above = x[mid] > t;
+    hi = above ? mid : hi;
+    lo = above ? lo : mid;
   }
-  *state = static_cast<Index>(lo);
+  return static_cast<Index>(hi);
+}
+
+// Before the first site, to near its cell.
+template <class Index, class Real>
+void approach_first_site(const Lookup<Real>& p, Real t, Index* state) {
+  if (*state >= p.nx - p.nx / 2 || t == p.x[p.nx - 1]) return;
+  *state = leap_up(p.x, static_cast<Index>(p.nx), *state, t);
 }
 
 // A caller's guess made right. A site equal to x[guess] stays in cell `guess`.

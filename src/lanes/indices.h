@@ -32,6 +32,9 @@ inline void store_indices(int64_t* p, I32 a) {
   store_indices(p + 4, high_half(a));
 }
 
+inline I32 max_unsigned(I32 a, I32 b) { return _mm256_max_epu32(a.v, b.v); }
+inline I32Half max_unsigned(I32Half a, I32Half b) { return _mm_max_epu32(a.v, b.v); }
+
 // Lanes that are indices: truncated to them, and back.
 inline I32 truncated(F32 a) { return _mm256_cvttps_epi32(a.v); }
 inline I32Half truncated(F64 a) { return _mm256_cvttpd_epi32(a.v); }
@@ -68,6 +71,17 @@ inline int32_t largest(I32Half a) {
   store_indices(each, a);
   return std::max(std::max(each[0], each[1]), std::max(each[2], each[3]));
 }
+
+inline bool any_above_unsigned(I32Half a, I32Half bound) {
+  return _mm_movemask_epi8(_mm_cmpeq_epi32(_mm_max_epu32(a.v, bound.v), bound.v)) != 0xFFFF;
+}
+inline bool any_above_unsigned(I32 a, I32 bound) {
+  return _mm256_movemask_epi8(_mm256_cmpeq_epi32(_mm256_max_epu32(a.v, bound.v), bound.v)) != -1;
+}
+
+// The low 32 bits of every lane.
+inline I32 to_indices(I32 a) { return a; }
+inline I32Half to_indices(I64 a) { return low_words(a); }
 
 // --- counting: true lanes are added up as -1 -------------------------------------------------------------------------
 

@@ -23,26 +23,29 @@ void uniform_lanes(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cel
   }
 }
 
-// Blocks of sites that lie inside, all of them, need no bounds: their positions come out below nx.
+// Blocks of sites whose positions lie from 0 to below nx - 1 need no bounds. A position below 0 has a sign; one that is
+// no number or too large becomes the largest index without one.
 template <class Index, class Real, class Cell>
 void uniform_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell) {
   using V = Lanes<Real>;
-  constexpr int64_t kTogether = 4 * kWidth<V>;
+  constexpr int64_t kTogether = 8 * kWidth<V>;
   int64_t j = 0;
   // All cell numbers are reals without rounding.
   if (p.nx < (int64_t(1) << (sizeof(Real) == 8 ? 31 : 24)) - 1) {
-    const V x0(p.x[0]), x1(p.x[1]), value(p.value);
-    const LaneIndices<Real> next(1);
-    const bool plain = p.value > 0 && p.value <= std::numeric_limits<Real>::max();
-    for (; plain && j + kTogether <= n; j += kTogether) {
-      V t[4];
-      for (int k = 0; k < 4; ++k) t[k] = load<V>(site + j + k * kWidth<V>);
-      const auto inside = [&](int k) { return (t[k] >= x0) & (t[k] < x1); };
-      if (lane_bits((inside(0) & inside(1)) & (inside(2) & inside(3))) == (1u << kWidth<V>)-1) {
-        for (int k = 0; k < 4; ++k) {
-          store_indices(cell + j + k * kWidth<V>, truncated((t[k] - x0) * value) + next);
-        }
-      } else {
+    const V x0(p.x[0]), value(p.value);
+    const LaneIndices<Real> next(1), zero(0);
+    const LaneIndices<Real> last(static_cast<int32_t>(p.nx - 2));
+    for (; j + kTogether <= n; j += kTogether) {
+      V signs(Real(0));
+      LaneIndices<Real> most = zero;
+      for (int64_t k = 0; k < kTogether; k += kWidth<V>) {
+        const V position = (load<V>(site + j + k) - x0) * value;
+        const LaneIndices<Real> i = truncated(position);
+        signs = signs | position;
+        most = max_unsigned(most, i);
+        store_indices(cell + j + k, i + next);
+      }
+      if (!none(sign_decides(signs)) || any_above_unsigned(most, last)) {
         uniform_lanes(p, kTogether, site + j, cell + j);
       }
     }
@@ -88,34 +91,47 @@ void sorted_sparse_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cel
   }
 }
 
-// Sites that pass a breakpoint every few sites: eight are counted against the next three breakpoints without a branch.
+// Sites that pass a breakpoint every few sites: eight are counted against the next kAhead breakpoints without a branch.
 // Whatever is out of that order goes site by site. Of `present` sites the first n are wanted.
-template <class Index, class Real, class Cell>
+template <int kAhead, class Index, class Real, class Cell>
 void sorted_dense_cells(const Lookup<Real>& p, int64_t n, int64_t present, const Real* site, Cell* cell, Index* state) {
   using V = Lanes<Real>;
-  constexpr int64_t kTogether = 8;
+  constexpr int64_t kTogether = 8, kVectors = kTogether / kWidth<V>;
   constexpr unsigned kAll = (1u << kWidth<V>)-1;
   const Index nx = static_cast<Index>(p.nx);
-  const V one(Real(1));
   int64_t j = 0;
   for (; j + kTogether <= n && j + kTogether < present; j += kTogether) {
     const Index k = *state;
+    V t[kVectors];
     unsigned ascending = kAll;
-    for (int64_t i = 0; i < kTogether; i += kWidth<V>) {
-      ascending &= lane_bits(load<V>(site + j + i + 1) >= load<V>(site + j + i));
+    for (int64_t i = 0; i < kVectors; ++i) {
+      t[i] = load<V>(site + j + i * kWidth<V>);
+      ascending &= lane_bits(load<V>(site + j + i * kWidth<V> + 1) >= t[i]);
     }
-    if (ascending != kAll || k >= nx - 3 || !(p.x[k + 3] > site[j + kTogether - 1])) {
+    if (ascending != kAll || k >= nx - kAhead || !(p.x[k + kAhead] > site[j + kTogether - 1])) {
       for (int64_t i = 0; i < kTogether; ++i) cell[j + i] = sorted_cell(p, site[j + i], state);
       continue;
     }
-    const V x0(p.x[k]), x1(p.x[k + 1]), x2(p.x[k + 2]);
-    for (int64_t i = 0; i < kTogether; i += kWidth<V>) {
-      const V t = load<V>(site + j + i);
-      const V passed = keep(t >= x0, one) + keep(t >= x1, one) + keep(t >= x2, one);
-      store_indices(cell + j + i, truncated(passed) + LaneIndices<Real>(static_cast<int32_t>(k)));
+    Integer<V> passed[kVectors];  // as -1
+    for (int64_t i = 0; i < kVectors; ++i) passed[i] = Integer<V>(Bits<V>(0));
+    for (int64_t ahead = 0; ahead < kAhead; ++ahead) {
+      const V x(p.x[k + ahead]);
+      for (int64_t i = 0; i < kVectors; ++i) passed[i] = passed[i] + minus_one(t[i] >= x);
     }
-    const Real t = site[j + kTogether - 1];
-    *state = k + (p.x[k] <= t) + (p.x[k + 1] <= t) + (p.x[k + 2] <= t);
+    for (int64_t i = 0; i < kVectors; ++i) {
+      store_indices(cell + j + i * kWidth<V>, LaneIndices<Real>(static_cast<int32_t>(k)) - to_indices(passed[i]));
+    }
+    // Anew for the last site, so that the next turn waits for no store.
+    const Real t_last = site[j + kTogether - 1];
+    Index ahead = 0;
+    if constexpr (kAhead % kWidth<V> == 0) {
+      for (int64_t i = 0; i < kAhead; i += kWidth<V>) {
+        ahead += static_cast<Index>(__builtin_popcount(lane_bits(V(t_last) >= load<V>(p.x + k + i))));
+      }
+    } else {
+      for (int64_t i = 0; i < kAhead; ++i) ahead += p.x[k + i] <= t_last;
+    }
+    *state = k + ahead;
   }
   for (; j < n; ++j) cell[j] = sorted_cell(p, site[j], state);
 }
@@ -225,7 +241,7 @@ bool sorted_far_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* 
 
 template <class Index, class Real, class Cell>
 void sorted_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell, int64_t* sorted_state) {
-  constexpr Index kFar = kSortedChunk / 2;  // breakpoints
+  constexpr Index kFar = 80;  // breakpoints
   if (n < 1) return;
   Index state = static_cast<Index>(*sorted_state);
   approach_first_site(p, site[0], &state);
@@ -242,10 +258,17 @@ void sorted_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell
         continue;
       }
     }
-    if (sizeof(Index) == 4 && passes(3)) {
-      sorted_dense_cells(p, count, n - at, site + at, cell + at, &state);
-    } else {
+    const auto dense = [&]<int kAhead>() {
+      sorted_dense_cells<kAhead>(p, count, n - at, site + at, cell + at, &state);
+    };
+    if (sizeof(Index) == 8 || !passes(3)) {
       sorted_sparse_cells(p, count, site + at, cell + at, &state);
+    } else if (!passes(8)) {
+      dense.template operator()<3>();
+    } else if (!passes(28)) {
+      dense.template operator()<8>();
+    } else {
+      dense.template operator()<16>();
     }
   }
   *sorted_state = state;

@@ -43,18 +43,16 @@ struct Chunk {
   const Real* x;
   const Real* y;
   Workspace<Real>* room;
-  const Real* given;  // what the caller gives for the inner breakpoints of the whole partition
 
   // The breakpoints from begin - halo to end + halo, as far as they exist. No slope is formed yet.
   Chunk(const Partition<Real, kUniform>& given, const Values<Real>& values, int64_t nx, int64_t begin, int64_t end,
-        int64_t halo, const Real* inner, Workspace<Real>& scratch)
+        int64_t halo, Workspace<Real>& scratch)
       : partition(given),
         base(std::max<int64_t>(begin - halo, 0)),
         points(std::min(end + halo, nx - 1) - base + 1),
         x(kUniform ? given.given() : given.given() + base),
         y(scratch.y),
-        room(&scratch),
-        given(inner) {
+        room(&scratch) {
     if (values.stride == 1) {
       y = values.first + base;
     } else {

@@ -37,12 +37,11 @@ void local_intervals(const Task& task, Ends ends, const Partition<Real, kUniform
   const int64_t nx = task.nx;
   const Values<Real> values(task, function);
   const Outline<Real, kUniform> outline{partition, values, nx, task.boundary_values<Real>()};
-  const Real* given = task.internal_values<Real>();
   Real* all = task.coefficients<Real>(function);
   Real* d = room.d;
   for (int64_t at = begin; at < end; at += kChunkIntervals) {
     const int64_t stop = std::min(at + kChunkIntervals, end);
-    const Chunk<Real, kUniform> chunk(partition, values, nx, at, stop, Rule::kHalo, given, room);
+    const Chunk<Real, kUniform> chunk(partition, values, nx, at, stop, Rule::kHalo, room);
     const int64_t base = chunk.base;
     Real* out = all + 4 * base;
     const auto form_slope = [&](int64_t k, auto zero) { chunk.template form_slope<Rule::kLengths, decltype(zero)>(k); };
@@ -79,13 +78,59 @@ void local_intervals(const Task& task, Ends ends, const Partition<Real, kUniform
   }
 }
 
+// The polynomial of interval k of a chunk, or of several from there on, from the derivatives at its ends.
+template <class T, class Real, bool kUniform>
+void put_interval(const Chunk<Real, kUniform>& c, int64_t k, T d0, T d1, Real* out) {
+  T inverse(c.partition.inverse_step());
+  if constexpr (!kUniform) inverse = T(Real(1)) / (load<T>(c.x + k + 1) - load<T>(c.x + k));
+  const T y0 = load<T>(c.y + k);
+  T c2, c3;
+  cubic_terms<CubicForm::kLocal>((load<T>(c.y + k + 1) - y0) * inverse, inverse, d0, d1, &c2, &c3);
+  store_rows(out, y0, d0, c2, c3);
+}
+
+// The same where the caller gives the derivatives: nothing need be kept between slopes, derivatives and coefficients.
+template <class Rule, class Real, bool kUniform>
+void given_intervals(const Task& task, Ends ends, const Partition<Real, kUniform>& partition, int64_t function,
+                     int64_t begin, int64_t end, Workspace<Real>& room) {
+  const int64_t nx = task.nx;
+  const Values<Real> values(task, function);
+  const Outline<Real, kUniform> outline{partition, values, nx, task.boundary_values<Real>()};
+  const Real* d = task.internal_values<Real>() - 1;  // d[k] at breakpoint k, but for the first and the last
+  Real* out = task.coefficients<Real>(function);
+  for (int64_t at = begin; at < end; at += kChunkIntervals) {
+    const int64_t stop = std::min(at + kChunkIntervals, end);
+    const Chunk<Real, kUniform> chunk(partition, values, nx, at, stop, 0, room);
+    by_lanes<Real>(std::max<int64_t>(at, 1), std::min(stop, nx - 2) - 1, [&, chunk](int64_t k, auto zero) {
+      using T = decltype(zero);
+      put_interval<T>(chunk, k - at, load<T>(d + k), load<T>(d + k + 1), out + 4 * k);
+    });
+    if (at == 0) put_interval(chunk, 0, left_derivative<Rule>(outline, ends, d[1]), d[1], out);
+    if (stop == nx - 1) {
+      const Real last = d[nx - 2];
+      put_interval(chunk, nx - 2 - at, last, right_derivative<Rule>(outline, ends, last), out + 4 * (nx - 2));
+    }
+  }
+}
+
+// By what the rule looks at.
+template <class Rule, class Real, bool kUniform>
+void construct_intervals(const Task& task, Ends ends, const Partition<Real, kUniform>& partition, int64_t function,
+                         int64_t begin, int64_t end, Workspace<Real>& room) {
+  if constexpr (Rule::kGiven) {
+    given_intervals<Rule>(task, ends, partition, function, begin, end, room);
+  } else {
+    local_intervals<Rule>(task, ends, partition, function, begin, end, room);
+  }
+}
+
 template <class Rule, class Real, bool kUniform>
 int32_t run_local(const Task& task, Ends ends, const Services& services) {
   const Partition<Real, kUniform> partition(task);
   if (std::max<int64_t>(task.ny, 1) * task.nx < 512) {
     Workspace<Real> room;
     for (int64_t f = 0; f < task.ny; ++f) {
-      local_intervals<Rule>(task, ends, partition, f, 0, task.nx - 1, room);
+      construct_intervals<Rule>(task, ends, partition, f, 0, task.nx - 1, room);
     }
     return 0;
   }
@@ -94,7 +139,7 @@ int32_t run_local(const Task& task, Ends ends, const Services& services) {
   const serv::Block<Workspace<Real>> rooms(static_cast<uint64_t>(threads));
   if (!rooms) return DFS_NO_MEMORY;
   return run_grid(services, grid, threads, task.ny, [&](int64_t f, int64_t begin, int64_t end, int64_t thread) {
-    local_intervals<Rule>(task, ends, partition, f, begin, end, rooms[static_cast<uint64_t>(thread)]);
+    construct_intervals<Rule>(task, ends, partition, f, begin, end, rooms[static_cast<uint64_t>(thread)]);
   });
 }
 

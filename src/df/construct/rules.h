@@ -1,6 +1,7 @@
 // The derivative rules of the local cubic kinds: each says which slopes it looks at, the derivative at an interior
 // breakpoint k of a chunk or at several from there on, and the derivatives at the ends of a periodic function. kHalo:
-// breakpoints that it looks at on either side; kFirst: where it begins to hold; kLengths: it reads intervals' lengths.
+// breakpoints that it looks at on either side; kFirst: where it begins to hold; kLengths: it reads intervals' lengths;
+// kGiven: there is none, the caller gives the derivatives.
 #ifndef ORVIK_DF_CONSTRUCT_RULES_H
 #define ORVIK_DF_CONSTRUCT_RULES_H
 
@@ -21,15 +22,11 @@ struct Outline {
   int64_t last() const { return nx - 2; }  // the last interval
 };
 
-// Derivatives that the caller gives.
+// Derivatives that the caller gives: only the ends are rules.
 struct Hermite {
-  static constexpr int64_t kHalo = 0, kFirst = 1;
-  static constexpr bool kLengths = false;
+  static constexpr bool kGiven = true;
+  static constexpr int64_t kFirst = 1;
 
-  template <class T, class Real, bool kUniform>
-  static T derivative(const Chunk<Real, kUniform>& c, int64_t k) {
-    return load<T>(c.given + (c.base + k - 1));  // the first one is of breakpoint 1
-  }
   template <class Real, bool kUniform>
   static Real periodic_left(const Outline<Real, kUniform>& o) {
     return o.bc[0];
@@ -42,6 +39,7 @@ struct Hermite {
 
 // The parabola through three neighbouring points.
 struct Bessel {
+  static constexpr bool kGiven = false;
   static constexpr int64_t kHalo = 1, kFirst = 1;
   static constexpr bool kLengths = true;
 
@@ -84,6 +82,7 @@ struct Bessel {
 
 // Bessel's derivative, cut to zero at extrema and to three times the smaller slope (Hyman 1983).
 struct Hyman {
+  static constexpr bool kGiven = false;
   static constexpr int64_t kHalo = 1, kFirst = 1;
   static constexpr bool kLengths = true;
 
@@ -107,6 +106,7 @@ struct Hyman {
 
 // Slopes weighted by how much the slopes on the other side change (Akima 1970).
 struct Akima {
+  static constexpr bool kGiven = false;
   static constexpr int64_t kHalo = 2, kFirst = 2;
   static constexpr bool kLengths = false;
 

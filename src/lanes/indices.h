@@ -79,6 +79,13 @@ inline bool any_above_unsigned(I32 a, I32 bound) {
   return _mm256_movemask_epi8(_mm256_cmpeq_epi32(_mm256_max_epu32(a.v, bound.v), bound.v)) != -1;
 }
 
+inline bool all_equal(I32Half a, int32_t b) {
+  return _mm_movemask_epi8(_mm_cmpeq_epi32(a.v, _mm_set1_epi32(b))) == 0xFFFF;
+}
+inline bool all_equal(I32 a, int32_t b) {
+  return _mm256_movemask_epi8(_mm256_cmpeq_epi32(a.v, _mm256_set1_epi32(b))) == -1;
+}
+
 // The low 32 bits of every lane.
 inline I32 to_indices(I32 a) { return a; }
 inline I32Half to_indices(I64 a) { return low_words(a); }

@@ -68,7 +68,13 @@ class BlockRun {
   int32_t compute() {
     if constexpr (sizeof(Index) == 4) {
       if (task_.ny == 1 && q_.polynomials_only()) {
-        with_partition<Real>(task_, [&](const auto& x) { evaluate(q_, 0, count_, CellSpots{x, site_, cell_}, at(0)); });
+        if (in_runs()) {
+          evaluate(q_, 0, count_, RunSpots<Real>{{Partition<Real, false>(task_), site_, cell_}}, at(0));
+        } else {
+          with_partition<Real>(task_, [&](const auto& x) {
+            evaluate(q_, 0, count_, CellSpots{x, site_, cell_}, at(0));
+          });
+        }
         return 0;
       }
     }
@@ -78,6 +84,12 @@ class BlockRun {
       if (q_.evaluator != Evaluator::kLookUp && q_.any_supplier()) status = supply(f);
     }
     return status;
+  }
+
+  // Whether ascending sites lie in a few pieces, many in each.
+  bool in_runs() const {
+    constexpr int64_t kRun = 16;
+    return q_.finder.method() == Method::kSorted && !q_.cells_given && (cell_[count_ - 1] - cell_[0]) * kRun <= count_;
   }
 
   // The place of the first site's first result.

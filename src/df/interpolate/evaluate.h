@@ -13,7 +13,7 @@ namespace orvik::df {
 // By cells; numbers and coordinates stay in registers.
 template <class Real, bool kEven>
 struct CellSpots {
-  static constexpr bool kScattered = false;
+  static constexpr bool kScattered = false, kRuns = false;
   Partition<Real, kEven> x;
   const Real* site;
   const int32_t* cell;
@@ -31,11 +31,26 @@ struct CellSpots {
   }
 };
 
+// The same where many sites follow each other in each piece: its coefficients and its left end are the same for all.
+template <class Real>
+struct RunSpots : CellSpots<Real, false> {
+  static constexpr bool kRuns = true;
+
+  // The piece, where it is that of all; else -1.
+  int64_t common(int64_t j, Lanes<Real>* t) const {
+    const int32_t cell = this->cell[j];
+    if (!all_equal(load_indices<LaneIndices<Real>>(this->cell + j), cell)) return -1;
+    const int64_t i = interval_of<int64_t>(cell, this->x.points());
+    *t = load<Lanes<Real>>(this->site + j) - Lanes<Real>(this->x.left_end(i));
+    return i;
+  }
+};
+
 // On an even grid straight from the sites: those outside and not-a-numbers fall into place when the position is held
 // inside. Sound where the position of x[1] cannot be rounded by a whole step.
 template <class Real>
 struct GridSpots {
-  static constexpr bool kScattered = true;
+  static constexpr bool kScattered = true, kRuns = false;
   Partition<Real, true> x;
   Lookup<Real> lookup;
   const Real* site;
@@ -61,7 +76,7 @@ struct GridSpots {
 // Found before, for all functions of a task or by pieces that are not intervals.
 template <class Real>
 struct StoredSpots {
-  static constexpr bool kScattered = false;
+  static constexpr bool kScattered = false, kRuns = false;
   const int64_t* index;
   const Real* t;
 
@@ -113,13 +128,19 @@ void evaluate_asked(const Real* c, unsigned asked, int64_t n, const Spots& given
   const Spots spots = given;  // so that its members need not be read again after each store
   int64_t j = 0;
   for (; j + kWidth<V> <= n; j += kWidth<V>) {
-    int64_t i[kWidth<V>];
     V t, columns[kOrder];
-    spots.many(j, i, &t);
-    if constexpr (Spots::kScattered) {
-      load_scattered_columns<kOrder>(c, i, columns);
+    int64_t common = -1;
+    if constexpr (Spots::kRuns) common = spots.common(j, &t);
+    if (common >= 0) {
+      for (int k = 0; k < kOrder; ++k) columns[k] = V(c[kOrder * common + k]);
     } else {
-      load_columns<kOrder>(c, i, columns);
+      int64_t i[kWidth<V>];
+      spots.many(j, i, &t);
+      if constexpr (Spots::kScattered) {
+        load_scattered_columns<kOrder>(c, i, columns);
+      } else {
+        load_columns<kOrder>(c, i, columns);
+      }
     }
     Real* place = r + j * layout.site;
     if (layout.site == 1) {

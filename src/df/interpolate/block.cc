@@ -72,7 +72,8 @@ class BlockRun {
           evaluate(q_, 0, count_, RunSpots<Real>{{Partition<Real, false>(task_), site_, cell_}}, at(0));
         } else {
           with_partition<Real>(task_, [&](const auto& x) {
-            evaluate(q_, 0, count_, CellSpots{x, site_, cell_}, at(0));
+            using Spots = CellSpots<Real, std::decay_t<decltype(x)>::kIsEven>;
+            evaluate(q_, 0, count_, Spots{x, site_, cell_}, at(0));
           });
         }
         return 0;

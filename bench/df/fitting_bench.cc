@@ -381,7 +381,7 @@ int main(int argc, char** argv) {
   for (int64_t nx : {1000, 100000}) add_search(nx, 1000000, keep);
   for (int64_t nx : {1000, 100000}) add_interpolation(nx, 1000000, keep);
   for (int64_t nsite : {10000, 1000000}) add_uniform_search(1000, nsite, keep);
-  for (int64_t nx : {1000, 100000}) add_more_interpolation(nx, 1000000, keep);
+  for (int64_t nx : {1000, 100000}) add_more_interpolation(nx, 100000, keep);
   add_integration(1000, 100000, 2000, keep);
   add_integration(100000, 100000, 100, keep);
   add_threads(keep);

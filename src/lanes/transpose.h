@@ -24,20 +24,6 @@ inline void store_rows(float* out, F32 c0, F32 c1, F32 c2, F32 c3) {
   _mm256_storeu_ps(out + 16, _mm256_permute2f128_ps(r0, r1, 0x31));
   _mm256_storeu_ps(out + 24, _mm256_permute2f128_ps(r2, r3, 0x31));
 }
-// Rows of two. Of doubles by halves of a register: they take fewer shuffles, and cross no cache line where out is aligned
-// to 16 bytes.
-inline void store_rows(double* out, F64 c0, F64 c1) {
-  const __m256d a = _mm256_unpacklo_pd(c0.v, c1.v), b = _mm256_unpackhi_pd(c0.v, c1.v);
-  _mm_storeu_pd(out, _mm256_castpd256_pd128(a));
-  _mm_storeu_pd(out + 2, _mm256_castpd256_pd128(b));
-  _mm_storeu_pd(out + 4, _mm256_extractf128_pd(a, 1));
-  _mm_storeu_pd(out + 6, _mm256_extractf128_pd(b, 1));
-}
-inline void store_rows(float* out, F32 c0, F32 c1) {
-  const __m256 a = _mm256_unpacklo_ps(c0.v, c1.v), b = _mm256_unpackhi_ps(c0.v, c1.v);
-  _mm256_storeu_ps(out, _mm256_permute2f128_ps(a, b, 0x20));
-  _mm256_storeu_ps(out + 8, _mm256_permute2f128_ps(a, b, 0x31));
-}
 template <class E>
 inline void store_rows(E* out, E c0, E c1, E c2, E c3) {
   out[0] = c0, out[1] = c1, out[2] = c2, out[3] = c3;

@@ -95,7 +95,7 @@ template <class Real>
 void put_results(const Lanes<Real>* v, int64_t count, const Layout& layout, Real* r) {
   using V = Lanes<Real>;
   if (layout.derivative == 1 && count == 2 && layout.site == 2) {
-    store_rows(r, v[0], v[1]);
+    store_pairs(r, Pair<V>{v[0], v[1]});
   } else if (layout.derivative == 1 && count == 4 && layout.site == 4) {
     store_rows(r, v[0], v[1], v[2], v[3]);
   } else {

@@ -392,6 +392,7 @@ inline bool make_sound(const DigitalView& view, bool has_tables) {
 // `Source` gives the state, its tables (`view`) and the seeding.
 template <class Source>
 struct DigitalGenerator {
+  static constexpr bool kSkipReadsItsLength = true;
   using Vector = I32;
   using Raw = RawSink;
   using Float = FloatSink<ToFloats<Unsigned, InDouble<FromLow<Words32>>>>;

@@ -43,6 +43,9 @@ int32_t init_stream(uint32_t method, OrvikStream stream, int32_t n, const void* 
     case 1:
       return G::leapfrog(stream, n, *static_cast<const int32_t*>(params));
     case 2:
+      if constexpr (requires { G::kSkipReadsItsLength; }) {
+        if (n < 1) return ORVIK_QOR_NO_SKIPAHEAD;
+      }
       return G::skip(stream, *static_cast<const uint64_t*>(params));
     case 3:
       return G::skip_long(stream, n, static_cast<const uint64_t*>(params));

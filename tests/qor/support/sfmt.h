@@ -10,6 +10,7 @@ namespace orvik::models {
 
 struct Sfmt {
   std::vector<uint32_t> s = std::vector<uint32_t>(624, 0x8B8B8B8B);
+  bool certified_by_flip = false;
   size_t at = 0;  // next word; a new block is due at a multiple of four
 
   explicit Sfmt(std::vector<uint32_t> key) {
@@ -38,7 +39,8 @@ struct Sfmt {
       w(i) = r;
     }
     const uint32_t check = (s[0] & 1) ^ (s[3] & 0x13C9E684);
-    if (__builtin_popcount(check) % 2 == 0) s[0] ^= 1;
+    certified_by_flip = __builtin_popcount(check) % 2 == 0;
+    if (certified_by_flip) s[0] ^= 1;
   }
 
   void step(size_t block) {

@@ -192,7 +192,8 @@ struct Sfmt {
   Sfmt() {
     std::mt19937 seed(5);
     for (__m128i& w : state)
-      w = _mm_set_epi32(static_cast<int>(seed()), static_cast<int>(seed()), static_cast<int>(seed()), static_cast<int>(seed()));
+      w = _mm_set_epi32(static_cast<int>(seed()), static_cast<int>(seed()), static_cast<int>(seed()),
+                        static_cast<int>(seed()));
   }
   static __m128i next(__m128i a, __m128i b, __m128i c, __m128i d, __m128i mask) {
     __m128i y = _mm_srli_epi32(b, 11), z = _mm_srli_si128(c, 1), v = _mm_slli_epi32(d, 18);
@@ -257,7 +258,8 @@ StreamPeer gsl_points(const char* name, const gsl_qrng_type* type, uint32_t dim)
   StreamPeer p;
   p.name = name;
   p.doubles = [g, dim](double* r, int32_t n) {
-    for (int32_t i = 0; i + static_cast<int32_t>(dim) <= n; i += static_cast<int32_t>(dim)) gsl_qrng_get(g.get(), r + i);
+    for (int32_t i = 0; i + static_cast<int32_t>(dim) <= n; i += static_cast<int32_t>(dim))
+      gsl_qrng_get(g.get(), r + i);
   };
   return p;
 }

@@ -39,7 +39,7 @@ struct Goals {
   const char *words, *reals;
 };
 Goals goals_of(const std::string& name) {
-  if (name == "ARS5") return {">= 0.8", ""};        // at the limit of the instructions
+  if (name == "ARS5") return {">= 0.8", ""};                 // at the limit of the instructions
   if (name == "PHILOX4X32X10") return {">= 1.5", ">= 1.5"};  // at the limit of the multiplications
   if (name == "MCG59") return {">= 2.5", ">= 3"};
   return {">= 2.5", ">= 2.5"};
@@ -134,7 +134,8 @@ void compare(const Generator& g, Form form, int32_t n) {
   const Goals goals = goals_of(g.name);
   std::string goal = form == Form::words ? goals.words : goals.reals;
   if (fastest > 0 && names[fastest - 1] == "published block fill") goal = ">= 0.8";
-  print(what, best[0] / n, fastest > 0 ? best[fastest] / n : 0, fastest > 0 ? names[fastest - 1] : "", fastest > 0 ? goal : "");
+  print(what, best[0] / n, fastest > 0 ? best[fastest] / n : 0, fastest > 0 ? names[fastest - 1] : "",
+        fastest > 0 ? goal : "");
 }
 
 void single(const Generator& g) {
@@ -144,8 +145,8 @@ void single(const Generator& g) {
     paired.add("ours", [&](int64_t turns) {
       for (; turns > 0; --turns) draw(s, form, 1);
     });
-    print(std::string(g.name) + ", a call for one of the " + kForms[static_cast<int>(form)], paired.measure(seconds)[0], 0,
-          "", g.brng == ORVIK_BRNG_TRNG ? "" : "<= 20 ns");
+    print(std::string(g.name) + ", a call for one of the " + kForms[static_cast<int>(form)], paired.measure(seconds)[0],
+          0, "", g.brng == ORVIK_BRNG_TRNG ? "" : "<= 20 ns");
   }
 }
 
@@ -165,8 +166,8 @@ void points_beside_memset(const Generator& g) {
       }
     });
     const std::vector<double> best = paired.measure(seconds);
-    print(std::string(g.name) + ", 10 dimensions, " + kForms[static_cast<int>(form)] + ", n = 100000", best[0] / n, 0, "",
-          "<= 0.25 ns");
+    print(std::string(g.name) + ", 10 dimensions, " + kForms[static_cast<int>(form)] + ", n = 100000", best[0] / n, 0,
+          "", "<= 0.25 ns");
     print(std::string(g.name) + ", 10 dimensions, " + kForms[static_cast<int>(form)] + ", n = 100000", best[0] / n,
           best[1] / n, "memset", ">= 0.5");
   }
@@ -190,7 +191,7 @@ int main(int argc, char** argv) {
   for (const Generator& g : generators()) {
     if (argc > 2 && std::strcmp(argv[2], g.name) != 0) continue;
     if (g.brng == ORVIK_BRNG_IABSTRACT || g.brng == ORVIK_BRNG_DABSTRACT || g.brng == ORVIK_BRNG_SABSTRACT)
-      continue;  // as fast as the caller's own numbers
+      continue;                     // as fast as the caller's own numbers
     if (!Stream(g).ok()) continue;  // the processor lacks what it needs
     for (const Form form : {Form::words, Form::floats, Form::doubles})
       for (const int32_t n : {1000, 100000}) compare(g, form, n);

@@ -88,7 +88,8 @@ double serial_correlation(Source& source, int64_t values) {
   return normal_tail(sum * 12 / std::sqrt(static_cast<double>(values - 1)));
 }
 
-// Equal spacings between sorted birthdays are Poisson with mean n^3 / 4k (Marsaglia 1985).
+// Equal spacings between sorted birthdays are Poisson with mean n^3 / 4k (Marsaglia 1985), for large n: of the (n - 1)
+// (n - 2) / 2 pairs of spacings each is equal with a probability of n / 2k.
 double birthday_spacings(Source& source, int64_t rounds) {
   constexpr int kBirthdays = 256, kDayBits = 22;
   std::array<uint32_t, kBirthdays> day;
@@ -100,7 +101,8 @@ double birthday_spacings(Source& source, int64_t rounds) {
     std::sort(day.begin() + 1, day.end());
     for (size_t i = 2; i < kBirthdays; ++i) equal += day[i] == day[i - 1];
   }
-  return poisson_tail(equal, static_cast<double>(rounds) * std::pow(kBirthdays, 3) / std::ldexp(4, kDayBits));
+  return poisson_tail(equal, static_cast<double>(rounds) * kBirthdays * (kBirthdays - 1.0) * (kBirthdays - 2.0) /
+                                 std::ldexp(4, kDayBits));
 }
 
 // Two values choose an urn: eleven bits of each.

@@ -1,7 +1,7 @@
-// Prints how even the first 2^10 to 2^16 points of the quasi-random generators are, as a table for docs/streams.md: in two
-// dimensions the exact star discrepancy times the number of points, beside the bound of a digital (0, m, 2)-net, m/3 + 19/9
-// (Larcher, Pillichshammer 2003), which wants the origin; in 2, 5 and 10 the mean star discrepancy of the points as
-// delivered beside that of random points. Minutes.
+// Prints how even the first 2^10 to 2^16 points of the quasi-random generators are, as a table for docs/streams.md: in
+// two dimensions the exact star discrepancy times the number of points, beside the bound of a digital (0, m, 2)-net,
+// m/3 + 19/9 (Larcher, Pillichshammer 2003), which wants the origin; in 2, 5 and 10 the mean star discrepancy of the
+// points as delivered beside that of random points. Minutes.
 //
 //   discrepancy [HIGHEST]      the highest power, 16 by default
 #include <cstdio>

@@ -98,20 +98,27 @@ void deliver_plain(const Neighbours& s, uint32_t index, int32_t points, const Si
 // point laid side by side until it ends at a vector's end.
 class Sixteen {
  public:
-  static constexpr int kPoints = 16, kLeast = 3 * kPoints;  // fewer points are quicker one by one
+  static constexpr int kPoints = 16, kLeast = 40;  // fewer points are quicker one by one
 
-  explicit Sixteen(const Neighbours& s) : s_(s), vectors_(2 * s.dims) {
+  // The point in hand is number `place` of its sixteen.
+  Sixteen(const Neighbours& s, int place) : s_(s), vectors_(2 * s.dims) {
     int common = s.dims & -s.dims;
     common = common < 8 ? common : 8;
     period_ = s.dims / common;
     while (period_ < 4 && vectors_ % (2 * period_) == 0) period_ *= 2;
-    I32 difference[4];
-    for (int k = 0; k < 4; ++k) difference[k] = I32(0);
-    lay(difference_, kPoints, [&](int t, int k) {
-      return difference[k / 8] =
-                 t == 0 ? I32(0) : difference[k / 8] ^ s_.load(s_.row(__builtin_ctz(static_cast<unsigned>(t))), k);
-    });
-    lay(first_, 8 * period_ / s_.dims, [&](int, int k) { return s_.load(s_.x, k); });
+    for (int k = last_vector(); k >= 0; k -= 8) {
+      I32 row[4];  // those that the sixteen need, by the trailing zeros of a point's number
+      for (int c = 0; c < 4; ++c) row[c] = s_.load(s_.row(c), k);
+      I32 w = I32(0);
+      uint32_t* to = difference_ + k;
+      store(to, w);
+      unroll<kPoints - 1>([&](auto t) __attribute__((always_inline)) {
+        w = w ^ row[__builtin_ctz(t + 1)];
+        store(to += s_.dims, w);
+      });
+    }
+    const uint32_t* const from_first = difference_ + place * s.dims;
+    lay(first_, [&](int k) { return s_.load(s_.x, k) ^ load_words(from_first + k); });
   }
 
   // Sixteen points, and moves on by as many.
@@ -120,28 +127,49 @@ class Sixteen {
     for (int v = 0; v < vectors_; v += period_)
       for (int p = 0; p < period_; ++p)
         put_one(sink, i + 8 * (v + p), load_words(first_ + 8 * p) ^ load_words(difference_ + 8 * (v + p)));
+    move_on(index);
+  }
+
+  // Points `from` to `to` - 1 of sixteen.
+  template <class Sink>
+  void deliver_some(int from, int to, const Sink& sink, ptrdiff_t i) const {
+    alignas(32) uint32_t words[kPoints * Neighbours::kMost + 8];
+    const int begin = from * s_.dims, end = to * s_.dims;
+    for (int v = begin / 8; 8 * v < end; ++v)
+      store(words + 8 * v, load_words(first_ + 8 * (v % period_)) ^ load_words(difference_ + 8 * v));
+    int k = begin;
+    for (; k + 8 <= end; k += 8) put_one(sink, i + k - begin, load_words(words + k));
+    if (k < end) sink.some(i + k - begin, load_words(words + k), end - k);
+  }
+
+  void move_on(uint32_t index) {
     const int c = next_row(index / kPoints);
     if (!(built_ >> c & 1)) build(c);
     for (int p = 0; p < period_; ++p) store(first_ + 8 * p, load_words(first_ + 8 * p) ^ load_words(move_[c] + 8 * p));
   }
 
-  void finish() const {
-    for (int d = 0; d < s_.dims; ++d) s_.x[d] = first_[d];
+  // The point in hand becomes number `place` of its sixteen.
+  void finish(int place) const {
+    for (int d = 0; d < s_.dims; ++d) s_.x[d] = first_[d] ^ difference_[place * s_.dims + d];
   }
 
  private:
   static constexpr int kWords = 8 * Neighbours::kMost + 8;
 
-  // Rows of s_.dims words side by side, from the last vector of a row to the first: what a vector writes too much is
-  // overwritten.
+  // Rows of s_.dims words lie side by side. They are written from the last vector of a row to the first, so that what a
+  // vector writes too much is overwritten.
+  int last_vector() const { return (s_.dims - 1) / 8 * 8; }
+  // One row again and again, as long as the period.
   template <class Row>
-  void lay(uint32_t* to, int rows, Row row) const {
-    for (int k = (s_.dims - 1) / 8 * 8; k >= 0; k -= 8)
-      for (int t = 0; t < rows; ++t) store(to + t * s_.dims + k, row(t, k));
+  void lay(uint32_t* to, Row row) const {
+    for (int k = last_vector(); k >= 0; k -= 8) {
+      const I32 w = row(k);
+      for (int at = k; at < 8 * period_; at += s_.dims) store(to + at, w);
+    }
   }
   // From one group of sixteen to the next the Gray code changes in bit 3 and in one bit above.
   void build(int c) {
-    lay(move_[c], 8 * period_ / s_.dims, [&](int, int k) { return s_.load(s_.row(3), k) ^ s_.load(s_.row(4 + c), k); });
+    lay(move_[c], [&](int k) { return s_.load(s_.row(3), k) ^ s_.load(s_.row(4 + c), k); });
     built_ |= 1u << c;
   }
 
@@ -156,21 +184,27 @@ class Sixteen {
 // Points that follow each other in the output with nothing between them.
 template <class Sink>
 void deliver_dense(const Neighbours& s, uint32_t index, int32_t points, const Sink& sink, ptrdiff_t i) {
-  if (points >= Sixteen::kLeast) {
-    const int32_t before = static_cast<int32_t>(-index % Sixteen::kPoints);
-    deliver_plain(s, index, before, sink, i, s.dims);
-    index += static_cast<uint32_t>(before);
-    i += before * static_cast<ptrdiff_t>(s.dims);
-    points -= before;
-    const Sink own = sink;  // a copy: for all the compiler knows the results might overlap it
-    Sixteen block(s);
-    for (; points >= Sixteen::kPoints; points -= Sixteen::kPoints, index += Sixteen::kPoints) {
-      block.deliver(index, own, i);
-      i += Sixteen::kPoints * static_cast<ptrdiff_t>(s.dims);
-    }
-    block.finish();
+  constexpr int kPoints = Sixteen::kPoints;
+  if (points < Sixteen::kLeast) {
+    deliver_plain(s, index, points, sink, i, s.dims);
+    return;
   }
-  deliver_plain(s, index, points, sink, i, s.dims);
+  const Sink own = sink;  // a copy: for all the compiler knows the results might overlap it
+  const int place = static_cast<int>(index % kPoints);
+  Sixteen block(s, place);
+  if (place != 0) {
+    block.deliver_some(place, kPoints, own, i);
+    block.move_on(index);
+    index += static_cast<uint32_t>(kPoints - place);
+    i += (kPoints - place) * static_cast<ptrdiff_t>(s.dims);
+    points -= kPoints - place;
+  }
+  for (; points >= kPoints; points -= kPoints, index += kPoints) {
+    block.deliver(index, own, i);
+    i += kPoints * static_cast<ptrdiff_t>(s.dims);
+  }
+  block.deliver_some(0, points, own, i);
+  block.finish(points);
 }
 
 // Many dimensions, in groups of neighbours.

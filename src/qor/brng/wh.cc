@@ -23,7 +23,22 @@ struct WhState {
   uint32_t x[4], a[4];
 };
 
-const WhSet& set_of(OrvikStream stream) { return WhParams[find_brng(header(stream)->brng).sub]; }
+int member_of(OrvikStream stream) { return find_brng(header(stream)->brng).sub; }
+const WhSet& set_of(OrvikStream stream) { return WhParams[member_of(stream)]; }
+
+// Of the moduli.
+struct Reciprocals {
+  alignas(32) double of[kWhMembers][4];
+};
+constexpr Reciprocals kReciprocals = [] {
+  constexpr WhSet kSets[kWhMembers] = {
+#include "qor/brng/wh_params.inc"
+  };
+  Reciprocals r = {};
+  for (int member = 0; member < kWhMembers; ++member)
+    for (int j = 0; j < 4; ++j) r.of[member][j] = 1.0 / kSets[member].modulus[j];
+  return r;
+}();
 
 // Four elements, and the reciprocals of the moduli that make numbers of them.
 struct WhElements {
@@ -58,7 +73,8 @@ struct WhLoader {
 
 // Residues of the four moduli.
 struct Moduli {
-  explicit Moduli(const WhSet& set) : modulus(to_double(load_half(set.modulus))), reciprocal(F64(1.0) / modulus) {}
+  explicit Moduli(int member)
+      : modulus(to_double(load_half(WhParams[member].modulus))), reciprocal(load_doubles(kReciprocals.of[member])) {}
   F64 multiply(F64 x, F64 a) const {
     const F64 product = x * a;
     return fnma(modulus, truncated(product * reciprocal), product);
@@ -78,7 +94,7 @@ struct Wh {
   template <SinkOf<Vector> Sink>
   static int32_t fill(OrvikStream stream, int32_t n, const Sink& target) {
     State& state = state_of<State>(stream);
-    const Moduli m(set_of(stream));
+    const Moduli m(member_of(stream));
     const Sink sink = target;  // a copy: for all the compiler knows the results might overlap it
     F64 x = to_double(load_half(state.x));
     const F64 a = to_double(load_half(state.a));

@@ -1,5 +1,6 @@
-// Writes the seed corpus of the image loaders into a directory: an image of each generator of the list, with side blocks,
-// and in the two older forms; streams with tables of their own; and pairs of images into the folder `pairs` beside it.
+// Writes the seed corpus of the image loaders into a directory: an image of each generator of the list, with side
+// blocks, and in the two older forms; streams with tables of their own; and pairs of images into the folder `pairs`
+// beside it.
 #include <cstdio>
 #include <fstream>
 #include <string>

@@ -1,6 +1,6 @@
 // The short form of the battery, with fixed seeds: some 230 p-values. One outside 10^-6 .. 1 - 10^-6 fails, which true
-// random numbers would do once in 2,000 choices of seeds (the processor's own numbers, 21 of them, once in 24,000 runs).
-// And sources that are not random must fail.
+// random numbers would do once in 2,000 choices of seeds (the processor's own numbers, 21 of them, once in 24,000
+// runs). And sources that are not random must fail.
 #include "battery.h"
 
 #include <gtest/gtest.h>

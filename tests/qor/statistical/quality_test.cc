@@ -99,8 +99,8 @@ TEST_P(QualityTest, MeanStarDiscrepancyIsASmallPartOfThatOfRandomPoints) {
     int m;
     double most;  // of ours to random
   };
-  for (const Row& row : {Row{2, 10, 0.09}, Row{2, 12, 0.05}, Row{5, 10, 0.38}, Row{5, 12, 0.23}, Row{10, 10, 0.86},
-                         Row{10, 12, 0.80}}) {
+  for (const Row& row :
+       {Row{2, 10, 0.09}, Row{2, 12, 0.05}, Row{5, 10, 0.38}, Row{5, 12, 0.23}, Row{10, 10, 0.86}, Row{10, 12, 0.80}}) {
     // as delivered, without the origin, which this measure holds against them in many dimensions
     const std::vector<double> x = Stream(GetParam().brng, {row.dim}).doubles(static_cast<int32_t>(row.dim << row.m));
     const double ours = support::mean_star_discrepancy(x, row.dim);
@@ -121,6 +121,7 @@ TEST(Discrepancy, KnownValues) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Statistical, QualityTest,
-                         ::testing::Values(Kind{"Sobol", ORVIK_BRNG_SOBOL}, Kind{"Niederreiter", ORVIK_BRNG_NIEDERREITER}));
+                         ::testing::Values(Kind{"Sobol", ORVIK_BRNG_SOBOL},
+                                           Kind{"Niederreiter", ORVIK_BRNG_NIEDERREITER}));
 
 }  // namespace

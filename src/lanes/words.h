@@ -129,6 +129,12 @@ inline void transpose(F64 (&x)[4]) {
 // ---- conversions ---------------------------------------------------------------------------------------------------
 
 inline F64 load_doubles(const double* p) { return _mm256_loadu_pd(p); }
+// The sum of the lanes, added one to the other from the first.
+inline double sum_in_order(F64 x) {
+  const __m128d low = _mm256_castpd256_pd128(x.v), high = _mm256_extractf128_pd(x.v, 1);
+  const __m128d sum = _mm_add_sd(_mm_add_sd(low, _mm_unpackhi_pd(low, low)), high);
+  return _mm_cvtsd_f64(_mm_add_sd(sum, _mm_unpackhi_pd(high, high)));
+}
 inline F64 truncated(F64 x) { return _mm256_round_pd(x.v, _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC); }
 inline I32Half truncated_words(F64 x) { return _mm256_cvttpd_epi32(x.v); }
 inline F32 narrow(F64 x) { return _mm256_castps128_ps256(_mm256_cvtpd_ps(x.v)); }  // the high half is unset

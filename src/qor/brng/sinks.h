@@ -304,6 +304,7 @@ class RawFours {
   }
   void some(ptrdiff_t i, Vector w, int count) const { Loader::store_first(r_ + i, w, count); }
   void one(ptrdiff_t i, uint64_t w) const { r_[i] = static_cast<Element>(w); }
+  void first(ptrdiff_t i, const Vector& w) const { Loader::store_first(r_ + i, w, 1); }
 
  private:
   Element* r_;
@@ -325,6 +326,10 @@ class DoubleFours {
     F64 x[1];
     Loader::to_doubles(words, x);
     store_some(r_ + i, fma(scale_, x[0], a_), count);
+  }
+  // The first element alone, from a loader that has a shorter way to one.
+  void first(ptrdiff_t i, const Vector& w) const {
+    r_[i] = __builtin_fma(first_lane(scale_), Loader::first_double(w), first_lane(a_));
   }
 
  private:
@@ -377,6 +382,9 @@ class RoundedFours {
     F64 x[1];
     Loader::to_doubles(words, x);
     store_some(r_ + i, narrow(fma(scale_, x[0], a_)), count);
+  }
+  void first(ptrdiff_t i, const Vector& w) const {
+    r_[i] = static_cast<float>(__builtin_fma(first_lane(scale_), Loader::first_double(w), first_lane(a_)));
   }
 
  private:

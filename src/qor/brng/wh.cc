@@ -58,6 +58,10 @@ struct WhLoader {
   static void store_first(Element* r, const Vector& w, int count) {
     for (int k = 0; k < count; ++k) store(r[k].word, truncated_words(w.x[k]));
   }
+  static double first_double(const Vector& w) {
+    const double sum = sum_in_order(w.x[0] * w.reciprocal);
+    return sum - __builtin_trunc(sum);
+  }
   // The fraction of the sum, whose terms are added in their order.
   template <int N>
   static void to_doubles(const Vector (&w)[N], F64 (&u)[N]) {
@@ -95,14 +99,14 @@ struct Wh {
   static int32_t fill(OrvikStream stream, int32_t n, const Sink& target) {
     State& state = state_of<State>(stream);
     const Moduli m(member_of(stream));
-    const Sink sink = target;  // a copy: for all the compiler knows the results might overlap it
     F64 x = to_double(load_half(state.x));
     const F64 a = to_double(load_half(state.a));
     if (n < 8) {
-      for (ptrdiff_t i = 0; i < n; ++i, x = m.multiply(x, a)) sink.some(i, WhElements{{x, x, x, x}, m.reciprocal}, 1);
+      for (ptrdiff_t i = 0; i < n; ++i, x = m.multiply(x, a)) target.first(i, WhElements{{x, x, x, x}, m.reciprocal});
       store(state.x, truncated_words(x));
       return ORVIK_QOR_OK;
     }
+    const Sink sink = target;  // a copy: for all the compiler knows the results might overlap it
     const F64 a2 = m.multiply(a, a), a4 = m.multiply(a2, a2), a8 = m.multiply(a4, a4);
     const F64 x1 = m.multiply(x, a);
     WhElements w[2] = {{{x, x1, m.multiply(x, a2), m.multiply(x1, a2)}, m.reciprocal}, {{}, m.reciprocal}};

@@ -151,6 +151,44 @@ TEST_P(ImageTest, ShorterImagesOfAFileAreRefused) {
   unlink(name.c_str());
 }
 
+TEST_P(ImageTest, FilesFlippedInAnyByteOrGrownLoadOrFailAndLeakNothing) {
+  const Stream s(GetParam().brng, GetParam().seeds);
+  s.floats(5);
+  Bytes image = save(s);
+  const std::string name = file_name(GetParam().name);
+  const int64_t live = serv::live_allocations();
+  const auto expect_harmless = [&] {
+    write_file(name, image);
+    Stream t;
+    const int32_t status = __qorLoadStreamF(t.out(), name.c_str(), -1);
+    ASSERT_EQ(status == 0, t.get() != nullptr);
+    if (status != 0) return;
+    RegBrngRow row;
+    ASSERT_EQ(__qorGetBrngProperties(__qorGetStreamStateBrng(t.get()), &row), 0);
+    std::vector<double> r(100);
+    if (row.dBRng) {
+      row.dBRng(t.get(), 45, r.data(), 0, 1);
+      row.iBRng(t.get(), 45, r.data());
+    }
+    t.skip(1000);
+    t.leapfrog(1, 3);
+    const Stream copy = t.copy();
+    if (row.sBRng) row.sBRng(copy.get(), 45, reinterpret_cast<float*>(r.data()), 0, 1);
+  };
+  for (size_t at = 0; at < image.size(); at += at < 300 ? 1 : image.size() / 60 + 1) {
+    for (uint8_t flip : {0x01, 0x80, 0xFF}) {
+      image[at] ^= flip;
+      expect_harmless();
+      image[at] ^= flip;
+      ASSERT_EQ(serv::live_allocations(), live) << "byte " << at;
+    }
+  }
+  image.insert(image.end(), 100, 0xA5);
+  expect_harmless();
+  EXPECT_EQ(serv::live_allocations(), live);
+  unlink(name.c_str());
+}
+
 TEST_P(ImageTest, EveryFailedAllocationOfALoadLeaksNothing) {
   const Stream s(GetParam().brng);
   const Bytes image = save(s);

@@ -104,6 +104,22 @@ TEST(StreamSize, OfAFreshMcg31m1StreamIs408) {
 
 class StreamTest : public ::testing::TestWithParam<Generator> {};
 
+TEST_P(StreamTest, NoSeedsNeedNoArray) {
+  Stream s;
+  ASSERT_EQ(__qorNewStreamEx(s.out(), GetParam().brng, 0, nullptr), 0);
+  EXPECT_EQ(s.outputs(50), Stream(GetParam().brng, {}).outputs(50));
+}
+
+TEST_P(StreamTest, SeedingAnewGivesTheFreshStream) {
+  const Stream s(GetParam().brng, {4, 5}), fresh(GetParam().brng, {4, 5});
+  s.doubles(101);
+  const uint32_t seeds[] = {4, 5};
+  ASSERT_EQ(s.row().InitStream(0, s.get(), 2, seeds), 0);
+  EXPECT_EQ(__qorGetNumChunks(s.get()), __qorGetNumChunks(fresh.get()));
+  EXPECT_EQ(s.doubles(70), fresh.doubles(70));
+  EXPECT_EQ(s.outputs(70), fresh.outputs(70));
+}
+
 TEST_P(StreamTest, CopyGoesOnLikeItsSourceAndIsIndependent) {
   Stream s(GetParam().brng, {4, 5});
   s.doubles(101);

@@ -1,227 +1,207 @@
-// Speed of the streams: every figure beside its peer, measured in the same run.
+// Speed of the streams beside their peers, in one run: each comparison is timed in turns (bench/support/paired.h).
 //
-//   bench_streams [--benchmark_filter=...]     after the usual lines, a table of ours, peer, ratio and goal
-//
-// Each measurement runs five times; the table takes the fastest.
-#include <benchmark/benchmark.h>
-#include <immintrin.h>
-
+//   bench_streams [SECONDS [GENERATOR]]     of each comparison, 0.1 by default; prints a table
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
-#include <functional>
-#include <map>
-#include <memory>
-#include <random>
 #include <string>
 #include <vector>
 
 #include "orvik/qor.h"
+#include "peers.h"
+#include "support/paired.h"
 
 namespace {
 
-constexpr int32_t kInCache = 10000, kLong = 10000000;
+using orvik::bench::Paired;
+using orvik::bench::StreamPeer;
 
-class Stream {
- public:
-  explicit Stream(int32_t brng) {
-    const uint32_t seed = 777;
-    __qorNewStreamEx(&stream_, brng, 1, &seed);
-    __qorGetBrngProperties(brng, &row_);
-  }
-  ~Stream() { __qorDeleteStream(&stream_); }
-  OrvikStream get() const { return stream_; }
-  const RegBrngRow& row() const { return row_; }
-
- private:
-  OrvikStream stream_ = nullptr;
-  RegBrngRow row_;
-};
-
-// ---- the table of results ------------------------------------------------------------------------------------------
-
-struct Comparison {
-  std::string what, ours, peer, goal;
-};
-std::vector<Comparison> comparisons;
-std::map<std::string, double> fastest;  // ns per item
-
-class Reporter : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
-      double ns = run.GetAdjustedCPUTime();
-      const auto items = run.counters.find("items");
-      if (items != run.counters.end()) ns /= items->second;
-      double& best = fastest.try_emplace(run.run_name.function_name, ns).first->second;
-      best = std::min(best, ns);
-    }
-    ConsoleReporter::ReportRuns(runs);
-  }
-};
-
-void print_table() {
-  std::printf("\n| what | ours, ns | peer, ns | peer / ours | goal |\n|---|---|---|---|---|\n");
-  for (const Comparison& c : comparisons) {
-    const auto ours = fastest.find(c.ours), peer = fastest.find(c.peer);
-    if (ours == fastest.end()) continue;
-    if (peer == fastest.end())
-      std::printf("| %s | %.3f | | | %s |\n", c.what.c_str(), ours->second, c.goal.c_str());
-    else
-      std::printf("| %s | %.3f | %.3f | %.2f | %s |\n", c.what.c_str(), ours->second, peer->second,
-                  peer->second / ours->second, c.goal.c_str());
-  }
-}
-
-// `body` makes `items` numbers.
-void measure(const std::string& name, double items, std::function<void()> body) {
-  benchmark::RegisterBenchmark(name.c_str(),
-                               [=](benchmark::State& state) {
-                                 for (auto _ : state) {
-                                   body();
-                                   benchmark::ClobberMemory();
-                                 }
-                                 state.counters["items"] = items;
-                               })
-      ->Repetitions(5)
-      ->ReportAggregatesOnly(false)
-      ->MinTime(0.05);
-}
-
-// ---- peers ---------------------------------------------------------------------------------------------------------
-
-void plain_philox(uint32_t* r, int32_t n) {
-  static uint64_t counter = 0;
-  for (int32_t i = 0; i < n; i += 4, ++counter) {
-    uint32_t c0 = static_cast<uint32_t>(counter), c1 = static_cast<uint32_t>(counter >> 32), c2 = 0, c3 = 0;
-    uint32_t k0 = 777, k1 = 0;
-    for (int round = 0; round < 10; ++round) {
-      const uint64_t p0 = 0xD2511F53ull * c0, p1 = 0xCD9E8D57ull * c2;
-      c0 = static_cast<uint32_t>(p1 >> 32) ^ c1 ^ k0;
-      c1 = static_cast<uint32_t>(p1);
-      c2 = static_cast<uint32_t>(p0 >> 32) ^ c3 ^ k1;
-      c3 = static_cast<uint32_t>(p0);
-      k0 += 0x9E3779B9;
-      k1 += 0xBB67AE85;
-    }
-    r[i] = c0;
-    r[i + 1] = c1;
-    r[i + 2] = c2;
-    r[i + 3] = c3;
-  }
-}
-
-// Nothing but five AES instructions a block, eight blocks in flight, stored.
-void five_aes(uint32_t* r, int32_t n) {
-  __m128i x[8], key = _mm_set1_epi32(77);
-  for (int k = 0; k < 8; ++k) x[k] = _mm_set1_epi32(k);
-  for (int32_t i = 0; i + 32 <= n; i += 32)
-    for (int k = 0; k < 8; ++k) {
-      __m128i y = x[k];
-      for (int round = 0; round < 4; ++round) y = _mm_aesenc_si128(y, key);
-      _mm_storeu_si128(reinterpret_cast<__m128i*>(r + i + 4 * k), _mm_aesenclast_si128(y, key));
-      x[k] = _mm_add_epi64(x[k], key);
-    }
-}
-
-void plain_mcg31(uint32_t* r, int32_t n) {
-  static uint64_t x = 777;
-  for (int32_t i = 0; i < n; ++i) {
-    r[i] = static_cast<uint32_t>(x);
-    const uint64_t p = x * 1132489760, s = (p & 0x7FFFFFFF) + (p >> 31);
-    x = s >= 0x7FFFFFFF ? s - 0x7FFFFFFF : s;
-  }
-}
-
-void plain_mcg59(uint64_t* r, int32_t n) {
-  static uint64_t x = 777;
-  for (int32_t i = 0; i < n; ++i) {
-    r[i] = x;
-    x = x * 302875106592253 & ((uint64_t{1} << 59) - 1);
-  }
-}
-
-// ---- what is measured ----------------------------------------------------------------------------------------------
+double seconds = 0.1;
 
 struct Generator {
   const char* name;
   int32_t brng;
-  const char* peer;
-  const char* goal;
+  uint32_t seed;
+  bool points;
 };
-const Generator kGenerators[] = {{"MT19937", ORVIK_BRNG_MT19937, "std::mt19937", ">= 4"},
-                                 {"MT2203", ORVIK_BRNG_MT2203, "std::mt19937", ">= 3"},
-                                 {"PHILOX4X32X10", ORVIK_BRNG_PHILOX4X32X10, "plain Philox", ">= 2.2"},
-                                 {"ARS5", ORVIK_BRNG_ARS5, "five AES instructions", ">= 0.83"},
-                                 {"MCG31M1", ORVIK_BRNG_MCG31M1, "plain MCG31M1", ">= 4"},
-                                 {"MCG59", ORVIK_BRNG_MCG59, "plain MCG59", ">= 4"}};
+std::vector<Generator> generators() {
+  enum Leap { no, yes, one };
+  return {
+#define ORVIK_BRNG(constant, functions, name, members, record, seeds, zero, bytes, bits, leap, ...) \
+  {#functions, ORVIK_BRNG_##constant, leap == one ? 10 : 777, leap == one},
+#include "qor/stream/brngs.def"
+  };
+}
 
-std::vector<uint64_t> buffer(kLong);  // of every element type
+// What a comparison with the fastest peer must reach.
+struct Goals {
+  const char *words, *reals;
+};
+Goals goals_of(const std::string& name) {
+  if (name == "ARS5") return {">= 0.8", ""};                 // at the limit of the instructions
+  if (name == "PHILOX4X32X10") return {">= 1.5", ">= 1.5"};  // at the limit of the multiplications
+  if (name == "MCG59") return {">= 2.5", ">= 3"};
+  return {">= 2.5", ">= 2.5"};
+}
+
+class Stream {
+ public:
+  explicit Stream(const Generator& g) : g_(g) { open(); }
+  ~Stream() { __qorDeleteStream(&stream_); }
+  Stream(const Stream&) = delete;
+  Stream& operator=(const Stream&) = delete;
+  bool ok() const { return ok_; }
+  // Points end after 2^32: the stream begins anew before that.
+  template <class Draw>
+  void draw(int32_t n, Draw draw) {
+    drawn_ += n;
+    if (g_.points && drawn_ > (int64_t{1} << 31)) {
+      __qorDeleteStream(&stream_);
+      open();
+      drawn_ = n;
+    }
+    draw(stream_, row_);
+  }
+
+ private:
+  void open() {
+    ok_ = __qorNewStreamEx(&stream_, g_.brng, 1, &g_.seed) == 0;
+    __qorGetBrngProperties(g_.brng, &row_);
+    std::vector<double> r(8);
+    ok_ = ok_ && row_.dBRng(stream_, 1, r.data(), 0, 1) == 0;
+    ok_ = ok_ && row_.iBRng(stream_, 1, r.data()) == 0;
+  }
+  Generator g_;
+  OrvikStream stream_ = nullptr;
+  RegBrngRow row_;
+  bool ok_ = false;
+  int64_t drawn_ = 0;
+};
+
+std::vector<uint64_t> buffer(200000), peer_buffer(200000);  // of the widest element
 template <class T>
-T* as() {
-  return reinterpret_cast<T*>(buffer.data());
+T* as(std::vector<uint64_t>& b) {
+  return reinterpret_cast<T*>(b.data());
 }
 
-void register_peers() {
-  measure("std::mt19937", kInCache, [] {
-    static std::mt19937 engine(777);
-    for (int32_t i = 0; i < kInCache; ++i) as<uint32_t>()[i] = static_cast<uint32_t>(engine());
+enum class Form { words, floats, doubles };
+constexpr const char* kForms[] = {"words", "floats", "doubles"};
+
+void draw(Stream& s, Form form, int32_t n) {
+  s.draw(n, [&](OrvikStream stream, const RegBrngRow& row) {
+    if (form == Form::words) row.iBRng(stream, n, buffer.data());
+    if (form == Form::floats) row.sBRng(stream, n, as<float>(buffer), 0, 1);
+    if (form == Form::doubles) row.dBRng(stream, n, as<double>(buffer), 0, 1);
   });
-  measure("plain Philox", kInCache, [] { plain_philox(as<uint32_t>(), kInCache); });
-  measure("five AES instructions", kInCache, [] { five_aes(as<uint32_t>(), kInCache); });
-  measure("plain MCG31M1", kInCache, [] { plain_mcg31(as<uint32_t>(), kInCache); });
-  measure("plain MCG59", kInCache, [] { plain_mcg59(as<uint64_t>(), kInCache); });
-  measure("memset of floats", kLong, [] { std::memset(buffer.data(), 0, 4 * size_t{kLong}); });
-  measure("memset of doubles", kLong, [] { std::memset(buffer.data(), 0, 8 * size_t{kLong}); });
 }
 
-void register_generator(const Generator& g) {
-  const auto stream = std::make_shared<Stream>(g.brng);
-  const std::string name = g.name;
-  const auto words = [=](int32_t n) { stream->row().iBRng(stream->get(), n, buffer.data()); };
-  const auto floats = [=](int32_t n) { stream->row().sBRng(stream->get(), n, as<float>(), 0, 1); };
-  const auto doubles = [=](int32_t n) { stream->row().dBRng(stream->get(), n, as<double>(), 0, 1); };
-  measure(name + " words", kInCache, [=] { words(kInCache); });
-  measure(name + " floats", kInCache, [=] { floats(kInCache); });
-  measure(name + " doubles", kInCache, [=] { doubles(kInCache); });
-  measure(name + " floats, long", kLong, [=] { floats(kLong); });
-  measure(name + " doubles, long", kLong, [=] { doubles(kLong); });
-  measure(name + " one word", 1, [=] { words(1); });
-  measure(name + " one float", 1, [=] { floats(1); });
-  measure(name + " one double", 1, [=] { doubles(1); });
-  comparisons.push_back({name + ", words, n = 10^4, beside " + g.peer, name + " words", g.peer, g.goal});
-  comparisons.push_back({name + ", floats beside words", name + " floats", name + " words", ">= 0.67"});
-  comparisons.push_back({name + ", doubles beside words", name + " doubles", name + " words", ">= 0.67"});
-  comparisons.push_back(
-      {name + ", floats, n = 10^7, beside memset", name + " floats, long", "memset of floats", "near 1"});
-  comparisons.push_back(
-      {name + ", doubles, n = 10^7, beside memset", name + " doubles, long", "memset of doubles", "near 1"});
-  comparisons.push_back({name + ", call for one word", name + " one word", "", "<= 20 ns"});
-  comparisons.push_back({name + ", call for one float", name + " one float", "", "<= 20 ns"});
-  comparisons.push_back({name + ", call for one double", name + " one double", "", "<= 20 ns"});
+void print(const std::string& what, double ours, double peer, const std::string& name, const std::string& goal) {
+  if (peer > 0)
+    std::printf("| %s, beside %s | %.3f | %.3f | %.2f | %s |\n", what.c_str(), name.c_str(), ours, peer, peer / ours,
+                goal.c_str());
+  else
+    std::printf("| %s | %.3f | | | %s |\n", what.c_str(), ours, goal.c_str());
+  std::fflush(stdout);
 }
 
-void register_skip(const std::string& name, int32_t brng, const char* goal) {
-  const auto stream = std::make_shared<Stream>(brng);
-  measure(name + " skip", 1, [=] { __qorSkipAheadStream(stream->get(), uint64_t{1} << 63); });
-  comparisons.push_back({name + ", skip of 2^63", name + " skip", "", goal});
+// Beside the fastest peer that has the form.
+void compare(const Generator& g, Form form, int32_t n) {
+  Stream s(g);
+  Paired paired;
+  paired.add("ours", [&](int64_t turns) {
+    for (; turns > 0; --turns) draw(s, form, n);
+  });
+  const std::vector<StreamPeer> peers = orvik::bench::peers_of(g.name, g.seed);
+  std::vector<std::string> names;
+  for (const StreamPeer& p : peers) {
+    const auto add = [&](const auto& fill, auto* r) {
+      if (!fill) return;
+      names.push_back(p.name);
+      paired.add(p.name, [fill, r, n](int64_t turns) {
+        for (; turns > 0; --turns) fill(r, n);
+      });
+    };
+    if (form == Form::words) add(p.words, as<uint32_t>(peer_buffer));
+    if (form == Form::floats) add(p.floats, as<float>(peer_buffer));
+    if (form == Form::doubles) add(p.doubles, as<double>(peer_buffer));
+  }
+  const std::vector<double> best = paired.measure(seconds);
+  const std::string what = std::string(g.name) + ", " + kForms[static_cast<int>(form)] + ", n = " + std::to_string(n);
+  size_t fastest = 0;
+  for (size_t k = 1; k < best.size(); ++k)
+    if (fastest == 0 || best[k] < best[fastest]) fastest = k;
+  const Goals goals = goals_of(g.name);
+  std::string goal = form == Form::words ? goals.words : goals.reals;
+  if (fastest > 0 && names[fastest - 1] == "published block fill") goal = ">= 0.8";
+  print(what, best[0] / n, fastest > 0 ? best[fastest] / n : 0, fastest > 0 ? names[fastest - 1] : "",
+        fastest > 0 ? goal : "");
+}
+
+void single(const Generator& g) {
+  Stream s(g);
+  for (const Form form : {Form::words, Form::floats, Form::doubles}) {
+    Paired paired;
+    paired.add("ours", [&](int64_t turns) {
+      for (; turns > 0; --turns) draw(s, form, 1);
+    });
+    print(std::string(g.name) + ", a call for one of the " + kForms[static_cast<int>(form)], paired.measure(seconds)[0],
+          0, "", g.brng == ORVIK_BRNG_TRNG ? "" : "<= 20 ns");
+  }
+}
+
+void points_beside_memset(const Generator& g) {
+  constexpr int32_t n = 100000;
+  for (const Form form : {Form::floats, Form::doubles}) {
+    Stream s(g);
+    Paired paired;
+    paired.add("ours", [&](int64_t turns) {
+      for (; turns > 0; --turns) draw(s, form, n);
+    });
+    const size_t bytes = (form == Form::floats ? 4 : 8) * size_t{n};
+    paired.add("memset", [&](int64_t turns) {
+      for (; turns > 0; --turns) {
+        std::memset(peer_buffer.data(), static_cast<int>(turns), bytes);
+        asm volatile("" : : "r"(peer_buffer.data()) : "memory");
+      }
+    });
+    const std::vector<double> best = paired.measure(seconds);
+    print(std::string(g.name) + ", 10 dimensions, " + kForms[static_cast<int>(form)] + ", n = 100000", best[0] / n, 0,
+          "", "<= 0.25 ns");
+    print(std::string(g.name) + ", 10 dimensions, " + kForms[static_cast<int>(form)] + ", n = 100000", best[0] / n,
+          best[1] / n, "memset", ">= 0.5");
+  }
+}
+
+void jump(const Generator& g, const char* goal) {
+  Stream s(g);
+  Paired paired;
+  paired.add("ours", [&](int64_t turns) {
+    for (; turns > 0; --turns)
+      s.draw(0, [](OrvikStream stream, const RegBrngRow&) { __qorSkipAheadStream(stream, uint64_t{1} << 62); });
+  });
+  print(std::string(g.name) + ", skip of 2^62", paired.measure(seconds)[0], 0, "", goal);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  register_peers();
-  for (const Generator& g : kGenerators) register_generator(g);
-  register_skip("MT19937", ORVIK_BRNG_MT19937, "<= 10 ms");
-  register_skip("PHILOX4X32X10", ORVIK_BRNG_PHILOX4X32X10, "< 50 ns");
-  register_skip("ARS5", ORVIK_BRNG_ARS5, "< 50 ns");
-  register_skip("MCG31M1", ORVIK_BRNG_MCG31M1, "< 1000 ns");
-  register_skip("MCG59", ORVIK_BRNG_MCG59, "< 1000 ns");
-  Reporter reporter;
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  print_table();
+  if (argc > 1) seconds = std::atof(argv[1]);
+  std::printf("| what | ours, ns | peer, ns | peer / ours | goal |\n|---|---|---|---|---|\n");
+  for (const Generator& g : generators()) {
+    if (argc > 2 && std::strcmp(argv[2], g.name) != 0) continue;
+    if (g.brng == ORVIK_BRNG_IABSTRACT || g.brng == ORVIK_BRNG_DABSTRACT || g.brng == ORVIK_BRNG_SABSTRACT)
+      continue;                     // as fast as the caller's own numbers
+    if (!Stream(g).ok()) continue;  // the processor lacks what it needs
+    for (const Form form : {Form::words, Form::floats, Form::doubles})
+      for (const int32_t n : {1000, 100000}) compare(g, form, n);
+    single(g);
+    if (g.points) points_beside_memset(g);
+    const std::string name = g.name;
+    if (name == "MT19937" || name == "SFMT19937") jump(g, "<= 10 ms");
+    if (name == "PHILOX4X32X10" || name == "ARS5") jump(g, "< 50 ns");
+    if (name == "MCG31M1" || name == "MCG59" || name == "WH") jump(g, "< 2000 ns");
+    if (name == "MRG32K3A") jump(g, "");
+  }
   return 0;
 }

@@ -8,14 +8,14 @@
 
 #include <stdint.h>
 
+#include "orvik/qor_generators.h" /* ids and functions of the generators */
+
 /* Exported also where the library itself is built with hidden visibility. */
 #pragma GCC visibility push(default)
 
 #ifdef __cplusplus
 extern "C" {
 #endif
-
-typedef void* OrvikStream;
 
 typedef enum OrvikQorStatus {
   ORVIK_QOR_OK = 0,
@@ -49,26 +49,6 @@ typedef enum OrvikQorStatus {
   ORVIK_QOR_SHARED_NOT_FOUND = -3000,
   ORVIK_QOR_SHARED_TABLE_FULL = -3001
 } OrvikQorStatus;
-
-/* Generator ids. WH and MT2203 are families: add the member, 0 to 272 and 0 to 6023. */
-typedef enum OrvikQorBrng {
-  ORVIK_BRNG_MCG31M1 = 0x100000,
-  ORVIK_BRNG_R250 = 0x200000,
-  ORVIK_BRNG_MRG32K3A = 0x300000,
-  ORVIK_BRNG_MCG59 = 0x400000,
-  ORVIK_BRNG_WH = 0x500000,
-  ORVIK_BRNG_SOBOL = 0x600000,
-  ORVIK_BRNG_NIEDERREITER = 0x700000,
-  ORVIK_BRNG_MT19937 = 0x800000,
-  ORVIK_BRNG_MT2203 = 0x900000,
-  ORVIK_BRNG_IABSTRACT = 0xA00000,
-  ORVIK_BRNG_DABSTRACT = 0xB00000,
-  ORVIK_BRNG_SABSTRACT = 0xC00000,
-  ORVIK_BRNG_SFMT19937 = 0xD00000,
-  ORVIK_BRNG_TRNG = 0xE00000,
-  ORVIK_BRNG_ARS5 = 0xF00000,
-  ORVIK_BRNG_PHILOX4X32X10 = 0x1000000
-} OrvikQorBrng;
 
 /* ---- Registry ---------------------------------------------------------------------------------------------------- */
 
@@ -143,7 +123,7 @@ int32_t __qorCopyStream(OrvikStream* stream, OrvikStream source);
 int32_t __qorCopyStreamState(OrvikStream destination, OrvikStream source);
 /* The id that the stream was made with. */
 int32_t __qorGetStreamStateBrng(OrvikStream stream);
-/* Bytes of the stream's image. */
+/* Bytes of the stream's image; -4 when they are more than 2^31 - 1, an image that a file alone can hold. */
 int32_t __qorGetStreamSize(OrvikStream stream);
 
 /* 1 when the processor has AES, hardware random numbers, vector AES, else 0. */
@@ -212,8 +192,11 @@ int32_t __qorAddChunk(OrvikStream stream, int32_t id, const uint64_t* key, void*
 /* The data of the first chunk of that id, null for none. */
 void* __qorSearchChunk(OrvikStream stream, uint32_t id);
 int32_t __qorGetNumChunks(OrvikStream stream);
-/* Release the chunks of one id, all chunks. */
+/* Releases the chunks of one id. Of the others the stream keeps those from the last one in the list on: chunks that were
+ * added after it (they stand before it in the list) are lost to the stream and not released. For streams that hold at
+ * most one chunk besides those of that id. */
 int32_t __qorDeleteChunksById(OrvikStream stream, uint32_t id);
+/* Releases all chunks. */
 int32_t __qorDeleteChunks(OrvikStream stream);
 /* Adds copies of the source's chunks. After a failure the destination has no chunks. */
 int32_t __qorCopyChunks(OrvikStream destination, OrvikStream source);
@@ -240,23 +223,6 @@ void __qorRegisterGlobRODataReference(void* holder, const uint64_t* key);
 void __qorUnregisterGlobRODataReference(const uint64_t* key);
 /* Makes a key that is not in the table, with `tag` as its second half. */
 void __qorGenerateNewGlobalRODataTableEntryId(uint64_t* key, uint64_t tag);
-
-/* ---- Generators -------------------------------------------------------------------------------------------------- */
-
-#define ORVIK_QOR_DECLARE_BRNG(G)                                                                       \
-  int32_t __qorBRng##G##InitStream(uint32_t method, OrvikStream stream, int32_t n, const void* params); \
-  int32_t __qorsBRng##G(OrvikStream stream, int32_t n, float* r, float a, float b);                     \
-  int32_t __qordBRng##G(OrvikStream stream, int32_t n, double* r, double a, double b);                  \
-  int32_t __qoriBRng##G(OrvikStream stream, int32_t n, void* r)
-
-ORVIK_QOR_DECLARE_BRNG(MCG31M1);
-ORVIK_QOR_DECLARE_BRNG(MCG59);
-ORVIK_QOR_DECLARE_BRNG(MT19937);
-ORVIK_QOR_DECLARE_BRNG(MT2203);
-ORVIK_QOR_DECLARE_BRNG(ARS5);
-ORVIK_QOR_DECLARE_BRNG(PHILOX4X32X10);
-
-#undef ORVIK_QOR_DECLARE_BRNG
 
 #ifdef __cplusplus
 }

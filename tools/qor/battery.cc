@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
 #include <memory>
 
 #include "orvik/qor.h"
@@ -87,7 +88,8 @@ double serial_correlation(Source& source, int64_t values) {
   return normal_tail(sum * 12 / std::sqrt(static_cast<double>(values - 1)));
 }
 
-// Equal spacings between sorted birthdays are Poisson with mean n^3 / 4k (Marsaglia 1985).
+// Equal spacings between sorted birthdays are Poisson with mean n^3 / 4k (Marsaglia 1985), for large n: of the (n - 1)
+// (n - 2) / 2 pairs of spacings each is equal with a probability of n / 2k.
 double birthday_spacings(Source& source, int64_t rounds) {
   constexpr int kBirthdays = 256, kDayBits = 22;
   std::array<uint32_t, kBirthdays> day;
@@ -99,7 +101,8 @@ double birthday_spacings(Source& source, int64_t rounds) {
     std::sort(day.begin() + 1, day.end());
     for (size_t i = 2; i < kBirthdays; ++i) equal += day[i] == day[i - 1];
   }
-  return poisson_tail(equal, static_cast<double>(rounds) * std::pow(kBirthdays, 3) / std::ldexp(4, kDayBits));
+  return poisson_tail(equal, static_cast<double>(rounds) * kBirthdays * (kBirthdays - 1.0) * (kBirthdays - 2.0) /
+                                 std::ldexp(4, kDayBits));
 }
 
 // Two values choose an urn: eleven bits of each.
@@ -175,45 +178,104 @@ const std::vector<Test>& tests() {
 const char* name_of(Form form) { return form == Form::words ? "words" : form == Form::floats ? "floats" : "doubles"; }
 
 const std::vector<Generator>& generators() {
+  enum Leap { no, yes, one };
   static const std::vector<Generator> list = {
-      {"MCG31M1", ORVIK_BRNG_MCG31M1}, {"MCG59", ORVIK_BRNG_MCG59}, {"MT19937", ORVIK_BRNG_MT19937},
-      {"MT2203", ORVIK_BRNG_MT2203},   {"ARS5", ORVIK_BRNG_ARS5},   {"PHILOX4X32X10", ORVIK_BRNG_PHILOX4X32X10}};
+#define ORVIK_BRNG(constant, functions, name, members, record, seeds, zero, bytes, bits, leap, ...) \
+  {#functions, ORVIK_BRNG_##constant, leap == one},
+#include "qor/stream/brngs.def"
+  };
   return list;
 }
 
 namespace {
 
+// What fills the rings of abstract streams.
+class Feed {
+ public:
+  explicit Feed(uint32_t seed) {
+    if (__qorNewStreamEx(&stream_, ORVIK_BRNG_PHILOX4X32X10, 1, &seed) != 0) std::abort();
+  }
+  ~Feed() { __qorDeleteStream(&stream_); }
+  Feed(const Feed&) = delete;
+  Feed& operator=(const Feed&) = delete;
+  void draw(uint32_t* r) { __qoriBRngPHILOX4X32X10(stream_, 1, r); }
+  void draw(double* r) { __qordBRngPHILOX4X32X10(stream_, 1, r, 0, 1); }
+  void draw(float* r) { __qorsBRngPHILOX4X32X10(stream_, 1, r, 0, 1); }
+
+ private:
+  OrvikStream stream_ = nullptr;
+};
+thread_local Feed* feed = nullptr;  // of the reader that is drawing: callbacks have no context of their own
+
+template <class T>
+int32_t refill_ring(OrvikStream, int32_t* size, T* ring, int32_t* wanted, int32_t*, int32_t* position) {
+  for (int32_t i = 0; i < *wanted; ++i) feed->draw(ring + (*position + i) % *size);
+  return *wanted;
+}
+
 struct Reader {
-  static constexpr int32_t kBuffer = 4096;
+  static constexpr int32_t kBuffer = 4096, kRing = 100;
   OrvikStream stream = nullptr;
   RegBrngRow row = {};
   uint32_t value[kBuffer];
   int32_t at = kBuffer;
+  std::unique_ptr<Feed> own_feed;
+  std::vector<double> ring;
 
   ~Reader() {
     if (stream) __qorDeleteStream(&stream);
   }
-  void refill(Form form, int bits) {
-    alignas(32) uint64_t raw[kBuffer];
-    const int unused = 32 - bits;
-    const auto cut = [&](double u) {  // of [0, 1]: a float may round up to 1
-      const double scaled = std::min(std::ldexp(u, bits), std::ldexp(1, bits) - 1);
-      return static_cast<uint32_t>(scaled) << unused;
-    };
-    if (form == Form::words) {
-      row.iBRng(stream, kBuffer, raw);
-      for (int32_t i = 0; i < kBuffer; ++i)
-        value[i] = row.WordSize == 8 ? static_cast<uint32_t>(raw[i] >> (row.NBits - 32))
-                                     : reinterpret_cast<const uint32_t*>(raw)[i] << unused;
-    } else if (form == Form::floats) {
-      float* const f = reinterpret_cast<float*>(raw);
-      row.sBRng(stream, kBuffer, f, 0, 1);
-      for (int32_t i = 0; i < kBuffer; ++i) value[i] = cut(static_cast<double>(f[i]));
-    } else {
-      double* const d = reinterpret_cast<double*>(raw);
-      row.dBRng(stream, kBuffer, d, 0, 1);
-      for (int32_t i = 0; i < kBuffer; ++i) value[i] = cut(d[i]);
+
+  int32_t open(int32_t brng, uint32_t seed, Form form) {
+    if (brng == ORVIK_BRNG_R250) {
+      uint32_t seeds[250];
+      Feed words(seed);
+      for (uint32_t& w : seeds) words.draw(&w);
+      return __qorNewStreamEx(&stream, brng, 250, seeds);
     }
+    if (brng != ORVIK_BRNG_IABSTRACT && brng != ORVIK_BRNG_DABSTRACT && brng != ORVIK_BRNG_SABSTRACT)
+      return __qorNewStreamEx(&stream, brng, 1, &seed);
+    own_feed = std::make_unique<Feed>(seed);
+    ring.resize(kRing);
+    if (brng == ORVIK_BRNG_IABSTRACT && form == Form::words)
+      return __qoriNewAbstractStream(&stream, kRing, reinterpret_cast<uint32_t*>(ring.data()), refill_ring<uint32_t>);
+    if (brng == ORVIK_BRNG_DABSTRACT && form == Form::doubles)
+      return __qordNewAbstractStream(&stream, kRing, ring.data(), 0, 1, refill_ring<double>);
+    if (brng == ORVIK_BRNG_SABSTRACT && form == Form::floats)
+      return __qorsNewAbstractStream(&stream, kRing, reinterpret_cast<float*>(ring.data()), 0, 1, refill_ring<float>);
+    return ORVIK_QOR_ABSTRACT_WRONG_TYPE;
+  }
+
+  static void require(int32_t status) {
+    if (status < 0) std::abort();
+  }
+  // The top 32 bits of each word, or as many as it has, moved up.
+  void words() {
+    std::vector<uint64_t> raw(2 * kBuffer);  // of the widest element
+    const auto* const narrow = reinterpret_cast<const uint32_t*>(raw.data());
+    const int32_t per_element = row.WordSize == 16 ? 4 : 1;
+    require(row.iBRng(stream, kBuffer / per_element, raw.data()));
+    for (int32_t i = 0; i < kBuffer; ++i)
+      value[i] = row.WordSize == 8 ? static_cast<uint32_t>(raw[static_cast<size_t>(i)] >> (row.NBits - 32))
+                                   : narrow[i] << (32 - row.NBits);
+  }
+  template <class T, class Fill>
+  void reals(int bits, Fill fill) {
+    T u[kBuffer];
+    require(fill(u));
+    for (int32_t i = 0; i < kBuffer; ++i) {  // of [0, 1]: a float may round up to 1
+      const double scaled = std::min(std::ldexp(static_cast<double>(u[i]), bits), std::ldexp(1, bits) - 1);
+      value[i] = static_cast<uint32_t>(scaled) << (32 - bits);
+    }
+  }
+  void refill(Form form, int bits) {
+    feed = own_feed.get();
+    if (form == Form::words)
+      words();
+    else if (form == Form::floats)
+      reals<float>(bits, [this](float* r) { return row.sBRng(stream, kBuffer, r, 0, 1); });
+    else
+      reals<double>(bits, [this](double* r) { return row.dBRng(stream, kBuffer, r, 0, 1); });
     at = 0;
   }
 };
@@ -221,12 +283,14 @@ struct Reader {
 }  // namespace
 
 // Floats hold 24 bits, the last of them biased where a conversion rounds twice: a word counted from the middle of the
-// interval, for one. 22 are as good as the words.
+// interval, for one. 22 are as good as the words. Doubles of WH are sums of four fractions: finer than its words.
 Source make_source(int32_t brng, uint32_t seed, Form form) {
   const auto reader = std::make_shared<Reader>();
-  if (__qorNewStreamEx(&reader->stream, brng, 1, &seed) != 0) return {0, {}};
+  if (reader->open(brng, seed, form) != 0) return {0, {}};
   __qorGetBrngProperties(brng, &reader->row);
-  const int word_bits = std::min(reader->row.NBits, 32), bits = form == Form::floats ? 22 : word_bits;
+  int bits = std::min(reader->row.NBits, 32);
+  if (form == Form::floats) bits = 22;
+  if (form == Form::doubles && reader->row.WordSize == 16) bits = 32;
   return {bits, [=] {
             if (reader->at == Reader::kBuffer) reader->refill(form, bits);
             return reader->value[reader->at++];

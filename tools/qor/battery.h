@@ -33,13 +33,17 @@ const std::vector<Test>& tests();
 enum class Form { words, floats, doubles };
 const char* name_of(Form form);
 
-// The output of a generator in one form, seeded by one word. An empty `next` for an unknown generator.
-Source make_source(int32_t brng, uint32_t seed, Form form);
-
 struct Generator {
   const char* name;
   int32_t brng;
+  bool quasi;  // points that are more even than random ones
 };
+// All of the list.
 const std::vector<Generator>& generators();
+
+// The output of a generator in one form, seeded by one word (R250 by 250 random ones, since one word leaves regular low
+// bits); of abstract generators the numbers of another one that pass
+// through a caller's ring. An empty `next` where the generator has no such form.
+Source make_source(int32_t brng, uint32_t seed, Form form);
 
 }  // namespace orvik::battery

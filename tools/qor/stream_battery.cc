@@ -3,6 +3,7 @@
 //   stream_battery [SCALE [SEED [GENERATOR]]]      sizes are SCALE times those of the short form (default 20)
 //
 // Prints a p-value a line; those outside 10^-4 .. 1 - 10^-4 are marked. About one line in 5,000 is marked by chance.
+// Quasi-random points are not meant to pass: docs/streams.md says what fails what.
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -24,6 +25,7 @@ int main(int argc, char** argv) {
       if (argc > 3 && std::strcmp(argv[3], g.name) != 0) continue;
       for (const Test& t : tests()) {
         Source source = make_source(g.brng, seed, form);
+        if (!source.next) continue;
         const double p = t.run(source, t.size * scale);
         const bool bad = p < 1e-4 || p > 1 - 1e-4;
         marked += bad;

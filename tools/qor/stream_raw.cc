@@ -3,7 +3,7 @@
 //   stream_raw GENERATOR_ID [SEED [BYTES]] | ...      ids as in orvik/qor.h, for instance 0x1000000; no BYTES: no end
 //
 // Elements of four bytes are written as they are, those of eight bytes shifted so that their top bits are the random
-// ones. MCG31M1 has 31 random bits an element, the top one is 0.
+// ones. MCG31M1 has 31 random bits an element, the top one is 0; WH four times 24, the top bytes are 0.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>

@@ -1,13 +1,24 @@
 // Counter-based generators: block number c of a sequence is a function of c and a key, four 32-bit words a block. One
-// class over the block function `B` (its state, its blocks in lanes) holds delivery and jumps.
+// class over the block function `B` holds delivery, seeding and jumps. B names
+//   kKeyWords                 words of its key
+//   Vector                    eight words, the blocks of counters c and c + 1, as its sinks take them
+//   Keys                      what it makes of the key once per request
+//   kFew, make(c, keys, w)    makes kFew vectors of consecutive blocks, carrying through all words of the counter
+//   Run(c), deliver(keys, sink, i)
+//                             makes and delivers Run::kVectors vectors after the other while the low half of the
+//                             counter does not wrap
+//   kAhead                    whether a block is always made ahead
+//   kShort, kLong             how its jumps land
+//   ready(real32)             0, or why it cannot run here
 #pragma once
 
-#include <immintrin.h>
 #include <stdint.h>
 #include <string.h>
 
+#include <type_traits>
+
 #include "qor/brng/entries.h"
-#include "qor/brng/words.h"
+#include "qor/brng/sinks.h"
 
 namespace orvik::qor {
 
@@ -23,35 +34,150 @@ inline void store_counter(uint32_t* words, Counter128 c) {
   memcpy(words, half, sizeof half);
 }
 
-template <class State>
-uint32_t words_left(const State& state) {
-  return state.left < 4 ? state.left : 4;  // an image may hold anything
-}
-
-// Delivers what the block in hand still holds, up to n words; returns how many.
-template <class State, class Sink>
-int32_t deliver_block(State& state, int32_t n, ptrdiff_t i, const Sink& sink) {
-  const uint32_t left = words_left(state);
-  const int32_t count = n < static_cast<int32_t>(left) ? n : static_cast<int32_t>(left);
-  if (count <= 0) return 0;
-  sink.some(i, load_some(state.block + 4 - left, count), count);
-  state.left = left - static_cast<uint32_t>(count);
-  return count;
-}
-
-// A long count less the words in hand: the remainder modulo 4 and the quotient by 4, of which 128 bits matter.
-struct BlockCount {
-  uint32_t words;
-  Counter128 blocks;
+// Where a jump that leaves the block in hand ends.
+enum class Landing {
+  ahead,     // in the block that holds the next word, made even when all of it is left
+  in_block,  // in the block that holds the last word skipped, even when none of it is left
+  exact,     // in a block only when some of it is left
 };
-inline BlockCount blocks_behind(const uint64_t* count, uint32_t left) {
-  const Counter128 low = static_cast<Counter128>(count[1]) << 64 | count[0], rest = low - left;
-  const uint64_t top = count[2] - (low < left ? 1 : 0);
-  return {static_cast<uint32_t>(rest) & 3, rest >> 2 | static_cast<Counter128>(top) << 126};
-}
-// Up to three words of a caller's count.
-inline void read_count(uint64_t (&count)[3], int32_t n, const uint64_t* words) {
-  for (int32_t i = 0; i < 3; ++i) count[i] = i < n ? words[i] : 0;
-}
+
+template <int KeyWords>
+struct CounterState {
+  uint32_t key[KeyWords], counter[4], left, block[4];
+};
+
+template <class B>
+struct CounterGenerator {
+  using State = CounterState<B::kKeyWords>;
+  using Vector = typename B::Vector;
+  using Keys = typename B::Keys;
+  using Raw = RawSink;
+  using Float = FloatSink<ToFloats<Signed, FromMiddle>>;
+  using Double = DoubleSink<ToDoubles<Signed, FromMiddle>>;
+
+  template <SinkOf<Vector> Sink>
+  static int32_t fill(OrvikStream stream, int32_t n, const Sink& sink) {
+    if (const int32_t status = B::ready(std::is_same_v<Sink, Float>); status < 0) return status;
+    State& state = state_of<State>(stream);
+    ptrdiff_t i = deliver_block(state, n, sink);
+    if (i >= n) return ORVIK_QOR_OK;
+    const Keys keys(state.key);
+    Counter128 counter = load_counter(state.counter);
+    // A low half that cannot wrap within a request needs no carry.
+    if (state.counter[1] != 0xFFFFFFFF) {
+      constexpr ptrdiff_t kWords = 8 * B::Run::kVectors;
+      if (i + kWords <= n) {
+        const Sink own = sink;  // a copy: for all the compiler knows the results might overlap it
+        typename B::Run run(counter);
+        for (; i + kWords <= n; i += kWords, counter += kWords / 4) run.deliver(keys, own, i);
+      }
+    }
+    Vector w[B::kFew];
+    for (; i + 8 * B::kFew <= n; i += 8 * B::kFew, counter += 2 * B::kFew) {
+      B::make(counter, keys, w);
+      sink.group(i, w);
+    }
+    const int rest = static_cast<int>(n - i);
+    if (rest > 0 || B::kAhead) {
+      B::make(counter, keys, w);
+      unroll<B::kFew>([&](auto k) __attribute__((always_inline)) {
+        const int left = rest - 8 * k;
+        if (left >= 8)
+          put_one(sink, i + 8 * k, w[k]);
+        else if (left > 0)
+          sink.some(i + 8 * k, w[k], left);
+      });
+      const int block = rest / 4;
+      counter += static_cast<uint32_t>(block);
+      if (B::kAhead || rest % 4 != 0) {
+        keep_block(state, w, block);
+        state.left = 4 - static_cast<uint32_t>(rest % 4);
+        ++counter;
+      }
+    }
+    store_counter(state.counter, counter);
+    return ORVIK_QOR_OK;
+  }
+
+  static int32_t seed(OrvikStream stream, int32_t n, const uint32_t* seeds) {
+    State& state = state_of<State>(stream);
+    state = {};
+    const int32_t count = n < B::kKeyWords + 4 ? n : B::kKeyWords + 4;
+    for (int32_t i = 0; i < count; ++i) (i < B::kKeyWords ? state.key[i] : state.counter[i - B::kKeyWords]) = seeds[i];
+    return ORVIK_QOR_OK;
+  }
+
+  static int32_t leapfrog(OrvikStream, int32_t, int32_t) { return ORVIK_QOR_NO_LEAPFROG; }
+  static int32_t skip(OrvikStream stream, uint64_t count) {
+    const uint64_t words[3] = {count, 0, 0};
+    return jump(stream, words, B::kShort);
+  }
+  // Up to three words of the count are read.
+  static int32_t skip_long(OrvikStream stream, int32_t n, const uint64_t* count) {
+    uint64_t words[3];
+    for (int32_t i = 0; i < 3; ++i) words[i] = i < n ? count[i] : 0;
+    return jump(stream, words, B::kLong);
+  }
+
+ private:
+  static uint32_t words_left(const State& state) {
+    return state.left < 4 ? state.left : 4;  // an image may hold anything
+  }
+
+  // Delivers what the block in hand still holds, up to n words; returns how many.
+  template <class Sink>
+  static int32_t deliver_block(State& state, int32_t n, const Sink& sink) {
+    const uint32_t left = words_left(state);
+    const int32_t count = n < static_cast<int32_t>(left) ? n : static_cast<int32_t>(left);
+    if (count <= 0) return 0;
+    const I32 words = load_some(state.block + 4 - left, count);
+    if constexpr (std::is_same_v<Vector, Halves>)
+      sink.some(0, Halves{low_half(words), high_half(words)}, count);
+    else
+      sink.some(0, words, count);
+    state.left = left - static_cast<uint32_t>(count);
+    return count;
+  }
+
+  static I32Half low_block(I32 w) { return low_half(w); }
+  static I32Half high_block(I32 w) { return high_half(w); }
+  static I32Half low_block(Halves w) { return w.low; }
+  static I32Half high_block(Halves w) { return w.high; }
+  static void keep_block(State& state, const Vector (&w)[B::kFew], int block) {
+    unroll<B::kFew>([&](auto k) __attribute__((always_inline)) {
+      if (block == 2 * k) store(state.block, low_block(w[k]));
+      if (block == 2 * k + 1) store(state.block, high_block(w[k]));
+    });
+  }
+
+  static int32_t jump(OrvikStream stream, const uint64_t (&count)[3], Landing landing) {
+    if (const int32_t status = B::ready(false); status < 0) return status;
+    State& state = state_of<State>(stream);
+    const uint32_t left = words_left(state);
+    if (count[1] == 0 && count[2] == 0 && count[0] <= left) {
+      state.left = left - static_cast<uint32_t>(count[0]);
+      return ORVIK_QOR_OK;
+    }
+    // The count less the words in hand: of its quotient by 4 only 128 bits matter.
+    const Counter128 low = static_cast<Counter128>(count[1]) << 64 | count[0], rest = low - left;
+    const uint64_t top = count[2] - (low < left ? 1 : 0);
+    const uint32_t over = static_cast<uint32_t>(rest) & 3;
+    Counter128 blocks = rest >> 2 | static_cast<Counter128>(top) << 126;
+    state.left = 4 - over;
+    if (over == 0 && landing != Landing::ahead) {
+      state.left = 0;
+      if (landing == Landing::in_block) --blocks;
+    }
+    Counter128 counter = load_counter(state.counter) + blocks;
+    if (state.left != 0 || landing == Landing::in_block) {
+      Vector w[B::kFew];
+      B::make(counter, Keys(state.key), w);
+      keep_block(state, w, 0);
+      ++counter;
+    }
+    store_counter(state.counter, counter);
+    return ORVIK_QOR_OK;
+  }
+};
 
 }  // namespace orvik::qor

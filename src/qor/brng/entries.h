@@ -6,6 +6,8 @@
 
 #include <stdint.h>
 
+#include <concepts>
+
 #include "orvik/qor.h"
 #include "qor/stream/record.h"
 
@@ -19,6 +21,21 @@ struct NoJumps {
 };
 
 template <class G>
+concept Seeded = requires(OrvikStream stream, int32_t n, const uint32_t* seeds, uint64_t count) {
+  { G::seed(stream, n, seeds) } -> std::same_as<int32_t>;
+  { G::leapfrog(stream, n, n) } -> std::same_as<int32_t>;
+  { G::skip(stream, count) } -> std::same_as<int32_t>;
+  { G::skip_long(stream, n, &count) } -> std::same_as<int32_t>;
+};
+// Every form names its sink: none falls into a conversion that was made for other words.
+template <class G>
+concept BasicGenerator = Seeded<G> && requires(OrvikStream stream, int32_t n, void* r, float* s, double* d) {
+  { G::fill(stream, n, typename G::Raw(r)) } -> std::same_as<int32_t>;
+  { G::fill(stream, n, typename G::Float(s, 0.0f, 1.0f)) } -> std::same_as<int32_t>;
+  { G::fill(stream, n, typename G::Double(d, 0.0, 1.0)) } -> std::same_as<int32_t>;
+};
+
+template <Seeded G>
 int32_t init_stream(uint32_t method, OrvikStream stream, int32_t n, const void* params) {
   switch (method) {
     case 0:
@@ -26,6 +43,9 @@ int32_t init_stream(uint32_t method, OrvikStream stream, int32_t n, const void* 
     case 1:
       return G::leapfrog(stream, n, *static_cast<const int32_t*>(params));
     case 2:
+      if constexpr (requires { G::kSkipReadsItsLength; }) {
+        if (n < 1) return ORVIK_QOR_NO_SKIPAHEAD;
+      }
       return G::skip(stream, *static_cast<const uint64_t*>(params));
     case 3:
       return G::skip_long(stream, n, static_cast<const uint64_t*>(params));
@@ -35,7 +55,7 @@ int32_t init_stream(uint32_t method, OrvikStream stream, int32_t n, const void* 
 }
 
 // Doubles by the quicker of two equal ways, where a generator has two and the interval allows it.
-template <class G>
+template <BasicGenerator G>
 int32_t fill_doubles(OrvikStream stream, int32_t n, double* r, double a, double b) {
   if constexpr (requires { typename G::QuickDouble; }) {
     if (G::QuickDouble::applies(a, b)) return G::fill(stream, n, typename G::QuickDouble(r, a, b));
@@ -55,11 +75,15 @@ constexpr int32_t record_size() {
   return (kHeaderSize + static_cast<int32_t>(sizeof(State)) + kUnit - 1) / kUnit * kUnit;
 }
 
+#define ORVIK_QOR_INIT_STREAM(NAME, G)                                                                                 \
+  extern "C" int32_t __qorBRng##NAME##InitStream(uint32_t method, OrvikStream stream, int32_t n, const void* params) { \
+    return orvik::qor::init_stream<G>(method, stream, n, params);                                                      \
+  }
+
 #define ORVIK_QOR_GENERATOR(NAME, G)                                                                         \
+  static_assert(orvik::qor::BasicGenerator<G>);                                                              \
+  ORVIK_QOR_INIT_STREAM(NAME, G)                                                                             \
   extern "C" {                                                                                               \
-  int32_t __qorBRng##NAME##InitStream(uint32_t method, OrvikStream stream, int32_t n, const void* params) {  \
-    return orvik::qor::init_stream<G>(method, stream, n, params);                                            \
-  }                                                                                                          \
   int32_t __qorsBRng##NAME(OrvikStream stream, int32_t n, float* r, float a, float b) {                      \
     return G::fill(stream, n, G::Float(r, a, b));                                                            \
   }                                                                                                          \

@@ -2,102 +2,23 @@
 // types, the multiplication of one member and of four lanes, and the conversion of members to double and float.
 #pragma once
 
-#include <immintrin.h>
 #include <stdint.h>
-
-#include <type_traits>
 
 #include "orvik/serv.h"
 #include "qor/brng/entries.h"
 #include "qor/brng/mcg_lanes.h"
-#include "qor/brng/words.h"
+#include "qor/brng/sinks.h"
 #include "qor/stream/record.h"
 
 namespace orvik::qor {
 
-inline __m256i load4(const uint64_t* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
-inline void store4(uint64_t* p, __m256i w) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), w); }
-
-template <class Modulus>
-class McgRawSink {
- public:
-  using Product = typename Modulus::Product;
-  explicit McgRawSink(void* r) : r_(static_cast<typename Modulus::Element*>(r)) {}
-  template <int N>
-  void fours(ptrdiff_t i, const Product (&w)[N]) const {
-    unroll<N>([&](auto k) __attribute__((always_inline)) { Modulus::store(r_ + i + 4 * k, w[k]); });
-  }
-  void some(ptrdiff_t i, Product w, int count) const {
-    uint64_t word[4];
-    store4(word, Modulus::leave(Modulus::lanes(w)));
-    for (int k = 0; k < count; ++k) one(i + k, word[k]);
-  }
-  void one(ptrdiff_t i, uint64_t w) const { r_[i] = static_cast<typename Modulus::Element>(w); }
-
- private:
-  typename Modulus::Element* r_;
-};
-
-template <class Modulus>
-class McgFloatSink {
- public:
-  using Product = typename Modulus::Product;
-  McgFloatSink(float* r, float a, float b)
-      : r_(r), scale_(_mm256_set1_ps((b - a) * Modulus::kFloatScale)), a_(_mm256_set1_ps(a)) {}
-  template <int N>
-  void fours(ptrdiff_t i, const Product (&w)[N]) const {
-    __m256 x[(N + 1) / 2];
-    Modulus::to_float(w, x);
-    unroll<(N + 1) / 2>([&](auto k) __attribute__((always_inline)) { x[k] = _mm256_fmadd_ps(scale_, x[k], a_); });
-    unroll<N / 2>([&](auto k) __attribute__((always_inline)) { _mm256_storeu_ps(r_ + i + 8 * k, x[k]); });
-    if constexpr (N % 2 == 1) _mm_storeu_ps(r_ + i + 4 * (N - 1), _mm256_castps256_ps128(x[N / 2]));
-  }
-  void some(ptrdiff_t i, Product w, int count) const {
-    const Product words[1] = {w};
-    __m256 x[1];
-    Modulus::to_float(words, x);
-    _mm_maskstore_ps(r_ + i, _mm256_castsi256_si128(lane_mask(count)),
-                     _mm256_castps256_ps128(_mm256_fmadd_ps(scale_, x[0], a_)));
-  }
-
- private:
-  float* r_;
-  __m256 scale_, a_;
-};
-
-template <class Modulus>
-class McgDoubleSink {
- public:
-  using Product = typename Modulus::Product;
-  McgDoubleSink(double* r, double a, double b)
-      : r_(r), scale_(_mm256_set1_pd((b - a) * Modulus::kDoubleScale)), a_(_mm256_set1_pd(a)) {}
-  template <int N>
-  void fours(ptrdiff_t i, const Product (&w)[N]) const {
-    __m256d x[N];
-    Modulus::to_double(w, x);
-    unroll<N>([&](auto k) __attribute__((always_inline)) {
-      _mm256_storeu_pd(r_ + i + 4 * k, _mm256_fmadd_pd(scale_, x[k], a_));
-    });
-  }
-  void some(ptrdiff_t i, Product w, int count) const {
-    const Product words[1] = {w};
-    __m256d x[1];
-    Modulus::to_double(words, x);
-    _mm256_maskstore_pd(r_ + i, _mm256_cvtepi32_epi64(_mm256_castsi256_si128(lane_mask(count))),
-                        _mm256_fmadd_pd(scale_, x[0], a_));
-  }
-
- private:
-  double* r_;
-  __m256d scale_, a_;
-};
-
 template <class Modulus>
 struct Mcg {
   using Element = typename Modulus::Element;
-  using Raw = McgRawSink<Modulus>;
-  using Float = McgFloatSink<Modulus>;
-  using Double = McgDoubleSink<Modulus>;
+  using Vector = typename Modulus::Vector;
+  using Raw = RawFours<Modulus>;
+  using Float = FloatFours<Modulus>;
+  using Double = DoubleFours<Modulus>;
 
   struct State {
     Element x;  // the next member to deliver
@@ -122,7 +43,7 @@ struct Mcg {
   static void fill_powers(uint64_t (*power)[4], uint64_t a) {
     const uint64_t a2 = Modulus::multiply(a, a), a4 = Modulus::multiply(a2, a2);
     uint64_t p = a4;
-    for (int j = 0; j < 8; ++j, p = Modulus::multiply(p, a4)) store4(power[j], broadcast64(p));
+    for (int j = 0; j < 8; ++j, p = Modulus::multiply(p, a4)) store(power[j], I64(p));
   }
   static void rebuild(McgLanes& lanes, uint64_t x, uint64_t a) {
     if (a == 0) a = Modulus::kMultiplier;
@@ -130,48 +51,54 @@ struct Mcg {
     fill_powers(lanes.power, a);
   }
 
-  // The stream's side block, unless it is missing or too small to be one.
+  // The stream's side block, unless it is missing or too small to be one. A block that an image brought and that does
+  // not name this generator becomes this generator's by its first lane.
   static McgLanes* find_lanes(OrvikStream stream) {
-    for (const ChunkNode* node = header(stream)->chunks; node; node = node->next)
-      if (node->id == kMcgChunk)
-        return static_cast<uint32_t>(node->size) < sizeof(McgLanes) ? nullptr : static_cast<McgLanes*>(node->data);
-    return nullptr;
+    auto* const lanes = static_cast<McgLanes*>(find_chunk(stream, kMcgChunk, sizeof(McgLanes)));
+    if (lanes && lanes->row != Modulus::kRow) {
+      lanes->row = Modulus::kRow;
+      restore(*lanes, state_of<State>(stream).a);
+    }
+    return lanes;
+  }
+  // The first lane is trusted but for its size.
+  static void restore(McgLanes& lanes, uint64_t a) {
+    rebuild(lanes, Modulus::residue(lanes.lane[0]), Modulus::residue(a));
   }
 
   // Delivers n members from the four lanes on; returns the lanes behind them.
-  template <class Sink>
-  static __m256i run(__m256i members, const uint64_t (*power)[4], int32_t n, const Sink& sink) {
+  template <SinkOf<Vector> Sink>
+  static I64 run(I64 members, const uint64_t (*power)[4], int32_t n, const Sink& sink) {
     using Factor = typename Modulus::Factor;
-    using Product = typename Modulus::Product;
     constexpr int kGroup = 2;  // products that are made together
     auto lane = Modulus::enter(members);
     ptrdiff_t i = 0;
     if (n >= 32) {
       const Sink own = sink;  // a copy: for all the compiler knows the results might overlap it
       Factor factor[8];
-      for (int j = 0; j < 8; ++j) factor[j] = Factor(load4(power[j]));
+      for (int j = 0; j < 8; ++j) factor[j] = Factor(load_words(power[j]));
       for (; i + 32 <= n; i += 32) {
         unroll<8 / kGroup>([&](auto g) __attribute__((always_inline)) {
-          Product w[kGroup];
+          Vector w[kGroup];
           if constexpr (g == 0) {
-            Product behind[kGroup - 1];
+            Vector behind[kGroup - 1];
             Modulus::multiply(lane, factor, behind);
             w[0] = Modulus::unit(lane);
             unroll<kGroup - 1>([&](auto k) __attribute__((always_inline)) { w[k + 1] = behind[k]; });
           } else {
             Modulus::multiply(lane, factor + g * kGroup - 1, w);
           }
-          own.fours(i + 4 * kGroup * g, w);
+          own.group(i + 4 * kGroup * g, w);
         });
-        Product next[1];
+        Vector next[1];
         Modulus::multiply(lane, factor + 7, next);
         lane = Modulus::lanes(next[0]);
       }
     }
-    const Factor next(load4(power[0]));
-    Product w[1] = {Modulus::unit(lane)}, after[1];
+    const Factor next(load_words(power[0]));
+    Vector w[1] = {Modulus::unit(lane)}, after[1];
     for (; i + 4 <= n; i += 4) {
-      sink.fours(i, w);
+      sink.group(i, w);
       Modulus::multiply(lane, &next, after);
       lane = Modulus::lanes(after[0]);
       w[0] = Modulus::unit(lane);
@@ -181,9 +108,9 @@ struct Mcg {
     sink.some(i, w[0], rest);
     Modulus::multiply(lane, &next, after);
     uint64_t member[8];  // the lanes stay four consecutive members
-    store4(member, Modulus::leave(lane));
-    store4(member + 4, Modulus::leave(Modulus::lanes(after[0])));
-    return load4(member + rest);
+    store(member, Modulus::leave(lane));
+    store(member + 4, Modulus::leave(Modulus::lanes(after[0])));
+    return load_words(member + rest);
   }
 
   // ---- the generator's functions
@@ -200,19 +127,19 @@ struct Mcg {
     uint64_t lane[4], power[8][4];
     fill_lanes(lane, state.x, state.a);
     fill_powers(power, state.a);
-    store4(lane, run(load4(lane), power, n, sink));
+    store(lane, run(load_words(lane), power, n, sink));
     sink.one(0, state.x);  // an image may hold bits above the modulus: delivered as they are, whatever the request
     state.x = static_cast<Element>(lane[0]);
     return ORVIK_QOR_OK;
   }
 
   // Floats and doubles come from the lanes and bring the stream's member up to them.
-  template <class Sink>
+  template <SinkOf<Vector> Sink>
   static int32_t fill(OrvikStream stream, int32_t n, const Sink& sink) {
     McgLanes* const lanes = find_lanes(stream);
     if (!lanes) return ORVIK_QOR_NO_MEMORY;
-    const __m256i lane = run(load4(lanes->lane), lanes->power, n, sink);
-    store4(lanes->lane, lane);
+    const I64 lane = run(load_words(lanes->lane), lanes->power, n, sink);
+    store(lanes->lane, lane);
     state_of<State>(stream).x = static_cast<Element>(lanes->lane[0]);
     return ORVIK_QOR_OK;
   }
@@ -222,6 +149,7 @@ struct Mcg {
     const uint64_t x = Modulus::member(n, seeds);
     state.x = static_cast<Element>(x == 0 ? 1 : x);
     state.a = static_cast<Element>(Modulus::kMultiplier);
+    remove_chunks(stream, kMcgChunk);  // of an earlier seeding
     auto* const lanes = static_cast<McgLanes*>(orvik_serv_allocate(sizeof(McgLanes), kAlignment));
     if (!lanes) return ORVIK_QOR_NO_MEMORY;
     *lanes = {};

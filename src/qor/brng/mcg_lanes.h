@@ -20,8 +20,4 @@ struct McgLanes {
 static_assert(sizeof(McgLanes) == 352);
 static_assert(offsetof(McgLanes, lane) == 32 && offsetof(McgLanes, power) == 64);
 
-// Makes the side block of a loaded stream consistent: the first lane is trusted, the rest follows from it and the
-// stream's multiplier. Leaves blocks of other generators, and of too few bytes, alone.
-void restore_mcg_chunk(OrvikStream stream);
-
 }  // namespace orvik::qor

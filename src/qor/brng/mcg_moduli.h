@@ -1,10 +1,9 @@
 // The two moduli of the congruential generators.
 #pragma once
 
-#include <immintrin.h>
 #include <stdint.h>
 
-#include "qor/brng/words.h"
+#include "qor/brng/sinks.h"
 
 namespace orvik::qor {
 
@@ -18,6 +17,7 @@ struct Mod2P31M1 {
 
   static uint64_t member(int32_t n, const uint32_t* seeds) { return n <= 0 ? 1 : seeds[0] % kModulus; }
 
+  static uint64_t residue(uint64_t x) { return x % kModulus; }
   // Below 2^62, so that one fold and one subtraction give the residue.
   static uint64_t multiply(uint64_t x, uint64_t a) {
     const uint64_t product = x * a, sum = (product & kModulus) + (product >> 31);
@@ -26,43 +26,37 @@ struct Mod2P31M1 {
   // A multiplier of four lanes.
   struct Factor {
     Factor() = default;
-    explicit Factor(__m256i power) : a(power) {}
-    __m256i a;
+    explicit Factor(I64 power) : a(power) {}
+    I64 a;
   };
   // Four members and what one comes from.
-  using Lanes = __m256i;
-  using Product = __m256i;
-  static Lanes enter(__m256i x) { return x; }
-  static __m256i leave(Lanes x) { return x; }
-  static Lanes lanes(Product x) { return x; }
-  static Product unit(Lanes x) { return x; }
+  using Lanes = I64;
+  using Vector = I64;
+  static Lanes enter(I64 x) { return x; }
+  static I64 leave(Lanes x) { return x; }
+  static Lanes lanes(Vector x) { return x; }
+  static Vector unit(Lanes x) { return x; }
   template <int N>
-  static void multiply(Lanes x, const Factor* f, Product (&r)[N]) {
-    const __m256i m = broadcast64(kModulus);
-    unroll<N>([&](auto k) __attribute__((always_inline)) { r[k] = _mm256_mul_epu32(x, f[k].a); });
-    unroll<N>([&](auto k) __attribute__((always_inline)) {
-      r[k] = _mm256_add_epi64(_mm256_and_si256(r[k], m), _mm256_srli_epi64(r[k], 31));
-    });
-    unroll<N>([&](auto k) __attribute__((always_inline)) { r[k] = _mm256_min_epu32(r[k], _mm256_sub_epi32(r[k], m)); });
+  static void multiply(Lanes x, const Factor* f, Vector (&r)[N]) {
+    const I64 m(kModulus);
+    unroll<N>([&](auto k) __attribute__((always_inline)) { r[k] = multiply_low_words(x, f[k].a); });
+    unroll<N>([&](auto k) __attribute__((always_inline)) { r[k] = (r[k] & m) + shift_right<31>(r[k]); });
+    unroll<N>([&](auto k) __attribute__((always_inline)) { r[k] = smaller_unsigned(r[k], r[k] - m); });
   }
-  static void store(uint32_t* r, Product w) {
-    const __m256i packed = _mm256_permutevar8x32_epi32(w, _mm256_setr_epi32(0, 2, 4, 6, 0, 2, 4, 6));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(r), _mm256_castsi256_si128(packed));
-  }
+  static void store_four(uint32_t* r, Vector w) { store(r, low_words(w)); }
+  static void store_first(uint32_t* r, Vector w, int count) { store_some(r, widen_to_words(low_words(w)), count); }
   template <int N>
-  static void to_double(const Product (&w)[N], __m256d (&x)[N]) {
+  static void to_doubles(const Vector (&w)[N], F64 (&x)[N]) {
     unroll<N>([&](auto k) __attribute__((always_inline)) {
-      const __m256i biased = _mm256_or_si256(w[k], broadcast64(0x4330000000000000));
-      x[k] = _mm256_sub_pd(_mm256_castsi256_pd(biased), _mm256_set1_pd(0x1p52));
+      x[k] = as_float(w[k] | long_bits(0x4330000000000000)) - F64(0x1p52);
     });
   }
   // 31 bits have a sign to spare: one rounding.
   template <int N>
-  static void to_float(const Product (&w)[N], __m256 (&x)[(N + 1) / 2]) {
+  static void to_floats(const Vector (&w)[N], F32 (&x)[(N + 1) / 2]) {
     unroll<(N + 1) / 2>([&](auto k) __attribute__((always_inline)) {
       constexpr int kOther = 2 * k + 1 < N ? 2 * k + 1 : 2 * k;
-      const __m256 packed = _mm256_shuffle_ps(_mm256_castsi256_ps(w[2 * k]), _mm256_castsi256_ps(w[kOther]), 0x88);
-      x[k] = _mm256_cvtepi32_ps(_mm256_permute4x64_epi64(_mm256_castps_si256(packed), 0xD8));
+      x[k] = orvik::to_float(cross_middle(low_words_by_halves(w[2 * k], w[kOther])));
     });
   }
 };
@@ -78,57 +72,60 @@ struct Mod2P59 {
     if (n <= 0) return 1;
     return n == 1 ? seeds[0] : (seeds[0] | static_cast<uint64_t>(seeds[1]) << 32) & kMask;
   }
+  static uint64_t residue(uint64_t x) { return x & kMask; }
   static uint64_t multiply(uint64_t x, uint64_t a) { return x * a & kMask; }
   struct Factor {
     Factor() = default;
-    explicit Factor(__m256i power) : low(power), high(_mm256_srli_epi64(power, 32)) {}
-    __m256i low, high;
+    explicit Factor(I64 power) : low(power), high(shift_right<32>(power)) {}
+    I64 low, high;
   };
   // Lanes stand 5 bits higher, so that the modulus is that of the word. A product is `low`, and `high` added to its
   // upper half, of which only the low 32 bits count.
-  using Lanes = __m256i;
-  struct Product {
-    __m256i low, high;
+  using Lanes = I64;
+  struct Vector {
+    I64 low, high;
   };
-  static Lanes enter(__m256i x) { return _mm256_slli_epi64(x, 5); }
-  static __m256i leave(Lanes x) { return _mm256_srli_epi64(x, 5); }
-  static Lanes lanes(Product x) { return _mm256_add_epi64(x.low, _mm256_slli_epi64(x.high, 32)); }
-  static Product unit(Lanes x) { return {x, _mm256_setzero_si256()}; }
+  static Lanes enter(I64 x) { return shift_left<5>(x); }
+  static I64 leave(Lanes x) { return shift_right<5>(x); }
+  static Lanes lanes(Vector x) { return x.low + shift_left<32>(x.high); }
+  static Vector unit(Lanes x) { return {x, I64(uint64_t{0})}; }
   template <int N>
-  static void multiply(Lanes x, const Factor* f, Product (&r)[N]) {
-    const __m256i upper = _mm256_srli_epi64(x, 32);
-    __m256i cross[N];
+  static void multiply(Lanes x, const Factor* f, Vector (&r)[N]) {
+    const I64 upper = shift_right<32>(x);
+    I64 cross[N];
     unroll<N>([&](auto k) __attribute__((always_inline)) {
-      r[k].low = _mm256_mul_epu32(x, f[k].low);
-      r[k].high = _mm256_mul_epu32(upper, f[k].low);
-      cross[k] = _mm256_mul_epu32(x, f[k].high);
+      r[k].low = multiply_low_words(x, f[k].low);
+      r[k].high = multiply_low_words(upper, f[k].low);
+      cross[k] = multiply_low_words(x, f[k].high);
     });
-    unroll<N>([&](auto k) __attribute__((always_inline)) { r[k].high = _mm256_add_epi64(r[k].high, cross[k]); });
+    unroll<N>([&](auto k) __attribute__((always_inline)) { r[k].high = r[k].high + cross[k]; });
   }
-  static void store(uint64_t* r, Product w) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(r), leave(lanes(w))); }
+  static void store_four(uint64_t* r, Vector w) { store(r, leave(lanes(w))); }
+  static void store_first(uint64_t* r, Vector w, int count) {
+    store_some(reinterpret_cast<uint32_t*>(r), as_words(leave(lanes(w))), 2 * count);
+  }
   // One rounding: halves against the biases 2^79 and 2^47.
   template <int N>
-  static void to_double(const Product (&w)[N], __m256d (&x)[N]) {
-    __m256i high[N];
-    unroll<N>([&](auto k) __attribute__((always_inline)) { high[k] = _mm256_srli_epi64(w[k].low, 32); });
-    unroll<N>([&](auto k) __attribute__((always_inline)) { high[k] = _mm256_add_epi64(high[k], w[k].high); });
+  static void to_doubles(const Vector (&w)[N], F64 (&x)[N]) {
+    I64 high[N];
+    unroll<N>([&](auto k) __attribute__((always_inline)) { high[k] = shift_right<32>(w[k].low); });
+    unroll<N>([&](auto k) __attribute__((always_inline)) { high[k] = high[k] + w[k].high; });
     unroll<N>([&](auto k) __attribute__((always_inline)) {
-      const __m256i biased = _mm256_blend_epi32(high[k], broadcast64(0x44E0000000000000), 0xAA);
-      x[k] = _mm256_sub_pd(_mm256_castsi256_pd(biased), _mm256_set1_pd(0x1p79 + 0x1p47));
+      const I64 biased = with_high_words(high[k], long_bits(0x44E0000000000000));
+      x[k] = as_float(biased) - F64(0x1p79 + 0x1p47);
     });
     unroll<N>([&](auto k) __attribute__((always_inline)) {
-      const __m256i low = _mm256_blend_epi32(w[k].low, broadcast64(0x42E0000000000000), 0xAA);
-      x[k] = _mm256_add_pd(x[k], _mm256_castsi256_pd(low));
+      x[k] = x[k] + as_float(with_high_words(w[k].low, long_bits(0x42E0000000000000)));
     });
   }
   // By way of the double, in two roundings.
   template <int N>
-  static void to_float(const Product (&w)[N], __m256 (&x)[(N + 1) / 2]) {
+  static void to_floats(const Vector (&w)[N], F32 (&x)[(N + 1) / 2]) {
     unroll<(N + 1) / 2>([&](auto k) __attribute__((always_inline)) {
-      const Product pair[2] = {w[2 * k], w[2 * k + 1 < N ? 2 * k + 1 : 2 * k]};
-      __m256d d[2];
-      to_double(pair, d);
-      x[k] = _mm256_set_m128(_mm256_cvtpd_ps(d[1]), _mm256_cvtpd_ps(d[0]));
+      const Vector pair[2] = {w[2 * k], w[2 * k + 1 < N ? 2 * k + 1 : 2 * k]};
+      F64 d[2];
+      to_doubles(pair, d);
+      x[k] = narrow(d[0], d[1]);
     });
   }
 };

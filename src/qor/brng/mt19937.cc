@@ -40,7 +40,7 @@ struct Mt19937 : Twister<Mt19937Parameters> {
   }
   static void add_run(uint32_t* to, const uint32_t* from, int count) {
     int i = 0;
-    for (; i + 8 <= count; i += 8) store8(to + i, _mm256_xor_si256(load8(to + i), load8(from + i)));
+    for (; i + 8 <= count; i += 8) orvik::store(to + i, load_words(to + i) ^ load_words(from + i));
     for (; i < count; ++i) to[i] ^= from[i];
   }
   static void add(void* target, const void* source) {

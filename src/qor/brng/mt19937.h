@@ -21,11 +21,11 @@ struct Mt19937Parameters {
   struct Tempering {
     explicit Tempering(const State&) {}
     template <int G>
-    void operator()(__m256i (&y)[G]) const {
-      shift_right<11>(y);
-      shift_left<7>(y, broadcast32(0x9D2C5680));
-      shift_left<15>(y, broadcast32(0xEFC60000));
-      shift_right<18>(y);
+    void operator()(I32 (&y)[G]) const {
+      temper_right<11>(y);
+      temper_left<7>(y, I32(0x9D2C5680));
+      temper_left<15>(y, I32(0xEFC60000));
+      temper_right<18>(y);
     }
   };
 };

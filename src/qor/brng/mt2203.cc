@@ -18,15 +18,15 @@ struct Mt2203Parameters {
   static uint32_t matrix(const State& state) { return state.matrix_a; }
 
   struct Tempering {
-    explicit Tempering(const State& state) : b(broadcast32(state.mask_b)), c(broadcast32(state.mask_c)) {}
+    explicit Tempering(const State& state) : b(I32(state.mask_b)), c(I32(state.mask_c)) {}
     template <int G>
-    void operator()(__m256i (&y)[G]) const {
-      shift_right<12>(y);
-      shift_left<7>(y, b);
-      shift_left<15>(y, c);
-      shift_right<18>(y);
+    void operator()(I32 (&y)[G]) const {
+      temper_right<12>(y);
+      temper_left<7>(y, b);
+      temper_left<15>(y, c);
+      temper_right<18>(y);
     }
-    __m256i b, c;
+    I32 b, c;
   };
 };
 

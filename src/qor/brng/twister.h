@@ -5,34 +5,32 @@
 // words k, k + 1 and k + M, so that eight are made at a time with no seam, whatever N is.
 #pragma once
 
-#include <immintrin.h>
 #include <stdint.h>
 #include <string.h>
 
 #include "qor/brng/entries.h"
-#include "qor/brng/words.h"
+#include "qor/brng/sinks.h"
 
 namespace orvik::qor {
 
 // Steps of tempering: y ^= y >> S, y ^= (y << S) & mask.
 template <int S, int G>
-void shift_right(__m256i (&y)[G]) {
-  unroll<G>([&](auto g) __attribute__((always_inline)) { y[g] = _mm256_xor_si256(y[g], _mm256_srli_epi32(y[g], S)); });
+void temper_right(I32 (&y)[G]) {
+  unroll<G>([&](auto g) __attribute__((always_inline)) { y[g] = y[g] ^ shift_right<S>(y[g]); });
 }
 template <int S, int G>
-void shift_left(__m256i (&y)[G], __m256i mask) {
-  unroll<G>([&](auto g) __attribute__((always_inline)) {
-    y[g] = _mm256_xor_si256(y[g], _mm256_and_si256(_mm256_slli_epi32(y[g], S), mask));
-  });
+void temper_left(I32 (&y)[G], I32 mask) {
+  unroll<G>([&](auto g) __attribute__((always_inline)) { y[g] = y[g] ^ (shift_left<S>(y[g]) & mask); });
 }
 
 template <class P>
 struct Twister : NoJumps {
   using State = typename P::State;
   using Raw = RawSink;
-  using Float = FloatSink<FromLow>;
-  using Double = DoubleSink<FromLow>;
-  using QuickDouble = DoubleSink<FromLowBiased>;
+  using Vector = I32;
+  using Float = FloatSink<ToFloats<Unsigned, FromLow<Words32>>>;
+  using Double = DoubleSink<ToDoubles<Unsigned, FromLow<Words32>>>;
+  using QuickDouble = DoubleSink<ToDoublesBiased<Words32>>;
   using Tempering = typename P::Tempering;
 
   static constexpr int kN = P::kN, kM = P::kM;
@@ -47,56 +45,55 @@ struct Twister : NoJumps {
 
   // Eight words for each of G vectors, every step for all of them.
   template <int G>
-  static void next(const uint32_t* x, __m256i matrix, __m256i (&w)[G]) {
-    const __m256i low = broadcast32(P::kLow);
-    __m256i twist[G];
+  static void next(const uint32_t* x, I32 matrix, I32 (&w)[G]) {
+    const I32 low(P::kLow);
+    I32 twist[G];
     unroll<G>([&](auto g) __attribute__((always_inline)) {
-      const __m256i w1 = load8(x + 8 * g + 1);
-      w[g] = _mm256_or_si256(_mm256_andnot_si256(low, load8(x + 8 * g)), _mm256_and_si256(w1, low));
-      twist[g] = _mm256_slli_epi32(w1, 31);
+      const I32 w1 = load_words(x + 8 * g + 1);
+      w[g] = clear_bits(low, load_words(x + 8 * g)) | (w1 & low);
+      twist[g] = shift_left<31>(w1);
     });
-    unroll<G>([&](auto g) __attribute__((always_inline)) { twist[g] = _mm256_srai_epi32(twist[g], 31); });
-    unroll<G>([&](auto g) __attribute__((always_inline)) { w[g] = _mm256_srli_epi32(w[g], 1); });
-    unroll<G>([&](auto g) __attribute__((always_inline)) {
-      w[g] = _mm256_xor_si256(_mm256_xor_si256(load8(x + kM + 8 * g), w[g]), _mm256_and_si256(twist[g], matrix));
-    });
+    unroll<G>([&](auto g) __attribute__((always_inline)) { twist[g] = shift_right_arithmetic<31>(twist[g]); });
+    unroll<G>([&](auto g) __attribute__((always_inline)) { w[g] = shift_right<1>(w[g]); });
+    unroll<G>([&](auto g)
+                  __attribute__((always_inline)) { w[g] = load_words(x + kM + 8 * g) ^ w[g] ^ (twist[g] & matrix); });
   }
 
   // Appends `count` words to the N at x and hands them on from index i. Writes up to a multiple of eight.
-  template <class Sink>
+  template <SinkOf<Vector> Sink>
   static void advance(uint32_t* x, int count, const State& state, const Tempering& tempering, const Sink& target,
                       ptrdiff_t i) {
-    const __m256i matrix = broadcast32(P::matrix(state));
+    const I32 matrix(P::matrix(state));
     const Tempering temper = tempering;  // copies: for all the compiler knows the results might overlap them
     const Sink sink = target;
     int k = 0;
     for (; k + 8 * kGroup <= count; k += 8 * kGroup) {
-      __m256i w[kGroup];
+      I32 w[kGroup];
       next(x + k, matrix, w);
-      unroll<kGroup>([&](auto g) __attribute__((always_inline)) { store8(x + kN + k + 8 * g, w[g]); });
+      unroll<kGroup>([&](auto g) __attribute__((always_inline)) { store(x + kN + k + 8 * g, w[g]); });
       temper(w);
       sink.group(i + k, w);
     }
     for (; k < count; k += 8) {
-      __m256i w[1];
+      I32 w[1];
       next(x + k, matrix, w);
-      store8(x + kN + k, w[0]);
+      store(x + kN + k, w[0]);
       temper(w);
       k + 8 <= count ? sink.group(i + k, w) : sink.some(i + k, w[0], count - k);
     }
   }
 
-  template <class Sink>
+  template <SinkOf<Vector> Sink>
   static void deliver(const uint32_t* word, int count, const Tempering& temper, const Sink& sink, ptrdiff_t i) {
     for (int k = 0; k < count; k += 8) {
-      __m256i w[1] = {k + 8 <= count ? load8(word + k) : load_some(word + k, count - k)};
+      I32 w[1] = {k + 8 <= count ? load_words(word + k) : load_some(word + k, count - k)};
       temper(w);
       k + 8 <= count ? sink.group(i + k, w) : sink.some(i + k, w[0], count - k);
     }
   }
 
   // Whole generations, tempered on their way out; the state keeps the last one, raw.
-  template <class Sink>
+  template <SinkOf<Vector> Sink>
   static void deliver_generations(State& state, int count, const Tempering& temper, const Sink& sink, ptrdiff_t i) {
     alignas(32) uint32_t x[kN * (1 + kGenerations) + 8];
     memcpy(x, state.mt, sizeof state.mt);
@@ -110,7 +107,7 @@ struct Twister : NoJumps {
     memcpy(state.mt, x, sizeof state.mt);
   }
 
-  template <class Sink>
+  template <SinkOf<Vector> Sink>
   static int32_t fill(OrvikStream stream, int32_t n, const Sink& sink) {
     State& state = state_of<State>(stream);
     const Tempering temper(state);

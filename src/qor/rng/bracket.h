@@ -1,10 +1,9 @@
 // Scoped changes of the calling thread's floating-point and vector-mode state around calls of vector kernels.
 #pragma once
 
-#include <xmmintrin.h>
-
 #include <cstdint>
 
+#include "lanes/control.h"
 #include "orvik/zym.h"
 
 namespace orvik::qor {
@@ -29,9 +28,9 @@ class EntryBracket {
   explicit EntryBracket(ZymErrorCallback callback) {
     clear_pending();
     asm volatile("fnstcw %0" : "=m"(x87_));
-    mxcsr_ = _mm_getcsr();
+    mxcsr_ = read_control();
     if ((x87_ | kX87Masks) != x87_) load_x87(static_cast<uint16_t>(x87_ | kX87Masks));
-    if ((mxcsr_ | kSseMasks) != mxcsr_) _mm_setcsr(mxcsr_ | kSseMasks);
+    if ((mxcsr_ | kSseMasks) != mxcsr_) write_control(mxcsr_ | kSseMasks);
     mode_ = orvik_zym_kernel_SetMode(ZYM_ERRMODE_CALLBACK);
     callback_ = _zymSetErrorCallBack(callback);
   }
@@ -40,7 +39,7 @@ class EntryBracket {
     orvik_zym_kernel_SetMode(mode_);
     clear_pending();
     if ((x87_ | kX87Masks) != x87_) load_x87(x87_);
-    if ((mxcsr_ | kSseMasks) != mxcsr_) _mm_setcsr(mxcsr_);
+    if ((mxcsr_ | kSseMasks) != mxcsr_) write_control(mxcsr_);
   }
   EntryBracket(const EntryBracket&) = delete;
   EntryBracket& operator=(const EntryBracket&) = delete;

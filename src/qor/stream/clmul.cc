@@ -1,7 +1,7 @@
 // Compiled for the carry-less multiplication instruction, which every processor with AVX2 has.
 #include "qor/stream/clmul.h"
 
-#include <immintrin.h>
+#include "lanes/clmul.h"
 
 namespace orvik::qor {
 namespace {
@@ -12,12 +12,10 @@ constexpr int64_t kSchoolbook = 16;  // words; below, halving no longer pays
 void schoolbook(uint64_t* out, const uint64_t* a, const uint64_t* b, int64_t n) {
   uint64_t carry = 0;
   for (int64_t k = 0; k < 2 * n - 1; ++k) {
-    __m128i sum = _mm_setzero_si128();
-    for (int64_t i = k < n ? 0 : k - n + 1; i <= k && i < n; ++i)
-      sum = _mm_xor_si128(sum, _mm_clmulepi64_si128(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(a + i)),
-                                                    _mm_loadl_epi64(reinterpret_cast<const __m128i*>(b + k - i)), 0));
-    out[k] = static_cast<uint64_t>(_mm_cvtsi128_si64(sum)) ^ carry;
-    carry = static_cast<uint64_t>(_mm_extract_epi64(sum, 1));
+    I32Half sum = no_terms();
+    for (int64_t i = k < n ? 0 : k - n + 1; i <= k && i < n; ++i) sum = sum ^ carryless_product(a + i, b + k - i);
+    out[k] = low_long(sum) ^ carry;
+    carry = high_long(sum);
   }
   out[2 * n - 1] = carry;
 }
@@ -47,10 +45,7 @@ void clmul(uint64_t* out, const uint64_t* a, const uint64_t* b, int64_t n, uint6
 }
 
 void clsquare(uint64_t* out, const uint64_t* a, int64_t n) {
-  for (int64_t i = 0; i < n; ++i) {
-    const __m128i word = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(a + i));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(out + 2 * i), _mm_clmulepi64_si128(word, word, 0));
-  }
+  for (int64_t i = 0; i < n; ++i) store(out + 2 * i, carryless_product(a + i, a + i));
 }
 
 }  // namespace orvik::qor

@@ -17,9 +17,13 @@ extern "C" {
 // than a short request for numbers.
 int32_t __qorCPUisAES(void) { return __builtin_cpu_supports("aes") && !hidden_features.aes; }
 
+// The compiler's word lacks this feature: read at the first question.
 int32_t __qorCPUisRDRAND(void) {
-  uint32_t a, b, c, d;
-  return __get_cpuid(1, &a, &b, &c, &d) && (c & bit_RDRND) && !hidden_features.rdrand;
+  static const bool there = [] {
+    uint32_t a, b, c, d;
+    return __get_cpuid(1, &a, &b, &c, &d) && (c & bit_RDRND) != 0;
+  }();
+  return there && !hidden_features.rdrand;
 }
 
 int32_t __qorCPUisVAES(void) { return orvik_serv_cpuisicx(); }

@@ -1,10 +1,13 @@
 // Processor features, and a way for tests to take them away.
 #pragma once
 
+#include <stdint.h>
+
 namespace orvik::qor {
 
 struct HiddenFeatures {
   bool aes = false, rdrand = false;
+  uint32_t rdrand_failures = 0;  // attempts that are to report that no number was at hand
 };
 // Set by tests only, while no other thread runs.
 extern HiddenFeatures hidden_features;

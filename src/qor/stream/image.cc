@@ -6,10 +6,9 @@
 #include <sys/stat.h>
 
 #include "orvik/serv.h"
-#include "qor/brng/mcg_lanes.h"
 #include "qor/stream/record.h"
 #include "qor/stream/registry.h"
-#include "qor/stream/shared_table.h"
+#include "qor/stream/restore.h"
 
 using namespace orvik::qor;
 
@@ -157,20 +156,13 @@ int32_t load_chunk(Reader& reader, OrvikStream stream, uint8_t version) {
     return ORVIK_QOR_FILE_READ;
   void* const data = allocate_data(size);
   if (!data) return ORVIK_QOR_NO_MEMORY;
-  // A chunk that claims more bytes than the process's block of that key has stays private.
-  if (!fits_shared(key, size)) key[0] = key[1] = 0;
   int32_t status = ORVIK_QOR_FILE_READ;
-  if (reader.read(data, size)) status = __qorAddChunk(stream, static_cast<int32_t>(id), key, data, size);
-  if (status < 0 || header(stream)->chunks->data != data) orvik_serv_deallocate(data);
-  if (status < 0) return status;
-  if (id == kMcgChunk) restore_mcg_chunk(stream);
-  return ORVIK_QOR_OK;
-}
-
-int32_t check_processor(int32_t brng) {
-  if (brng == ORVIK_BRNG_TRNG && !__qorCPUisRDRAND()) return ORVIK_QOR_NO_RDRAND;
-  if (brng == ORVIK_BRNG_ARS5 && !__qorCPUisAES()) return ORVIK_QOR_NO_AES;
-  return ORVIK_QOR_OK;
+  if (reader.read(data, size)) status = add_loaded_chunk(stream, id, key, data, size);
+  if (status < 0) {
+    orvik_serv_deallocate(data);
+    return status;
+  }
+  return chunk_restore_hook(id)(stream);
 }
 
 template <class Reader>
@@ -182,10 +174,9 @@ int32_t load(OrvikStream* stream, Reader reader) {
   int32_t status = __qorAllocateStream(stream, place.table, static_cast<int32_t>(head.brng), place.index, place.sub);
   if (status < 0) return status;
   if (!reader.read(state_bytes(*stream), state_size(place.row()))) return ORVIK_QOR_FILE_READ;
-  status = check_processor(static_cast<int32_t>(head.brng));
   for (uint32_t i = 0; i < head.chunk_count; ++i)
-    if (const int32_t chunk = load_chunk(reader, *stream, head.version); chunk < 0) return chunk;
-  return status;
+    if (status = load_chunk(reader, *stream, head.version); status < 0) return status;
+  return restore_hook(static_cast<int32_t>(head.brng))(*stream);
 }
 
 int32_t finish(OrvikStream* stream, int32_t status) {

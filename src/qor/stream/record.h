@@ -46,6 +46,20 @@ inline uint64_t state_size(const RegBrngRow& row) {
   return row.StreamStateSize > kHeaderSize ? static_cast<uint64_t>(row.StreamStateSize - kHeaderSize) : 0;
 }
 
+// The data of the first chunk of that id if it has at least the bytes that its reader needs, else null.
+void* find_chunk(OrvikStream stream, uint32_t id, uint64_t size);
+
+// Releases the chunks of that id; the others stay as they are.
+void remove_chunks(OrvikStream stream, uint32_t id);
+
+// Of the library's own side blocks only Sobol's user table is shared; ids above these are the callers'.
+constexpr uint32_t kSharedChunk = 9, kLastOwnChunk = 14;
+constexpr bool keys_count(uint32_t id) { return id == kSharedChunk || id == 0 || id > kLastOwnChunk; }
+
+// Hangs a block that an image brought on the stream and takes it over, whether it is bound to a shared one or not. -4:
+// it stays the caller's.
+int32_t add_loaded_chunk(OrvikStream stream, uint32_t id, const uint64_t* key, void* data, uint32_t size);
+
 inline bool is_private(const uint64_t* key) { return key == nullptr || (key[0] == 0 && key[1] == 0); }
 
 }  // namespace orvik::qor

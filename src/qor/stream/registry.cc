@@ -1,43 +1,38 @@
 #include "qor/stream/registry.h"
 
 #include "qor/stream/record.h"
+#include "qor/stream/restore.h"
 
 namespace {
 
 using namespace orvik::qor;
 
-// ---- rows of generators that this version lacks
-
-int32_t pending_init(uint32_t, OrvikStream, int32_t, const void*) { return ORVIK_QOR_BAD_BRNG; }
-int32_t pending_s(OrvikStream, int32_t, float*, float, float) { return ORVIK_QOR_BAD_BRNG; }
-int32_t pending_d(OrvikStream, int32_t, double*, double, double) { return ORVIK_QOR_BAD_BRNG; }
-int32_t pending_i(OrvikStream, int32_t, void*) { return ORVIK_QOR_BAD_BRNG; }
-
-#define FUNCTIONS(G) __qorBRng##G##InitStream, __qorsBRng##G, __qordBRng##G, __qoriBRng##G
-#define PENDING pending_init, pending_s, pending_d, pending_i
-
-// state size, seeds, zero among the outputs, word size, bits
-constexpr RegBrngRow kMcg31m1 = {24, 1, 0, 4, 31, FUNCTIONS(MCG31M1)};
-constexpr RegBrngRow kR250 = {1024, 252, 1, 4, 32, PENDING};
-constexpr RegBrngRow kMrg32k3a = {40, 6, 1, 4, 32, PENDING};
-constexpr RegBrngRow kMcg59 = {32, 1, 0, 8, 59, FUNCTIONS(MCG59)};
-constexpr RegBrngRow kWh = {48, 4, 1, 16, 24, PENDING};
-constexpr RegBrngRow kSobol = {11712, 2604, 0, 4, 32, PENDING};
-constexpr RegBrngRow kNiederreiter = {84288, 10498, 0, 4, 32, PENDING};
-constexpr RegBrngRow kMt19937 = {2520, 625, 1, 4, 32, FUNCTIONS(MT19937)};
-constexpr RegBrngRow kMt2203 = {312, 70, 1, 4, 32, FUNCTIONS(MT2203)};
-constexpr RegBrngRow kIAbstract = {48, 0, 1, 4, 32, PENDING};
-constexpr RegBrngRow kDAbstract = {64, 0, 1, 4, 32, PENDING};
-constexpr RegBrngRow kSAbstract = {56, 0, 1, 4, 32, PENDING};
-constexpr RegBrngRow kSfmt19937 = {2536, 625, 1, 4, 32, PENDING};
-constexpr RegBrngRow kTrng = {24, 1, 1, 4, 32, PENDING};
-constexpr RegBrngRow kArs5 = {72, 8, 1, 4, 32, FUNCTIONS(ARS5)};
-constexpr RegBrngRow kPhilox = {64, 8, 1, 4, 32, FUNCTIONS(PHILOX4X32X10)};
+#define ORVIK_BRNG(constant, functions, name, members, record, seeds, zero, bytes, bits, ...) \
+  constexpr RegBrngRow k##constant = {record,                                                 \
+                                      seeds,                                                  \
+                                      zero,                                                   \
+                                      bytes,                                                  \
+                                      bits,                                                   \
+                                      __qorBRng##functions##InitStream,                       \
+                                      __qorsBRng##functions,                                  \
+                                      __qordBRng##functions,                                  \
+                                      __qoriBRng##functions};
+#include "qor/stream/brngs.def"
 
 constexpr RegBrngRow kEmpty = {};
 
 int32_t reg_brng_count = kBuiltInRows;
-int32_t reg_brng_sub_count[kTableRows] = {1, 1, 1, 1, 273, 1, 1, 1, 6024, 1, 1, 1, 1, 1, 1, 1};
+int32_t reg_brng_sub_count[kTableRows] = {
+#define ORVIK_BRNG(constant, functions, name, members, ...) members,
+#include "qor/stream/brngs.def"
+};
+
+constexpr RestoreHook kHooks[] = {
+#define ORVIK_BRNG(constant, functions, name, members, record, seeds, zero, bytes, bits, leap, skip, skip_long, hook) \
+  restore_##hook,
+#include "qor/stream/brngs.def"
+};
+static_assert(sizeof kHooks / sizeof kHooks[0] == kBuiltInRows);
 
 int32_t row_count() { return __atomic_load_n(&reg_brng_count, __ATOMIC_ACQUIRE); }
 
@@ -48,12 +43,13 @@ int32_t row_count() { return __atomic_load_n(&reg_brng_count, __ATOMIC_ACQUIRE);
 
 extern "C" {
 
-RegBrngRow __RegBrngs[kTableRows] = {kMcg31m1,     kR250, kMrg32k3a, kMcg59,       SIXTEEN_OF(SIXTEEN(kWh)),
-                                     SIXTEEN(kWh), kWh,   kSobol,    kNiederreiter};
+RegBrngRow __RegBrngs[kTableRows] = {kMCG31M1,     kR250, kMRG32K3A, kMCG59,       SIXTEEN_OF(SIXTEEN(kWH)),
+                                     SIXTEEN(kWH), kWH,   kSOBOL,    kNIEDERREITER};
 
-RegBrngRow __RegBrngsNew[kTableRows] = {kMcg31m1,      kR250,    kMrg32k3a, kMcg59,     kWh,        kSobol,
-                                        kNiederreiter, kMt19937, kMt2203,   kIAbstract, kDAbstract, kSAbstract,
-                                        kSfmt19937,    kTrng,    kArs5,     kPhilox};
+RegBrngRow __RegBrngsNew[kTableRows] = {
+#define ORVIK_BRNG(constant, ...) k##constant,
+#include "qor/stream/brngs.def"
+};
 
 void* __qorGetBrngBaseOffset(int32_t id, uint32_t* index, uint32_t* sub) {
   if (id >= 0x100000) {
@@ -104,6 +100,25 @@ namespace orvik::qor {
 
 const RegBrngRow& BrngPlace::row() const { return index < 0 ? kEmpty : table[index]; }
 
-bool is_pending(const RegBrngRow& row) { return row.InitStream == pending_init; }
+// Of a built-in generator by either of its ids.
+RestoreHook restore_hook(int32_t brng) {
+  const BrngPlace place = find_brng(brng);
+  int32_t line = place.index;
+  if (place.table == __RegBrngs) {
+    if (line > 4) line = line >= 277 && line <= 278 ? line - 272 : -1;
+  }
+  return line >= 0 && line < kBuiltInRows ? kHooks[line] : restore_nothing;
+}
+
+RestoreHook chunk_restore_hook(uint32_t id) {
+  switch (id) {
+#define ORVIK_CHUNK(id, hook) \
+  case id:                    \
+    return restore_##hook;
+#include "qor/stream/brngs.def"
+    default:
+      return restore_nothing;
+  }
+}
 
 }  // namespace orvik::qor

@@ -28,7 +28,4 @@ inline BrngPlace find_brng(int32_t id) {
 
 inline const RegBrngRow& row_of(int32_t id) { return find_brng(id).row(); }
 
-// Whether the row belongs to a generator that this version lacks: its functions refuse with -1000.
-bool is_pending(const RegBrngRow& row);
-
 }  // namespace orvik::qor

@@ -1,8 +1,5 @@
 #include "qor/stream/shared_table.h"
 
-#include <immintrin.h>
-#include <x86intrin.h>
-
 #include <atomic>
 
 #include "orvik/serv.h"
@@ -23,7 +20,7 @@ class Locked {
     uint32_t open = 0;
     while (!lock_word.compare_exchange_weak(open, 1, std::memory_order_acquire)) {
       open = 0;
-      _mm_pause();
+      __builtin_ia32_pause();
     }
   }
   ~Locked() { lock_word.store(0, std::memory_order_release); }
@@ -47,18 +44,35 @@ int32_t append(const uint64_t* key, void* data, int64_t size) {
 
 }  // namespace
 
-void* share_block(uint64_t* key, void* data, uint32_t size) {
+namespace {
+
+// `least`: bytes that a known block must be known to have.
+void* share(uint64_t* key, void* data, uint32_t size, int64_t least) {
   if (is_private(key)) return data;
   const Locked locked;
-  if (const int32_t i = find(key); i >= 0) {
+  if (const int32_t i = find(key); i >= 0 && sizes[i] >= least) {
     ++entries[i].RefCount;
     return entries[i].Data;
-  }
-  if (count >= kChunkEntries)
+  } else if (i >= 0 || count >= kChunkEntries) {
     key[0] = key[1] = 0;
-  else
+  } else {
     append(key, data, size);
+  }
   return data;
+}
+
+}  // namespace
+
+void* share_block(uint64_t* key, void* data, uint32_t size) { return share(key, data, size, kUnknown); }
+void* share_loaded_block(uint64_t* key, void* data, uint32_t size) { return share(key, data, size, int64_t{size}); }
+
+bool refer_to_block(const uint64_t* key, void** data) {
+  const Locked locked;
+  const int32_t i = find(key);
+  if (i < 0) return false;
+  ++entries[i].RefCount;
+  *data = entries[i].Data;
+  return true;
 }
 
 bool unshare_block(const uint64_t* key) {
@@ -77,12 +91,6 @@ bool unshare_block(const uint64_t* key) {
 bool is_shared(const uint64_t* key) {
   const Locked locked;
   return find(key) >= 0;
-}
-
-bool fits_shared(const uint64_t* key, uint32_t size) {
-  const Locked locked;
-  const int32_t i = find(key);
-  return i < 0 || sizes[i] == kUnknown || size <= sizes[i];
 }
 
 int32_t shared_count() {
@@ -125,7 +133,7 @@ void __qorGenerateNewGlobalRODataTableEntryId(uint64_t* key, uint64_t tag) {
   // The counter makes keys of different processes differ, so that an image never binds to another table's block.
   key[1] = tag;
   do {
-    key[0] = __rdtsc() * 0x9E3779B97F4A7C15;
+    key[0] = __builtin_ia32_rdtsc() * 0x9E3779B97F4A7C15;
   } while (is_private(key) || is_shared(key));
 }
 

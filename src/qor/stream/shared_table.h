@@ -19,8 +19,12 @@ bool unshare_block(const uint64_t* key);
 
 bool is_shared(const uint64_t* key);
 
-// Whether a chunk of `size` bytes fits what stands under `key` (an unknown key fits).
-bool fits_shared(const uint64_t* key, uint32_t size);
+// Takes a reference on the block of `key`; false when the key is unknown.
+bool refer_to_block(const uint64_t* key, void** data);
+
+// share_block() for a block that an image brought: it binds to a block that is known to have as many bytes, and stays
+// private, its key cleared, where the block of that key is smaller or of unknown size.
+void* share_loaded_block(uint64_t* key, void* data, uint32_t size);
 
 int32_t shared_count();
 

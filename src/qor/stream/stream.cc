@@ -20,6 +20,11 @@ OrvikStream allocate_record(const RegBrngRow& row, int32_t brng) {
   return block;
 }
 
+// Some ids are valid although their rows are empty; streams of them come out of images.
+int32_t init_stream(const RegBrngRow& row, uint32_t method, OrvikStream stream, int32_t n, const void* params) {
+  return row.InitStream ? row.InitStream(method, stream, n, params) : ORVIK_QOR_BAD_BRNG;
+}
+
 bool is_abstract(int32_t brng) {
   return brng == ORVIK_BRNG_IABSTRACT || brng == ORVIK_BRNG_DABSTRACT || brng == ORVIK_BRNG_SABSTRACT;
 }
@@ -50,7 +55,7 @@ int32_t __qorNewStreamEx(OrvikStream* stream, int32_t brng, int32_t n, const voi
   const BrngPlace place = find_brng(brng);
   const int32_t status = __qorAllocateStream(stream, place.table, brng, place.index, place.sub);
   if (status < 0) return status;
-  return place.row().InitStream(0, *stream, n, params);
+  return init_stream(place.row(), 0, *stream, n, params);
 }
 
 int32_t __qorAllocateStream(OrvikStream* stream, const void* table, int32_t brng, int32_t index, int32_t sub) {
@@ -105,22 +110,23 @@ int32_t __qorCopyStreamState(OrvikStream destination, OrvikStream source) {
 int32_t __qorGetStreamStateBrng(OrvikStream stream) { return header(stream)->brng; }
 
 int32_t __qorGetStreamSize(OrvikStream stream) {
-  int32_t size = static_cast<int32_t>(state_size(row_of(header(stream)->brng))) + 24;
-  for (const ChunkNode* node = header(stream)->chunks; node; node = node->next) size += node->size + 24;
-  return size;
+  uint64_t size = state_size(row_of(header(stream)->brng)) + 24;
+  for (const ChunkNode* node = header(stream)->chunks; node; node = node->next)
+    size += static_cast<uint64_t>(static_cast<uint32_t>(node->size)) + 24;
+  return size <= INT32_MAX ? static_cast<int32_t>(size) : ORVIK_QOR_NO_MEMORY;
 }
 
 int32_t __qorLeapfrogStream(OrvikStream stream, int32_t k, int32_t nstreams) {
   if (nstreams < 0) return ORVIK_QOR_BAD_NSTREAMS;
-  return row_of(header(stream)->brng).InitStream(1, stream, nstreams, &k);
+  return init_stream(row_of(header(stream)->brng), 1, stream, nstreams, &k);
 }
 
 int32_t __qorSkipAheadStream(OrvikStream stream, uint64_t nskip) {
-  return row_of(header(stream)->brng).InitStream(2, stream, 2, &nskip);
+  return init_stream(row_of(header(stream)->brng), 2, stream, 2, &nskip);
 }
 
 int32_t __qorSkipAheadStreamEx(OrvikStream stream, int32_t n, const uint64_t* nskip) {
-  return row_of(header(stream)->brng).InitStream(3, stream, n, nskip);
+  return init_stream(row_of(header(stream)->brng), 3, stream, n, nskip);
 }
 
 }  // extern "C"

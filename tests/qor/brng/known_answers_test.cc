@@ -52,6 +52,41 @@ TEST(Mt19937, ModelAgreesWithTheStandardEngine) {
   EXPECT_EQ(last, 4123659995u);
 }
 
+// Saito, Matsumoto 2008.
+TEST(Sfmt19937, PublishedAnswers) {
+  EXPECT_THAT(Stream(ORVIK_BRNG_SFMT19937, {0x1234, 0x5678, 0x9abc, 0xdef0}).words(6),
+              ElementsAre(2920711183, 3885745737, 3501893680, 856470934, 1421864068, 277361036));
+}
+
+// L'Ecuyer 1999, 2002.
+TEST(Mrg32k3a, PublishedAnswers) {
+  const Stream s(ORVIK_BRNG_MRG32K3A, std::vector<uint32_t>(6, 12345));
+  const std::vector<uint32_t> w = s.words(1000);
+  EXPECT_EQ(w[0], 545508589u);
+  EXPECT_EQ(w[1], 1368065410u);
+  EXPECT_EQ(w[2], 1327943761u);
+  EXPECT_EQ(w[999], 4235174647u);
+  EXPECT_EQ(s.words(999000).back(), 1613998622u);
+}
+
+TEST(Mrg32k3a, PublishedStateAfterAJumpOfTwoToThe127) {
+  const Stream s(ORVIK_BRNG_MRG32K3A, std::vector<uint32_t>(6, 12345));
+  ASSERT_EQ(s.skip_ex({0, 1ull << 63}), 0);
+  const uint32_t* x = s.state<uint32_t>();
+  EXPECT_THAT(std::vector<uint32_t>(x, x + 6),
+              ElementsAre(3692455944, 1366884236, 2968912127, 335948734, 4161675175, 475798818));
+}
+
+// Bratley, Fox 1988; Bratley, Fox, Niederreiter 1992.
+TEST(Sobol, PublishedPoints) {
+  EXPECT_THAT(Stream(ORVIK_BRNG_SOBOL, {3}).doubles(12),
+              ElementsAre(.5, .5, .5, .75, .25, .75, .25, .75, .25, .375, .375, .625));
+}
+TEST(Niederreiter, PublishedPoints) {
+  EXPECT_THAT(Stream(ORVIK_BRNG_NIEDERREITER, {4}).doubles(12),
+              ElementsAre(.5, .5, .75, .875, .75, .25, .3125, .140625, .25, .75, .5625, .765625));
+}
+
 // a^4 ... a^32 modulo 2^31 - 1 and a^2, a^3 modulo 2^59, as published with the generators' multipliers.
 TEST(Mcg, PowersOfTheMultipliers) {
   const uint32_t powers[] = {0x1CA964D9, 0x4CA73C3C, 0x320F853B, 0x725BA016,

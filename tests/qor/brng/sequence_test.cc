@@ -11,12 +11,18 @@ using orvik::testing::Generator;
 using orvik::testing::Stream;
 using namespace orvik;
 
-const std::vector<uint32_t> kSeeds = {0x12345, 0x9ABCDEF0, 0x55AA55AA, 7, 0xFFFFFFF0, 0x80000001, 3, 0xC0FFEE};
-
 class SequenceTest : public ::testing::TestWithParam<Generator> {
  protected:
-  Stream stream() const { return Stream(GetParam().brng, kSeeds); }
-  std::vector<uint64_t> expected(size_t n) const { return models::take(models::make(GetParam().brng, kSeeds), n); }
+  Stream stream() const { return Stream(GetParam().brng, GetParam().seeds); }
+  // Of n elements.
+  std::vector<uint64_t> expected(size_t n) const {
+    return models::take(models::make(GetParam().brng, GetParam().seeds), n * parts());
+  }
+  size_t parts() const { return static_cast<size_t>(models::parts(GetParam().brng)); }
+  template <class T>
+  T real(const std::vector<uint64_t>& words, size_t element, T a, T b) const {
+    return models::to_real(GetParam().brng, words.data() + element * parts(), a, b);
+  }
 
   // Takes the cuts one after the other and compares with the uncut model.
   void expect_integers(const std::vector<int32_t>& cuts) const {
@@ -52,7 +58,6 @@ TEST_P(SequenceTest, LongRequestEqualsManyShortOnes) {
 
 TEST_P(SequenceTest, FloatsAndDoublesConvertTheSameWords) {
   const std::vector<uint64_t> want = expected(3000);
-  const int32_t brng = GetParam().brng;
   for (const auto& [a, b] : std::vector<std::pair<double, double>>{{0, 1},
                                                                    {-1, 1},
                                                                    {3.25, 1e6},
@@ -71,9 +76,9 @@ TEST_P(SequenceTest, FloatsAndDoublesConvertTheSameWords) {
       const std::vector<float> floats = s.floats(2500, fa, fb);
       const std::vector<double> doubles = d.doubles(2500, a, b);
       for (size_t i = 0; i < floats.size(); ++i) {
-        const uint64_t w = want[i + static_cast<size_t>(head)];
-        ASSERT_EQ(floats[i], models::to_float(brng, w, fa, fb)) << i;
-        ASSERT_EQ(doubles[i], models::to_double(brng, w, a, b)) << i;
+        const size_t at = i + static_cast<size_t>(head);
+        ASSERT_EQ(floats[i], real(want, at, fa, fb)) << i;
+        ASSERT_EQ(doubles[i], real(want, at, a, b)) << i;
       }
     }
   }
@@ -99,33 +104,30 @@ using AlternatingTest = SequenceTest;
 TEST_P(AlternatingTest, FormsTakeTheirWordsFromOneSequence) {
   const std::vector<uint64_t> want = expected(600);
   const Stream s = stream();
-  size_t at = 0;
+  size_t at = 0, word = 0;
   for (int round = 0; round < 12; ++round) {
-    for (float got : s.floats(11)) ASSERT_EQ(got, models::to_float(GetParam().brng, want[at++], 0, 1));
-    for (uint64_t got : s.outputs(13)) ASSERT_EQ(got, want[at++]);
-    for (double got : s.doubles(17)) ASSERT_EQ(got, models::to_double(GetParam().brng, want[at++], 0, 1));
+    for (float got : s.floats(11)) ASSERT_EQ(got, real(want, at++, 0.0f, 1.0f));
+    word = at * parts();
+    for (uint64_t got : s.outputs(13)) ASSERT_EQ(got, want[word++]);
+    at += 13;
+    for (double got : s.doubles(17)) ASSERT_EQ(got, real(want, at++, 0.0, 1.0));
   }
 }
 
 TEST_P(SequenceTest, MethodAboveThreeIsRefused) {
   const Stream s = stream();
   for (uint32_t method : {4u, 5u, 0x80000000u, 0xFFFFFFFFu})
-    EXPECT_EQ(s.row().InitStream(method, s.get(), 1, kSeeds.data()), ORVIK_QOR_BAD_METHOD);
+    EXPECT_EQ(s.row().InitStream(method, s.get(), 1, GetParam().seeds.data()), ORVIK_QOR_BAD_METHOD);
   EXPECT_EQ(s.outputs(50), expected(50));
 }
 
 TEST_P(SequenceTest, NoSeedsGiveTheModelsDefault) {
-  EXPECT_EQ(Stream(GetParam().brng, {}).outputs(100), models::take(models::make(GetParam().brng, {}), 100));
+  EXPECT_EQ(Stream(GetParam().brng, {}).outputs(100), models::take(models::make(GetParam().brng, {}), 100 * parts()));
 }
 
-INSTANTIATE_TEST_SUITE_P(Brng, SequenceTest, ::testing::ValuesIn(orvik::testing::built_generators()),
+INSTANTIATE_TEST_SUITE_P(Brng, SequenceTest, ::testing::ValuesIn(orvik::testing::seeded_generators()),
                          orvik::testing::name_of);
-
-INSTANTIATE_TEST_SUITE_P(Brng, AlternatingTest,
-                         ::testing::Values(Generator{"MT19937", ORVIK_BRNG_MT19937},
-                                           Generator{"MT2203", ORVIK_BRNG_MT2203 + 17},
-                                           Generator{"ARS5", ORVIK_BRNG_ARS5},
-                                           Generator{"PHILOX4X32X10", ORVIK_BRNG_PHILOX4X32X10}),
+INSTANTIATE_TEST_SUITE_P(Brng, AlternatingTest, ::testing::ValuesIn(orvik::testing::one_place_generators()),
                          orvik::testing::name_of);
 
 }  // namespace

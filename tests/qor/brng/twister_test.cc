@@ -77,6 +77,22 @@ TEST(Mt2203, MembersDiffer) {
   EXPECT_EQ(Stream(ORVIK_BRNG_MT2203 + 6023).outputs(500), models::take(models::mt2203(6023, {1}), 500));
 }
 
+// Per cent of bits in which neighbouring members agree, by blocks of 69 words.
+TEST(Mt2203, MembersOfOneSeedBeginAlike) {
+  constexpr int32_t kBlocks = 6, kPairs = 400;
+  double same[kBlocks] = {};
+  for (int32_t member = 0; member < kPairs; ++member) {
+    const std::vector<uint32_t> a = Stream(ORVIK_BRNG_MT2203 + member).words(69 * kBlocks);
+    const std::vector<uint32_t> b = Stream(ORVIK_BRNG_MT2203 + member + 1).words(69 * kBlocks);
+    for (size_t i = 0; i < a.size(); ++i) same[i / 69] += 32 - __builtin_popcount(a[i] ^ b[i]);
+  }
+  for (double& share : same) share *= 100 / (69.0 * 32 * kPairs);
+  EXPECT_NEAR(same[0], 58.7, 0.3);
+  EXPECT_NEAR(same[1], 51.9, 0.3);
+  EXPECT_NEAR(same[2], 50.7, 0.3);
+  for (int32_t block = 4; block < kBlocks; ++block) EXPECT_NEAR(same[block], 50, 0.25);  // five deviations
+}
+
 TEST(Mt2203, RefusesEveryJump) {
   const Stream s(ORVIK_BRNG_MT2203);
   EXPECT_EQ(s.leapfrog(0, 2), ORVIK_QOR_NO_LEAPFROG);

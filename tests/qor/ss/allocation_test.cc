@@ -108,9 +108,8 @@ TEST(ExhaustedMemory, InEstimatorsByVariable) {
     EXPECT_EQ(fail_each_allocation([&] { return _qordSSMAD(t, 0x600000000, 1, table); }), 1);
     EXPECT_EQ(fail_each_allocation([&] { return _qordSSWMedian(t, 0, 0, table); }), 1);
     EXPECT_EQ(fail_each_allocation([&] { return _qordSSSort(t, 0, ORVIK_SS_METHOD_SORT, table); }), 1);
-    EXPECT_EQ(fail_each_allocation([&] {
-                return _qordSSMahDistance(t, Fixture::p, inverse.data(), distances.data(), table);
-              }),
+    EXPECT_EQ(fail_each_allocation(
+                  [&] { return _qordSSMahDistance(t, Fixture::p, inverse.data(), distances.data(), table); }),
               1);
   }
 }

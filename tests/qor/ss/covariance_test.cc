@@ -164,7 +164,8 @@ TYPED_TEST(Covariance, OfOneObservationIsZero) {
 
 TYPED_TEST(Covariance, ConstantVariableHasNanInItsWholeRowOfTheCorrelation) {
   for (double constant : {0.1, 3.0, 12345.678, 0.0}) {
-    const Sample<TypeParam> sample(3, 1000, [&](int64_t i, int64_t j) { return j == 1 ? constant : (i * 37 + j * i * i) % 101; });
+    const Sample<TypeParam> sample(
+        3, 1000, [&](int64_t i, int64_t j) { return j == 1 ? constant : (i * 37 + j * i * i) % 101; });
     for (uint64_t method : kMethods) {
       for (int threads : {0, 2}) {
         std::vector<TypeParam> correlation(9), mean = {0, static_cast<TypeParam>(constant), 0};
@@ -176,7 +177,8 @@ TYPED_TEST(Covariance, ConstantVariableHasNanInItsWholeRowOfTheCorrelation) {
         ASSERT_EQ(Entries<TypeParam>::basic(task.get(), ORVIK_SS_CORRELATION, method, ss::test::threads(threads)), 0);
         for (int i = 0; i < 3; ++i) {
           for (int j = 0; j < 3; ++j) {
-            EXPECT_EQ(std::isnan(correlation[i * 3 + j]), i == 1 || j == 1) << constant << " " << i << j << " " << method;
+            EXPECT_EQ(std::isnan(correlation[i * 3 + j]), i == 1 || j == 1)
+                << constant << " " << i << j << " " << method;
           }
         }
         EXPECT_EQ(correlation[0], 1);

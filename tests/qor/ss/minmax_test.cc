@@ -75,7 +75,8 @@ TYPED_TEST(Minmax, NanSpreadsWhereverItStandsAndStays) {
     for (int64_t n : {1, 9, 333}) {
       for (int64_t at = 0; at < n; at += 1 + n / 40) {
         const int64_t variable = at % p;
-        const Sample<T> s(p, n, [&](int64_t i, int64_t j) { return i == at && j == variable ? nan : static_cast<T>(i); });
+        const Sample<T> s(p, n,
+                          [&](int64_t i, int64_t j) { return i == at && j == variable ? nan : static_cast<T>(i); });
         for (bool columns : {false, true}) {
           std::vector<T> low(p, T(1e30)), high(p, T(-1e30));
           ASSERT_EQ(minmax<T>(s, columns, nullptr, low, high), 0);

@@ -66,8 +66,9 @@ TEST(CertifiedSets, AreWrittenDownAsCertified) {
 }
 
 TEST(CertifiedSets, OnePassKeepsTheDigitsThatTheMethodCan) {
-  const std::map<std::string, double> wanted = {{"Lew", 14.4},     {"Lottery", 14},  {"Mavro", 12.3},  {"Michelson", 12.6},
-                                                {"NumAcc1", 15}, {"NumAcc2", 14.9}, {"NumAcc3", 9.4}, {"NumAcc4", 8.2}};
+  const std::map<std::string, double> wanted = {{"Lew", 14.4},       {"Lottery", 14}, {"Mavro", 12.3},
+                                                {"Michelson", 12.6}, {"NumAcc1", 15}, {"NumAcc2", 14.9},
+                                                {"NumAcc3", 9.4},    {"NumAcc4", 8.2}};
   for (const auto& set : certified_sets()) {
     const Moments m = by_method(set, ORVIK_SS_METHOD_ONE_PASS);
     EXPECT_GE(digits(m.mean, set.mean), 13.9) << set.name;
@@ -97,7 +98,8 @@ TEST(CertifiedSets, UserMeanKeepsTheDigitsOfTwoPasses) {
 
 // Prints the table of docs/accuracy-statistics.md.
 TEST(CertifiedSets, DISABLED_Table) {
-  printf("| set | n | mean: fast | one pass | deviation: fast | one pass | user mean |\n|---|---|---|---|---|---|---|\n");
+  printf(
+      "| set | n | mean: fast | one pass | deviation: fast | one pass | user mean |\n|---|---|---|---|---|---|---|\n");
   for (const auto& set : certified_sets()) {
     const Moments fast = by_method(set, ORVIK_SS_METHOD_FAST), one = by_method(set, ORVIK_SS_METHOD_ONE_PASS),
                   user = by_method(set, ORVIK_SS_METHOD_USER_MEAN);

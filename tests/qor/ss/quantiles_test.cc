@@ -135,7 +135,8 @@ TYPED_TEST(Quantiles, SortOfATaskAgreesInEveryLayout) {
       for (int64_t j = 0; j < p; ++j) flags[j] = selected ? j % 3 != 1 : 1;
       std::vector<T> sorted(p * n, static_cast<T>(kUntouched));
       TaskOver<T> task;
-      task.make(p, n, columns ? 0x20000 : 0x10000, (columns ? sample.columns : sample.rows).data(), nullptr, flags.data());
+      task.make(p, n, columns ? 0x20000 : 0x10000, (columns ? sample.columns : sample.rows).data(), nullptr,
+                flags.data());
       task.set(OrvikSS_sortedObservations, sorted);
       task.set_integer(OrvikSS_sortedStorage, out_columns ? 0x20000 : 0x10000);
       ASSERT_EQ(Entries<T>::sort_task(task.get(), 0, ORVIK_SS_METHOD_SORT, threads(mask % 3)), 0);
@@ -210,7 +211,8 @@ TYPED_TEST(Quantiles, WeightedMedianOfEveryVariableInBothStorages) {
   for (bool columns : {false, true}) {
     std::vector<T> medians(4);
     TaskOver<T> task;
-    task.make(4, 301, columns ? 0x20000 : 0x10000, (columns ? sample.columns : sample.rows).data(), sample.weights.data());
+    task.make(4, 301, columns ? 0x20000 : 0x10000, (columns ? sample.columns : sample.rows).data(),
+              sample.weights.data());
     task.set(OrvikSS_quantiles, medians);
     ASSERT_EQ(Entries<T>::weighted_median(task.get(), 0, 0, threads(3)), 0);
     for (int64_t j = 0; j < 4; ++j) {
@@ -245,7 +247,8 @@ TYPED_TEST(Quantiles, MahalanobisDistanceAgreesWithItsDefinition) {
         long double square = 0;
         for (int64_t j = 0; j < p; ++j) {
           for (int64_t k = 0; k < p; ++k) {
-            square += static_cast<long double>(inverse[j * p + k]) * (sample.at(i, j) - mean[j]) * (sample.at(i, k) - mean[k]);
+            square += static_cast<long double>(inverse[j * p + k]) * (sample.at(i, j) - mean[j]) *
+                      (sample.at(i, k) - mean[k]);
           }
         }
         const double want = static_cast<double>(std::sqrt(square));

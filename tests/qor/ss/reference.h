@@ -30,7 +30,8 @@ struct Reference {
 
   // Central sums about `center` where given (p values), otherwise about the mean.
   template <class T>
-  Reference(const Sample<T>& sample, bool weighted, const T* center = nullptr) : v(sample.p), cross(sample.p * sample.p) {
+  Reference(const Sample<T>& sample, bool weighted, const T* center = nullptr)
+      : v(sample.p), cross(sample.p * sample.p) {
     auto w = [&](int64_t i) { return weighted ? Real{sample.weights[i]} : Real{1}; };
     for (int64_t i = 0; i < sample.n; ++i) {
       weight += w(i);

@@ -176,10 +176,9 @@ TYPED_TEST(Running, ResultsFollowFromHeldSumsWithoutData) {
     held(4, OrvikSS_centralSum2, [](const V& r) { return r.cs[2]; });
     held(5, OrvikSS_centralSum3, [](const V& r) { return r.cs[3]; });
     held(6, OrvikSS_centralSum4, [](const V& r) { return r.cs[4]; });
-    const int32_t ids[] = {OrvikSS_mean,           OrvikSS_rawMoment2,     OrvikSS_rawMoment3,
-                           OrvikSS_rawMoment4,     OrvikSS_centralMoment2, OrvikSS_centralMoment3,
-                           OrvikSS_centralMoment4, OrvikSS_kurtosis,       OrvikSS_skewness,
-                           OrvikSS_variation,      OrvikSS_covariance,     OrvikSS_correlation};
+    const int32_t ids[] = {OrvikSS_mean,           OrvikSS_rawMoment2,     OrvikSS_rawMoment3,     OrvikSS_rawMoment4,
+                           OrvikSS_centralMoment2, OrvikSS_centralMoment3, OrvikSS_centralMoment4, OrvikSS_kurtosis,
+                           OrvikSS_skewness,       OrvikSS_variation,      OrvikSS_covariance,     OrvikSS_correlation};
     for (int k = 0; k < 12; ++k) wanted(7 + k, ids[k]);
     task.set_integer(OrvikSS_covarianceStorage, 0);
     task.set_integer(OrvikSS_correlationStorage, 0);
@@ -195,8 +194,8 @@ TYPED_TEST(Running, ResultsFollowFromHeldSumsWithoutData) {
     const double eps = 50 * std::numeric_limits<T>::epsilon();
     for (int j = 0; j < 3; ++j) {
       const auto& r = want.v[j];
-      const long double values[] = {r.mean, r.r[2],     r.r[3],     r.r[4],     r.c[2],
-                                    r.c[3], r.c[4],     r.kurtosis, r.skewness, r.variation};
+      const long double values[] = {r.mean, r.r[2], r.r[3],     r.r[4],     r.c[2],
+                                    r.c[3], r.c[4], r.kurtosis, r.skewness, r.variation};
       for (int k = 0; k < 10; ++k) {
         EXPECT_NEAR(v[7 + k][j], static_cast<double>(values[k]), eps * (10 + std::fabs(static_cast<double>(values[k]))))
             << k;
@@ -247,12 +246,12 @@ TYPED_TEST(Running, OneVariableIsContiguousWhateverTheCodeSays) {
 TYPED_TEST(Running, FewObservationsUseOneThread) {
   using T = TypeParam;
   static int calls;
-  static const OrvikThreading counting = {
-      [] { return int32_t{8}; }, [](int32_t t, void* c, void (*routine)(int32_t, int32_t, int32_t, void*)) {
-        calls = t;
-        for (int32_t k = 0; k < t; ++k) routine(k, 0, t, c);
-        return int32_t{0};
-      }};
+  static const OrvikThreading counting = {[] { return int32_t{8}; },
+                                          [](int32_t t, void* c, void (*routine)(int32_t, int32_t, int32_t, void*)) {
+                                            calls = t;
+                                            for (int32_t k = 0; k < t; ++k) routine(k, 0, t, c);
+                                            return int32_t{0};
+                                          }};
   auto threads_of = [&](int64_t p, int64_t n) {
     const auto s = random_sample<T>(p, n);
     std::vector<T> mean(p), covariance(p * p);
@@ -277,7 +276,8 @@ TYPED_TEST(Running, NanInTheDataSpreadsThroughItsVariableOnly) {
   using T = TypeParam;
   const T nan = std::numeric_limits<T>::quiet_NaN();
   for (int64_t at : {0, 57, 199}) {
-    const Sample<T> s(3, 200, [&](int64_t i, int64_t j) { return i == at && j == 1 ? nan : static_cast<T>((i * 31 + j * i) % 17); });
+    const Sample<T> s(
+        3, 200, [&](int64_t i, int64_t j) { return i == at && j == 1 ? nan : static_cast<T>((i * 31 + j * i) % 17); });
     for (uint64_t method : {ORVIK_SS_METHOD_FAST, ORVIK_SS_METHOD_ONE_PASS}) {
       std::vector<T> mean(3), r2(3), c2(3), covariance(9);
       TaskOver<T> task;

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <chrono>
-#include <functional>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 #include "qor/ss/sort.h"

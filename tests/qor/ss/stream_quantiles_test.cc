@@ -67,8 +67,11 @@ TYPED_TEST(StreamQuantiles, RankErrorStaysWithinEpsilonUnderEveryFeeding) {
         std::mt19937_64 engine(n);
         std::vector<T> x(n);
         for (int64_t i = 0; i < n; ++i) {
-          const double values[] = {static_cast<double>(i), static_cast<double>(n - i), 3.0,
-                                   static_cast<double>(engine() % 1000000), static_cast<double>(engine() % 5),
+          const double values[] = {static_cast<double>(i),
+                                   static_cast<double>(n - i),
+                                   3.0,
+                                   static_cast<double>(engine() % 1000000),
+                                   static_cast<double>(engine() % 5),
                                    static_cast<double>(i % 2 == 0 ? i : -i)};
           x[i] = static_cast<T>(values[kind]);
         }
@@ -79,7 +82,8 @@ TYPED_TEST(StreamQuantiles, RankErrorStaysWithinEpsilonUnderEveryFeeding) {
           std::vector<T> sorted(x.begin(), x.begin() + std::min(n, i + m));
           std::sort(sorted.begin(), sorted.end());
           for (size_t k = 0; k < orders.size(); ++k) {
-            ASSERT_LE(rank_error(sorted, stream.results[k], orders[k]), epsilon * (1 + 1e-6) + 0.5 / static_cast<double>(sorted.size()))  // ranks are whole
+            ASSERT_LE(rank_error(sorted, stream.results[k], orders[k]),
+                      epsilon * (1 + 1e-6) + 0.5 / static_cast<double>(sorted.size()))  // ranks are whole
                 << "epsilon " << epsilon << " n " << n << " kind " << kind << " seen " << sorted.size() << " order "
                 << orders[k];
           }

@@ -153,6 +153,35 @@ TEST_F(ChunksTest, DeletingByIdKeepsTheListFromItsLastSurvivorOn) {
   qor::header(s.get())->chunks = three;
 }
 
+TEST_F(ChunksTest, Chunks652LessThoseOfId6Lose5) {
+  const Stream s(ORVIK_BRNG_MT19937);
+  for (int32_t id : {2, 5, 6}) add(s, id);  // list: 6 5 2
+  qor::ChunkNode* const five = qor::header(s.get())->chunks->next;
+  ASSERT_EQ(__qorDeleteChunksById(s.get(), 6), 0);
+  EXPECT_EQ(__qorGetNumChunks(s.get()), 1);
+  EXPECT_EQ(__qorSearchChunk(s.get(), 5), nullptr);
+  EXPECT_NE(__qorSearchChunk(s.get(), 2), nullptr);
+  qor::header(s.get())->chunks = five;  // 5 still leads to 2
+}
+
+TEST_F(ChunksTest, RemovingWithinTheLibraryKeepsEveryOtherChunk) {
+  const Stream s(ORVIK_BRNG_MT19937);
+  for (int32_t id : {6, 2, 6, 5, 6}) add(s, id);
+  qor::remove_chunks(s.get(), 6);
+  EXPECT_EQ(__qorGetNumChunks(s.get()), 2);
+  EXPECT_NE(__qorSearchChunk(s.get(), 5), nullptr);
+  EXPECT_NE(__qorSearchChunk(s.get(), 2), nullptr);
+}
+
+TEST_F(ChunksTest, ChunkIsFoundOnlyWithTheBytesThatItsReaderNeeds) {
+  const Stream s(ORVIK_BRNG_MT19937);
+  add(s, 5, nullptr, block(16), 16);
+  EXPECT_NE(qor::find_chunk(s.get(), 5, 16), nullptr);
+  EXPECT_EQ(qor::find_chunk(s.get(), 5, 17), nullptr);
+  add(s, 5, nullptr, block(8), 8);  // the first of that id decides
+  EXPECT_EQ(qor::find_chunk(s.get(), 5, 16), nullptr);
+}
+
 TEST_F(ChunksTest, With127EntriesANewKeyedChunkStaysPrivate) {
   const Stream s(ORVIK_BRNG_MT19937);
   for (uint64_t k = 1; k <= 127; ++k) {

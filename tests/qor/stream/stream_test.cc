@@ -10,8 +10,8 @@
 
 namespace {
 
-using orvik::testing::built_generators;
 using orvik::testing::Generator;
+using orvik::testing::seeded_generators;
 using orvik::testing::Stream;
 
 TEST(NewStream, HeaderHoldsTheIdAsGivenAndIsLive) {
@@ -54,10 +54,26 @@ TEST(NewStream, UnknownIdsAreRefusedAndLeaveThePointerUntouched) {
 
 TEST(NewStream, FailedSeedingLeavesTheStreamToTheCaller) {
   OrvikStream s = nullptr;
-  EXPECT_EQ(__qorNewStreamEx(&s, ORVIK_BRNG_SOBOL, 0, nullptr), ORVIK_QOR_BAD_BRNG);
+  const uint32_t seeds[] = {2, 1, 1, 0x3FF};  // a polynomial of degree 9
+  EXPECT_EQ(__qorNewStreamEx(&s, ORVIK_BRNG_SOBOL, 4, seeds), ORVIK_QOR_BAD_ABSTRACT_ARGUMENT);
   ASSERT_NE(s, nullptr);
+  uint32_t word;
+  EXPECT_EQ(__qoriBRngSobol(s, 1, &word), ORVIK_QOR_NO_MEMORY);  // there are no tables
   EXPECT_EQ(__qorDeleteStream(&s), 0);
   EXPECT_EQ(s, nullptr);
+}
+
+TEST(NewStream, IdsOfEmptyRowsAreRefusedWithAStreamToDelete) {
+  for (int32_t id : {279, 280, -1, -77}) {
+    OrvikStream s = nullptr;
+    EXPECT_EQ(__qorNewStreamEx(&s, id, 0, nullptr), ORVIK_QOR_BAD_BRNG) << id;
+    ASSERT_NE(s, nullptr);
+    const uint64_t count[1] = {1};
+    EXPECT_EQ(__qorSkipAheadStream(s, 1), ORVIK_QOR_BAD_BRNG) << id;
+    EXPECT_EQ(__qorSkipAheadStreamEx(s, 1, count), ORVIK_QOR_BAD_BRNG) << id;
+    EXPECT_EQ(__qorLeapfrogStream(s, 0, 1), ORVIK_QOR_BAD_BRNG) << id;
+    __qorDeleteStream(&s);
+  }
 }
 
 TEST(AllocateStream, LeavesNoChunksAndChecksTheRow) {
@@ -70,12 +86,39 @@ TEST(AllocateStream, LeavesNoChunksAndChecksTheRow) {
   EXPECT_EQ(__qorAllocateStream(&s, __RegBrngsNew, 0, -1, 0), ORVIK_QOR_BAD_BRNG);
 }
 
+// Chunks of 2^32 - 16 bytes each: their sum does not fit the result, nor does one of them.
+TEST(StreamSize, BeyondTwoToThe31IsARefusal) {
+  const Stream s(ORVIK_BRNG_MT19937);
+  ASSERT_EQ(__qorAddChunk(s.get(), 20, nullptr, orvik_serv_allocate(16, 128), 0x7FFFF000u), 0);
+  EXPECT_EQ(__qorGetStreamSize(s.get()), 2520 + 8 + 24 + 0x7FFFF000);
+  ASSERT_EQ(__qorAddChunk(s.get(), 20, nullptr, orvik_serv_allocate(16, 128), 0x80000000u), 0);
+  EXPECT_EQ(__qorGetStreamSize(s.get()), ORVIK_QOR_NO_MEMORY);
+  ASSERT_EQ(__qorAddChunk(s.get(), 20, nullptr, orvik_serv_allocate(16, 128), 0xFFFFFFF0u), 0);
+  EXPECT_EQ(__qorGetStreamSize(s.get()), ORVIK_QOR_NO_MEMORY);
+}
+
 TEST(StreamSize, OfAFreshMcg31m1StreamIs408) {
   EXPECT_EQ(__qorGetStreamSize(Stream(ORVIK_BRNG_MCG31M1).get()), 408);
   EXPECT_EQ(__qorGetStreamSize(Stream(ORVIK_BRNG_MT19937).get()), 2528);
 }
 
 class StreamTest : public ::testing::TestWithParam<Generator> {};
+
+TEST_P(StreamTest, NoSeedsNeedNoArray) {
+  Stream s;
+  ASSERT_EQ(__qorNewStreamEx(s.out(), GetParam().brng, 0, nullptr), 0);
+  EXPECT_EQ(s.outputs(50), Stream(GetParam().brng, {}).outputs(50));
+}
+
+TEST_P(StreamTest, SeedingAnewGivesTheFreshStream) {
+  const Stream s(GetParam().brng, {4, 5}), fresh(GetParam().brng, {4, 5});
+  s.doubles(101);
+  const uint32_t seeds[] = {4, 5};
+  ASSERT_EQ(s.row().InitStream(0, s.get(), 2, seeds), 0);
+  EXPECT_EQ(__qorGetNumChunks(s.get()), __qorGetNumChunks(fresh.get()));
+  EXPECT_EQ(s.doubles(70), fresh.doubles(70));
+  EXPECT_EQ(s.outputs(70), fresh.outputs(70));
+}
 
 TEST_P(StreamTest, CopyGoesOnLikeItsSourceAndIsIndependent) {
   Stream s(GetParam().brng, {4, 5});
@@ -136,7 +179,7 @@ TEST_P(StreamTest, EveryFailedAllocationOfCreationAndCopyLeaksNothing) {
   EXPECT_EQ(orvik::serv::live_allocations(), live);
 }
 
-INSTANTIATE_TEST_SUITE_P(Stream, StreamTest, ::testing::ValuesIn(built_generators()), orvik::testing::name_of);
+INSTANTIATE_TEST_SUITE_P(Stream, StreamTest, ::testing::ValuesIn(seeded_generators()), orvik::testing::name_of);
 
 TEST(CopyStreamState, OntoItselfReturnsAtOnceWhateverTheGenerator) {
   Stream s(ORVIK_BRNG_MCG31M1);
@@ -189,16 +232,6 @@ TEST(AbstractStreams, ArgumentsAreTestedBeforeAnythingIsAllocated) {
   EXPECT_EQ(__qorsNewAbstractStream(&s, 4, f, 0, 1, nullptr), kBad);
   EXPECT_EQ(s, &mark);
   EXPECT_EQ(orvik::serv::live_allocations(), live);
-}
-
-// An unordered pair of bounds passes the test and reaches the generator.
-TEST(AbstractStreams, GoodArgumentsReachTheGenerator) {
-  const double d[4] = {};
-  OrvikStream s = nullptr;
-  EXPECT_EQ(__qordNewAbstractStream(&s, 4, d, std::nan(""), 1, drefill), ORVIK_QOR_BAD_BRNG);
-  ASSERT_NE(s, nullptr);
-  EXPECT_EQ(__qorGetStreamStateBrng(s), ORVIK_BRNG_DABSTRACT);
-  __qorDeleteStream(&s);
 }
 
 TEST(Processor, AnswersAreTruthValues) {

@@ -68,6 +68,10 @@ TEXT = {
     "Cbrt": "cube root", "InvCbrt": "1 / cbrt(a)", "Hypot": "sqrt(a^2 + b^2)", "Pow3o2": "a^(3/2)",
     "Pow2o3": "cbrt(a)^2", "Exp": "e^a", "Ln": "natural logarithm", "Log10": "logarithm to base 10",
     "Log2": "logarithm to base 2", "Exp2": "2^a", "Exp10": "10^a", "Expm1": "e^a - 1", "Log1p": "ln(1 + a)",
+    "Sin": "sine, a in radians", "Cos": "cosine, a in radians", "Tan": "tangent, a in radians",
+    "SinCos": "r1 = sine, r2 = cosine, a in radians", "Sinpi": "sine of a pi", "Cospi": "cosine of a pi",
+    "Tanpi": "tangent of a pi", "SinCospi": "r1 = sine, r2 = cosine of a pi", "Sind": "sine, a in degrees",
+    "Cosd": "cosine, a in degrees", "Tand": "tangent, a in degrees",
     "PackI": "y[i] = a[i inc]", "PackV": "y[i] = a[index[i]]", "PackM": "the elements of a where mask is not zero",
     "UnpackI": "y[i inc] = a[i]", "UnpackV": "y[index[i]] = a[i]", "UnpackM": "y[i] = next of a where mask is not zero",
 }

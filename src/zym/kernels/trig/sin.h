@@ -46,7 +46,7 @@ struct SineSingle : NotFiniteElement<V> {
     V s;
     if constexpr (L == Level::HA) {
       s = by_halves(
-          [](auto y, auto m) {
+          [](auto y, auto m) __attribute__((always_inline)) {
             using W = decltype(y);
             const W r = fnma(m, W(5.126688303189038e-12), fnma(m, W(3.1415926535846666), y));
             return odd_sum(r, kPolynomial);
@@ -90,7 +90,7 @@ struct SineSingle : NotFiniteElement<V> {
 
 // pi in parts: n times the first is exact with x while n has 23 bits.
 template <Double V>
-HeadTail<V> reduce_by_grid(V a, V n) {
+[[gnu::always_inline]] inline HeadTail<V> reduce_by_grid(V a, V n) {
   const V r = fnma(n, V(0.012271846302610356), a);
   const V head = fnma(n, V(4.747734770549973e-13), r);
   return {head, fnma(n, V(1.5798955068718364e-23), fnma(n, V(4.747734770549973e-13), r - head))};

@@ -24,7 +24,7 @@ struct NotFinitePair {
 
 // sin and cos of n pi/2 + r, n in the low bits of t.
 template <class V, size_t N, size_t M>
-Pair<V> both(V t, V r, const Element<V> (&p)[N], const Element<V> (&q)[M]) {
+[[gnu::always_inline]] inline Pair<V> both(V t, V r, const Element<V> (&p)[N], const Element<V> (&q)[M]) {
   const V z = r * r;
   const V s = fma(r * z, horner(z, p), r);
   const V c = fma(z, horner(z, q), V(Element<V>(1)));
@@ -36,7 +36,7 @@ Pair<V> both(V t, V r, const Element<V> (&p)[N], const Element<V> (&q)[M]) {
 
 // Two functions' results over the halves of floats.
 template <class F, Single V, class... More>
-Pair<V> pair_by_halves(F function, V x, More... more) {
+[[gnu::always_inline]] inline Pair<V> pair_by_halves(F function, V x, More... more) {
   const auto low = function(widen_low(x), low_half(more)...);
   const auto high = function(widen_high(x), high_half(more)...);
   return {narrow(low.first, high.first), narrow(low.second, high.second)};
@@ -53,7 +53,7 @@ struct BothSingle : NotFinitePair<V> {
     Pair<V> r;
     if constexpr (L == Level::HA) {
       r = pair_by_halves(
-          [](auto y) {
+          [](auto y) __attribute__((always_inline)) {
             using W = decltype(y);
             const auto [t, n] = shift_round(y, W(0.6366197723675814));
             const W f = fnma(n, W(6.123233995736765e-17), fnma(n, W(1.5707963267948966), y));
@@ -105,7 +105,7 @@ struct BothDouble : NotFinitePair<V> {
   }
 
  private:
-  static Pair<V> finish(V t, V f, V x) {
+  [[gnu::always_inline]] static Pair<V> finish(V t, V f, V x) {
     Pair<V> r;
     if constexpr (L == Level::EP) r = both(t, f, kPairSineEP64, kPairCosineEP64);
     if constexpr (L == Level::LA) r = both(t, f, kPairSineLA64, kPairCosineLA64);
@@ -128,7 +128,7 @@ struct BothDouble<Level::HA, V> : NotFinitePair<V> {
   }
 
  private:
-  static Pair<V> finish(V t, HeadTail<V> r, V x) {
+  [[gnu::always_inline]] static Pair<V> finish(V t, HeadTail<V> r, V x) {
     const GridPoint<V> p(t);
     return {flip_sign(grid_sine(p, r), x), grid_cosine(p, r)};
   }

@@ -22,7 +22,7 @@ struct SineOfUnit : NotFiniteElement<V> {
   }
 
   // f: |x| within a turn.
-  static V of_turn(V f) {
+  [[gnu::always_inline]] static V of_turn(V f) {
     if constexpr (L == Level::HA) {
       return accurate(f);
     } else {
@@ -38,10 +38,10 @@ struct SineOfUnit : NotFiniteElement<V> {
   }
 
  private:
-  static V accurate(V f) {
+  [[gnu::always_inline]] static V accurate(V f) {
     if constexpr (Single<V>) {
       return by_halves(
-          [](auto y) {
+          [](auto y) __attribute__((always_inline)) {
             using W = decltype(y);
             const W r = Cosine ? W(Unit::kHalfTurn / 2) - y : y;
             return odd_product(r, Unit::kSineHA32);

@@ -20,29 +20,23 @@ V flip_odd(V x, V t) {
 
 // r + r z P(z), z = r^2; r P(z).
 template <class V, size_t N>
-V odd_sum(V r, const Element<V> (&c)[N]) {
+[[gnu::always_inline]] inline V odd_sum(V r, const Element<V> (&c)[N]) {
   const V z = r * r;
   return fma(r * z, horner(z, c), r);
 }
 template <class V, size_t N>
-V odd_product(V r, const Element<V> (&c)[N]) {
+[[gnu::always_inline]] inline V odd_product(V r, const Element<V> (&c)[N]) {
   return horner(r * r, c) * r;
 }
 // u r + r z P(z), u of two parts.
 template <class V, size_t N>
-V odd_sum(V r, V u, V u_tail, const Element<V> (&c)[N]) {
+[[gnu::always_inline]] inline V odd_sum(V r, V u, V u_tail, const Element<V> (&c)[N]) {
   const V z = r * r;
   return fma(r, u, r * fma(z, horner(z, c), u_tail));
 }
-// 1 + z P(z), the highest coefficients of P apart from the last, which is next to -1/2.
-template <class V, size_t N>
-V even_sum(V z, const Element<V> (&c)[N]) {
-  return fma(z, horner(z, c), V(Element<V>(1)));
-}
-
 // A function of doubles over the halves of floats.
 template <class F, Single V, class... More>
-V by_halves(F function, V x, More... more) {
+[[gnu::always_inline]] inline V by_halves(F function, V x, More... more) {
   return narrow(function(widen_low(x), widen_low(more)...), function(widen_high(x), widen_high(more)...));
 }
 
@@ -53,7 +47,7 @@ struct GridPoint {
   V sine, sine_tail, cosine, cosine_tail;
   V sign;  // in its sign bit
 
-  explicit GridPoint(V t) {
+  [[gnu::always_inline]] explicit GridPoint(V t) {
     const auto row = gather(kSinCos256, indices(as_bits(t) & Integer<V>(uint64_t{255})));
     sine = row.c[0];
     sine_tail = row.c[1];
@@ -65,14 +59,14 @@ struct GridPoint {
 template <Double V>
 struct GridRest {  // sin(r) - r, cos(r) - 1
   V sine, cosine;
-  explicit GridRest(V r) {
+  [[gnu::always_inline]] explicit GridRest(V r) {
     const V z = r * r;
     sine = r * z * horner(z, kGridSine);
     cosine = z * horner(z, kGridCosine);
   }
 };
 template <Double V>
-V grid_sine(const GridPoint<V>& p, HeadTail<V> r) {
+[[gnu::always_inline]] inline V grid_sine(const GridPoint<V>& p, HeadTail<V> r) {
   const GridRest<V> rest(r.head);
   const V head = fma(p.cosine, r.head, p.sine);
   const V lost = fma(p.cosine, r.head, p.sine - head);
@@ -81,7 +75,7 @@ V grid_sine(const GridPoint<V>& p, HeadTail<V> r) {
   return flip_sign(head + tail, p.sign);
 }
 template <Double V>
-V grid_cosine(const GridPoint<V>& p, HeadTail<V> r) {
+[[gnu::always_inline]] inline V grid_cosine(const GridPoint<V>& p, HeadTail<V> r) {
   const GridRest<V> rest(r.head);
   const V head = fnma(p.sine, r.head, p.cosine);
   const V lost = fnma(p.sine, r.head, p.cosine - head);

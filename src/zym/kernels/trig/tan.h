@@ -14,7 +14,7 @@ namespace trig {
 
 // r P/Q, or Q/(r P) where `inverse` has its sign bit set.
 template <class V, size_t N, size_t M>
-V quotient(V r, V inverse, const Element<V> (&p)[N], const Element<V> (&q)[M]) {
+[[gnu::always_inline]] inline V quotient(V r, V inverse, const Element<V> (&p)[N], const Element<V> (&q)[M]) {
   const V z = r * r;
   const V over = r * horner(z, p);
   const V under = horner(z, q);
@@ -24,13 +24,13 @@ V quotient(V r, V inverse, const Element<V> (&p)[N], const Element<V> (&q)[M]) {
 
 // tan(k step + r) on the grid, k in the low bits of t.
 template <Double V>  // steps of pi/32, to 2^-33; r a plain double
-V tangent_single(V t, V r) {
+[[gnu::always_inline]] inline V tangent_single(V t, V r) {
   const auto row = gather(kSinCos32, indices(as_bits(t) & Integer<V>(uint64_t{31})));
   const V tangent = odd_sum(r, kTangentGrid32);
   return fma(row.second, tangent, row.first) / fnma(row.first, tangent, row.second);
 }
 template <bool Poles, Double V>  // steps of pi/16
-V tangent_double(V t, HeadTail<V> r) {
+[[gnu::always_inline]] inline V tangent_double(V t, HeadTail<V> r) {
   const auto row = gather(kSinCos16, indices(as_bits(t) & Integer<V>(uint64_t{15})));
   const V s = row.c[0], s_tail = row.c[1], c = row.c[2], c_tail = row.c[3];
   // tan(r) in head and tail.
@@ -41,7 +41,7 @@ V tangent_double(V t, HeadTail<V> r) {
   const V over_tail = fma(c, g.tail, fma(c_tail, g.head, s_tail)) + fma(c, g.head, s - over);
   const V under = fnma(s, g.head, c);
   const V under_tail = fnma(s, g.tail, fnma(s_tail, g.head, c_tail)) + fnma(s, g.head, c - under);
-  const auto corrected = [&](V inverse) {
+  const auto corrected = [&](V inverse) __attribute__((always_inline)) {
     const V q = over * inverse;
     return fma(fnma(q, under_tail, fnma(q, under, over) + over_tail), inverse, q);
   };
@@ -62,7 +62,7 @@ struct TangentSingle : NotFiniteElement<V> {
     const V a = magnitude(x);
     if constexpr (L == Level::HA) {
       const V s = by_halves(
-          [](auto y) {
+          [](auto y) __attribute__((always_inline)) {
             using W = decltype(y);
             const auto [t, n] = shift_round(y, W(10.18591594696045));
             return tangent_single(t, fnma(n, W(3.798187816439979e-12), fnma(n, W(0.09817477042088285), y)));
@@ -140,7 +140,7 @@ struct TangentOfUnit : NotFiniteElement<V> {
   static auto special(V x) { return Unit::special(x); }
   static V lanes(V x) { return flip_sign(of_turn(Unit::within_turn(magnitude(x))), x); }
 
-  static V of_turn(V f) {
+  [[gnu::always_inline]] static V of_turn(V f) {
     // What is left to the half turn has the other tangent.
     const V r = folded<Unit>(f);
     const V other = as_float(as_bits(V(E(Unit::kHalfTurn / 2)) - magnitude(f)));  // its sign bit
@@ -159,10 +159,10 @@ struct TangentOfUnit : NotFiniteElement<V> {
   }
 
  private:
-  static V accurate(V f) {
+  [[gnu::always_inline]] static V accurate(V f) {
     if constexpr (Single<V>) {
       return by_halves(
-          [](auto y) {
+          [](auto y) __attribute__((always_inline)) {
             using W = decltype(y);
             const auto [t, n] = shift_round(y, W(32 / Unit::kHalfTurn));
             return tangent_single(t, fnma(n, W(Unit::kHalfTurn / 32), y) * W(Unit::kRadians));

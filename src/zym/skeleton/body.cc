@@ -149,7 +149,7 @@ void run_special_block(const Call& call, int64_t i, int count) {
 
 void run_strided(const Body& body, int64_t n, const Operands& operands, const void* params) {
   const uint32_t mode = current_mode();
-  const ControlRegisters registers(mode);
+  const ControlRegisters registers(mode, body.stray_underflow);
   const Call call{body, mode, operands, params};
   int64_t i = 0;
   for (; i + body.block <= n; i += body.block) strided_block(call, i, body.block);
@@ -164,7 +164,7 @@ void run_strided(const Body& body, int64_t n, const Operands& operands, const vo
 
 void run_element_loop(const Body& body, int64_t n, const Operands& operands, const void* params) {
   const uint32_t mode = current_mode();
-  const ControlRegisters registers(mode);
+  const ControlRegisters registers(mode, body.stray_underflow);
   const Call call{body, mode, operands, params};
   alignas(kMaxElement) char in[2][kMaxElement], out[2][kMaxElement];
   for (int64_t i = 0; i < n; ++i) {

@@ -339,6 +339,7 @@ struct Kernel {
     body.complex = S.a == Kind::complex;
     body.single = Single<V>;
     body.block = kBlock;
+    body.stray_underflow = kKnobs.stray_underflow;
     return body;
   }
 
@@ -415,7 +416,7 @@ struct Kernel {
       run_element_loop(body, n, unit_operands(a, b, r1, r2), &params);
     } else {
       const uint32_t mode = current_mode();
-      const ControlRegisters registers(mode);
+      const ControlRegisters registers(mode, kKnobs.stray_underflow);
       int64_t i = 0;
       if constexpr (kKnobs.streams && !kTwoResults) {
         if (n >= kStreamBytes / static_cast<int64_t>(sizeof(R)) && disjoint(n, a, b, r1)) [[unlikely]] {

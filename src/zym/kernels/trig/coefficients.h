@@ -148,13 +148,13 @@ inline constexpr float kTangentLA32TurnsQ[3] = {0x1.c71c72p0f, -0x1.1c71c8p2f, 0
 //: x * p(x^2) / kTangentLA32TurnsQ(x^2) = tan(pi * x) on [-1/4, 1/4], relative error 2^-25.0
 //: fit trig/coefficients.sollya
 inline constexpr float kTangentLA32TurnsP[4] = {0x1.af25ap-6f, 0x1.cfa62ep-2f, -0x1.d048bep1f, 0x1.921fb6p1f};
-//: p(x) = (1 - x * (2)^2) * (1 - x * (2/3)^2) on [0, (1/4)^2], absolute error 2^-56.1
+//: p(x) = (1 - x * (2)^2) on [0, (1/4)^2], absolute error 2^-inf
 //: fit trig/coefficients.sollya
-inline constexpr double kTangentEP64TurnsQ[3] = {0x1.c71c71c71c71cp0, -0x1.1c71c71c71c72p2, 0x1p0};
-//: x * p(x^2) / kTangentEP64TurnsQ(x^2) = tan(pi * x) on [-1/4, 1/4], relative error 2^-32.7
+inline constexpr double kTangentEP64TurnsQ[2] = {-0x1p2, 0x1p0};
+//: x * p(x^2) / kTangentEP64TurnsQ(x^2) = tan(pi * x) on [-1/4, 1/4], relative error 2^-27.9
 //: fit trig/coefficients.sollya
 inline constexpr double kTangentEP64TurnsP[4] = {
-    0x1.e331c58e9f86ep-6, 0x1.cf4b561d90198p-2, -0x1.d0485bfd85366p1, 0x1.921fb5434db43p1
+    -0x1.c743fcdd2405bp-3, -0x1.13c4b577bc38p-1, -0x1.1d8fcd40bc29fp1, 0x1.921fb55d8bcbfp1
 };
 //: p(x) = (1 - x * (2)^2) * (1 - x * (2/3)^2) * (1 - x * (2/5)^2) on [0, (1/4)^2], absolute error 2^-55.3
 //: fit trig/coefficients.sollya
@@ -205,13 +205,13 @@ inline constexpr float kTangentLA32DegreesQ[3] = {0x1.d18216p-30f, -0x1.1facd8p-
 //: x * p(x^2) / kTangentLA32DegreesQ(x^2) = tan(pi/180 * x) on [-45, 45], relative error 2^-26.9
 //: fit trig/coefficients.sollya
 inline constexpr float kTangentLA32DegreesP[4] = {0x1.6e9e58p-58f, 0x1.50e7a8p-39f, -0x1.4de7fcp-21f, 0x1.1df46ap-6f};
-//: p(x) = (1 - x * (2/180)^2) * (1 - x * (2/540)^2) on [0, 45^2], absolute error 2^-56.0
+//: p(x) = (1 - x * (2/180)^2) on [0, 45^2], absolute error 2^-57.2
 //: fit trig/coefficients.sollya
-inline constexpr double kTangentEP64DegreesQ[3] = {0x1.d182160eb2a37p-30, -0x1.1facd8098d3d3p-13, 0x1p0};
-//: x * p(x^2) / kTangentEP64DegreesQ(x^2) = tan(pi/180 * x) on [-45, 45], relative error 2^-32.7
+inline constexpr double kTangentEP64DegreesQ[2] = {-0x1.02e85c0898b71p-13, 0x1p0};
+//: x * p(x^2) / kTangentEP64DegreesQ(x^2) = tan(pi/180 * x) on [-45, 45], relative error 2^-27.9
 //: fit trig/coefficients.sollya
 inline constexpr double kTangentEP64DegreesP[4] = {
-    0x1.637248df23f19p-58, 0x1.50fae7d698a1fp-39, -0x1.4de80f12d144dp-21, 0x1.1df46a247b85dp-6
+    -0x1.4ee6c6b3bd7c9p-55, -0x1.9129f29debca1p-39, -0x1.9abebe58ea7ebp-22, 0x1.1df46a3724d54p-6
 };
 //: p(x) = (1 - x * (2/180)^2) * (1 - x * (2/540)^2) * (1 - x * (2/900)^2) on [0, 45^2], absolute error 2^-56.2
 //: fit trig/coefficients.sollya

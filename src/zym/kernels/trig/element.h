@@ -6,6 +6,9 @@
 
 namespace orvik::zym::trig {
 
+// Squares of tiny arguments underflow on the way, results that do are denormal arguments' own.
+constexpr Knobs knobs_of(int vectors) { return {.vectors = vectors, .stray_underflow = true}; }
+
 template <class E>
 int32_t not_finite_element(const E* x, E* r) {
   if (is_nan(*x)) {

@@ -10,6 +10,12 @@ namespace orvik::zym::trig {
 
 inline constexpr double kPi = 3.141592653589793, kPiTail = 1.2246467991473532e-16;
 
+// Finite numbers from a bound on; what is less, infinite or NaN gives the bound, before it raises a flag.
+template <class V>
+V finite_from(V a, Element<V> bound) {
+  return max(select(Mask<V>(not_finite(a)), V(bound), a), V(bound));
+}
+
 // |x| = (n / Grid) pi + r; n in the low bits of t.
 template <class V>
 struct LargeReduced {
@@ -27,7 +33,7 @@ HeadTail<V> half_turns(HeadTail<V> f) {
 // a = |x| from 2^8 on; smaller ones, infinities and NaNs give something finite. `phase` is added to u.
 template <int Grid, Double V>
 LargeReduced<V> reduce_large(V a, V phase = V(0.0)) {
-  a = min(max(a, V(256.0)), V(1.7976931348623157e308));
+  a = finite_from(a, 256.0);
   // The upper eight bits of the exponent choose the row, the lower three stay with the mantissa.
   const Integer<V> bits = as_bits(a);
   const auto row = gather<128>(kInvPiGroups, indices(shift_right<55>(bits)));
@@ -64,15 +70,21 @@ LargeReducedSingle<V> reduce_large_single(V a, I rows, V phase) {
   return {t, f};
 }
 
-// A function of reduced doubles over the halves of large floats a = |x|.
+// A function of reduced doubles over the halves of large floats a = |x|; its result may be a Pair.
 template <int Grid, bool Coarse, Single V, class F>
-V over_large(V a, double phase, F function) {
-  a = min(max(a, V(8192.0f)), V(3.4028234663852886e38f));
+auto over_large(V a, double phase, F function) {
+  a = finite_from(a, 8192.0f);
   const Integer<V> rows = shift_right<23>(as_bits(a));
   const auto half = [&](Wide<V> x, Index<Wide<V>> i) {
     return function(reduce_large_single<Grid, Coarse>(x, i, Wide<V>(phase)));
   };
-  return narrow(half(widen_low(a), low_half(rows)), half(widen_high(a), high_half(rows)));
+  const auto low = half(widen_low(a), low_half(rows));
+  const auto high = half(widen_high(a), high_half(rows));
+  if constexpr (requires { low.first; }) {
+    return Pair<V>{narrow(low.first, high.first), narrow(low.second, high.second)};
+  } else {
+    return narrow(low, high);
+  }
 }
 
 }  // namespace orvik::zym::trig

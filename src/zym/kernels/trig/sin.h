@@ -34,6 +34,7 @@ constexpr const auto& single_sine() {
 // Sine without the sign of x, cosine. n by shift rounding: of x/pi, or of (x + pi/2)/pi.
 template <bool Cosine, Level L, Single V>
 struct SineSingle : NotFiniteElement<V> {
+  static constexpr Knobs knobs = knobs_of(4);
   static constexpr const auto& kPolynomial = single_sine<Cosine, L>();
 
   // From 10000 on, from 524288.
@@ -99,10 +100,12 @@ inline constexpr double k256OverPi = 81.48733086305042;
 
 template <bool Cosine, Level L, Double V>
 struct SineDouble : NotFiniteElement<V> {
+  static constexpr Knobs knobs = knobs_of(4);
   static constexpr const auto& kPolynomial = []() -> const auto& {
     if constexpr (L == Level::EP) return kSineEP64;
     if constexpr (L != Level::EP) return kSineLA64;
-  }();
+  }
+  ();
 
   // From 2^24 on; the cosine at LA from 2^23.
   static auto special(V x) { return magnitude_above < Cosine && L == Level::LA ? 0x415FFFFFu : 0x416FFFFFu > (x); }
@@ -137,7 +140,7 @@ struct SineDouble : NotFiniteElement<V> {
 
 template <bool Cosine, Double V>
 struct SineDouble<Cosine, Level::HA, V> : NotFiniteElement<V> {
-  static constexpr Knobs knobs = {.vectors = 2};
+  static constexpr Knobs knobs = knobs_of(2);
   static constexpr double kQuarterTurn = Cosine ? 128.0 : 0.0;
 
   static auto special(V x) { return magnitude_above<0x40EFFFFFu>(x); }  // from 65536 on

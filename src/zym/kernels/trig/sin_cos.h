@@ -1,5 +1,5 @@
-// Sine and cosine of one argument. At the lower levels |x| = n pi/2 + r with one polynomial for each, which change places
-// with every n; at the highest level of doubles one point of the grid serves both.
+// Sine and cosine of one argument. At the lower levels |x| = n pi/2 + r with one polynomial for each, which change
+// places with every n; at the highest level of doubles one point of the grid serves both.
 #pragma once
 
 #include "zym/kernels/trig/element.h"
@@ -22,74 +22,73 @@ struct NotFinitePair {
   }
 };
 
-// sin and cos of n pi/2 + r, n in the low bits of t.
-template <class V, size_t N, size_t M>
-[[gnu::always_inline]] inline Pair<V> both(V t, V r, const Element<V> (&p)[N], const Element<V> (&q)[M]) {
-  const V z = r * r;
-  const V s = fma(r * z, horner(z, p), r);
-  const V c = fma(z, horner(z, q), V(Element<V>(1)));
+// sin and cos of n pi/2 from those of 0, n in the low bits of t.
+template <class V>
+[[gnu::always_inline]] inline Pair<V> turned(Pair<V> x, V t) {
   const V odd = sign_from<0>(t);
   const V half = sign_from<1>(t);  // from n = 2 on, modulo 4
   const Mask<V> swapped = sign_decides(odd);
-  return {flip_sign(select(swapped, c, s), half), flip_sign(select(swapped, s, c), half ^ odd)};
+  return {flip_sign(select(swapped, x.second, x.first), half),
+          flip_sign(select(swapped, x.first, x.second), half ^ odd)};
+}
+template <class V, size_t N, size_t M>
+[[gnu::always_inline]] inline Pair<V> both(V r, const Element<V> (&p)[N], const Element<V> (&q)[M]) {
+  const V z = r * r;
+  return {fma(r * z, horner(z, p), r), fma(z, horner(z, q), V(Element<V>(1)))};
 }
 
 // Two functions' results over the halves of floats.
 template <class F, Single V, class... More>
 [[gnu::always_inline]] inline Pair<V> pair_by_halves(F function, V x, More... more) {
-  const auto low = function(widen_low(x), low_half(more)...);
-  const auto high = function(widen_high(x), high_half(more)...);
+  const auto low = function(widen_low(x), widen_low(more)...);
+  const auto high = function(widen_high(x), widen_high(more)...);
   return {narrow(low.first, high.first), narrow(low.second, high.second)};
 }
 
 template <Level L, Single V>
 struct BothSingle : NotFinitePair<V> {
-  static constexpr Knobs knobs = {.vectors = 2};
+  static constexpr Knobs knobs = knobs_of(2);
   // From 10000 on, from 524288.
   static auto special(V x) { return magnitude_above < L == Level::EP ? 0x461C3FFFu : 0x48FFFFFFu > (x); }
 
   static Pair<V> lanes(V x) {
     const V a = magnitude(x);
+    const auto [t, n] = shift_round(a, V(0.6366197466850281f));
     Pair<V> r;
     if constexpr (L == Level::HA) {
+      // pi/2 in parts: n times the first is exact.
       r = pair_by_halves(
-          [](auto y) __attribute__((always_inline)) {
+          [](auto y, auto m) __attribute__((always_inline)) {
             using W = decltype(y);
-            const auto [t, n] = shift_round(y, W(0.6366197723675814));
-            const W f = fnma(n, W(6.123233995736765e-17), fnma(n, W(1.5707963267948966), y));
-            return both(t, f, kPairSineHA32, kPairCosineHA32);
+            const W f = fnma(m, W(0.5 * 5.126688303189038e-12), fnma(m, W(0.5 * 3.1415926535846666), y));
+            return both(f, kPairSineHA32, kPairCosineHA32);
           },
-          a);
+          a, n);
     } else {
-      const auto [t, n] = shift_round(a, V(0.6366197466850281f));
       V f = fnma(n, V(-4.371138828673793e-08f), fnma(n, V(1.5707963705062866f), a));
       if constexpr (L == Level::LA) {
         f = fnma(n, V(-1.7151245100058819e-15f), f);
-        r = both(t, f, kPairSineLA32, kPairCosineLA32);
+        r = both(f, kPairSineLA32, kPairCosineLA32);
       } else {
-        r = both(t, f, kPairSineEP32, kPairCosineEP32);
+        r = both(f, kPairSineEP32, kPairCosineEP32);
       }
     }
+    r = turned(r, t);
     return {flip_sign(r.first, x), r.second};
   }
 
   static Masked<Pair<V>, Mask<V>> wide(V x) {
-    V a = magnitude(x);
-    a = min(max(a, V(8192.0f)), V(3.4028234663852886e38f));
-    const Pair<V> r = pair_by_halves(
-        [](auto y, auto rows) {
-          using W = decltype(y);
-          const auto [t, f] = reduce_large_single<2, false>(y, rows, W(0.0));
-          return both(t, f * W(kPi), kPairSineHA32, kPairCosineHA32);
-        },
-        a, shift_right<23>(as_bits(a)));
+    const Pair<V> r = over_large<2, false>(magnitude(x), 0.0, [](auto reduced) {
+      using W = decltype(reduced.t);
+      return turned(both(reduced.f * W(kPi), kPairSineHA32, kPairCosineHA32), reduced.t);
+    });
     return {{flip_sign(r.first, x), r.second}, not_finite(x)};
   }
 };
 
 template <Level L, Double V>
 struct BothDouble : NotFinitePair<V> {
-  static constexpr Knobs knobs = {.vectors = 2};
+  static constexpr Knobs knobs = knobs_of(2);
   static auto special(V x) { return magnitude_above<0x416FFFFFu>(x); }  // from 2^24 on
 
   static Pair<V> lanes(V x) {
@@ -107,14 +106,15 @@ struct BothDouble : NotFinitePair<V> {
  private:
   [[gnu::always_inline]] static Pair<V> finish(V t, V f, V x) {
     Pair<V> r;
-    if constexpr (L == Level::EP) r = both(t, f, kPairSineEP64, kPairCosineEP64);
-    if constexpr (L == Level::LA) r = both(t, f, kPairSineLA64, kPairCosineLA64);
+    if constexpr (L == Level::EP) r = both(f, kPairSineEP64, kPairCosineEP64);
+    if constexpr (L == Level::LA) r = both(f, kPairSineLA64, kPairCosineLA64);
+    r = turned(r, t);
     return {flip_sign(r.first, x), r.second};
   }
 };
 template <Double V>
 struct BothDouble<Level::HA, V> : NotFinitePair<V> {
-  static constexpr Knobs knobs = {.vectors = 1};
+  static constexpr Knobs knobs = knobs_of(1);
   static auto special(V x) { return magnitude_above<0x40EFFFFFu>(x); }  // from 65536 on
 
   static Pair<V> lanes(V x) {
@@ -149,12 +149,23 @@ struct SinCos : trig::BothOf<L, V> {};
 // One kernel for all levels: the highest.
 template <class V, Level L>
 struct SinCospi : trig::NotFinitePair<V> {
-  static constexpr Knobs knobs = {.vectors = Single<V> ? 2 : 1};
+  static constexpr Knobs knobs = trig::knobs_of(Single<V> ? 2 : 1);
   static auto special(V x) { return not_finite(x); }
   static Pair<V> lanes(V x) {
-    const V f = trig::Turns::within_turn(magnitude(x));
-    return {flip_sign(trig::SineOfUnit<trig::Turns, false, L, V>::of_turn(f), x),
-            trig::SineOfUnit<trig::Turns, true, L, V>::of_turn(f)};
+    using trig::Turns;
+    const V f = Turns::within_turn(magnitude(x));
+    if constexpr (Single<V>) {
+      return {flip_sign(trig::SineOfUnit<Turns, false, L, V>::of_turn(f), x),
+              trig::SineOfUnit<Turns, true, L, V>::of_turn(f)};
+    } else {
+      const V g = magnitude(f);
+      const auto [t, n] = shift_round(g, V(256.0));
+      const HeadTail<V> r = trig::half_turns(HeadTail<V>{fnma(n, V(1.0 / 256), g), V(0.0)});
+      const trig::GridPoint<V> p(t);
+      // The sine's magnitude; its sign is that of f but for zeros, which have the sign of x.
+      const V sine = copy_sign(grid_sine(p, r), trig::folded<Turns>(f));
+      return {flip_sign(sine, x), grid_cosine(p, r)};
+    }
   }
 };
 

@@ -1,10 +1,11 @@
-// sin(x) and cos(x) of large doubles at the lowest level: a routine for one element, which the second vector form runs on
-// several at once, step by step the same. From 2^30 on x is multiplied with the bits of 2/pi that matter, in pieces of
-// 25 bits whose products with both halves of x are exact; below, multiples of pi/4 are taken off by parts (Cody and
+// sin(x) and cos(x) of large doubles at the lowest level: a routine for one element, which the second vector form runs
+// on several at once, step by step the same. From 2^30 on x is multiplied with the bits of 2/pi that matter, in pieces
+// of 25 bits whose products with both halves of x are exact; below, multiples of pi/4 are taken off by parts (Cody and
 // Waite 1980). The rest is a grid of pi/32 and the sum of angles.
 #pragma once
 
 #include "zym/kernels/trig/element.h"
+#include "zym/kernels/trig/reduce.h"
 #include "zym/kernels/trig/sine.h"
 
 namespace orvik::zym::trig {
@@ -95,7 +96,7 @@ Quadrant<V> turned(Quadrant<V> x) {  // by a quarter turn
 // Several at once, from 2^24 on; infinities and NaNs give something finite.
 template <bool Cosine, Double V>
 V sine_by_routine(V a) {
-  a = min(max(a, V(16777216.0)), V(1.7976931348623157e308));
+  a = finite_from(a, 16777216.0);
   const Mask<V> small = a < V(1073741824.0);
   Quadrant<V> x = quadrant_of_huge(max(a, V(1073741824.0)));
   if (!none(small)) {

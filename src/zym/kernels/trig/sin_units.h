@@ -13,7 +13,7 @@ namespace trig {
 
 template <class Unit, bool Cosine, Level L, class V>
 struct SineOfUnit : NotFiniteElement<V> {
-  static constexpr Knobs knobs = {.vectors = Double<V> && L == Level::HA ? 2 : 4};
+  static constexpr Knobs knobs = knobs_of(Double<V> && L == Level::HA ? 2 : 4);
   static auto special(V x) { return Unit::special(x); }
 
   static V lanes(V x) {
@@ -32,8 +32,7 @@ struct SineOfUnit : NotFiniteElement<V> {
       if constexpr (L == Level::EP) return odd_product(r, P::sine);
       if constexpr (L == Level::LA && Single<V>)
         return odd_sum(r, V(Unit::kRadians32), V(Unit::kRadiansTail32), P::sine);
-      if constexpr (L == Level::LA && Double<V>)
-        return odd_sum(r, V(Unit::kRadians), V(Unit::kRadiansTail), P::sine);
+      if constexpr (L == Level::LA && Double<V>) return odd_sum(r, V(Unit::kRadians), V(Unit::kRadiansTail), P::sine);
     }
   }
 

@@ -70,8 +70,8 @@ template <Double V>
   const GridRest<V> rest(r.head);
   const V head = fma(p.cosine, r.head, p.sine);
   const V lost = fma(p.cosine, r.head, p.sine - head);
-  const V tail = fma(p.sine, rest.cosine,
-                     fma(p.cosine, rest.sine + r.tail, fma(p.cosine_tail, r.head, p.sine_tail + lost)));
+  const V tail =
+      fma(p.sine, rest.cosine, fma(p.cosine, rest.sine + r.tail, fma(p.cosine_tail, r.head, p.sine_tail + lost)));
   return flip_sign(head + tail, p.sign);
 }
 template <Double V>
@@ -79,8 +79,8 @@ template <Double V>
   const GridRest<V> rest(r.head);
   const V head = fnma(p.sine, r.head, p.cosine);
   const V lost = fnma(p.sine, r.head, p.cosine - head);
-  const V tail = fma(p.cosine, rest.cosine,
-                     fnma(p.sine, rest.sine + r.tail, fnma(p.sine_tail, r.head, p.cosine_tail + lost)));
+  const V tail =
+      fma(p.cosine, rest.cosine, fnma(p.sine, rest.sine + r.tail, fnma(p.sine_tail, r.head, p.cosine_tail + lost)));
   return flip_sign(head + tail, p.sign);
 }
 

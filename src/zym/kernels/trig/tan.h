@@ -56,6 +56,7 @@ template <bool Poles, Double V>  // steps of pi/16
 // The sign of tan(n pi/2 + r) is that of r for even n, the other for odd n.
 template <Level L, Single V>
 struct TangentSingle : NotFiniteElement<V> {
+  static constexpr Knobs knobs = knobs_of(4);
   static auto special(V x) { return magnitude_above<0x4600FFFFu>(x); }  // from 8256 on
 
   static V lanes(V x) {
@@ -88,6 +89,7 @@ struct TangentSingle : NotFiniteElement<V> {
 
 template <Level L, Double V>
 struct TangentDouble : NotFiniteElement<V> {
+  static constexpr Knobs knobs = knobs_of(4);
   static auto special(V x) { return magnitude_above<0x40FF3FFFu>(x); }  // from 128000 on
 
   static V lanes(V x) {
@@ -111,7 +113,7 @@ struct TangentDouble : NotFiniteElement<V> {
 };
 template <Double V>
 struct TangentDouble<Level::HA, V> : NotFiniteElement<V> {
-  static constexpr Knobs knobs = {.vectors = 2};
+  static constexpr Knobs knobs = knobs_of(2);
   static auto special(V x) { return magnitude_above<0x40EFFFFFu>(x); }  // from 65536 on
 
   static V lanes(V x) {
@@ -136,7 +138,7 @@ struct TangentDouble<Level::HA, V> : NotFiniteElement<V> {
 template <class Unit, Level L, class V>
 struct TangentOfUnit : NotFiniteElement<V> {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.vectors = Double<V> && L == Level::HA ? 2 : 4};
+  static constexpr Knobs knobs = knobs_of(Double<V> && L == Level::HA ? 2 : 4);
   static auto special(V x) { return Unit::special(x); }
   static V lanes(V x) { return flip_sign(of_turn(Unit::within_turn(magnitude(x))), x); }
 

@@ -3,6 +3,7 @@
 
 #include "lanes/lanes.h"
 #include "zym/kernels/trig/coefficients.h"
+#include "zym/kernels/trig/reduce.h"
 #include "zym/kernels/trig/tables.h"
 
 namespace orvik::zym::trig {
@@ -10,10 +11,10 @@ namespace orvik::zym::trig {
 // The polynomials of a level in the unit: sine for |r| up to a quarter turn, tangent up to an eighth.
 template <class Unit, bool Wide, bool EP>
 struct UnitPolynomials;
-#define ORVIK_UNIT_POLYNOMIALS(Unit, Wide, EP, level)                 \
-  template <>                                                         \
-  struct UnitPolynomials<Unit, Wide, EP> {                            \
-    static constexpr const auto& sine = kSine##level##Unit;           \
+#define ORVIK_UNIT_POLYNOMIALS(Unit, Wide, EP, level)                  \
+  template <>                                                          \
+  struct UnitPolynomials<Unit, Wide, EP> {                             \
+    static constexpr const auto& sine = kSine##level##Unit;            \
     static constexpr const auto& tangent_p = kTangent##level##Unit##P; \
     static constexpr const auto& tangent_q = kTangent##level##Unit##Q; \
   };
@@ -68,7 +69,7 @@ struct Degrees {
   // something finite.
   template <Single V>
   static V within_turn_of_large(V a) {
-    a = min(max(a, V(8388608.0f)), V(3.4028234663852886e38f));
+    a = finite_from(a, 8388608.0f);
     const Integer<V> rows = shift_right<23>(as_bits(a));
     const auto half = [](auto x, auto i) {  // the product is below 2^33
       return within_turn(x * gather<150>(kPowersModTurnSingle, indices(i)));
@@ -77,7 +78,7 @@ struct Degrees {
   }
   template <Double V>
   static V within_turn_of_large(V a) {
-    a = min(max(a, V(4503599627370496.0)), V(1.7976931348623157e308));
+    a = finite_from(a, 4503599627370496.0);
     const Integer<V> bits = as_bits(a);
     const V m = as_float((bits & Integer<V>(uint64_t{0x000FFFFFFFFFFFFF})) | Integer<V>(uint64_t{0x4330000000000000}));
     return within_turn(within_turn(m) * gather<1075>(kPowersModTurn, indices(shift_right<52>(bits))));

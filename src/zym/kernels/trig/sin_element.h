@@ -114,7 +114,7 @@ int32_t sine_element(const double* px, double* r) {
   if (bits >= FloatBits<double>::exponent_field) return not_finite_element(px, r);
   if (bits >> 52 < 771) {
     // x (1 - 2^-55), rounded below the normal numbers as well.
-    *r = Cosine ? 1.0 - a : fma(x, 0x1p55, -x) * 0x1p-55;
+    *r = Cosine ? 1.0 - a : flip_sign(fma(a, 0x1p55, -a) * 0x1p-55, x);
     return 0;
   }
   const Quadrant<double> plain{kShifter64, {a, 0.0}};

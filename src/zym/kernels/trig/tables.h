@@ -58,6 +58,7 @@ extern const double kSinCos16[16][4];
 extern const double kSinCos32[32][2];
 
 // 2^i modulo 360; divided by 2^i again, so that the row is multiplied with a float itself.
+//: precision 1100
 //: = mod(2^i, 360)
 extern const double kPowersModTurn[972];
 //: = mod(2^i, 360) / 2^i

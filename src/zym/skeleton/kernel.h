@@ -231,7 +231,7 @@ struct Kernel {
       const uint32_t here = bits >> i & kAllLanes;
       if (here == 0) continue;
       const int k = count - i < kWidth<V> ? count - i : kWidth<V>;
-      const Inputs x = load_first_inputs(a, b, i, k);
+      const Inputs x = k == kWidth<V> ? load_inputs(a, b, i) : load_first_inputs(a, b, i, k);
       Result r;
       if constexpr (kTwoResults) {
         r = {load_first(r1 + i, k, V(E(0))), load_first(r2 + i, k, V(E(0)))};
@@ -248,7 +248,9 @@ struct Kernel {
     return left;
   }
 
-  static uint32_t run_wide(const A* a, const B* b, R* r1, R* r2, int count, uint32_t bits, const Params& params) {
+  // Hot: an array of large arguments spends its time here. (What only cold functions call is compiled for size.)
+  [[gnu::noinline, gnu::hot]] static uint32_t run_wide(const A* a, const B* b, R* r1, R* r2, int count, uint32_t bits,
+                                                       const Params& params) {
     return over_special_vectors(a, b, r1, r2, count, bits, [&](Inputs x, Mask<V> mask, Result& r) {
       fill(complement(mask), x);
       const auto w = apply([](const auto&... y) { return Fn::wide(y...); }, x, params);
@@ -341,8 +343,8 @@ struct Kernel {
             {sizeof(R), sizeof(R)}};
   }
 
-  // Whole blocks, as many as fit, up to the first with a special lane; returns the number of elements done. The loop holds
-  // no call, so that the constants stay in registers. A block is read whole before any of it is stored.
+  // Whole blocks, as many as fit, up to the first with a special lane; returns the number of elements done. The loop
+  // holds no call, so that the constants stay in registers. A block is read whole before any of it is stored.
   template <class Load, class Store>
   [[gnu::always_inline]] static int64_t plain_blocks(int64_t n, const Params& params, Load load_at, Store store_at) {
     constexpr int N = kBlock / kWidth<V>;
@@ -426,8 +428,8 @@ struct Kernel {
   }
 
   // What is left behind the last whole block: single vectors, then the first lanes of one.
-  [[gnu::always_inline]] static void tail(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b, R* r1, R* r2,
-                                          int64_t i, const Params& params) {
+  [[gnu::always_inline]] static void tail(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b, R* r1,
+                                          R* r2, int64_t i, const Params& params) {
 #pragma GCC unroll 1
     for (; i < n; i += kWidth<V>) {
       const int64_t k = n - i;
@@ -497,8 +499,8 @@ struct Kernel {
       const uint32_t mode = current_mode();
       const ControlRegisters registers(mode, kKnobs.stray_underflow);
       const Call call{body, mode, operands, &params};
-      // Where arrays meet, a block is read whole before any of it is stored. Apart, nobody can tell, and one or two vectors
-      // at a time are as quick: single loads and stores set the pace.
+      // Where arrays meet, a block is read whole before any of it is stored. Apart, nobody can tell, and one or two
+      // vectors at a time are as quick: single loads and stores set the pace.
       if (n > 1 && !independent(call, n)) [[unlikely]]
         return run_overlapping(call, n);
       constexpr int U = kKnobs.streams || kBlock == kWidth<V> ? 1 : 2;

@@ -18,14 +18,16 @@ class Operands {
   rows::Call call() const;
   // Puts `value` into every `every`-th element of the first input.
   void plant(double value, int32_t every);
+  // Spreads the first input over the sizes from `least` to the largest finite one.
+  void enlarge(double least);
 
  private:
   const rows::Row& row_;
   int32_t n_, step_;
   std::vector<std::vector<unsigned char>> memory_;
   Arrays arrays_{};
-  double scalar_d_ = kPower;
-  float scalar_s_ = static_cast<float>(kPower);
+  double scalar_d_[2] = {kPower, kPowerImaginary};
+  float scalar_s_[2] = {static_cast<float>(kPower), static_cast<float>(kPowerImaginary)};
 };
 
 // A function that calls an entry `turns` times.

@@ -108,7 +108,28 @@ double bessel_even_part(double magnitude, int order) {
   return static_cast<double>(bessel_series<long double>(half * half, order, terms));
 }
 
+// From 2^13 on four terms of Hankel's expansion, which leave 2e-17 of the amplitude; half the C library's time, where half of all
+// floats lie. J is sqrt(2/(pi x)) (P cos t - Q sin t), Y with (P sin t + Q cos t), t = x - (2 order + 1) pi/4.
+template <int order, bool second, double (*near)(double)>
+double bessel(double x) {
+  const double m = std::fabs(x);
+  if (!(m >= 0x1p13) || std::isinf(m) || (second && x < 0)) return near(x);
+  double s, c;
+  sincos(m, &s, &c);
+  const double u = 1 / m, v = u * u;
+  const double p = 1 + (order == 0 ? -9.0 / 128 : 15.0 / 128) * v;
+  const double q = u * (order == 0 ? -1.0 / 8 + 75.0 / 1024 * v : 3.0 / 8 - 105.0 / 1024 * v);
+  const double cosine = order == 0 ? c + s : s - c, sine = order == 0 ? s - c : -(s + c);  // of t, times sqrt(2)
+  const double value = std::sqrt(u / kPi) * (second ? p * sine + q * cosine : p * cosine - q * sine);
+  return order == 1 && x < 0 ? -value : value;
+}
+
 }  // namespace
+
+double bessel_j0(double x) { return bessel<0, false, ::j0>(x); }
+double bessel_j1(double x) { return bessel<1, false, ::j1>(x); }
+double bessel_y0(double x) { return bessel<0, true, ::y0>(x); }
+double bessel_y1(double x) { return bessel<1, true, ::y1>(x); }
 
 double sine_pi(double x) {
   if (!std::isfinite(x)) return kNan;

@@ -23,5 +23,9 @@ double gamma(double x);
 double exponential_integral_1(double x);
 double bessel_i0(double x);
 double bessel_i1(double x);
+double bessel_j0(double x);
+double bessel_j1(double x);
+double bessel_y0(double x);
+double bessel_y1(double x);
 
 }  // namespace orvik::accuracy::fast

@@ -206,6 +206,12 @@ struct Kernel {
       if constexpr (kTested) {
         const auto mask = special(x, params);
         bits = lane_bits(mask) & here;
+        if constexpr (Traits::has_wide) {  // nothing here for the first tier
+          if (bits == kAllLanes) {
+            all |= bits << i;
+            continue;
+          }
+        }
         fill(Mask<V>(mask), x);
       }
       const LanesResult r = lanes(x, params);
@@ -232,8 +238,10 @@ struct Kernel {
       if (here == 0) continue;
       const int k = count - i < kWidth<V> ? count - i : kWidth<V>;
       const Inputs x = k == kWidth<V> ? load_inputs(a, b, i) : load_first_inputs(a, b, i, k);
-      Result r;
-      if constexpr (kTwoResults) {
+      Result r{};
+      if (here == kAllLanes) {
+        // Nothing to keep.
+      } else if constexpr (kTwoResults) {
         r = {load_first(r1 + i, k, V(E(0))), load_first(r2 + i, k, V(E(0)))};
       } else {
         r = load_first_lanes(static_cast<const R*>(r1 + i), k);
@@ -252,8 +260,14 @@ struct Kernel {
   [[gnu::noinline, gnu::hot]] static uint32_t run_wide(const A* a, const B* b, R* r1, R* r2, int count, uint32_t bits,
                                                        const Params& params) {
     return over_special_vectors(a, b, r1, r2, count, bits, [&](Inputs x, Mask<V> mask, Result& r) {
-      fill(complement(mask), x);
-      const auto w = apply([](const auto&... y) { return Fn::wide(y...); }, x, params);
+      const bool all = lane_bits(mask) == kAllLanes;
+      if (!all) fill(complement(mask), x);
+      const auto w = apply(
+          [](const auto&... y) __attribute__((always_inline)) { return Fn::wide(y...); }, x, params);
+      if (all) {  // what is not served is written by the element routine
+        r = w.value;
+        return lane_bits(Mask<V>(w.special));
+      }
       const Mask<V> served = andnot(Mask<V>(w.special), mask);
       if constexpr (std::is_same_v<Result, V>) {
         r = select(served, w.value, r);

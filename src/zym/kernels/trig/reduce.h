@@ -10,10 +10,15 @@ namespace orvik::zym::trig {
 
 inline constexpr double kPi = 3.141592653589793, kPiTail = 1.2246467991473532e-16;
 
-// Finite numbers from a bound on; what is less, infinite or NaN gives the bound, before it raises a flag.
+// Magnitudes of finite numbers from a bound on; what is less, infinite or NaN gives something there is, before it
+// raises a flag.
 template <class V>
-V finite_from(V a, Element<V> bound) {
-  return max(select(Mask<V>(not_finite(a)), V(bound), a), V(bound));
+[[gnu::always_inline]] inline V finite_from(V a, Element<V> bound) {
+  if constexpr (Single<V>) {  // magnitudes are in the order of their bits
+    return as_float(larger_words(smaller_words(as_bits(a), Integer<V>(0x7F7FFFFFu)), as_bits(V(bound))));
+  } else {
+    return max(select(Mask<V>(not_finite(a)), V(bound), a), V(bound));
+  }
 }
 
 // |x| = (n / Grid) pi + r; n in the low bits of t.
@@ -25,14 +30,14 @@ struct LargeReduced {
 
 // Exact product of an angle in half turns and pi.
 template <class V>
-HeadTail<V> half_turns(HeadTail<V> f) {
+[[gnu::always_inline]] inline HeadTail<V> half_turns(HeadTail<V> f) {
   const HeadTail<V> r = two_prod(f.head, V(kPi));
   return {r.head, fma(f.tail, V(kPi), fma(f.head, V(kPiTail), r.tail))};
 }
 
 // a = |x| from 2^8 on; smaller ones, infinities and NaNs give something finite. `phase` is added to u.
 template <int Grid, Double V>
-LargeReduced<V> reduce_large(V a, V phase = V(0.0)) {
+[[gnu::always_inline]] inline LargeReduced<V> reduce_large(V a, V phase = V(0.0)) {
   a = finite_from(a, 256.0);
   // The upper eight bits of the exponent choose the row, the lower three stay with the mantissa.
   const Integer<V> bits = as_bits(a);
@@ -61,7 +66,7 @@ struct LargeReducedSingle {
   V t, f;
 };
 template <int Grid, bool Coarse, Double V, class I>
-LargeReducedSingle<V> reduce_large_single(V a, I rows, V phase) {
+[[gnu::always_inline]] inline LargeReducedSingle<V> reduce_large_single(V a, I rows, V phase) {
   const auto row = gather<140>(kInvPiSingle, indices(rows));
   const V p0 = fma(a, row.c[0], phase);  // exact
   const auto [t, n] = shift_round(fma(a, row.c[1], p0), V(1.0), V(kShifter64 / Grid));
@@ -72,7 +77,7 @@ LargeReducedSingle<V> reduce_large_single(V a, I rows, V phase) {
 
 // A function of reduced doubles over the halves of large floats a = |x|; its result may be a Pair.
 template <int Grid, bool Coarse, Single V, class F>
-auto over_large(V a, double phase, F function) {
+[[gnu::always_inline]] inline auto over_large(V a, double phase, F function) {
   a = finite_from(a, 8192.0f);
   const Integer<V> rows = shift_right<23>(as_bits(a));
   const auto half = [&](Wide<V> x, Index<Wide<V>> i) {

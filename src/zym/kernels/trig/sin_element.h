@@ -18,13 +18,13 @@ struct Quadrant {
 };
 
 template <class V>
-V without_fours(V p) {
+[[gnu::always_inline]] inline V without_fours(V p) {
   return fnma(round<Direction::nearest>(p * V(0.25)), V(4.0), p);
 }
 
 // From 2^29 on.
 template <class V>
-Quadrant<V> quadrant_of_huge(V a) {
+[[gnu::always_inline]] inline Quadrant<V> quadrant_of_huge(V a) {
   using I = Integer<V>;
   // The row is the exponent, less that of 2^29, divided by 25.
   const I e = shift_right<52>(as_bits(a));
@@ -75,7 +75,7 @@ Quadrant<V> quadrant_by_parts(V a) {
 
 // sin(q pi/2 + v).
 template <class V>
-V sine_on_grid(Quadrant<V> x) {
+[[gnu::always_inline]] inline V sine_on_grid(Quadrant<V> x) {
   const auto [t, u] = shift_round(x.v.head, V(10.185916357881302));
   const V w = fnma(u, V(3.798187816439979e-12), fnma(u, V(0.09817477042088285), x.v.head)) + x.v.tail;
   const Integer<V> key = as_bits(t) + shift_left<4>(as_bits(x.t));
@@ -95,7 +95,7 @@ Quadrant<V> turned(Quadrant<V> x) {  // by a quarter turn
 
 // Several at once, from 2^24 on; infinities and NaNs give something finite.
 template <bool Cosine, Double V>
-V sine_by_routine(V a) {
+[[gnu::always_inline]] inline V sine_by_routine(V a) {
   a = finite_from(a, 16777216.0);
   const Mask<V> small = a < V(1073741824.0);
   Quadrant<V> x = quadrant_of_huge(max(a, V(1073741824.0)));

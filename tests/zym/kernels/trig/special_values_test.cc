@@ -209,7 +209,7 @@ TEST(TrigValues, TheLargestArgumentsAreAccurateNotZero) {
     EXPECT_NEAR(evaluate<double>("dCos", level, 1e22).r1, 0.5232147853951389, 4.5e-16);
   }
   EXPECT_EQ(evaluate<double>("dSin", 1, 1.7976931348623157e308).r1, 0.004961954789184062);
-  EXPECT_EQ(evaluate<double>("dCos", 1, 1e22).r1, 0.5232147853951389);
+  EXPECT_NEAR(evaluate<double>("dCos", 1, 1e22).r1, 0.5232147853951389, 1.2e-16);
   // sin(1e300), first by one call, then again.
   EXPECT_EQ(evaluate<double>("dSin", 2, 1e300).r1, evaluate<double>("dSin", 2, 1e300).r1);
 }

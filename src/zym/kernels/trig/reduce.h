@@ -59,29 +59,27 @@ template <int Grid, Double V>
   return {t, half_turns(fast_two_sum(f2.head, rest))};
 }
 
-// Doubles that hold floats, from 2^13 on. The angle left is in half turns, n in the low bits of t. Coarse: without the
-// last part of 1/pi, to 2^-30.
+// Doubles that hold floats, from 2^13 on. The angle left is in half turns, n in the low bits of t.
 template <class V>
 struct LargeReducedSingle {
   V t, f;
 };
-template <int Grid, bool Coarse, Double V, class I>
+template <int Grid, Double V, class I>
 [[gnu::always_inline]] inline LargeReducedSingle<V> reduce_large_single(V a, I rows, V phase) {
   const auto row = gather<140>(kInvPiSingle, indices(rows));
   const V p0 = fma(a, row.c[0], phase);  // exact
   const auto [t, n] = shift_round(fma(a, row.c[1], p0), V(1.0), V(kShifter64 / Grid));
-  V f = fma(a, row.c[1], p0 - n);  // exact, but where it is not small
-  if constexpr (!Coarse) f = fma(a, row.c[2], f);
-  return {t, f};
+  const V f = fma(a, row.c[1], p0 - n);  // exact, but where it is not small
+  return {t, fma(a, row.c[2], f)};
 }
 
 // A function of reduced doubles over the halves of large floats a = |x|; its result may be a Pair.
-template <int Grid, bool Coarse, Single V, class F>
+template <int Grid, Single V, class F>
 [[gnu::always_inline]] inline auto over_large(V a, double phase, F function) {
   a = finite_from(a, 8192.0f);
   const Integer<V> rows = shift_right<23>(as_bits(a));
   const auto half = [&](Wide<V> x, Index<Wide<V>> i) {
-    return function(reduce_large_single<Grid, Coarse>(x, i, Wide<V>(phase)));
+    return function(reduce_large_single<Grid>(x, i, Wide<V>(phase)));
   };
   const auto low = half(widen_low(a), low_half(rows));
   const auto high = half(widen_high(a), high_half(rows));

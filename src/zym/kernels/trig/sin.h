@@ -64,7 +64,7 @@ struct SineSingle : NotFiniteElement<V> {
 
   static Masked<V, Mask<V>> wide(V x) {
     const V a = magnitude(x);
-    V s = over_large<1, L == Level::EP>(a, Cosine ? 0.5 : 0.0, [](auto reduced) {
+    V s = over_large<1>(a, Cosine ? 0.5 : 0.0, [](auto reduced) {
       using W = decltype(reduced.t);
       const W r = flip_odd(reduced.f * W(kPi), reduced.t);
       if constexpr (L == Level::HA) {

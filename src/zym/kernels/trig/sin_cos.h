@@ -78,7 +78,7 @@ struct BothSingle : NotFinitePair<V> {
   }
 
   static Masked<Pair<V>, Mask<V>> wide(V x) {
-    const Pair<V> r = over_large<2, false>(magnitude(x), 0.0, [](auto reduced) {
+    const Pair<V> r = over_large<2>(magnitude(x), 0.0, [](auto reduced) {
       using W = decltype(reduced.t);
       return turned(both(reduced.f * W(kPi), kPairSineHA32, kPairCosineHA32), reduced.t);
     });
@@ -163,7 +163,7 @@ struct SinCospi : trig::NotFinitePair<V> {
       const HeadTail<V> r = trig::half_turns(HeadTail<V>{fnma(n, V(1.0 / 256), g), V(0.0)});
       const trig::GridPoint<V> p(t);
       // The sine's magnitude; its sign is that of f but for zeros, which have the sign of x.
-      const V sine = copy_sign(grid_sine(p, r), trig::folded<Turns>(f));
+      const V sine = copy_sign(trig::unless_tiny<Turns>(grid_sine(p, r), g), trig::folded<Turns>(f));
       return {flip_sign(sine, x), grid_cosine(p, r)};
     }
   }

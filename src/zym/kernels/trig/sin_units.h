@@ -55,7 +55,8 @@ struct SineOfUnit : NotFiniteElement<V> {
       const double sign = Cosine ? -1.0 : 1.0;
       HeadTail<V> r = two_prod(w, V(sign * Unit::kRadians));
       r.tail = fma(w, V(sign * Unit::kRadiansTail), r.tail);
-      return grid_sine(GridPoint<V>(t), r);
+      const V s = grid_sine(GridPoint<V>(t), r);
+      return Cosine ? s : unless_tiny<Unit>(s, g);
     }
   }
 };

@@ -78,7 +78,7 @@ struct TangentSingle : NotFiniteElement<V> {
     }
   }
   static Masked<V, Mask<V>> wide(V x) {
-    const V s = over_large<2, false>(magnitude(x), 0.0, [](auto reduced) {
+    const V s = over_large<2>(magnitude(x), 0.0, [](auto reduced) {
       using W = decltype(reduced.t);
       const W odd = sign_from<0>(reduced.t);
       return flip_sign(quotient(reduced.f * W(kPi), odd, kTangentEP64P, kTangentEP64Q), odd);
@@ -101,7 +101,10 @@ struct TangentDouble : NotFiniteElement<V> {
   }
   static Masked<V, Mask<V>> wide(V x) {
     const auto [t, r] = reduce_large<2>(magnitude(x));
-    return {finish(r.head, t, x), not_finite(x)};
+    const V s = finish(r.head, t, x);
+    if constexpr (L == Level::EP) return {s, not_finite(x)};
+    // The tangent's and the cotangent's slopes are 1 + s^2, but for the sign.
+    return {fma(flip_sign(r.tail, x), fma(s, s, V(1.0)), s), not_finite(x)};
   }
 
  private:
@@ -175,7 +178,7 @@ struct TangentOfUnit : NotFiniteElement<V> {
       const V w = fnma(n, V(Unit::kHalfTurn / 16), f);
       HeadTail<V> r = two_prod(w, V(Unit::kRadians));
       r.tail = fma(w, V(Unit::kRadiansTail), r.tail);
-      return tangent_double<true>(t, r);
+      return unless_tiny<Unit>(tangent_double<true>(t, r), f);
     }
   }
 };

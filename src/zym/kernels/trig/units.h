@@ -85,6 +85,13 @@ struct Degrees {
   }
 };
 
+// s, or the angle itself in radians where it is so small that products' tails would be denormal.
+template <class Unit, Double V>
+V unless_tiny(V s, V f) {
+  const V angle = fma(f, V(Unit::kRadians), f * V(Unit::kRadiansTail));
+  return select(magnitude(f) < V(0x1p-900), angle, s);
+}
+
 // f, |f| up to a half turn, or where its magnitude is above a quarter turn what is left to the half turn of its sign:
 // the same sine. A sum that is 0 is +0.
 template <class Unit, class V>

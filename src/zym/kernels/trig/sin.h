@@ -168,8 +168,20 @@ struct SineOf<Cosine, L, V> : SineDouble<Cosine, L, V> {};
 
 }  // namespace trig
 
+// sSin LA: 2.1528 ulp at -0x1.a7daa4p+83
+// sSin HA: 0.5999 ulp at -0x1.80adep+0
+// sSin EP: 12.68 bits at 0x1.d22e1p+5
+// dSin LA: 2.9250 ulp at -0x1.ea537fe5ac484p+5
+// dSin HA: 0.5017 ulp at 0x1.60c09a739a4e4p-8
+// dSin EP: 27.12 bits at -0x1.aa6097dff9a7p+4
 template <class V, Level L>
 struct Sin : trig::SineOf<false, L, V> {};
+// sCos LA: 2.1702 ulp at -0x1.2da1dap+5
+// sCos HA: 0.5980 ulp at -0x1.c349fp+4
+// sCos EP: 12.67 bits at 0x1.862aep+6
+// dCos LA: 3.1403 ulp at -0x1.eaf39beb3de7ap+555
+// dCos HA: 0.5009 ulp at 0x1.274bf4a020176p+6
+// dCos EP: 27.12 bits at -0x1.ddf627794e7abp+5
 template <class V, Level L>
 struct Cos : trig::SineOf<true, L, V> {};
 

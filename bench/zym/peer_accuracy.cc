@@ -34,7 +34,8 @@ class Judge {
     }
   }
   bool judges() const {
-    return row_.outputs() == 1 && ((real_ != nullptr && !real_->exact()) || (complex_ != nullptr && !complex_->exact()));
+    return row_.outputs() == 1 &&
+           ((real_ != nullptr && !real_->exact()) || (complex_ != nullptr && !complex_->exact()));
   }
   double error(int32_t i) { return complex_ != nullptr ? complex_error(i) : real_error(i); }
 
@@ -96,7 +97,8 @@ class Judge {
 
 void print_peer_accuracy(const std::string& filter) {
   constexpr int32_t n = 20000;
-  std::printf("\n## Peers: largest error in ulp over %d values of the usual domain, bound that they are listed with\n", n);
+  std::printf("\n## Peers: largest error in ulp over %d values of the usual domain, bound that they are listed with\n",
+              n);
   for (const Peer& peer : all_peers()) {
     const rows::Row* row = rows::find(peer.row);
     if (row == nullptr || !rows::matches(filter, row->name)) continue;
@@ -110,8 +112,8 @@ void print_peer_accuracy(const std::string& filter) {
       const double error = judge.error(i);
       if (error > worst) worst = error, at = value(*row, arrays.a, static_cast<int64_t>(i) * row->input_parts);
     }
-    std::printf("%-12s %-10s %10.3f at %-14a listed %.2f%s\n", std::string(peer.row).c_str(), std::string(peer.source).c_str(),
-                worst, at, peer.ulp, worst > peer.ulp ? "  MORE THAN LISTED" : "");
+    std::printf("%-12s %-10s %10.3f at %-14a listed %.2f%s\n", std::string(peer.row).c_str(),
+                std::string(peer.source).c_str(), worst, at, peer.ulp, worst > peer.ulp ? "  MORE THAN LISTED" : "");
   }
 }
 #else

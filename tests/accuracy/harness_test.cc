@@ -63,7 +63,8 @@ void c_abs(int32_t n, const Pair* a, float* r) {
   for (int32_t i = 0; i < n; ++i) r[i] = static_cast<float>(std::hypot(double(a[i].re), double(a[i].im)));
 }
 void c_cis(int32_t n, const float* a, Pair* r) {
-  for (int32_t i = 0; i < n; ++i) r[i] = {static_cast<float>(std::cos(double(a[i]))), static_cast<float>(std::sin(double(a[i])))};
+  for (int32_t i = 0; i < n; ++i)
+    r[i] = {static_cast<float>(std::cos(double(a[i]))), static_cast<float>(std::sin(double(a[i])))};
 }
 void c_powx(int32_t n, const Pair* a, Pair b, Pair* r) {
   for (int32_t i = 0; i < n; ++i) r[i] = narrow(std::pow(wide(a[i]), wide(b)));
@@ -87,7 +88,8 @@ TEST(Harness, RefusesARowWithoutReferenceDomainOrDescriptionByName) {
   row.description = {};
   const std::vector<std::string> lines = missing_of(row);
   ASSERT_EQ(lines.size(), 3u);
-  EXPECT_EQ(lines[0], "sFrobnicate: no reference of Frobnicate for its shape; add a line to tests/accuracy/reference.cc");
+  EXPECT_EQ(lines[0],
+            "sFrobnicate: no reference of Frobnicate for its shape; add a line to tests/accuracy/reference.cc");
   EXPECT_EQ(lines[1], "sFrobnicate: no domain of Frobnicate; add a line to tools/rows/domains.cc");
   EXPECT_EQ(lines[2], "sFrobnicate: no description of Frobnicate; add it to TEXT in tools/rows/rows.py");
   const Row complex = fake('c', "Frobnicate", Shape::unary, nothing);
@@ -131,7 +133,8 @@ TEST(Harness, ProductThatCancelsIsGoodByNormOnly) {
   EXPECT_LT(measure_point(narrow_row, 1, p, 0, Measure::norm).error, 1);
   p.arguments = {1.0000001192092896, 1.0000003576278687, 1.0000003576278687, 1.0000001192092896};
   EXPECT_LT(measure_point(narrow_row, 1, p, 0, Measure::norm).error, 1);
-  p.arguments = {0x1.fffffep0, 0x1.fffffcp0, 0x1.fffffap0, 0x1.fffffcp0};  // exact difference -2^-46 4: lost to rounding
+  p.arguments = {0x1.fffffep0, 0x1.fffffcp0, 0x1.fffffap0,
+                 0x1.fffffcp0};  // exact difference -2^-46 4: lost to rounding
   EXPECT_GT(measure_point(narrow_row, 1, p, 0, Measure::component).error, 1000);
 }
 
@@ -192,7 +195,8 @@ TEST(Inputs, HardReductionsAreAmongThem) {
   const auto d = make_inputs<double>(*rows::find("dCos"), 1000, 1).a;
   for (double x : {16367173 * 0x1p72, 0x1.fffffep127, -0x1.fffffep127}) EXPECT_TRUE(has(s, x)) << x;
   for (double x : {6381956970095103 * 0x1p797, 1e22, std::numeric_limits<double>::max()}) EXPECT_TRUE(has(d, x)) << x;
-  // The continued fractions find the known worst float by themselves: 16367173 x 2^72 is the nearest of all to a multiple.
+  // The continued fractions find the known worst float by themselves: 16367173 x 2^72 is the nearest of all to a
+  // multiple.
   const auto& found = nearest_to_half_pi<float>();
   EXPECT_TRUE(has(found, 16367173 * 0x1p72));
   size_t near = 0;
@@ -204,7 +208,9 @@ TEST(Inputs, ComplexRowsHaveAllPairsOfSpecialPartsAndBothSidesOfCuts) {
   const auto in = make_inputs<float>(*rows::find("cLn"), 1000, 1).a;
   const auto has_pair = [&](float re, float im) {
     for (size_t i = 0; i < in.size(); i += 2) {
-      const auto same = [](float x, float y) { return (std::isnan(x) && std::isnan(y)) || (x == y && std::signbit(x) == std::signbit(y)); };
+      const auto same = [](float x, float y) {
+        return (std::isnan(x) && std::isnan(y)) || (x == y && std::signbit(x) == std::signbit(y));
+      };
       if (same(in[i], re) && same(in[i + 1], im)) return true;
     }
     return false;

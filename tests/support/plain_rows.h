@@ -1,5 +1,5 @@
-// Rows of every shape whose kernels are plain loops, so that tests over rows are tried on complex elements, orders and scalar
-// operands whatever is built.
+// Rows of every shape whose kernels are plain loops, so that tests over rows are tried on complex elements, orders and
+// scalar operands whatever is built.
 #pragma once
 
 #include <math.h>
@@ -51,11 +51,21 @@ rows::Row plain_row(char precision, std::string_view function, rows::Shape shape
   names.reserve(1000);  // they stay where they are
   const bool complex = precision == 'c' || precision == 'z';
   const auto u = reinterpret_cast<void*>(unit), s = reinterpret_cast<void*>(strided);
-  return {.precision = precision, .function = function, .name = names.emplace_back(precision + std::string(function)),
-          .shape = shape, .sharing = rows::Sharing::one, .kernels = {1, 1, 1}, .reports = false, .family = "plain",
-          .description = "of a test", .costs = {1, 1, 1}, .input_arrays = shape == rows::Shape::binary ? 2 : 1,
-          .output_arrays = 1, .input_parts = complex && shape != rows::Shape::from_real ? 2 : 1,
-          .output_parts = complex && shape != rows::Shape::to_real ? 2 : 1, .entries = {{u, u, u}, {s, s, s}}};
+  return {.precision = precision,
+          .function = function,
+          .name = names.emplace_back(precision + std::string(function)),
+          .shape = shape,
+          .sharing = rows::Sharing::one,
+          .kernels = {1, 1, 1},
+          .reports = false,
+          .family = "plain",
+          .description = "of a test",
+          .costs = {1, 1, 1},
+          .input_arrays = shape == rows::Shape::binary ? 2 : 1,
+          .output_arrays = 1,
+          .input_parts = complex && shape != rows::Shape::from_real ? 2 : 1,
+          .output_parts = complex && shape != rows::Shape::to_real ? 2 : 1,
+          .entries = {{u, u, u}, {s, s, s}}};
 }
 
 // One of every shape that complex elements, orders and scalars make, in both sizes.

@@ -72,8 +72,8 @@ inline int32_t note_report(ZymErrorContext* c) {
   return 0;
 }
 
-// The outcome of one level, after checking that place and stride do not matter and that neighbours stay unreported. b is the second
-// element or the scalar operand, by the row's shape.
+// The outcome of one level, after checking that place and stride do not matter and that neighbours stay unreported. b
+// is the second element or the scalar operand, by the row's shape.
 template <class In, class Out = In>
 Outcome<Out> evaluate(const std::string& name, int level, In a, In b = In{}, int32_t order = 1) {
   const Row& row = row_named(name);
@@ -94,7 +94,8 @@ Outcome<Out> evaluate(const std::string& name, int level, In a, In b = In{}, int
       if (row.shape == Shape::scalar) c.fraction[0] = b;
       last_code = 0, report_count = 0;
       EXPECT_TRUE((call_row<In, Out>(row, level, strided, c))) << name;
-      const Outcome<Out> now{r1[static_cast<size_t>(position)], r2[static_cast<size_t>(position)], last_code, report_count};
+      const Outcome<Out> now{r1[static_cast<size_t>(position)], r2[static_cast<size_t>(position)], last_code,
+                             report_count};
       if (!have_first) {
         first = now;
         have_first = true;
@@ -118,8 +119,8 @@ template <class In, class Out>
 void expect_element(const std::string& name, In a, In b, Out want, int32_t code = 0, int32_t order = 1) {
   for (int level = 0; level < 3; ++level) {
     const Outcome<Out> got = evaluate<In, Out>(name, level, a, b, order);
-    EXPECT_TRUE(same_value(want, got.r1)) << name << " " << kLevelNames[level] << "(" << show(a) << ", " << show(b) << "): got "
-                                          << show(got.r1) << ", want " << show(want);
+    EXPECT_TRUE(same_value(want, got.r1)) << name << " " << kLevelNames[level] << "(" << show(a) << ", " << show(b)
+                                          << "): got " << show(got.r1) << ", want " << show(want);
     EXPECT_EQ(got.code, code) << name << " " << kLevelNames[level] << "(" << show(a) << ", " << show(b) << ")";
   }
 }

@@ -1,7 +1,7 @@
-// What holds for every built kernel: an element's bits do not depend on its place, its stride or its neighbours; nothing
-// outside the arrays is touched; in place gives what separate arrays give. Elements are one or two numbers: rows of all four
-// precisions, of every shape, with orders and scalar operands of several values. Beside the built rows stand plain loops of those
-// shapes, which hold the tests themselves to what they say.
+// What holds for every built kernel: an element's bits do not depend on its place, its stride or its neighbours;
+// nothing outside the arrays is touched; in place gives what separate arrays give. Elements are one or two numbers:
+// rows of all four precisions, of every shape, with orders and scalar operands of several values. Beside the built rows
+// stand plain loops of those shapes, which hold the tests themselves to what they say.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -40,14 +40,15 @@ struct PrecisionOf {
   using E = Number;
   static constexpr char precision = Precision;
 };
-using Precisions =
-    testing::Types<PrecisionOf<'s', float>, PrecisionOf<'d', double>, PrecisionOf<'c', float>, PrecisionOf<'z', double>>;
+using Precisions = testing::Types<PrecisionOf<'s', float>, PrecisionOf<'d', double>, PrecisionOf<'c', float>,
+                                  PrecisionOf<'z', double>>;
 
 template <class E>
 std::vector<E> mixed_inputs(size_t count, uint64_t seed) {
   using L = std::numeric_limits<E>;
-  const E special[] = {E(0),  E(-0.0), E(1),  E(-1), E(0.5), E(2), L::infinity(), -L::infinity(), L::quiet_NaN(),
-                       L::denorm_min(), -L::denorm_min(), L::min(), L::max(), -L::max(), L::epsilon()};
+  const E special[] = {E(0),          E(-0.0),        E(1),           E(-1),           E(0.5),           E(2),
+                       L::infinity(), -L::infinity(), L::quiet_NaN(), L::denorm_min(), -L::denorm_min(), L::min(),
+                       L::max(),      -L::max(),      L::epsilon()};
   std::mt19937_64 random(seed);
   std::uniform_real_distribution<E> plain(E(-10), E(10));
   std::vector<E> x(count);
@@ -90,7 +91,8 @@ struct Tested {
 
   template <class E>
   void call(bool strided, const Numbers<E>& c) const {
-    rows::Call call{.a = c.a, .b = c.b, .r1 = c.r1, .r2 = c.r2, .incA = c.incA, .incB = c.incB, .incR1 = c.incR1, .incR2 = c.incR2};
+    rows::Call call{
+        .a = c.a, .b = c.b, .r1 = c.r1, .r2 = c.r2, .incA = c.incA, .incB = c.incB, .incR1 = c.incR1, .incR2 = c.incR2};
     std::copy(std::begin(variant.scalars), std::end(variant.scalars), call.scalars);
     call.order = variant.order;
     rows::with_call(row, row.entries[strided ? 1 : 0][level], strided, call, [&](auto function) { function(c.n); });
@@ -112,8 +114,8 @@ void for_each_kernel(Function function) {
     if (!row->built() || row->precision != P::precision || row->shape == Shape::pack) continue;
     for (int level = 0; level < 3; ++level) {
       for (const Variant& variant : variants_of(*row)) {
-        SCOPED_TRACE(std::string(row->name) + " " + kLevelNames[level] + " order " + std::to_string(variant.order) + " scalar " +
-                     std::to_string(variant.scalars[0]));
+        SCOPED_TRACE(std::string(row->name) + " " + kLevelNames[level] + " order " + std::to_string(variant.order) +
+                     " scalar " + std::to_string(variant.scalars[0]));
         function(Tested{*row, level, variant});
         ++kernels;
         if (testing::Test::HasFailure()) return;
@@ -141,7 +143,10 @@ Result<E> one_by_one(const Tested& tested, const std::vector<E>& a, const std::v
   Result<E> result{std::vector<E>(2 * count), std::vector<E>(2 * count)};
   for (size_t i = 0; i < count; ++i) {
     const Form in{tested.in()}, out{tested.out()};
-    tested.call(false, Numbers<E>{.n = 1, .a = &a[in.at(i, 0)], .b = &b[in.at(i, 0)], .r1 = &result.r1[out.at(i, 0)],
+    tested.call(false, Numbers<E>{.n = 1,
+                                  .a = &a[in.at(i, 0)],
+                                  .b = &b[in.at(i, 0)],
+                                  .r1 = &result.r1[out.at(i, 0)],
                                   .r2 = &result.r2[out.at(i, 0)]});
   }
   return result;
@@ -160,7 +165,8 @@ void expect_same(const std::vector<E>& want, const E* got, int parts, int64_t st
 
 // Both results of a call; steps as the call had them.
 template <class E>
-void expect_results(const Tested& tested, const Result<E>& want, const Numbers<E>& c, bool strided, size_t n, const char* what) {
+void expect_results(const Tested& tested, const Result<E>& want, const Numbers<E>& c, bool strided, size_t n,
+                    const char* what) {
   expect_same(want.r1, c.r1, tested.out(), strided ? c.incR1 : 1, n, what);
   if (tested.row.outputs() == 2) expect_same(want.r2, c.r2, tested.out(), strided ? c.incR2 : 1, n, what);
 }
@@ -185,7 +191,8 @@ TYPED_TEST(EveryRow, StridedTwinGivesTheSameBits) {
   const auto a = mixed_inputs<E>(2 * count, 3), b = mixed_inputs<E>(2 * count, 4);
   for_each_kernel<TypeParam>([&](const Tested& tested) {
     const Result<E> want = one_by_one(tested, a, b, count);
-    for (const std::array<int32_t, 4>& inc : {std::array{1, 1, 1, 1}, std::array{2, 3, 1, 4}, std::array{-1, 2, -3, 1}}) {
+    for (const std::array<int32_t, 4>& inc :
+         {std::array{1, 1, 1, 1}, std::array{2, 3, 1, 4}, std::array{-1, 2, -3, 1}}) {
       const auto form_of = [&](int parts, int32_t step) {
         return Form{parts, step, step < 0 ? -step * static_cast<int64_t>(count - 1) : 0};
       };
@@ -200,8 +207,15 @@ TYPED_TEST(EveryRow, StridedTwinGivesTheSameBits) {
       const Form f1 = form_of(tested.out(), inc[2]), f2 = form_of(tested.out(), inc[3]);
       const auto sa = spread(a, fa), sb = spread(b, fb);
       std::vector<E> r1(count * 8), r2(count * 8);
-      const Numbers<E> c{.n = static_cast<int32_t>(count), .a = &sa[fa.at(0, 0)], .b = &sb[fb.at(0, 0)], .r1 = &r1[f1.at(0, 0)],
-                         .r2 = &r2[f2.at(0, 0)], .incA = inc[0], .incB = inc[1], .incR1 = inc[2], .incR2 = inc[3]};
+      const Numbers<E> c{.n = static_cast<int32_t>(count),
+                         .a = &sa[fa.at(0, 0)],
+                         .b = &sb[fb.at(0, 0)],
+                         .r1 = &r1[f1.at(0, 0)],
+                         .r2 = &r2[f2.at(0, 0)],
+                         .incA = inc[0],
+                         .incB = inc[1],
+                         .incR1 = inc[2],
+                         .incR2 = inc[3]};
       tested.call(true, c);
       expect_results(tested, want, c, true, count, "strided");
     }
@@ -214,8 +228,11 @@ TYPED_TEST(EveryRow, InputIncrementOfZeroRepeatsTheElement) {
   for_each_kernel<TypeParam>([&](const Tested& tested) {
     const Result<E> want = one_by_one(tested, a, b, 1);
     std::vector<E> r1(80), r2(80);
-    tested.call(true, Numbers<E>{.n = 40, .a = a.data(), .b = b.data(), .r1 = r1.data(), .r2 = r2.data(), .incA = 0, .incB = 0});
-    for (size_t i = 0; i < 40; ++i) expect_same(want.r1, &r1[i * static_cast<size_t>(tested.out())], tested.out(), 1, 1, "repeated");
+    tested.call(
+        true,
+        Numbers<E>{.n = 40, .a = a.data(), .b = b.data(), .r1 = r1.data(), .r2 = r2.data(), .incA = 0, .incB = 0});
+    for (size_t i = 0; i < 40; ++i)
+      expect_same(want.r1, &r1[i * static_cast<size_t>(tested.out())], tested.out(), 1, 1, "repeated");
   });
 }
 
@@ -313,7 +330,8 @@ TYPED_TEST(EveryRow, UnalignedArraysGiveTheSameBits) {
       std::vector<E> x(160), y(160), r1(160), r2(160);
       std::copy(a.begin(), a.end(), x.begin() + shift);
       std::copy(b.begin(), b.end(), y.begin() + shift + 1);
-      const Numbers<E> c{.n = 70, .a = x.data() + shift, .b = y.data() + shift + 1, .r1 = r1.data() + 3, .r2 = r2.data() + 1};
+      const Numbers<E> c{
+          .n = 70, .a = x.data() + shift, .b = y.data() + shift + 1, .r1 = r1.data() + 3, .r2 = r2.data() + 1};
       tested.call(false, c);
       expect_results(tested, want, c, false, 70, "unaligned");
     }

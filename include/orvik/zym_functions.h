@@ -236,7 +236,7 @@ void _zymsLog10I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t i
 ORVIK_TABLE void* orvik_zym_kernel_sLog10I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sLog10I_ctab[];
 
-/* sCos: cosine; elements can be reported. */
+/* sCos: cosine, a in radians; elements can be reported. */
 void _zymsCos_21(int32_t n, const float* a, float* r);
 void _zymsCos(int32_t n, const float* a, float* r);
 void _zymsCos_HA(int32_t n, const float* a, float* r);
@@ -250,7 +250,7 @@ void _zymsCosI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t inc
 ORVIK_TABLE void* orvik_zym_kernel_sCosI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sCosI_ctab[];
 
-/* sSin: sine; elements can be reported. */
+/* sSin: sine, a in radians; elements can be reported. */
 void _zymsSin_21(int32_t n, const float* a, float* r);
 void _zymsSin(int32_t n, const float* a, float* r);
 void _zymsSin_HA(int32_t n, const float* a, float* r);
@@ -264,7 +264,7 @@ void _zymsSinI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t inc
 ORVIK_TABLE void* orvik_zym_kernel_sSinI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sSinI_ctab[];
 
-/* sTan: tangent; elements can be reported. */
+/* sTan: tangent, a in radians; elements can be reported. */
 void _zymsTan_21(int32_t n, const float* a, float* r);
 void _zymsTan(int32_t n, const float* a, float* r);
 void _zymsTan_HA(int32_t n, const float* a, float* r);
@@ -348,7 +348,7 @@ void _zymsPow2o3I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t 
 ORVIK_TABLE void* orvik_zym_kernel_sPow2o3I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sPow2o3I_ctab[];
 
-/* sSinpi: sin(pi a). */
+/* sSinpi: sine of a pi. */
 void _zymsSinpi_21(int32_t n, const float* a, float* r);
 void _zymsSinpi(int32_t n, const float* a, float* r);
 void _zymsSinpi_HA(int32_t n, const float* a, float* r);
@@ -362,7 +362,7 @@ void _zymsSinpiI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t i
 ORVIK_TABLE void* orvik_zym_kernel_sSinpiI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sSinpiI_ctab[];
 
-/* sCospi: cos(pi a). */
+/* sCospi: cosine of a pi. */
 void _zymsCospi_21(int32_t n, const float* a, float* r);
 void _zymsCospi(int32_t n, const float* a, float* r);
 void _zymsCospi_HA(int32_t n, const float* a, float* r);
@@ -376,7 +376,7 @@ void _zymsCospiI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t i
 ORVIK_TABLE void* orvik_zym_kernel_sCospiI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sCospiI_ctab[];
 
-/* sTanpi: tan(pi a); elements can be reported. */
+/* sTanpi: tangent of a pi; elements can be reported. */
 void _zymsTanpi_21(int32_t n, const float* a, float* r);
 void _zymsTanpi(int32_t n, const float* a, float* r);
 void _zymsTanpi_HA(int32_t n, const float* a, float* r);
@@ -432,7 +432,7 @@ void _zymsLog2I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t in
 ORVIK_TABLE void* orvik_zym_kernel_sLog2I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sLog2I_ctab[];
 
-/* sSind: sine of a degrees; elements can be reported. */
+/* sSind: sine, a in degrees; elements can be reported. */
 void _zymsSind_21(int32_t n, const float* a, float* r);
 void _zymsSind(int32_t n, const float* a, float* r);
 void _zymsSind_HA(int32_t n, const float* a, float* r);
@@ -446,7 +446,7 @@ void _zymsSindI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t in
 ORVIK_TABLE void* orvik_zym_kernel_sSindI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sSindI_ctab[];
 
-/* sCosd: cosine of a degrees; elements can be reported. */
+/* sCosd: cosine, a in degrees; elements can be reported. */
 void _zymsCosd_21(int32_t n, const float* a, float* r);
 void _zymsCosd(int32_t n, const float* a, float* r);
 void _zymsCosd_HA(int32_t n, const float* a, float* r);
@@ -460,7 +460,7 @@ void _zymsCosdI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t in
 ORVIK_TABLE void* orvik_zym_kernel_sCosdI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sCosdI_ctab[];
 
-/* sTand: tangent of a degrees; elements can be reported. */
+/* sTand: tangent, a in degrees; elements can be reported. */
 void _zymsTand_21(int32_t n, const float* a, float* r);
 void _zymsTand(int32_t n, const float* a, float* r);
 void _zymsTand_HA(int32_t n, const float* a, float* r);
@@ -712,7 +712,7 @@ void _zymdLog10I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t
 ORVIK_TABLE void* orvik_zym_kernel_dLog10I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dLog10I_ctab[];
 
-/* dCos: cosine; elements can be reported. */
+/* dCos: cosine, a in radians; elements can be reported. */
 void _zymdCos_50(int32_t n, const double* a, double* r);
 void _zymdCos(int32_t n, const double* a, double* r);
 void _zymdCos_HA(int32_t n, const double* a, double* r);
@@ -726,7 +726,7 @@ void _zymdCosI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t i
 ORVIK_TABLE void* orvik_zym_kernel_dCosI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dCosI_ctab[];
 
-/* dSin: sine; elements can be reported. */
+/* dSin: sine, a in radians; elements can be reported. */
 void _zymdSin_50(int32_t n, const double* a, double* r);
 void _zymdSin(int32_t n, const double* a, double* r);
 void _zymdSin_HA(int32_t n, const double* a, double* r);
@@ -740,7 +740,7 @@ void _zymdSinI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t i
 ORVIK_TABLE void* orvik_zym_kernel_dSinI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dSinI_ctab[];
 
-/* dTan: tangent; elements can be reported. */
+/* dTan: tangent, a in radians; elements can be reported. */
 void _zymdTan_50(int32_t n, const double* a, double* r);
 void _zymdTan(int32_t n, const double* a, double* r);
 void _zymdTan_HA(int32_t n, const double* a, double* r);
@@ -824,7 +824,7 @@ void _zymdPow2o3I_26(int32_t n, const double* a, int32_t incA, double* r, int32_
 ORVIK_TABLE void* orvik_zym_kernel_dPow2o3I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dPow2o3I_ctab[];
 
-/* dSinpi: sin(pi a). */
+/* dSinpi: sine of a pi. */
 void _zymdSinpi_50(int32_t n, const double* a, double* r);
 void _zymdSinpi(int32_t n, const double* a, double* r);
 void _zymdSinpi_HA(int32_t n, const double* a, double* r);
@@ -838,7 +838,7 @@ void _zymdSinpiI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t
 ORVIK_TABLE void* orvik_zym_kernel_dSinpiI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dSinpiI_ctab[];
 
-/* dCospi: cos(pi a). */
+/* dCospi: cosine of a pi. */
 void _zymdCospi_50(int32_t n, const double* a, double* r);
 void _zymdCospi(int32_t n, const double* a, double* r);
 void _zymdCospi_HA(int32_t n, const double* a, double* r);
@@ -852,7 +852,7 @@ void _zymdCospiI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t
 ORVIK_TABLE void* orvik_zym_kernel_dCospiI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dCospiI_ctab[];
 
-/* dTanpi: tan(pi a); elements can be reported. */
+/* dTanpi: tangent of a pi; elements can be reported. */
 void _zymdTanpi_50(int32_t n, const double* a, double* r);
 void _zymdTanpi(int32_t n, const double* a, double* r);
 void _zymdTanpi_HA(int32_t n, const double* a, double* r);
@@ -908,7 +908,7 @@ void _zymdLog2I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t 
 ORVIK_TABLE void* orvik_zym_kernel_dLog2I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dLog2I_ctab[];
 
-/* dSind: sine of a degrees; elements can be reported. */
+/* dSind: sine, a in degrees; elements can be reported. */
 void _zymdSind_50(int32_t n, const double* a, double* r);
 void _zymdSind(int32_t n, const double* a, double* r);
 void _zymdSind_HA(int32_t n, const double* a, double* r);
@@ -922,7 +922,7 @@ void _zymdSindI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t 
 ORVIK_TABLE void* orvik_zym_kernel_dSindI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dSindI_ctab[];
 
-/* dCosd: cosine of a degrees; elements can be reported. */
+/* dCosd: cosine, a in degrees; elements can be reported. */
 void _zymdCosd_50(int32_t n, const double* a, double* r);
 void _zymdCosd(int32_t n, const double* a, double* r);
 void _zymdCosd_HA(int32_t n, const double* a, double* r);
@@ -936,7 +936,7 @@ void _zymdCosdI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t 
 ORVIK_TABLE void* orvik_zym_kernel_dCosdI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dCosdI_ctab[];
 
-/* dTand: tangent of a degrees; elements can be reported. */
+/* dTand: tangent, a in degrees; elements can be reported. */
 void _zymdTand_50(int32_t n, const double* a, double* r);
 void _zymdTand(int32_t n, const double* a, double* r);
 void _zymdTand_HA(int32_t n, const double* a, double* r);
@@ -1356,7 +1356,7 @@ void _zymdFmodI_26(int32_t n, const double* a, int32_t incA, const double* b, in
 ORVIK_TABLE void* orvik_zym_kernel_dFmodI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dFmodI_ctab[];
 
-/* sSinCos: r1 = sin a, r2 = cos a; elements can be reported. */
+/* sSinCos: r1 = sine, r2 = cosine, a in radians; elements can be reported. */
 void _zymsSinCos_21(int32_t n, const float* a, float* r1, float* r2);
 void _zymsSinCos(int32_t n, const float* a, float* r1, float* r2);
 void _zymsSinCos_HA(int32_t n, const float* a, float* r1, float* r2);
@@ -1384,7 +1384,7 @@ void _zymsModfI_11(int32_t n, const float* a, int32_t incA, float* r1, int32_t i
 ORVIK_TABLE void* orvik_zym_kernel_sModfI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sModfI_ctab[];
 
-/* sSinCospi: r1 = sin(pi a), r2 = cos(pi a). */
+/* sSinCospi: r1 = sine, r2 = cosine of a pi. */
 void _zymsSinCospi_21(int32_t n, const float* a, float* r1, float* r2);
 void _zymsSinCospi(int32_t n, const float* a, float* r1, float* r2);
 void _zymsSinCospi_HA(int32_t n, const float* a, float* r1, float* r2);
@@ -1398,7 +1398,7 @@ void _zymsSinCospiI_11(int32_t n, const float* a, int32_t incA, float* r1, int32
 ORVIK_TABLE void* orvik_zym_kernel_sSinCospiI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sSinCospiI_ctab[];
 
-/* dSinCos: r1 = sin a, r2 = cos a; elements can be reported. */
+/* dSinCos: r1 = sine, r2 = cosine, a in radians; elements can be reported. */
 void _zymdSinCos_50(int32_t n, const double* a, double* r1, double* r2);
 void _zymdSinCos(int32_t n, const double* a, double* r1, double* r2);
 void _zymdSinCos_HA(int32_t n, const double* a, double* r1, double* r2);
@@ -1426,7 +1426,7 @@ void _zymdModfI_26(int32_t n, const double* a, int32_t incA, double* r1, int32_t
 ORVIK_TABLE void* orvik_zym_kernel_dModfI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dModfI_ctab[];
 
-/* dSinCospi: r1 = sin(pi a), r2 = cos(pi a). */
+/* dSinCospi: r1 = sine, r2 = cosine of a pi. */
 void _zymdSinCospi_50(int32_t n, const double* a, double* r1, double* r2);
 void _zymdSinCospi(int32_t n, const double* a, double* r1, double* r2);
 void _zymdSinCospi_HA(int32_t n, const double* a, double* r1, double* r2);

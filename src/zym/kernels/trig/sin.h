@@ -168,9 +168,9 @@ struct SineOf<Cosine, L, V> : SineDouble<Cosine, L, V> {};
 
 }  // namespace trig
 
-// sSin LA: 2.1528 ulp at -0x1.a7daa4p+83
-// sSin HA: 0.5999 ulp at -0x1.80adep+0
-// sSin EP: 12.68 bits at 0x1.d22e1p+5
+// sSin LA: 2.2828 ulp at -0x1.072a1ap+65
+// sSin HA: 0.7709 ulp at -0x1.e5e49ep+18
+// sSin EP: 12.43 bits at -0x1.f9cbe2p+8
 // dSin LA: 2.9250 ulp at -0x1.ea537fe5ac484p+5
 // dSin HA: 0.5017 ulp at 0x1.60c09a739a4e4p-8
 // dSin EP: 27.12 bits at -0x1.aa6097dff9a7p+4

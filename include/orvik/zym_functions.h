@@ -236,6 +236,48 @@ void _zymsLog10I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t i
 ORVIK_TABLE void* orvik_zym_kernel_sLog10I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sLog10I_ctab[];
 
+/* sCos: cosine, a in radians; elements can be reported. */
+void _zymsCos_21(int32_t n, const float* a, float* r);
+void _zymsCos(int32_t n, const float* a, float* r);
+void _zymsCos_HA(int32_t n, const float* a, float* r);
+void _zymsCos_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sCos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCos_ctab[];
+void _zymsCosI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCosI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCosI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCosI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sCosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCosI_ctab[];
+
+/* sSin: sine, a in radians; elements can be reported. */
+void _zymsSin_21(int32_t n, const float* a, float* r);
+void _zymsSin(int32_t n, const float* a, float* r);
+void _zymsSin_HA(int32_t n, const float* a, float* r);
+void _zymsSin_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sSin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSin_ctab[];
+void _zymsSinI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sSinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinI_ctab[];
+
+/* sTan: tangent, a in radians; elements can be reported. */
+void _zymsTan_21(int32_t n, const float* a, float* r);
+void _zymsTan(int32_t n, const float* a, float* r);
+void _zymsTan_HA(int32_t n, const float* a, float* r);
+void _zymsTan_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sTan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTan_ctab[];
+void _zymsTanI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sTanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTanI_ctab[];
+
 /* sSqr: r = a^2. */
 void _zymsSqr_21(int32_t n, const float* a, float* r);
 void _zymsSqr(int32_t n, const float* a, float* r);
@@ -306,6 +348,48 @@ void _zymsPow2o3I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t 
 ORVIK_TABLE void* orvik_zym_kernel_sPow2o3I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sPow2o3I_ctab[];
 
+/* sSinpi: sine of a pi. */
+void _zymsSinpi_21(int32_t n, const float* a, float* r);
+void _zymsSinpi(int32_t n, const float* a, float* r);
+void _zymsSinpi_HA(int32_t n, const float* a, float* r);
+void _zymsSinpi_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sSinpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinpi_ctab[];
+void _zymsSinpiI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinpiI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinpiI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinpiI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sSinpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinpiI_ctab[];
+
+/* sCospi: cosine of a pi. */
+void _zymsCospi_21(int32_t n, const float* a, float* r);
+void _zymsCospi(int32_t n, const float* a, float* r);
+void _zymsCospi_HA(int32_t n, const float* a, float* r);
+void _zymsCospi_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sCospi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCospi_ctab[];
+void _zymsCospiI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCospiI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCospiI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCospiI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sCospiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCospiI_ctab[];
+
+/* sTanpi: tangent of a pi; elements can be reported. */
+void _zymsTanpi_21(int32_t n, const float* a, float* r);
+void _zymsTanpi(int32_t n, const float* a, float* r);
+void _zymsTanpi_HA(int32_t n, const float* a, float* r);
+void _zymsTanpi_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sTanpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTanpi_ctab[];
+void _zymsTanpiI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanpiI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanpiI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanpiI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sTanpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTanpiI_ctab[];
+
 /* sExp2: 2^a; elements can be reported. */
 void _zymsExp2_21(int32_t n, const float* a, float* r);
 void _zymsExp2(int32_t n, const float* a, float* r);
@@ -347,6 +431,48 @@ void _zymsLog2I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t in
 void _zymsLog2I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_sLog2I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sLog2I_ctab[];
+
+/* sSind: sine, a in degrees; elements can be reported. */
+void _zymsSind_21(int32_t n, const float* a, float* r);
+void _zymsSind(int32_t n, const float* a, float* r);
+void _zymsSind_HA(int32_t n, const float* a, float* r);
+void _zymsSind_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sSind_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSind_ctab[];
+void _zymsSindI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSindI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSindI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSindI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sSindI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSindI_ctab[];
+
+/* sCosd: cosine, a in degrees; elements can be reported. */
+void _zymsCosd_21(int32_t n, const float* a, float* r);
+void _zymsCosd(int32_t n, const float* a, float* r);
+void _zymsCosd_HA(int32_t n, const float* a, float* r);
+void _zymsCosd_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sCosd_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCosd_ctab[];
+void _zymsCosdI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCosdI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCosdI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCosdI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sCosdI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCosdI_ctab[];
+
+/* sTand: tangent, a in degrees; elements can be reported. */
+void _zymsTand_21(int32_t n, const float* a, float* r);
+void _zymsTand(int32_t n, const float* a, float* r);
+void _zymsTand_HA(int32_t n, const float* a, float* r);
+void _zymsTand_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sTand_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTand_ctab[];
+void _zymsTandI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTandI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTandI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTandI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sTandI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTandI_ctab[];
 
 /* sLogb: exponent of a: floor(log2 |a|); elements can be reported. */
 void _zymsLogb_21(int32_t n, const float* a, float* r);
@@ -586,6 +712,48 @@ void _zymdLog10I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t
 ORVIK_TABLE void* orvik_zym_kernel_dLog10I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dLog10I_ctab[];
 
+/* dCos: cosine, a in radians; elements can be reported. */
+void _zymdCos_50(int32_t n, const double* a, double* r);
+void _zymdCos(int32_t n, const double* a, double* r);
+void _zymdCos_HA(int32_t n, const double* a, double* r);
+void _zymdCos_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dCos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCos_ctab[];
+void _zymdCosI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCosI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCosI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCosI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dCosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCosI_ctab[];
+
+/* dSin: sine, a in radians; elements can be reported. */
+void _zymdSin_50(int32_t n, const double* a, double* r);
+void _zymdSin(int32_t n, const double* a, double* r);
+void _zymdSin_HA(int32_t n, const double* a, double* r);
+void _zymdSin_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dSin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSin_ctab[];
+void _zymdSinI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dSinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinI_ctab[];
+
+/* dTan: tangent, a in radians; elements can be reported. */
+void _zymdTan_50(int32_t n, const double* a, double* r);
+void _zymdTan(int32_t n, const double* a, double* r);
+void _zymdTan_HA(int32_t n, const double* a, double* r);
+void _zymdTan_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dTan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTan_ctab[];
+void _zymdTanI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dTanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTanI_ctab[];
+
 /* dSqr: r = a^2. */
 void _zymdSqr_50(int32_t n, const double* a, double* r);
 void _zymdSqr(int32_t n, const double* a, double* r);
@@ -656,6 +824,48 @@ void _zymdPow2o3I_26(int32_t n, const double* a, int32_t incA, double* r, int32_
 ORVIK_TABLE void* orvik_zym_kernel_dPow2o3I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dPow2o3I_ctab[];
 
+/* dSinpi: sine of a pi. */
+void _zymdSinpi_50(int32_t n, const double* a, double* r);
+void _zymdSinpi(int32_t n, const double* a, double* r);
+void _zymdSinpi_HA(int32_t n, const double* a, double* r);
+void _zymdSinpi_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dSinpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinpi_ctab[];
+void _zymdSinpiI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinpiI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinpiI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinpiI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dSinpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinpiI_ctab[];
+
+/* dCospi: cosine of a pi. */
+void _zymdCospi_50(int32_t n, const double* a, double* r);
+void _zymdCospi(int32_t n, const double* a, double* r);
+void _zymdCospi_HA(int32_t n, const double* a, double* r);
+void _zymdCospi_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dCospi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCospi_ctab[];
+void _zymdCospiI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCospiI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCospiI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCospiI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dCospiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCospiI_ctab[];
+
+/* dTanpi: tangent of a pi; elements can be reported. */
+void _zymdTanpi_50(int32_t n, const double* a, double* r);
+void _zymdTanpi(int32_t n, const double* a, double* r);
+void _zymdTanpi_HA(int32_t n, const double* a, double* r);
+void _zymdTanpi_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dTanpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTanpi_ctab[];
+void _zymdTanpiI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanpiI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanpiI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanpiI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dTanpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTanpiI_ctab[];
+
 /* dExp2: 2^a; elements can be reported. */
 void _zymdExp2_50(int32_t n, const double* a, double* r);
 void _zymdExp2(int32_t n, const double* a, double* r);
@@ -697,6 +907,48 @@ void _zymdLog2I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t 
 void _zymdLog2I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dLog2I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dLog2I_ctab[];
+
+/* dSind: sine, a in degrees; elements can be reported. */
+void _zymdSind_50(int32_t n, const double* a, double* r);
+void _zymdSind(int32_t n, const double* a, double* r);
+void _zymdSind_HA(int32_t n, const double* a, double* r);
+void _zymdSind_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dSind_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSind_ctab[];
+void _zymdSindI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSindI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSindI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSindI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dSindI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSindI_ctab[];
+
+/* dCosd: cosine, a in degrees; elements can be reported. */
+void _zymdCosd_50(int32_t n, const double* a, double* r);
+void _zymdCosd(int32_t n, const double* a, double* r);
+void _zymdCosd_HA(int32_t n, const double* a, double* r);
+void _zymdCosd_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dCosd_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCosd_ctab[];
+void _zymdCosdI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCosdI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCosdI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCosdI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dCosdI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCosdI_ctab[];
+
+/* dTand: tangent, a in degrees; elements can be reported. */
+void _zymdTand_50(int32_t n, const double* a, double* r);
+void _zymdTand(int32_t n, const double* a, double* r);
+void _zymdTand_HA(int32_t n, const double* a, double* r);
+void _zymdTand_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dTand_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTand_ctab[];
+void _zymdTandI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTandI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTandI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTandI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dTandI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTandI_ctab[];
 
 /* dLogb: exponent of a: floor(log2 |a|); elements can be reported. */
 void _zymdLogb_50(int32_t n, const double* a, double* r);
@@ -1188,6 +1440,20 @@ void _zymdPowxI_26(int32_t n, const double* a, int32_t incA, double b, double* r
 ORVIK_TABLE void* orvik_zym_kernel_dPowxI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dPowxI_ctab[];
 
+/* sSinCos: r1 = sine, r2 = cosine, a in radians; elements can be reported. */
+void _zymsSinCos_21(int32_t n, const float* a, float* r1, float* r2);
+void _zymsSinCos(int32_t n, const float* a, float* r1, float* r2);
+void _zymsSinCos_HA(int32_t n, const float* a, float* r1, float* r2);
+void _zymsSinCos_11(int32_t n, const float* a, float* r1, float* r2);
+ORVIK_TABLE void* orvik_zym_kernel_sSinCos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinCos_ctab[];
+void _zymsSinCosI_21(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+void _zymsSinCosI(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+void _zymsSinCosI_HA(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+void _zymsSinCosI_11(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+ORVIK_TABLE void* orvik_zym_kernel_sSinCosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinCosI_ctab[];
+
 /* sModf: r1 = trunc(a), r2 = a - trunc(a), both with the sign of a. */
 void _zymsModf_21(int32_t n, const float* a, float* r1, float* r2);
 void _zymsModf(int32_t n, const float* a, float* r1, float* r2);
@@ -1202,6 +1468,34 @@ void _zymsModfI_11(int32_t n, const float* a, int32_t incA, float* r1, int32_t i
 ORVIK_TABLE void* orvik_zym_kernel_sModfI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sModfI_ctab[];
 
+/* sSinCospi: r1 = sine, r2 = cosine of a pi. */
+void _zymsSinCospi_21(int32_t n, const float* a, float* r1, float* r2);
+void _zymsSinCospi(int32_t n, const float* a, float* r1, float* r2);
+void _zymsSinCospi_HA(int32_t n, const float* a, float* r1, float* r2);
+void _zymsSinCospi_11(int32_t n, const float* a, float* r1, float* r2);
+ORVIK_TABLE void* orvik_zym_kernel_sSinCospi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinCospi_ctab[];
+void _zymsSinCospiI_21(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+void _zymsSinCospiI(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+void _zymsSinCospiI_HA(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+void _zymsSinCospiI_11(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+ORVIK_TABLE void* orvik_zym_kernel_sSinCospiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinCospiI_ctab[];
+
+/* dSinCos: r1 = sine, r2 = cosine, a in radians; elements can be reported. */
+void _zymdSinCos_50(int32_t n, const double* a, double* r1, double* r2);
+void _zymdSinCos(int32_t n, const double* a, double* r1, double* r2);
+void _zymdSinCos_HA(int32_t n, const double* a, double* r1, double* r2);
+void _zymdSinCos_26(int32_t n, const double* a, double* r1, double* r2);
+ORVIK_TABLE void* orvik_zym_kernel_dSinCos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinCos_ctab[];
+void _zymdSinCosI_50(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+void _zymdSinCosI(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+void _zymdSinCosI_HA(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+void _zymdSinCosI_26(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+ORVIK_TABLE void* orvik_zym_kernel_dSinCosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinCosI_ctab[];
+
 /* dModf: r1 = trunc(a), r2 = a - trunc(a), both with the sign of a. */
 void _zymdModf_50(int32_t n, const double* a, double* r1, double* r2);
 void _zymdModf(int32_t n, const double* a, double* r1, double* r2);
@@ -1215,6 +1509,20 @@ void _zymdModfI_HA(int32_t n, const double* a, int32_t incA, double* r1, int32_t
 void _zymdModfI_26(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
 ORVIK_TABLE void* orvik_zym_kernel_dModfI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dModfI_ctab[];
+
+/* dSinCospi: r1 = sine, r2 = cosine of a pi. */
+void _zymdSinCospi_50(int32_t n, const double* a, double* r1, double* r2);
+void _zymdSinCospi(int32_t n, const double* a, double* r1, double* r2);
+void _zymdSinCospi_HA(int32_t n, const double* a, double* r1, double* r2);
+void _zymdSinCospi_26(int32_t n, const double* a, double* r1, double* r2);
+ORVIK_TABLE void* orvik_zym_kernel_dSinCospi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinCospi_ctab[];
+void _zymdSinCospiI_50(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+void _zymdSinCospiI(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+void _zymdSinCospiI_HA(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+void _zymdSinCospiI_26(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+ORVIK_TABLE void* orvik_zym_kernel_dSinCospiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinCospiI_ctab[];
 
 /* sLinearFrac: r = (a scaleA + shiftA) / (b scaleB + shiftB). */
 void _zymsLinearFrac_21(int32_t n, const float* a, const float* b, float scaleA, float shiftA, float scaleB, float shiftB, float* r);

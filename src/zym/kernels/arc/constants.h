@@ -1,0 +1,80 @@
+// Constants of the arc functions, head and tail.
+#pragma once
+
+#include "lanes/lanes.h"
+
+namespace orvik::zym {
+
+// What results are measured in: radians, or half turns (results divided by pi: multiples of 1/4 are then exact).
+enum class Unit { radian, half_turn };
+
+namespace arc {
+
+inline constexpr float kPi32 = 0x1.921fb6p1f;                    //: = pi
+inline constexpr float kPiLow32 = -0x1.777a5cp-24f;              //: = pi - kPi32
+inline constexpr double kPi64 = 0x1.921fb54442d18p1;             //: = pi
+inline constexpr double kPiLow64 = 0x1.1a62633145c07p-53;        //: = pi - kPi64
+inline constexpr float kInversePi32 = 0x1.45f306p-2f;            //: = 1/pi
+inline constexpr float kInversePiLow32 = 0x1.b9391p-27f;         //: = 1/pi - kInversePi32
+inline constexpr double kInversePi64 = 0x1.45f306dc9c883p-2;     //: = 1/pi
+inline constexpr double kInversePiLow64 = -0x1.6b01ec5417056p-56; //: = 1/pi - kInversePi64
+
+// The angle whose tangent is 9/16.
+inline constexpr float kPivot32 = 0x1.064f74p-1f;      //: = atan(9/16)
+inline constexpr float kPivotLow32 = 0;     //: = atan(9/16) - kPivot32
+inline constexpr double kPivot64 = 0;         //: = atan(9/16)
+inline constexpr double kPivotLow64 = 0;  //: = atan(9/16) - kPivot64
+inline constexpr float kPivotpi32 = 0;      //: = atan(9/16)/pi
+inline constexpr float kPivotpiLow32 = 0;     //: = atan(9/16)/pi - kPivotpi32
+inline constexpr double kPivotpi64 = 0;         //: = atan(9/16)/pi
+inline constexpr double kPivotpiLow64 = 0;  //: = atan(9/16)/pi - kPivotpi64
+
+template <class E>
+struct Constants;
+template <>
+struct Constants<float> {
+  static constexpr float inverse_pi = kInversePi32, inverse_pi_low = kInversePiLow32;
+  static constexpr float pi[2] = {kPi32, 1}, pi_low[2] = {kPiLow32, 0};  // by unit
+  static constexpr float pivot[2] = {kPivot32, kPivotpi32}, pivot_low[2] = {kPivotLow32, kPivotpiLow32};
+  static constexpr float tiny = 0x1p-40f;
+};
+template <>
+struct Constants<double> {
+  static constexpr double inverse_pi = kInversePi64, inverse_pi_low = kInversePiLow64;
+  static constexpr double pi[2] = {kPi64, 1}, pi_low[2] = {kPiLow64, 0};
+  static constexpr double pivot[2] = {kPivot64, kPivotpi64}, pivot_low[2] = {kPivotLow64, kPivotpiLow64};
+  static constexpr double tiny = 0x1p-80;
+};
+
+// x^2 without underflow. HA: 0 where it is far below what counts, so that products with x do not underflow either.
+template <bool Flush, class V>
+V safe_square(V x) {
+  const V tiny = V(Constants<Element<V>>::tiny);
+  const V z = fma(x, x, tiny);
+  if constexpr (Flush) return z - tiny;
+  return z;
+}
+
+// 1/x to 1.5 %, enough for corrections; x far from both ends of the range.
+template <class V>
+V rough_reciprocal(V x) {
+  if constexpr (Single<V> && !std::is_same_v<V, float>) {
+    return reciprocal_estimate(x);
+  } else {
+    // The complement of the exponent, and one step of Newton's method.
+    constexpr Bits<V> kComplement = Single<V> ? Bits<V>(0x7EF311C3u) : Bits<V>(0x7FDE6238502484BAu);
+    const V y = as_float(Integer<V>(kComplement) - as_bits(x));
+    return y * fnma(x, y, V(Element<V>(2)));
+  }
+}
+
+// Head and tail of (head + tail) / pi.
+template <class V>
+HeadTail<V> over_pi(V head, V tail) {
+  const V q = V(Constants<Element<V>>::inverse_pi), q_low = V(Constants<Element<V>>::inverse_pi_low);
+  const V product = head * q;
+  return {product, fma(head, q_low, fma(tail, q, fms(head, q, product)))};
+}
+
+}  // namespace arc
+}  // namespace orvik::zym

@@ -7,14 +7,15 @@ import tempfile
 
 # Folder: what it may include from. Subfolders count as the folder unless they have a line of their own.
 ALLOWED = {
+    "lanes": set(),
     "serv": set(),
-    "zym": {"serv"},
-    "qor": {"serv", "zym"},
-    "qor/stream": {"serv", "zym", "qor", "qor/brng"},
-    "qor/brng": {"serv", "zym", "qor", "qor/stream"},
-    "qor/rng": {"serv", "zym", "qor", "qor/stream", "qor/brng"},
-    "qor/ss": {"serv", "zym", "qor", "qor/stream", "qor/brng", "qor/rng"},
-    "df": {"serv"},
+    "zym": {"lanes", "serv"},
+    "qor": {"lanes", "serv", "zym"},
+    "qor/stream": {"lanes", "serv", "zym", "qor", "qor/brng"},
+    "qor/brng": {"lanes", "serv", "zym", "qor", "qor/stream"},
+    "qor/rng": {"lanes", "serv", "zym", "qor", "qor/stream", "qor/brng"},
+    "qor/ss": {"lanes", "serv", "zym", "qor", "qor/stream", "qor/brng", "qor/rng"},
+    "df": {"lanes", "serv"},
 }
 # Folder that owns a public header, where the header's first word is not the folder's name.
 HEADERS = {"ss": "qor/ss"}

@@ -33,12 +33,15 @@ namespace {
 
 constexpr bool reports = true, silent = false;
 
+// The list names the family's header; its folder is what the family goes by.
+constexpr std::string_view folder_of(std::string_view header) { return header.substr(0, header.find('/')); }
+
 #define ORVIK_NAMES(la, ha, ep) \
   { reinterpret_cast<void*>(&la), reinterpret_cast<void*>(&ha), reinterpret_cast<void*>(&ep) }
 #define ORVIK_TWIN_pack(p, f) \
   { nullptr, nullptr, nullptr }
 #define ROW(p, f, shape, sharing, reporting, family, la, ha, ep)                               \
-  Row{#p[0], #f, #p #f, Shape::shape, Sharing::sharing, reporting, #family, {la, ha, ep},      \
+  Row{#p[0], #f, #p #f, Shape::shape, Sharing::sharing, reporting, folder_of(#family), {la, ha, ep},      \
       {ORVIK_NAMES_##p(f, ), ORVIK_TWIN_##shape(p, f)}, 0},
 const auto& list() {
   static const auto rows = [] {

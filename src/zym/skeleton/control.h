@@ -2,10 +2,9 @@
 // set, and leaves the caller's control bits as they were and the flags that it raised.
 #pragma once
 
-#include <immintrin.h>
-
 #include <cstdint>
 
+#include "lanes/control.h"
 #include "zym/frame/thread_state.h"
 
 namespace orvik::zym {
@@ -17,9 +16,9 @@ class ControlRegisters {
     if ((x87_ & kX87Masks) != kX87Masks) [[unlikely]]
       mask_x87();
     const uint32_t target = (mode & kDenormalField) == ZYM_FLUSH_DENORMALS ? kFlushing : kPlain;
-    vector_ = _mm_getcsr();
+    vector_ = read_control();
     if (((vector_ ^ target) & kControlBits) != 0) [[unlikely]] {
-      _mm_setcsr((vector_ & ~kControlBits) | target);
+      write_control((vector_ & ~kControlBits) | target);
       vector_changed_ = true;
     }
     fence();
@@ -31,7 +30,7 @@ class ControlRegisters {
       asm volatile("fldcw %0" : : "m"(x87_));
     }
     if (vector_changed_) [[unlikely]]
-      _mm_setcsr(vector_ | (_mm_getcsr() & kFlags));
+      write_control(vector_ | (read_control() & kFlags));
   }
 
   ControlRegisters(const ControlRegisters&) = delete;

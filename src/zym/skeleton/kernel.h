@@ -1,364 +1,484 @@
-// The kernel skeleton, written once: control registers, blocks, special-lane test, masked remainder, strides. A family
-// supplies a struct Fn over a lane type V with
-//   lanes(V...)     the lane computation: inputs in, result (or Pair of results) out;
-// and, where the fast path does not serve every input,
-//   special(V...)   mask of the lanes that the element routine redoes;
-//   element(...)    that routine (see special_elements);
-//   repair(V..., V& r, V mask)   in NOERR mode: blends the commonest special results into r, returns the mask that is
-//                   left.
-// Optional: `lanes_stand` (the element routine may leave what the lanes computed), `vectors` (how many are in flight, 4
-// by default), `filler` (of inactive and special lanes, where V's would raise a flag), `streams` (true where memory
-// bandwidth is the only limit: large results bypass the caches).
+// The kernel skeleton, written once: control registers, blocks, special-lane test, tails. Kernel<Fn, V, S> joins a
+// family struct (see family.h) to the arrays that the signature S says. Inlined are the loop over whole blocks and one
+// more copy of the lanes, in run(); all else is shared by all kernels (body.h).
 #pragma once
 
-#include <array>
 #include <bit>
 #include <cstdint>
+#include <type_traits>
 #include <utility>
 
 #include "zym/frame/thread_state.h"
-#include "zym/lanes/lanes.h"
+#include "zym/skeleton/body.h"
 #include "zym/skeleton/control.h"
-#include "zym/skeleton/operands.h"
-#include "zym/skeleton/special.h"
+#include "zym/skeleton/family.h"
+#include "zym/skeleton/signature.h"
 
 namespace orvik::zym {
 
-template <class Fn>
-concept HasSpecial = requires {
-  &Fn::element;
-};
-template <class Fn>
-concept HasRepair = requires {
-  &Fn::repair;
-};
-template <class Fn>
-concept HasVectors = requires {
-  Fn::vectors;
-};
-template <class Fn>
-concept HasFiller = requires {
-  Fn::filler;
-};
-template <class Fn>
-concept LanesStand = requires {
-  Fn::lanes_stand;
-};
-template <class Fn>
-concept Streams = requires {
-  Fn::streams;
-};
+// The parameters of a call, handed on by address.
+struct NoParams {};
 
-// One kernel: Fn over lanes V, In input and Out output arrays; B scalar: the second input is one element for all.
-template <class Fn, class V, int In, int Out, class Access, bool ScalarB, class... Params>
+template <class Fn, class V, Signature S, class Params = NoParams>
 struct Kernel {
-  using E = typename V::Element;
-  using Arrays = Operands<E, In, Out>;
-  using Inputs = std::array<V, In>;
-  using Results = std::array<V, Out>;
+  using E = Element<V>;
+  template <Kind K>
+  using ArrayElement = std::conditional_t<K == Kind::complex || K == Kind::complex_scalar, Complex<E>, E>;
+  using A = ArrayElement<S.a>;
+  using B = ArrayElement<S.b>;
+  using R = ArrayElement<S.r>;
+  // A vector of elements: lanes, or pairs of real and imaginary parts.
+  template <class T>
+  using LanesOf = std::conditional_t<std::is_same_v<T, E>, V, Pair<V>>;
+  using Traits = FamilyTraits<Fn>;
 
-  static constexpr int kVectors = [] {
-    if constexpr (HasVectors<Fn>) return Fn::vectors;
-    return 4;
-  }();
-  static constexpr int kBlock = kVectors * V::width;
-  static constexpr E kFiller = [] {
-    if constexpr (HasFiller<Fn>) return E(Fn::filler);
-    return V::filler;
-  }();
+  static constexpr bool kBinary = S.b != Kind::none;
+  static constexpr bool kScalarB = S.b == Kind::scalar || S.b == Kind::complex_scalar;
+  static constexpr bool kTwoResults = S.results == 2;
+  static constexpr Knobs kKnobs = Traits::knobs;
+  static constexpr int kVectors = kKnobs.vectors;
+  static constexpr int kBlock = kVectors * kWidth<V> > kMaxBlock ? kMaxBlock : kVectors* kWidth<V>;
 
-  // Results this large leave the caches before they are read again (a core's share of a last-level cache is 1 to 4 MiB
-  // on most machines; past it, a streaming store saves reading the line that it replaces).
-  static constexpr int64_t kStreamBytes = int64_t{8} << 20;
-
-  static V load_input(const Arrays& a, int j, int64_t i) {
-    if (ScalarB && j == 1) return V(*a.in[1]);
-    if constexpr (Access::strided) return load_strided<V>(a.in[j] + i * a.in_step[j], a.in_step[j]);
-    return load<V>(a.in[j] + i);
-  }
-
-  static Inputs load_inputs(const Arrays& a, int64_t i) {
-    Inputs x;
-    for (int j = 0; j < In; ++j) x[j] = load_input(a, j, i);
-    return x;
-  }
-
-  // The first k lanes from element i on; in the others the filler, or strided the last element again.
-  static Inputs load_first_inputs(const Arrays& a, int64_t i, int k) {
-    Inputs x;
-    for (int j = 0; j < In; ++j) {
-      if (ScalarB && j == 1) {
-        x[j] = V(*a.in[1]);
-      } else if constexpr (Access::strided) {
-        x[j] = load_first_strided<V>(a.in[j] + i * a.in_step[j], a.in_step[j], k);
-      } else {
-        x[j] = load_first(a.in[j] + i, k, V(kFiller));
-      }
-    }
-    return x;
-  }
-
-  static void store_results(const Arrays& a, int64_t i, const Results& r) {
-    for (int j = 0; j < Out; ++j) {
-      if constexpr (Access::strided) {
-        alignas(32) E lanes[V::width];
-        store(lanes, r[j]);
-        for (int lane = 0; lane < V::width; ++lane) a.out[j][(i + lane) * a.out_step[j]] = lanes[lane];
-      } else {
-        store(a.out[j] + i, r[j]);
-      }
-    }
-  }
-
-  static void store_first_results(const Arrays& a, int64_t i, int k, const Results& r) {
-    for (int j = 0; j < Out; ++j) {
-      if constexpr (Access::strided) {
-        alignas(32) E lanes[V::width];
-        store(lanes, r[j]);
-        for (int lane = 0; lane < k; ++lane) a.out[j][(i + lane) * a.out_step[j]] = lanes[lane];
-      } else {
-        store_first(a.out[j] + i, k, r[j]);
-      }
-    }
-  }
-
-  static Results load_results(const Arrays& a, int64_t i) {
-    Results r;
-    for (int j = 0; j < Out; ++j) r[j] = load<V>(a.out[j] + i);
-    return r;
-  }
-
-  static Results load_first_results(const Arrays& a, int64_t i, int k) {
-    Results r;
-    for (int j = 0; j < Out; ++j) r[j] = load_first(a.out[j] + i, k, V(kFiller));
-    return r;
-  }
-
-  static void store_k_results(const Arrays& a, int64_t i, int k, const Results& r) {
-    if (k == V::width) {
-      store_results(a, i, r);
-    } else {
-      store_first_results(a, i, k, r);
-    }
-  }
-
-  static Results compute(const Inputs& x, const Params&... params) {
-    const auto r = [&]<size_t... J>(std::index_sequence<J...>) { return Fn::lanes(x[J]..., params...); }
-    (std::make_index_sequence<In>());
-    if constexpr (Out == 2) {
-      return {r.first, r.second};
-    } else {
-      return {r};
-    }
-  }
-
-  static auto special_lanes(const Inputs& x) {
-    return [&]<size_t... J>(std::index_sequence<J...>) { return Fn::special(x[J]...); }
-    (std::make_index_sequence<In>());
-  }
-
-  // Puts the filler into the special lanes and says which they are: what they would compute is not used, but may raise
-  // flags or be slow (denormals).
-  static uint32_t take_special(Inputs& x) {
-    const V mask = special_lanes(x);
-    if constexpr (!LanesStand<Fn>) {
-      for (int j = 0; j < In; ++j) x[j] = select(mask, V(kFiller), x[j]);
-    }
-    return lane_bits(mask);
-  }
-
-  static V repaired(uint32_t mode, const Inputs& x, Results& r, V mask) {
-    if constexpr (HasRepair<Fn>) {
-      if ((mode & kErrorField) == ZYM_ERRMODE_NOERR) {
-        return [&]<size_t... J>(std::index_sequence<J...>) { return Fn::repair(x[J]..., r[0], mask); }
-        (std::make_index_sequence<In>());
-      }
-    }
-    return mask;
-  }
-
-  // Inputs of a block, laid out in memory before its results are stored: the arrays may be the same.
-  struct Saved {
-    alignas(32) E lanes[In][kBlock];
-
-    void keep(int v, const Inputs& x) {
-      for (int j = 0; j < In; ++j) store(lanes[j] + v * V::width, x[j]);
-    }
-    Inputs inputs(int v) const {
-      Inputs x;
-      for (int j = 0; j < In; ++j) x[j] = load<V>(lanes[j] + v * V::width);
-      return x;
-    }
+  struct Inputs {
+    LanesOf<A> a;
+    [[no_unique_address]] std::conditional_t<kBinary, LanesOf<B>, NoParams> b;
   };
+  using Result = std::conditional_t<kTwoResults, Pair<V>, LanesOf<R>>;
 
-  // Redoes and reports the special elements of the block at i, whose lanes' results are stored already: `bits` says
-  // which. One loop over the bits of the whole block: its end is the only branch that a lone special element makes hard
-  // to foresee.
-  [[gnu::noinline, gnu::cold]] static void redo_special(const char* name, uint32_t mode, const Arrays& a, int64_t i,
-                                                        uint32_t bits, const Saved& saved) {
-    if (HasRepair<Fn> && (mode & kErrorField) == ZYM_ERRMODE_NOERR) bits = repair_block(mode, a, i, bits, saved);
-    const E* xs[In];
-    E* rs[Out];
-    for (int j = 0; j < In; ++j) xs[j] = saved.lanes[j];
-    for (int j = 0; j < Out; ++j) rs[j] = a.out[j] + i;
-    special_elements<Fn, E, In, Out>(name, a, i, bits, xs, rs);
-  }
+  // --- one vector ---------------------------------------------------------------------------------------------------
 
-  // Only elements up to the last special one are touched.
-  static uint32_t repair_block(uint32_t mode, const Arrays& a, int64_t i, uint32_t bits, const Saved& saved) {
-    uint32_t left = 0;
-    const int count = 32 - std::countl_zero(bits);
-    for (int at = 0; at < count; at += V::width) {
-      const int k = count - at < V::width ? count - at : V::width;
-      const Inputs x = saved.inputs(at / V::width);
-      Results r = k == V::width ? load_results(a, i + at) : load_first_results(a, i + at, k);
-      left |= lane_bits(repaired(mode, x, r, special_lanes(x))) << at;
-      store_k_results(a, i + at, k, r);
+  template <class T>
+  static LanesOf<T> load_lanes(const T* p) {
+    if constexpr (std::is_same_v<T, E>) {
+      return load<V>(p);
+    } else {
+      return load_pairs(reinterpret_cast<const E*>(p));
     }
-    return left & bits;
+  }
+  template <class T>
+  static LanesOf<T> load_first_lanes(const T* p, int k) {
+    if constexpr (std::is_same_v<T, E>) {
+      return load_first(p, k, V(E(kKnobs.filler)));
+    } else {
+      alignas(64) E buffer[2 * kWidth<V>];
+      for (int i = 0; i < 2 * kWidth<V>; ++i) buffer[i] = E(kKnobs.filler);
+      __builtin_memcpy(buffer, p, static_cast<size_t>(k) * sizeof(T));
+      return load_pairs(buffer);
+    }
+  }
+  template <class T>
+  static void store_lanes(T* p, LanesOf<T> x) {
+    if constexpr (std::is_same_v<T, E>) {
+      store(p, x);
+    } else {
+      store_pairs(reinterpret_cast<E*>(p), x);
+    }
+  }
+  template <class T>
+  static void store_first_lanes(T* p, int k, LanesOf<T> x) {
+    if constexpr (std::is_same_v<T, E>) {
+      store_first(p, k, x);
+    } else {
+      alignas(64) E buffer[2 * kWidth<V>];
+      store_pairs(buffer, x);
+      __builtin_memcpy(p, buffer, static_cast<size_t>(k) * sizeof(T));
+    }
+  }
+  static LanesOf<B> broadcast(const B* p) {
+    if constexpr (std::is_same_v<B, E>) {
+      return V(*p);
+    } else {
+      return {V(p->re), V(p->im)};
+    }
   }
 
-  // The strided form computes as well: results are spread element by element in index order, since two elements may
-  // fall on one address.
-  [[gnu::noinline, gnu::cold]] static void run_special(const char* name, uint32_t mode, const Arrays& a, int64_t i,
-                                                       int64_t count, const Params&... params) {
-    for (const int64_t end = i + count; i < end; i += V::width) {
-      const int k = static_cast<int>(end - i < V::width ? end - i : V::width);
-      Saved saved;
-      saved.keep(0, load_first_inputs(a, i, k));
-      const Inputs x = saved.inputs(0);
-      Inputs plain = x;
-      take_special(plain);
-      Results r = compute(plain, params...);
-      const uint32_t bits = lane_bits(repaired(mode, x, r, special_lanes(x))) & ((1u << k) - 1);
-      if (bits != 0) {
-        alignas(32) E results[Out][V::width];
-        const E* xs[In];
-        E* rs[Out];
-        for (int j = 0; j < In; ++j) xs[j] = saved.lanes[j];
-        for (int j = 0; j < Out; ++j) {
-          store(results[j], r[j]);
-          rs[j] = results[j];
+  static Inputs load_inputs(const A* a, const B* b, int64_t i) {
+    Inputs x;
+    x.a = load_lanes(a + i);
+    if constexpr (kScalarB) {
+      x.b = broadcast(b);
+    } else if constexpr (kBinary) {
+      x.b = load_lanes(b + i);
+    }
+    return x;
+  }
+  static Inputs load_first_inputs(const A* a, const B* b, int64_t i, int k) {
+    Inputs x;
+    x.a = load_first_lanes(a + i, k);
+    if constexpr (kScalarB) {
+      x.b = broadcast(b);
+    } else if constexpr (kBinary) {
+      x.b = load_first_lanes(b + i, k);
+    }
+    return x;
+  }
+  static void store_results(R* r1, R* r2, int64_t i, const Result& r) {
+    if constexpr (kTwoResults) {
+      store(r1 + i, r.first);
+      store(r2 + i, r.second);
+    } else {
+      store_lanes(r1 + i, r);
+    }
+  }
+  static void store_first_results(R* r1, R* r2, int64_t i, int k, const Result& r) {
+    if constexpr (kTwoResults) {
+      store_first(r1 + i, k, r.first);
+      store_first(r2 + i, k, r.second);
+    } else {
+      store_first_lanes(r1 + i, k, r);
+    }
+  }
+
+  // Calls a member of the family with the inputs, then what else it takes, then the parameters where there are some.
+  template <class F, class... More>
+  static auto apply(F f, const Inputs& x, const Params& params, More&&... more) {
+    if constexpr (kBinary && std::is_same_v<Params, NoParams>) return f(x.a, x.b, more...);
+    if constexpr (kBinary && !std::is_same_v<Params, NoParams>) return f(x.a, x.b, more..., params);
+    if constexpr (!kBinary && std::is_same_v<Params, NoParams>) return f(x.a, more...);
+    if constexpr (!kBinary && !std::is_same_v<Params, NoParams>) return f(x.a, more..., params);
+  }
+  [[gnu::always_inline]] static auto lanes(const Inputs& x, const Params& params) {
+    return apply(
+        [](const auto&... y) __attribute__((always_inline)) { return Fn::lanes(y...); }, x, params);
+  }
+  [[gnu::always_inline]] static auto special(const Inputs& x, const Params& params) {
+    return apply(
+        [](const auto&... y) __attribute__((always_inline)) { return Fn::special(y...); }, x, params);
+  }
+  static auto lanes_result() {
+    if constexpr (Traits::has_lanes) {
+      return lanes(Inputs{}, Params{});
+    } else {
+      return Result{};
+    }
+  }
+  using LanesResult = decltype(lanes_result());
+  static constexpr bool kMasked = IsMasked<LanesResult>::value;
+  static constexpr bool kTested = Traits::has_special;
+  static constexpr bool kSpecial = kMasked || kTested;
+  static_assert(!kMasked || Traits::has_element, "lanes that leave some need an element routine");
+  static_assert(kSpecial || !Traits::has_lanes || !Traits::has_element, "an element routine that nothing calls");
+
+  static const Result& value_of(const LanesResult& r) {
+    if constexpr (kMasked) {
+      return r.value;
+    } else {
+      return r;
+    }
+  }
+
+  template <class L>
+  static L filled(Mask<V> mask, const L& x) {
+    const V filler = V(E(kKnobs.filler));
+    if constexpr (std::is_same_v<L, V>) {
+      return select(mask, filler, x);
+    } else {
+      return {select(mask, filler, x.first), select(mask, filler, x.second)};
+    }
+  }
+  // What special lanes would compute is not used, but may raise flags or be slow (denormals).
+  static void fill(Mask<V> mask, Inputs& x) {
+    if constexpr (!kKnobs.lanes_stand) {
+      x.a = filled(mask, x.a);
+      if constexpr (kBinary) x.b = filled(mask, x.b);
+    }
+  }
+
+  static constexpr uint32_t first_bits(int k) { return static_cast<uint32_t>((uint64_t{1} << k) - 1); }
+  static constexpr uint32_t kAllLanes = static_cast<uint32_t>((uint64_t{1} << kWidth<V>)-1);
+
+  // --- the lanes out of line (see Body) -----------------------------------------------------------------------------
+
+  [[gnu::noinline]] static uint64_t run(const void* pa, const void* pb, void* pr1, void* pr2, int count,
+                                        const void* pparams) {
+    const auto* a = static_cast<const A*>(pa);
+    const auto* b = static_cast<const B*>(pb);
+    auto* r1 = static_cast<R*>(pr1);
+    auto* r2 = static_cast<R*>(pr2);
+    const Params& params = *static_cast<const Params*>(pparams);
+    const bool through = count < 0;
+    const int n = through ? -count : count;
+    uint64_t all = 0;
+    for (int i = 0; i < n; i += kWidth<V>) {
+      const int k = n - i;
+      Inputs x = k >= kWidth<V> ? load_inputs(a, b, i) : load_first_inputs(a, b, i, k);
+      uint32_t bits = 0;
+      if constexpr (kTested) {
+        const auto mask = special(x, params);
+        bits = lane_bits(mask);
+        if (bits != 0) [[unlikely]] {  // a scalar operand is special in the inactive lanes too
+          if (k < kWidth<V>) bits &= first_bits(k);
+          if (!through && bits != 0) return static_cast<uint64_t>(i);
+          fill(Mask<V>(mask), x);
         }
-        special_elements<Fn, E, In, Out>(name, a, i, bits, xs, rs);
-        for (int j = 0; j < Out; ++j) r[j] = load<V>(results[j]);
       }
-      store_first_results(a, i, k, r);
+      LanesResult r = lanes(x, params);
+      if constexpr (kMasked) {
+        uint32_t more = lane_bits(r.special);
+        if (more != 0) [[unlikely]] {
+          if (k < kWidth<V>) more &= first_bits(k);
+          if (!through && (more & ~bits) != 0) return static_cast<uint64_t>(i);
+          bits |= more;
+        }
+      }
+      if (k >= kWidth<V>) {
+        store_results(r1, r2, i, value_of(r));
+      } else {
+        store_first_results(r1, r2, i, k, value_of(r));
+      }
+      all |= static_cast<uint64_t>(bits) << i;
+    }
+    return all << 32 | static_cast<uint64_t>(n);
+  }
+
+  // --- special elements (see Body) ----------------------------------------------------------------------------------
+
+  // The second vector tier over the vectors that hold special lanes: what it serves is blended into the results.
+  // The same for the cheap repair with reports off. Both return the bits that are left.
+  template <class Serve>
+  static uint32_t over_special_vectors(const A* a, const B* b, R* r1, R* r2, int count, uint32_t bits, Serve serve) {
+    uint32_t left = 0;
+    for (int i = 0; i < count; i += kWidth<V>) {
+      const uint32_t here = bits >> i & kAllLanes;
+      if (here == 0) continue;
+      const int k = count - i < kWidth<V> ? count - i : kWidth<V>;
+      const Inputs x = load_first_inputs(a, b, i, k);
+      Result r;
+      if constexpr (kTwoResults) {
+        r = {load_first(r1 + i, k, V(E(0))), load_first(r2 + i, k, V(E(0)))};
+      } else {
+        r = load_first_lanes(static_cast<const R*>(r1 + i), k);
+      }
+      left |= (serve(x, mask_of_bits<V>(here), r) & here) << i;
+      if (k == kWidth<V>) {
+        store_results(r1, r2, i, r);
+      } else {
+        store_first_results(r1, r2, i, k, r);
+      }
+    }
+    return left;
+  }
+
+  static uint32_t run_wide(const A* a, const B* b, R* r1, R* r2, int count, uint32_t bits, const Params& params) {
+    return over_special_vectors(a, b, r1, r2, count, bits, [&](Inputs x, Mask<V> mask, Result& r) {
+      fill(complement(mask), x);
+      const auto w = apply([](const auto&... y) { return Fn::wide(y...); }, x, params);
+      const Mask<V> served = andnot(Mask<V>(w.special), mask);
+      if constexpr (std::is_same_v<Result, V>) {
+        r = select(served, w.value, r);
+      } else {
+        r = {select(served, w.value.first, r.first), select(served, w.value.second, r.second)};
+      }
+      return lane_bits(Mask<V>(w.special));
+    });
+  }
+  static uint32_t run_repair(const A* a, const B* b, R* r1, R* r2, int count, uint32_t bits, const Params& params) {
+    return over_special_vectors(a, b, r1, r2, count, bits, [&](const Inputs& x, Mask<V> mask, Result& r) {
+      Result& result = r;
+      return lane_bits(Mask<V>(apply([&](const auto&... y) { return Fn::repair(y..., result, mask); }, x, params)));
+    });
+  }
+
+  static int32_t run_element(const A* a, const B* b, R* r1, R* r2, const Params& params) {
+    const auto with_results = [&](auto... inputs) {
+      if constexpr (kTwoResults && std::is_same_v<Params, NoParams>) return Fn::element(inputs..., r1, r2);
+      if constexpr (kTwoResults && !std::is_same_v<Params, NoParams>) return Fn::element(inputs..., r1, r2, params);
+      if constexpr (!kTwoResults && std::is_same_v<Params, NoParams>) return Fn::element(inputs..., r1);
+      if constexpr (!kTwoResults && !std::is_same_v<Params, NoParams>) return Fn::element(inputs..., r1, params);
+    };
+    if constexpr (kBinary) {
+      return with_results(a, b);
+    } else {
+      return with_results(a);
     }
   }
 
-  // Blocks of N vectors from element i on, as many as fit; returns where it stopped. The loop over plain blocks holds
-  // no call, so that the constants stay in registers; a block with a special lane leaves it and comes back.
-  template <int N, class Store>
-  [[gnu::always_inline]] static int64_t blocks(const char* name, uint32_t mode, int64_t n, const Arrays& a, int64_t i,
-                                               Store store_at, const Params&... params) {
-    constexpr int64_t kElements = N * V::width;
-    const int64_t last = n - kElements;
-    static_assert(kElements <= 32);
+  [[gnu::cold]] static void redo(const Call& call, int64_t index, const void* pa, const void* pb, void* pr1, void* pr2,
+                                 int count, uint32_t bits) {
+    const auto* a = static_cast<const A*>(pa);
+    const auto* b = static_cast<const B*>(pb);
+    auto* r1 = static_cast<R*>(pr1);
+    auto* r2 = static_cast<R*>(pr2);
+    const Params& params = *static_cast<const Params*>(call.params);
+    if constexpr (Traits::has_wide) bits = run_wide(a, b, r1, r2, count, bits, params);
+    if constexpr (Traits::has_repair) {
+      if ((call.mode & kErrorField) == ZYM_ERRMODE_NOERR) bits = run_repair(a, b, r1, r2, count, bits, params);
+    }
+    // One loop over the bits of the whole block: its end is the only branch that a lone special element makes hard to
+    // foresee.
+    for (; bits != 0; bits &= bits - 1) {
+      const int lane = std::countr_zero(bits);
+      const B* at = kBinary && !kScalarB ? b + lane : b;
+      const int32_t code = run_element(a + lane, at, r1 + lane, kTwoResults ? r2 + lane : nullptr, params);
+      if constexpr (S.reports) {
+        if (code != 0) report_element(call, code, index + lane, r1 + lane, kTwoResults ? r2 + lane : nullptr);
+      }
+    }
+  }
+
+  static int32_t element(const void* a, const void* b, void* r1, void* r2, const void* params) {
+    return run_element(static_cast<const A*>(a), static_cast<const B*>(b), static_cast<R*>(r1), static_cast<R*>(r2),
+                       *static_cast<const Params*>(params));
+  }
+
+  static constexpr Body make_body(const char* name) {
+    Body body = {};
+    if constexpr (Traits::has_lanes) body.run = run;
+    if constexpr (Traits::has_lanes) {
+      if constexpr (kSpecial) body.redo = redo;
+    } else {
+      body.element = element;
+    }
+    body.name = S.reports ? name : nullptr;
+    body.inputs = kBinary ? 2 : 1;
+    body.outputs = kTwoResults ? 2 : 1;
+    body.in_bytes[0] = sizeof(A);
+    body.in_bytes[1] = sizeof(B);
+    body.out_bytes[0] = body.out_bytes[1] = sizeof(R);
+    body.scalar = kScalarB;
+    body.complex = S.a == Kind::complex;
+    body.single = Single<V>;
+    body.block = kBlock;
+    return body;
+  }
+
+  // --- whole calls --------------------------------------------------------------------------------------------------
+
+  static Operands unit_operands(const A* a, const B* b, R* r1, R* r2) {
+    return {{reinterpret_cast<const char*>(a), reinterpret_cast<const char*>(b)},
+            {sizeof(A), kScalarB ? 0 : sizeof(B)},
+            {reinterpret_cast<char*>(r1), reinterpret_cast<char*>(r2)},
+            {sizeof(R), sizeof(R)}};
+  }
+
+  // Whole blocks from element i on, as many as fit; returns where it stopped. The loop over plain blocks holds no call,
+  // so that the constants stay in registers; a block with a special lane leaves it and comes back.
+  template <class Store>
+  [[gnu::always_inline]] static int64_t blocks(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b,
+                                               R* r1, R* r2, int64_t i, const Params& params, Store store_at) {
+    const int64_t last = n - kBlock;
+    constexpr int N = kBlock / kWidth<V>;
     for (;;) {
       bool plain = true;
       while (i <= last) {
         Inputs x[N];
 #pragma GCC unroll 8
-        for (int v = 0; v < N; ++v) x[v] = load_inputs(a, i + v * V::width);
-        if constexpr (HasSpecial<Fn>) {
-          auto mask = special_lanes(x[0]);
+        for (int v = 0; v < N; ++v) x[v] = load_inputs(a, b, i + v * kWidth<V>);
+        if constexpr (kTested) {
+          auto mask = special(x[0], params);
 #pragma GCC unroll 8
-          for (int v = 1; v < N; ++v) mask = mask | special_lanes(x[v]);
+          for (int v = 1; v < N; ++v) mask = mask | special(x[v], params);
           plain = none(mask);
           if (!plain) [[unlikely]]
             break;
         }
+        if constexpr (kMasked) {
+          Result r[N];
+          LanesResult first = lanes(x[0], params);
+          r[0] = first.value;
+          Mask<V> mask = first.special;
 #pragma GCC unroll 8
-        for (int v = 0; v < N; ++v) store_at(i + v * V::width, compute(x[v], params...));
-        i += kElements;
+          for (int v = 1; v < N; ++v) {
+            LanesResult next = lanes(x[v], params);
+            r[v] = next.value;
+            mask = mask | next.special;
+          }
+          plain = none(mask);
+          if (!plain) [[unlikely]]
+            break;
+#pragma GCC unroll 8
+          for (int v = 0; v < N; ++v) store_at(i + v * kWidth<V>, r[v]);
+        } else {
+          Result r[N];
+#pragma GCC unroll 8
+          for (int v = 0; v < N; ++v) r[v] = lanes(x[v], params);
+#pragma GCC unroll 8
+          for (int v = 0; v < N; ++v) store_at(i + v * kWidth<V>, r[v]);
+        }
+        i += kBlock;
       }
       if (plain) return i;
-      if constexpr (HasSpecial<Fn>) {
-        const Arrays copy = a;  // the hot loop's pointers must not escape
-        if constexpr (Access::strided) {
-          run_special(name, mode, copy, i, kElements, params...);
-        } else {
-          Saved saved;
-          uint32_t bits = 0;
-          Inputs x[N];
-#pragma GCC unroll 8
-          for (int v = 0; v < N; ++v) {
-            x[v] = load_inputs(a, i + v * V::width);
-            saved.keep(v, x[v]);
-            bits |= take_special(x[v]) << (v * V::width);
-          }
-#pragma GCC unroll 8
-          for (int v = 0; v < N; ++v) store_at(i + v * V::width, compute(x[v], params...));
-          redo_special(name, mode, copy, i, bits, saved);
+      special_block(body, mode, a, b, r1, r2, i, kBlock, params);
+      i += kBlock;
+    }
+  }
+  // Out of line: the hot loop's pointers must not escape.
+  [[gnu::noinline, gnu::cold]] static void special_block(const Body& body, uint32_t mode, const A* a, const B* b, R* r1,
+                                                         R* r2, int64_t i, int count, const Params& params) {
+    const Operands operands = unit_operands(a, b, r1, r2);
+    run_special_block({body, mode, operands, &params}, i, count);
+  }
+
+  [[gnu::always_inline]] static void unit(const Body& body, int64_t n, const A* a, const B* b, R* r1, R* r2,
+                                          const Params& params) {
+    if constexpr (!Traits::has_lanes) {
+      run_element_loop(body, n, unit_operands(a, b, r1, r2), &params);
+    } else {
+      const uint32_t mode = current_mode();
+      const ControlRegisters registers(mode);
+      int64_t i = 0;
+      if constexpr (kKnobs.streams && !kTwoResults) {
+        if (n >= kStreamBytes / static_cast<int64_t>(sizeof(R)) && disjoint(n, a, b, r1)) [[unlikely]] {
+          i = past_cache(body, mode, n, a, b, r1, params);
         }
-        i += kElements;
+      }
+      i = blocks(body, mode, n, a, b, r1, r2, i, params,
+                 [&](int64_t at, const Result& r) { store_results(r1, r2, at, r); });
+      if (i < n) {
+        const int rest = static_cast<int>(n - i);
+        const B* b_rest = kScalarB || !kBinary ? b : b + i;
+        const auto done =
+            static_cast<uint32_t>(run(a + i, b_rest, r1 + i, kTwoResults ? r2 + i : nullptr, rest, &params));
+        if constexpr (kSpecial) {
+          if (static_cast<int>(done) < rest) [[unlikely]]
+            special_block(body, mode, a, b, r1, r2, i + done, rest - static_cast<int>(done), params);
+        }
       }
     }
   }
 
-  // The first or last k < width elements.
-  [[gnu::always_inline]] static void partial(const char* name, uint32_t mode, const Arrays& a, int64_t i, int k,
-                                             const Params&... params) {
-    Inputs x = load_first_inputs(a, i, k);
-    if constexpr (HasSpecial<Fn>) {
-      // A scalar operand is special in the inactive lanes too.
-      if ((lane_bits(special_lanes(x)) & ((1u << k) - 1)) != 0) [[unlikely]] {
-        const Arrays copy = a;
-        if constexpr (Access::strided) {
-          run_special(name, mode, copy, i, k, params...);
-        } else {
-          Saved saved;
-          saved.keep(0, x);
-          const uint32_t bits = take_special(x) & ((1u << k) - 1);
-          store_first_results(a, i, k, compute(x, params...));
-          redo_special(name, mode, copy, i, bits, saved);
-        }
-        return;
-      }
+  static void strided(const Body& body, int64_t n, const A* a, int64_t incA, const B* b, int64_t incB, R* r1,
+                      int64_t incR1, R* r2, int64_t incR2, const Params& params) {
+    Operands operands = unit_operands(a, b, r1, r2);
+    operands.in_step[0] *= incA;
+    operands.in_step[1] *= incB;
+    operands.out_step[0] *= incR1;
+    operands.out_step[1] *= incR2;
+    if constexpr (Traits::has_lanes) {
+      run_strided(body, n, operands, &params);
+    } else {
+      run_element_loop(body, n, operands, &params);
     }
-    store_first_results(a, i, k, compute(x, params...));
-  }
-
-  [[gnu::always_inline]] static void run(const char* name, int64_t n, const Arrays& a, const Params&... params) {
-    const uint32_t mode = current_mode();
-    const ControlRegisters registers(mode);
-    int64_t i = 0;
-    if constexpr (Streams<Fn> && !Access::strided && Out == 1) {
-      if (n >= kStreamBytes / static_cast<int64_t>(sizeof(E)) && disjoint(n, a)) [[unlikely]] {
-        const Arrays copy = a;
-        i = run_past_cache(name, mode, n, copy, params...);
-      }
-    }
-    const auto store_at = [&](int64_t at, const Results& r) { store_results(a, at, r); };
-    i = blocks<kVectors>(name, mode, n, a, i, store_at, params...);
-    i = blocks<1>(name, mode, n, a, i, store_at, params...);
-    if (i < n) partial(name, mode, a, i, static_cast<int>(n - i), params...);
   }
 
  private:
+  // Results this large leave the caches before they are read again (a core's share of a last-level cache is 1 to 4 MiB
+  // on most machines; past it, a streaming store saves reading the line that it replaces).
+  static constexpr int64_t kStreamBytes = int64_t{8} << 20;
+
   // Whether the result shares no memory with an input: in place, its lines are in the cache already.
-  static bool disjoint(int64_t n, const Arrays& a) {
-    for (int j = 0; j < In; ++j) {
-      const intptr_t distance = reinterpret_cast<intptr_t>(a.in[j]) - reinterpret_cast<intptr_t>(a.out[0]);
-      const intptr_t bytes = n * static_cast<intptr_t>(sizeof(E));
-      if (distance > -bytes && distance < bytes && !(ScalarB && j == 1)) return false;
-    }
-    return true;
+  static bool disjoint(int64_t n, const A* a, const B* b, const R* r) {
+    const auto apart = [&](const void* p) {
+      const intptr_t distance = reinterpret_cast<intptr_t>(p) - reinterpret_cast<intptr_t>(r);
+      const intptr_t bytes = n * static_cast<intptr_t>(sizeof(R));
+      return distance <= -bytes || distance >= bytes;
+    };
+    return apart(a) && (!kBinary || kScalarB || apart(b));
   }
 
-  [[gnu::noinline]] static int64_t run_past_cache(const char* name, uint32_t mode, int64_t n, const Arrays& a,
-                                                  const Params&... params) {
-    const uintptr_t misaligned = reinterpret_cast<uintptr_t>(a.out[0]) % sizeof(V);
+  [[gnu::noinline]] static int64_t past_cache(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b, R* r,
+                                              const Params& params) {
+    const uintptr_t misaligned = reinterpret_cast<uintptr_t>(r) % sizeof(V);
     if (misaligned % sizeof(E) != 0) return 0;
     int64_t i = 0;
     if (misaligned != 0) {
-      i = static_cast<int64_t>((sizeof(V) - misaligned) / sizeof(E));
-      partial(name, mode, a, 0, static_cast<int>(i), params...);
+      const int first = static_cast<int>((sizeof(V) - misaligned) / sizeof(E));
+      i = static_cast<int64_t>(static_cast<uint32_t>(run(a, b, r, nullptr, first, &params)));
+      if (i < first) return i;  // a special element: what is left needs no more than the caches
     }
-    const auto store_at = [&](int64_t at, const Results& r) { store_past_cache(a.out[0] + at, r[0]); };
-    i = blocks<kVectors>(name, mode, n, a, i, store_at, params...);
-    _mm_sfence();
+    i = blocks(body, mode, n, a, b, r, nullptr, i, params,
+               [&](int64_t at, const Result& x) { store_past_cache(r + at, x); });
+    finish_past_cache();
     return i;
   }
 };

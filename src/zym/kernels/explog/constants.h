@@ -4,13 +4,11 @@
 #include <bit>
 #include <cstdint>
 
+#include "lanes/generic.h"
+
 namespace orvik::zym {
 
 constexpr float f32(uint32_t bits) { return std::bit_cast<float>(bits); }
-
-// Adding one of these rounds a small number to an integer, which is then in the low bits of the sum.
-inline constexpr float kShifter32 = 12582912.0f;          // 1.5 * 2^23
-inline constexpr double kShifter64 = 6755399441055744.0;  // 1.5 * 2^52
 
 // e^x: beyond the first two the result is infinite or zero; below the last it is denormal.
 inline constexpr float kExpOverflow32 = f32(0x42B17217);   // 88.7228317

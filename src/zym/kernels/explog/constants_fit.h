@@ -6,37 +6,19 @@ namespace orvik::zym {
 
 // log2(1 + f) / f, |f| up to 1/3, worst error 2^-14.3
 inline constexpr float kLog2SingleEP[5] = {
-    0x1.4d736p-2,
-    -0x1.96cd6ap-2,
-    0x1.eae082p-2,
-    -0x1.70cb38p-1,
-    0x1.715508p0,
+    0x1.4d736p-2, -0x1.96cd6ap-2, 0x1.eae082p-2, -0x1.70cb38p-1, 0x1.715508p0,
 };
 
 // log2(1 + f) / f, |f| up to 1/3, worst error 2^-24.7
 inline constexpr float kLog2SingleLA[9] = {
-    0x1.95a2acp-3,
-    -0x1.c6faf6p-3,
-    0x1.9fb0f6p-3,
-    -0x1.e4f75ep-3,
-    0x1.278a7p-2,
-    -0x1.717298p-2,
-    0x1.ec70c6p-2,
-    -0x1.715456p-1,
-    0x1.715476p0,
+    0x1.95a2acp-3,  -0x1.c6faf6p-3, 0x1.9fb0f6p-3,  -0x1.e4f75ep-3, 0x1.278a7p-2,
+    -0x1.717298p-2, 0x1.ec70c6p-2,  -0x1.715456p-1, 0x1.715476p0,
 };
 
 // log10(1 + f) / f, |f| up to 1/3, worst error 2^-24.5
 inline constexpr float kLog10SingleLA[9] = {
-    0x1.00a40ep-4,
-    -0x1.11f9ccp-4,
-    0x1.ee5948p-5,
-    -0x1.23f7d8p-4,
-    0x1.641fa2p-4,
-    -0x1.bcdc26p-4,
-    0x1.28798cp-3,
-    -0x1.bcb78ap-3,
-    0x1.bcb7b2p-2,
+    0x1.00a40ep-4,  -0x1.11f9ccp-4, 0x1.ee5948p-5,  -0x1.23f7d8p-4, 0x1.641fa2p-4,
+    -0x1.bcdc26p-4, 0x1.28798cp-3,  -0x1.bcb78ap-3, 0x1.bcb7b2p-2,
 };
 
 // ln(1 + r) / r, |r| up to 0.0062, worst error 2^-34.6
@@ -72,20 +54,12 @@ inline constexpr double kLog2DoubleEP[3] = {
 
 // log2(1 + r) / r, |r| up to 0.0014, worst error 2^-53.7
 inline constexpr double kLog2DoubleLA[5] = {
-    0x1.2772787581ec3p-2,
-    -0x1.71549ddb7dec7p-2,
-    0x1.ec709dc4557fdp-2,
-    -0x1.71547652b78d6p-1,
-    0x1.71547652b82fep0,
+    0x1.2772787581ec3p-2, -0x1.71549ddb7dec7p-2, 0x1.ec709dc4557fdp-2, -0x1.71547652b78d6p-1, 0x1.71547652b82fep0,
 };
 
 // (log2(1 + r) - r / ln 2) / r^2, |r| up to 0.0014, worst error 2^-53
 inline constexpr double kLog2DoubleHA[5] = {
-    -0x1.ec6c6a94cd58cp-3,
-    0x1.2776e6f203b41p-2,
-    -0x1.7154765312676p-2,
-    0x1.ec709dc39f294p-2,
-    -0x1.71547652b82fep-1,
+    -0x1.ec6c6a94cd58cp-3, 0x1.2776e6f203b41p-2, -0x1.7154765312676p-2, 0x1.ec709dc39f294p-2, -0x1.71547652b82fep-1,
 };
 
 // log10(1 + r) / r, |r| up to 0.0014, worst error 2^-32.4
@@ -97,38 +71,22 @@ inline constexpr double kLog10DoubleEP[3] = {
 
 // log10(1 + r) / r, |r| up to 0.0014, worst error 2^-53.5
 inline constexpr double kLog10DoubleLA[5] = {
-    0x1.63bcbc7706d6ep-4,
-    -0x1.bcb7e0ed7e655p-4,
-    0x1.287a7637b87fbp-3,
-    -0x1.bcb7b1526d8d3p-3,
-    0x1.bcb7b1526e50ep-2,
+    0x1.63bcbc7706d6ep-4, -0x1.bcb7e0ed7e655p-4, 0x1.287a7637b87fbp-3, -0x1.bcb7b1526d8d3p-3, 0x1.bcb7b1526e50ep-2,
 };
 
 // (log10(1 + r) - r / ln 10) / r^2, |r| up to 0.0014, worst error 2^-52.9
 inline constexpr double kLog10DoubleHA[5] = {
-    -0x1.2875d005704f4p-4,
-    0x1.63c65043196b6p-4,
-    -0x1.bcb7b153321cdp-4,
-    0x1.287a7636f38e3p-3,
-    -0x1.bcb7b1526e50ep-3,
+    -0x1.2875d005704f4p-4, 0x1.63c65043196b6p-4, -0x1.bcb7b153321cdp-4, 0x1.287a7636f38e3p-3, -0x1.bcb7b1526e50ep-3,
 };
 
 // (2^r - 1) / r, |r| up to 1/128, worst error 2^-51
 inline constexpr double kExp2Double[5] = {
-    0x1.5d86b03ce7ff6p-10,
-    0x1.3b2ad03856e9p-7,
-    0x1.c6b08d7080252p-5,
-    0x1.ebfbdff82ac52p-3,
-    0x1.62e42fefa39efp-1,
+    0x1.5d86b03ce7ff6p-10, 0x1.3b2ad03856e9p-7, 0x1.c6b08d7080252p-5, 0x1.ebfbdff82ac52p-3, 0x1.62e42fefa39efp-1,
 };
 
 // (10^r - 1) / r, |r| up to log10(2)/128, worst error 2^-50.9
 inline constexpr double kExp10Double[5] = {
-    0x1.142cffccd5b64p-1,
-    0x1.2bd778a37942ap0,
-    0x1.0470591d8cdb6p1,
-    0x1.53524c73cd8ffp1,
-    0x1.26bb1bbb55516p1,
+    0x1.142cffccd5b64p-1, 0x1.2bd778a37942ap0, 0x1.0470591d8cdb6p1, 0x1.53524c73cd8ffp1, 0x1.26bb1bbb55516p1,
 };
 
 // (e^r - 1 - r) / r^2, |r| up to ln(2)/64, worst error 2^-8.1

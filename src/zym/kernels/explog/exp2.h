@@ -6,7 +6,7 @@
 #include "zym/kernels/explog/exp.h"
 #include "zym/kernels/explog/exp2_factors.h"
 #include "zym/kernels/explog/exp_element.h"
-#include "zym/lanes/lanes.h"
+#include "zym/skeleton/family.h"
 
 namespace orvik::zym {
 
@@ -48,76 +48,74 @@ int32_t power_element(E x, E* r, E above, E below, ExpParts (*parts_of)(double))
 template <class V, Level>
 struct Exp2;
 
-template <Level L>
-struct Exp2<F32, L> {
-  static auto special(F32 x) { return magnitude_above<0x42FC0000>(x); }  // 126
-  static F32 repair(F32 x, F32& r, F32 mask) {
-    return repair_exp<F32>(x, r, mask, std::nextafter(128.0f, 0.0f), std::nextafter(-150.0f, 0.0f));
+template <Single V, Level L>
+struct Exp2<V, L> {
+  static auto special(V x) { return magnitude_above<0x42FC0000>(x); }  // 126
+  static Mask<V> repair(V x, V& r, Mask<V> mask) {
+    return repair_exp<V>(x, r, mask, std::nextafter(128.0f, 0.0f), std::nextafter(-150.0f, 0.0f));
   }
   static int32_t element(const float* x, float* r) { return power_element(*x, r, 128.0f, -150.0f, exp2_parts); }
 
-  static F32 lanes(F32 x) {
-    const F32 shifter = 196608.0f;  // 1.5 * 2^17: steps of 1/64
-    const F32 t = x + shifter;
-    const F32 r = x - (t - shifter);
-    const Exp2Row row = Exp2Row::of_64(as_bits(t));
-    const F32 q = fma(fma(F32(0.24022668600082397f), r, F32(0.693149745464325f)), r, row.tail);
-    const F32 y = row.head + fma(row.head, q, row.low);
+  static V lanes(V x) {
+    const V shifter = 196608.0f;  // 1.5 * 2^17: steps of 1/64
+    const V t = x + shifter;
+    const V r = x - (t - shifter);
+    const Exp2Row<V> row = Exp2Row<V>::of_64(as_bits(t));
+    const V q = fma(fma(V(0.24022668600082397f), r, V(0.693149745464325f)), r, row.tail);
+    const V y = row.head + fma(row.head, q, row.low);
     return as_float(as_bits(y) + exponent_bits<6>(t));
   }
 };
 
-template <Level L>
-struct Exp2<F64, L> {
-  static auto special(F64 x) { return magnitude_above<0x408FEFFF>(x); }  // from 1022
-  static F64 repair(F64 x, F64& r, F64 mask) {
-    return repair_exp<F64>(x, r, mask, std::nextafter(1024.0, 0.0), std::nextafter(-1075.0, 0.0));
+template <Double V, Level L>
+struct Exp2<V, L> {
+  static auto special(V x) { return magnitude_above<0x408FEFFF>(x); }  // from 1022
+  static Mask<V> repair(V x, V& r, Mask<V> mask) {
+    return repair_exp<V>(x, r, mask, std::nextafter(1024.0, 0.0), std::nextafter(-1075.0, 0.0));
   }
   static int32_t element(const double* x, double* r) { return power_element(*x, r, 1024.0, -1075.0, exp2_parts); }
 
-  static F64 lanes(F64 x) {
-    const F64 shifter = kShifter64 / 64;
-    const F64 t = x + shifter;
-    const F64 r = x - (t - shifter);
-    const GatheredPair row = gather(kExp2Frac64, Indices(as_bits(t) & I64(int64_t{63})));
-    const F64 p = fma(r, horner(r, kExp2Double), row.second);
-    return ExpDouble::scale<6>(fma(row.first, p, row.first), t);
+  static V lanes(V x) {
+    const V shifter = kShifter64 / 64;
+    const V t = x + shifter;
+    const V r = x - (t - shifter);
+    const auto row = gather(kExp2Frac64, indices(as_bits(t) & Integer<V>(int64_t{63})));
+    const V p = fma(r, horner(r, kExp2Double), row.second);
+    return scale_by_row<6>(fma(row.first, p, row.first), t);
   }
 };
 
 template <class V, Level>
 struct Exp10;
 
-template <Level L>
-struct Exp10<F32, L> {
-  static auto special(F32 x) { return magnitude_above<std::bit_cast<uint32_t>(37.92978286743164f) - 1>(x); }
-  static F32 repair(F32 x, F32& r, F32 mask) { return repair_exp<F32>(x, r, mask, 39.0f, -46.0f); }
+template <Single V, Level L>
+struct Exp10<V, L> {
+  static auto special(V x) { return magnitude_above<std::bit_cast<uint32_t>(37.92978286743164f) - 1>(x); }
+  static Mask<V> repair(V x, V& r, Mask<V> mask) { return repair_exp<V>(x, r, mask, 39.0f, -46.0f); }
   static int32_t element(const float* x, float* r) { return power_element(*x, r, 39.0f, -46.0f, exp10_parts); }
 
-  static F32 lanes(F32 x) {
-    const F32 t = fma(x, F32(425.206787109375f), F32(kShifter32));  // steps of log10(2)/128
-    const F32 n = t - F32(kShifter32);
-    const F32 r = fnma(n, F32(-1.8713717508944683e-06f), fnma(n, F32(0.002353668212890625f), x));
-    const Exp2Row row = Exp2Row::of_128(as_bits(t));
-    const F32 q = fma(fma(F32(2.650949716567993f), r, F32(2.3025872707366943f)), r, row.tail);
-    const F32 y = row.head + fma(row.head, q, row.low);
+  static V lanes(V x) {
+    const auto [t, n] = shift_round(x, V(425.206787109375f));  // steps of log10(2)/128
+    const V r = fnma(n, V(-1.8713717508944683e-06f), fnma(n, V(0.002353668212890625f), x));
+    const Exp2Row<V> row = Exp2Row<V>::of_128(as_bits(t));
+    const V q = fma(fma(V(2.650949716567993f), r, V(2.3025872707366943f)), r, row.tail);
+    const V y = row.head + fma(row.head, q, row.low);
     return as_float(as_bits(y) + exponent_bits<7>(t));
   }
 };
 
-template <Level L>
-struct Exp10<F64, L> {
-  static auto special(F64 x) { return magnitude_above<0x40733A70>(x); }  // from 307.652
-  static F64 repair(F64 x, F64& r, F64 mask) { return repair_exp<F64>(x, r, mask, 308.3, -324.0); }
+template <Double V, Level L>
+struct Exp10<V, L> {
+  static auto special(V x) { return magnitude_above<0x40733A70>(x); }  // from 307.652
+  static Mask<V> repair(V x, V& r, Mask<V> mask) { return repair_exp<V>(x, r, mask, 308.3, -324.0); }
   static int32_t element(const double* x, double* r) { return power_element(*x, r, 308.3, -324.0, exp10_parts); }
 
-  static F64 lanes(F64 x) {
-    const F64 t = fma(x, F64(k64OverLog10Of2), F64(kShifter64));
-    const F64 n = t - F64(kShifter64);
-    const F64 r = fnma(n, F64(kLog10Of2Over64Tail), fnma(n, F64(kLog10Of2Over64Head), x));
-    const GatheredPair row = gather(kExp2Frac64, Indices(as_bits(t) & I64(int64_t{63})));
-    const F64 p = fma(r, horner(r, kExp10Double), row.second);
-    return ExpDouble::scale<6>(fma(row.first, p, row.first), t);
+  static V lanes(V x) {
+    const auto [t, n] = shift_round(x, V(k64OverLog10Of2));
+    const V r = fnma(n, V(kLog10Of2Over64Tail), fnma(n, V(kLog10Of2Over64Head), x));
+    const auto row = gather(kExp2Frac64, indices(as_bits(t) & Integer<V>(int64_t{63})));
+    const V p = fma(r, horner(r, kExp10Double), row.second);
+    return scale_by_row<6>(fma(row.first, p, row.first), t);
   }
 };
 

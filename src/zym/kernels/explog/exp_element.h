@@ -4,10 +4,10 @@
 #include <cmath>
 #include <cstdint>
 
+#include "lanes/scalar.h"
 #include "orvik/zym_types.h"
 #include "zym/kernels/explog/constants.h"
 #include "zym/kernels/explog/tables.h"
-#include "zym/lanes/scalar.h"
 
 namespace orvik::zym {
 
@@ -108,8 +108,8 @@ inline int32_t exp_element(const double* px, double* r) {
 // HA: in 64 bits, rounded once more.
 inline int32_t exp_element_wide(const float* px, float* r) {
   const float x = *px;
-  const uint32_t exponent = bits_of(x) & FloatBits<float>::exponent;
-  if (exponent == FloatBits<float>::exponent) {
+  const uint32_t exponent = bits_of(x) & FloatBits<float>::exponent_field;
+  if (exponent == FloatBits<float>::exponent_field) {
     *r = exp_not_finite(x);
     return 0;
   }
@@ -137,7 +137,7 @@ inline int32_t exp_element_wide(const float* px, float* r) {
 // LA and EP: in 32 bits.
 inline int32_t exp_element_narrow(const float* px, float* r) {
   const float x = *px;
-  if ((bits_of(x) & FloatBits<float>::exponent) == FloatBits<float>::exponent) {
+  if ((bits_of(x) & FloatBits<float>::exponent_field) == FloatBits<float>::exponent_field) {
     *r = exp_not_finite(x);
     return 0;
   }

@@ -5,7 +5,7 @@
 #include "zym/kernels/explog/exp.h"
 #include "zym/kernels/explog/exp2_factors.h"
 #include "zym/kernels/explog/exp_element.h"
-#include "zym/lanes/lanes.h"
+#include "zym/skeleton/family.h"
 
 namespace orvik::zym {
 
@@ -25,10 +25,10 @@ int32_t expm1_element(E x, E* r, E overflow) {
 
 // Above the overflow bound infinite, below -80 all that is special is -1.
 template <class V>
-V repair_expm1(V x, V& r, V mask, V overflow) {
-  using E = typename V::Element;
-  const V above = compare<_CMP_GT_OQ>(x, overflow);
-  const V below = compare<_CMP_LT_OQ>(x, V(E(-80))) & mask;
+Mask<V> repair_expm1(V x, V& r, Mask<V> mask, V overflow) {
+  using E = Element<V>;
+  const Mask<V> above = x > overflow;
+  const Mask<V> below = (x < V(E(-80))) & mask;
   r = select(above, V(infinity<E>), r);
   r = select(below, V(E(-1)), r);
   return andnot(above | below, mask);
@@ -38,7 +38,7 @@ V repair_expm1(V x, V& r, V mask, V overflow) {
 // leading part with its own, and only the last sum rounds in the result.
 template <class V, class AddRest>
 V expm1_sum(V s, V r, AddRest add_rest) {
-  using E = typename V::Element;
+  using E = Element<V>;
   const V less = s - V(E(1));
   const V one = s - less;
   const V lost = (s - (less + one)) + (one - V(E(1)));
@@ -50,70 +50,67 @@ V expm1_sum(V s, V r, AddRest add_rest) {
 template <class V, Level L>
 struct Expm1;
 
-template <Level L>
-struct Expm1<F32, L> {
-  static auto special(F32 x) { return magnitude_above<std::bit_cast<uint32_t>(86.64f) - 1>(x); }
-  static F32 repair(F32 x, F32& r, F32 mask) { return repair_expm1(x, r, mask, F32(kExpOverflow32)); }
+template <Single V, Level L>
+struct Expm1<V, L> {
+  static auto special(V x) { return magnitude_above<std::bit_cast<uint32_t>(86.64f) - 1>(x); }
+  static Mask<V> repair(V x, V& r, Mask<V> mask) { return repair_expm1(x, r, mask, V(kExpOverflow32)); }
   static int32_t element(const float* x, float* r) { return expm1_element(*x, r, kExpOverflow32); }
 
-  static F32 lanes(F32 x) {
-    F32 y;
+  static V lanes(V x) {
+    V y;
     if constexpr (L == Level::EP) {
-      const F32 t = fma(x, F32(46.166241308446828f), F32(kShifter32));
-      const F32 n = t - F32(kShifter32);
-      const F32 r = fnma(n, F32(0.021660849392498290f), x);
-      const F32 s = as_float(as_bits(exp2_of_32(as_bits(t))) + exponent_bits<5>(t));
-      y = fma(s, fma(r * r, F32(kExpm1SingleEP[0]), r), s - F32(1.0f));
+      const auto [t, n] = shift_round(x, V(46.166241308446828f));
+      const V r = fnma(n, V(0.021660849392498290f), x);
+      const V s = as_float(as_bits(exp2_of_32<V>(as_bits(t))) + exponent_bits<5>(t));
+      y = fma(s, fma(r * r, V(kExpm1SingleEP[0]), r), s - V(1.0f));
     } else {
-      const F32 t = fma(x, F32(92.332482616893657f), F32(kShifter32));
-      const F32 n = t - F32(kShifter32);
-      const F32 upper = fnma(n, F32(kLn2Over64Head32), x);
-      const F32 r = fnma(n, F32(kLn2Over64Tail32), upper);
-      const Exp2Row row = Exp2Row::of_64(as_bits(t));
-      const I32 exponent = exponent_bits<6>(t);
-      const F32 s = as_float(as_bits(row.head) + exponent);
-      const F32 scale = as_float(as_bits(F32(1.0f)) + exponent);
+      const auto [t, n] = shift_round(x, V(92.332482616893657f));
+      const V upper = fnma(n, V(kLn2Over64Head32), x);
+      const V r = fnma(n, V(kLn2Over64Tail32), upper);
+      const Exp2Row<V> row = Exp2Row<V>::of_64(as_bits(t));
+      const Integer<V> exponent = exponent_bits<6>(t);
+      const V s = as_float(as_bits(row.head) + exponent);
+      const V scale = as_float(as_bits(V(1.0f)) + exponent);
       if constexpr (L == Level::LA) {
-        const F32 rest = fma(row.head, fma(r * r, horner(r, kExpm1SingleLA), r) + row.tail, row.low);
-        y = fma(scale, rest, s - F32(1.0f));
+        const V rest = fma(row.head, fma(r * r, horner(r, kExpm1SingleLA), r) + row.tail, row.low);
+        y = fma(scale, rest, s - V(1.0f));
       } else {
-        const F32 r_low = fnma(n, F32(kLn2Over64Tail32), upper - r);
-        const F32 rest = fma(r * r, horner(r, kExpm1SingleHA), r_low + fma(row.tail, r, row.tail));
-        y = expm1_sum(s, r, [&](F32 lost) { return fma(scale, fma(row.low, r, row.low), fma(s, rest, lost)); });
+        const V r_low = fnma(n, V(kLn2Over64Tail32), upper - r);
+        const V rest = fma(r * r, horner(r, kExpm1SingleHA), r_low + fma(row.tail, r, row.tail));
+        y = expm1_sum(s, r, [&](V lost) { return fma(scale, fma(row.low, r, row.low), fma(s, rest, lost)); });
       }
     }
-    return y | sign_of(x);  // +0 for -0 otherwise
+    return join_sign(y, x);  // +0 for -0 otherwise
   }
 };
 
-template <Level L>
-struct Expm1<F64, L> {
-  static auto special(F64 x) { return magnitude_above<0x40861D99>(x); }  // from about 707.7
-  static F64 repair(F64 x, F64& r, F64 mask) { return repair_expm1(x, r, mask, F64(kExpOverflow64)); }
+template <Double V, Level L>
+struct Expm1<V, L> {
+  static auto special(V x) { return magnitude_above<0x40861D99>(x); }  // from about 707.7
+  static Mask<V> repair(V x, V& r, Mask<V> mask) { return repair_expm1(x, r, mask, V(kExpOverflow64)); }
   static int32_t element(const double* x, double* r) { return expm1_element(*x, r, kExpOverflow64); }
 
-  static F64 lanes(F64 x) {
-    const F64 t = fma(x, F64(184.6649652337873), F64(kShifter64));
-    const F64 n = t - F64(kShifter64);
-    const F64 upper = fnma(n, F64(kLn2Over128Head), x);
-    const F64 r = fnma(n, F64(kLn2Over128Tail), upper);
-    const Indices index(as_bits(t) & I64(int64_t{127}));
-    F64 y;
+  static V lanes(V x) {
+    const auto [t, n] = shift_round(x, V(184.6649652337873));
+    const V upper = fnma(n, V(kLn2Over128Head), x);
+    const V r = fnma(n, V(kLn2Over128Tail), upper);
+    const auto index = indices(as_bits(t) & Integer<V>(int64_t{127}));
+    V y;
     if constexpr (L == Level::EP) {
-      const F64 s = ExpDouble::scale<7>(gather(kExp2Frac128, index), t);
-      y = fma(s, fma(r * r, horner(r, kExpm1DoubleEP), r), s - F64(1.0));
+      const V s = scale_by_row<7>(gather(kExp2Frac128, index), t);
+      y = fma(s, fma(r * r, horner(r, kExpm1DoubleEP), r), s - V(1.0));
     } else {
-      const GatheredPair row = gather(kExp2Pairs128, index);
-      const F64 s = ExpDouble::scale<7>(row.first, t);
+      const auto row = gather(kExp2Pairs128, index);
+      const V s = scale_by_row<7>(row.first, t);
       if constexpr (L == Level::LA) {
-        y = fma(s, fma(r * r, horner(r, kExpm1DoubleLA), r) + row.second, s - F64(1.0));
+        y = fma(s, fma(r * r, horner(r, kExpm1DoubleLA), r) + row.second, s - V(1.0));
       } else {
-        const F64 r_low = fnma(n, F64(kLn2Over128Tail), upper - r);
-        const F64 rest = fma(r * r, horner(r, kExpm1DoubleLA), r_low + fma(row.second, r, row.second));
-        y = expm1_sum(s, r, [&](F64 lost) { return fma(s, rest, lost); });
+        const V r_low = fnma(n, V(kLn2Over128Tail), upper - r);
+        const V rest = fma(r * r, horner(r, kExpm1DoubleLA), r_low + fma(row.second, r, row.second));
+        y = expm1_sum(s, r, [&](V lost) { return fma(s, rest, lost); });
       }
     }
-    return y | sign_of(x);  // +0 for -0 otherwise
+    return join_sign(y, x);  // +0 for -0 otherwise
   }
 };
 

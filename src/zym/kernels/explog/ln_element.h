@@ -4,9 +4,9 @@
 #include <cmath>
 #include <cstdint>
 
+#include "lanes/scalar.h"
 #include "orvik/zym_types.h"
 #include "zym/kernels/explog/tables.h"
-#include "zym/lanes/scalar.h"
 
 namespace orvik::zym {
 

@@ -4,38 +4,41 @@
 
 #include <cmath>
 
+#include "lanes/scalar.h"
 #include "zym/kernels/explog/base.h"
 #include "zym/kernels/explog/constants.h"
 #include "zym/kernels/explog/tables.h"
-#include "zym/lanes/lanes.h"
-#include "zym/lanes/scalar.h"
+#include "zym/skeleton/family.h"
 
 namespace orvik::zym {
 
 // x = 2^e 128 m with 128 m in [2/3, 4/3); rc from 96 to 192.
+template <Single V>
 struct WideKey {
-  I32 e, rc;
-  F32 m;
-  explicit WideKey(F32 x) {
-    const I32 u = as_bits(x) - I32(0x3F2AAAABu);
+  Integer<V> e, rc;
+  V m;
+  explicit WideKey(V x) {
+    using I = Integer<V>;
+    const I u = as_bits(x) - I(0x3F2AAAABu);
     e = shift_right_arithmetic<23>(u);
-    m = as_float((u & I32(0x007FFFFFu)) + I32(0x3F2AAAABu - (7u << 23)));
+    m = as_float((u & I(0x007FFFFFu)) + I(0x3F2AAAABu - (7u << 23)));
     rc = to_integer(reciprocal_estimate(m));
   }
 };
 
-// Four lanes: r and the exponent as doubles, the table's rows.
-template <class Base>
-F64 wide_log(F64 r, F64 e, __m128i rc) {
-  const F64 row = gather<96>(Base::table, Indices(rc));
-  const F64 table = Base::of2 == 1.0 ? e + row : fma(e, F64(Base::of2), row);
+// 64-bit lanes: r and the exponent as doubles, the table's rows.
+template <class Base, Double V>
+V wide_log(V r, V e, Index<V> rc) {
+  const V row = gather<96>(Base::table, indices(rc));
+  const V table = Base::of2 == 1.0 ? e + row : fma(e, V(Base::of2), row);
   return fma(r, horner(r, Base::wide), table);
 }
 
-template <class Base>
-F32 wide_log(const WideKey& k) {
-  const auto half = [&](__m128i rc, __m128i e, F64 m) {
-    return wide_log<Base>(fms(F64(_mm256_cvtepi32_pd(rc)), m, F64(1.0)), _mm256_cvtepi32_pd(e), rc);
+template <class Base, Single V>
+V wide_log(const WideKey<V>& k) {
+  using W = Wide<V>;
+  const auto half = [&](Index<W> rc, Index<W> e, W m) {
+    return wide_log<Base>(fms(to_double(rc), m, W(1.0)), to_double(e), rc);
   };
   return narrow(half(low_half(k.rc), low_half(k.e), widen_low(k.m)),
                 half(high_half(k.rc), high_half(k.e), widen_high(k.m)));

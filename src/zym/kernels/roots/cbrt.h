@@ -3,10 +3,10 @@
 // z = 2^k m in [1, 8), and d = 1 - z w^3 leads to the last place.
 #pragma once
 
+#include "lanes/scalar.h"
 #include "orvik/zym_types.h"
 #include "zym/kernels/roots/constants_cbrt.h"
 #include "zym/kernels/roots/estimate.h"
-#include "zym/lanes/scalar.h"
 
 namespace orvik::zym {
 namespace roots {
@@ -14,56 +14,56 @@ namespace roots {
 template <class V>
 struct Thirds;
 
-template <>
-struct Thirds<F32> {
-  I32 shift;  // q, in the exponent field
-  F32 z, m;
+template <Single V>
+struct Thirds<V> {
+  using I = Integer<V>;
+  I shift;  // q, in the exponent field
+  V z, m;
 
-  explicit Thirds(F32 x) {
-    const I32 bits = as_bits(magnitude(x)) + I32(2 << 23);  // 127 + 2 is a multiple of 3
-    const I32 third = shift_left<23>(I32(multiply_high16(shift_right<23>(bits).v, 0x5556)));
-    shift = third - I32(43 << 23);
+  explicit Thirds(V x) {
+    const I bits = as_bits(magnitude(x)) + I(2 << 23);  // 127 + 2 is a multiple of 3
+    const I third = shift_left<23>(multiply_high16(shift_right<23>(bits), 0x5556));
+    shift = third - I(43 << 23);
     k_ = bits - (third + shift_left<1>(third));
-    z = as_float(k_ + I32(127 << 23));
-    m = as_float((k_ & I32(0x007FFFFF)) | I32(0x3F800000));
+    z = as_float(k_ + I(127 << 23));
+    m = as_float((k_ & I(0x007FFFFF)) | I(0x3F800000));
   }
-  F32 power(const float (&table)[8]) const {
-    const I32 entries = as_bits(load<F32>(table));
-    return as_float(look_up(entries, shift_right<23>(k_)));
-  }
+  V power(const float (&table)[8]) const { return look_up(octet_table<V>(table), shift_right<23>(k_)); }
 
  private:
-  I32 k_;  // k in the exponent field, the fraction below
+  I k_;  // k in the exponent field, the fraction below
 };
 
 // The high words do the work; what stands in the low words of k is the fraction.
-template <>
-struct Thirds<F64> {
-  I64 shift;
-  F64 z, m;
+template <Double V>
+struct Thirds<V> {
+  using I = Integer<V>;
+  I shift;
+  V z, m;
 
-  explicit Thirds(F64 x) {
-    const I64 bits = as_bits(magnitude(x));
-    const I64 third = shift_left<52>(I64(multiply_high16(shift_right<52>(bits).v, 0x5556)));
-    shift = third - I64(uint64_t{341} << 52);
+  explicit Thirds(V x) {
+    const I bits = as_bits(magnitude(x));
+    const I third = shift_left<52>(multiply_high16(shift_right<52>(bits), 0x5556));
+    shift = third - I(uint64_t{341} << 52);
     k_ = bits - (third + shift_left<1>(third));
-    z = as_float(k_ + I64(uint64_t{1023} << 52));
-    m = as_float((k_ & I64(uint64_t{0x000FFFFFFFFFFFFF})) | I64(uint64_t{0x3FF0000000000000}));
+    z = as_float(k_ + I(uint64_t{1023} << 52));
+    m = as_float((k_ & I(uint64_t{0x000FFFFFFFFFFFFF})) | I(uint64_t{0x3FF0000000000000}));
   }
   // The powers at 21 bits: w is an estimate.
-  F64 power(const uint32_t (&table)[8]) const {
-    const I32 entries = _mm256_load_si256(reinterpret_cast<const __m256i*>(table));
-    const I32 found = look_up(entries, shift_right<20>(I32(k_.v)));
-    return as_float(I64(found.v) & I64(high(0xFFFFFFFFu)));
+  V power(const uint32_t (&table)[8]) const {
+    const I index = as_long_words(shift_right<20>(as_words(k_)));
+    return as_float(look_up(octet_table<V>(table), index) & I(high(0xFFFFFFFFu)));
   }
 
  private:
-  I64 k_;
+  I k_;
 };
 
 // w with few enough bits for an exact square: 12, 26.
-inline F32 truncated(F32 w) { return w & pattern<F32>(0xFFFFF000u); }
-inline F64 truncated(F64 w) { return w & pattern<F64>(0xFFFFFFFFF8000000u); }
+template <class V>
+V truncated(V w) {
+  return w & pattern<V>(Single<V> ? Bits<V>(0xFFFFF000u) : Bits<V>(0xFFFFFFFFF8000000u));
+}
 
 // 1 - z w^3 of a truncated w, exact to its own rounding.
 template <class V>
@@ -74,16 +74,14 @@ inline V cubic_residue(V z, V w) {
 }
 
 template <class V>
-inline V scaled(V r, typename V::Integer shift) {
+inline V scaled(V r, Integer<V> shift) {
   return as_float(as_bits(r) + shift);
 }
 
 // Denormals, scaled by a power of eight, through the lanes: one element.
 template <class Fn, class V>
-inline typename V::Element through_lanes(typename V::Element x) {
-  alignas(32) typename V::Element r[V::width];
-  store(r, Fn::lanes(V(x)));
-  return r[0];
+inline Element<V> through_lanes(Element<V> x) {
+  return first_lane(Fn::lanes(V(x)));
 }
 template <class E>
 inline constexpr E kLift = sizeof(E) == 4 ? E(0x1p24) : E(0x1p54);
@@ -92,17 +90,16 @@ inline constexpr E kLiftRoot = sizeof(E) == 4 ? E(0x1p8) : E(0x1p18);
 
 template <class V>
 inline auto not_normal(V x) {
-  constexpr bool wide = V::width == 4;
-  return outside_magnitude < wide ? 0x00100000 : 0x00800000, wide ? 0x7FEFFFFF : 0x7F7FFFFF > (x);
+  return outside_magnitude < Single<V> ? 0x00800000u : 0x00100000u, Single<V> ? 0x7F7FFFFFu : 0x7FEFFFFFu > (x);
 }
 
 // w ~ z^(-1/3). The 64-bit EP level has one more power here and two fewer behind.
-template <Level L>
-inline F32 inverse_cube_root(const Thirds<F32>& t) {
+template <Level L, Single V>
+inline V inverse_cube_root(const Thirds<V>& t) {
   return t.power(kInverseThirdRoots) * horner(t.m, kInvCbrtStart);
 }
-template <Level L>
-inline F64 inverse_cube_root(const Thirds<F64>& t) {
+template <Level L, Double V>
+inline V inverse_cube_root(const Thirds<V>& t) {
   if constexpr (L == Level::EP) return t.power(kInverseThirdRootsHigh) * horner(t.m, kInvCbrtStart64Short);
   return t.power(kInverseThirdRootsHigh) * horner(t.m, kInvCbrtStart64);
 }
@@ -111,7 +108,7 @@ inline F64 inverse_cube_root(const Thirds<F64>& t) {
 
 template <class Fn, class V>
 struct CbrtElement {
-  using E = typename V::Element;
+  using E = Element<V>;
   static auto special(V x) { return roots::not_normal(x); }
   static int32_t element(const E* px, E* r) {
     const E x = *px;
@@ -128,27 +125,27 @@ struct CbrtElement {
 
 template <class V, Level L>
 struct Cbrt : CbrtElement<Cbrt<V, L>, V> {
-  static constexpr int vectors = V::width == 4 ? 2 : 4;
+  static constexpr Knobs knobs = {.vectors = Single<V> ? 4 : 2};
   static V lanes(V x) {
     const roots::Thirds<V> t(x);
-    return roots::scaled(positive(t), t.shift) | sign_of(x);
+    return join_sign(roots::scaled(positive(t), t.shift), x);
   }
 
  private:
-  static F32 positive(const roots::Thirds<F32>& t) {
+  static V positive(const roots::Thirds<V>& t) requires Single<V> {
     if constexpr (L == Level::EP) return t.power(roots::kThirdRoots) * horner(t.m, roots::kCbrtShort);
-    if constexpr (L == Level::LA) return t.power(roots::kThirdRoots) * horner(t.m - F32(1.5f), roots::kCbrtLow);
+    if constexpr (L == Level::LA) return t.power(roots::kThirdRoots) * horner(t.m - V(1.5f), roots::kCbrtLow);
     // The rounding of y counts a third: 0.5 + 0.17 ulp.
-    const F32 w = roots::truncated(roots::inverse_cube_root<L>(t));
-    const F32 y = t.z * (w * w);
-    const F32 d = fnma(y, w, F32(1.0f));
+    const V w = roots::truncated(roots::inverse_cube_root<L>(t));
+    const V y = t.z * (w * w);
+    const V d = fnma(y, w, V(1.0f));
     return fma(y, d * horner(d, roots::kCbrtTail), y);
   }
-  static F64 positive(const roots::Thirds<F64>& t) {
-    F64 w = roots::inverse_cube_root<L>(t);
+  static V positive(const roots::Thirds<V>& t) requires Double<V> {
+    V w = roots::inverse_cube_root<L>(t);
     if constexpr (L == Level::HA) w = roots::truncated(w);
-    const F64 y = t.z * (w * w);
-    const F64 d = fnma(y, w, F64(1.0));
+    const V y = t.z * (w * w);
+    const V d = fnma(y, w, V(1.0));
     if constexpr (L == Level::EP) return y * horner(d, roots::kCbrtTail64Short);
     return fma(y, d * horner(d, roots::kCbrtTail64), y);
   }
@@ -156,7 +153,7 @@ struct Cbrt : CbrtElement<Cbrt<V, L>, V> {
 
 template <class Fn, class V>
 struct InvCbrtElement {
-  using E = typename V::Element;
+  using E = Element<V>;
   static auto special(V x) { return roots::not_normal(x); }
   static int32_t element(const E* px, E* r) {
     const E x = *px;
@@ -176,29 +173,28 @@ struct InvCbrtElement {
 
 template <class V, Level L>
 struct InvCbrt : InvCbrtElement<InvCbrt<V, L>, V> {
-  static constexpr int vectors = V::width == 4 ? 2 : 4;
+  static constexpr Knobs knobs = {.vectors = Single<V> ? 4 : 2};
   static V lanes(V x) {
     const roots::Thirds<V> t(x);
-    return as_float(as_bits(positive(t)) - t.shift) | sign_of(x);
+    return join_sign(as_float(as_bits(positive(t)) - t.shift), x);
   }
 
  private:
-  static F32 positive(const roots::Thirds<F32>& t) {
+  static V positive(const roots::Thirds<V>& t) requires Single<V> {
     if constexpr (L == Level::EP) return roots::inverse_cube_root<L>(t);
-    if constexpr (L == Level::LA)
-      return t.power(roots::kInverseThirdRoots) * horner(t.m - F32(1.5f), roots::kInvCbrtLow);
-    const F32 w = roots::truncated(roots::inverse_cube_root<L>(t));
-    const F32 d = roots::cubic_residue(t.z, w);
+    if constexpr (L == Level::LA) return t.power(roots::kInverseThirdRoots) * horner(t.m - V(1.5f), roots::kInvCbrtLow);
+    const V w = roots::truncated(roots::inverse_cube_root<L>(t));
+    const V d = roots::cubic_residue(t.z, w);
     return fma(w, d * horner(d, roots::kInvCbrtTail), w);
   }
-  static F64 positive(const roots::Thirds<F64>& t) {
-    F64 w = roots::inverse_cube_root<L>(t);
+  static V positive(const roots::Thirds<V>& t) requires Double<V> {
+    V w = roots::inverse_cube_root<L>(t);
     if constexpr (L == Level::HA) {
       w = roots::truncated(w);
-      const F64 d = roots::cubic_residue(t.z, w);
+      const V d = roots::cubic_residue(t.z, w);
       return fma(w, d * horner(d, roots::kInvCbrtTail64), w);
     }
-    const F64 d = fnma(t.z * (w * w), w, F64(1.0));
+    const V d = fnma(t.z * (w * w), w, V(1.0));
     if constexpr (L == Level::EP) return w * horner(d, roots::kInvCbrtTail64Short);
     return fma(w, d * horner(d, roots::kInvCbrtTail64), w);
   }
@@ -206,7 +202,7 @@ struct InvCbrt : InvCbrtElement<InvCbrt<V, L>, V> {
 
 template <class Fn, class V>
 struct Pow2o3Element {
-  using E = typename V::Element;
+  using E = Element<V>;
   static auto special(V x) { return roots::not_normal(x); }
   static int32_t element(const E* px, E* r) {
     const E x = *px;
@@ -226,33 +222,33 @@ struct Pow2o3Element {
 // z^(2/3) = z w (1 - d)^(-1/3). At HA the product z w keeps its low part.
 template <class V, Level L>
 struct Pow2o3 : Pow2o3Element<Pow2o3<V, L>, V> {
-  static constexpr int vectors = V::width == 4 ? 2 : 4;
+  static constexpr Knobs knobs = {.vectors = Single<V> ? 4 : 2};
   static V lanes(V x) {
     const roots::Thirds<V> t(x);
     return roots::scaled(positive(t), shift_left<1>(t.shift));
   }
 
  private:
-  static F32 positive(const roots::Thirds<F32>& t) {
+  static V positive(const roots::Thirds<V>& t) requires Single<V> {
     if constexpr (L == Level::EP) return t.power(roots::kTwoThirdRoots) * horner(t.m, roots::kPow2o3Short);
-    if constexpr (L == Level::LA) return t.power(roots::kTwoThirdRoots) * horner(t.m - F32(1.5f), roots::kPow2o3Low);
-    const F32 w = roots::truncated(roots::inverse_cube_root<L>(t));
-    const F32 g = t.z * w;
-    const F32 low = fms(t.z, w, g);
-    const F32 w2 = w * w;
-    const F32 d = fnma(low, w2, fnma(g, w2, F32(1.0f)));
+    if constexpr (L == Level::LA) return t.power(roots::kTwoThirdRoots) * horner(t.m - V(1.5f), roots::kPow2o3Low);
+    const V w = roots::truncated(roots::inverse_cube_root<L>(t));
+    const V g = t.z * w;
+    const V low = fms(t.z, w, g);
+    const V w2 = w * w;
+    const V d = fnma(low, w2, fnma(g, w2, V(1.0f)));
     return g + fma(g, d * horner(d, roots::kInvCbrtTail), low);
   }
-  static F64 positive(const roots::Thirds<F64>& t) {
-    F64 w = roots::inverse_cube_root<L>(t);
+  static V positive(const roots::Thirds<V>& t) requires Double<V> {
+    V w = roots::inverse_cube_root<L>(t);
     if constexpr (L == Level::HA) w = roots::truncated(w);
-    const F64 g = t.z * w;
-    const F64 w2 = w * w;
-    const F64 d = fnma(g, w2, F64(1.0));
+    const V g = t.z * w;
+    const V w2 = w * w;
+    const V d = fnma(g, w2, V(1.0));
     if constexpr (L == Level::EP) return g * horner(d, roots::kInvCbrtTail64Short);
     if constexpr (L == Level::LA) return fma(g, d * horner(d, roots::kInvCbrtTail64), g);
-    const F64 low = fms(t.z, w, g);
-    const F64 rest = fnma(low, w2, d);
+    const V low = fms(t.z, w, g);
+    const V rest = fnma(low, w2, d);
     return g + fma(g, rest * horner(rest, roots::kInvCbrtTail64), low);
   }
 };

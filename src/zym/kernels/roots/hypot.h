@@ -35,22 +35,22 @@ int32_t hypot_element(E a, E b, E* r, Finite finite) {
 }
 
 // In range: the sum within [2^-100, 2^126).
-template <Level L>
-struct Hypot<F32, L> {
-  static constexpr int vectors = 2;
-  static auto special(F32 a, F32 b) { return outside<0x0D800000, 0x7E7FFFFF>(fma(a, a, b * b)); }
+template <Single V, Level L>
+struct Hypot<V, L> {
+  static constexpr Knobs knobs = {.vectors = 2};
+  static auto special(V a, V b) { return outside<0x0D800000, 0x7E7FFFFF>(fma(a, a, b * b)); }
 
-  static F32 lanes(F32 a, F32 b) {
+  static V lanes(V a, V b) {
     if constexpr (L == Level::HA) {
-      const SquareSum<F32> sum(a, b);
-      const F32 y = roots::inverse_root(sum.s);
-      const auto root = Sqrt<F32, Level::HA>::refined(sum.s, sum.s * y, half_of(y));
+      const SquareSum<V> sum(a, b);
+      const V y = roots::inverse_root(sum.s);
+      const auto root = Sqrt<V, Level::HA>::refined(sum.s, sum.s * y, half_of(y));
       return fma(root.residue + sum.low, root.factor, root.head);
     } else {
-      const F32 s = fma(a, a, b * b);
-      const F32 y = roots::inverse_root(s);
+      const V s = fma(a, a, b * b);
+      const V y = roots::inverse_root(s);
       if constexpr (L == Level::EP) return s * y;
-      return Sqrt<F32, Level::HA>::refined(s, s * y, half_of(y)).sum();
+      return Sqrt<V, Level::HA>::refined(s, s * y, half_of(y)).sum();
     }
   }
 
@@ -60,19 +60,19 @@ struct Hypot<F32, L> {
 };
 
 // In range: the sum within [2^-900, 2^1020).
-template <Level L>
-struct Hypot<F64, L> {
-  static constexpr int vectors = 2;
-  static auto special(F64 a, F64 b) { return outside<0x07B00000, 0x7FAFFFFF>(fma(a, a, b * b)); }
+template <Double V, Level L>
+struct Hypot<V, L> {
+  static constexpr Knobs knobs = {.vectors = 2};
+  static auto special(V a, V b) { return outside<0x07B00000, 0x7FAFFFFF>(fma(a, a, b * b)); }
 
-  static F64 lanes(F64 a, F64 b) {
+  static V lanes(V a, V b) {
     if constexpr (L == Level::HA) {
       // The rounded root g, and what it lacks by the estimate of 1/g.
-      const SquareSum<F64> sum(a, b);
-      const F64 g = sqrt(sum.s);
+      const SquareSum<V> sum(a, b);
+      const V g = sqrt(sum.s);
       return fma(fnma(g, g, sum.s) + sum.low, half_of(roots::inverse_root(sum.s)), g);
     } else {
-      return Sqrt<F64, L>::lanes(fma(a, a, b * b));
+      return Sqrt<V, L>::lanes(fma(a, a, b * b));
     }
   }
 
@@ -82,9 +82,7 @@ struct Hypot<F64, L> {
       if (larger == 0) return 0.0;
       const double up = larger > 1 ? 0x1p-600 : 0x1p600;
       const double down = larger > 1 ? 0x1p600 : 0x1p-600;
-      alignas(32) double scaled[F64::width];
-      store(scaled, Hypot<F64, Level::HA>::lanes(F64(x * up), F64(y * up)));
-      return scaled[0] * down;
+      return first_lane(Hypot<F64, Level::HA>::lanes(F64(x * up), F64(y * up))) * down;
     });
   }
 };

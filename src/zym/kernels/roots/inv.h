@@ -4,9 +4,9 @@
 
 #include <cmath>
 
+#include "lanes/scalar.h"
 #include "orvik/zym_types.h"
 #include "zym/kernels/roots/estimate.h"
-#include "zym/lanes/scalar.h"
 
 namespace orvik::zym {
 
@@ -42,57 +42,57 @@ template <class V, Level L>
 struct RefinedReciprocal;
 
 // In range: normal, with a normal reciprocal; |x| <= 4.2519718974541703e+37.
-template <Level L>
-struct RefinedReciprocal<F32, L> {
-  static auto special(F32 x) { return roots::outside_magnitude<0x00800000, 0x7DFFE800>(x); }
-  static F32 lanes(F32 x) {
-    const F32 y = reciprocal_estimate(x);
-    const F32 e = fnma(x, y, F32(1.0f));
+template <Single V, Level L>
+struct RefinedReciprocal<V, L> {
+  static auto special(V x) { return outside_magnitude<0x00800000, 0x7DFFE800>(x); }
+  static V lanes(V x) {
+    const V y = reciprocal_estimate(x);
+    const V e = fnma(x, y, V(1.0f));
     if constexpr (L == Level::EP) return fma(y, e, y);  // e^2: 1.4e-7
     return fma(y, fma(e, e, e), y);                     // e^3: 4.9e-11
   }
 };
 
 // In range: a normal float when narrowed, 2^-126 <= |x| < 2^125, so that the estimate is one as well.
-template <Level L>
-struct RefinedReciprocal<F64, L> {
-  static auto special(F64 x) { return roots::outside_magnitude<0x38100000, 0x47BFFFFF>(x); }
-  static F64 lanes(F64 x) {
-    const F64 y = reciprocal_estimate(x);
-    const F64 e = fnma(x, y, F64(1.0));
+template <Double V, Level L>
+struct RefinedReciprocal<V, L> {
+  static auto special(V x) { return outside_magnitude<0x38100000, 0x47BFFFFF>(x); }
+  static V lanes(V x) {
+    const V y = reciprocal_estimate(x);
+    const V e = fnma(x, y, V(1.0));
     if constexpr (L == Level::EP) return fma(y, fma(e, e, e), y);  // e^3: 4.9e-11
-    const F64 e2 = e * e;
-    const F64 y1 = fma(y, e, y);
+    const V e2 = e * e;
+    const V y1 = fma(y, e, y);
     return fma(y1, fma(e2, e2, e2), y1);  // e^6
   }
 };
 
 template <class V, Level L>
-struct Inv : InvElement<typename V::Element> {
+struct Inv : InvElement<Element<V>> {
   static auto special(V x) { return RefinedReciprocal<V, L>::special(x); }
   static V lanes(V x) { return RefinedReciprocal<V, L>::lanes(x); }
 };
 template <class V>
-struct Inv<V, Level::HA> : InvElement<typename V::Element> {
-  static V special(V x) { return compare<_CMP_EQ_OQ>(x, V(0.0f)); }
+struct Inv<V, Level::HA> : InvElement<Element<V>> {
+  static Mask<V> special(V x) { return x == V(0.0f); }
   static V lanes(V x) { return V(1.0f) / x; }
 };
 
 template <class V>
-struct HardwareDiv : DivElement<typename V::Element> {
-  static V special(V, V b) { return compare<_CMP_EQ_OQ>(b, V(0.0f)); }
+struct HardwareDiv : DivElement<Element<V>> {
+  static Mask<V> special(V, V b) { return b == V(0.0f); }
   static V lanes(V a, V b) { return a / b; }
 };
 
 // The dividend comes in by one last multiplication, so that every one of them is plain.
 template <class V, Level L>
-struct Div : DivElement<typename V::Element> {
+struct Div : DivElement<Element<V>> {
   static auto special(V, V b) { return RefinedReciprocal<V, L>::special(b); }
   static V lanes(V a, V b) { return a * RefinedReciprocal<V, L>::lanes(b); }
 };
 template <class V>
 struct Div<V, Level::HA> : HardwareDiv<V> {};
-template <>
-struct Div<F64, Level::LA> : HardwareDiv<F64> {};
+template <Double V>
+struct Div<V, Level::LA> : HardwareDiv<V> {};
 
 }  // namespace orvik::zym

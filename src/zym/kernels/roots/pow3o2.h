@@ -37,16 +37,16 @@ V pow3o2_by_root(V x, V s) {
 }
 
 // From 2^-64 on the low part of the product is normal; below 1.25 * 2^85 the result is finite at every level.
-template <Level L>
-struct Pow3o2<F32, L> {
-  static auto special(F32 x) { return outside<0x1F800000, 0x6A1FFFFF>(x); }
+template <Single V, Level L>
+struct Pow3o2<V, L> {
+  static auto special(V x) { return outside<0x1F800000, 0x6A1FFFFF>(x); }
 
-  static F32 lanes(F32 x) {
-    if constexpr (L == Level::HA) return pow3o2_by_root(x, Sqrt<F32, Level::LA>::lanes(x));
-    const F32 y = roots::inverse_root(x);
-    const F32 s = x * y;
+  static V lanes(V x) {
+    if constexpr (L == Level::HA) return pow3o2_by_root(x, Sqrt<V, Level::LA>::lanes(x));
+    const V y = roots::inverse_root(x);
+    const V s = x * y;
     if constexpr (L == Level::EP) return x * s;
-    return x * Sqrt<F32, Level::HA>::refined(x, s, half_of(y)).sum();
+    return x * Sqrt<V, Level::HA>::refined(x, s, half_of(y)).sum();
   }
 
   static int32_t element(const float* x, float* r) {
@@ -57,17 +57,17 @@ struct Pow3o2<F32, L> {
   }
 };
 
-template <Level L>
-struct Pow3o2<F64, L> {
-  static constexpr int vectors = 2;
-  static auto special(F64 x) { return outside<0x1A700000, 0x6A8FFFFF>(x); }  // [2^-600, 2^682)
+template <Double V, Level L>
+struct Pow3o2<V, L> {
+  static constexpr Knobs knobs = {.vectors = 2};
+  static auto special(V x) { return outside<0x1A700000, 0x6A8FFFFF>(x); }  // [2^-600, 2^682)
 
-  static F64 lanes(F64 x) {
+  static V lanes(V x) {
     if constexpr (L == Level::HA) return pow3o2_by_root(x, sqrt(x));
-    const F64 y = roots::inverse_root(x);
-    const F64 s = x * y;
-    const F64 d = fnma(s, y, F64(1.0));
-    const F64 p = x * s;
+    const V y = roots::inverse_root(x);
+    const V s = x * y;
+    const V d = fnma(s, y, V(1.0));
+    const V p = x * s;
     if constexpr (L == Level::EP) return p * horner(d, roots::kInverseRootShort);
     return fma(p, d * horner(d, roots::kInverseRootTail), p);
   }
@@ -75,9 +75,8 @@ struct Pow3o2<F64, L> {
   static int32_t element(const double* x, double* r) {
     return pow3o2_element(*x, r, [](double v) {
       const bool large = v > 1;
-      alignas(32) double scaled[F64::width];
-      store(scaled, Pow3o2<F64, Level::HA>::lanes(F64(v * (large ? 0x1p-400 : 0x1p600))));
-      return large ? scaled[0] * 0x1p600 : scaled[0] * 0x1p-900;
+      const double scaled = first_lane(Pow3o2<F64, Level::HA>::lanes(F64(v * (large ? 0x1p-400 : 0x1p600))));
+      return large ? scaled * 0x1p600 : scaled * 0x1p-900;
     });
   }
 };

@@ -3,10 +3,10 @@
 
 #include <cmath>
 
+#include "lanes/scalar.h"
 #include "orvik/zym_types.h"
 #include "zym/kernels/roots/constants.h"
 #include "zym/kernels/roots/estimate.h"
-#include "zym/lanes/scalar.h"
 
 namespace orvik::zym {
 
@@ -76,41 +76,41 @@ template <class V, Level L>
 struct Sqrt;
 
 // Below 2^-100 the residue x - s^2 would be denormal.
-template <Level L>
-struct Sqrt<F32, L> : SqrtElement<float> {
-  static auto special(F32 x) { return outside<0x0D800000, 0x7F7FFFFF>(x); }
+template <Single V, Level L>
+struct Sqrt<V, L> : SqrtElement<float> {
+  static auto special(V x) { return outside<0x0D800000, 0x7F7FFFFF>(x); }
 
   // The residue with the first estimate leaves 1.5 (1.5 * 2^-12)^2 = 2.0e-7, 3.4 ulp.
-  static F32 lanes(F32 x) {
-    const F32 y = roots::inverse_root(x);
-    const F32 s = x * y;
+  static V lanes(V x) {
+    const V y = roots::inverse_root(x);
+    const V s = x * y;
     if constexpr (L == Level::EP) return s;
-    const F32 h = half_of(y);
+    const V h = half_of(y);
     if constexpr (L == Level::LA) return fma(fnma(s, s, x), h, s);
     return refined(x, s, h).sum();
   }
 
   // sqrt(x) as an unevaluated sum, within 2^-33.
   struct Root {
-    F32 head, factor, residue;
-    F32 sum() const { return fma(residue, factor, head); }
+    V head, factor, residue;
+    V sum() const { return fma(residue, factor, head); }
   };
-  static Root refined(F32 x, F32 s, F32 h) {
-    const F32 t = fnma(s, h, F32(0.5f));
-    const F32 g = fma(s, t, s);
+  static Root refined(V x, V s, V h) {
+    const V t = fnma(s, h, V(0.5f));
+    const V g = fma(s, t, s);
     return {g, h, fnma(g, g, x)};
   }
 };
 
 // The rounding of s = x y counts half: at most a quarter of an ulp, 0.77 ulp in all.
-template <Level L>
-struct Sqrt<F64, L> : SqrtElement<double> {
-  static auto special(F64 x) { return outside<0x00100000, 0x7FEFFFFF>(x); }
+template <Double V, Level L>
+struct Sqrt<V, L> : SqrtElement<double> {
+  static auto special(V x) { return outside<0x00100000, 0x7FEFFFFF>(x); }
 
-  static F64 lanes(F64 x) {
-    const F64 y = roots::inverse_root(x);
-    const F64 s = x * y;
-    const F64 d = fnma(s, y, F64(1.0));
+  static V lanes(V x) {
+    const V y = roots::inverse_root(x);
+    const V s = x * y;
+    const V d = fnma(s, y, V(1.0));
     if constexpr (L == Level::EP) return s * horner(d, roots::kInverseRootShort);
     return fma(s, d * horner(d, roots::kInverseRootTail), s);
   }
@@ -119,33 +119,33 @@ struct Sqrt<F64, L> : SqrtElement<double> {
 template <class V, Level L>
 struct InvSqrt;
 
-template <Level L>
-struct InvSqrt<F32, L> : InvSqrtElement<float> {
-  static auto special(F32 x) { return outside<0x00800000, 0x7F7FFFFF>(x); }
+template <Single V, Level L>
+struct InvSqrt<V, L> : InvSqrtElement<float> {
+  static auto special(V x) { return outside<0x00800000, 0x7F7FFFFF>(x); }
 
-  static F32 lanes(F32 x) {
-    const F32 y = roots::inverse_root(x);
-    const F32 s = x * y;
+  static V lanes(V x) {
+    const V y = roots::inverse_root(x);
+    const V s = x * y;
     if constexpr (L == Level::HA) {
       // d = 1 - (s + low) y, exact to its own rounding; 1/sqrt(x) = y (1 + d/2 + 3/8 d^2), 5/16 d^3 = 1.3e-10 left.
-      const F32 low = fms(x, y, s);
-      const F32 d = fnma(low, y, fnma(s, y, F32(1.0f)));
-      return fma(y * d, fma(d, F32(0.375f), F32(0.5f)), y);
+      const V low = fms(x, y, s);
+      const V d = fnma(low, y, fnma(s, y, V(1.0f)));
+      return fma(y * d, fma(d, V(0.375f), V(0.5f)), y);
     }
     // One step leaves -3/8 d^2, from -2.0e-7 to 0: half of 2^-22 moves it to the middle, 3.0 ulp with the roundings.
-    return fma(half_of(y), fnma(s, y, F32(0x1.000004p0f)), y);
+    return fma(half_of(y), fnma(s, y, V(0x1.000004p0f)), y);
   }
 };
 
 // From 2^1021 on y^2 may be denormal.
-template <Level L>
-struct InvSqrt<F64, L> : InvSqrtElement<double> {
-  static auto special(F64 x) { return outside<0x00100000, 0x7FBFFFFF>(x); }
+template <Double V, Level L>
+struct InvSqrt<V, L> : InvSqrtElement<double> {
+  static auto special(V x) { return outside<0x00100000, 0x7FBFFFFF>(x); }
 
   // y has 24 bits at most, so y^2 is exact.
-  static F64 lanes(F64 x) {
-    const F64 y = roots::inverse_root(x);
-    const F64 d = fnma(x, y * y, F64(1.0));
+  static V lanes(V x) {
+    const V y = roots::inverse_root(x);
+    const V d = fnma(x, y * y, V(1.0));
     if constexpr (L == Level::EP) return y * horner(d, roots::kInverseRootShort);
     return fma(y, d * horner(d, roots::kInverseRootTail), y);
   }

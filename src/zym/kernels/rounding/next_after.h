@@ -1,31 +1,27 @@
 // The float next to a towards b, and the exponent of a float.
 #pragma once
 
+#include "lanes/scalar.h"
 #include "orvik/zym_types.h"
-#include "zym/lanes/lanes.h"
-#include "zym/lanes/scalar.h"
+#include "zym/skeleton/family.h"
 
 namespace orvik::zym {
 
 // A step of one in the bit pattern, away from zero or towards it.
 template <class V, Level>
 struct NextAfter {
-  using E = typename V::Element;
-  using I = typename V::Integer;
-  using Bits = typename V::Bits;
+  using E = Element<V>;
+  using B = Bits<V>;
 
   static V lanes(V a, V b) {
     // The sign bit of `towards_zero` decides: set where |a| > |b|, or where the signs differ.
-    const V towards_zero = compare<_CMP_GT_OQ>(magnitude(a), magnitude(b)) | (a ^ b);
-    const V step = select(towards_zero, pattern<V>(~Bits{0}), pattern<V>(Bits{1}));
-    return as_float(as_bits(a) + as_bits(step));
+    const Mask<V> towards_zero = (magnitude(a) > magnitude(b)) | sign_decides(a ^ b);
+    return as_float(as_bits(a) + select(towards_zero, Integer<V>(~B{0}), Integer<V>(B{1})));
   }
 
-  static V special(V a, V b) {
+  static Mask<V> special(V a, V b) {
     const V r = magnitude(lanes(a, b));
-    const V same_or_nan = compare<_CMP_EQ_UQ>(a, b);
-    const V below_normal = compare<_CMP_LT_OQ>(r, V(std::numeric_limits<E>::min()));
-    return same_or_nan | below_normal | not_finite(r);
+    return equal_or_unordered(a, b) | (r < V(std::numeric_limits<E>::min())) | not_finite(r);
   }
 
   static int32_t element(const E* pa, const E* pb, E* r) {
@@ -41,14 +37,14 @@ struct NextAfter {
     }
     using F = FloatBits<E>;
     if (a == 0) {
-      *r = float_of<E>((bits_of(b) & F::sign) | 1);
+      *r = float_of<E>((bits_of(b) & F::sign_bit) | 1);
       return zymErrorUnderflow;
     }
     const bool signs_differ = is_negative(a) != is_negative(b);
     const bool towards_zero = signs_differ || magnitude_bits(a) > magnitude_bits(b);
-    *r = float_of<E>(static_cast<Bits>(bits_of(a) + (towards_zero ? ~Bits{0} : Bits{1})));
-    const Bits m = magnitude_bits(*r);
-    if (m == F::exponent) return zymErrorOverflow;
+    *r = float_of<E>(static_cast<B>(bits_of(a) + (towards_zero ? ~B{0} : B{1})));
+    const B m = magnitude_bits(*r);
+    if (m == F::exponent_field) return zymErrorOverflow;
     return m < F::min_normal ? zymErrorUnderflow : 0;
   }
 };
@@ -56,15 +52,16 @@ struct NextAfter {
 // floor(log2 |a|), exact. The exponent field becomes a float by way of the mantissa of 2^mantissa_bits.
 template <class V, Level>
 struct Logb {
-  using E = typename V::Element;
-  using Bits = typename V::Bits;
+  using E = Element<V>;
+  using B = Bits<V>;
 
-  static V special(V x) { return compare<_CMP_LT_OQ>(magnitude(x), V(std::numeric_limits<E>::min())) | not_finite(x); }
+  static Mask<V> special(V x) { return (magnitude(x) < V(std::numeric_limits<E>::min())) | not_finite(x); }
 
   static V lanes(V x) {
-    const V base = pattern<V>(Bits(V::bias + V::mantissa_bits) << V::mantissa_bits);  // 2^mantissa_bits
-    const V field = as_float(shift_right<V::mantissa_bits>(as_bits(magnitude(x))));
-    return ((field | base) - base) - V(static_cast<E>(V::bias));
+    const V base =
+        pattern<V>(B(Format<V>::bias + Format<V>::mantissa_bits) << Format<V>::mantissa_bits);  // 2^mantissa_bits
+    const V field = as_float(shift_right<Format<V>::mantissa_bits>(as_bits(magnitude(x))));
+    return ((field | base) - base) - V(static_cast<E>(Format<V>::bias));
   }
 
   static int32_t element(const E* px, E* r) {
@@ -77,7 +74,8 @@ struct Logb {
       *r = -infinity<E>;
       return zymErrorSingularity;
     } else {  // denormal: the highest set bit counts
-      *r = static_cast<E>(static_cast<int>(std::bit_width(magnitude_bits(x))) - V::mantissa_bits - V::bias);
+      *r = static_cast<E>(static_cast<int>(std::bit_width(magnitude_bits(x))) - Format<V>::mantissa_bits -
+                          Format<V>::bias);
     }
     return 0;
   }

@@ -7,9 +7,9 @@
 #include <bit>
 #include <cmath>
 
+#include "lanes/scalar.h"
 #include "orvik/zym_types.h"
-#include "zym/lanes/lanes.h"
-#include "zym/lanes/scalar.h"
+#include "zym/skeleton/family.h"
 
 namespace orvik::zym {
 
@@ -32,7 +32,7 @@ struct LastPlaces {
     const int up = std::min(std::countl_zero(mantissa) - (63 - kMantissaBits), exponent);
     if (mantissa == 0) return E(0);
     const uint64_t m = mantissa << up;
-    return float_of<E>(static_cast<typename F::Type>((static_cast<uint64_t>(exponent - up) << kMantissaBits) + m));
+    return float_of<E>(static_cast<typename F::Bits>((static_cast<uint64_t>(exponent - up) << kMantissaBits) + m));
   }
 };
 
@@ -61,28 +61,28 @@ struct LongDivision {
 
 template <class E>
 E with_sign_of(E magnitude, E sign) {
-  return float_of<E>(bits_of(magnitude) ^ (bits_of(sign) & FloatBits<E>::sign));
+  return float_of<E>(bits_of(magnitude) ^ (bits_of(sign) & FloatBits<E>::sign_bit));
 }
 
 template <class V>
 struct Quotient {
-  using E = typename V::Element;
-  static constexpr E kLimit = static_cast<E>(typename V::Bits{1} << (V::mantissa_bits - 1));
+  using E = Element<V>;
+  static constexpr E kLimit = static_cast<E>(Bits<V>{1} << (Format<V>::mantissa_bits - 1));
 
   V whole;  // trunc(|a| / |b|)
   V rest;   // |a| - whole |b|, in [0, |b|)
 
   static Quotient divide(V a, V b) {
-    const V q = round<_MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC>(magnitude(a) / magnitude(b));
+    const V q = round<Direction::zero>(magnitude(a) / magnitude(b));
     const V r = fnma(q, magnitude(b), magnitude(a));
-    const V too_many = compare<_CMP_LT_OQ>(r, V(E(0)));
-    return {q - (too_many & V(E(1))), r + (too_many & magnitude(b))};
+    const Mask<V> too_many = r < V(E(0));
+    return {q - keep(too_many, V(E(1))), r + keep(too_many, magnitude(b))};
   }
 
-  static V special(V a, V b) {
+  static Mask<V> special(V a, V b) {
     // False for NaN as well: zero or NaN divisors, infinite or NaN dividends, large quotients.
-    const V small = compare<_CMP_LT_OQ>(magnitude(a) / magnitude(b), V(kLimit));
-    return not_finite(a) | not_finite(b) | compare<_CMP_EQ_OQ>(b, V(E(0))) | (small ^ pattern<V>(~typename V::Bits{0}));
+    const Mask<V> small = magnitude(a) / magnitude(b) < V(kLimit);
+    return Mask<V>(not_finite(a) | not_finite(b)) | (b == V(E(0))) | complement(small);
   }
 
   template <class Exact>
@@ -102,9 +102,9 @@ struct Quotient {
 
 template <class V, Level>
 struct Fmod {
-  using E = typename V::Element;
-  static V special(V a, V b) { return Quotient<V>::special(a, b); }
-  static V lanes(V a, V b) { return Quotient<V>::divide(a, b).rest | sign_of(a); }
+  using E = Element<V>;
+  static Mask<V> special(V a, V b) { return Quotient<V>::special(a, b); }
+  static V lanes(V a, V b) { return join_sign(Quotient<V>::divide(a, b).rest, a); }
   static int32_t element(const E* a, const E* b, E* r) {
     return Quotient<V>::element(*a, *b, r, [](E x, E y) {
       return std::fabs(x) < std::fabs(y) ? x : with_sign_of(LongDivision<E>(x, y).rest, x);
@@ -116,18 +116,18 @@ struct Fmod {
 // whole quotient is odd.
 template <class V, Level>
 struct Remainder {
-  using E = typename V::Element;
-  static V special(V a, V b) { return Quotient<V>::special(a, b); }
+  using E = Element<V>;
+  static Mask<V> special(V a, V b) { return Quotient<V>::special(a, b); }
   static V lanes(V a, V b) {
     const Quotient<V> q = Quotient<V>::divide(a, b);
     const V to_next = magnitude(b) - q.rest;
-    const V over_half = compare<_CMP_GT_OQ>(q.rest, to_next);
-    const V half = compare<_CMP_EQ_OQ>(q.rest, to_next);
+    const Mask<V> over_half = q.rest > to_next;
+    const Mask<V> half = q.rest == to_next;
     // The lowest bit of a whole number below 2^mantissa_bits, in the sign bit.
-    const V base = pattern<V>(typename V::Bits(V::bias + V::mantissa_bits) << V::mantissa_bits);
+    const V base = pattern<V>(Bits<V>(Format<V>::bias + Format<V>::mantissa_bits) << Format<V>::mantissa_bits);
     const V odd = as_float(shift_left<sizeof(E) * 8 - 1>(as_bits(q.whole + base)));
-    const V next = over_half | (half & odd);
-    return select(next, q.rest - magnitude(b), q.rest) ^ sign_of(a);
+    const Mask<V> next = over_half | (half & sign_decides(odd));
+    return flip_sign(select(next, q.rest - magnitude(b), q.rest), a);
   }
   static int32_t element(const E* a, const E* b, E* r) {
     return Quotient<V>::element(*a, *b, r, [](E x, E y) {

@@ -2,22 +2,21 @@
 // infinities and NaNs take the element routine, which lets the lanes' result stand unless there is a NaN.
 #pragma once
 
-#include "zym/lanes/lanes.h"
-#include "zym/lanes/scalar.h"
+#include "lanes/scalar.h"
+#include "zym/skeleton/family.h"
 
 namespace orvik::zym {
 
 template <class V, Level>
 struct CopySign {
-  static constexpr bool streams = true;
-  static V lanes(V a, V b) { return magnitude(a) | sign_of(b); }
+  static constexpr Knobs knobs = {.streams = true};
+  static V lanes(V a, V b) { return copy_sign(a, b); }
 };
 
 template <class V>
 struct Selection {
-  using E = typename V::Element;
-  static constexpr bool streams = true;
-  static constexpr bool lanes_stand = true;
+  using E = Element<V>;
+  static constexpr Knobs knobs = {.streams = true, .lanes_stand = true};
   static auto special(V a, V b) { return not_finite(a) | not_finite(b); }
   static int32_t element(const E* a, const E* b, E* r) {
     if (is_nan(*b)) {
@@ -42,8 +41,8 @@ struct Fmin : Selection<V> {
 template <class V, Level>
 struct MaxMag : Selection<V> {
   static V lanes(V a, V b) {
-    const V larger = compare<_CMP_GT_OQ>(magnitude(a), magnitude(b));
-    const V smaller = compare<_CMP_LT_OQ>(magnitude(a), magnitude(b));
+    const Mask<V> larger = magnitude(a) > magnitude(b);
+    const Mask<V> smaller = magnitude(a) < magnitude(b);
     return select(larger, a, select(smaller, b, max(a, b)));
   }
 };
@@ -51,8 +50,8 @@ struct MaxMag : Selection<V> {
 template <class V, Level>
 struct MinMag : Selection<V> {
   static V lanes(V a, V b) {
-    const V larger = compare<_CMP_GT_OQ>(magnitude(a), magnitude(b));
-    const V smaller = compare<_CMP_LT_OQ>(magnitude(a), magnitude(b));
+    const Mask<V> larger = magnitude(a) > magnitude(b);
+    const Mask<V> smaller = magnitude(a) < magnitude(b);
     return select(smaller, a, select(larger, b, min(a, b)));
   }
 };
@@ -60,10 +59,10 @@ struct MinMag : Selection<V> {
 // A NaN gives a NaN here; where both are, the second one's.
 template <class V, Level>
 struct Fdim : Selection<V> {
-  using E = typename V::Element;
+  using E = Element<V>;
   static V lanes(V a, V b) {
-    const V positive = compare<_CMP_GT_OQ>(a, b);
-    return (a & positive) - (b & positive);  // masked first: equal infinities must not raise invalid
+    const Mask<V> positive = a > b;
+    return keep(positive, a) - keep(positive, b);  // masked first: equal infinities must not raise invalid
   }
   static int32_t element(const E* a, const E* b, E* r) {
     if (is_nan(*a)) *r = quiet(*a);

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <type_traits>
 
-#include "zym/lanes/vectors.h"
+#include "lanes/twice.h"
+#include "lanes/vectors.h"
 
-namespace orvik::zym {
+namespace orvik {
 
 // Row k: k leading all-ones lanes. Rows overlap in memory: row k starts k lanes before the zeros.
 alignas(64) inline constexpr int32_t kLaneMasks32[16] = {-1, -1, -1, -1, -1, -1, -1, -1, 0, 0, 0, 0, 0, 0, 0, 0};
@@ -18,20 +20,33 @@ inline __m256i lane_mask(F64, int k) {
 }
 
 template <class V>
-V load(const typename V::Element* p);
-template <>
-inline F32 load<F32>(const float* p) {
-  return _mm256_loadu_ps(p);
+inline V load(const Element<V>* p) {
+  if constexpr (std::is_same_v<V, F32>) {
+    return _mm256_loadu_ps(p);
+  } else if constexpr (std::is_same_v<V, F64>) {
+    return _mm256_loadu_pd(p);
+  } else if constexpr (kWidth<V> == 1) {
+    return *p;
+  } else {
+    using Half = decltype(V::low);
+    return {load<Half>(p), load<Half>(p + kWidth<Half>)};
+  }
 }
-template <>
-inline F64 load<F64>(const double* p) {
-  return _mm256_loadu_pd(p);
-}
+inline void store(float* p, float a) { *p = a; }
+inline void store(double* p, double a) { *p = a; }
 inline void store(float* p, F32 a) { _mm256_storeu_ps(p, a.v); }
 inline void store(double* p, F64 a) { _mm256_storeu_pd(p, a.v); }
+template <class V>
+inline void store(Element<V>* p, Twice<V> a) {
+  store(p, a.low);
+  store(p + kWidth<V>, a.high);
+}
+inline float first_lane(F32 a) { return _mm256_cvtss_f32(a.v); }
+inline double first_lane(F64 a) { return _mm256_cvtsd_f64(a.v); }
 // Past the caches, for results too large to stay there: p is aligned to 32 bytes.
 inline void store_past_cache(float* p, F32 a) { _mm256_stream_ps(p, a.v); }
 inline void store_past_cache(double* p, F64 a) { _mm256_stream_pd(p, a.v); }
+inline void finish_past_cache() { _mm_sfence(); }
 
 // The first k lanes, the filler in the others; touches no memory behind element k - 1.
 inline F32 load_first(const float* p, int k, F32 others) {
@@ -70,37 +85,34 @@ inline void store_first(double* p, int k, F64 a) {
 
 // Every step-th element. Single loads: as fast as the gather instruction or faster, and without its 32-bit index range.
 template <class V>
-V load_strided(const typename V::Element* p, int64_t step);
-template <>
-inline F32 load_strided<F32>(const float* p, int64_t step) {
-  return _mm256_setr_ps(p[0], p[step], p[2 * step], p[3 * step], p[4 * step], p[5 * step], p[6 * step], p[7 * step]);
-}
-template <>
-inline F64 load_strided<F64>(const double* p, int64_t step) {
-  return _mm256_setr_pd(p[0], p[step], p[2 * step], p[3 * step]);
+inline V load_strided(const Element<V>* p, int64_t step) {
+  if constexpr (std::is_same_v<V, F32>) {
+    return _mm256_setr_ps(p[0], p[step], p[2 * step], p[3 * step], p[4 * step], p[5 * step], p[6 * step], p[7 * step]);
+  } else {
+    return _mm256_setr_pd(p[0], p[step], p[2 * step], p[3 * step]);
+  }
 }
 
-// The first k of them, the last one again in the other lanes: no memory behind it is touched, and no detour through a
-// buffer, from which a vector could only be loaded once all of its elements have left the store queue.
-template <class V>
-V load_first_strided(const typename V::Element* p, int64_t step, int k);
-template <>
-inline F32 load_first_strided<F32>(const float* p, int64_t step, int k) {
-  const float* p1 = p + (k > 1 ? step : 0);
-  const float* p2 = p1 + (k > 2 ? step : 0);
-  const float* p3 = p2 + (k > 3 ? step : 0);
-  const float* p4 = p3 + (k > 4 ? step : 0);
-  const float* p5 = p4 + (k > 5 ? step : 0);
-  const float* p6 = p5 + (k > 6 ? step : 0);
-  const float* p7 = p6 + (k > 7 ? step : 0);
-  return _mm256_setr_ps(*p, *p1, *p2, *p3, *p4, *p5, *p6, *p7);
+// Complex elements, real part first, as lanes of real and of imaginary parts; and back.
+inline Pair<F32> load_pairs(const float* p) {
+  const __m256 a = _mm256_loadu_ps(p), b = _mm256_loadu_ps(p + 8);
+  const __m256 low = _mm256_permute2f128_ps(a, b, 0x20), high = _mm256_permute2f128_ps(a, b, 0x31);
+  return {_mm256_shuffle_ps(low, high, 0x88), _mm256_shuffle_ps(low, high, 0xDD)};
 }
-template <>
-inline F64 load_first_strided<F64>(const double* p, int64_t step, int k) {
-  const double* p1 = p + (k > 1 ? step : 0);
-  const double* p2 = p1 + (k > 2 ? step : 0);
-  const double* p3 = p2 + (k > 3 ? step : 0);
-  return _mm256_setr_pd(*p, *p1, *p2, *p3);
+inline Pair<F64> load_pairs(const double* p) {
+  const __m256d a = _mm256_loadu_pd(p), b = _mm256_loadu_pd(p + 4);
+  const __m256d low = _mm256_permute2f128_pd(a, b, 0x20), high = _mm256_permute2f128_pd(a, b, 0x31);
+  return {_mm256_unpacklo_pd(low, high), _mm256_unpackhi_pd(low, high)};
+}
+inline void store_pairs(float* p, Pair<F32> a) {
+  const __m256 low = _mm256_unpacklo_ps(a.first.v, a.second.v), high = _mm256_unpackhi_ps(a.first.v, a.second.v);
+  _mm256_storeu_ps(p, _mm256_permute2f128_ps(low, high, 0x20));
+  _mm256_storeu_ps(p + 8, _mm256_permute2f128_ps(low, high, 0x31));
+}
+inline void store_pairs(double* p, Pair<F64> a) {
+  const __m256d low = _mm256_unpacklo_pd(a.first.v, a.second.v), high = _mm256_unpackhi_pd(a.first.v, a.second.v);
+  _mm256_storeu_pd(p, _mm256_permute2f128_pd(low, high, 0x20));
+  _mm256_storeu_pd(p + 4, _mm256_permute2f128_pd(low, high, 0x31));
 }
 
-}  // namespace orvik::zym
+}  // namespace orvik

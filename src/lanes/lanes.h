@@ -1,0 +1,12 @@
+// The vector layer: lane types, masked memory, tables, rounding, head-and-tail arithmetic, polynomials, each for any
+// lane type and for one element.
+#pragma once
+
+#include "lanes/generic.h"
+#include "lanes/head_tail.h"
+#include "lanes/memory.h"
+#include "lanes/round.h"
+#include "lanes/scalar.h"
+#include "lanes/tables.h"
+#include "lanes/types.h"
+#include "lanes/vectors.h"

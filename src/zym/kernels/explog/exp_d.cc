@@ -1,9 +1,0 @@
-#include "zym/kernels/explog/exp.h"
-
-#include "zym/skeleton/define.h"
-
-namespace orvik::zym {
-
-ORVIK_ZYM_KERNELS(dExp, Exp)
-
-}  // namespace orvik::zym

@@ -1,9 +1,0 @@
-#include "zym/kernels/explog/ln.h"
-
-#include "zym/skeleton/define.h"
-
-namespace orvik::zym {
-
-ORVIK_ZYM_KERNELS(dLn, Ln)
-
-}  // namespace orvik::zym

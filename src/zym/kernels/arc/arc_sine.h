@@ -4,39 +4,35 @@
 // Every result is base + k a with k = +-1, +-2. From |x| = 1 on the element routine decides.
 #pragma once
 
-#include "lanes/lanes.h"
+#include "orvik/zym_types.h"
 #include "zym/kernels/arc/coefficients.h"
 #include "zym/kernels/arc/constants.h"
-#include "zym/skeleton/define.h"
+#include "zym/skeleton/family.h"
 
 namespace orvik::zym {
-
-// What one unit is: a radian, or half a turn (results are then divided by pi, exact multiples of 1/2 stay exact).
-enum class Unit { radian, half_turn };
-
 namespace arc {
 
 template <class V, Level L, Unit U>
-constexpr const auto& sine_coefficients() {
-  if constexpr (Single<V>) {
-    if constexpr (U == Unit::radian) {
-      if constexpr (L == Level::EP) return kAsinSingleEP;
-      else if constexpr (L == Level::LA) return kAsinSingleLA;
-      else return kAsinSingleHA;
+V sine_polynomial(V z) {
+  if constexpr (U == Unit::radian) {
+    if constexpr (Single<V>) {
+      if constexpr (L == Level::EP) return horner(z, kAsinSingleEP);
+      if constexpr (L == Level::LA) return horner(z, kAsinSingleLA);
+      if constexpr (L == Level::HA) return horner(z, kAsinSingleHA);
     } else {
-      if constexpr (L == Level::EP) return kAsinpiSingleEP;
-      else if constexpr (L == Level::LA) return kAsinpiSingleLA;
-      else return kAsinpiSingleHA;
+      if constexpr (L == Level::EP) return horner(z, kAsinDoubleEP);
+      if constexpr (L == Level::LA) return horner(z, kAsinDoubleLA);
+      if constexpr (L == Level::HA) return horner(z, kAsinDoubleHA);
     }
   } else {
-    if constexpr (U == Unit::radian) {
-      if constexpr (L == Level::EP) return kAsinDoubleEP;
-      else if constexpr (L == Level::LA) return kAsinDoubleLA;
-      else return kAsinDoubleHA;
+    if constexpr (Single<V>) {
+      if constexpr (L == Level::EP) return horner(z, kAsinpiSingleEP);
+      if constexpr (L == Level::LA) return horner(z, kAsinpiSingleLA);
+      if constexpr (L == Level::HA) return horner(z, kAsinpiSingleHA);
     } else {
-      if constexpr (L == Level::EP) return kAsinpiDoubleEP;
-      else if constexpr (L == Level::LA) return kAsinpiDoubleLA;
-      else return kAsinpiDoubleHA;
+      if constexpr (L == Level::EP) return horner(z, kAsinpiDoubleEP);
+      if constexpr (L == Level::LA) return horner(z, kAsinpiDoubleLA);
+      if constexpr (L == Level::HA) return horner(z, kAsinpiDoubleHA);
     }
   }
 }
@@ -45,8 +41,8 @@ constexpr const auto& sine_coefficients() {
 template <class V, Level L, Unit U>
 struct HalfAngle {
   Mask<V> wide;
-  V head, tail;  // (w and what it lacks) in the unit; LA and EP: all of a, no tail
-  V rest;        // HA: w z P(z)
+  V head, tail;  // of w in the unit; LA and EP: all of a, no tail
+  V cube, p;     // HA: what is added to them is w^3 P
 
   explicit HalfAngle(V a) {
     using E = Element<V>;
@@ -56,43 +52,48 @@ struct HalfAngle {
     const V s = fnma(a, half, half);
     const V root = sqrt(s);
     const V w = min(root, a);
-    // The last summand keeps the square of a tiny number from underflow.
-    const V z = min(fma(a, a, V(K::tiny)), s);
-    const V p = z * polynomial<L == Level::HA>(z, sine_coefficients<V, L, U>());
+    const V z = min(safe_square<L == Level::HA>(a), s);
+    p = sine_polynomial<V, L, U>(z);
     if constexpr (L != Level::HA) {
-      tail = rest = V(E(0));
+      tail = cube = V(E(0));
       if constexpr (U == Unit::radian) {
-        head = fma(w, p, w);
+        head = fma(w, z * p, w);
       } else {
-        head = w * (p + V(K::inverse_pi));
+        head = w * fma(z, p, V(K::inverse_pi));
       }
     } else {
-      // sqrt(s) - w to first order.
-      const V lost = keep(wide, fnma(w, w, s) * rough_reciprocal(w + w));
-      rest = w * p;
-      if constexpr (U == Unit::radian) {
-        head = w;
-        tail = lost;
-      } else {
-        head = w * V(K::inverse_pi);
-        tail = fma(w, V(K::inverse_pi_low), fma(lost, V(K::inverse_pi), fms(w, V(K::inverse_pi), head)));
-      }
+      // What the arc sine lacks because the root is rounded: (s - root^2) / (2 root sqrt(1 - s)).
+      const V lost = keep(wide, fnma(root, root, s) * rough_reciprocal(fnma(root, s, root + root)));
+      HeadTail<V> sum = {w, lost};
+      if constexpr (U == Unit::half_turn) sum = over_pi(w, lost);
+      head = sum.head;
+      tail = sum.tail;
+      cube = w * z;
     }
   }
 
   // base + k a, |base| >= |k a| or base = 0; k a power of two with a sign.
   V placed(V k, V base, V base_low) const {
     if constexpr (L != Level::HA) return fma(k, head, base);
-    const V scaled = k * head;
-    const HeadTail<V> sum = fast_two_sum(base, scaled);
-    return sum.head + fma(k, tail + rest, sum.tail + base_low);
+    const HeadTail<V> sum = fast_two_sum(base, k * head);
+    return sum.head + fma(k * cube, p, fma(k, tail, sum.tail + base_low));
   }
 };
 
-// Part of the domain's end: |x| >= 1 and what is no number.
+// |x| >= 1 and what is no number; where small arguments times the tail of 1/pi would underflow, those as well.
+template <class V, Level L, Unit U>
+auto outside_lanes(V x) {
+  if constexpr (L == Level::HA && U == Unit::half_turn) {
+    return outside_magnitude<kSmallestTurn<Element<V>>, Single<V> ? 0x3F7FFFFFu : 0x3FEFFFFFu>(x);
+  } else {
+    return magnitude_above<Single<V> ? 0x3F7FFFFFu : 0x3FEFFFFFu>(x);
+  }
+}
+
+// yes or no.
 template <class V>
-auto from_one_on(V x) {
-  return magnitude_above<Single<V> ? 0x3F7FFFFFu : 0x3FEFFFFFu>(x);
+V constant_of(Mask<V> mask, Element<V> yes, Element<V> no) {
+  return V(no) ^ keep(mask, pattern<V>(bits_of(yes) ^ bits_of(no)));
 }
 
 // The result of an argument outside [-1, 1], infinite or NaN.
@@ -111,20 +112,19 @@ template <class V, Level L, Unit U>
 struct ArcSine {
   using E = Element<V>;
   using K = Constants<E>;
-  static auto special(V x) { return from_one_on(x); }
+  static auto special(V x) { return outside_lanes<V, L, U>(x); }
 
   static V lanes(V x) {
     const HalfAngle<V, L, U> a(magnitude(x));
-    const V one = V(E(1)), minus_two = V(E(-2));
-    const V r = a.placed(select(a.wide, minus_two, one), keep(a.wide, V(half_turn<E, U>(0.5))),
-                         keep(a.wide, V(half_turn_low<E, U>(0.5))));
+    const V r = a.placed(constant_of<V>(a.wide, -2, 1), keep(a.wide, V(kHalfTurn<E, U> / 2)),
+                         keep(a.wide, V(kHalfTurnLow<E, U> / 2)));
     return flip_sign(r, x);
   }
 
   static int32_t element(const E* px, E* r) {
     const E x = *px;
-    if (magnitude_bits(x) != bits_of(E(1))) return outside_unit(x, r);
-    *r = flip_sign(half_turn<E, U>(0.5) + half_turn_low<E, U>(0.5), x);
+    if (!(magnitude(x) <= 1)) return outside_unit(x, r);
+    *r = magnitude(x) == 1 ? flip_sign(kHalfTurn<E, U> / 2, x) : tiny_over_pi(x);
     return 0;
   }
 };
@@ -133,23 +133,23 @@ template <class V, Level L, Unit U>
 struct ArcCosine {
   using E = Element<V>;
   using K = Constants<E>;
-  static auto special(V x) { return from_one_on(x); }
+  static auto special(V x) { return outside_lanes<V, L, U>(x); }
 
   static V lanes(V x) {
     const HalfAngle<V, L, U> a(magnitude(x));
-    const V k = flip_sign(select(a.wide, V(E(2)), V(E(-1))), x);
+    const V k = flip_sign(constant_of<V>(a.wide, 2, -1), x);
     const Mask<V> negative = V(E(0)) > x;
     const auto base = [&](E right, E straight) {
-      return select(a.wide, keep(negative, V(straight)), V(right));
+      return drop(a.wide, V(right)) | keep(a.wide & negative, V(straight));
     };
-    return a.placed(k, base(half_turn<E, U>(0.5), half_turn<E, U>(1)),
-                    base(half_turn_low<E, U>(0.5), half_turn_low<E, U>(1)));
+    return a.placed(k, base(kHalfTurn<E, U> / 2, kHalfTurn<E, U>),
+                    base(kHalfTurnLow<E, U> / 2, kHalfTurnLow<E, U>));
   }
 
   static int32_t element(const E* px, E* r) {
     const E x = *px;
-    if (magnitude_bits(x) != bits_of(E(1))) return outside_unit(x, r);
-    *r = x > 0 ? E(0) : half_turn<E, U>(1) + half_turn_low<E, U>(1);
+    if (!(magnitude(x) <= 1)) return outside_unit(x, r);
+    *r = x == 1 ? E(0) : x == -1 ? kHalfTurn<E, U> : E(0.5);
     return 0;
   }
 };

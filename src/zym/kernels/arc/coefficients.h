@@ -12,11 +12,12 @@ inline constexpr float kAsinSingleEP[2] = {
 
 //: x + x^3 * p(x^2) = asin(x) on [2^-20, 1/2], relative error ?
 //: fit arc/coefficients.sollya
-inline constexpr float kAsinSingleLA[4] = {
-    0x1.993a88p-5f,
-    0x1.47f5c4p-5f,
-    0x1.34dc56p-4f,
-    0x1.554fa2p-3f,
+inline constexpr float kAsinSingleLA[5] = {
+    0x1.5959aap-5f,
+    0x1.8c415ap-6f,
+    0x1.747b72p-5f,
+    0x1.330206p-4f,
+    0x1.5555c8p-3f,
 };
 
 //: x + x^3 * p(x^2) = asin(x) on [2^-20, 1/2], relative error ?
@@ -42,18 +43,19 @@ inline constexpr double kAsinDoubleEP[5] = {
 
 //: x + x^3 * p(x^2) = asin(x) on [2^-20, 1/2], relative error ?
 //: fit arc/coefficients.sollya
-inline constexpr double kAsinDoubleLA[11] = {
-    0x1.0234914e9aedp-5,
-    -0x1.7f68339ec098fp-7,
-    0x1.2b084f3227806p-6,
-    0x1.336c9d6d456a5p-7,
-    0x1.d54ed291cbb0dp-7,
-    0x1.1baccf10a7a7dp-6,
-    0x1.6e97027ce6a2ap-6,
-    0x1.f1c69c91c827p-6,
-    0x1.6db6dd0dde8b3p-5,
-    0x1.3333333091739p-4,
-    0x1.5555555556cffp-3,
+inline constexpr double kAsinDoubleLA[12] = {
+    0x1.056d6c8139f2bp-5,
+    -0x1.09d32833a0d94p-6,
+    0x1.3ff4a990b2879p-6,
+    0x1.abcf5cd7c44efp-8,
+    0x1.8ec2fca604435p-7,
+    0x1.c6fdc1aaa5333p-7,
+    0x1.1c6be1a687738p-6,
+    0x1.6e89f440197a7p-6,
+    0x1.f1c72c38fb342p-6,
+    0x1.6db6db427a4f8p-5,
+    0x1.333333336e80fp-4,
+    0x1.555555555539p-3,
 };
 
 //: x + x^3 * p(x^2) = asin(x) on [2^-20, 1/2], relative error ?
@@ -83,11 +85,12 @@ inline constexpr float kAsinpiSingleEP[2] = {
 
 //: x / pi + x^3 * p(x^2) = asin(x) / pi on [2^-20, 1/2], relative error ?
 //: fit arc/coefficients.sollya
-inline constexpr float kAsinpiSingleLA[4] = {
-    0x1.025feap-6f,
-    0x1.a3eeaap-7f,
-    0x1.890a6ep-6f,
-    0x1.b293dep-5f,
+inline constexpr float kAsinpiSingleLA[5] = {
+    0x1.4d2f12p-6f,
+    0x1.c088e2p-9f,
+    0x1.f884a4p-7f,
+    0x1.85905ap-6f,
+    0x1.b29f3p-5f,
 };
 
 //: x / pi + x^3 * p(x^2) = asin(x) / pi on [2^-20, 1/2], relative error ?
@@ -113,18 +116,19 @@ inline constexpr double kAsinpiDoubleEP[5] = {
 
 //: x / pi + x^3 * p(x^2) = asin(x) / pi on [2^-20, 1/2], relative error ?
 //: fit arc/coefficients.sollya
-inline constexpr double kAsinpiDoubleLA[11] = {
-    0x1.48044c6271d6fp-7,
-    -0x1.e3ec7e666a4fp-9,
-    0x1.7b6b0d755aa9bp-8,
-    0x1.885cb54b481bfp-9,
-    0x1.2aaa9e6aa4158p-8,
-    0x1.69338b7f5138ep-8,
-    0x1.d2c15becd14d4p-8,
-    0x1.3ce4dba3f206p-7,
-    0x1.d1a454e971d08p-7,
-    0x1.8723a1d2727fp-6,
-    0x1.b2995e7b7cf54p-5,
+inline constexpr double kAsinpiDoubleLA[12] = {
+    0x1.a55fccba93c8bp-7,
+    -0x1.2cc5be9d226dfp-7,
+    0x1.2129e71f5b03bp-7,
+    0x1.21a31c6fd39fbp-10,
+    0x1.0ceeefb1b35f9p-8,
+    0x1.1f4df7073bdcep-8,
+    0x1.6a61971fdee5fp-8,
+    0x1.d2acd0b9421a5p-8,
+    0x1.3ce54c11ca384p-7,
+    0x1.d1a4521ed7e61p-7,
+    0x1.8723a1d6ddeb1p-6,
+    0x1.b2995e7b7a87fp-5,
 };
 
 //: x / pi + x^3 * p(x^2) = asin(x) / pi on [2^-20, 1/2], relative error ?

@@ -44,7 +44,7 @@ struct HalfAngle {
   V head, tail;  // of w in the unit; LA and EP: all of a, no tail
   V cube, p;     // HA: what is added to them is w^3 P
 
-  explicit HalfAngle(V a) {
+  [[gnu::always_inline]] explicit HalfAngle(V a) {
     using E = Element<V>;
     using K = Constants<E>;
     const V half = V(E(0.5));
@@ -62,8 +62,8 @@ struct HalfAngle {
         head = w * fma(z, p, V(K::inverse_pi));
       }
     } else {
-      // What the arc sine lacks because the root is rounded: (s - root^2) / (2 root sqrt(1 - s)).
-      const V lost = keep(wide, fnma(root, root, s) * rough_reciprocal(fnma(root, s, root + root)));
+      // What w + w z P lacks because the root is rounded, (s - root^2) / (2 root) times 1 + z P(z): 1 to 1.047.
+      const V lost = keep(wide, fnma(root, root, s) * rough_reciprocal(root * V(E(1.94))));
       HeadTail<V> sum = {w, lost};
       if constexpr (U == Unit::half_turn) sum = over_pi(w, lost);
       head = sum.head;
@@ -73,7 +73,7 @@ struct HalfAngle {
   }
 
   // base + k a, |base| >= |k a| or base = 0; k a power of two with a sign.
-  V placed(V k, V base, V base_low) const {
+  [[gnu::always_inline]] V placed(V k, V base, V base_low) const {
     if constexpr (L != Level::HA) return fma(k, head, base);
     const HeadTail<V> sum = fast_two_sum(base, k * head);
     return sum.head + fma(k * cube, p, fma(k, tail, sum.tail + base_low));

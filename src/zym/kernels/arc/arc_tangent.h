@@ -39,7 +39,7 @@ V tangent_polynomial(V z) {
 
 // atan(n/d), 0 <= n <= d; a tail at HA only.
 template <class V, Level L, Unit U>
-HeadTail<V> first_octant(V n, V d) {
+[[gnu::always_inline]] inline HeadTail<V> first_octant(V n, V d) {
   using E = Element<V>;
   using K = Constants<E>;
   constexpr int kUnit = static_cast<int>(U);
@@ -82,7 +82,7 @@ HeadTail<V> first_octant(V n, V d) {
 
 // base + a, or base - a where `away` has its sign bit set; base is 0 or not below a.
 template <Level L, class V>
-V turned(HeadTail<V> a, V base, V base_low, V away) {
+[[gnu::always_inline]] inline V turned(HeadTail<V> a, V base, V base_low, V away) {
   const V head = flip_sign(a.head, away);
   if constexpr (L != Level::HA) return base + head;
   const HeadTail<V> sum = fast_two_sum(base, head);

@@ -1,7 +1,7 @@
 // Constants of the arc functions, head and tail.
 #pragma once
 
-#include "lanes/lanes.h"
+#include "zym/kernels/shared/corrections.h"
 
 namespace orvik::zym {
 
@@ -40,7 +40,6 @@ struct Constants<float> {
   static constexpr float pi[2] = {kPi32, 1}, pi_low[2] = {kPiLow32, 0};  // by unit
   static constexpr float pivot[2] = {kPivot32, kPivotpi32}, pivot_low[2] = {kPivotLow32, kPivotpiLow32};
   static constexpr float three_quarters[2] = {kThreeQuarters32, 0.75f};
-  static constexpr float tiny = 0x1p-40f;
 };
 template <>
 struct Constants<double> {
@@ -48,30 +47,7 @@ struct Constants<double> {
   static constexpr double pi[2] = {kPi64, 1}, pi_low[2] = {kPiLow64, 0};
   static constexpr double pivot[2] = {kPivot64, kPivotpi64}, pivot_low[2] = {kPivotLow64, kPivotpiLow64};
   static constexpr double three_quarters[2] = {kThreeQuarters64, 0.75};
-  static constexpr double tiny = 0x1p-80;
 };
-
-// x^2 without underflow. HA: 0 where it is far below what counts, so that products with x do not underflow either.
-template <bool Flush, class V>
-V safe_square(V x) {
-  const V tiny = V(Constants<Element<V>>::tiny);
-  const V z = fma(x, x, tiny);
-  if constexpr (Flush) return z - tiny;
-  return z;
-}
-
-// 1/x to 1.5 %, enough for corrections; x far from both ends of the range.
-template <class V>
-V rough_reciprocal(V x) {
-  if constexpr (Single<V> && !std::is_same_v<V, float>) {
-    return reciprocal_estimate(x);
-  } else {
-    // The complement of the exponent, and one step of Newton's method.
-    constexpr Bits<V> kComplement = Single<V> ? Bits<V>(0x7EF311C3u) : Bits<V>(0x7FDE6238502484BAu);
-    const V y = as_float(Integer<V>(kComplement) - as_bits(x));
-    return y * fnma(x, y, V(Element<V>(2)));
-  }
-}
 
 // Head and tail of (head + tail) / pi.
 template <class V>

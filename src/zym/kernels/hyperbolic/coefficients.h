@@ -189,14 +189,16 @@ inline constexpr double kTanhDoubleLA[10] = {
 
 //: x + x^2 * p(x) = expm1(x) on [-log(2)/8, log(2)/8], relative error ?
 //: fit arc/coefficients.sollya
-inline constexpr double kTanhDoubleHA[7] = {
-    0x1.a01b600db8ae7p-16,
-    0x1.a02f5e582aac6p-13,
-    0x1.6c16c1e8e760ep-10,
-    0x1.111110b1c2377p-7,
-    0x1.55555555509ddp-5,
-    0x1.555555555738dp-3,
-    0x1.0000000000001p-1,
+inline constexpr double kTanhDoubleHA[9] = {
+    0x1.27f3a74f84a35p-22,
+    0x1.71ef23b5f9a8fp-19,
+    0x1.a01a01187b59cp-16,
+    0x1.a01a0127f6d34p-13,
+    0x1.6c16c16c18c8fp-10,
+    0x1.11111111126f1p-7,
+    0x1.5555555555555p-5,
+    0x1.5555555555555p-3,
+    0x1p-1,
 };
 
 }  // namespace orvik::zym

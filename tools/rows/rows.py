@@ -68,6 +68,11 @@ TEXT = {
     "Cbrt": "cube root", "InvCbrt": "1 / cbrt(a)", "Hypot": "sqrt(a^2 + b^2)", "Pow3o2": "a^(3/2)",
     "Pow2o3": "cbrt(a)^2", "Exp": "e^a", "Ln": "natural logarithm", "Log10": "logarithm to base 10",
     "Log2": "logarithm to base 2", "Exp2": "2^a", "Exp10": "10^a", "Expm1": "e^a - 1", "Log1p": "ln(1 + a)",
+    "Acos": "arc cosine", "Asin": "arc sine", "Atan": "arc tangent", "Acospi": "arc cosine / pi",
+    "Asinpi": "arc sine / pi", "Atanpi": "arc tangent / pi", "Atan2": "angle of the point (b, a)",
+    "Atan2pi": "angle of the point (b, a) / pi", "Cosh": "hyperbolic cosine", "Sinh": "hyperbolic sine",
+    "Tanh": "hyperbolic tangent", "Acosh": "inverse hyperbolic cosine", "Asinh": "inverse hyperbolic sine",
+    "Atanh": "inverse hyperbolic tangent",
     "PackI": "y[i] = a[i inc]", "PackV": "y[i] = a[index[i]]", "PackM": "the elements of a where mask is not zero",
     "UnpackI": "y[i inc] = a[i]", "UnpackV": "y[index[i]] = a[i]", "UnpackM": "y[i] = next of a where mask is not zero",
 }

@@ -32,7 +32,7 @@ Operands::Operands(const rows::Row& row, int32_t n, int32_t step) : row_(row), n
     const uintptr_t address = reinterpret_cast<uintptr_t>(block.data());
     return block.data() + (kAlign - address % kAlign) % kAlign;
   };
-  const rows::Domain domain = rows::domain(row.function, row.single());
+  const rows::Domain& domain = rows::domain(row);
   unsigned char* a = make(row.input_bytes());
   fill(row, a, n * step, domain.low, domain.high, 1);
   arrays_.a = a;

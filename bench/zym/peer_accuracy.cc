@@ -46,7 +46,7 @@ void print_peer_accuracy(const std::string& filter) {
         reference->binary(wanted, a, b, MPFR_RNDN);
       }
       const double argument = value(*row, arrays.a, i);
-      if (reference->floor != nullptr) floor = reference->floor(row->single(), &argument);
+      if (reference->floor != nullptr) floor = reference->floor(row->single(), &argument, 0);
       const double error = error_of(value(*row, arrays.r1, i), wanted, Metric::ulp, {row->single()}, true, floor);
       if (error > worst) worst = error, at = argument;
     }

@@ -67,40 +67,72 @@ Options parse(int argc, char** argv) {
   return o;
 }
 
-std::array<Worst, rows::kLevels> measure_random(const rows::Row& row, const Options& o) {
+void merge(const rows::Row& row, Worsts& all, const Worsts& made) {
+  for (int k : kernels_of(row)) {
+    for (int m = 0; m < kMeasures; ++m) all[k][m].merge(made[k][m]);
+  }
+}
+
+Worsts measure_random(const rows::Row& row, const Options& o) {
   constexpr uint64_t piece = 50000;
   const uint64_t pieces = (o.count + piece - 1) / piece;
-  std::array<Worst, rows::kLevels> worst;
-  std::vector<std::array<Worst, rows::kLevels>> found(o.threads);
+  Worsts worst;
+  std::vector<Worsts> found(o.threads);
   std::vector<std::thread> pool;
   std::atomic<uint64_t> next{0};
   const auto work = [&](int t) {
     _zymSetMode(ZYM_ERRMODE_NOERR);
     for (uint64_t p; (p = next.fetch_add(1)) < pieces;) {
       const auto made = measure_sampled(row, std::min(piece, o.count - p * piece), o.seed * 1000003 + p, p == 0);
-      for (int k : kernels_of(row)) found[t][k].merge(made[k]);
+      merge(row, found[t], made);
       if (p % 8 == 0) std::fprintf(stderr, "\r%-12.*s %5.1f %%", static_cast<int>(row.name.size()), row.name.data(), 100.0 * p / pieces);
     }
   };
   for (int t = 0; t < o.threads; ++t) pool.emplace_back(work, t);
   for (std::thread& t : pool) t.join();
-  for (const auto& made : found) {
-    for (int k : kernels_of(row)) worst[k].merge(made[k]);
-  }
+  for (const Worsts& made : found) merge(row, worst, made);
   return worst;
 }
 
-bool exhaustible(const rows::Row& row) {
-  return row.precision == 's' && (row.shape == rows::Shape::unary || row.shape == rows::Shape::unary2);
+// Ends the program where a row that was asked for cannot be judged.
+void refuse_incomplete_rows(const Options& o) {
+  bool refused = false;
+  for (const rows::Row& row : rows::all()) {
+    if (!rows::matches(o.filter, row.name) || !measurable(row)) continue;
+    for (const std::string& line : missing_of(row)) {
+      std::fprintf(stderr, "%s\n", line.c_str());
+      refused = true;
+    }
+  }
+  if (refused) std::exit(2);
+}
+
+// Takes what was found of one kernel into the records and prints it; false if its bound is broken.
+bool note(const rows::Row& row, int k, Measure measure, const Worst& worst, const Options& o, double seconds,
+          std::vector<Record>& records) {
+  const Record found = make_record(row, k, measure, worst, o.mode == "exhaustive" ? "all" : o.mode);
+  const bool good = measure != measures_of(row).front() || within_bound(row, k, worst);
+  std::string at;
+  for (int i = 0; i < kMaxArguments; ++i) {
+    if (i == 0 || worst.point.arguments[i] != 0) at += ' ' + hexadecimal(worst.point.arguments[i]);
+  }
+  if (row.shape == rows::Shape::bessel) at += " order " + std::to_string(worst.point.order);
+  const std::string witness = found.got.empty() ? "" : " at" + at + " got " + found.got + " want " + found.wanted;
+  std::printf("%-12s %-10s %8s %-5s%s (%" PRIu64 " inputs, %.1f s)%s\n", found.row.c_str(), row.served(k).c_str(),
+              found.error.c_str(), found.metric.c_str(), witness.c_str(), found.inputs, seconds, good ? "" : "  BOUND BROKEN");
+  std::fflush(stdout);
+  merge_record(records, found);
+  return good;
 }
 
 int measure(const Options& o) {
   _zymSetMode(ZYM_ERRMODE_NOERR);
   bool broken = false;
+  refuse_incomplete_rows(o);
   for (const rows::Row& row : rows::all()) {
     if (!measurable(row) || !rows::matches(o.filter, row.name) || (o.mode == "exhaustive" && !exhaustible(row))) continue;
     const auto start = std::chrono::steady_clock::now();
-    std::array<Worst, rows::kLevels> worst;
+    Worsts worst;
     if (o.mode == "sampled") worst = measure_sampled(row, o.count == 0 ? 100000 : o.count, o.seed);
     if (o.mode == "random") worst = measure_random(row, o);
     if (o.mode == "exhaustive") {
@@ -114,20 +146,9 @@ int measure(const Options& o) {
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     std::vector<Record> records = read_records();
     for (int k : kernels_of(row)) {
-      const Record found = make_record(row, k, worst[k], o.mode == "exhaustive" ? "all" : o.mode);
-      const bool good = within_bound(row, k, worst[k]);
-      broken |= !good;
-      std::string at;
-      for (int i = 0; i < kMaxArguments; ++i) {
-        if (i == 0 || worst[k].point.arguments[i] != 0) at += ' ' + hexadecimal(worst[k].point.arguments[i]);
+      for (Measure measure : measures_of(row)) {
+        broken |= !note(row, k, measure, worst[k][index_of(measure)], o, seconds, records);
       }
-      const std::string witness =
-          found.got.empty() ? "" : " at" + at + " got " + found.got + " want " + found.wanted;
-      std::printf("%-12s %-10s %8s %-5s%s (%" PRIu64 " inputs, %.1f s)%s\n", found.row.c_str(), row.served(k).c_str(),
-                  found.error.c_str(), found.metric.c_str(), witness.c_str(), found.inputs, seconds,
-                  good ? "" : "  BOUND BROKEN");
-      std::fflush(stdout);
-      merge_record(records, found);
     }
     if (!o.dry) write_records(row.family, records);
   }
@@ -152,6 +173,7 @@ int main(int argc, char** argv) {
   }
   if (o.mode == "hashes") {
     _zymSetMode(ZYM_ERRMODE_NOERR);
+    refuse_incomplete_rows(o);
     for (const std::string& family : measurable_families()) {
       Hashes hashes = read_hashes(family);
       bool any = false;

@@ -7,55 +7,13 @@
 #include <random>
 #include <type_traits>
 
+#include "accuracy/complex_inputs.h"
+#include "accuracy/hard_cases.h"
+#include "accuracy/random.h"
 #include "tools/rows/domains.h"
 
 namespace orvik::accuracy {
 namespace {
-
-// std's distributions differ between libraries; these do not.
-class Random {
- public:
-  explicit Random(uint64_t seed) : engine_(seed) {}
-  uint64_t word() { return engine_(); }
-  double unit() { return static_cast<double>(word() >> 11) * 0x1p-53; }
-  double between(double low, double high) { return low + (high - low) * unit(); }
-
- private:
-  std::mt19937_64 engine_;
-};
-
-template <class E>
-using Bits = std::conditional_t<sizeof(E) == 4, uint32_t, uint64_t>;
-
-template <class E>
-constexpr int kMantissa = std::numeric_limits<E>::digits - 1;
-
-template <class E>
-E random_pattern(Random& random) {
-  return std::bit_cast<E>(static_cast<Bits<E>>(random.word() >> (64 - 8 * sizeof(E))));
-}
-
-template <class E>
-E random_denormal(Random& random) {
-  const auto bits = static_cast<Bits<E>>(random.word());
-  const Bits<E> sign = bits & (Bits<E>{1} << (8 * sizeof(E) - 1));
-  const int shift = static_cast<int>(random.word() % kMantissa<E>);
-  return std::bit_cast<E>(static_cast<Bits<E>>(((bits & ((Bits<E>{1} << kMantissa<E>)-1)) >> shift) | sign));
-}
-
-// Uniform in the interval, or spread over its magnitudes down to 2^-40 of its ends.
-template <class E>
-E from_domain(Random& random, double low, double high) {
-  if (random.word() % 4 != 0) return static_cast<E>(random.between(low, high));
-  const double end = random.word() % 2 != 0 ? low : high;
-  const double near = random.word() % 4 == 0 ? end * (1 - std::exp2(-40 * random.unit())) : end * std::exp2(-40 * random.unit());
-  return static_cast<E>(near);
-}
-
-template <class E>
-E neighbour(E x, int steps) {
-  return std::bit_cast<E>(static_cast<Bits<E>>(std::bit_cast<Bits<E>>(x) + static_cast<Bits<E>>(steps)));
-}
 
 template <class E>
 std::vector<E> special_values() {
@@ -98,14 +56,19 @@ void cut_segments(const rows::Row& row, Inputs<E>& inputs) {
   std::vector<Scalars> sets = {{{1, 0, 1, 0}, 0}};
   if (row.shape == rows::Shape::scalar) {
     sets.clear();
-    for (double power : {2.5, -1.5, 0.5, 3.0, 2.0, -1.0, 0.0, 1.0 / 3, 1e-3, 20.0, 1.0}) sets.push_back({{power}, 0});
+    const double inf = std::numeric_limits<double>::infinity(), nan = std::numeric_limits<double>::quiet_NaN();
+    for (double power : {2.5, -1.5, 0.5, 3.0, 2.0, -1.0, 0.0, 1.0 / 3, 1e-3, 20.0, 1.0, -0.0, inf, -inf, nan, -1e6, 16777217.0,
+                         1e300, 1e-40}) {
+      sets.push_back({{power, row.complex() ? std::fabs(power) < 30 ? -0.75 * power : 0 : 0}, 0});
+    }
   } else if (row.shape == rows::Shape::bessel) {
     sets.clear();
-    for (int order : {0, 1, 2, 3, 5, 10, 40, -1, -2, -5}) sets.push_back({{1, 0, 1, 0}, order});
+    for (int order : {0, 1, 2, 3, 5, 10, 40, -1, -2, -5, 100, -40, -3}) sets.push_back({{1, 0, 1, 0}, order});
   } else if (row.shape == rows::Shape::fraction) {
     sets = {{{1, 0, 1, 0}, 0}, {{2.5, -1, 0.5, 3}, 0}, {{0, 1, 1, 1e-3}, 0}, {{-1e30, 1e-30, 1, -2}, 0}};
   }
-  const size_t n = inputs.a.size();
+  const auto parts = static_cast<size_t>(row.input_parts);
+  const size_t n = inputs.a.size() / parts;
   for (size_t s = 0; s < sets.size(); ++s) {
     auto& made = inputs.segments.emplace_back();
     made.first = n * s / sets.size();
@@ -114,12 +77,14 @@ void cut_segments(const rows::Row& row, Inputs<E>& inputs) {
     made.order = sets[s].order;
   }
   if (sets.size() > 1) {  // every set meets every kind of input: deal them out
-    std::vector<E> a(n), b(inputs.b.size());
+    std::vector<E> a(inputs.a.size()), b(inputs.b.size());
     size_t to = 0;
     for (size_t s = 0; s < sets.size(); ++s) {
       for (size_t i = s; i < n && to < n; i += sets.size(), ++to) {
-        a[to] = inputs.a[i];
-        if (!b.empty()) b[to] = inputs.b[i];
+        for (size_t k = 0; k < parts; ++k) {
+          a[to * parts + k] = inputs.a[i * parts + k];
+          if (!b.empty()) b[to * parts + k] = inputs.b[i * parts + k];
+        }
       }
     }
     inputs.a = a, inputs.b = b;
@@ -130,9 +95,14 @@ void cut_segments(const rows::Row& row, Inputs<E>& inputs) {
 
 template <class E>
 Inputs<E> make_inputs(const rows::Row& row, size_t count, uint64_t seed, bool fixed) {
-  const rows::Domain domain = rows::domain(row.function, row.single());
+  const rows::Domain& domain = rows::domain(row);
   Random random(seed);
   Inputs<E> in;
+  if (row.input_parts == 2) {
+    make_complex_inputs(row, domain, count, random, fixed, in);
+    cut_segments(row, in);
+    return in;
+  }
   const bool two = row.inputs() == 2;
   const std::vector<E> special = special_values<E>();
   if (fixed) {
@@ -152,6 +122,7 @@ Inputs<E> make_inputs(const rows::Row& row, size_t count, uint64_t seed, bool fi
         in.a.push_back(first ? x : other), in.b.push_back(first ? other : x);
       }
     }
+    add_hard_cases(row.function, in.a, in.b);
   }
   while (in.a.size() < count) {
     const uint64_t kind = random.word() % 16;
@@ -180,38 +151,36 @@ Inputs<E> make_inputs(const rows::Row& row, size_t count, uint64_t seed, bool fi
 template <class E>
 void evaluate(const rows::Row& row, int level, bool strided, const Inputs<E>& inputs, std::vector<E>& r1,
               std::vector<E>& r2) {
-  const size_t n = inputs.a.size();
-  r1.assign(n, E(0));
-  r2.assign(row.outputs() == 2 ? n : 0, E(0));
-  void* const function = row.entries[strided ? 1 : 0][level];
-  if (!strided) {
-    for (const auto& s : inputs.segments) {
-      rows::Call call{.a = inputs.a.data() + s.first, .b = inputs.b.empty() ? nullptr : inputs.b.data() + s.first,
-                      .r1 = r1.data() + s.first, .r2 = r2.empty() ? nullptr : r2.data() + s.first};
-      std::copy(std::begin(s.scalars), std::end(s.scalars), call.scalars);
-      call.order = s.order;
-      rows::with_call(row, function, false, call, [&](auto run) { run(static_cast<int32_t>(s.last - s.first)); });
-    }
-    return;
-  }
-  constexpr int32_t incA = 3, incB = 2, incR1 = 2, incR2 = 3;
-  const auto spread = [](const std::vector<E>& x, int32_t inc) {
-    std::vector<E> y(x.size() * inc);
-    for (size_t i = 0; i < x.size(); ++i) y[i * inc] = x[i];
+  const int in = row.input_parts, out = row.output_parts;
+  const size_t n = inputs.count(row);
+  const int32_t incA = strided ? 3 : 1, incB = strided ? 2 : 1, incR1 = strided ? 2 : 1, incR2 = strided ? 3 : 1;
+  // Elements of `parts` numbers, `inc` elements apart.
+  const auto spread = [](const std::vector<E>& x, int32_t inc, int parts) {
+    if (inc == 1) return x;
+    std::vector<E> y(x.size() * static_cast<size_t>(inc));
+    for (size_t i = 0; i < x.size(); ++i) y[i / parts * parts * inc + i % parts] = x[i];
     return y;
   };
-  const std::vector<E> a = spread(inputs.a, incA), b = spread(inputs.b, incB);
-  std::vector<E> out1(n * incR1), out2(r2.size() * incR2);
+  const std::vector<E> a = spread(inputs.a, incA, in), b = spread(inputs.b, incB, in);
+  const size_t results2 = row.outputs() == 2 ? n : 0;
+  std::vector<E> out1(n * incR1 * out), out2(results2 * incR2 * out);
   for (const auto& s : inputs.segments) {
-    rows::Call call{.a = a.data() + s.first * incA, .b = b.empty() ? nullptr : b.data() + s.first * incB,
-                    .r1 = out1.data() + s.first * incR1, .r2 = out2.empty() ? nullptr : out2.data() + s.first * incR2,
+    rows::Call call{.a = a.data() + s.first * incA * in, .b = b.empty() ? nullptr : b.data() + s.first * incB * in,
+                    .r1 = out1.data() + s.first * incR1 * out,
+                    .r2 = out2.empty() ? nullptr : out2.data() + s.first * incR2 * out,
                     .incA = incA, .incB = incB, .incR1 = incR1, .incR2 = incR2};
     std::copy(std::begin(s.scalars), std::end(s.scalars), call.scalars);
     call.order = s.order;
-    rows::with_call(row, function, true, call, [&](auto run) { run(static_cast<int32_t>(s.last - s.first)); });
+    rows::with_call(row, row.entries[strided ? 1 : 0][level], strided, call,
+                    [&](auto run) { run(static_cast<int32_t>(s.last - s.first)); });
   }
-  for (size_t i = 0; i < n; ++i) r1[i] = out1[i * incR1];
-  for (size_t i = 0; i < r2.size(); ++i) r2[i] = out2[i * incR2];
+  const auto gather = [&](const std::vector<E>& x, int32_t inc, size_t count) {
+    std::vector<E> y(count * out);
+    for (size_t i = 0; i < y.size(); ++i) y[i] = x[i / out * out * inc + i % out];
+    return y;
+  };
+  r1 = gather(out1, incR1, n);
+  r2 = gather(out2, incR2, results2);
 }
 
 template Inputs<float> make_inputs<float>(const rows::Row&, size_t, uint64_t, bool);

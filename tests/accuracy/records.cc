@@ -21,20 +21,16 @@ std::vector<std::string> split(const std::string& line, char separator) {
   return parts;
 }
 
-int argument_count(const rows::Row& row) {
-  switch (row.shape) {
-    case rows::Shape::binary:
-    case rows::Shape::scalar: return 2;
-    case rows::Shape::fraction: return 6;
-    default: return 1;
-  }
+int argument_count(const rows::Row& row) {  // parts, scalars included
+  const int scalars = row.shape == rows::Shape::fraction ? 4 : row.shape == rows::Shape::scalar ? row.input_parts : 0;
+  return row.inputs() * row.input_parts + scalars;
 }
 
 // The value of a statement, to compare two: larger is worse.
 double badness(const Record& r) {
   if (r.error == "wrong") return INFINITY;
   const double value = std::strtod(r.error.c_str(), nullptr);
-  return r.metric == "bits" ? -value : value;
+  return r.metric.starts_with("bits") ? -value : value;
 }
 
 std::string arguments_text(const rows::Row& row, const Point& p) {
@@ -100,7 +96,7 @@ std::vector<Record> read_records() {
 void write_records(std::string_view family, std::vector<Record> records) {
   const auto place = [](const Record& r) {
     const rows::Row* row = rows::find(r.row);
-    return (row == nullptr ? 1000 : row->index) * 3 + kernel_index(r.kernel);
+    return ((row == nullptr ? 1000 : row->index) * 3 + kernel_index(r.kernel)) * 2 + (measure_of(r) == Measure::norm ? 0 : 1);
   };
   std::sort(records.begin(), records.end(), [&](const Record& x, const Record& y) { return place(x) < place(y); });
   std::string text = kHead;
@@ -114,26 +110,30 @@ void write_records(std::string_view family, std::vector<Record> records) {
   write_text(data_path("recorded", family), text);
 }
 
-Record make_record(const rows::Row& row, int kernel, const Worst& worst, const std::string& method) {
+Record make_record(const rows::Row& row, int kernel, Measure measure, const Worst& worst, const std::string& method) {
   Record r{.row = std::string(row.name), .kernel = rows::kLevelNames[kernel], .metric = "exact", .error = "0",
            .result = 0, .point = {}, .got = "", .wanted = "", .inputs = worst.inputs, .method = method};
-  const bool exact = find_reference(row.function)->exact();
+  const bool exact = exact_row(row);
   const Metric metric = metric_of(row, kernel);
-  if (!exact) r.metric = metric == Metric::ulp ? "ulp" : "bits";
+  if (!exact) r.metric = std::string(metric == Metric::ulp ? "ulp" : "bits") + (measure == Measure::norm ? " norm" : "");
   if (!exact || worst.error != 0) {
     r.error = state_error(worst.error, metric);
     r.result = worst.result;
     r.point = worst.point;
-    r.got = hexadecimal(worst.got);
+    r.got = worst.got;
     r.wanted = worst.wanted;
   }
   return r;
 }
 
+Measure measure_of(const Record& record) { return record.metric.ends_with(" norm") ? Measure::norm : Measure::component; }
+
 Record judge_again(const Record& record) {
   const rows::Row& row = *rows::find(record.row);
   const int kernel = kernel_index(record.kernel);
-  Record again = make_record(row, kernel, measure_point(row, kernel, record.point, record.result), record.method);
+  const Measure measure = measure_of(record);
+  Record again =
+      make_record(row, kernel, measure, measure_point(row, kernel, record.point, record.result, measure), record.method);
   again.inputs = record.inputs;
   return again;
 }
@@ -142,16 +142,16 @@ bool same_statement(const Record& x, const Record& y) {
   return x.metric == y.metric && x.error == y.error && x.got == y.got && x.wanted == y.wanted;
 }
 
-const Record* find_record(const std::vector<Record>& records, const rows::Row& row, int kernel) {
+const Record* find_record(const std::vector<Record>& records, const rows::Row& row, int kernel, Measure measure) {
   for (const Record& r : records) {
-    if (r.row == row.name && r.kernel == rows::kLevelNames[kernel]) return &r;
+    if (r.row == row.name && r.kernel == rows::kLevelNames[kernel] && measure_of(r) == measure) return &r;
   }
   return nullptr;
 }
 
 void merge_record(std::vector<Record>& records, const Record& found) {
   for (Record& old : records) {
-    if (old.row != found.row || old.kernel != found.kernel) continue;
+    if (old.row != found.row || old.kernel != found.kernel || measure_of(old) != measure_of(found)) continue;
     const Record again = judge_again(old);
     const bool holds = same_statement(again, old) && old.metric == found.metric;
     // Runs over the same fixed inputs do not add up: the larger count stands. All inputs are all inputs.
@@ -166,6 +166,26 @@ void merge_record(std::vector<Record>& records, const Record& found) {
   records.push_back(found);
 }
 
+namespace {
+
+constexpr const char* kNormText =
+    "\nComplex results: `norm` is the length of the difference against the length of the exact value. Where a row has two lines\n"
+    "its bound holds for the norm, and the error of the worse part by itself stands beside it (`wrong`: an exact zero was missed).\n";
+
+std::string page_line(const std::vector<Record>& records, const rows::Row& row, int k, Measure measure) {
+  const Record* r = find_record(records, row, k, measure);
+  if (r == nullptr) return {};
+  const std::string tried = r->method == "all" ? "all" : std::to_string(r->inputs);
+  const std::string error = r->metric == "exact" && r->error == "0" ? "exact" : r->error + ' ' + r->metric;
+  std::string where = r->got.empty() ? "" : arguments_text(row, r->point);
+  if (row.shape == rows::Shape::bessel) where = std::to_string(r->point.order) + ", " + where;
+  if (r->result == 1) where += row.output_parts == 2 ? " (imaginary part)" : " (second result)";
+  return "| `" + r->row + "` | " + row.served(k) + " | " + error + " | " + where + " | " + r->got + " | " + r->wanted + " | " +
+         tried + " |\n";
+}
+
+}  // namespace
+
 std::string make_page(const std::vector<Record>& records) {
   std::string page =
       "# Accuracy of the vector functions\n\n"
@@ -179,23 +199,18 @@ std::string make_page(const std::vector<Record>& records) {
       "  random bit patterns and values of the usual domain, seeds fixed. Specials and NaN classes are always met.\n"
       "- Bounds: HA below 1 ulp, LA below 4 ulp, EP at least 11 bits (32-bit) or 26 bits (64-bit).\n";
   std::string family;
+  bool complex = false;
   for (const rows::Row& row : rows::all()) {
     if (!measurable(row)) continue;
     std::string lines;
     for (int k : kernels_of(row)) {
-      const Record* r = find_record(records, row, k);
-      if (r == nullptr) continue;
-      const std::string tried = r->method == "all" ? "all" : std::to_string(r->inputs);
-      const std::string error = r->metric == "exact" && r->error == "0" ? "exact" : r->error + ' ' + r->metric;
-      std::string where = r->got.empty() ? "" : arguments_text(row, r->point);
-      if (row.shape == rows::Shape::bessel) where = std::to_string(r->point.order) + ", " + where;
-      if (r->result == 1) where += " (second result)";
-      lines += "| `" + r->row + "` | " + row.served(k) + " | " + error + " | " + where + " | " + r->got + " | " + r->wanted +
-               " | " + tried + " |\n";
+      for (Measure measure : measures_of(row)) lines += page_line(records, row, k, measure);
     }
     if (lines.empty()) continue;
     // Rows of a family do not stand together in the table order; a heading tells the kind of the rows instead.
-    const std::string kind = std::string(row.single() ? "32-bit floats" : "64-bit floats") +
+    if (row.complex() && !complex) page += kNormText;
+    complex |= row.complex();
+    const std::string kind = std::string(row.complex() ? "complex, " : "") + (row.single() ? "32-bit floats" : "64-bit floats") +
                              (row.inputs() == 2 || row.shape == rows::Shape::scalar ? ", two arguments" : "") +
                              (row.shape == rows::Shape::bessel ? ", with an order" : "") +
                              (row.outputs() == 2 ? ", two results" : "");

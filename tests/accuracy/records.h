@@ -11,7 +11,7 @@ namespace orvik::accuracy {
 struct Record {
   std::string row;
   std::string kernel;  // LA, HA, EP
-  std::string metric;  // ulp, bits, exact
+  std::string metric;  // ulp, bits, exact; ulp norm, bits norm
   std::string error;   // as state_error gives it; 0 for exact
   int result = 0;
   Point point;
@@ -30,7 +30,8 @@ std::vector<Record> read_records();
 // The file of one family.
 void write_records(std::string_view family, std::vector<Record> records);
 
-Record make_record(const rows::Row& row, int kernel, const Worst& worst, const std::string& method);
+Record make_record(const rows::Row& row, int kernel, Measure measure, const Worst& worst, const std::string& method);
+Measure measure_of(const Record& record);
 
 // Judges the record's witness again with the kernels as they are. Its statement still holds if the new record's error, got
 // and wanted are the same.
@@ -41,7 +42,7 @@ bool same_statement(const Record& x, const Record& y);
 // the old statement still holds; where it does not, the kernel has changed and the old count is void.
 void merge_record(std::vector<Record>& records, const Record& found);
 
-const Record* find_record(const std::vector<Record>& records, const rows::Row& row, int kernel);
+const Record* find_record(const std::vector<Record>& records, const rows::Row& row, int kernel, Measure measure);
 
 // docs/accuracy.md.
 std::string make_page(const std::vector<Record>& records);

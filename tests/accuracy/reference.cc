@@ -3,12 +3,16 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
 
+#include "accuracy/fast_functions.h"
 #include "accuracy/special_functions.h"
 
 namespace orvik::accuracy {
 namespace {
+
+using enum Parity;
 
 // An exact function from a generic lambda over its arguments.
 template <auto F>
@@ -53,12 +57,26 @@ double root_of_cube(double x) { return x == 0 ? 0 : x * std::sqrt(x); }
 double square_of_cube_root(double x) { return std::cbrt(x) * std::cbrt(x); }
 double power_of_10(double x) { return static_cast<double>(exp10l(x)); }
 
-// Floors of the absolute bounds near zeros. LGamma: 2^-8 on the positive axis, 2^-3 on the negative one. Bessel functions:
-// 1/16 (32 bits) or 1/2 (64 bits) of the amplitude min(0.5, sqrt(2/(pi |x|))).
-double gamma_floor(bool, const double* x) { return x[0] >= 0 ? 0x1p-8 : 0x1p-3; }
-double bessel_floor(bool single, const double* x) {
-  const double amplitude = std::fmin(0.5, std::sqrt(0.6366197723675814 / std::fabs(x[0])));
-  return amplitude * (single ? 0.0625 : 0.5);
+// Floors of the absolute bounds near zeros. LGamma: 2^-8 on the positive axis, 2^-3 on the negative one.
+double gamma_floor(bool, const double* x, int) { return x[0] >= 0 ? 0x1p-8 : 0x1p-3; }
+
+// Bessel functions: 1/16 (32 bits) or 1/2 (64 bits) of the amplitude min(0.5, sqrt(2/(pi |x|))), from about the first zero on.
+double bessel_floor(bool single, double x, double first) {
+  const double magnitude = std::fabs(x);
+  if (!(magnitude >= first)) return 0;
+  return std::fmin(0.5, std::sqrt(0.6366197723675814 / magnitude)) * (single ? 0.0625 : 0.5);
+}
+template <auto First>  // in tenths
+double bessel_floor_from(bool single, const double* x, int) {
+  return bessel_floor(single, x[0], First / 10.0);
+}
+double bessel_j_floor(bool single, const double* x, int order) {
+  const int n = std::abs(order);
+  return bessel_floor(single, x[0], n < 2 ? 2 : n + 1);
+}
+double bessel_y_floor(bool single, const double* x, int order) {
+  const int n = std::abs(order);
+  return bessel_floor(single, x[0], n < 2 ? 0.8 : 0.9 * n);
 }
 
 const Reference kReferences[] = {
@@ -87,15 +105,15 @@ const Reference kReferences[] = {
     exact<[](auto* x, auto* r) { *r = std::remainder(x[0], x[1]); }>("Remainder"),
     exact<[](auto* x, auto* r) { *r = std::fmod(x[0], x[1]); }>("Fmod"),
 
-    {.function = "Inv", .unary = reciprocal, .fast = {inverse}},
+    {.function = "Inv", .unary = reciprocal, .fast = {inverse}, .parity = {odd}},
     {.function = "Div", .binary = mpfr_div},
     {.function = "Sqrt", .unary = mpfr_sqrt, .fast = {std::sqrt}},
     {.function = "InvSqrt", .unary = inverse_square_root, .fast = {inverse_root}},
-    {.function = "Cbrt", .unary = mpfr_cbrt, .fast = {std::cbrt}},
-    {.function = "InvCbrt", .unary = inverse_cube_root, .fast = {inverse_cube}},
+    {.function = "Cbrt", .unary = mpfr_cbrt, .fast = {std::cbrt}, .parity = {odd}},
+    {.function = "InvCbrt", .unary = inverse_cube_root, .fast = {inverse_cube}, .parity = {odd}},
     {.function = "Hypot", .binary = mpfr_hypot},
     {.function = "Pow3o2", .unary = power_3_2, .fast = {root_of_cube}},
-    {.function = "Pow2o3", .unary = power_2_3, .fast = {square_of_cube_root}},
+    {.function = "Pow2o3", .unary = power_2_3, .fast = {square_of_cube_root}, .parity = {even}},
 
     {.function = "Exp", .unary = mpfr_exp, .fast = {std::exp}},
     {.function = "Exp2", .unary = mpfr_exp2, .fast = {std::exp2}},
@@ -106,55 +124,56 @@ const Reference kReferences[] = {
     {.function = "Log2", .unary = mpfr_log2, .fast = {std::log2}},
     {.function = "Log1p", .unary = mpfr_log1p, .fast = {std::log1p}},
 
-    {.function = "Sin", .unary = mpfr_sin, .fast = {std::sin}},
-    {.function = "Cos", .unary = mpfr_cos, .fast = {std::cos}},
-    {.function = "SinCos", .unary2 = sine_cosine, .fast = {std::sin, std::cos}},
-    {.function = "Tan", .unary = mpfr_tan, .fast = {std::tan}},
-    {.function = "Sinpi", .unary = mpfr_sinpi, .any_zero_sign = true},
-    {.function = "Cospi", .unary = mpfr_cospi, .any_zero_sign = true},
-    {.function = "SinCospi", .unary2 = sine_cosine_pi, .any_zero_sign = true},
-    {.function = "Tanpi", .unary = mpfr_tanpi, .any_zero_sign = true},
-    {.function = "Sind", .unary = sine_degrees, .any_zero_sign = true},
-    {.function = "Cosd", .unary = cosine_degrees, .any_zero_sign = true},
-    {.function = "Tand", .unary = tangent_degrees, .any_zero_sign = true},
+    {.function = "Sin", .unary = mpfr_sin, .fast = {std::sin}, .parity = {odd}},
+    {.function = "Cos", .unary = mpfr_cos, .fast = {std::cos}, .parity = {even}},
+    {.function = "SinCos", .unary2 = sine_cosine, .fast = {std::sin, std::cos}, .parity = {odd, even}},
+    {.function = "Tan", .unary = mpfr_tan, .fast = {std::tan}, .parity = {odd}},
+    {.function = "Sinpi", .unary = mpfr_sinpi, .fast = {fast::sine_pi}, .parity = {odd}, .any_zero_sign = true},
+    {.function = "Cospi", .unary = mpfr_cospi, .fast = {fast::cosine_pi}, .parity = {even}, .any_zero_sign = true},
+    {.function = "SinCospi", .unary2 = sine_cosine_pi, .fast = {fast::sine_pi, fast::cosine_pi}, .parity = {odd, even},
+     .any_zero_sign = true},
+    {.function = "Tanpi", .unary = mpfr_tanpi, .fast = {fast::tangent_pi}, .parity = {odd}, .any_zero_sign = true},
+    {.function = "Sind", .unary = sine_degrees, .fast = {fast::sine_degrees}, .parity = {odd}, .any_zero_sign = true},
+    {.function = "Cosd", .unary = cosine_degrees, .fast = {fast::cosine_degrees}, .parity = {even}, .any_zero_sign = true},
+    {.function = "Tand", .unary = tangent_degrees, .fast = {fast::tangent_degrees}, .parity = {odd}, .any_zero_sign = true},
 
-    {.function = "Asin", .unary = mpfr_asin, .fast = {std::asin}},
+    {.function = "Asin", .unary = mpfr_asin, .fast = {std::asin}, .parity = {odd}},
     {.function = "Acos", .unary = mpfr_acos, .fast = {std::acos}},
-    {.function = "Atan", .unary = mpfr_atan, .fast = {std::atan}},
-    {.function = "Asinpi", .unary = mpfr_asinpi},
-    {.function = "Acospi", .unary = mpfr_acospi},
-    {.function = "Atanpi", .unary = mpfr_atanpi},
+    {.function = "Atan", .unary = mpfr_atan, .fast = {std::atan}, .parity = {odd}},
+    {.function = "Asinpi", .unary = mpfr_asinpi, .fast = {fast::arc_sine_pi}, .parity = {odd}},
+    {.function = "Acospi", .unary = mpfr_acospi, .fast = {fast::arc_cosine_pi}},
+    {.function = "Atanpi", .unary = mpfr_atanpi, .fast = {fast::arc_tangent_pi}, .parity = {odd}},
     {.function = "Atan2", .binary = mpfr_atan2},
     {.function = "Atan2pi", .binary = mpfr_atan2pi},
-    {.function = "Sinh", .unary = mpfr_sinh, .fast = {std::sinh}},
-    {.function = "Cosh", .unary = mpfr_cosh, .fast = {std::cosh}},
-    {.function = "Tanh", .unary = mpfr_tanh, .fast = {std::tanh}},
-    {.function = "Asinh", .unary = mpfr_asinh, .fast = {std::asinh}},
+    {.function = "Sinh", .unary = mpfr_sinh, .fast = {std::sinh}, .parity = {odd}},
+    {.function = "Cosh", .unary = mpfr_cosh, .fast = {std::cosh}, .parity = {even}},
+    {.function = "Tanh", .unary = mpfr_tanh, .fast = {std::tanh}, .parity = {odd}},
+    {.function = "Asinh", .unary = mpfr_asinh, .fast = {std::asinh}, .parity = {odd}},
     {.function = "Acosh", .unary = mpfr_acosh, .fast = {std::acosh}},
-    {.function = "Atanh", .unary = mpfr_atanh, .fast = {std::atanh}},
+    {.function = "Atanh", .unary = mpfr_atanh, .fast = {std::atanh}, .parity = {odd}},
 
     {.function = "Pow", .binary = mpfr_pow},
     {.function = "Powx", .binary = mpfr_pow},
-    {.function = "Powr", .binary = mpfr_powr},
+    {.function = "Powr", .binary = power_of_non_negative},
 
-    {.function = "Erf", .unary = mpfr_erf, .fast = {std::erf}},
+    {.function = "Erf", .unary = mpfr_erf, .fast = {std::erf}, .parity = {odd}},
     {.function = "Erfc", .unary = mpfr_erfc, .fast = {std::erfc}},
-    {.function = "Erfcx", .unary = scaled_erfc},
-    {.function = "ErfInv", .unary = inverse_erf},
-    {.function = "ErfcInv", .unary = inverse_erfc},
-    {.function = "CdfNorm", .unary = normal_cdf},
-    {.function = "CdfNormInv", .unary = inverse_normal_cdf},
-    {.function = "LGamma", .unary = log_gamma, .any_zero_sign = true, .floor = gamma_floor},
-    {.function = "TGamma", .unary = mpfr_gamma},
-    {.function = "ExpInt1", .unary = exponential_integral_1},
-    {.function = "I0", .unary = bessel_i0},
-    {.function = "I1", .unary = bessel_i1},
-    {.function = "J0", .unary = mpfr_j0, .floor = bessel_floor},
-    {.function = "J1", .unary = mpfr_j1, .floor = bessel_floor},
-    {.function = "Y0", .unary = mpfr_y0, .floor = bessel_floor},
-    {.function = "Y1", .unary = mpfr_y1, .floor = bessel_floor},
-    {.function = "Jn", .order = mpfr_jn, .floor = bessel_floor},
-    {.function = "Yn", .order = mpfr_yn, .floor = bessel_floor},
+    {.function = "Erfcx", .unary = scaled_erfc, .fast = {fast::scaled_erfc}},
+    {.function = "ErfInv", .unary = inverse_erf, .fast = {fast::inverse_erf}, .parity = {odd}},
+    {.function = "ErfcInv", .unary = inverse_erfc, .fast = {fast::inverse_erfc}},
+    {.function = "CdfNorm", .unary = normal_cdf, .fast = {fast::normal_cdf}},
+    {.function = "CdfNormInv", .unary = inverse_normal_cdf, .fast = {fast::inverse_normal_cdf}},
+    {.function = "LGamma", .unary = log_gamma, .fast = {fast::log_gamma}, .any_zero_sign = true, .floor = gamma_floor},
+    {.function = "TGamma", .unary = mpfr_gamma, .fast = {fast::gamma}},
+    {.function = "ExpInt1", .unary = exponential_integral_1, .fast = {fast::exponential_integral_1}},
+    {.function = "I0", .unary = bessel_i0, .fast = {fast::bessel_i0}, .parity = {even}},
+    {.function = "I1", .unary = bessel_i1, .fast = {fast::bessel_i1}, .parity = {odd}},
+    {.function = "J0", .unary = bessel_j0, .fast = {::j0}, .parity = {even}, .floor = bessel_floor_from<20>},
+    {.function = "J1", .unary = bessel_j1, .fast = {::j1}, .parity = {odd}, .floor = bessel_floor_from<30>},
+    {.function = "Y0", .unary = bessel_y0, .fast = {::y0}, .floor = bessel_floor_from<8>},
+    {.function = "Y1", .unary = bessel_y1, .fast = {::y1}, .floor = bessel_floor_from<20>},
+    {.function = "Jn", .order = bessel_j, .floor = bessel_j_floor},
+    {.function = "Yn", .order = bessel_y, .floor = bessel_y_floor},
 };
 
 }  // namespace

@@ -148,6 +148,7 @@ int exponential_integral_1(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
     mpfr_set_nan(r);
     return 0;
   }
+  if (mpfr_inf_p(x)) return mpfr_set_ui(r, 0, rnd);
   Wide negative(kPrecision);
   mpfr_neg(negative, x, kNearest);
   mpfr_eint(r, negative, rnd);
@@ -156,7 +157,7 @@ int exponential_integral_1(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
 
 int scaled_erfc(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
   if (mpfr_nan_p(x)) return mpfr_set(r, x, rnd);
-  if (mpfr_cmp_d(x, 1e6) > 0) {  // (1 - 1/(2 x^2) + 3/(4 x^4) - 15/(8 x^6) ...) / (x sqrt(pi)), to below 2^-200 with 12 terms
+  if (mpfr_cmp_d(x, 1e3) > 0) {  // (1 - 1/(2 x^2) + 3/(4 x^4) - 15/(8 x^6) ...) / (x sqrt(pi)), to below 2^-200 with 12 terms
     if (mpfr_inf_p(x)) return mpfr_set_ui(r, 0, rnd);
     Wide term(kPrecision + kGuard), sum(kPrecision + kGuard), square(kPrecision + kGuard);
     mpfr_sqr(square, x, kNearest);
@@ -201,6 +202,24 @@ int inverse_erf(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
     mpfr_set_nan(r);
     return 0;
   }
+  if (mpfr_get_exp(x) < -50) {  // sqrt(pi)/2 (x + pi/12 x^3 + 7 pi^2/480 x^5 ...)
+    Wide pi(kPrecision + kGuard), square(kPrecision + kGuard), sum(kPrecision + kGuard);
+    mpfr_const_pi(pi, kNearest);
+    mpfr_sqr(square, x, kNearest);
+    mpfr_mul(square, square, pi, kNearest);
+    mpfr_mul_ui(sum, square, 7, kNearest);
+    mpfr_div_ui(sum, sum, 480, kNearest);
+    Wide twelfth(kPrecision + kGuard);
+    mpfr_set_ui(twelfth, 1, kNearest);
+    mpfr_div_ui(twelfth, twelfth, 12, kNearest);
+    mpfr_add(sum, sum, twelfth, kNearest);
+    mpfr_mul(sum, sum, square, kNearest);
+    mpfr_add_ui(sum, sum, 1, kNearest);
+    mpfr_sqrt(pi, pi, kNearest);
+    mpfr_mul(sum, sum, pi, kNearest);
+    mpfr_div_2ui(sum, sum, 1, kNearest);
+    return mpfr_mul(r, sum, x, rnd);
+  }
   const mpfr_prec_t bits = bits_for(x);
   Wide q(bits), y(bits);
   mpfr_ui_sub(q, 1, x, kNearest);
@@ -232,6 +251,44 @@ int inverse_normal_cdf(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
   mpfr_sqrt_ui(root, 2, kNearest);
   mpfr_neg(root, root, kNearest);
   return mpfr_mul(r, r, root, rnd);
+}
+
+int bessel_j(mpfr_ptr r, long order, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  const bool odd = order % 2 != 0;
+  if (mpfr_inf_p(x) || (mpfr_zero_p(x) && order != 0)) {
+    mpfr_set_zero(r, odd && (mpfr_signbit(x) != 0) != (order < 0) ? -1 : 1);
+    return 0;
+  }
+  return mpfr_jn(r, order, x, rnd);
+}
+
+int bessel_y(mpfr_ptr r, long order, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  const int sign = order < 0 && order % 2 != 0 ? -1 : 1;
+  if (mpfr_zero_p(x)) {
+    mpfr_set_inf(r, -sign);
+    return 0;
+  }
+  if (mpfr_inf_p(x) && mpfr_sgn(x) > 0) {
+    mpfr_set_zero(r, sign);
+    return 0;
+  }
+  return mpfr_yn(r, order, x, rnd);
+}
+
+int bessel_j0(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) { return bessel_j(r, 0, x, rnd); }
+int bessel_j1(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) { return bessel_j(r, 1, x, rnd); }
+int bessel_y0(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) { return bessel_y(r, 0, x, rnd); }
+int bessel_y1(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) { return bessel_y(r, 1, x, rnd); }
+
+int power_of_non_negative(mpfr_ptr r, mpfr_srcptr x, mpfr_srcptr y, mpfr_rnd_t rnd) {
+  const bool one = mpfr_zero_p(y) != 0 || (mpfr_nan_p(x) == 0 && mpfr_cmp_ui(x, 1) == 0);
+  if (!one && mpfr_nan_p(x) == 0 && mpfr_sgn(x) < 0) {
+    mpfr_set_nan(r);
+    return 0;
+  }
+  Wide magnitude(kPrecision);  // a zero of either sign is +0
+  mpfr_abs(magnitude, x, kNearest);
+  return mpfr_pow(r, magnitude, y, rnd);
 }
 
 int bessel_i0(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) { return bessel_i(r, 0, x, rnd); }

@@ -24,5 +24,14 @@ int inverse_erfc(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd);
 int inverse_normal_cdf(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd);
 int bessel_i0(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd);
 int bessel_i1(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd);
+// Of any order. J at an infinity: a zero, with the sign of x if the order is odd. Y: -inf at 0, NaN below, 0 at +inf; a negative
+// odd order turns the sign.
+int bessel_j(mpfr_ptr r, long order, mpfr_srcptr x, mpfr_rnd_t rnd);
+int bessel_y(mpfr_ptr r, long order, mpfr_srcptr x, mpfr_rnd_t rnd);
+int bessel_j0(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd);
+int bessel_j1(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd);
+int bessel_y0(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd);
+int bessel_y1(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd);
+int power_of_non_negative(mpfr_ptr r, mpfr_srcptr x, mpfr_srcptr y, mpfr_rnd_t rnd);  // 1 at x = 1 and y = 0; NaN at x < 0
 
 }  // namespace orvik::accuracy

@@ -3,15 +3,23 @@
 
 #include <string_view>
 
+#include "tools/rows/list.h"
+
 namespace orvik::rows {
 
 struct Domain {
-  double low = -8, high = 8;    // first argument
-  double low2 = -8, high2 = 8;  // second argument
-  double edges[6] = {};         // overflow, underflow, ends of the domain, thresholds of kernels; 0: none
+  double low, high;             // first argument; of complex functions each part
+  double low2 = 0, high2 = 0;   // second argument
+  double edges[8] = {};         // overflow, underflow, ends of the domain, thresholds of kernels; 0: none
 };
 
-// The domain of a function in 32-bit or 64-bit elements; functions without a line of their own have [-8, 8].
-Domain domain(std::string_view function, bool single);
+// Null: the function has no line in domains.cc. Data movers need none.
+const Domain* find_domain(std::string_view function, bool complex, bool single);
+
+// The domain of a row. Ends the program, naming the row and the file to edit, where there is none.
+const Domain& domain(const Row& row);
+
+// Empty, or what find_domain misses for this row.
+std::string missing_domain(const Row& row);
 
 }  // namespace orvik::rows

@@ -6,6 +6,7 @@
     rows.py wrappers DIR   C++ sources: the kernels around each family header; prints their names
     rows.py header   OUT   include/orvik/zym_functions.h
     rows.py status   OUT   docs/status.md
+    rows.py list     DIR   C++: what tests, benchmarks and tools loop over (tools/rows/list.h)
 
 and, the other way round:
 
@@ -29,9 +30,12 @@ LEVELS = {
     "apart": ("LA", "HA", "EP"),
 }
 
-# Argument lists: unit stride, strided. T is the element, S the scalar operand.
+# Argument lists: unit stride, strided. T is the element, S the real number that it is made of. This is the one place that has
+# them: prototypes, and how the tests call an entry, are made from it.
 SHAPES = {
     "unary": ("const T* a, T* r", "const T* a, int32_t incA, T* r, int32_t incR"),
+    "to_real": ("const T* a, S* r", "const T* a, int32_t incA, S* r, int32_t incR"),
+    "from_real": ("const S* a, T* r", "const S* a, int32_t incA, T* r, int32_t incR"),
     "binary": ("const T* a, const T* b, T* r",
                "const T* a, int32_t incA, const T* b, int32_t incB, T* r, int32_t incR"),
     "unary2": ("const T* a, T* r1, T* r2", "const T* a, int32_t incA, T* r1, int32_t incR1, T* r2, int32_t incR2"),
@@ -49,6 +53,7 @@ PACK = {
     "UnpackV": "const T* a, T* y, const int32_t* index",
     "UnpackM": "const T* a, T* y, const int32_t* mask",
 }
+SHAPE_NAMES = list(SHAPES) + ["pack"]
 ELEMENT = {"s": "float", "d": "double", "c": "ZymComplexFloat", "z": "ZymComplexDouble"}
 
 # What each function computes, for the prototypes' comments.
@@ -74,8 +79,44 @@ TEXT = {
     "Tanh": "hyperbolic tangent", "Acosh": "inverse hyperbolic cosine", "Asinh": "inverse hyperbolic sine",
     "Atanh": "inverse hyperbolic tangent",
     "PackI": "y[i] = a[i inc]", "PackV": "y[i] = a[index[i]]", "PackM": "the elements of a where mask is not zero",
+    "Conj": "conjugate: (re, -im)", "MulByConj": "r = a conj(b)", "CIS": "cos a + i sin a of a real array",
+    "Arg": "argument in (-pi, pi]: atan2(im, re)", "Sin": "sine", "Cos": "cosine", "Tan": "tangent",
+    "SinCos": "r1 = sin a, r2 = cos a", "Sinpi": "sin(pi a)", "Cospi": "cos(pi a)", "Tanpi": "tan(pi a)",
+    "SinCospi": "r1 = sin(pi a), r2 = cos(pi a)", "Sind": "sine of a degrees", "Cosd": "cosine of a degrees",
+    "Tand": "tangent of a degrees", "Asin": "arc sine", "Acos": "arc cosine", "Atan": "arc tangent",
+    "Asinpi": "arc sine / pi", "Acospi": "arc cosine / pi", "Atanpi": "arc tangent / pi",
+    "Atan2": "angle of the point (b, a) in [-pi, pi]", "Atan2pi": "angle of the point (b, a) / pi", "Sinh": "hyperbolic sine",
+    "Cosh": "hyperbolic cosine", "Tanh": "hyperbolic tangent", "Asinh": "inverse hyperbolic sine",
+    "Acosh": "inverse hyperbolic cosine", "Atanh": "inverse hyperbolic tangent", "Pow": "a^b",
+    "Powr": "a^b for a not below 0", "Powx": "a^b, b one number for all a", "Erf": "error function",
+    "Erfc": "complementary error function 1 - erf(a)", "Erfcx": "e^(a^2) erfc(a)", "ErfInv": "inverse error function",
+    "ErfcInv": "inverse complementary error function", "CdfNorm": "normal distribution function",
+    "CdfNormInv": "normal quantile", "LGamma": "ln |gamma(a)|", "TGamma": "gamma function",
+    "ExpInt1": "exponential integral E1: integral of e^-t / t from a on", "I0": "modified Bessel function I of order 0",
+    "I1": "modified Bessel function I of order 1", "J0": "Bessel function J of order 0", "J1": "Bessel function J of order 1",
+    "Y0": "Bessel function Y of order 0", "Y1": "Bessel function Y of order 1", "Jn": "Bessel function J of integer order",
+    "Yn": "Bessel function Y of integer order",
     "UnpackI": "y[i inc] = a[i]", "UnpackV": "y[index[i]] = a[i]", "UnpackM": "y[i] = next of a where mask is not zero",
 }
+
+
+def complaints(rows):
+    """What is missing for these rows, each line naming the row and the file to edit."""
+    out = []
+    for row in rows:
+        name = row.precision + row.function
+        if row.shape != "pack" and row.shape not in SHAPES or row.shape == "pack" and row.function not in PACK:
+            out.append(f"{name}: no argument list of the shape {row.shape}; add it to SHAPES or PACK in tools/rows/rows.py")
+        if row.precision not in ELEMENT:
+            out.append(f"{name}: no elements of the precision {row.precision}; see ELEMENT in tools/rows/rows.py")
+        if row.sharing not in LEVELS:
+            out.append(f"{name}: no sharing called {row.sharing}; see src/zym/frame/rows.def and LEVELS in tools/rows/rows.py")
+        if row.function not in TEXT:
+            out.append(f"{name}: no description of {row.function}; add it to TEXT in tools/rows/rows.py")
+        header = f"src/zym/kernels/{row.family}.h"
+        if row.family not in ("none", "pack") and not (ROOT / header).exists():
+            out.append(f"{name}: no header {header}; write it, or mend the family in src/zym/frame/rows.def")
+    return out
 
 
 def unit_rows():
@@ -280,7 +321,8 @@ def write_wrappers(folder):
 def prototype(row, name):
     args = PACK[row.function] if row.shape == "pack" else SHAPES[row.shape][1 if row.strided else 0]
     count = "int64_t" if row.shape == "pack" else "int32_t"
-    return re.sub(r"\bT\b", ELEMENT[row.precision], f"void {name}({count} n, {args});")
+    text = re.sub(r"\bT\b", ELEMENT[row.precision], f"void {name}({count} n, {args});")
+    return re.sub(r"\bS\b", REAL[row.precision], text)
 
 
 def make_header():
@@ -294,9 +336,7 @@ def make_header():
     for row in unit_rows():
         if not built(row):
             continue
-        text = TEXT.get(row.function)
-        if text is None:
-            sys.exit(f"rows.py: no description of {row.function} in TEXT")
+        text = TEXT[row.function]
         codes = "; elements can be reported" if row.reports else ""
         out.append(f"/* {row_name(row)}: {text}{codes}. */")
         for r in [row] + ([twins[row.precision, row.function]] if row.shape != "pack" else []):
@@ -321,6 +361,74 @@ def make_status():
         if names:
             out.append(f"- {kind} ({len(names)}): " + " ".join(f"`{n}`" for n in names))
     return "\n".join(out) + "\n"
+
+
+def arguments_of(shape, strided):
+    """(type, name) of each argument behind n."""
+    return [tuple(a.rsplit(" ", 1)) for a in SHAPES[shape][strided].split(", ")]
+
+
+def arrays_of(shape):
+    """Pointer types of the inputs and of the results."""
+    pointers = [t for t, _ in arguments_of(shape, 0) if t.endswith("*")] if shape in SHAPES else ["const T*", "T*"]
+    return [t for t in pointers if t.startswith("const")], [t for t in pointers if not t.startswith("const")]
+
+
+def make_row_types():
+    return "\n".join(["// Generated by tools/rows/rows.py from rows.def.", "#pragma once", "", "namespace orvik::rows {", "",
+                      f"enum class Shape {{ {', '.join(SHAPE_NAMES)} }};", f"enum class Sharing {{ {', '.join(LEVELS)} }};",
+                      f"inline constexpr int kUnitRows = {len(unit_rows())};  // functions",
+                      f"inline constexpr int kTwins = {len(all_rows()) - len(unit_rows())};  // their strided twins", "",
+                      "}  // namespace orvik::rows"]) + "\n"
+
+
+def make_row_list():
+    """Rows of tools/rows/list.cc: ENTRY(name) for every exported entry, then ROW_OF(...) for every row."""
+    out = ["// Generated by tools/rows/rows.py from rows.def.", "#ifdef ENTRY"]
+    out += [f"ENTRY({names[0]})" for row in all_rows() for names in entry_names(row)]
+    out += ["#endif", "#ifdef ROW_OF"]
+    order = ("LA", "HA", "EP")
+    for row in unit_rows():
+        inputs, results = arrays_of(row.shape)
+        parts = {t: 2 if row.precision in "cz" and "T" in t else 1 for t in inputs + results}
+        entries = [[f"ADDRESS({names[0]})" for names in entry_names(r)] for r in (row, row._replace(strided=True))]
+        if row.shape == "pack":
+            entries[1] = ["nullptr"] * 3
+        kernels = ", ".join(str(order.index(level)) for level in LEVELS[row.sharing])
+        out.append(f"ROW_OF('{row.precision}', \"{row.function}\", \"{row_name(row)}\", Shape::{row.shape}, "
+                   f"Sharing::{row.sharing}, LIST({kernels}), {str(row.reports).lower()}, \"{row.family.split('/')[0]}\", "
+                   f"\"{TEXT[row.function]}\", LIST({', '.join(row.costs)}), {len(inputs)}, {len(results)}, "
+                   f"{parts[inputs[0]]}, {parts[results[0]]}, LIST({', '.join(entries[0])}), LIST({', '.join(entries[1])}))")
+    return "\n".join(out + ["#endif"]) + "\n"
+
+
+def make_row_calls():
+    """The cases of with_call in tools/rows/list.h: an entry of each shape with its arguments from a Call."""
+    out = ["// Generated by tools/rows/rows.py from rows.def."]
+    member = {"r": "r1", "incR": "incR1"}
+    for shape in SHAPES:
+        scalars = [name for t, name in arguments_of(shape, 0) if t == "T"]
+        out.append(f"case Shape::{shape}:")
+        if scalars:
+            out.append("  with_scalar_type([&]<class T>(T) {")
+            out += [f"    const T {name} = scalar_of<T>(c, {k});" for k, name in enumerate(scalars)]
+        for strided in (1, 0):
+            types, values = ["I"], ["n"]
+            for t, name in arguments_of(shape, strided):
+                types.append("T" if t == "T" else "I" if t == "int32_t" else "In" if t.startswith("const") else "Out")
+                values.append(name if t == "T" else f"c.{member.get(name, name)}")
+            out += [f"  {'if (strided)' if strided else 'else'} {{",
+                    f"    const auto f = as(static_cast<void (*)({', '.join(types)})>(nullptr));",
+                    f"    use([=](I n) {{ f({', '.join(values)}); }});", "  }"]
+        out += ["  });"] if scalars else []
+        out.append("  break;")
+    return "\n".join(out) + "\n"
+
+
+def write_list(folder):
+    write_if_changed(Path(folder) / "zym_row_types.h", make_row_types())
+    write_if_changed(Path(folder) / "zym_row_list.inc", make_row_list())
+    write_if_changed(Path(folder) / "zym_row_calls.inc", make_row_calls())
 
 
 MAKERS = {"table": make_table, "exports": make_exports, "header": make_header,
@@ -354,10 +462,15 @@ def write_if_changed(output, text):
 
 
 def main():
+    missing = complaints(unit_rows())
+    if missing:
+        sys.exit("\n".join(missing))
     if len(sys.argv) == 3 and sys.argv[1] == "costs":
         return take_costs(sys.argv[2])
     if len(sys.argv) == 3 and sys.argv[1] == "wrappers":
         return write_wrappers(sys.argv[2])
+    if len(sys.argv) == 3 and sys.argv[1] == "list":
+        return write_list(sys.argv[2])
     if len(sys.argv) != 3 or sys.argv[1] not in MAKERS:
         sys.exit(__doc__)
     text = MAKERS[sys.argv[1]]()

@@ -1062,7 +1062,7 @@ void _zymsDivI_11(int32_t n, const float* a, int32_t incA, const float* b, int32
 ORVIK_TABLE void* orvik_zym_kernel_sDivI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sDivI_ctab[];
 
-/* sAtan2: angle of the point (b, a). */
+/* sAtan2: angle of the point (b, a) in [-pi, pi]. */
 void _zymsAtan2_21(int32_t n, const float* a, const float* b, float* r);
 void _zymsAtan2(int32_t n, const float* a, const float* b, float* r);
 void _zymsAtan2_HA(int32_t n, const float* a, const float* b, float* r);
@@ -1286,7 +1286,7 @@ void _zymdDivI_26(int32_t n, const double* a, int32_t incA, const double* b, int
 ORVIK_TABLE void* orvik_zym_kernel_dDivI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dDivI_ctab[];
 
-/* dAtan2: angle of the point (b, a). */
+/* dAtan2: angle of the point (b, a) in [-pi, pi]. */
 void _zymdAtan2_50(int32_t n, const double* a, const double* b, double* r);
 void _zymdAtan2(int32_t n, const double* a, const double* b, double* r);
 void _zymdAtan2_HA(int32_t n, const double* a, const double* b, double* r);

@@ -4,6 +4,8 @@
 // Every result is base + k a with k = +-1, +-2. From |x| = 1 on the element routine decides.
 #pragma once
 
+#include <iterator>
+
 #include "orvik/zym_types.h"
 #include "zym/kernels/arc/coefficients.h"
 #include "zym/kernels/arc/constants.h"
@@ -13,28 +15,14 @@ namespace orvik::zym {
 namespace arc {
 
 template <class V, Level L, Unit U>
-V sine_polynomial(V z) {
-  if constexpr (U == Unit::radian) {
-    if constexpr (Single<V>) {
-      if constexpr (L == Level::EP) return horner(z, kAsinSingleEP);
-      if constexpr (L == Level::LA) return horner(z, kAsinSingleLA);
-      if constexpr (L == Level::HA) return horner(z, kAsinSingleHA);
-    } else {
-      if constexpr (L == Level::EP) return horner(z, kAsinDoubleEP);
-      if constexpr (L == Level::LA) return horner(z, kAsinDoubleLA);
-      if constexpr (L == Level::HA) return horner(z, kAsinDoubleHA);
-    }
-  } else {
-    if constexpr (Single<V>) {
-      if constexpr (L == Level::EP) return horner(z, kAsinpiSingleEP);
-      if constexpr (L == Level::LA) return horner(z, kAsinpiSingleLA);
-      if constexpr (L == Level::HA) return horner(z, kAsinpiSingleHA);
-    } else {
-      if constexpr (L == Level::EP) return horner(z, kAsinpiDoubleEP);
-      if constexpr (L == Level::LA) return horner(z, kAsinpiDoubleLA);
-      if constexpr (L == Level::HA) return horner(z, kAsinpiDoubleHA);
-    }
-  }
+constexpr const auto& sine_coefficients() {
+  constexpr bool kRadian = U == Unit::radian;
+  if constexpr (Single<V> && L == Level::EP) return kRadian ? kAsinSingleEP : kAsinpiSingleEP;
+  if constexpr (Single<V> && L == Level::LA) return kRadian ? kAsinSingleLA : kAsinpiSingleLA;
+  if constexpr (Single<V> && L == Level::HA) return kRadian ? kAsinSingleHA : kAsinpiSingleHA;
+  if constexpr (Double<V> && L == Level::EP) return kRadian ? kAsinDoubleEP : kAsinpiDoubleEP;
+  if constexpr (Double<V> && L == Level::LA) return kRadian ? kAsinDoubleLA : kAsinpiDoubleLA;
+  if constexpr (Double<V> && L == Level::HA) return kRadian ? kAsinDoubleHA : kAsinpiDoubleHA;
 }
 
 // asin of |x| < 1 before its base is added. `wide`: |x| above 1/2.
@@ -42,7 +30,7 @@ template <class V, Level L, Unit U>
 struct HalfAngle {
   Mask<V> wide;
   V head, tail;  // of w in the unit; LA and EP: all of a, no tail
-  V cube, p;     // HA: what is added to them is w^3 P
+  V cube, rest;  // HA: what is added to them is w^3 (c + rest), c the lowest coefficient of P
 
   [[gnu::always_inline]] explicit HalfAngle(V a) {
     using E = Element<V>;
@@ -53,9 +41,10 @@ struct HalfAngle {
     const V root = sqrt(s);
     const V w = min(root, a);
     const V z = min(safe_square<L == Level::HA>(a), s);
-    p = sine_polynomial<V, L, U>(z);
+    const auto& c = sine_coefficients<V, L, U>();
     if constexpr (L != Level::HA) {
-      tail = cube = V(E(0));
+      tail = cube = rest = V(E(0));
+      const V p = horner(z, c);
       if constexpr (U == Unit::radian) {
         head = fma(w, z * p, w);
       } else {
@@ -69,6 +58,7 @@ struct HalfAngle {
       head = sum.head;
       tail = sum.tail;
       cube = w * z;
+      rest = z * horner_but_lowest(z, c);
     }
   }
 
@@ -76,7 +66,9 @@ struct HalfAngle {
   [[gnu::always_inline]] V placed(V k, V base, V base_low) const {
     if constexpr (L != Level::HA) return fma(k, head, base);
     const HeadTail<V> sum = fast_two_sum(base, k * head);
-    return sum.head + fma(k * cube, p, fma(k, tail, sum.tail + base_low));
+    const auto& c = sine_coefficients<V, L, U>();
+    const V scaled = k * cube, lowest = V(c[std::size(c) - 1]);
+    return sum.head + fma(scaled, lowest, fma(scaled, rest, fma(k, tail, sum.tail + base_low)));
   }
 };
 

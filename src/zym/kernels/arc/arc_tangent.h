@@ -4,6 +4,8 @@
 // the octant then says what to take it from: the result is base +- atan(n/d). At EP in 32 bits c is always 0.
 #pragma once
 
+#include <iterator>
+
 #include "orvik/zym_types.h"
 #include "zym/kernels/arc/coefficients.h"
 #include "zym/kernels/arc/constants.h"
@@ -13,28 +15,23 @@ namespace orvik::zym {
 namespace arc {
 
 template <class V, Level L, Unit U>
-V tangent_polynomial(V z) {
-  if constexpr (U == Unit::radian) {
-    if constexpr (Single<V>) {
-      if constexpr (L == Level::EP) return horner(z, kAtanSingleEP);
-      if constexpr (L == Level::LA) return horner(z, kAtanSingleLA);
-      if constexpr (L == Level::HA) return horner(z, kAtanSingleHA);
-    } else {
-      if constexpr (L == Level::EP) return horner(z, kAtanDoubleEP);
-      if constexpr (L == Level::LA) return estrin(z, kAtanDoubleLA);
-      if constexpr (L == Level::HA) return estrin(z, kAtanDoubleHA);
-    }
-  } else {
-    if constexpr (Single<V>) {
-      if constexpr (L == Level::EP) return horner(z, kAtanpiSingleEP);
-      if constexpr (L == Level::LA) return horner(z, kAtanpiSingleLA);
-      if constexpr (L == Level::HA) return horner(z, kAtanpiSingleHA);
-    } else {
-      if constexpr (L == Level::EP) return horner(z, kAtanpiDoubleEP);
-      if constexpr (L == Level::LA) return estrin(z, kAtanpiDoubleLA);
-      if constexpr (L == Level::HA) return estrin(z, kAtanpiDoubleHA);
-    }
-  }
+constexpr const auto& tangent_coefficients() {
+  constexpr bool kRadian = U == Unit::radian;
+  if constexpr (Single<V> && L == Level::EP) return kRadian ? kAtanSingleEP : kAtanpiSingleEP;
+  if constexpr (Single<V> && L == Level::LA) return kRadian ? kAtanSingleLA : kAtanpiSingleLA;
+  if constexpr (Single<V> && L == Level::HA) return kRadian ? kAtanSingleHA : kAtanpiSingleHA;
+  if constexpr (Double<V> && L == Level::EP) return kRadian ? kAtanDoubleEP : kAtanpiDoubleEP;
+  if constexpr (Double<V> && L == Level::LA) return kRadian ? kAtanDoubleLA : kAtanpiDoubleLA;
+  if constexpr (Double<V> && L == Level::HA) return kRadian ? kAtanDoubleHA : kAtanpiDoubleHA;
+}
+
+// base + atan(t) in the unit, |t| small (EP of floats: up to 1).
+template <class V, Level L, Unit U>
+[[gnu::always_inline]] inline V small_angle(V t, V base) {
+  const V z = safe_square<false>(t);
+  const V p = horner(z, tangent_coefficients<V, L, U>());
+  if constexpr (U == Unit::half_turn) return fma(t, fma(z, p, V(Constants<Element<V>>::inverse_pi)), base);
+  return base + fma(t, z * p, t);
 }
 
 // atan(n/d), 0 <= n <= d; a tail at HA only.
@@ -44,26 +41,15 @@ template <class V, Level L, Unit U>
   using K = Constants<E>;
   constexpr int kUnit = static_cast<int>(U);
   const V zero = V(E(0));
-  // t + t p, in the unit, on top of `base`.
-  const auto angle = [](V t, V p, V base) {
-    if constexpr (U == Unit::half_turn) return fma(t, p + V(K::inverse_pi), base);
-    return base + fma(t, p, t);
-  };
   if constexpr (Single<V> && L == Level::EP) {
-    const V t = n / d;
-    const V z = safe_square<false>(t);
-    const V p = z * tangent_polynomial<V, L, U>(z);
-    if constexpr (U == Unit::half_turn) return {t * (p + V(K::inverse_pi)), zero};
-    return {fma(t, p, t), zero};
+    return {small_angle<V, L, U>(n / d, zero), zero};
   } else {
     const Mask<V> pivot = n > V(E(9.0 / 32)) * d;
     const V c = keep(pivot, V(E(9.0 / 16)));
     const V base = keep(pivot, V(K::pivot[kUnit]));
     const V den = fma(c, n, d);
     if constexpr (L != Level::HA) {
-      const V t = fnma(c, d, n) / den;
-      const V z = safe_square<false>(t);
-      return {angle(t, z * tangent_polynomial<V, L, U>(z), base), zero};
+      return {small_angle<V, L, U>(fnma(c, d, n) / den, base), zero};
     } else {
       // c d is between n/2 and 2 n, or 0: the difference is exact.
       const HeadTail<V> cd = two_prod(c, d);
@@ -71,11 +57,13 @@ template <class V, Level L, Unit U>
       const V den_low = fma(c, n, d - den);
       const V t = num / den;
       const V t_low = fnma(t, den_low, fnma(t, den, num) - cd.tail) * rough_reciprocal(den);
-      const V z = safe_square<true>(t);
       HeadTail<V> small = {t, t_low};
       if constexpr (U == Unit::half_turn) small = over_pi(t, t_low);
+      const auto& k = tangent_coefficients<V, L, U>();
+      const V z = safe_square<true>(t), cube = t * z;
+      const V rest = fma(cube, V(k[std::size(k) - 1]), fma(cube, z * horner_but_lowest(z, k), small.tail));
       const HeadTail<V> sum = fast_two_sum(base, small.head);
-      return {sum.head, sum.tail + (keep(pivot, V(K::pivot_low[kUnit])) + fma(t * z, tangent_polynomial<V, L, U>(z), small.tail))};
+      return {sum.head, sum.tail + (keep(pivot, V(K::pivot_low[kUnit])) + rest)};
     }
   }
 }
@@ -112,6 +100,7 @@ struct ArcTangent {
 
   static V lanes(V x) {
     const V a = magnitude(x), one = V(E(1));
+    if constexpr (Single<V> && L == Level::LA) return flip_sign(by_quarters(a), x);
     const Mask<V> steep = a > one;
     const V right = keep(steep, V(kHalfTurn<E, U> / 2)), right_low = keep(steep, V(kHalfTurnLow<E, U> / 2));
     const HeadTail<V> angle = first_octant<V, L, U>(min(a, one), max(a, one));
@@ -128,6 +117,20 @@ struct ArcTangent {
       *r = tiny_over_pi(x);
     }
     return 0;
+  }
+
+ private:
+  // Bounds 9/32, 1, 32/9 and pivots c = 0, 9/16, 16/9, infinity, as quotients q/p: t = (a p - q) / (a q + p). Rows of
+  // what a lane needs follow the negative number of bounds below it.
+  static V by_quarters(V a) {
+    using K = Constants<float>;
+    constexpr int kUnit = static_cast<int>(U);
+    static constexpr float kP[4] = {1, 0, 9.0f / 16, 1}, kQ[4] = {0, 1, 1, 9.0f / 16};
+    static constexpr float kBase[4] = {0, K::pi[kUnit] / 2, K::far_pivot[kUnit], K::pivot[kUnit]};
+    const auto above = [&](float bound) { return minus_one(a > V(bound)); };
+    const Integer<V> row = above(9.0f / 32) + above(1) + above(32.0f / 9);
+    const V p = select_in_quad(quad_table<V>(kP), row), q = select_in_quad(quad_table<V>(kQ), row);
+    return small_angle<V, L, U>(fms(a, p, q) / fma(a, q, p), select_in_quad(quad_table<V>(kBase), row));
   }
 };
 

@@ -31,6 +31,9 @@ inline constexpr float kPivotpi32 = 0x1.4e06a8p-3f;      //: = atan(9/16)/pi
 inline constexpr float kPivotpiLow32 = -0x1.570e08p-29f;     //: = atan(9/16)/pi - kPivotpi32
 inline constexpr double kPivotpi64 = 0x1.4e06a7aa3c7dep-3;         //: = atan(9/16)/pi
 inline constexpr double kPivotpiLow64 = -0x1.1d27868a9336p-59;  //: = atan(9/16)/pi - kPivotpi64
+// The angle whose tangent is 16/9.
+inline constexpr float kFarPivot32 = 0x1.0ef3cp0f;  //: = atan(16/9)
+inline constexpr float kFarPivotpi32 = 0x1.58fcacp-2f;  //: = atan(16/9)/pi
 
 template <class E>
 struct Constants;
@@ -39,6 +42,7 @@ struct Constants<float> {
   static constexpr float inverse_pi = kInversePi32, inverse_pi_low = kInversePiLow32;
   static constexpr float pi[2] = {kPi32, 1}, pi_low[2] = {kPiLow32, 0};  // by unit
   static constexpr float pivot[2] = {kPivot32, kPivotpi32}, pivot_low[2] = {kPivotLow32, kPivotpiLow32};
+  static constexpr float far_pivot[2] = {kFarPivot32, kFarPivotpi32};
   static constexpr float three_quarters[2] = {kThreeQuarters32, 0.75f};
 };
 template <>
@@ -64,6 +68,7 @@ inline constexpr uint32_t kSmallestTurn = sizeof(E) == 4 ? 0x12800000u : 0x04F00
 // x / pi of numbers so small that the product's error cannot be had as it is; one rounding where the result is normal.
 inline float tiny_over_pi(float x) { return static_cast<float>(static_cast<double>(x) * kInversePi64); }
 inline double tiny_over_pi(double x) {
+  if (x == 0) return x;
   const HeadTail<double> scaled = over_pi(x * 0x1p200, 0.0);
   return (scaled.head + scaled.tail) * 0x1p-200;
 }

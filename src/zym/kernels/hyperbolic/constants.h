@@ -24,7 +24,7 @@ inline constexpr float kSqrtHalf32 = 0x1.6a09e6p-1f;  //: = sqrt(1/2)
 inline constexpr double kSqrtHalf64 = 0x1.6a09e667f3bcdp-1;  //: = sqrt(1/2)
 
 // Beyond it cosh and sinh overflow.
-inline constexpr float kOverflow32 = f32(0x42B2D4FB);  // 89.4159775
+inline constexpr float kOverflow32 = f32(0x42B2D4FC);  // 89.4159851
 inline constexpr double kOverflow64 = 710.4758600739439;
 
 template <class E>

@@ -46,7 +46,7 @@ template <class V, Level L, Unit U>
   } else {
     const Mask<V> pivot = n > V(E(9.0 / 32)) * d;
     const V c = keep(pivot, V(E(9.0 / 16)));
-    const V base = keep(pivot, V(K::pivot[kUnit]));
+    const V base = keep(pivot, V(L == Level::EP && U == Unit::half_turn ? E(kPivotpiShort64) : K::pivot[kUnit]));
     const V den = fma(c, n, d);
     if constexpr (L != Level::HA) {
       return {small_angle<V, L, U>(fnma(c, d, n) / den, base), zero};

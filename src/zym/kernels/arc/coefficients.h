@@ -217,7 +217,7 @@ inline constexpr float kAtanpiSingleEP[4] = {
     0x1.03141ap-7f,
     -0x1.eab8d2p-6f,
     0x1.e7212cp-5f,
-    -0x1.b107c4p-4f,
+    -0x1.b110fcp-4f,
 };
 
 //: x / pi + x^3 * p(x^2) = atan(x) / pi on [2^-20, 0.2813], relative error ?

@@ -57,7 +57,7 @@ inline int32_t note_report(ZymErrorContext* c) {
 
 // The outcome of one level, after checking that place and stride do not matter and that neighbours stay unreported.
 template <class E>
-Outcome<E> evaluate(const std::string& name, int level, E a, E b = E(0)) {
+Outcome<E> evaluate(const std::string& name, int level, E a, E b = E(0), E neighbour = E(0.75)) {
   const Row& row = row_named(name);
   const uint32_t mode = _zymSetMode(ZYM_ERRMODE_IGNORE);
   const ZymErrorCallback callback = _zymSetErrorCallBack(note_report);
@@ -67,7 +67,7 @@ Outcome<E> evaluate(const std::string& name, int level, E a, E b = E(0)) {
   constexpr int kMain = sizeof(E) == 4 ? 32 : 16;
   for (bool strided : {false, true}) {
     for (int position : {0, kMain - 1, kMain + 2}) {
-      std::vector<E> x(2 * kMain, E(0.75)), y(2 * kMain, E(0.5)), r1(2 * kMain), r2(2 * kMain);
+      std::vector<E> x(2 * kMain, neighbour), y(2 * kMain, E(0.5)), r1(2 * kMain), r2(2 * kMain);
       x[static_cast<size_t>(position)] = a;
       y[static_cast<size_t>(position)] = b;
       Call<E> c;
@@ -94,9 +94,9 @@ Outcome<E> evaluate(const std::string& name, int level, E a, E b = E(0)) {
 
 // At every level: this value (any NaN for a NaN, the sign of a zero counts) and this code.
 template <class E>
-void expect_element(const std::string& name, E a, E b, E want, int32_t code = 0) {
+void expect_element(const std::string& name, E a, E b, E want, int32_t code = 0, E neighbour = E(0.75)) {
   for (int level = 0; level < 3; ++level) {
-    const Outcome<E> got = evaluate<E>(name, level, a, b);
+    const Outcome<E> got = evaluate<E>(name, level, a, b, neighbour);
     EXPECT_TRUE(same_value(want, got.r1))
         << name << " " << kLevelNames[level] << "(" << a << ", " << b << "): got " << got.r1 << ", want " << want;
     EXPECT_EQ(got.code, code) << name << " " << kLevelNames[level] << "(" << a << ", " << b << ")";

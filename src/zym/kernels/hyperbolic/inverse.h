@@ -145,7 +145,7 @@ struct Asinh {
 template <class V, Level L>
 struct Acosh {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4};
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .filler = 1.5};
   static constexpr auto kLast = Single<V> ? 0x7DFFFFFFu : 0x7FBFFFFFu;
   static auto special(V x) { return outside<Single<V> ? 0x3F800000u : 0x3FF00000u, kLast>(x); }
 

@@ -29,7 +29,7 @@ constexpr const auto& sine_coefficients() {
 template <class V, Level L, Unit U>
 struct HalfAngle {
   Mask<V> wide;
-  V head, tail;  // of w in the unit; LA and EP: all of a, no tail
+  V head, tail;  // of w in the unit; LA and EP: all of a, or what `rest` is a factor to, and no tail
   V cube, rest;  // HA: what is added to them is w^3 (c + rest), c the lowest coefficient of P
 
   [[gnu::always_inline]] explicit HalfAngle(V a) {
@@ -43,12 +43,13 @@ struct HalfAngle {
     const V z = min(safe_square<L == Level::HA>(a), s);
     const auto& c = sine_coefficients<V, L, U>();
     if constexpr (L != Level::HA) {
-      tail = cube = rest = V(E(0));
+      tail = cube = V(E(0));
       const V p = horner(z, c);
       if constexpr (U == Unit::radian) {
         head = fma(w, z * p, w);
       } else {
-        head = w * fma(z, p, V(K::inverse_pi));
+        head = w;
+        rest = fma(z, p, V(K::inverse_pi));
       }
     } else {
       // What w + w z P lacks because the root is rounded, (s - root^2) / (2 root) times 1 + z P(z): 1 to 1.047.
@@ -64,7 +65,8 @@ struct HalfAngle {
 
   // base + k a, |base| >= |k a| or base = 0; k a power of two with a sign.
   [[gnu::always_inline]] V placed(V k, V base, V base_low) const {
-    if constexpr (L != Level::HA) return fma(k, head, base);
+    if constexpr (L != Level::HA && U == Unit::radian) return fma(k, head, base);
+    if constexpr (L != Level::HA && U == Unit::half_turn) return fma(k * head, rest, base);
     const HeadTail<V> sum = fast_two_sum(base, k * head);
     const auto& c = sine_coefficients<V, L, U>();
     const V scaled = k * cube, lowest = V(c[std::size(c) - 1]);

@@ -70,7 +70,7 @@ inline constexpr uint32_t kSmallestTurn = sizeof(E) == 4 ? 0x12800000u : 0x04F00
 // x / pi of numbers so small that the product's error cannot be had as it is; one rounding where the result is normal.
 inline float tiny_over_pi(float x) { return static_cast<float>(static_cast<double>(x) * kInversePi64); }
 inline double tiny_over_pi(double x) {
-  if (x == 0) return x;
+  if (x == 0) return x + x;  // denormals read as zero as well
   const HeadTail<double> scaled = over_pi(x * 0x1p200, 0.0);
   return (scaled.head + scaled.tail) * 0x1p-200;
 }

@@ -3,50 +3,60 @@
 
 namespace orvik::zym {
 
-//: x + x^3 * p(x^2) = 2 * atanh(x/2) on [2^-20, 0.401], relative error ?
+//: x + x^3 * p(x^2) = 2 * atanh(x/2) on [2^-20, 0.4018], relative error ?
 //: fit arc/coefficients.sollya
 inline constexpr float kAtanhSingleEP[1] = {
-    0x1.5c56cp-4f,
+    0x1.5c5c76p-4f,
 };
 
-//: x + x^3 * p(x^2) = 2 * atanh(x/2) on [2^-20, 0.401], relative error ?
+//: x + x^3 * p(x^2) = 2 * atanh(x/2) on [2^-20, 0.4907], relative error ?
 //: fit arc/coefficients.sollya
-inline constexpr float kAtanhSingle[3] = {
-    0x1.36f636p-9f,
-    0x1.992a6p-7f,
-    0x1.5555b4p-4f,
+inline constexpr float kAtanhSingleLA[3] = {
+    0x1.40c5b6p-9f,
+    0x1.9897f2p-7f,
+    0x1.5556ap-4f,
 };
 
-//: x + x^3 * p(x^2) = 2 * atanh(x/2) on [2^-20, 0.401], relative error ?
+//: x + x^3 * p(x^2) = 2 * atanh(x/2) on [2^-20, 0.4018], relative error ?
+//: fit arc/coefficients.sollya
+inline constexpr float kAtanhSingleHA[4] = {
+    0x1.ee373ep-12f,
+    0x1.23e336p-9f,
+    0x1.999c02p-7f,
+    0x1.555554p-4f,
+};
+
+//: x + x^3 * p(x^2) = 2 * atanh(x/2) on [2^-20, 0.4018], relative error ?
 //: fit arc/coefficients.sollya
 inline constexpr double kAtanhDoubleEP[3] = {
-    0x1.36ff217a2235ap-9,
-    0x1.9929d5b9f8f2cp-7,
-    0x1.5555b4fa8cc83p-4,
+    0x1.370e789d5cf47p-9,
+    0x1.99291e22423cbp-7,
+    0x1.5555b5e4cfc4fp-4,
 };
 
-//: x + x^3 * p(x^2) = 2 * atanh(x/2) on [2^-20, 0.401], relative error ?
+//: x + x^3 * p(x^2) = 2 * atanh(x/2) on [2^-20, 0.4907], relative error ?
 //: fit arc/coefficients.sollya
-inline constexpr double kAtanhDoubleLA[7] = {
-    0x1.3b01b7b433eacp-18,
-    0x1.384a2cbfc59abp-16,
-    0x1.7475513ec51c3p-14,
-    0x1.c71bfeb45494ep-12,
-    0x1.249249b65343ap-9,
-    0x1.99999998ead0bp-7,
-    0x1.555555555578cp-4,
+inline constexpr double kAtanhDoubleLA[8] = {
+    0x1.3431e47ffda41p-20,
+    0x1.092e8bc4cdc12p-18,
+    0x1.3b8fec9e62769p-16,
+    0x1.7458b295e092dp-14,
+    0x1.c71c88d82decap-12,
+    0x1.2492490329fbap-9,
+    0x1.99999999c84fep-7,
+    0x1.55555555554a3p-4,
 };
 
-//: x + x^3 * p(x^2) = 2 * atanh(x/2) on [2^-20, 0.401], relative error ?
+//: x + x^3 * p(x^2) = 2 * atanh(x/2) on [2^-20, 0.4018], relative error ?
 //: fit arc/coefficients.sollya
 inline constexpr double kAtanhDoubleHA[8] = {
-    0x1.1ba4cfae1bc4ep-20,
-    0x1.0dc68db3a4f8bp-18,
-    0x1.3b3609f2772ep-16,
-    0x1.745c48c320972p-14,
-    0x1.c71c7497d313ap-12,
-    0x1.24924921dcae3p-9,
-    0x1.999999999c1cfp-7,
+    0x1.1bc121ff1b2b5p-20,
+    0x1.0dc27bf335ce8p-18,
+    0x1.3b36457a090adp-16,
+    0x1.745c470bfa3f1p-14,
+    0x1.c71c749e78406p-12,
+    0x1.24924921d662cp-9,
+    0x1.999999999c216p-7,
     0x1.555555555554fp-4,
 };
 
@@ -163,13 +173,12 @@ inline constexpr float kTanhSingleLA[5] = {
     0x1.fffffep-2f,
 };
 
-//: x + x^2 * p(x) = expm1(x) on [-log(2)/8, log(2)/8], relative error ?
+//: x + x^2/2 + x^3 * p(x) = expm1(x) on [-log(2)/8, log(2)/8], relative error ?
 //: fit arc/coefficients.sollya
-inline constexpr float kTanhSingleHA[4] = {
-    0x1.1115cep-7f,
-    0x1.557278p-5f,
-    0x1.555556p-3f,
-    0x1.fffffep-2f,
+inline constexpr float kTanhSingleHA[3] = {
+    0x1.10b44p-7f,
+    0x1.55685cp-5f,
+    0x1.55556p-3f,
 };
 
 //: x + x^2 * p(x) = expm1(x) on [-log(2)/2, log(2)/2], relative error ?
@@ -187,18 +196,17 @@ inline constexpr double kTanhDoubleLA[10] = {
     0x1.0000000000005p-1,
 };
 
-//: x + x^2 * p(x) = expm1(x) on [-log(2)/8, log(2)/8], relative error ?
+//: x + x^2/2 + x^3 * p(x) = expm1(x) on [-log(2)/8, log(2)/8], relative error ?
 //: fit arc/coefficients.sollya
-inline constexpr double kTanhDoubleHA[9] = {
-    0x1.27f3a74f84a35p-22,
-    0x1.71ef23b5f9a8fp-19,
-    0x1.a01a01187b59cp-16,
-    0x1.a01a0127f6d34p-13,
-    0x1.6c16c16c18c8fp-10,
-    0x1.11111111126f1p-7,
+inline constexpr double kTanhDoubleHA[8] = {
+    0x1.27f3825771ec7p-22,
+    0x1.71ef234cbf8dcp-19,
+    0x1.a01a011a5883fp-16,
+    0x1.a01a0127fc07ap-13,
+    0x1.6c16c16c18c31p-10,
+    0x1.11111111126fp-7,
     0x1.5555555555555p-5,
     0x1.5555555555555p-3,
-    0x1p-1,
 };
 
 }  // namespace orvik::zym

@@ -20,8 +20,9 @@ inline constexpr double kHalfLn2_64 = 0x1.62e42fefa39efp-2;    //: = log(2)/2
 inline constexpr float kLn2Whole32 = 0x1.62e43p-1f;  //: = log(2)
 inline constexpr double kLn2Whole64 = 0x1.62e42fefa39efp-1;  //: = log(2)
 inline constexpr double kInverseLn2_64 = 0x1.71547652b82fep0;  //: = 1/log(2)
-inline constexpr float kSqrtHalf32 = 0x1.6a09e6p-1f;  //: = sqrt(1/2)
-inline constexpr double kSqrtHalf64 = 0x1.6a09e667f3bcdp-1;  //: = sqrt(1/2)
+// e^(1/2) / 2
+inline constexpr float kHalfRootE32 = 0x1.a61298p-1f;  //: = exp(1/2)/2
+inline constexpr double kHalfRootE64 = 0x1.a61298e1e069cp-1;  //: = exp(1/2)/2
 
 // Beyond it cosh and sinh overflow.
 inline constexpr float kOverflow32 = f32(0x42B2D4FC);  // 89.4159851
@@ -32,12 +33,12 @@ struct Constants;
 template <>
 struct Constants<float> {
   static constexpr float log2e = kLog2E32, ln2_head = kLn2Head32, ln2_tail = kLn2Tail32;
-  static constexpr float ln2 = kLn2Whole32, half_ln2 = kHalfLn2_32, sqrt_half = kSqrtHalf32;
+  static constexpr float ln2 = kLn2Whole32, half_ln2 = kHalfLn2_32, half_root_e = kHalfRootE32;
 };
 template <>
 struct Constants<double> {
   static constexpr double log2e = kInverseLn2_64, ln2_head = kLn2Head64, ln2_tail = kLn2Tail64;
-  static constexpr double ln2 = kLn2Whole64, half_ln2 = kHalfLn2_64, sqrt_half = kSqrtHalf64;
+  static constexpr double ln2 = kLn2Whole64, half_ln2 = kHalfLn2_64, half_root_e = kHalfRootE64;
 };
 
 }  // namespace orvik::zym::hyperbolic

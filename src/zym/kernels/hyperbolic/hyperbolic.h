@@ -4,6 +4,8 @@
 // tanh x = (e^2x - 1) / (e^2x + 1), the difference from the polynomial of e^r - 1.
 #pragma once
 
+#include <iterator>
+
 #include "orvik/zym_types.h"
 #include "zym/kernels/explog/exp_element.h"
 #include "zym/kernels/hyperbolic/coefficients.h"
@@ -255,7 +257,8 @@ struct Tanh {
     const V one = V(E(1)), two = V(E(2));
     if constexpr (L != Level::HA) {
       const V s = as_float(as_bits(one) + shift_left<Format<V>::mantissa_bits>(as_bits(sum)));
-      const V q = fma(r, r * polynomial(r), r);
+      // The added number keeps the product from underflow; below as well.
+      const V q = fma(r, fma(r, horner(r, coefficients()), V(E(0x1p-100))), r);
       const V num = fma(s, q, s - one);  // e^2x - 1
       return join_sign(num / (num + two), x);
     } else {
@@ -264,10 +267,15 @@ struct Tanh {
       const HeadTail<V> less = fast_two_sum(s.head, V(E(-1)));
       const V head = fma(s.head, r, less.head);
       const V lost = fma(s.head, r, less.head - head);
-      const V rest = fma(s.head, fma(safe_square<true>(r), polynomial(r), r_low), fma(s.tail, r, s.tail));
-      const HeadTail<V> num = fast_two_sum(head, rest + (lost + less.tail));
+      // What is beside 1 below the last bit would underflow in products.
+      const Mask<V> counts = twice > V(E(Single<V> ? 0x1p-40 : 0x1p-100));
+      const V counted = keep(counts, r), z = counted * counted;
+      const V cubic = fma(r, horner(r, coefficients()), V(E(0x1p-100)));
+      const V smallest = fma(s.head, fma(z, cubic, r_low), fma(s.tail, r, s.tail));
+      const V rest = fma(s.head * V(E(0.5)), z, smallest + (lost + less.tail));
+      const HeadTail<V> num = fast_two_sum(head, rest);
       HeadTail<V> den = two_sum(num.head, two);
-      den.tail = den.tail + num.tail;
+      den.tail = keep(counts, den.tail + num.tail);
       const V y = num.head / den.head;
       const V left = fnma(y, den.tail, fnma(y, den.head, num.head) + num.tail);
       return join_sign(fma(left, rough_reciprocal(den.head), y), x);
@@ -281,16 +289,13 @@ struct Tanh {
   }
 
  private:
-  // (e^r - 1 - r) / r^2
-  static V polynomial(V r) {
-    if constexpr (Single<V>) {
-      if constexpr (L == Level::EP) return horner(r, kTanhSingleEP);
-      if constexpr (L == Level::LA) return horner(r, kTanhSingleLA);
-      if constexpr (L == Level::HA) return horner(r, kTanhSingleHA);
-    } else {
-      if constexpr (L == Level::HA) return horner(r, kTanhDoubleHA);
-      if constexpr (L != Level::HA) return horner(r, kTanhDoubleLA);
-    }
+  // (e^r - 1 - r) / r^2; HA: (e^r - 1 - r - r^2 / 2) / r^3.
+  static constexpr const auto& coefficients() {
+    if constexpr (Single<V> && L == Level::EP) return kTanhSingleEP;
+    if constexpr (Single<V> && L == Level::LA) return kTanhSingleLA;
+    if constexpr (Single<V> && L == Level::HA) return kTanhSingleHA;
+    if constexpr (Double<V> && L != Level::HA) return kTanhDoubleLA;
+    if constexpr (Double<V> && L == Level::HA) return kTanhDoubleHA;
   }
 };
 

@@ -1,5 +1,5 @@
 // Inverse hyperbolic functions. With 2^e the power of two next to the argument of the logarithm,
-//   theta = e ln(2) + 2 atanh(t / 2) = e ln(2) + t + t u P(u), u = t^2 <= 0.161,
+//   theta = e ln(2) + 2 atanh(t / 2) = e ln(2) + t + t u P(u), u = t^2 <= 0.241,
 // where t comes from one division and is the argument itself, nearly, for e = 0: small results need no branch.
 //   asinh and acosh: C = cosh theta, S = sinh theta: t = 2 (C + S - 2^e) / (C + S + 2^e), and 2 S / (C + 1) for e = 0;
 //   atanh x: t / 2 = ((1 + x) - 2^e (1 - x)) / ((1 + x) + 2^e (1 - x)), and theta is half of the above.
@@ -21,7 +21,8 @@ template <class V, Level L>
 V inverse_polynomial(V u) {
   if constexpr (Single<V>) {
     if constexpr (L == Level::EP) return horner(u, kAtanhSingleEP);
-    if constexpr (L != Level::EP) return horner(u, kAtanhSingle);
+    if constexpr (L == Level::LA) return horner(u, kAtanhSingleLA);
+    if constexpr (L == Level::HA) return horner(u, kAtanhSingleHA);
   } else {
     if constexpr (L == Level::EP) return horner(u, kAtanhDoubleEP);
     if constexpr (L == Level::LA) return horner(u, kAtanhDoubleLA);
@@ -66,7 +67,8 @@ template <Level L, class V>
   const V one_half = V(E(0.5));
   const V c = cosine.head, s = sine.head;
   const V y = c + s;
-  const Power<V> n(as_bits(y) - as_bits(V(K::sqrt_half)));
+  // e = 0 up to e^(1/2) at LA, so that the ulp of what is left is that of 1/2; up to 3/2 otherwise, for a small t.
+  const Power<V> n(as_bits(y) - as_bits(V(L == Level::LA ? K::half_root_e : E(0.75))));
   const Mask<V> small = n.power < V(E(2));  // e = 0
   if constexpr (L != Level::HA) {
     const V num = s + drop(small, c - n.power);
@@ -74,7 +76,7 @@ template <Level L, class V>
     const V t = num / half_den;
     return logarithm<L>(n.e, t, V(E(0)), safe_square<false>(t), E(1));
   } else {
-    // Everything with its error: C >= S, and y is within a factor of the square root of 2 of the power.
+    // Everything with its error: C >= S, and y is between 3/4 and 3/2 of the power.
     const V y_low = (c - y) + s + (cosine.tail + sine.tail);
     const V w = select(small, c, y), w_low = select(small, cosine.tail, y_low);
     const V num = select(small, s, w - n.power), num_low = select(small, sine.tail, w_low);
@@ -87,10 +89,14 @@ template <Level L, class V>
   }
 }
 
-// Squares are taken of numbers up to this one; beyond it 1 does not count beside them.
+// Squares are taken of numbers up to this one; beyond it 1 does not count beside them. From 2^90 or 2^900 on the
+// element routine serves: corrections divided by such numbers could underflow.
 template <class E>
-inline constexpr E kSquared = sizeof(E) == 4 ? E(0x1p60) : E(0x1p500);
-inline constexpr int kFar = 32;  // what the element routine divides large arguments by: 2^32
+inline constexpr E kSquared = sizeof(E) == 4 ? E(0x1p30) : E(0x1p60);
+template <class V>
+inline constexpr uint32_t kLastWord = Single<V> ? 0x6C7FFFFFu : 0x782FFFFFu;
+inline constexpr double kFarFactor = 0x1p-150;  // what the element routine scales large arguments by
+inline constexpr double kFarExponent = 150;
 
 // sqrt(square), square in head and tail; 0 is allowed.
 template <class V>
@@ -106,8 +112,7 @@ template <class V, Level L>
 struct Asinh {
   using E = Element<V>;
   static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4};
-  // From 2^125 or 2^1021 on.
-  static auto special(V x) { return magnitude_above<Single<V> ? 0x7DFFFFFFu : 0x7FBFFFFFu>(x); }
+  static auto special(V x) { return magnitude_above<hyperbolic::kLastWord<V>>(x); }
 
   static V lanes(V x) { return join_sign(of_magnitude(magnitude(x), V(E(0))), x); }
 
@@ -118,14 +123,19 @@ struct Asinh {
     } else if (is_infinite(x)) {
       *r = x;
     } else {
-      *r = join_sign(static_cast<E>(Asinh<double, Level::HA>::far(magnitude(x))), x);
+      *r = join_sign(far(magnitude(x)), x);
     }
     return 0;
   }
-  // asinh x = asinh(x / 2^k) + k ln(2), x large.
-  static E far(E x) { return of_magnitude(x * E(0x1p-32), E(hyperbolic::kFar)); }
 
  private:
+  // asinh x = asinh(x / 2^k) + k ln(2), x large.
+  static float far(float x) { return static_cast<float>(Asinh<double, Level::HA>::lanes(x)); }
+  static double far(double x) {
+    return Asinh<double, Level::HA>::of_magnitude(x * hyperbolic::kFarFactor, hyperbolic::kFarExponent);
+  }
+  template <class, Level>
+  friend struct Asinh;
   [[gnu::always_inline]] static V of_magnitude(V a, V more) {
     const V one = V(E(1)), zero = V(E(0));
     const V b = min(a, V(hyperbolic::kSquared<E>));
@@ -146,8 +156,7 @@ template <class V, Level L>
 struct Acosh {
   using E = Element<V>;
   static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .filler = 1.5};
-  static constexpr auto kLast = Single<V> ? 0x7DFFFFFFu : 0x7FBFFFFFu;
-  static auto special(V x) { return outside<Single<V> ? 0x3F800000u : 0x3FF00000u, kLast>(x); }
+  static auto special(V x) { return outside<Single<V> ? 0x3F800000u : 0x3FF00000u, hyperbolic::kLastWord<V>>(x); }
 
   static V lanes(V x) { return of(x, V(E(0))); }
 
@@ -158,16 +167,21 @@ struct Acosh {
     } else if (x == infinity<E>) {
       *r = x;
     } else if (x >= 1) {
-      *r = static_cast<E>(Acosh<double, Level::HA>::far(x));
+      *r = far(x);
     } else {
       *r = opaque(E(0)) * infinity<E>;
       return zymErrorDomain;
     }
     return 0;
   }
-  static E far(E x) { return of(x * E(0x1p-32), E(hyperbolic::kFar)); }
 
  private:
+  static float far(float x) { return static_cast<float>(Acosh<double, Level::HA>::lanes(x)); }
+  static double far(double x) {
+    return Acosh<double, Level::HA>::of(x * hyperbolic::kFarFactor, hyperbolic::kFarExponent);
+  }
+  template <class, Level>
+  friend struct Acosh;
   [[gnu::always_inline]] static V of(V x, V more) {
     const V one = V(E(1)), zero = V(E(0));
     const V b = min(x, V(hyperbolic::kSquared<E>));

@@ -32,8 +32,8 @@ const std::vector<Function>& functions() {
       {"Cosh", std::cosh, {ln2 / 2, ln2 * 1.5, ln2 / 8, ln2 * 3 / 8, 55.45, 80 * ln2, 87}, {708, 709.78}},
       {"Sinh", std::sinh, {ln2 / 2, ln2 * 1.5, ln2 / 8, ln2 * 3 / 8, 55.45, 80 * ln2, 87}, {708, 709.78}},
       {"Tanh", std::tanh, {ln2 / 4, ln2 * 3 / 4, ln2 / 16, ln2 * 3 / 16, 9.01, 10}, {19.06, 20}},
-      {"Asinh", std::asinh, {std::sqrt(0.125), 1.06066, 3.5 * std::sqrt(0.125), 0x1p60, 0x1p125}, {0x1p500, 0x1p1021}},
-      {"Acosh", std::acosh, {1.06066, std::cosh(1.5 * ln2), 2, 0x1p60, 0x1p125}, {0x1p500, 0x1p1021}},
+      {"Asinh", std::asinh, {5.0 / 12, 4.0 / 3, std::sinh(0.5), std::sinh(0.5 + ln2), std::sqrt(0.125), 1.06066, 3.5 * std::sqrt(0.125), 0x1p30, 0x1p60, 0x1p90, 0x1p125}, {0x1p500, 0x1p900, 0x1p1021}},
+      {"Acosh", std::acosh, {13.0 / 12, 5.0 / 3, std::cosh(0.5), std::cosh(0.5 + ln2), 1.06066, std::cosh(1.5 * ln2), 2, 0x1p30, 0x1p60, 0x1p90, 0x1p125}, {0x1p500, 0x1p900, 0x1p1021}},
       {"Atanh", std::atanh, {0.1716, 0.2, 0.4714, 0.5, 0.48, 1 - 0x1p-22}, {1 - 0x1p-21}},
       {"Atan", std::atan, {std::tan(pi / 8)}, {}},
   };
@@ -75,6 +75,7 @@ void walk() {
       E at = 0;
       for (size_t i = 0; i < x.size(); ++i) {
         const Wide want = f.exact(static_cast<Wide>(x[i]));
+        if (!std::isfinite(want)) continue;  // outside the domain
         const E rounded = std::fabs(static_cast<E>(want));
         const Wide ulp = static_cast<Wide>(std::nextafter(rounded, std::numeric_limits<E>::infinity())) - static_cast<Wide>(rounded);
         const Wide unit = level == 2 ? std::fabs(want) * (sizeof(E) == 4 ? 0x1p-11L : 0x1p-26L) : ulp;
@@ -141,6 +142,7 @@ void expect_no_flags() {
     if (!from_one) x.push_back(E(0)), x.push_back(E(-0.0));
     for (int level = 0; level < 3; ++level) {
       for (E each : x) {
+        if (!std::isfinite(f.exact(static_cast<Wide>(each)))) continue;
         const std::vector<E> one(1, each);
         std::feclearexcept(FE_ALL_EXCEPT);
         run<E>(f.name, level, one);

@@ -127,7 +127,7 @@ TYPED_TEST(Hyperbolic, AtanhOfOneIsInfiniteWithCode2AndBeyondNanWithCode1) {
 TYPED_TEST(Hyperbolic, InversesOfTheLargestNumbersAreWithinTheBound) {
   using E = TypeParam;
   using Wide = long double;
-  for (E x : {E(0x1p59), E(0x1.8p60), E(0x1p124), E(0x1p125), this->largest / 4, this->largest}) {
+  for (E x : {E(0x1p29), E(0x1.8p30), E(0x1p59), E(0x1.8p60), E(0x1p124), E(0x1p125), E(0x1p89), E(0x1.4p90), this->largest / 4, this->largest}) {
     const struct {
       const char* name;
       Wide want;

@@ -1,37 +1,57 @@
 # Modules, tests: what every folder of the project builds with.
 
-# Flags of the whole project. Contraction, reassociation and folding at another rounding mode would change results.
-add_library(orvik_flags INTERFACE)
-target_include_directories(orvik_flags INTERFACE ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src
-                                                 ${PROJECT_BINARY_DIR}/generated)
-target_compile_options(orvik_flags INTERFACE
-  -mavx2 -mfma -mbmi -mbmi2 -mlzcnt -mpopcnt -ffp-contract=off -fno-math-errno
+# Flags of all files.
+add_library(orvik_common_flags INTERFACE)
+target_include_directories(orvik_common_flags INTERFACE ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src
+                                                        ${PROJECT_BINARY_DIR}/generated)
+target_compile_options(orvik_common_flags INTERFACE
   $<$<COMPILE_LANGUAGE:C,CXX>:-Wall -Wextra>
   $<$<AND:$<BOOL:${ORVIK_WERROR}>,$<COMPILE_LANGUAGE:C,CXX>>:-Werror>)
 if(ORVIK_SANITIZE)
-  target_compile_options(orvik_flags INTERFACE -fsanitize=${ORVIK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_link_options(orvik_flags INTERFACE -fsanitize=${ORVIK_SANITIZE})
+  target_compile_options(orvik_common_flags INTERFACE
+    -fsanitize=${ORVIK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(orvik_common_flags INTERFACE -fsanitize=${ORVIK_SANITIZE})
 endif()
 
+# The processor level. What is compiled for any x86-64 processor instead must say so against what stands in CMAKE_CXX_FLAGS.
+set(ORVIK_INSTRUCTIONS avx2 fma bmi bmi2 lzcnt popcnt)
+list(TRANSFORM ORVIK_INSTRUCTIONS PREPEND -m OUTPUT_VARIABLE ORVIK_LEVEL)
+list(TRANSFORM ORVIK_INSTRUCTIONS PREPEND -mno- OUTPUT_VARIABLE ORVIK_ANY_PROCESSOR)
+list(PREPEND ORVIK_ANY_PROCESSOR -march=x86-64 -mno-avx)
+
+# Contraction, reassociation and folding at another rounding mode would change results.
+add_library(orvik_flags INTERFACE)
+target_link_libraries(orvik_flags INTERFACE orvik_common_flags)
+target_compile_options(orvik_flags INTERFACE ${ORVIK_LEVEL} -ffp-contract=off -fno-math-errno)
+
 # No exception crosses a boundary of the library and none is used inside.
+set(ORVIK_LIBRARY_OPTIONS $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti> -ftls-model=initial-exec ${ORVIK_OPTIMIZE})
 add_library(orvik_library_flags INTERFACE)
 target_link_libraries(orvik_library_flags INTERFACE orvik_flags)
-target_compile_options(orvik_library_flags INTERFACE
-  $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti> -ftls-model=initial-exec)
+target_compile_options(orvik_library_flags INTERFACE ${ORVIK_LIBRARY_OPTIONS})
+add_library(orvik_any_processor_flags INTERFACE)
+target_link_libraries(orvik_any_processor_flags INTERFACE orvik_common_flags)
+target_compile_options(orvik_any_processor_flags INTERFACE ${ORVIK_LIBRARY_OPTIONS} ${ORVIK_ANY_PROCESSOR})
 
 set_property(GLOBAL PROPERTY ORVIK_MODULES "")
 set_property(GLOBAL PROPERTY ORVIK_EXPORTS "")
 
-# orvik_module(NAME SOURCES ... [EXPORTS exports.txt ...]): one folder of the library as an object library.
-# An exports file lists the exported names, one a line, '#' starts a comment.
+# orvik_module(NAME SOURCES ... [EXPORTS exports.txt ...] [ANY_PROCESSOR]): one folder of the library as an object library.
+# An exports file lists the exported names, one a line, '#' starts a comment. ANY_PROCESSOR: what runs before the processor has
+# been asked.
 function(orvik_module name)
-  cmake_parse_arguments(arg "" "" "SOURCES;EXPORTS" ${ARGN})
+  cmake_parse_arguments(arg "ANY_PROCESSOR" "" "SOURCES;EXPORTS" ${ARGN})
   add_library(orvik_${name} OBJECT ${arg_SOURCES})
-  target_link_libraries(orvik_${name} PRIVATE orvik_library_flags)
+  if(arg_ANY_PROCESSOR)
+    target_link_libraries(orvik_${name} PRIVATE orvik_any_processor_flags)
+  else()
+    target_link_libraries(orvik_${name} PRIVATE orvik_library_flags)
+  endif()
   set_property(GLOBAL APPEND PROPERTY ORVIK_MODULES orvik_${name})
   foreach(file IN LISTS arg_EXPORTS)
     cmake_path(ABSOLUTE_PATH file BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     set_property(GLOBAL APPEND PROPERTY ORVIK_EXPORTS ${file})
+    target_sources(orvik_${name} PRIVATE ${file})  # so that a list that is generated is made
   endforeach()
 endfunction()
 

@@ -13,7 +13,7 @@ constexpr size_t kAlign = 64;
 
 void fill(const rows::Row& row, void* to, int32_t count, double low, double high, uint32_t seed) {
   std::mt19937 engine(seed);
-  const int64_t parts = static_cast<int64_t>(count) * row.input_bytes() / (row.single() ? 4 : 8);
+  const int64_t parts = static_cast<int64_t>(count) * row.input_parts;
   for (int64_t i = 0; i < parts; ++i) {
     const double x = low + (high - low) * (engine() + 0.5) * 0x1p-32;
     if (row.single()) {
@@ -41,7 +41,7 @@ Operands::Operands(const rows::Row& row, int32_t n, int32_t step) : row_(row), n
     fill(row, b, n * step, domain.low2, domain.high2, 2);
     arrays_.b = b;
   } else if (row.shape == rows::Shape::scalar) {
-    arrays_.b = row.single() ? static_cast<const void*>(&scalar_s_) : &scalar_d_;
+    arrays_.b = row.single() ? static_cast<const void*>(scalar_s_) : scalar_d_;
   }
   arrays_.r1 = make(row.output_bytes());
   if (row.outputs() == 2) arrays_.r2 = make(row.output_bytes());
@@ -55,7 +55,7 @@ rows::Call Operands::call() const {
   call.order = kOrder;
   if (row_.shape == rows::Shape::scalar) {
     call.scalars[0] = kPower;
-    call.scalars[1] = 0;
+    call.scalars[1] = kPowerImaginary;
   } else {
     const double scalars[4] = {kScaleA, kShiftA, kScaleB, kShiftB};
     std::memcpy(call.scalars, scalars, sizeof scalars);
@@ -64,7 +64,7 @@ rows::Call Operands::call() const {
 }
 
 void Operands::plant(double value, int32_t every) {
-  const int width = row_.input_bytes() / (row_.single() ? 4 : 8);
+  const int width = row_.input_parts;
   for (int32_t i = every / 2; i < n_; i += every) {
     void* a = const_cast<void*>(arrays_.a);
     const int64_t at = static_cast<int64_t>(i) * step_ * width;

@@ -24,8 +24,8 @@ class Operands {
   int32_t n_, step_;
   std::vector<std::vector<unsigned char>> memory_;
   Arrays arrays_{};
-  double scalar_d_ = kPower;
-  float scalar_s_ = static_cast<float>(kPower);
+  double scalar_d_[2] = {kPower, kPowerImaginary};
+  float scalar_s_[2] = {static_cast<float>(kPower), static_cast<float>(kPowerImaginary)};
 };
 
 // A function that calls an entry `turns` times.

@@ -27,7 +27,7 @@ struct Peer {
 };
 
 // Scalars of Powx and LinearFrac, the order of Jn and Yn.
-inline constexpr double kPower = 2.5;
+inline constexpr double kPower = 2.5, kPowerImaginary = -1.25;
 inline constexpr double kScaleA = 2.5, kShiftA = -1, kScaleB = 0.5, kShiftB = 30;
 inline constexpr int32_t kOrder = 3;
 

@@ -1,18 +1,25 @@
 // Plain loops, as a caller without a vector library writes them. Those whose operation is an instruction become vector
-// code by the compiler ("loop"); the others call the C library's function for every element ("libm").
+// code by the compiler ("loop"); the others call the C library's function for every element ("libm"); std::complex ("complex").
+#include <math.h>
+
 #include <cmath>
+#include <complex>
 
 #include "zym/peers.h"
 
 namespace orvik::bench {
 namespace {
 
-template <class E, bool Strided, auto F>
-void loop1(int32_t n, const Arrays& arrays) {
-  const E* a = static_cast<const E*>(arrays.a);
-  E* r = static_cast<E*>(arrays.r1);
+template <class In, class Out, bool Strided, auto F>
+void map1(int32_t n, const Arrays& arrays) {
+  const In* a = static_cast<const In*>(arrays.a);
+  Out* r = static_cast<Out*>(arrays.r1);
   const int64_t incA = Strided ? arrays.incA : 1, incR = Strided ? arrays.incR1 : 1;
   for (int32_t i = 0; i < n; ++i) r[i * incR] = F(a[i * incA]);
+}
+template <class E, bool Strided, auto F>
+void loop1(int32_t n, const Arrays& arrays) {
+  map1<E, E, Strided, F>(n, arrays);
 }
 
 template <class E, bool Strided, auto F>
@@ -22,6 +29,16 @@ void loop2(int32_t n, const Arrays& arrays) {
   E* r = static_cast<E*>(arrays.r1);
   const int64_t incA = Strided ? arrays.incA : 1, incB = Strided ? arrays.incB : 1, incR = Strided ? arrays.incR1 : 1;
   for (int32_t i = 0; i < n; ++i) r[i * incR] = F(a[i * incA], b[i * incB]);
+}
+
+// One number for all elements.
+template <class E, bool Strided, auto F>
+void loop_scalar(int32_t n, const Arrays& arrays) {
+  const E* a = static_cast<const E*>(arrays.a);
+  const E b = *static_cast<const E*>(arrays.b);
+  E* r = static_cast<E*>(arrays.r1);
+  const int64_t incA = Strided ? arrays.incA : 1, incR = Strided ? arrays.incR1 : 1;
+  for (int32_t i = 0; i < n; ++i) r[i * incR] = F(a[i * incA], b);
 }
 
 template <class E, bool Strided, auto F>
@@ -41,12 +58,45 @@ void loop_pair(int32_t n, const Arrays& arrays) {
 #define LIBM1(Function, ulp, expression) LOOP(loop1, Function, "libm", ulp, [](auto x) { return (expression); })
 #define LIBM2(Function, ulp, expression) LOOP(loop2, Function, "libm", ulp, [](auto x, auto y) { return (expression); })
 
+// Complex elements; from and to real ones.
+template <class E>
+using C = std::complex<E>;
+template <class E, bool Strided, auto F>
+void to_real(int32_t n, const Arrays& arrays) {
+  map1<C<E>, E, Strided, F>(n, arrays);
+}
+template <class E, bool Strided, auto F>
+void from_real(int32_t n, const Arrays& arrays) {
+  map1<E, C<E>, Strided, F>(n, arrays);
+}
+template <class E, bool Strided, auto F>
+void complex1(int32_t n, const Arrays& arrays) {
+  loop1<C<E>, Strided, F>(n, arrays);
+}
+template <class E, bool Strided, auto F>
+void complex2(int32_t n, const Arrays& arrays) {
+  loop2<C<E>, Strided, F>(n, arrays);
+}
+template <class E, bool Strided, auto F>
+void complex_scalar(int32_t n, const Arrays& arrays) {
+  loop_scalar<C<E>, Strided, F>(n, arrays);
+}
+#define COMPLEX(loop, Function, ulp, ...)                                                                           \
+  {"c" #Function, "complex", ulp, loop<float, false, (__VA_ARGS__)>, loop<float, true, (__VA_ARGS__)>},             \
+      {"z" #Function, "complex", ulp, loop<double, false, (__VA_ARGS__)>, loop<double, true, (__VA_ARGS__)>},
+#define COMPLEX1(Function, ulp, expression) COMPLEX(complex1, Function, ulp, [](auto x) { return (expression); })
+#define COMPLEX2(Function, ulp, expression) COMPLEX(complex2, Function, ulp, [](auto x, auto y) { return (expression); })
+
 template <class E>
 E like(E, double value) {
   return static_cast<E>(value);
 }
 float power_of_10(float x) { return exp10f(x); }
 double power_of_10(double x) { return exp10(x); }
+double bessel(double x, double (*f)(double), float (*)(float)) { return f(x); }
+float bessel(float x, double (*)(double), float (*f)(float)) { return f(x); }
+double bessel_n(double x, double (*f)(int, double), float (*)(int, float)) { return f(kOrder, x); }
+float bessel_n(float x, double (*)(int, double), float (*f)(int, float)) { return f(kOrder, x); }
 
 constexpr Peer kPeers[] = {
     OPERATION1(Abs, std::fabs(x)) OPERATION1(Sqr, x * x) OPERATION2(Add, x + y) OPERATION2(Sub, x - y)
@@ -72,8 +122,21 @@ constexpr Peer kPeers[] = {
     LIBM2(Atan2, 1, std::atan2(x, y)) LIBM1(Sinh, 2, std::sinh(x)) LIBM1(Cosh, 2, std::cosh(x))
     LIBM1(Tanh, 2, std::tanh(x)) LIBM1(Asinh, 2, std::asinh(x)) LIBM1(Acosh, 2, std::acosh(x))
     LIBM1(Atanh, 2, std::atanh(x)) LIBM2(Pow, 0.9, std::pow(x, y)) LIBM2(Powr, 0.9, std::pow(x, y))
-    LIBM1(Powx, 0.9, std::pow(x, like(x, kPower))) LIBM1(Erf, 1, std::erf(x)) LIBM1(Erfc, 5, std::erfc(x))
+    LOOP(loop_scalar, Powx, "libm", 0.9, [](auto x, auto y) { return std::pow(x, y); }) LIBM1(Erf, 1, std::erf(x)) LIBM1(Erfc, 5, std::erfc(x))
     LIBM1(LGamma, 8, std::lgamma(x)) LIBM1(TGamma, 8, std::tgamma(x))
+    LIBM1(J0, 10, bessel(x, ::j0, ::j0f)) LIBM1(J1, 10, bessel(x, ::j1, ::j1f)) LIBM1(Y0, 10, bessel(x, ::y0, ::y0f))
+    LIBM1(Y1, 10, bessel(x, ::y1, ::y1f)) LIBM1(Jn, 100, bessel_n(x, ::jn, ::jnf)) LIBM1(Yn, 100, bessel_n(x, ::yn, ::ynf))
+
+    COMPLEX2(Add, 0.5, x + y) COMPLEX2(Sub, 0.5, x - y) COMPLEX2(Mul, 1, x * y) COMPLEX2(MulByConj, 1, x * std::conj(y))
+    COMPLEX2(Div, 3, x / y) COMPLEX1(Conj, 0.5, std::conj(x)) COMPLEX(to_real, Abs, 1, [](auto x) { return std::abs(x); })
+    COMPLEX(to_real, Arg, 1, [](auto x) { return std::arg(x); })
+    COMPLEX(from_real, CIS, 1, [](auto x) { return std::complex(std::cos(x), std::sin(x)); })
+    COMPLEX1(Exp, 2, std::exp(x)) COMPLEX1(Ln, 2, std::log(x)) COMPLEX1(Log10, 2, std::log10(x)) COMPLEX1(Sqrt, 2, std::sqrt(x))
+    COMPLEX2(Pow, 1e3, std::pow(x, y)) COMPLEX(complex_scalar, Powx, 1e3, [](auto x, auto y) { return std::pow(x, y); })
+    COMPLEX1(Sin, 2, std::sin(x)) COMPLEX1(Cos, 2, std::cos(x)) COMPLEX1(Tan, 2, std::tan(x)) COMPLEX1(Sinh, 2, std::sinh(x))
+    COMPLEX1(Cosh, 2, std::cosh(x)) COMPLEX1(Tanh, 2, std::tanh(x)) COMPLEX1(Asin, 4, std::asin(x))
+    COMPLEX1(Acos, 4, std::acos(x)) COMPLEX1(Atan, 4, std::atan(x)) COMPLEX1(Asinh, 4, std::asinh(x))
+    COMPLEX1(Acosh, 4, std::acosh(x)) COMPLEX1(Atanh, 4, std::atanh(x))
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "orvik/qor.h"
 #include "orvik/serv.h"
 #include "orvik/ss.h"
+#include "orvik/version.h"
 #include "orvik/zym.h"
 
 #endif

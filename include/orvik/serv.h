@@ -7,6 +7,8 @@
 
 #include <stdint.h>
 
+#include "orvik/version.h"
+
 /* Exported also where the library itself is built with hidden visibility. */
 #pragma GCC visibility push(default)
 #ifdef __cplusplus

@@ -70,7 +70,8 @@ typedef struct ZymErrorContext {
 typedef int32_t (*ZymErrorCallback)(ZymErrorContext* context);
 
 /* A table row is patched in the library's own copy. A weak reference is always resolved through the global offset table,
- * where a plain one may be compiled to a copy relocation, that is, to a table of the program's own. */
+ * where a plain one may be compiled to a copy relocation, that is, to a table of the program's own. It does not make the
+ * linker take the library: the flags of the CMake targets and of pkg-config do. */
 #define ORVIK_TABLE extern __attribute__((weak))
 
 #ifdef __cplusplus

@@ -93,6 +93,35 @@ inline V load_strided(const Element<V>* p, int64_t step) {
   }
 }
 
+// The first k of them, the last one again in the other lanes: no memory behind it is touched, and no detour through a
+// buffer, from which a vector could only be loaded once all of its elements have left the store queue.
+template <class V>
+inline V load_first_strided(const Element<V>* p, int64_t step, int k) {
+  const Element<V>* q[kWidth<V>];
+  q[0] = p;
+#pragma GCC unroll 8
+  for (int i = 1; i < kWidth<V>; ++i) q[i] = q[i - 1] + (k > i ? step : 0);
+  if constexpr (std::is_same_v<V, F32>) {
+    return _mm256_setr_ps(*q[0], *q[1], *q[2], *q[3], *q[4], *q[5], *q[6], *q[7]);
+  } else {
+    return _mm256_setr_pd(*q[0], *q[1], *q[2], *q[3]);
+  }
+}
+
+// Every step-th element. Floats by way of memory: taking them out of a register one by one would meet the shuffles of the
+// loads at one port.
+inline void store_strided(float* p, int64_t step, F32 a) {
+  alignas(32) float row[8];
+  _mm256_store_ps(row, a.v);
+  p[0] = row[0], p[step] = row[1], p[2 * step] = row[2], p[3 * step] = row[3];
+  p[4 * step] = row[4], p[5 * step] = row[5], p[6 * step] = row[6], p[7 * step] = row[7];
+}
+inline void store_strided(double* p, int64_t step, F64 a) {
+  const __m128d low = _mm256_castpd256_pd128(a.v), high = _mm256_extractf128_pd(a.v, 1);
+  _mm_storel_pd(p, low), _mm_storeh_pd(p + step, low);
+  _mm_storel_pd(p + 2 * step, high), _mm_storeh_pd(p + 3 * step, high);
+}
+
 // Complex elements, real part first, as lanes of real and of imaginary parts; and back.
 inline Pair<F32> load_pairs(const float* p) {
   const __m256 a = _mm256_loadu_ps(p), b = _mm256_loadu_ps(p + 8);

@@ -50,6 +50,7 @@ ORVIK_TWICE_2(equal)
 ORVIK_TWICE_2(greater_signed)
 ORVIK_TWICE_2(multiply_low_words)
 ORVIK_TWICE_2(larger_words)
+ORVIK_TWICE_2(smaller_words)
 ORVIK_TWICE_2(shift_left)
 ORVIK_TWICE_2(shift_right)
 ORVIK_TWICE_3(fma)
@@ -106,6 +107,10 @@ inline auto words_above(Twice<T> a, int32_t bound) {
 template <class T>
 inline Twice<T> add_to_words(Twice<T> a, uint32_t b) {
   return {add_to_words(a.low, b), add_to_words(a.high, b)};
+}
+template <class T>
+inline Twice<T> subtract_from_words(uint32_t a, Twice<T> b) {
+  return {subtract_from_words(a, b.low), subtract_from_words(a, b.high)};
 }
 template <class T>
 inline Twice<T> multiply_high16(Twice<T> a, uint16_t b) {

@@ -217,6 +217,12 @@ inline I32Half operator&(I32Half a, I32Half b) { return _mm_and_si128(a.v, b.v);
 
 inline I32 larger_words(I32 a, I32 b) { return _mm256_max_epi32(a.v, b.v); }
 inline I64 larger_words(I64 a, I64 b) { return _mm256_max_epi32(a.v, b.v); }
+inline I32 smaller_words(I32 a, I32 b) { return _mm256_min_epi32(a.v, b.v); }
+inline I64 smaller_words(I64 a, I64 b) { return _mm256_min_epi32(a.v, b.v); }
+inline I32 subtract_from_words(uint32_t a, I32 b) { return I32(a) - b; }
+inline I64 subtract_from_words(uint32_t a, I64 b) {
+  return _mm256_sub_epi32(_mm256_set1_epi32(static_cast<int32_t>(a)), b.v);
+}
 // 32-bit words as numbers with a sign; in 64-bit lanes the high word's answer is the lane's.
 inline M32 words_above(I32 a, int32_t bound) {
   return M32(_mm256_castsi256_ps(_mm256_cmpgt_epi32(a.v, _mm256_set1_epi32(bound))));

@@ -39,9 +39,9 @@ TEST_P(AccuracyOf, EveryLevelIsWithinItsBound) {
     std::string at;
     for (double x : worst.point.arguments) at += hexadecimal(x) + ' ';
     EXPECT_GE(worst.error, 0) << row.served(k) << ": nothing was judged";
-    EXPECT_TRUE(within_bound(row, k, worst)) << row.served(k) << ": " << r.error << ' ' << r.metric << " at " << at << "order "
-                                             << worst.point.order << ", result " << r.result << ": got " << worst.got
-                                             << ", want " << worst.wanted;
+    EXPECT_TRUE(within_bound(row, k, worst))
+        << row.served(k) << ": " << r.error << ' ' << r.metric << " at " << at << "order " << worst.point.order
+        << ", result " << r.result << ": got " << worst.got << ", want " << worst.wanted;
   }
 }
 
@@ -63,8 +63,8 @@ TEST_P(AccuracyOf, RecordedWitnessesStillHaveTheirError) {
       if (!same_statement(again, *r) && hashes.approximations != hash_approximations()) {
         GTEST_SKIP() << "recorded on a processor with other approximations of 1/x";
       }
-      EXPECT_TRUE(same_statement(again, *r)) << row.served(k) << ": recorded " << r->error << " got " << r->got << ", now "
-                                             << again.error << " got " << again.got;
+      EXPECT_TRUE(same_statement(again, *r)) << row.served(k) << ": recorded " << r->error << " got " << r->got
+                                             << ", now " << again.error << " got " << again.got;
     }
   }
 }
@@ -79,8 +79,8 @@ TEST_P(AccuracyOf, BitsAreThePinnedOnes) {
     if (!same && !exact_row(row) && hashes.approximations != hash_approximations()) {
       GTEST_SKIP() << "pinned on a processor with other approximations of 1/x";
     }
-    EXPECT_TRUE(same) << row.served(k) << ": results have changed; if that is meant, run `accuracy hashes --rows " << row.name
-                      << "` and measure the row again";
+    EXPECT_TRUE(same) << row.served(k) << ": results have changed; if that is meant, run `accuracy hashes --rows "
+                      << row.name << "` and measure the row again";
   }
 }
 
@@ -95,8 +95,7 @@ TEST(Accuracy, EveryRowHasAReferenceADomainAndADescription) {
 }
 
 TEST(Accuracy, ThePageIsCurrent) {
-  EXPECT_EQ(read_text(page_path()), make_page(read_records()))
-      << "run `accuracy page`";
+  EXPECT_EQ(read_text(page_path()), make_page(read_records())) << "run `accuracy page`";
 }
 
 }  // namespace

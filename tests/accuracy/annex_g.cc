@@ -10,7 +10,8 @@ constexpr double kInf = std::numeric_limits<double>::infinity();
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr mpfr_rnd_t kNearest = MPFR_RNDN;
 
-// One part of an argument by its class. Every double's part is itself, so that signs and classes are all there is to see.
+// One part of an argument by its class. Every double's part is itself, so that signs and classes are all there is to
+// see.
 struct Part {
   double v;
   bool nan() const { return std::isnan(v); }
@@ -58,15 +59,14 @@ Value scaled_sine(double scale, double y) { return {y == 0 ? y : scale * std::co
 
 }  // namespace
 
-bool applies(mpc_srcptr z) {
-  return mpfr_number_p(mpc_realref(z)) == 0 || mpfr_number_p(mpc_imagref(z)) == 0;
-}
+bool applies(mpc_srcptr z) { return mpfr_number_p(mpc_realref(z)) == 0 || mpfr_number_p(mpc_imagref(z)) == 0; }
 
 Stated exponential(mpc_ptr r, mpc_srcptr z) {
   const auto [x, y] = Parts(z);
   if (x.finite()) return both_nan(r);
   if (x.nan()) return y.zero() ? give(r, {kNan}, {y.v}) : both_nan(r);
-  if (x.v > 0) return y.finite() ? give(r, scaled_cosine(kInf, y.v), scaled_sine(kInf, y.v)) : give(r, {kInf}, {kNan}, true);
+  if (x.v > 0)
+    return y.finite() ? give(r, scaled_cosine(kInf, y.v), scaled_sine(kInf, y.v)) : give(r, {kInf}, {kNan}, true);
   return y.finite() ? give(r, scaled_cosine(0, y.v), scaled_sine(0, y.v)) : give(r, {0}, {0}, true, true);
 }
 

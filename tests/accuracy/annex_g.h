@@ -1,5 +1,5 @@
-// Results of complex functions at infinite and NaN parts, as C99 Annex G states them (with the resolution of defect report 471:
-// ctanh, cacosh and cacos on the imaginary axis). MPC gives all others, zeros with their signs included.
+// Results of complex functions at infinite and NaN parts, as C99 Annex G states them (with the resolution of defect
+// report 471: ctanh, cacosh and cacos on the imaginary axis). MPC gives all others, zeros with their signs included.
 #pragma once
 
 #include <mpc.h>
@@ -23,8 +23,8 @@ Stated inverse_hyperbolic_cosine(mpc_ptr r, mpc_srcptr z);
 Stated inverse_hyperbolic_sine(mpc_ptr r, mpc_srcptr z);
 Stated inverse_hyperbolic_tangent(mpc_ptr r, mpc_srcptr z);
 
-// The product as its formula gives it in extended real numbers, the quotient by the rules of the standard's example. For
-// infinite and NaN parts of either operand; the quotient also for a divisor of zero.
+// The product as its formula gives it in extended real numbers, the quotient by the rules of the standard's example.
+// For infinite and NaN parts of either operand; the quotient also for a divisor of zero.
 Stated product(mpc_ptr r, mpc_srcptr a, mpc_srcptr b);
 Stated quotient(mpc_ptr r, mpc_srcptr a, mpc_srcptr b);
 

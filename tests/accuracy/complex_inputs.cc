@@ -42,7 +42,8 @@ class Maker {
   void random_one() {
     const uint64_t kind = random_.word() % 16;
     if (kind < 3) {
-      add(random_pattern<E>(random_), random_pattern<E>(random_), random_pattern<E>(random_), random_pattern<E>(random_));
+      add(random_pattern<E>(random_), random_pattern<E>(random_), random_pattern<E>(random_),
+          random_pattern<E>(random_));
     } else if (kind < 4) {
       add(random_denormal<E>(random_), random_denormal<E>(random_));
     } else if (kind < 6) {  // parts of very different size
@@ -62,9 +63,7 @@ class Maker {
   E first() { return from_domain<E>(random_, domain_.low, domain_.high); }
   E second() { return two_ ? from_domain<E>(random_, domain_.low2, domain_.high2) : E(0); }
   int small_step() { return static_cast<int>(random_.word() % 9) - 4; }
-  static bool is_one_of_seven(E u) {
-    return std::isnan(u) || std::isinf(u) || u == 0 || std::fabs(u) == 1;
-  }
+  static bool is_one_of_seven(E u) { return std::isnan(u) || std::isinf(u) || u == 0 || std::fabs(u) == 1; }
 
   // Real and imaginary axis and, on both of their sides, what is next to it: every branch cut lies on one.
   void axes() {
@@ -73,7 +72,9 @@ class Maker {
       if (edge == 0 || !std::isfinite(static_cast<E>(edge))) continue;
       for (int step = -3; step <= 3; ++step) along.push_back(neighbour(static_cast<E>(edge), step));
     }
-    for (int e = L::min_exponent - L::digits; e < L::max_exponent; e += std::abs(e) < 12 ? 1 : sizeof(E) == 4 ? 9 : 71) {
+    for (int e = L::min_exponent - L::digits; e < L::max_exponent; e += std::abs(e) < 12 ? 1
+                                                                        : sizeof(E) == 4 ? 9
+                                                                                         : 71) {
       along.push_back(std::ldexp(E(1.25), e));
     }
     for (E t : along) {
@@ -90,8 +91,9 @@ class Maker {
 
   void ends() {
     const E root = std::sqrt(L::max()), small_root = std::sqrt(L::min());
-    const E sizes[] = {L::max(), L::max() / 2, L::max() * E(0.7071), root, root * 2, 1, small_root, small_root / 2, L::min(),
-                       L::min() * 2, L::denorm_min(), L::min() / 8};
+    const E sizes[] = {
+        L::max(), L::max() / 2, L::max() * E(0.7071), root,        root * 2, 1, small_root, small_root / 2,
+        L::min(), L::min() * 2, L::denorm_min(),      L::min() / 8};
     for (E x : sizes) {
       for (E y : sizes) {
         for (int signs = 0; signs < 4; ++signs) {
@@ -106,7 +108,8 @@ class Maker {
   void circle() {  // the logarithm's real part vanishes here
     for (int i = 0; i < 400; ++i) {
       const double angle = random_.between(-3.2, 3.2);
-      add(neighbour(static_cast<E>(std::cos(angle)), small_step()), neighbour(static_cast<E>(std::sin(angle)), small_step()));
+      add(neighbour(static_cast<E>(std::cos(angle)), small_step()),
+          neighbour(static_cast<E>(std::sin(angle)), small_step()));
     }
     for (double x : {0.6, 0.8, 0.28, 0.96, 1.0}) {
       for (int step = -3; step <= 3; ++step) {
@@ -127,7 +130,8 @@ class Maker {
 template <class E>
 std::vector<E> special_parts() {
   using L = std::numeric_limits<E>;
-  return {-L::infinity(), -L::max(), -1, -L::denorm_min(), E(-0.0), 0, L::min(), 1, L::max(), L::infinity(), L::quiet_NaN()};
+  return {-L::infinity(), -L::max(), -1,       -L::denorm_min(), E(-0.0),       0,
+          L::min(),       1,         L::max(), L::infinity(),    L::quiet_NaN()};
 }
 
 template <class E>
@@ -142,6 +146,7 @@ void make_complex_inputs(const rows::Row& row, const rows::Domain& domain, size_
 template std::vector<float> special_parts<float>();
 template std::vector<double> special_parts<double>();
 template void make_complex_inputs<float>(const rows::Row&, const rows::Domain&, size_t, Random&, bool, Inputs<float>&);
-template void make_complex_inputs<double>(const rows::Row&, const rows::Domain&, size_t, Random&, bool, Inputs<double>&);
+template void make_complex_inputs<double>(const rows::Row&, const rows::Domain&, size_t, Random&, bool,
+                                          Inputs<double>&);
 
 }  // namespace orvik::accuracy

@@ -114,7 +114,8 @@ Stated quotient(mpc_ptr r, mpc_srcptr a, mpc_srcptr b) {
   return {false, {true, true}};
 }
 
-// Infinities, NaNs, and bases of zero with an exponent of no positive real part are not stated; but anything to the power 0 is 1.
+// Infinities, NaNs, and bases of zero with an exponent of no positive real part are not stated; but anything to the
+// power 0 is 1.
 Stated power(mpc_ptr r, mpc_srcptr a, mpc_srcptr b) {
   if (!zero(b) && (annex_g::applies(a) || annex_g::applies(b) || (zero(a) && mpfr_sgn(mpc_realref(b)) <= 0))) {
     return {.any = true};

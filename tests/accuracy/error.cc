@@ -48,11 +48,13 @@ double part_error_of(double got, mpfr_srcptr exact, Metric metric, Format format
   return error_of(got, exact, metric, format, any_sign, 0);
 }
 
-double norm_error_of(const double* got, mpfr_srcptr re, mpfr_srcptr im, Metric metric, Format format, const bool* any_sign) {
+double norm_error_of(const double* got, mpfr_srcptr re, mpfr_srcptr im, Metric metric, Format format,
+                     const bool* any_sign) {
   constexpr double wrong = std::numeric_limits<double>::infinity();
   const mpfr_srcptr exact[2] = {re, im};
   if (mpfr_number_p(re) == 0 || mpfr_number_p(im) == 0 || (mpfr_zero_p(re) != 0 && mpfr_zero_p(im) != 0)) {
-    return std::max(part_error_of(got[0], re, metric, format, any_sign[0]), part_error_of(got[1], im, metric, format, any_sign[1]));
+    return std::max(part_error_of(got[0], re, metric, format, any_sign[0]),
+                    part_error_of(got[1], im, metric, format, any_sign[1]));
   }
   thread_local Real part, wanted, squares, length;
   const auto beyond = [&](mpfr_ptr x, int sign) { mpfr_set_si_2exp(x, sign, format.max_exponent(), MPFR_RNDN); };

@@ -1,14 +1,15 @@
 // The error of a result against an exact value.
 //
-// In ulp: the distance in units of the last place that the exact value has in the result's format, never below the unit of
-// the denormal range. Overflow: an infinite result counts as 2^emax (2^128, 2^1024), and exact values beyond that count as
-// it, so that a finite result where the format's largest would do, or infinity one step early, is an error of about one.
-// Relative (level EP): the distance over the exact value, or over the smallest normal number where that is larger.
-// A NaN, a pole or an exact zero must be met, the latter two with their sign; anything else is an infinite error.
+// In ulp: the distance in units of the last place that the exact value has in the result's format, never below the unit
+// of the denormal range. Overflow: an infinite result counts as 2^emax (2^128, 2^1024), and exact values beyond that
+// count as it, so that a finite result where the format's largest would do, or infinity one step early, is an error of
+// about one. Relative (level EP): the distance over the exact value, or over the smallest normal number where that is
+// larger. A NaN, a pole or an exact zero must be met, the latter two with their sign; anything else is an infinite
+// error.
 //
-// A complex result by its norm: the length of the difference in units of the last place of the exact value's length, or over that
-// length. NaNs and infinities must be met part by part; a part that is an exact zero may be off by what the norm allows, but where it is
-// a zero it has its sign.
+// A complex result by its norm: the length of the difference in units of the last place of the exact value's length, or
+// over that length. NaNs and infinities must be met part by part; a part that is an exact zero may be off by what the
+// norm allows, but where it is a zero it has its sign.
 #pragma once
 
 #include <mpfr.h>
@@ -30,7 +31,8 @@ struct Format {
 double error_of(double got, mpfr_srcptr exact, Metric metric, Format format, bool any_zero_sign, double floor);
 
 // any_sign: parts whose sign is not stated where they are zero or infinite.
-double norm_error_of(const double* got, mpfr_srcptr re, mpfr_srcptr im, Metric metric, Format format, const bool* any_sign);
+double norm_error_of(const double* got, mpfr_srcptr re, mpfr_srcptr im, Metric metric, Format format,
+                     const bool* any_sign);
 double part_error_of(double got, mpfr_srcptr exact, Metric metric, Format format, bool any_sign);
 
 // As the records state it: four digits of ulp rounded up, or bits with two digits rounded down.

@@ -1,7 +1,7 @@
 // Every 32-bit float through a row. The reference in double precision, one evaluation for all levels, is good to about
 // 1e-15 relative, 1e-8 ulp of a float; MPFR then judges the worst inputs that it finds, and all where the class of the
-// result (NaN, infinity, zero) is in question, so that the error that comes back is MPFR's. Chunks of x and -x run together: a
-// function with a parity is computed once for both.
+// result (NaN, infinity, zero) is in question, so that the error that comes back is MPFR's. Chunks of x and -x run
+// together: a function with a parity is computed once for both.
 #include <algorithm>
 #include <atomic>
 #include <bit>
@@ -68,8 +68,8 @@ struct Heap {
   }
 };
 
-// Whether any of these results may be farther off than `least`, or be a zero out of place or a NaN; without branches, so
-// that it costs little beside the reference.
+// Whether any of these results may be farther off than `least`, or be a zero out of place or a NaN; without branches,
+// so that it costs little beside the reference.
 constexpr int kPiece = 64;
 template <Metric metric, bool has_floor>
 bool worth_a_look(const float* got, const double* exact, const Rules& rules, int first, double least) {
@@ -104,8 +104,9 @@ template <Metric metric>
 void scan(const float* got, const double* exact, const Rules& rules, uint32_t first, Heap& heap,
           std::vector<uint32_t>& questions) {
   for (int piece = 0; piece < kChunk; piece += kPiece) {
-    const bool worth = rules.floor != nullptr ? worth_a_look<metric, true>(got + piece, exact + piece, rules, piece, heap.least)
-                                              : worth_a_look<metric, false>(got + piece, exact + piece, rules, piece, heap.least);
+    const bool worth = rules.floor != nullptr
+                           ? worth_a_look<metric, true>(got + piece, exact + piece, rules, piece, heap.least)
+                           : worth_a_look<metric, false>(got + piece, exact + piece, rules, piece, heap.least);
     if (!worth) continue;
     for (int i = piece; i < piece + kPiece; ++i) {
       const uint32_t bits = first + static_cast<uint32_t>(i);
@@ -128,7 +129,8 @@ struct Shared {
   Heap heaps[rows::kLevels][2];
 };
 
-void work(const rows::Row& row, const Reference& reference, Shared& shared, const std::function<void(double)>& progress) {
+void work(const rows::Row& row, const Reference& reference, Shared& shared,
+          const std::function<void(double)>& progress) {
   _zymSetMode(ZYM_ERRMODE_NOERR);  // the thread's own: billions of reports would take hours
   constexpr uint32_t pairs = static_cast<uint32_t>((uint64_t{1} << 31) / kChunk);
   const std::vector<int> kernels = kernels_of(row);

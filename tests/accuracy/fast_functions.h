@@ -1,5 +1,6 @@
-// Functions in double precision for arguments that are values of 32-bit floats, good to about 1e-15 relative (near zeros of
-// LGamma and the Bessel functions: of the floor of their bound). They sieve all floats; MPFR judges what they find.
+// Functions in double precision for arguments that are values of 32-bit floats, good to about 1e-15 relative (near
+// zeros of LGamma and the Bessel functions: of the floor of their bound). They sieve all floats; MPFR judges what they
+// find.
 #pragma once
 
 namespace orvik::accuracy::fast {
@@ -23,5 +24,9 @@ double gamma(double x);
 double exponential_integral_1(double x);
 double bessel_i0(double x);
 double bessel_i1(double x);
+double bessel_j0(double x);
+double bessel_j1(double x);
+double bessel_y0(double x);
+double bessel_y1(double x);
 
 }  // namespace orvik::accuracy::fast

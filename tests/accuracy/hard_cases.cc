@@ -87,7 +87,8 @@ void powers(std::vector<E>& a, std::vector<E>& b) {
     }
   }
   for (double y : {last - 1, last, last + 2, 2 * last, last / 2 - 1, last / 2 - 0.5, 3.0, 2.0, 33.0}) {
-    for (double x : {-1.0, -0.0, 0.0, -1.5, -0x1p-20, 2.0, 1.0, static_cast<double>(neighbour(E(-1), 1))}) add(x, y), add(x, -y);
+    for (double x : {-1.0, -0.0, 0.0, -1.5, -0x1p-20, 2.0, 1.0, static_cast<double>(neighbour(E(-1), 1))})
+      add(x, y), add(x, -y);
   }
   for (int n = 2; n <= 12; ++n) {
     for (int m = 2; m <= 12; ++m) add(n, m), add(-n, m), add(n * n, 0.5 * m), add(1.0 / 1024 * n, m);
@@ -121,7 +122,8 @@ const std::vector<E>& nearest_to_half_pi() {
     mpfr_inits2(1400, x, whole, pi, static_cast<mpfr_ptr>(nullptr));
     mpfr_const_pi(pi, kNearest);
     for (int e = 0; e + digits <= std::numeric_limits<E>::max_exponent; e += kSingle<E> ? 1 : 16) {
-      // m 2^e / (pi/2) is next to an integer for m a denominator of a convergent of 2^e / (pi/2), or a small multiple of one.
+      // m 2^e / (pi/2) is next to an integer for m a denominator of a convergent of 2^e / (pi/2), or a small multiple
+      // of one.
       mpfr_ui_div(x, 2, pi, kNearest);
       mpfr_mul_2ui(x, x, static_cast<unsigned long>(e), kNearest);
       double before = 0, denominator = 1;
@@ -157,15 +159,18 @@ void add_hard_cases(std::string_view function, std::vector<E>& a, std::vector<E>
   if (one_of(function, {"Atan2", "Atan2pi"})) angles(a, b);
   if (one_of(function, {"LGamma", "TGamma"})) {
     for (int k = 1; k <= 34; ++k) around(a, -k, 3), around(a, k + 0.5, 1);
-    for (double zero : {2.4570247382208006, 2.7476826467274127, 3.1435808883499799, 3.9552942848585978, 4.0393618397369546,
-                        4.9915444650543095, 5.0082181681406493, 5.9986077960400513, 6.0013852949264594}) {
+    for (double zero :
+         {2.4570247382208006, 2.7476826467274127, 3.1435808883499799, 3.9552942848585978, 4.0393618397369546,
+          4.9915444650543095, 5.0082181681406493, 5.9986077960400513, 6.0013852949264594}) {
       around(a, zero, 4);
     }
     if (!kSingle<E>) around(a, 170.62, 8);
   }
   if (one_of(function, {"ErfInv", "ErfcInv", "CdfNormInv"})) {
-    for (int k = 1; k <= std::numeric_limits<E>::digits; ++k) around(a, 1 - std::exp2(-k), 1), around(a, 1 + std::exp2(-k), 1);
-    for (int k = 1; k <= std::numeric_limits<E>::digits; ++k) around(a, 0.5 + std::exp2(-k - 1), 1), around(a, 2 - std::exp2(-k), 1);
+    for (int k = 1; k <= std::numeric_limits<E>::digits; ++k)
+      around(a, 1 - std::exp2(-k), 1), around(a, 1 + std::exp2(-k), 1);
+    for (int k = 1; k <= std::numeric_limits<E>::digits; ++k)
+      around(a, 0.5 + std::exp2(-k - 1), 1), around(a, 2 - std::exp2(-k), 1);
   }
   if (one_of(function, {"J0", "Jn"})) zeros(a, -0.25, ::j0, slope_j0);
   if (one_of(function, {"J1", "Jn"})) zeros(a, 0.25, ::j1, slope_j1);

@@ -9,8 +9,8 @@
 
 namespace orvik::accuracy {
 
-// Elements and what goes with them besides: a scalar operand (two parts if complex), four of a linear fraction, or an order.
-// E is the real number that elements are made of; a complex one is two of them.
+// Elements and what goes with them besides: a scalar operand (two parts if complex), four of a linear fraction, or an
+// order. E is the real number that elements are made of; a complex one is two of them.
 template <class E>
 struct Inputs {
   std::vector<E> a, b;  // b: functions of two arguments
@@ -24,9 +24,10 @@ struct Inputs {
   size_t count(const rows::Row& row) const { return a.size() / static_cast<size_t>(row.input_parts); }
 };
 
-// About `count` inputs: special values and their pairs, the neighbourhoods of powers of two and of the function's edges, its
-// hard cases (see hard_cases.h), random bit patterns, values of the function's domain, denormals, nearly equal pairs. `fixed`
-// false leaves the parts out that do not depend on the seed. A row's inputs decide its hash: new ones change it.
+// About `count` inputs: special values and their pairs, the neighbourhoods of powers of two and of the function's
+// edges, its hard cases (see hard_cases.h), random bit patterns, values of the function's domain, denormals, nearly
+// equal pairs. `fixed` false leaves the parts out that do not depend on the seed. A row's inputs decide its hash: new
+// ones change it.
 template <class E>
 Inputs<E> make_inputs(const rows::Row& row, size_t count, uint64_t seed, bool fixed = true);
 

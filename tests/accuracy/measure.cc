@@ -57,7 +57,8 @@ class Exact {
       if (measure == Measure::norm) {
         const double e = norm_error_of(got, r_[0], r_[1], metric, format, stated_.any_sign);
         if (e > w.error) {
-          take(w, e, 0, p, hexadecimal(got[0]) + ' ' + hexadecimal(got[1]), decimal(r_[0], format) + ' ' + decimal(r_[1], format));
+          take(w, e, 0, p, hexadecimal(got[0]) + ' ' + hexadecimal(got[1]),
+               decimal(r_[0], format) + ' ' + decimal(r_[1], format));
         }
         continue;
       }
@@ -297,7 +298,8 @@ std::vector<std::string> missing_of(const rows::Row& row) {
                     (row.complex() ? "complex_reference.cc" : "reference.cc"));
   }
   if (const std::string domain = rows::missing_domain(row); !domain.empty()) lines.push_back(domain);
-  if (row.description.empty()) lines.push_back(name + ": no description of " + function + "; add it to TEXT in tools/rows/rows.py");
+  if (row.description.empty())
+    lines.push_back(name + ": no description of " + function + "; add it to TEXT in tools/rows/rows.py");
   return lines;
 }
 

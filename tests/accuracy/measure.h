@@ -42,12 +42,13 @@ const Worst& promised(const rows::Row& row, int kernel, const Worsts& worsts);
 
 // How a kernel of this name is judged: the EP kernels of rows that have one of their own by relative error.
 Metric metric_of(const rows::Row& row, int kernel);
-// Upper bound of the error of a kernel: 1 ulp (HA), 4 ulp (LA), 2^-11 or 2^-26 (EP); 0 for functions without approximation.
+// Upper bound of the error of a kernel: 1 ulp (HA), 4 ulp (LA), 2^-11 or 2^-26 (EP); 0 for functions without
+// approximation.
 double bound_of(const rows::Row& row, int kernel);
 bool within_bound(const rows::Row& row, int kernel, const Worst& worst);
 
-// What the harness lacks to judge the row, a line each that names the row and the file to edit: a reference of the row's
-// shape, a domain, a description. Data movers need none.
+// What the harness lacks to judge the row, a line each that names the row and the file to edit: a reference of the
+// row's shape, a domain, a description. Data movers need none.
 std::vector<std::string> missing_of(const rows::Row& row);
 // Whether the row is built and is judged here.
 bool measurable(const rows::Row& row);
@@ -65,6 +66,7 @@ bool exhaustible(const rows::Row& row);
 Worsts measure_exhaustive(const rows::Row& row, int threads, const std::function<void(double)>& progress);
 
 // One point: what a kernel gives and how far off it is. The result matters for pairs of real results.
-Worst measure_point(const rows::Row& row, int kernel, const Point& point, int result, Measure measure = Measure::component);
+Worst measure_point(const rows::Row& row, int kernel, const Point& point, int result,
+                    Measure measure = Measure::component);
 
 }  // namespace orvik::accuracy

@@ -51,7 +51,8 @@ template <class E>
 E from_domain(Random& random, double low, double high) {
   if (random.word() % 4 != 0) return static_cast<E>(random.between(low, high));
   const double end = random.word() % 2 != 0 ? low : high;
-  const double near = random.word() % 4 == 0 ? end * (1 - std::exp2(-40 * random.unit())) : end * std::exp2(-40 * random.unit());
+  const double near =
+      random.word() % 4 == 0 ? end * (1 - std::exp2(-40 * random.unit())) : end * std::exp2(-40 * random.unit());
   return static_cast<E>(near);
 }
 

@@ -55,7 +55,6 @@ double inverse_root(double x) { return 1 / std::sqrt(x); }
 double inverse_cube(double x) { return 1 / std::cbrt(x); }
 double root_of_cube(double x) { return x == 0 ? 0 : x * std::sqrt(x); }
 double square_of_cube_root(double x) { return std::cbrt(x) * std::cbrt(x); }
-double power_of_10(double x) { return static_cast<double>(exp10l(x)); }
 
 // Floors of the absolute bounds near zeros. LGamma: 2^-8 on the positive axis, 2^-3 on the negative one.
 double gamma_floor(bool, const double* x, int) { return x[0] >= 0 ? 0x1p-8 : 0x1p-3; }
@@ -117,7 +116,7 @@ const Reference kReferences[] = {
 
     {.function = "Exp", .unary = mpfr_exp, .fast = {std::exp}},
     {.function = "Exp2", .unary = mpfr_exp2, .fast = {std::exp2}},
-    {.function = "Exp10", .unary = mpfr_exp10, .fast = {power_of_10}},
+    {.function = "Exp10", .unary = mpfr_exp10, .fast = {::exp10}},
     {.function = "Expm1", .unary = mpfr_expm1, .fast = {std::expm1}},
     {.function = "Ln", .unary = mpfr_log, .fast = {std::log}},
     {.function = "Log10", .unary = mpfr_log10, .fast = {std::log10}},
@@ -168,10 +167,10 @@ const Reference kReferences[] = {
     {.function = "ExpInt1", .unary = exponential_integral_1, .fast = {fast::exponential_integral_1}},
     {.function = "I0", .unary = bessel_i0, .fast = {fast::bessel_i0}, .parity = {even}},
     {.function = "I1", .unary = bessel_i1, .fast = {fast::bessel_i1}, .parity = {odd}},
-    {.function = "J0", .unary = bessel_j0, .fast = {::j0}, .parity = {even}, .floor = bessel_floor_from<20>},
-    {.function = "J1", .unary = bessel_j1, .fast = {::j1}, .parity = {odd}, .floor = bessel_floor_from<30>},
-    {.function = "Y0", .unary = bessel_y0, .fast = {::y0}, .floor = bessel_floor_from<8>},
-    {.function = "Y1", .unary = bessel_y1, .fast = {::y1}, .floor = bessel_floor_from<20>},
+    {.function = "J0", .unary = bessel_j0, .fast = {fast::bessel_j0}, .parity = {even}, .floor = bessel_floor_from<20>},
+    {.function = "J1", .unary = bessel_j1, .fast = {fast::bessel_j1}, .parity = {odd}, .floor = bessel_floor_from<30>},
+    {.function = "Y0", .unary = bessel_y0, .fast = {fast::bessel_y0}, .floor = bessel_floor_from<8>},
+    {.function = "Y1", .unary = bessel_y1, .fast = {fast::bessel_y1}, .floor = bessel_floor_from<20>},
     {.function = "Jn", .order = bessel_j, .floor = bessel_j_floor},
     {.function = "Yn", .order = bessel_y, .floor = bessel_y_floor},
 };

@@ -50,8 +50,8 @@ struct Reference {
   int (*unary2)(mpfr_ptr, mpfr_ptr, mpfr_srcptr, mpfr_rnd_t) = nullptr;
   int (*order)(mpfr_ptr, long, mpfr_srcptr, mpfr_rnd_t) = nullptr;
 
-  // The same to about 1e-15, relative to max(|result|, floor), at arguments that are values of 32-bit floats: the filter of the
-  // exhaustive run. Null: MPFR throughout. With a parity only positive arguments are asked for.
+  // The same to about 1e-15, relative to max(|result|, floor), at arguments that are values of 32-bit floats: the
+  // filter of the exhaustive run. Null: MPFR throughout. With a parity only positive arguments are asked for.
   double (*fast[2])(double) = {nullptr, nullptr};
   Parity parity[2] = {Parity::none, Parity::none};
 
@@ -62,7 +62,8 @@ struct Reference {
   // Whether an exact zero may have either sign; at arguments of zero it may not.
   bool any_zero_sign = false;
 
-  // Near zeros of some functions the bound is absolute: the error counts in ulp of max(|result|, floor). 0: no floor here.
+  // Near zeros of some functions the bound is absolute: the error counts in ulp of max(|result|, floor). 0: no floor
+  // here.
   double (*floor)(bool single, const double* arguments, int order) = nullptr;
 
   bool exact() const { return exact_s != nullptr; }

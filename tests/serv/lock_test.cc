@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <thread>
 #include <vector>
@@ -52,6 +53,27 @@ TEST(Lock, AWaiterSleepsUntilTheHolderReleases) {
   orvik_serv_unlock(&word);
   waiter.join();
   EXPECT_EQ(stage, 2);
+}
+
+// All 64 bits are the state: a word of which only the upper half is set is no open lock.
+TEST(Lock, AWordWithOnlyItsUpperHalfSetIsTaken) {
+  uint64_t word = uint64_t{1} << 32;
+  std::atomic<int> stage{0};
+  std::thread waiter([&] {
+    stage = 1;
+    orvik_serv_lock(&word);
+    stage = 2;
+    orvik_serv_unlock(&word);
+  });
+  while (stage == 0) std::this_thread::yield();
+  std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  EXPECT_EQ(stage, 1);
+  while (stage == 1) {  // again and again, since the first may come before the waiter has marked the word
+    orvik_serv_unlock(&word);
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  waiter.join();
+  EXPECT_EQ(word, 0u);
 }
 
 TEST(Lock, WordsAreIndependent) {

@@ -62,7 +62,8 @@ struct Call {
   void* r1 = nullptr;
   void* r2 = nullptr;
   int32_t incA = 1, incB = 1, incR1 = 1, incR2 = 1;
-  // In the order of the argument list, of complex ones both parts. Powx: one; LinearFrac: scaleA, shiftA, scaleB, shiftB.
+  // In the order of the argument list, of complex ones both parts. Powx: one; LinearFrac: scaleA, shiftA, scaleB,
+  // shiftB.
   double scalars[8] = {1, 0, 1, 0};
   int32_t order = 1;
 };
@@ -77,8 +78,8 @@ T scalar_of(const Call& c, int k) {
   }
 }
 
-// Hands `use` a callable of one argument n that calls `function`, an entry of `row`; a call costs what it costs a caller
-// who knows the type. Data movers, copies of bit patterns with argument lists of their own, are not called.
+// Hands `use` a callable of one argument n that calls `function`, an entry of `row`; a call costs what it costs a
+// caller who knows the type. Data movers, copies of bit patterns with argument lists of their own, are not called.
 template <class Use>
 void with_call(const Row& row, void* function, bool strided, const Call& c, Use use) {
   using I = int32_t;
@@ -87,15 +88,20 @@ void with_call(const Row& row, void* function, bool strided, const Call& c, Use 
   const auto as = [function]<class... T>(void (*)(T...)) { return reinterpret_cast<void (*)(T...)>(function); };
   const auto with_scalar_type = [&row](auto body) {
     switch (row.precision) {
-      case 's': return body(0.0f);
-      case 'd': return body(0.0);
-      case 'c': return body(ZymComplexFloat{});
-      case 'z': return body(ZymComplexDouble{});
+      case 's':
+        return body(0.0f);
+      case 'd':
+        return body(0.0);
+      case 'c':
+        return body(ZymComplexFloat{});
+      case 'z':
+        return body(ZymComplexDouble{});
     }
   };
   switch (row.shape) {
 #include "zym_row_calls.inc"  // generated
-    case Shape::pack: break;
+    case Shape::pack:
+      break;
   }
 }
 

@@ -22,10 +22,9 @@ struct Operands {
 struct Call;
 
 struct Body {
-  // Lanes over `count` elements that lie side by side, at most kMaxBlock. Stops before the first vector with a special
-  // lane and returns the number of elements done; or, with a negative count, fills special lanes with the filler, goes
-  // through all -count elements and returns the bits of the special ones in the upper half.
-  uint64_t (*run)(const void* a, const void* b, void* r1, void* r2, int count, const void* params);
+  // The lanes out of line: n elements side by side, at most kMaxBlock, with the filler in special lanes. Returns the bits
+  // of the special ones.
+  uint32_t (*run)(const void* a, const void* b, void* r1, void* r2, int64_t n, const void* params);
   // The special elements of a block whose lanes' results stand in r1 and r2; `index` is that of the block's first.
   void (*redo)(const Call& call, int64_t index, const void* a, const void* b, void* r1, void* r2, int count,
                uint32_t bits);
@@ -55,12 +54,20 @@ struct Call {
 // callback see them, and takes back what they leave.
 void report_element(const Call& call, int32_t code, int64_t index, void* r1, void* r2);
 
-// The cold ends of a kernel of unit stride: a block with special elements; what is left of a call behind the first
-// special element of its tail.
+// The cold end of a kernel of unit stride: a block, or what is left of a call, with special elements.
 void run_special_block(const Call& call, int64_t index, int count);
 
-// Whole kernels: any increments; a loop over a scalar routine, any increments.
-void run_strided(const Body& body, int64_t n, const Operands& operands, const void* params);
+// The same with any increments: elements gathered, computed, redone where they are special, spread.
+void run_special_strided(const Call& call, int64_t index, int count);
+
+// A whole call on arrays that meet: a block is read whole before any of it is stored, and what is left behind the last
+// block goes one element a round.
+void run_overlapping(const Call& call, int64_t n);
+
+// Whether no result lies where a later element is read.
+bool independent(const Call& call, int64_t n);
+
+// A whole kernel: a loop over a scalar routine.
 void run_element_loop(const Body& body, int64_t n, const Operands& operands, const void* params);
 
 }  // namespace orvik::zym

@@ -189,46 +189,35 @@ struct Kernel {
 
   // --- the lanes out of line (see Body) -----------------------------------------------------------------------------
 
-  [[gnu::noinline]] static uint64_t run(const void* pa, const void* pb, void* pr1, void* pr2, int count,
+  [[gnu::noinline]] static uint32_t run(const void* pa, const void* pb, void* pr1, void* pr2, int64_t n,
                                         const void* pparams) {
     const auto* a = static_cast<const A*>(pa);
     const auto* b = static_cast<const B*>(pb);
     auto* r1 = static_cast<R*>(pr1);
     auto* r2 = static_cast<R*>(pr2);
     const Params& params = *static_cast<const Params*>(pparams);
-    const bool through = count < 0;
-    const int n = through ? -count : count;
-    uint64_t all = 0;
-    for (int i = 0; i < n; i += kWidth<V>) {
-      const int k = n - i;
+    uint32_t all = 0;
+#pragma GCC unroll 1
+    for (int64_t i = 0; i < n; i += kWidth<V>) {
+      const int k = static_cast<int>(n - i);
       Inputs x = k >= kWidth<V> ? load_inputs(a, b, i) : load_first_inputs(a, b, i, k);
+      const uint32_t here = k >= kWidth<V> ? kAllLanes : first_bits(k);
       uint32_t bits = 0;
       if constexpr (kTested) {
         const auto mask = special(x, params);
-        bits = lane_bits(mask);
-        if (bits != 0) [[unlikely]] {  // a scalar operand is special in the inactive lanes too
-          if (k < kWidth<V>) bits &= first_bits(k);
-          if (!through && bits != 0) return static_cast<uint64_t>(i);
-          fill(Mask<V>(mask), x);
-        }
+        bits = lane_bits(mask) & here;
+        fill(Mask<V>(mask), x);
       }
-      LanesResult r = lanes(x, params);
-      if constexpr (kMasked) {
-        uint32_t more = lane_bits(r.special);
-        if (more != 0) [[unlikely]] {
-          if (k < kWidth<V>) more &= first_bits(k);
-          if (!through && (more & ~bits) != 0) return static_cast<uint64_t>(i);
-          bits |= more;
-        }
-      }
+      const LanesResult r = lanes(x, params);
+      if constexpr (kMasked) bits |= lane_bits(r.special) & here;
       if (k >= kWidth<V>) {
         store_results(r1, r2, i, value_of(r));
       } else {
         store_first_results(r1, r2, i, k, value_of(r));
       }
-      all |= static_cast<uint64_t>(bits) << i;
+      all |= bits << i;
     }
-    return all << 32 | static_cast<uint64_t>(n);
+    return all;
   }
 
   // --- special elements (see Body) ----------------------------------------------------------------------------------
@@ -323,8 +312,8 @@ struct Kernel {
 
   static constexpr Body make_body(const char* name) {
     Body body = {};
-    if constexpr (Traits::has_lanes) body.run = run;
     if constexpr (Traits::has_lanes) {
+      body.run = run;
       if constexpr (kSpecial) body.redo = redo;
     } else {
       body.element = element;
@@ -351,57 +340,46 @@ struct Kernel {
             {sizeof(R), sizeof(R)}};
   }
 
-  // Whole blocks from element i on, as many as fit; returns where it stopped. The loop over plain blocks holds no call,
-  // so that the constants stay in registers; a block with a special lane leaves it and comes back.
-  template <class Store>
-  [[gnu::always_inline]] static int64_t blocks(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b,
-                                               R* r1, R* r2, int64_t i, const Params& params, Store store_at) {
-    const int64_t last = n - kBlock;
+  // Whole blocks, as many as fit, up to the first with a special lane; returns the number of elements done. The loop holds
+  // no call, so that the constants stay in registers. A block is read whole before any of it is stored.
+  template <class Load, class Store>
+  [[gnu::always_inline]] static int64_t plain_blocks(int64_t n, const Params& params, Load load_at, Store store_at) {
     constexpr int N = kBlock / kWidth<V>;
-    for (;;) {
-      bool plain = true;
-      while (i <= last) {
-        Inputs x[N];
+    int64_t i = 0;
+    for (const int64_t last = n - kBlock; i <= last; i += kBlock) {
+      Inputs x[N];
 #pragma GCC unroll 8
-        for (int v = 0; v < N; ++v) x[v] = load_inputs(a, b, i + v * kWidth<V>);
-        if constexpr (kTested) {
-          auto mask = special(x[0], params);
+      for (int v = 0; v < N; ++v) x[v] = load_at(i + v * kWidth<V>);
+      if constexpr (kTested) {
+        auto mask = special(x[0], params);
 #pragma GCC unroll 8
-          for (int v = 1; v < N; ++v) mask = mask | special(x[v], params);
-          plain = none(mask);
-          if (!plain) [[unlikely]]
-            break;
-        }
-        if constexpr (kMasked) {
-          Result r[N];
-          LanesResult first = lanes(x[0], params);
-          r[0] = first.value;
-          Mask<V> mask = first.special;
-#pragma GCC unroll 8
-          for (int v = 1; v < N; ++v) {
-            LanesResult next = lanes(x[v], params);
-            r[v] = next.value;
-            mask = mask | next.special;
-          }
-          plain = none(mask);
-          if (!plain) [[unlikely]]
-            break;
-#pragma GCC unroll 8
-          for (int v = 0; v < N; ++v) store_at(i + v * kWidth<V>, r[v]);
-        } else {
-          Result r[N];
-#pragma GCC unroll 8
-          for (int v = 0; v < N; ++v) r[v] = lanes(x[v], params);
-#pragma GCC unroll 8
-          for (int v = 0; v < N; ++v) store_at(i + v * kWidth<V>, r[v]);
-        }
-        i += kBlock;
+        for (int v = 1; v < N; ++v) mask = mask | special(x[v], params);
+        if (!none(mask)) [[unlikely]]
+          return i;
       }
-      if (plain) return i;
-      special_block(body, mode, a, b, r1, r2, i, kBlock, params);
-      i += kBlock;
+      Result r[N];
+      if constexpr (kMasked) {
+        LanesResult first = lanes(x[0], params);
+        r[0] = first.value;
+        Mask<V> mask = first.special;
+#pragma GCC unroll 8
+        for (int v = 1; v < N; ++v) {
+          LanesResult next = lanes(x[v], params);
+          r[v] = next.value;
+          mask = mask | next.special;
+        }
+        if (!none(mask)) [[unlikely]]
+          return i;
+      } else {
+#pragma GCC unroll 8
+        for (int v = 0; v < N; ++v) r[v] = lanes(x[v], params);
+      }
+#pragma GCC unroll 8
+      for (int v = 0; v < N; ++v) store_at(i + v * kWidth<V>, r[v]);
     }
+    return i;
   }
+
   // Out of line: the hot loop's pointers must not escape.
   [[gnu::noinline, gnu::cold]] static void special_block(const Body& body, uint32_t mode, const A* a, const B* b, R* r1,
                                                          R* r2, int64_t i, int count, const Params& params) {
@@ -409,45 +387,158 @@ struct Kernel {
     run_special_block({body, mode, operands, &params}, i, count);
   }
 
+  // A short call has no call of its own, so that it saves no registers.
   [[gnu::always_inline]] static void unit(const Body& body, int64_t n, const A* a, const B* b, R* r1, R* r2,
                                           const Params& params) {
     if constexpr (!Traits::has_lanes) {
       run_element_loop(body, n, unit_operands(a, b, r1, r2), &params);
     } else {
+      if (n >= kBlock) return unit_blocks(body, n, a, b, r1, r2, params);
       const uint32_t mode = current_mode();
       const ControlRegisters registers(mode);
-      int64_t i = 0;
-      if constexpr (kKnobs.streams && !kTwoResults) {
-        if (n >= kStreamBytes / static_cast<int64_t>(sizeof(R)) && disjoint(n, a, b, r1)) [[unlikely]] {
-          i = past_cache(body, mode, n, a, b, r1, params);
+      tail(body, mode, n, a, b, r1, r2, 0, params);
+    }
+  }
+
+  [[gnu::noinline]] static void unit_blocks(const Body& body, int64_t n, const A* a, const B* b, R* r1, R* r2,
+                                            const Params& params) {
+    const uint32_t mode = current_mode();
+    const ControlRegisters registers(mode);
+    int64_t i = 0;
+    if constexpr (kKnobs.streams && !kTwoResults) {
+      if (n >= kStreamBytes / static_cast<int64_t>(sizeof(R)) && disjoint(n, a, b, r1)) [[unlikely]] {
+        i = past_cache(body, mode, n, a, b, r1, params);
+      }
+    }
+    for (;;) {
+      const int64_t from = i;
+      i += plain_blocks(
+          n - i, params, [&](int64_t at) { return load_inputs(a, b, from + at); },
+          [&](int64_t at, const Result& r) { store_results(r1, r2, from + at, r); });
+      if (n - i < kBlock) break;
+      if constexpr (kSpecial) {
+        special_block(body, mode, a, b, r1, r2, i, kBlock, params);
+        i += kBlock;
+      }
+    }
+    tail(body, mode, n, a, b, r1, r2, i, params);
+  }
+
+  // What is left behind the last whole block: single vectors, then the first lanes of one.
+  [[gnu::always_inline]] static void tail(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b, R* r1, R* r2,
+                                          int64_t i, const Params& params) {
+#pragma GCC unroll 1
+    for (; i < n; i += kWidth<V>) {
+      const int64_t k = n - i;
+      const Inputs x = k >= kWidth<V> ? load_inputs(a, b, i) : load_first_inputs(a, b, i, static_cast<int>(k));
+      const uint32_t here = k >= kWidth<V> ? kAllLanes : first_bits(static_cast<int>(k));
+      if constexpr (kTested) {
+        // A scalar operand is special in the inactive lanes too.
+        if ((lane_bits(special(x, params)) & here) != 0) [[unlikely]] {
+          return special_block(body, mode, a, b, r1, r2, i, static_cast<int>(k), params);
         }
       }
-      i = blocks(body, mode, n, a, b, r1, r2, i, params,
-                 [&](int64_t at, const Result& r) { store_results(r1, r2, at, r); });
-      if (i < n) {
-        const int rest = static_cast<int>(n - i);
-        const B* b_rest = kScalarB || !kBinary ? b : b + i;
-        const auto done =
-            static_cast<uint32_t>(run(a + i, b_rest, r1 + i, kTwoResults ? r2 + i : nullptr, rest, &params));
-        if constexpr (kSpecial) {
-          if (static_cast<int>(done) < rest) [[unlikely]]
-            special_block(body, mode, a, b, r1, r2, i + done, rest - static_cast<int>(done), params);
+      const LanesResult r = lanes(x, params);
+      if constexpr (kMasked) {
+        if ((lane_bits(r.special) & here) != 0) [[unlikely]] {
+          return special_block(body, mode, a, b, r1, r2, i, static_cast<int>(k), params);
         }
+      }
+      if (k >= kWidth<V>) {
+        store_results(r1, r2, i, value_of(r));
+      } else {
+        store_first_results(r1, r2, i, static_cast<int>(k), value_of(r));
       }
     }
   }
 
+  // --- any increments -----------------------------------------------------------------------------------------------
+
+  template <class T>
+  static LanesOf<T> load_strided_lanes(const T* p, int64_t inc) {
+    if constexpr (std::is_same_v<T, E>) {
+      return load_strided<V>(p, inc);
+    } else {
+      T row[kWidth<V>];
+      for (int i = 0; i < kWidth<V>; ++i) row[i] = p[i * inc];
+      return load_pairs(reinterpret_cast<const E*>(row));
+    }
+  }
+  static Inputs load_strided_inputs(const A* a, int64_t incA, const B* b, int64_t incB, int64_t i) {
+    Inputs x;
+    x.a = load_strided_lanes(a + i * incA, incA);
+    if constexpr (kScalarB) {
+      x.b = broadcast(b);
+    } else if constexpr (kBinary) {
+      x.b = load_strided_lanes(b + i * incB, incB);
+    }
+    return x;
+  }
+  template <class T>
+  static void store_strided_lanes(T* p, int64_t inc, LanesOf<T> x) {
+    if constexpr (std::is_same_v<T, E>) {
+      store_strided(p, inc, x);
+    } else {
+      T row[kWidth<V>];
+      store_lanes(row, x);
+      for (int i = 0; i < kWidth<V>; ++i) p[i * inc] = row[i];
+    }
+  }
   static void strided(const Body& body, int64_t n, const A* a, int64_t incA, const B* b, int64_t incB, R* r1,
                       int64_t incR1, R* r2, int64_t incR2, const Params& params) {
-    Operands operands = unit_operands(a, b, r1, r2);
-    operands.in_step[0] *= incA;
-    operands.in_step[1] *= incB;
-    operands.out_step[0] *= incR1;
-    operands.out_step[1] *= incR2;
-    if constexpr (Traits::has_lanes) {
-      run_strided(body, n, operands, &params);
-    } else {
+    const Operands operands = {{reinterpret_cast<const char*>(a), reinterpret_cast<const char*>(b)},
+                               {incA * static_cast<int64_t>(sizeof(A)), incB * static_cast<int64_t>(sizeof(B))},
+                               {reinterpret_cast<char*>(r1), reinterpret_cast<char*>(r2)},
+                               {incR1 * static_cast<int64_t>(sizeof(R)), incR2 * static_cast<int64_t>(sizeof(R))}};
+    if constexpr (!Traits::has_lanes) {
       run_element_loop(body, n, operands, &params);
+    } else {
+      const uint32_t mode = current_mode();
+      const ControlRegisters registers(mode);
+      const Call call{body, mode, operands, &params};
+      // Where arrays meet, a block is read whole before any of it is stored. Apart, nobody can tell, and one or two vectors
+      // at a time are as quick: single loads and stores set the pace.
+      if (n > 1 && !independent(call, n)) [[unlikely]]
+        return run_overlapping(call, n);
+      constexpr int U = kKnobs.streams || kBlock == kWidth<V> ? 1 : 2;
+      int64_t i = 0;
+#pragma GCC unroll 1
+      for (; n - i >= U * kWidth<V>; i += U * kWidth<V>) {
+        Inputs x[U];
+#pragma GCC unroll 2
+        for (int v = 0; v < U; ++v) x[v] = load_strided_inputs(a, incA, b, incB, i + v * kWidth<V>);
+        bool plain = true;
+        if constexpr (kTested) {
+          auto mask = special(x[0], params);
+          if constexpr (U == 2) mask = mask | special(x[U - 1], params);
+          plain = none(mask);
+        }
+        if (plain) [[likely]] {
+          LanesResult r[U];
+#pragma GCC unroll 2
+          for (int v = 0; v < U; ++v) r[v] = lanes(x[v], params);
+          if constexpr (kMasked) {
+            Mask<V> mask = r[0].special;
+            if constexpr (U == 2) mask = mask | r[U - 1].special;
+            plain = none(mask);
+          }
+          if (plain) [[likely]] {
+#pragma GCC unroll 2
+            for (int v = 0; v < U; ++v) {
+              const int64_t k = i + v * kWidth<V>;
+              if constexpr (kTwoResults) {
+                store_strided(r1 + k * incR1, incR1, value_of(r[v]).first);
+                store_strided(r2 + k * incR2, incR2, value_of(r[v]).second);
+              } else {
+                store_strided_lanes(r1 + k * incR1, incR1, value_of(r[v]));
+              }
+            }
+          }
+        }
+        if (!plain) [[unlikely]]
+          run_special_strided(call, i, U * kWidth<V>);
+      }
+      if (i < n) run_special_strided(call, i, static_cast<int>(n - i));
     }
   }
 
@@ -470,16 +561,13 @@ struct Kernel {
                                               const Params& params) {
     const uintptr_t misaligned = reinterpret_cast<uintptr_t>(r) % sizeof(V);
     if (misaligned % sizeof(E) != 0) return 0;
-    int64_t i = 0;
-    if (misaligned != 0) {
-      const int first = static_cast<int>((sizeof(V) - misaligned) / sizeof(E));
-      i = static_cast<int64_t>(static_cast<uint32_t>(run(a, b, r, nullptr, first, &params)));
-      if (i < first) return i;  // a special element: what is left needs no more than the caches
-    }
-    i = blocks(body, mode, n, a, b, r, nullptr, i, params,
-               [&](int64_t at, const Result& x) { store_past_cache(r + at, x); });
+    const int64_t first = misaligned != 0 ? static_cast<int64_t>((sizeof(V) - misaligned) / sizeof(E)) : 0;
+    tail(body, mode, first, a, b, r, nullptr, 0, params);
+    const int64_t done = plain_blocks(
+        n - first, params, [&](int64_t at) { return load_inputs(a, b, first + at); },
+        [&](int64_t at, const Result& x) { store_past_cache(r + first + at, x); });
     finish_past_cache();
-    return i;
+    return first + done;
   }
 };
 

@@ -10,7 +10,22 @@ rm -rf "$scratch"
 mkdir -p "$scratch"
 cd "$scratch"
 
-[ "$(pkg-config --modversion orvik)" != "" ]
+version=$(awk '/^#define ORVIK_VERSION_[A-Z]+ [0-9]/ { v = v s $3; s = "." } END { print v }' "$prefix/include/orvik/version.h")
+[ "$(pkg-config --modversion orvik)" = "$version" ]
+
+# Programs that refer to tables alone, as distributions link: without libraries that nothing needs by name.
+# tables NAME FLAGS...: with each linker of the machine.
+tables() {
+  name=$1
+  shift
+  for linker in bfd gold lld; do
+    command -v "ld.$linker" >/dev/null || continue
+    # shellcheck disable=SC2046
+    "$cc" -std=c11 -fuse-ld=$linker -Wl,--as-needed $(pkg-config --cflags orvik) "$programs/tables_main.c" \
+      "$programs/tables.c" -o "$name" "$@"
+    LD_LIBRARY_PATH="$prefix/$libdir" "./$name"
+  done
+}
 # The flags are words for the shell to split.
 # shellcheck disable=SC2046
 {
@@ -19,10 +34,12 @@ cd "$scratch"
 }
 LD_LIBRARY_PATH="$prefix/$libdir" ./consumer_c
 LD_LIBRARY_PATH="$prefix/$libdir" ./consumer_cxx
+# shellcheck disable=SC2046
+tables tables $(pkg-config --libs orvik)
 
 if [ -n "$static" ]; then
   # -l: takes the archive though the shared library lies beside it.
-  libraries=$(pkg-config --static --libs orvik | sed 's/-lorvik_kernel/-l:liborvik_kernel.a/')
+  libraries=$(pkg-config --static --libs orvik | sed 's/-lorvik_kernel/-l:liborvik_kernel.a/g')
   # shellcheck disable=SC2046,SC2086
   {
     "$cc" -std=c11 $(pkg-config --cflags orvik) "$programs/consumer.c" -o consumer_c_static $libraries
@@ -30,4 +47,6 @@ if [ -n "$static" ]; then
   }
   ./consumer_c_static
   ./consumer_cxx_static
+  # shellcheck disable=SC2086
+  tables tables_static $libraries
 fi

@@ -1,7 +1,10 @@
-// What holds for every built kernel: an element's bits do not depend on its place, its stride or its neighbours; nothing
-// outside the arrays is touched; in place gives what separate arrays give.
+// What holds for every built kernel: an element's bits do not depend on its place, its stride or its neighbours;
+// nothing outside the arrays is touched; in place gives what separate arrays give. Elements are one or two numbers:
+// rows of all four precisions, of every shape, with orders and scalar operands of several values. Beside the built rows
+// stand plain loops of those shapes, which hold the tests themselves to what they say.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstring>
@@ -12,6 +15,7 @@
 
 #include "orvik/zym.h"
 #include "support/guarded.h"
+#include "support/plain_rows.h"
 #include "support/rows.h"
 
 namespace orvik::test {
@@ -26,10 +30,25 @@ Bits<E> bits(E x) {
 }
 
 template <class E>
+bool same(E x, E y) {
+  return bits(x) == bits(y);
+}
+
+// The precision of a suite: E is the number that its elements are made of.
+template <char Precision, class Number>
+struct PrecisionOf {
+  using E = Number;
+  static constexpr char precision = Precision;
+};
+using Precisions = testing::Types<PrecisionOf<'s', float>, PrecisionOf<'d', double>, PrecisionOf<'c', float>,
+                                  PrecisionOf<'z', double>>;
+
+template <class E>
 std::vector<E> mixed_inputs(size_t count, uint64_t seed) {
   using L = std::numeric_limits<E>;
-  const E special[] = {E(0),  E(-0.0), E(1),  E(-1), E(0.5), E(2), L::infinity(), -L::infinity(), L::quiet_NaN(),
-                       L::denorm_min(), -L::denorm_min(), L::min(), L::max(), -L::max(), L::epsilon()};
+  const E special[] = {E(0),          E(-0.0),        E(1),           E(-1),           E(0.5),           E(2),
+                       L::infinity(), -L::infinity(), L::quiet_NaN(), L::denorm_min(), -L::denorm_min(), L::min(),
+                       L::max(),      -L::max(),      L::epsilon()};
   std::mt19937_64 random(seed);
   std::uniform_real_distribution<E> plain(E(-10), E(10));
   std::vector<E> x(count);
@@ -43,166 +62,237 @@ std::vector<E> mixed_inputs(size_t count, uint64_t seed) {
   return x;
 }
 
+// Elements of a row: their numbers one after another, `parts` of them an element, elements `step` apart.
+struct Form {
+  int parts;
+  int32_t step = 1;
+  int64_t first = 0;  // number of elements before element 0, for negative steps
+  size_t at(size_t i, int part) const {
+    return static_cast<size_t>((first + static_cast<int64_t>(i) * step) * parts + part);
+  }
+};
+
+// A call on numbers of E: pointers to element 0 of each array.
+template <class E>
+struct Numbers {
+  int32_t n = 0;
+  const E* a = nullptr;
+  const E* b = nullptr;
+  E* r1 = nullptr;
+  E* r2 = nullptr;
+  int32_t incA = 1, incB = 1, incR1 = 1, incR2 = 1;
+};
+
+// A kernel with what goes with its elements besides.
+struct Tested {
+  const Row& row;
+  int level;
+  Variant variant;
+
+  template <class E>
+  void call(bool strided, const Numbers<E>& c) const {
+    rows::Call call{
+        .a = c.a, .b = c.b, .r1 = c.r1, .r2 = c.r2, .incA = c.incA, .incB = c.incB, .incR1 = c.incR1, .incR2 = c.incR2};
+    std::copy(std::begin(variant.scalars), std::end(variant.scalars), call.scalars);
+    call.order = variant.order;
+    rows::with_call(row, row.entries[strided ? 1 : 0][level], strided, call, [&](auto function) { function(c.n); });
+  }
+  int in() const { return row.input_parts; }
+  int out() const { return row.output_parts; }
+};
+
+// Runs over every built row, level and variant of a precision, and over the plain rows.
+template <class P, class Function>
+void for_each_kernel(Function function) {
+  _zymSetMode(ZYM_ERRMODE_IGNORE);
+  static const std::vector<Row> plain = plain_rows();
+  std::vector<const Row*> tested;
+  for (const Row& row : rows::all()) tested.push_back(&row);
+  for (const Row& row : plain) tested.push_back(&row);
+  int kernels = 0;
+  for (const Row* row : tested) {
+    if (!row->built() || row->precision != P::precision || row->shape == Shape::pack) continue;
+    for (int level = 0; level < 3; ++level) {
+      for (const Variant& variant : variants_of(*row)) {
+        SCOPED_TRACE(std::string(row->name) + " " + kLevelNames[level] + " order " + std::to_string(variant.order) +
+                     " scalar " + std::to_string(variant.scalars[0]));
+        function(Tested{*row, level, variant});
+        ++kernels;
+        if (testing::Test::HasFailure()) return;
+      }
+    }
+  }
+  _zymSetMode(ZYM_ERRMODE_DEFAULT);
+  EXPECT_GE(kernels, 15);
+}
+
+template <class P>
+class EveryRow : public testing::Test {};
+TYPED_TEST_SUITE(EveryRow, Precisions);
+
+constexpr size_t kMost = 150;  // elements of a test, two numbers each
+
 template <class E>
 struct Result {
   std::vector<E> r1, r2;
 };
 
-// Runs over every built row and level of E.
-template <class E, class Function>
-void for_each_kernel(Function function) {
-  _zymSetMode(ZYM_ERRMODE_IGNORE);
-  int kernels = 0;
-  for (const Row& row : rows::all()) {
-    if (!row.built() || row.precision != (sizeof(E) == 4 ? 's' : 'd') || row.shape == Shape::pack) continue;
-    for (int level = 0; level < 3; ++level) {
-      SCOPED_TRACE(std::string(row.name) + " " + kLevelNames[level]);
-      function(row, level);
-      ++kernels;
-      if (testing::Test::HasFailure()) return;
-    }
-  }
-  EXPECT_GT(kernels, 0);
-  _zymSetMode(ZYM_ERRMODE_DEFAULT);
-}
-
-template <class E>
-class EveryRow : public testing::Test {};
-using Elements = testing::Types<float, double>;
-TYPED_TEST_SUITE(EveryRow, Elements);
-
 // Each element alone: the reference that all other calls must meet bit for bit.
 template <class E>
-Result<E> one_by_one(const Row& row, int level, const std::vector<E>& a, const std::vector<E>& b) {
-  Result<E> result{std::vector<E>(a.size()), std::vector<E>(a.size())};
-  for (size_t i = 0; i < a.size(); ++i) {
-    Call<E> c;
-    c.n = 1, c.a = &a[i], c.b = &b[i], c.r1 = &result.r1[i], c.r2 = &result.r2[i];
-    EXPECT_TRUE(call_row(row, level, false, c));
+Result<E> one_by_one(const Tested& tested, const std::vector<E>& a, const std::vector<E>& b, size_t count) {
+  Result<E> result{std::vector<E>(2 * count), std::vector<E>(2 * count)};
+  for (size_t i = 0; i < count; ++i) {
+    const Form in{tested.in()}, out{tested.out()};
+    tested.call(false, Numbers<E>{.n = 1,
+                                  .a = &a[in.at(i, 0)],
+                                  .b = &b[in.at(i, 0)],
+                                  .r1 = &result.r1[out.at(i, 0)],
+                                  .r2 = &result.r2[out.at(i, 0)]});
   }
   return result;
 }
 
 template <class E>
-void expect_same(const std::vector<E>& want, const E* got, int64_t step, size_t n, const char* what) {
+void expect_same(const std::vector<E>& want, const E* got, int parts, int64_t step, size_t n, const char* what) {
   for (size_t i = 0; i < n; ++i) {
-    ASSERT_EQ(bits(want[i]), bits(got[static_cast<int64_t>(i) * step])) << what << " element " << i << " of " << n;
+    for (int part = 0; part < parts; ++part) {
+      const E x = want[i * static_cast<size_t>(parts) + static_cast<size_t>(part)];
+      const E y = got[static_cast<int64_t>(i) * step * parts + part];
+      ASSERT_TRUE(same(x, y)) << what << " element " << i << " of " << n << ": " << x << ", " << y;
+    }
   }
 }
 
+// Both results of a call; steps as the call had them.
+template <class E>
+void expect_results(const Tested& tested, const Result<E>& want, const Numbers<E>& c, bool strided, size_t n,
+                    const char* what) {
+  expect_same(want.r1, c.r1, tested.out(), strided ? c.incR1 : 1, n, what);
+  if (tested.row.outputs() == 2) expect_same(want.r2, c.r2, tested.out(), strided ? c.incR2 : 1, n, what);
+}
+
 TYPED_TEST(EveryRow, BitsDoNotDependOnThePosition) {
-  using E = TypeParam;
-  const auto a = mixed_inputs<E>(150, 1), b = mixed_inputs<E>(150, 2);
-  for_each_kernel<E>([&](const Row& row, int level) {
-    const Result<E> want = one_by_one(row, level, a, b);
+  using E = typename TypeParam::E;
+  const auto a = mixed_inputs<E>(2 * kMost, 1), b = mixed_inputs<E>(2 * kMost, 2);
+  for_each_kernel<TypeParam>([&](const Tested& tested) {
+    const Result<E> want = one_by_one(tested, a, b, kMost);
     for (int n : {2, 4, 7, 8, 9, 15, 16, 17, 31, 32, 33, 63, 64, 65, 150}) {
-      Result<E> got{std::vector<E>(a.size()), std::vector<E>(a.size())};
-      Call<E> c;
-      c.n = n, c.a = a.data(), c.b = b.data(), c.r1 = got.r1.data(), c.r2 = got.r2.data();
-      call_row(row, level, false, c);
-      expect_same(want.r1, got.r1.data(), 1, static_cast<size_t>(n), "r1");
-      if (row.shape == Shape::unary2) expect_same(want.r2, got.r2.data(), 1, static_cast<size_t>(n), "r2");
+      Result<E> got{std::vector<E>(2 * kMost), std::vector<E>(2 * kMost)};
+      const Numbers<E> c{.n = n, .a = a.data(), .b = b.data(), .r1 = got.r1.data(), .r2 = got.r2.data()};
+      tested.call(false, c);
+      expect_results(tested, want, c, false, static_cast<size_t>(n), "unit stride");
     }
   });
 }
 
 TYPED_TEST(EveryRow, StridedTwinGivesTheSameBits) {
-  using E = TypeParam;
+  using E = typename TypeParam::E;
   const size_t count = 75;
-  const auto a = mixed_inputs<E>(count, 3), b = mixed_inputs<E>(count, 4);
-  for_each_kernel<E>([&](const Row& row, int level) {
-    const Result<E> want = one_by_one(row, level, a, b);
-    for (const std::array<int32_t, 4>& inc : {std::array{1, 1, 1, 1}, std::array{2, 3, 1, 4}, std::array{-1, 2, -3, 1}}) {
-      const auto spread = [&](const std::vector<E>& x, int32_t step) {
-        std::vector<E> out(x.size() * 4);
-        const int64_t start = step < 0 ? -step * static_cast<int64_t>(x.size() - 1) : 0;
-        for (size_t i = 0; i < x.size(); ++i) out[static_cast<size_t>(start + static_cast<int64_t>(i) * step)] = x[i];
-        return std::pair(out, start);
+  const auto a = mixed_inputs<E>(2 * count, 3), b = mixed_inputs<E>(2 * count, 4);
+  for_each_kernel<TypeParam>([&](const Tested& tested) {
+    const Result<E> want = one_by_one(tested, a, b, count);
+    for (const std::array<int32_t, 4>& inc :
+         {std::array{1, 1, 1, 1}, std::array{2, 3, 1, 4}, std::array{-1, 2, -3, 1}}) {
+      const auto form_of = [&](int parts, int32_t step) {
+        return Form{parts, step, step < 0 ? -step * static_cast<int64_t>(count - 1) : 0};
       };
-      const auto [sa, startA] = spread(a, inc[0]);
-      const auto [sb, startB] = spread(b, inc[1]);
-      auto [r1, start1] = spread(std::vector<E>(count), inc[2]);
-      auto [r2, start2] = spread(std::vector<E>(count), inc[3]);
-      Call<E> c;
-      c.n = static_cast<int32_t>(count), c.a = sa.data() + startA, c.b = sb.data() + startB;
-      c.r1 = r1.data() + start1, c.r2 = r2.data() + start2;
-      c.incA = inc[0], c.incB = inc[1], c.incR1 = inc[2], c.incR2 = inc[3];
-      call_row(row, level, true, c);
-      expect_same(want.r1, c.r1, inc[2], count, "r1");
-      if (row.shape == Shape::unary2) expect_same(want.r2, c.r2, inc[3], count, "r2");
+      const auto spread = [&](const std::vector<E>& x, const Form& form) {
+        std::vector<E> out(count * 4 * 2);
+        for (size_t i = 0; i < count; ++i) {
+          for (int k = 0; k < form.parts; ++k) out[form.at(i, k)] = x[Form{form.parts}.at(i, k)];
+        }
+        return out;
+      };
+      const Form fa = form_of(tested.in(), inc[0]), fb = form_of(tested.in(), inc[1]);
+      const Form f1 = form_of(tested.out(), inc[2]), f2 = form_of(tested.out(), inc[3]);
+      const auto sa = spread(a, fa), sb = spread(b, fb);
+      std::vector<E> r1(count * 8), r2(count * 8);
+      const Numbers<E> c{.n = static_cast<int32_t>(count),
+                         .a = &sa[fa.at(0, 0)],
+                         .b = &sb[fb.at(0, 0)],
+                         .r1 = &r1[f1.at(0, 0)],
+                         .r2 = &r2[f2.at(0, 0)],
+                         .incA = inc[0],
+                         .incB = inc[1],
+                         .incR1 = inc[2],
+                         .incR2 = inc[3]};
+      tested.call(true, c);
+      expect_results(tested, want, c, true, count, "strided");
     }
   });
 }
 
 TYPED_TEST(EveryRow, InputIncrementOfZeroRepeatsTheElement) {
-  using E = TypeParam;
-  const E a = E(0.625), b = E(1.75);
-  for_each_kernel<E>([&](const Row& row, int level) {
-    const Result<E> want = one_by_one<E>(row, level, {a}, {b});
-    std::vector<E> r1(40), r2(40);
-    Call<E> c;
-    c.n = 40, c.a = &a, c.b = &b, c.r1 = r1.data(), c.r2 = r2.data(), c.incA = 0, c.incB = 0;
-    call_row(row, level, true, c);
-    for (const E& r : r1) ASSERT_EQ(bits(r), bits(want.r1[0]));
+  using E = typename TypeParam::E;
+  const std::vector<E> a = {E(0.625), E(-0.25)}, b = {E(1.75), E(0.5)};
+  for_each_kernel<TypeParam>([&](const Tested& tested) {
+    const Result<E> want = one_by_one(tested, a, b, 1);
+    std::vector<E> r1(80), r2(80);
+    tested.call(
+        true,
+        Numbers<E>{.n = 40, .a = a.data(), .b = b.data(), .r1 = r1.data(), .r2 = r2.data(), .incA = 0, .incB = 0});
+    for (size_t i = 0; i < 40; ++i)
+      expect_same(want.r1, &r1[i * static_cast<size_t>(tested.out())], tested.out(), 1, 1, "repeated");
   });
 }
 
 TYPED_TEST(EveryRow, ResultIncrementOfZeroKeepsTheLastElement) {
-  using E = TypeParam;
-  auto a = mixed_inputs<E>(37, 5), b = mixed_inputs<E>(37, 6);
-  a.back() = E(0.25), b.back() = E(0.75);
+  using E = typename TypeParam::E;
+  auto a = mixed_inputs<E>(2 * 37, 5), b = mixed_inputs<E>(2 * 37, 6);
+  a[36] = a[72] = E(0.25), b[36] = b[72] = E(0.75);
   a[34] = std::numeric_limits<E>::quiet_NaN();
-  for_each_kernel<E>([&](const Row& row, int level) {
+  for_each_kernel<TypeParam>([&](const Tested& tested) {
+    const Result<E> want = one_by_one(tested, a, b, 37);
     for (int32_t n : {37, 35}) {
-      const Result<E> want = one_by_one(row, level, a, b);
-      E r1 = 0, r2 = 0;
-      Call<E> c;
-      c.n = n, c.a = a.data(), c.b = b.data(), c.r1 = &r1, c.r2 = &r2, c.incR1 = 0, c.incR2 = 0;
-      call_row(row, level, true, c);
-      ASSERT_EQ(bits(r1), bits(want.r1[static_cast<size_t>(n - 1)]));
+      E r1[2] = {}, r2[2] = {};
+      tested.call(true, Numbers<E>{.n = n, .a = a.data(), .b = b.data(), .r1 = r1, .r2 = r2, .incR1 = 0, .incR2 = 0});
+      for (int part = 0; part < tested.out(); ++part) {
+        ASSERT_TRUE(same(r1[part], want.r1[Form{tested.out()}.at(static_cast<size_t>(n - 1), part)])) << n;
+      }
     }
   });
 }
 
 TYPED_TEST(EveryRow, InPlaceGivesTheSameBits) {
-  using E = TypeParam;
-  const auto a = mixed_inputs<E>(101, 7), b = mixed_inputs<E>(101, 8);
-  for_each_kernel<E>([&](const Row& row, int level) {
-    const Result<E> want = one_by_one(row, level, a, b);
+  using E = typename TypeParam::E;
+  const auto a = mixed_inputs<E>(2 * 101, 7), b = mixed_inputs<E>(2 * 101, 8);
+  for_each_kernel<TypeParam>([&](const Tested& tested) {
+    if (tested.in() != tested.out()) return;  // an element does not fit where it came from
+    const Result<E> want = one_by_one(tested, a, b, 101);
     for (bool strided : {false, true}) {
       std::vector<E> x = a, y = b, other(a.size());
-      Call<E> c;
-      c.n = 101, c.a = x.data(), c.b = y.data(), c.r1 = x.data(), c.r2 = other.data();
-      call_row(row, level, strided, c);
-      expect_same(want.r1, x.data(), 1, a.size(), "r1 over a");
-      if (row.shape == Shape::binary) {
+      Numbers<E> c{.n = 101, .a = x.data(), .b = y.data(), .r1 = x.data(), .r2 = other.data()};
+      tested.call(strided, c);
+      expect_same(want.r1, x.data(), tested.out(), 1, 101, "r1 over a");
+      if (tested.row.inputs() == 2) {
         x = a;
+        y = b;
         c.r1 = y.data();
-        call_row(row, level, strided, c);
-        expect_same(want.r1, y.data(), 1, a.size(), "r1 over b");
+        tested.call(strided, c);
+        expect_same(want.r1, y.data(), tested.out(), 1, 101, "r1 over b");
       }
     }
   });
 }
 
 TYPED_TEST(EveryRow, TouchesNothingOutsideTheArrays) {
-  using E = TypeParam;
-  for_each_kernel<E>([&](const Row& row, int level) {
+  using E = typename TypeParam::E;
+  for_each_kernel<TypeParam>([&](const Tested& tested) {
+    const auto in = static_cast<size_t>(tested.in()), out = static_cast<size_t>(tested.out());
     for (int32_t n = 0; n <= 40; ++n) {
       const size_t count = static_cast<size_t>(n);
-      Guarded<E> a(count), b(count), r1(count), r2(count);
+      Guarded<E> a(count * in), b(count * in), r1(count * out), r2(count * out);
       for (bool back : {false, true}) {
         const auto place = [&](Guarded<E>& g) { return back ? g.at_back() : g.at_front(); };
-        for (size_t i = 0; i < count; ++i) place(a)[i] = E(0.5), place(b)[i] = E(0.25);
-        if (count > 0) place(a)[count - 1] = std::numeric_limits<E>::quiet_NaN();
-        Call<E> c;
-        c.n = n, c.a = place(a), c.b = place(b), c.r1 = place(r1), c.r2 = place(r2);
-        call_row(row, level, false, c);
-        call_row(row, level, true, c);
+        for (size_t i = 0; i < count * in; ++i) place(a)[i] = E(0.5), place(b)[i] = E(0.25);
+        if (count > 0) place(a)[count * in - 1] = std::numeric_limits<E>::quiet_NaN();
+        Numbers<E> c{.n = n, .a = place(a), .b = place(b), .r1 = place(r1), .r2 = place(r2)};
+        tested.call(false, c);
+        tested.call(true, c);
         if (n > 0) {  // backwards through the same elements
-          c.a += n - 1, c.b += n - 1, c.r1 += n - 1, c.r2 += n - 1;
+          c.a += (count - 1) * in, c.b += (count - 1) * in, c.r1 += (count - 1) * out, c.r2 += (count - 1) * out;
           c.incA = c.incB = c.incR1 = c.incR2 = -1;
-          call_row(row, level, true, c);
+          tested.call(true, c);
         }
       }
     }
@@ -210,20 +300,20 @@ TYPED_TEST(EveryRow, TouchesNothingOutsideTheArrays) {
 }
 
 TYPED_TEST(EveryRow, WritesOnlyItsElements) {
-  using E = TypeParam;
-  const auto a = mixed_inputs<E>(64, 9), b = mixed_inputs<E>(64, 10);
-  for_each_kernel<E>([&](const Row& row, int level) {
+  using E = typename TypeParam::E;
+  const auto a = mixed_inputs<E>(128, 9), b = mixed_inputs<E>(128, 10);
+  for_each_kernel<TypeParam>([&](const Tested& tested) {
+    const auto out = static_cast<size_t>(tested.out());
     for (int32_t n : {0, 1, 7, 20, 33}) {
-      std::vector<E> r1(64, E(-77)), r2(64, E(-77));
-      Call<E> c;
-      c.n = n, c.a = a.data(), c.b = b.data(), c.r1 = r1.data(), c.r2 = r2.data();
-      call_row(row, level, false, c);
-      for (size_t i = static_cast<size_t>(n); i < 64; ++i) ASSERT_EQ(r1[i], E(-77)) << i;
+      std::vector<E> r1(128, E(-77)), r2(128, E(-77));
+      Numbers<E> c{.n = n, .a = a.data(), .b = b.data(), .r1 = r1.data(), .r2 = r2.data()};
+      tested.call(false, c);
+      for (size_t i = static_cast<size_t>(n) * out; i < 128; ++i) ASSERT_EQ(r1[i], E(-77)) << i;
       c.incR1 = 3, c.n = n / 3;
       std::fill(r1.begin(), r1.end(), E(-77));
-      call_row(row, level, true, c);
-      for (size_t i = 0; i < 64; ++i) {
-        if (i % 3 != 0 || i >= 3 * static_cast<size_t>(c.n)) {
+      tested.call(true, c);
+      for (size_t i = 0; i < 128; ++i) {
+        if (i / out % 3 != 0 || i / out >= 3 * static_cast<size_t>(c.n)) {
           ASSERT_EQ(r1[i], E(-77)) << i;
         }
       }
@@ -232,18 +322,18 @@ TYPED_TEST(EveryRow, WritesOnlyItsElements) {
 }
 
 TYPED_TEST(EveryRow, UnalignedArraysGiveTheSameBits) {
-  using E = TypeParam;
-  const auto a = mixed_inputs<E>(70, 11), b = mixed_inputs<E>(70, 12);
-  for_each_kernel<E>([&](const Row& row, int level) {
-    const Result<E> want = one_by_one(row, level, a, b);
+  using E = typename TypeParam::E;
+  const auto a = mixed_inputs<E>(140, 11), b = mixed_inputs<E>(140, 12);
+  for_each_kernel<TypeParam>([&](const Tested& tested) {
+    const Result<E> want = one_by_one(tested, a, b, 70);
     for (int shift = 1; shift < 8; shift += 3) {
-      std::vector<E> x(80), y(80), r1(80), r2(80);
+      std::vector<E> x(160), y(160), r1(160), r2(160);
       std::copy(a.begin(), a.end(), x.begin() + shift);
       std::copy(b.begin(), b.end(), y.begin() + shift + 1);
-      Call<E> c;
-      c.n = 70, c.a = x.data() + shift, c.b = y.data() + shift + 1, c.r1 = r1.data() + 3, c.r2 = r2.data() + 1;
-      call_row(row, level, false, c);
-      expect_same(want.r1, c.r1, 1, 70, "r1");
+      const Numbers<E> c{
+          .n = 70, .a = x.data() + shift, .b = y.data() + shift + 1, .r1 = r1.data() + 3, .r2 = r2.data() + 1};
+      tested.call(false, c);
+      expect_results(tested, want, c, false, 70, "unaligned");
     }
   });
 }

@@ -20,19 +20,19 @@ struct Sqr {
 // Three arrays keep all address units busy: one vector in flight ran faster than four.
 template <class V, Level>
 struct Add {
-  static constexpr Knobs knobs = {.vectors = 1, .streams = true};
+  static constexpr Knobs knobs = {.streams = true};
   static V lanes(V a, V b) { return a + b; }
 };
 
 template <class V, Level>
 struct Sub {
-  static constexpr Knobs knobs = {.vectors = 1, .streams = true};
+  static constexpr Knobs knobs = {.streams = true};
   static V lanes(V a, V b) { return a - b; }
 };
 
 template <class V, Level>
 struct Mul {
-  static constexpr Knobs knobs = {.vectors = 1, .streams = true};
+  static constexpr Knobs knobs = {.streams = true};
   static V lanes(V a, V b) { return a * b; }
 };
 

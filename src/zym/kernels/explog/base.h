@@ -1,8 +1,8 @@
 // What the logarithms of different bases differ in: log_b(x) = e log_b(2) + log_b(m).
 #pragma once
 
+#include "zym/kernels/explog/coefficients.h"
 #include "zym/kernels/explog/constants.h"
-#include "zym/kernels/explog/constants_fit.h"
 #include "zym/kernels/explog/tables.h"
 
 namespace orvik::zym {
@@ -33,11 +33,9 @@ struct Base2 {
 };
 
 struct Base10 {
-  // Worst error 2^-16.
-  static constexpr float single_ep[5] = {0.10046606510877609f, -0.11959350854158401f, 0.14403435587882996f,
-                                         -0.21683171391487122f, 0.43430083990097046f};
+  static constexpr const auto& single_ep = kLog10SingleEP;
   static constexpr const auto& single_la = kLog10SingleLA;
-  static constexpr float of2_single = 0.3010300099849701f;
+  static constexpr float of2_single = kLog10Of2In32;
   static constexpr const auto& wide = kLog10Wide;
   static constexpr const auto& table = kLog10Short;
   static constexpr const auto& double_ep = kLog10DoubleEP;

@@ -6,6 +6,7 @@
 
 #include "lanes/scalar.h"
 #include "orvik/zym_types.h"
+#include "zym/kernels/explog/coefficients.h"
 #include "zym/kernels/explog/constants.h"
 #include "zym/kernels/explog/tables.h"
 
@@ -28,10 +29,7 @@ struct ExpParts {
     const double t = std::fma(x, k64OverLn2, kShifter64);
     const double n = t - kShifter64;
     const double r = std::fma(-n, kLn2Over64Tail, std::fma(-n, kLn2Over64Head, x));
-    double p = std::fma(r, 0.0013888870459233254, 0.008333341995140497);
-    p = std::fma(r, p, 0.04166666666677052);
-    p = std::fma(r, p, 0.1666666666665788);
-    p = std::fma(r, p, 0.5);
+    const double p = horner(r, kExpElement);
     set_row(static_cast<int64_t>(bits_of(t) - bits_of(kShifter64)));
     rest = std::fma(r, r * p, r) + kExp2Frac64[row][1];
   }
@@ -40,9 +38,7 @@ struct ExpParts {
   static ExpParts from_reduced(int64_t n, double r, const double (&c)[5]) {
     ExpParts parts;
     parts.set_row(n);
-    double p = c[0];
-    for (int i = 1; i < 5; ++i) p = std::fma(r, p, c[i]);
-    parts.rest = std::fma(r, p, kExp2Frac64[parts.row][1]);
+    parts.rest = std::fma(r, horner(r, c), kExp2Frac64[parts.row][1]);
     return parts;
   }
 
@@ -55,14 +51,14 @@ struct ExpParts {
 
   // Computed 2^60 too high; the step back rounds once, at the precision of the denormal result.
   double denormal() const {
-    constexpr double kDown = 8.673617379884035e-19;  // 2^-60
+    constexpr double kDown = 0x1p-60;
     const auto e = static_cast<uint64_t>(k + 1083) & 0x7FF;
     const double scale = float_of<double>(e << 52);
     const double v = head * scale;
     const double w = head * rest * scale;
     const double s = v + w;
     if (e <= 50) return s * kDown;
-    constexpr double kSplit = 6442450944.0;  // 1.5 * 2^32
+    constexpr double kSplit = 0x1.8p32;
     const double h = s + s * kSplit - s * kSplit;
     const double tail = (w + (v - s)) + (s - h);
     return std::fma(kDown, tail, kDown * h);
@@ -152,11 +148,7 @@ inline int32_t exp_element_narrow(const float* px, float* r) {
   const float t = std::fma(x, kLog2E32, kShifter32);
   const float n = t - kShifter32;
   const float f = std::fma(-n, kLn2Tail32, std::fma(-n, kLn2Head32, x));
-  float p = std::fma(0.0083811125f, f, 0.041917525f);
-  p = std::fma(p, f, 0.16666326f);
-  p = std::fma(p, f, 0.4999887f);
-  p = std::fma(p, f, 1.0000001f);
-  p = std::fma(p, f, 1.0000001f);
+  const float p = horner(f, kExpSingleElement);
   const auto power = [](int32_t k) { return float_of<float>(static_cast<uint32_t>(k + 127) << 23); };
   const auto k = static_cast<int32_t>(bits_of(t) - bits_of(kShifter32));
   if (x < kExpNormal32) {

@@ -1,7 +1,7 @@
 // e^x - 1 = (s - 1) + s (e^r - 1), s = 2^(n/N). The result has the sign of x, also where it is zero.
 #pragma once
 
-#include "zym/kernels/explog/constants_fit.h"
+#include "zym/kernels/explog/coefficients.h"
 #include "zym/kernels/explog/exp.h"
 #include "zym/kernels/explog/exp2_factors.h"
 #include "zym/kernels/explog/exp_element.h"
@@ -50,8 +50,12 @@ V expm1_sum(V s, V r, AddRest add_rest) {
 template <class V, Level L>
 struct Expm1;
 
+// sExpm1 LA: 1.5507 ulp at -0x1.ff61e8p-7
+// sExpm1 HA: 0.5185 ulp at 0x1.20554ap+6
+// sExpm1 EP: 15.33 bits at 0x1.62e4d8p-7
 template <Single V, Level L>
 struct Expm1<V, L> {
+  // A little below 125 ln 2, and 1021 ln 2 in 64 bits: no product with s leaves the finite numbers.
   static auto special(V x) { return magnitude_above<std::bit_cast<uint32_t>(86.64f) - 1>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) { return repair_expm1(x, r, mask, V(kExpOverflow32)); }
   static int32_t element(const float* x, float* r) { return expm1_element(*x, r, kExpOverflow32); }
@@ -59,12 +63,12 @@ struct Expm1<V, L> {
   static V lanes(V x) {
     V y;
     if constexpr (L == Level::EP) {
-      const auto [t, n] = shift_round(x, V(46.166241308446828f));
-      const V r = fnma(n, V(0.021660849392498290f), x);
+      const auto [t, n] = shift_round(x, V(k32OverLn2In32));
+      const V r = fnma(n, V(kLn2Over32In32), x);
       const V s = as_float(as_bits(exp2_of_32<V>(as_bits(t))) + exponent_bits<5>(t));
       y = fma(s, fma(r * r, V(kExpm1SingleEP[0]), r), s - V(1.0f));
     } else {
-      const auto [t, n] = shift_round(x, V(92.332482616893657f));
+      const auto [t, n] = shift_round(x, V(k64OverLn2In32));
       const V upper = fnma(n, V(kLn2Over64Head32), x);
       const V r = fnma(n, V(kLn2Over64Tail32), upper);
       const Exp2Row<V> row = Exp2Row<V>::of_64(as_bits(t));
@@ -84,14 +88,17 @@ struct Expm1<V, L> {
   }
 };
 
+// dExpm1 LA: 2.0817 ulp at 0x1.8c7fed10336fep-9
+// dExpm1 HA: 0.6566 ulp at -0x1.f546b6b882d76p-10
+// dExpm1 EP: 31.17 bits at 0x1.62f72fc2e1666p-9
 template <Double V, Level L>
 struct Expm1<V, L> {
-  static auto special(V x) { return magnitude_above<0x40861D99>(x); }  // from about 707.7
+  static auto special(V x) { return magnitude_above<high_word(707.7)>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) { return repair_expm1(x, r, mask, V(kExpOverflow64)); }
   static int32_t element(const double* x, double* r) { return expm1_element(*x, r, kExpOverflow64); }
 
   static V lanes(V x) {
-    const auto [t, n] = shift_round(x, V(184.6649652337873));
+    const auto [t, n] = shift_round(x, V(k128OverLn2));
     const V upper = fnma(n, V(kLn2Over128Head), x);
     const V r = fnma(n, V(kLn2Over128Tail), upper);
     const auto index = indices(as_bits(t) & Integer<V>(int64_t{127}));

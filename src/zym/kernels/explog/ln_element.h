@@ -6,6 +6,8 @@
 
 #include "lanes/scalar.h"
 #include "orvik/zym_types.h"
+#include "zym/kernels/explog/coefficients.h"
+#include "zym/kernels/explog/constants.h"
 #include "zym/kernels/explog/tables.h"
 
 namespace orvik::zym {
@@ -28,20 +30,10 @@ bool log_special(E x, E* r, int32_t* code) {
   return true;
 }
 
-// log1p(u) = u + u^2 Q(u), |u| up to 1/64.
-inline double log1p_q(double u) {
-  double q = std::fma(-0.1250214602960357, u, 0.1428756883852146);
-  q = std::fma(q, u, -0.1666666651884978);
-  q = std::fma(q, u, 0.19999999911565072);
-  q = std::fma(q, u, -0.25000000000003386);
-  q = std::fma(q, u, 0.33333333333334386);
-  return std::fma(q, u, -0.5);
-}
-
 // In 64 bits, good for a result of 32; x positive and finite.
 inline double ln_wide(double x) {
   const double v = x - 1.0;
-  if (std::fabs(v) <= 0.009765625) return std::fma(v * v, log1p_q(v), v);
+  if (std::fabs(v) <= 0.009765625) return std::fma(v * v, horner(v, kLnElement), v);
   const uint64_t bits = bits_of(x);
   const double k = static_cast<double>(static_cast<int64_t>(bits >> 52) - 1023);
   const double m = float_of<double>((bits & 0x000FFFFFFFFFFFFF) | 0x3FF0000000000000);
@@ -50,8 +42,8 @@ inline double ln_wide(double x) {
   const double d1 = std::fma(row[0], m1, -1.0);
   const double d2 = row[0] * (m - m1);
   const double u = d1 + d2;
-  const double head = std::fma(k, 0.6931471805598903, row[1]) + d1;
-  const double tail = std::fma(k, 5.497923018708371e-14, row[2]) + d2 + u * u * log1p_q(u);
+  const double head = std::fma(k, kLn2ElementHead, row[1]) + d1;
+  const double tail = std::fma(k, kLn2ElementTail, row[2]) + d2 + u * u * horner(u, kLnElement);
   return head + tail;
 }
 

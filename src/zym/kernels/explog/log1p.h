@@ -45,6 +45,9 @@ struct OnePlus {
 template <class V, Level L>
 struct Log1p;
 
+// sLog1p LA: 1.5665 ulp at 0x1.570b96p-2
+// sLog1p HA: 0.5007 ulp at 0x1.ffaeccp-25
+// sLog1p EP: 12.78 bits at 0x1.555556p-2
 template <Single V, Level L>
 struct Log1p<V, L> {
   // From 2^120 on 2^-e leaves the normal numbers.
@@ -70,10 +73,10 @@ struct Log1p<V, L> {
       if constexpr (L == Level::EP) {
         p = horner(f, kLnSingleEP);
       } else {
-        p = horner(f, kLnSingleHA);  // that of ln at this level comes to 4.09 ulp with the rounding of f
+        p = horner(f, kLnSingleHA);  // that of ln at this level leaves the bound of 4 ulp with the rounding of f
       }
       const V y = fma(f * p, f, f);
-      return join_sign(fma(e, V(0.6931471824645996f), y), x);
+      return join_sign(fma(e, V(kLn2Whole32), y), x);
     }
   }
 
@@ -94,6 +97,9 @@ struct Log1p<V, L> {
 
 // --- 64 bits --------------------------------------------------------------------------------------------------------
 
+// dLog1p LA: 1.9427 ulp at 0x1.c49579dd6f172p-9
+// dLog1p HA: 0.7278 ulp at -0x1.fcd814296f17fp-11
+// dLog1p EP: 31.48 bits at -0x1.1ffcd0c2921edp-10
 template <Double V, Level L>
 struct Log1p<V, L> {
   // From 2^1000 on 2^-e nears the end of the normal numbers.
@@ -126,9 +132,9 @@ struct Log1p<V, L> {
       const V r = k.r + correction;
       V p;
       if constexpr (L == Level::EP) {
-        p = horner(r, V(kLnC3), V(kLnC2));
+        p = horner(r, kLnDoubleEP);
       } else {
-        p = horner(r, V(kLnC5), V(kLnC4), V(kLnC3), V(kLnC2));
+        p = horner(r, kLnDoubleLA);
       }
       const V head = fma(e, V(kLn2Head64), gather<512>(kLnHeads, indices(k.key))) + r;
       return join_sign(head + fma(e, V(kLn2Tail64), r * r * p), x);

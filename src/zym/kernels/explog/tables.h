@@ -1,37 +1,85 @@
-// Tables of the exponentials and logarithms (tools/explog/tables.sollya says how each is made).
+// Tables of the exponentials and logarithms. Numbers by tools/approx from the lines marked //:.
 #pragma once
 
 namespace orvik::zym {
 
 // 2^(i/n), rounded; the pairs add what the head lacks, relative to it.
+//: head = 2^(i/64)
+//: tail = (2^(i/64) - head) / head
 extern const double kExp2Frac64[64][2];
+//: head = 2^(i/128)
+//: tail = (2^(i/128) - head) / head
 extern const double kExp2Pairs128[128][2];
+//: = 2^(i/128)
 extern const double kExp2Frac128[128];
+//: = 2^(i/1024)
 extern const double kExp2Frac1024[1024];
 
-// Factors of 2^(i/n) that fit registers: heads, and what each lacks relative to it. 2^(k/8), 2^(k/16), and 2^(k/n) for
-// as many k as fill the step of one of those.
+// Factors of 2^(i/n) that fit registers: heads, then what each lacks relative to it. 2^(i/8), 2^(i/16), and 2^(i/n) for
+// as many i as fill the step of one of those.
+//: planes
+//: head = 2^(i/8)
+//: tail = (2^(i/8) - head) / head
 extern const float kExp2Eighths[2][8];
+//: planes
+//: head = 2^(i/16)
+//: tail = (2^(i/16) - head) / head
 extern const float kExp2Sixteenths[2][16];
-extern const float kExp2In32[2][8];  // four rows twice
+// Four rows twice.
+//: planes
+//: head = 2^(mod(i, 4)/32)
+//: tail = (2^(mod(i, 4)/32) - head) / head
+extern const float kExp2In32[2][8];
+//: planes
+//: head = 2^(i/64)
+//: tail = (2^(i/64) - head) / head
 extern const float kExp2In64[2][8];
+//: planes
+//: head = 2^(i/128)
+//: tail = (2^(i/128) - head) / head
 extern const float kExp2In128[2][8];
 
-// For m = 1 + i/64: c near 1/m in ten bits, head and tail of -ln(c).
+// c near 1 / (1 + i/64) in ten bits, and -ln(c): head on a grid on which multiples of a head of ln 2 add exactly (the last
+// row is that head), rest.
+//: c = grid(1 / (1 + i/64), 2^-10)
+//: head = grid(-log(c), i == 64 ? 2^-42 : 2^-37)
+//: rest = -log(c) - head
 extern const double kLnReciprocal64[65][3];
 
-// Row k - 512 for k = 512 to 1024: -ln(k/1024), -log2, -log10 as head and tail.
+// Logarithms of k/1024 by base. Pairs: head on a grid of 2^-38, so that it adds exactly to a multiple of the head of
+// log(2), rest; in row 512 both are those that the lanes multiply by the exponent, so that they cancel.
+//: i from 512
+//: head = grid(-log(i/1024), 2^-38)
+//: tail = i == 512 ? bits(log(2) - head, 38) : -log(i/1024) - head
 extern const double kLnPairs[513][2];
+//: i from 512
+//: head = grid(-log2(i/1024), 2^-38)
+//: tail = -log2(i/1024) - head
 extern const double kLog2Pairs[513][2];
+//: i from 512
+//: head = grid(-log10(i/1024), 2^-38)
+//: tail = -log10(i/1024) - head
 extern const double kLog10Pairs[513][2];
-// The same rounded; below row 724 of the scale -ln(k/512).
+// The same rounded; below row 724 of i/512, so that the rows on both sides of 1 are small.
+//: i from 512
+//: = i < 724 ? -log(i/512) : -log(i/1024)
 extern const double kLnHeads[513];
+//: i from 512
+//: = i < 724 ? -log2(i/512) : -log2(i/1024)
 extern const double kLog2Heads[513];
+//: i from 512
+//: = i < 724 ? -log10(i/512) : -log10(i/1024)
 extern const double kLog10Heads[513];
 
-// Row k - 96 for k = 96 to 192: -ln(k/128), -log2, -log10.
+// Logarithms of i/128.
+//: i from 96
+//: = -log(i/128)
 extern const double kLnShort[97];
+//: i from 96
+//: = -log2(i/128)
 extern const double kLog2Short[97];
+//: i from 96
+//: = -log10(i/128)
 extern const double kLog10Short[97];
 
 }  // namespace orvik::zym

@@ -1,5 +1,5 @@
 // Logarithms of 32-bit numbers in 64-bit arithmetic: a table of -log(rc/128), rc the estimate of 1/m as an integer, and
-// a short polynomial in r = rc m - 1. Correct to 0.501 ulp.
+// a short polynomial in r = rc m - 1.
 #pragma once
 
 #include <cmath>
@@ -52,9 +52,7 @@ double wide_log(float x) {
   const double m = float_of<double>((u & 0x000FFFFFFFFFFFFF) + bits_of(2.0 / 3.0));
   const int rc = static_cast<int>(128.0 / m + 0.5);
   const double r = std::fma(rc / 128.0, m, -1.0);
-  double p = Base::wide[0];
-  for (int i = 1; i < 4; ++i) p = std::fma(p, r, Base::wide[i]);
-  return std::fma(r, p, std::fma(e, Base::of2, Base::table[rc - 96]));
+  return std::fma(r, horner(r, Base::wide), std::fma(e, Base::of2, Base::table[rc - 96]));
 }
 
 }  // namespace orvik::zym

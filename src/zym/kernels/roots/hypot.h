@@ -22,6 +22,25 @@ struct SquareSum {
   }
 };
 
+// Special lanes by the bits, so that no square overflows or underflows on the way: the larger magnitude is 0, beyond
+// `high` or below its reciprocal, or the smaller one is below that and not 0. One comparison decides all of it: bits as
+// words from the sign on, and with the lower end mirrored to the upper one.
+template <uint32_t high, class V>
+auto hypot_special(V a, V b) {
+  // In 64 bits the high words count, one more where the low word is not 0.
+  const auto words = [](V x) {
+    const Integer<V> m = as_bits(magnitude(x));
+    if constexpr (Single<V>) {
+      return m;
+    } else {
+      return m + Integer<V>(uint64_t{0xFFFFFFFF});
+    }
+  };
+  const Integer<V> larger = larger_words(words(a), words(b)), smaller = smaller_words(words(a), words(b));
+  const Integer<V> low = larger_words(subtract_from_words(0x80000000u, smaller), subtract_from_words(0x7FFFFFFFu, larger));
+  return Above<V, static_cast<int32_t>(high)>{larger_words(larger, low)};
+}
+
 template <class E, class Finite>
 int32_t hypot_element(E a, E b, E* r, Finite finite) {
   if (is_infinite(a) || is_infinite(b)) {
@@ -34,11 +53,14 @@ int32_t hypot_element(E a, E b, E* r, Finite finite) {
   return 0;
 }
 
-// In range: the sum within [2^-100, 2^126).
+// In range: 2^-61 to 2^63.
+// sHypot LA: 1.1303 ulp at -0x1.5c0b06p+4, 0x1.70c27p+8
+// sHypot HA: 0.5004 ulp at 0x1.f3fffap+9, 0x1.01965ep+7
+// sHypot EP: 11.91 bits at -0x1.8d12aep+6, -0x1.8d4fbcp+9
 template <Single V, Level L>
 struct Hypot<V, L> {
   static constexpr Knobs knobs = {.vectors = 2};
-  static auto special(V a, V b) { return outside<0x0D800000, 0x7E7FFFFF>(fma(a, a, b * b)); }
+  static auto special(V a, V b) { return hypot_special<0x5EFFFFFF>(a, b); }
 
   static V lanes(V a, V b) {
     if constexpr (L == Level::HA) {
@@ -59,11 +81,14 @@ struct Hypot<V, L> {
   }
 };
 
-// In range: the sum within [2^-900, 2^1020).
+// In range: 2^-508 to 2^510.
+// dHypot LA: 1.3584 ulp at -0x1.76db432d5cffcp-26, 0x1.814730b941332p-4
+// dHypot HA: 0.7489 ulp at 0x0.dc8d6fa243972p-1022, -0x0.32030bf65ac7bp-1022
+// dHypot EP: 34.92 bits at 0x1.3403576291ebcp+8, 0x1.8b267b5484c08p+7
 template <Double V, Level L>
 struct Hypot<V, L> {
   static constexpr Knobs knobs = {.vectors = 2};
-  static auto special(V a, V b) { return outside<0x07B00000, 0x7FAFFFFF>(fma(a, a, b * b)); }
+  static auto special(V a, V b) { return hypot_special<0x5FCFFFFF>(a, b); }
 
   static V lanes(V a, V b) {
     if constexpr (L == Level::HA) {
@@ -79,9 +104,10 @@ struct Hypot<V, L> {
   static int32_t element(const double* a, const double* b, double* r) {
     return hypot_element(*a, *b, r, [](double x, double y) {
       const double larger = std::fmax(std::fabs(x), std::fabs(y));
-      if (larger == 0) return 0.0;
-      const double up = larger > 1 ? 0x1p-600 : 0x1p600;
-      const double down = larger > 1 ? 0x1p600 : 0x1p-600;
+      const double smaller = std::fmin(std::fabs(x), std::fabs(y));
+      if (bits_of(larger) - bits_of(smaller) > uint64_t{60} << 52) return larger;
+      const double up = larger > 1 ? 0x1p-600 : 0x1p700;
+      const double down = larger > 1 ? 0x1p600 : 0x1p-700;
       return first_lane(Hypot<F64, Level::HA>::lanes(F64(x * up), F64(y * up))) * down;
     });
   }

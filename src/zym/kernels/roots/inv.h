@@ -67,11 +67,17 @@ struct RefinedReciprocal<V, L> {
   }
 };
 
+// sInv LA: 0.5003 ulp at 0x1.13dbb8p-124
+// sInv EP: 22.63 bits at 0x1.f95fc4p-116
+// dInv LA: 0.9993 ulp at 0x1.aaa1c29b72a84p+9
+// dInv EP: 34.90 bits at 0x1.31eff3bb8164fp+9
 template <class V, Level L>
 struct Inv : InvElement<Element<V>> {
   static auto special(V x) { return RefinedReciprocal<V, L>::special(x); }
   static V lanes(V x) { return RefinedReciprocal<V, L>::lanes(x); }
 };
+// sInv HA: 0.5000 ulp at 0x1.fffffep-126
+// dInv HA: 0.5000 ulp at 0x1.fffffffffffffp-1019
 template <class V>
 struct Inv<V, Level::HA> : InvElement<Element<V>> {
   static Mask<V> special(V x) { return x == V(0.0f); }
@@ -85,11 +91,16 @@ struct HardwareDiv : DivElement<Element<V>> {
 };
 
 // The dividend comes in by one last multiplication, so that every one of them is plain.
+// sDiv LA: 1.4654 ulp at -0x1.f5168ap+6, 0x1.fb5c5ep+8
+// sDiv EP: 22.40 bits at -0x1.5274a8p+54, -0x1.f95ef2p-71
+// dDiv EP: 34.89 bits at -0x1.05efbf0712fcp+7, 0x1.31eff8e39d13fp+8
 template <class V, Level L>
 struct Div : DivElement<Element<V>> {
   static auto special(V, V b) { return RefinedReciprocal<V, L>::special(b); }
   static V lanes(V a, V b) { return a * RefinedReciprocal<V, L>::lanes(b); }
 };
+// sDiv HA: 0.5000 ulp at 0x1p-149, 0x1p+1
+// dDiv HA: 0.5000 ulp at 0x0.0000000000001p-1022, 0x1p+1
 template <class V>
 struct Div<V, Level::HA> : HardwareDiv<V> {};
 template <Double V>

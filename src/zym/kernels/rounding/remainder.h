@@ -1,6 +1,6 @@
 // Exact remainders of a division. With q = trunc of the rounded quotient, which is the true whole quotient or one more,
 // a - q b is a multiple of the last place of b below |b|, so that one fused step computes it exactly; one more |b| is
-// added where q was one too many. Quotients of 2^(mantissa_bits - 1) or more take the element routine.
+// added where q was one too many. Quotients of 2^(mantissa_bits - 2) or more take the element routine.
 #pragma once
 
 #include <algorithm>
@@ -67,22 +67,23 @@ E with_sign_of(E magnitude, E sign) {
 template <class V>
 struct Quotient {
   using E = Element<V>;
-  static constexpr E kLimit = static_cast<E>(Bits<V>{1} << (Format<V>::mantissa_bits - 1));
-
   V whole;  // trunc(|a| / |b|)
   V rest;   // |a| - whole |b|, in [0, |b|)
 
   static Quotient divide(V a, V b) {
-    const V q = round<Direction::zero>(magnitude(a) / magnitude(b));
+    // A dividend below the divisor divides as 0: the quotient could underflow.
+    const V dividend = keep(magnitude(a) >= magnitude(b), magnitude(a));
+    const V q = round<Direction::zero>(dividend / magnitude(b));
     const V r = fnma(q, magnitude(b), magnitude(a));
     const Mask<V> too_many = r < V(E(0));
     return {q - keep(too_many, V(E(1))), r + keep(too_many, magnitude(b))};
   }
 
   static Mask<V> special(V a, V b) {
-    // False for NaN as well: zero or NaN divisors, infinite or NaN dividends, large quotients.
-    const Mask<V> small = magnitude(a) / magnitude(b) < V(kLimit);
-    return Mask<V>(not_finite(a) | not_finite(b)) | (b == V(E(0))) | complement(small);
+    // On the bits, since the quotient itself would raise flags: it is below 2^(k + 1) where the exponents differ by k.
+    const Integer<V> apart = as_bits(magnitude(a)) - as_bits(magnitude(b));
+    const Above<V, Single<V> ? (21 << 23) : (50 << 20)> large{apart};
+    return Mask<V>(not_finite(a) | not_finite(b)) | (b == V(E(0))) | large;
   }
 
   template <class Exact>
@@ -95,7 +96,7 @@ struct Quotient {
       *r = opaque(E(0)) / opaque(E(0));
       return zymErrorDomain;
     }
-    *r = is_infinite(b) ? a : exact(a, b);
+    *r = is_infinite(b) ? quiet(a) : exact(a, b);  // a denormal that counts as zero becomes one
     return 0;
   }
 };
@@ -107,7 +108,7 @@ struct Fmod {
   static V lanes(V a, V b) { return join_sign(Quotient<V>::divide(a, b).rest, a); }
   static int32_t element(const E* a, const E* b, E* r) {
     return Quotient<V>::element(*a, *b, r, [](E x, E y) {
-      return std::fabs(x) < std::fabs(y) ? x : with_sign_of(LongDivision<E>(x, y).rest, x);
+      return std::fabs(x) < std::fabs(y) ? quiet(x) : with_sign_of(LongDivision<E>(x, y).rest, x);
     });
   }
 };

@@ -33,7 +33,7 @@ struct NearbyInt : RoundInstruction<V, Direction::current, Inexact::hidden> {};
 template <class V, Level>
 struct Round {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.vectors = 1, .filler = 1, .streams = true};
+  static constexpr Knobs knobs = {.filler = 1, .streams = true};
   static V lanes(V x) {
     const V below_half = V(E(0.5) - std::numeric_limits<E>::epsilon() / 4);
     return round<Direction::zero, Inexact::raised>(x + join_sign(below_half, x));

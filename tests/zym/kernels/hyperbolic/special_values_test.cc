@@ -15,7 +15,7 @@ class Hyperbolic : public ElementTest<E> {
   // The largest argument whose hyperbolic cosine is finite.
   static constexpr E last = sizeof(E) == 4 ? E(0x1.65a9f8p+6) : E(710.4758600739439);
   static void unary(const char* name, E x, E want, int32_t code = 0) {
-    expect_element<E>(row_of<E>(name), x, E(0.5), want, code, E(1.5));
+    expect_unary<E>(row_of<E>(name), x, want, code);
   }
   static void inverse_tangent(E x, E want, int32_t code = 0) { expect_unary<E>(row_of<E>("Atanh"), x, want, code); }
 };
@@ -136,7 +136,7 @@ TYPED_TEST(Hyperbolic, InversesOfTheLargestNumbersAreWithinTheBound) {
       const auto rounded = static_cast<E>(want);
       const Wide ulp = static_cast<Wide>(std::nextafter(rounded, this->inf)) - static_cast<Wide>(rounded);
       for (int level = 0; level < 3; ++level) {
-        const E got = evaluate<E>(row_of<E>(name), level, x, E(0.5), E(1.5)).r1;
+        const E got = evaluate<E>(row_of<E>(name), level, x).r1;
         const Wide bound = level == 1 ? 0.6L * ulp : level == 0 ? 4 * ulp : (sizeof(E) == 4 ? 0x1p-11L : 0x1p-26L) * want;
         EXPECT_LE(std::fabs(static_cast<Wide>(got) - want), bound) << name << " " << level << ": " << x;
       }

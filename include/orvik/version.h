@@ -1,0 +1,29 @@
+/* Version of the library, and whether the processor serves it. */
+#ifndef ORVIK_VERSION_H
+#define ORVIK_VERSION_H
+
+#include <stdint.h>
+
+/* The one place where the version stands: build, package and pkg-config file read it here. */
+#define ORVIK_VERSION_MAJOR 2
+#define ORVIK_VERSION_MINOR 0
+#define ORVIK_VERSION_PATCH 0
+
+/* Exported also where the library itself is built with hidden visibility. */
+#pragma GCC visibility push(default)
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* 1 where the processor has AVX2, FMA and what comes with them (BMI1, BMI2, LZCNT, POPCNT) and the operating system saves
+ * the AVX state, else 0. This function alone runs on every x86-64 processor. On one that lacks anything the library says so
+ * in one line on standard error when it is loaded and leaves the process alone: any other call may end in an illegal
+ * instruction, so ask first where that can happen. */
+int32_t orvik_cpu_supported(void);
+
+#ifdef __cplusplus
+}
+#endif
+#pragma GCC visibility pop
+
+#endif

@@ -1,0 +1,25 @@
+// Whether the processor serves: judged from the words that it describes itself with, so that a test can make them up.
+#pragma once
+
+#include <stdint.h>
+
+namespace orvik::serv {
+
+// Output of CPUID, and the extended control register 0 where it can be read; zero where the processor has no such leaf.
+struct ProcessorWords {
+  uint32_t leaf1_ecx;
+  uint32_t leaf7_ebx;           // subleaf 0
+  uint32_t extended_leaf1_ecx;  // leaf 0x80000001
+  uint32_t xcr0;
+};
+
+ProcessorWords read_processor();
+
+// One bit for each thing that is missing; 0: the processor serves.
+uint32_t missing_features(const ProcessorWords& words);
+
+// The line that a program sees at load, with its newline and a final NUL. Returns its length.
+constexpr int32_t kMissingLineSize = 256;
+int32_t describe_missing(uint32_t missing, char line[kMissingLineSize]);
+
+}  // namespace orvik::serv

@@ -1,0 +1,68 @@
+#include "expression.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <stdexcept>
+
+namespace orvik::approx {
+namespace {
+
+double value(const std::string& text) {
+  const Precision precision(200);
+  return mpfr_get_d(Expression(text)(Names{}).get(), MPFR_RNDN);
+}
+
+TEST(Expression, has_the_usual_precedence) {
+  EXPECT_EQ(value("1 + 2 * 3 - 4 / 8"), 6.5);
+  EXPECT_EQ(value("-2^2"), -4);
+  EXPECT_EQ(value("2^3^2"), 512);
+  EXPECT_EQ(value("2^-1"), 0.5);
+  EXPECT_EQ(value("8 - 4 - 2"), 2);
+  EXPECT_EQ(value("8 / 4 / 2"), 1);
+  EXPECT_EQ(value("(1 + 2) * 3"), 9);
+}
+TEST(Expression, reads_numbers_as_c_does) {
+  EXPECT_EQ(value("7.34e-4"), 7.34e-4);
+  EXPECT_EQ(value("0x1.8p-1"), 0.75);
+  EXPECT_EQ(value("0x1.8p-1 - 0.25"), 0.5);
+  EXPECT_EQ(value("1e2-1"), 99);
+}
+TEST(Expression, chooses_by_a_comparison) {
+  EXPECT_EQ(value("1 < 2 ? 3 : 4"), 3);
+  EXPECT_EQ(value("1 >= 2 ? 3 : 5 == 5 ? 6 : 7"), 6);
+  EXPECT_EQ(value("1 != 1 ? 3 : 4"), 4);
+}
+TEST(Expression, knows_functions) {
+  EXPECT_EQ(value("log2(8)"), 3);
+  EXPECT_EQ(value("cos(pi)"), -1);
+  EXPECT_NEAR(value("erf(0.5)"), std::erf(0.5), 1e-15);
+  EXPECT_EQ(value("mod(-3, 8)"), 5);
+  EXPECT_EQ(value("grid(0.3, 1/4)"), 0.25);
+  EXPECT_EQ(value("bits(0x1.ffp0, 4)"), 2);
+  EXPECT_EQ(value("trunc_bits(0x1.ffp0, 4)"), 0x1.ep0);
+  EXPECT_EQ(value("float(0.1)"), 0.1F);
+  EXPECT_EQ(value("float_up(0.3)"), std::nextafter(0.3F, 0.0F) < 0.3 ? 0.3F : std::nextafter(0.3F, 1.0F));
+  EXPECT_EQ(value("double_down(1/10) < 1/10"), 1);
+  EXPECT_EQ(value("double_up(1/10) > 1/10"), 1);
+  EXPECT_EQ(value("float(2^-149 / 2 * 1.5)"), 0x1p-149);
+  EXPECT_EQ(value("exponent(3)"), 1);
+  EXPECT_EQ(value("min(2, 3) + max(2, 3)"), 5);
+}
+TEST(Expression, names_and_polynomials_come_from_outside) {
+  const Real x = 2.0;
+  const std::vector<Real> p = {3.0, 4.0, 5.0};
+  const Names names{.value = [&](const std::string& name) { return name == "x" ? &x : nullptr; },
+                    .polynomial = [&](const std::string& name) { return name == "p" ? &p : nullptr; }};
+  EXPECT_EQ(mpfr_get_d(Expression("p(x) + p(1)")(names).get(), MPFR_RNDN), 25 + 12);
+  EXPECT_THROW(Expression("y")(names), std::runtime_error);
+  EXPECT_THROW(Expression("q(x)")(names), std::runtime_error);
+}
+TEST(Expression, refuses_what_it_cannot_read) {
+  for (const char* text : {"", "1 +", "(1", "1)", "atan2(1)", "sin(1, 2)", "1 ? 2", "#", "2 3"}) {
+    EXPECT_THROW(Expression{text}, std::runtime_error) << text;
+  }
+}
+
+}  // namespace
+}  // namespace orvik::approx

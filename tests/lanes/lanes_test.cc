@@ -1,0 +1,201 @@
+// The vector layer against the same operations on single elements.
+#include "lanes/lanes.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <vector>
+
+#include "support/guarded.h"
+
+namespace orvik {
+namespace {
+
+template <class V>
+class LanesTest : public testing::Test {
+ protected:
+  using E = Element<V>;
+  static constexpr int kWide = kWidth<V>;
+
+  // Bit patterns of every class; no signalling NaNs, which an operation quiets.
+  std::vector<E> values() {
+    using L = std::numeric_limits<E>;
+    std::mt19937_64 random(7);
+    std::vector<E> x = {E(0), E(-0.0), E(1), E(-1), E(0.5), L::infinity(), -L::infinity(), L::quiet_NaN(),
+                        L::denorm_min(), -L::denorm_min(), L::min(), L::max(), -L::max(), E(2.5), E(-3.5), E(1e10)};
+    while (x.size() < 512) {
+      const E v = std::bit_cast<E>(static_cast<Bits<V>>(random()));
+      x.push_back(v != v ? E(static_cast<double>(random() % 1000) - 500) : v);
+    }
+    return x;
+  }
+  static bool same(E a, E b) { return bits_of(a) == bits_of(b) || (a != a && b != b); }
+
+  // A lane operation of two arguments against its overload for one element.
+  template <class Vector, class Scalar>
+  void expect_same(const char* what, Vector vector, Scalar scalar) {
+    const std::vector<E> x = values();
+    for (size_t shift : {0, 1, 3, 5}) {
+      for (size_t i = 0; i + kWide <= x.size(); i += kWide) {
+        std::vector<E> y(kWide);
+        for (int k = 0; k < kWide; ++k) y[static_cast<size_t>(k)] = x[(i + static_cast<size_t>(k) + shift * 17) % x.size()];
+        E got[kWide];
+        store(got, vector(load<V>(&x[i]), load<V>(y.data())));
+        for (int k = 0; k < kWide; ++k) {
+          const E want = scalar(x[i + static_cast<size_t>(k)], y[static_cast<size_t>(k)]);
+          ASSERT_TRUE(same(got[k], want)) << what << "(" << x[i + static_cast<size_t>(k)] << ", " << y[static_cast<size_t>(k)]
+                                          << "): " << got[k] << ", one element " << want;
+        }
+      }
+    }
+  }
+};
+using Lanes = testing::Types<F32, F64>;
+TYPED_TEST_SUITE(LanesTest, Lanes);
+
+TYPED_TEST(LanesTest, OperationsAgreeWithTheirOverloadsForOneElement) {
+  using V = TypeParam;
+  const auto check = [&](const char* what, auto f) { this->expect_same(what, f, f); };
+  check("fma", [](auto a, auto b) { return fma(a, b, b); });
+  check("fms", [](auto a, auto b) { return fms(a, b, a); });
+  check("fnma", [](auto a, auto b) { return fnma(a, b, b); });
+  check("max", [](auto a, auto b) { return max(a, b); });
+  check("min", [](auto a, auto b) { return min(a, b); });
+  check("select", [](auto a, auto b) { return select(a > b, a, b); });
+  check("keep", [](auto a, auto b) { return keep(a < b, a); });
+  check("drop", [](auto a, auto b) { return drop(a <= b, a); });
+  check("complement", [](auto a, auto b) { return select(complement(a >= b), a, b); });
+  check("sign_decides", [](auto a, auto b) { return select(sign_decides(a), a, b); });
+  check("magnitude", [](auto a, auto) { return magnitude(a); });
+  check("sign_of", [](auto a, auto) { return sign_of(a); });
+  check("join_sign", [](auto a, auto b) { return join_sign(a, b); });
+  check("flip_sign", [](auto a, auto b) { return flip_sign(a, b); });
+  check("round to nearest", [](auto a, auto) { return round<Direction::nearest>(a); });
+  check("round down", [](auto a, auto) { return round<Direction::down>(a); });
+  check("shifts", [](auto a, auto) { return as_float(shift_left<3>(shift_right<2>(as_bits(a)))); });
+  check("two_sum", [](auto a, auto b) { return two_sum(a, b).tail; });
+  check("two_prod", [](auto a, auto b) { return two_prod(a, b).tail; });
+  check("horner", [](auto a, auto b) { return horner(a, b, a, b); });
+  check("estrin", [](auto a, auto) {
+    constexpr Element<V> c[] = {Element<V>(0.125), Element<V>(-0.5), Element<V>(2), Element<V>(3), Element<V>(-7)};
+    return estrin(a, c);
+  });
+  check("shift_round", [](auto a, auto) { return shift_round(a, decltype(a)(Element<V>(3))).n; });
+}
+
+TYPED_TEST(LanesTest, SumsAndProductsKeepWhatRoundingLoses) {
+  using E = Element<TypeParam>;
+  std::mt19937_64 random(11);
+  for (int i = 0; i < 10000; ++i) {
+    const E a = static_cast<E>(std::ldexp(static_cast<double>(random() >> 11), static_cast<int>(random() % 40) - 60));
+    const E b = -static_cast<E>(std::ldexp(static_cast<double>(random() >> 11), static_cast<int>(random() % 40) - 60));
+    const auto exact = [](E x) { return static_cast<__float128>(x); };
+    const HeadTail<E> s = two_sum(a, b);
+    ASSERT_TRUE(exact(s.head) + exact(s.tail) == exact(a) + exact(b));
+    const HeadTail<E> p = two_prod(a, b);
+    ASSERT_TRUE(exact(p.head) + exact(p.tail) == exact(a) * exact(b));
+    ASSERT_EQ(s.head, a + b);
+    ASSERT_EQ(p.head, a * b);
+    const HeadTail<E> q = divide(HeadTail<E>{a, E(0)}, HeadTail<E>{b, E(0)});
+    const __float128 error = (exact(q.head) + exact(q.tail)) * exact(b) / exact(a) - 1;
+    ASSERT_LT(std::fabs(static_cast<double>(error)), sizeof(E) == 4 ? 0x1p-44 : 0x1p-100);
+  }
+}
+
+TYPED_TEST(LanesTest, MaskedLoadsAndStoresTouchOnlyTheirElements) {
+  using V = TypeParam;
+  using E = Element<V>;
+  for (int k = 0; k <= kWidth<V>; ++k) {
+    test::Guarded<E> from(static_cast<size_t>(k)), to(static_cast<size_t>(k));
+    for (bool back : {false, true}) {
+      E* p = back ? from.at_back() : from.at_front();
+      E* q = back ? to.at_back() : to.at_front();
+      for (int i = 0; i < k; ++i) p[i] = E(i + 1);
+      E all[kWidth<V>];
+      store(all, load_first(p, k, V(E(-9))));
+      for (int i = 0; i < kWidth<V>; ++i) ASSERT_EQ(all[i], i < k ? E(i + 1) : E(-9));
+      if (k < kWidth<V>) {
+        store_first(q, k, load_first(p, k, V(E(-9))));
+        for (int i = 0; i < k; ++i) ASSERT_EQ(q[i], E(i + 1));
+      }
+    }
+  }
+}
+
+TYPED_TEST(LanesTest, StridedLoadsAndStoresFollowTheStep) {
+  using V = TypeParam;
+  using E = Element<V>;
+  for (int64_t step : {1, 2, 5, -1, -3, 0}) {
+    std::vector<E> x(200), r(200);
+    for (size_t i = 0; i < x.size(); ++i) x[i] = E(i);
+    const E* p = x.data() + 100;
+    E row[kWidth<V>];
+    store(row, load_strided<V>(p, step));
+    for (int i = 0; i < kWidth<V>; ++i) ASSERT_EQ(row[i], p[i * step]);
+    store_strided(r.data() + 100, step, load<V>(x.data()));
+    for (int i = 0; i < kWidth<V>; ++i) ASSERT_EQ(r[static_cast<size_t>(100 + i * step)], step == 0 ? E(kWidth<V> - 1) : E(i));
+  }
+}
+
+TYPED_TEST(LanesTest, PairsComeApartAndTogetherInOrder) {
+  using V = TypeParam;
+  using E = Element<V>;
+  E x[2 * kWidth<V>], re[kWidth<V>], im[kWidth<V>], back[2 * kWidth<V>];
+  for (int i = 0; i < 2 * kWidth<V>; ++i) x[i] = E(i);
+  const Pair<V> pair = load_pairs(x);
+  store(re, pair.first), store(im, pair.second), store_pairs(back, pair);
+  for (int i = 0; i < kWidth<V>; ++i) {
+    EXPECT_EQ(re[i], E(2 * i));
+    EXPECT_EQ(im[i], E(2 * i + 1));
+    EXPECT_EQ(back[2 * i], x[2 * i]);
+    EXPECT_EQ(back[2 * i + 1], x[2 * i + 1]);
+  }
+}
+
+TYPED_TEST(LanesTest, MasksAndBitsGoThereAndBack) {
+  using V = TypeParam;
+  for (uint32_t bits = 0; bits < 1u << kWidth<V>; ++bits) {
+    const Mask<V> mask = mask_of_bits<V>(bits);
+    ASSERT_EQ(lane_bits(mask), bits);
+    ASSERT_EQ(none(mask), bits == 0);
+    ASSERT_EQ(lane_bits(complement(mask)), ~bits & ((1u << kWidth<V>) - 1));
+  }
+}
+
+TEST(Gathers, TakeTheRowsThatTheIndicesName) {
+  double single[64], pairs[64][2], quads[64][4];
+  float floats[64];
+  for (int i = 0; i < 64; ++i) {
+    single[i] = i, floats[i] = static_cast<float>(i);
+    for (int j = 0; j < 2; ++j) pairs[i][j] = 10 * i + j;
+    for (int j = 0; j < 4; ++j) quads[i][j] = 10 * i + j;
+  }
+  const int64_t rows[4] = {63, 0, 17, 5};
+  alignas(32) double index_bits[4];
+  for (int i = 0; i < 4; ++i) index_bits[i] = std::bit_cast<double>(rows[i]);
+  const Indices k = indices(as_bits(load<F64>(index_bits)));
+  double got[4], got2[4];
+  store(got, gather(single, k));
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(got[i], static_cast<double>(rows[i]));
+  const Pair<F64> pair = gather(pairs, k);
+  store(got, pair.first), store(got2, pair.second);
+  for (int i = 0; i < 4; ++i) {
+    EXPECT_EQ(got[i], 10.0 * static_cast<double>(rows[i]));
+    EXPECT_EQ(got2[i], got[i] + 1);
+  }
+  const GatheredQuad quad = gather(quads, k);
+  for (int j = 0; j < 4; ++j) {
+    store(got, quad.c[j]);
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(got[i], 10.0 * static_cast<double>(rows[i]) + j);
+  }
+  float eight[8];
+  const float numbers[8] = {3, 60, 0, 7, 12, 33, 1, 63};
+  store(eight, gather(floats, to_integer(load<F32>(numbers))));
+  for (int i = 0; i < 8; ++i) EXPECT_EQ(eight[i], numbers[i]);
+}
+
+}  // namespace
+}  // namespace orvik

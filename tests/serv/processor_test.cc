@@ -1,0 +1,101 @@
+#include "serv/processor.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "orvik/version.h"
+
+namespace {
+
+using namespace orvik::serv;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+struct Bit {
+  const char* name;
+  uint32_t ProcessorWords::*word;
+  int bit;
+};
+
+// The manuals' places of what the library is compiled with, and of the two halves of the saved state.
+const std::vector<Bit> kBits = {
+    {"AVX", &ProcessorWords::leaf1_ecx, 28},        {"AVX2", &ProcessorWords::leaf7_ebx, 5},
+    {"FMA", &ProcessorWords::leaf1_ecx, 12},        {"BMI1", &ProcessorWords::leaf7_ebx, 3},
+    {"BMI2", &ProcessorWords::leaf7_ebx, 8},        {"LZCNT", &ProcessorWords::extended_leaf1_ecx, 5},
+    {"POPCNT", &ProcessorWords::leaf1_ecx, 23},     {"operating system", &ProcessorWords::xcr0, 1},
+    {"operating system", &ProcessorWords::xcr0, 2},
+};
+
+// Words with the bits of `set` (an index into kBits each), the others as in `rest`.
+ProcessorWords words_with(uint32_t set, uint32_t rest) {
+  ProcessorWords words = {rest, rest, rest, rest};
+  for (size_t i = 0; i < kBits.size(); ++i) {
+    words.*kBits[i].word &= ~(1u << kBits[i].bit);
+    if ((set >> i & 1) != 0) words.*kBits[i].word |= 1u << kBits[i].bit;
+  }
+  return words;
+}
+
+std::string line_of(const ProcessorWords& words) {
+  char line[kMissingLineSize];
+  const int32_t length = describe_missing(missing_features(words), line);
+  EXPECT_LT(length, kMissingLineSize);
+  EXPECT_EQ(std::string(line).size(), static_cast<size_t>(length));
+  return line;
+}
+
+// The names between "lacks " and ";".
+std::vector<std::string> names_of(const std::string& line) {
+  const size_t from = line.find("lacks ") + 6;
+  std::string list = line.substr(from, line.find(';') - from);
+  std::vector<std::string> names;
+  for (size_t comma; (comma = list.find(", ")) != std::string::npos; list.erase(0, comma + 2)) {
+    names.push_back(list.substr(0, comma));
+  }
+  names.push_back(list);
+  return names;
+}
+
+TEST(Processor, EveryCombinationOfFeaturesIsJudgedAndNamed) {
+  const uint32_t all = (1u << kBits.size()) - 1;
+  for (const uint32_t rest : {0u, ~0u}) {
+    for (uint32_t set = 0; set <= all; ++set) {
+      const ProcessorWords words = words_with(set, rest);
+      EXPECT_EQ(missing_features(words) == 0, set == all) << set;
+      if (set == all) continue;
+      std::vector<std::string> want;
+      for (size_t i = 0; i < kBits.size(); ++i) {
+        const bool saving = kBits[i].word == &ProcessorWords::xcr0;
+        if ((set >> i & 1) == 0 && !saving) want.push_back(kBits[i].name);
+      }
+      const bool saved = (set >> 7 & 3) == 3, has_avx = (set & 1) != 0;
+      if (has_avx && !saved) want.push_back("an operating system that saves the AVX state");
+      // Without AVX there is no state to save: its absence alone is not told.
+      EXPECT_EQ(names_of(line_of(words)), want) << set;
+    }
+  }
+}
+
+TEST(Processor, TheLineIsOneLine) {
+  const std::string line = line_of({0, 0, 0, 0});
+  EXPECT_THAT(line, StartsWith("orvik_kernel: "));
+  EXPECT_THAT(line, EndsWith("\n"));
+  EXPECT_THAT(line.substr(0, line.size() - 1), Not(HasSubstr("\n")));
+  EXPECT_THAT(line, HasSubstr("illegal instruction"));
+}
+
+TEST(Processor, TheProcessorOfThisTestServesOrIsToldAsTheCompilersLibrarySees) {
+  __builtin_cpu_init();  // asks the operating system for the saved state too
+  const bool serves = __builtin_cpu_supports("avx") && __builtin_cpu_supports("avx2") &&
+                      __builtin_cpu_supports("fma") && __builtin_cpu_supports("bmi") &&
+                      __builtin_cpu_supports("bmi2") && __builtin_cpu_supports("popcnt");
+  EXPECT_EQ(missing_features(read_processor()) == 0, serves);
+  EXPECT_EQ(orvik_cpu_supported(), serves ? 1 : 0);
+}
+
+}  // namespace

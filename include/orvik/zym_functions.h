@@ -278,6 +278,132 @@ void _zymsTanI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t inc
 ORVIK_TABLE void* orvik_zym_kernel_sTanI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sTanI_ctab[];
 
+/* sAcos: arc cosine; elements can be reported. */
+void _zymsAcos_21(int32_t n, const float* a, float* r);
+void _zymsAcos(int32_t n, const float* a, float* r);
+void _zymsAcos_HA(int32_t n, const float* a, float* r);
+void _zymsAcos_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAcos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAcos_ctab[];
+void _zymsAcosI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcosI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcosI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcosI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAcosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAcosI_ctab[];
+
+/* sAcosh: inverse hyperbolic cosine; elements can be reported. */
+void _zymsAcosh_21(int32_t n, const float* a, float* r);
+void _zymsAcosh(int32_t n, const float* a, float* r);
+void _zymsAcosh_HA(int32_t n, const float* a, float* r);
+void _zymsAcosh_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAcosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAcosh_ctab[];
+void _zymsAcoshI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcoshI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcoshI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcoshI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAcoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAcoshI_ctab[];
+
+/* sAsin: arc sine; elements can be reported. */
+void _zymsAsin_21(int32_t n, const float* a, float* r);
+void _zymsAsin(int32_t n, const float* a, float* r);
+void _zymsAsin_HA(int32_t n, const float* a, float* r);
+void _zymsAsin_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAsin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAsin_ctab[];
+void _zymsAsinI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAsinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAsinI_ctab[];
+
+/* sAsinh: inverse hyperbolic sine. */
+void _zymsAsinh_21(int32_t n, const float* a, float* r);
+void _zymsAsinh(int32_t n, const float* a, float* r);
+void _zymsAsinh_HA(int32_t n, const float* a, float* r);
+void _zymsAsinh_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAsinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAsinh_ctab[];
+void _zymsAsinhI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinhI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinhI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinhI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAsinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAsinhI_ctab[];
+
+/* sAtan: arc tangent. */
+void _zymsAtan_21(int32_t n, const float* a, float* r);
+void _zymsAtan(int32_t n, const float* a, float* r);
+void _zymsAtan_HA(int32_t n, const float* a, float* r);
+void _zymsAtan_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAtan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtan_ctab[];
+void _zymsAtanI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAtanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtanI_ctab[];
+
+/* sAtanh: inverse hyperbolic tangent; elements can be reported. */
+void _zymsAtanh_21(int32_t n, const float* a, float* r);
+void _zymsAtanh(int32_t n, const float* a, float* r);
+void _zymsAtanh_HA(int32_t n, const float* a, float* r);
+void _zymsAtanh_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAtanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtanh_ctab[];
+void _zymsAtanhI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanhI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanhI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanhI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAtanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtanhI_ctab[];
+
+/* sCosh: hyperbolic cosine; elements can be reported. */
+void _zymsCosh_21(int32_t n, const float* a, float* r);
+void _zymsCosh(int32_t n, const float* a, float* r);
+void _zymsCosh_HA(int32_t n, const float* a, float* r);
+void _zymsCosh_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sCosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCosh_ctab[];
+void _zymsCoshI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCoshI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCoshI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCoshI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sCoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCoshI_ctab[];
+
+/* sSinh: hyperbolic sine; elements can be reported. */
+void _zymsSinh_21(int32_t n, const float* a, float* r);
+void _zymsSinh(int32_t n, const float* a, float* r);
+void _zymsSinh_HA(int32_t n, const float* a, float* r);
+void _zymsSinh_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sSinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinh_ctab[];
+void _zymsSinhI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinhI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinhI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinhI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sSinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinhI_ctab[];
+
+/* sTanh: hyperbolic tangent. */
+void _zymsTanh_21(int32_t n, const float* a, float* r);
+void _zymsTanh(int32_t n, const float* a, float* r);
+void _zymsTanh_HA(int32_t n, const float* a, float* r);
+void _zymsTanh_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sTanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTanh_ctab[];
+void _zymsTanhI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanhI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanhI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanhI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sTanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTanhI_ctab[];
+
 /* sSqr: r = a^2. */
 void _zymsSqr_21(int32_t n, const float* a, float* r);
 void _zymsSqr(int32_t n, const float* a, float* r);
@@ -389,6 +515,48 @@ void _zymsTanpiI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t i
 void _zymsTanpiI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_sTanpiI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sTanpiI_ctab[];
+
+/* sAcospi: arc cosine / pi; elements can be reported. */
+void _zymsAcospi_21(int32_t n, const float* a, float* r);
+void _zymsAcospi(int32_t n, const float* a, float* r);
+void _zymsAcospi_HA(int32_t n, const float* a, float* r);
+void _zymsAcospi_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAcospi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAcospi_ctab[];
+void _zymsAcospiI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcospiI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcospiI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcospiI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAcospiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAcospiI_ctab[];
+
+/* sAsinpi: arc sine / pi; elements can be reported. */
+void _zymsAsinpi_21(int32_t n, const float* a, float* r);
+void _zymsAsinpi(int32_t n, const float* a, float* r);
+void _zymsAsinpi_HA(int32_t n, const float* a, float* r);
+void _zymsAsinpi_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAsinpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAsinpi_ctab[];
+void _zymsAsinpiI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinpiI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinpiI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinpiI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAsinpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAsinpiI_ctab[];
+
+/* sAtanpi: arc tangent / pi. */
+void _zymsAtanpi_21(int32_t n, const float* a, float* r);
+void _zymsAtanpi(int32_t n, const float* a, float* r);
+void _zymsAtanpi_HA(int32_t n, const float* a, float* r);
+void _zymsAtanpi_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAtanpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtanpi_ctab[];
+void _zymsAtanpiI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanpiI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanpiI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanpiI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAtanpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtanpiI_ctab[];
 
 /* sExp2: 2^a; elements can be reported. */
 void _zymsExp2_21(int32_t n, const float* a, float* r);
@@ -754,6 +922,132 @@ void _zymdTanI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t i
 ORVIK_TABLE void* orvik_zym_kernel_dTanI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dTanI_ctab[];
 
+/* dAcos: arc cosine; elements can be reported. */
+void _zymdAcos_50(int32_t n, const double* a, double* r);
+void _zymdAcos(int32_t n, const double* a, double* r);
+void _zymdAcos_HA(int32_t n, const double* a, double* r);
+void _zymdAcos_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAcos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAcos_ctab[];
+void _zymdAcosI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcosI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcosI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcosI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAcosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAcosI_ctab[];
+
+/* dAcosh: inverse hyperbolic cosine; elements can be reported. */
+void _zymdAcosh_50(int32_t n, const double* a, double* r);
+void _zymdAcosh(int32_t n, const double* a, double* r);
+void _zymdAcosh_HA(int32_t n, const double* a, double* r);
+void _zymdAcosh_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAcosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAcosh_ctab[];
+void _zymdAcoshI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcoshI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcoshI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcoshI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAcoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAcoshI_ctab[];
+
+/* dAsin: arc sine; elements can be reported. */
+void _zymdAsin_50(int32_t n, const double* a, double* r);
+void _zymdAsin(int32_t n, const double* a, double* r);
+void _zymdAsin_HA(int32_t n, const double* a, double* r);
+void _zymdAsin_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAsin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAsin_ctab[];
+void _zymdAsinI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAsinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAsinI_ctab[];
+
+/* dAsinh: inverse hyperbolic sine. */
+void _zymdAsinh_50(int32_t n, const double* a, double* r);
+void _zymdAsinh(int32_t n, const double* a, double* r);
+void _zymdAsinh_HA(int32_t n, const double* a, double* r);
+void _zymdAsinh_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAsinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAsinh_ctab[];
+void _zymdAsinhI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinhI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinhI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinhI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAsinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAsinhI_ctab[];
+
+/* dAtan: arc tangent. */
+void _zymdAtan_50(int32_t n, const double* a, double* r);
+void _zymdAtan(int32_t n, const double* a, double* r);
+void _zymdAtan_HA(int32_t n, const double* a, double* r);
+void _zymdAtan_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAtan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtan_ctab[];
+void _zymdAtanI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAtanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtanI_ctab[];
+
+/* dAtanh: inverse hyperbolic tangent; elements can be reported. */
+void _zymdAtanh_50(int32_t n, const double* a, double* r);
+void _zymdAtanh(int32_t n, const double* a, double* r);
+void _zymdAtanh_HA(int32_t n, const double* a, double* r);
+void _zymdAtanh_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAtanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtanh_ctab[];
+void _zymdAtanhI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanhI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanhI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanhI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAtanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtanhI_ctab[];
+
+/* dCosh: hyperbolic cosine; elements can be reported. */
+void _zymdCosh_50(int32_t n, const double* a, double* r);
+void _zymdCosh(int32_t n, const double* a, double* r);
+void _zymdCosh_HA(int32_t n, const double* a, double* r);
+void _zymdCosh_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dCosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCosh_ctab[];
+void _zymdCoshI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCoshI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCoshI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCoshI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dCoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCoshI_ctab[];
+
+/* dSinh: hyperbolic sine; elements can be reported. */
+void _zymdSinh_50(int32_t n, const double* a, double* r);
+void _zymdSinh(int32_t n, const double* a, double* r);
+void _zymdSinh_HA(int32_t n, const double* a, double* r);
+void _zymdSinh_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dSinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinh_ctab[];
+void _zymdSinhI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinhI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinhI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinhI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dSinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinhI_ctab[];
+
+/* dTanh: hyperbolic tangent. */
+void _zymdTanh_50(int32_t n, const double* a, double* r);
+void _zymdTanh(int32_t n, const double* a, double* r);
+void _zymdTanh_HA(int32_t n, const double* a, double* r);
+void _zymdTanh_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dTanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTanh_ctab[];
+void _zymdTanhI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanhI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanhI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanhI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dTanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTanhI_ctab[];
+
 /* dSqr: r = a^2. */
 void _zymdSqr_50(int32_t n, const double* a, double* r);
 void _zymdSqr(int32_t n, const double* a, double* r);
@@ -865,6 +1159,48 @@ void _zymdTanpiI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t
 void _zymdTanpiI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dTanpiI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dTanpiI_ctab[];
+
+/* dAcospi: arc cosine / pi; elements can be reported. */
+void _zymdAcospi_50(int32_t n, const double* a, double* r);
+void _zymdAcospi(int32_t n, const double* a, double* r);
+void _zymdAcospi_HA(int32_t n, const double* a, double* r);
+void _zymdAcospi_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAcospi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAcospi_ctab[];
+void _zymdAcospiI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcospiI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcospiI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcospiI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAcospiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAcospiI_ctab[];
+
+/* dAsinpi: arc sine / pi; elements can be reported. */
+void _zymdAsinpi_50(int32_t n, const double* a, double* r);
+void _zymdAsinpi(int32_t n, const double* a, double* r);
+void _zymdAsinpi_HA(int32_t n, const double* a, double* r);
+void _zymdAsinpi_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAsinpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAsinpi_ctab[];
+void _zymdAsinpiI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinpiI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinpiI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinpiI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAsinpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAsinpiI_ctab[];
+
+/* dAtanpi: arc tangent / pi. */
+void _zymdAtanpi_50(int32_t n, const double* a, double* r);
+void _zymdAtanpi(int32_t n, const double* a, double* r);
+void _zymdAtanpi_HA(int32_t n, const double* a, double* r);
+void _zymdAtanpi_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAtanpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtanpi_ctab[];
+void _zymdAtanpiI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanpiI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanpiI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanpiI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAtanpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtanpiI_ctab[];
 
 /* dExp2: 2^a; elements can be reported. */
 void _zymdExp2_50(int32_t n, const double* a, double* r);
@@ -992,6 +1328,20 @@ void _zymsPowI_11(int32_t n, const float* a, int32_t incA, const float* b, int32
 ORVIK_TABLE void* orvik_zym_kernel_sPowI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sPowI_ctab[];
 
+/* sAtan2: angle of the point (b, a) in [-pi, pi]. */
+void _zymsAtan2_21(int32_t n, const float* a, const float* b, float* r);
+void _zymsAtan2(int32_t n, const float* a, const float* b, float* r);
+void _zymsAtan2_HA(int32_t n, const float* a, const float* b, float* r);
+void _zymsAtan2_11(int32_t n, const float* a, const float* b, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAtan2_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtan2_ctab[];
+void _zymsAtan2I_21(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsAtan2I(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsAtan2I_HA(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsAtan2I_11(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAtan2I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtan2I_ctab[];
+
 /* sHypot: sqrt(a^2 + b^2). */
 void _zymsHypot_21(int32_t n, const float* a, const float* b, float* r);
 void _zymsHypot(int32_t n, const float* a, const float* b, float* r);
@@ -1047,6 +1397,20 @@ void _zymsMulI_HA(int32_t n, const float* a, int32_t incA, const float* b, int32
 void _zymsMulI_11(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_sMulI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sMulI_ctab[];
+
+/* sAtan2pi: angle of the point (b, a) / pi; elements can be reported. */
+void _zymsAtan2pi_21(int32_t n, const float* a, const float* b, float* r);
+void _zymsAtan2pi(int32_t n, const float* a, const float* b, float* r);
+void _zymsAtan2pi_HA(int32_t n, const float* a, const float* b, float* r);
+void _zymsAtan2pi_11(int32_t n, const float* a, const float* b, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAtan2pi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtan2pi_ctab[];
+void _zymsAtan2piI_21(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsAtan2piI(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsAtan2piI_HA(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsAtan2piI_11(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAtan2piI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtan2piI_ctab[];
 
 /* sCopySign: |a| with the sign of b. */
 void _zymsCopySign_21(int32_t n, const float* a, const float* b, float* r);
@@ -1216,6 +1580,20 @@ void _zymdPowI_26(int32_t n, const double* a, int32_t incA, const double* b, int
 ORVIK_TABLE void* orvik_zym_kernel_dPowI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dPowI_ctab[];
 
+/* dAtan2: angle of the point (b, a) in [-pi, pi]. */
+void _zymdAtan2_50(int32_t n, const double* a, const double* b, double* r);
+void _zymdAtan2(int32_t n, const double* a, const double* b, double* r);
+void _zymdAtan2_HA(int32_t n, const double* a, const double* b, double* r);
+void _zymdAtan2_26(int32_t n, const double* a, const double* b, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAtan2_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtan2_ctab[];
+void _zymdAtan2I_50(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdAtan2I(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdAtan2I_HA(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdAtan2I_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAtan2I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtan2I_ctab[];
+
 /* dHypot: sqrt(a^2 + b^2). */
 void _zymdHypot_50(int32_t n, const double* a, const double* b, double* r);
 void _zymdHypot(int32_t n, const double* a, const double* b, double* r);
@@ -1271,6 +1649,20 @@ void _zymdMulI_HA(int32_t n, const double* a, int32_t incA, const double* b, int
 void _zymdMulI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dMulI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dMulI_ctab[];
+
+/* dAtan2pi: angle of the point (b, a) / pi; elements can be reported. */
+void _zymdAtan2pi_50(int32_t n, const double* a, const double* b, double* r);
+void _zymdAtan2pi(int32_t n, const double* a, const double* b, double* r);
+void _zymdAtan2pi_HA(int32_t n, const double* a, const double* b, double* r);
+void _zymdAtan2pi_26(int32_t n, const double* a, const double* b, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAtan2pi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtan2pi_ctab[];
+void _zymdAtan2piI_50(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdAtan2piI(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdAtan2piI_HA(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdAtan2piI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAtan2piI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtan2piI_ctab[];
 
 /* dCopySign: |a| with the sign of b. */
 void _zymdCopySign_50(int32_t n, const double* a, const double* b, double* r);

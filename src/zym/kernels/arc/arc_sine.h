@@ -150,6 +150,9 @@ struct ArcCosine {
 
 }  // namespace arc
 
+// sAsin LA: 2.3474 ulp at -0x1.002018p-1
+// sAsin HA: 0.6039 ulp at -0x1.dc0dfcp-2
+// sAsin EP: 13.69 bits at 0x1.000032p-1
 template <class V, Level L>
 struct Asin : arc::ArcSine<V, L, Unit::radian> {};
 template <class V, Level L>

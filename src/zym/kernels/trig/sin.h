@@ -176,9 +176,9 @@ struct SineOf<Cosine, L, V> : SineDouble<Cosine, L, V> {};
 // dSin EP: 27.12 bits at -0x1.aa6097dff9a7p+4
 template <class V, Level L>
 struct Sin : trig::SineOf<false, L, V> {};
-// sCos LA: 2.1702 ulp at -0x1.2da1dap+5
-// sCos HA: 0.5980 ulp at -0x1.c349fp+4
-// sCos EP: 12.67 bits at 0x1.862aep+6
+// sCos LA: 2.4673 ulp at 0x1.917224p+18
+// sCos HA: 0.8741 ulp at -0x1.fc0872p+18
+// sCos EP: 12.43 bits at 0x1.f9cbe2p+7
 // dCos LA: 3.1403 ulp at -0x1.eaf39beb3de7ap+555
 // dCos HA: 0.5009 ulp at 0x1.274bf4a020176p+6
 // dCos EP: 27.12 bits at -0x1.ddf627794e7abp+5

@@ -34,9 +34,6 @@ inline constexpr double kPivotpiLow64 = -0x1.1d27868a9336p-59;  //: = atan(9/16)
 // The angle whose tangent is 16/9.
 inline constexpr float kFarPivot32 = 0x1.0ef3cp0f;  //: = atan(16/9)
 inline constexpr float kFarPivotpi32 = 0x1.58fcacp-2f;  //: = atan(16/9)/pi
-// atan(9/16)/pi as the short polynomial needs it for an exact 1/4.
-inline constexpr double kPivotpiShort64 = 0x1.4e06a7a961014p-3;  //: = 1/4 - 7/25 * (kInversePi64 + 49/625 * kAtanpiDoubleEP(49/625))
-
 template <class E>
 struct Constants;
 template <>

@@ -78,9 +78,9 @@ struct HalfAngle {
 template <class V, Level L, Unit U>
 auto outside_lanes(V x) {
   if constexpr (L == Level::HA && U == Unit::half_turn) {
-    return outside_magnitude<kSmallestTurn<Element<V>>, Single<V> ? 0x3F7FFFFFu : 0x3FEFFFFFu>(x);
+    return outside_magnitude < kSmallestTurn<Element<V>>, Single<V> ? 0x3F7FFFFFu : 0x3FEFFFFFu > (x);
   } else {
-    return magnitude_above<Single<V> ? 0x3F7FFFFFu : 0x3FEFFFFFu>(x);
+    return magnitude_above < Single<V> ? 0x3F7FFFFFu : 0x3FEFFFFFu > (x);
   }
 }
 
@@ -136,8 +136,7 @@ struct ArcCosine {
     const auto base = [&](E right, E straight) {
       return drop(a.wide, V(right)) | keep(a.wide & negative, V(straight));
     };
-    return a.placed(k, base(kHalfTurn<E, U> / 2, kHalfTurn<E, U>),
-                    base(kHalfTurnLow<E, U> / 2, kHalfTurnLow<E, U>));
+    return a.placed(k, base(kHalfTurn<E, U> / 2, kHalfTurn<E, U>), base(kHalfTurnLow<E, U> / 2, kHalfTurnLow<E, U>));
   }
 
   static int32_t element(const E* px, E* r) {

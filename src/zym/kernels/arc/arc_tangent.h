@@ -25,6 +25,14 @@ constexpr const auto& tangent_coefficients() {
   if constexpr (Double<V> && L == Level::HA) return kRadian ? kAtanDoubleHA : kAtanpiDoubleHA;
 }
 
+// atan(9/16)/pi as the short polynomial needs it for an exact 1/4 at t = 7/25.
+inline constexpr double kPivotpiShort64 = [] {
+  constexpr double t = 7.0 / 25;
+  double p = 0;
+  for (const double c : kAtanpiDoubleEP) p = p * (t * t) + c;
+  return 0.25 - t * (t * t * p + kInversePi64);
+}();
+
 // base + atan(t) in the unit, |t| small (EP of floats: up to 1).
 template <class V, Level L, Unit U>
 [[gnu::always_inline]] inline V small_angle(V t, V base) {

@@ -10,33 +10,30 @@ enum class Unit { radian, half_turn };
 
 namespace arc {
 
-inline constexpr float kPi32 = 0x1.921fb6p1f;                    //: = pi
-inline constexpr float kPiLow32 = -0x1.777a5cp-24f;              //: = pi - kPi32
-inline constexpr double kPi64 = 0x1.921fb54442d18p1;             //: = pi
-inline constexpr double kPiLow64 = 0x1.1a62633145c07p-53;        //: = pi - kPi64
-inline constexpr float kInversePi32 = 0x1.45f306p-2f;            //: = 1/pi
-inline constexpr float kInversePiLow32 = 0x1.b9391p-27f;         //: = 1/pi - kInversePi32
-inline constexpr double kInversePi64 = 0x1.45f306dc9c883p-2;     //: = 1/pi
-inline constexpr double kInversePiLow64 = -0x1.6b01ec5417056p-56; //: = 1/pi - kInversePi64
+inline constexpr float kPi32 = 0x1.921fb6p1f;                      //: = pi
+inline constexpr float kPiLow32 = -0x1.777a5cp-24f;                //: = pi - kPi32
+inline constexpr double kPi64 = 0x1.921fb54442d18p1;               //: = pi
+inline constexpr double kPiLow64 = 0x1.1a62633145c07p-53;          //: = pi - kPi64
+inline constexpr float kInversePi32 = 0x1.45f306p-2f;              //: = 1/pi
+inline constexpr float kInversePiLow32 = 0x1.b9391p-27f;           //: = 1/pi - kInversePi32
+inline constexpr double kInversePi64 = 0x1.45f306dc9c883p-2;       //: = 1/pi
+inline constexpr double kInversePiLow64 = -0x1.6b01ec5417056p-56;  //: = 1/pi - kInversePi64
 
-inline constexpr float kThreeQuarters32 = 0x1.2d97c8p1f;  //: = 3 * pi/4
+inline constexpr float kThreeQuarters32 = 0x1.2d97c8p1f;         //: = 3 * pi/4
 inline constexpr double kThreeQuarters64 = 0x1.2d97c7f3321d2p1;  //: = 3 * pi/4
 
 // The angle whose tangent is 9/16.
-inline constexpr float kPivot32 = 0x1.0657eap-1f;      //: = atan(9/16)
-inline constexpr float kPivotLow32 = -0x1.6499e6p-26f;     //: = atan(9/16) - kPivot32
+inline constexpr float kPivot32 = 0x1.0657eap-1f;               //: = atan(9/16)
+inline constexpr float kPivotLow32 = -0x1.6499e6p-26f;          //: = atan(9/16) - kPivot32
 inline constexpr double kPivot64 = 0x1.0657e94db30dp-1;         //: = atan(9/16)
-inline constexpr double kPivotLow64 = -0x1.d5b495f6349e6p-56;  //: = atan(9/16) - kPivot64
-inline constexpr float kPivotpi32 = 0x1.4e06a8p-3f;      //: = atan(9/16)/pi
-inline constexpr float kPivotpiLow32 = -0x1.570e08p-29f;     //: = atan(9/16)/pi - kPivotpi32
-inline constexpr double kPivotpi64 = 0x1.4e06a7aa3c7dep-3;         //: = atan(9/16)/pi
+inline constexpr double kPivotLow64 = -0x1.d5b495f6349e6p-56;   //: = atan(9/16) - kPivot64
+inline constexpr float kPivotpi32 = 0x1.4e06a8p-3f;             //: = atan(9/16)/pi
+inline constexpr float kPivotpiLow32 = -0x1.570e08p-29f;        //: = atan(9/16)/pi - kPivotpi32
+inline constexpr double kPivotpi64 = 0x1.4e06a7aa3c7dep-3;      //: = atan(9/16)/pi
 inline constexpr double kPivotpiLow64 = -0x1.1d27868a9336p-59;  //: = atan(9/16)/pi - kPivotpi64
 // The angle whose tangent is 16/9.
-inline constexpr float kFarPivot32 = 0x1.0ef3cp0f;  //: = atan(16/9)
+inline constexpr float kFarPivot32 = 0x1.0ef3cp0f;      //: = atan(16/9)
 inline constexpr float kFarPivotpi32 = 0x1.58fcacp-2f;  //: = atan(16/9)/pi
-// atan(9/16)/pi as the short polynomial needs it for an exact 1/4.
-inline constexpr double kPivotpiShort64 = 0x1.4e06a7a961014p-3;  //: = 1/4 - 7/25 * (kInversePi64 + 49/625 * kAtanpiDoubleEP(49/625))
-
 template <class E>
 struct Constants;
 template <>

@@ -1,7 +1,7 @@
 // Hyperbolic sine, cosine and tangent. |x| = n ln(2) + r; with a = 2^n / 2, b = 2^-n / 2, C = cosh r, S = sinh r:
 //   cosh x = (a + b) C + (a - b) S,  sinh x = (a - b) C + (a + b) S:
-// for n = 0 the sine is S itself, so that it needs no branch of its own. At HA in steps of ln(2)/4, and in head and tail.
-// tanh x = (e^2x - 1) / (e^2x + 1), the difference from the polynomial of e^r - 1.
+// for n = 0 the sine is S itself, so that it needs no branch of its own. At HA in steps of ln(2)/4, and in head and
+// tail. tanh x = (e^2x - 1) / (e^2x + 1), the difference from the polynomial of e^r - 1.
 #pragma once
 
 #include <iterator>
@@ -55,10 +55,9 @@ template <class E>
 struct QuarterRows;
 template <>
 struct QuarterRows<float> {
-  static constexpr float heads[4] = {f32(std::bit_cast<uint32_t>(kQuarter32[0])),
-                                     f32(std::bit_cast<uint32_t>(kQuarter32[1]) - 0x200000),
-                                     f32(std::bit_cast<uint32_t>(kQuarter32[2]) - 0x400000),
-                                     f32(std::bit_cast<uint32_t>(kQuarter32[3]) - 0x600000)};
+  static constexpr float heads[4] = {
+      f32(std::bit_cast<uint32_t>(kQuarter32[0])), f32(std::bit_cast<uint32_t>(kQuarter32[1]) - 0x200000),
+      f32(std::bit_cast<uint32_t>(kQuarter32[2]) - 0x400000), f32(std::bit_cast<uint32_t>(kQuarter32[3]) - 0x600000)};
 };
 struct WordTable {
   alignas(32) uint32_t words[8];
@@ -98,9 +97,7 @@ struct Quarters {
       // A row is two words; `twice` is 2n in both words of a lane.
       const Integer<V> heads = octet_table<V>(QuarterRows<double>::heads.words);
       const Integer<V> tails = octet_table<V>(QuarterRows<double>::tails.words);
-      const auto twice = [](Integer<V> n) {
-        return shift_left<33>(n) + (shift_left<1>(n) & Integer<V>(uint64_t{7}));
-      };
+      const auto twice = [](Integer<V> n) { return shift_left<33>(n) + (shift_left<1>(n) & Integer<V>(uint64_t{7})); };
       const Integer<V> to_up = Integer<V>(uint64_t{1} << 32) + twice(sum);
       const V up_head = as_float(look_up(heads, to_up) + shift_left<50>(sum));
       up = {up_head, up_head * as_float(look_up(tails, to_up))};
@@ -167,7 +164,7 @@ struct Parts {
 // |x| from 87 or 708 on: 2^-n / 2 leaves the range of exponents.
 template <class V>
 auto large(V x) {
-  return magnitude_above<Single<V> ? 0x42ADFFFFu : 0x40861FFFu>(x);
+  return magnitude_above < Single<V> ? 0x42ADFFFFu : 0x40861FFFu > (x);
 }
 template <class E>
 inline constexpr E kOverflow = sizeof(E) == 4 ? E(kOverflow32) : E(kOverflow64);
@@ -245,7 +242,7 @@ struct Tanh {
   using E = Element<V>;
   using K = hyperbolic::Constants<E>;
   static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4};
-  static auto special(V x) { return magnitude_above<Single<V> ? 0x7F7FFFFFu : 0x7FEFFFFFu>(x); }
+  static auto special(V x) { return magnitude_above < Single<V> ? 0x7F7FFFFFu : 0x7FEFFFFFu > (x); }
 
   static V lanes(V x) {
     const V a = min(magnitude(x), V(E(Single<V> ? 10 : 20)));  // 1 to the last bit from there on

@@ -102,7 +102,8 @@ inline constexpr double kFarExponent = 150;
 template <class V>
 [[gnu::always_inline]] inline HeadTail<V> root_of(HeadTail<V> square) {
   const V root = sqrt(square.head);
-  const V lost = (fnma(root, root, square.head) + square.tail) * (V(Element<V>(0.5)) * rough_reciprocal(max(root, V(Element<V>(0x1p-60)))));
+  const V lost = (fnma(root, root, square.head) + square.tail) *
+                 (V(Element<V>(0.5)) * rough_reciprocal(max(root, V(Element<V>(0x1p-60)))));
   return {root, lost};
 }
 
@@ -156,7 +157,7 @@ template <class V, Level L>
 struct Acosh {
   using E = Element<V>;
   static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .filler = 1.5};
-  static auto special(V x) { return outside<Single<V> ? 0x3F800000u : 0x3FF00000u, hyperbolic::kLastWord<V>>(x); }
+  static auto special(V x) { return outside < Single<V> ? 0x3F800000u : 0x3FF00000u, hyperbolic::kLastWord < V >> (x); }
 
   static V lanes(V x) { return of(x, V(E(0))); }
 
@@ -203,7 +204,7 @@ struct Atanh {
   using E = Element<V>;
   static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4};
   // From 1 - 2^-22 or 1 - 2^-21 on: the power of two with 1 added would be rounded.
-  static auto special(V x) { return magnitude_above<Single<V> ? 0x3F7FFFFBu : 0x3FEFFFFEu>(x); }
+  static auto special(V x) { return magnitude_above < Single<V> ? 0x3F7FFFFBu : 0x3FEFFFFEu > (x); }
 
   static V lanes(V x) {
     const V a = magnitude(x), one = V(E(1));

@@ -13,7 +13,9 @@ template <class E>
 class Arc : public ElementTest<E> {
  protected:
   static constexpr E pi = std::numbers::pi_v<E>;
-  static void unary(const char* name, E x, E want, int32_t code = 0) { expect_unary<E>(row_of<E>(name), x, want, code); }
+  static void unary(const char* name, E x, E want, int32_t code = 0) {
+    expect_unary<E>(row_of<E>(name), x, want, code);
+  }
   static void point(const char* name, E y, E x, E want) { expect_element<E>(row_of<E>(name), y, x, want); }
 };
 TYPED_TEST_SUITE(Arc, Elements);
@@ -171,8 +173,11 @@ TYPED_TEST(Arc, Atan2FarFromOneIsWithinTheBound) {
           const Wide ulp = static_cast<Wide>(std::nextafter(rounded, this->inf)) - static_cast<Wide>(rounded);
           for (int level = 0; level < 3; ++level) {
             const E got = evaluate<E>(row_of<E>(name), level, y, sign * x).r1;
-            const Wide bound = level == 1 ? ulp : level == 0 ? 4 * ulp : (sizeof(E) == 4 ? 0x1p-11L : 0x1p-26L) * want + ulp;
-            EXPECT_LE(std::fabs(static_cast<Wide>(got) - want), bound) << name << " " << level << ": " << y << ", " << sign * x;
+            const Wide bound = level == 1   ? ulp
+                               : level == 0 ? 4 * ulp
+                                            : (sizeof(E) == 4 ? 0x1p-11L : 0x1p-26L) * want + ulp;
+            EXPECT_LE(std::fabs(static_cast<Wide>(got) - want), bound)
+                << name << " " << level << ": " << y << ", " << sign * x;
           }
         }
       }

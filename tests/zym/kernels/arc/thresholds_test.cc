@@ -32,8 +32,16 @@ const std::vector<Function>& functions() {
       {"Cosh", std::cosh, {ln2 / 2, ln2 * 1.5, ln2 / 8, ln2 * 3 / 8, 55.45, 80 * ln2, 87}, {708, 709.78}},
       {"Sinh", std::sinh, {ln2 / 2, ln2 * 1.5, ln2 / 8, ln2 * 3 / 8, 55.45, 80 * ln2, 87}, {708, 709.78}},
       {"Tanh", std::tanh, {ln2 / 4, ln2 * 3 / 4, ln2 / 16, ln2 * 3 / 16, 9.01, 10}, {19.06, 20}},
-      {"Asinh", std::asinh, {5.0 / 12, 4.0 / 3, std::sinh(0.5), std::sinh(0.5 + ln2), std::sqrt(0.125), 1.06066, 3.5 * std::sqrt(0.125), 0x1p30, 0x1p60, 0x1p90, 0x1p125}, {0x1p500, 0x1p900, 0x1p1021}},
-      {"Acosh", std::acosh, {13.0 / 12, 5.0 / 3, std::cosh(0.5), std::cosh(0.5 + ln2), 1.06066, std::cosh(1.5 * ln2), 2, 0x1p30, 0x1p60, 0x1p90, 0x1p125}, {0x1p500, 0x1p900, 0x1p1021}},
+      {"Asinh",
+       std::asinh,
+       {5.0 / 12, 4.0 / 3, std::sinh(0.5), std::sinh(0.5 + ln2), std::sqrt(0.125), 1.06066, 3.5 * std::sqrt(0.125),
+        0x1p30, 0x1p60, 0x1p90, 0x1p125},
+       {0x1p500, 0x1p900, 0x1p1021}},
+      {"Acosh",
+       std::acosh,
+       {13.0 / 12, 5.0 / 3, std::cosh(0.5), std::cosh(0.5 + ln2), 1.06066, std::cosh(1.5 * ln2), 2, 0x1p30, 0x1p60,
+        0x1p90, 0x1p125},
+       {0x1p500, 0x1p900, 0x1p1021}},
       {"Atanh", std::atanh, {0.1716, 0.2, 0.4714, 0.5, 0.48, 1 - 0x1p-22}, {1 - 0x1p-21}},
       {"Atan", std::atan, {std::tan(pi / 8)}, {}},
   };
@@ -77,12 +85,16 @@ void walk() {
         const Wide want = f.exact(static_cast<Wide>(x[i]));
         if (!std::isfinite(want)) continue;  // outside the domain
         const E rounded = std::fabs(static_cast<E>(want));
-        const Wide ulp = static_cast<Wide>(std::nextafter(rounded, std::numeric_limits<E>::infinity())) - static_cast<Wide>(rounded);
+        const Wide ulp =
+            static_cast<Wide>(std::nextafter(rounded, std::numeric_limits<E>::infinity())) - static_cast<Wide>(rounded);
         const Wide unit = level == 2 ? std::fabs(want) * (sizeof(E) == 4 ? 0x1p-11L : 0x1p-26L) : ulp;
         const auto error = static_cast<double>(std::fabs(static_cast<Wide>(r[i]) - want) / unit);
         if (!(error <= worst)) worst = error, at = x[i];
       }
-      EXPECT_LE(worst, level == 1 ? 0.6 : level == 0 ? 4 : 1) << row_of<E>(f.name) << " " << kLevelNames[level] << " at " << at;
+      EXPECT_LE(worst, level == 1   ? 0.6
+                       : level == 0 ? 4
+                                    : 1)
+          << row_of<E>(f.name) << " " << kLevelNames[level] << " at " << at;
     }
   }
 }
@@ -116,7 +128,9 @@ void walk_rays() {
               const E rounded = std::fabs(static_cast<E>(want));
               const Wide ulp = static_cast<Wide>(std::nextafter(rounded, E(10))) - static_cast<Wide>(rounded);
               const Wide unit = level == 2 ? std::fabs(want) * (sizeof(E) == 4 ? 0x1p-11L : 0x1p-26L) : ulp;
-              EXPECT_LE(std::fabs(static_cast<Wide>(r[i]) - want) / unit, level == 1 ? 0.6 : level == 0 ? 4 : 1)
+              EXPECT_LE(std::fabs(static_cast<Wide>(r[i]) - want) / unit, level == 1   ? 0.6
+                                                                          : level == 0 ? 4
+                                                                                       : 1)
                   << row_of<E>(name) << " " << kLevelNames[level] << " of " << a[i] << ", " << b[i];
             }
           }
@@ -138,7 +152,8 @@ void expect_no_flags() {
     std::vector<E> x = around<E>(f, 20);
     const bool from_one = f.name == std::string("Acosh");
     const bool half_turns = f.name == std::string("Asinpi") || f.name == std::string("Atanpi");
-    for (E m = from_one ? E(1) : half_turns ? 8 * L::min() : L::min(); m < E(0.9); m *= E(3.7)) x.push_back(m), x.push_back(-m);
+    for (E m = from_one ? E(1) : half_turns ? 8 * L::min() : L::min(); m < E(0.9); m *= E(3.7))
+      x.push_back(m), x.push_back(-m);
     if (!from_one) x.push_back(E(0)), x.push_back(E(-0.0));
     for (int level = 0; level < 3; ++level) {
       for (E each : x) {
@@ -161,9 +176,9 @@ TEST(ArcFlags, DomainErrorsRaiseInvalidAndPolesDivideByZero) {
     const char* name;
     float x;
     int flag;
-  } cases[] = {{"Asin", 2, FE_INVALID},  {"Acos", -2, FE_INVALID},  {"Asinpi", 2, FE_INVALID}, {"Acospi", 2, FE_INVALID},
-               {"Acosh", 0, FE_INVALID}, {"Atanh", 2, FE_INVALID}, {"Atanh", 1, FE_DIVBYZERO}, {"Cosh", 100, FE_OVERFLOW},
-               {"Sinh", -100, FE_OVERFLOW}};
+  } cases[] = {{"Asin", 2, FE_INVALID},    {"Acos", -2, FE_INVALID},   {"Asinpi", 2, FE_INVALID},
+               {"Acospi", 2, FE_INVALID},  {"Acosh", 0, FE_INVALID},   {"Atanh", 2, FE_INVALID},
+               {"Atanh", 1, FE_DIVBYZERO}, {"Cosh", 100, FE_OVERFLOW}, {"Sinh", -100, FE_OVERFLOW}};
   for (const auto& [name, x, flag] : cases) {
     for (int level = 0; level < 3; ++level) {
       const uint32_t mode = _zymSetMode(ZYM_ERRMODE_IGNORE);
@@ -179,16 +194,19 @@ TEST(ArcFlags, DomainErrorsRaiseInvalidAndPolesDivideByZero) {
 template <class E>
 void expect_repair_agrees() {
   using L = std::numeric_limits<E>;
-  const std::vector<E> x = {L::infinity(), E(1.5), -L::infinity(), L::quiet_NaN(), E(89), E(-89), E(90),  E(-90), L::max(),
-                            -L::max(),     E(709), E(710.4),       E(-711),        E(2),  E(0.5), E(-0.0), E(1)};
-  for (const char* name : {"Asin", "Acos", "Asinpi", "Acospi", "Atan", "Atanpi", "Cosh", "Sinh", "Tanh", "Asinh", "Acosh", "Atanh"}) {
+  const std::vector<E> x = {L::infinity(), E(1.5), -L::infinity(), L::quiet_NaN(), E(89),  E(-89),
+                            E(90),         E(-90), L::max(),       -L::max(),      E(709), E(710.4),
+                            E(-711),       E(2),   E(0.5),         E(-0.0),        E(1)};
+  for (const char* name :
+       {"Asin", "Acos", "Asinpi", "Acospi", "Atan", "Atanpi", "Cosh", "Sinh", "Tanh", "Asinh", "Acosh", "Atanh"}) {
     for (int level = 0; level < 3; ++level) {
       const uint32_t mode = _zymSetMode(ZYM_ERRMODE_IGNORE);
       const std::vector<E> with = run<E>(name, level, x);
       _zymSetMode(ZYM_ERRMODE_NOERR);
       const std::vector<E> without = run<E>(name, level, x);
       _zymSetMode(mode);
-      for (size_t i = 0; i < x.size(); ++i) EXPECT_TRUE(same_value(with[i], without[i])) << row_of<E>(name) << "(" << x[i] << ")";
+      for (size_t i = 0; i < x.size(); ++i)
+        EXPECT_TRUE(same_value(with[i], without[i])) << row_of<E>(name) << "(" << x[i] << ")";
     }
   }
 }

@@ -29,7 +29,8 @@ TYPED_TEST(Hyperbolic, CoshAndSinhAreFiniteUpToTheLastArgumentAndOverflowWithCod
       const Outcome<E> got = evaluate<E>(row_of<E>(name), level, this->last);
       EXPECT_EQ(got.code, 0) << name;
       const long double want = std::cosh(static_cast<long double>(this->last));
-      EXPECT_LE(std::fabs(got.r1 / want - 1), 4 * std::numeric_limits<TypeParam>::epsilon()) << name << " level " << level;
+      EXPECT_LE(std::fabs(got.r1 / want - 1), 4 * std::numeric_limits<TypeParam>::epsilon())
+          << name << " level " << level;
     }
   }
   for (E x : {beyond, E(sizeof(E) == 4 ? 90 : 711), this->largest}) {
@@ -86,7 +87,8 @@ TYPED_TEST(Hyperbolic, ZerosKeepTheirSignAndCoshIsOne) {
 
 TYPED_TEST(Hyperbolic, TinyNumbersAreThemselves) {
   using E = TypeParam;
-  for (E x : {this->tiny, 3 * this->tiny, this->smallest / 2, this->smallest, std::nextafter(this->smallest, E(1)), E(0x1.234568p-60)}) {
+  for (E x : {this->tiny, 3 * this->tiny, this->smallest / 2, this->smallest, std::nextafter(this->smallest, E(1)),
+              E(0x1.234568p-60)}) {
     for (E y : {x, -x}) {
       this->unary("Sinh", y, y);
       this->unary("Tanh", y, y);
@@ -127,7 +129,8 @@ TYPED_TEST(Hyperbolic, AtanhOfOneIsInfiniteWithCode2AndBeyondNanWithCode1) {
 TYPED_TEST(Hyperbolic, InversesOfTheLargestNumbersAreWithinTheBound) {
   using E = TypeParam;
   using Wide = long double;
-  for (E x : {E(0x1p29), E(0x1.8p30), E(0x1p59), E(0x1.8p60), E(0x1p124), E(0x1p125), E(0x1p89), E(0x1.4p90), this->largest / 4, this->largest}) {
+  for (E x : {E(0x1p29), E(0x1.8p30), E(0x1p59), E(0x1.8p60), E(0x1p124), E(0x1p125), E(0x1p89), E(0x1.4p90),
+              this->largest / 4, this->largest}) {
     const struct {
       const char* name;
       Wide want;
@@ -137,7 +140,9 @@ TYPED_TEST(Hyperbolic, InversesOfTheLargestNumbersAreWithinTheBound) {
       const Wide ulp = static_cast<Wide>(std::nextafter(rounded, this->inf)) - static_cast<Wide>(rounded);
       for (int level = 0; level < 3; ++level) {
         const E got = evaluate<E>(row_of<E>(name), level, x).r1;
-        const Wide bound = level == 1 ? 0.6L * ulp : level == 0 ? 4 * ulp : (sizeof(E) == 4 ? 0x1p-11L : 0x1p-26L) * want;
+        const Wide bound = level == 1   ? 0.6L * ulp
+                           : level == 0 ? 4 * ulp
+                                        : (sizeof(E) == 4 ? 0x1p-11L : 0x1p-26L) * want;
         EXPECT_LE(std::fabs(static_cast<Wide>(got) - want), bound) << name << " " << level << ": " << x;
       }
     }

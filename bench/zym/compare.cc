@@ -76,6 +76,22 @@ void Operands::plant(double value, int32_t every) {
   }
 }
 
+void Operands::enlarge(double least) {
+  const int lowest = std::ilogb(least);
+  const int sizes = (row_.single() ? 126 : 1022) - lowest;
+  for (int32_t i = 0; i < n_; ++i) {
+    void* a = const_cast<void*>(arrays_.a);
+    const int64_t at = static_cast<int64_t>(i) * step_;
+    const double mantissa = 1 + std::fmod(0.6180339887498949 * i, 1.0);
+    const double value = std::ldexp(mantissa, lowest + static_cast<int>(static_cast<int64_t>(i) * 7919 % sizes));
+    if (row_.single()) {
+      static_cast<float*>(a)[at] = static_cast<float>(value);
+    } else {
+      static_cast<double*>(a)[at] = value;
+    }
+  }
+}
+
 std::function<void(int64_t)> repeat_entry(const rows::Row& row, void* entry, bool strided, const Operands& operands,
                                           int32_t n) {
   std::function<void(int64_t)> made;

@@ -18,6 +18,8 @@ class Operands {
   rows::Call call() const;
   // Puts `value` into every `every`-th element of the first input.
   void plant(double value, int32_t every);
+  // Spreads the first input over the sizes from `least` to the largest finite one.
+  void enlarge(double least);
 
  private:
   const rows::Row& row_;

@@ -27,7 +27,11 @@ namespace {
   {"s" #Function, "libmvec", 4, vector2<float, _ZGVdN8vv_##stem##f, false>, vector2<float, _ZGVdN8vv_##stem##f, true>}, \
       {"d" #Function, "libmvec", 4, vector2<double, _ZGVdN4vv_##stem, false>, vector2<double, _ZGVdN4vv_##stem, true>},
 
-constexpr Peer kPeers[] = {ALL(PEER1, PEER2)};
+constexpr Peer kPeers[] = {
+    ALL(PEER1, PEER2) PEER2(Powr, pow)
+    {"sPowx", "libmvec", 4, vector_scalar<float, _ZGVdN8vv_powf, false>, vector_scalar<float, _ZGVdN8vv_powf, true>},
+    {"dPowx", "libmvec", 4, vector_scalar<double, _ZGVdN4vv_pow, false>, vector_scalar<double, _ZGVdN4vv_pow, true>},
+};
 
 }  // namespace
 

@@ -33,7 +33,7 @@ constexpr Peer kPeers[] = {
     U10(vector1, Atan, atan) U35(vector1, Atan, atan) U10(vector2, Atan2, atan2) U35(vector2, Atan2, atan2)
     U10(vector1, Sinh, sinh) U35(vector1, Sinh, sinh) U10(vector1, Cosh, cosh) U35(vector1, Cosh, cosh)
     U10(vector1, Tanh, tanh) U35(vector1, Tanh, tanh) U10(vector1, Asinh, asinh) U10(vector1, Acosh, acosh)
-    U10(vector1, Atanh, atanh) U10(vector2, Pow, pow) U10(vector2, Powr, pow)
+    U10(vector1, Atanh, atanh) U10(vector2, Pow, pow) U10(vector2, Powr, pow) U10(vector_scalar, Powx, pow)
     U10(vector1, Erf, erf) U15(vector1, Erfc, erfc) U10(vector1, TGamma, tgamma) U10(vector1, LGamma, lgamma)
 };
 

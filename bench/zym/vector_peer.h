@@ -76,6 +76,14 @@ void vector2(int32_t n, const Arrays& arrays) {
   over_vectors<E, 2, 1, Strided>(n, arrays, [](auto& x, auto& r) { r[0] = F(x[0], x[1]); });
 }
 template <class E, auto F, bool Strided>
+void vector_scalar(int32_t n, const Arrays& arrays) {  // b is one element for all
+  const auto* one = static_cast<const E*>(arrays.b);
+  alignas(32) E all[32 / sizeof(E)];
+  for (E& b : all) b = *one;
+  const auto b = load(all);
+  over_vectors<E, 1, 1, Strided>(n, arrays, [&](auto& x, auto& r) { r[0] = F(x[0], b); });
+}
+template <class E, auto F, bool Strided>
 void vector_pair(int32_t n, const Arrays& arrays) {  // F gives a struct of two vectors
   over_vectors<E, 1, 2, Strided>(n, arrays, [](auto& x, auto& r) {
     const auto pair = F(x[0]);

@@ -23,12 +23,13 @@ constexpr const char* kUsage = R"(zym_bench [options]
   --rows FILTER      names with wildcards, such as "sExp*,dLn" (default: every row that is built)
   --levels LIST      of LA,HA,EP (default: all)
   --sizes LIST       lengths (default: 1,16,100,1000,100000)
-  --section LIST     of rows,strided,overhead,special,memory,summary,peers (default: all but peers)
+  --section LIST     of rows,strided,overhead,large,special,memory,summary,peers (default: all but peers)
   --time MS          milliseconds per comparison (default: 12)
   --csv FILE         every figure
 
 rows, strided  ns per element of ours and of each peer, with the ratio peer/ours
 overhead       ns of a call with 1 and with 16 elements above that of a plain function
+large          an array of large arguments, of all sizes, against a plain one: functions that reduce them
 special        an array with one special element in a hundred against a plain one, errors off
 memory         rows that memory bandwidth limits at 10^7 elements, against memcpy of the same traffic
 summary        geometric mean by family and level of the ratio to the fastest peer that is as accurate, and the worst row
@@ -36,7 +37,7 @@ peers          the largest error found of each peer
 )";
 
 struct Options {
-  std::string rows, levels = "LA,HA,EP", sections = "rows,strided,overhead,special,memory,summary", csv;
+  std::string rows, levels = "LA,HA,EP", sections = "rows,strided,overhead,large,special,memory,summary", csv;
   std::vector<int32_t> sizes = {1, 16, 100, 1000, 100000};
   double seconds = 0.012;
 };
@@ -102,6 +103,7 @@ class Run {
     if (wants("rows") || wants("summary")) compare_rows(false);
     if (wants("strided")) compare_rows(true);
     if (wants("overhead")) overhead();
+    if (wants("large")) large();
     if (wants("special")) special();
     if (wants("memory")) memory();
     if (wants("summary")) summary();
@@ -178,6 +180,30 @@ class Run {
         for (int j = 0; j < 4; ++j) {
           record("overhead", *row, rows::kLevelNames[k], j % 2 == 1, j < 2 ? 1 : 16, "above plain call", t[j + 1] - t[0], 0);
         }
+      }
+      std::fflush(stdout);
+    }
+  }
+
+  void large() {
+    constexpr int32_t n = 1000;
+    const std::string_view functions[] = {"Sin", "Cos", "Tan", "SinCos", "Sind", "Cosd", "Tand"};
+    bool titled = false;
+    for (const rows::Row* row : rows_) {
+      if (row->complex() || std::find(std::begin(functions), std::end(functions), row->function) == std::end(functions)) continue;
+      if (!titled) std::printf("\n## Large arguments, n = %d: time over that of plain ones\n", n);
+      titled = true;
+      const Operands plain(*row, n, 1);
+      Operands enlarged(*row, n, 1);
+      enlarged.enlarge(row->single() ? 0x1p24 : 0x1p53);
+      for (int k : kernels(*row)) {
+        Paired paired;
+        paired.add("", repeat_entry(*row, row->entries[0][k], false, plain, n));
+        paired.add("", repeat_entry(*row, row->entries[0][k], false, enlarged, n));
+        const std::vector<double> t = paired.measure(o_.seconds);
+        std::printf("%-12s %-10s plain %.3f  large %.3f  %.2f\n", text(row->name).c_str(), row->served(k).c_str(), t[0] / n, t[1] / n,
+                    t[1] / t[0]);
+        record("large", *row, rows::kLevelNames[k], false, n, "large", t[1] / n, t[1] / t[0]);
       }
       std::fflush(stdout);
     }

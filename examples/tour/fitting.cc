@@ -1,4 +1,5 @@
-// Curves through a column with gaps: three cubic splines with their derivatives, drawn as an SVG.
+// Curves through a column with gaps: three cubic splines with their derivatives, drawn as an SVG, and their integrals
+// by month.
 #include <orvik/df.h>
 
 #include <algorithm>
@@ -48,34 +49,85 @@ Points present_points(const Column& column) {
   return points;
 }
 
-// The spline and its derivative at `count` sites from `a` to `b`: one task, one construction, one evaluation.
-bool trace(const Kind& kind, const Points& points, double a, double b, size_t count, Curve* curve) {
-  const auto nx = static_cast<int64_t>(points.row.size());
-  std::vector<double> coefficients(4 * points.row.size());
-  OrvikDFTask task = nullptr;
-  int32_t status = orvik_df_kernel_dNewTask1D(&task, nx, points.row.data(), DF_PARTITION_NON_UNIFORM, 1,
-                                              points.value.data(), DF_STORAGE_ROWS, 0);
-  if (status == 0) {
-    status = orvik_df_kernel_dEditPPSpline1D(task, 4, kind.type, kind.ends, nullptr, 0, nullptr, coefficients.data(),
-                                             DF_STORAGE_ROWS);
+// A spline through points: a task, one construction. It keeps no copy of the points.
+class Spline {
+ public:
+  Spline(const Kind& kind, const Points& points) : coefficients_(4 * points.row.size()) {
+    status_ = orvik_df_kernel_dNewTask1D(&task_, static_cast<int64_t>(points.row.size()), points.row.data(),
+                                         DF_PARTITION_NON_UNIFORM, 1, points.value.data(), DF_STORAGE_ROWS, 0);
+    if (status_ == 0) {
+      status_ = orvik_df_kernel_dEditPPSpline1D(task_, 4, kind.type, kind.ends, nullptr, 0, nullptr,
+                                                coefficients_.data(), DF_STORAGE_ROWS);
+    }
+    if (status_ == 0) status_ = kind.construct(task_, 0, 0, nullptr);
   }
-  if (status == 0) status = kind.construct(task, 0, 0, nullptr);
-  std::vector<double> both(2 * count);
-  const double ends[] = {a, b};
-  const int32_t orders[] = {1, 1};  // the value and the first derivative
-  if (status == 0) {
-    status = orvik_df_kernel_dDFInterpolate1D(task, 1, 0, static_cast<int64_t>(count), ends, 4, 2, orders, nullptr,
-                                              both.data(), DF_STORAGE_COLUMNS, nullptr, nullptr, nullptr, nullptr,
-                                              nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+  Spline(const Spline&) = delete;
+  Spline& operator=(const Spline&) = delete;
+  ~Spline() {
+    if (task_ != nullptr) orvik_df_kernel_DeleteTask(&task_);
   }
-  if (task != nullptr) orvik_df_kernel_DeleteTask(&task);
-  if (status != 0) {
-    std::printf("  %s: status %d\n", kind.name, status);
-    return false;
+  int32_t status() const { return status_; }
+
+  // Value and first derivative at `count` even sites from `a` to `b`.
+  int32_t trace(double a, double b, size_t count, Curve* curve) const {
+    std::vector<double> both(2 * count);
+    const double ends[] = {a, b};
+    const int32_t orders[] = {1, 1};
+    const int32_t status = orvik_df_kernel_dDFInterpolate1D(
+        task_, 1, 0, static_cast<int64_t>(count), ends, 4, 2, orders, nullptr, both.data(), DF_STORAGE_COLUMNS, nullptr,
+        nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+    curve->value.assign(both.begin(), both.begin() + static_cast<std::ptrdiff_t>(count));
+    curve->slope.assign(both.begin() + static_cast<std::ptrdiff_t>(count), both.end());
+    return status;
   }
-  curve->value.assign(both.begin(), both.begin() + static_cast<std::ptrdiff_t>(count));
-  curve->slope.assign(both.begin() + static_cast<std::ptrdiff_t>(count), both.end());
-  return true;
+
+  // The integrals from each left limit to its right one; both ascend.
+  int32_t integrate(const std::vector<double>& left, const std::vector<double>& right, std::vector<double>* r) const {
+    r->resize(left.size());
+    return orvik_df_kernel_dDFIntegrate1D(task_, 0, static_cast<int64_t>(left.size()), left.data(), 64, right.data(),
+                                          64, nullptr, nullptr, r->data(), DF_STORAGE_ROWS, nullptr, nullptr, nullptr,
+                                          nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+  }
+
+ private:
+  OrvikDFTask task_ = nullptr;
+  int32_t status_ = 0;
+  std::vector<double> coefficients_;
+};
+
+// The runs of equal numbers in a column: each as a stretch of the axis, half a row beyond its first and last row.
+struct Runs {
+  std::vector<double> label, from, to;
+};
+
+Runs runs_of(const Column& column) {
+  Runs runs;
+  for (size_t i = 0; i < column.values.size(); ++i) {
+    const double row = static_cast<double>(i + 1), value = column.values[i];
+    if (runs.label.empty() || runs.label.back() != value) {
+      runs.label.push_back(value), runs.from.push_back(row - 0.5), runs.to.push_back(row);
+    }
+    runs.to.back() = row + 0.5;
+  }
+  return runs;
+}
+
+// The mean of the curves over each run beside the mean of what was measured: a curve also counts the days without a
+// value.
+void show_means(const Points& points, const std::vector<std::vector<double>>& integrals, const Runs& runs) {
+  std::printf("  mean by month:  measured");
+  for (const Kind& kind : kKinds) std::printf("  %8s", kind.name);
+  std::puts("   (integral of the curve over the days)");
+  for (size_t k = 0; k < runs.label.size(); ++k) {
+    double sum = 0, days = 0;
+    for (size_t i = 0; i < points.row.size(); ++i) {
+      if (points.row[i] > runs.from[k] && points.row[i] < runs.to[k]) sum += points.value[i], ++days;
+    }
+    std::printf("  %4g (%2g of %2g)   %8.2f", runs.label[k], days, runs.to[k] - runs.from[k],
+                days > 0 ? sum / days : NAN);
+    for (const auto& integral : integrals) std::printf("  %8.2f", integral[k] / (runs.to[k] - runs.from[k]));
+    std::puts("");
+  }
 }
 
 // The stretch of rows with the most missing values, at most `rows` long, that begins and ends with a value.
@@ -264,15 +316,29 @@ void show_fitting(const Table& table) {
   std::printf("  %s: %zu values, %zu missing, from %g to %g; rows %g to %g drawn\n", column->name.c_str(),
               points.row.size(), column->missing(), *low, *high, a, b);
 
+  const auto month =
+      std::find_if(table.columns.begin(), table.columns.end(), [](const Column& c) { return c.name == "Month"; });
+  Runs runs;
+  if (month != table.columns.end()) runs = runs_of(*month);
+
   std::vector<Curve> curves(std::size(kKinds));
+  std::vector<std::vector<double>> integrals(std::size(kKinds));
   for (size_t k = 0; k < curves.size(); ++k) {
-    if (!trace(kKinds[k], points, a, b, 1200, &curves[k])) return;
+    const Spline spline(kKinds[k], points);
+    int32_t status = spline.status();
+    if (status == 0) status = spline.trace(a, b, 1200, &curves[k]);
+    if (status == 0) status = spline.integrate(runs.from, runs.to, &integrals[k]);
+    if (status != 0) {
+      std::printf("  %s: status %d\n", kKinds[k].name, status);
+      return;
+    }
     const auto [least, most] = std::minmax_element(curves[k].value.begin(), curves[k].value.end());
     double steepest = 0;
-    for (double s : curves[k].slope) steepest = std::max(steepest, std::abs(s));
+    for (double slope : curves[k].slope) steepest = std::max(steepest, std::abs(slope));
     std::printf("  %-8s least %8.2f  most %8.2f  steepest %8.2f per row   (%s)\n", kKinds[k].name, *least, *most,
                 steepest, kKinds[k].note);
   }
+  if (!runs.label.empty()) show_means(points, integrals, runs);
   if (draw(*column, window, curves)) {
     std::printf("  drawn in %s\n", kFile);
   } else {

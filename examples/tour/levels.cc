@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <numbers>
 #include <vector>
 
 #include "sections.h"
@@ -81,10 +82,28 @@ void show_levels(const Table& table) {
         {"HA _zymdLn", _zymdLn}, {"LA _zymdLn_50", _zymdLn_50}, {"EP _zymdLn_26", _zymdLn_26}};
     const Level<double> root_double[3] = {
         {"HA _zymdCbrt", _zymdCbrt}, {"LA _zymdCbrt_50", _zymdCbrt_50}, {"EP _zymdCbrt_26", _zymdCbrt_26}};
+    const Level<double> power_double[3] = {
+        {"HA _zymdPowx", [](int32_t n, const double* a, double* r) { _zymdPowx(n, a, 2.5, r); }},
+        {"LA _zymdPowx_50", [](int32_t n, const double* a, double* r) { _zymdPowx_50(n, a, 2.5, r); }},
+        {"EP _zymdPowx_26", [](int32_t n, const double* a, double* r) { _zymdPowx_26(n, a, 2.5, r); }}};
+    const Level<float> sine_single[3] = {
+        {"HA _zymsSin", _zymsSin}, {"LA _zymsSin_21", _zymsSin_21}, {"EP _zymsSin_11", _zymsSin_11}};
+    const Level<double> sine_double[3] = {
+        {"HA _zymdSin", _zymdSin}, {"LA _zymdSin_50", _zymdSin_50}, {"EP _zymdSin_26", _zymdSin_26}};
+    const Level<double> tangent_double[3] = {
+        {"HA _zymdTan", _zymdTan}, {"LA _zymdTan_50", _zymdTan_50}, {"EP _zymdTan_26", _zymdTan_26}};
+    const Level<double> degrees_double[3] = {
+        {"HA _zymdCosd", _zymdCosd}, {"LA _zymdCosd_50", _zymdCosd_50}, {"EP _zymdCosd_26", _zymdCosd_26}};
     show_function<float>("exp, 32 bits", values, exp_single, [](long double x) { return std::exp(x); });
     show_function<float>("ln, 32 bits", values, log_single, [](long double x) { return std::log(x); });
     show_function<double>("ln, 64 bits", values, log_double, [](long double x) { return std::log(x); });
     show_function<double>("cube root, 64 bits", values, root_double, [](long double x) { return std::cbrt(x); });
+    show_function<double>("x^2.5, 64 bits", values, power_double, [](long double x) { return std::pow(x, 2.5L); });
+    show_function<float>("sine, 32 bits", values, sine_single, [](long double x) { return std::sin(x); });
+    show_function<double>("sine, 64 bits", values, sine_double, [](long double x) { return std::sin(x); });
+    show_function<double>("tangent, 64 bits", values, tangent_double, [](long double x) { return std::tan(x); });
+    show_function<double>("cos of degrees, 64", values, degrees_double,
+                          [](long double x) { return std::cos(x * (std::numbers::pi_v<long double> / 180)); });
     return;
   }
   std::printf("  No column has only values from above 0 to 80.\n");

@@ -21,7 +21,7 @@ void show_streams(const Table& table);
 // Summary of each column, correlations, quantiles of a long stream.
 void show_statistics(const Table& table);
 
-// Natural, Akima and Hyman splines through the gaps of a column, drawn with their derivatives.
+// Natural, Akima and Hyman splines through the gaps of a column, drawn with their derivatives, integrated by month.
 void show_fitting(const Table& table);
 
 struct Section {

@@ -1,9 +1,9 @@
 /* Data fitting in one dimension: a task names a partition and functions on it; construction turns them into piecewise
- * polynomials, search locates sites in the partition, interpolation evaluates.
+ * polynomials, search locates sites in the partition, interpolation evaluates, integration integrates.
  *
- * Every call returns a 32-bit status: 0 for success, a negative DFS_ value for failure. Entries with `d` work on double,
- * their twins with `s` on float; entries without either letter serve both. The library checks what a line below says it
- * checks and trusts the rest.
+ * Every call returns a 32-bit status: 0 for success, a negative DFS_ value for failure. Entries with `d` work on
+ * double, their twins with `s` on float; entries without either letter serve both. The library checks what a line below
+ * says it checks and trusts the rest.
  *
  * Notation: nx breakpoints x[0] < x[1] < ... < x[nx-1], ny functions, h[i] = x[i+1] - x[i]. */
 #ifndef ORVIK_DF_H
@@ -39,7 +39,7 @@ enum {
   DFS_BAD_BOUNDARY_VALUES = -1015,
   DFS_BAD_COEFFICIENTS = -1016,
   DFS_BAD_COEFFICIENT_HINT = -1017,
-  DFS_NOT_PERIODIC = -1018,        /* periodic ends asked for, first and last value of a function differ */
+  DFS_NOT_PERIODIC = -1018, /* periodic ends asked for, first and last value of a function differ */
   DFS_BAD_PARAMETER_ID = -1019,
   DFS_BAD_INDEX = -1020,
   DFS_SITE_NOT_BREAKPOINT = -1022, /* look-up of a site that is no breakpoint */
@@ -50,7 +50,7 @@ enum {
   DFS_BAD_INTEGRAL_HINT = -1034,
   DFS_BAD_VALIDATE_FLAG = -1036,
   DFS_NO_DESTINATION = -1037,
-  DFS_SOLVER_FAILED = -1500        /* a tridiagonal routine met a zero pivot */
+  DFS_SOLVER_FAILED = -1500 /* a tridiagonal routine met a zero pivot */
 };
 
 /* What is known of the partition. UNIFORM: only x[0] and x[1] are read, the two ends; the step is
@@ -87,7 +87,8 @@ enum {
 };
 
 /* Boundary conditions; bc[0] belongs to the left end, bc[1] to the right one. Accepted: NONE (Akima only), NOT_A_KNOT,
- * FREE_END, one FIRST_ or SECOND_ value for each end added up (12, 24, 36, 48), PERIODIC, MIDPOINT_VALUE (quadratic). */
+ * FREE_END, one FIRST_ or SECOND_ value for each end added up (12, 24, 36, 48), PERIODIC, MIDPOINT_VALUE (quadratic).
+ */
 enum {
   DFB_NONE = 0,
   DFB_NOT_A_KNOT = 1,
@@ -111,7 +112,8 @@ typedef struct OrvikDFServices {
   void* reserved2[3];
 } OrvikDFServices;
 
-/* ---- Tasks -------------------------------------------------------------------------------------------------------- */
+/* ---- Tasks --------------------------------------------------------------------------------------------------------
+ */
 
 /* Makes a task: nx >= 2 breakpoints, ny functions (0 with a null y). index_width 0: integers that a query stores, cell
  * arrays and order flags are 32 bits wide; otherwise 64 (cells: bit 0 and 1, order flags: bit 0). On DFS_NO_MEMORY the
@@ -140,8 +142,8 @@ int32_t orvik_df_kernel_sEditIdxPtr(OrvikDFTask task, int32_t id, int64_t index,
 /* Names a whole spline. A null `coefficients` leaves the rows as they are. Not atomic: what was stored before a failing
  * test stays. */
 int32_t orvik_df_kernel_dEditPPSpline1D(OrvikDFTask task, int64_t s_order, int64_t s_type, int64_t bc_type,
-                                        const double* bc, int64_t ic_type, const double* ic,
-                                        const double* coefficients, int64_t coeff_hint);
+                                        const double* bc, int64_t ic_type, const double* ic, const double* coefficients,
+                                        int64_t coeff_hint);
 int32_t orvik_df_kernel_sEditPPSpline1D(OrvikDFTask task, int64_t s_order, int64_t s_type, int64_t bc_type,
                                         const float* bc, int64_t ic_type, const float* ic, const float* coefficients,
                                         int64_t coeff_hint);
@@ -154,7 +156,8 @@ int32_t orvik_df_kernel_iQueryVal(OrvikDFTask task, int32_t id, void* destinatio
 int32_t orvik_df_kernel_dQueryIdxPtr(OrvikDFTask task, int32_t id, int64_t index, double** destination);
 int32_t orvik_df_kernel_sQueryIdxPtr(OrvikDFTask task, int32_t id, int64_t index, float** destination);
 
-/* ---- Construction ------------------------------------------------------------------------------------------------- */
+/* ---- Construction -------------------------------------------------------------------------------------------------
+ */
 
 /* Write the coefficients of every function into the task's coefficient rows: order k has k reals an interval, lowest
  * power first, about the interval's left breakpoint. `unused` is not read; `method` is 0.
@@ -203,12 +206,14 @@ int32_t orvik_df_kernel_dDFHymanCubicSpline1D(OrvikDFTask task, int64_t unused, 
 int32_t orvik_df_kernel_sDFHymanCubicSpline1D(OrvikDFTask task, int64_t unused, int64_t method,
                                               const OrvikDFServices* services);
 
-/* ---- Search ------------------------------------------------------------------------------------------------------- */
+/* ---- Search -------------------------------------------------------------------------------------------------------
+ */
 
 /* Cells: 0 for t < x[0]; i for x[i-1] <= t < x[i]; nx for t > x[nx-1]; nx - 1 for t = x[nx-1].
  *
  * A search callback gets *count sites, writes a cell and a flag for each, and returns 1000 (all cells final), any other
- * value that is not negative (cells with flag 0 are guesses to be refined), or a negative status that ends the search. */
+ * value that is not negative (cells with flag 0 are guesses to be refined), or a negative status that ends the search.
+ */
 typedef int32_t (*OrvikDFSearchCallbackD)(int64_t* count, const double* sites, int64_t* cells, int32_t* flags,
                                           void* word0, void* word1);
 typedef int32_t (*OrvikDFSearchCallbackS)(int64_t* count, const float* sites, int64_t* cells, int32_t* flags,
@@ -219,10 +224,10 @@ typedef struct OrvikDFSearchParameters {
   void* words[2];
 } OrvikDFSearchParameters;
 
-/* Finds the cells of nsite sites. sitehint 4: site[0] and site[1] are the ends of an even grid; 64: sites ascend. datahint
- * (null, or reals): element 1 equal to 1 says that sites cluster around breakpoint number element 4. `cell` has 32-bit
- * elements when the task's index_width is 0, else 64-bit ones. More than 4096 sites of an even grid take a buffer that
- * is not given back. */
+/* Finds the cells of nsite sites. sitehint 4: site[0] and site[1] are the ends of an even grid; 64: sites ascend.
+ * datahint (null, or reals): element 1 equal to 1 says that sites cluster around breakpoint number element 4. `cell`
+ * has 32-bit elements when the task's index_width is 0, else 64-bit ones. More than 4096 sites of an even grid take a
+ * buffer that is not given back. */
 int32_t orvik_df_kernel_dDFSearch1D(OrvikDFTask task, int64_t unused, int64_t nsite, const double* site,
                                     int64_t sitehint, const double* datahint, void* cell,
                                     OrvikDFSearchCallbackD search_cb, const OrvikDFSearchParameters* search_params,
@@ -233,7 +238,8 @@ int32_t orvik_df_kernel_sDFSearch1D(OrvikDFTask task, int64_t unused, int64_t ns
                                     const OrvikDFServices* services);
 
 /* The methods one by one. Suffix 32: 32-bit cells. 64: 64-bit cells and 64-bit index arithmetic. 64Pack: 64-bit cells,
- * 32-bit arithmetic (nx < 2147483647). No suffix: a last integer, 32-bit cells when (width_flags & 3) == 2, else 64-bit.
+ * 32-bit arithmetic (nx < 2147483647). No suffix: a last integer, 32-bit cells when (width_flags & 3) == 2, else
+ * 64-bit.
  *
  *   Uniform       value = (nx - 1) / (x[1] - x[0]); reads x[0] and x[1] only
  *   QuasiUniform  value = (nx - 1) / (x[nx-1] - x[0])
@@ -241,32 +247,31 @@ int32_t orvik_df_kernel_sDFSearch1D(OrvikDFTask task, int64_t unused, int64_t ns
  *   Peak          value = number of the breakpoint to start from
  *   Hybrid        value = buckets / (x[nx-1] - x[0]), bucket_table as a task builds it (null: plain bisection)
  *   UserDef, UniUserDef  cells of search_cb, refined on a non-uniform or uniform partition */
-#define ORVIK_DF_SEARCH_ARGUMENTS(real)                                                                           \
+#define ORVIK_DF_SEARCH_ARGUMENTS(real)                                                                       \
   int64_t nx, const real *x, int64_t nsite, const real *site, int64_t *sorted_state, real value, void *word0, \
       void *word1, const int64_t *bucket_table, void *cell
 #define ORVIK_DF_CALLBACK_ARGUMENTS(letter) \
   OrvikDFSearchCallback##letter search_cb, void *param0, void *param1, int32_t *done_flags
-#define ORVIK_DF_SEARCH_METHOD(stem)                                                                  \
-  int32_t orvik_df_kernel_dDF##stem##Search1D32(ORVIK_DF_SEARCH_ARGUMENTS(double));                   \
-  int32_t orvik_df_kernel_dDF##stem##Search1D64(ORVIK_DF_SEARCH_ARGUMENTS(double));                   \
-  int32_t orvik_df_kernel_dDF##stem##Search1D64Pack(ORVIK_DF_SEARCH_ARGUMENTS(double));               \
+#define ORVIK_DF_SEARCH_METHOD(stem)                                                                   \
+  int32_t orvik_df_kernel_dDF##stem##Search1D32(ORVIK_DF_SEARCH_ARGUMENTS(double));                    \
+  int32_t orvik_df_kernel_dDF##stem##Search1D64(ORVIK_DF_SEARCH_ARGUMENTS(double));                    \
+  int32_t orvik_df_kernel_dDF##stem##Search1D64Pack(ORVIK_DF_SEARCH_ARGUMENTS(double));                \
   int32_t orvik_df_kernel_dDF##stem##Search1D(ORVIK_DF_SEARCH_ARGUMENTS(double), int64_t width_flags); \
-  int32_t orvik_df_kernel_sDF##stem##Search1D32(ORVIK_DF_SEARCH_ARGUMENTS(float));                    \
-  int32_t orvik_df_kernel_sDF##stem##Search1D64(ORVIK_DF_SEARCH_ARGUMENTS(float));                    \
-  int32_t orvik_df_kernel_sDF##stem##Search1D64Pack(ORVIK_DF_SEARCH_ARGUMENTS(float));                \
+  int32_t orvik_df_kernel_sDF##stem##Search1D32(ORVIK_DF_SEARCH_ARGUMENTS(float));                     \
+  int32_t orvik_df_kernel_sDF##stem##Search1D64(ORVIK_DF_SEARCH_ARGUMENTS(float));                     \
+  int32_t orvik_df_kernel_sDF##stem##Search1D64Pack(ORVIK_DF_SEARCH_ARGUMENTS(float));                 \
   int32_t orvik_df_kernel_sDF##stem##Search1D(ORVIK_DF_SEARCH_ARGUMENTS(float), int64_t width_flags);
-#define ORVIK_DF_CALLBACK_METHOD(stem)                                                                                \
-  int32_t orvik_df_kernel_dDF##stem##Search1D32(ORVIK_DF_SEARCH_ARGUMENTS(double), ORVIK_DF_CALLBACK_ARGUMENTS(D));   \
-  int32_t orvik_df_kernel_dDF##stem##Search1D64(ORVIK_DF_SEARCH_ARGUMENTS(double), ORVIK_DF_CALLBACK_ARGUMENTS(D));   \
-  int32_t orvik_df_kernel_dDF##stem##Search1D64Pack(ORVIK_DF_SEARCH_ARGUMENTS(double),                                \
-                                                    ORVIK_DF_CALLBACK_ARGUMENTS(D));                                  \
-  int32_t orvik_df_kernel_dDF##stem##Search1D(ORVIK_DF_SEARCH_ARGUMENTS(double), int64_t width_flags,                 \
-                                              ORVIK_DF_CALLBACK_ARGUMENTS(D));                                        \
-  int32_t orvik_df_kernel_sDF##stem##Search1D32(ORVIK_DF_SEARCH_ARGUMENTS(float), ORVIK_DF_CALLBACK_ARGUMENTS(S));    \
-  int32_t orvik_df_kernel_sDF##stem##Search1D64(ORVIK_DF_SEARCH_ARGUMENTS(float), ORVIK_DF_CALLBACK_ARGUMENTS(S));    \
-  int32_t orvik_df_kernel_sDF##stem##Search1D64Pack(ORVIK_DF_SEARCH_ARGUMENTS(float),                                 \
-                                                    ORVIK_DF_CALLBACK_ARGUMENTS(S));                                  \
-  int32_t orvik_df_kernel_sDF##stem##Search1D(ORVIK_DF_SEARCH_ARGUMENTS(float), int64_t width_flags,                  \
+#define ORVIK_DF_CALLBACK_METHOD(stem)                                                                                 \
+  int32_t orvik_df_kernel_dDF##stem##Search1D32(ORVIK_DF_SEARCH_ARGUMENTS(double), ORVIK_DF_CALLBACK_ARGUMENTS(D));    \
+  int32_t orvik_df_kernel_dDF##stem##Search1D64(ORVIK_DF_SEARCH_ARGUMENTS(double), ORVIK_DF_CALLBACK_ARGUMENTS(D));    \
+  int32_t orvik_df_kernel_dDF##stem##Search1D64Pack(ORVIK_DF_SEARCH_ARGUMENTS(double),                                 \
+                                                    ORVIK_DF_CALLBACK_ARGUMENTS(D));                                   \
+  int32_t orvik_df_kernel_dDF##stem##Search1D(ORVIK_DF_SEARCH_ARGUMENTS(double), int64_t width_flags,                  \
+                                              ORVIK_DF_CALLBACK_ARGUMENTS(D));                                         \
+  int32_t orvik_df_kernel_sDF##stem##Search1D32(ORVIK_DF_SEARCH_ARGUMENTS(float), ORVIK_DF_CALLBACK_ARGUMENTS(S));     \
+  int32_t orvik_df_kernel_sDF##stem##Search1D64(ORVIK_DF_SEARCH_ARGUMENTS(float), ORVIK_DF_CALLBACK_ARGUMENTS(S));     \
+  int32_t orvik_df_kernel_sDF##stem##Search1D64Pack(ORVIK_DF_SEARCH_ARGUMENTS(float), ORVIK_DF_CALLBACK_ARGUMENTS(S)); \
+  int32_t orvik_df_kernel_sDF##stem##Search1D(ORVIK_DF_SEARCH_ARGUMENTS(float), int64_t width_flags,                   \
                                               ORVIK_DF_CALLBACK_ARGUMENTS(S));
 ORVIK_DF_SEARCH_METHOD(Uniform)
 ORVIK_DF_SEARCH_METHOD(QuasiUniform)
@@ -276,7 +281,8 @@ ORVIK_DF_SEARCH_METHOD(Hybrid)
 ORVIK_DF_CALLBACK_METHOD(UserDef)
 ORVIK_DF_CALLBACK_METHOD(UniUserDef)
 
-/* ---- Interpolation ------------------------------------------------------------------------------------------------ */
+/* ---- Interpolation ------------------------------------------------------------------------------------------------
+ */
 
 /* Values in place of the library's own: of *count sites with their cells, for one function and one derivative. A
  * negative status ends the call. Called from worker threads. */
@@ -311,6 +317,44 @@ int32_t orvik_df_kernel_sDFInterpolate1D(OrvikDFTask task, int64_t flags, int64_
                                          OrvikDFInterpolateCallbackS i_cb, void* i_params,
                                          OrvikDFSearchCallbackS search_cb, const OrvikDFSearchParameters* search_params,
                                          const OrvikDFServices* services);
+
+/* ---- Integration --------------------------------------------------------------------------------------------------
+ */
+
+/* Integrals in place of the library's own, for one function: of *count stretches left[j] < right[j], each wholly
+ * before, behind or inside the partition. cells[j]: 0, nx, or the cell that the stretch begins in. A negative status
+ * ends the call; what was written until then stays. Called from worker threads. */
+typedef int32_t (*OrvikDFIntegrateCallbackD)(int64_t* count, const double* left, const double* right,
+                                             const int64_t* cells, double* results, void* params);
+typedef int32_t (*OrvikDFIntegrateCallbackS)(int64_t* count, const float* left, const float* right,
+                                             const int64_t* cells, float* results, void* params);
+
+/* Integrates the task's splines, all kinds that interpolation evaluates but the look-up, between nlim pairs of limits
+ * llim[k], rlim[k]. Limits may lie outside the partition, where the first and the last polynomial go on (of step
+ * functions: the first and the last value); a left limit above the right one changes the sign; equal limits give 0, and
+ * a limit that is not a number gives one.
+ *
+ * llimhint, rlimhint: 4 an even grid given by its two ends, 64 ascending; the data hints are those of search, one for
+ * each side. rhint: 16 and 128 r[f * nlim + k], 0 and 32 r[k * ny + f]. le_cb, re_cb and i_cb give the parts before,
+ * behind and inside the partition. search_cb is called for at most 128 left limits, then for their right ones; on an
+ * even partition cells are computed and it is not called.
+ *
+ * Tested, in this order: the task, order and type, the left and the right data hint, rhint (DFS_BAD_INTEGRAL_HINT), the
+ * rows that the kind reads (DFS_BAD_FUNCTIONS, DFS_BAD_COEFFICIENTS). Memory is taken for the sums of whole pieces when
+ * there are eight limits and more; without it (DFS_NO_MEMORY) nothing is written. */
+int32_t orvik_df_kernel_dDFIntegrate1D(OrvikDFTask task, int64_t unused, int64_t nlim, const double* llim,
+                                       int64_t llimhint, const double* rlim, int64_t rlimhint, const double* ldatahint,
+                                       const double* rdatahint, double* r, int64_t rhint,
+                                       OrvikDFIntegrateCallbackD le_cb, void* le_params,
+                                       OrvikDFIntegrateCallbackD re_cb, void* re_params, OrvikDFIntegrateCallbackD i_cb,
+                                       void* i_params, OrvikDFSearchCallbackD search_cb,
+                                       const OrvikDFSearchParameters* search_params, const OrvikDFServices* services);
+int32_t orvik_df_kernel_sDFIntegrate1D(OrvikDFTask task, int64_t unused, int64_t nlim, const float* llim,
+                                       int64_t llimhint, const float* rlim, int64_t rlimhint, const float* ldatahint,
+                                       const float* rdatahint, float* r, int64_t rhint, OrvikDFIntegrateCallbackS le_cb,
+                                       void* le_params, OrvikDFIntegrateCallbackS re_cb, void* re_params,
+                                       OrvikDFIntegrateCallbackS i_cb, void* i_params, OrvikDFSearchCallbackS search_cb,
+                                       const OrvikDFSearchParameters* search_params, const OrvikDFServices* services);
 
 #ifdef __cplusplus
 }

@@ -236,6 +236,174 @@ void _zymsLog10I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t i
 ORVIK_TABLE void* orvik_zym_kernel_sLog10I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sLog10I_ctab[];
 
+/* sCos: cosine, a in radians; elements can be reported. */
+void _zymsCos_21(int32_t n, const float* a, float* r);
+void _zymsCos(int32_t n, const float* a, float* r);
+void _zymsCos_HA(int32_t n, const float* a, float* r);
+void _zymsCos_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sCos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCos_ctab[];
+void _zymsCosI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCosI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCosI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCosI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sCosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCosI_ctab[];
+
+/* sSin: sine, a in radians; elements can be reported. */
+void _zymsSin_21(int32_t n, const float* a, float* r);
+void _zymsSin(int32_t n, const float* a, float* r);
+void _zymsSin_HA(int32_t n, const float* a, float* r);
+void _zymsSin_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sSin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSin_ctab[];
+void _zymsSinI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sSinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinI_ctab[];
+
+/* sTan: tangent, a in radians; elements can be reported. */
+void _zymsTan_21(int32_t n, const float* a, float* r);
+void _zymsTan(int32_t n, const float* a, float* r);
+void _zymsTan_HA(int32_t n, const float* a, float* r);
+void _zymsTan_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sTan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTan_ctab[];
+void _zymsTanI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sTanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTanI_ctab[];
+
+/* sAcos: arc cosine; elements can be reported. */
+void _zymsAcos_21(int32_t n, const float* a, float* r);
+void _zymsAcos(int32_t n, const float* a, float* r);
+void _zymsAcos_HA(int32_t n, const float* a, float* r);
+void _zymsAcos_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAcos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAcos_ctab[];
+void _zymsAcosI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcosI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcosI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcosI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAcosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAcosI_ctab[];
+
+/* sAcosh: inverse hyperbolic cosine; elements can be reported. */
+void _zymsAcosh_21(int32_t n, const float* a, float* r);
+void _zymsAcosh(int32_t n, const float* a, float* r);
+void _zymsAcosh_HA(int32_t n, const float* a, float* r);
+void _zymsAcosh_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAcosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAcosh_ctab[];
+void _zymsAcoshI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcoshI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcoshI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcoshI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAcoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAcoshI_ctab[];
+
+/* sAsin: arc sine; elements can be reported. */
+void _zymsAsin_21(int32_t n, const float* a, float* r);
+void _zymsAsin(int32_t n, const float* a, float* r);
+void _zymsAsin_HA(int32_t n, const float* a, float* r);
+void _zymsAsin_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAsin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAsin_ctab[];
+void _zymsAsinI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAsinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAsinI_ctab[];
+
+/* sAsinh: inverse hyperbolic sine. */
+void _zymsAsinh_21(int32_t n, const float* a, float* r);
+void _zymsAsinh(int32_t n, const float* a, float* r);
+void _zymsAsinh_HA(int32_t n, const float* a, float* r);
+void _zymsAsinh_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAsinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAsinh_ctab[];
+void _zymsAsinhI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinhI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinhI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinhI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAsinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAsinhI_ctab[];
+
+/* sAtan: arc tangent. */
+void _zymsAtan_21(int32_t n, const float* a, float* r);
+void _zymsAtan(int32_t n, const float* a, float* r);
+void _zymsAtan_HA(int32_t n, const float* a, float* r);
+void _zymsAtan_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAtan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtan_ctab[];
+void _zymsAtanI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAtanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtanI_ctab[];
+
+/* sAtanh: inverse hyperbolic tangent; elements can be reported. */
+void _zymsAtanh_21(int32_t n, const float* a, float* r);
+void _zymsAtanh(int32_t n, const float* a, float* r);
+void _zymsAtanh_HA(int32_t n, const float* a, float* r);
+void _zymsAtanh_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAtanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtanh_ctab[];
+void _zymsAtanhI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanhI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanhI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanhI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAtanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtanhI_ctab[];
+
+/* sCosh: hyperbolic cosine; elements can be reported. */
+void _zymsCosh_21(int32_t n, const float* a, float* r);
+void _zymsCosh(int32_t n, const float* a, float* r);
+void _zymsCosh_HA(int32_t n, const float* a, float* r);
+void _zymsCosh_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sCosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCosh_ctab[];
+void _zymsCoshI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCoshI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCoshI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCoshI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sCoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCoshI_ctab[];
+
+/* sSinh: hyperbolic sine; elements can be reported. */
+void _zymsSinh_21(int32_t n, const float* a, float* r);
+void _zymsSinh(int32_t n, const float* a, float* r);
+void _zymsSinh_HA(int32_t n, const float* a, float* r);
+void _zymsSinh_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sSinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinh_ctab[];
+void _zymsSinhI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinhI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinhI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinhI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sSinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinhI_ctab[];
+
+/* sTanh: hyperbolic tangent. */
+void _zymsTanh_21(int32_t n, const float* a, float* r);
+void _zymsTanh(int32_t n, const float* a, float* r);
+void _zymsTanh_HA(int32_t n, const float* a, float* r);
+void _zymsTanh_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sTanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTanh_ctab[];
+void _zymsTanhI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanhI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanhI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanhI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sTanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTanhI_ctab[];
+
 /* sSqr: r = a^2. */
 void _zymsSqr_21(int32_t n, const float* a, float* r);
 void _zymsSqr(int32_t n, const float* a, float* r);
@@ -306,6 +474,90 @@ void _zymsPow2o3I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t 
 ORVIK_TABLE void* orvik_zym_kernel_sPow2o3I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sPow2o3I_ctab[];
 
+/* sSinpi: sine of a pi. */
+void _zymsSinpi_21(int32_t n, const float* a, float* r);
+void _zymsSinpi(int32_t n, const float* a, float* r);
+void _zymsSinpi_HA(int32_t n, const float* a, float* r);
+void _zymsSinpi_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sSinpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinpi_ctab[];
+void _zymsSinpiI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinpiI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinpiI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSinpiI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sSinpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinpiI_ctab[];
+
+/* sCospi: cosine of a pi. */
+void _zymsCospi_21(int32_t n, const float* a, float* r);
+void _zymsCospi(int32_t n, const float* a, float* r);
+void _zymsCospi_HA(int32_t n, const float* a, float* r);
+void _zymsCospi_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sCospi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCospi_ctab[];
+void _zymsCospiI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCospiI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCospiI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCospiI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sCospiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCospiI_ctab[];
+
+/* sTanpi: tangent of a pi; elements can be reported. */
+void _zymsTanpi_21(int32_t n, const float* a, float* r);
+void _zymsTanpi(int32_t n, const float* a, float* r);
+void _zymsTanpi_HA(int32_t n, const float* a, float* r);
+void _zymsTanpi_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sTanpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTanpi_ctab[];
+void _zymsTanpiI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanpiI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanpiI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTanpiI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sTanpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTanpiI_ctab[];
+
+/* sAcospi: arc cosine / pi; elements can be reported. */
+void _zymsAcospi_21(int32_t n, const float* a, float* r);
+void _zymsAcospi(int32_t n, const float* a, float* r);
+void _zymsAcospi_HA(int32_t n, const float* a, float* r);
+void _zymsAcospi_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAcospi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAcospi_ctab[];
+void _zymsAcospiI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcospiI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcospiI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAcospiI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAcospiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAcospiI_ctab[];
+
+/* sAsinpi: arc sine / pi; elements can be reported. */
+void _zymsAsinpi_21(int32_t n, const float* a, float* r);
+void _zymsAsinpi(int32_t n, const float* a, float* r);
+void _zymsAsinpi_HA(int32_t n, const float* a, float* r);
+void _zymsAsinpi_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAsinpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAsinpi_ctab[];
+void _zymsAsinpiI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinpiI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinpiI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAsinpiI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAsinpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAsinpiI_ctab[];
+
+/* sAtanpi: arc tangent / pi. */
+void _zymsAtanpi_21(int32_t n, const float* a, float* r);
+void _zymsAtanpi(int32_t n, const float* a, float* r);
+void _zymsAtanpi_HA(int32_t n, const float* a, float* r);
+void _zymsAtanpi_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAtanpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtanpi_ctab[];
+void _zymsAtanpiI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanpiI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanpiI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsAtanpiI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAtanpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtanpiI_ctab[];
+
 /* sExp2: 2^a; elements can be reported. */
 void _zymsExp2_21(int32_t n, const float* a, float* r);
 void _zymsExp2(int32_t n, const float* a, float* r);
@@ -347,6 +599,48 @@ void _zymsLog2I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t in
 void _zymsLog2I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_sLog2I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sLog2I_ctab[];
+
+/* sSind: sine, a in degrees; elements can be reported. */
+void _zymsSind_21(int32_t n, const float* a, float* r);
+void _zymsSind(int32_t n, const float* a, float* r);
+void _zymsSind_HA(int32_t n, const float* a, float* r);
+void _zymsSind_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sSind_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSind_ctab[];
+void _zymsSindI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSindI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSindI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsSindI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sSindI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSindI_ctab[];
+
+/* sCosd: cosine, a in degrees; elements can be reported. */
+void _zymsCosd_21(int32_t n, const float* a, float* r);
+void _zymsCosd(int32_t n, const float* a, float* r);
+void _zymsCosd_HA(int32_t n, const float* a, float* r);
+void _zymsCosd_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sCosd_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCosd_ctab[];
+void _zymsCosdI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCosdI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCosdI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCosdI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sCosdI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCosdI_ctab[];
+
+/* sTand: tangent, a in degrees; elements can be reported. */
+void _zymsTand_21(int32_t n, const float* a, float* r);
+void _zymsTand(int32_t n, const float* a, float* r);
+void _zymsTand_HA(int32_t n, const float* a, float* r);
+void _zymsTand_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sTand_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTand_ctab[];
+void _zymsTandI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTandI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTandI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTandI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sTandI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTandI_ctab[];
 
 /* sLogb: exponent of a: floor(log2 |a|); elements can be reported. */
 void _zymsLogb_21(int32_t n, const float* a, float* r);
@@ -586,6 +880,174 @@ void _zymdLog10I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t
 ORVIK_TABLE void* orvik_zym_kernel_dLog10I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dLog10I_ctab[];
 
+/* dCos: cosine, a in radians; elements can be reported. */
+void _zymdCos_50(int32_t n, const double* a, double* r);
+void _zymdCos(int32_t n, const double* a, double* r);
+void _zymdCos_HA(int32_t n, const double* a, double* r);
+void _zymdCos_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dCos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCos_ctab[];
+void _zymdCosI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCosI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCosI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCosI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dCosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCosI_ctab[];
+
+/* dSin: sine, a in radians; elements can be reported. */
+void _zymdSin_50(int32_t n, const double* a, double* r);
+void _zymdSin(int32_t n, const double* a, double* r);
+void _zymdSin_HA(int32_t n, const double* a, double* r);
+void _zymdSin_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dSin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSin_ctab[];
+void _zymdSinI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dSinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinI_ctab[];
+
+/* dTan: tangent, a in radians; elements can be reported. */
+void _zymdTan_50(int32_t n, const double* a, double* r);
+void _zymdTan(int32_t n, const double* a, double* r);
+void _zymdTan_HA(int32_t n, const double* a, double* r);
+void _zymdTan_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dTan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTan_ctab[];
+void _zymdTanI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dTanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTanI_ctab[];
+
+/* dAcos: arc cosine; elements can be reported. */
+void _zymdAcos_50(int32_t n, const double* a, double* r);
+void _zymdAcos(int32_t n, const double* a, double* r);
+void _zymdAcos_HA(int32_t n, const double* a, double* r);
+void _zymdAcos_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAcos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAcos_ctab[];
+void _zymdAcosI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcosI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcosI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcosI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAcosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAcosI_ctab[];
+
+/* dAcosh: inverse hyperbolic cosine; elements can be reported. */
+void _zymdAcosh_50(int32_t n, const double* a, double* r);
+void _zymdAcosh(int32_t n, const double* a, double* r);
+void _zymdAcosh_HA(int32_t n, const double* a, double* r);
+void _zymdAcosh_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAcosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAcosh_ctab[];
+void _zymdAcoshI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcoshI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcoshI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcoshI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAcoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAcoshI_ctab[];
+
+/* dAsin: arc sine; elements can be reported. */
+void _zymdAsin_50(int32_t n, const double* a, double* r);
+void _zymdAsin(int32_t n, const double* a, double* r);
+void _zymdAsin_HA(int32_t n, const double* a, double* r);
+void _zymdAsin_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAsin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAsin_ctab[];
+void _zymdAsinI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAsinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAsinI_ctab[];
+
+/* dAsinh: inverse hyperbolic sine. */
+void _zymdAsinh_50(int32_t n, const double* a, double* r);
+void _zymdAsinh(int32_t n, const double* a, double* r);
+void _zymdAsinh_HA(int32_t n, const double* a, double* r);
+void _zymdAsinh_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAsinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAsinh_ctab[];
+void _zymdAsinhI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinhI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinhI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinhI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAsinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAsinhI_ctab[];
+
+/* dAtan: arc tangent. */
+void _zymdAtan_50(int32_t n, const double* a, double* r);
+void _zymdAtan(int32_t n, const double* a, double* r);
+void _zymdAtan_HA(int32_t n, const double* a, double* r);
+void _zymdAtan_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAtan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtan_ctab[];
+void _zymdAtanI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAtanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtanI_ctab[];
+
+/* dAtanh: inverse hyperbolic tangent; elements can be reported. */
+void _zymdAtanh_50(int32_t n, const double* a, double* r);
+void _zymdAtanh(int32_t n, const double* a, double* r);
+void _zymdAtanh_HA(int32_t n, const double* a, double* r);
+void _zymdAtanh_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAtanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtanh_ctab[];
+void _zymdAtanhI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanhI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanhI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanhI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAtanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtanhI_ctab[];
+
+/* dCosh: hyperbolic cosine; elements can be reported. */
+void _zymdCosh_50(int32_t n, const double* a, double* r);
+void _zymdCosh(int32_t n, const double* a, double* r);
+void _zymdCosh_HA(int32_t n, const double* a, double* r);
+void _zymdCosh_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dCosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCosh_ctab[];
+void _zymdCoshI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCoshI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCoshI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCoshI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dCoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCoshI_ctab[];
+
+/* dSinh: hyperbolic sine; elements can be reported. */
+void _zymdSinh_50(int32_t n, const double* a, double* r);
+void _zymdSinh(int32_t n, const double* a, double* r);
+void _zymdSinh_HA(int32_t n, const double* a, double* r);
+void _zymdSinh_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dSinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinh_ctab[];
+void _zymdSinhI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinhI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinhI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinhI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dSinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinhI_ctab[];
+
+/* dTanh: hyperbolic tangent. */
+void _zymdTanh_50(int32_t n, const double* a, double* r);
+void _zymdTanh(int32_t n, const double* a, double* r);
+void _zymdTanh_HA(int32_t n, const double* a, double* r);
+void _zymdTanh_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dTanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTanh_ctab[];
+void _zymdTanhI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanhI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanhI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanhI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dTanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTanhI_ctab[];
+
 /* dSqr: r = a^2. */
 void _zymdSqr_50(int32_t n, const double* a, double* r);
 void _zymdSqr(int32_t n, const double* a, double* r);
@@ -656,6 +1118,90 @@ void _zymdPow2o3I_26(int32_t n, const double* a, int32_t incA, double* r, int32_
 ORVIK_TABLE void* orvik_zym_kernel_dPow2o3I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dPow2o3I_ctab[];
 
+/* dSinpi: sine of a pi. */
+void _zymdSinpi_50(int32_t n, const double* a, double* r);
+void _zymdSinpi(int32_t n, const double* a, double* r);
+void _zymdSinpi_HA(int32_t n, const double* a, double* r);
+void _zymdSinpi_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dSinpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinpi_ctab[];
+void _zymdSinpiI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinpiI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinpiI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSinpiI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dSinpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinpiI_ctab[];
+
+/* dCospi: cosine of a pi. */
+void _zymdCospi_50(int32_t n, const double* a, double* r);
+void _zymdCospi(int32_t n, const double* a, double* r);
+void _zymdCospi_HA(int32_t n, const double* a, double* r);
+void _zymdCospi_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dCospi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCospi_ctab[];
+void _zymdCospiI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCospiI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCospiI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCospiI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dCospiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCospiI_ctab[];
+
+/* dTanpi: tangent of a pi; elements can be reported. */
+void _zymdTanpi_50(int32_t n, const double* a, double* r);
+void _zymdTanpi(int32_t n, const double* a, double* r);
+void _zymdTanpi_HA(int32_t n, const double* a, double* r);
+void _zymdTanpi_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dTanpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTanpi_ctab[];
+void _zymdTanpiI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanpiI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanpiI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTanpiI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dTanpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTanpiI_ctab[];
+
+/* dAcospi: arc cosine / pi; elements can be reported. */
+void _zymdAcospi_50(int32_t n, const double* a, double* r);
+void _zymdAcospi(int32_t n, const double* a, double* r);
+void _zymdAcospi_HA(int32_t n, const double* a, double* r);
+void _zymdAcospi_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAcospi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAcospi_ctab[];
+void _zymdAcospiI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcospiI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcospiI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAcospiI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAcospiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAcospiI_ctab[];
+
+/* dAsinpi: arc sine / pi; elements can be reported. */
+void _zymdAsinpi_50(int32_t n, const double* a, double* r);
+void _zymdAsinpi(int32_t n, const double* a, double* r);
+void _zymdAsinpi_HA(int32_t n, const double* a, double* r);
+void _zymdAsinpi_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAsinpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAsinpi_ctab[];
+void _zymdAsinpiI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinpiI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinpiI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAsinpiI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAsinpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAsinpiI_ctab[];
+
+/* dAtanpi: arc tangent / pi. */
+void _zymdAtanpi_50(int32_t n, const double* a, double* r);
+void _zymdAtanpi(int32_t n, const double* a, double* r);
+void _zymdAtanpi_HA(int32_t n, const double* a, double* r);
+void _zymdAtanpi_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAtanpi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtanpi_ctab[];
+void _zymdAtanpiI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanpiI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanpiI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdAtanpiI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAtanpiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtanpiI_ctab[];
+
 /* dExp2: 2^a; elements can be reported. */
 void _zymdExp2_50(int32_t n, const double* a, double* r);
 void _zymdExp2(int32_t n, const double* a, double* r);
@@ -698,6 +1244,48 @@ void _zymdLog2I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t 
 ORVIK_TABLE void* orvik_zym_kernel_dLog2I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dLog2I_ctab[];
 
+/* dSind: sine, a in degrees; elements can be reported. */
+void _zymdSind_50(int32_t n, const double* a, double* r);
+void _zymdSind(int32_t n, const double* a, double* r);
+void _zymdSind_HA(int32_t n, const double* a, double* r);
+void _zymdSind_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dSind_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSind_ctab[];
+void _zymdSindI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSindI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSindI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdSindI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dSindI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSindI_ctab[];
+
+/* dCosd: cosine, a in degrees; elements can be reported. */
+void _zymdCosd_50(int32_t n, const double* a, double* r);
+void _zymdCosd(int32_t n, const double* a, double* r);
+void _zymdCosd_HA(int32_t n, const double* a, double* r);
+void _zymdCosd_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dCosd_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCosd_ctab[];
+void _zymdCosdI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCosdI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCosdI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCosdI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dCosdI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCosdI_ctab[];
+
+/* dTand: tangent, a in degrees; elements can be reported. */
+void _zymdTand_50(int32_t n, const double* a, double* r);
+void _zymdTand(int32_t n, const double* a, double* r);
+void _zymdTand_HA(int32_t n, const double* a, double* r);
+void _zymdTand_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dTand_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTand_ctab[];
+void _zymdTandI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTandI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTandI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTandI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dTandI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTandI_ctab[];
+
 /* dLogb: exponent of a: floor(log2 |a|); elements can be reported. */
 void _zymdLogb_50(int32_t n, const double* a, double* r);
 void _zymdLogb(int32_t n, const double* a, double* r);
@@ -725,6 +1313,34 @@ void _zymsDivI_HA(int32_t n, const float* a, int32_t incA, const float* b, int32
 void _zymsDivI_11(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_sDivI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sDivI_ctab[];
+
+/* sPow: a^b; elements can be reported. */
+void _zymsPow_21(int32_t n, const float* a, const float* b, float* r);
+void _zymsPow(int32_t n, const float* a, const float* b, float* r);
+void _zymsPow_HA(int32_t n, const float* a, const float* b, float* r);
+void _zymsPow_11(int32_t n, const float* a, const float* b, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sPow_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPow_ctab[];
+void _zymsPowI_21(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsPowI(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsPowI_HA(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsPowI_11(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sPowI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPowI_ctab[];
+
+/* sAtan2: angle of the point (b, a) in [-pi, pi]. */
+void _zymsAtan2_21(int32_t n, const float* a, const float* b, float* r);
+void _zymsAtan2(int32_t n, const float* a, const float* b, float* r);
+void _zymsAtan2_HA(int32_t n, const float* a, const float* b, float* r);
+void _zymsAtan2_11(int32_t n, const float* a, const float* b, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAtan2_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtan2_ctab[];
+void _zymsAtan2I_21(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsAtan2I(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsAtan2I_HA(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsAtan2I_11(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAtan2I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtan2I_ctab[];
 
 /* sHypot: sqrt(a^2 + b^2). */
 void _zymsHypot_21(int32_t n, const float* a, const float* b, float* r);
@@ -781,6 +1397,20 @@ void _zymsMulI_HA(int32_t n, const float* a, int32_t incA, const float* b, int32
 void _zymsMulI_11(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_sMulI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sMulI_ctab[];
+
+/* sAtan2pi: angle of the point (b, a) / pi; elements can be reported. */
+void _zymsAtan2pi_21(int32_t n, const float* a, const float* b, float* r);
+void _zymsAtan2pi(int32_t n, const float* a, const float* b, float* r);
+void _zymsAtan2pi_HA(int32_t n, const float* a, const float* b, float* r);
+void _zymsAtan2pi_11(int32_t n, const float* a, const float* b, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sAtan2pi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtan2pi_ctab[];
+void _zymsAtan2piI_21(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsAtan2piI(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsAtan2piI_HA(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsAtan2piI_11(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sAtan2piI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sAtan2piI_ctab[];
 
 /* sCopySign: |a| with the sign of b. */
 void _zymsCopySign_21(int32_t n, const float* a, const float* b, float* r);
@@ -880,6 +1510,20 @@ void _zymsMinMagI_11(int32_t n, const float* a, int32_t incA, const float* b, in
 ORVIK_TABLE void* orvik_zym_kernel_sMinMagI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sMinMagI_ctab[];
 
+/* sPowr: a^b for a not below 0; elements can be reported. */
+void _zymsPowr_21(int32_t n, const float* a, const float* b, float* r);
+void _zymsPowr(int32_t n, const float* a, const float* b, float* r);
+void _zymsPowr_HA(int32_t n, const float* a, const float* b, float* r);
+void _zymsPowr_11(int32_t n, const float* a, const float* b, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sPowr_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPowr_ctab[];
+void _zymsPowrI_21(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsPowrI(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsPowrI_HA(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+void _zymsPowrI_11(int32_t n, const float* a, int32_t incA, const float* b, int32_t incB, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sPowrI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPowrI_ctab[];
+
 /* sRemainder: IEEE remainder: a - b n, n the integer nearest to a / b; elements can be reported. */
 void _zymsRemainder_21(int32_t n, const float* a, const float* b, float* r);
 void _zymsRemainder(int32_t n, const float* a, const float* b, float* r);
@@ -921,6 +1565,34 @@ void _zymdDivI_HA(int32_t n, const double* a, int32_t incA, const double* b, int
 void _zymdDivI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dDivI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dDivI_ctab[];
+
+/* dPow: a^b; elements can be reported. */
+void _zymdPow_50(int32_t n, const double* a, const double* b, double* r);
+void _zymdPow(int32_t n, const double* a, const double* b, double* r);
+void _zymdPow_HA(int32_t n, const double* a, const double* b, double* r);
+void _zymdPow_26(int32_t n, const double* a, const double* b, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dPow_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPow_ctab[];
+void _zymdPowI_50(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdPowI(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdPowI_HA(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdPowI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dPowI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPowI_ctab[];
+
+/* dAtan2: angle of the point (b, a) in [-pi, pi]. */
+void _zymdAtan2_50(int32_t n, const double* a, const double* b, double* r);
+void _zymdAtan2(int32_t n, const double* a, const double* b, double* r);
+void _zymdAtan2_HA(int32_t n, const double* a, const double* b, double* r);
+void _zymdAtan2_26(int32_t n, const double* a, const double* b, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAtan2_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtan2_ctab[];
+void _zymdAtan2I_50(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdAtan2I(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdAtan2I_HA(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdAtan2I_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAtan2I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtan2I_ctab[];
 
 /* dHypot: sqrt(a^2 + b^2). */
 void _zymdHypot_50(int32_t n, const double* a, const double* b, double* r);
@@ -977,6 +1649,20 @@ void _zymdMulI_HA(int32_t n, const double* a, int32_t incA, const double* b, int
 void _zymdMulI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dMulI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dMulI_ctab[];
+
+/* dAtan2pi: angle of the point (b, a) / pi; elements can be reported. */
+void _zymdAtan2pi_50(int32_t n, const double* a, const double* b, double* r);
+void _zymdAtan2pi(int32_t n, const double* a, const double* b, double* r);
+void _zymdAtan2pi_HA(int32_t n, const double* a, const double* b, double* r);
+void _zymdAtan2pi_26(int32_t n, const double* a, const double* b, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dAtan2pi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtan2pi_ctab[];
+void _zymdAtan2piI_50(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdAtan2piI(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdAtan2piI_HA(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdAtan2piI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dAtan2piI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dAtan2piI_ctab[];
 
 /* dCopySign: |a| with the sign of b. */
 void _zymdCopySign_50(int32_t n, const double* a, const double* b, double* r);
@@ -1076,6 +1762,20 @@ void _zymdMinMagI_26(int32_t n, const double* a, int32_t incA, const double* b, 
 ORVIK_TABLE void* orvik_zym_kernel_dMinMagI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dMinMagI_ctab[];
 
+/* dPowr: a^b for a not below 0; elements can be reported. */
+void _zymdPowr_50(int32_t n, const double* a, const double* b, double* r);
+void _zymdPowr(int32_t n, const double* a, const double* b, double* r);
+void _zymdPowr_HA(int32_t n, const double* a, const double* b, double* r);
+void _zymdPowr_26(int32_t n, const double* a, const double* b, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dPowr_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPowr_ctab[];
+void _zymdPowrI_50(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdPowrI(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdPowrI_HA(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+void _zymdPowrI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dPowrI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPowrI_ctab[];
+
 /* dRemainder: IEEE remainder: a - b n, n the integer nearest to a / b; elements can be reported. */
 void _zymdRemainder_50(int32_t n, const double* a, const double* b, double* r);
 void _zymdRemainder(int32_t n, const double* a, const double* b, double* r);
@@ -1104,6 +1804,48 @@ void _zymdFmodI_26(int32_t n, const double* a, int32_t incA, const double* b, in
 ORVIK_TABLE void* orvik_zym_kernel_dFmodI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dFmodI_ctab[];
 
+/* sPowx: a^b, b one number for all a; elements can be reported. */
+void _zymsPowx_21(int32_t n, const float* a, float b, float* r);
+void _zymsPowx(int32_t n, const float* a, float b, float* r);
+void _zymsPowx_HA(int32_t n, const float* a, float b, float* r);
+void _zymsPowx_11(int32_t n, const float* a, float b, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sPowx_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPowx_ctab[];
+void _zymsPowxI_21(int32_t n, const float* a, int32_t incA, float b, float* r, int32_t incR);
+void _zymsPowxI(int32_t n, const float* a, int32_t incA, float b, float* r, int32_t incR);
+void _zymsPowxI_HA(int32_t n, const float* a, int32_t incA, float b, float* r, int32_t incR);
+void _zymsPowxI_11(int32_t n, const float* a, int32_t incA, float b, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sPowxI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sPowxI_ctab[];
+
+/* dPowx: a^b, b one number for all a; elements can be reported. */
+void _zymdPowx_50(int32_t n, const double* a, double b, double* r);
+void _zymdPowx(int32_t n, const double* a, double b, double* r);
+void _zymdPowx_HA(int32_t n, const double* a, double b, double* r);
+void _zymdPowx_26(int32_t n, const double* a, double b, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dPowx_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPowx_ctab[];
+void _zymdPowxI_50(int32_t n, const double* a, int32_t incA, double b, double* r, int32_t incR);
+void _zymdPowxI(int32_t n, const double* a, int32_t incA, double b, double* r, int32_t incR);
+void _zymdPowxI_HA(int32_t n, const double* a, int32_t incA, double b, double* r, int32_t incR);
+void _zymdPowxI_26(int32_t n, const double* a, int32_t incA, double b, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dPowxI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dPowxI_ctab[];
+
+/* sSinCos: r1 = sine, r2 = cosine, a in radians; elements can be reported. */
+void _zymsSinCos_21(int32_t n, const float* a, float* r1, float* r2);
+void _zymsSinCos(int32_t n, const float* a, float* r1, float* r2);
+void _zymsSinCos_HA(int32_t n, const float* a, float* r1, float* r2);
+void _zymsSinCos_11(int32_t n, const float* a, float* r1, float* r2);
+ORVIK_TABLE void* orvik_zym_kernel_sSinCos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinCos_ctab[];
+void _zymsSinCosI_21(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+void _zymsSinCosI(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+void _zymsSinCosI_HA(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+void _zymsSinCosI_11(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+ORVIK_TABLE void* orvik_zym_kernel_sSinCosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinCosI_ctab[];
+
 /* sModf: r1 = trunc(a), r2 = a - trunc(a), both with the sign of a. */
 void _zymsModf_21(int32_t n, const float* a, float* r1, float* r2);
 void _zymsModf(int32_t n, const float* a, float* r1, float* r2);
@@ -1118,6 +1860,34 @@ void _zymsModfI_11(int32_t n, const float* a, int32_t incA, float* r1, int32_t i
 ORVIK_TABLE void* orvik_zym_kernel_sModfI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sModfI_ctab[];
 
+/* sSinCospi: r1 = sine, r2 = cosine of a pi. */
+void _zymsSinCospi_21(int32_t n, const float* a, float* r1, float* r2);
+void _zymsSinCospi(int32_t n, const float* a, float* r1, float* r2);
+void _zymsSinCospi_HA(int32_t n, const float* a, float* r1, float* r2);
+void _zymsSinCospi_11(int32_t n, const float* a, float* r1, float* r2);
+ORVIK_TABLE void* orvik_zym_kernel_sSinCospi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinCospi_ctab[];
+void _zymsSinCospiI_21(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+void _zymsSinCospiI(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+void _zymsSinCospiI_HA(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+void _zymsSinCospiI_11(int32_t n, const float* a, int32_t incA, float* r1, int32_t incR1, float* r2, int32_t incR2);
+ORVIK_TABLE void* orvik_zym_kernel_sSinCospiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sSinCospiI_ctab[];
+
+/* dSinCos: r1 = sine, r2 = cosine, a in radians; elements can be reported. */
+void _zymdSinCos_50(int32_t n, const double* a, double* r1, double* r2);
+void _zymdSinCos(int32_t n, const double* a, double* r1, double* r2);
+void _zymdSinCos_HA(int32_t n, const double* a, double* r1, double* r2);
+void _zymdSinCos_26(int32_t n, const double* a, double* r1, double* r2);
+ORVIK_TABLE void* orvik_zym_kernel_dSinCos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinCos_ctab[];
+void _zymdSinCosI_50(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+void _zymdSinCosI(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+void _zymdSinCosI_HA(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+void _zymdSinCosI_26(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+ORVIK_TABLE void* orvik_zym_kernel_dSinCosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinCosI_ctab[];
+
 /* dModf: r1 = trunc(a), r2 = a - trunc(a), both with the sign of a. */
 void _zymdModf_50(int32_t n, const double* a, double* r1, double* r2);
 void _zymdModf(int32_t n, const double* a, double* r1, double* r2);
@@ -1131,6 +1901,20 @@ void _zymdModfI_HA(int32_t n, const double* a, int32_t incA, double* r1, int32_t
 void _zymdModfI_26(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
 ORVIK_TABLE void* orvik_zym_kernel_dModfI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dModfI_ctab[];
+
+/* dSinCospi: r1 = sine, r2 = cosine of a pi. */
+void _zymdSinCospi_50(int32_t n, const double* a, double* r1, double* r2);
+void _zymdSinCospi(int32_t n, const double* a, double* r1, double* r2);
+void _zymdSinCospi_HA(int32_t n, const double* a, double* r1, double* r2);
+void _zymdSinCospi_26(int32_t n, const double* a, double* r1, double* r2);
+ORVIK_TABLE void* orvik_zym_kernel_dSinCospi_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinCospi_ctab[];
+void _zymdSinCospiI_50(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+void _zymdSinCospiI(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+void _zymdSinCospiI_HA(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+void _zymdSinCospiI_26(int32_t n, const double* a, int32_t incA, double* r1, int32_t incR1, double* r2, int32_t incR2);
+ORVIK_TABLE void* orvik_zym_kernel_dSinCospiI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dSinCospiI_ctab[];
 
 /* sLinearFrac: r = (a scaleA + shiftA) / (b scaleB + shiftB). */
 void _zymsLinearFrac_21(int32_t n, const float* a, const float* b, float scaleA, float shiftA, float scaleB, float shiftB, float* r);

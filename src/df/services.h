@@ -34,6 +34,23 @@ class Services {
   const OrvikDFServices* table_;
 };
 
+// Division of items among tasks in whole blocks: all tasks alike, or all whole blocks as evenly as they go.
+enum class Division { kAlike, kEven };
+
+// body(task, begin, end) -> status, on the services' threads, and then, as task number `tasks`, for what is left on the
+// calling thread.
+template <class Body>
+int32_t run_shares(const Services& services, int64_t items, int64_t block, int64_t tasks, Division division,
+                   Body body) {
+  const int64_t blocks = items / block;
+  const auto begin_of = [=](int64_t task) {
+    return block * (division == Division::kAlike ? blocks / tasks * task : blocks * task / tasks);
+  };
+  auto share = [&](int64_t task, int64_t) { return body(task, begin_of(task), begin_of(task + 1)); };
+  const int32_t status = services.run(tasks, tasks, share);
+  return status < 0 ? status : body(tasks, begin_of(tasks), items);
+}
+
 }  // namespace orvik::df
 
 #endif

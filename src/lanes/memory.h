@@ -83,6 +83,33 @@ inline void store_first(double* p, int k, F64 a) {
   if ((k & 1) != 0) _mm_store_sd(p, rest);
 }
 
+// The first k lanes, as a mask of the masked load and store instructions; k at or beyond the width: all.
+template <class V>
+struct FirstLanes {
+  __m256i v;
+};
+template <class V>
+inline FirstLanes<V> first_lanes(int64_t k) {
+  return {lane_mask(V(), k < kWidth<V> ? static_cast<int>(k) : kWidth<V>)};
+}
+inline F32 load(const float* p, FirstLanes<F32> first) { return _mm256_maskload_ps(p, first.v); }  // zeros behind them
+inline F64 load(const double* p, FirstLanes<F64> first) { return _mm256_maskload_pd(p, first.v); }
+inline void store(float* p, FirstLanes<F32> first, F32 a) { _mm256_maskstore_ps(p, first.v, a.v); }
+inline void store(double* p, FirstLanes<F64> first, F64 a) { _mm256_maskstore_pd(p, first.v, a.v); }
+inline F32 keep(FirstLanes<F32> first, F32 a) { return _mm256_and_ps(a.v, _mm256_castsi256_ps(first.v)); }
+inline F64 keep(FirstLanes<F64> first, F64 a) { return _mm256_and_pd(a.v, _mm256_castsi256_pd(first.v)); }
+
+// The sum of all lanes, pairwise.
+template <class V>
+inline Element<V> horizontal_sum(V a) {
+  Element<V> lane[kWidth<V>];
+  store(lane, a);
+  for (int half = kWidth<V> / 2; half > 0; half /= 2) {
+    for (int i = 0; i < half; ++i) lane[i] += lane[i + half];
+  }
+  return lane[0];
+}
+
 // Every step-th element. Single loads: as fast as the gather instruction or faster, and without its 32-bit index range.
 template <class V>
 inline V load_strided(const Element<V>* p, int64_t step) {

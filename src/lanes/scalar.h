@@ -115,6 +115,7 @@ template <int Count>
 inline uint32_t shift_right_arithmetic(uint32_t a) {
   return static_cast<uint32_t>(static_cast<int32_t>(a) >> Count);
 }
+inline uint64_t multiply_low_words(uint64_t a, uint64_t b) { return (a & 0xFFFFFFFFu) * (b & 0xFFFFFFFFu); }
 inline bool equal(uint32_t a, uint32_t b) { return a == b; }
 inline bool equal(uint64_t a, uint64_t b) { return a == b; }
 inline bool greater_signed(uint32_t a, uint32_t b) { return static_cast<int32_t>(a) > static_cast<int32_t>(b); }

@@ -77,6 +77,7 @@ struct Indices {  // of four lanes, in scalar registers
 };
 inline Indices indices(I64 index) { return Indices(index); }
 inline Indices indices(I32Half index) { return Indices(index); }
+inline int64_t indices(uint64_t index) { return static_cast<int64_t>(index); }  // of one element
 inline Twice<Indices> indices(Twice<I64> index) { return {Indices(index.low), Indices(index.high)}; }
 inline Twice<Indices> indices(Twice<I32Half> index) { return {Indices(index.low), Indices(index.high)}; }
 
@@ -99,11 +100,12 @@ inline Pair<F64> gather(const double (*table)[2], Indices k) {
   return {_mm256_unpacklo_pd(even, odd), _mm256_unpackhi_pd(even, odd)};
 }
 // The four columns of a table of 32-byte rows.
-struct GatheredQuad {
-  F64 c[4];
+template <class V>
+struct Quad {
+  V c[4];
 };
 template <int First = 0>
-inline GatheredQuad gather(const double (*table)[4], Indices k) {
+inline Quad<F64> gather(const double (*table)[4], Indices k) {
   const __m256d r0 = _mm256_loadu_pd(table[k.i0 - First]), r1 = _mm256_loadu_pd(table[k.i1 - First]);
   const __m256d r2 = _mm256_loadu_pd(table[k.i2 - First]), r3 = _mm256_loadu_pd(table[k.i3 - First]);
   const __m256d a = _mm256_unpacklo_pd(r0, r1), b = _mm256_unpackhi_pd(r0, r1);
@@ -133,6 +135,26 @@ template <int First = 0>
 inline Pair<Twice<F64>> gather(const double (*table)[2], Twice<Indices> k) {
   const Pair<F64> low = gather<First>(table, k.low), high = gather<First>(table, k.high);
   return {{low.first, high.first}, {low.second, high.second}};
+}
+template <int First = 0>
+inline Quad<Twice<F64>> gather(const double (*table)[4], Twice<Indices> k) {
+  const Quad<F64> low = gather<First>(table, k.low), high = gather<First>(table, k.high);
+  return {{{low.c[0], high.c[0]}, {low.c[1], high.c[1]}, {low.c[2], high.c[2]}, {low.c[3], high.c[3]}}};
+}
+// Rows of one element.
+template <int First = 0>
+inline double gather(const double* table, int64_t k) {
+  return table[k - First];
+}
+template <int First = 0>
+inline Pair<double> gather(const double (*table)[2], int64_t k) {
+  const double* row = table[k - First];
+  return {row[0], row[1]};
+}
+template <int First = 0>
+inline Quad<double> gather(const double (*table)[4], int64_t k) {
+  const double* row = table[k - First];
+  return {{row[0], row[1], row[2], row[3]}};
 }
 
 }  // namespace orvik

@@ -174,6 +174,10 @@ struct WideLanes<Twice<F32>> {
 template <class V>
 using Wide = typename WideLanes<V>::Type;
 
+// The vector of elements E.
+template <class E>
+using VectorOf = std::conditional_t<std::is_same_v<E, float>, F32, F64>;
+
 // A pair of lanes: the results of a function of two, real and imaginary parts.
 template <class V>
 struct Pair {

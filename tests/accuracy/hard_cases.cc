@@ -80,6 +80,8 @@ void powers(std::vector<E>& a, std::vector<E>& b) {
       for (int step = -1; step <= 1; ++step) add(static_cast<double>(x), static_cast<double>(neighbour(y, step)));
     }
   }
+  // Found by dense sampling where the rest of the argument beside a table is largest.
+  kSingle<E> ? add(0x1.e93fe4p-1, -0x1.d4a0c4p+10) : add(0x1.ff8f0ab21a07cp-1, 0x1.89cece4280f78p+19);
   const double last = kSingle<E> ? 0x1p24 : 0x1p53;
   for (int k = 1; k <= std::numeric_limits<E>::digits; ++k) {
     for (double near : {1 + std::exp2(-k), 1 - std::exp2(-k)}) {

@@ -15,6 +15,17 @@
 namespace orvik::accuracy {
 namespace {
 
+// A base of a power, as often next to 1 as not, and an exponent that takes it anywhere in the format: the error of the
+// logarithm counts as often as the result has exponents.
+template <class E>
+void power_pair(Random& random, const rows::Domain& domain, E& base, E& exponent) {
+  using L = std::numeric_limits<E>;
+  base = random.word() % 2 != 0 ? from_domain<E>(random, domain.low, domain.high)
+                                : static_cast<E>(1 + random.between(-0.25, 0.25) * std::exp2(-L::digits * random.unit()));
+  const double bits = random.between(L::min_exponent - L::digits, L::max_exponent);
+  exponent = static_cast<E>(base == 1 ? bits : bits / std::log2(static_cast<double>(base)));
+}
+
 template <class E>
 std::vector<E> special_values() {
   using L = std::numeric_limits<E>;
@@ -104,6 +115,7 @@ Inputs<E> make_inputs(const rows::Row& row, size_t count, uint64_t seed, bool fi
     return in;
   }
   const bool two = row.inputs() == 2;
+  const bool power = row.function == "Pow" || row.function == "Powr";
   const std::vector<E> special = special_values<E>();
   if (fixed) {
     if (!two) {
@@ -137,6 +149,8 @@ Inputs<E> make_inputs(const rows::Row& row, size_t count, uint64_t seed, bool fi
       b = kind == 5 ? neighbour(a, static_cast<int>(random.word() % 9) - 4) : a * static_cast<E>(random.between(-2, 2));
     } else if (two && kind < 8) {
       a = std::trunc(static_cast<E>(random.between(-64, 64))), b = std::trunc(static_cast<E>(random.between(-16, 16)));
+    } else if (power && kind < 12) {
+      power_pair(random, domain, a, b);
     } else {
       a = from_domain<E>(random, domain.low, domain.high);
       b = from_domain<E>(random, domain.low2, domain.high2);

@@ -173,7 +173,7 @@ TEST(References, SpecialValuesOfRealFunctions) {
       {"Pow", 0, kInf, -1}, {"Pow", -0.0, -kInf, -1}, {"Pow", -0.0, kInf, -kInf}, {"Pow", -1, 1, -kInf}, {"Pow", 1, 1, kNan},
       {"Pow", kNan, 1, -0.0}, {"Pow", -8, -512, 3}, {"Pow", -2, kNan, 0.5}, {"Pow", -kInf, -kInf, 3}, {"Pow", -kInf, kInf, 2.5},
       {"Pow", -kInf, -0.0, -3}, {"Pow", 0.5, kInf, -kInf}, {"Powr", -0.0, 0, 3}, {"Powr", -0.0, kInf, -3},
-      {"Powr", -2, kNan, 2}, {"Powr", -2, 1, 0}, {"Powr", 1, 1, kNan}, {"Powr", -kInf, kNan, 2}, {"Powr", kNan, 1, 0},
+      {"Powr", -2, kNan, 2}, {"Powr", -2, 1, 0}, {"Powr", 1, 1, kNan}, {"Powr", -kInf, kInf, 2}, {"Powr", -2, 0, -kInf}, {"Powr", -1, kNan, kNan}, {"Powr", kNan, 1, 0},
       {"Erf", -kInf, -1}, {"Erf", -0.0, -0.0}, {"Erfc", kInf, 0}, {"Erfc", -kInf, 2}, {"Erfcx", -kInf, kInf}, {"Erfcx", kInf, 0},
       {"Erfcx", 0, 1}, {"ErfInv", -1, -kInf}, {"ErfInv", 1.5, kNan}, {"ErfInv", -kInf, kNan}, {"ErfInv", -0.0, -0.0},
       {"ErfcInv", -0.0, kInf}, {"ErfcInv", 2, -kInf}, {"ErfcInv", 2.5, kNan}, {"ErfcInv", -1, kNan}, {"ErfcInv", 1, 0},

@@ -281,8 +281,9 @@ int bessel_y0(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) { return bessel_y(r, 0,
 int bessel_y1(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) { return bessel_y(r, 1, x, rnd); }
 
 int power_of_non_negative(mpfr_ptr r, mpfr_srcptr x, mpfr_srcptr y, mpfr_rnd_t rnd) {
-  const bool one = mpfr_zero_p(y) != 0 || (mpfr_nan_p(x) == 0 && mpfr_cmp_ui(x, 1) == 0);
-  if (!one && mpfr_nan_p(x) == 0 && mpfr_sgn(x) < 0) {
+  const bool finite = mpfr_number_p(x) != 0 && mpfr_number_p(y) != 0 && mpfr_zero_p(y) == 0;
+  const bool minus_one_and_nan = mpfr_nan_p(y) != 0 && mpfr_nan_p(x) == 0 && mpfr_cmp_si(x, -1) == 0;
+  if ((finite && mpfr_sgn(x) < 0) || minus_one_and_nan) {
     mpfr_set_nan(r);
     return 0;
   }

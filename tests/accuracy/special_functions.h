@@ -32,6 +32,7 @@ int bessel_j0(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd);
 int bessel_j1(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd);
 int bessel_y0(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd);
 int bessel_y1(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd);
-int power_of_non_negative(mpfr_ptr r, mpfr_srcptr x, mpfr_srcptr y, mpfr_rnd_t rnd);  // 1 at x = 1 and y = 0; NaN at x < 0
+// |x|^y, but NaN where both are finite and x < 0.
+int power_of_non_negative(mpfr_ptr r, mpfr_srcptr x, mpfr_srcptr y, mpfr_rnd_t rnd);
 
 }  // namespace orvik::accuracy

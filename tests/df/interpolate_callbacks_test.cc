@@ -145,5 +145,100 @@ TYPED_TEST(InterpolateCallbacksTest, TheCallersSearchIsUsed) {
   }
 }
 
+// Notes the counts of its calls; its buffers are of 128 sites.
+template <class Real>
+struct SearchLog {
+  static inline std::vector<int64_t> counts;
+  static inline std::vector<int32_t> statuses;  // of the calls; the last one's from there on
+  static inline std::vector<Real> sites;
+  static int32_t call(int64_t* count, const Real* at, int64_t* cells, int32_t* flags, void*, void*) {
+    const size_t calls = counts.size();
+    counts.push_back(*count);
+    for (int64_t j = 0; j < *count; ++j) sites.push_back(at[j]), cells[j] = 2, flags[j] = 0;
+    return statuses[std::min(calls, statuses.size() - 1)];
+  }
+  static void reset(std::vector<int32_t> s) { counts.clear(), sites.clear(), statuses = std::move(s); }
+};
+
+TYPED_TEST(InterpolateCallbacksTest, TheCallersSearchSees128SitesACallAndAnEmptyLastOne) {
+  using Log = SearchLog<TypeParam>;
+  using Counts = std::vector<int64_t>;
+  for (int64_t xhint : {1, 4}) {
+    for (int64_t order : {4, 5}) {
+      for (const auto& orders : {std::vector<int32_t>{1}, {1, 1}}) {
+        auto fit = random_spline<TypeParam>(order, 0, 20, 1, xhint);
+        auto sites = spread_sites(*fit, 20000);
+        for (auto& t : sites) t += TypeParam(0.001);
+        Call<TypeParam> call;
+        call.dorder = orders;
+        call.services = &LoopServices<4>::table;
+        for (auto [n, expected] : {std::pair<int64_t, Counts>{0, {0}},
+                                   {1, {1}},
+                                   {127, {127}},
+                                   {128, {128, 0}},
+                                   {300, {128, 128, 44}},
+                                   {512, {128, 128, 128, 128, 0}}}) {
+          const std::vector<TypeParam> some(sites.begin(), sites.begin() + n);
+          call.search = nullptr;
+          const auto plain = call(fit->task, some);
+          Log::reset({0});
+          call.search = Log::call;
+          EXPECT_EQ(call(fit->task, some), plain);
+          EXPECT_EQ(call.status, 0);
+          EXPECT_EQ(Log::counts, expected) << n;
+          EXPECT_EQ(Log::sites, some);
+        }
+        Log::reset({1000});
+        call(fit->task, sites);
+        EXPECT_EQ(Log::counts, Counts([] {
+                    Counts all(20000 / 128, 128);
+                    all.push_back(20000 % 128);
+                    return all;
+                  }()));
+      }
+    }
+  }
+}
+
+TYPED_TEST(InterpolateCallbacksTest, TheCallersSearchSees128SitesOfAGridTooAndNoneWhereCellsAreGiven) {
+  using Log = SearchLog<TypeParam>;
+  auto fit = random_spline<TypeParam>(4, 2, 20, 1);
+  const std::vector<TypeParam> ends = {fit->x.front() - 1, fit->x.back() + 1};
+  Call<TypeParam> call;
+  call.sitehint = 4;
+  const auto plain = call(fit->task, ends, 300);
+  Log::reset({0});
+  call.search = Log::call;
+  EXPECT_EQ(call(fit->task, ends, 300), plain);
+  EXPECT_EQ(Log::counts, (std::vector<int64_t>{128, 128, 44}));
+  std::vector<int32_t> cell(300, 3);
+  call.cell = cell.data();
+  call.flags = 4;
+  Log::reset({-5});
+  call(fit->task, ends, 300);
+  EXPECT_EQ(call.status, 0);
+  EXPECT_TRUE(Log::counts.empty());
+}
+
+TYPED_TEST(InterpolateCallbacksTest, TheCallersSearchGivesTheStatusOfItsLastCallAsInSearch) {
+  using Log = SearchLog<TypeParam>;
+  auto fit = random_spline<TypeParam>(4, 2, 20, 1);
+  const auto sites = spread_sites(*fit, 300);
+  Call<TypeParam> call;
+  call.search = Log::call;
+  Log::reset({17});
+  call(fit->task, sites);
+  EXPECT_EQ(call.status, 17);
+  Log::reset({17, 17, 1000});
+  call(fit->task, sites);
+  EXPECT_EQ(call.status, 0);
+  Log::reset({0, -8});
+  const auto r = call(fit->task, sites);
+  EXPECT_EQ(call.status, -8);
+  EXPECT_EQ(Log::counts.size(), 2u);
+  EXPECT_NE(r[127], -77);  // what was done before stays
+  EXPECT_EQ(r[128], -77);
+}
+
 }  // namespace
 }  // namespace orvik::df::test

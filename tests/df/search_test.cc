@@ -98,6 +98,33 @@ TYPED_TEST(SearchTest, UniformPartitionFollowsTheInverseStep) {
   }
 }
 
+TYPED_TEST(SearchTest, UniformSitesJustAboveTheRightEndFollowTheFormula) {
+  using E = Entries<TypeParam>;
+  const TypeParam inf = std::numeric_limits<TypeParam>::infinity();
+  const TypeParam a = -100, b = TypeParam(0.5), x[] = {a, b};
+  int64_t still_inside = 0;
+  for (int64_t nx = 2; nx < 300; ++nx) {
+    const TypeParam value = static_cast<TypeParam>(nx - 1) / (b - a);
+    std::vector<TypeParam> sites;
+    std::vector<int64_t> expected;
+    for (TypeParam t = b; sites.size() < 64; t = std::nextafter(t, inf)) {
+      sites.push_back(t);
+      const int64_t cell = std::min<int64_t>(static_cast<int64_t>((t - a) * value) + 1, nx);
+      expected.push_back(t == b ? nx - 1 : cell);
+      still_inside += t > b && cell == nx - 1;
+    }
+    for (int width : {0, 1}) {
+      OwnedTask task;
+      ASSERT_EQ(E::make(task.out(), nx, x, 4, 0, nullptr, 0, width), 0);
+      EXPECT_EQ(search_cells<TypeParam>(task, sites, 0, nullptr), expected) << nx;
+      for (size_t j : {0, 1, 7}) {  // one by one
+        EXPECT_EQ(search_cells<TypeParam>(task, {sites[j]}, 0, nullptr)[0], expected[j]) << nx;
+      }
+    }
+  }
+  EXPECT_GT(still_inside, 0);
+}
+
 TYPED_TEST(SearchTest, HugeUniformPartitionsNeedWideIndices) {
   const TypeParam x[] = {0, 1};
   const int64_t nx = 5000000001;

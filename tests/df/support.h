@@ -42,6 +42,8 @@ struct Entries;
     static constexpr auto hyman = orvik_df_kernel_##p##DFHymanCubicSpline1D;           \
     static constexpr auto search = orvik_df_kernel_##p##DFSearch1D;                    \
     static constexpr auto interpolate = orvik_df_kernel_##p##DFInterpolate1D;          \
+    using IntegralCallback = OrvikDFIntegrateCallback##C;                              \
+    static constexpr auto integrate = orvik_df_kernel_##p##DFIntegrate1D;              \
   };
 ORVIK_TEST_ENTRIES(double, d, D)
 ORVIK_TEST_ENTRIES(float, s, S)

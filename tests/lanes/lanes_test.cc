@@ -186,7 +186,7 @@ TEST(Gathers, TakeTheRowsThatTheIndicesName) {
     EXPECT_EQ(got[i], 10.0 * static_cast<double>(rows[i]));
     EXPECT_EQ(got2[i], got[i] + 1);
   }
-  const GatheredQuad quad = gather(quads, k);
+  const Quad<F64> quad = gather(quads, k);
   for (int j = 0; j < 4; ++j) {
     store(got, quad.c[j]);
     for (int i = 0; i < 4; ++i) EXPECT_EQ(got[i], 10.0 * static_cast<double>(rows[i]) + j);

@@ -1,4 +1,5 @@
-"""Calls go downward only: which folder of src/ may include from which. A folder may always include from itself."""
+"""Calls go downward only: which folder of src/ may include from which. A folder may always include from itself. And vector
+instructions stand in src/lanes alone."""
 
 import pathlib
 import re
@@ -20,6 +21,7 @@ ALLOWED = {
 # Folder that owns a public header, where the header's first word is not the folder's name.
 HEADERS = {"ss": "qor/ss"}
 SOURCES = {".h", ".hpp", ".c", ".cc", ".cpp", ".inc", ".def", ".S"}
+INTRINSIC = re.compile(r"\b_mm\w*_\w+\s*\(|\b__m(?:64|128|256|512)[id]?\b|[<\"]\w*intrin\.h[>\"]")
 INCLUDE = re.compile(r'^\s*#\s*include\s*["<]([^">]+)[">]', re.MULTILINE)
 
 
@@ -57,7 +59,11 @@ def faults(root):
         if folder is None:
             found.append(f"{relative}: a folder without a line in the table")
             continue
-        for included in INCLUDE.findall(source.read_text(encoding="utf-8")):
+        text = source.read_text(encoding="utf-8")
+        if folder != "lanes":
+            found += [f"{relative}: vector instruction outside src/lanes: {name.strip()}" for name in
+                      sorted({m.group(0) for m in INTRINSIC.finditer(text)})]
+        for included in INCLUDE.findall(text):
             target = target_of(source, included, root)
             if target is not None and target != folder and target not in ALLOWED[folder]:
                 found.append(f"{relative}: {folder} includes {included} of {target}")
@@ -78,6 +84,12 @@ def self_test():
         "df/bad.cc": '#include "../zym/frame/mode.h"\n',
         "df/worse.cc": '#include "orvik/orvik.h"\n',
         "new/bad.cc": "",
+        "lanes/vectors.h": '#include <immintrin.h>\ninline __m256 f(__m256 a) { return _mm256_add_ps(a, a); }\n',
+        "zym/kernels/lanes.h": '#include "lanes/vectors.h"\n',
+        "zym/kernels/bad.h": "inline __m256d g();\n",
+        "df/search/bad.cc": "int x = _mm_cvtsi128_si32(y);\n",
+        "qor/stream/worse.cc": "#include <wmmintrin.h>\n",
+        "lanes/bad.h": '#include "serv/memory.h"\n',
     }
     with tempfile.TemporaryDirectory() as directory:
         root = pathlib.Path(directory)

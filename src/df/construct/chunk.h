@@ -29,7 +29,7 @@ template <class Real, class Body>
 void by_lanes(int64_t from, int64_t to, Body body) {
   using V = Lanes<Real>;
   int64_t k = from;
-  for (; k + V::kCount <= to + 1; k += V::kCount) body(k, V(Real(0)));
+  for (; k + kWidth<V> <= to + 1; k += kWidth<V>) body(k, V(Real(0)));
   for (; k <= to; ++k) body(k, Real(0));
 }
 
@@ -43,18 +43,16 @@ struct Chunk {
   const Real* x;
   const Real* y;
   Workspace<Real>* room;
-  const Real* given;  // what the caller gives for the inner breakpoints of the whole partition
 
   // The breakpoints from begin - halo to end + halo, as far as they exist. No slope is formed yet.
   Chunk(const Partition<Real, kUniform>& given, const Values<Real>& values, int64_t nx, int64_t begin, int64_t end,
-        int64_t halo, const Real* inner, Workspace<Real>& scratch)
+        int64_t halo, Workspace<Real>& scratch)
       : partition(given),
         base(std::max<int64_t>(begin - halo, 0)),
         points(std::min(end + halo, nx - 1) - base + 1),
-        x(kUniform ? given.x : given.x + base),
+        x(kUniform ? given.given() : given.given() + base),
         y(scratch.y),
-        room(&scratch),
-        given(inner) {
+        room(&scratch) {
     if (values.stride == 1) {
       y = values.first + base;
     } else {
@@ -65,21 +63,21 @@ struct Chunk {
   // Forms the slope of interval k, or of several from there on; h only where it is asked for.
   template <bool kLengths, class T>
   void form_slope(int64_t k) const {
-    T inverse(partition.inverse_step);
+    T inverse(partition.inverse_step());
     if constexpr (!kUniform) {
-      const T step = at<T>(x + k + 1) - at<T>(x + k);
+      const T step = load<T>(x + k + 1) - load<T>(x + k);
       inverse = T(Real(1)) / step;
-      if (kLengths) put(room->h + k, step);
-      put(room->inverse_h + k, inverse);
+      if (kLengths) store(room->h + k, step);
+      store(room->inverse_h + k, inverse);
     }
-    put(room->m + k, (at<T>(y + k + 1) - at<T>(y + k)) * inverse);
+    store(room->m + k, (load<T>(y + k + 1) - load<T>(y + k)) * inverse);
   }
 
   const Real* h() const { return room->h; }
   const Real* m() const { return room->m; }
   template <class T>
   T inverse_length(int64_t k) const {
-    return kUniform ? T(partition.inverse_step) : at<T>(room->inverse_h + k);
+    return kUniform ? T(partition.inverse_step()) : load<T>(room->inverse_h + k);
   }
 };
 

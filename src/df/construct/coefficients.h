@@ -13,7 +13,6 @@ enum class CubicForm { kLocal, kNatural };
 // The polynomial on an interval of a cubic with derivatives d0 and d1 at its ends; V is a real or a vector of them.
 template <CubicForm kForm, class V>
 void cubic_terms(V m, V inverse_h, V d0, V d1, V* c2, V* c3) {
-  using std::fma;
   const V bend = fma(V(-2), m, d0 + d1);
   *c3 = kForm == CubicForm::kLocal ? bend * inverse_h * inverse_h : bend * (inverse_h * inverse_h);
   *c2 = (V(3) * m - V(2) * d0 - d1) * inverse_h;
@@ -22,10 +21,10 @@ void cubic_terms(V m, V inverse_h, V d0, V d1, V* c2, V* c3) {
 // Coefficients of interval k of a chunk, or of several from there on, into out; d[k] is the derivative at breakpoint k.
 template <CubicForm kForm, class T, class Real, bool kUniform>
 void put_cubic(const Chunk<Real, kUniform>& c, int64_t k, const Real* d, Real* out) {
-  const T d0 = at<T>(d + k);
+  const T d0 = load<T>(d + k);
   T c2, c3;
-  cubic_terms<kForm>(at<T>(c.m() + k), c.template inverse_length<T>(k), d0, at<T>(d + k + 1), &c2, &c3);
-  store_rows(out, at<T>(c.y + k), d0, c2, c3);
+  cubic_terms<kForm>(load<T>(c.m() + k), c.template inverse_length<T>(k), d0, load<T>(d + k + 1), &c2, &c3);
+  store_rows(out, load<T>(c.y + k), d0, c2, c3);
 }
 
 }  // namespace orvik::df

@@ -12,7 +12,7 @@ Real left_derivative(const Outline<Real, kUniform>& o, Ends ends, Real d1) {
   switch (left_end(ends)) {
     case End::kNotAKnot: {
       if constexpr (kUniform) {
-        const Real half = Real(0.5) * o.partition.inverse_step;
+        const Real half = Real(0.5) * o.partition.inverse_step();
         return (o.y[2] + 4 * o.y[1] - 5 * o.y[0]) * half - 2 * d1;
       } else {
         const Real h0 = o.h(0), h1 = o.h(1), t = o.partition.two_h(0);
@@ -24,7 +24,7 @@ Real left_derivative(const Outline<Real, kUniform>& o, Ends ends, Real d1) {
     case End::kFirst:
       return o.bc[0];
     case End::kSecond: {
-      const Real bend = kUniform ? Real(0.25) * o.bc[0] / o.partition.inverse_step : Real(0.25) * o.h(0) * o.bc[0];
+      const Real bend = kUniform ? Real(0.25) * o.bc[0] / o.partition.inverse_step() : Real(0.25) * o.h(0) * o.bc[0];
       return Real(1.5) * o.m(0) - bend - Real(0.5) * d1;
     }
     case End::kPeriodic:
@@ -42,7 +42,7 @@ Real right_derivative(const Outline<Real, kUniform>& o, Ends ends, Real dl) {
   switch (right_end(ends)) {
     case End::kNotAKnot: {
       if constexpr (kUniform) {
-        const Real half = Real(0.5) * o.partition.inverse_step;
+        const Real half = Real(0.5) * o.partition.inverse_step();
         return (5 * o.y[n - 1] - 4 * o.y[n - 2] - o.y[n - 3]) * half - 2 * dl;
       } else {
         const Real hl = o.h(l), before = o.h(l - 1), t = o.partition.two_h(l - 1);
@@ -54,7 +54,7 @@ Real right_derivative(const Outline<Real, kUniform>& o, Ends ends, Real dl) {
     case End::kFirst:
       return o.bc[1];
     case End::kSecond: {
-      const Real bend = kUniform ? Real(0.25) * o.bc[1] / o.partition.inverse_step : Real(0.25) * o.h(l) * o.bc[1];
+      const Real bend = kUniform ? Real(0.25) * o.bc[1] / o.partition.inverse_step() : Real(0.25) * o.h(l) * o.bc[1];
       return Real(1.5) * o.m(l) + bend - Real(0.5) * dl;
     }
     case End::kPeriodic:

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "df/services.h"
+
 namespace orvik::df {
 
 struct Grid {
@@ -36,6 +38,17 @@ struct Grid {
             std::min(kGroup * (group + 1), ny)};
   }
 };
+
+// body(function, begin, end, thread) for all intervals of ny functions.
+template <class Body>
+int32_t run_grid(const Services& services, const Grid& grid, int64_t threads, int64_t ny, Body body) {
+  auto task = [&](int64_t index, int64_t thread) {
+    const Grid::Part part = grid.part(index, ny);
+    for (int64_t f = part.function; f < part.function_end; ++f) body(f, part.begin, part.end, thread);
+    return 0;
+  };
+  return services.run(grid.tasks(), threads, task);
+}
 
 }  // namespace orvik::df
 

@@ -27,14 +27,9 @@ int32_t run_linear(const Task& task, const Services& services) {
     return 0;
   }
   const Grid grid(0, intervals, 1024, intervals, task.ny);
-  auto body = [&](int64_t index, int64_t) {
-    const Grid::Part part = grid.part(index, task.ny);
-    for (int64_t f = part.function; f < part.function_end; ++f) {
-      linear_intervals(task, partition, f, part.begin, part.end);
-    }
-    return 0;
-  };
-  return services.run(grid.tasks(), std::min(threads, grid.tasks()), body);
+  return run_grid(
+      services, grid, std::min(threads, grid.tasks()), task.ny,
+      [&](int64_t f, int64_t begin, int64_t end, int64_t) { linear_intervals(task, partition, f, begin, end); });
 }
 
 template <class Real>

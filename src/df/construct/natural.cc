@@ -16,7 +16,7 @@ void store_function(const NaturalSystem<Real, kUniform>& system, int64_t functio
   Workspace<Real> room;
   for (int64_t at = 0; at < system.nx - 1; at += kChunkIntervals) {
     const int64_t stop = std::min(at + kChunkIntervals, system.nx - 1);
-    const Chunk<Real, kUniform> chunk(system.partition, y, system.nx, at, stop, 0, nullptr, room);
+    const Chunk<Real, kUniform> chunk(system.partition, y, system.nx, at, stop, 0, room);
     by_lanes<Real>(0, stop - at - 1,
                    [&](int64_t k, auto zero) { chunk.template form_slope<false, decltype(zero)>(k); });
     by_lanes<Real>(0, stop - at - 1, [&](int64_t k, auto zero) {

@@ -20,21 +20,21 @@ inline constexpr int64_t kLongNatural = 512;
 template <class Real>
 class NaturalLanes {
   using V = Lanes<Real>;
-  static constexpr int64_t kWidth = V::kCount;          // rows turned at a time
-  static constexpr int64_t kStretches = 2 * V::kCount;  // two vectors hide each other's latency
+  static constexpr int64_t kSquare = kWidth<V>;         // rows turned at a time
+  static constexpr int64_t kStretches = 2 * kWidth<V>;  // two vectors hide each other's latency
 
  public:
   // `upper` and `w` have nx elements: the upper diagonal over the pivots, and the half-solved right side.
   NaturalLanes(const NaturalSystem<Real, false>& system, int64_t function, Real* upper, Real* w)
       : system_(system),
         y_(system.task.template values<Real>(function)),
-        x_(system.partition.x),
+        x_(system.partition.given()),
         nx_(system.nx),
         out_(system.task.template coefficients<Real>(function)),
         upper_(upper),
         w_(w) {
-    // Rows 2 .. nx - 2 have the general form; their stretches are multiples of kWidth long, the rest follows singly.
-    length_ = (nx_ - 3) / kStretches / kWidth * kWidth;
+    // Rows 2 .. nx - 2 have the general form; their stretches are multiples of kSquare long, the rest follows singly.
+    length_ = (nx_ - 3) / kStretches / kSquare * kSquare;
   }
 
   // False when a pivot cannot be inverted; nothing has been written to the coefficients then.
@@ -58,13 +58,11 @@ class NaturalLanes {
   // One row, from the state of the one before. Returns the reciprocal of its pivot.
   template <class T>
   static T row(T lower, T diagonal, T above, T right, T* upper, T* w) {
-    const T reciprocal = T(Real(1)) / fnma_of(lower, *upper, diagonal);
+    const T reciprocal = T(Real(1)) / fnma(lower, *upper, diagonal);
     *upper = above * reciprocal;
-    *w = fnma_of(lower, *w, right) * reciprocal;
+    *w = fnma(lower, *w, right) * reciprocal;
     return reciprocal;
   }
-  static Real fnma_of(Real a, Real b, Real c) { return std::fma(-a, b, c); }
-  static V fnma_of(V a, V b, V c) { return fnma(a, b, c); }
 
   Real general_row(int64_t i, State* s) const {
     const Real h_before = x_[i] - x_[i - 1], h = x_[i + 1] - x_[i];
@@ -117,30 +115,30 @@ class NaturalLanes {
   void forward_stretches(State first) {
     V x_before[2], x_here[2], h_before[2], m_before[2], upper[2], w[2];
     for (int g = 0; g < 2; ++g) {
-      Real a[kWidth], b[kWidth], hb[kWidth], mb[kWidth], u[kWidth], v[kWidth];
-      for (int64_t j = 0; j < kWidth; ++j) {
-        const int64_t i = start(g * kWidth + j);
+      Real a[kSquare], b[kSquare], hb[kSquare], mb[kSquare], u[kSquare], v[kSquare];
+      for (int64_t j = 0; j < kSquare; ++j) {
+        const int64_t i = start(g * kSquare + j);
         a[j] = x_[i - 1], b[j] = x_[i], hb[j] = x_[i] - x_[i - 1], mb[j] = m(i - 1), u[j] = 0, v[j] = 0;
       }
       if (g == 0) u[0] = first.upper, v[0] = first.w;
-      x_before[g] = V::load(a), x_here[g] = V::load(b), h_before[g] = V::load(hb), m_before[g] = V::load(mb);
-      upper[g] = V::load(u), w[g] = V::load(v);
+      x_before[g] = load<V>(a), x_here[g] = load<V>(b), h_before[g] = load<V>(hb), m_before[g] = load<V>(mb);
+      upper[g] = load<V>(u), w[g] = load<V>(v);
     }
     V y_here[2];
     for (int g = 0; g < 2; ++g) {
-      Real b[kWidth];
-      for (int64_t j = 0; j < kWidth; ++j) b[j] = y_[start(g * kWidth + j)];
-      y_here[g] = V::load(b);
+      Real b[kSquare];
+      for (int64_t j = 0; j < kSquare; ++j) b[j] = y_[start(g * kSquare + j)];
+      y_here[g] = load<V>(b);
     }
-    V bad(Real(0));
+    Mask<V> bad = V(Real(0)) > V(Real(0));
     const V infinity(std::numeric_limits<Real>::infinity());
-    for (int64_t at = 0; at < length_; at += kWidth) {
-      V xs[2][kWidth], ys[2][kWidth], us[2][kWidth], ws[2][kWidth];
+    for (int64_t at = 0; at < length_; at += kSquare) {
+      V xs[2][kSquare], ys[2][kSquare], us[2][kSquare], ws[2][kSquare];
       for (int g = 0; g < 2; ++g) {
-        load_turned(x_ + start(g * kWidth) + at + 1, xs[g]);
-        load_turned(y_ + start(g * kWidth) + at + 1, ys[g]);
+        load_turned(x_ + start(g * kSquare) + at + 1, xs[g]);
+        load_turned(y_ + start(g * kSquare) + at + 1, ys[g]);
       }
-      for (int64_t k = 0; k < kWidth; ++k) {
+      for (int64_t k = 0; k < kSquare; ++k) {
         for (int g = 0; g < 2; ++g) {
           const V h = xs[g][k] - x_here[g];
           const V slope_here = (ys[g][k] - y_here[g]) * (V(Real(1)) / h);
@@ -154,27 +152,27 @@ class NaturalLanes {
         }
       }
       for (int g = 0; g < 2; ++g) {
-        store_turned(us[g], upper_ + start(g * kWidth) + at);
-        store_turned(ws[g], w_ + start(g * kWidth) + at);
+        store_turned(us[g], upper_ + start(g * kSquare) + at);
+        store_turned(ws[g], w_ + start(g * kSquare) + at);
       }
     }
-    if (bad.bits() != 0) failed_ = true;
+    if (!none(bad)) failed_ = true;
   }
 
-  // Rows of kWidth stretches, kWidth rows each: vector k holds row k of all.
+  // Rows of kSquare stretches, kSquare rows each: vector k holds row k of all.
   void load_turned(const Real* p, V* out) const {
-    for (int64_t j = 0; j < kWidth; ++j) out[j] = V::load(p + j * length_);
+    for (int64_t j = 0; j < kSquare; ++j) out[j] = load<V>(p + j * length_);
     turn(out);
   }
   void store_turned(V* rows, Real* p) const {
     turn(rows);
-    for (int64_t j = 0; j < kWidth; ++j) rows[j].store(p + j * length_);
+    for (int64_t j = 0; j < kSquare; ++j) store(p + j * length_, rows[j]);
   }
 
   // The derivative at i from the one at i + 1, and the coefficients of interval i.
   template <class T>
   static T back_row(T upper, T w, T d_next) {
-    return fnma_of(upper, d_next, w);
+    return fnma(upper, d_next, w);
   }
   void put(int64_t i, Real d, Real d_next) {
     const Real inverse = 1 / (x_[i + 1] - x_[i]);
@@ -217,34 +215,34 @@ class NaturalLanes {
   void backward_stretches(Real d_behind) {
     V d[2], x_behind[2], y_behind[2];
     for (int g = 0; g < 2; ++g) {
-      Real u[kWidth], a[kWidth], b[kWidth];
-      for (int64_t j = 0; j < kWidth; ++j) {
-        const int64_t i = start(g * kWidth + j + 1);
+      Real u[kSquare], a[kSquare], b[kSquare];
+      for (int64_t j = 0; j < kSquare; ++j) {
+        const int64_t i = start(g * kSquare + j + 1);
         // A guess for the derivative behind the stretch: its half-solved value.
-        u[j] = g * kWidth + j == kStretches - 1 ? d_behind : w_[i];
+        u[j] = g * kSquare + j == kStretches - 1 ? d_behind : w_[i];
         a[j] = x_[i], b[j] = y_[i];
       }
-      d[g] = V::load(u), x_behind[g] = V::load(a), y_behind[g] = V::load(b);
+      d[g] = load<V>(u), x_behind[g] = load<V>(a), y_behind[g] = load<V>(b);
     }
-    for (int64_t at = length_ - kWidth; at >= 0; at -= kWidth) {
-      V xs[2][kWidth], ys[2][kWidth], us[2][kWidth], ws[2][kWidth];
+    for (int64_t at = length_ - kSquare; at >= 0; at -= kSquare) {
+      V xs[2][kSquare], ys[2][kSquare], us[2][kSquare], ws[2][kSquare];
       for (int g = 0; g < 2; ++g) {
-        const int64_t i = start(g * kWidth) + at;
+        const int64_t i = start(g * kSquare) + at;
         load_turned(x_ + i, xs[g]);
         load_turned(y_ + i, ys[g]);
         load_turned(upper_ + i, us[g]);
         load_turned(w_ + i, ws[g]);
       }
-      for (int64_t k = kWidth - 1; k >= 0; --k) {
+      for (int64_t k = kSquare - 1; k >= 0; --k) {
         for (int g = 0; g < 2; ++g) {
           const V before = back_row(us[g][k], ws[g][k], d[g]);
           const V inverse = V(Real(1)) / (x_behind[g] - xs[g][k]);
           const V slope_here = (y_behind[g] - ys[g][k]) * inverse;
           V c2, c3;
           cubic_terms<CubicForm::kNatural>(slope_here, inverse, before, d[g], &c2, &c3);
-          Real rows[4 * kWidth];
+          Real rows[4 * kSquare];
           store_rows(rows, ys[g][k], before, c2, c3);
-          for (int64_t j = 0; j < kWidth; ++j) copy_row(rows + 4 * j, out_ + 4 * (start(g * kWidth + j) + at + k));
+          for (int64_t j = 0; j < kSquare; ++j) copy_row(rows + 4 * j, out_ + 4 * (start(g * kSquare + j) + at + k));
           d[g] = before, x_behind[g] = xs[g][k], y_behind[g] = ys[g][k];
         }
       }

@@ -48,7 +48,7 @@ int32_t run_midpoint(const Task& task) {
 template <class Real, bool kUniform>
 int32_t run_knots(const Task& task, Ends ends) {
   const Partition<Real, kUniform> partition(task);
-  const QuadraticKnots<Real> knots(task);
+  const Knots<Real, kUniform> knots(task, partition);
   if (!knots.ends_fit()) return DFS_BAD_INTERNAL_VALUES;
   const int64_t n = task.nx;
   const serv::Block<Real> scratch(static_cast<uint64_t>(4 * n + 1));
@@ -60,8 +60,8 @@ int32_t run_knots(const Task& task, Ends ends) {
     Real* d = dl + n;
     Real* du = d + n;
     Real* s = du + n;  // n + 1 slopes, one of them eliminated
-    const QuadraticSystem<Real> system{knots,           Values<Real>(task, f),        n,         left_end(ends),
-                                       right_end(ends), task.boundary_values<Real>(), from_right};
+    const QuadraticSystem<Real, kUniform> system{
+        knots, Values<Real>(task, f), n, left_end(ends), right_end(ends), task.boundary_values<Real>(), from_right};
     system.set_up(dl, d, du, s);
     if (solve_in_one_step(n, dl, d, du, system.unknowns(s)) != 0) return DFS_SOLVER_FAILED;
     system.restore_eliminated(s);

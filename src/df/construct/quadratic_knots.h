@@ -4,46 +4,16 @@
 #define ORVIK_DF_CONSTRUCT_QUADRATIC_KNOTS_H
 
 #include "df/construct/problem.h"
+#include "df/pieces/knots.h"
 
 namespace orvik::df {
-
-// Breakpoints and knots of a task; without given knots they lie half way between the breakpoints.
-template <class Real>
-class QuadraticKnots {
- public:
-  explicit QuadraticKnots(const Task& task)
-      : nx_(task.nx), x_(task.breakpoints<Real>()), given_(task.internal_values<Real>()), uniform_(task.uniform()) {
-    if (uniform_) step_ = (x_[1] - x_[0]) / static_cast<Real>(nx_ - 1);
-  }
-
-  Real breakpoint(int64_t i) const {
-    if (!uniform_) return x_[i];
-    return i == nx_ - 1 ? x_[1] : std::fma(step_, static_cast<Real>(i), x_[0]);
-  }
-  Real tau(int64_t i) const {
-    if (i == 0) return breakpoint(0);
-    if (i == nx_) return breakpoint(nx_ - 1);
-    return given_ != nullptr ? given_[i] : Real(0.5) * (breakpoint(i - 1) + breakpoint(i));
-  }
-  // Given knots must begin and end where the partition does.
-  bool ends_fit() const {
-    return given_ == nullptr || (given_[0] == breakpoint(0) && given_[nx_] == breakpoint(nx_ - 1));
-  }
-
- private:
-  int64_t nx_;
-  const Real* x_;
-  const Real* given_;
-  bool uniform_;
-  Real step_ = 0;
-};
 
 // Slopes s[i] at tau[i]. On [tau[i], tau[i+1]] the derivative runs linearly from s[i] to s[i+1]; continuity of the
 // value at tau[i] is row i, 1 <= i <= nx - 1. One end condition removes one end's slope, the other one is the last
 // equation.
-template <class Real>
+template <class Real, bool kEven>
 struct QuadraticSystem {
-  const QuadraticKnots<Real>& knots;
+  const Knots<Real, kEven>& knots;
   Values<Real> y;
   int64_t nx;
   End left, right;
@@ -72,7 +42,7 @@ struct QuadraticSystem {
     const int64_t shift = from_right ? 0 : 1;  // unknown k is slope k + shift
     const EndSlope a = left_slope(), b = right_slope();
     for (int64_t i = 1; i <= nx - 1; ++i) {
-      const Real before = knots.tau(i) - knots.breakpoint(i - 1), after = knots.breakpoint(i) - knots.tau(i);
+      const Real before = knots.tau(i) - knots.x(i - 1), after = knots.x(i) - knots.tau(i);
       const Real low = before * before / (2 * width(i - 1)), high = after * after / (2 * width(i));
       Real middle = before - low + after - high, right_side = y[i] - y[i - 1];
       const int64_t row = i - shift;
@@ -114,7 +84,7 @@ struct QuadraticSystem {
     for (int64_t i = 0; i < nx; ++i) {
       const Real bend = (s[i + 1] - s[i]) / width(i);
       c[3 * i] = y[i];
-      c[3 * i + 1] = std::fma(bend, knots.breakpoint(i) - knots.tau(i), s[i]);
+      c[3 * i + 1] = std::fma(bend, knots.x(i) - knots.tau(i), s[i]);
       c[3 * i + 2] = Real(0.5) * bend;
     }
   }

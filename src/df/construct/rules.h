@@ -1,6 +1,7 @@
 // The derivative rules of the local cubic kinds: each says which slopes it looks at, the derivative at an interior
 // breakpoint k of a chunk or at several from there on, and the derivatives at the ends of a periodic function. kHalo:
-// breakpoints that it looks at on either side; kFirst: where it begins to hold; kLengths: it reads intervals' lengths.
+// breakpoints that it looks at on either side; kFirst: where it begins to hold; kLengths: it reads intervals' lengths;
+// kGiven: there is none, the caller gives the derivatives.
 #ifndef ORVIK_DF_CONSTRUCT_RULES_H
 #define ORVIK_DF_CONSTRUCT_RULES_H
 
@@ -21,15 +22,11 @@ struct Outline {
   int64_t last() const { return nx - 2; }  // the last interval
 };
 
-// Derivatives that the caller gives.
+// Derivatives that the caller gives: only the ends are rules.
 struct Hermite {
-  static constexpr int64_t kHalo = 0, kFirst = 1;
-  static constexpr bool kLengths = false;
+  static constexpr bool kGiven = true;
+  static constexpr int64_t kFirst = 1;
 
-  template <class T, class Real, bool kUniform>
-  static T derivative(const Chunk<Real, kUniform>& c, int64_t k) {
-    return at<T>(c.given + (c.base + k - 1));  // the first one is of breakpoint 1
-  }
   template <class Real, bool kUniform>
   static Real periodic_left(const Outline<Real, kUniform>& o) {
     return o.bc[0];
@@ -42,17 +39,17 @@ struct Hermite {
 
 // The parabola through three neighbouring points.
 struct Bessel {
+  static constexpr bool kGiven = false;
   static constexpr int64_t kHalo = 1, kFirst = 1;
   static constexpr bool kLengths = true;
 
   template <class T, class Real, bool kUniform>
   static T derivative(const Chunk<Real, kUniform>& c, int64_t k) {
     if constexpr (kUniform) {
-      return (at<T>(c.y + k + 1) - at<T>(c.y + k - 1)) * T(Real(0.5) * c.partition.inverse_step);
+      return (load<T>(c.y + k + 1) - load<T>(c.y + k - 1)) * T(Real(0.5) * c.partition.inverse_step());
     } else {
-      using std::fma;
-      const T sum = fma(at<T>(c.h() + k), at<T>(c.m() + k - 1), at<T>(c.h() + k - 1) * at<T>(c.m() + k));
-      return sum / (at<T>(c.x + k + 1) - at<T>(c.x + k - 1));
+      const T sum = fma(load<T>(c.h() + k), load<T>(c.m() + k - 1), load<T>(c.h() + k - 1) * load<T>(c.m() + k));
+      return sum / (load<T>(c.x + k + 1) - load<T>(c.x + k - 1));
     }
   }
   template <class Real, bool kUniform>
@@ -79,23 +76,23 @@ struct Bessel {
  private:
   template <class Real>
   static Real around(const Outline<Real, true>& o) {
-    return ((o.y[1] + o.y[o.nx - 1]) - (o.y[0] + o.y[o.nx - 2])) * (Real(0.5) * o.partition.inverse_step);
+    return ((o.y[1] + o.y[o.nx - 1]) - (o.y[0] + o.y[o.nx - 2])) * (Real(0.5) * o.partition.inverse_step());
   }
 };
 
 // Bessel's derivative, cut to zero at extrema and to three times the smaller slope (Hyman 1983).
 struct Hyman {
+  static constexpr bool kGiven = false;
   static constexpr int64_t kHalo = 1, kFirst = 1;
   static constexpr bool kLengths = true;
 
   template <class T, class Real, bool kUniform>
   static T derivative(const Chunk<Real, kUniform>& c, int64_t k) {
-    using std::abs, std::copysign;
-    const T zero(Real(0)), left = at<T>(c.m() + k - 1), right = at<T>(c.m() + k);
+    const T zero(Real(0)), left = load<T>(c.m() + k - 1), right = load<T>(c.m() + k);
     const T b = select(zero >= left * right, zero, Bessel::derivative<T>(c, k));
-    const T size_left = abs(left), size_right = abs(right);
+    const T size_left = magnitude(left), size_right = magnitude(right);
     const T cap = T(Real(3)) * select(size_right < size_left, size_right, size_left);
-    return copysign(select(abs(b) < cap, T(abs(b)), cap), b);
+    return join_sign(select(magnitude(b) < cap, magnitude(b), cap), b);
   }
   template <class Real, bool kUniform>
   static Real periodic_left(const Outline<Real, kUniform>& o) {
@@ -109,6 +106,7 @@ struct Hyman {
 
 // Slopes weighted by how much the slopes on the other side change (Akima 1970).
 struct Akima {
+  static constexpr bool kGiven = false;
   static constexpr int64_t kHalo = 2, kFirst = 2;
   static constexpr bool kLengths = false;
 
@@ -118,35 +116,34 @@ struct Akima {
 
   template <class T, class Real, bool kUniform>
   static T derivative(const Chunk<Real, kUniform>& c, int64_t k) {
-    using std::abs;
     const Real* m = c.m() + k;
-    const T left = at<T>(m - 1), right = at<T>(m);
-    return weighted<Real, T>(abs(left - at<T>(m - 2)), abs(at<T>(m + 1) - right), left, right);
+    const T left = load<T>(m - 1), right = load<T>(m);
+    return weighted<Real, T>(magnitude(left - load<T>(m - 2)), magnitude(load<T>(m + 1) - right), left, right);
   }
   // Beside an end the weight that is missing is its neighbour's.
   template <class Real, bool kUniform>
   static Real beside_left(const Chunk<Real, kUniform>& c) {
     const Real* m = c.m();
-    return weighted<Real, Real>(std::abs(m[1] - m[0]), std::abs(m[2] - m[1]), m[0], m[1]);
+    return weighted<Real, Real>(magnitude(m[1] - m[0]), magnitude(m[2] - m[1]), m[0], m[1]);
   }
   template <class Real, bool kUniform>
   static Real beside_right(const Chunk<Real, kUniform>& c) {
     const Real* m = c.m() + c.points - 2;  // the last slope
-    return weighted<Real, Real>(std::abs(m[-1] - m[-2]), std::abs(m[0] - m[-1]), m[-1], m[0]);
+    return weighted<Real, Real>(magnitude(m[-1] - m[-2]), magnitude(m[0] - m[-1]), m[-1], m[0]);
   }
   template <class Real, bool kUniform>
   static Real periodic_left(const Outline<Real, kUniform>& o) {
     const Real a = o.m(o.last() - 1), b = o.m(o.last());
-    const Real v = std::abs(b - a), u = std::abs(o.m(1) - o.m(0));
-    if (std::abs(v + u) < kThreshold<Real>) return (b + o.m(0)) * Real(0.5);
+    const Real v = magnitude(b - a), u = magnitude(o.m(1) - o.m(0));
+    if (magnitude(v + u) < kThreshold<Real>) return (b + o.m(0)) * Real(0.5);
     return std::fma(v, o.m(0), u * b) / (v + u);
   }
   template <class Real, bool kUniform>
   static Real periodic_right(const Outline<Real, kUniform>& o) {
     const int64_t l = o.last();
     const Real a = o.m(0), b = o.m(1);
-    const Real v = std::abs(b - a), u = std::abs(o.m(l) - o.m(l - 1));
-    if (std::abs(v + u) < kThreshold<Real>) return (o.m(l) + a) * Real(0.5);
+    const Real v = magnitude(b - a), u = magnitude(o.m(l) - o.m(l - 1));
+    if (magnitude(v + u) < kThreshold<Real>) return (o.m(l) + a) * Real(0.5);
     return std::fma(o.m(l), v, u * a) / (v + u);
   }
 
@@ -154,7 +151,6 @@ struct Akima {
   // From the slopes on both sides and the weights beyond them.
   template <class Real, class T>
   static T weighted(T before, T after, T left, T right) {
-    using std::fma;
     const T s = after + before;
     return select(s < T(kThreshold<Real>), T(T(Real(0.5)) * (left + right)), T(fma(after, left, before * right) / s));
   }

@@ -1,8 +1,8 @@
 #include "df/interpolate/block.h"
 
-#include "df/construct/problem.h"
-#include "df/interpolate/direct.h"
-#include "df/interpolate/steps.h"
+#include "df/interpolate/evaluate.h"
+#include "df/pieces/steps.h"
+#include "df/pieces/values.h"
 #include "df/search/sites.h"
 
 namespace orvik::df {
@@ -12,34 +12,15 @@ template <class Real, class Index>
 class BlockRun {
  public:
   BlockRun(const Request<Real>& request, int64_t first, int64_t count, BlockRoom<Real, Index>& room)
-      : q_(request),
-        task_(request.task),
-        first_(first),
-        count_(count),
-        room_(room),
-        cell_(room.cell),
-        index_(room.index) {}
+      : q_(request), task_(request.task), first_(first), count_(count), room_(room), cell_(room.cell) {}
 
   int32_t run(int64_t* state) {
     take_sites();
-    int32_t status = find_cells(state);
-    if (status < 0) return status;
+    const int32_t found = find_cells(state);
+    if (found < 0) return found;
     if (q_.write_cells) store_cells();
-    if (!q_.compute) return 0;
-    if constexpr (sizeof(Index) == 4) {
-      if (one_result_each(q_) && evaluate_sites(q_, first_, count_, site_, StoredCells<Real>(task_, cell_))) return 0;
-    }
-    status = prepare();
-    if (status < 0) return status;
-    for (int64_t f = 0; f < task_.ny; ++f) {
-      int64_t place = 0;
-      for (int64_t k = 0; k < q_.orders.size(); ++k) {
-        if (!q_.orders[k]) continue;
-        status = results(f, k, place++);
-        if (status < 0) return status;
-      }
-    }
-    return 0;
+    const int32_t status = q_.compute ? compute() : 0;
+    return status < 0 ? status : found;
   }
 
  private:
@@ -53,11 +34,9 @@ class BlockRun {
   int32_t find_cells(int64_t* state) {
     if (q_.cells_given) {
       if (q_.narrow_user_cells()) {
-        const int32_t* given = static_cast<const int32_t*>(q_.cell) + first_;
-        for (int64_t j = 0; j < count_; ++j) cell_[j] = given[j];
+        take_cells(static_cast<const int32_t*>(q_.cell) + first_);
       } else {
-        const int64_t* given = static_cast<const int64_t*>(q_.cell) + first_;
-        for (int64_t j = 0; j < count_; ++j) cell_[j] = static_cast<Index>(given[j]);
+        take_cells(static_cast<const int64_t*>(q_.cell) + first_);
       }
       return 0;
     }
@@ -68,8 +47,12 @@ class BlockRun {
     const bool uniform = q_.finder.method() == Method::kUniformUserDefined;
     const int32_t status =
         user_cells(q_.finder.lookup(), uniform, q_.user, count_, site_, room_.user_cell, room_.user_flag);
-    for (int64_t j = 0; j < count_; ++j) cell_[j] = static_cast<Index>(room_.user_cell[j]);
+    if (status >= 0) take_cells(room_.user_cell);
     return status;
+  }
+  template <class Cell>
+  void take_cells(const Cell* given) {
+    for (int64_t j = 0; j < count_; ++j) cell_[j] = static_cast<Index>(given[j]);
   }
 
   void store_cells() {
@@ -82,98 +65,122 @@ class BlockRun {
     }
   }
 
+  int32_t compute() {
+    if constexpr (sizeof(Index) == 4) {
+      if (task_.ny == 1 && q_.polynomials_only()) {
+        if (in_runs()) {
+          evaluate(q_, 0, count_, RunSpots<Real>{{Partition<Real, false>(task_), site_, cell_}}, at(0));
+        } else {
+          with_partition<Real>(task_, [&](const auto& x) {
+            using Spots = CellSpots<Real, std::decay_t<decltype(x)>::kIsEven>;
+            evaluate(q_, 0, count_, Spots{x, site_, cell_}, at(0));
+          });
+        }
+        return 0;
+      }
+    }
+    int32_t status = with_partition<Real>(task_, [&](const auto& x) { return prepare(x); });
+    for (int64_t f = 0; f < task_.ny && status >= 0; ++f) {
+      if (!results(f)) continue;
+      if (q_.evaluator != Evaluator::kLookUp && q_.any_supplier()) status = supply(f);
+    }
+    return status;
+  }
+
+  // Whether ascending sites lie in a few pieces, many in each.
+  bool in_runs() const {
+    constexpr int64_t kRun = 16;
+    return q_.finder.method() == Method::kSorted && !q_.cells_given && (cell_[count_ - 1] - cell_[0]) * kRun <= count_;
+  }
+
+  // The place of the first site's first result.
+  Real* at(int64_t function) const { return q_.r + function * q_.layout.function + first_ * q_.layout.site; }
+
   // What all functions and derivatives share.
-  int32_t prepare() {
+  template <bool kEven>
+  int32_t prepare(const Partition<Real, kEven>& x) {
     switch (q_.evaluator) {
       case Evaluator::kQuadraticKnots:
-        locate_by_knots(task_, count_, site_, cell_, index_, room_.t);
+        locate(KnotPieces<Real, kEven>(task_));
         return 0;
       case Evaluator::kStepRight:
+        for (int64_t j = 0; j < count_; ++j) room_.index[j] = right_step_index(x, held_cell(j), site_[j]);
+        return 0;
       case Evaluator::kStepLeft:
+        for (int64_t j = 0; j < count_; ++j) room_.index[j] = left_step_index(x, held_cell(j), site_[j]);
+        return 0;
       case Evaluator::kLookUp:
-        return prepare_values();
+        for (int64_t j = 0; j < count_; ++j) {
+          room_.index[j] = look_up_index(x, held_cell(j), site_[j]);
+          if (room_.index[j] < 0) return DFS_SITE_NOT_BREAKPOINT;
+        }
+        if (q_.orders.given() != 1) return DFS_BAD_ORDER_COUNT;
+        return q_.orders.first_flag_set() ? 0 : DFS_BAD_ORDER_FLAG;
       default:
-        if (task_.s_order > 0) locate(task_, count_, site_, cell_, index_, room_.t);
+        if (task_.s_order > 0) locate(IntervalPieces<Real, kEven>(task_));
         return 0;
     }
   }
+  int64_t held_cell(int64_t j) const { return std::min<int64_t>(cell_[j], task_.nx); }
 
-  int32_t prepare_values() {
-    const Breakpoints<Real> x(task_);
-    for (int64_t j = 0; j < count_; ++j) {
-      const int64_t cell = std::min<int64_t>(cell_[j], task_.nx);
-      int64_t i;
-      if (q_.evaluator == Evaluator::kStepLeft) {
-        i = left_step_index(x, cell, site_[j]);
-      } else if (q_.evaluator == Evaluator::kStepRight) {
-        i = right_step_index(x, cell, site_[j]);
-      } else {
-        i = look_up_index(x, cell, site_[j]);
-        if (i < 0) return DFS_SITE_NOT_BREAKPOINT;
-      }
-      index_[j] = static_cast<Index>(i);
-    }
-    if (q_.evaluator != Evaluator::kLookUp) return 0;
-    if (q_.orders.given() != 1) return DFS_BAD_ORDER_COUNT;
-    return q_.orders.first_flag_set() ? 0 : DFS_BAD_ORDER_FLAG;
+  template <class Pieces>
+  void locate(const Pieces& pieces) {
+    for (int64_t j = 0; j < count_; ++j) room_.index[j] = pieces.of(cell_[j], site_[j]);
+    for (int64_t j = 0; j < count_; ++j) room_.t[j] = site_[j] - pieces.origin(room_.index[j]);
   }
 
-  // Derivative k of function f, the `place`-th result of a site.
-  int32_t results(int64_t f, int64_t k, int64_t place) {
-    Real* r = q_.r + f * q_.layout.function + first_ * q_.layout.site + place * q_.layout.derivative;
-    const bool direct = q_.layout.site == 1;
-    Real* out = direct ? r : room_.out;
-    if (!evaluate(f, k, out)) return 0;
-    if (q_.evaluator != Evaluator::kLookUp && q_.any_supplier()) {
-      const int32_t status = supplied(out);
-      if (status < 0) return status;
-    }
-    if (!direct) {
-      for (int64_t j = 0; j < count_; ++j) r[j * q_.layout.site] = out[j];
-    }
-    return 0;
-  }
-
-  // False when there is nothing to compute.
-  bool evaluate(int64_t f, int64_t k, Real* out) {
+  // The results of a function; false where there is nothing to compute.
+  bool results(int64_t f) {
     switch (q_.evaluator) {
-      case Evaluator::kLinear:
-        evaluate_polynomial<2>(task_.coefficients<Real>(f), k, count_, index_, room_.t, out);
-        return true;
-      case Evaluator::kQuadratic:
-      case Evaluator::kQuadraticKnots:
-        evaluate_polynomial<3>(task_.coefficients<Real>(f), k, count_, index_, room_.t, out);
-        return true;
-      case Evaluator::kCubic:
-        evaluate_polynomial<4>(task_.coefficients<Real>(f), k, count_, index_, room_.t, out);
-        return true;
       case Evaluator::kGeneral: {
         const int64_t order = task_.s_order;
         if (order == 0) return true;  // the callbacks give everything
         const Real* c = task_.coefficients<Real>(f);
-        for (int64_t j = 0; j < count_; ++j) out[j] = evaluate_general(c + order * index_[j], order, k, room_.t[j]);
-        return true;
+        return one_by_one(f, [&](int64_t j, int64_t k) {
+          return evaluate_general(c + order * room_.index[j], order, k, room_.t[j]);
+        });
       }
-      default: {
+      case Evaluator::kStepRight:
+      case Evaluator::kStepLeft:
+      case Evaluator::kLookUp: {
         if (!q_.orders[0]) return false;
         const Values<Real> y(task_, f);
-        for (int64_t j = 0; j < count_; ++j) out[j] = k == 0 ? y[index_[j]] : Real(0);
-        return true;
+        return one_by_one(f, [&](int64_t j, int64_t k) { return k == 0 ? y[room_.index[j]] : Real(0); });
       }
+      default:
+        evaluate(q_, f, count_, StoredSpots<Real>{room_.index, room_.t}, at(f));
+        return true;
     }
   }
 
-  int32_t supplied(Real* out) {
+  // result(j, k): derivative k of site j.
+  template <class Result>
+  bool one_by_one(int64_t f, Result result) {
+    Real* r = at(f);
+    for (int64_t k = 0; k < q_.orders.size(); ++k) {
+      if (!q_.orders[k]) continue;
+      for (int64_t j = 0; j < count_; ++j) r[j * q_.layout.site] = result(j, k);
+      r += q_.layout.derivative;
+    }
+    return true;
+  }
+
+  // What the callbacks put in place of the results of a function, one derivative after the other.
+  int32_t supply(int64_t f) {
     const Index nx = static_cast<Index>(task_.nx);
-    int32_t status = supplied_where(q_.left, out, [](Index cell) { return cell < 1; });
-    if (status >= 0) status = supplied_where(q_.right, out, [=](Index cell) { return cell >= nx; });
-    if (status >= 0) status = supplied_where(q_.inside, out, [=](Index cell) { return cell >= 1 && cell < nx; });
+    int32_t status = 0;
+    for (int64_t k = 0; k < q_.orders.asked() && status >= 0; ++k) {
+      Real* r = at(f) + k * q_.layout.derivative;
+      status = supply_where(q_.left, r, [](Index cell) { return cell < 1; });
+      if (status >= 0) status = supply_where(q_.right, r, [=](Index cell) { return cell >= nx; });
+      if (status >= 0) status = supply_where(q_.inside, r, [=](Index cell) { return cell >= 1 && cell < nx; });
+    }
     return status;
   }
 
   // Hands the sites whose cell fits to a callback, if there are any.
   template <class Fits>
-  int32_t supplied_where(const Supplier<Real>& supplier, Real* out, Fits fits) {
+  int32_t supply_where(const Supplier<Real>& supplier, Real* r, Fits fits) {
     if (supplier.callback == nullptr) return 0;
     int64_t n = 0;
     for (int64_t j = 0; j < count_; ++j) {
@@ -187,7 +194,7 @@ class BlockRun {
     const int32_t status =
         supplier.callback(&count, room_.user_site, room_.user_cell, room_.user_result, supplier.params);
     if (status < 0) return status;
-    for (int64_t j = 0; j < n; ++j) out[room_.user_place[j]] = room_.user_result[j];
+    for (int64_t j = 0; j < n; ++j) r[room_.user_place[j] * q_.layout.site] = room_.user_result[j];
     return 0;
   }
 
@@ -196,7 +203,6 @@ class BlockRun {
   const int64_t first_, count_;
   BlockRoom<Real, Index>& room_;
   Index* cell_;
-  Index* index_;
   const Real* site_ = nullptr;
 };
 

@@ -1,6 +1,6 @@
 // The interpolation call: tests of arguments, then the path that the size of the call deserves.
 #include "df/interpolate/block.h"
-#include "df/interpolate/direct.h"
+#include "df/interpolate/evaluate.h"
 #include "df/interpolate/one_site.h"
 #include "df/services.h"
 #include "orvik/serv.h"
@@ -13,13 +13,29 @@ constexpr int64_t kThreadBlock = 64;           // unit in which sites are divide
 constexpr int64_t kParallelResults = 1 << 14;  // fewer results are not worth the threads
 constexpr uint64_t kWorkArea = 18512;
 
-// Sites begin .. end - 1, block by block.
+// The sites first .. first + n - 1 of an even partition without blocks and cells. False where that does not serve.
+template <class Real>
+bool evaluate_on_grid(const Request<Real>& q, int64_t first, int64_t n) {
+  const Lookup<Real>& lookup = q.finder.lookup();
+  const bool only_sites = !q.write_cells && !q.cells_given && !q.uniform_sites;
+  if (!only_sites || !q.polynomials_only() || q.task.ny != 1 || q.finder.method() != Method::kUniform ||
+      !GridSpots<Real>::serves(lookup)) {
+    return false;
+  }
+  const GridSpots<Real> spots{Partition<Real, true>(q.task), lookup, q.site + first};
+  evaluate(q, 0, n, spots, q.r + first * q.layout.site);
+  return true;
+}
+
+// Sites begin .. end - 1, block by block. With a search by the caller they are all sites.
 template <class Real, class Index>
 int32_t run_range(const Request<Real>& request, int64_t begin, int64_t end, BlockRoom<Real, Index>& room) {
-  if (evaluate_without_cells(request, begin, end - begin)) return 0;
   int64_t state = 0;
+  const auto block = [&](int64_t at, int64_t count) { return run_block(request, at, count, &state, room); };
+  if (request.user.callback != nullptr) return run_user_blocks(end, block);
+  if (evaluate_on_grid(request, begin, end - begin)) return 0;
   for (int64_t at = begin; at < end; at += kBlockSites) {
-    const int32_t status = run_block(request, at, std::min(kBlockSites, end - at), &state, room);
+    const int32_t status = block(at, std::min(kBlockSites, end - at));
     if (status < 0) return status;
   }
   return 0;
@@ -34,28 +50,23 @@ int64_t tasks_for(const Request<Real>& request, const Services& services) {
 }
 
 template <class Real, class Index>
-int32_t run_on_threads(const Request<Real>& request, int64_t tasks, const Services& services,
-                       BlockRoom<Real, Index>& room) {
-  const int64_t blocks = request.nsite / kThreadBlock;
-  auto body = [&](int64_t index, int64_t) {
-    BlockRoom<Real, Index> own;
-    return run_range(request, kThreadBlock * (blocks * index / tasks), kThreadBlock * (blocks * (index + 1) / tasks),
-                     own);
-  };
-  const int32_t status = services.run(tasks, tasks, body);
-  if (status < 0) return status;
-  return run_range(request, kThreadBlock * blocks, request.nsite, room);
-}
-
-template <class Real, class Index>
 int32_t run_blocks(const Request<Real>& request, const Services& services) {
   using Room = BlockRoom<Real, Index>;
   static_assert(sizeof(Room) <= kWorkArea);
   Room* room = static_cast<Room*>(orvik_serv_allocate(kWorkArea, 128));
   if (room == nullptr) return DFS_NO_MEMORY;
   const int64_t tasks = tasks_for(request, services);
-  const int32_t status =
-      tasks > 1 ? run_on_threads(request, tasks, services, *room) : run_range(request, 0, request.nsite, *room);
+  int32_t status;
+  if (tasks > 1) {
+    const auto share = [&](int64_t task, int64_t begin, int64_t end) {
+      if (task == tasks) return run_range(request, begin, end, *room);
+      Room own;
+      return run_range(request, begin, end, own);
+    };
+    status = run_shares(services, request.nsite, kThreadBlock, tasks, Division::kEven, share);
+  } else {
+    status = run_range(request, 0, request.nsite, *room);
+  }
   orvik_serv_deallocate(room);
   return status;
 }
@@ -63,7 +74,8 @@ int32_t run_blocks(const Request<Real>& request, const Services& services) {
 template <class Real>
 [[gnu::noinline]] int32_t run(const Request<Real>& request, const Services& services) {
   const Task& task = request.task;
-  if (request.nsite < 1) return 0;
+  // A search by the caller is also told of no sites.
+  if (request.nsite < (request.user.callback != nullptr ? 0 : 1)) return 0;
   if (needs_wide_index(task.nx)) return run_blocks<Real, int64_t>(request, services);
   const bool cells_asked = request.write_cells || request.cells_given;
   if (request.nsite < kSmallCall && (task.index_width & 3) == 0 && !cells_asked) {
@@ -108,12 +120,23 @@ template <class Real>
   }
   const Layout layout = Layout::from_hint(rhint, task.ny, nsite, orders.asked());
   const bool write_cells = (flags & kCellsFlag) != 0;
-  const Request<Real> request{task,        evaluator,   Finder<Real>(task, method, datahint),
-                              orders,      layout,      compute,
-                              write_cells, cells_given, uniform_sites,
-                              nsite,       site,        r,
-                              cell,        left,        right,
-                              inside,      user};
+  const Request<Real> request{task,
+                              evaluator,
+                              Finder<Real>(task, method, datahint),
+                              orders,
+                              layout,
+                              compute,
+                              write_cells,
+                              cells_given,
+                              uniform_sites,
+                              nsite,
+                              site,
+                              r,
+                              cell,
+                              left,
+                              right,
+                              inside,
+                              cells_given ? UserSearch<Real>() : user};
   return run(request, Services(services));
 }
 

@@ -3,9 +3,9 @@
 #ifndef ORVIK_DF_INTERPOLATE_ONE_SITE_H
 #define ORVIK_DF_INTERPOLATE_ONE_SITE_H
 
-#include "df/interpolate/locate.h"
-#include "df/interpolate/polynomials.h"
 #include "df/interpolate/request.h"
+#include "df/pieces/pieces.h"
+#include "df/pieces/polynomials.h"
 
 namespace orvik::df {
 
@@ -23,7 +23,7 @@ int64_t one_cell(const Task& task, Method method, const Real* datahint, Real sit
 template <int kOrder, class Real>
 void one_polynomial(const Task& task, const Orders& orders, int64_t cell, Real site, Real* r) {
   const int64_t i = interval_of(cell, task.nx);
-  const Real t = site - left_end_of(task, task.breakpoints<Real>(), i);
+  const Real t = site - with_partition<Real>(task, [=](const auto& x) { return x.left_end(i); });
   const Real* c = task.coefficients<Real>(0) + kOrder * i;
   if (orders.value_alone()) {
     *r = horner<kOrder, 0, Real>(c, t);

@@ -2,23 +2,12 @@
 #ifndef ORVIK_DF_INTERPOLATE_REQUEST_H
 #define ORVIK_DF_INTERPOLATE_REQUEST_H
 
+#include "df/pieces/kinds.h"
 #include "df/search/finder.h"
 #include "df/search/user_defined.h"
 #include "df/task/task.h"
 
 namespace orvik::df {
-
-// In the order of all tables of evaluators.
-enum class Evaluator { kLinear, kQuadratic, kCubic, kQuadraticKnots, kGeneral, kStepRight, kStepLeft, kLookUp };
-
-// By the spline's order and type; false when nothing evaluates such a spline.
-bool choose_other_evaluator(int64_t order, int64_t type, bool all_callbacks, Evaluator* evaluator);
-inline bool choose_evaluator(int64_t order, int64_t type, bool all_callbacks, Evaluator* evaluator) {
-  constexpr uint64_t kCubicTypes = 1 << 0 | 1 << 2 | 1 << 3 | 1 << 4 | 1 << 5 | 1 << 9;
-  if (order != 4) return choose_other_evaluator(order, type, all_callbacks, evaluator);
-  *evaluator = Evaluator::kCubic;
-  return type >= 0 && type < 64 && (kCubicTypes >> type & 1) != 0;
-}
 
 inline constexpr int64_t kComputeFlag = 1, kCellsFlag = 2, kCellsGiven = 4;
 
@@ -40,6 +29,12 @@ class Orders {
   int64_t asked() const { return asked_; }  // results of one site and function
   bool value_alone() const { return size_ == 1; }
   bool operator[](int64_t k) const { return none_set_ ? k == 0 : raw(k) == 1; }
+  // The asked derivatives below `order`, at most 32, as bits.
+  unsigned below(int64_t order) const {
+    unsigned bits = 0;
+    for (int64_t k = 0; k < std::min(order, size_); ++k) bits |= static_cast<unsigned>((*this)[k]) << k;
+    return bits;
+  }
   bool first_flag_set() const { return given_ > 0 && raw(0) != 0; }
 
  private:
@@ -88,6 +83,8 @@ struct Request {
   UserSearch<Real> user;
 
   bool narrow_user_cells() const { return task.index_width == 0; }
+  // The polynomials alone give the results.
+  bool polynomials_only() const { return compute && evaluator <= Evaluator::kCubic && !any_supplier(); }
   bool any_supplier() const { return left.callback || right.callback || inside.callback; }
 };
 

@@ -7,22 +7,51 @@
 
 namespace orvik::df {
 
+// Cells of whole vectors of any sites. The last cell is held by an upper bound of the position, one step lower for the
+// right end itself, where (x[1] - x[0]) * value is never a whole step short of nx - 1. What is not at or right of x[0]
+// lies at -1, before the cell of position 0; a position that is not a number lies at the bound.
+template <class Real, class Cell>
+void uniform_lanes(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell) {
+  using V = Lanes<Real>;
+  const V x0(p.x[0]), x1(p.x[1]), value(p.value), most(static_cast<Real>(p.nx - 1)), one(Real(1)), before(Real(-1));
+  const LaneIndices<Real> next(1);
+  for (int64_t j = 0; j < n; j += kWidth<V>) {
+    const V t = load<V>(site + j);
+    const Mask<V> inside = t >= x0;
+    const V bound = keep(inside, most - keep(t == x1, one)) | drop(inside, before);
+    store_indices(cell + j, truncated(max(min((t - x0) * value, bound), before)) + next);
+  }
+}
+
+// Blocks of sites whose positions lie from 0 to below nx - 1 need no bounds. A position below 0 has a sign; one that is
+// no number or too large becomes the largest index without one.
 template <class Index, class Real, class Cell>
 void uniform_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell) {
   using V = Lanes<Real>;
+  constexpr int64_t kTogether = 8 * kWidth<V>;
   int64_t j = 0;
-  // All cell numbers are reals without rounding: the cases are told apart before one conversion.
+  // All cell numbers are reals without rounding.
   if (p.nx < (int64_t(1) << (sizeof(Real) == 8 ? 31 : 24)) - 1) {
-    const Real steps = static_cast<Real>(p.nx - 1);
-    const V x0(p.x[0]), x1(p.x[1]), value(p.value), limit(steps), before(Real(-1)), at_end(steps - 1);
-    for (; j + V::kCount <= n; j += V::kCount) {
-      const V t = V::load(site + j);
-      const V position = (t - x0) * value;
-      const V inside = (t < x1) & (position < limit);
-      V next = select(inside, position, limit);
-      next = select(t == x1, at_end, next);
-      select(t >= x0, next, before).store_next(cell + j);
+    const V x0(p.x[0]), value(p.value);
+    const LaneIndices<Real> next(1), zero(0);
+    const LaneIndices<Real> last(static_cast<int32_t>(p.nx - 2));
+    for (; j + kTogether <= n; j += kTogether) {
+      V signs(Real(0));
+      LaneIndices<Real> most = zero;
+      for (int64_t k = 0; k < kTogether; k += kWidth<V>) {
+        const V position = (load<V>(site + j + k) - x0) * value;
+        const LaneIndices<Real> i = truncated(position);
+        signs = signs | position;
+        most = max_unsigned(most, i);
+        store_indices(cell + j + k, i + next);
+      }
+      if (!none(sign_decides(signs)) || any_above_unsigned(most, last)) {
+        uniform_lanes(p, kTogether, site + j, cell + j);
+      }
     }
+    const int64_t rest = (n - j) / kWidth<V> * kWidth<V>;
+    uniform_lanes(p, rest, site + j, cell + j);
+    j += rest;
   }
   for (; j < n; ++j) cell[j] = static_cast<Cell>(uniform_cell<Index>(p, site[j]));
 }
@@ -38,19 +67,21 @@ void quasi_uniform_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cel
   }
 }
 
+inline constexpr int64_t kSortedChunk = 64;  // ascending sites that are looked at together
+
 // Ascending sites that pass few breakpoints: as many as lie before the next one are in the state's cell.
 template <class Index, class Real, class Cell>
 void sorted_sparse_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell, Index* state) {
   using V = Lanes<Real>;
-  constexpr unsigned kAll = (1u << V::kCount) - 1;
+  constexpr unsigned kAll = (1u << kWidth<V>)-1;
   const Index nx = static_cast<Index>(p.nx);
   for (int64_t j = 0; j < n;) {
-    if (*state < nx && j + V::kCount <= n) {
-      const unsigned before = (V::load(site + j) < V(p.x[*state])).bits();
-      for (int64_t k = 0; k < V::kCount; ++k) cell[j + k] = *state;
+    if (*state < nx && j + kWidth<V> <= n) {
+      const unsigned before = lane_bits(load<V>(site + j) < V(p.x[*state]));
+      for (int64_t k = 0; k < kWidth<V>; ++k) cell[j + k] = *state;
       // A predicted branch here keeps the next load from waiting for this comparison.
       if (before == kAll) {
-        j += V::kCount;
+        j += kWidth<V>;
         continue;
       }
       j += __builtin_ctz(~before);
@@ -60,55 +91,49 @@ void sorted_sparse_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cel
   }
 }
 
-// Sites that pass a breakpoint every few sites: eight are counted against the next three breakpoints without a branch.
+// Sites that pass a breakpoint every few sites: eight are counted against the next kAhead breakpoints without a branch.
 // Whatever is out of that order goes site by site. Of `present` sites the first n are wanted.
-template <class Index, class Real, class Cell>
+template <int kAhead, class Index, class Real, class Cell>
 void sorted_dense_cells(const Lookup<Real>& p, int64_t n, int64_t present, const Real* site, Cell* cell, Index* state) {
   using V = Lanes<Real>;
-  constexpr int64_t kTogether = 8;
-  constexpr unsigned kAll = (1u << V::kCount) - 1;
+  constexpr int64_t kTogether = 8, kVectors = kTogether / kWidth<V>;
+  constexpr unsigned kAll = (1u << kWidth<V>)-1;
   const Index nx = static_cast<Index>(p.nx);
-  const V one(Real(1));
   int64_t j = 0;
   for (; j + kTogether <= n && j + kTogether < present; j += kTogether) {
     const Index k = *state;
+    V t[kVectors];
     unsigned ascending = kAll;
-    for (int64_t i = 0; i < kTogether; i += V::kCount) {
-      ascending &= (V::load(site + j + i + 1) >= V::load(site + j + i)).bits();
+    for (int64_t i = 0; i < kVectors; ++i) {
+      t[i] = load<V>(site + j + i * kWidth<V>);
+      ascending &= lane_bits(load<V>(site + j + i * kWidth<V> + 1) >= t[i]);
     }
-    if (ascending != kAll || k >= nx - 3 || !(p.x[k + 3] > site[j + kTogether - 1])) {
+    if (ascending != kAll || k >= nx - kAhead || !(p.x[k + kAhead] > site[j + kTogether - 1])) {
       for (int64_t i = 0; i < kTogether; ++i) cell[j + i] = sorted_cell(p, site[j + i], state);
       continue;
     }
-    const V x0(p.x[k]), x1(p.x[k + 1]), x2(p.x[k + 2]);
-    for (int64_t i = 0; i < kTogether; i += V::kCount) {
-      const V t = V::load(site + j + i);
-      const V passed = ((t >= x0) & one) + ((t >= x1) & one) + ((t >= x2) & one);
-      (truncated(passed) + Indices<Real>(static_cast<int32_t>(k))).store(cell + j + i);
+    Integer<V> passed[kVectors];  // as -1
+    for (int64_t i = 0; i < kVectors; ++i) passed[i] = Integer<V>(Bits<V>(0));
+    for (int64_t ahead = 0; ahead < kAhead; ++ahead) {
+      const V x(p.x[k + ahead]);
+      for (int64_t i = 0; i < kVectors; ++i) passed[i] = passed[i] + minus_one(t[i] >= x);
     }
-    const Real t = site[j + kTogether - 1];
-    *state = k + (p.x[k] <= t) + (p.x[k + 1] <= t) + (p.x[k + 2] <= t);
+    for (int64_t i = 0; i < kVectors; ++i) {
+      store_indices(cell + j + i * kWidth<V>, LaneIndices<Real>(static_cast<int32_t>(k)) - to_indices(passed[i]));
+    }
+    // Anew for the last site, so that the next turn waits for no store.
+    const Real t_last = site[j + kTogether - 1];
+    Index ahead = 0;
+    if constexpr (kAhead % kWidth<V> == 0) {
+      for (int64_t i = 0; i < kAhead; i += kWidth<V>) {
+        ahead += static_cast<Index>(__builtin_popcount(lane_bits(V(t_last) >= load<V>(p.x + k + i))));
+      }
+    } else {
+      for (int64_t i = 0; i < kAhead; ++i) ahead += p.x[k + i] <= t_last;
+    }
+    *state = k + ahead;
   }
   for (; j < n; ++j) cell[j] = sorted_cell(p, site[j], state);
-}
-
-template <class Index, class Real, class Cell>
-void sorted_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell, int64_t* sorted_state) {
-  constexpr int64_t kChunk = 64;
-  if (n < 1) return;
-  Index state = static_cast<Index>(*sorted_state);
-  approach_first_site(p, site[0], &state);
-  const Index nx = static_cast<Index>(p.nx);
-  for (int64_t at = 0; at < n; at += kChunk) {
-    const int64_t count = std::min(kChunk, n - at);
-    // Whether the chunk passes four breakpoints. The counting of cells needs 32-bit ones.
-    if (sizeof(Index) == 4 && state < nx - 3 && p.x[state + 3] <= site[at + count - 1]) {
-      sorted_dense_cells(p, count, n - at, site + at, cell + at, &state);
-    } else {
-      sorted_sparse_cells(p, count, site + at, cell + at, &state);
-    }
-  }
-  *sorted_state = state;
 }
 
 template <class Index, class Real, class Cell>
@@ -121,29 +146,22 @@ template <class Real>
 void find_buckets(const Lookup<Real>& p, int64_t count, const Real* site, int32_t* bucket) {
   using V = Lanes<Real>;
   const V x0(p.x[0]), scale(p.value), zero(Real(0)), most(static_cast<Real>(bucket_count(p.nx)));
-  for (int64_t j = 0; j < count; j += V::kCount) {
-    const V position = (V::load(site + j) - x0) * scale;
+  for (int64_t j = 0; j < count; j += kWidth<V>) {
+    const V position = (load<V>(site + j) - x0) * scale;
     const V held = select(zero < position, select(position < most, position, most), zero);
-    held.store_truncated(bucket + j);
+    store_indices(bucket + j, truncated(held));
   }
 }
 
 // First breakpoints of the buckets' brackets; returns the greatest width.
 inline int32_t load_brackets(const int64_t* table, int64_t count, const int32_t* bucket, int32_t* start) {
-  __m128i width = _mm_setzero_si128();
+  I32Half width(0);
   for (int64_t j = 0; j < count; j += 4) {
-    const auto pair = [&](int64_t k) {
-      return _mm_loadu_ps(reinterpret_cast<const float*>(table + 2 * static_cast<int64_t>(bucket[j + k])));
-    };
-    const __m128 two = _mm_shuffle_ps(pair(0), pair(1), 0x88), more = _mm_shuffle_ps(pair(2), pair(3), 0x88);
-    const __m128i lo = _mm_castps_si128(_mm_shuffle_ps(two, more, 0x88));
-    const __m128i hi = _mm_castps_si128(_mm_shuffle_ps(two, more, 0xDD));
-    width = _mm_max_epi32(width, _mm_sub_epi32(hi, lo));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(start + j), lo);
+    const auto [lo, hi] = gather_pairs(table, bucket + j);
+    width = max(width, hi - lo);
+    store_indices(start + j, lo);
   }
-  alignas(16) int32_t widths[4];
-  _mm_store_si128(reinterpret_cast<__m128i*>(widths), width);
-  return std::max(std::max(widths[0], widths[1]), std::max(widths[2], widths[3]));
+  return largest(width);
 }
 
 // Breakpoints around which cells are counted: windows of `width` from a site's start on, all of them in x[0 .. limit).
@@ -153,20 +171,22 @@ struct Windows {
   const Real* x;
   int32_t width, limit;
 };
+template <class Real>
+inline constexpr int32_t kNarrowWindow = 6 * kWidth<Lanes<Real>>;  // these are counted, not halved
 
 // Halves the windows together until they are narrow enough to be counted.
 template <class Real>
 int32_t halve_windows(const Windows<Real>& w, int32_t narrow, int64_t count, const Real* site, int32_t* start) {
   using V = Lanes<Real>;
-  using I = Indices<Real>;
+  using I = LaneIndices<Real>;
   int32_t width = w.width;
   for (; width > narrow; width -= width / 2) {
     const int32_t half = width / 2;
     const I leap(half), most(w.limit - width);
-    for (int64_t j = 0; j < count; j += V::kCount) {
-      const I from = min(I::load(start + j), most);
+    for (int64_t j = 0; j < count; j += kWidth<V>) {
+      const I from = min(load_indices<I>(start + j), most);
       const V middle = gather(w.x + half - 1, from);
-      select(V::load(site + j) >= middle, from + leap, from).store(start + j);
+      store_indices(start + j, select_index(load<V>(site + j) >= middle, from + leap, from));
     }
   }
   return width;
@@ -177,32 +197,87 @@ template <class Real, class Cell>
 void count_windows(const Windows<Real>& w, int64_t count, const Real* site, const int32_t* start, int32_t last_index,
                    Real last, Cell* cell) {
   using V = Lanes<Real>;
-  const int32_t vectors = (w.width + V::kCount - 1) / V::kCount;
-  const int32_t most = w.limit - vectors * V::kCount;
+  const int32_t vectors = (w.width + kWidth<V> - 1) / kWidth<V>;
+  const int32_t most = w.limit - vectors * kWidth<V>;
   for (int64_t j = 0; j < count; j += 4) {
     const Real* x[4];
-    V passed[4];
+    Integer<V> passed[4];  // as -1
     for (int k = 0; k < 4; ++k) {
       x[k] = w.x + std::min(start[j + k], most);
-      passed[k] = V(Real(0));
+      passed[k] = Integer<V>(Bits<V>(0));
     }
     for (int32_t v = 0; v < vectors; ++v) {
-      for (int k = 0; k < 4; ++k) count_true(&passed[k], V(site[j + k]) >= V::load(x[k] + v * V::kCount));
+      for (int k = 0; k < 4; ++k) {
+        passed[k] = passed[k] + minus_one(V(site[j + k]) >= load<V>(x[k] + v * kWidth<V>));
+      }
     }
-    const __m128i from =
-        _mm_min_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(start + j)), _mm_set1_epi32(most));
-    __m128i cells = _mm_sub_epi32(from, totals(passed));
-    cells = _mm_min_epi32(cells, _mm_set1_epi32(last_index));
+    const I32Half from = min(load_indices<I32Half>(start + j), I32Half(most));
     // Only sites beyond the last breakpoint pass it.
-    cells = _mm_sub_epi32(cells, above(site + j, last));
-    store_indices(cell + j, cells);
+    const I32Half cells = min(from - totals(passed), I32Half(last_index));
+    store_indices(cell + j, cells - four_above(site + j, last));
   }
+}
+
+// Sites that pass about as many breakpoints as they are, or more: all are sought at once in the stretch of breakpoints
+// that the last one ends. False where the sites do not ascend from the state on, or end at the last breakpoint.
+template <class Real, class Cell>
+bool sorted_far_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell, int32_t* state) {
+  using V = Lanes<Real>;
+  const int32_t nx = static_cast<int32_t>(p.nx), from = *state;
+  const Real last = site[n - 1];
+  Mask<V> ascend = load<V>(site + 1) >= load<V>(site);
+  for (int64_t j = kWidth<V>; j < n; j += kWidth<V>) ascend = ascend & (load<V>(site + j) >= load<V>(site + j - 1));
+  if (lane_bits(ascend) != (1u << kWidth<V>)-1 || last == p.x[nx - 1]) return false;
+  if (from > 0 && !(site[0] >= p.x[from - 1])) return false;
+  const int32_t end = leap_up(p.x, nx, from, last);
+  int32_t start[kSortedChunk];
+  std::fill(start, start + n, from);
+  Windows<Real> windows{p.x, end - from, nx};
+  windows.width = halve_windows(windows, kNarrowWindow<Real>, n, site, start);
+  count_windows(windows, n, site, start, nx - 1, p.x[nx - 1], cell);
+  *state = end;
+  return true;
+}
+
+template <class Index, class Real, class Cell>
+void sorted_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell, int64_t* sorted_state) {
+  constexpr Index kFar = 80;  // breakpoints
+  if (n < 1) return;
+  Index state = static_cast<Index>(*sorted_state);
+  approach_first_site(p, site[0], &state);
+  const Index nx = static_cast<Index>(p.nx);
+  for (int64_t at = 0; at < n; at += kSortedChunk) {
+    const int64_t count = std::min(kSortedChunk, n - at);
+    const auto passes = [&](Index breakpoints) {  // by the chunk
+      return state < nx - breakpoints && p.x[state + breakpoints] <= site[at + count - 1];
+    };
+    // The counting of cells needs 32-bit ones.
+    if constexpr (sizeof(Index) == 4) {
+      if (count == kSortedChunk && nx >= kNarrowWindow<Real> && passes(kFar) &&
+          sorted_far_cells(p, count, site + at, cell + at, &state)) {
+        continue;
+      }
+    }
+    const auto dense = [&]<int kAhead>() {
+      sorted_dense_cells<kAhead>(p, count, n - at, site + at, cell + at, &state);
+    };
+    if (sizeof(Index) == 8 || !passes(3)) {
+      sorted_sparse_cells(p, count, site + at, cell + at, &state);
+    } else if (!passes(8)) {
+      dense.template operator()<3>();
+    } else if (!passes(28)) {
+      dense.template operator()<8>();
+    } else {
+      dense.template operator()<16>();
+    }
+  }
+  *sorted_state = state;
 }
 
 template <class Index, class Real, class Cell>
 void hybrid_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell) {
   constexpr int64_t kGroup = 128, kTogether = 8;
-  constexpr int32_t kNarrow = 6 * static_cast<int32_t>(Lanes<Real>::kCount);
+  constexpr int32_t kNarrow = kNarrowWindow<Real>;
   int64_t at = 0;
   if constexpr (sizeof(Index) == 4) {
     int32_t bucket[kGroup], start[kGroup];

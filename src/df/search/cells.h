@@ -46,16 +46,15 @@ Index scan_down(const Real* x, Index start, Real t) {
   return k;
 }
 
-// Only the two ends x[0] and x[1] exist.
+// Only the two ends x[0] and x[1] exist. A site just above the right end has the cell that the formula gives.
 template <class Index, class Real>
 Index uniform_cell(const Lookup<Real>& p, Real t) {
   const Index nx = static_cast<Index>(p.nx);
   if (t == p.x[1]) return nx - 1;
   if (!(t >= p.x[0])) return 0;
-  if (t > p.x[1]) return nx;
   const Real position = (t - p.x[0]) * p.value;
   if (!(position < real_not_below<Real>(p.nx - 1))) return nx;
-  return static_cast<Index>(position) + 1;
+  return position > 0 ? static_cast<Index>(position) + 1 : 1;
 }
 
 // A guess from an even spacing, kept inside the partition.
@@ -125,11 +124,11 @@ Index count_one_site(const Real* x, Index lo, Index hi, Real t) {
     lo = above ? lo : mid;
   }
   Index count = 0, k = lo;
-  for (; k + V::kCount <= hi; k += V::kCount) count += __builtin_popcount((V(t) >= V::load(x + k)).bits());
+  for (; k + kWidth<V> <= hi; k += kWidth<V>) count += __builtin_popcount(lane_bits(V(t) >= load<V>(x + k)));
   const Index rest = hi - k;
-  if (rest > 0 && hi >= V::kCount) {  // they are the last ones before hi
-    const unsigned last = (V(t) >= V::load(x + hi - V::kCount)).bits();
-    return lo + count + __builtin_popcount(last >> (V::kCount - rest));
+  if (rest > 0 && hi >= kWidth<V>) {  // they are the last ones before hi
+    const unsigned last = lane_bits(V(t) >= load<V>(x + hi - kWidth<V>));
+    return lo + count + __builtin_popcount(last >> (kWidth<V> - rest));
   }
   for (; k < hi; ++k) count += x[k] <= t;
   return lo + count;
@@ -159,25 +158,30 @@ Index sorted_cell(const Lookup<Real>& p, Real t, Index* state) {
   return *state = scan_up(p.x, nx, *state, t);
 }
 
-// Before the first site: leap towards it, twice as far each time, then halve the last leap.
-template <class Index, class Real>
-void approach_first_site(const Lookup<Real>& p, Real t, Index* state) {
-  if (*state >= p.nx - p.nx / 2 || t == p.x[p.nx - 1]) return;
-  int64_t lo = *state, leap = 1;
-  while (lo + leap < p.nx && !(p.x[lo + leap] > t)) {
+// First k >= start with x[k] > t, nx if there is none, for ascending x: leaps twice as far each time, the last one
+// halved.
+template <class Real, class Index>
+Index leap_up(const Real* x, Index nx, Index start, Real t) {
+  int64_t lo = static_cast<int64_t>(start) - 1, leap = 1;  // x[lo] is not above t, or before the start
+  while (lo + leap < nx && !(x[lo + leap] > t)) {
     lo += leap;
     leap *= 2;
   }
-  int64_t hi = std::min(lo + leap, p.nx);
+  int64_t hi = std::min<int64_t>(lo + leap, nx);
   while (hi - lo > 1) {
     const int64_t mid = lo + (hi - lo) / 2;
-    if (p.x[mid] > t) {
-      hi = mid;
-    } else {
-      lo = mid;
-    }
+    const bool above = x[mid] > t;
+    hi = above ? mid : hi;
+    lo = above ? lo : mid;
   }
-  *state = static_cast<Index>(lo);
+  return static_cast<Index>(hi);
+}
+
+// Before the first site, to near its cell.
+template <class Index, class Real>
+void approach_first_site(const Lookup<Real>& p, Real t, Index* state) {
+  if (*state >= p.nx - p.nx / 2 || t == p.x[p.nx - 1]) return;
+  *state = leap_up(p.x, static_cast<Index>(p.nx), *state, t);
 }
 
 // A caller's guess made right. A site equal to x[guess] stays in cell `guess`.

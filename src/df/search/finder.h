@@ -1,8 +1,9 @@
-// Which method a search takes, and the methods behind one call.
+// Which method a search takes, and the methods behind one call. What works on blocks of sites is compiled in finder.cc
+// alone.
 #ifndef ORVIK_DF_SEARCH_FINDER_H
 #define ORVIK_DF_SEARCH_FINDER_H
 
-#include "df/search/blocks.h"
+#include "df/search/cells.h"
 #include "df/task/task.h"
 
 namespace orvik::df {
@@ -44,6 +45,7 @@ int32_t choose_method(const Task& task, bool has_callback, int64_t sitehint, con
 template <class Real>
 class Finder {
  public:
+  Finder() = default;
   Finder(const Task& task, Method method, const Real* datahint) : method_(method) {
     const Real* x = task.breakpoints<Real>();
     lookup_ = {task.nx, x, Real(0), task.bucket_table};
@@ -89,25 +91,7 @@ class Finder {
 
   // Cells of n sites, with indices of type Index. `state`: where the sorted method goes on, and from then on ends.
   template <class Index, class Cell>
-  void many(int64_t n, const Real* site, Cell* cell, int64_t* state) const {
-    switch (method_) {
-      case Method::kUniform:
-        uniform_cells<Index>(lookup_, n, site, cell);
-        break;
-      case Method::kQuasiUniform:
-        quasi_uniform_cells<Index>(lookup_, n, site, cell);
-        break;
-      case Method::kSorted:
-        sorted_cells<Index>(lookup_, n, site, cell, state);
-        break;
-      case Method::kPeak:
-        peak_cells<Index>(lookup_, n, site, cell);
-        break;
-      default:
-        hybrid_cells<Index>(lookup_, n, site, cell);
-        break;
-    }
-  }
+  void many(int64_t n, const Real* site, Cell* cell, int64_t* state) const;
 
   // The same with the narrowest arithmetic that nx allows.
   template <class Cell>
@@ -120,19 +104,9 @@ class Finder {
   }
 
  private:
-  Method method_;
-  Lookup<Real> lookup_;
+  Method method_ = Method::kHybrid;
+  Lookup<Real> lookup_ = {};
 };
-
-extern template class Finder<double>;
-extern template class Finder<float>;
-#define ORVIK_DF_FINDER_FORMS(prefix, Real)                                                                  \
-  prefix template void Finder<Real>::many<int32_t, int32_t>(int64_t, const Real*, int32_t*, int64_t*) const; \
-  prefix template void Finder<Real>::many<int32_t, int64_t>(int64_t, const Real*, int64_t*, int64_t*) const; \
-  prefix template void Finder<Real>::many<int64_t, int32_t>(int64_t, const Real*, int32_t*, int64_t*) const; \
-  prefix template void Finder<Real>::many<int64_t, int64_t>(int64_t, const Real*, int64_t*, int64_t*) const;
-ORVIK_DF_FINDER_FORMS(extern, double)
-ORVIK_DF_FINDER_FORMS(extern, float)
 
 }  // namespace orvik::df
 

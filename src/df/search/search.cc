@@ -9,7 +9,6 @@ namespace orvik::df {
 namespace {
 
 constexpr int64_t kShortCall = 32;     // fewer sites are searched one by one
-constexpr int64_t kUserBlock = 128;    // sites of one call of a search callback
 constexpr int64_t kHybridBlock = 128;  // unit in which the hybrid method is divided among threads
 constexpr int64_t kSitesOnStack = 4096;
 
@@ -45,22 +44,13 @@ int32_t find(const Finder<Real>& finder, int64_t nsite, const Real* site, Cell* 
     finder.cells(nsite, site, cell, &state);
     return 0;
   }
-  int64_t tasks = threads, share = nsite / threads;
-  if (finder.method() == Method::kHybrid) {
-    const int64_t blocks = nsite / kHybridBlock;
-    tasks = std::min(threads, blocks);
-    share = kHybridBlock * (blocks / tasks);
-  }
-  auto body = [&](int64_t index, int64_t) {
-    int64_t start = 0;
-    finder.cells(share, site + index * share, cell + index * share, &start);
-    return 0;
-  };
-  const int32_t status = services.run(tasks, tasks, body);
-  if (status < 0) return status;
-  const int64_t done = tasks * share;
-  finder.cells(nsite - done, site + done, cell + done, &state);
-  return 0;
+  const int64_t block = finder.method() == Method::kHybrid ? kHybridBlock : 1;
+  return run_shares(services, nsite, block, std::min(threads, nsite / block), Division::kAlike,
+                    [&](int64_t, int64_t begin, int64_t end) {
+                      int64_t start = 0;
+                      finder.cells(end - begin, site + begin, cell + begin, &start);
+                      return 0;
+                    });
 }
 
 template <class Real, class Cell>
@@ -69,14 +59,11 @@ int32_t find_by_user(const Finder<Real>& finder, const UserSearch<Real>& user, i
   const bool uniform = finder.method() == Method::kUniformUserDefined;
   int64_t cells[kUserBlock];
   int32_t flags[kUserBlock];
-  // The last call has what is left, also when that is nothing.
-  for (int64_t at = 0;; at += kUserBlock) {
-    const int64_t count = std::min(kUserBlock, nsite - at);
+  return run_user_blocks(nsite, [&](int64_t at, int64_t count) {
     const int32_t status = user_cells(finder.lookup(), uniform, user, count, site + at, cells, flags);
-    if (status < 0) return status;
-    for (int64_t j = 0; j < count; ++j) cell[at + j] = static_cast<Cell>(cells[j]);
-    if (count < kUserBlock) return status;
-  }
+    if (status >= 0) std::transform(cells, cells + count, cell + at, [](int64_t c) { return static_cast<Cell>(c); });
+    return status;
+  });
 }
 
 template <class Real>

@@ -18,6 +18,7 @@ struct UserSearch {
   void* word0 = nullptr;
   void* word1 = nullptr;
 
+  UserSearch() = default;  // none
   UserSearch(SearchCallback<Real> given, const OrvikDFSearchParameters* parameters) : callback(given) {
     if (parameters != nullptr) word0 = parameters->words[0], word1 = parameters->words[1];
   }
@@ -25,6 +26,18 @@ struct UserSearch {
 };
 
 inline constexpr int32_t kCellsAreFinal = 1000;
+inline constexpr int64_t kUserBlock = 128;  // sites of one call of the callback
+
+// body(begin, count) -> status for n sites in blocks of kUserBlock. The last block has what is left, also when that is
+// nothing; its status is the whole's, unless an earlier one was negative.
+template <class Body>
+int32_t run_user_blocks(int64_t n, Body body) {
+  for (int64_t at = 0;; at += kUserBlock) {
+    const int64_t count = std::min(kUserBlock, n - at);
+    const int32_t status = body(at, count);
+    if (status < 0 || count < kUserBlock) return status;
+  }
+}
 
 // One call of the callback for n sites, then what it left open: guesses are refined, or on a uniform partition the cell
 // is computed afresh. Returns its status, 0 for kCellsAreFinal.

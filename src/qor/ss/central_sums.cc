@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "qor/ss/fold.h"
-#include "qor/ss/lanes.h"
+#include "lanes/lanes.h"
+#include "qor/unroll.h"
 
 namespace orvik::ss {
 namespace {
@@ -57,27 +58,26 @@ struct Coefficients {
 
 // One observation into a vector of states, C2 as fma(b w d, d, C2) and the mean as fma(a, x, b m).
 template <class T, int K>
-inline __attribute__((always_inline)) void observe(typename Lanes<T>::V x, const Coefficients<T, K>& c, int64_t i,
-                                                   typename Lanes<T>::V (&s)[K]) {
-  using L = Lanes<T>;
-  const auto a = L::all(c.a[i]);
+inline __attribute__((always_inline)) void observe(VectorOf<T> x, const Coefficients<T, K>& c, int64_t i,
+                                                   VectorOf<T> (&s)[K]) {
+  const auto a = VectorOf<T>(c.a[i]);
   if constexpr (K >= 2) {
     const auto delta = x - s[0];
-    const auto t = L::all(c.bw[i]) * delta;
+    const auto t = VectorOf<T>(c.bw[i]) * delta;
     if constexpr (K >= 3) {
       const auto square = t * delta;
-      const auto carried = L::all(c.a3[i]) * s[1];
+      const auto carried = VectorOf<T>(c.a3[i]) * s[1];
       if constexpr (K >= 4) {
         // C4 += d (d (6 a^2 C2 + t d (..)) - 4 a C3)
-        const auto inner = L::fma(square, L::all(c.fourth[i]), L::all(c.a6[i]) * s[1]);
-        s[3] = L::fma(delta, L::fms(delta, inner, L::all(c.a4[i]) * s[2]), s[3]);
+        const auto inner = fma(square, VectorOf<T>(c.fourth[i]), VectorOf<T>(c.a6[i]) * s[1]);
+        s[3] = fma(delta, fms(delta, inner, VectorOf<T>(c.a4[i]) * s[2]), s[3]);
       }
       // C3 += d (t d (..) - 3 a C2)
-      s[2] = L::fma(delta, L::fms(square, L::all(c.cube[i]), carried), s[2]);
+      s[2] = fma(delta, fms(square, VectorOf<T>(c.cube[i]), carried), s[2]);
     }
-    s[1] = L::fma(t, delta, s[1]);
+    s[1] = fma(t, delta, s[1]);
   }
-  s[0] = L::fma(a, x, L::all(c.b[i]) * s[0]);
+  s[0] = fma(a, x, VectorOf<T>(c.b[i]) * s[0]);
 }
 
 // N vectors of variables through m observations, the state in registers. The last vector
@@ -85,27 +85,26 @@ inline __attribute__((always_inline)) void observe(typename Lanes<T>::V x, const
 template <class T, int K, int N, bool Whole>
 void update(int64_t m, const T* x, int64_t step, const Coefficients<T, K>& c, T* const state[4], int64_t j,
             int64_t tail) {
-  using L = Lanes<T>;
-  using V = typename L::V;
-  const auto mask = L::first(tail);
-  auto load = [&](const T* p, auto v) __attribute__((always_inline)) {
-    if constexpr (v == N - 1 && !Whole) return L::load(p + v * L::kWidth, mask);
-    return L::load(p + v * L::kWidth);
+  using V = VectorOf<T>;
+  const auto mask = first_lanes<VectorOf<T>>(tail);
+  auto load_vector = [&](const T* p, auto v) __attribute__((always_inline)) {
+    if constexpr (v == N - 1 && !Whole) return load(p + v * kWidth<VectorOf<T>>, mask);
+    return load<VectorOf<T>>(p + v * kWidth<VectorOf<T>>);
   };
   V s[N][K];
   unroll<N>([&](auto v) __attribute__((always_inline)) {
-    unroll<K>([&](auto k) __attribute__((always_inline)) { s[v][k] = load(state[k] + j, v); });
+    unroll<K>([&](auto k) __attribute__((always_inline)) { s[v][k] = load_vector(state[k] + j, v); });
   });
   for (int64_t i = 0; i < m; ++i, x += step) {
-    unroll<N>([&](auto v) __attribute__((always_inline)) { observe<T, K>(load(x, v), c, i, s[v]); });
+    unroll<N>([&](auto v) __attribute__((always_inline)) { observe<T, K>(load_vector(x, v), c, i, s[v]); });
   }
   unroll<N>([&](auto v) __attribute__((always_inline)) {
     unroll<K>([&](auto k) __attribute__((always_inline)) {
-      T* to = state[k] + j + v * L::kWidth;
+      T* to = state[k] + j + v * kWidth<VectorOf<T>>;
       if constexpr (v == N - 1 && !Whole) {
-        L::store(to, mask, s[v][k]);
+        store(to, mask, s[v][k]);
       } else {
-        L::store(to, s[v][k]);
+        store(to, s[v][k]);
       }
     });
   });
@@ -120,13 +119,13 @@ constexpr int kVectors = K <= 2   ? 4
 template <class T, int K>
 void update_range(int64_t m, const T* x, int64_t step, const Coefficients<T, K>& c, T* const state[4], int64_t j0,
                   int64_t j1) {
-  constexpr int64_t kWidth = Lanes<T>::kWidth;
+  constexpr int64_t kLanes = kWidth<VectorOf<T>>;
   for (int64_t j = j0; j < j1;) {
     const int64_t left = j1 - j;
-    const int64_t vectors = std::min<int64_t>((left + kWidth - 1) / kWidth, kVectors<K>);
-    const int64_t tail = std::min(left - (vectors - 1) * kWidth, kWidth);
+    const int64_t vectors = std::min<int64_t>((left + kLanes - 1) / kLanes, kVectors<K>);
+    const int64_t tail = std::min(left - (vectors - 1) * kLanes, kLanes);
     const T* first = x + (j - j0);
-    if (vectors == kVectors<K> && tail == kWidth) {
+    if (vectors == kVectors<K> && tail == kLanes) {
       update<T, K, kVectors<K>, true>(m, first, step, c, state, j, tail);
     } else {
       switch (vectors) {
@@ -144,7 +143,7 @@ void update_range(int64_t m, const T* x, int64_t step, const Coefficients<T, K>&
           break;
       }
     }
-    j += (vectors - 1) * kWidth + tail;
+    j += (vectors - 1) * kLanes + tail;
   }
 }
 
@@ -153,25 +152,24 @@ void update_range(int64_t m, const T* x, int64_t step, const Coefficients<T, K>&
 template <class T, int K, int N>
 void update_rows(int64_t m, int64_t length, const T* x, int64_t step, int64_t apart, const Coefficients<T, K>& c,
                  T* const state[4]) {
-  using L = Lanes<T>;
   for (int64_t i = 0; i < m; ++i, x += step) {
-    auto body = [&](int64_t j, auto load, auto store) __attribute__((always_inline)) {
-      typename L::V s[K];
-      unroll<K>([&](auto k) __attribute__((always_inline)) { s[k] = load(state[k] + j); });
+    auto body = [&](int64_t j, auto load_at, auto store_at) __attribute__((always_inline)) {
+      VectorOf<T> s[K];
+      unroll<K>([&](auto k) __attribute__((always_inline)) { s[k] = load_at(state[k] + j); });
       unroll<N>([&](auto stream) __attribute__((always_inline)) {
-        observe<T, K>(load(x + stream * apart + j), c, i * N + stream, s);
+        observe<T, K>(load_at(x + stream * apart + j), c, i * N + stream, s);
       });
-      unroll<K>([&](auto k) __attribute__((always_inline)) { store(state[k] + j, s[k]); });
+      unroll<K>([&](auto k) __attribute__((always_inline)) { store_at(state[k] + j, s[k]); });
     };
     int64_t j = 0;
-    for (; j + L::kWidth <= length; j += L::kWidth) {
+    for (; j + kWidth<VectorOf<T>> <= length; j += kWidth<VectorOf<T>>) {
       body(
-          j, [](const T* p) { return L::load(p); }, [](T* p, auto v) { L::store(p, v); });
+          j, [](const T* p) { return load<VectorOf<T>>(p); }, [](T* p, auto v) { store(p, v); });
     }
     if (j < length) {
-      const auto mask = L::first(length - j);
+      const auto mask = first_lanes<VectorOf<T>>(length - j);
       body(
-          j, [mask](const T* p) { return L::load(p, mask); }, [mask](T* p, auto v) { L::store(p, mask, v); });
+          j, [mask](const T* p) { return load(p, mask); }, [mask](T* p, auto v) { store(p, mask, v); });
     }
   }
 }
@@ -272,7 +270,7 @@ double update_in_turn(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int6
     } else if (j1 - j0 == 1) {
       update_range<T, K>(m, d.x + j0 * d.n + i, 1, c, state, j0, j1);
     } else {
-      constexpr int64_t kTile = kVectors<K> * Lanes<T>::kWidth;
+      constexpr int64_t kTile = kVectors<K> * kWidth<VectorOf<T>>;
       T tile[kBlock * kTile];
       for (int64_t j = j0; j < j1; j += kTile) {
         const int64_t width = std::min(kTile, j1 - j);
@@ -290,7 +288,7 @@ double update_all(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t 
   // Nothing is known of the mean before the first weight that is not zero.
   while (d.weights != nullptr && i0 < i1 && weight + static_cast<double>(d.weights[i0]) == 0) ++i0;
   if (d.weights == nullptr && d.contiguous_variables) {
-    constexpr int64_t kLength = 16 * Lanes<T>::kWidth;
+    constexpr int64_t kLength = 16 * kWidth<VectorOf<T>>;
     if (const int64_t rows = (i1 - i0) / kLength; rows >= kEnough) {
       SideBySide<T, K> side;
       for (int64_t j = j0; j < j1; ++j) side.run(rows, kLength, 1, d.x + j * d.n + i0, weight, state, j);

@@ -4,7 +4,8 @@
 
 #include "orvik/ss.h"
 #include "qor/ss/fold.h"
-#include "qor/ss/lanes.h"
+#include "lanes/lanes.h"
+#include "qor/unroll.h"
 #include "qor/ss/task.h"
 
 namespace orvik::ss {
@@ -13,21 +14,20 @@ namespace {
 // Running extremes; a NaN that was seen stays known apart, since the comparing instructions pass it by.
 template <class T>
 struct Extremes {
-  using L = Lanes<T>;
-  using V = typename L::V;
-  V low = L::all(std::numeric_limits<T>::infinity());
-  V high = L::all(-std::numeric_limits<T>::infinity());
-  V nan = L::all(0);
+  using V = VectorOf<T>;
+  V low = VectorOf<T>(std::numeric_limits<T>::infinity());
+  V high = VectorOf<T>(-std::numeric_limits<T>::infinity());
+  V nan = V(T(0));  // all ones where one was seen
 
   void take(V x) {
-    low = L::min(x, low);
-    high = L::max(x, high);
-    nan = L::either(nan, L::unordered(x));
+    low = min(x, low);
+    high = max(x, high);
+    nan = nan | as_float(minus_one(unordered(x, x)));
   }
   void take(const Extremes& other) {
-    low = L::min(other.low, low);
-    high = L::max(other.high, high);
-    nan = L::either(nan, other.nan);
+    low = min(other.low, low);
+    high = max(other.high, high);
+    nan = nan | other.nan;
   }
 };
 
@@ -45,25 +45,24 @@ struct Result {
 
 template <class T>
 void take_lanes(const Extremes<T>& e, int64_t j, const Result<T>& result) {
-  constexpr int kWidth = Lanes<T>::kWidth;
-  T low[kWidth], high[kWidth];
-  Lanes<T>::store(low, e.low);
-  Lanes<T>::store(high, e.high);
-  const bool nan = Lanes<T>::bits(e.nan) != 0;
-  for (int lane = 0; lane < kWidth; ++lane) result.take(j, low[lane], high[lane], nan);
+  constexpr int kLanes = kWidth<VectorOf<T>>;
+  T low[kLanes], high[kLanes];
+  store(low, e.low);
+  store(high, e.high);
+  const bool nan = lane_bits(sign_decides(e.nan)) != 0;
+  for (int lane = 0; lane < kLanes; ++lane) result.take(j, low[lane], high[lane], nan);
 }
 
 template <class T>
 void scan_contiguous(int64_t n, const T* x, int64_t j, const Result<T>& result) {
-  using L = Lanes<T>;
   constexpr int kUnroll = 4;
   Extremes<T> e[kUnroll];
   int64_t i = 0;
-  for (; i + kUnroll * L::kWidth <= n; i += kUnroll * L::kWidth) {
+  for (; i + kUnroll * kWidth<VectorOf<T>> <= n; i += kUnroll * kWidth<VectorOf<T>>) {
 #pragma GCC unroll 4
-    for (int r = 0; r < kUnroll; ++r) e[r].take(L::load(x + i + r * L::kWidth));
+    for (int r = 0; r < kUnroll; ++r) e[r].take(load<VectorOf<T>>(x + i + r * kWidth<VectorOf<T>>));
   }
-  for (; i + L::kWidth <= n; i += L::kWidth) e[0].take(L::load(x + i));
+  for (; i + kWidth<VectorOf<T>> <= n; i += kWidth<VectorOf<T>>) e[0].take(load<VectorOf<T>>(x + i));
   for (int r = 1; r < kUnroll; ++r) e[0].take(e[r]);
   take_lanes(e[0], j, result);
   for (; i < n; ++i) result.take(j, x[i], x[i], x[i] != x[i]);
@@ -89,23 +88,22 @@ struct RowExtremes {
   // One row of each of N streams, `apart` values from one to the next.
   template <int N>
   void take(int64_t length, const T* x, int64_t apart) {
-    using L = Lanes<T>;
-    auto body = [&](int64_t j, auto load, auto store) __attribute__((always_inline)) {
-      Extremes<T> e{L::load(low + j), L::load(high + j), L::load(nan + j)};
-      unroll<N>([&](auto stream) __attribute__((always_inline)) { e.take(load(x + stream * apart + j)); });
-      store(low + j, e.low);
-      store(high + j, e.high);
-      store(nan + j, e.nan);
+    auto body = [&](int64_t j, auto load_at, auto store_at) __attribute__((always_inline)) {
+      Extremes<T> e{load_at(low + j), load_at(high + j), load_at(nan + j)};
+      unroll<N>([&](auto stream) __attribute__((always_inline)) { e.take(load_at(x + stream * apart + j)); });
+      store_at(low + j, e.low);
+      store_at(high + j, e.high);
+      store_at(nan + j, e.nan);
     };
     int64_t j = 0;
-    for (; j + L::kWidth <= length; j += L::kWidth) {
+    for (; j + kWidth<VectorOf<T>> <= length; j += kWidth<VectorOf<T>>) {
       body(
-          j, [](const T* p) { return L::load(p); }, [](T* p, auto v) { L::store(p, v); });
+          j, [](const T* p) { return load<VectorOf<T>>(p); }, [](T* p, auto v) { store(p, v); });
     }
     if (j < length) {  // the places behind may belong to a longer row
-      const auto mask = L::first(length - j);
+      const auto mask = first_lanes<VectorOf<T>>(length - j);
       body(
-          j, [mask](const T* p) { return L::load(p, mask); }, [mask](T* p, auto v) { L::store(p, mask, v); });
+          j, [mask](const T* p) { return load(p, mask); }, [mask](T* p, auto v) { store(p, mask, v); });
     }
   }
 

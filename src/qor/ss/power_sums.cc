@@ -3,25 +3,25 @@
 #include <algorithm>
 
 #include "qor/ss/fold.h"
-#include "qor/ss/lanes.h"
+#include "lanes/lanes.h"
+#include "qor/unroll.h"
 
 namespace orvik::ss {
 namespace {
 
 // s[k] += w d^(k + 1) for K powers.
 template <class T, int K, bool Weighted>
-inline __attribute__((always_inline)) void add_powers(typename Lanes<T>::V d, typename Lanes<T>::V w,
-                                                      typename Lanes<T>::V (&s)[K]) {
-  using L = Lanes<T>;
+inline __attribute__((always_inline)) void add_powers(VectorOf<T> d, VectorOf<T> w,
+                                                      VectorOf<T> (&s)[K]) {
   const auto wd = Weighted ? w * d : d;
   s[0] = s[0] + wd;
-  if constexpr (K >= 2) s[1] = L::fma(wd, d, s[1]);
+  if constexpr (K >= 2) s[1] = fma(wd, d, s[1]);
   if constexpr (K >= 3) {
     const auto d2 = d * d;
-    s[2] = L::fma(wd, d2, s[2]);
+    s[2] = fma(wd, d2, s[2]);
     if constexpr (K >= 4) {
       const auto wd2 = Weighted ? wd * d : d2;
-      s[3] = L::fma(wd2, d2, s[3]);
+      s[3] = fma(wd2, d2, s[3]);
     }
   }
 }
@@ -29,34 +29,33 @@ inline __attribute__((always_inline)) void add_powers(typename Lanes<T>::V d, ty
 // One variable, its observations contiguous.
 template <class T, int K, bool Weighted, bool Shifted>
 void add_segment(int64_t n, const T* x, const T* w, T shift, T* const sums[4], int64_t j) {
-  using L = Lanes<T>;
-  using V = typename L::V;
+  using V = VectorOf<T>;
   constexpr int kUnroll = K <= 2 ? 4 : 2;
-  constexpr int64_t kStep = kUnroll * L::kWidth;
-  const V u = L::all(shift);
+  constexpr int64_t kStep = kUnroll * kWidth<VectorOf<T>>;
+  const V u = VectorOf<T>(shift);
   V s[kUnroll][K];
   for (auto& row : s) {
-    for (auto& v : row) v = L::all(0);
+    for (auto& v : row) v = VectorOf<T>(0);
   }
   int64_t i = 0;
   for (; i + kStep <= n; i += kStep) {
 #pragma GCC unroll 4
     for (int r = 0; r < kUnroll; ++r) {
-      V d = L::load(x + i + r * L::kWidth);
+      V d = load<VectorOf<T>>(x + i + r * kWidth<VectorOf<T>>);
       if constexpr (Shifted) d = d - u;
-      add_powers<T, K, Weighted>(d, Weighted ? L::load(w + i + r * L::kWidth) : u, s[r]);
+      add_powers<T, K, Weighted>(d, Weighted ? load<VectorOf<T>>(w + i + r * kWidth<VectorOf<T>>) : u, s[r]);
     }
   }
-  for (; i < n; i += L::kWidth) {
-    const auto mask = L::first(n - i);
-    V d = L::load(x + i, mask);
-    if constexpr (Shifted) d = L::keep(d - u, mask);
-    add_powers<T, K, Weighted>(d, Weighted ? L::load(w + i, mask) : u, s[0]);
+  for (; i < n; i += kWidth<VectorOf<T>>) {
+    const auto mask = first_lanes<VectorOf<T>>(n - i);
+    V d = load(x + i, mask);
+    if constexpr (Shifted) d = keep(mask, d - u);
+    add_powers<T, K, Weighted>(d, Weighted ? load(w + i, mask) : u, s[0]);
   }
   for (int k = 0; k < K; ++k) {
     V total = s[0][k];
     for (int r = 1; r < kUnroll; ++r) total = total + s[r][k];
-    sums[k][j] += horizontal_sum<T>(total);
+    sums[k][j] += horizontal_sum(total);
   }
 }
 
@@ -78,30 +77,29 @@ void add_contiguous_variables(const Data<T>& d, int64_t i0, int64_t i1, int64_t 
 template <class T, int K, bool Weighted, bool Shifted, int N>
 inline __attribute__((always_inline)) void add_rows(int64_t length, const T* x, int64_t apart, const T* const (&w)[N],
                                                     bool spread, const T* shift, T* acc, int64_t acc_step) {
-  using L = Lanes<T>;
-  using V = typename L::V;
-  auto body = [&](int64_t j, auto load, auto store, auto keep) __attribute__((always_inline)) {
+  using V = VectorOf<T>;
+  auto body = [&](int64_t j, auto load_at, auto store_at, auto keep_lanes) __attribute__((always_inline)) {
     V s[K];
-    unroll<K>([&](auto k) __attribute__((always_inline)) { s[k] = load(acc + k * acc_step + j); });
+    unroll<K>([&](auto k) __attribute__((always_inline)) { s[k] = load_at(acc + k * acc_step + j); });
     unroll<N>([&](auto stream) __attribute__((always_inline)) {
-      V d = load(x + stream * apart + j);
-      if constexpr (Shifted) d = keep(d - load(shift + j));
+      V d = load_at(x + stream * apart + j);
+      if constexpr (Shifted) d = keep_lanes(d - load_at(shift + j));
       V weight = d;
-      if constexpr (Weighted) weight = spread ? load(w[stream] + j) : L::all(*w[stream]);
+      if constexpr (Weighted) weight = spread ? load_at(w[stream] + j) : VectorOf<T>(*w[stream]);
       add_powers<T, K, Weighted>(d, weight, s);
     });
-    unroll<K>([&](auto k) __attribute__((always_inline)) { store(acc + k * acc_step + j, s[k]); });
+    unroll<K>([&](auto k) __attribute__((always_inline)) { store_at(acc + k * acc_step + j, s[k]); });
   };
   int64_t j = 0;
-  for (; j + L::kWidth <= length; j += L::kWidth) {
+  for (; j + kWidth<VectorOf<T>> <= length; j += kWidth<VectorOf<T>>) {
     body(
-        j, [](const T* p) { return L::load(p); }, [](T* p, V v) { L::store(p, v); }, [](V v) { return v; });
+        j, [](const T* p) { return load<VectorOf<T>>(p); }, [](T* p, V v) { store(p, v); }, [](V v) { return v; });
   }
   if (j < length) {
-    const auto mask = L::first(length - j);
+    const auto mask = first_lanes<VectorOf<T>>(length - j);
     body(
-        j, [mask](const T* p) { return L::load(p, mask); }, [mask](T* p, V v) { L::store(p, mask, v); },
-        [mask](V v) { return L::keep(v, mask); });
+        j, [mask](const T* p) { return load(p, mask); }, [mask](T* p, V v) { store(p, mask, v); },
+        [mask](V v) { return keep(mask, v); });
   }
 }
 

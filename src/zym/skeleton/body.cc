@@ -15,6 +15,16 @@ struct alignas(64) Row {  // a block's elements side by side
   char bytes[kMaxBlock * kMaxElement];
 };
 
+// By whole vectors as they are read next: smaller stores would have to reach the cache before.
+void copy_bytes(char* to, const void* from, int bytes) {
+  constexpr int kVector = 32;
+  const char* at = static_cast<const char*>(from);
+  for (; bytes >= kVector; bytes -= kVector, at += kVector, to += kVector) {
+    store(reinterpret_cast<float*>(to), load<F32>(reinterpret_cast<const float*>(at)));
+  }
+  std::memcpy(to, at, static_cast<size_t>(bytes));
+}
+
 template <int Size>
 void copy_elements(const char* from, int64_t from_step, char* to, int64_t to_step, int count) {
   for (int i = 0; i < count; ++i) std::memcpy(to + i * to_step, from + i * from_step, Size);
@@ -83,12 +93,7 @@ void run_special_block(const Call& call, int64_t i, int count) {
   Row in[2];  // saved: the arrays may be the same
   for (int j = 0; j < 2 && j < body.inputs; ++j) {
     if (j == 1 && body.scalar) continue;
-    const int bytes = count * body.in_bytes[j];
-    if (bytes == kMaxBlock * 4) {
-      std::memcpy(in[j].bytes, call.input(j, i), kMaxBlock * 4);
-    } else {
-      std::memcpy(in[j].bytes, call.input(j, i), static_cast<size_t>(bytes));
-    }
+    copy_bytes(in[j].bytes, call.input(j, i), count * body.in_bytes[j]);
   }
   const void* a = in[0].bytes;
   const void* b = body.scalar ? call.operands.in[1] : in[1].bytes;
@@ -122,7 +127,7 @@ void run_overlapping(const Call& call, int64_t n) {
 
 void run_element_loop(const Body& body, int64_t n, const Operands& operands, const void* params) {
   const uint32_t mode = current_mode();
-  const ControlRegisters registers(mode);
+  const ControlRegisters registers(mode, body.stray_underflow);
   const Call call{body, mode, operands, params};
   alignas(kMaxElement) char in[2][kMaxElement], out[2][kMaxElement];
   for (int64_t i = 0; i < n; ++i) {

@@ -37,6 +37,7 @@ struct Body {
   bool scalar;   // the second input is one element for all
   bool complex;  // what reports: complex elements
   bool single;
+  bool stray_underflow;
   int8_t block;  // elements that are read before one is stored
 };
 

@@ -11,12 +11,14 @@ namespace orvik::zym {
 
 class ControlRegisters {
  public:
-  explicit ControlRegisters(uint32_t mode) {
+  // stray_underflow: the underflow flag says nothing of the results and stays as it was.
+  ControlRegisters(uint32_t mode, bool stray_underflow) {
     asm volatile("fnstcw %0" : "=m"(x87_));
     if ((x87_ & kX87Masks) != kX87Masks) [[unlikely]]
       mask_x87();
     const uint32_t target = (mode & kDenormalField) == ZYM_FLUSH_DENORMALS ? kFlushing : kPlain;
     vector_ = read_control();
+    dropped_ = stray_underflow ? ~vector_ & kUnderflow : 0;
     if (((vector_ ^ target) & kControlBits) != 0) [[unlikely]] {
       write_control((vector_ & ~kControlBits) | target);
       vector_changed_ = true;
@@ -29,8 +31,12 @@ class ControlRegisters {
     if (x87_changed_) [[unlikely]] {
       asm volatile("fldcw %0" : : "m"(x87_));
     }
-    if (vector_changed_) [[unlikely]]
-      write_control(vector_ | (read_control() & kFlags));
+    if (vector_changed_ || dropped_ != 0) {
+      const uint32_t now = read_control();
+      const uint32_t left = vector_ | (now & kFlags & ~dropped_);
+      if (left != now) [[unlikely]]
+        write_control(left);
+    }
   }
 
   ControlRegisters(const ControlRegisters&) = delete;
@@ -42,6 +48,7 @@ class ControlRegisters {
   static constexpr uint32_t kFlushing = 0x9FC0;  // the same with denormal results and inputs as zero
   static constexpr uint32_t kControlBits = 0xFFC0;
   static constexpr uint32_t kFlags = 0x3F;
+  static constexpr uint32_t kUnderflow = 0x10;
 
   // No load of an input moves up, no store of a result moves down across a change of the registers.
   static void fence() { asm volatile("" : : : "memory"); }
@@ -53,7 +60,7 @@ class ControlRegisters {
     x87_changed_ = true;
   }
 
-  uint32_t vector_;
+  uint32_t vector_, dropped_;
   uint16_t x87_;
   bool x87_changed_ = false;
   bool vector_changed_ = false;

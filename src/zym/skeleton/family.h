@@ -55,6 +55,8 @@ struct Knobs {
   int vectors = 4;           // in flight: a block is as many vectors, read whole before any of it is stored
   double filler = 0.75;      // of inactive and special lanes, where 0.75 would raise a flag or leave the domain
   bool streams = false;      // memory bandwidth is the only limit: large results bypass the caches
+  bool stray_underflow = false;  // squares of tiny arguments are tinier than the results: the kernel leaves the underflow
+                                 // flag as it found it
   bool lanes_stand = false;  // special lanes compute as they are, and the element routine may leave what they gave
 };
 

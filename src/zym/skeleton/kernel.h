@@ -206,6 +206,12 @@ struct Kernel {
       if constexpr (kTested) {
         const auto mask = special(x, params);
         bits = lane_bits(mask) & here;
+        if constexpr (Traits::has_wide) {  // nothing here for the first tier
+          if (bits == kAllLanes) {
+            all |= bits << i;
+            continue;
+          }
+        }
         fill(Mask<V>(mask), x);
       }
       const LanesResult r = lanes(x, params);
@@ -231,9 +237,11 @@ struct Kernel {
       const uint32_t here = bits >> i & kAllLanes;
       if (here == 0) continue;
       const int k = count - i < kWidth<V> ? count - i : kWidth<V>;
-      const Inputs x = load_first_inputs(a, b, i, k);
-      Result r;
-      if constexpr (kTwoResults) {
+      const Inputs x = k == kWidth<V> ? load_inputs(a, b, i) : load_first_inputs(a, b, i, k);
+      Result r{};
+      if (here == kAllLanes) {
+        // Nothing to keep.
+      } else if constexpr (kTwoResults) {
         r = {load_first(r1 + i, k, V(E(0))), load_first(r2 + i, k, V(E(0)))};
       } else {
         r = load_first_lanes(static_cast<const R*>(r1 + i), k);
@@ -248,10 +256,18 @@ struct Kernel {
     return left;
   }
 
-  static uint32_t run_wide(const A* a, const B* b, R* r1, R* r2, int count, uint32_t bits, const Params& params) {
+  // Hot: an array of large arguments spends its time here. (What only cold functions call is compiled for size.)
+  [[gnu::noinline, gnu::hot]] static uint32_t run_wide(const A* a, const B* b, R* r1, R* r2, int count, uint32_t bits,
+                                                       const Params& params) {
     return over_special_vectors(a, b, r1, r2, count, bits, [&](Inputs x, Mask<V> mask, Result& r) {
-      fill(complement(mask), x);
-      const auto w = apply([](const auto&... y) { return Fn::wide(y...); }, x, params);
+      const bool all = lane_bits(mask) == kAllLanes;
+      if (!all) fill(complement(mask), x);
+      const auto w = apply(
+          [](const auto&... y) __attribute__((always_inline)) { return Fn::wide(y...); }, x, params);
+      if (all) {  // what is not served is written by the element routine
+        r = w.value;
+        return lane_bits(Mask<V>(w.special));
+      }
       const Mask<V> served = andnot(Mask<V>(w.special), mask);
       if constexpr (std::is_same_v<Result, V>) {
         r = select(served, w.value, r);
@@ -326,6 +342,7 @@ struct Kernel {
     body.out_bytes[0] = body.out_bytes[1] = sizeof(R);
     body.scalar = kScalarB;
     body.complex = S.a == Kind::complex;
+    body.stray_underflow = kKnobs.stray_underflow;
     body.single = Single<V>;
     body.block = kBlock;
     return body;
@@ -340,8 +357,8 @@ struct Kernel {
             {sizeof(R), sizeof(R)}};
   }
 
-  // Whole blocks, as many as fit, up to the first with a special lane; returns the number of elements done. The loop holds
-  // no call, so that the constants stay in registers. A block is read whole before any of it is stored.
+  // Whole blocks, as many as fit, up to the first with a special lane; returns the number of elements done. The loop
+  // holds no call, so that the constants stay in registers. A block is read whole before any of it is stored.
   template <class Load, class Store>
   [[gnu::always_inline]] static int64_t plain_blocks(int64_t n, const Params& params, Load load_at, Store store_at) {
     constexpr int N = kBlock / kWidth<V>;
@@ -395,7 +412,7 @@ struct Kernel {
     } else {
       if (n >= kBlock) return unit_blocks(body, n, a, b, r1, r2, params);
       const uint32_t mode = current_mode();
-      const ControlRegisters registers(mode);
+      const ControlRegisters registers(mode, kKnobs.stray_underflow);
       tail(body, mode, n, a, b, r1, r2, 0, params);
     }
   }
@@ -403,7 +420,7 @@ struct Kernel {
   [[gnu::noinline]] static void unit_blocks(const Body& body, int64_t n, const A* a, const B* b, R* r1, R* r2,
                                             const Params& params) {
     const uint32_t mode = current_mode();
-    const ControlRegisters registers(mode);
+    const ControlRegisters registers(mode, kKnobs.stray_underflow);
     int64_t i = 0;
     if constexpr (kKnobs.streams && !kTwoResults) {
       if (n >= kStreamBytes / static_cast<int64_t>(sizeof(R)) && disjoint(n, a, b, r1)) [[unlikely]] {
@@ -425,8 +442,8 @@ struct Kernel {
   }
 
   // What is left behind the last whole block: single vectors, then the first lanes of one.
-  [[gnu::always_inline]] static void tail(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b, R* r1, R* r2,
-                                          int64_t i, const Params& params) {
+  [[gnu::always_inline]] static void tail(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b, R* r1,
+                                          R* r2, int64_t i, const Params& params) {
 #pragma GCC unroll 1
     for (; i < n; i += kWidth<V>) {
       const int64_t k = n - i;
@@ -494,10 +511,10 @@ struct Kernel {
       run_element_loop(body, n, operands, &params);
     } else {
       const uint32_t mode = current_mode();
-      const ControlRegisters registers(mode);
+      const ControlRegisters registers(mode, kKnobs.stray_underflow);
       const Call call{body, mode, operands, &params};
-      // Where arrays meet, a block is read whole before any of it is stored. Apart, nobody can tell, and one or two vectors
-      // at a time are as quick: single loads and stores set the pace.
+      // Where arrays meet, a block is read whole before any of it is stored. Apart, nobody can tell, and one or two
+      // vectors at a time are as quick: single loads and stores set the pace.
       if (n > 1 && !independent(call, n)) [[unlikely]]
         return run_overlapping(call, n);
       constexpr int U = kKnobs.streams || kBlock == kWidth<V> ? 1 : 2;

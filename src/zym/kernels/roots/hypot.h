@@ -22,11 +22,10 @@ struct SquareSum {
   }
 };
 
-// Special lanes by the bits, so that no square overflows or underflows on the way: the larger magnitude is 0, beyond
-// `high` or below its reciprocal, or the smaller one is below that and not 0. One comparison decides all of it: bits as
-// words from the sign on, and with the lower end mirrored to the upper one.
-template <uint32_t high, class V>
-auto hypot_special(V a, V b) {
+// Special lanes by the bits, so that no square overflows or underflows on the way, and no residue of the sum does: the larger
+// magnitude is above `high` or at most `low`, or the smaller one is below the reciprocal of `high` and not 0.
+template <uint32_t high, uint32_t low, class V>
+Mask<V> hypot_special(V a, V b) {
   // In 64 bits the high words count, one more where the low word is not 0.
   const auto words = [](V x) {
     const Integer<V> m = as_bits(magnitude(x));
@@ -37,8 +36,9 @@ auto hypot_special(V a, V b) {
     }
   };
   const Integer<V> larger = larger_words(words(a), words(b)), smaller = smaller_words(words(a), words(b));
-  const Integer<V> low = larger_words(subtract_from_words(0x80000000u, smaller), subtract_from_words(0x7FFFFFFFu, larger));
-  return Above<V, static_cast<int32_t>(high)>{larger_words(larger, low)};
+  const Above<V, static_cast<int32_t>(high)> out{larger_words(larger, subtract_from_words(0x80000000u, smaller))};
+  const Above<V, static_cast<int32_t>(0x7FFFFFFEu - low)> under{subtract_from_words(0x7FFFFFFFu, larger)};
+  return out | under;
 }
 
 template <class E, class Finite>
@@ -53,14 +53,14 @@ int32_t hypot_element(E a, E b, E* r, Finite finite) {
   return 0;
 }
 
-// In range: 2^-61 to 2^63.
+// In range: 2^-50 to 2^63, and the smaller one from 2^-61.
 // sHypot LA: 1.1303 ulp at -0x1.5c0b06p+4, 0x1.70c27p+8
 // sHypot HA: 0.5004 ulp at 0x1.f3fffap+9, 0x1.01965ep+7
 // sHypot EP: 11.91 bits at -0x1.8d12aep+6, -0x1.8d4fbcp+9
 template <Single V, Level L>
 struct Hypot<V, L> {
   static constexpr Knobs knobs = {.vectors = 2};
-  static auto special(V a, V b) { return hypot_special<0x5EFFFFFF>(a, b); }
+  static auto special(V a, V b) { return hypot_special<0x5EFFFFFF, 0x26800000>(a, b); }
 
   static V lanes(V a, V b) {
     if constexpr (L == Level::HA) {
@@ -81,14 +81,14 @@ struct Hypot<V, L> {
   }
 };
 
-// In range: 2^-508 to 2^510.
+// In range: 2^-450 to 2^510, and the smaller one from 2^-508.
 // dHypot LA: 1.3584 ulp at -0x1.76db432d5cffcp-26, 0x1.814730b941332p-4
 // dHypot HA: 0.7489 ulp at 0x0.dc8d6fa243972p-1022, -0x0.32030bf65ac7bp-1022
 // dHypot EP: 34.92 bits at 0x1.3403576291ebcp+8, 0x1.8b267b5484c08p+7
 template <Double V, Level L>
 struct Hypot<V, L> {
   static constexpr Knobs knobs = {.vectors = 2};
-  static auto special(V a, V b) { return hypot_special<0x5FCFFFFF>(a, b); }
+  static auto special(V a, V b) { return hypot_special<0x5FCFFFFF, 0x23D00000>(a, b); }
 
   static V lanes(V a, V b) {
     if constexpr (L == Level::HA) {

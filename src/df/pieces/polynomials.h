@@ -1,10 +1,9 @@
-// Polynomials and their derivatives at many sites, by Horner's scheme in fused steps.
-#ifndef ORVIK_DF_INTERPOLATE_POLYNOMIALS_H
-#define ORVIK_DF_INTERPOLATE_POLYNOMIALS_H
+// Polynomials, their derivatives and integrals by Horner's scheme in fused steps.
+#ifndef ORVIK_DF_PIECES_POLYNOMIALS_H
+#define ORVIK_DF_PIECES_POLYNOMIALS_H
 
 #include <cmath>
 
-#include "df/interpolate/rows.h"
 #include "df/lanes.h"
 
 namespace orvik::df {
@@ -19,7 +18,6 @@ constexpr int64_t falling(int64_t j, int64_t derivative) {
 // Derivative kDerivative of a polynomial with kOrder coefficients; V is a real or a vector.
 template <int kOrder, int kDerivative, class Real, class V>
 V horner(const V* c, V t) {
-  using std::fma;
   const auto term = [&](int j) {
     const int64_t factor = falling(j, kDerivative);
     return factor == 1 ? c[j] : V(static_cast<Real>(factor)) * c[j];
@@ -49,40 +47,16 @@ Real polynomial_at(const Real* c, int64_t derivative, Real t) {
   return 0;
 }
 
-// out[j] from the polynomial of interval index[j] at its local coordinate t[j].
-template <int kOrder, int kDerivative, class Real, class Index>
-void evaluate_derivative(const Real* c, int64_t n, const Index* index, const Real* t, Real* out) {
-  using V = Lanes<Real>;
-  int64_t j = 0;
-  for (; j + V::kCount <= n; j += V::kCount) {
-    V columns[kOrder];
-    load_columns<kOrder>(c, index + j, columns);
-    horner<kOrder, kDerivative, Real>(columns, V::load(t + j)).store(out + j);
-  }
-  for (; j < n; ++j) out[j] = horner<kOrder, kDerivative, Real>(c + kOrder * static_cast<int64_t>(index[j]), t[j]);
+// The integral from the origin to t of a polynomial with kOrder coefficients.
+template <int kOrder, class Real, class V>
+V antiderivative(const V* c, V t) {
+  const auto term = [&](int j) { return j == 0 ? c[0] : V(Real(1) / static_cast<Real>(j + 1)) * c[j]; };
+  V sum = term(kOrder - 1);
+  for (int j = kOrder - 2; j >= 0; --j) sum = fma(t, sum, term(j));
+  return t * sum;
 }
 
-// Any derivative of a linear, quadratic or cubic polynomial.
-template <int kOrder, class Real, class Index>
-void evaluate_polynomial(const Real* c, int64_t derivative, int64_t n, const Index* index, const Real* t, Real* out) {
-  switch (derivative) {
-    case 0:
-      return evaluate_derivative<kOrder, 0>(c, n, index, t, out);
-    case 1:
-      return evaluate_derivative<kOrder, 1>(c, n, index, t, out);
-    case 2:
-      if constexpr (kOrder > 2) return evaluate_derivative<kOrder, 2>(c, n, index, t, out);
-      break;
-    case 3:
-      if constexpr (kOrder > 3) return evaluate_derivative<kOrder, 3>(c, n, index, t, out);
-      break;
-    default:
-      break;
-  }
-  for (int64_t j = 0; j < n; ++j) out[j] = 0;
-}
-
-// The same for any order, one site at a time.
+// The same for any order.
 template <class Real>
 Real evaluate_general(const Real* c, int64_t order, int64_t derivative, Real t) {
   Real sum = 0;
@@ -92,6 +66,13 @@ Real evaluate_general(const Real* c, int64_t order, int64_t derivative, Real t) 
     sum = std::fma(t, sum, factor * c[j]);
   }
   return sum;
+}
+
+template <class Real>
+Real general_antiderivative(const Real* c, int64_t order, Real t) {
+  Real sum = 0;
+  for (int64_t j = order - 1; j >= 0; --j) sum = std::fma(t, sum, c[j] / static_cast<Real>(j + 1));
+  return t * sum;
 }
 
 }  // namespace orvik::df

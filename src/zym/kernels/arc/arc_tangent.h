@@ -1,0 +1,144 @@
+// Arc tangent of one number and of a point, also in half turns. With n <= d the smaller and the larger of the two
+// magnitudes (of x and 1, or of x and y), c = 9/16 where n/d is above 9/32 and 0 below,
+//   atan(n/d) = atan(c) + atan(t),  t = (n - c d) / (d + c n),  |t| <= 0.2813,  atan(t) = t + t z P(z), z = t^2;
+// the octant then says what to take it from: the result is base +- atan(n/d). At EP in 32 bits c is always 0.
+#pragma once
+
+#include <iterator>
+
+#include "orvik/zym_types.h"
+#include "zym/kernels/arc/coefficients.h"
+#include "zym/kernels/arc/constants.h"
+#include "zym/skeleton/family.h"
+
+namespace orvik::zym {
+namespace arc {
+
+template <class V, Level L, Unit U>
+constexpr const auto& tangent_coefficients() {
+  constexpr bool kRadian = U == Unit::radian;
+  if constexpr (Single<V> && L == Level::EP) return kRadian ? kAtanSingleEP : kAtanpiSingleEP;
+  if constexpr (Single<V> && L == Level::LA) return kRadian ? kAtanSingleLA : kAtanpiSingleLA;
+  if constexpr (Single<V> && L == Level::HA) return kRadian ? kAtanSingleHA : kAtanpiSingleHA;
+  if constexpr (Double<V> && L == Level::EP) return kRadian ? kAtanDoubleEP : kAtanpiDoubleEP;
+  if constexpr (Double<V> && L == Level::LA) return kRadian ? kAtanDoubleLA : kAtanpiDoubleLA;
+  if constexpr (Double<V> && L == Level::HA) return kRadian ? kAtanDoubleHA : kAtanpiDoubleHA;
+}
+
+// base + atan(t) in the unit, |t| small (EP of floats: up to 1).
+template <class V, Level L, Unit U>
+[[gnu::always_inline]] inline V small_angle(V t, V base) {
+  const V z = safe_square<false>(t);
+  const V p = horner(z, tangent_coefficients<V, L, U>());
+  if constexpr (U == Unit::half_turn) return fma(t, fma(z, p, V(Constants<Element<V>>::inverse_pi)), base);
+  return base + fma(t, z * p, t);
+}
+
+// atan(n/d), 0 <= n <= d; a tail at HA only.
+template <class V, Level L, Unit U>
+[[gnu::always_inline]] inline HeadTail<V> first_octant(V n, V d) {
+  using E = Element<V>;
+  using K = Constants<E>;
+  constexpr int kUnit = static_cast<int>(U);
+  const V zero = V(E(0));
+  if constexpr (Single<V> && L == Level::EP) {
+    return {small_angle<V, L, U>(n / d, zero), zero};
+  } else {
+    const Mask<V> pivot = n > V(E(9.0 / 32)) * d;
+    const V c = keep(pivot, V(E(9.0 / 16)));
+    const V base = keep(pivot, V(L == Level::EP && U == Unit::half_turn ? E(kPivotpiShort64) : K::pivot[kUnit]));
+    const V den = fma(c, n, d);
+    if constexpr (L != Level::HA) {
+      return {small_angle<V, L, U>(fnma(c, d, n) / den, base), zero};
+    } else {
+      // c d is between n/2 and 2 n, or 0: the difference is exact.
+      const HeadTail<V> cd = two_prod(c, d);
+      const V num = n - cd.head;
+      const V den_low = fma(c, n, d - den);
+      const V t = num / den;
+      const V t_low = fnma(t, den_low, fnma(t, den, num) - cd.tail) * rough_reciprocal(den);
+      HeadTail<V> small = {t, t_low};
+      if constexpr (U == Unit::half_turn) small = over_pi(t, t_low);
+      const auto& k = tangent_coefficients<V, L, U>();
+      const V z = safe_square<true>(t), cube = t * z;
+      const V rest = fma(cube, V(k[std::size(k) - 1]), fma(cube, z * horner_but_lowest(z, k), small.tail));
+      const HeadTail<V> sum = fast_two_sum(base, small.head);
+      return {sum.head, sum.tail + (keep(pivot, V(K::pivot_low[kUnit])) + rest)};
+    }
+  }
+}
+
+// base + a, or base - a where `away` has its sign bit set; base is 0 or not below a.
+template <Level L, class V>
+[[gnu::always_inline]] inline V turned(HeadTail<V> a, V base, V base_low, V away) {
+  const V head = flip_sign(a.head, away);
+  if constexpr (L != Level::HA) return base + head;
+  const HeadTail<V> sum = fast_two_sum(base, head);
+  return sum.head + (sum.tail + (base_low + flip_sign(a.tail, away)));
+}
+
+// Sign of `mask` lanes.
+template <class V>
+V minus_where(Mask<V> mask) {
+  return keep(mask, V(Element<V>(-0.0)));
+}
+
+template <class V, Level L, Unit U>
+struct ArcTangent {
+  using E = Element<V>;
+  // From 2^62 on the quotient could underflow, and the result is a right angle anyway. HA in half turns: small numbers
+  // times the tail of 1/pi would underflow.
+  static constexpr bool kNarrow = L == Level::HA && U == Unit::half_turn;
+  static auto special(V x) {
+    constexpr uint32_t kLast = Single<V> ? 0x5E7FFFFFu : 0x43CFFFFFu;
+    if constexpr (kNarrow) {
+      return outside_magnitude<kSmallestTurn<E>, kLast>(x);
+    } else {
+      return magnitude_above<kLast>(x);
+    }
+  }
+
+  static V lanes(V x) {
+    const V a = magnitude(x), one = V(E(1));
+    if constexpr (Single<V> && L == Level::LA) return flip_sign(by_quarters(a), x);
+    const Mask<V> steep = a > one;
+    const V right = keep(steep, V(kHalfTurn<E, U> / 2)), right_low = keep(steep, V(kHalfTurnLow<E, U> / 2));
+    const HeadTail<V> angle = first_octant<V, L, U>(min(a, one), max(a, one));
+    return flip_sign(turned<L>(angle, right, right_low, minus_where<V>(steep)), x);
+  }
+
+  static int32_t element(const E* px, E* r) {
+    const E x = *px;
+    if (is_nan(x)) {
+      *r = x + x;
+    } else if (magnitude(x) > 1) {
+      *r = join_sign(kHalfTurn<E, U> / 2, x);
+    } else {
+      *r = tiny_over_pi(x);
+    }
+    return 0;
+  }
+
+ private:
+  // Bounds 9/32, 1, 32/9 and pivots c = 0, 9/16, 16/9, infinity, as quotients q/p: t = (a p - q) / (a q + p). Rows of
+  // what a lane needs follow the negative number of bounds below it.
+  static V by_quarters(V a) {
+    using K = Constants<float>;
+    constexpr int kUnit = static_cast<int>(U);
+    static constexpr float kP[4] = {1, 0, 9.0f / 16, 1}, kQ[4] = {0, 1, 1, 9.0f / 16};
+    static constexpr float kBase[4] = {0, K::pi[kUnit] / 2, K::far_pivot[kUnit], K::pivot[kUnit]};
+    const auto above = [&](float bound) { return minus_one(a > V(bound)); };
+    const Integer<V> row = above(9.0f / 32) + above(1) + above(32.0f / 9);
+    const V p = select_in_quad(quad_table<V>(kP), row), q = select_in_quad(quad_table<V>(kQ), row);
+    return small_angle<V, L, U>(fms(a, p, q) / fma(a, q, p), select_in_quad(quad_table<V>(kBase), row));
+  }
+};
+
+}  // namespace arc
+
+template <class V, Level L>
+struct Atan : arc::ArcTangent<V, L, Unit::radian> {};
+template <class V, Level L>
+struct Atanpi : arc::ArcTangent<V, L, Unit::half_turn> {};
+
+}  // namespace orvik::zym

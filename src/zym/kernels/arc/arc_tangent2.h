@@ -1,0 +1,84 @@
+// The angle of the point (x, y), y first, also in half turns: the angle of the first octant placed by base and sign,
+//   |y| > |x|: pi/2 - a for x > 0, pi/2 + a for x < 0;  else a for x > 0, pi - a for x < 0;  with the sign of y.
+// Points with a coordinate far from 1 (axes among them) take the element routine. No element is ever reported.
+#pragma once
+
+#include <cmath>
+#include <type_traits>
+
+#include "zym/kernels/arc/arc_tangent.h"
+
+namespace orvik::zym {
+namespace arc {
+
+template <class V, Level L, Unit U>
+struct PointAngle {
+  using E = Element<V>;
+  static constexpr Knobs knobs = {.vectors = 2};
+
+  // Both coordinates within 2^-38 .. 2^38, or 2^-400 .. 2^400: neither the quotient nor what corrects it underflows.
+  static auto special(V y, V x) {
+    constexpr uint32_t kFirst = Single<V> ? 0x2C800000u : 0x26F00000u, kLast = Single<V> ? 0x527FFFFFu : 0x58EFFFFFu;
+    return outside_magnitude<kFirst, kLast>(y) | outside_magnitude<kFirst, kLast>(x);
+  }
+
+  static V lanes(V y, V x) {
+    const V ay = magnitude(y), ax = magnitude(x);
+    const Mask<V> steep = ay > ax, left = x < V(E(0));
+    const auto base = [&](E right, E straight) { return select(steep, V(right), keep(left, V(straight))); };
+    const V away = flip_sign(minus_where<V>(steep), x);
+    const HeadTail<V> angle = first_octant<V, L, U>(min(ay, ax), max(ay, ax));
+    return flip_sign(turned<L>(angle, base(kHalfTurn<E, U> / 2, kHalfTurn<E, U>),
+                               base(kHalfTurnLow<E, U> / 2, kHalfTurnLow<E, U>), away),
+                     y);
+  }
+
+  static int32_t element(const E* py, const E* px, E* r) {
+    const E y = *py, x = *px;
+    *r = is_nan(y) || is_nan(x) ? y + x : join_sign(upper(magnitude(y), x), y);
+    return 0;
+  }
+
+ private:
+  // Of y >= 0.
+  static E upper(E y, E x) {
+    constexpr E kRight = kHalfTurn<E, U> / 2;
+    const E straight = is_negative(x) ? kHalfTurn<E, U> : E(0);
+    if (y == 0) return straight;
+    if (x == 0) return kRight;
+    if (is_infinite(x)) {
+      if (!is_infinite(y)) return straight;
+      return is_negative(x) ? Constants<E>::three_quarters[static_cast<int>(U)] : kRight / 2;
+    }
+    if (is_infinite(y)) return kRight;
+    if constexpr (std::is_same_v<E, float>) {
+      return static_cast<float>(PointAngle<double, Level::HA, U>::lanes(y, x));
+    } else {
+      return far(y, x);
+    }
+  }
+
+  // Both brought near 1 by a power of two; where they are too far apart, a base alone or the quotient.
+  static double far(double y, double x) {
+    const int ey = std::ilogb(y), ex = std::ilogb(x);
+    if (ey > ex + 200) return kHalfTurn<E, U> / 2;
+    if (ex > ey + 200) {
+      if (x < 0) return kHalfTurn<E, U>;
+      if constexpr (U == Unit::radian) return y / x;
+      const HeadTail<double> quotient = divide(std::ldexp(y, -ey), std::ldexp(x, -ex));
+      const HeadTail<double> turns = over_pi(quotient.head, quotient.tail);
+      return std::ldexp(turns.head + turns.tail, ey - ex);
+    }
+    const int e = ey > ex ? ey : ex;
+    return PointAngle<double, Level::HA, U>::lanes(std::ldexp(y, -e), std::ldexp(x, -e));
+  }
+};
+
+}  // namespace arc
+
+template <class V, Level L>
+struct Atan2 : arc::PointAngle<V, L, Unit::radian> {};
+template <class V, Level L>
+struct Atan2pi : arc::PointAngle<V, L, Unit::half_turn> {};
+
+}  // namespace orvik::zym

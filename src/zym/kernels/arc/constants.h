@@ -1,0 +1,85 @@
+// Constants of the arc functions, head and tail.
+#pragma once
+
+#include "zym/kernels/shared/corrections.h"
+
+namespace orvik::zym {
+
+// What results are measured in: radians, or half turns (results divided by pi: multiples of 1/4 are then exact).
+enum class Unit { radian, half_turn };
+
+namespace arc {
+
+inline constexpr float kPi32 = 0x1.921fb6p1f;                    //: = pi
+inline constexpr float kPiLow32 = -0x1.777a5cp-24f;              //: = pi - kPi32
+inline constexpr double kPi64 = 0x1.921fb54442d18p1;             //: = pi
+inline constexpr double kPiLow64 = 0x1.1a62633145c07p-53;        //: = pi - kPi64
+inline constexpr float kInversePi32 = 0x1.45f306p-2f;            //: = 1/pi
+inline constexpr float kInversePiLow32 = 0x1.b9391p-27f;         //: = 1/pi - kInversePi32
+inline constexpr double kInversePi64 = 0x1.45f306dc9c883p-2;     //: = 1/pi
+inline constexpr double kInversePiLow64 = -0x1.6b01ec5417056p-56; //: = 1/pi - kInversePi64
+
+inline constexpr float kThreeQuarters32 = 0x1.2d97c8p1f;  //: = 3 * pi/4
+inline constexpr double kThreeQuarters64 = 0x1.2d97c7f3321d2p1;  //: = 3 * pi/4
+
+// The angle whose tangent is 9/16.
+inline constexpr float kPivot32 = 0x1.0657eap-1f;      //: = atan(9/16)
+inline constexpr float kPivotLow32 = -0x1.6499e6p-26f;     //: = atan(9/16) - kPivot32
+inline constexpr double kPivot64 = 0x1.0657e94db30dp-1;         //: = atan(9/16)
+inline constexpr double kPivotLow64 = -0x1.d5b495f6349e6p-56;  //: = atan(9/16) - kPivot64
+inline constexpr float kPivotpi32 = 0x1.4e06a8p-3f;      //: = atan(9/16)/pi
+inline constexpr float kPivotpiLow32 = -0x1.570e08p-29f;     //: = atan(9/16)/pi - kPivotpi32
+inline constexpr double kPivotpi64 = 0x1.4e06a7aa3c7dep-3;         //: = atan(9/16)/pi
+inline constexpr double kPivotpiLow64 = -0x1.1d27868a9336p-59;  //: = atan(9/16)/pi - kPivotpi64
+// The angle whose tangent is 16/9.
+inline constexpr float kFarPivot32 = 0x1.0ef3cp0f;  //: = atan(16/9)
+inline constexpr float kFarPivotpi32 = 0x1.58fcacp-2f;  //: = atan(16/9)/pi
+// atan(9/16)/pi as the short polynomial needs it for an exact 1/4.
+inline constexpr double kPivotpiShort64 = 0x1.4e06a7a961014p-3;  //: = 1/4 - 7/25 * (kInversePi64 + 49/625 * kAtanpiDoubleEP(49/625))
+
+template <class E>
+struct Constants;
+template <>
+struct Constants<float> {
+  static constexpr float inverse_pi = kInversePi32, inverse_pi_low = kInversePiLow32;
+  static constexpr float pi[2] = {kPi32, 1}, pi_low[2] = {kPiLow32, 0};  // by unit
+  static constexpr float pivot[2] = {kPivot32, kPivotpi32}, pivot_low[2] = {kPivotLow32, kPivotpiLow32};
+  static constexpr float far_pivot[2] = {kFarPivot32, kFarPivotpi32};
+  static constexpr float three_quarters[2] = {kThreeQuarters32, 0.75f};
+};
+template <>
+struct Constants<double> {
+  static constexpr double inverse_pi = kInversePi64, inverse_pi_low = kInversePiLow64;
+  static constexpr double pi[2] = {kPi64, 1}, pi_low[2] = {kPiLow64, 0};
+  static constexpr double pivot[2] = {kPivot64, kPivotpi64}, pivot_low[2] = {kPivotLow64, kPivotpiLow64};
+  static constexpr double three_quarters[2] = {kThreeQuarters64, 0.75};
+};
+
+// Head and tail of (head + tail) / pi.
+template <class V>
+HeadTail<V> over_pi(V head, V tail) {
+  const V q = V(Constants<Element<V>>::inverse_pi), q_low = V(Constants<Element<V>>::inverse_pi_low);
+  const V product = head * q;
+  return {product, fma(head, q_low, fma(tail, q, fms(head, q, product)))};
+}
+
+// 2^-90 or 2^-944, the high word: below it the tail of a product with 1/pi could underflow.
+template <class E>
+inline constexpr uint32_t kSmallestTurn = sizeof(E) == 4 ? 0x12800000u : 0x04F00000u;
+
+// x / pi of numbers so small that the product's error cannot be had as it is; one rounding where the result is normal.
+inline float tiny_over_pi(float x) { return static_cast<float>(static_cast<double>(x) * kInversePi64); }
+inline double tiny_over_pi(double x) {
+  if (x == 0) return x + x;  // denormals read as zero as well
+  const HeadTail<double> scaled = over_pi(x * 0x1p200, 0.0);
+  return (scaled.head + scaled.tail) * 0x1p-200;
+}
+
+// pi or 1.
+template <class E, Unit U>
+inline constexpr E kHalfTurn = Constants<E>::pi[static_cast<int>(U)];
+template <class E, Unit U>
+inline constexpr E kHalfTurnLow = Constants<E>::pi_low[static_cast<int>(U)];
+
+}  // namespace arc
+}  // namespace orvik::zym

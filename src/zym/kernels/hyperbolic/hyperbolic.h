@@ -1,0 +1,302 @@
+// Hyperbolic sine, cosine and tangent. |x| = n ln(2) + r; with a = 2^n / 2, b = 2^-n / 2, C = cosh r, S = sinh r:
+//   cosh x = (a + b) C + (a - b) S,  sinh x = (a - b) C + (a + b) S:
+// for n = 0 the sine is S itself, so that it needs no branch of its own. At HA in steps of ln(2)/4, and in head and tail.
+// tanh x = (e^2x - 1) / (e^2x + 1), the difference from the polynomial of e^r - 1.
+#pragma once
+
+#include <iterator>
+
+#include "orvik/zym_types.h"
+#include "zym/kernels/explog/exp_element.h"
+#include "zym/kernels/hyperbolic/coefficients.h"
+#include "zym/kernels/hyperbolic/constants.h"
+#include "zym/kernels/shared/corrections.h"
+#include "zym/skeleton/family.h"
+
+namespace orvik::zym {
+namespace hyperbolic {
+
+// (sinh r / r - 1) / r^2 and (cosh r - 1) / r^2 in z = r^2.
+template <class V, Level L>
+V sine_polynomial(V z) {
+  if constexpr (Single<V>) {
+    if constexpr (L == Level::EP) return horner(z, kSinhSingleEP);
+    if constexpr (L == Level::LA) return horner(z, kSinhSingleLA);
+    if constexpr (L == Level::HA) return horner(z, kSinhSingleHA);
+  } else {
+    if constexpr (L == Level::EP) return horner(z, kSinhDoubleEP);
+    if constexpr (L == Level::LA) return horner(z, kSinhDoubleLA);
+    if constexpr (L == Level::HA) return horner(z, kSinhDoubleHA);
+  }
+}
+template <class V, Level L>
+V cosine_polynomial(V z) {
+  if constexpr (Single<V>) {
+    if constexpr (L == Level::EP) return horner(z, kCoshSingleEP);
+    if constexpr (L == Level::LA) return horner(z, kCoshSingleLA);
+    if constexpr (L == Level::HA) return horner(z, kCoshSingleHA);
+  } else {
+    if constexpr (L == Level::EP) return horner(z, kCoshDoubleEP);
+    if constexpr (L == Level::LA) return horner(z, kCoshDoubleLA);
+    if constexpr (L == Level::HA) return horner(z, kCoshDoubleHA);
+  }
+}
+
+// The element's 1/2 by an integer exponent above or below it.
+template <class V>
+V half_times_power(Integer<V> shifted_exponent, bool negative) {
+  const Integer<V> half = as_bits(V(Element<V>(0.5)));
+  return as_float(negative ? half - shifted_exponent : half + shifted_exponent);
+}
+
+// Tables of 2^(i/4) in a register. The exponent is added as n << (mantissa bits - 2), row bits and all, so that each
+// row is entered without them.
+template <class E>
+struct QuarterRows;
+template <>
+struct QuarterRows<float> {
+  static constexpr float heads[4] = {f32(std::bit_cast<uint32_t>(kQuarter32[0])),
+                                     f32(std::bit_cast<uint32_t>(kQuarter32[1]) - 0x200000),
+                                     f32(std::bit_cast<uint32_t>(kQuarter32[2]) - 0x400000),
+                                     f32(std::bit_cast<uint32_t>(kQuarter32[3]) - 0x600000)};
+};
+struct WordTable {
+  alignas(32) uint32_t words[8];
+};
+constexpr WordTable words_of(const double (&table)[4], uint64_t step) {
+  WordTable t = {};
+  for (uint64_t i = 0; i < 4; ++i) {
+    const uint64_t bits = std::bit_cast<uint64_t>(table[i]) - i * step;
+    t.words[2 * i] = static_cast<uint32_t>(bits);
+    t.words[2 * i + 1] = static_cast<uint32_t>(bits >> 32);
+  }
+  return t;
+}
+template <>
+struct QuarterRows<double> {
+  static constexpr WordTable heads = words_of(kQuarter64, uint64_t{1} << 50), tails = words_of(kQuarterLow64, 0);
+};
+
+// 2^(n/4) and 2^(-n/4), head and tail; n in the low bits of `sum`. From n = 320 on the second is that of 320: nothing
+// beside the first, and far from underflow.
+template <class V, bool Both>
+struct Quarters {
+  HeadTail<V> up, down;
+
+  [[gnu::always_inline]] explicit Quarters(V shifted) {
+    const Integer<V> sum = as_bits(shifted);
+    const Integer<V> capped = as_bits(min(shifted, V(kShifter<V> + Element<V>(320))));
+    if constexpr (Single<V>) {
+      const V heads = quad_table<V>(QuarterRows<float>::heads), tails = quad_table<V>(kQuarterLow32);
+      const auto row = [&](Integer<V> n) -> HeadTail<V> {
+        const V head = as_float(as_bits(select_in_quad(heads, n)) + shift_left<21>(n));
+        return {head, head * select_in_quad(tails, n)};
+      };
+      up = row(sum);
+      if constexpr (Both) down = row(Integer<V>(uint32_t{0}) - capped);
+    } else {
+      // A row is two words; `twice` is 2n in both words of a lane.
+      const Integer<V> heads = octet_table<V>(QuarterRows<double>::heads.words);
+      const Integer<V> tails = octet_table<V>(QuarterRows<double>::tails.words);
+      const auto twice = [](Integer<V> n) {
+        return shift_left<33>(n) + (shift_left<1>(n) & Integer<V>(uint64_t{7}));
+      };
+      const Integer<V> to_up = Integer<V>(uint64_t{1} << 32) + twice(sum);
+      const V up_head = as_float(look_up(heads, to_up) + shift_left<50>(sum));
+      up = {up_head, up_head * as_float(look_up(tails, to_up))};
+      if constexpr (Both) {
+        const Integer<V> to_down = Integer<V>((uint64_t{1} << 32) + 8) - twice(capped);  // no borrow between the words
+        const V down_head = as_float(look_up(heads, to_down) - shift_left<50>(capped));
+        down = {down_head, down_head * as_float(look_up(tails, to_down))};
+      }
+    }
+  }
+};
+
+// |x| in parts for the sum of two exponentials: the sum p = a + b and the difference m = a - b. At HA with tails, and
+// twice as large.
+template <class V, Level L>
+struct Parts {
+  using E = Element<V>;
+  V p, m, p_low, m_low;
+  V r, r_low, z;
+
+  [[gnu::always_inline]] explicit Parts(V a) {
+    using K = Constants<E>;
+    constexpr E kSteps = L == Level::HA ? 4 : 1;
+    const auto [sum, n] = shift_round(a, V(K::log2e * kSteps));
+    const V upper = fnma(n, V(K::ln2_head / kSteps), a);
+    r = fnma(n, V(K::ln2_tail / kSteps), upper);
+    z = safe_square<L == Level::HA>(r);
+    if constexpr (L != Level::HA) {
+      const Integer<V> exponent = shift_left<Format<V>::mantissa_bits>(as_bits(sum));
+      const V up = half_times_power<V>(exponent, false), down = half_times_power<V>(exponent, true);
+      p = up + down;
+      m = up - down;
+      p_low = m_low = r_low = V(E(0));
+    } else {
+      r_low = fnma(n, V(K::ln2_tail / kSteps), upper - r);
+      const Quarters<V, true> q(sum);  // twice a and b
+      const HeadTail<V> plus = fast_two_sum(q.up.head, q.down.head);
+      const HeadTail<V> minus = fast_two_sum(q.up.head, flip_sign(q.down.head, V(E(-1))));
+      p = plus.head;
+      m = minus.head;
+      p_low = plus.tail + (q.up.tail + q.down.tail);
+      m_low = minus.tail + (q.up.tail - q.down.tail);
+    }
+  }
+
+  // one C + other S: p, m for the cosine, m, p for the sine.
+  [[gnu::always_inline]] static V joined(const Parts& k, V one, V one_low, V other, V other_low) {
+    const V sine = sine_polynomial<V, L>(k.z), cosine = cosine_polynomial<V, L>(k.z);
+    if constexpr (L != Level::HA) {
+      return fma(other, fma(k.r, k.z * sine, k.r), fma(one, k.z * cosine, one));
+    } else {
+      // one + other r, its error, and all that is small.
+      const V head = fma(other, k.r, one);
+      const V lost = fma(other, k.r, one - head);
+      const V s = fma(k.r * k.z, sine, k.r_low);
+      const V rest = fma(other, s, one * (k.z * cosine));
+      return (head + (rest + (lost + fma(other_low, k.r, one_low)))) * V(E(0.5));
+    }
+  }
+  V cosine() const { return joined(*this, p, p_low, m, m_low); }
+  V sine() const { return joined(*this, m, m_low, p, p_low); }
+};
+
+// |x| from 87 or 708 on: 2^-n / 2 leaves the range of exponents.
+template <class V>
+auto large(V x) {
+  return magnitude_above<Single<V> ? 0x42ADFFFFu : 0x40861FFFu>(x);
+}
+template <class E>
+inline constexpr E kOverflow = sizeof(E) == 4 ? E(kOverflow32) : E(kOverflow64);
+
+// e^|x| / 2, |x| large but without overflow.
+template <class E>
+E half_exponential(E x) {
+  ExpParts parts(static_cast<double>(magnitude(x)));
+  parts.k -= 1;
+  return static_cast<E>(parts.normal());
+}
+template <class E>
+E overflowed(E x) {
+  return x * opaque(std::numeric_limits<E>::max());
+}
+
+}  // namespace hyperbolic
+
+template <class V, Level L>
+struct Cosh {
+  using E = Element<V>;
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4};
+  static auto special(V x) { return hyperbolic::large(x); }
+  static V lanes(V x) { return hyperbolic::Parts<V, L>(magnitude(x)).cosine(); }
+
+  static int32_t element(const E* px, E* r) {
+    const E x = *px;
+    if (is_nan(x) || is_infinite(x)) {
+      *r = x * x;
+    } else if (magnitude(x) > hyperbolic::kOverflow<E>) {
+      *r = hyperbolic::overflowed(magnitude(x));
+      return zymErrorOverflow;
+    } else {
+      *r = hyperbolic::half_exponential(x);
+    }
+    return 0;
+  }
+
+  static Mask<V> repair(V x, V& r, Mask<V> mask) {
+    const Mask<V> above = magnitude(x) > V(hyperbolic::kOverflow<E>);
+    r = select(above, V(infinity<E>), r);
+    return andnot(above, mask);
+  }
+};
+
+template <class V, Level L>
+struct Sinh {
+  using E = Element<V>;
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4};
+  static auto special(V x) { return hyperbolic::large(x); }
+  static V lanes(V x) { return join_sign(hyperbolic::Parts<V, L>(magnitude(x)).sine(), x); }
+
+  static int32_t element(const E* px, E* r) {
+    const E x = *px;
+    if (is_nan(x) || is_infinite(x)) {
+      *r = x + x;
+    } else if (magnitude(x) > hyperbolic::kOverflow<E>) {
+      *r = hyperbolic::overflowed(x);
+      return zymErrorOverflow;
+    } else {
+      *r = join_sign(hyperbolic::half_exponential(x), x);
+    }
+    return 0;
+  }
+
+  static Mask<V> repair(V x, V& r, Mask<V> mask) {
+    const Mask<V> above = magnitude(x) > V(hyperbolic::kOverflow<E>);
+    r = select(above, join_sign(V(infinity<E>), x), r);
+    return andnot(above, mask);
+  }
+};
+
+template <class V, Level L>
+struct Tanh {
+  using E = Element<V>;
+  using K = hyperbolic::Constants<E>;
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4};
+  static auto special(V x) { return magnitude_above<Single<V> ? 0x7F7FFFFFu : 0x7FEFFFFFu>(x); }
+
+  static V lanes(V x) {
+    const V a = min(magnitude(x), V(E(Single<V> ? 10 : 20)));  // 1 to the last bit from there on
+    const V twice = a + a;
+    constexpr E kSteps = L == Level::HA ? 4 : 1;
+    const auto [sum, n] = shift_round(twice, V(K::log2e * kSteps));
+    const V upper = fnma(n, V(K::ln2_head / kSteps), twice);
+    const V r = fnma(n, V(K::ln2_tail / kSteps), upper);
+    const V one = V(E(1)), two = V(E(2));
+    if constexpr (L != Level::HA) {
+      const V s = as_float(as_bits(one) + shift_left<Format<V>::mantissa_bits>(as_bits(sum)));
+      // The added number keeps the product from underflow; below as well.
+      const V q = fma(r, fma(r, horner(r, coefficients()), V(E(0x1p-100))), r);
+      const V num = fma(s, q, s - one);  // e^2x - 1
+      return join_sign(num / (num + two), x);
+    } else {
+      const V r_low = fnma(n, V(K::ln2_tail / kSteps), upper - r);
+      const HeadTail<V> s = hyperbolic::Quarters<V, false>(sum).up;
+      const HeadTail<V> less = fast_two_sum(s.head, V(E(-1)));
+      const V head = fma(s.head, r, less.head);
+      const V lost = fma(s.head, r, less.head - head);
+      // What is beside 1 below the last bit would underflow in products.
+      const Mask<V> counts = twice > V(E(Single<V> ? 0x1p-40 : 0x1p-100));
+      const V counted = keep(counts, r), z = counted * counted;
+      const V cubic = fma(r, horner(r, coefficients()), V(E(0x1p-100)));
+      const V smallest = fma(s.head, fma(z, cubic, r_low), fma(s.tail, r, s.tail));
+      const V rest = fma(s.head * V(E(0.5)), z, smallest + (lost + less.tail));
+      const HeadTail<V> num = fast_two_sum(head, rest);
+      HeadTail<V> den = two_sum(num.head, two);
+      den.tail = keep(counts, den.tail + num.tail);
+      const V y = num.head / den.head;
+      const V left = fnma(y, den.tail, fnma(y, den.head, num.head) + num.tail);
+      return join_sign(fma(left, rough_reciprocal(den.head), y), x);
+    }
+  }
+
+  static int32_t element(const E* px, E* r) {
+    const E x = *px;
+    *r = is_nan(x) ? x + x : join_sign(E(1), x);
+    return 0;
+  }
+
+ private:
+  // (e^r - 1 - r) / r^2; HA: (e^r - 1 - r - r^2 / 2) / r^3.
+  static constexpr const auto& coefficients() {
+    if constexpr (Single<V> && L == Level::EP) return kTanhSingleEP;
+    if constexpr (Single<V> && L == Level::LA) return kTanhSingleLA;
+    if constexpr (Single<V> && L == Level::HA) return kTanhSingleHA;
+    if constexpr (Double<V> && L != Level::HA) return kTanhDoubleLA;
+    if constexpr (Double<V> && L == Level::HA) return kTanhDoubleHA;
+  }
+};
+
+}  // namespace orvik::zym

@@ -1,0 +1,262 @@
+// Inverse hyperbolic functions. With 2^e the power of two next to the argument of the logarithm,
+//   theta = e ln(2) + 2 atanh(t / 2) = e ln(2) + t + t u P(u), u = t^2 <= 0.241,
+// where t comes from one division and is the argument itself, nearly, for e = 0: small results need no branch.
+//   asinh and acosh: C = cosh theta, S = sinh theta: t = 2 (C + S - 2^e) / (C + S + 2^e), and 2 S / (C + 1) for e = 0;
+//   atanh x: t / 2 = ((1 + x) - 2^e (1 - x)) / ((1 + x) + 2^e (1 - x)), and theta is half of the above.
+#pragma once
+
+#include <limits>
+
+#include "orvik/zym_types.h"
+#include "zym/kernels/hyperbolic/coefficients.h"
+#include "zym/kernels/hyperbolic/constants.h"
+#include "zym/kernels/shared/corrections.h"
+#include "zym/skeleton/family.h"
+
+namespace orvik::zym {
+namespace hyperbolic {
+
+// (2 atanh(t / 2) / t - 1) / u in u = t^2.
+template <class V, Level L>
+V inverse_polynomial(V u) {
+  if constexpr (Single<V>) {
+    if constexpr (L == Level::EP) return horner(u, kAtanhSingleEP);
+    if constexpr (L == Level::LA) return horner(u, kAtanhSingleLA);
+    if constexpr (L == Level::HA) return horner(u, kAtanhSingleHA);
+  } else {
+    if constexpr (L == Level::EP) return horner(u, kAtanhDoubleEP);
+    if constexpr (L == Level::LA) return horner(u, kAtanhDoubleLA);
+    if constexpr (L == Level::HA) return horner(u, kAtanhDoubleHA);
+  }
+}
+
+// 2^e and e, as numbers, of bits whose exponent field is e itself.
+template <class V>
+struct Power {
+  V power, e;
+  explicit Power(Integer<V> bits) {
+    constexpr int kMantissa = Format<V>::mantissa_bits;
+    power = as_float((bits & Integer<V>(Format<V>::exponent_field)) + as_bits(V(Element<V>(1))));
+    if constexpr (Single<V>) {
+      e = to_float(shift_right<kMantissa>(bits));
+    } else {
+      const V whole = V(0x1p52);
+      e = as_float(shift_right<kMantissa>(bits) | as_bits(whole)) - whole;
+    }
+  }
+};
+
+// e ln(2) + t + t u P(u), t = t_head + t_tail, ln(2) times `scale` (1 or 1/2). The tail counts at HA only.
+template <Level L, class V>
+[[gnu::always_inline]] inline V logarithm(V e, V t, V t_tail, V u, Element<V> scale) {
+  using K = Constants<Element<V>>;
+  const V p = inverse_polynomial<V, L>(u);
+  if constexpr (L != Level::HA) {
+    return fma(e, V(K::ln2 * scale), fma(t, u * p, t));
+  } else {
+    const HeadTail<V> sum = fast_two_sum(e * V(K::ln2_head * scale), t);
+    return sum.head + fma(e, V(K::ln2_tail * scale), sum.tail + fma(t * u, p, t_tail));
+  }
+}
+
+// theta of the first quadrant from its cosine and sine. `more`: to be added to e.
+template <Level L, class V>
+[[gnu::always_inline]] inline V from_cosine_and_sine(HeadTail<V> cosine, HeadTail<V> sine, V more = V(Element<V>(0))) {
+  using E = Element<V>;
+  using K = Constants<E>;
+  const V one_half = V(E(0.5));
+  const V c = cosine.head, s = sine.head;
+  const V y = c + s;
+  // e = 0 up to e^(1/2) at LA, so that the ulp of what is left is that of 1/2; up to 3/2 otherwise, for a small t.
+  const Power<V> n(as_bits(y) - as_bits(V(L == Level::LA ? K::half_root_e : E(0.75))));
+  const Mask<V> small = n.power < V(E(2));  // e = 0
+  if constexpr (L != Level::HA) {
+    const V num = s + drop(small, c - n.power);
+    const V half_den = fma(drop(small, s) + c, one_half, n.power * one_half);
+    const V t = num / half_den;
+    return logarithm<L>(n.e, t, V(E(0)), safe_square<false>(t), E(1));
+  } else {
+    // Everything with its error: C >= S, and y is between 3/4 and 3/2 of the power.
+    const V y_low = (c - y) + s + (cosine.tail + sine.tail);
+    const V w = select(small, c, y), w_low = select(small, cosine.tail, y_low);
+    const V num = select(small, s, w - n.power), num_low = select(small, sine.tail, w_low);
+    const V den = w + n.power;
+    const V half_den = den * one_half;
+    const V half_den_low = ((n.power - den) + w + w_low) * one_half;
+    const V t = num / half_den;
+    const V t_low = (fnma(t, half_den, num) + fnma(t, half_den_low, num_low)) * rough_reciprocal(half_den);
+    return logarithm<L>(n.e + more, t, t_low, safe_square<true>(t), E(1));
+  }
+}
+
+// Squares are taken of numbers up to this one; beyond it 1 does not count beside them. From 2^90 or 2^900 on the
+// element routine serves: corrections divided by such numbers could underflow.
+template <class E>
+inline constexpr E kSquared = sizeof(E) == 4 ? E(0x1p30) : E(0x1p60);
+template <class V>
+inline constexpr uint32_t kLastWord = Single<V> ? 0x6C7FFFFFu : 0x782FFFFFu;
+inline constexpr double kFarFactor = 0x1p-150;  // what the element routine scales large arguments by
+inline constexpr double kFarExponent = 150;
+
+// sqrt(square), square in head and tail; 0 is allowed.
+template <class V>
+[[gnu::always_inline]] inline HeadTail<V> root_of(HeadTail<V> square) {
+  const V root = sqrt(square.head);
+  const V lost = (fnma(root, root, square.head) + square.tail) * (V(Element<V>(0.5)) * rough_reciprocal(max(root, V(Element<V>(0x1p-60)))));
+  return {root, lost};
+}
+
+}  // namespace hyperbolic
+
+template <class V, Level L>
+struct Asinh {
+  using E = Element<V>;
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4};
+  static auto special(V x) { return magnitude_above<hyperbolic::kLastWord<V>>(x); }
+
+  static V lanes(V x) { return join_sign(of_magnitude(magnitude(x), V(E(0))), x); }
+
+  static int32_t element(const E* px, E* r) {
+    const E x = *px;
+    if (is_nan(x)) {
+      *r = x * x;
+    } else if (is_infinite(x)) {
+      *r = x;
+    } else {
+      *r = join_sign(far(magnitude(x)), x);
+    }
+    return 0;
+  }
+
+ private:
+  // asinh x = asinh(x / 2^k) + k ln(2), x large.
+  static float far(float x) { return static_cast<float>(Asinh<double, Level::HA>::lanes(x)); }
+  static double far(double x) {
+    return Asinh<double, Level::HA>::of_magnitude(x * hyperbolic::kFarFactor, hyperbolic::kFarExponent);
+  }
+  template <class, Level>
+  friend struct Asinh;
+  [[gnu::always_inline]] static V of_magnitude(V a, V more) {
+    const V one = V(E(1)), zero = V(E(0));
+    const V b = min(a, V(hyperbolic::kSquared<E>));
+    if constexpr (L != Level::HA) {
+      return hyperbolic::from_cosine_and_sine<L, V>({max(sqrt(fma(b, b, one)), a), zero}, {a, zero});
+    } else {
+      const V square = safe_square<false>(b);
+      const V larger = max(square, one), smaller = min(square, one);
+      HeadTail<V> sum = fast_two_sum(larger, smaller);
+      sum.tail = sum.tail + fms(b, b, square);
+      const HeadTail<V> root = hyperbolic::root_of(sum);
+      return hyperbolic::from_cosine_and_sine<L, V>({max(root.head, a), root.tail}, {a, zero}, more);
+    }
+  }
+};
+
+template <class V, Level L>
+struct Acosh {
+  using E = Element<V>;
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .filler = 1.5};
+  static auto special(V x) { return outside<Single<V> ? 0x3F800000u : 0x3FF00000u, hyperbolic::kLastWord<V>>(x); }
+
+  static V lanes(V x) { return of(x, V(E(0))); }
+
+  static int32_t element(const E* px, E* r) {
+    const E x = *px;
+    if (is_nan(x)) {
+      *r = x * x;
+    } else if (x == infinity<E>) {
+      *r = x;
+    } else if (x >= 1) {
+      *r = far(x);
+    } else {
+      *r = opaque(E(0)) * infinity<E>;
+      return zymErrorDomain;
+    }
+    return 0;
+  }
+
+ private:
+  static float far(float x) { return static_cast<float>(Acosh<double, Level::HA>::lanes(x)); }
+  static double far(double x) {
+    return Acosh<double, Level::HA>::of(x * hyperbolic::kFarFactor, hyperbolic::kFarExponent);
+  }
+  template <class, Level>
+  friend struct Acosh;
+  [[gnu::always_inline]] static V of(V x, V more) {
+    const V one = V(E(1)), zero = V(E(0));
+    const V b = min(x, V(hyperbolic::kSquared<E>));
+    if constexpr (L != Level::HA) {
+      const V d = b - one;
+      return hyperbolic::from_cosine_and_sine<L, V>({x, zero}, {sqrt(fma(d, d, d + d)) + (x - b), zero});
+    } else {
+      const HeadTail<V> square = two_square(b);
+      HeadTail<V> difference = fast_two_sum(square.head, V(E(-1)));
+      difference = fast_two_sum(difference.head, difference.tail + square.tail);
+      const HeadTail<V> root = hyperbolic::root_of(difference);
+      return hyperbolic::from_cosine_and_sine<L, V>({x, zero}, {root.head + (x - b), root.tail}, more);
+    }
+  }
+};
+
+template <class V, Level L>
+struct Atanh {
+  using E = Element<V>;
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4};
+  // From 1 - 2^-22 or 1 - 2^-21 on: the power of two with 1 added would be rounded.
+  static auto special(V x) { return magnitude_above<Single<V> ? 0x3F7FFFFBu : 0x3FEFFFFEu>(x); }
+
+  static V lanes(V x) {
+    const V a = magnitude(x), one = V(E(1));
+    // The quotient of two numbers as integers, next to their logarithms: rounded to a power of two.
+    const V sum = one + a, difference = one - a;
+    const hyperbolic::Power<V> n(as_bits(sum) - as_bits(difference) +
+                                 Integer<V>(Bits<V>{1} << (Format<V>::mantissa_bits - 1)));
+    V t, t_low = V(E(0));
+    if constexpr (L != Level::HA) {
+      const V above = n.power + one, below = one - n.power;
+      t = fma(a, above, below) / fma(a, below, above);
+    } else {
+      const V scaled = n.power * difference;  // next to the sum: what they differ by is exact
+      const V sum_low = a - (sum - one), difference_low = (one - difference) - a;
+      const HeadTail<V> num = fast_two_sum(sum - scaled, fnma(n.power, difference_low, sum_low));
+      const HeadTail<V> den = two_sum(sum, scaled);
+      const V den_low = den.tail + fma(n.power, difference_low, sum_low);
+      t = num.head / den.head;
+      t_low = (fnma(t, den.head, num.head) + fnma(t, den_low, num.tail)) * rough_reciprocal(den.head);
+    }
+    return join_sign(hyperbolic::logarithm<L>(n.e, t, t_low, safe_square<L == Level::HA>(t + t), E(0.5)), x);
+  }
+
+  static int32_t element(const E* px, E* r) {
+    const E x = *px;
+    if (is_nan(x)) {
+      *r = x * x;
+      return 0;
+    }
+    if (is_infinite(x)) {
+      *r = x * opaque(E(0));
+      return zymErrorDomain;
+    }
+    if (magnitude(x) > 1) {
+      *r = opaque(E(0)) * infinity<E>;
+      return zymErrorDomain;
+    }
+    if (magnitude(x) == 1) {
+      *r = x / opaque(E(0));
+      return zymErrorSingularity;
+    }
+    *r = join_sign(static_cast<E>(near_one(magnitude(x))), x);
+    return 0;
+  }
+
+ private:
+  // The power of two is so large that t need not be better than its own ulp.
+  static double near_one(double a) {
+    const double sum = 1 + a, difference = 1 - a;
+    const hyperbolic::Power<double> n(as_bits(sum) - as_bits(difference) + (uint64_t{1} << 51));
+    const double t = fnma(n.power, difference, sum) / fma(n.power, difference, sum);
+    return hyperbolic::logarithm<Level::HA>(n.e, t, 0.0, 4 * t * t, 0.5);
+  }
+};
+
+}  // namespace orvik::zym

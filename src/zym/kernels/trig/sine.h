@@ -1,0 +1,87 @@
+// What sines and cosines of all units share: signs from the bits of n, odd polynomials, the sum of angles on a grid.
+#pragma once
+
+#include "lanes/lanes.h"
+#include "zym/kernels/trig/coefficients.h"
+#include "zym/kernels/trig/tables.h"
+
+namespace orvik::zym::trig {
+
+// The bit `Bit` of n, which the low bits of t hold, as the sign of a number; other bits of it mean nothing.
+template <int Bit, class V>
+V sign_from(V t) {
+  return as_float(shift_left<static_cast<int>(8 * sizeof(Element<V>)) - 1 - Bit>(as_bits(t)));
+}
+// x with its sign changed where n is odd.
+template <class V>
+V flip_odd(V x, V t) {
+  return x ^ sign_from<0>(t);
+}
+
+// r + r z P(z), z = r^2; r P(z).
+template <class V, size_t N>
+[[gnu::always_inline]] inline V odd_sum(V r, const Element<V> (&c)[N]) {
+  const V z = r * r;
+  return fma(r * z, horner(z, c), r);
+}
+template <class V, size_t N>
+[[gnu::always_inline]] inline V odd_product(V r, const Element<V> (&c)[N]) {
+  return horner(r * r, c) * r;
+}
+// u r + r z P(z), u of two parts.
+template <class V, size_t N>
+[[gnu::always_inline]] inline V odd_sum(V r, V u, V u_tail, const Element<V> (&c)[N]) {
+  const V z = r * r;
+  return fma(r, u, r * fma(z, horner(z, c), u_tail));
+}
+// A function of doubles over the halves of floats.
+template <class F, Single V, class... More>
+[[gnu::always_inline]] inline V by_halves(F function, V x, More... more) {
+  return narrow(function(widen_low(x), widen_low(more)...), function(widen_high(x), widen_high(more)...));
+}
+
+// sin and cos of n pi/256 + r, n in the low bits of t, |r| up to pi/512 and a little more. Where the grid point's sine
+// (cosine) is 0 the result is r with a relative error; else the sum's head is rounded once and keeps what it lost.
+template <Double V>
+struct GridPoint {
+  V sine, sine_tail, cosine, cosine_tail;
+  V sign;  // in its sign bit
+
+  [[gnu::always_inline]] explicit GridPoint(V t) {
+    const auto row = gather(kSinCos256, indices(as_bits(t) & Integer<V>(uint64_t{255})));
+    sine = row.c[0];
+    sine_tail = row.c[1];
+    cosine = row.c[2];
+    cosine_tail = row.c[3];
+    sign = sign_from<8>(t);
+  }
+};
+template <Double V>
+struct GridRest {  // sin(r) - r, cos(r) - 1
+  V sine, cosine;
+  [[gnu::always_inline]] explicit GridRest(V r) {
+    const V z = r * r;
+    sine = r * z * horner(z, kGridSine);
+    cosine = z * horner(z, kGridCosine);
+  }
+};
+template <Double V>
+[[gnu::always_inline]] inline V grid_sine(const GridPoint<V>& p, HeadTail<V> r) {
+  const GridRest<V> rest(r.head);
+  const V head = fma(p.cosine, r.head, p.sine);
+  const V lost = fma(p.cosine, r.head, p.sine - head);
+  const V tail =
+      fma(p.sine, rest.cosine, fma(p.cosine, rest.sine + r.tail, fma(p.cosine_tail, r.head, p.sine_tail + lost)));
+  return flip_sign(head + tail, p.sign);
+}
+template <Double V>
+[[gnu::always_inline]] inline V grid_cosine(const GridPoint<V>& p, HeadTail<V> r) {
+  const GridRest<V> rest(r.head);
+  const V head = fnma(p.sine, r.head, p.cosine);
+  const V lost = fnma(p.sine, r.head, p.cosine - head);
+  const V tail =
+      fma(p.cosine, rest.cosine, fnma(p.sine, rest.sine + r.tail, fnma(p.sine_tail, r.head, p.cosine_tail + lost)));
+  return flip_sign(head + tail, p.sign);
+}
+
+}  // namespace orvik::zym::trig

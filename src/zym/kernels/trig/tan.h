@@ -1,0 +1,227 @@
+// tan(x), tan(pi x) and the tangent of degrees. At the lower levels |x| = n pi/2 + r and one division: P/Q for even n,
+// -Q/P for odd; at the highest a grid of pi/32 or pi/16 and the quotient of the sums of angles.
+#pragma once
+
+#include "zym/kernels/trig/element.h"
+#include "zym/kernels/trig/reduce.h"
+#include "zym/kernels/trig/sine.h"
+#include "zym/kernels/trig/units.h"
+#include "zym/skeleton/family.h"
+
+namespace orvik::zym {
+
+namespace trig {
+
+// r P/Q, or Q/(r P) where `inverse` has its sign bit set.
+template <class V, size_t N, size_t M>
+[[gnu::always_inline]] inline V quotient(V r, V inverse, const Element<V> (&p)[N], const Element<V> (&q)[M]) {
+  const V z = r * r;
+  const V over = r * horner(z, p);
+  const V under = horner(z, q);
+  const Mask<V> swapped = sign_decides(inverse);
+  return select(swapped, under, over) / select(swapped, over, under);
+}
+
+// tan(k step + r) on the grid, k in the low bits of t.
+template <Double V>  // steps of pi/32, to 2^-33; r a plain double
+[[gnu::always_inline]] inline V tangent_single(V t, V r) {
+  const auto row = gather(kSinCos32, indices(as_bits(t) & Integer<V>(uint64_t{31})));
+  const V tangent = odd_sum(r, kTangentGrid32);
+  return fma(row.second, tangent, row.first) / fnma(row.first, tangent, row.second);
+}
+template <bool Poles, Double V>  // steps of pi/16
+[[gnu::always_inline]] inline V tangent_double(V t, HeadTail<V> r) {
+  const auto row = gather(kSinCos16, indices(as_bits(t) & Integer<V>(uint64_t{15})));
+  const V s = row.c[0], s_tail = row.c[1], c = row.c[2], c_tail = row.c[3];
+  // tan(r) in head and tail.
+  const V z = r.head * r.head;
+  const V rest = fma(r.head * z, horner(z, kTangentGrid64), fma(z, r.tail, r.tail));
+  const HeadTail<V> g = fast_two_sum(r.head, rest);
+  const V over = fma(c, g.head, s);
+  const V over_tail = fma(c, g.tail, fma(c_tail, g.head, s_tail)) + fma(c, g.head, s - over);
+  const V under = fnma(s, g.head, c);
+  const V under_tail = fnma(s, g.tail, fnma(s_tail, g.head, c_tail)) + fnma(s, g.head, c - under);
+  const auto corrected = [&](V inverse) __attribute__((always_inline)) {
+    const V q = over * inverse;
+    return fma(fnma(q, under_tail, fnma(q, under, over) + over_tail), inverse, q);
+  };
+  const V inverse = V(1.0) / under;
+  if constexpr (!Poles) return corrected(inverse);
+  const Mask<V> pole = under == V(0.0);
+  return select(pole, inverse, corrected(drop(pole, inverse)));
+}
+
+// --- radians --------------------------------------------------------------------------------------------------------
+
+// The sign of tan(n pi/2 + r) is that of r for even n, the other for odd n.
+template <Level L, Single V>
+struct TangentSingle : NotFiniteElement<V> {
+  static constexpr Knobs knobs = knobs_of(4);
+  static auto special(V x) { return magnitude_above<0x4600FFFFu>(x); }  // from 8256 on
+
+  static V lanes(V x) {
+    const V a = magnitude(x);
+    if constexpr (L == Level::HA) {
+      const V s = by_halves(
+          [](auto y) __attribute__((always_inline)) {
+            using W = decltype(y);
+            const auto [t, n] = shift_round(y, W(10.18591594696045));
+            return tangent_single(t, fnma(n, W(3.798187816439979e-12), fnma(n, W(0.09817477042088285), y)));
+          },
+          a);
+      return flip_sign(s, x);
+    } else {
+      const auto [t, n] = shift_round(a, V(0.6366197466850281f));
+      V r = fnma(n, V(-4.371138828673793e-08f), fnma(n, V(1.5707963705062866f), a));
+      if constexpr (L == Level::LA) r = fnma(n, V(-1.7151245100058819e-15f), r);
+      return flip_sign(quotient(r, sign_from<0>(t), kTangent32P, kTangent32Q), sign_from<0>(t) ^ x);
+    }
+  }
+  static Masked<V, Mask<V>> wide(V x) {
+    const V s = over_large<2>(magnitude(x), 0.0, [](auto reduced) {
+      using W = decltype(reduced.t);
+      const W odd = sign_from<0>(reduced.t);
+      return flip_sign(quotient(reduced.f * W(kPi), odd, kTangentEP64P, kTangentEP64Q), odd);
+    });
+    return {flip_sign(s, x), not_finite(x)};
+  }
+};
+
+template <Level L, Double V>
+struct TangentDouble : NotFiniteElement<V> {
+  static constexpr Knobs knobs = knobs_of(4);
+  static auto special(V x) { return magnitude_above<0x40FF3FFFu>(x); }  // from 128000 on
+
+  static V lanes(V x) {
+    const V a = magnitude(x);
+    const auto [t, n] = shift_round(a, V(0.6366197723675814));
+    V r = fnma(n, V(6.123233995736765e-17), fnma(n, V(1.5707963267948966), a));
+    if constexpr (L == Level::LA) r = fnma(n, V(1.082856673921914e-32), r);
+    return finish(r, t, x);
+  }
+  static Masked<V, Mask<V>> wide(V x) {
+    const auto [t, r] = reduce_large<2>(magnitude(x));
+    const V s = finish(r.head, t, x);
+    if constexpr (L == Level::EP) return {s, not_finite(x)};
+    // The tangent's and the cotangent's slopes are 1 + s^2, but for the sign.
+    return {fma(flip_sign(r.tail, x), fma(s, s, V(1.0)), s), not_finite(x)};
+  }
+
+ private:
+  static V finish(V r, V t, V x) {
+    const V odd = sign_from<0>(t);
+    if constexpr (L == Level::EP) return flip_sign(quotient(r, odd, kTangentEP64P, kTangentEP64Q), odd ^ x);
+    if constexpr (L == Level::LA) return flip_sign(quotient(r, odd, kTangentLA64P, kTangentLA64Q), odd ^ x);
+  }
+};
+template <Double V>
+struct TangentDouble<Level::HA, V> : NotFiniteElement<V> {
+  static constexpr Knobs knobs = knobs_of(2);
+  static auto special(V x) { return magnitude_above<0x40EFFFFFu>(x); }  // from 65536 on
+
+  static V lanes(V x) {
+    const V a = magnitude(x);
+    const auto [t, n] = shift_round(a, V(5.092958178940651));
+    // pi/16 in the parts of pi/256.
+    const V r = fnma(n, V(16 * 0.012271846302610356), a);
+    const V head = fnma(n, V(16 * 4.747734770549973e-13), r);
+    const V tail = fnma(n, V(16 * 1.5798955068718364e-23), fnma(n, V(16 * 4.747734770549973e-13), r - head));
+    return flip_sign(tangent_double<false>(t, HeadTail<V>{head, tail}), x);
+  }
+  static Masked<V, Mask<V>> wide(V x) {
+    const auto [t, r] = reduce_large<16>(magnitude(x));
+    return {flip_sign(tangent_double<false>(t, r), x), not_finite(x)};
+  }
+};
+
+// --- half turns, degrees --------------------------------------------------------------------------------------------
+
+// Zeros and poles are exact. The tangent of half turns at n is 0, of the sign of x for even n, of the other for odd n;
+// at n + 1/2 infinite, with the sign of x for even n, with the other for odd n (IEEE 754-2019, tanPi). Degrees alike.
+template <class Unit, Level L, class V>
+struct TangentOfUnit : NotFiniteElement<V> {
+  using E = Element<V>;
+  static constexpr Knobs knobs = knobs_of(Double<V> && L == Level::HA ? 2 : 4);
+  static auto special(V x) { return Unit::special(x); }
+  static V lanes(V x) { return flip_sign(of_turn(Unit::within_turn(magnitude(x))), x); }
+
+  [[gnu::always_inline]] static V of_turn(V f) {
+    // What is left to the half turn has the other tangent.
+    const V r = folded<Unit>(f);
+    const V other = as_float(as_bits(V(E(Unit::kHalfTurn / 2)) - magnitude(f)));  // its sign bit
+    V s;
+    if constexpr (L == Level::HA) {
+      s = accurate(r);
+    } else {
+      // Beyond an eighth turn one over the tangent of what is left to the quarter turn.
+      const V eighth = V(E(Unit::kHalfTurn / 4));
+      const V w = fms(V(E(2)), min(max(r, V(E(-Unit::kHalfTurn / 4))), eighth), r);
+      using P = UnitPolynomials<Unit, Double<V>, L == Level::EP>;
+      s = quotient(w, eighth - magnitude(r), P::tangent_p, P::tangent_q);
+    }
+    // A pole gives an infinity of r's sign, whatever sign the zero had that it was divided by.
+    return flip_sign(copy_sign(s, r), other);
+  }
+
+ private:
+  [[gnu::always_inline]] static V accurate(V f) {
+    if constexpr (Single<V>) {
+      return by_halves(
+          [](auto y) __attribute__((always_inline)) {
+            using W = decltype(y);
+            const auto [t, n] = shift_round(y, W(32 / Unit::kHalfTurn));
+            return tangent_single(t, fnma(n, W(Unit::kHalfTurn / 32), y) * W(Unit::kRadians));
+          },
+          f);
+    } else {
+      const auto [t, n] = shift_round(f, V(16 / Unit::kHalfTurn));
+      const V w = fnma(n, V(Unit::kHalfTurn / 16), f);
+      HeadTail<V> r = two_prod(w, V(Unit::kRadians));
+      r.tail = fma(w, V(Unit::kRadiansTail), r.tail);
+      return unless_tiny<Unit>(tangent_double<true>(t, r), f);
+    }
+  }
+};
+template <Level L, class V>
+struct TangentOfDegrees : TangentOfUnit<Degrees, L, V> {
+  static Masked<V, Mask<V>> wide(V x) {
+    const V s = TangentOfDegrees::of_turn(Degrees::within_turn_of_large(magnitude(x)));
+    return {flip_sign(s, x), not_finite(x)};
+  }
+};
+
+template <Level L, class V>
+struct TangentOf;
+template <Level L, Single V>
+struct TangentOf<L, V> : TangentSingle<L, V> {};
+template <Level L, Double V>
+struct TangentOf<L, V> : TangentDouble<L, V> {};
+
+}  // namespace trig
+
+// sTan LA: 2.9305 ulp at -0x1.662146p+5
+// sTan HA: 0.5014 ulp at 0x1.143238p+124
+// sTan EP: 21.11 bits at 0x1.78fdbap+4
+// dTan LA: 2.9664 ulp at -0x1.1bc232278c8e1p+6
+// dTan HA: 0.5114 ulp at -0x1.85ecd482624cp+1
+// dTan EP: 32.71 bits at 0x1.9eb0b2ee64e81p+5
+template <class V, Level L>
+struct Tan : trig::TangentOf<L, V> {};
+// sTanpi LA: 2.6907 ulp at -0x1.6deb88p+6
+// sTanpi HA: 0.5002 ulp at -0x1.8e05eep+6
+// sTanpi EP: 13.45 bits at -0x1.681e24p-11
+// dTanpi LA: 2.6635 ulp at 0x1.13ea82fdc1d6p+5
+// dTanpi HA: 0.7719 ulp at -0x0.83dcc317f2488p-1022
+// dTanpi EP: 27.99 bits at -0x1.8fffffffada71p+6
+template <class V, Level L>
+struct Tanpi : trig::TangentOfUnit<trig::Turns, L, V> {};
+// sTand LA: 2.6747 ulp at 0x1.3c2d26p+8
+// sTand HA: 0.5001 ulp at 0x1.b3c86p+6
+// sTand EP: 13.45 bits at 0x1.67efe4p+9
+// dTand LA: 3.0514 ulp at 0x1.5933d371d1bep+5
+// dTand HA: 0.5338 ulp at -0x1.f77de542ae65bp-1016
+// dTand EP: 27.99 bits at 0x1.1bf64bdf4cc5dp-13
+template <class V, Level L>
+struct Tand : trig::TangentOfDegrees<L, V> {};
+
+}  // namespace orvik::zym

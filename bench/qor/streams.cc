@@ -79,7 +79,7 @@ class Stream {
   int64_t drawn_ = 0;
 };
 
-std::vector<uint64_t> buffer(200000), peer_buffer(200000);  // of the widest element
+std::vector<uint64_t> buffer(200000);  // of the widest element; all candidates fill the same memory
 template <class T>
 T* as(std::vector<uint64_t>& b) {
   return reinterpret_cast<T*>(b.data());
@@ -122,9 +122,9 @@ void compare(const Generator& g, Form form, int32_t n) {
         for (; turns > 0; --turns) fill(r, n);
       });
     };
-    if (form == Form::words) add(p.words, as<uint32_t>(peer_buffer));
-    if (form == Form::floats) add(p.floats, as<float>(peer_buffer));
-    if (form == Form::doubles) add(p.doubles, as<double>(peer_buffer));
+    if (form == Form::words) add(p.words, as<uint32_t>(buffer));
+    if (form == Form::floats) add(p.floats, as<float>(buffer));
+    if (form == Form::doubles) add(p.doubles, as<double>(buffer));
   }
   const std::vector<double> best = paired.measure(seconds);
   const std::string what = std::string(g.name) + ", " + kForms[static_cast<int>(form)] + ", n = " + std::to_string(n);
@@ -161,8 +161,8 @@ void points_beside_memset(const Generator& g) {
     const size_t bytes = (form == Form::floats ? 4 : 8) * size_t{n};
     paired.add("memset", [&](int64_t turns) {
       for (; turns > 0; --turns) {
-        std::memset(peer_buffer.data(), static_cast<int>(turns), bytes);
-        asm volatile("" : : "r"(peer_buffer.data()) : "memory");
+        std::memset(buffer.data(), static_cast<int>(turns), bytes);
+        asm volatile("" : : "r"(buffer.data()) : "memory");
       }
     });
     const std::vector<double> best = paired.measure(seconds);

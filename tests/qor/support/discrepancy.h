@@ -39,11 +39,13 @@ inline double mean_star_discrepancy(const std::vector<double>& x, size_t dim) {
     double own = 1;
     for (size_t d = 0; d < dim; ++d) own *= (1 - x[i * dim + d] * x[i * dim + d]) / 2;
     single += own;
+    double row = 0;  // sums of sums: the terms cancel to a small part of their sum
     for (size_t j = 0; j <= i; ++j) {
       double both = 1;
       for (size_t d = 0; d < dim; ++d) both *= 1 - std::max(x[i * dim + d], x[j * dim + d]);
-      pairs += i == j ? both : 2 * both;
+      row += i == j ? both : 2 * both;
     }
+    pairs += row;
   }
   return std::sqrt(std::pow(3, -static_cast<double>(dim)) - 2 * single / count + pairs / (count * count));
 }

@@ -95,6 +95,8 @@ TEST(ErrorText, is_rounded_towards_the_larger_error) {
   EXPECT_EQ(error_text(Real(0x1p-24)), "2^-24.0");
   EXPECT_EQ(error_text(Real(0x1.001p-24)), "2^-23.9");
   EXPECT_FALSE(error_value(error_text(Real(3e-9))) < Real(3e-9));
+  EXPECT_EQ(error_text(Real(0.0)), "0");
+  EXPECT_TRUE(error_value("0") < Real(1e-300));
 }
 
 TEST(SourcePath, is_the_name_in_small_letters) {

@@ -163,6 +163,7 @@ size_t Declaration::rows() const {
 }
 
 std::string error_text(const Real& error) {
+  if (mpfr_zero_p(error.get()) != 0) return "0";  // exact
   const double tenths = std::floor(-10 * mpfr_get_d(apply(mpfr_log2, error.get()).get(), MPFR_RNDU));
   char text[32];
   std::snprintf(text, sizeof text, "2^-%.1f", tenths / 10);

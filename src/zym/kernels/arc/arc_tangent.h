@@ -133,12 +133,16 @@ struct ArcTangent {
   static V by_quarters(V a) {
     using K = Constants<float>;
     constexpr int kUnit = static_cast<int>(U);
-    static constexpr float kP[4] = {1, 0, 9.0f / 16, 1}, kQ[4] = {0, 1, 1, 9.0f / 16};
-    static constexpr float kBase[4] = {0, K::pi[kUnit] / 2, K::far_pivot[kUnit], K::pivot[kUnit]};
+    struct Pivots {
+      float p[4], q[4], base[4];
+    };
+    static constexpr Pivots kPivots = {{1, 0, 9.0f / 16, 1},
+                                       {0, 1, 1, 9.0f / 16},
+                                       {0, K::pi[kUnit] / 2, K::far_pivot[kUnit], K::pivot[kUnit]}};
     const auto above = [&](float bound) { return minus_one(a > V(bound)); };
     const Integer<V> row = above(9.0f / 32) + above(1) + above(32.0f / 9);
-    const V p = select_in_quad(quad_table<V>(kP), row), q = select_in_quad(quad_table<V>(kQ), row);
-    return small_angle<V, L, U>(fms(a, p, q) / fma(a, q, p), select_in_quad(quad_table<V>(kBase), row));
+    const V p = select_in_quad(quad_table<V>(kPivots.p), row), q = select_in_quad(quad_table<V>(kPivots.q), row);
+    return small_angle<V, L, U>(fms(a, p, q) / fma(a, q, p), select_in_quad(quad_table<V>(kPivots.base), row));
   }
 };
 

@@ -34,22 +34,28 @@ inline constexpr double kPivotpiLow64 = -0x1.1d27868a9336p-59;  //: = atan(9/16)
 // The angle whose tangent is 16/9.
 inline constexpr float kFarPivot32 = 0x1.0ef3cp0f;      //: = atan(16/9)
 inline constexpr float kFarPivotpi32 = 0x1.58fcacp-2f;  //: = atan(16/9)/pi
+// One number for results in radians, one for half turns.
+template <class E>
+struct ByUnit {
+  E radian, half_turn;
+  constexpr E operator[](int unit) const { return unit == 0 ? radian : half_turn; }
+};
 template <class E>
 struct Constants;
 template <>
 struct Constants<float> {
   static constexpr float inverse_pi = kInversePi32, inverse_pi_low = kInversePiLow32;
-  static constexpr float pi[2] = {kPi32, 1}, pi_low[2] = {kPiLow32, 0};  // by unit
-  static constexpr float pivot[2] = {kPivot32, kPivotpi32}, pivot_low[2] = {kPivotLow32, kPivotpiLow32};
-  static constexpr float far_pivot[2] = {kFarPivot32, kFarPivotpi32};
-  static constexpr float three_quarters[2] = {kThreeQuarters32, 0.75f};
+  static constexpr ByUnit<float> pi = {kPi32, 1}, pi_low = {kPiLow32, 0};
+  static constexpr ByUnit<float> pivot = {kPivot32, kPivotpi32}, pivot_low = {kPivotLow32, kPivotpiLow32};
+  static constexpr ByUnit<float> far_pivot = {kFarPivot32, kFarPivotpi32};
+  static constexpr ByUnit<float> three_quarters = {kThreeQuarters32, 0.75f};
 };
 template <>
 struct Constants<double> {
   static constexpr double inverse_pi = kInversePi64, inverse_pi_low = kInversePiLow64;
-  static constexpr double pi[2] = {kPi64, 1}, pi_low[2] = {kPiLow64, 0};
-  static constexpr double pivot[2] = {kPivot64, kPivotpi64}, pivot_low[2] = {kPivotLow64, kPivotpiLow64};
-  static constexpr double three_quarters[2] = {kThreeQuarters64, 0.75};
+  static constexpr ByUnit<double> pi = {kPi64, 1}, pi_low = {kPiLow64, 0};
+  static constexpr ByUnit<double> pivot = {kPivot64, kPivotpi64}, pivot_low = {kPivotLow64, kPivotpiLow64};
+  static constexpr ByUnit<double> three_quarters = {kThreeQuarters64, 0.75};
 };
 
 // Head and tail of (head + tail) / pi.

@@ -51,13 +51,17 @@ V half_times_power(Integer<V> shifted_exponent, bool negative) {
 
 // Tables of 2^(i/4) in a register. The exponent is added as n << (mantissa bits - 2), row bits and all, so that each
 // row is entered without them.
+struct QuarterHeads {
+  float v[4];
+  constexpr QuarterHeads() : v{} {
+    for (uint32_t i = 0; i < 4; ++i) v[i] = f32(std::bit_cast<uint32_t>(kQuarter32[i]) - (i << 21));
+  }
+};
 template <class E>
 struct QuarterRows;
 template <>
 struct QuarterRows<float> {
-  static constexpr float heads[4] = {
-      f32(std::bit_cast<uint32_t>(kQuarter32[0])), f32(std::bit_cast<uint32_t>(kQuarter32[1]) - 0x200000),
-      f32(std::bit_cast<uint32_t>(kQuarter32[2]) - 0x400000), f32(std::bit_cast<uint32_t>(kQuarter32[3]) - 0x600000)};
+  static constexpr QuarterHeads heads{};
 };
 struct WordTable {
   alignas(32) uint32_t words[8];
@@ -86,7 +90,7 @@ struct Quarters {
     const Integer<V> sum = as_bits(shifted);
     const Integer<V> capped = as_bits(min(shifted, V(kShifter<V> + Element<V>(320))));
     if constexpr (Single<V>) {
-      const V heads = quad_table<V>(QuarterRows<float>::heads), tails = quad_table<V>(kQuarterLow32);
+      const V heads = quad_table<V>(QuarterRows<float>::heads.v), tails = quad_table<V>(kQuarterLow32);
       const auto row = [&](Integer<V> n) -> HeadTail<V> {
         const V head = as_float(as_bits(select_in_quad(heads, n)) + shift_left<21>(n));
         return {head, head * select_in_quad(tails, n)};

@@ -136,7 +136,7 @@ inline constexpr double kSineLA64Turns[7] = {
     -0x1.62835b15f7692p-16, 0x1.e89eddb95c611p-12, -0x1.e3062f9cc54e3p-8, 0x1.5078326e7b70dp-4, -0x1.32d2cce1f6d5ep-1,
     0x1.466bc67752a35p1, -0x1.4abbce625bdabp2
 };
-//: p(x) = (1 - x * (2)^2) on [0, (1/4)^2], absolute error 2^-inf
+//: p(x) = (1 - x * (2)^2) on [0, (1/4)^2], absolute error 0
 //: fit trig/coefficients.sollya
 inline constexpr float kTangentEP32TurnsQ[2] = {-0x1p2f, 0x1p0f};
 //: x * p(x^2) / kTangentEP32TurnsQ(x^2) = tan(pi * x) on [-1/4, 1/4], relative error 2^-13.4
@@ -148,7 +148,7 @@ inline constexpr float kTangentLA32TurnsQ[3] = {0x1.c71c72p0f, -0x1.1c71c8p2f, 0
 //: x * p(x^2) / kTangentLA32TurnsQ(x^2) = tan(pi * x) on [-1/4, 1/4], relative error 2^-25.0
 //: fit trig/coefficients.sollya
 inline constexpr float kTangentLA32TurnsP[4] = {0x1.af25ap-6f, 0x1.cfa62ep-2f, -0x1.d048bep1f, 0x1.921fb6p1f};
-//: p(x) = (1 - x * (2)^2) on [0, (1/4)^2], absolute error 2^-inf
+//: p(x) = (1 - x * (2)^2) on [0, (1/4)^2], absolute error 0
 //: fit trig/coefficients.sollya
 inline constexpr double kTangentEP64TurnsQ[2] = {-0x1p2, 0x1p0};
 //: x * p(x^2) / kTangentEP64TurnsQ(x^2) = tan(pi * x) on [-1/4, 1/4], relative error 2^-27.9

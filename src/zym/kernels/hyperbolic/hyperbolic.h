@@ -187,6 +187,11 @@ E overflowed(E x) {
 
 }  // namespace hyperbolic
 
+// sCosh LA: 2.4790 ulp at -0x1.07914cp+3
+// sCosh HA: 0.5082 ulp at -0x1.b68d5p+2
+// sCosh EP: 12.81 bits at -0x1.2b709ap+3
+// dCosh LA: 2.0654 ulp at 0x1.2904a05479a85p+4
+// dCosh HA: 0.5072 ulp at -0x1.1e3c4860b5f8cp+5
 template <class V, Level L>
 struct Cosh {
   using E = Element<V>;
@@ -214,6 +219,12 @@ struct Cosh {
   }
 };
 
+// sSinh LA: 2.1532 ulp at -0x1.a68d6cp-2
+// sSinh HA: 0.5109 ulp at 0x1.644884p-4
+// sSinh EP: 12.33 bits at -0x1.6369f2p-2
+// dSinh LA: 2.3078 ulp at 0x1.26b5ecdc69e8cp+4
+// dSinh HA: 0.5072 ulp at -0x1.1e3c4860b5f8cp+5
+// dSinh EP: 33.37 bits at -0x1.7e2a58b48d1p-2
 template <class V, Level L>
 struct Sinh {
   using E = Element<V>;
@@ -241,6 +252,11 @@ struct Sinh {
   }
 };
 
+// sTanh LA: 2.2671 ulp at 0x1.fe62bp-6
+// sTanh HA: 0.5258 ulp at -0x1.ded35cp-6
+// sTanh EP: 15.36 bits at 0x1.63195ap-3
+// dTanh LA: 2.0985 ulp at 0x1.bb125c68a22cp-3
+// dTanh HA: 0.5357 ulp at -0x1.abfe3565d5443p-5
 template <class V, Level L>
 struct Tanh {
   using E = Element<V>;

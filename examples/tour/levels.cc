@@ -86,6 +86,12 @@ void show_levels(const Table& table) {
         {"HA _zymdPowx", [](int32_t n, const double* a, double* r) { _zymdPowx(n, a, 2.5, r); }},
         {"LA _zymdPowx_50", [](int32_t n, const double* a, double* r) { _zymdPowx_50(n, a, 2.5, r); }},
         {"EP _zymdPowx_26", [](int32_t n, const double* a, double* r) { _zymdPowx_26(n, a, 2.5, r); }}};
+    const Level<double> arc_double[3] = {
+        {"HA _zymdAtan", _zymdAtan}, {"LA _zymdAtan_50", _zymdAtan_50}, {"EP _zymdAtan_26", _zymdAtan_26}};
+    const Level<float> tanh_single[3] = {
+        {"HA _zymsTanh", _zymsTanh}, {"LA _zymsTanh_21", _zymsTanh_21}, {"EP _zymsTanh_11", _zymsTanh_11}};
+    const Level<double> area_double[3] = {
+        {"HA _zymdAsinh", _zymdAsinh}, {"LA _zymdAsinh_50", _zymdAsinh_50}, {"EP _zymdAsinh_26", _zymdAsinh_26}};
     const Level<float> sine_single[3] = {
         {"HA _zymsSin", _zymsSin}, {"LA _zymsSin_21", _zymsSin_21}, {"EP _zymsSin_11", _zymsSin_11}};
     const Level<double> sine_double[3] = {
@@ -104,6 +110,9 @@ void show_levels(const Table& table) {
     show_function<double>("tangent, 64 bits", values, tangent_double, [](long double x) { return std::tan(x); });
     show_function<double>("cos of degrees, 64", values, degrees_double,
                           [](long double x) { return std::cos(x * (std::numbers::pi_v<long double> / 180)); });
+    show_function<double>("arc tangent, 64 bits", values, arc_double, [](long double x) { return std::atan(x); });
+    show_function<float>("tanh, 32 bits", values, tanh_single, [](long double x) { return std::tanh(x); });
+    show_function<double>("asinh, 64 bits", values, area_double, [](long double x) { return std::asinh(x); });
     return;
   }
   std::printf("  No column has only values from above 0 to 80.\n");

@@ -12,7 +12,7 @@ ALLOWED = {
     "serv": set(),
     "zym": {"lanes", "serv"},
     "qor": {"lanes", "serv", "zym"},
-    "qor/stream": {"lanes", "serv", "zym", "qor", "qor/brng"},
+    "qor/stream": {"lanes", "serv", "zym", "qor"},
     "qor/brng": {"lanes", "serv", "zym", "qor", "qor/stream"},
     "qor/rng": {"lanes", "serv", "zym", "qor", "qor/stream", "qor/brng"},
     "qor/ss": {"lanes", "serv", "zym", "qor", "qor/stream", "qor/brng", "qor/rng"},

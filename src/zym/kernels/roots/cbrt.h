@@ -125,10 +125,10 @@ struct CbrtElement {
 
 // sCbrt LA: 2.0377 ulp at 0x1.a41c94p-106
 // sCbrt HA: 0.6853 ulp at 0x1.7ab904p-85
-// sCbrt EP: 13.73 bits at 0x1.743a92p-83
+// sCbrt EP: 13.73 bits at -0x1.73f36ep+7
 // dCbrt LA: 0.9764 ulp at -0x1.ec199d3559923p-25
 // dCbrt HA: 0.6665 ulp at -0x1.d02a65374df12p+8
-// dCbrt EP: 27.89 bits at -0x1.c835ee2089dd9p+9
+// dCbrt EP: 27.89 bits at 0x1.312fa44ddc06dp-26
 template <class V, Level L>
 struct Cbrt : CbrtElement<Cbrt<V, L>, V> {
   static constexpr Knobs knobs = {.vectors = Single<V> ? 4 : 2};
@@ -179,10 +179,10 @@ struct InvCbrtElement {
 
 // sInvCbrt LA: 1.4137 ulp at 0x1.6b515p-104
 // sInvCbrt HA: 0.5057 ulp at 0x1.7dbdd8p-97
-// sInvCbrt EP: 11.94 bits at 0x1.d7ab6cp-85
+// sInvCbrt EP: 11.94 bits at 0x1.226b46p-22
 // dInvCbrt LA: 0.9949 ulp at 0x1.1f34eca9a6992p+612
 // dInvCbrt HA: 0.5280 ulp at 0x1.22fe8469da151p+9
-// dInvCbrt EP: 29.21 bits at 0x1.7ba29418f2eacp+8
+// dInvCbrt EP: 29.21 bits at 0x1.05d3fe0515431p-41
 template <class V, Level L>
 struct InvCbrt : InvCbrtElement<InvCbrt<V, L>, V> {
   static constexpr Knobs knobs = {.vectors = Single<V> ? 4 : 2};
@@ -234,10 +234,10 @@ struct Pow2o3Element {
 // z^(2/3) = z w (1 - d)^(-1/3). At HA the product z w keeps its low part.
 // sPow2o3 LA: 1.8263 ulp at 0x1.097c34p+1
 // sPow2o3 HA: 0.5101 ulp at 0x1.feedf4p-85
-// sPow2o3 EP: 14.24 bits at 0x1.7145cep-97
+// sPow2o3 EP: 14.24 bits at 0x1.72p-142
 // dPow2o3 LA: 1.1400 ulp at 0x1.67231b3a66988p+7
 // dPow2o3 HA: 0.5269 ulp at -0x1.6297671d00ebp-11
-// dPow2o3 EP: 29.21 bits at 0x1.c83613c771646p+9
+// dPow2o3 EP: 29.21 bits at 0x1.31637bfa77faap+9
 template <class V, Level L>
 struct Pow2o3 : Pow2o3Element<Pow2o3<V, L>, V> {
   static constexpr Knobs knobs = {.vectors = Single<V> ? 4 : 2};

@@ -55,8 +55,8 @@ int32_t hypot_element(E a, E b, E* r, Finite finite) {
 
 // In range: 2^-50 to 2^63, and the smaller one from 2^-61.
 // sHypot LA: 1.1303 ulp at -0x1.5c0b06p+4, 0x1.70c27p+8
-// sHypot HA: 0.5004 ulp at 0x1.f3fffap+9, 0x1.01965ep+7
-// sHypot EP: 11.91 bits at -0x1.8d12aep+6, -0x1.8d4fbcp+9
+// sHypot HA: 0.5001 ulp at -0x1.a69418p+8, 0x1.ba2bfep+9
+// sHypot EP: 11.58 bits at 0x1.5p+4, -0x1.2p+3
 template <Single V, Level L>
 struct Hypot<V, L> {
   static constexpr Knobs knobs = {.vectors = 2};
@@ -82,9 +82,9 @@ struct Hypot<V, L> {
 };
 
 // In range: 2^-450 to 2^510, and the smaller one from 2^-508.
-// dHypot LA: 1.3584 ulp at -0x1.76db432d5cffcp-26, 0x1.814730b941332p-4
+// dHypot LA: 1.2871 ulp at -0x1.11e492b40d2e8p-7, -0x1.a1e6ba4309af7p+7
 // dHypot HA: 0.7489 ulp at 0x0.dc8d6fa243972p-1022, -0x0.32030bf65ac7bp-1022
-// dHypot EP: 34.92 bits at 0x1.3403576291ebcp+8, 0x1.8b267b5484c08p+7
+// dHypot EP: 34.92 bits at -0x1.a23906c1bcc9cp-30, -0x1.052e0f9c7aba4p+6
 template <Double V, Level L>
 struct Hypot<V, L> {
   static constexpr Knobs knobs = {.vectors = 2};

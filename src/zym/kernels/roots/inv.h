@@ -68,9 +68,9 @@ struct RefinedReciprocal<V, L> {
 };
 
 // sInv LA: 0.5003 ulp at 0x1.13dbb8p-124
-// sInv EP: 22.63 bits at 0x1.f95fc4p-116
-// dInv LA: 0.9993 ulp at 0x1.aaa1c29b72a84p+9
-// dInv EP: 34.90 bits at 0x1.31eff3bb8164fp+9
+// sInv EP: 23.06 bits at 0x1.e0002cp+9
+// dInv LA: 0.9966 ulp at 0x1.c5dd4b699bc5p-17
+// dInv EP: 35.14 bits at 0x1.074029685adb2p+9
 template <class V, Level L>
 struct Inv : InvElement<Element<V>> {
   static auto special(V x) { return RefinedReciprocal<V, L>::special(x); }
@@ -92,8 +92,8 @@ struct HardwareDiv : DivElement<Element<V>> {
 
 // The dividend comes in by one last multiplication, so that every one of them is plain.
 // sDiv LA: 1.4654 ulp at -0x1.f5168ap+6, 0x1.fb5c5ep+8
-// sDiv EP: 22.40 bits at -0x1.5274a8p+54, -0x1.f95ef2p-71
-// dDiv EP: 34.89 bits at -0x1.05efbf0712fcp+7, 0x1.31eff8e39d13fp+8
+// sDiv EP: 22.62 bits at 0x1.49362ep+7, 0x1.3940e6p+9
+// dDiv EP: 35.17 bits at -0x1.f3ffff365155p+9, 0x1.021fab677e574p-19
 template <class V, Level L>
 struct Div : DivElement<Element<V>> {
   static auto special(V, V b) { return RefinedReciprocal<V, L>::special(b); }

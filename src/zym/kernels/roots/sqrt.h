@@ -77,9 +77,9 @@ struct Sqrt;
 
 // HA leaves numbers below 2^-100, whose residue x - s^2 would be denormal. At LA the residue may be: what it then lacks is
 // 2^-24 of the root at most. With denormals flushed it is lost below 2^-103 or so, and LA is the estimate's 12 bits there.
-// sSqrt LA: 2.0761 ulp at 0x1.df2ff8p-81
-// sSqrt HA: 0.5003 ulp at 0x1.dddb9ep-83
-// sSqrt EP: 11.91 bits at 0x1.391ffep-71
+// sSqrt LA: 2.1992 ulp at 0x1.050148p+9
+// sSqrt HA: 0.5001 ulp at 0x1.3d3a6cp+9
+// sSqrt EP: 11.59 bits at 0x1.043f84p+5
 template <Single V, Level L>
 struct Sqrt<V, L> : SqrtElement<float> {
   static auto special(V x) { return outside < L == Level::HA ? 0x0D800000u : 0x00800000u, 0x7F7FFFFFu > (x); }
@@ -109,7 +109,7 @@ struct Sqrt<V, L> : SqrtElement<float> {
 // The rounding of s = x y counts half: at most a quarter of an ulp, 0.77 ulp in all.
 // dSqrt LA: 0.7731 ulp at 0x1.dc1f7b650f551p+9
 // dSqrt HA: 0.7731 ulp at 0x1.dc1f7b650f551p+9
-// dSqrt EP: 34.92 bits at 0x1.99a79311397a7p+9
+// dSqrt EP: 34.92 bits at 0x1.42fcdeb6850b6p+9
 template <Double V, Level L>
 struct Sqrt<V, L> : SqrtElement<double> {
   static auto special(V x) { return outside<0x00100000, 0x7FEFFFFF>(x); }
@@ -126,8 +126,8 @@ struct Sqrt<V, L> : SqrtElement<double> {
 template <class V, Level L>
 struct InvSqrt;
 
-// sInvSqrt LA: 2.9732 ulp at 0x1.02b656p-108
-// sInvSqrt HA: 0.5005 ulp at 0x1.a98f8ep-96
+// sInvSqrt LA: 2.9371 ulp at 0x1.01e34cp+8
+// sInvSqrt HA: 0.5002 ulp at 0x1.71bb5ep+8
 template <Single V, Level L>
 struct InvSqrt<V, L> : InvSqrtElement<float> {
   static auto special(V x) { return outside<0x00800000, 0x7F7FFFFF>(x); }
@@ -147,8 +147,8 @@ struct InvSqrt<V, L> : InvSqrtElement<float> {
 };
 
 // From 2^1021 on y^2 may be denormal.
-// dInvSqrt HA: 0.5283 ulp at 0x1.049d32f7e57acp-10
-// dInvSqrt EP: 34.92 bits at 0x1.87aa4dd449808p+9
+// dInvSqrt HA: 0.5281 ulp at 0x1.10b464bedda84p+8
+// dInvSqrt EP: 34.92 bits at 0x1.74fd019e47e5cp+6
 template <Double V, Level L>
 struct InvSqrt<V, L> : InvSqrtElement<double> {
   static auto special(V x) { return outside<0x00100000, 0x7FBFFFFF>(x); }

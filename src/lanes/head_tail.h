@@ -49,12 +49,6 @@ inline HeadTail<V> add(HeadTail<V> a, HeadTail<V> b) {
   const HeadTail<V> s = two_sum(a.head, b.head);
   return fast_two_sum(s.head, s.tail + (a.tail + b.tail));
 }
-// Where |a| >= |b|.
-template <class V>
-inline HeadTail<V> fast_add(HeadTail<V> a, HeadTail<V> b) {
-  const HeadTail<V> s = fast_two_sum(a.head, b.head);
-  return fast_two_sum(s.head, s.tail + (a.tail + b.tail));
-}
 template <class V>
 inline HeadTail<V> multiply(HeadTail<V> a, V b) {
   const HeadTail<V> p = two_prod(a.head, b);

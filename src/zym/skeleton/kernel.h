@@ -514,7 +514,7 @@ struct Kernel {
       const ControlRegisters registers(mode, kKnobs.stray_underflow);
       const Call call{body, mode, operands, &params};
       // Where arrays meet, a block is read whole before any of it is stored. Apart, nobody can tell, and one or two
-      // vectors at a time are as quick: single loads and stores set the pace.
+      // vectors at a time keep the code small.
       if (n > 1 && !independent(call, n)) [[unlikely]]
         return run_overlapping(call, n);
       constexpr int U = kKnobs.streams || kBlock == kWidth<V> ? 1 : 2;

@@ -1,0 +1,103 @@
+// The error function. In 32 bits x P(x), P a polynomial on eight intervals, its coefficients in registers. In 64 bits the
+// nearest r = i/128 with d = |x| - r and the derivative s(r) = 2/sqrt(pi) e^(-r^2),
+//   erf(r + d) = erf(r) + s d (1 - r d + (2 r^2 - 1)/3 d^2 + r (3 - 2 r^2)/6 d^3 + ...),
+// Taylor's series with the Hermite polynomials as its coefficients (Abramowitz, Stegun 1964, 7.1.19).
+#pragma once
+
+#include "zym/kernels/error/octets.h"
+#include "zym/kernels/error/tables.h"
+#include "zym/skeleton/family.h"
+
+namespace orvik::zym {
+namespace error {
+
+inline constexpr Octets kErfEP(kErfSingleEP);
+inline constexpr Octets kErfLA(kErfSingleLA);
+inline constexpr Octets kErfHA(kErfSingleHA);
+
+}  // namespace error
+
+template <class V, Level L>
+struct Erf;
+
+// Larger arguments become the last one, where the lanes give 1. NaNs go through: a comparison with one is false. Products
+// with tiny arguments underflow.
+// sErf LA:
+// sErf HA:
+// sErf EP:
+template <Single V, Level L>
+struct Erf<V, L> {
+  static constexpr Knobs knobs = {.stray_underflow = true};
+
+  static V lanes(V x) {
+    V y;
+    if constexpr (L == Level::EP) {
+      const V a = min(V(kLastEP), magnitude(x));
+      const auto [t, n] = shift_round(a, V(2.5f));
+      y = a * error::octet_polynomial(fnma(n, V(0.4f), a), error::kErfEP, as_bits(t));
+    } else if constexpr (L == Level::LA) {
+      const V a = min(V(kLastLA), magnitude(x));
+      const V b = a - V(0.25f);
+      const auto [t, n] = shift_round(b, V(2.0f));
+      y = a * error::octet_polynomial(fnma(n, V(0.5f), b), error::kErfLA, as_bits(t));
+    } else {
+      const V a = min(V(kLastHA), magnitude(x));
+      const auto [t, n] = shift_round(a, V(32.0f / 17));
+      const V rest = a * error::octet_polynomial(fnma(n, V(17.0f / 32), a), error::kErfHA, as_bits(t));
+      y = fma(a, look_up(octet_table<V>(kErfHeads), as_bits(t)), rest);
+    }
+    return join_sign(y, x);
+  }
+
+ private:
+  static constexpr float kLastEP = 2.9f, kLastLA = 3.95f, kLastHA = 3.98f;
+};
+
+// dErf LA:
+// dErf HA:
+// dErf EP:
+template <Double V, Level L>
+struct Erf<V, L> {
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .stray_underflow = true};
+  static auto special(V x) { return not_finite(x); }
+
+  static V lanes(V x) {
+    const V a = min(magnitude(x), V(6.0));  // 1 to the last bit from there on
+    const auto [t, n] = shift_round(a, V(128.0));
+    const V r = n * V(1.0 / 128);
+    const V d = a - r;
+    const V r2 = r * r;
+    const auto index = indices(as_bits(t) & Integer<V>(uint64_t{1023}));
+    const auto row = gather(kErfSteps, index);
+    const V p = row.second * d;
+    // The factor behind s d, less 1.
+    const V third = fma(r2, V(2.0 / 3), V(-1.0 / 3));
+    V more;
+    if constexpr (L == Level::EP) {
+      more = d * fms(d, third, r);
+      return join_sign(row.first + fma(p, more, p), x);
+    } else {
+      const V fourth = r * fma(r2, V(-1.0 / 3), V(0.5));
+      const V fifth = fma(r2, fma(r2, V(2.0 / 15), V(-0.4)), V(0.1));
+      V sixth = r * fma(r2, fma(r2, V(-2.0 / 45), V(2.0 / 9)), V(-1.0 / 6));
+      if constexpr (L == Level::HA) sixth = fma(d, V(-1.0 / 42), sixth);
+      more = d * fms(d, horner(d, sixth, fifth, fourth, third), r);
+    }
+    if constexpr (L == Level::LA) {
+      return join_sign(row.first + fma(p, more, p), x);
+    } else {
+      const auto tails = gather(kErfStepTails, index);
+      const HeadTail<V> sum = fast_two_sum(row.first, p);
+      const V lost = fma(tails.second, d, fms(row.second, d, p)) + tails.first;
+      return join_sign(sum.head + (sum.tail + fma(p, more, lost)), x);
+    }
+  }
+
+  static int32_t element(const double* px, double* r) {
+    const double x = *px;
+    *r = is_nan(x) ? x + x : join_sign(1.0, x);
+    return 0;
+  }
+};
+
+}  // namespace orvik::zym

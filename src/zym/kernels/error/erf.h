@@ -50,7 +50,7 @@ struct Erf<V, L> {
   }
 
  private:
-  static constexpr float kLastEP = 2.9f, kLastLA = 3.95f, kLastHA = 3.98f;
+  static constexpr float kLastEP = 2.98223f, kLastLA = 3.95f, kLastHA = 3.98f;
 };
 
 // dErf LA:

@@ -102,8 +102,8 @@ struct Erfcx {
       *r = infinity<E>;
     } else {
       const double a = min(-static_cast<double>(x), 27.0);
-      const error::Exponential<double> e(two_square(a), -2);
-      *r = static_cast<E>(fma(e.scale, e.rest, e.scale) * 8);
+      const error::Exponential<double> e(two_square(a), 1 - 60);
+      *r = static_cast<E>(fma(e.scale, e.rest, e.scale) * 0x1p60);
     }
     return 0;
   }

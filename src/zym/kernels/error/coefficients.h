@@ -130,6 +130,19 @@ inline constexpr float kDecaySingle[5] = {0x1.6caf36p-10f, 0x1.120c5ap-7f, 0x1.5
 //: fit error/coefficients.sollya
 inline constexpr double kDecayShort[2] = {0x1.555556b3cea57p-3, 0x1.00000522471bap-1};
 
+// e^x between the steps of kErfcSteps: up to 2 * 10.06/256 and a little.
+//: 1 + x + x^2 * p(x) = exp(x) on [-0.0787, 0.0787], relative error 2^-34.4
+//: fit error/coefficients.sollya
+inline constexpr double kStepDecayShort[4] = {
+    0x1.111480afc8c81p-7, 0x1.55675fd4cf0fcp-5, 0x1.555555b76a1b2p-3, 0x1.ffffff8d9934cp-2
+};
+//: 1 + x + x^2 * p(x) = exp(x) on [-0.0787, 0.0787], relative error 2^-57.3
+//: fit error/coefficients.sollya
+inline constexpr double kStepDecay[7] = {
+    0x1.a020b96795004p-16, 0x1.a02a0ae20639ep-13, 0x1.6c16c179ab2f9p-10, 0x1.111110de37789p-7, 0x1.5555555554becp-5,
+    0x1.5555555555f69p-3, 0x1p-1
+};
+
 // Beyond the tables: sqrt(pi) z e^(z^2) erfc(z) = 1 + u p(u), u = 1 / z^2.
 //: 1 + x * p(x) = sqrt(pi/x) * exp(1/x) * erfc(sqrt(1/x))
 //:   on [1/2^20, 1/900], relative error 2^-60.5

@@ -18,13 +18,10 @@ inline constexpr Octets kErfcxLA(kErfcxSingleLA, 6);
 // q(a scale / kErfcxScale).
 template <Level L, Single V>
 [[gnu::always_inline]] inline V scaled(V a, float scale) {
-  using I = Integer<V>;
-  const V one = V(1.0f);
-  const I bits = as_bits(fma(a, V(scale), one));
-  const V centre = as_float((bits & I(0xFFC00000u)) | I(0x00200000u)) - one;
-  const V t = fms(a, V(scale), centre);
-  if constexpr (L == Level::EP) return octet_polynomial(t, kErfcxEP, shift_right<22>(bits));
-  if constexpr (L != Level::EP) return octet_polynomial(t, kErfcxLA, shift_right<22>(bits));
+  const Integer<V> row = shift_right<22>(as_bits(fma(a, V(scale), V(1.0f))));
+  const V t = fms(a, V(scale), look_up(octet_table<V>(kErfcxCentres), row));
+  if constexpr (L == Level::EP) return octet_polynomial(t, kErfcxEP, row);
+  if constexpr (L != Level::EP) return octet_polynomial(t, kErfcxLA, row);
 }
 
 // e^(y.head + y.tail) = fraction * scale, y not above 0; the scale is 2^bias too high, so that it stays normal.

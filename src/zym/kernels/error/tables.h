@@ -11,7 +11,14 @@ extern const double kErfSteps[769][2];
 //: slope = 2/sqrt(pi) * exp(-(i/128)^2) - double(2/sqrt(pi) * exp(-(i/128)^2))
 extern const double kErfStepTails[769][2];
 
-// q(z) = e^(z^2) erfc(z) about c, where 1 + c is the centre of a sixteenth of an octave from 1 to 32: c, q(c) in head and
+// erfc at z = i/128, and -q'/q there, q(z) = e^(z^2) erfc(z): 2/(sqrt(pi) q) - 2 z. What the first lacks.
+//: erfc = erfc(i/128)
+//: slope = 2/sqrt(pi) * exp(-(i/128)^2) / erfc(i/128) - 2 * i/128
+extern const double kErfcSteps[1288][2];
+//: = erfc(i/128) - double(erfc(i/128))
+extern const double kErfcStepTails[1288];
+
+// q(z) about c, where 1 + c is the centre of a sixteenth of an octave from 1 to 32: c, q(c) in head and
 // tail, eight more derivatives over factorials. By Taylor's series, in which q' = 2 z q - 2/sqrt(pi) gives each term from
 // the two before it, the terms 10 and 11 economized by Chebyshev polynomials on the row's interval (Lanczos 1938).
 // Relative error below 2^-59.

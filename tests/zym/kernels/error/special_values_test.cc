@@ -67,7 +67,9 @@ TYPED_TEST(ErrorFunctions, ErfIsOddAndNeverAboveOne) {
     for (size_t i = 0; i < x.size(); ++i) {
       EXPECT_EQ(r[i], -odd[i]) << x[i];
       // EP is a polynomial that swings about the function.
-      if (level != 2) EXPECT_LE(r[i], 1) << x[i];
+      if (level != 2) {
+        EXPECT_LE(r[i], 1) << x[i];
+      }
     }
   }
 }

@@ -27,7 +27,7 @@ struct Erf;
 // sErf EP:
 template <Single V, Level L>
 struct Erf<V, L> {
-  static constexpr Knobs knobs = {.stray_underflow = true};
+  static constexpr Knobs knobs = {.stray = kUnderflowFlag};
 
   static V lanes(V x) {
     V y;
@@ -58,7 +58,7 @@ struct Erf<V, L> {
 // dErf EP:
 template <Double V, Level L>
 struct Erf<V, L> {
-  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .stray_underflow = true};
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .stray = kUnderflowFlag};
   static auto special(V x) { return not_finite(x); }
 
   static V lanes(V x) {

@@ -49,13 +49,13 @@ template <Double V>
 template <Double V>
 [[gnu::always_inline]] inline V erfcx_far(V x) {
   const V far = V(0x1p60), c = V(kInverseRootPi);
-  const V a = max(min(x, far), V(1.0));
+  const V a = select((x > V(1.0)) & (x < far), x, far);
   const V inverse = V(1.0) / a;
   const V u = inverse * inverse;
   const HeadTail<V> top = fast_two_sum(c, fma(c, u * horner(u, kErfcxFar), V(kInverseRootPiTail)));
   const V y = top.head / a;
   const V near = fma(fnma(y, a, top.head) + top.tail, inverse, y);
-  return select(x > far, c / max(x, far), near);
+  return select(x > far, c / select(x > far, x, far), near);
 }
 
 }  // namespace error
@@ -67,12 +67,12 @@ struct Erfcx {
   using E = Element<V>;
   static constexpr Knobs knobs = {.vectors = Single<V> ? 2 : 1};
 
-  // One test for both ends: of the larger of x, moved, and -x.
+  // One test for both ends: of the distance from their middle.
   static auto special(V x) {
-    constexpr E kMove = E(error::kErfcxLast + error::kErfcxFirst);
-    constexpr E kBound = E(-error::kErfcxFirst);
-    return magnitude_above<Single<V> ? std::bit_cast<uint32_t>(static_cast<float>(kBound)) - 1 : high_word(kBound) - 1>(
-        max(x - V(kMove), V(E(0)) - x));
+    constexpr double kMiddle = (error::kErfcxLast + error::kErfcxFirst) / 2, kReach = error::kErfcxLast - kMiddle;
+    constexpr uint32_t kLast =
+        Single<V> ? std::bit_cast<uint32_t>(static_cast<float>(kReach)) - 1 : high_word(kReach) - 1;
+    return magnitude_above<kLast>(x - V(E(kMiddle)));
   }
 
   static V lanes(V x) {

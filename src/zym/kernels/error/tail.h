@@ -214,8 +214,9 @@ struct TailDouble {
     const Mask<V> other = Normal ? x > V(0.0) : x < V(0.0);
     const V bound = V(Bounds::wide);
     const V a = magnitude(x);
-    const HeadTail<V> tail = far_tail<Normal>(min(a, bound), Normal ? -1 : 0);
-    return {select(other, V(Normal ? 1.0 : 2.0), tail.head + tail.tail), complement(other | (a < bound))};
+    const Mask<V> near = a < bound;
+    const HeadTail<V> tail = far_tail<Normal>(select(near, a, bound), Normal ? -1 : 0);
+    return {select(other, V(Normal ? 1.0 : 2.0), tail.head + tail.tail), complement(other | near)};
   }
 };
 

@@ -11,10 +11,11 @@ namespace {
 
 constexpr int kWatched = FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW | FE_UNDERFLOW;
 
-// Flags of one call on an array that has x among plain elements, in a whole block and in the rest.
+// Flags of one call on an array that has x among plain elements, in a whole block and in the rest. With reports: without
+// them zeros are blended in, which raises nothing.
 template <class E>
 int flags_of(const char* name, int level, bool strided, E x) {
-  const uint32_t mode = _zymSetMode(ZYM_ERRMODE_NOERR);
+  const uint32_t mode = _zymSetMode(ZYM_ERRMODE_IGNORE);
   std::vector<E> a(150, E(0.75)), r(150);
   a[3] = a[41] = a[70] = x;
   Call<E> c;

@@ -21,9 +21,9 @@ template <class V, Level L>
 struct Erf;
 
 // Larger arguments become the last one, where the lanes give 1. Products with tiny arguments underflow.
-// sErf LA:
-// sErf HA:
-// sErf EP:
+// sErf LA: 3.4811 ulp at -0x1.e053f4p-2
+// sErf HA: 0.7472 ulp at -0x1.a1091cp-127
+// sErf EP: 11.48 bits at -0x1.cdf5e8p-1
 template <Single V, Level L>
 struct Erf<V, L> {
   static constexpr Knobs knobs = {.stray = kUnderflowFlag};
@@ -59,9 +59,9 @@ struct Erf<V, L> {
   static constexpr float kLastEP = 2.98223f, kLastLA = 3.95f, kLastHA = 3.98f;
 };
 
-// dErf LA:
-// dErf HA:
-// dErf EP:
+// dErf LA: 2.2436 ulp at -0x1.273563fb3bd94p-8
+// dErf HA: 0.6027 ulp at 0x1.9d0755edd7ec3p-1020
+// dErf EP: 32.15 bits at 0x1.0000000000001p-8
 template <Double V, Level L>
 struct Erf<V, L> {
   static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .stray = kUnderflowFlag};

@@ -130,14 +130,15 @@ struct Kernel {
   }
 
   // Calls a member of the family with the inputs, then what else it takes, then the parameters where there are some.
-  template <class F, class... More>
-  static auto apply(F f, const Inputs& x, const Params& params, More&&... more) {
+  template <class F, class In, class... More>
+  static auto apply(F f, const In& x, const Params& params, More&&... more) {
     if constexpr (kBinary && std::is_same_v<Params, NoParams>) return f(x.a, x.b, more...);
     if constexpr (kBinary && !std::is_same_v<Params, NoParams>) return f(x.a, x.b, more..., params);
     if constexpr (!kBinary && std::is_same_v<Params, NoParams>) return f(x.a, more...);
     if constexpr (!kBinary && !std::is_same_v<Params, NoParams>) return f(x.a, more..., params);
   }
-  [[gnu::always_inline]] static auto lanes(const Inputs& x, const Params& params) {
+  template <class In>
+  [[gnu::always_inline]] static auto lanes(const In& x, const Params& params) {
     return apply(
         [](const auto&... y) __attribute__((always_inline)) { return Fn::lanes(y...); }, x, params);
   }
@@ -159,11 +160,71 @@ struct Kernel {
   static_assert(!kMasked || Traits::has_element, "lanes that leave some need an element routine");
   static_assert(kSpecial || !Traits::has_lanes || !Traits::has_element, "an element routine that nothing calls");
 
-  static const Result& value_of(const LanesResult& r) {
+  template <class L>
+  static const auto& value_of(const L& r) {
     if constexpr (kMasked) {
       return r.value;
     } else {
       return r;
+    }
+  }
+
+  // --- the order of complex elements in the hot loop, which needs none: as they lie in memory, where the family has lanes
+  // for them so, or as they come apart most cheaply --------------------------------------------------------------------
+
+  static constexpr bool kComplex = S.a == Kind::complex || S.b == Kind::complex || S.r == Kind::complex;
+  static constexpr bool kStored = [] {
+    if constexpr (kBinary) {
+      return requires { Fn::lanes(Stored<V>{}, Stored<V>{}); };
+    } else {
+      return requires { Fn::lanes(Stored<V>{}); };
+    }
+  }();
+  static_assert(!kStored || (kComplex && !kTested && !kScalarB), "stored parts: complex arrays, no special lanes by input");
+
+  struct StoredInputs {
+    Stored<V> a;
+    [[no_unique_address]] std::conditional_t<kBinary, Stored<V>, NoParams> b;
+  };
+  template <class T>
+  static auto load_loop_lanes(const T* p) {
+    if constexpr (!kComplex) {
+      return load<V>(p);
+    } else if constexpr (std::is_same_v<T, E>) {
+      return mixed(load<V>(p));
+    } else if constexpr (kStored) {
+      return load_stored<V>(reinterpret_cast<const E*>(p));
+    } else {
+      return load_mixed_pairs(reinterpret_cast<const E*>(p));
+    }
+  }
+  static auto load_loop_inputs(const A* a, const B* b, int64_t i) {
+    std::conditional_t<kStored, StoredInputs, Inputs> x;
+    x.a = load_loop_lanes(a + i);
+    if constexpr (kScalarB) {
+      x.b = broadcast(b);
+    } else if constexpr (kBinary) {
+      x.b = load_loop_lanes(b + i);
+    }
+    return x;
+  }
+  // What goes to memory: a vector, or two.
+  template <class L>
+  static auto loop_result(const L& r) {
+    if constexpr (!kComplex || kStored) {
+      return r;
+    } else if constexpr (std::is_same_v<R, E>) {
+      return mixed(r);
+    } else {
+      return stored(r);
+    }
+  }
+  template <class L>
+  static void store_loop_results(R* r1, R* r2, int64_t i, const L& r) {
+    if constexpr (kTwoResults) {
+      store_results(r1, r2, i, r);
+    } else {
+      store(reinterpret_cast<E*>(r1 + i), loop_result(r));
     }
   }
 
@@ -364,7 +425,7 @@ struct Kernel {
     constexpr int N = kBlock / kWidth<V>;
     int64_t i = 0;
     for (const int64_t last = n - kBlock; i <= last; i += kBlock) {
-      Inputs x[N];
+      decltype(load_at(i)) x[N];
 #pragma GCC unroll 8
       for (int v = 0; v < N; ++v) x[v] = load_at(i + v * kWidth<V>);
       if constexpr (kTested) {
@@ -374,25 +435,18 @@ struct Kernel {
         if (!none(mask)) [[unlikely]]
           return i;
       }
-      Result r[N];
-      if constexpr (kMasked) {
-        LanesResult first = lanes(x[0], params);
-        r[0] = first.value;
-        Mask<V> mask = first.special;
+      decltype(lanes(x[0], params)) r[N];
 #pragma GCC unroll 8
-        for (int v = 1; v < N; ++v) {
-          LanesResult next = lanes(x[v], params);
-          r[v] = next.value;
-          mask = mask | next.special;
-        }
+      for (int v = 0; v < N; ++v) r[v] = lanes(x[v], params);
+      if constexpr (kMasked) {
+        auto mask = r[0].special;
+#pragma GCC unroll 8
+        for (int v = 1; v < N; ++v) mask = mask | r[v].special;
         if (!none(mask)) [[unlikely]]
           return i;
-      } else {
-#pragma GCC unroll 8
-        for (int v = 0; v < N; ++v) r[v] = lanes(x[v], params);
       }
 #pragma GCC unroll 8
-      for (int v = 0; v < N; ++v) store_at(i + v * kWidth<V>, r[v]);
+      for (int v = 0; v < N; ++v) store_at(i + v * kWidth<V>, value_of(r[v]));
     }
     return i;
   }
@@ -430,8 +484,8 @@ struct Kernel {
     for (;;) {
       const int64_t from = i;
       i += plain_blocks(
-          n - i, params, [&](int64_t at) { return load_inputs(a, b, from + at); },
-          [&](int64_t at, const Result& r) { store_results(r1, r2, from + at, r); });
+          n - i, params, [&](int64_t at) { return load_loop_inputs(a, b, from + at); },
+          [&](int64_t at, const auto& r) { store_loop_results(r1, r2, from + at, r); });
       if (n - i < kBlock) break;
       if constexpr (kSpecial) {
         special_block(body, mode, a, b, r1, r2, i, kBlock, params);
@@ -476,9 +530,7 @@ struct Kernel {
     if constexpr (std::is_same_v<T, E>) {
       return load_strided<V>(p, inc);
     } else {
-      T row[kWidth<V>];
-      for (int i = 0; i < kWidth<V>; ++i) row[i] = p[i * inc];
-      return load_pairs(reinterpret_cast<const E*>(row));
+      return load_strided_pairs(reinterpret_cast<const E*>(p), inc);
     }
   }
   static Inputs load_strided_inputs(const A* a, int64_t incA, const B* b, int64_t incB, int64_t i) {
@@ -496,9 +548,7 @@ struct Kernel {
     if constexpr (std::is_same_v<T, E>) {
       store_strided(p, inc, x);
     } else {
-      T row[kWidth<V>];
-      store_lanes(row, x);
-      for (int i = 0; i < kWidth<V>; ++i) p[i * inc] = row[i];
+      store_strided_pairs(reinterpret_cast<E*>(p), inc, x);
     }
   }
   static void strided(const Body& body, int64_t n, const A* a, int64_t incA, const B* b, int64_t incB, R* r1,
@@ -577,12 +627,12 @@ struct Kernel {
   [[gnu::noinline]] static int64_t past_cache(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b, R* r,
                                               const Params& params) {
     const uintptr_t misaligned = reinterpret_cast<uintptr_t>(r) % sizeof(V);
-    if (misaligned % sizeof(E) != 0) return 0;
-    const int64_t first = misaligned != 0 ? static_cast<int64_t>((sizeof(V) - misaligned) / sizeof(E)) : 0;
+    if (misaligned % sizeof(R) != 0) return 0;
+    const int64_t first = misaligned != 0 ? static_cast<int64_t>((sizeof(V) - misaligned) / sizeof(R)) : 0;
     tail(body, mode, first, a, b, r, nullptr, 0, params);
     const int64_t done = plain_blocks(
-        n - first, params, [&](int64_t at) { return load_inputs(a, b, first + at); },
-        [&](int64_t at, const Result& x) { store_past_cache(r + first + at, x); });
+        n - first, params, [&](int64_t at) { return load_loop_inputs(a, b, first + at); },
+        [&](int64_t at, const auto& x) { store_past_cache(reinterpret_cast<E*>(r + first + at), loop_result(x)); });
     finish_past_cache();
     return first + done;
   }

@@ -1,0 +1,107 @@
+// Products of complex numbers, (a + b i) (c + d i) and (a + b i) (c - d i). The highest level adds what products and sums
+// lose (Dekker 1971; Knuth 1997): each part is then rounded once. The others round the product of one pair first, an error
+// of the norm below 2 u (Jeannerod, Kornerup, Louvet, Muller 2017).
+#pragma once
+
+#include "zym/kernels/complex/parts.h"
+#include "zym/skeleton/family.h"
+
+namespace orvik::zym::complex {
+
+// a c - b d and a c + b d with one rounding. What is lost is subtracted at the end, so that a zero keeps the sign that
+// the plain operations give it.
+template <class V>
+[[gnu::always_inline]] inline V difference_of_products(V a, V c, V b, V d) {
+  const V p = a * c, q = b * d, s = p - q;
+  const V q_part = p - s, p_part = s + q_part;
+  const V lost = (p_part - p) + (q - q_part);
+  return s - (lost + (fms(b, d, q) - fms(a, c, p)));
+}
+template <class V>
+[[gnu::always_inline]] inline V sum_of_products(V a, V c, V b, V d) {
+  const V p = a * c, q = b * d, s = p + q;
+  const V q_part = s - p, p_part = s - q_part;
+  const V lost = (p_part - p) + (q_part - q);
+  return s - (lost - (fms(b, d, q) + fms(a, c, p)));
+}
+
+// Conjugate: of the second factor.
+template <bool Conjugate, Level L, class V>
+[[gnu::always_inline]] inline Pair<V> product(Pair<V> x, Pair<V> y) {
+  const auto [a, b] = x;
+  const auto [c, d] = y;
+  if constexpr (L == Level::HA) {
+    if constexpr (Conjugate) return {sum_of_products(a, c, b, d), difference_of_products(b, c, a, d)};
+    return {difference_of_products(a, c, b, d), sum_of_products(a, d, b, c)};
+  } else {
+    if constexpr (Conjugate) return {fma(a, c, b * d), fms(b, c, a * d)};
+    return {fms(a, c, b * d), fma(a, d, b * c)};
+  }
+}
+
+template <bool Conjugate, class V, Level L>
+struct ProductOf {
+  using E = Element<V>;
+  using C = Complex<E>;
+  // Tails of products may underflow where the result does not.
+  static constexpr Knobs knobs = {.vectors = 2, .stray_underflow = L == Level::HA};
+
+  // Parts from 2^63 or 2^511 on could overflow.
+  static auto special(Pair<V> x, Pair<V> y) {
+    constexpr uint32_t kBound = Single<V> ? 0x5EFFFFFFu : 0x5FDFFFFFu;
+    const auto large = [](Pair<V> z) { return magnitude_above<kBound>(z.first) | magnitude_above<kBound>(z.second); };
+    return large(x) | large(y);
+  }
+
+  static auto lanes(Pair<V> x, Pair<V> y) {
+    const Pair<V> r = product<Conjugate, L>(x, y);
+    if constexpr (L == Level::HA) {
+      // Below this the tails of products are no longer exact, also with denormals flushed.
+      const V larger = max(magnitude(r.first), magnitude(r.second));
+      return Masked{r, (larger < V(E(Single<V> ? 0x1p-98 : 0x1p-964))) & (larger > V(E(0)))};
+    } else {
+      return r;
+    }
+  }
+
+  static int32_t element(const C* px, const C* py, C* r) {
+    const C x = *px;
+    const C y = Conjugate ? C{py->re, -py->im} : *py;
+    *r = finite(x) && finite(y) ? finite_product(x, y) : limit_product(x, y);
+    return overflow_code(x, y, *r);
+  }
+
+ private:
+  static C finite_product(C x, C y) {
+    if constexpr (std::is_same_v<E, float>) {
+      // Products of floats are exact in 64 bits.
+      const double a = x.re, b = x.im, c = y.re, d = y.im;
+      return {static_cast<float>(fms(a, c, b * d)), static_cast<float>(fma(a, d, b * c))};
+    } else {
+      if (zero(x) || zero(y)) return {fms(x.re, y.re, x.im * y.im), fma(x.re, y.im, x.im * y.re)};
+      const int ex = exponent(x), ey = exponent(y);
+      const C u = scaled(x, -ex), v = scaled(y, -ey);
+      const Pair<double> p = product<false, Level::HA>(Pair<double>{u.re, u.im}, Pair<double>{v.re, v.im});
+      return scaled({p.first, p.second}, ex + ey);
+    }
+  }
+
+  // C99 Annex G: where both parts are NaNs, an infinite operand still gives infinities, unless the other is 0.
+  static C limit_product(C x, C y) {
+    const C r = {x.re * y.re - x.im * y.im, x.re * y.im + x.im * y.re};
+    if (!is_nan(r.re) || !is_nan(r.im) || (!infinite(x) && !infinite(y))) return r;
+    const auto counted = [](C z) {
+      if (infinite(z)) return C{boxed(z.re), boxed(z.im)};
+      return C{is_nan(z.re) ? std::copysign(E(0), z.re) : z.re, is_nan(z.im) ? std::copysign(E(0), z.im) : z.im};
+    };
+    const C u = counted(x), v = counted(y);
+    return {infinity<E> * fms(u.re, v.re, u.im * v.im), infinity<E> * fma(u.re, v.im, u.im * v.re)};
+  }
+};
+
+template <class V, Level L>
+struct Mul : ProductOf<false, V, L> {};
+template <class V, Level L>
+struct MulByConj : ProductOf<true, V, L> {};
+
+}  // namespace orvik::zym::complex

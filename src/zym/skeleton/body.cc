@@ -35,6 +35,13 @@ void copy_elements(const char* from, int64_t from_step, char* to, int64_t to_ste
   copy_elements<16>(from, from_step, to, to_step, count);
 }
 
+// The special elements behind the lanes; the flags are theirs.
+void redo(const Call& call, int64_t index, const void* a, const void* b, void* r1, void* r2, int count, uint32_t bits) {
+  if (call.stray_flags != nullptr) call.stray_flags->take_back_flags();
+  if (bits != 0) call.body.redo(call, index, a, b, r1, r2, count, bits);
+  if (call.stray_flags != nullptr) call.stray_flags->keep_flags();
+}
+
 }  // namespace
 
 bool independent(const Call& call, int64_t n) {
@@ -100,7 +107,7 @@ void run_special_block(const Call& call, int64_t i, int count) {
   void* r1 = call.output(0, i);
   void* r2 = body.outputs == 2 ? call.output(1, i) : nullptr;
   const uint32_t bits = body.run(a, b, r1, r2, count, call.params);
-  if (bits != 0) body.redo(call, i, a, b, r1, r2, count, bits);
+  redo(call, i, a, b, r1, r2, count, bits);
 }
 
 void run_special_strided(const Call& call, int64_t i, int count) {
@@ -113,7 +120,7 @@ void run_special_strided(const Call& call, int64_t i, int count) {
   }
   const void* b = body.scalar ? o.in[1] : in[1].bytes;
   const uint32_t bits = body.run(in[0].bytes, b, out[0].bytes, out[1].bytes, count, call.params);
-  if (bits != 0) body.redo(call, i, in[0].bytes, b, out[0].bytes, out[1].bytes, count, bits);
+  redo(call, i, in[0].bytes, b, out[0].bytes, out[1].bytes, count, bits);
   for (int j = 0; j < 2 && j < body.outputs; ++j) {
     copy_elements(out[j].bytes, body.out_bytes[j], o.out[j] + i * o.out_step[j], o.out_step[j], body.out_bytes[j], count);
   }
@@ -128,19 +135,7 @@ void run_overlapping(const Call& call, int64_t n) {
 void run_element_loop(const Body& body, int64_t n, const Operands& operands, const void* params) {
   const uint32_t mode = current_mode();
   const ControlRegisters registers(mode, body.stray_underflow);
-  const Call call{body, mode, operands, params};
-  alignas(kMaxElement) char in[2][kMaxElement], out[2][kMaxElement];
-  for (int64_t i = 0; i < n; ++i) {
-    for (int j = 0; j < 2 && j < body.inputs; ++j) {
-      std::memcpy(in[j], call.input(j, i), static_cast<size_t>(body.in_bytes[j]));
-    }
-    const int32_t code = body.element(in[0], in[1], out[0], out[1], params);
-    if (code != 0) [[unlikely]]
-      report_element(call, code, i, out[0], out[1]);
-    for (int j = 0; j < 2 && j < body.outputs; ++j) {
-      std::memcpy(call.output(j, i), out[j], static_cast<size_t>(body.out_bytes[j]));
-    }
-  }
+  body.elements({body, mode, operands, params}, n);
 }
 
 }  // namespace orvik::zym

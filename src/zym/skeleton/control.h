@@ -39,6 +39,14 @@ class ControlRegisters {
     }
   }
 
+  // Flags that the lanes of special elements raised: taken back, but for those that stood before or that element routines
+  // raised.
+  void take_back_flags() {
+    const uint32_t now = read_control();
+    write_control((now & ~kSevere) | (vector_ & kSevere) | kept_);
+  }
+  void keep_flags() { kept_ = read_control() & kSevere; }
+
   ControlRegisters(const ControlRegisters&) = delete;
   ControlRegisters& operator=(const ControlRegisters&) = delete;
 
@@ -49,6 +57,7 @@ class ControlRegisters {
   static constexpr uint32_t kControlBits = 0xFFC0;
   static constexpr uint32_t kFlags = 0x3F;
   static constexpr uint32_t kUnderflow = 0x10;
+  static constexpr uint32_t kSevere = 0xD;  // invalid, division by zero, overflow
 
   // No load of an input moves up, no store of a result moves down across a change of the registers.
   static void fence() { asm volatile("" : : : "memory"); }
@@ -60,7 +69,7 @@ class ControlRegisters {
     x87_changed_ = true;
   }
 
-  uint32_t vector_, dropped_;
+  uint32_t vector_, dropped_, kept_ = 0;
   uint16_t x87_;
   bool x87_changed_ = false;
   bool vector_changed_ = false;

@@ -58,6 +58,7 @@ struct Knobs {
   bool streams = false;      // memory bandwidth is the only limit: large results bypass the caches
   bool stray_underflow = false;  // squares of tiny arguments are tinier than the results: the kernel leaves the underflow
                                  // flag as it found it
+  bool stray_flags = false;  // lanes that their result tells to be special may raise flags that the element does not
   bool lanes_stand = false;  // special lanes compute as they are, and the element routine may leave what they gave
 };
 

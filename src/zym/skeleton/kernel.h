@@ -382,9 +382,21 @@ struct Kernel {
     }
   }
 
-  static int32_t element(const void* a, const void* b, void* r1, void* r2, const void* params) {
-    return run_element(static_cast<const A*>(a), static_cast<const B*>(b), static_cast<R*>(r1), static_cast<R*>(r2),
-                       *static_cast<const Params*>(params));
+  // The loop of a family without lanes, in line with its routine: the constants of one element serve the next.
+  [[gnu::noinline]] static void elements(const Call& call, int64_t n) {
+    const Params& params = *static_cast<const Params*>(call.params);
+    for (int64_t i = 0; i < n; ++i) {
+      const A a = *static_cast<const A*>(call.input(0, i));  // read before the results, which may stand in its place
+      B b{};
+      if constexpr (kBinary) b = *static_cast<const B*>(call.input(1, i));
+      R* const r1 = static_cast<R*>(call.output(0, i));
+      R* const r2 = kTwoResults ? static_cast<R*>(call.output(1, i)) : nullptr;
+      const int32_t code = run_element(&a, &b, r1, r2, params);
+      if constexpr (S.reports) {
+        if (code != 0) [[unlikely]]
+          report_element(call, code, i, r1, r2);
+      }
+    }
   }
 
   static constexpr Body make_body(const char* name) {
@@ -393,7 +405,7 @@ struct Kernel {
       body.run = run;
       if constexpr (kSpecial) body.redo = redo;
     } else {
-      body.element = element;
+      body.elements = elements;
     }
     body.name = S.reports ? name : nullptr;
     body.inputs = kBinary ? 2 : 1;
@@ -452,11 +464,13 @@ struct Kernel {
   }
 
   // Out of line: the hot loop's pointers must not escape.
-  [[gnu::noinline, gnu::cold]] static void special_block(const Body& body, uint32_t mode, const A* a, const B* b, R* r1,
-                                                         R* r2, int64_t i, int count, const Params& params) {
+  [[gnu::noinline, gnu::cold]] static void special_block(const Body& body, uint32_t mode, ControlRegisters* stray_flags,
+                                                         const A* a, const B* b, R* r1, R* r2, int64_t i, int count,
+                                                         const Params& params) {
     const Operands operands = unit_operands(a, b, r1, r2);
-    run_special_block({body, mode, operands, &params}, i, count);
+    run_special_block({body, mode, operands, &params, stray_flags}, i, count);
   }
+  static ControlRegisters* stray_flags(ControlRegisters& registers) { return kKnobs.stray_flags ? &registers : nullptr; }
 
   // A short call has no call of its own, so that it saves no registers.
   [[gnu::always_inline]] static void unit(const Body& body, int64_t n, const A* a, const B* b, R* r1, R* r2,
@@ -466,19 +480,19 @@ struct Kernel {
     } else {
       if (n >= kBlock) return unit_blocks(body, n, a, b, r1, r2, params);
       const uint32_t mode = current_mode();
-      const ControlRegisters registers(mode, kKnobs.stray_underflow);
-      tail(body, mode, n, a, b, r1, r2, 0, params);
+      ControlRegisters registers(mode, kKnobs.stray_underflow);
+      tail(body, mode, registers, n, a, b, r1, r2, 0, params);
     }
   }
 
   [[gnu::noinline]] static void unit_blocks(const Body& body, int64_t n, const A* a, const B* b, R* r1, R* r2,
                                             const Params& params) {
     const uint32_t mode = current_mode();
-    const ControlRegisters registers(mode, kKnobs.stray_underflow);
+    ControlRegisters registers(mode, kKnobs.stray_underflow);
     int64_t i = 0;
     if constexpr (kKnobs.streams && !kTwoResults) {
       if (n >= kStreamBytes / static_cast<int64_t>(sizeof(R)) && disjoint(n, a, b, r1)) [[unlikely]] {
-        i = past_cache(body, mode, n, a, b, r1, params);
+        i = past_cache(body, mode, registers, n, a, b, r1, params);
       }
     }
     for (;;) {
@@ -488,16 +502,16 @@ struct Kernel {
           [&](int64_t at, const auto& r) { store_loop_results(r1, r2, from + at, r); });
       if (n - i < kBlock) break;
       if constexpr (kSpecial) {
-        special_block(body, mode, a, b, r1, r2, i, kBlock, params);
+        special_block(body, mode, stray_flags(registers), a, b, r1, r2, i, kBlock, params);
         i += kBlock;
       }
     }
-    tail(body, mode, n, a, b, r1, r2, i, params);
+    tail(body, mode, registers, n, a, b, r1, r2, i, params);
   }
 
   // What is left behind the last whole block: single vectors, then the first lanes of one.
-  [[gnu::always_inline]] static void tail(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b, R* r1,
-                                          R* r2, int64_t i, const Params& params) {
+  [[gnu::always_inline]] static void tail(const Body& body, uint32_t mode, ControlRegisters& registers, int64_t n,
+                                          const A* a, const B* b, R* r1, R* r2, int64_t i, const Params& params) {
 #pragma GCC unroll 1
     for (; i < n; i += kWidth<V>) {
       const int64_t k = n - i;
@@ -506,13 +520,13 @@ struct Kernel {
       if constexpr (kTested) {
         // A scalar operand is special in the inactive lanes too.
         if ((lane_bits(special(x, params)) & here) != 0) [[unlikely]] {
-          return special_block(body, mode, a, b, r1, r2, i, static_cast<int>(k), params);
+          return special_block(body, mode, stray_flags(registers), a, b, r1, r2, i, static_cast<int>(k), params);
         }
       }
       const LanesResult r = lanes(x, params);
       if constexpr (kMasked) {
         if ((lane_bits(r.special) & here) != 0) [[unlikely]] {
-          return special_block(body, mode, a, b, r1, r2, i, static_cast<int>(k), params);
+          return special_block(body, mode, stray_flags(registers), a, b, r1, r2, i, static_cast<int>(k), params);
         }
       }
       if (k >= kWidth<V>) {
@@ -561,8 +575,8 @@ struct Kernel {
       run_element_loop(body, n, operands, &params);
     } else {
       const uint32_t mode = current_mode();
-      const ControlRegisters registers(mode, kKnobs.stray_underflow);
-      const Call call{body, mode, operands, &params};
+      ControlRegisters registers(mode, kKnobs.stray_underflow);
+      const Call call{body, mode, operands, &params, stray_flags(registers)};
       // Where arrays meet, a block is read whole before any of it is stored. Apart, nobody can tell, and one or two
       // vectors at a time keep the code small.
       if (n > 1 && !independent(call, n)) [[unlikely]]
@@ -624,12 +638,12 @@ struct Kernel {
     return apart(a) && (!kBinary || kScalarB || apart(b));
   }
 
-  [[gnu::noinline]] static int64_t past_cache(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b, R* r,
-                                              const Params& params) {
+  [[gnu::noinline]] static int64_t past_cache(const Body& body, uint32_t mode, ControlRegisters& registers, int64_t n,
+                                              const A* a, const B* b, R* r, const Params& params) {
     const uintptr_t misaligned = reinterpret_cast<uintptr_t>(r) % sizeof(V);
     if (misaligned % sizeof(R) != 0) return 0;
     const int64_t first = misaligned != 0 ? static_cast<int64_t>((sizeof(V) - misaligned) / sizeof(R)) : 0;
-    tail(body, mode, first, a, b, r, nullptr, 0, params);
+    tail(body, mode, registers, first, a, b, r, nullptr, 0, params);
     const int64_t done = plain_blocks(
         n - first, params, [&](int64_t at) { return load_loop_inputs(a, b, first + at); },
         [&](int64_t at, const auto& x) { store_past_cache(reinterpret_cast<E*>(r + first + at), loop_result(x)); });

@@ -123,7 +123,7 @@ struct Exp : ExpElement<V> {
   static Masked<Pair<V>, Mask<V>> wide(Pair<V> z) {
     const Mask<V> outside = Power::special(z.first);
     const auto circle = Circle::wide(z.second);
-    return {product(Power::lanes(drop(outside, z.first)), circle.value), outside | Mask<V>(circle.special)};
+    return {product(Power::lanes(select(outside, V(Element<V>(0)), z.first)), circle.value), outside | Mask<V>(circle.special)};
   }
 
  private:
@@ -155,7 +155,7 @@ struct Exp<V, Level::HA> : ExpElement<V> {
   static Masked<Pair<V>, Mask<V>> wide(Pair<V> z) {
     using W = Wide<V>;
     const Mask<V> outside = Power::special(z.first);
-    const V x = drop(outside, z.first);
+    const V x = select(outside, V(Element<V>(0)), z.first);
     const V a = trig::finite_from(magnitude(z.second), 8192.0f);
     const Integer<V> rows = shift_right<23>(as_bits(a));
     const auto half = [](W angle, Index<W> row, W power) __attribute__((always_inline)) {
@@ -197,7 +197,7 @@ struct Exp<V, Level::HA> : ExpElement<V> {
   static Masked<Pair<V>, Mask<V>> wide(Pair<V> z) {
     const Mask<V> outside = Power::special(z.first);
     const auto [t, r] = trig::reduce_large<256>(magnitude(z.second));
-    return {on_circle(power(drop(outside, z.first)), CircleParts<V>(t, r), z.second),
+    return {on_circle(power(select(outside, V(Element<V>(0)), z.first)), CircleParts<V>(t, r), z.second),
             outside | Mask<V>(not_finite(z.second))};
   }
 

@@ -8,21 +8,21 @@
 
 namespace orvik::zym::complex {
 
-// a c - b d and a c + b d with one rounding. What is lost is subtracted at the end, so that a zero keeps the sign that
-// the plain operations give it.
+// a c - b d and a c + b d: the sum of the first product, rounded, and the second, exact, with what the sum and the first
+// product lose. Where the terms do not cancel it is rounded once; where they do, one of them is off by half its ulp at
+// most, a quarter of the norm's, since the other part of the product is then twice as large. What is lost is subtracted,
+// so that a zero keeps the sign that the plain operations give it.
 template <class V>
 [[gnu::always_inline]] inline V difference_of_products(V a, V c, V b, V d) {
-  const V p = a * c, q = b * d, s = p - q;
+  const V p = a * c, s = fnma(b, d, p);
   const V q_part = p - s, p_part = s + q_part;
-  const V lost = (p_part - p) + (q - q_part);
-  return s - (lost + (fms(b, d, q) - fms(a, c, p)));
+  return s - ((p_part - p) - (fnma(b, d, q_part) + fms(a, c, p)));
 }
 template <class V>
 [[gnu::always_inline]] inline V sum_of_products(V a, V c, V b, V d) {
-  const V p = a * c, q = b * d, s = p + q;
+  const V p = a * c, s = fma(b, d, p);
   const V q_part = s - p, p_part = s - q_part;
-  const V lost = (p_part - p) + (q_part - q);
-  return s - (lost - (fms(b, d, q) + fms(a, c, p)));
+  return s - ((p_part - p) + (fnma(b, d, q_part) - fms(a, c, p)));
 }
 
 // Conjugate: of the second factor.
@@ -44,23 +44,19 @@ struct ProductOf {
   using E = Element<V>;
   using C = Complex<E>;
   // Tails of products may underflow where the result does not.
-  static constexpr Knobs knobs = {.vectors = 2, .stray_underflow = L == Level::HA};
-
-  // Parts from 2^63 or 2^511 on could overflow.
-  static auto special(Pair<V> x, Pair<V> y) {
-    constexpr uint32_t kBound = Single<V> ? 0x5EFFFFFFu : 0x5FDFFFFFu;
-    const auto large = [](Pair<V> z) { return magnitude_above<kBound>(z.first) | magnitude_above<kBound>(z.second); };
-    return large(x) | large(y);
-  }
+  static constexpr Knobs knobs = {
+      .vectors = L == Level::HA ? 1 : 2, .stray_underflow = L == Level::HA, .stray_flags = true};
 
   static auto lanes(Pair<V> x, Pair<V> y) {
     const Pair<V> r = product<Conjugate, L>(x, y);
     if constexpr (L == Level::HA) {
-      // Below this the tails of products are no longer exact, also with denormals flushed.
+      // What is infinite on the way is a NaN in the end. Below the bound the tails of products are no longer exact, also
+      // with denormals flushed.
       const V larger = max(magnitude(r.first), magnitude(r.second));
-      return Masked{r, (larger < V(E(Single<V> ? 0x1p-98 : 0x1p-964))) & (larger > V(E(0)))};
+      const Mask<V> tiny = (larger < V(E(Single<V> ? 0x1p-98 : 0x1p-964))) & (larger > V(E(0)));
+      return Masked{r, tiny | unordered(r.first, r.second)};
     } else {
-      return r;
+      return Masked{r, not_finite(r)};
     }
   }
 
@@ -78,7 +74,7 @@ struct ProductOf {
       const double a = x.re, b = x.im, c = y.re, d = y.im;
       return {static_cast<float>(fms(a, c, b * d)), static_cast<float>(fma(a, d, b * c))};
     } else {
-      if (zero(x) || zero(y)) return {fms(x.re, y.re, x.im * y.im), fma(x.re, y.im, x.im * y.re)};
+      if (zero(x) || zero(y)) return formula(x, y);
       const int ex = exponent(x), ey = exponent(y);
       const C u = scaled(x, -ex), v = scaled(y, -ey);
       const Pair<double> p = product<false, Level::HA>(Pair<double>{u.re, u.im}, Pair<double>{v.re, v.im});
@@ -86,17 +82,21 @@ struct ProductOf {
     }
   }
 
-  // C99 Annex G: where both parts are NaNs, an infinite operand still gives infinities, unless the other is 0.
+  // C99 Annex G: where both parts are NaNs, an infinite operand still gives infinities, unless the other is 0. Of finite
+  // parts only the sign counts, and whether they are 0.
   static C limit_product(C x, C y) {
-    const C r = {x.re * y.re - x.im * y.im, x.re * y.im + x.im * y.re};
+    const C a = {sign_alone(x.re), sign_alone(x.im)}, b = {sign_alone(y.re), sign_alone(y.im)};
+    const C r = formula(a, b);
     if (!is_nan(r.re) || !is_nan(r.im) || (!infinite(x) && !infinite(y))) return r;
     const auto counted = [](C z) {
       if (infinite(z)) return C{boxed(z.re), boxed(z.im)};
       return C{is_nan(z.re) ? std::copysign(E(0), z.re) : z.re, is_nan(z.im) ? std::copysign(E(0), z.im) : z.im};
     };
-    const C u = counted(x), v = counted(y);
-    return {infinity<E> * fms(u.re, v.re, u.im * v.im), infinity<E> * fma(u.re, v.im, u.im * v.re)};
+    const C w = formula(counted(a), counted(b));
+    return {infinity<E> * opaque(w.re), infinity<E> * opaque(w.im)};
   }
+  static E sign_alone(E x) { return std::isfinite(x) && x != 0 ? std::copysign(E(1), x) : x; }
+  static C formula(C x, C y) { return {fms(x.re, y.re, x.im * y.im), fma(x.re, y.im, x.im * y.re)}; }
 };
 
 template <class V, Level L>

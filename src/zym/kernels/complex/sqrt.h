@@ -30,33 +30,41 @@ C limit_root(const C& z) {
   return {0, z.im};
 }
 
-// x^2 + y^2 of two parts, its root, and the two others from it: all within 2^-60 before they are rounded.
+// w of two parts, each within 2^-60 before it is rounded, and v; the larger part between 2^-500 and 2^500.
+struct RootParts {
+  HeadTail<double> w;
+  double v;
+
+  RootParts(double x, double y) {
+    const HeadTail<double> p = two_square(max(x, y)), q = two_square(min(x, y));
+    const HeadTail<double> s = fast_two_sum(p.head, q.head);
+    const double m = std::sqrt(s.head);
+    const double m_tail = (fnma(m, m, s.head) + (s.tail + (p.tail + q.tail))) * (0.5 / m);
+    const HeadTail<double> sum = two_sum(x, m);
+    w.head = std::sqrt(sum.head * 0.5);
+    const double inverse = 0.5 / w.head;
+    w.tail = (fnma(w.head, w.head, sum.head * 0.5) + (sum.tail + m_tail) * 0.5) * inverse;
+    // The residue of what is too tiny would underflow.
+    const double twice = 2 * w.head;
+    v = y * inverse;
+    v = y > 0x1p-900 ? v + (fnma(v, twice, y) - v * (2 * w.tail)) * inverse : y / (twice + 2 * w.tail);
+  }
+};
+
 inline ZymComplexDouble finite_root(ZymComplexDouble z) {
-  // An even power of two brings the larger part to 1 .. 4. A smaller part that underflows is nothing to the root's norm, but
-  // is half the other part.
-  const int e = exponent(z) & ~1;
-  const ZymComplexDouble u = scaled(z, -e);
-  const double x = std::fabs(u.re), y = std::fabs(u.im);
-  const HeadTail<double> p = two_square(std::fmax(x, y)), q = two_square(std::fmin(x, y));
-  const HeadTail<double> s = fast_two_sum(p.head, q.head);
-  const double m = std::sqrt(s.head);
-  const double m_tail = (fnma(m, m, s.head) + (s.tail + (p.tail + q.tail))) / (2 * m);
-  const HeadTail<double> sum = two_sum(x, m);
-  const HeadTail<double> half = {sum.head / 2, (sum.tail + m_tail) / 2};
-  const double w = std::sqrt(half.head);
-  const double w_tail = (fnma(w, w, half.head) + half.tail) / (2 * w);
-  // v = |y| / (2 w) from the unscaled y, which may be tiny.
-  const double wide = std::scalbn(w, e / 2);
-  const double real = std::scalbn(w + w_tail, e / 2);
-  const double iy = std::fabs(z.im);
-  double v = 0;
-  if (iy != 0) {
-    const double v0 = y / (2 * w);
-    if (v0 > 0x1p-900) {
-      v = std::scalbn(v0 + (fnma(v0, 2 * w, y) - v0 * (2 * w_tail)) / (2 * w), e / 2);
-    } else {
-      v = iy / 2 / (wide + std::scalbn(w_tail, e / 2));
-    }
+  const double x = std::fabs(z.re), y = std::fabs(z.im), larger = max(x, y);
+  double real, v;
+  if (larger > 0x1p-500 && larger < 0x1p500) [[likely]] {
+    const RootParts root(x, y);
+    real = root.w.head + root.w.tail;
+    v = root.v;
+  } else {
+    // An even power of two brings the larger part to 1 .. 4; a smaller one that this makes inexact is taken as it was.
+    const int e = exponent(z) & ~1;
+    const double u = std::scalbn(y, -e);
+    const RootParts root(std::scalbn(x, -e), u);
+    real = std::scalbn(root.w.head + root.w.tail, e / 2);
+    v = u > 0x1p-900 ? std::scalbn(root.v, e / 2) : y / (2 * real);
   }
   const bool left = is_negative(z.re);
   return {left ? v : real, std::copysign(left ? real : v, z.im)};
@@ -111,7 +119,7 @@ struct Sqrt<V, Level::LA> : SqrtElement<Element<V>> {
   static Pair<V> lanes(Pair<V> z) {
     const V half = V(E(0.5));
     const V w = zym::Sqrt<V, Level::HA>::lanes((magnitude(z.first) + Magnitude::lanes(z.first, z.second)) * half);
-    return placed_root(w, magnitude(z.second) * half / w, z);
+    return placed_root(w, magnitude(z.second) / (w + w), z);
   }
 };
 

@@ -17,13 +17,6 @@ template <class V>
   return {fma(a, c, b * d) * inverse, fms(b, c, a * d) * inverse};
 }
 
-// p + q with what it loses, p and q of two parts.
-template <class V>
-[[gnu::always_inline]] inline HeadTail<V> sum_of_parts(HeadTail<V> p, HeadTail<V> q) {
-  const HeadTail<V> s = two_sum(p.head, q.head);
-  return {s.head, s.tail + (p.tail + q.tail)};
-}
-
 // Every part within 0.51 ulp of itself, unless its numerator cancels.
 template <class V>
 [[gnu::always_inline]] inline Pair<V> careful_quotient(Pair<V> x, Pair<V> y) {
@@ -35,10 +28,8 @@ template <class V>
     const V q = n.head * inverse;
     return fma(fnma(q, norm.head, n.head) + fnma(q, norm.tail, n.tail), inverse, q);
   };
-  const HeadTail<V> ad = two_prod(a, d);
   return {over_norm(sum_of_parts(two_prod(a, c), two_prod(b, d))),
-          over_norm(sum_of_parts(two_prod(b, c), HeadTail<V>{flip_sign(ad.head, V(Element<V>(-1))),
-                                                             flip_sign(ad.tail, V(Element<V>(-1)))}))};
+          over_norm(sum_of_parts(two_prod(b, c), negative(two_prod(a, d))))};
 }
 
 // The magnitudes of the larger parts are within 2^-Range .. 2^Range, as all that the lanes compute then is; a dividend of

@@ -77,8 +77,9 @@ struct ProductOf {
       if (zero(x) || zero(y)) return formula(x, y);
       const int ex = exponent(x), ey = exponent(y);
       const C u = scaled(x, -ex), v = scaled(y, -ey);
-      const Pair<double> p = product<false, Level::HA>(Pair<double>{u.re, u.im}, Pair<double>{v.re, v.im});
-      return scaled({p.first, p.second}, ex + ey);
+      const HeadTail<double> re = sum_of_parts(two_prod(u.re, v.re), negative(two_prod(u.im, v.im)));
+      const HeadTail<double> im = sum_of_parts(two_prod(u.re, v.im), two_prod(u.im, v.re));
+      return scaled({re.head + re.tail, im.head + im.tail}, ex + ey);
     }
   }
 

@@ -42,6 +42,21 @@ template <class F, Single V, class... More>
   return {narrow(low.first, high.first), narrow(low.second, high.second)};
 }
 
+// p + q of two parts each, with what the sum loses; not normalised.
+template <class V>
+[[gnu::always_inline]] inline HeadTail<V> sum_of_parts(HeadTail<V> p, HeadTail<V> q) {
+  const HeadTail<V> s = two_sum(p.head, q.head);
+  return {s.head, s.tail + (p.tail + q.tail)};
+}
+template <class V>
+[[gnu::always_inline]] inline HeadTail<V> negative(HeadTail<V> p) {
+  return {p.head ^ sign_mask<V>(), p.tail ^ sign_mask<V>()};
+}
+template <>
+[[gnu::always_inline]] inline HeadTail<double> negative(HeadTail<double> p) {
+  return {-p.head, -p.tail};
+}
+
 // --- elements -------------------------------------------------------------------------------------------------------
 
 template <class C>

@@ -54,7 +54,10 @@ struct RootParts {
 inline ZymComplexDouble finite_root(ZymComplexDouble z) {
   const double x = std::fabs(z.re), y = std::fabs(z.im), larger = max(x, y);
   double real, v;
-  if (larger > 0x1p-500 && larger < 0x1p500) [[likely]] {
+  if (y == 0) {
+    real = std::sqrt(x);
+    v = 0;
+  } else if (larger > 0x1p-500 && larger < 0x1p500) [[likely]] {
     const RootParts root(x, y);
     real = root.w.head + root.w.tail;
     v = root.v;

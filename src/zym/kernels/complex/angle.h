@@ -21,17 +21,17 @@ V inverse_scale(V x) {
 template <Level L, class V>
 Masked<V, Mask<V>> wide_angle(Pair<V> z) {
   using E = Element<V>;
-  const V x = magnitude(z.first), y = magnitude(z.second);
+  const V zero = V(E(0)), one = V(E(1));
+  const Mask<V> limit = not_finite(z);  // a maximum with a NaN would be invalid
+  const V x = magnitude(select(limit, one, z.first)), y = magnitude(select(limit, one, z.second));
   const V larger = max(x, y), smaller = min(x, y);
   const V low = V(E(Single<V> ? 0x1p-120f : 0x1p-1010)), high = V(E(Single<V> ? 0x1p120f : 0x1p1010));
-  const V zero = V(E(0));
-  const Mask<V> in_range = (larger >= low) & (larger <= high) & (x <= high) & (y <= high);
-  const V apart = V(E(Single<V> ? 0x1p-38f : 0x1p-400));
-  const V near = larger * apart;
-  const Mask<V> served = in_range & ((smaller == zero) | (smaller >= near));
-  const V scale = inverse_scale(select(served, larger, V(E(1))));
-  const Pair<V> u = {keep(served, z.first) * scale, select(served, z.second, V(E(1))) * scale};
-  return {Atan2<V, L>::lanes(u.second, u.first), complement(served)};
+  const V apart = larger * V(E(Single<V> ? 0x1p-38f : 0x1p-400));
+  const Mask<V> close = (larger >= low) & (larger <= high) & ((smaller == zero) | (smaller >= apart));
+  const Mask<V> left = limit | complement(close);
+  const V scale = inverse_scale(select(left, one, larger));
+  const Pair<V> u = {select(left, one, z.first) * scale, select(left, one, z.second) * scale};
+  return {Atan2<V, L>::lanes(u.second, u.first), left};
 }
 
 }  // namespace orvik::zym::complex

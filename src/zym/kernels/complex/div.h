@@ -17,6 +17,13 @@ template <class V>
   return {fma(a, c, b * d) * inverse, fms(b, c, a * d) * inverse};
 }
 
+// n / d of two parts each, `inverse` that of the head of d.
+template <class V>
+[[gnu::always_inline]] inline V careful_ratio(HeadTail<V> n, HeadTail<V> d, V inverse) {
+  const V q = n.head * inverse;
+  return fma(fnma(q, d.head, n.head) + fnma(q, d.tail, n.tail), inverse, q);
+}
+
 // Every part within 0.51 ulp of itself, unless its numerator cancels.
 template <class V>
 [[gnu::always_inline]] inline Pair<V> careful_quotient(Pair<V> x, Pair<V> y) {
@@ -24,12 +31,8 @@ template <class V>
   const auto [c, d] = y;
   const HeadTail<V> norm = sum_of_parts(two_square(c), two_square(d));
   const V inverse = V(Element<V>(1)) / norm.head;
-  const auto over_norm = [&](HeadTail<V> n) {
-    const V q = n.head * inverse;
-    return fma(fnma(q, norm.head, n.head) + fnma(q, norm.tail, n.tail), inverse, q);
-  };
-  return {over_norm(sum_of_parts(two_prod(a, c), two_prod(b, d))),
-          over_norm(sum_of_parts(two_prod(b, c), negative(two_prod(a, d))))};
+  return {careful_ratio(sum_of_parts(two_prod(a, c), two_prod(b, d)), norm, inverse),
+          careful_ratio(sum_of_parts(two_prod(b, c), negative(two_prod(a, d))), norm, inverse)};
 }
 
 // The magnitudes of the larger parts are within 2^-Range .. 2^Range, as all that the lanes compute then is; a dividend of
@@ -56,6 +59,7 @@ struct DivElement {
       // By an infinity with the sign of the divisor's real part; (0, 0) / (0, 0) is NaN.
       const E inf = std::copysign(infinity<E>, y.re);
       *r = {opaque(x.re) * inf, opaque(x.im) * inf};
+      return 0;
     } else if (finite(x) && finite(y)) {
       *r = finite_quotient(x, y);
     } else if (infinite(x) && finite(y)) {
@@ -77,10 +81,11 @@ struct DivElement {
     return {static_cast<float>(q.first), static_cast<float>(q.second)};
   }
   static ZymComplexDouble finite_quotient(ZymComplexDouble x, ZymComplexDouble y) {
-    const int ex = zero(x) ? 0 : exponent(x), ey = exponent(y);
-    const ZymComplexDouble u = scaled(x, -ex), v = scaled(y, -ey);
-    const Pair<double> q = careful_quotient(Pair<double>{u.re, u.im}, Pair<double>{v.re, v.im});
-    return scaled({q.first, q.second}, ex - ey);
+    const FarSum norm = far_sum(y.re, y.re, y.im, y.im);
+    const auto ratio = [&](const FarSum& n) {
+      return std::scalbn(careful_ratio(n.m, norm.m, 1 / norm.m.head), n.e - norm.e);
+    };
+    return {ratio(far_sum(x.re, y.re, x.im, y.im)), ratio(far_sum(x.im, y.re, -x.re, y.im))};
   }
 };
 

@@ -107,10 +107,12 @@ struct Ln<V, L> : LnElement<double> {
   // The larger part between 2^-400 and 2^400.
   static Masked<Pair<V>, Mask<V>> wide(Pair<V> z) {
     const auto angle = wide_angle<L>(z);
-    const V larger = max(magnitude(z.first), magnitude(z.second));
-    const Mask<V> left = angle.special | (larger < V(0x1p-400)) | (larger > V(0x1p400));
-    const Pair<V> u = select(left, Pair<V>{V(1.0), V(0.0)}, z);
-    return {{half_logarithm<L>(squares(u.first, u.second), V(0.0)), angle.value}, left};
+    const Pair<V> one = {V(1.0), V(0.0)};
+    const Pair<V> u = select(angle.special, one, z);
+    const V larger = max(magnitude(u.first), magnitude(u.second));
+    const Mask<V> far = (larger < V(0x1p-400)) | (larger > V(0x1p400));
+    const Pair<V> v = select(far, one, u);
+    return {{half_logarithm<L>(squares(v.first, v.second), V(0.0)), angle.value}, angle.special | far};
   }
 };
 

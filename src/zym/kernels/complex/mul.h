@@ -74,12 +74,8 @@ struct ProductOf {
       const double a = x.re, b = x.im, c = y.re, d = y.im;
       return {static_cast<float>(fms(a, c, b * d)), static_cast<float>(fma(a, d, b * c))};
     } else {
-      if (zero(x) || zero(y)) return formula(x, y);
-      const int ex = exponent(x), ey = exponent(y);
-      const C u = scaled(x, -ex), v = scaled(y, -ey);
-      const HeadTail<double> re = sum_of_parts(two_prod(u.re, v.re), negative(two_prod(u.im, v.im)));
-      const HeadTail<double> im = sum_of_parts(two_prod(u.re, v.im), two_prod(u.im, v.re));
-      return scaled({re.head + re.tail, im.head + im.tail}, ex + ey);
+      const auto rounded = [](const FarSum& s) { return std::scalbn(s.m.head + s.m.tail, s.e); };
+      return {rounded(far_sum(x.re, y.re, -x.im, y.im)), rounded(far_sum(x.re, y.im, x.im, y.re))};
     }
   }
 

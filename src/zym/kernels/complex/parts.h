@@ -91,6 +91,26 @@ E boxed(E x) {
 inline int exponent(const ZymComplexDouble& z) { return std::ilogb(std::fmax(std::fabs(z.re), std::fabs(z.im))); }
 inline ZymComplexDouble scaled(const ZymComplexDouble& z, int e) { return {std::scalbn(z.re, e), std::scalbn(z.im, e)}; }
 
+// a c + b d of any finite numbers as (head + tail) 2^e, e at least -6000: neither product leaves the range.
+struct FarSum {
+  HeadTail<double> m;
+  int e;
+};
+inline FarSum far_sum(double a, double c, double b, double d) {
+  const auto product = [](double x, double y) {
+    if (x == 0 || y == 0) return FarSum{{x * y, 0}, -6000};
+    const int ex = std::ilogb(x), ey = std::ilogb(y);
+    return FarSum{two_prod(std::scalbn(x, -ex), std::scalbn(y, -ey)), ex + ey};
+  };
+  const FarSum p = product(a, c), q = product(b, d);
+  const int e = p.e > q.e ? p.e : q.e;
+  const auto aligned = [e](const FarSum& x) {  // further below it is a sign alone
+    const int shift = x.e - e > -300 ? x.e - e : -300;
+    return HeadTail<double>{std::scalbn(x.m.head, shift), std::scalbn(x.m.tail, shift)};
+  };
+  return {sum_of_parts(aligned(p), aligned(q)), e};
+}
+
 template <class C>
 ZymComplexDouble widen(const C& z) {
   return {z.re, z.im};

@@ -140,14 +140,9 @@ struct Exp<V, Level::HA> : ExpElement<V> {
 
   static Pair<V> lanes(Pair<V> z) {
     const V a = magnitude(z.second);
-    const auto [t, n] = shift_round(a, V(0.6366197466850281f));
+    const auto [t, n] = shift_round(a, V(trig::k2OverPi32));
     const Pair<V> r = trig::pair_by_halves(
-        [](auto y, auto m, auto x) __attribute__((always_inline)) {
-          using W = decltype(y);
-          return times_exp(trig::both(fnma(m, W(0.5 * 5.126688303189038e-12), fnma(m, W(0.5 * 3.1415926535846666), y)),
-                                      trig::kPairSineHA32, trig::kPairCosineHA32),
-                           x);
-        },
+        [](auto y, auto m, auto x) __attribute__((always_inline)) { return times_exp(trig::both_of_float(y, m), x); },
         a, n, z.first);
     return placed(r, t, z.second);
   }

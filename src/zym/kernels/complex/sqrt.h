@@ -27,7 +27,7 @@ C limit_root(const C& z) {
     return {other, std::copysign(infinity<E>, z.im)};
   }
   if (is_nan(z.re) || is_nan(z.im)) return {z.re + z.im, z.re + z.im};
-  return {0, z.im};
+  return {0, quiet(z.im)};  // a denormal that counts as zero becomes one
 }
 
 // w of two parts, each within 2^-60 before it is rounded, and v; the larger part between 2^-500 and 2^500.

@@ -1,5 +1,5 @@
-// The angle of complex numbers on the axes and beyond the range of the arc tangent's lanes: both parts are brought near 1
-// by one power of two.
+// The angle of complex numbers on the axes and beyond the range of the arc tangent's lanes: both parts are brought near
+// 1 by one power of two.
 #pragma once
 
 #include "zym/kernels/arc/arc_tangent2.h"
@@ -16,8 +16,8 @@ V inverse_scale(V x) {
                   (as_bits(x) & I(Format<V>::exponent_field)));
 }
 
-// Serves numbers with a part of 0, and where the parts are not too far from each other; not 0, infinities, NaNs and what
-// is next to the ends of the range.
+// Serves numbers with a part of 0, and where the parts are not too far from each other; not 0, infinities, NaNs and
+// what is next to the ends of the range.
 template <Level L, class V>
 Masked<V, Mask<V>> wide_angle(Pair<V> z) {
   using E = Element<V>;

@@ -3,8 +3,8 @@
 // divisor and the dividend near 1, at the highest level numerators and the divisor's norm in two parts.
 #pragma once
 
-#include "zym/kernels/complex/parts.h"
 #include "zym/kernels/complex/mul.h"
+#include "zym/kernels/complex/parts.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym::complex {
@@ -35,8 +35,8 @@ template <class V>
           careful_ratio(sum_of_parts(two_prod(b, c), negative(two_prod(a, d))), norm, inverse)};
 }
 
-// The magnitudes of the larger parts are within 2^-Range .. 2^Range, as all that the lanes compute then is; a dividend of
-// 0 may be.
+// The magnitudes of the larger parts are within 2^-Range .. 2^Range, as all that the lanes compute then is; a dividend
+// of 0 may be.
 template <int Range, class V>
 Mask<V> far_from_1(Pair<V> x, Pair<V> y) {
   constexpr int kBias = Format<V>::bias, kShift = Single<V> ? 23 : 20;
@@ -97,9 +97,11 @@ struct Div<V, Level::HA> : DivElement<float> {
   static constexpr Knobs knobs = {.vectors = 1};
   static Mask<V> special(Pair<V> x, Pair<V> y) { return not_finite(x) | not_finite(y) | zero(y); }
   static auto lanes(Pair<V> x, Pair<V> y) {
-    const Pair<V> r = by_halves([](auto u, auto c, auto d) __attribute__((always_inline)) {
-      return plain_quotient(u, decltype(u){c, d});
-    }, x, y.first, y.second);
+    const Pair<V> r = by_halves(
+        [](auto u, auto c, auto d) __attribute__((always_inline)) {
+          return plain_quotient(u, decltype(u){c, d});
+        },
+        x, y.first, y.second);
     return Masked{r, not_finite(r)};
   }
 };
@@ -132,7 +134,11 @@ struct Div<V, L> : DivElement<double> {
     if constexpr (L == Level::HA) {
       return careful_quotient(x, y);
     } else {
-      return plain_quotient(x, y);
+      const auto [a, b] = x;
+      const auto [c, d] = y;
+      const V norm = fma(c, c, d * d), inverse = V(1.0) / norm;
+      const V re = fma(a, c, b * d), im = fms(b, c, a * d), u = re * inverse, v = im * inverse;
+      return {fma(fnma(u, norm, re), inverse, u), fma(fnma(v, norm, im), inverse, v)};
     }
   }
 };

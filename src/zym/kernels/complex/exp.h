@@ -1,6 +1,6 @@
-// e^(x + i y) = e^x (cos y + i sin y). Floats at the highest level in 64-bit arithmetic; doubles there with e^x, sine and
-// cosine of two parts each. What overflows or underflows takes the element routine, which keeps the power of two apart, so
-// that e^x may leave the range where the product does not.
+// e^(x + i y) = e^x (cos y + i sin y). Floats at the highest level in 64-bit arithmetic; doubles there with e^x, sine
+// and cosine of two parts each. What overflows or underflows takes the element routine, which keeps the power of two
+// apart, so that e^x may leave the range where the product does not.
 #pragma once
 
 #include "zym/kernels/complex/parts.h"
@@ -123,7 +123,8 @@ struct Exp : ExpElement<V> {
   static Masked<Pair<V>, Mask<V>> wide(Pair<V> z) {
     const Mask<V> outside = Power::special(z.first);
     const auto circle = Circle::wide(z.second);
-    return {product(Power::lanes(select(outside, V(Element<V>(0)), z.first)), circle.value), outside | Mask<V>(circle.special)};
+    return {product(Power::lanes(select(outside, V(Element<V>(0)), z.first)), circle.value),
+            outside | Mask<V>(circle.special)};
   }
 
  private:
@@ -155,7 +156,8 @@ struct Exp<V, Level::HA> : ExpElement<V> {
     const Integer<V> rows = shift_right<23>(as_bits(a));
     const auto half = [](W angle, Index<W> row, W power) __attribute__((always_inline)) {
       const auto [t, f] = trig::reduce_large_single<2>(angle, row, W(0.0));
-      return times_exp(trig::turned(trig::both(f * W(trig::kPi), trig::kPairSineHA32, trig::kPairCosineHA32), t), power);
+      return times_exp(trig::turned(trig::both(f * W(trig::kPi), trig::kPairSineHA32, trig::kPairCosineHA32), t),
+                       power);
     };
     const Pair<W> low = half(widen_low(a), low_half(rows), widen_low(x));
     const Pair<W> high = half(widen_high(a), high_half(rows), widen_high(x));

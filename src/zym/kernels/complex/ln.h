@@ -1,5 +1,5 @@
-// ln z = ln |z| + i arg z. ln |z| is half the logarithm of x^2 + y^2, which is held in two parts, so that nothing is lost
-// where |z| is near 1; the lower part joins the logarithm's own reduced argument. Floats in 64-bit arithmetic.
+// ln z = ln |z| + i arg z. ln |z| is half the logarithm of x^2 + y^2, which is held in two parts, so that nothing is
+// lost where |z| is near 1; the lower part joins the logarithm's own reduced argument. Floats in 64-bit arithmetic.
 #pragma once
 
 #include "zym/kernels/complex/angle.h"
@@ -78,7 +78,8 @@ struct LnElement {
     const int e = exponent(w);
     const bool far = e < -400 || e > 400;
     const ZymComplexDouble u = far ? scaled(w, -e) : w;
-    return static_cast<E>(first_lane(half_logarithm<Level::HA>(squares(F64(u.re), F64(u.im)), F64(far ? 2.0 * e : 0.0))));
+    return static_cast<E>(
+        first_lane(half_logarithm<Level::HA>(squares(F64(u.re), F64(u.im)), F64(far ? 2.0 * e : 0.0))));
   }
 };
 

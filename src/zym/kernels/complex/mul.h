@@ -1,6 +1,6 @@
-// Products of complex numbers, (a + b i) (c + d i) and (a + b i) (c - d i). The highest level adds what products and sums
-// lose (Dekker 1971; Knuth 1997): each part is then rounded once. The others round the product of one pair first, an error
-// of the norm below 2 u (Jeannerod, Kornerup, Louvet, Muller 2017).
+// Products of complex numbers, (a + b i) (c + d i) and (a + b i) (c - d i). The highest level adds what products and
+// sums lose (Dekker 1971; Knuth 1997): each part is then rounded once. The others round the product of one pair first,
+// an error of the norm below 2 u (Jeannerod, Kornerup, Louvet, Muller 2017).
 #pragma once
 
 #include "zym/kernels/complex/parts.h"
@@ -8,10 +8,10 @@
 
 namespace orvik::zym::complex {
 
-// a c - b d and a c + b d: the sum of the first product, rounded, and the second, exact, with what the sum and the first
-// product lose. Where the terms do not cancel it is rounded once; where they do, one of them is off by half its ulp at
-// most, a quarter of the norm's, since the other part of the product is then twice as large. What is lost is subtracted,
-// so that a zero keeps the sign that the plain operations give it.
+// a c - b d and a c + b d: the sum of the first product, rounded, and the second, exact, with what the sum and the
+// first product lose. Where the terms do not cancel it is rounded once; where they do, one of them is off by half its
+// ulp at most, a quarter of the norm's, since the other part of the product is then twice as large. What is lost is
+// subtracted, so that a zero keeps the sign that the plain operations give it.
 template <class V>
 [[gnu::always_inline]] inline V difference_of_products(V a, V c, V b, V d) {
   const V p = a * c, s = fnma(b, d, p);
@@ -50,8 +50,8 @@ struct ProductOf {
   static auto lanes(Pair<V> x, Pair<V> y) {
     const Pair<V> r = product<Conjugate, L>(x, y);
     if constexpr (L == Level::HA) {
-      // What is infinite on the way is a NaN in the end. Below the bound the tails of products are no longer exact, also
-      // with denormals flushed.
+      // What is infinite on the way is a NaN in the end. Below the bound the tails of products are no longer exact,
+      // also with denormals flushed.
       const V larger = max(magnitude(r.first), magnitude(r.second));
       const Mask<V> tiny = (larger < V(E(Single<V> ? 0x1p-98 : 0x1p-964))) & (larger > V(E(0)));
       return Masked{r, tiny | unordered(r.first, r.second)};
@@ -79,8 +79,8 @@ struct ProductOf {
     }
   }
 
-  // C99 Annex G: where both parts are NaNs, an infinite operand still gives infinities, unless the other is 0. Of finite
-  // parts only the sign counts, and whether they are 0.
+  // C99 Annex G: where both parts are NaNs, an infinite operand still gives infinities, unless the other is 0. Of
+  // finite parts only the sign counts, and whether they are 0.
   static C limit_product(C x, C y) {
     const C a = {sign_alone(x.re), sign_alone(x.im)}, b = {sign_alone(y.re), sign_alone(y.im)};
     const C r = formula(a, b);

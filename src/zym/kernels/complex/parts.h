@@ -89,7 +89,9 @@ E boxed(E x) {
 
 // The exponent of the larger part of a finite number that is not 0.
 inline int exponent(const ZymComplexDouble& z) { return std::ilogb(std::fmax(std::fabs(z.re), std::fabs(z.im))); }
-inline ZymComplexDouble scaled(const ZymComplexDouble& z, int e) { return {std::scalbn(z.re, e), std::scalbn(z.im, e)}; }
+inline ZymComplexDouble scaled(const ZymComplexDouble& z, int e) {
+  return {std::scalbn(z.re, e), std::scalbn(z.im, e)};
+}
 
 // a c + b d of any finite numbers as (head + tail) 2^e, e at least -6000: neither product leaves the range.
 struct FarSum {

@@ -1,5 +1,5 @@
-// Magnitude and angle of complex numbers, and the point of the unit circle at an angle: the lanes of hypotenuse, arc tangent
-// of a point, sine and cosine.
+// Magnitude and angle of complex numbers, and the point of the unit circle at an angle: the lanes of hypotenuse, arc
+// tangent of a point, sine and cosine.
 #pragma once
 
 #include "zym/kernels/complex/angle.h"

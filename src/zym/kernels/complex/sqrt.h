@@ -1,6 +1,6 @@
-// Square root of z = x + i y (Hull, Fairgrieve, Tang 1994): w = sqrt((|x| + |z|) / 2) and v = |y| / (2 w) are the parts, w the
-// real one where x is not negative; the imaginary one has the sign of y, also on the cut. Floats at the highest level in
-// 64-bit arithmetic; doubles there in two parts, one element at a time.
+// Square root of z = x + i y (Hull, Fairgrieve, Tang 1994): w = sqrt((|x| + |z|) / 2) and v = |y| / (2 w) are the
+// parts, w the real one where x is not negative; the imaginary one has the sign of y, also on the cut. Floats at the
+// highest level in 64-bit arithmetic; doubles there in two parts, one element at a time.
 #pragma once
 
 #include "zym/kernels/complex/parts.h"

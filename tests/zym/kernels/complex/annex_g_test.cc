@@ -1,5 +1,5 @@
-// Every combination of eleven special real and imaginary parts, of one argument and of two: results by C99 Annex G where a
-// part is infinite or a NaN, by MPC elsewhere, and the codes.
+// Every combination of eleven special real and imaginary parts, of one argument and of two: results by C99 Annex G
+// where a part is infinite or a NaN, by MPC elsewhere, and the codes.
 #include <cmath>
 
 #include "accuracy/complex_inputs.h"
@@ -31,8 +31,9 @@ class AnnexG : public ComplexTest<C> {
       const accuracy::Worst worst = accuracy::measure_point(row, kernel, point, 0, measure);
       EXPECT_TRUE(accuracy::within_bound(row, kernel, worst))
           << row.name << ' ' << kLevelNames[kernel] << " of " << parts.begin()[0] << ", " << parts.begin()[1]
-          << (parts.size() == 4 ? ", " + std::to_string(parts.begin()[2]) + ", " + std::to_string(parts.begin()[3]) : "") << ": got "
-          << worst.got << ", want " << worst.wanted;
+          << (parts.size() == 4 ? ", " + std::to_string(parts.begin()[2]) + ", " + std::to_string(parts.begin()[3])
+                                : "")
+          << ": got " << worst.got << ", want " << worst.wanted;
     }
   }
 };

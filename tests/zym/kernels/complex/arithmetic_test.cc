@@ -58,7 +58,8 @@ TYPED_TEST(ComplexArithmetic, DivByInfinityIsZeroOfInfinityIsInfinite) {
 TYPED_TEST(ComplexArithmetic, DivWithoutSpuriousOverflowOrUnderflow) {
   using C = TypeParam;
   using E = typename TestFixture::E;
-  const E M = std::ldexp(E(1), TestFixture::L::max_exponent - 1), m = std::ldexp(E(1), TestFixture::L::min_exponent + 1);
+  const E M = std::ldexp(E(1), TestFixture::L::max_exponent - 1),
+          m = std::ldexp(E(1), TestFixture::L::min_exponent + 1);
   for (E s : {M, m, E(1), -M, -m}) {
     const auto expect_quotient = [&](C x, C y, C want) {
       const Outcome<C> got = evaluate<C, C>(this->row("Div"), 1, x, y);

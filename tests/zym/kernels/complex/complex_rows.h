@@ -26,13 +26,17 @@ class ComplexTest : public testing::Test {
   static void expect(const std::string& function, C a, C b, C want, int32_t code = 0) {
     expect_element<C, C>(row(function), a, b, want, code);
   }
-  static void expect(const std::string& function, C a, C want, int32_t code = 0) { expect(function, a, C{1, 0}, want, code); }
+  static void expect(const std::string& function, C a, C want, int32_t code = 0) {
+    expect(function, a, C{1, 0}, want, code);
+  }
   // At every level this code and results that are infinite where `want` is.
   static void expect_code(const std::string& function, C a, C b, bool re_infinite, bool im_infinite, int32_t code) {
     for (int level = 0; level < 3; ++level) {
       const Outcome<C> got = evaluate<C, C>(row(function), level, a, b);
-      EXPECT_EQ(std::isinf(got.r1.re), re_infinite) << row(function) << kLevelNames[level] << show(a) << show(b) << show(got.r1);
-      EXPECT_EQ(std::isinf(got.r1.im), im_infinite) << row(function) << kLevelNames[level] << show(a) << show(b) << show(got.r1);
+      EXPECT_EQ(std::isinf(got.r1.re), re_infinite)
+          << row(function) << kLevelNames[level] << show(a) << show(b) << show(got.r1);
+      EXPECT_EQ(std::isinf(got.r1.im), im_infinite)
+          << row(function) << kLevelNames[level] << show(a) << show(b) << show(got.r1);
       EXPECT_EQ(got.code, code) << row(function) << kLevelNames[level] << show(a) << show(b);
     }
   }

@@ -92,7 +92,8 @@ TYPED_TEST(ComplexFlags, QuietNansRaiseNone) {
   using E = typename TestFixture::E;
   const E n = this->nan;
   for (C z : {C{n, n}, C{n, 1}, C{-2, n}}) {
-    for (const char* f : {"Add", "Sub", "Mul", "MulByConj", "Div"}) this->expect(f, z, C{1, 2}, 0), this->expect(f, C{1, 2}, z, 0);
+    for (const char* f : {"Add", "Sub", "Mul", "MulByConj", "Div"})
+      this->expect(f, z, C{1, 2}, 0), this->expect(f, C{1, 2}, z, 0);
     for (const char* f : {"Conj", "Exp", "Ln", "Sqrt"}) this->expect(f, z, z, 0);
     for (const char* f : {"Abs", "Arg"}) this->template expect<E>(f, z, z, 0);
   }
@@ -129,7 +130,9 @@ TYPED_TEST(ComplexFlags, InfinitiesWithAStatedResultRaiseNone) {
   this->expect("Exp", C{1, inf}, C{1, 1}, FE_INVALID);
 }
 
-TYPED_TEST(ComplexFlags, PolesRaiseDivisionByZero) { this->expect("Ln", TypeParam{0, 0}, TypeParam{1, 1}, FE_DIVBYZERO); }
+TYPED_TEST(ComplexFlags, PolesRaiseDivisionByZero) {
+  this->expect("Ln", TypeParam{0, 0}, TypeParam{1, 1}, FE_DIVBYZERO);
+}
 
 // Special lanes may have raised flags of their own before they were found: those go, others stay.
 TYPED_TEST(ComplexFlags, TheCallersFlagsStay) {

@@ -18,7 +18,8 @@ class ComplexModes : public ComplexTest<C> {
   void TearDown() override { _zymSetMode(kKeepDenormals); }
 
   template <class In = C, class Out = C>
-  static std::vector<Out> run(const std::string& function, int level, const std::vector<In>& a, const std::vector<In>& b) {
+  static std::vector<Out> run(const std::string& function, int level, const std::vector<In>& a,
+                              const std::vector<In>& b) {
     std::vector<Out> r(a.size());
     Call<In, Out> call;
     call.n = static_cast<int32_t>(a.size()), call.a = a.data(), call.b = b.data(), call.r1 = r.data();
@@ -32,7 +33,8 @@ TYPED_TEST(ComplexModes, FlushedDenormalsCountAsZeroAndBecomeZero) {
   using C = TypeParam;
   using E = typename TestFixture::E;
   const E d = this->smallest / 4;
-  const std::vector<C> a(11, C{d, -d}), one(11, C{1, 1}), half(11, C{E(0.5), 0}), least(11, C{this->smallest, this->smallest});
+  const std::vector<C> a(11, C{d, -d}), one(11, C{1, 1}), half(11, C{E(0.5), 0}),
+      least(11, C{this->smallest, this->smallest});
   _zymSetMode(ZYM_FLUSH_DENORMALS);
   for (int level = 0; level < 3; ++level) {
     for (const C& r : this->run("Add", level, a, a)) EXPECT_TRUE(r.re == 0 && r.im == 0);

@@ -43,7 +43,8 @@ class ComplexReports : public ComplexTest<C> {
 
   // n elements, one of which overflows.
   std::vector<C> run(const std::string& function, int level, bool strided, int32_t n, int32_t at) {
-    std::vector<C> a(static_cast<size_t>(2 * n), C{1, 2}), b(static_cast<size_t>(2 * n), C{3, 4}), r(static_cast<size_t>(2 * n));
+    std::vector<C> a(static_cast<size_t>(2 * n), C{1, 2}), b(static_cast<size_t>(2 * n), C{3, 4}),
+        r(static_cast<size_t>(2 * n));
     const auto place = static_cast<size_t>(strided ? 2 * at : at);
     const E M = std::numeric_limits<E>::max();
     a[place] = function == "Exp" ? C{E(2000), E(0.5)} : C{M, -M};

@@ -24,8 +24,9 @@ class ComplexSteps : public ComplexTest<C> {
     for (int kernel : accuracy::kernels_of(row)) {
       const accuracy::Worst worst = accuracy::measure_point(row, kernel, point, 0, measure);
       EXPECT_TRUE(accuracy::within_bound(row, kernel, worst))
-          << row.name << ' ' << kLevelNames[kernel] << " of " << point.arguments[0] << ", " << point.arguments[1] << ", "
-          << point.arguments[2] << ", " << point.arguments[3] << ": got " << worst.got << ", want " << worst.wanted;
+          << row.name << ' ' << kLevelNames[kernel] << " of " << point.arguments[0] << ", " << point.arguments[1]
+          << ", " << point.arguments[2] << ", " << point.arguments[3] << ": got " << worst.got << ", want "
+          << worst.wanted;
     }
   }
 
@@ -41,7 +42,8 @@ TYPED_TEST_SUITE(ComplexSteps, ComplexElements);
 
 TYPED_TEST(ComplexSteps, ExpAcrossTheEndsOfItsRealPart) {
   using E = typename TestFixture::E;
-  for (double t : this->single ? std::vector{87.33654, 88.72284, 103.97208, 192.0} : std::vector{708.39641, 709.78271, 745.13322, 1500.0}) {
+  for (double t : this->single ? std::vector{87.33654, 88.72284, 103.97208, 192.0}
+                               : std::vector{708.39641, 709.78271, 745.13322, 1500.0}) {
     this->around(t, [&](E x) {
       for (E y : {E(0.5), E(-2), E(1e-30), E(1.5707964), E(70000), E(1e10)}) this->expect_within_bound("Exp", {x, y});
     });
@@ -50,7 +52,8 @@ TYPED_TEST(ComplexSteps, ExpAcrossTheEndsOfItsRealPart) {
 
 TYPED_TEST(ComplexSteps, ExpAndCisAcrossTheThresholdsOfTheAngle) {
   using E = typename TestFixture::E;
-  for (double t : {256.0, 10000.0, 65536.0, 524288.0, 16777216.0, 0.7853981633974483, 1.5707963267948966, 3.141592653589793}) {
+  for (double t :
+       {256.0, 10000.0, 65536.0, 524288.0, 16777216.0, 0.7853981633974483, 1.5707963267948966, 3.141592653589793}) {
     this->around(t, [&](E y) {
       for (E x : {E(0), E(-87), E(80)}) this->expect_within_bound("Exp", {x, y});
       this->expect_within_bound("CIS", {y});
@@ -63,7 +66,8 @@ TYPED_TEST(ComplexSteps, LnAndArgAcrossTheRangeOfTheLanes) {
   const int near = this->single ? 38 : 400, far = this->single ? 120 : 1010;
   for (int e : {-far, -near, near, far}) {
     this->around(std::ldexp(1.0, e), [&](E x) {
-      for (E y : {E(0), E(1), x, -x, x * E(0x1p-30), static_cast<E>(std::ldexp(1.0, -near)), static_cast<E>(std::ldexp(1.0, near))}) {
+      for (E y : {E(0), E(1), x, -x, x * E(0x1p-30), static_cast<E>(std::ldexp(1.0, -near)),
+                  static_cast<E>(std::ldexp(1.0, near))}) {
         for (const char* function : {"Ln", "Arg"}) {
           this->expect_within_bound(function, {x, y});
           this->expect_within_bound(function, {y, x});
@@ -96,7 +100,8 @@ TYPED_TEST(ComplexSteps, LnAcrossTheUnitCircle) {
 
 TYPED_TEST(ComplexSteps, SqrtAndAbsAcrossTheRangeOfTheLanes) {
   using E = typename TestFixture::E;
-  for (int e : this->single ? std::vector{-126, -61, -50, 63, 126} : std::vector{-1022, -508, -500, -450, 500, 510, 1022}) {
+  for (int e :
+       this->single ? std::vector{-126, -61, -50, 63, 126} : std::vector{-1022, -508, -500, -450, 500, 510, 1022}) {
     this->around(std::ldexp(1.0, e), [&](E x) {
       for (E y : {E(0), E(1), x, x * E(0.5), x * E(0x1p-20), this->tiny}) {
         for (const char* function : {"Sqrt", "Abs"}) {

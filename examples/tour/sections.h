@@ -15,6 +15,9 @@ void show_vector_math(const Table& table);
 // Functions at the three levels of accuracy side by side: value, error, time.
 void show_levels(const Table& table);
 
+// Which periods a column's variance comes from, by complex functions.
+void show_periodogram(const Table& table);
+
 // A bootstrap interval of a mean, its random numbers split over several streams in three ways.
 void show_streams(const Table& table);
 
@@ -33,6 +36,7 @@ inline constexpr Section kSections[] = {
     {"Data", show_data},
     {"Vector mathematics", show_vector_math},
     {"Levels of accuracy", show_levels},
+    {"Periodogram", show_periodogram},
     {"Random streams", show_streams},
     {"Statistics", show_statistics},
     {"Data fitting", show_fitting},

@@ -1300,6 +1300,202 @@ void _zymdLogbI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t 
 ORVIK_TABLE void* orvik_zym_kernel_dLogbI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dLogbI_ctab[];
 
+/* cExp: e^a; elements can be reported. */
+void _zymcExp_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcExp(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcExp_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcExp_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cExp_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cExp_ctab[];
+void _zymcExpI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcExpI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcExpI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcExpI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cExpI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cExpI_ctab[];
+
+/* cLn: natural logarithm. */
+void _zymcLn_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcLn(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcLn_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcLn_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cLn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cLn_ctab[];
+void _zymcLnI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcLnI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcLnI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcLnI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cLnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cLnI_ctab[];
+
+/* cSqrt: square root. */
+void _zymcSqrt_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSqrt(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSqrt_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSqrt_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cSqrt_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSqrt_ctab[];
+void _zymcSqrtI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSqrtI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSqrtI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSqrtI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cSqrtI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSqrtI_ctab[];
+
+/* cConj: conjugate: (re, -im). */
+void _zymcConj_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcConj(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcConj_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcConj_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cConj_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cConj_ctab[];
+void _zymcConjI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcConjI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcConjI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcConjI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cConjI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cConjI_ctab[];
+
+/* zExp: e^a; elements can be reported. */
+void _zymzExp_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzExp(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzExp_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzExp_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zExp_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zExp_ctab[];
+void _zymzExpI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzExpI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzExpI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzExpI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zExpI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zExpI_ctab[];
+
+/* zLn: natural logarithm. */
+void _zymzLn_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzLn(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzLn_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzLn_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zLn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zLn_ctab[];
+void _zymzLnI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzLnI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzLnI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzLnI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zLnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zLnI_ctab[];
+
+/* zSqrt: square root. */
+void _zymzSqrt_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSqrt(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSqrt_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSqrt_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zSqrt_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSqrt_ctab[];
+void _zymzSqrtI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSqrtI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSqrtI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSqrtI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zSqrtI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSqrtI_ctab[];
+
+/* zConj: conjugate: (re, -im). */
+void _zymzConj_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzConj(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzConj_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzConj_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zConj_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zConj_ctab[];
+void _zymzConjI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzConjI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzConjI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzConjI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zConjI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zConjI_ctab[];
+
+/* cCIS: cos a + i sin a of a real array. */
+void _zymcCIS_21(int32_t n, const float* a, ZymComplexFloat* r);
+void _zymcCIS(int32_t n, const float* a, ZymComplexFloat* r);
+void _zymcCIS_HA(int32_t n, const float* a, ZymComplexFloat* r);
+void _zymcCIS_11(int32_t n, const float* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cCIS_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cCIS_ctab[];
+void _zymcCISI_21(int32_t n, const float* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCISI(int32_t n, const float* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCISI_HA(int32_t n, const float* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCISI_11(int32_t n, const float* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cCISI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cCISI_ctab[];
+
+/* zCIS: cos a + i sin a of a real array. */
+void _zymzCIS_50(int32_t n, const double* a, ZymComplexDouble* r);
+void _zymzCIS(int32_t n, const double* a, ZymComplexDouble* r);
+void _zymzCIS_HA(int32_t n, const double* a, ZymComplexDouble* r);
+void _zymzCIS_26(int32_t n, const double* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zCIS_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zCIS_ctab[];
+void _zymzCISI_50(int32_t n, const double* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCISI(int32_t n, const double* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCISI_HA(int32_t n, const double* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCISI_26(int32_t n, const double* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zCISI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zCISI_ctab[];
+
+/* cAbs: r = |a|. */
+void _zymcAbs_21(int32_t n, const ZymComplexFloat* a, float* r);
+void _zymcAbs(int32_t n, const ZymComplexFloat* a, float* r);
+void _zymcAbs_HA(int32_t n, const ZymComplexFloat* a, float* r);
+void _zymcAbs_11(int32_t n, const ZymComplexFloat* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAbs_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAbs_ctab[];
+void _zymcAbsI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+void _zymcAbsI(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+void _zymcAbsI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+void _zymcAbsI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAbsI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAbsI_ctab[];
+
+/* cArg: argument in (-pi, pi]: atan2(im, re). */
+void _zymcArg_21(int32_t n, const ZymComplexFloat* a, float* r);
+void _zymcArg(int32_t n, const ZymComplexFloat* a, float* r);
+void _zymcArg_HA(int32_t n, const ZymComplexFloat* a, float* r);
+void _zymcArg_11(int32_t n, const ZymComplexFloat* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_cArg_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cArg_ctab[];
+void _zymcArgI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+void _zymcArgI(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+void _zymcArgI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+void _zymcArgI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cArgI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cArgI_ctab[];
+
+/* zAbs: r = |a|. */
+void _zymzAbs_50(int32_t n, const ZymComplexDouble* a, double* r);
+void _zymzAbs(int32_t n, const ZymComplexDouble* a, double* r);
+void _zymzAbs_HA(int32_t n, const ZymComplexDouble* a, double* r);
+void _zymzAbs_26(int32_t n, const ZymComplexDouble* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAbs_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAbs_ctab[];
+void _zymzAbsI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+void _zymzAbsI(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+void _zymzAbsI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+void _zymzAbsI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAbsI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAbsI_ctab[];
+
+/* zArg: argument in (-pi, pi]: atan2(im, re). */
+void _zymzArg_50(int32_t n, const ZymComplexDouble* a, double* r);
+void _zymzArg(int32_t n, const ZymComplexDouble* a, double* r);
+void _zymzArg_HA(int32_t n, const ZymComplexDouble* a, double* r);
+void _zymzArg_26(int32_t n, const ZymComplexDouble* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_zArg_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zArg_ctab[];
+void _zymzArgI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+void _zymzArgI(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+void _zymzArgI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+void _zymzArgI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zArgI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zArgI_ctab[];
+
 /* sDiv: r = a / b; elements can be reported. */
 void _zymsDiv_21(int32_t n, const float* a, const float* b, float* r);
 void _zymsDiv(int32_t n, const float* a, const float* b, float* r);
@@ -1803,6 +1999,146 @@ void _zymdFmodI_HA(int32_t n, const double* a, int32_t incA, const double* b, in
 void _zymdFmodI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dFmodI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dFmodI_ctab[];
+
+/* cDiv: r = a / b; elements can be reported. */
+void _zymcDiv_21(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcDiv(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcDiv_HA(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcDiv_11(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cDiv_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cDiv_ctab[];
+void _zymcDivI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcDivI(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcDivI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcDivI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cDivI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cDivI_ctab[];
+
+/* cAdd: r = a + b; elements can be reported. */
+void _zymcAdd_21(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcAdd(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcAdd_HA(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcAdd_11(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAdd_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAdd_ctab[];
+void _zymcAddI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcAddI(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcAddI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcAddI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAddI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAddI_ctab[];
+
+/* cSub: r = a - b; elements can be reported. */
+void _zymcSub_21(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcSub(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcSub_HA(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcSub_11(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cSub_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSub_ctab[];
+void _zymcSubI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcSubI(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcSubI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcSubI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cSubI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSubI_ctab[];
+
+/* cMul: r = a b; elements can be reported. */
+void _zymcMul_21(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcMul(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcMul_HA(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcMul_11(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cMul_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cMul_ctab[];
+void _zymcMulI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcMulI(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcMulI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcMulI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cMulI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cMulI_ctab[];
+
+/* cMulByConj: r = a conj(b); elements can be reported. */
+void _zymcMulByConj_21(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcMulByConj(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcMulByConj_HA(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcMulByConj_11(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cMulByConj_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cMulByConj_ctab[];
+void _zymcMulByConjI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcMulByConjI(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcMulByConjI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcMulByConjI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cMulByConjI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cMulByConjI_ctab[];
+
+/* zDiv: r = a / b; elements can be reported. */
+void _zymzDiv_50(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzDiv(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzDiv_HA(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzDiv_26(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zDiv_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zDiv_ctab[];
+void _zymzDivI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzDivI(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzDivI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzDivI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zDivI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zDivI_ctab[];
+
+/* zAdd: r = a + b; elements can be reported. */
+void _zymzAdd_50(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzAdd(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzAdd_HA(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzAdd_26(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAdd_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAdd_ctab[];
+void _zymzAddI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzAddI(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzAddI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzAddI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAddI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAddI_ctab[];
+
+/* zSub: r = a - b; elements can be reported. */
+void _zymzSub_50(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzSub(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzSub_HA(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzSub_26(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zSub_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSub_ctab[];
+void _zymzSubI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzSubI(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzSubI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzSubI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zSubI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSubI_ctab[];
+
+/* zMul: r = a b; elements can be reported. */
+void _zymzMul_50(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzMul(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzMul_HA(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzMul_26(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zMul_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zMul_ctab[];
+void _zymzMulI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzMulI(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzMulI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzMulI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zMulI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zMulI_ctab[];
+
+/* zMulByConj: r = a conj(b); elements can be reported. */
+void _zymzMulByConj_50(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzMulByConj(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzMulByConj_HA(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzMulByConj_26(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zMulByConj_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zMulByConj_ctab[];
+void _zymzMulByConjI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzMulByConjI(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzMulByConjI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzMulByConjI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zMulByConjI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zMulByConjI_ctab[];
 
 /* sPowx: a^b, b one number for all a; elements can be reported. */
 void _zymsPowx_21(int32_t n, const float* a, float b, float* r);

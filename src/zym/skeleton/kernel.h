@@ -321,9 +321,21 @@ struct Kernel {
     }
   }
 
-  static int32_t element(const void* a, const void* b, void* r1, void* r2, const void* params) {
-    return run_element(static_cast<const A*>(a), static_cast<const B*>(b), static_cast<R*>(r1), static_cast<R*>(r2),
-                       *static_cast<const Params*>(params));
+  // The loop of a family without lanes, in line with its routine: the constants of one element serve the next.
+  [[gnu::noinline]] static void elements(const Call& call, int64_t n) {
+    const Params& params = *static_cast<const Params*>(call.params);
+    for (int64_t i = 0; i < n; ++i) {
+      const A a = *static_cast<const A*>(call.input(0, i));  // read before the results, which may stand in its place
+      B b{};
+      if constexpr (kBinary) b = *static_cast<const B*>(call.input(1, i));
+      R* const r1 = static_cast<R*>(call.output(0, i));
+      R* const r2 = kTwoResults ? static_cast<R*>(call.output(1, i)) : nullptr;
+      const int32_t code = run_element(&a, &b, r1, r2, params);
+      if constexpr (S.reports) {
+        if (code != 0) [[unlikely]]
+          report_element(call, code, i, r1, r2);
+      }
+    }
   }
 
   static constexpr Body make_body(const char* name) {
@@ -332,7 +344,7 @@ struct Kernel {
       body.run = run;
       if constexpr (kSpecial) body.redo = redo;
     } else {
-      body.element = element;
+      body.elements = elements;
     }
     body.name = S.reports ? name : nullptr;
     body.inputs = kBinary ? 2 : 1;

@@ -1,0 +1,87 @@
+// What the scalar routines of the complex loops compute in: doubles for parts of 32 bits, heads and tails for parts of
+// 64. Routines are written over the number N with the operations below, so that both are one text; results are rounded
+// once. Every sum of squares, product and quotient keeps a relative error of some units of 2^-52, or of 2^-104.
+#pragma once
+
+#include "lanes/head_tail.h"
+#include "lanes/scalar.h"
+
+namespace orvik::zym::complex_loops {
+
+using Long = HeadTail<double>;
+
+// The number for elements of parts E.
+template <class E>
+struct NumberOf {
+  using Type = double;
+};
+template <>
+struct NumberOf<double> {
+  using Type = Long;
+};
+template <class E>
+using Number = typename NumberOf<E>::Type;
+
+// A complex result, or an argument widened to doubles.
+struct Point {
+  double re, im;
+};
+
+// --- doubles --------------------------------------------------------------------------------------------------------
+
+inline double add(double a, double b) { return a + b; }
+inline double multiply(double a, double b) { return a * b; }
+inline double divide(double a, double b) { return a / b; }
+inline double root(double a) { return sqrt(a); }
+inline double head_of(double a) { return a; }
+inline double rounded(double a) { return a; }
+inline double negative(double a) { return -a; }
+inline double scaled(double a, double power_of_two) { return a * power_of_two; }
+
+// --- heads and tails ------------------------------------------------------------------------------------------------
+
+inline double head_of(Long a) { return a.head; }
+// The sign is that of the head, also where it is zero.
+inline double rounded(Long a) { return copysign(a.head + a.tail, a.head); }
+inline Long negative(Long a) { return {-a.head, -a.tail}; }
+inline Long scaled(Long a, double power_of_two) { return {a.head * power_of_two, a.tail * power_of_two}; }
+inline Long divide(Long a, Long b) {
+  const double inverse = 1.0 / b.head;
+  const double q = a.head * inverse;
+  const double left = fnma(q, b.head, a.head) + fnma(q, b.tail, a.tail);
+  return fast_two_sum(q, left * inverse);
+}
+inline Long root(Long a) {
+  if (a.head == 0) return a;
+  const double s = sqrt(a.head);
+  return fast_two_sum(s, (fnma(s, s, a.head) + a.tail) / (s + s));
+}
+
+// --- both -----------------------------------------------------------------------------------------------------------
+
+// a + b, a b of doubles, exact in heads and tails.
+template <class N>
+N sum(double a, double b) {
+  if constexpr (std::is_same_v<N, double>) return a + b;
+  if constexpr (!std::is_same_v<N, double>) return two_sum(a, b);
+}
+template <class N>
+N product(double a, double b) {
+  if constexpr (std::is_same_v<N, double>) return a * b;
+  if constexpr (!std::is_same_v<N, double>) return two_prod(a, b);
+}
+template <class N>
+N number(double head, double tail = 0.0) {
+  if constexpr (std::is_same_v<N, double>) return head;
+  if constexpr (!std::is_same_v<N, double>) return {head, tail};
+}
+template <class N>
+N square(N a) {
+  return multiply(a, a);
+}
+template <class N>
+N half(N a) {
+  return scaled(a, 0.5);
+}
+
+}  // namespace orvik::zym::complex_loops

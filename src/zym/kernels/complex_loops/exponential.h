@@ -33,7 +33,8 @@ template <class N>
     const double c = p.cosine + fma(p.cosine, rest.cosine, -p.sine * (angle + rest.sine));
     return {flip_sign(s, sine_sign), flip_sign(c, p.sign)};
   } else {
-    const Long s = trig::grid_sine_parts(p, r), c = trig::grid_cosine_parts(p, r);
+    const Long s_parts = trig::grid_sine_parts(p, r), c_parts = trig::grid_cosine_parts(p, r);
+    const Long s = fast_two_sum(s_parts.head, s_parts.tail), c = fast_two_sum(c_parts.head, c_parts.tail);
     return {{flip_sign(s.head, sine_sign), flip_sign(s.tail, sine_sign)},
             {flip_sign(c.head, p.sign), flip_sign(c.tail, p.sign)}};
   }
@@ -89,13 +90,13 @@ template <class N>
     const double head = fma(row[0], e.r, row[0]);
     const double lost = fma(row[0], e.r, row[0] - head);
     const double low = e.r_low + tail + row[1];
-    return {{head, fma(row[0], fma(low, e.r, low) + rest, lost)}, e.n >> 6};
+    return {fast_two_sum(head, fma(row[0], fma(low, e.r, low) + rest, lost)), e.n >> 6};
   }
 }
 
 // --- hyperbolic -----------------------------------------------------------------------------------------------------
 
-// cosh y and sinh y divided by `scale`, a power of two, 1 but for large |y|. With a = 2^(n/64) / 2, b = 1/(4 a),
+// cosh y and sinh y divided by the square of `scale`, a power of two, 1 but for large |y|. With a = 2^(n/64) / 2, b = 1/(4 a),
 // C = cosh r, S = sinh r: cosh = (a + b) C + (a - b) S, sinh = (a - b) C + (a + b) S; for n = 0 that is S itself.
 template <class N>
 struct Hyperbolic {
@@ -106,9 +107,9 @@ struct Hyperbolic {
     // Beyond e^1500 every product with a sine or cosine, 2^-1074 at least, overflows.
     const ReducedExponent e(min(magnitude(y), 1500.0));
     const int64_t k = e.n >> 6;
-    const int64_t above = k > 1000 ? k - 1000 : 0;
-    scale = power_of_two(above < 1000 ? above : 1000);
-    const double up_scale = power_of_two(k - above - 1);
+    const int64_t above = k > 1000 ? (k - 999) / 2 : 0;
+    scale = power_of_two(above);
+    const double up_scale = power_of_two(k - 2 * above - 1);
     const int64_t down_k = (-e.n) >> 6;
     const double down_scale = power_of_two((down_k > -200 ? down_k : -200) - 1);
     const double* up_row = kExp2Frac64[e.n & 63];
@@ -131,7 +132,7 @@ struct Hyperbolic {
                               __attribute__((always_inline)) -> Long {
         const double head = fma(other, r, one);
         const double lost = fma(other, r, one - head);
-        return {head, fma(other, s, one * c) + (lost + fma(other_low, r, one_low))};
+        return fast_two_sum(head, fma(other, s, one * c) + (lost + fma(other_low, r, one_low)));
       };
       cosine = joined(p.head, p_low, m.head, m_low);
       const Long upper = joined(m.head, m_low, p.head, p_low);

@@ -12,16 +12,16 @@ struct DecimalLogarithm {
   template <class N>
   [[gnu::always_inline]] static Point finite(double x, double y) {
     if (x == 0 && y == 0) [[unlikely]]
-      return {-1.0 / opaque(0.0), copysign(is_negative(x) ? rounded(scaled_down(kPi)) : 0.0, y)};
+      return {-1.0 / opaque(0.0), std::copysign(is_negative(x) ? rounded(scaled_down(kPi)) : 0.0, y)};
     const ComplexLogarithm<N> log = complex_logarithm<N>(x, y);
-    return {rounded(scaled_down(log.modulus)), copysign(rounded(scaled_down(log.angle)), y)};
+    return {rounded(scaled_down(log.modulus)), std::copysign(rounded(scaled_down(log.angle)), y)};
   }
   static Point special(double x, double y) {
     if (is_infinite(x) || is_infinite(y)) {
       if (is_nan(x) || is_nan(y)) return {infinity<double>, x + y};
       const double quarters = !is_infinite(y) ? (x < 0 ? 4 : 0) : !is_infinite(x) ? 2 : x < 0 ? 3 : 1;
       const Long angle = multiply(scaled_down(kPi), 0.25 * quarters);
-      return {infinity<double>, copysign(rounded(angle), y)};
+      return {infinity<double>, std::copysign(rounded(angle), y)};
     }
     return no_number(x, y);
   }

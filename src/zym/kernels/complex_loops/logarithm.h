@@ -125,11 +125,11 @@ template <class N>
     return fma(x - 1.0, x + 1.0, y * y);  // of floats: two products of 48 bits, and x - 1 and x + 1 are exact
   } else {
     const HeadTail<double> p = two_square(x), q = two_square(y);
-    const double less = p.head - 1.0;  // exact
-    const HeadTail<double> s = two_sum(less, q.head);
+    const HeadTail<double> less = fast_two_sum(-1.0, p.head);  // of x^2 = 1/4 to 2, so that the tail is exact
+    const HeadTail<double> s = two_sum(less.head, q.head);
     const HeadTail<double> low = two_sum(p.tail, q.tail);
     const HeadTail<double> t = two_sum(s.head, low.head);
-    return fast_two_sum(t.head, t.tail + (s.tail + low.tail));
+    return fast_two_sum(t.head, t.tail + ((less.tail + s.tail) + low.tail));
   }
 }
 
@@ -148,14 +148,11 @@ template <class N>
   return half(logarithm(squares));
 }
 
-// Parts so large or small that squares leave the range.
-[[gnu::noinline, gnu::cold]] inline ComplexLogarithm<Long> logarithm_of_far(double x, double y) {
-  const double ax = magnitude(x), ay = magnitude(y);
-  const double large = max(ax, ay), small = min(ax, ay);
+// Points so far out or in that squares leave the range.
+[[gnu::noinline, gnu::cold]] inline Long logarithm_of_far(double large, double small) {
   const int e = std::ilogb(large);
   const Long log = logarithm_of_modulus<Long>(std::scalbn(large, -e), std::scalbn(small, -e));
-  const Long powers = {e * kLn2Head64, e * kLn2Tail64};
-  return {add(powers, log), angle_of_far(ay, x)};
+  return add(fast_two_sum(e * kLn2Head64, e * kLn2Tail64), log);
 }
 
 // z finite and not 0.
@@ -163,11 +160,13 @@ template <class N>
 [[gnu::always_inline]] inline ComplexLogarithm<N> complex_logarithm(double x, double y) {
   const double ax = magnitude(x), ay = magnitude(y);
   const double large = max(ax, ay), small = min(ax, ay);
-  if constexpr (!std::is_same_v<N, double>) {
-    if (!(large > 0x1p-400 && large < 0x1p400 && small > 0x1p-500)) [[unlikely]]
-      return logarithm_of_far(x, y);
+  if constexpr (std::is_same_v<N, double>) {
+    return {logarithm_of_modulus<N>(large, small), angle(number<N>(ay), number<N>(x))};
+  } else {
+    const bool near = large > 0x1p-400 && large < 0x1p400;
+    return {near ? logarithm_of_modulus<N>(large, small) : logarithm_of_far(large, small),
+            near && small > 0x1p-500 ? angle(number<N>(ay), number<N>(x)) : angle_of_far(ay, x)};
   }
-  return {logarithm_of_modulus<N>(large, small), angle(number<N>(ay), number<N>(x))};
 }
 
 }  // namespace orvik::zym::complex_loops

@@ -3,6 +3,9 @@
 // once. Every sum of squares, product and quotient keeps a relative error of some units of 2^-52, or of 2^-104.
 #pragma once
 
+#include <cmath>
+#include <type_traits>
+
 #include "lanes/head_tail.h"
 #include "lanes/scalar.h"
 
@@ -41,8 +44,7 @@ inline double scaled(double a, double power_of_two) { return a * power_of_two; }
 // --- heads and tails ------------------------------------------------------------------------------------------------
 
 inline double head_of(Long a) { return a.head; }
-// The sign is that of the head, also where it is zero.
-inline double rounded(Long a) { return copysign(a.head + a.tail, a.head); }
+inline double rounded(Long a) { return a.head + a.tail; }
 inline Long negative(Long a) { return {-a.head, -a.tail}; }
 inline Long scaled(Long a, double power_of_two) { return {a.head * power_of_two, a.tail * power_of_two}; }
 inline Long divide(Long a, Long b) {
@@ -74,6 +76,12 @@ template <class N>
 N number(double head, double tail = 0.0) {
   if constexpr (std::is_same_v<N, double>) return head;
   if constexpr (!std::is_same_v<N, double>) return {head, tail};
+}
+// a b rounded once, with its sign also where it is zero.
+inline double rounded_product(double a, double b) { return a * b; }
+inline double rounded_product(Long a, Long b) {
+  const HeadTail<double> p = two_prod(a.head, b.head);
+  return std::copysign(p.head + fma(a.head, b.tail, fma(a.tail, b.head, p.tail)), p.head);
 }
 template <class N>
 N square(N a) {

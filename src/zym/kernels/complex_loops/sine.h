@@ -15,7 +15,7 @@ struct Factors {
   Hyperbolic<N> hyperbolic;
   [[gnu::always_inline]] Factors(double angle, double exponent)
       : circular(sine_cosine<N>(angle)), hyperbolic(exponent) {}
-  double join(N a, N b) const { return rounded(multiply(a, b)) * hyperbolic.scale; }
+  double join(N a, N b) const { return rounded_product(a, b) * hyperbolic.scale * hyperbolic.scale; }
 };
 
 // sinh(x + i y) = sinh x cos y + i cosh x sin y; cosh(x + i y) = cosh x cos y + i sinh x sin y.

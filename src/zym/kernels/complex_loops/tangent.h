@@ -17,23 +17,29 @@ struct HyperbolicTangent {
     const SineCosine<N> s = sine_cosine<N>(y);
     const Hyperbolic<N> h(x);
     const N under = add(square(h.sine), square(s.cosine));
-    return {rounded(divide(multiply(h.sine, h.cosine), under)), rounded(divide(multiply(s.sine, s.cosine), under))};
+    const double re = rounded(divide(multiply(h.sine, h.cosine), under));
+    const double im = rounded(divide(multiply(s.sine, s.cosine), under));
+    return {std::copysign(re, x), with_sign_of_product(im, s)};
   }
   // 1 to the last bit, and 4 sin y cos y e^(-2 |x|).
   template <class N>
   [[gnu::noinline]] static Point steep(double x, double y) {
     const SineCosine<N> s = sine_cosine<N>(y);
-    const Exponential<N> e = exponential<N>(max(-2.0 * magnitude(x), -1500.0));
-    const double im = 4.0 * rounded(multiply(multiply(s.sine, s.cosine), e.value));
+    const Exponential<N> e = exponential<N>(max(-2.0 * magnitude(x), -800.0));
+    const double im = with_sign_of_product(4.0 * rounded_product(multiply(s.sine, s.cosine), e.value), s);
     const int64_t k = e.k / 2;
-    return {copysign(1.0, x), im * power_of_two(k) * power_of_two(e.k - k)};
+    return {std::copysign(1.0, x), im * power_of_two(k) * power_of_two(e.k - k)};
+  }
+  template <class N>
+  static double with_sign_of_product(double r, const SineCosine<N>& s) {  // r may be a zero that lost it
+    return std::copysign(r, as_float(as_bits(head_of(s.sine)) ^ as_bits(head_of(s.cosine))));
   }
   static Point special(double x, double y) {
     if (is_nan(x)) return y == 0 ? Point{x + x, y} : no_number(x, y);
     if (!is_infinite(x)) return x == 0 ? Point{x, no_number(0.0, y).im} : no_number(0.0, y);
-    if (!complex_loops::finite(y)) return {copysign(1.0, x), copysign(0.0, y)};
+    if (!complex_loops::finite(y)) return {std::copysign(1.0, x), std::copysign(0.0, y)};
     const SineCosine<double> s = sine_cosine<double>(y);
-    return {copysign(1.0, x), y == 0 ? y : 0.0 * (s.sine * s.cosine)};
+    return {std::copysign(1.0, x), y == 0 ? y : 0.0 * (s.sine * s.cosine)};
   }
 };
 // tan z = -i tanh(i z).

@@ -11,10 +11,12 @@
 namespace orvik::zym {
 namespace complex_loops {
 
-// Of x, y >= 0: eta, and the tangent of xi as the quotient x / p.
+// Of x, y >= 0: eta, and the tangent of xi as the quotient x / p. For tiny y p is lifted: what is left of xi to a right
+// angle comes times `lifted`, or eta.
 template <class N>
 struct ArcParts {
   N x, p, eta;
+  double lifted = 1.0;
 };
 
 template <class N>
@@ -40,6 +42,17 @@ template <class N>
   return {number<N>(1.0), s, s};
 }
 
+// y so tiny that its tails would be lost: eta (x < 1) or p (x > 1) is proportional to it.
+[[gnu::noinline, gnu::cold]] inline ArcParts<Long> arc_parts_of_flat(double x, double y) {
+  ArcParts<Long> parts = arc_parts_near<Long>(x, y * 0x1p400);
+  if (x < 1.0) {
+    parts.eta = {rounded(parts.eta) * 0x1p-400, 0.0};
+  } else {
+    parts.lifted = 0x1p-400;
+  }
+  return parts;
+}
+
 // From 2^100 on: eta = ln |2 z|, tan xi = x / y.
 [[gnu::noinline, gnu::cold]] inline ArcParts<Long> arc_parts_of_far(double x, double y) {
   const double large = max(x, y), small = min(x, y);
@@ -57,7 +70,10 @@ struct ArcResult {
 
   // asin: with the sign of the real part.
   double sine() const { return std::copysign(rounded(angle_of(parts.x, parts.p)), x); }
-  double cosine() const { return rounded(angle_of(parts.p, is_negative(x) ? negative(parts.x) : parts.x)); }
+  double cosine() const {
+    const bool left = is_negative(x);
+    return rounded(angle_of(parts.p, left ? negative(parts.x) : parts.x)) * (left ? 1.0 : parts.lifted);
+  }
   double eta() const { return rounded(parts.eta); }  // not negative
 
  private:
@@ -67,6 +83,8 @@ struct ArcResult {
     if constexpr (!std::is_same_v<N, double>) {
       if (!(x < 0x1p100 && y < 0x1p100)) [[unlikely]]
         return arc_parts_of_far(x, y);
+      if (y < 0x1p-700 && y != 0) [[unlikely]]
+        return arc_parts_of_flat(x, y);
     }
     return arc_parts_near<N>(x, y);
   }

@@ -16,7 +16,7 @@ struct SineCosine {
   N sine, cosine;
 };
 
-// 2^k, |k| up to 1000 and a little more.
+// 2^k of a normal number.
 inline double power_of_two(int64_t k) { return float_of<double>(static_cast<uint64_t>(k + 1023) << 52); }
 
 // --- circular -------------------------------------------------------------------------------------------------------
@@ -47,7 +47,7 @@ template <class N>
   return on_grid<N>(reduced.t, reduced.r, x);
 }
 
-// x finite; `tail` is small against its last place, and counts where N has tails.
+// x finite.
 template <class N>
 [[gnu::always_inline]] inline SineCosine<N> sine_cosine(double x) {
   const double a = magnitude(x);
@@ -56,6 +56,14 @@ template <class N>
   const auto [t, n] = shift_round(a, trig::k256OverPi);
   return on_grid<N>(t, trig::reduce_by_grid(a, n), x);
 }
+// Of head and tail below 2^16.
+[[gnu::always_inline]] inline SineCosine<Long> sine_cosine_of(Long x) {
+  const double a = magnitude(x.head);
+  const auto [t, n] = shift_round(a, trig::k256OverPi);
+  const HeadTail<double> r = trig::reduce_by_grid(a, n);
+  return on_grid<Long>(t, two_sum(r.head, r.tail + flip_sign(x.tail, x.head)), x.head);
+}
+[[gnu::always_inline]] inline SineCosine<double> sine_cosine_of(double x) { return sine_cosine<double>(x); }
 
 // --- exponential ----------------------------------------------------------------------------------------------------
 
@@ -92,6 +100,21 @@ template <class N>
     const double low = e.r_low + tail + row[1];
     return {fast_two_sum(head, fma(row[0], fma(low, e.r, low) + rest, lost)), e.n >> 6};
   }
+}
+
+// e^(x + i y) of numbers, rounded once.
+template <class N>
+[[gnu::always_inline]] inline Point exponential_of_point(N x, N y) {
+  Exponential<N> e;
+  if constexpr (std::is_same_v<N, double>) {
+    e = exponential<N>(max(min(x, 1100.0), -1400.0));
+  } else {
+    e = exponential<N>(max(min(x.head, 1100.0), -1400.0), x.tail);
+  }
+  const SineCosine<N> s = sine_cosine_of(y);
+  const int64_t k = e.k >> 1;
+  const double scale = power_of_two(k), rest = power_of_two(e.k - k);
+  return {rounded_product(e.value, s.cosine) * scale * rest, rounded_product(e.value, s.sine) * scale * rest};
 }
 
 // --- hyperbolic -----------------------------------------------------------------------------------------------------

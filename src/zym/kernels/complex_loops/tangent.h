@@ -17,8 +17,8 @@ struct HyperbolicTangent {
     const SineCosine<N> s = sine_cosine<N>(y);
     const Hyperbolic<N> h(x);
     const N under = add(square(h.sine), square(s.cosine));
-    const double re = rounded(divide(multiply(h.sine, h.cosine), under));
-    const double im = rounded(divide(multiply(s.sine, s.cosine), under));
+    const double re = quotient(h.sine, h.cosine, under);
+    const double im = quotient(s.sine, s.cosine, under);
     return {std::copysign(re, x), with_sign_of_product(im, s)};
   }
   // 1 to the last bit, and 4 sin y cos y e^(-2 |x|).
@@ -29,6 +29,16 @@ struct HyperbolicTangent {
     const double im = with_sign_of_product(4.0 * rounded_product(multiply(s.sine, s.cosine), e.value), s);
     const int64_t k = e.k / 2;
     return {std::copysign(1.0, x), im * power_of_two(k) * power_of_two(e.k - k)};
+  }
+  // a b / c; what is tiny is lifted, so that tails of it stay.
+  template <class N>
+  [[gnu::always_inline]] static double quotient(N a, N b, N c) {
+    if constexpr (std::is_same_v<N, double>) {
+      return a * b / c;
+    } else {
+      const bool tiny = magnitude(a.head) < 0x1p-900;
+      return rounded(divide(multiply(scaled(a, tiny ? 0x1p300 : 1.0), b), c)) * (tiny ? 0x1p-300 : 1.0);
+    }
   }
   template <class N>
   static double with_sign_of_product(double r, const SineCosine<N>& s) {  // r may be a zero that lost it

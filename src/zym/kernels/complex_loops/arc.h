@@ -21,17 +21,17 @@ struct ArcParts {
 
 template <class N>
 [[gnu::always_inline]] inline ArcParts<N> arc_parts_near(double x, double y) {
-  const N squares = square(number<N>(y));
+  const N squares = product<N>(y, y);
   const N g = add(multiply(sum<N>(x, -1.0), sum<N>(x, 1.0)), squares);
   const N m = root(add(square(g), scaled(squares, 4.0)));
-  const bool outside = head_of(g) >= 0;
-  const N larger = root(half(add(m, outside ? g : negative(g))));
+  const bool outside = !is_negative(head_of(g));
+  const N larger = root(half(add_smaller(m, signed_by(g, head_of(g)))));
   const N smaller = divide(number<N>(y), larger);
   const N sinh = outside ? larger : smaller, cos = outside ? smaller : larger;
   const N sinh2 = square(sinh);
   const N cosh = root(add(sinh2, number<N>(1.0)));
   // e^eta - 1 = sinh + (cosh - 1).
-  const N less = divide(sinh2, add(cosh, number<N>(1.0)));
+  const N less = divide(sinh2, add_smaller(cosh, number<N>(1.0)));
   return {number<N>(x), multiply(cos, cosh), logarithm_of_one_plus(add(sinh, less))};
 }
 
@@ -72,7 +72,7 @@ struct ArcResult {
   double sine() const { return std::copysign(rounded(angle_of(parts.x, parts.p)), x); }
   double cosine() const {
     const bool left = is_negative(x);
-    return rounded(angle_of(parts.p, left ? negative(parts.x) : parts.x)) * (left ? 1.0 : parts.lifted);
+    return rounded(angle_of(parts.p, signed_by(parts.x, x))) * (left ? 1.0 : parts.lifted);
   }
   double eta() const { return rounded(parts.eta); }  // not negative
 

@@ -32,7 +32,7 @@ struct InverseHyperbolicTangent {
         return far(x, y);
     }
     const N less = sum<N>(1.0, -x), more = sum<N>(1.0, x);
-    const N squares = square(number<N>(y));
+    const N squares = product<N>(y, y);
     const N quotient = divide(number<N>(4.0 * x), add(square(less), squares));
     const N re = scaled(logarithm_of_one_plus(quotient), 0.25);
     N im = number<N>(y);

@@ -16,24 +16,32 @@ namespace orvik::zym::complex_loops {
 
 // --- logarithms -----------------------------------------------------------------------------------------------------
 
+// Of heads and tails: enough for one rounding of the result, 2^-62, or for the powers, which multiply it, 2^-68 and
+// normalised. (The others' tails hold all that is small, up to 2^-20 of the heads.)
+enum class Precision { rounding, powers };
+
 // e ln(2) + table + ln(1 + r), |r| < 2^-10; table as kLnPairs has it.
-template <class N>
+template <class N, Precision P>
 [[gnu::always_inline]] inline N logarithm_near(double e, Pair<double> table, N r) {
   if constexpr (std::is_same_v<N, double>) {
     const double head = fma(e, kLn2Head64, table.first);
     return head + (r + fma(r * r, horner(r, kLnDoubleLA), fma(e, kLn2Tail64, table.second)));
+  } else if constexpr (P == Precision::rounding) {
+    const HeadTail<double> s = fast_two_sum(fma(e, kLn2Head64, table.first), r.head);  // of exact numbers
+    const double rest = fma(r.head * r.head, fma(r.head, horner(r.head, kLogRest), -0.5), r.tail);
+    return {s.head, s.tail + (fma(e, kLn2Tail64, table.second) + rest)};
   } else {
     const HeadTail<double> q = two_square(r.head);
     const double top = fma(e, kLn2Head64, table.first);  // exact
     const HeadTail<double> s = fast_two_sum(top, r.head);
     const HeadTail<double> t = fast_two_sum(s.head, -0.5 * q.head);
     const double rest = fma(r.head * q.head, horner(r.head, kLogRest), fma(-0.5, q.tail, fnma(r.head, r.tail, r.tail)));
-    return fast_two_sum(t.head, (s.tail + t.tail) + (fma(e, kLn2Tail64, table.second) + rest));
+    return {t.head, (s.tail + t.tail) + (fma(e, kLn2Tail64, table.second) + rest)};
   }
 }
 
 // ln x, x positive and normal.
-template <class N>
+template <class N, Precision P = Precision::rounding>
 [[gnu::always_inline]] inline N logarithm(N x) {
   const uint64_t bits = bits_of(head_of(x));
   const double m = float_of<double>((bits & 0x000FFFFFFFFFFFFF) | 0x3FF0000000000000);
@@ -43,18 +51,18 @@ template <class N>
   const Pair<double> table = gather<512>(kLnPairs, key);
   const double r = fms(c, m, 1.0);  // exact
   if constexpr (std::is_same_v<N, double>) {
-    return logarithm_near(e, table, r);
+    return logarithm_near<N, P>(e, table, r);
   } else {
     const double power = float_of<double>((uint64_t{2046} << 52) - (bits & 0x7FF0000000000000));
-    return logarithm_near(e, table, two_sum(r, c * (x.tail * power)));
+    return logarithm_near<N, P>(e, table, two_sum(r, c * (x.tail * power)));
   }
 }
 
 // ln(1 + x), x > -1/2, to the relative precision of x.
-template <class N>
+template <class N, Precision P = Precision::rounding>
 [[gnu::always_inline]] inline N logarithm_of_one_plus(N x) {
-  if (magnitude(head_of(x)) < 0.0009765625) return logarithm_near(0.0, {0.0, 0.0}, x);
-  return logarithm(add(x, number<N>(1.0)));
+  if (magnitude(head_of(x)) < 0.0009765625) return logarithm_near<N, P>(0.0, {0.0, 0.0}, x);
+  return logarithm<N, P>(add(x, number<N>(1.0)));
 }
 
 // --- angles ---------------------------------------------------------------------------------------------------------
@@ -77,29 +85,25 @@ template <class N>
     const double z = t * t;
     return table.first + fma(t * z, horner(z, kArcTangentRest), t);
   } else {
-    const HeadTail<double> cd = two_prod(c, d.head);
-    const HeadTail<double> over = fast_two_sum(n.head - cd.head, fnma(c, d.tail, n.tail) - cd.tail);
-    const HeadTail<double> cn = two_prod(c, n.head);
-    HeadTail<double> under = fast_two_sum(d.head, cn.head);
-    under.tail += fma(c, n.tail, d.tail) + cn.tail;
-    const Long t = divide(over, under);
+    const Long over = {fnma(c, d.head, n.head), fnma(c, d.tail, n.tail)};  // the head is exact
+    const double head = fma(c, n.head, d.head);
+    const Long t = divide(over, {head, fma(c, n.head, d.head - head) + fma(c, n.tail, d.tail)});
     const double z = t.head * t.head;
     const double rest = fma(t.head * z, horner(z, kArcTangentRest), fnma(t.tail, z, t.tail));
     const HeadTail<double> s = fast_two_sum(table.first, t.head);
-    return fast_two_sum(s.head, s.tail + (table.second + rest));
+    return {s.head, s.tail + (table.second + rest)};
   }
 }
 
 // The angle of (x, y), y >= 0, in [0, pi]; the larger as `d` above.
 template <class N>
 [[gnu::always_inline]] inline N angle(N y, N x) {
-  const bool left = is_negative(head_of(x));
-  const N ax = left ? negative(x) : x;
-  const bool steep = head_of(y) > head_of(ax);
-  const N a = first_octant<N>(steep ? ax : y, steep ? y : ax);
-  if (!left && !steep) return a;
-  const N base = pi_times<N>(steep ? 0.5 : 1.0);
-  return add(base, steep && left ? a : negative(a));
+  const N ax = signed_by(x, head_of(x));
+  const uint64_t steep = mask_of(as_bits(head_of(y)) > as_bits(head_of(ax)));  // of numbers that are not negative
+  const uint64_t left = mask_of(is_negative(head_of(x)));
+  const N a = first_octant<N>(choose(steep, ax, y), choose(steep, y, ax));
+  const N base = choose(steep, pi_times<N>(0.5), choose(left, pi_times<N>(1.0), number<N>(0.0)));
+  return add_smaller(base, signed_by(a, as_float(steep ^ left)));
 }
 
 // The same of any finite point but 0.
@@ -139,33 +143,35 @@ struct ComplexLogarithm {
   N modulus, angle;
 };
 
-template <class N>
+template <class N, Precision P>
 [[gnu::always_inline]] inline N logarithm_of_modulus(double large, double small) {
-  const N squares = add(square(number<N>(large)), square(number<N>(small)));
+  const N squares = add_smaller(product<N>(large, large), product<N>(small, small));
   if (head_of(squares) > 0.5 && head_of(squares) < 2.0) {
-    return half(logarithm_of_one_plus(beyond_unit_circle<N>(large, small)));
+    return half(logarithm_of_one_plus<N, P>(beyond_unit_circle<N>(large, small)));
   }
-  return half(logarithm(squares));
+  return half(logarithm<N, P>(squares));
 }
 
 // Points so far out or in that squares leave the range.
 [[gnu::noinline, gnu::cold]] inline Long logarithm_of_far(double large, double small) {
   const int e = std::ilogb(large);
-  const Long log = logarithm_of_modulus<Long>(std::scalbn(large, -e), std::scalbn(small, -e));
+  const Long log = logarithm_of_modulus<Long, Precision::powers>(std::scalbn(large, -e), std::scalbn(small, -e));
   return add(fast_two_sum(e * kLn2Head64, e * kLn2Tail64), log);
 }
 
 // z finite and not 0.
-template <class N>
+template <class N, Precision P = Precision::rounding>
 [[gnu::always_inline]] inline ComplexLogarithm<N> complex_logarithm(double x, double y) {
   const double ax = magnitude(x), ay = magnitude(y);
   const double large = max(ax, ay), small = min(ax, ay);
   if constexpr (std::is_same_v<N, double>) {
-    return {logarithm_of_modulus<N>(large, small), angle(number<N>(ay), number<N>(x))};
+    return {logarithm_of_modulus<N, P>(large, small), angle(number<N>(ay), number<N>(x))};
   } else {
     const bool near = large > 0x1p-400 && large < 0x1p400;
-    return {near ? logarithm_of_modulus<N>(large, small) : logarithm_of_far(large, small),
-            near && small > 0x1p-500 ? angle(number<N>(ay), number<N>(x)) : angle_of_far(ay, x)};
+    const N modulus = near ? logarithm_of_modulus<N, P>(large, small) : logarithm_of_far(large, small);
+    const N turned = near && small > 0x1p-500 ? angle(number<N>(ay), number<N>(x)) : angle_of_far(ay, x);
+    if constexpr (P == Precision::rounding) return {modulus, turned};
+    return {fast_two_sum(modulus.head, modulus.tail), fast_two_sum(turned.head, turned.tail)};
   }
 }
 

@@ -8,6 +8,7 @@
 
 #include "lanes/head_tail.h"
 #include "lanes/scalar.h"
+#include "zym/kernels/shared/corrections.h"
 
 namespace orvik::zym::complex_loops {
 
@@ -33,6 +34,7 @@ struct Point {
 // --- doubles --------------------------------------------------------------------------------------------------------
 
 inline double add(double a, double b) { return a + b; }
+inline double add_smaller(double a, double b) { return a + b; }
 inline double multiply(double a, double b) { return a * b; }
 inline double divide(double a, double b) { return a / b; }
 inline double root(double a) { return sqrt(a); }
@@ -43,20 +45,38 @@ inline double scaled(double a, double power_of_two) { return a * power_of_two; }
 
 // --- heads and tails ------------------------------------------------------------------------------------------------
 
+// Nothing is normalised on the way, which would double the length of the chain of dependent steps.
 inline double head_of(Long a) { return a.head; }
 inline double rounded(Long a) { return a.head + a.tail; }
 inline Long negative(Long a) { return {-a.head, -a.tail}; }
 inline Long scaled(Long a, double power_of_two) { return {a.head * power_of_two, a.tail * power_of_two}; }
+inline Long add(Long a, Long b) {
+  const HeadTail<double> s = two_sum(a.head, b.head);
+  return {s.head, s.tail + (a.tail + b.tail)};
+}
+// |a| >= |b|.
+inline Long add_smaller(Long a, Long b) {
+  const HeadTail<double> s = fast_two_sum(a.head, b.head);
+  return {s.head, s.tail + (a.tail + b.tail)};
+}
+inline Long multiply(Long a, double b) {
+  const HeadTail<double> p = two_prod(a.head, b);
+  return {p.head, fma(a.tail, b, p.tail)};
+}
+inline Long multiply(Long a, Long b) {
+  const HeadTail<double> p = two_prod(a.head, b.head);
+  return {p.head, fma(a.head, b.tail, fma(a.tail, b.head, p.tail))};
+}
 inline Long divide(Long a, Long b) {
   const double inverse = 1.0 / b.head;
   const double q = a.head * inverse;
-  const double left = fnma(q, b.head, a.head) + fnma(q, b.tail, a.tail);
-  return fast_two_sum(q, left * inverse);
+  return {q, (fnma(q, b.head, a.head) + fnma(q, b.tail, a.tail)) * inverse};
 }
+// The tail to 1.5 %.
 inline Long root(Long a) {
-  if (a.head == 0) return a;
   const double s = sqrt(a.head);
-  return fast_two_sum(s, (fnma(s, s, a.head) + a.tail) / (s + s));
+  if (s == 0) return {0.0, 0.0};
+  return {s, (fnma(s, s, a.head) + a.tail) * (0.5 * rough_reciprocal(s))};
 }
 
 // --- both -----------------------------------------------------------------------------------------------------------
@@ -80,9 +100,17 @@ N number(double head, double tail = 0.0) {
 // a b rounded once, with its sign also where it is zero.
 inline double rounded_product(double a, double b) { return a * b; }
 inline double rounded_product(Long a, Long b) {
-  const HeadTail<double> p = two_prod(a.head, b.head);
-  return std::copysign(p.head + fma(a.head, b.tail, fma(a.tail, b.head, p.tail)), p.head);
+  const Long p = multiply(a, b);
+  return std::copysign(p.head + p.tail, p.head);
 }
+// Choices that data make at random go without a jump: a where the mask has all bits set, b where it has none.
+inline uint64_t mask_of(bool all) { return all ? ~uint64_t{0} : uint64_t{0}; }
+inline double choose(uint64_t mask, double a, double b) { return as_float((as_bits(a) & mask) | (as_bits(b) & ~mask)); }
+inline Long choose(uint64_t mask, Long a, Long b) {
+  return {choose(mask, a.head, b.head), choose(mask, a.tail, b.tail)};
+}
+inline double signed_by(double a, double sign) { return flip_sign(a, sign); }
+inline Long signed_by(Long a, double sign) { return {flip_sign(a.head, sign), flip_sign(a.tail, sign)}; }
 template <class N>
 N square(N a) {
   return multiply(a, a);

@@ -15,11 +15,11 @@ namespace complex_loops {
 template <class N>
 [[gnu::always_inline]] inline Point power_of_points(Point x, Point y) {
   constexpr double kBound = std::is_same_v<N, double> ? 0x1p18 : 0x1p14;
-  const ComplexLogarithm<N> log = complex_logarithm<N>(x.re, x.im);
+  const ComplexLogarithm<N> log = complex_logarithm<N, Precision::powers>(x.re, x.im);
   const double size = (magnitude(y.re) + magnitude(y.im)) * (magnitude(head_of(log.modulus)) + head_of(log.angle));
   if (!(size < kBound)) [[unlikely]]
     return wide_power(x, y);
-  const N angle = is_negative(x.im) ? negative(log.angle) : log.angle;
+  const N angle = signed_by(log.angle, x.im);
   return exponential_of_point<N>(add(multiply(log.modulus, y.re), multiply(angle, -y.im)),
                                  add(multiply(angle, y.re), multiply(log.modulus, y.im)));
 }
@@ -47,7 +47,7 @@ template <class E>
     return {{of_zero ? 1.0 / opaque(zero) : inf, im}, of_zero ? zymErrorSingularity : 0};
   }
   // An infinite exponent: by the sign of the real part of y log x where that is one.
-  const double log = of_zero ? -inf : of_infinity ? inf : complex_logarithm<Long>(x.re, x.im).modulus.head;
+  const double log = of_zero ? -inf : of_infinity ? inf : complex_logarithm<Long, Precision::powers>(x.re, x.im).modulus.head;
   if (is_infinite(y.re) && !is_infinite(y.im) && log != 0) {
     return {(y.re > 0) == (log > 0) ? Point{inf, invalid()} : Point{zero, zero}, 0};
   }

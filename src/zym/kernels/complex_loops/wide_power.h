@@ -46,7 +46,7 @@ inline WidePoint exponential_less_one(WidePoint w) {
 inline WidePoint wide_logarithm(Point x) {
   const int e = std::ilogb(max(magnitude(x.re), magnitude(x.im)));
   const Point z = {std::scalbn(x.re, -e), std::scalbn(x.im, -e)};
-  const ComplexLogarithm<Long> rough = complex_logarithm<Long>(z.re, z.im);
+  const ComplexLogarithm<Long> rough = complex_logarithm<Long, Precision::powers>(z.re, z.im);
   const WidePoint w = {rough.modulus.head, std::copysign(rough.angle.head, x.im)};
   const WidePoint r = exponential_less_one({-w.re, -w.im});
   const WidePoint q = product({z.re, z.im}, r);

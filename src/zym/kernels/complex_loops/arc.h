@@ -69,7 +69,13 @@ struct ArcResult {
   [[gnu::always_inline]] ArcResult(double re, double im) : x(re), y(im), parts(make(magnitude(re), magnitude(im))) {}
 
   // asin: with the sign of the real part.
-  double sine() const { return std::copysign(rounded(angle_of(parts.x, parts.p)), x); }
+  double sine() const {
+    if constexpr (!std::is_same_v<N, double>) {
+      if (magnitude(x) < 0x1p-900) [[unlikely]]  // proportional to x
+        return std::copysign(rounded(angle_of(scaled(parts.x, 0x1p300), parts.p)) * 0x1p-300, x);
+    }
+    return std::copysign(rounded(angle_of(parts.x, parts.p)), x);
+  }
   double cosine() const {
     const bool left = is_negative(x);
     return rounded(angle_of(parts.p, signed_by(parts.x, x))) * (left ? 1.0 : parts.lifted);

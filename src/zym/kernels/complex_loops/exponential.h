@@ -107,9 +107,9 @@ template <class N>
 [[gnu::always_inline]] inline Point exponential_of_point(N x, N y) {
   Exponential<N> e;
   if constexpr (std::is_same_v<N, double>) {
-    e = exponential<N>(max(min(x, 1100.0), -1400.0));
+    e = exponential<N>(max(min(x, 1400.0), -1400.0));
   } else {
-    e = exponential<N>(max(min(x.head, 1100.0), -1400.0), x.tail);
+    e = exponential<N>(max(min(x.head, 1400.0), -1400.0), x.tail);
   }
   const SineCosine<N> s = sine_cosine_of(y);
   const int64_t k = e.k >> 1;

@@ -95,15 +95,31 @@ template <class N>
   }
 }
 
-// The angle of (x, y), y >= 0, in [0, pi]; the larger as `d` above.
+// What the angle of the first octant is taken from: 0, pi/2 in the two steep octants, pi.
+struct AngleBases {
+  double head[4], tail[4];
+};
+inline constexpr AngleBases kAngleBases = {{0, kPi.head / 2, kPi.head, kPi.head / 2},
+                                           {0, kPi.tail / 2, kPi.tail, kPi.tail / 2}};
+
+// The angle of (x, y), y >= 0, in [0, pi]; the larger as `d` above. Without jumps: quadrants are not to be foreseen.
 template <class N>
 [[gnu::always_inline]] inline N angle(N y, N x) {
   const N ax = signed_by(x, head_of(x));
-  const uint64_t steep = mask_of(as_bits(head_of(y)) > as_bits(head_of(ax)));  // of numbers that are not negative
-  const uint64_t left = mask_of(is_negative(head_of(x)));
-  const N a = first_octant<N>(choose(steep, ax, y), choose(steep, y, ax));
-  const N base = choose(steep, pi_times<N>(0.5), choose(left, pi_times<N>(1.0), number<N>(0.0)));
-  return add_smaller(base, signed_by(a, as_float(steep ^ left)));
+  const bool steep = as_bits(head_of(y)) > as_bits(head_of(ax));  // of numbers that are not negative
+  const uint64_t left = as_bits(head_of(x)) >> 63;
+  const uint64_t quadrant = uint64_t{steep} + 2 * left;
+  const uint64_t away = (quadrant << 63) ^ (left << 63);
+  N n, d;
+  if constexpr (std::is_same_v<N, double>) {
+    n = min(y, ax), d = max(y, ax);
+  } else {
+    const uint64_t mask = mask_of(steep);
+    n = {min(y.head, ax.head), choose(mask, ax.tail, y.tail)};
+    d = {max(y.head, ax.head), choose(mask, y.tail, ax.tail)};
+  }
+  const N base = number<N>(kAngleBases.head[quadrant], kAngleBases.tail[quadrant]);
+  return add_smaller(base, signed_by(first_octant<N>(n, d), as_float(away)));
 }
 
 // The same of any finite point but 0.

@@ -97,18 +97,19 @@ N number(double head, double tail = 0.0) {
   if constexpr (std::is_same_v<N, double>) return head;
   if constexpr (!std::is_same_v<N, double>) return {head, tail};
 }
-// a b rounded once, with its sign also where it is zero.
+// a b rounded once, with its sign also where it is zero. What is so small that tails would be lost is lifted.
 inline double rounded_product(double a, double b) { return a * b; }
 inline double rounded_product(Long a, Long b) {
   const Long p = multiply(a, b);
-  return std::copysign(p.head + p.tail, p.head);
+  if (magnitude(p.head) < 0x1p-900) [[unlikely]] {
+    const Long lifted = multiply(scaled(a, 0x1p200), b);
+    return std::copysign(lifted.head + lifted.tail, p.head) * 0x1p-200;
+  }
+  return p.head + p.tail;
 }
 // Choices that data make at random go without a jump: a where the mask has all bits set, b where it has none.
 inline uint64_t mask_of(bool all) { return all ? ~uint64_t{0} : uint64_t{0}; }
 inline double choose(uint64_t mask, double a, double b) { return as_float((as_bits(a) & mask) | (as_bits(b) & ~mask)); }
-inline Long choose(uint64_t mask, Long a, Long b) {
-  return {choose(mask, a.head, b.head), choose(mask, a.tail, b.tail)};
-}
 inline double signed_by(double a, double sign) { return flip_sign(a, sign); }
 inline Long signed_by(Long a, double sign) { return {flip_sign(a.head, sign), flip_sign(a.tail, sign)}; }
 template <class N>

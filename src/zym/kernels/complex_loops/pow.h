@@ -11,17 +11,18 @@
 namespace orvik::zym {
 namespace complex_loops {
 
-// Both finite, x not 0.
+// Both finite, x not 0. What may overflow is told exactly, since the signs of infinite parts hang on the angle.
 template <class N>
 [[gnu::always_inline]] inline Point power_of_points(Point x, Point y) {
-  constexpr double kBound = std::is_same_v<N, double> ? 0x1p18 : 0x1p14;
+  constexpr double kSize = std::is_same_v<N, double> ? 0x1p18 : 0x1p14, kLargest = std::is_same_v<N, double> ? 87 : 708;
   const ComplexLogarithm<N> log = complex_logarithm<N, Precision::powers>(x.re, x.im);
-  const double size = (magnitude(y.re) + magnitude(y.im)) * (magnitude(head_of(log.modulus)) + head_of(log.angle));
-  if (!(size < kBound)) [[unlikely]]
-    return wide_power(x, y);
   const N angle = signed_by(log.angle, x.im);
-  return exponential_of_point<N>(add(multiply(log.modulus, y.re), multiply(angle, -y.im)),
-                                 add(multiply(angle, y.re), multiply(log.modulus, y.im)));
+  const N re = add(multiply(log.modulus, y.re), multiply(angle, -y.im));
+  const N im = add(multiply(angle, y.re), multiply(log.modulus, y.im));
+  const double size = (magnitude(y.re) + magnitude(y.im)) * (magnitude(head_of(log.modulus)) + head_of(log.angle));
+  if (!(size < kSize) || head_of(re) > kLargest) [[unlikely]]
+    return wide_power(x, y);
+  return exponential_of_point<N>(re, im);
 }
 
 // Zeros, infinities and NaNs in either; both real.

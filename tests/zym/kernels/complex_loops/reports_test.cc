@@ -154,6 +154,7 @@ TYPED_TEST(LoopReports, AnInfinityWithoutADirectionIsADomainErrorAndOneWithADire
 
 TYPED_TEST(LoopReports, PowersReportBothArgumentsAndPowxItsScalarAsTheSecond) {
   using C = TypeParam;
+  using E = typename TestFixture::E;
   const C big = C{this->largest, 1}, exponent = C{2, E(0.5)};
   for (bool strided : {false, true}) {
     std::vector<C> a(12, C{1, 1}), b(12, exponent), r(12);

@@ -114,6 +114,17 @@ Stated quotient(mpc_ptr r, mpc_srcptr a, mpc_srcptr b) {
   return {false, {true, true}};
 }
 
+// Whether |b| |log a| is beyond 2^40: the power's direction hangs on bits of log a that no library has.
+bool beyond_direction(mpc_srcptr a, mpc_srcptr b) {
+  Complex log;
+  Real size, factor;
+  mpc_log(log, a, kNearestBoth);
+  mpc_abs(size, log, kNearest);
+  mpc_abs(factor, b, kNearest);
+  mpfr_mul(size, size, factor, kNearest);
+  return mpfr_cmp_ui_2exp(size, 1, 40) > 0;
+}
+
 // Infinities, NaNs, and bases of zero with an exponent of no positive real part are not stated; but anything to the
 // power 0 is 1.
 Stated power(mpc_ptr r, mpc_srcptr a, mpc_srcptr b) {
@@ -126,6 +137,8 @@ Stated power(mpc_ptr r, mpc_srcptr a, mpc_srcptr b) {
   }
   if (zero(a)) {
     mpc_set_ui(r, 0, kNearestBoth);
+  } else if (beyond_direction(a, b)) {
+    return {.any = true};
   } else {
     mpc_pow(r, a, b, kNearestBoth);
   }

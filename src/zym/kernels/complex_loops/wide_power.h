@@ -42,40 +42,51 @@ inline WidePoint exponential_less_one(WidePoint w) {
   return sum;
 }
 
-// log x = log + quarter i pi/2: the angle from the nearest half axis, so that a small one keeps its precision. x is
-// turned to the positive axis and brought near 1 by a power of two.
+// log x = log + eighths i pi/4: the angle from the nearest half axis, so that a small one keeps its precision; none on
+// the diagonals. x is turned to the positive axis and brought near 1 by a power of two.
 struct WideLogarithm {
   WidePoint log;
-  int quarter;
+  int eighths;
   explicit WideLogarithm(Point x) {
     const bool steep = magnitude(x.im) > magnitude(x.re);
-    quarter = steep ? (x.im > 0 ? 1 : -1) : x.re > 0 ? 0 : 2;
     Point z = x;
-    if (quarter == 1) z = {x.im, -x.re};
-    if (quarter == -1) z = {-x.im, x.re};
-    if (quarter == 2) z = {-x.re, -x.im};
+    if (steep) z = x.im > 0 ? Point{x.im, -x.re} : Point{-x.im, x.re};
+    if (!steep && x.re < 0) z = {-x.re, -x.im};
+    eighths = steep ? 2 : x.re > 0 ? 0 : 4;
+    if (is_negative(x.im)) eighths = -eighths;
     const int e = std::ilogb(z.re);
-    z = {std::scalbn(z.re, -e), std::scalbn(z.im, -e)};
-    const ComplexLogarithm<Long> rough = complex_logarithm<Long, Precision::powers>(z.re, z.im);
+    const Wide down = Wide(std::scalbn(1.0, -e / 2)) * Wide(std::scalbn(1.0, -(e - e / 2)));
+    const WidePoint m = {Wide(z.re) * down, Wide(z.im) * down};
+    const ComplexLogarithm<Long> rough =
+        complex_logarithm<Long, Precision::powers>(static_cast<double>(m.re), static_cast<double>(m.im));
     const WidePoint w = {rough.modulus.head, std::copysign(rough.angle.head, z.im)};
     const WidePoint r = exponential_less_one({-w.re, -w.im});
-    const WidePoint q = product({z.re, z.im}, r);
-    const WidePoint left = {q.re + (Wide(z.re) - Wide(1)), q.im + Wide(z.im)};  // z e^-w - 1
+    const WidePoint q = product(m, r);
+    const WidePoint left = {q.re + (m.re - Wide(1)), q.im + m.im};  // m e^-w - 1
     const WidePoint s = product(left, left);
     log = {w.re + (left.re - s.re / 2) + Wide(e) * wide_of(kLn2First, kLn2Second, kLn2Third), w.im + (left.im - s.im / 2)};
-    if (quarter == 2 && is_negative(x.im)) quarter = -2;  // below the cut
+    if (magnitude(z.im) == z.re) {
+      log.im = 0;
+      eighths += z.im > 0 ? 1 : -1;
+    }
   }
 };
+
+inline Point turned_by_quarters(Point z, int quarters) {
+  if ((quarters & 1) != 0) z = turned(z);
+  return (quarters & 2) != 0 ? Point{-z.re, -z.im} : z;
+}
 
 // Both finite, x not 0.
 [[gnu::noinline, gnu::cold]] inline Point wide_power(Point x, Point y) {
   const WideLogarithm w(x);
-  const Wide half_pi = wide_of(kPiFirst, kPiSecond, kPiThird) / 2;
-  const Wide exponent = w.log.re * Wide(y.re) - (w.log.im + Wide(w.quarter) * half_pi) * Wide(y.im);
+  const Wide eighth = wide_of(kPiFirst, kPiSecond, kPiThird) / 4;
+  const Wide exponent = w.log.re * Wide(y.re) - (w.log.im + Wide(w.eighths) * eighth) * Wide(y.im);
   if (exponent < Wide(-1400.0)) return {0.0, 0.0};
-  // Quarters modulo a turn are exact.
-  Wide angle = (w.log.im * Wide(y.re) + w.log.re * Wide(y.im)) +
-               Wide(std::remainder(w.quarter * std::remainder(y.re, 4.0), 4.0)) * half_pi;
+  // Eighths modulo a turn are exact; whole quarters of them turn the result.
+  const double eighths = std::remainder(w.eighths * std::remainder(y.re, 8.0), 8.0);
+  const double quarters = std::nearbyint(eighths / 2);
+  Wide angle = (w.log.im * Wide(y.re) + w.log.re * Wide(y.im)) + Wide(eighths - 2 * quarters) * eighth;
   const double turns = static_cast<double>(angle) / 6.283185307179586;
   if (magnitude(turns) < 0x1p100) {
     const Wide n = std::nearbyint(turns);
@@ -83,9 +94,10 @@ struct WideLogarithm {
   } else {
     angle = 1;  // nothing is known of it
   }
-  if (exponent < Wide(1400.0)) return exponential_of_point(long_of(exponent), long_of(angle));
-  const Point huge = exponential_of_point(Long{1400.0, 0.0}, long_of(angle));
-  return {huge.re * 0x1p1000, huge.im * 0x1p1000};
+  if (exponent > Wide(3000.0) && magnitude(turns) < 0x1p-500) angle *= Wide(0x1p600);  // its sine is infinite all the same
+  Point power = exponential_of_point(exponent < Wide(1400.0) ? long_of(exponent) : Long{1400.0, 0.0}, long_of(angle));
+  if (exponent > Wide(1400.0)) power = {power.re * 0x1p1000, power.im * 0x1p1000};
+  return turned_by_quarters(power, static_cast<int>(quarters));
 }
 
 }  // namespace orvik::zym::complex_loops

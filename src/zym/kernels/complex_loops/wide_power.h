@@ -94,7 +94,9 @@ inline Point turned_by_quarters(Point z, int quarters) {
   } else {
     angle = 1;  // nothing is known of it
   }
-  if (exponent > Wide(3000.0) && magnitude(turns) < 0x1p-500) angle *= Wide(0x1p600);  // its sine is infinite all the same
+  if (exponent > Wide(3000.0) && magnitude(turns) < 0x1p-600 && angle != 0) {
+    angle = std::copysign(0x1p-100, angle < 0 ? -1.0 : 1.0);  // however small, its sine times the modulus is infinite
+  }
   Point power = exponential_of_point(exponent < Wide(1400.0) ? long_of(exponent) : Long{1400.0, 0.0}, long_of(angle));
   if (exponent > Wide(1400.0)) power = {power.re * 0x1p1000, power.im * 0x1p1000};
   return turned_by_quarters(power, static_cast<int>(quarters));

@@ -124,14 +124,15 @@ template <class N>
 
 // The same of any finite point but 0.
 [[gnu::noinline, gnu::cold]] inline Long angle_of_far(double y, double x) {
+  if (x == 0) return pi_times<Long>(0.5);
+  if (y == 0) return is_negative(x) ? kPi : Long{0.0, 0.0};
   const int ey = std::ilogb(y), ex = std::ilogb(x);
-  if (y == 0 || (x != 0 && ey < ex - 200)) {
+  if (ey < ex - 200) {
     if (x < 0) return kPi;
-    if (y == 0) return {0.0, 0.0};
     const Long q = divide(HeadTail<double>{std::scalbn(y, -ey), 0.0}, HeadTail<double>{std::scalbn(x, -ex), 0.0});
     return {std::scalbn(q.head, ey - ex), std::scalbn(q.tail, ey - ex)};
   }
-  if (x == 0 || ex < ey - 200) return pi_times<Long>(0.5);
+  if (ex < ey - 200) return pi_times<Long>(0.5);
   const int e = ey > ex ? ey : ex;
   return angle(Long{std::scalbn(y, -e), 0.0}, Long{std::scalbn(x, -e), 0.0});
 }
@@ -185,7 +186,7 @@ template <class N, Precision P = Precision::rounding>
   } else {
     const bool near = large > 0x1p-400 && large < 0x1p400;
     const N modulus = near ? logarithm_of_modulus<N, P>(large, small) : logarithm_of_far(large, small);
-    const N turned = near && small > 0x1p-500 ? angle(number<N>(ay), number<N>(x)) : angle_of_far(ay, x);
+    const N turned = near && (small > 0x1p-500 || small == 0) ? angle(number<N>(ay), number<N>(x)) : angle_of_far(ay, x);
     if constexpr (P == Precision::rounding) return {modulus, turned};
     return {fast_two_sum(modulus.head, modulus.tail), fast_two_sum(turned.head, turned.tail)};
   }

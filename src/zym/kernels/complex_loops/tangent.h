@@ -25,7 +25,7 @@ struct HyperbolicTangent {
   template <class N>
   [[gnu::noinline]] static Point steep(double x, double y) {
     const SineCosine<N> s = sine_cosine<N>(y);
-    const Exponential<N> e = exponential<N>(max(-2.0 * magnitude(x), -800.0));
+    const Exponential<N> e = exponential<N>(-2.0 * min(magnitude(x), 400.0));
     const double im = with_sign_of_product(4.0 * rounded_product(multiply(s.sine, s.cosine), e.value), s);
     const int64_t k = e.k / 2;
     return {std::copysign(1.0, x), im * power_of_two(k) * power_of_two(e.k - k)};

@@ -4,6 +4,7 @@
 // w from heads alone, and is good to 2^-104. Multiples of a right angle are taken modulo a turn exactly.
 #pragma once
 
+#include <cfenv>
 #include <cmath>
 
 #include "zym/kernels/complex_loops/constants.h"
@@ -77,12 +78,15 @@ inline Point turned_by_quarters(Point z, int quarters) {
   return (quarters & 2) != 0 ? Point{-z.re, -z.im} : z;
 }
 
-// Both finite, x not 0.
-[[gnu::noinline, gnu::cold]] inline Point wide_power(Point x, Point y) {
+// y log x in heads and tails: the exponent held at 3000 where it is more, the angle but for quarters of a turn.
+struct WideProduct {
+  Long exponent, angle;
+  int quarters;
+};
+inline WideProduct wide_product(Point x, Point y) {
   const WideLogarithm w(x);
   const Wide eighth = wide_of(kPiFirst, kPiSecond, kPiThird) / 4;
   const Wide exponent = w.log.re * Wide(y.re) - (w.log.im + Wide(w.eighths) * eighth) * Wide(y.im);
-  if (exponent < Wide(-1400.0)) return {0.0, 0.0};
   // Eighths modulo a turn are exact; whole quarters of them turn the result.
   const double eighths = std::remainder(w.eighths * std::remainder(y.re, 8.0), 8.0);
   const double quarters = std::nearbyint(eighths / 2);
@@ -94,12 +98,23 @@ inline Point turned_by_quarters(Point z, int quarters) {
   } else {
     angle = 1;  // nothing is known of it
   }
-  if (exponent > Wide(3000.0) && magnitude(turns) < 0x1p-600 && angle != 0) {
+  const Wide limit = 3000;
+  if (exponent > limit && magnitude(turns) < 0x1p-600 && angle != 0) {
     angle = std::copysign(0x1p-100, angle < 0 ? -1.0 : 1.0);  // however small, its sine times the modulus is infinite
   }
-  Point power = exponential_of_point(exponent < Wide(1400.0) ? long_of(exponent) : Long{1400.0, 0.0}, long_of(angle));
-  if (exponent > Wide(1400.0)) power = {power.re * 0x1p1000, power.im * 0x1p1000};
-  return turned_by_quarters(power, static_cast<int>(quarters));
+  return {long_of(exponent > limit ? limit : exponent < -limit ? -limit : exponent), long_of(angle),
+          static_cast<int>(quarters)};
+}
+
+// Both finite, x not 0.
+[[gnu::noinline, gnu::cold]] inline Point wide_power(Point x, Point y) {
+  std::fenv_t flags;  // what numbers in software raise on the way is no flag of the result
+  std::feholdexcept(&flags);
+  const WideProduct p = wide_product(x, y);
+  std::fesetenv(&flags);
+  Point power = exponential_of_point(p.exponent, p.angle);  // holds the exponent at +-1400
+  if (p.exponent.head > 1400.0) power = {power.re * 0x1p1000, power.im * 0x1p1000};
+  return turned_by_quarters(power, p.quarters);
 }
 
 }  // namespace orvik::zym::complex_loops

@@ -99,7 +99,8 @@ void show_complex(const Column& column) {
   _zymzSin(n, w.data(), w.data());
   double worst = 0;
   for (size_t i = 0; i < z.size(); ++i) worst = std::fmax(worst, std::hypot(w[i].re - z[i].re, w[i].im - z[i].im));
-  std::printf("  %s: sin(asin z) of %d complex numbers differs from z by %.1e at most\n", column.name.c_str(), n, worst);
+  std::printf("  %s: sin(asin z) of %d complex numbers differs from z by %.1e at most\n", column.name.c_str(), n,
+              worst);
 }
 
 }  // namespace

@@ -119,8 +119,9 @@ template <class N>
 
 // --- hyperbolic -----------------------------------------------------------------------------------------------------
 
-// cosh y and sinh y divided by the square of `scale`, a power of two, 1 but for large |y|. With a = 2^(n/64) / 2, b = 1/(4 a),
-// C = cosh r, S = sinh r: cosh = (a + b) C + (a - b) S, sinh = (a - b) C + (a + b) S; for n = 0 that is S itself.
+// cosh y and sinh y divided by the square of `scale`, a power of two, 1 but for large |y|. With a = 2^(n/64) / 2, b =
+// 1/(4 a), C = cosh r, S = sinh r: cosh = (a + b) C + (a - b) S, sinh = (a - b) C + (a + b) S; for n = 0 that is S
+// itself.
 template <class N>
 struct Hyperbolic {
   N sine, cosine;
@@ -151,8 +152,8 @@ struct Hyperbolic {
       const double up_low = up * up_row[1], down_low = down * down_row[1];
       const double p_low = p.tail + (up_low + down_low), m_low = m.tail + (up_low - down_low);
       const double s = cubic + e.r_low;
-      const auto joined = [&](double one, double one_low, double other, double other_low)
-                              __attribute__((always_inline)) -> Long {
+      const auto joined = [&](double one, double one_low, double other, double other_low) __attribute__((always_inline))
+                              ->Long {
         const double head = fma(other, r, one);
         const double lost = fma(other, r, one - head);
         return fast_two_sum(head, fma(other, s, one * c) + (lost + fma(other_low, r, one_low)));

@@ -3,11 +3,11 @@
 
 #include <cmath>
 
+#include "zym/kernels/arc/constants.h"
 #include "zym/kernels/complex_loops/coefficients.h"
 #include "zym/kernels/complex_loops/exponential.h"
 #include "zym/kernels/complex_loops/number.h"
 #include "zym/kernels/complex_loops/tables.h"
-#include "zym/kernels/arc/constants.h"
 #include "zym/kernels/explog/coefficients.h"
 #include "zym/kernels/explog/constants.h"
 #include "zym/kernels/explog/tables.h"
@@ -186,7 +186,8 @@ template <class N, Precision P = Precision::rounding>
   } else {
     const bool near = large > 0x1p-400 && large < 0x1p400;
     const N modulus = near ? logarithm_of_modulus<N, P>(large, small) : logarithm_of_far(large, small);
-    const N turned = near && (small > 0x1p-500 || small == 0) ? angle(number<N>(ay), number<N>(x)) : angle_of_far(ay, x);
+    const N turned =
+        near && (small > 0x1p-500 || small == 0) ? angle(number<N>(ay), number<N>(x)) : angle_of_far(ay, x);
     if constexpr (P == Precision::rounding) return {modulus, turned};
     return {fast_two_sum(modulus.head, modulus.tail), fast_two_sum(turned.head, turned.tail)};
   }

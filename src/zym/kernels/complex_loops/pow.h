@@ -48,7 +48,9 @@ template <class E>
     return {{of_zero ? 1.0 / opaque(zero) : inf, im}, of_zero ? zymErrorSingularity : 0};
   }
   // An infinite exponent: by the sign of the real part of y log x where that is one.
-  const double log = of_zero ? -inf : of_infinity ? inf : complex_logarithm<Long, Precision::powers>(x.re, x.im).modulus.head;
+  const double log = of_zero       ? -inf
+                     : of_infinity ? inf
+                                   : complex_logarithm<Long, Precision::powers>(x.re, x.im).modulus.head;
   if (is_infinite(y.re) && !is_infinite(y.im) && log != 0) {
     return {(y.re > 0) == (log > 0) ? Point{inf, invalid()} : Point{zero, zero}, 0};
   }

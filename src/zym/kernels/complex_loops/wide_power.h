@@ -24,9 +24,7 @@ inline Long long_of(Wide a) {
 struct WidePoint {
   Wide re, im;
 };
-inline WidePoint product(WidePoint a, WidePoint b) {
-  return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re};
-}
+inline WidePoint product(WidePoint a, WidePoint b) { return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re}; }
 
 // e^w - 1, |w| up to 4: its series at w / 256, doubled eight times.
 inline WidePoint exponential_less_one(WidePoint w) {
@@ -65,7 +63,8 @@ struct WideLogarithm {
     const WidePoint q = product(m, r);
     const WidePoint left = {q.re + (m.re - Wide(1)), q.im + m.im};  // m e^-w - 1
     const WidePoint s = product(left, left);
-    log = {w.re + (left.re - s.re / 2) + Wide(e) * wide_of(kLn2First, kLn2Second, kLn2Third), w.im + (left.im - s.im / 2)};
+    log = {w.re + (left.re - s.re / 2) + Wide(e) * wide_of(kLn2First, kLn2Second, kLn2Third),
+           w.im + (left.im - s.im / 2)};
     if (magnitude(z.im) == z.re) {
       log.im = 0;
       eighths += z.im > 0 ? 1 : -1;
@@ -102,8 +101,10 @@ inline WideProduct wide_product(Point x, Point y) {
   if (exponent > limit && magnitude(turns) < 0x1p-600 && angle != 0) {
     angle = std::copysign(0x1p-100, angle < 0 ? -1.0 : 1.0);  // however small, its sine times the modulus is infinite
   }
-  return {long_of(exponent > limit ? limit : exponent < -limit ? -limit : exponent), long_of(angle),
-          static_cast<int>(quarters)};
+  return {long_of(exponent > limit    ? limit
+                  : exponent < -limit ? -limit
+                                      : exponent),
+          long_of(angle), static_cast<int>(quarters)};
 }
 
 // Both finite, x not 0.

@@ -15,10 +15,10 @@ struct Cut {
   bool imaginary_part_jumps;
 };
 constexpr Cut kCuts[] = {
-    {"Asin", false, 1, 1, true},   {"Asin", false, 1, -1, true},   {"Acos", false, 1, 1, true},
-    {"Acos", false, 1, -1, true},  {"Acosh", false, -1, 1, true},  {"Atanh", false, 1, 1, true},
-    {"Atanh", false, 1, -1, true}, {"Asinh", true, 1, 1, false},   {"Asinh", true, 1, -1, false},
-    {"Atan", true, 1, 1, false},   {"Atan", true, 1, -1, false},   {"Log10", false, 0, -1, true},
+    {"Asin", false, 1, 1, true},   {"Asin", false, 1, -1, true},  {"Acos", false, 1, 1, true},
+    {"Acos", false, 1, -1, true},  {"Acosh", false, -1, 1, true}, {"Atanh", false, 1, 1, true},
+    {"Atanh", false, 1, -1, true}, {"Asinh", true, 1, 1, false},  {"Asinh", true, 1, -1, false},
+    {"Atan", true, 1, 1, false},   {"Atan", true, 1, -1, false},  {"Log10", false, 0, -1, true},
 };
 
 template <class C>
@@ -54,9 +54,11 @@ TYPED_TEST(Cuts, TheSignOfZeroChoosesTheSide) {
         const auto beside = this->value(cut.function, this->point(cut, t, sign * this->tiny));
         const auto jump = [&](TypeParam r) { return cut.imaginary_part_jumps ? r.im : r.re; };
         EXPECT_EQ(std::signbit(jump(on)), std::signbit(jump(beside))) << cut.function << t << " " << sign;
-        EXPECT_NEAR(jump(on), jump(beside), std::fabs(jump(on)) * std::numeric_limits<E>::epsilon()) << cut.function << t;
+        EXPECT_NEAR(jump(on), jump(beside), std::fabs(jump(on)) * std::numeric_limits<E>::epsilon())
+            << cut.function << t;
         EXPECT_LT(this->part_error(cut.function, this->point(cut, t, sign * E(0)), on), 1) << cut.function << t;
-        EXPECT_LT(this->part_error(cut.function, this->point(cut, t, sign * this->tiny), beside), 1) << cut.function << t;
+        EXPECT_LT(this->part_error(cut.function, this->point(cut, t, sign * this->tiny), beside), 1)
+            << cut.function << t;
       }
     }
   }
@@ -91,7 +93,8 @@ TYPED_TEST(Cuts, ThePowersCutIsTheLogarithms) {
   using E = typename TestFixture::E;
   const auto exponent = this->at(E(0.5), 0);
   for (E x : {E(-1), E(-4), E(-1e-3), E(-1e6)}) {
-    const auto upper = this->value("Pow", this->at(x, 0), exponent), lower = this->value("Pow", this->at(x, E(-0.0)), exponent);
+    const auto upper = this->value("Pow", this->at(x, 0), exponent),
+               lower = this->value("Pow", this->at(x, E(-0.0)), exponent);
     EXPECT_NEAR(upper.im, std::sqrt(-x), std::sqrt(-x) * std::numeric_limits<E>::epsilon()) << x;
     EXPECT_EQ(lower.im, -upper.im) << x;
     EXPECT_LT(this->power_error(this->at(x, -this->tiny), exponent, lower), 1) << x;

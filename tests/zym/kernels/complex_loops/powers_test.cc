@@ -122,7 +122,8 @@ TYPED_TEST(ComplexPowers, LargeExponentsOfNumbersNearTheUnitCircle) {
     }
   }
   const auto r = this->values("Pow", x, y);
-  for (size_t i = 0; i < x.size(); ++i) EXPECT_LT(this->power_error(x[i], y[i], r[i]), 1) << show(x[i]) << show(y[i]) << show(r[i]);
+  for (size_t i = 0; i < x.size(); ++i)
+    EXPECT_LT(this->power_error(x[i], y[i], r[i]), 1) << show(x[i]) << show(y[i]) << show(r[i]);
 }
 
 TYPED_TEST(ComplexPowers, StepsAcrossTheChangeOfMethodDoNotJump) {

@@ -25,7 +25,8 @@ TYPED_TEST_SUITE(ComplexRange, ComplexElements);
 
 TYPED_TEST(ComplexRange, OverflowByStepsOfTheExponent) {
   using E = typename TestFixture::E;
-  for (double bound : {sizeof(E) == 4 ? 88.72283 : 709.782712893384, sizeof(E) == 4 ? 89.41598629 : 710.4758600739439}) {
+  for (double bound :
+       {sizeof(E) == 4 ? 88.72283 : 709.782712893384, sizeof(E) == 4 ? 89.41598629 : 710.4758600739439}) {
     for (E t : this->steps(bound)) {
       for (const char* f : {"Sinh", "Cosh"}) {
         for (E y : {E(0), E(0.7), E(1.5), E(-3)}) this->expect_close(f, {t, y}), this->expect_close(f, {-t, y});
@@ -50,7 +51,8 @@ TYPED_TEST(ComplexRange, TangentsByStepsOfWhereTheyFlatten) {
   using E = typename TestFixture::E;
   for (double bound : {22.0, 9.01, 19.06, 44.0, 372.0}) {
     for (E t : this->steps(bound)) {
-      for (E y : {E(0), E(0.7), E(1.5707964), E(3)}) this->expect_close("Tanh", {t, y}), this->expect_close("Tan", {y, -t});
+      for (E y : {E(0), E(0.7), E(1.5707964), E(3)})
+        this->expect_close("Tanh", {t, y}), this->expect_close("Tan", {y, -t});
     }
   }
   for (E x : {E(40), E(52), E(360), E(373), E(1e5), this->largest}) this->expect_close("Tanh", {x, E(0.4)});
@@ -60,7 +62,8 @@ TYPED_TEST(ComplexRange, TangentNextToItsPoles) {
   using E = typename TestFixture::E;
   for (double pole : {1.5707963267948966, 4.71238898038469, -7.853981633974483}) {
     for (E t : this->steps(pole)) {
-      for (E y : {E(0), this->tiny, E(1e-20), E(1e-8)}) this->expect_close("Tan", {t, y}), this->expect_close("Tanh", {y, t});
+      for (E y : {E(0), this->tiny, E(1e-20), E(1e-8)})
+        this->expect_close("Tan", {t, y}), this->expect_close("Tanh", {y, t});
     }
   }
 }
@@ -73,14 +76,17 @@ TYPED_TEST(ComplexRange, ArcFunctionsNextToOneAndOnTheUnitCircle) {
         this->expect_close(f, {t, y}), this->expect_close(f, {y, t}), this->expect_close(f, {-t, -y});
       }
     }
-    for (int i = 0; i < 60; ++i) this->expect_close(f, {static_cast<E>(std::cos(0.1 * i)), static_cast<E>(std::sin(0.1 * i))});
+    for (int i = 0; i < 60; ++i)
+      this->expect_close(f, {static_cast<E>(std::cos(0.1 * i)), static_cast<E>(std::sin(0.1 * i))});
   }
 }
 
 TYPED_TEST(ComplexRange, ArcFunctionsOfLargeAndTinyNumbers) {
   using E = typename TestFixture::E;
-  const std::vector<E> sizes = {this->largest,       this->largest / 2, std::sqrt(this->largest), E(0x1p99), E(0x1p100), E(0x1p101),
-                                std::sqrt(this->smallest), this->smallest,    this->tiny,               E(0x1p-120), E(2)};
+  const std::vector<E> sizes = {
+      this->largest, this->largest / 2,         std::sqrt(this->largest), E(0x1p99),  E(0x1p100),
+      E(0x1p101),    std::sqrt(this->smallest), this->smallest,           this->tiny, E(0x1p-120),
+      E(2)};
   for (const char* f : {"Asin", "Acos", "Asinh", "Acosh", "Atan", "Atanh", "Log10"}) {
     for (E x : sizes) {
       for (E y : sizes) this->expect_close(f, {x, y}), this->expect_close(f, {-x, y});

@@ -205,7 +205,8 @@ TYPED_TEST(LoopReports, ZeroToAPowerOfNegativeRealPartIsASingularity) {
 
 TYPED_TEST(LoopReports, TheOthersNeverReport) {
   using C = TypeParam;
-  const std::vector<typename TestFixture::E> parts = {-this->inf, -this->largest, -1, 0, 1, this->largest, this->inf, this->nan};
+  const std::vector<typename TestFixture::E> parts = {-this->inf, -this->largest, -1,        0,
+                                                      1,          this->largest,  this->inf, this->nan};
   std::vector<C> z;
   for (auto x : parts) {
     for (auto y : parts) z.push_back({x, y});

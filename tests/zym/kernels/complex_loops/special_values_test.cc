@@ -51,7 +51,8 @@ TYPED_TEST(ComplexLoops, ConjugatesGoToConjugatesToTheLastBit) {
     for (size_t i = 0; i < z.size(); ++i) {
       if (std::isnan(z[i].re) || std::isnan(z[i].im)) continue;
       EXPECT_TRUE(same_value(r[i].re, s[i].re)) << f << show(z[i]);
-      const bool any_sign = std::isinf(z[i].re) != 0 || std::isinf(z[i].im) != 0;  // zeros and infinities whose sign is free
+      const bool any_sign =
+          std::isinf(z[i].re) != 0 || std::isinf(z[i].im) != 0;  // zeros and infinities whose sign is free
       EXPECT_TRUE(same_value(r[i].im, -s[i].im) || (any_sign && same_value(std::fabs(r[i].im), std::fabs(s[i].im))))
           << f << show(z[i]) << show(r[i]) << show(s[i]);
     }
@@ -60,8 +61,8 @@ TYPED_TEST(ComplexLoops, ConjugatesGoToConjugatesToTheLastBit) {
 
 TYPED_TEST(ComplexLoops, OddFunctionsAreOddToTheLastBit) {
   using E = typename TestFixture::E;
-  const std::vector<E> parts = {-this->inf, -this->largest, E(-20), E(-0.7), -this->tiny, E(-0.0), 0, this->smallest,
-                                E(1e-20),   E(0.3),         1,      E(1.5),  E(1e5),      this->inf};
+  const std::vector<E> parts = {-this->inf,     -this->largest, E(-20), E(-0.7), -this->tiny, E(-0.0), 0,
+                                this->smallest, E(1e-20),       E(0.3), 1,       E(1.5),      E(1e5),  this->inf};
   std::vector<TypeParam> z, minus;
   for (E x : parts) {
     for (E y : parts) z.push_back({x, y}), minus.push_back({-x, -y});
@@ -143,11 +144,14 @@ TYPED_TEST(ComplexLoops, WithTheFlushFieldDenormalsAreZeros) {
   using E = typename TestFixture::E;
   const uint32_t mode = _zymSetMode(ZYM_ERRMODE_IGNORE | 0x280000);
   for (const char* f : kUnaryLoops) {
-    const std::vector<TypeParam> z = {{this->smallest / 2, E(0.5)}, {E(0.5), this->smallest / 2},
-                                      {this->tiny, this->smallest / 4}, {E(2), -this->tiny}};
+    const std::vector<TypeParam> z = {{this->smallest / 2, E(0.5)},
+                                      {E(0.5), this->smallest / 2},
+                                      {this->tiny, this->smallest / 4},
+                                      {E(2), -this->tiny}};
     const std::vector<TypeParam> zeros = {{0, E(0.5)}, {E(0.5), 0}, {0, 0}, {E(2), E(-0.0)}};
     const auto r = this->values(f, z), s = this->values(f, zeros);
-    for (size_t i = 0; i < z.size(); ++i) EXPECT_TRUE(same_value(r[i], s[i])) << f << show(z[i]) << show(r[i]) << show(s[i]);
+    for (size_t i = 0; i < z.size(); ++i)
+      EXPECT_TRUE(same_value(r[i], s[i])) << f << show(z[i]) << show(r[i]) << show(s[i]);
   }
   _zymSetMode(mode | 0x140000);
 }

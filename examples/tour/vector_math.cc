@@ -84,6 +84,25 @@ void show_strided(const Table& table) {
               table.columns[c].name.c_str(), columns, used > 0 ? std::sqrt(sum / used) : NAN);
 }
 
+// Successive values, scaled to below 1, as complex numbers: the sine of the arc sine is the number again, also next to
+// the cuts.
+void show_complex(const Column& column) {
+  const std::vector<double> values = column.present();
+  if (values.size() < 2) return;
+  double largest = 0;
+  for (double value : values) largest = std::fmax(largest, std::fabs(value));
+  if (!(largest > 0)) return;
+  std::vector<ZymComplexDouble> z(values.size() - 1), w(values.size() - 1);
+  for (size_t i = 0; i < z.size(); ++i) z[i] = {values[i] / largest, values[i + 1] / largest};
+  const auto n = static_cast<int32_t>(z.size());
+  _zymzAsin(n, z.data(), w.data());
+  _zymzSin(n, w.data(), w.data());
+  double worst = 0;
+  for (size_t i = 0; i < z.size(); ++i) worst = std::fmax(worst, std::hypot(w[i].re - z[i].re, w[i].im - z[i].im));
+  std::printf("  %s: sin(asin z) of %d complex numbers differs from z by %.1e at most\n", column.name.c_str(), n,
+              worst);
+}
+
 }  // namespace
 
 void show_vector_math(const Table& table) {
@@ -92,6 +111,8 @@ void show_vector_math(const Table& table) {
   for (const Column& column : table.columns) show_reports(column);
   std::printf("\n");
   show_strided(table);
+  std::printf("\n");
+  show_complex(table.columns.front());
 }
 
 }  // namespace tour

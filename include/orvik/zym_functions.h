@@ -1300,6 +1300,174 @@ void _zymdLogbI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t 
 ORVIK_TABLE void* orvik_zym_kernel_dLogbI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dLogbI_ctab[];
 
+/* cCos: cosine, a in radians; elements can be reported. */
+void _zymcCos_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcCos(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcCos_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcCos_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cCos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cCos_ctab[];
+void _zymcCosI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCosI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCosI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCosI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cCosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cCosI_ctab[];
+
+/* cSin: sine, a in radians; elements can be reported. */
+void _zymcSin_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSin(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSin_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSin_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cSin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSin_ctab[];
+void _zymcSinI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSinI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSinI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSinI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cSinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSinI_ctab[];
+
+/* cTan: tangent, a in radians. */
+void _zymcTan_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcTan(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcTan_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcTan_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cTan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cTan_ctab[];
+void _zymcTanI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcTanI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcTanI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcTanI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cTanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cTanI_ctab[];
+
+/* cCosh: hyperbolic cosine; elements can be reported. */
+void _zymcCosh_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcCosh(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcCosh_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcCosh_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cCosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cCosh_ctab[];
+void _zymcCoshI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCoshI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCoshI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCoshI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cCoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cCoshI_ctab[];
+
+/* cSinh: hyperbolic sine; elements can be reported. */
+void _zymcSinh_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSinh(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSinh_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSinh_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cSinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSinh_ctab[];
+void _zymcSinhI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSinhI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSinhI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSinhI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cSinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSinhI_ctab[];
+
+/* cTanh: hyperbolic tangent. */
+void _zymcTanh_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcTanh(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcTanh_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcTanh_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cTanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cTanh_ctab[];
+void _zymcTanhI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcTanhI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcTanhI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcTanhI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cTanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cTanhI_ctab[];
+
+/* cAcos: arc cosine. */
+void _zymcAcos_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAcos(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAcos_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAcos_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAcos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAcos_ctab[];
+void _zymcAcosI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAcosI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAcosI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAcosI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAcosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAcosI_ctab[];
+
+/* cAsin: arc sine. */
+void _zymcAsin_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAsin(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAsin_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAsin_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAsin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAsin_ctab[];
+void _zymcAsinI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAsinI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAsinI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAsinI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAsinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAsinI_ctab[];
+
+/* cAtan: arc tangent. */
+void _zymcAtan_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAtan(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAtan_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAtan_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAtan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAtan_ctab[];
+void _zymcAtanI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAtanI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAtanI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAtanI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAtanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAtanI_ctab[];
+
+/* cAcosh: inverse hyperbolic cosine. */
+void _zymcAcosh_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAcosh(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAcosh_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAcosh_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAcosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAcosh_ctab[];
+void _zymcAcoshI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAcoshI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAcoshI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAcoshI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAcoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAcoshI_ctab[];
+
+/* cAsinh: inverse hyperbolic sine. */
+void _zymcAsinh_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAsinh(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAsinh_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAsinh_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAsinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAsinh_ctab[];
+void _zymcAsinhI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAsinhI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAsinhI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAsinhI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAsinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAsinhI_ctab[];
+
+/* cAtanh: inverse hyperbolic tangent. */
+void _zymcAtanh_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAtanh(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAtanh_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAtanh_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAtanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAtanh_ctab[];
+void _zymcAtanhI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAtanhI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAtanhI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAtanhI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAtanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAtanhI_ctab[];
+
 /* cExp: e^a; elements can be reported. */
 void _zymcExp_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
 void _zymcExp(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
@@ -1327,6 +1495,20 @@ void _zymcLnI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFl
 void _zymcLnI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_cLnI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_cLnI_ctab[];
+
+/* cLog10: logarithm to base 10. */
+void _zymcLog10_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcLog10(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcLog10_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcLog10_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cLog10_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cLog10_ctab[];
+void _zymcLog10I_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcLog10I(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcLog10I_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcLog10I_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cLog10I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cLog10I_ctab[];
 
 /* cSqrt: square root. */
 void _zymcSqrt_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
@@ -1356,6 +1538,174 @@ void _zymcConjI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplex
 ORVIK_TABLE void* orvik_zym_kernel_cConjI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_cConjI_ctab[];
 
+/* zCos: cosine, a in radians; elements can be reported. */
+void _zymzCos_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzCos(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzCos_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzCos_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zCos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zCos_ctab[];
+void _zymzCosI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCosI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCosI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCosI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zCosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zCosI_ctab[];
+
+/* zSin: sine, a in radians; elements can be reported. */
+void _zymzSin_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSin(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSin_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSin_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zSin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSin_ctab[];
+void _zymzSinI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSinI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSinI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSinI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zSinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSinI_ctab[];
+
+/* zTan: tangent, a in radians. */
+void _zymzTan_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzTan(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzTan_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzTan_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zTan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zTan_ctab[];
+void _zymzTanI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzTanI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzTanI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzTanI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zTanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zTanI_ctab[];
+
+/* zCosh: hyperbolic cosine; elements can be reported. */
+void _zymzCosh_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzCosh(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzCosh_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzCosh_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zCosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zCosh_ctab[];
+void _zymzCoshI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCoshI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCoshI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCoshI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zCoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zCoshI_ctab[];
+
+/* zSinh: hyperbolic sine; elements can be reported. */
+void _zymzSinh_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSinh(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSinh_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSinh_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zSinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSinh_ctab[];
+void _zymzSinhI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSinhI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSinhI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSinhI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zSinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSinhI_ctab[];
+
+/* zTanh: hyperbolic tangent. */
+void _zymzTanh_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzTanh(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzTanh_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzTanh_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zTanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zTanh_ctab[];
+void _zymzTanhI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzTanhI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzTanhI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzTanhI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zTanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zTanhI_ctab[];
+
+/* zAcos: arc cosine. */
+void _zymzAcos_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAcos(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAcos_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAcos_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAcos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAcos_ctab[];
+void _zymzAcosI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAcosI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAcosI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAcosI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAcosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAcosI_ctab[];
+
+/* zAsin: arc sine. */
+void _zymzAsin_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAsin(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAsin_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAsin_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAsin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAsin_ctab[];
+void _zymzAsinI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAsinI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAsinI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAsinI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAsinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAsinI_ctab[];
+
+/* zAtan: arc tangent. */
+void _zymzAtan_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAtan(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAtan_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAtan_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAtan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAtan_ctab[];
+void _zymzAtanI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAtanI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAtanI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAtanI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAtanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAtanI_ctab[];
+
+/* zAcosh: inverse hyperbolic cosine. */
+void _zymzAcosh_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAcosh(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAcosh_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAcosh_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAcosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAcosh_ctab[];
+void _zymzAcoshI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAcoshI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAcoshI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAcoshI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAcoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAcoshI_ctab[];
+
+/* zAsinh: inverse hyperbolic sine. */
+void _zymzAsinh_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAsinh(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAsinh_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAsinh_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAsinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAsinh_ctab[];
+void _zymzAsinhI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAsinhI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAsinhI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAsinhI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAsinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAsinhI_ctab[];
+
+/* zAtanh: inverse hyperbolic tangent. */
+void _zymzAtanh_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAtanh(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAtanh_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAtanh_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAtanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAtanh_ctab[];
+void _zymzAtanhI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAtanhI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAtanhI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAtanhI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAtanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAtanhI_ctab[];
+
 /* zExp: e^a; elements can be reported. */
 void _zymzExp_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
 void _zymzExp(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
@@ -1383,6 +1733,20 @@ void _zymzLnI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexD
 void _zymzLnI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_zLnI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_zLnI_ctab[];
+
+/* zLog10: logarithm to base 10. */
+void _zymzLog10_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzLog10(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzLog10_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzLog10_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zLog10_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zLog10_ctab[];
+void _zymzLog10I_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzLog10I(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzLog10I_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzLog10I_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zLog10I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zLog10I_ctab[];
 
 /* zSqrt: square root. */
 void _zymzSqrt_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
@@ -2014,6 +2378,20 @@ void _zymcDivI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymCo
 ORVIK_TABLE void* orvik_zym_kernel_cDivI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_cDivI_ctab[];
 
+/* cPow: a^b; elements can be reported. */
+void _zymcPow_21(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcPow(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcPow_HA(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcPow_11(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cPow_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cPow_ctab[];
+void _zymcPowI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcPowI(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcPowI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcPowI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cPowI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cPowI_ctab[];
+
 /* cAdd: r = a + b; elements can be reported. */
 void _zymcAdd_21(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
 void _zymcAdd(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
@@ -2084,6 +2462,20 @@ void _zymzDivI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymC
 ORVIK_TABLE void* orvik_zym_kernel_zDivI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_zDivI_ctab[];
 
+/* zPow: a^b; elements can be reported. */
+void _zymzPow_50(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzPow(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzPow_HA(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzPow_26(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zPow_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zPow_ctab[];
+void _zymzPowI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzPowI(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzPowI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzPowI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zPowI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zPowI_ctab[];
+
 /* zAdd: r = a + b; elements can be reported. */
 void _zymzAdd_50(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
 void _zymzAdd(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
@@ -2139,6 +2531,34 @@ void _zymzMulByConjI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, cons
 void _zymzMulByConjI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_zMulByConjI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_zMulByConjI_ctab[];
+
+/* cPowx: a^b, b one number for all a; elements can be reported. */
+void _zymcPowx_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat b, ZymComplexFloat* r);
+void _zymcPowx(int32_t n, const ZymComplexFloat* a, ZymComplexFloat b, ZymComplexFloat* r);
+void _zymcPowx_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat b, ZymComplexFloat* r);
+void _zymcPowx_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat b, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cPowx_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cPowx_ctab[];
+void _zymcPowxI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat b, ZymComplexFloat* r, int32_t incR);
+void _zymcPowxI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat b, ZymComplexFloat* r, int32_t incR);
+void _zymcPowxI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat b, ZymComplexFloat* r, int32_t incR);
+void _zymcPowxI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat b, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cPowxI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cPowxI_ctab[];
+
+/* zPowx: a^b, b one number for all a; elements can be reported. */
+void _zymzPowx_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble b, ZymComplexDouble* r);
+void _zymzPowx(int32_t n, const ZymComplexDouble* a, ZymComplexDouble b, ZymComplexDouble* r);
+void _zymzPowx_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble b, ZymComplexDouble* r);
+void _zymzPowx_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble b, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zPowx_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zPowx_ctab[];
+void _zymzPowxI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble b, ZymComplexDouble* r, int32_t incR);
+void _zymzPowxI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble b, ZymComplexDouble* r, int32_t incR);
+void _zymzPowxI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble b, ZymComplexDouble* r, int32_t incR);
+void _zymzPowxI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble b, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zPowxI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zPowxI_ctab[];
 
 /* sPowx: a^b, b one number for all a; elements can be reported. */
 void _zymsPowx_21(int32_t n, const float* a, float b, float* r);

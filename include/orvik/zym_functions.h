@@ -404,6 +404,34 @@ void _zymsTanhI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t in
 ORVIK_TABLE void* orvik_zym_kernel_sTanhI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sTanhI_ctab[];
 
+/* sErf: error function. */
+void _zymsErf_21(int32_t n, const float* a, float* r);
+void _zymsErf(int32_t n, const float* a, float* r);
+void _zymsErf_HA(int32_t n, const float* a, float* r);
+void _zymsErf_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sErf_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErf_ctab[];
+void _zymsErfI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sErfI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErfI_ctab[];
+
+/* sErfc: complementary error function 1 - erf(a); elements can be reported. */
+void _zymsErfc_21(int32_t n, const float* a, float* r);
+void _zymsErfc(int32_t n, const float* a, float* r);
+void _zymsErfc_HA(int32_t n, const float* a, float* r);
+void _zymsErfc_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sErfc_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErfc_ctab[];
+void _zymsErfcI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfcI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfcI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfcI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sErfcI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErfcI_ctab[];
+
 /* sSqr: r = a^2. */
 void _zymsSqr_21(int32_t n, const float* a, float* r);
 void _zymsSqr(int32_t n, const float* a, float* r);
@@ -473,6 +501,20 @@ void _zymsPow2o3I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t 
 void _zymsPow2o3I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_sPow2o3I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sPow2o3I_ctab[];
+
+/* sCdfNorm: normal distribution function; elements can be reported. */
+void _zymsCdfNorm_21(int32_t n, const float* a, float* r);
+void _zymsCdfNorm(int32_t n, const float* a, float* r);
+void _zymsCdfNorm_HA(int32_t n, const float* a, float* r);
+void _zymsCdfNorm_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sCdfNorm_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCdfNorm_ctab[];
+void _zymsCdfNormI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCdfNormI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCdfNormI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCdfNormI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sCdfNormI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCdfNormI_ctab[];
 
 /* sSinpi: sine of a pi. */
 void _zymsSinpi_21(int32_t n, const float* a, float* r);
@@ -655,6 +697,20 @@ void _zymsLogbI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t in
 void _zymsLogbI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_sLogbI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sLogbI_ctab[];
+
+/* sErfcx: e^(a^2) erfc(a). */
+void _zymsErfcx_21(int32_t n, const float* a, float* r);
+void _zymsErfcx(int32_t n, const float* a, float* r);
+void _zymsErfcx_HA(int32_t n, const float* a, float* r);
+void _zymsErfcx_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sErfcx_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErfcx_ctab[];
+void _zymsErfcxI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfcxI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfcxI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfcxI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sErfcxI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErfcxI_ctab[];
 
 /* dCeil: smallest integer not below a. */
 void _zymdCeil_50(int32_t n, const double* a, double* r);
@@ -1048,6 +1104,34 @@ void _zymdTanhI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t 
 ORVIK_TABLE void* orvik_zym_kernel_dTanhI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dTanhI_ctab[];
 
+/* dErf: error function. */
+void _zymdErf_50(int32_t n, const double* a, double* r);
+void _zymdErf(int32_t n, const double* a, double* r);
+void _zymdErf_HA(int32_t n, const double* a, double* r);
+void _zymdErf_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dErf_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErf_ctab[];
+void _zymdErfI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dErfI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErfI_ctab[];
+
+/* dErfc: complementary error function 1 - erf(a); elements can be reported. */
+void _zymdErfc_50(int32_t n, const double* a, double* r);
+void _zymdErfc(int32_t n, const double* a, double* r);
+void _zymdErfc_HA(int32_t n, const double* a, double* r);
+void _zymdErfc_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dErfc_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErfc_ctab[];
+void _zymdErfcI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfcI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfcI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfcI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dErfcI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErfcI_ctab[];
+
 /* dSqr: r = a^2. */
 void _zymdSqr_50(int32_t n, const double* a, double* r);
 void _zymdSqr(int32_t n, const double* a, double* r);
@@ -1117,6 +1201,20 @@ void _zymdPow2o3I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_
 void _zymdPow2o3I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dPow2o3I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dPow2o3I_ctab[];
+
+/* dCdfNorm: normal distribution function; elements can be reported. */
+void _zymdCdfNorm_50(int32_t n, const double* a, double* r);
+void _zymdCdfNorm(int32_t n, const double* a, double* r);
+void _zymdCdfNorm_HA(int32_t n, const double* a, double* r);
+void _zymdCdfNorm_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dCdfNorm_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCdfNorm_ctab[];
+void _zymdCdfNormI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCdfNormI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCdfNormI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCdfNormI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dCdfNormI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCdfNormI_ctab[];
 
 /* dSinpi: sine of a pi. */
 void _zymdSinpi_50(int32_t n, const double* a, double* r);
@@ -1299,6 +1397,20 @@ void _zymdLogbI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t 
 void _zymdLogbI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dLogbI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dLogbI_ctab[];
+
+/* dErfcx: e^(a^2) erfc(a). */
+void _zymdErfcx_50(int32_t n, const double* a, double* r);
+void _zymdErfcx(int32_t n, const double* a, double* r);
+void _zymdErfcx_HA(int32_t n, const double* a, double* r);
+void _zymdErfcx_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dErfcx_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErfcx_ctab[];
+void _zymdErfcxI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfcxI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfcxI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfcxI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dErfcxI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErfcxI_ctab[];
 
 /* cCos: cosine, a in radians; elements can be reported. */
 void _zymcCos_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "lanes/lanes.h"
+#include "zym/kernels/shared/halves.h"
 #include "zym/kernels/trig/coefficients.h"
 #include "zym/kernels/trig/tables.h"
 
@@ -33,11 +34,6 @@ template <class V, size_t N>
 [[gnu::always_inline]] inline V odd_sum(V r, V u, V u_tail, const Element<V> (&c)[N]) {
   const V z = r * r;
   return fma(r, u, r * fma(z, horner(z, c), u_tail));
-}
-// A function of doubles over the halves of floats.
-template <class F, Single V, class... More>
-[[gnu::always_inline]] inline V by_halves(F function, V x, More... more) {
-  return narrow(function(widen_low(x), widen_low(more)...), function(widen_high(x), widen_high(more)...));
 }
 
 // |x| = n pi/256 + r. pi in parts: n times the first is exact with x while n has 23 bits.

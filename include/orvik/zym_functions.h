@@ -516,6 +516,20 @@ void _zymsCdfNormInvI_11(int32_t n, const float* a, int32_t incA, float* r, int3
 ORVIK_TABLE void* orvik_zym_kernel_sCdfNormInvI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sCdfNormInvI_ctab[];
 
+/* sExpInt1: exponential integral E1: integral of e^-t / t from a on; elements can be reported. */
+void _zymsExpInt1_21(int32_t n, const float* a, float* r);
+void _zymsExpInt1(int32_t n, const float* a, float* r);
+void _zymsExpInt1_HA(int32_t n, const float* a, float* r);
+void _zymsExpInt1_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sExpInt1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sExpInt1_ctab[];
+void _zymsExpInt1I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExpInt1I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExpInt1I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExpInt1I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sExpInt1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sExpInt1I_ctab[];
+
 /* sSinpi: sine of a pi. */
 void _zymsSinpi_21(int32_t n, const float* a, float* r);
 void _zymsSinpi(int32_t n, const float* a, float* r);
@@ -1201,6 +1215,20 @@ void _zymdCdfNormInvI_HA(int32_t n, const double* a, int32_t incA, double* r, in
 void _zymdCdfNormInvI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dCdfNormInvI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dCdfNormInvI_ctab[];
+
+/* dExpInt1: exponential integral E1: integral of e^-t / t from a on; elements can be reported. */
+void _zymdExpInt1_50(int32_t n, const double* a, double* r);
+void _zymdExpInt1(int32_t n, const double* a, double* r);
+void _zymdExpInt1_HA(int32_t n, const double* a, double* r);
+void _zymdExpInt1_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dExpInt1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dExpInt1_ctab[];
+void _zymdExpInt1I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExpInt1I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExpInt1I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExpInt1I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dExpInt1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dExpInt1I_ctab[];
 
 /* dSinpi: sine of a pi. */
 void _zymdSinpi_50(int32_t n, const double* a, double* r);

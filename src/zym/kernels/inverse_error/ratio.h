@@ -12,43 +12,12 @@
 #include "zym/kernels/inverse_error/coefficients.h"
 #include "zym/kernels/inverse_error/constants.h"
 #include "zym/kernels/inverse_error/tables.h"
+#include "zym/kernels/shared/expansion.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym::inverse_error {
 
 // --- 64 bits --------------------------------------------------------------------------------------------------------
-
-// The row of w, w = v - 4, and the distance from its middle. `Bits`: of the mantissa that count.
-template <Double V, int Bits>
-struct Row {
-  Integer<V> index;
-  V middle;
-  explicit Row(V v) {
-    using I = Integer<V>;
-    constexpr int drop = 52 - Bits;
-    const I number = shift_right<drop>(as_bits(v));
-    index = number - I((uint64_t{1023 + 2} << Bits));
-    middle = as_float(shift_left<drop>(number) | I(uint64_t{1} << (drop - 1))) - V(4.0);
-  }
-};
-
-// c1 + c2 x + ... + c10 x^9, from the top down: three rows of coefficients at a time would not fit the registers.
-template <Double V>
-struct Terms {
-  V first, rest, first_tail;  // c0, c1 + c2 x + ..., what c0 lacks
-  template <class At>
-  Terms(V x, const At& at) {
-    const Quad<V> high = gather(kErfInvTerms8, at);
-    first_tail = high.c[3];
-    const V x2 = x * x;
-    rest = fma(high.c[2], x2, fma(high.c[1], x, high.c[0]));
-    const Quad<V> middle = gather(kErfInvTerms4, at);
-    rest = fma(fma(rest, x2, fma(middle.c[3], x, middle.c[2])), x2, fma(middle.c[1], x, middle.c[0]));
-    const Quad<V> low = gather(kErfInvTerms0, at);
-    rest = fma(fma(rest, x, low.c[3]), x2, fma(low.c[2], x, low.c[1]));
-    first = low.c[0];
-  }
-};
 
 // Where 1 - t^2 is 2^-added s, s normalised.
 template <Double V>
@@ -66,9 +35,9 @@ V t_times_ratio_ha(HeadTail<V> t, HeadTail<V> s, double added) {
   const V lost = k.r - (head - table);
   const V low = fma(e, V(kLn2Tail64), log.second) + (fma(k.r * k.r, ln_polynomial(k.r), correction) + lost);
 
-  const Row<V, 4> row(V(4.0) - head);
-  const V x = V(0.0) - ((head + row.middle) + low);
-  const Terms<V> c(x, indices(row.index));
+  const ExpansionRow<V, 4, 2> row(V(4.0) - head);
+  const V x = V(0.0) - ((head + (row.middle - V(4.0))) + low);
+  const Expansion<V> c(x, indices(row.index), kErfInvTerms0, kErfInvTerms4, kErfInvTerms8);
   const V rest = fma(x, c.rest, c.first_tail);  // some 3 % of c0 at most: its roundings count little
   return fma(t.head, c.first, fma(t.head, rest, t.tail * c.first));
 }
@@ -84,9 +53,9 @@ template <Double V>
 V t_times_ratio_la(V t, V s) {
   const KeyedDouble<V> k(s);
   const V w = minus_ln(k, horner(k.r, kLnDoubleLA));
-  const Row<V, 4> row(w + V(4.0));
-  const V x = w - row.middle;
-  const Terms<V> c(x, indices(row.index));
+  const ExpansionRow<V, 4, 2> row(w + V(4.0));
+  const V x = w - (row.middle - V(4.0));
+  const Expansion<V> c(x, indices(row.index), kErfInvTerms0, kErfInvTerms4, kErfInvTerms8);
   return t * fma(x, c.rest, c.first);
 }
 
@@ -94,10 +63,9 @@ template <Double V>
 V t_times_ratio_ep(V t, V s) {
   const KeyedDouble<V> k(s);
   const V w = minus_ln(k, horner(k.r, kLnDoubleEP));
-  const Row<V, 5> row(w + V(4.0));
-  const Quad<V> c = gather(kErfInvShort, indices(row.index));
-  const V x = w - row.middle;
-  return t * fma(fma(c.c[3], x, c.c[2]), x * x, fma(c.c[1], x, c.c[0]));
+  const ExpansionRow<V, 5, 2> row(w + V(4.0));
+  const V x = w - (row.middle - V(4.0));
+  return t * short_expansion(x, gather(kErfInvShort, indices(row.index)));
 }
 
 // --- 32 bits --------------------------------------------------------------------------------------------------------

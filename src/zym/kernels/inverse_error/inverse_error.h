@@ -92,8 +92,8 @@ struct ErfInv {
     } else if (magnitude(x) == 1) {
       *r = x / opaque(E(0));
       return zymErrorSingularity;
-    } else if (x == 0) {
-      *r = x;
+    } else if (x == 0) {  // denormals too where they read as zero
+      *r = quiet(x);
     } else {
       *r = tiny(x);
     }

@@ -164,18 +164,25 @@ struct ExpInt1<V, L> {
     }
   }
 
+  // Normal numbers below 2^-6: whether others read as zero is for the element routine to see.
   static Masked<V, Mask<V>> wide(V x) {
     using F = ExpInt1<Wide<V>, Level::EP>;
     return {narrow(F::small(widen_low(x), 0.0), F::small(widen_high(x), 0.0)),
-            Mask<V>(outside<0x00000001u, 0x3C7FFFFFu>(x))};
+            Mask<V>(outside<0x00800000u, 0x3C7FFFFFu>(x))};
   }
 
   static int32_t element(const float* px, float* r) {
     const float x = *px;
     int32_t code;
     if (exp_int1::special_value(x, r, &code)) return code;
-    *r =
-        x < 104 ? static_cast<float>(first_lane(ExpInt1<F64, Level::EP>::lanes(F64(x)))) : exp_int1::underflow<float>();
+    using F = ExpInt1<F64, Level::EP>;
+    if (x < 1) {  // denormal
+      *r = static_cast<float>(first_lane(F::small(F64(x), 0.0)));
+    } else if (x < 104) {
+      *r = static_cast<float>(first_lane(F::lanes(F64(x))));
+    } else {
+      *r = exp_int1::underflow<float>();
+    }
     return 0;
   }
 };

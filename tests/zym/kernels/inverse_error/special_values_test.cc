@@ -43,7 +43,7 @@ TYPED_TEST(InverseError, ErfInvOfATinyNumberIsTheSlopeTimesIt) {
   // Around 2^-24, where the argument's square stops to count in 32 bits, down to the smallest denormal numbers.
   for (E x : {E(0x1.fffffep-25), E(0x1p-24), E(0x1.8p-40), E(0x1p-960), this->smallest * 1024, this->smallest,
               this->smallest / 2, this->tiny * 3, this->tiny}) {
-    if (x == 0) continue;  // no float
+    if (x == 0 || (sizeof(E) == 8 && x > 0x1p-30)) continue;  // no float; the square counts
     for (int level = 0; level < 3; ++level) {
       const Outcome<E> got = evaluate<E>(row_of<E>("ErfInv"), level, x);
       const auto want = static_cast<long double>(x) * static_cast<long double>(slope);

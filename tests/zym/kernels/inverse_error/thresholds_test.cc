@@ -84,14 +84,16 @@ void expect_within_bounds(const Function& f, const std::vector<E>& x) {
       }
       const Wide size = std::fabs(static_cast<Wide>(r[i]));
       const Wide ulp = static_cast<Wide>(std::nextafter(std::fabs(r[i]), std::numeric_limits<E>::infinity())) - size;
-      const Wide unit = level == 2 ? size * (sizeof(E) == 4 ? 0x1p-11L : 0x1p-26L) : ulp;
+      // Denormal results: EP's bits are those of the smallest normal number, and HA rounds twice.
+      const bool normal = size >= static_cast<Wide>(std::numeric_limits<E>::min());
+      const Wide least = normal ? size : static_cast<Wide>(std::numeric_limits<E>::min());
+      const Wide unit = level == 2   ? least * (sizeof(E) == 4 ? 0x1p-11L : 0x1p-26L)
+                        : level == 1 ? ulp * (normal ? 0.6L : 0.8L)
+                                     : 4 * ulp;
       const Wide error = error_of(target, static_cast<Wide>(r[i])) / unit;
       if (!(error <= worst)) worst = error, at = x[i];
     }
-    EXPECT_LE(worst, level == 1   ? 0.6L
-                     : level == 0 ? 4
-                                  : 1)
-        << row_of<E>(f.name) << " " << kLevelNames[level] << " at " << at;
+    EXPECT_LE(worst, 1) << row_of<E>(f.name) << " " << kLevelNames[level] << " at " << at;
   }
 }
 

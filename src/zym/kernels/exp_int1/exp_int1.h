@@ -119,7 +119,8 @@ struct ExpInt1<V, L> {
   // For 2^-added x, x normal. What is not in the domain gives any finite result.
   static V small(V x, double added) {
     const KeyedDouble<V> k(x);
-    const V series_at = min(magnitude(x), V(0x1p-6));
+    const V a = magnitude(x), bound = V(0x1p-6);
+    const V series_at = select(a < bound, a, bound);  // quietly, where minima of a NaN would raise invalid
     if constexpr (L == Level::EP) {
       const V head = fma(k.centred_exponent(), V(kLn2Head64), gather<512>(kLnHeads, indices(k.key))) + V(kEulerHead);
       return fms(series_at, horner(series_at, kExpInt1SeriesShort),

@@ -7,6 +7,9 @@
 
 namespace orvik {
 
+// Exception flags among its bits.
+inline constexpr uint32_t kInvalidFlag = 0x1, kOverflowFlag = 0x8, kUnderflowFlag = 0x10;
+
 inline uint32_t read_control() { return _mm_getcsr(); }
 inline void write_control(uint32_t value) { _mm_setcsr(value); }
 

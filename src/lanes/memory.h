@@ -1,4 +1,4 @@
-// Loads and stores of lanes: whole vectors, the first k lanes, every step-th element.
+// Loads and stores of lanes: whole vectors, the first k lanes, complex elements as pairs.
 #pragma once
 
 #include <cstdint>
@@ -110,38 +110,10 @@ inline Element<V> horizontal_sum(V a) {
   return lane[0];
 }
 
-// Every step-th element. Single loads: as fast as the gather instruction or faster, and without its 32-bit index range.
-template <class V>
-inline V load_strided(const Element<V>* p, int64_t step) {
-  if constexpr (std::is_same_v<V, F32>) {
-    return _mm256_setr_ps(p[0], p[step], p[2 * step], p[3 * step], p[4 * step], p[5 * step], p[6 * step], p[7 * step]);
-  } else {
-    return _mm256_setr_pd(p[0], p[step], p[2 * step], p[3 * step]);
-  }
-}
-
-// The first k of them, the last one again in the other lanes: no memory behind it is touched, and no detour through a
-// buffer, from which a vector could only be loaded once all of its elements have left the store queue.
-template <class V>
-inline V load_first_strided(const Element<V>* p, int64_t step, int k) {
-  const Element<V>* q[kWidth<V>];
-  q[0] = p;
-#pragma GCC unroll 8
-  for (int i = 1; i < kWidth<V>; ++i) q[i] = q[i - 1] + (k > i ? step : 0);
-  if constexpr (std::is_same_v<V, F32>) {
-    return _mm256_setr_ps(*q[0], *q[1], *q[2], *q[3], *q[4], *q[5], *q[6], *q[7]);
-  } else {
-    return _mm256_setr_pd(*q[0], *q[1], *q[2], *q[3]);
-  }
-}
-
-// Every step-th element. Floats by way of memory: taking them out of a register one by one would meet the shuffles of the
-// loads at one port.
-inline void store_strided(float* p, int64_t step, F32 a) {
-  alignas(32) float row[8];
-  _mm256_store_ps(row, a.v);
-  p[0] = row[0], p[step] = row[1], p[2 * step] = row[2], p[3 * step] = row[3];
-  p[4 * step] = row[4], p[5 * step] = row[5], p[6 * step] = row[6], p[7 * step] = row[7];
+// Every step-th of a few elements; for more than these, and for any size, see strided.h.
+template <Double V>
+inline V load_strided(const double* p, int64_t step) {
+  return _mm256_setr_pd(p[0], p[step], p[2 * step], p[3 * step]);
 }
 inline void store_strided(double* p, int64_t step, F64 a) {
   const __m128d low = _mm256_castpd256_pd128(a.v), high = _mm256_extractf128_pd(a.v, 1);

@@ -51,8 +51,8 @@ E underflow() {
 
 // --- 64 bits --------------------------------------------------------------------------------------------------------
 
-// dExpInt1 LA: ?
-// dExpInt1 EP: ?
+// dExpInt1 EP: 26.95 bits at 0x1p+9
+// dExpInt1 HA: 0.5730 ulp at 0x1.3025431ad57dap+3
 template <Double V, Level L>
 struct ExpInt1<V, L> {
   static constexpr Knobs knobs = {.vectors = L == Level::EP ? 2 : 1};
@@ -139,8 +139,8 @@ struct ExpInt1<V, L> {
 
 // --- 32 bits --------------------------------------------------------------------------------------------------------
 
-// sExpInt1 LA: ?
-// sExpInt1 EP: ?
+// sExpInt1 EP: 12.29 bits at 0x1.196af2p+6
+// sExpInt1 HA: 0.5988 ulp at 0x1.044e0ep+5
 template <Single V, Level L>
 struct ExpInt1<V, L> {
   static constexpr Knobs knobs = {.vectors = L == Level::EP ? 2 : 1};

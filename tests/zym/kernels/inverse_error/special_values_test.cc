@@ -56,6 +56,16 @@ TYPED_TEST(InverseError, ErfInvOfATinyNumberIsTheSlopeTimesIt) {
   }
 }
 
+TYPED_TEST(InverseError, ErfInvOfFloatsBelow2ToMinus24IsTheSlopeTimesThemInDoublePrecision) {
+  if (sizeof(TypeParam) == 8) GTEST_SKIP() << "64 bits have more";
+  for (float x : {0x1.fffffep-25f, 0x1.23456p-30f, 0x1.8p-100f, 0x1.fffffep-127f, 0x1p-126f, 0x1.8p-140f, 0x1p-149f}) {
+    for (float y : {x, -x}) {
+      const auto want = static_cast<TypeParam>(static_cast<float>(static_cast<double>(y) * 0.886226925452758));
+      this->unary("ErfInv", static_cast<TypeParam>(y), want);
+    }
+  }
+}
+
 TYPED_TEST(InverseError, ErfcInvOfZeroAndOfTwoIsInfiniteWithCode2) {
   this->unary("ErfcInv", 0, this->inf, kSingularity);
   this->unary("ErfcInv", TypeParam(-0.0), this->inf, kSingularity);

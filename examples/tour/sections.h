@@ -24,6 +24,9 @@ void show_streams(const Table& table);
 // Summary of each column, correlations, quantiles of a long stream.
 void show_statistics(const Table& table);
 
+// Sorted columns against normal quantiles, the straightest one drawn.
+void show_quantile_plot(const Table& table);
+
 // Natural, Akima and Hyman splines through the gaps of a column, drawn with their derivatives, integrated by month.
 void show_fitting(const Table& table);
 
@@ -39,6 +42,7 @@ inline constexpr Section kSections[] = {
     {"Periodogram", show_periodogram},
     {"Random streams", show_streams},
     {"Statistics", show_statistics},
+    {"Normal quantiles", show_quantile_plot},
     {"Data fitting", show_fitting},
 };
 

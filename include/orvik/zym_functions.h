@@ -474,6 +474,34 @@ void _zymsPow2o3I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t 
 ORVIK_TABLE void* orvik_zym_kernel_sPow2o3I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sPow2o3I_ctab[];
 
+/* sLGamma: ln |gamma(a)|; elements can be reported. */
+void _zymsLGamma_21(int32_t n, const float* a, float* r);
+void _zymsLGamma(int32_t n, const float* a, float* r);
+void _zymsLGamma_HA(int32_t n, const float* a, float* r);
+void _zymsLGamma_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sLGamma_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sLGamma_ctab[];
+void _zymsLGammaI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLGammaI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLGammaI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLGammaI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sLGammaI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sLGammaI_ctab[];
+
+/* sTGamma: gamma function; elements can be reported. */
+void _zymsTGamma_21(int32_t n, const float* a, float* r);
+void _zymsTGamma(int32_t n, const float* a, float* r);
+void _zymsTGamma_HA(int32_t n, const float* a, float* r);
+void _zymsTGamma_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sTGamma_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTGamma_ctab[];
+void _zymsTGammaI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTGammaI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTGammaI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTGammaI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sTGammaI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTGammaI_ctab[];
+
 /* sSinpi: sine of a pi. */
 void _zymsSinpi_21(int32_t n, const float* a, float* r);
 void _zymsSinpi(int32_t n, const float* a, float* r);
@@ -1117,6 +1145,34 @@ void _zymdPow2o3I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_
 void _zymdPow2o3I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dPow2o3I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dPow2o3I_ctab[];
+
+/* dLGamma: ln |gamma(a)|; elements can be reported. */
+void _zymdLGamma_50(int32_t n, const double* a, double* r);
+void _zymdLGamma(int32_t n, const double* a, double* r);
+void _zymdLGamma_HA(int32_t n, const double* a, double* r);
+void _zymdLGamma_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dLGamma_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dLGamma_ctab[];
+void _zymdLGammaI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLGammaI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLGammaI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLGammaI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dLGammaI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dLGammaI_ctab[];
+
+/* dTGamma: gamma function; elements can be reported. */
+void _zymdTGamma_50(int32_t n, const double* a, double* r);
+void _zymdTGamma(int32_t n, const double* a, double* r);
+void _zymdTGamma_HA(int32_t n, const double* a, double* r);
+void _zymdTGamma_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dTGamma_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTGamma_ctab[];
+void _zymdTGammaI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTGammaI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTGammaI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTGammaI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dTGammaI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTGammaI_ctab[];
 
 /* dSinpi: sine of a pi. */
 void _zymdSinpi_50(int32_t n, const double* a, double* r);

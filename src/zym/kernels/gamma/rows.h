@@ -1,0 +1,71 @@
+// The polynomials of the gamma functions in lanes, and what goes with every row.
+#pragma once
+
+#include "lanes/lanes.h"
+#include "zym/kernels/gamma/constants.h"
+#include "zym/kernels/gamma/tables.h"
+
+namespace orvik::zym::gamma {
+
+inline constexpr int kRest = sizeof kGammaRest[0] / sizeof(double);
+
+// Where x lies: n = 4 x rounded, the exact rest of x, and for n < 4 (`low`) the distance from the pole that the row
+// divides out, exact too; for others x itself.
+template <Double V>
+struct Place {
+  V n, rest, distance;
+  Mask<V> low;
+  explicit Place(V x) : Place(x, x) {}
+  Place(V x, V in_rows) {
+    n = shift_round(in_rows, V(4.0)).n;
+    rest = fnma(n, V(0.25), in_rows);
+    low = n < V(4.0);
+    distance = x - min(round<Direction::down>(fma(n, V(0.25), V(0.5))), V(0.0));
+  }
+};
+
+// Row k of the tables, counted from 0, k an integer.
+template <Double V>
+class Row {
+ public:
+  explicit Row(V k) : heads_(bits(k + V(kShifter64))), rest_(bits(fma(k, V(kRest / 2), V(kShifter64)))) {}
+
+  // By the lowest `Count` coefficients of the rest and those below them.
+  template <int Count>
+  V value(V x) const {
+    const Pair<V> heads = gather(kGammaHeads, heads_);
+    return fma(fma(rest<Count>(x), x, heads.first), x, heads.second);
+  }
+  HeadTail<V> head_tail(V x) const {
+    const Pair<V> heads = gather(kGammaHeads, heads_), tails = gather(kGammaTails, heads_);
+    const HeadTail<V> slope = two_sum(heads.first, x * rest<kRest>(x));
+    const HeadTail<V> product = two_prod(x, slope.head);
+    const HeadTail<V> sum = fast_two_sum(heads.second, product.head);
+    return {sum.head, sum.tail + fma(x, slope.tail + tails.first, product.tail + tails.second)};
+  }
+  // What x adds to the value's own.
+  V increment(V x) const { return fma(rest<kRest>(x), x, gather(kGammaHeads, heads_).first) * x; }
+
+ private:
+  using At = decltype(indices(Integer<V>(uint64_t{0})));
+
+  static At bits(V sum) { return indices(as_bits(sum) & Integer<V>(uint64_t{0xFFFF})); }
+
+  template <int Count>
+  V rest(V x) const {
+    static_assert(Count % 2 == 0);
+    const auto* pairs = reinterpret_cast<const double(*)[2]>(kGammaRest) + (kRest - Count) / 2;
+    const Pair<V> highest = gather(pairs, rest_);
+    V sum = fma(highest.first, x, highest.second);
+#pragma GCC unroll 8
+    for (int j = 1; j < Count / 2; ++j) {
+      const Pair<V> next = gather(pairs + j, rest_);
+      sum = fma(fma(sum, x, next.first), x, next.second);
+    }
+    return sum;
+  }
+
+  At heads_, rest_;
+};
+
+}  // namespace orvik::zym::gamma

@@ -71,11 +71,13 @@ template <Double V>
 V beyond_rows(V a, V x) {
   const Mask<V> negative = sign_decides(x);
   const HeadTail<V> log = log2_lanes(a);
-  const V factor = a - copy_sign(V(0.5), x);
+  const V half = copy_sign(V(0.5), x);
+  const V factor = a - half, factor_tail = (a - factor) - half;
   const HeadTail<V> product = two_prod(factor, log.head);
   const HeadTail<V> linear = two_prod(a, V(-kLog2E64));
   const HeadTail<V> sum = two_sum(product.head, linear.head);
-  const V products_tail = fma(factor, log.tail, product.tail) + fma(a, V(-kLog2ETail64), linear.tail);
+  const V products_tail = fma(factor, log.tail, fma(factor_tail, log.head, product.tail)) +
+                          fma(a, V(-kLog2ETail64), linear.tail);
   const V correction = Row<V>(V(kStirlingRow - kGammaFirst)).increment(V(1.0) / a);
   const V tail = fma(correction, V(kLog2E64), sum.tail + products_tail);
 

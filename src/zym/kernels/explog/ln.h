@@ -96,7 +96,7 @@ V ln_polynomial(V r) {
 
 // For any finite positive x, whose exponent is `added` less. As head and tail: |tail| is below 2^-9, its error 2^-70.
 template <Double V>
-HeadTail<V> ln_head_tail(V x, double added) {
+[[gnu::always_inline]] inline HeadTail<V> ln_head_tail(V x, double added) {
   const KeyedDouble<V> k(x);
   const V e = added == 0.0 ? k.exponent() : k.exponent() - V(added);
   const auto log = gather<512>(kLnPairs, indices(k.key));

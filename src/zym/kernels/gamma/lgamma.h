@@ -26,19 +26,19 @@ struct LogPlace {
   V distance;  // the row's polynomial times this is the argument of the logarithm, for low lanes
   V row, variable;
 
-  explicit LogPlace(V x) {
+  // `divisor` is x where x is above 16, but not so large that powers of its reciprocal underflow, and not 0.
+  LogPlace(V x, V divisor) {
     const Place<V> p(x, min(x, V(kStirling)));
     low = p.low;
     stirling = x > V(kStirling);
     distance = p.distance;
     row = select(stirling, V(kStirlingRow - kGammaFirst),
                  p.n + select(low, V(-kGammaFirst), V(kLogGammaFirst - 4 - kGammaFirst)));
-    // Far beyond what counts, so that no power of it underflows.
-    variable = select(stirling, V(1.0) / max(min(x, V(0x1p60)), V(kStirling)), p.rest);
+    variable = select(stirling, V(1.0) / divisor, p.rest);
   }
   V argument(V x, V of_low) const { return select(low, magnitude(of_low), select(stirling, x, V(1.0))); }
   V factor(V x) const { return select(stirling, x - V(0.5), keep(low, V(-1.0))); }
-  V less() const { return keep(stirling, V(1.0)); }
+  V minus_less() const { return keep(stirling, V(-1.0)); }
 };
 
 // -ln |gamma(-a)|, a > 43 and no integer, but for the logarithm of sin(pi a): (a + 1/2) (ln(a) - 1) and the rest.
@@ -57,10 +57,10 @@ Mask<V> reflected(V x) {
 // Doubles that stand for floats.
 template <int Rest, Double W>
 [[gnu::always_inline]] inline W log_of_single(W x) {
-  const LogPlace<W> p(x);
+  const LogPlace<W> p(x, max(x, W(kStirling)));
   const W v = Row<W>(p.row).template value<Rest>(p.variable);
   const W ln = Ln<W, Level::EP>::lanes(p.argument(x, p.distance * v));
-  return fma(p.factor(x), ln - p.less(), drop(p.low, v));
+  return fma(p.factor(x), ln + p.minus_less(), drop(p.low, v));
 }
 template <Double W>
 W reflection_of_single(W x) {
@@ -86,12 +86,12 @@ struct LGamma<V, L> {
   }
   static auto lanes(V x) {
     const Mask<V> pole = (x <= V(0.0f)) & (round<Direction::nearest>(x) == x);
-    return Masked{trig::by_halves([](auto y) __attribute__((always_inline)) {
+    return Masked{gamma::in_doubles([](auto y) __attribute__((always_inline)) {
                     return gamma::log_of_single<kCoefficients>(y);
                   }, x), pole};
   }
   static Masked<V, Mask<V>> wide(V x) {
-    const V r = trig::by_halves([](auto y) { return gamma::reflection_of_single(y); }, x);
+    const V r = gamma::in_doubles([](auto y) { return gamma::reflection_of_single(y); }, x);
     return {r, complement((x < V(-43.0f)) & complement(round<Direction::nearest>(x) == x))};
   }
   static int32_t element(const float* x, float* r) { return gamma::lgamma_element(x, r); }
@@ -103,14 +103,14 @@ struct LGamma<V, L> {
 template <Double V, Level L>
 struct LGamma<V, L> {
   static constexpr Knobs knobs = {.vectors = 2};
-  static constexpr double kTiny = 0x1p-900;  // squares of small parts would underflow
+  static constexpr double kTiny = 0x1p-100;  // below, powers of the argument would underflow
 
   static Mask<V> special(V x) {
     return complement((x >= V(gamma::kFirstOfRows)) & (x <= V(gamma::Bounds<double>::log_overflow)) &
                       (magnitude(x) >= V(kTiny)));
   }
   static auto lanes(V x) {
-    const gamma::LogPlace<V> p(x);
+    const gamma::LogPlace<V> p(x, min(x, V(0x1p60)));
     const HeadTail<V> v = gamma::Row<V>(p.row).head_tail(p.variable);
     const Mask<V> pole = p.distance == V(0.0);
     const V den = p.distance * v.head;
@@ -120,12 +120,12 @@ struct LGamma<V, L> {
     // ln(h + t) = ln(h) + t / h.
     ln.tail = fma(keep(p.low, flip_sign(den_tail, den)), rough_reciprocal(argument), ln.tail);
 
-    const HeadTail<V> less = two_sum(ln.head, V(0.0) - p.less());
+    const HeadTail<V> less = fast_two_sum(ln.head, p.minus_less());
     const V factor = p.factor(x);
     const V factor_tail = keep(p.stirling, (x - factor) - V(0.5));
     const HeadTail<V> product = two_prod(factor, less.head);
     const V tail = fma(factor, less.tail + ln.tail, fma(factor_tail, less.head, product.tail));
-    const HeadTail<V> sum = two_sum(product.head, drop(p.low, v.head));
+    const HeadTail<V> sum = fast_two_sum(product.head, drop(p.low, v.head));
     return Masked{sum.head + (sum.tail + (tail + drop(p.low, v.tail))), pole};
   }
 
@@ -135,13 +135,13 @@ struct LGamma<V, L> {
     const Mask<V> tiny = (magnitude(x) < V(kTiny)) & (magnitude(x) > V(0.0));
     const V a = select(large, magnitude(x), V(100.5));
     const HeadTail<V> ln = ln_head_tail(a, 0.0);
-    const HeadTail<V> less = two_sum(ln.head, V(-1.0));
+    const HeadTail<V> less = fast_two_sum(ln.head, V(-1.0));
     const V factor = a + V(0.5);
     const V factor_tail = (a - factor) + V(0.5);
     const HeadTail<V> product = two_prod(factor, less.head);
     const V tail = fma(factor, less.tail + ln.tail, fma(factor_tail, less.head, product.tail));
     const V reflected = V(0.0) - (product.head + (tail + gamma::rest_of_reflection(a)));
-    const V next_to_zero = V(0.0) - ln_pairs(select(tiny, magnitude(x), V(0x1p-1000)) * V(0x1p200), 200.0);
+    const V next_to_zero = V(0.0) - ln_pairs(select(tiny, magnitude(x), V(0x1p-1000)) * V(0x1p60), 60.0);
     return {select(large, reflected, next_to_zero), complement(large | tiny)};
   }
   static int32_t element(const double* x, double* r) { return gamma::lgamma_element(x, r); }

@@ -7,6 +7,17 @@
 
 namespace orvik::zym::gamma {
 
+// A function of doubles over floats, both halves of a register interleaved.
+template <class F, Single V>
+[[gnu::always_inline]] inline V in_doubles(F function, V x) {
+  if constexpr (std::is_same_v<V, F32>) {
+    const Twice<F64> r = function(Twice<F64>(widen_low(x), widen_high(x)));
+    return narrow(r.low, r.high);
+  } else {
+    return narrow(function(widen_low(x)), function(widen_high(x)));
+  }
+}
+
 inline constexpr int kRest = sizeof kGammaRest[0] / sizeof(double);
 
 // Where x lies: n = 4 x rounded, the exact rest of x, and for n < 4 (`low`) the distance from the pole that the row
@@ -55,14 +66,30 @@ class Row {
   V rest(V x) const {
     static_assert(Count % 2 == 0);
     const auto* pairs = reinterpret_cast<const double(*)[2]>(kGammaRest) + (kRest - Count) / 2;
-    const Pair<V> highest = gather(pairs, rest_);
-    V sum = fma(highest.first, x, highest.second);
+    V terms[Count / 2];
 #pragma GCC unroll 8
-    for (int j = 1; j < Count / 2; ++j) {
+    for (int j = 0; j < Count / 2; ++j) {
       const Pair<V> next = gather(pairs + j, rest_);
-      sum = fma(fma(sum, x, next.first), x, next.second);
+      terms[j] = fma(next.first, x, next.second);
     }
-    return sum;
+    return by_halves(terms, x * x);
+  }
+  // The polynomial with these coefficients, from the highest power down, joined by twos (Estrin 1960): the rows' latency
+  // is what lanes wait for.
+  template <int N>
+  static V by_halves(const V (&terms)[N], V x) {
+    constexpr int kHalf = (N + 1) / 2;
+    V joined[kHalf];
+#pragma GCC unroll 8
+    for (int j = 0; j < kHalf; ++j) {
+      const int low = N - 1 - 2 * (kHalf - 1 - j);
+      joined[j] = low > 0 ? fma(terms[low - 1], x, terms[low]) : terms[low];
+    }
+    if constexpr (kHalf == 1) {
+      return joined[0];
+    } else {
+      return by_halves(joined, x * x);
+    }
   }
 
   At heads_, rest_;

@@ -28,7 +28,7 @@ struct TGamma<V, L> {
   }
   static auto lanes(V x) {
     const Mask<V> pole = sign_decides(x) & (round<Direction::nearest>(x) == x);
-    return Masked{trig::by_halves([](auto y) __attribute__((always_inline)) { return of_doubles(y); }, x), pole};
+    return Masked{gamma::in_doubles([](auto y) __attribute__((always_inline)) { return of_doubles(y); }, x), pole};
   }
   static int32_t element(const float* px, float* r) {
     int32_t code;
@@ -101,12 +101,12 @@ V beyond_rows(V a, V x) {
   return select(negative, trig::flip_odd(scaled, whole) ^ sign_mask<V>(), positive);
 }
 
-// Also below 2^-900, where squares of small parts would underflow: the reciprocal.
+// Also below 2^-100, where powers of the argument would underflow: the reciprocal.
 template <Double V>
 struct TGammaDouble {
   static constexpr Knobs knobs = {.vectors = 2};
 
-  static auto special(V x) { return outside_magnitude<0x07B00000u, 0x40417FFFu>(x); }
+  static auto special(V x) { return outside_magnitude<0x39B00000u, 0x40417FFFu>(x); }
 
   static Masked<V, Mask<V>> wide(V x) {
     using B = Bounds<double>;

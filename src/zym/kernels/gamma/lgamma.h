@@ -105,9 +105,10 @@ struct LGamma<V, L> {
   static constexpr Knobs knobs = {.vectors = 2};
   static constexpr double kTiny = 0x1p-100;  // below, powers of the argument would underflow
 
+  static constexpr double kHuge = 0x1p1014;  // above, a product may overflow though the result does not
+
   static Mask<V> special(V x) {
-    return complement((x >= V(gamma::kFirstOfRows)) & (x <= V(gamma::Bounds<double>::log_overflow)) &
-                      (magnitude(x) >= V(kTiny)));
+    return complement((x >= V(gamma::kFirstOfRows)) & (x <= V(kHuge)) & (magnitude(x) >= V(kTiny)));
   }
   static auto lanes(V x) {
     const gamma::LogPlace<V> p(x, min(x, V(0x1p60)));
@@ -129,20 +130,22 @@ struct LGamma<V, L> {
     return Masked{sum.head + (sum.tail + (tail + drop(p.low, v.tail))), pole};
   }
 
-  // Below -43; next to 0, where gamma(x) is 1/x.
+  // Below -43; next to 0, where gamma(x) is 1/x; the largest, by halves.
   static Masked<V, Mask<V>> wide(V x) {
-    const Mask<V> large = gamma::reflected(x);
+    const Mask<V> negative = gamma::reflected(x);
     const Mask<V> tiny = (magnitude(x) < V(kTiny)) & (magnitude(x) > V(0.0));
-    const V a = select(large, magnitude(x), V(100.5));
+    const Mask<V> huge = (x > V(kHuge)) & (x <= V(gamma::Bounds<double>::log_overflow));
+    const V a = select(negative | huge, magnitude(x), V(100.5));
     const HeadTail<V> ln = ln_head_tail(a, 0.0);
     const HeadTail<V> less = fast_two_sum(ln.head, V(-1.0));
-    const V factor = a + V(0.5);
-    const V factor_tail = (a - factor) + V(0.5);
+    const V factor = select(huge, a * V(0.5), a + V(0.5));
+    const V factor_tail = drop(huge, (a - factor) + V(0.5));
     const HeadTail<V> product = two_prod(factor, less.head);
     const V tail = fma(factor, less.tail + ln.tail, fma(factor_tail, less.head, product.tail));
     const V reflected = V(0.0) - (product.head + (tail + gamma::rest_of_reflection(a)));
     const V next_to_zero = V(0.0) - ln_pairs(select(tiny, magnitude(x), V(0x1p-1000)) * V(0x1p60), 60.0);
-    return {select(large, reflected, next_to_zero), complement(large | tiny)};
+    const V large = select(huge, (product.head + tail) * V(2.0), reflected);
+    return {select(tiny, next_to_zero, large), complement(negative | huge | tiny)};
   }
   static int32_t element(const double* x, double* r) { return gamma::lgamma_element(x, r); }
 };

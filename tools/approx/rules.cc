@@ -353,11 +353,12 @@ std::vector<Stored> Library::work_out(const Declaration& d, long extra) const {
   return values;
 }
 
-// The values of a declaration of a polynomial or a table; a table's by its rule where they stand in no header.
+// The values of a declaration; by its rule where they stand in no header.
 const std::vector<Stored>& Library::values_of(const Declaration& d) const {
-  if (!d.values.empty() || d.polynomial() || !d.ruled()) return d.values;
-  std::vector<Stored>& made = tables_[d.header + ' ' + d.name];
-  if (made.empty()) made = work_out(d);
+  const bool interpolated = d.polynomial() && d.fit == kChebyshev;
+  if (!d.values.empty() || !d.ruled() || (d.polynomial() && !interpolated)) return d.values;
+  std::vector<Stored>& made = worked_out_[d.header + ' ' + d.name];
+  if (made.empty()) made = interpolated ? interpolate(d) : work_out(d);
   return made;
 }
 

@@ -95,7 +95,7 @@ class Library {
   std::vector<Declaration> declarations_;
   mutable std::map<std::string, Real> values_;
   mutable std::map<std::string, std::vector<Real>> polynomials_;
-  mutable std::map<std::string, std::vector<Stored>> tables_;
+  mutable std::map<std::string, std::vector<Stored>> worked_out_;
 };
 
 // An error as headers state it: 2^-k with one decimal of k, towards the larger error; and the value of such a text.

@@ -25,7 +25,7 @@ template <class E>
 bool tgamma_special(E x, E* r, int32_t* code) {
   *code = 0;
   if (is_nan(x) || is_infinite(x)) {
-    if (x < 0) {
+    if (is_infinite(x) && is_negative(x)) {
       *r = opaque(infinity<E>) - opaque(infinity<E>);
       *code = zymErrorDomain;
     } else {

@@ -47,12 +47,17 @@ class Row {
     const Pair<V> heads = gather(kGammaHeads, heads_);
     return fma(fma(rest<Count>(x), x, heads.first), x, heads.second);
   }
+  // The sums of the lowest three with what they lose: each power of x takes a factor of 2 or more off an error.
   HeadTail<V> head_tail(V x) const {
     const Pair<V> heads = gather(kGammaHeads, heads_), tails = gather(kGammaTails, heads_);
-    const HeadTail<V> slope = two_sum(heads.first, x * rest<kRest>(x));
-    const HeadTail<V> product = two_prod(x, slope.head);
-    const HeadTail<V> sum = fast_two_sum(heads.second, product.head);
-    return {sum.head, sum.tail + fma(x, slope.tail + tails.first, product.tail + tails.second)};
+    const Pair<V> lowest = gather(pairs<2>(), rest_), lowest_tails = gather(kGammaRestTails, heads_);
+    V terms[kRest / 2 - 1];
+    gather_terms<kRest>(x, terms);
+    const V third = fma(by_halves(terms, x * x), x, lowest.first) * x;
+    const HeadTail<V> second = product(x, fast_two_sum(lowest.second, third), fma(lowest_tails.first, x, lowest_tails.second));
+    const HeadTail<V> first = product(x, fast_two_sum(heads.first, second.head), second.tail + tails.first);
+    const HeadTail<V> sum = fast_two_sum(heads.second, first.head);
+    return {sum.head, sum.tail + (first.tail + tails.second)};
   }
   // What x adds to the value's own.
   V increment(V x) const { return fma(rest<kRest>(x), x, gather(kGammaHeads, heads_).first) * x; }
@@ -65,14 +70,28 @@ class Row {
   template <int Count>
   V rest(V x) const {
     static_assert(Count % 2 == 0);
-    const auto* pairs = reinterpret_cast<const double(*)[2]>(kGammaRest) + (kRest - Count) / 2;
     V terms[Count / 2];
+    gather_terms<Count>(x, terms);
+    return by_halves(terms, x * x);
+  }
+  // The lowest `Count` columns of the rest, by twos.
+  template <int Count>
+  static const double (*pairs())[2] {
+    return reinterpret_cast<const double(*)[2]>(kGammaRest) + (kRest - Count) / 2;
+  }
+  // From the highest of them down, by twos as linear terms.
+  template <int Count, int N>
+  void gather_terms(V x, V (&terms)[N]) const {
 #pragma GCC unroll 8
-    for (int j = 0; j < Count / 2; ++j) {
-      const Pair<V> next = gather(pairs + j, rest_);
+    for (int j = 0; j < N; ++j) {
+      const Pair<V> next = gather(pairs<Count>() + j, rest_);
       terms[j] = fma(next.first, x, next.second);
     }
-    return by_halves(terms, x * x);
+  }
+  // x (a + more).
+  static HeadTail<V> product(V x, HeadTail<V> a, V more) {
+    const HeadTail<V> p = two_prod(x, a.head);
+    return {p.head, fma(x, a.tail + more, p.tail)};
   }
   // The polynomial with these coefficients, from the highest power down, joined by twos (Estrin 1960): the rows' latency
   // is what lanes wait for.

@@ -43,4 +43,14 @@ extern const double kGammaTails[375][2];
 //: fit chebyshev
 extern const double kGammaRest[375][14];
 
+// What the lowest two of those lack.
+//: i from -172
+//: precision 250
+//: kGammaHeads(x) + kGammaTails(x) + x^2 * (kGammaRest(x) + p(x)) =
+//:   i < 4 ? 1 / (gamma(i/4 + x) * (i/4 + x - min(floor(i/4 + 1/2), 0))) : i < 141 ? gamma(i/4 + x)
+//:   : i < 202 ? lngamma((i - 137)/4 + x) : lngamma(1/x) - (1/x - 1/2) * (log(1/x) - 1)
+//:   on [i < 202 ? -1/8 : 2^-20, i < 202 ? 1/8 : 1/16], relative error 2^-60.8
+//: fit chebyshev
+extern const double kGammaRestTails[375][2];
+
 }  // namespace orvik::zym

@@ -85,7 +85,8 @@ V beyond_rows(V a, V x) {
       two_sum(flip_sign(sum.head, x), select(negative, V(kLog2OfReflected), V(kLog2OfHalfRoot)));
   const V t_tail =
       t.tail + (flip_sign(tail, x) + select(negative, V(kLog2OfReflectedTail), V(kLog2OfHalfRootTail)));
-  const Exp2Parts<V> power(t.head + t_tail, t.head, t_tail, mask_of_bits<V>(0));
+  const V shifted = (t.head + t_tail) + V(Exp2Parts<V>::kShift);
+  const Exp2Parts<V> power(shifted, (t.head - (shifted - V(Exp2Parts<V>::kShift))) + t_tail);
   const V y = fma(power.row, power.rest, power.row);
   const V positive = as_float(as_bits(y) + power.exponent());
   if (none(negative)) return positive;

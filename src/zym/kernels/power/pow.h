@@ -219,14 +219,13 @@ template <Double V>
   return {log.head, fma(k.r, rest, (log.tail + row.second) + q_rest)};
 }
 
-// 2^t = row (1 + rest) 2^k; k is above seven bits in the low bits of `sum`.
+// 2^t = row (1 + rest) 2^k, k above seven bits in the low bits of `sum`.
 template <Double V>
 struct Exp2Parts {
+  static constexpr double kShift = 0x1.8p45;  // added to t: 1/128
   V sum, row, rest;
-  // t = nearest + (head - nearest) + tail, where `nearest` is close to the sum of head and tail; 0 where `beyond`.
-  [[gnu::always_inline]] Exp2Parts(V nearest, V head, V tail, Mask<V> beyond) {
-    sum = nearest + V(0x1.8p45);  // 1/128
-    const V f = drop(beyond, (head - (sum - V(0x1.8p45))) + tail);
+  // The sum and f, what it lacks of t.
+  [[gnu::always_inline]] Exp2Parts(V sum_of_t, V f) : sum(sum_of_t) {
     const auto power = gather(kExp2Pairs128, indices(as_bits(sum) & Integer<V>(int64_t{127})));
     row = power.first;
     rest = fma(f, horner(f, kPowExp2DoubleHA), power.second);
@@ -241,7 +240,9 @@ struct Pow<V, Level::HA> : PowDouble<V> {
 
   static auto lanes(V x, V y) {
     const Exponent2<V> t(y, log2_lanes(x));
-    const Exp2Parts<V> power(t.sum, t.head, t.tail, t.beyond);
+    const V sum = t.sum + V(Exp2Parts<V>::kShift);
+    const V f = drop(t.beyond, (t.head - (sum - V(Exp2Parts<V>::kShift))) + t.tail);
+    const Exp2Parts<V> power(sum, f);
     const V result = fma(power.row, power.rest, power.row);
     return Masked{as_float(as_bits(result) + power.exponent()), t.beyond};
   }

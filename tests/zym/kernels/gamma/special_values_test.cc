@@ -1,6 +1,7 @@
 // Special values and codes of the gamma functions, at every level, in the main loop, in the remainder and strided.
 #include <cmath>
 
+#include "lanes/lanes.h"
 #include "support/row_calls.h"
 
 namespace orvik::test {
@@ -13,7 +14,7 @@ class Gamma : public ElementTest<E> {
  protected:
   static constexpr bool single = sizeof(E) == 4;
   // The largest argument whose result is finite, of both functions; the largest whose reciprocal is not.
-  static constexpr E last = single ? E(0x1.185ap+5) : E(0x1.573fae561f647p+7);
+  static constexpr E last = single ? E(0x1.18521ep+5) : E(0x1.573fae561f647p+7);
   static constexpr E last_of_log = single ? E(0x1.895f1ap+121) : E(0x1.754d9278b51a7p+1014);
   static constexpr E tiny_overflow = single ? E(0x1p-128) : E(0x1p-1024);
   // Below, every result is zero, and is reported.
@@ -197,7 +198,7 @@ TYPED_TEST(Gamma, DenormalsThatReadAsZeroArePoles) {
     this->log_gamma(x, this->inf, kSingularity);
     this->log_gamma(-x, this->inf, kSingularity);
   }
-  _zymSetMode(mode);
+  _zymSetMode(mode | 0x140000);
 }
 
 TYPED_TEST(Gamma, DenormalResultsAreFlushedWithTheirSignWhereTheModeSaysSo) {
@@ -206,7 +207,7 @@ TYPED_TEST(Gamma, DenormalResultsAreFlushedWithTheirSignWhereTheModeSaysSo) {
   EXPECT_LT(evaluate<E>(row_of<E>("TGamma"), 1, x).r1, 0);
   const uint32_t mode = _zymSetMode(ZYM_FLUSH_DENORMALS);
   this->gamma(x, E(-0.0));
-  _zymSetMode(mode);
+  _zymSetMode(mode | 0x140000);
 }
 
 TYPED_TEST(Gamma, ResultsWithoutErrorHandlingAreThoseWithIt) {

@@ -63,8 +63,9 @@ void walk(const char* name, Wide (*exact)(Wide), const std::vector<E>& x, bool l
       const auto error = static_cast<double>(std::fabs(static_cast<Wide>(r[i]) - want) / ulp);
       if (!(error <= worst)) worst = error, at = x[i];
     }
+    // Denormal results of doubles are rounded twice; all others are within 0.55.
     const bool own = row_named(row_of<E>(name)).function == "LGamma" ? sizeof(E) == 4 : sizeof(E) == 8;
-    const double bound = !own || level == 1 ? 0.9 : level == 0 || name == std::string("TGamma") ? 4 : 0x1p13;
+    const double bound = !own || level == 1 ? 0.76 : level == 0 || name == std::string("TGamma") ? 4 : 0x1p13;
     EXPECT_LE(worst, bound) << row_of<E>(name) << " " << kLevelNames[level] << " at " << show(at);
   }
 }

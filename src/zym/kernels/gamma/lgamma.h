@@ -73,9 +73,9 @@ W reflection_of_single(W x) {
 
 // --- 32 bits --------------------------------------------------------------------------------------------------------
 
-// sLGamma LA:
-// sLGamma HA:
-// sLGamma EP:
+// sLGamma LA: 2.0815 ulp at 0x1.1fc252p+0
+// sLGamma HA: 0.5000 ulp at -0x1.6358ep-130
+// sLGamma EP: 16.70 bits at 0x1.1fc252p+0
 template <Single V, Level L>
 struct LGamma<V, L> {
   static constexpr Knobs knobs = {.vectors = 2};
@@ -99,7 +99,7 @@ struct LGamma<V, L> {
 
 // --- 64 bits --------------------------------------------------------------------------------------------------------
 
-// dLGamma HA:
+// dLGamma HA: 0.5064 ulp at -0x1.701880c3bba58p+1
 template <Double V, Level L>
 struct LGamma<V, L> {
   static constexpr Knobs knobs = {.vectors = 2};

@@ -17,7 +17,7 @@ struct TGamma;
 
 // --- 32 bits --------------------------------------------------------------------------------------------------------
 
-// sTGamma HA:
+// sTGamma HA: 0.5000 ulp at 0x1.fffffep-48
 template <Single V, Level L>
 struct TGamma<V, L> {
   static constexpr Knobs knobs = {.vectors = 2};
@@ -128,7 +128,7 @@ struct TGammaDouble {
 
 }  // namespace gamma
 
-// dTGamma HA:
+// dTGamma HA: 0.6959 ulp at -0x1.553d70a3d70a1p+7
 template <Double V>
 struct TGamma<V, Level::HA> : gamma::TGammaDouble<V> {
   static auto lanes(V x) {
@@ -144,8 +144,7 @@ struct TGamma<V, Level::HA> : gamma::TGammaDouble<V> {
   }
 };
 
-// dTGamma LA:
-// dTGamma EP:
+// dTGamma LA: 2.9755 ulp at -0x1.d4033210addf2p+3
 template <Double V, Level L>
 struct TGamma<V, L> : gamma::TGammaDouble<V> {
   static auto lanes(V x) {

@@ -558,6 +558,34 @@ void _zymsCdfNormInvI_11(int32_t n, const float* a, int32_t incA, float* r, int3
 ORVIK_TABLE void* orvik_zym_kernel_sCdfNormInvI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sCdfNormInvI_ctab[];
 
+/* sLGamma: ln |gamma(a)|; elements can be reported. */
+void _zymsLGamma_21(int32_t n, const float* a, float* r);
+void _zymsLGamma(int32_t n, const float* a, float* r);
+void _zymsLGamma_HA(int32_t n, const float* a, float* r);
+void _zymsLGamma_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sLGamma_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sLGamma_ctab[];
+void _zymsLGammaI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLGammaI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLGammaI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLGammaI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sLGammaI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sLGammaI_ctab[];
+
+/* sTGamma: gamma function; elements can be reported. */
+void _zymsTGamma_21(int32_t n, const float* a, float* r);
+void _zymsTGamma(int32_t n, const float* a, float* r);
+void _zymsTGamma_HA(int32_t n, const float* a, float* r);
+void _zymsTGamma_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sTGamma_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTGamma_ctab[];
+void _zymsTGammaI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTGammaI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTGammaI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTGammaI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sTGammaI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTGammaI_ctab[];
+
 /* sExpInt1: exponential integral E1: integral of e^-t / t from a on; elements can be reported. */
 void _zymsExpInt1_21(int32_t n, const float* a, float* r);
 void _zymsExpInt1(int32_t n, const float* a, float* r);
@@ -1313,6 +1341,34 @@ void _zymdCdfNormInvI_HA(int32_t n, const double* a, int32_t incA, double* r, in
 void _zymdCdfNormInvI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dCdfNormInvI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dCdfNormInvI_ctab[];
+
+/* dLGamma: ln |gamma(a)|; elements can be reported. */
+void _zymdLGamma_50(int32_t n, const double* a, double* r);
+void _zymdLGamma(int32_t n, const double* a, double* r);
+void _zymdLGamma_HA(int32_t n, const double* a, double* r);
+void _zymdLGamma_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dLGamma_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dLGamma_ctab[];
+void _zymdLGammaI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLGammaI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLGammaI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLGammaI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dLGammaI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dLGammaI_ctab[];
+
+/* dTGamma: gamma function; elements can be reported. */
+void _zymdTGamma_50(int32_t n, const double* a, double* r);
+void _zymdTGamma(int32_t n, const double* a, double* r);
+void _zymdTGamma_HA(int32_t n, const double* a, double* r);
+void _zymdTGamma_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dTGamma_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTGamma_ctab[];
+void _zymdTGammaI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTGammaI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTGammaI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTGammaI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dTGammaI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTGammaI_ctab[];
 
 /* dExpInt1: exponential integral E1: integral of e^-t / t from a on; elements can be reported. */
 void _zymdExpInt1_50(int32_t n, const double* a, double* r);

@@ -71,6 +71,7 @@ struct GridRest {  // sin(r) - r, cos(r) - 1
   }
 };
 // Without the sign.
+// As head and tail without the sign; |tail| is below 2^-12 of the head.
 template <Double V>
 [[gnu::always_inline]] inline HeadTail<V> grid_sine_parts(const GridPoint<V>& p, HeadTail<V> r) {
   const GridRest<V> rest(r.head);
@@ -79,6 +80,11 @@ template <Double V>
   const V tail =
       fma(p.sine, rest.cosine, fma(p.cosine, rest.sine + r.tail, fma(p.cosine_tail, r.head, p.sine_tail + lost)));
   return {head, tail};
+}
+template <Double V>
+[[gnu::always_inline]] inline V grid_sine(const GridPoint<V>& p, HeadTail<V> r) {
+  const HeadTail<V> sine = grid_sine_parts(p, r);
+  return flip_sign(sine.head + sine.tail, p.sign);
 }
 template <Double V>
 [[gnu::always_inline]] inline HeadTail<V> grid_cosine_parts(const GridPoint<V>& p, HeadTail<V> r) {

@@ -656,6 +656,62 @@ void _zymsLogbI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t in
 ORVIK_TABLE void* orvik_zym_kernel_sLogbI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sLogbI_ctab[];
 
+/* sJ0: Bessel function J of order 0. */
+void _zymsJ0_21(int32_t n, const float* a, float* r);
+void _zymsJ0(int32_t n, const float* a, float* r);
+void _zymsJ0_HA(int32_t n, const float* a, float* r);
+void _zymsJ0_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sJ0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJ0_ctab[];
+void _zymsJ0I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ0I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ0I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ0I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sJ0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJ0I_ctab[];
+
+/* sJ1: Bessel function J of order 1. */
+void _zymsJ1_21(int32_t n, const float* a, float* r);
+void _zymsJ1(int32_t n, const float* a, float* r);
+void _zymsJ1_HA(int32_t n, const float* a, float* r);
+void _zymsJ1_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sJ1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJ1_ctab[];
+void _zymsJ1I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ1I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ1I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ1I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sJ1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJ1I_ctab[];
+
+/* sY0: Bessel function Y of order 0. */
+void _zymsY0_21(int32_t n, const float* a, float* r);
+void _zymsY0(int32_t n, const float* a, float* r);
+void _zymsY0_HA(int32_t n, const float* a, float* r);
+void _zymsY0_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sY0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sY0_ctab[];
+void _zymsY0I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY0I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY0I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY0I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sY0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sY0I_ctab[];
+
+/* sY1: Bessel function Y of order 1. */
+void _zymsY1_21(int32_t n, const float* a, float* r);
+void _zymsY1(int32_t n, const float* a, float* r);
+void _zymsY1_HA(int32_t n, const float* a, float* r);
+void _zymsY1_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sY1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sY1_ctab[];
+void _zymsY1I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY1I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY1I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY1I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sY1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sY1I_ctab[];
+
 /* dCeil: smallest integer not below a. */
 void _zymdCeil_50(int32_t n, const double* a, double* r);
 void _zymdCeil(int32_t n, const double* a, double* r);
@@ -1299,6 +1355,62 @@ void _zymdLogbI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t 
 void _zymdLogbI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dLogbI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dLogbI_ctab[];
+
+/* dJ0: Bessel function J of order 0. */
+void _zymdJ0_50(int32_t n, const double* a, double* r);
+void _zymdJ0(int32_t n, const double* a, double* r);
+void _zymdJ0_HA(int32_t n, const double* a, double* r);
+void _zymdJ0_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dJ0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJ0_ctab[];
+void _zymdJ0I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ0I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ0I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ0I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dJ0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJ0I_ctab[];
+
+/* dJ1: Bessel function J of order 1. */
+void _zymdJ1_50(int32_t n, const double* a, double* r);
+void _zymdJ1(int32_t n, const double* a, double* r);
+void _zymdJ1_HA(int32_t n, const double* a, double* r);
+void _zymdJ1_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dJ1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJ1_ctab[];
+void _zymdJ1I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ1I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ1I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ1I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dJ1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJ1I_ctab[];
+
+/* dY0: Bessel function Y of order 0. */
+void _zymdY0_50(int32_t n, const double* a, double* r);
+void _zymdY0(int32_t n, const double* a, double* r);
+void _zymdY0_HA(int32_t n, const double* a, double* r);
+void _zymdY0_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dY0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dY0_ctab[];
+void _zymdY0I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY0I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY0I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY0I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dY0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dY0I_ctab[];
+
+/* dY1: Bessel function Y of order 1. */
+void _zymdY1_50(int32_t n, const double* a, double* r);
+void _zymdY1(int32_t n, const double* a, double* r);
+void _zymdY1_HA(int32_t n, const double* a, double* r);
+void _zymdY1_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dY1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dY1_ctab[];
+void _zymdY1I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY1I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY1I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY1I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dY1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dY1I_ctab[];
 
 /* sDiv: r = a / b; elements can be reported. */
 void _zymsDiv_21(int32_t n, const float* a, const float* b, float* r);

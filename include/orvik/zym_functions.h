@@ -656,6 +656,34 @@ void _zymsLogbI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t in
 ORVIK_TABLE void* orvik_zym_kernel_sLogbI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sLogbI_ctab[];
 
+/* sI0: modified Bessel function I of order 0; elements can be reported. */
+void _zymsI0_21(int32_t n, const float* a, float* r);
+void _zymsI0(int32_t n, const float* a, float* r);
+void _zymsI0_HA(int32_t n, const float* a, float* r);
+void _zymsI0_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sI0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sI0_ctab[];
+void _zymsI0I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI0I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI0I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI0I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sI0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sI0I_ctab[];
+
+/* sI1: modified Bessel function I of order 1; elements can be reported. */
+void _zymsI1_21(int32_t n, const float* a, float* r);
+void _zymsI1(int32_t n, const float* a, float* r);
+void _zymsI1_HA(int32_t n, const float* a, float* r);
+void _zymsI1_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sI1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sI1_ctab[];
+void _zymsI1I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI1I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI1I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI1I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sI1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sI1I_ctab[];
+
 /* sJ0: Bessel function J of order 0. */
 void _zymsJ0_21(int32_t n, const float* a, float* r);
 void _zymsJ0(int32_t n, const float* a, float* r);
@@ -1355,6 +1383,34 @@ void _zymdLogbI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t 
 void _zymdLogbI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dLogbI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dLogbI_ctab[];
+
+/* dI0: modified Bessel function I of order 0; elements can be reported. */
+void _zymdI0_50(int32_t n, const double* a, double* r);
+void _zymdI0(int32_t n, const double* a, double* r);
+void _zymdI0_HA(int32_t n, const double* a, double* r);
+void _zymdI0_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dI0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dI0_ctab[];
+void _zymdI0I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI0I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI0I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI0I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dI0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dI0I_ctab[];
+
+/* dI1: modified Bessel function I of order 1; elements can be reported. */
+void _zymdI1_50(int32_t n, const double* a, double* r);
+void _zymdI1(int32_t n, const double* a, double* r);
+void _zymdI1_HA(int32_t n, const double* a, double* r);
+void _zymdI1_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dI1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dI1_ctab[];
+void _zymdI1I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI1I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI1I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI1I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dI1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dI1I_ctab[];
 
 /* dJ0: Bessel function J of order 0. */
 void _zymdJ0_50(int32_t n, const double* a, double* r);

@@ -29,7 +29,7 @@ template <Double V, int Part, class Rows, class Indexes>
   return gather(reinterpret_cast<const double(*)[4]>(&rows[0][0]) + Part, k);
 }
 
-// value + slope h + h^2 P(h): the first product rounds once and keeps what it lost.
+// value + slope h + h^2 P(h): the first sum keeps what it lost. The value is the larger term, or 0.
 template <Double V, size_t N>
 [[gnu::always_inline]] inline HeadTail<V> expand(const double (&rows)[N][16], Integer<V> row, V a) {
   const auto k = indices(shift_left<2>(row));
@@ -39,9 +39,9 @@ template <Double V, size_t N>
   const V p = horner(h, first.c[0], first.c[1], first.c[2], first.c[3], second.c[0], second.c[1], second.c[2],
                      second.c[3], third.c[0], third.c[1]);
   const V slope = third.c[2], value = third.c[3];
-  const V head = fma(slope, h, value);
-  const V lost = fma(slope, h, value - head);
-  return {head, fma(h * h, p, fma(last.c[0], h, last.c[1] + lost))};
+  const HeadTail<V> rise = two_prod(slope, h);
+  const HeadTail<V> sum = fast_two_sum(value, rise.head);
+  return {sum.head, fma(h * h, p, fma(last.c[0], h, last.c[1] + (sum.tail + rise.tail)))};
 }
 
 // value + h P(h) for results of 32 bits.

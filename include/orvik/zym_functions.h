@@ -1468,6 +1468,62 @@ void _zymdY1I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t in
 ORVIK_TABLE void* orvik_zym_kernel_dY1I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dY1I_ctab[];
 
+/* sJn: Bessel function J of integer order. */
+void _zymsJn_21(int32_t n, int32_t order, const float* a, float* r);
+void _zymsJn(int32_t n, int32_t order, const float* a, float* r);
+void _zymsJn_HA(int32_t n, int32_t order, const float* a, float* r);
+void _zymsJn_11(int32_t n, int32_t order, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sJn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJn_ctab[];
+void _zymsJnI_21(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJnI(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJnI_HA(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJnI_11(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sJnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJnI_ctab[];
+
+/* sYn: Bessel function Y of integer order. */
+void _zymsYn_21(int32_t n, int32_t order, const float* a, float* r);
+void _zymsYn(int32_t n, int32_t order, const float* a, float* r);
+void _zymsYn_HA(int32_t n, int32_t order, const float* a, float* r);
+void _zymsYn_11(int32_t n, int32_t order, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sYn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sYn_ctab[];
+void _zymsYnI_21(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsYnI(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsYnI_HA(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsYnI_11(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sYnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sYnI_ctab[];
+
+/* dJn: Bessel function J of integer order. */
+void _zymdJn_50(int32_t n, int32_t order, const double* a, double* r);
+void _zymdJn(int32_t n, int32_t order, const double* a, double* r);
+void _zymdJn_HA(int32_t n, int32_t order, const double* a, double* r);
+void _zymdJn_26(int32_t n, int32_t order, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dJn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJn_ctab[];
+void _zymdJnI_50(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJnI(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJnI_HA(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJnI_26(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dJnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJnI_ctab[];
+
+/* dYn: Bessel function Y of integer order. */
+void _zymdYn_50(int32_t n, int32_t order, const double* a, double* r);
+void _zymdYn(int32_t n, int32_t order, const double* a, double* r);
+void _zymdYn_HA(int32_t n, int32_t order, const double* a, double* r);
+void _zymdYn_26(int32_t n, int32_t order, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dYn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dYn_ctab[];
+void _zymdYnI_50(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdYnI(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdYnI_HA(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdYnI_26(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dYnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dYnI_ctab[];
+
 /* sDiv: r = a / b; elements can be reported. */
 void _zymsDiv_21(int32_t n, const float* a, const float* b, float* r);
 void _zymsDiv(int32_t n, const float* a, const float* b, float* r);

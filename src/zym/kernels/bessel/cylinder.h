@@ -37,9 +37,9 @@ template <class V>
 inline constexpr uint32_t kRowsEndWord = Single<V> ? 0x427F0000u : 0x404FE000u;
 
 // The value between the table's ends, in head and tail where there are some.
-template <int Order, bool Second, Double V>
+template <int Order, bool Second, bool Fine = false, Double V>
 [[gnu::always_inline]] inline HeadTail<V> row_value(V a) {
-  return expand(RowsOf<Order, Second>::rows64, Second ? singular_row(a) : even_row(a), a);
+  return expand<Fine>(RowsOf<Order, Second>::rows64, Second ? singular_row(a) : even_row(a), a);
 }
 template <int Order, bool Second, class V>
 [[gnu::always_inline]] inline V near_value(V a) {

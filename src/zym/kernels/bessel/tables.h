@@ -2,6 +2,7 @@
 // double nearest to the function's zero in it, so that results next to zeros keep their relative accuracy. With h the
 // distance from there:
 //   64 bits: value + slope h + h^2 P(h), value and slope with tails, P of degree 9; the value next to a zero is all tail;
+//   the lowest coefficient has a tail as well;
 //   32 bits: value + h P(h), P of degree 5.
 // P meets the function at the Chebyshev points of the interval. Evenly spaced rows: i stands for i/2 - 1/4 to i/2 + 1/4.
 // Rows of the functions that are singular at 0: eight to each power of two from 2^-5, from 4 on as above.
@@ -30,7 +31,7 @@ namespace orvik::zym::bessel {
 //: slope_tail = cylinder_slope(0, c) - slope
 //: value_tail = cylinder(0, c) - value
 //: centre = c
-//: unused = 0
+//: p0_tail = cylinder_rest(0, 2, from, to, c, 10, 0) - p0
 extern const double kJ0Rows64[128][16];
 
 //: precision 260
@@ -52,7 +53,7 @@ extern const double kJ0Rows64[128][16];
 //: slope_tail = cylinder_slope(1, c) - slope
 //: value_tail = cylinder(1, c) - value
 //: centre = c
-//: unused = 0
+//: p0_tail = cylinder_rest(1, 2, from, to, c, 10, 0) - p0
 extern const double kJ1Rows64[128][16];
 
 //: precision 260
@@ -74,7 +75,7 @@ extern const double kJ1Rows64[128][16];
 //: slope_tail = cylinder_slope(2, c) - slope
 //: value_tail = cylinder(2, c) - value
 //: centre = c
-//: unused = 0
+//: p0_tail = cylinder_rest(2, 2, from, to, c, 10, 0) - p0
 extern const double kY0Rows64[176][16];
 
 //: precision 260
@@ -96,7 +97,7 @@ extern const double kY0Rows64[176][16];
 //: slope_tail = cylinder_slope(3, c) - slope
 //: value_tail = cylinder(3, c) - value
 //: centre = c
-//: unused = 0
+//: p0_tail = cylinder_rest(3, 2, from, to, c, 10, 0) - p0
 extern const double kY1Rows64[176][16];
 
 //: precision 260
@@ -118,7 +119,7 @@ extern const double kY1Rows64[176][16];
 //: slope_tail = cylinder_slope(4, c) - slope
 //: value_tail = cylinder(4, c) - value
 //: centre = c
-//: unused = 0
+//: p0_tail = cylinder_rest(4, 2, from, to, c, 10, 0) - p0
 extern const double kI0Rows64[64][16];
 
 //: precision 260
@@ -140,7 +141,7 @@ extern const double kI0Rows64[64][16];
 //: slope_tail = cylinder_slope(5, c) - slope
 //: value_tail = cylinder(5, c) - value
 //: centre = c
-//: unused = 0
+//: p0_tail = cylinder_rest(5, 2, from, to, c, 10, 0) - p0
 extern const double kI1Rows64[64][16];
 
 // --- 32 bits --------------------------------------------------------------------------------------------------------

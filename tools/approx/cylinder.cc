@@ -65,10 +65,14 @@ Real cylinder(int function, const Real& x) {
 
 Real cylinder_slope(int function, const Real& x) {
   switch (function) {
-    case 0: return -cylinder(1, x);
-    case 2: return -cylinder(3, x);
-    case 4: return cylinder(5, x);
-    default: return zero(x) ? Real(0.5) : cylinder(function - 1, x) - cylinder(function, x) / x;
+    case 0:
+      return -cylinder(1, x);
+    case 2:
+      return -cylinder(3, x);
+    case 4:
+      return cylinder(5, x);
+    default:
+      return zero(x) ? Real(0.5) : cylinder(function - 1, x) - cylinder(function, x) / x;
   }
 }
 

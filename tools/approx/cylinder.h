@@ -1,5 +1,5 @@
-// Bessel functions for rules: values, expansions about the middle of an interval or the zero in it, what they become for
-// large arguments.
+// Bessel functions for rules: values, expansions about the middle of an interval or the zero in it, what they become
+// for large arguments.
 #pragma once
 
 #include "real.h"
@@ -14,15 +14,16 @@ namespace orvik::approx {
 Real cylinder(int function, const Real& x);
 Real cylinder_slope(int function, const Real& x);  // of 0 to 5
 
-// The double nearest to the zero of a function (0 to 5) between two places, their middle where there is none or it is 0.
+// The double nearest to the zero of a function (0 to 5) between two places, their middle where there is none or it is
+// 0.
 Real cylinder_centre(int function, const Real& from, const Real& to);
 
 // Where one of the growing functions 4 and 5 has a value.
 Real cylinder_inverse(int function, const Real& value);
 
-// Coefficient k of the polynomial with n coefficients in x - c that meets the rest of a function at the Chebyshev points
-// of an interval. Rest: with first = 0 the function itself, with first = 1 (f(x) - f(c)) / (x - c), with first = 2
-// (f(x) - f(c) - f'(c) (x - c)) / (x - c)^2.
+// Coefficient k of the polynomial with n coefficients in x - c that meets the rest of a function at the Chebyshev
+// points of an interval. Rest: with first = 0 the function itself, with first = 1 (f(x) - f(c)) / (x - c), with first =
+// 2 (f(x) - f(c) - f'(c) (x - c)) / (x - c)^2.
 Real cylinder_rest(int function, int first, const Real& from, const Real& to, const Real& c, int n, int k);
 
 }  // namespace orvik::approx

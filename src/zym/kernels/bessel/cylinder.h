@@ -1,5 +1,5 @@
-// Bessel functions of the first and second kind, order 0 and 1. Up to 63.75 expansions from a table; above amplitude and
-// phase (far.h); below 2^-5 the series of what is singular there (near_zero.h). The first kind is even or odd.
+// Bessel functions of the first and second kind, order 0 and 1. Up to 63.75 expansions from a table; above amplitude
+// and phase (far.h); below 2^-5 the series of what is singular there (near_zero.h). The first kind is even or odd.
 #pragma once
 
 #include "zym/kernels/bessel/far.h"
@@ -109,12 +109,12 @@ struct SecondKind {
   static constexpr Knobs knobs = kCylinderKnobs;
   using E = Element<V>;
 
-  static auto special(V x) { return outside<Single<V> ? 0x3D000000u : 0x3FA00000u, kRowsEndWord<V> - 1>(x); }
+  static auto special(V x) { return outside < Single<V> ? 0x3D000000u : 0x3FA00000u, kRowsEndWord<V> - 1 > (x); }
   static V lanes(V x) { return near_value<Order, true>(x); }
 
   static Masked<V, Mask<V>> wide(V x) {
     constexpr E kSmallest = Single<V> ? E(0x1p-126) : E(0x1p-1000);
-    const Mask<V> outside = not_finite(x) | complement(x >= V(kSmallest));
+    const Mask<V> outside = Mask<V>(not_finite(x)) | complement(x >= V(kSmallest));
     const V a = select(outside, V(E(64)), x);
     V r = far_sum<Order, true>(max(a, V(E(kRowsEnd))));
     const Mask<V> small = a < V(E(1));

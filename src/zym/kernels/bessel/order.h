@@ -11,8 +11,8 @@
 namespace orvik::zym {
 namespace bessel {
 
-// f 2^(700 count) for growing numbers, with `limit` on the way to overflow: steps grow by less than 2^700, for arguments
-// from kSmallest on and orders of 31 bits.
+// f 2^(700 count) for growing numbers, with `limit` on the way to overflow: steps grow by less than 2^700, for
+// arguments from kSmallest on and orders of 31 bits.
 inline constexpr double kScaleLimit = 0x1p300, kScaleDown = 0x1p-700, kScaleUp = 0x1p700, kSmallest = 0x1p-600;
 
 // The recurrence at one argument. Without Pairs there are no tails.
@@ -75,7 +75,7 @@ template <int Order, bool Second, bool Fine, Double V>
     r = {select(mask, value.head, r.head), select(mask, value.tail, r.tail)};
   };
   if (!none(complement(far))) {
-    r = row_value<Order, Second, Fine>(min(Second ? max(a, V(kSingularRowsBegin)) : a, V(63.5)));
+    r = row_value<Order, Second, Fine>(min(Second ? max(a, V(kSingularRowsBegin)) : a, V(kRowsLast)));
     if constexpr (Second) {
       const Mask<V> small = a < V(kSingularRowsBegin);
       if (!none(small)) take(small, second_near_zero<Order>(min(a, V(kSingularRowsBegin))));
@@ -146,14 +146,14 @@ template <bool Pairs, Double V>
   const Mask<V> first = magnitude(r.f.head) >= magnitude(r.before.head);
   const HeadTail<V> known = {select(first, j0.head, j1.head), select(first, j0.tail, j1.tail)};
   const HeadTail<V> found = {select(first, r.f.head, r.before.head), select(first, r.f.tail, r.before.tail)};
-  V value;
+  V value;  // positive: the order is above the argument
   if constexpr (Pairs) {
     const HeadTail<V> q = divide(known, found);
     value = q.head + q.tail;
   } else {
     value = (known.head + known.tail) / found.head;
   }
-  return scaled_by(value, r.count, kScaleDown);
+  return scaled_by(magnitude(value), r.count, kScaleDown);
 }
 
 // |J| with its sign for positive orders and arguments.
@@ -171,7 +171,8 @@ template <bool Pairs, Double V>
     value = f.head + f.tail;
   }
   if (!none(above)) {
-    value = select(above, first_kind_downwards<Pairs>(select(above, a, V(0.5 * static_cast<double>(order))), order), value);
+    value =
+        select(above, first_kind_downwards<Pairs>(select(above, a, V(0.5 * static_cast<double>(order))), order), value);
   }
   return value;
 }
@@ -211,8 +212,8 @@ struct Jn {
 
   static auto special(V x, Order) { return not_finite(x); }
   static V lanes(V x, Order p) {
-    const V r = bessel::over_doubles(
-        magnitude(x), [&](auto a) { return bessel::first_kind<Double<V>>(a, bessel::magnitude_of(p)); });
+    const V r = bessel::over_doubles(magnitude(x),
+                                     [&](auto a) { return bessel::first_kind<Double<V>>(a, bessel::magnitude_of(p)); });
     const V signs = p.order % 2 == 0 ? V(E(0)) : bessel::changes_sign(p) ? flip_sign(x, V(E(-1))) : x;
     return flip_sign(r, signs);
   }
@@ -234,8 +235,8 @@ struct Yn {
 
   static auto special(V x, Order) { return not_positive_normal(x); }
   static V lanes(V x, Order p) {
-    const V r = bessel::over_doubles(
-        x, [&](auto a) { return bessel::second_kind<Double<V>>(a, bessel::magnitude_of(p)); });
+    const V r =
+        bessel::over_doubles(x, [&](auto a) { return bessel::second_kind<Double<V>>(a, bessel::magnitude_of(p)); });
     return flip_sign(r, V(E(bessel::changes_sign(p) ? -1 : 1)));
   }
   static int32_t element(const E* x, E* r, Order p) {

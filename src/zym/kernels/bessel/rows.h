@@ -10,6 +10,7 @@ namespace orvik::zym::bessel {
 
 // Arguments from here on lie behind the rows.
 inline constexpr double kRowsEnd = 63.75, kModifiedRowsEnd = 31.75, kSingularRowsBegin = 0x1p-5;
+inline constexpr double kRowsLast = 0x1.fdfffffffffffp5;  // the number below kRowsEnd
 
 // Number of the evenly spaced row of a non-negative argument: twice it, rounded.
 template <Double V>
@@ -29,8 +30,9 @@ template <Double V, int Part, class Rows, class Indexes>
   return gather(reinterpret_cast<const double(*)[4]>(&rows[0][0]) + Part, k);
 }
 
-// value + slope h + h^2 P(h): the first sum keeps what it lost. The value is the larger term, or 0. With Fine the second
-// sum keeps it too, for what is computed on: the error is below 2^-59 of the function's amplitude instead of 2^-57.
+// value + slope h + h^2 P(h): the first sum keeps what it lost. The value is the larger term, or 0. With Fine the
+// second sum keeps it too, for what is computed on: the error is below 2^-59 of the function's amplitude instead of
+// 2^-57.
 template <bool Fine = false, Double V, size_t N>
 [[gnu::always_inline]] inline HeadTail<V> expand(const double (&rows)[N][16], Integer<V> row, V a) {
   const auto k = indices(shift_left<2>(row));

@@ -10,9 +10,9 @@ namespace {
 constexpr int kSevere = FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW | FE_UNDERFLOW;
 
 template <class E>
-int flags_of(const std::string& name, bool strided, E x, int32_t order) {
+int flags_of(const std::string& name, bool strided, E x, int32_t order, E plain = E(0.75)) {
   const uint32_t mode = _zymSetMode(ZYM_ERRMODE_NOERR);
-  std::vector<E> a(150, E(0.75)), r1(150);
+  std::vector<E> a(150, plain), r1(150);
   a[3] = a[41] = a[70] = x;
   Call<E> c;
   c.n = 71, c.a = a.data(), c.r1 = r1.data(), c.order = order;
@@ -34,7 +34,8 @@ class BesselFlags : public ElementTest<E> {
         if (order != 0 && !any_order) continue;
         for (bool strided : {false, true}) {
           for (E x : xs)
-            EXPECT_EQ(flags_of(row_of<E>(f), strided, x, order), flags) << f << order << strided << ' ' << x;
+            EXPECT_EQ(flags_of(row_of<E>(f), strided, x, order, E(any_order ? 30 : 0.75)), flags)
+                << f << order << strided << ' ' << x;
         }
       }
     }
@@ -52,7 +53,7 @@ TYPED_TEST(BesselFlags, FiniteArgumentsOfTheSecondKindRaiseNone) {
   using E = TypeParam;
   this->expect({"Y0", "Y1"}, {E(0.01), E(1), E(40), E(64), E(9000), E(70000), E(1e30), this->largest, E(0x1p-120)}, 0);
   this->expect({"Y0"}, {this->smallest, this->tiny}, 0);
-  this->expect({"Yn"}, {E(0.5), E(1), E(40), E(64), E(9000), E(70000), E(1e30), this->largest}, 0);
+  this->expect({"Yn"}, {E(20), E(40), E(64), E(9000), E(70000), E(1e30), this->largest}, 0);
 }
 TYPED_TEST(BesselFlags, FiniteResultsOfTheModifiedFunctionsRaiseNone) {
   using E = TypeParam;
@@ -67,7 +68,7 @@ TYPED_TEST(BesselFlags, OverflowRaisesOverflow) {
     EXPECT_EQ(flags_of(row_of<E>(f), false, E(800), 0) & ~FE_OVERFLOW, 0) << f;
   }
   for (int32_t order : {3, 30, 1000}) {
-    EXPECT_EQ(flags_of(row_of<E>("Yn"), false, this->smallest, order), FE_OVERFLOW) << order;
+    EXPECT_EQ(flags_of(row_of<E>("Yn"), false, this->smallest, order, E(500)), FE_OVERFLOW) << order;
   }
 }
 TYPED_TEST(BesselFlags, PolesRaiseDivisionByZero) {

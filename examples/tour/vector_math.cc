@@ -120,6 +120,14 @@ void show_extreme(const Column& column) {
   }
   std::printf("  %-16s furthest from its mean: %g, by %.2f deviations; %.3g of %zu values expected there\n",
               column.name.c_str(), values[at], -score[at], 2 * tail[at] * n, values.size());
+// Bessel functions at the doubles nearest to their zeros, and one order far from its turning point.
+void show_bessel() {
+  const double zeros[] = {2.404825557695773, 5.520078110286311, 8.653727912911013};
+  double j0[3], j100[3];
+  _zymdJ0(3, zeros, j0);
+  _zymdJn(3, 100, zeros, j100);
+  std::printf("  J0 at %.15f, %.15f, %.15f: %.3g, %.3g, %.3g\n", zeros[0], zeros[1], zeros[2], j0[0], j0[1], j0[2]);
+  std::printf("  J of order 100 there: %.3g, %.3g, %.3g\n", j100[0], j100[1], j100[2]);
 }
 
 }  // namespace
@@ -134,6 +142,7 @@ void show_vector_math(const Table& table) {
   show_strided(table);
   std::printf("\n");
   show_complex(table.columns.front());
+  show_bessel();
 }
 
 }  // namespace tour

@@ -796,6 +796,90 @@ void _zymsErfcxI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t i
 ORVIK_TABLE void* orvik_zym_kernel_sErfcxI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sErfcxI_ctab[];
 
+/* sI0: modified Bessel function I of order 0; elements can be reported. */
+void _zymsI0_21(int32_t n, const float* a, float* r);
+void _zymsI0(int32_t n, const float* a, float* r);
+void _zymsI0_HA(int32_t n, const float* a, float* r);
+void _zymsI0_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sI0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sI0_ctab[];
+void _zymsI0I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI0I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI0I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI0I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sI0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sI0I_ctab[];
+
+/* sI1: modified Bessel function I of order 1; elements can be reported. */
+void _zymsI1_21(int32_t n, const float* a, float* r);
+void _zymsI1(int32_t n, const float* a, float* r);
+void _zymsI1_HA(int32_t n, const float* a, float* r);
+void _zymsI1_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sI1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sI1_ctab[];
+void _zymsI1I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI1I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI1I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI1I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sI1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sI1I_ctab[];
+
+/* sJ0: Bessel function J of order 0. */
+void _zymsJ0_21(int32_t n, const float* a, float* r);
+void _zymsJ0(int32_t n, const float* a, float* r);
+void _zymsJ0_HA(int32_t n, const float* a, float* r);
+void _zymsJ0_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sJ0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJ0_ctab[];
+void _zymsJ0I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ0I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ0I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ0I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sJ0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJ0I_ctab[];
+
+/* sJ1: Bessel function J of order 1. */
+void _zymsJ1_21(int32_t n, const float* a, float* r);
+void _zymsJ1(int32_t n, const float* a, float* r);
+void _zymsJ1_HA(int32_t n, const float* a, float* r);
+void _zymsJ1_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sJ1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJ1_ctab[];
+void _zymsJ1I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ1I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ1I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ1I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sJ1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJ1I_ctab[];
+
+/* sY0: Bessel function Y of order 0. */
+void _zymsY0_21(int32_t n, const float* a, float* r);
+void _zymsY0(int32_t n, const float* a, float* r);
+void _zymsY0_HA(int32_t n, const float* a, float* r);
+void _zymsY0_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sY0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sY0_ctab[];
+void _zymsY0I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY0I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY0I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY0I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sY0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sY0I_ctab[];
+
+/* sY1: Bessel function Y of order 1. */
+void _zymsY1_21(int32_t n, const float* a, float* r);
+void _zymsY1(int32_t n, const float* a, float* r);
+void _zymsY1_HA(int32_t n, const float* a, float* r);
+void _zymsY1_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sY1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sY1_ctab[];
+void _zymsY1I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY1I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY1I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY1I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sY1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sY1I_ctab[];
+
 /* dCeil: smallest integer not below a. */
 void _zymdCeil_50(int32_t n, const double* a, double* r);
 void _zymdCeil(int32_t n, const double* a, double* r);
@@ -1579,6 +1663,146 @@ void _zymdErfcxI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t
 void _zymdErfcxI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dErfcxI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dErfcxI_ctab[];
+
+/* dI0: modified Bessel function I of order 0; elements can be reported. */
+void _zymdI0_50(int32_t n, const double* a, double* r);
+void _zymdI0(int32_t n, const double* a, double* r);
+void _zymdI0_HA(int32_t n, const double* a, double* r);
+void _zymdI0_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dI0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dI0_ctab[];
+void _zymdI0I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI0I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI0I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI0I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dI0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dI0I_ctab[];
+
+/* dI1: modified Bessel function I of order 1; elements can be reported. */
+void _zymdI1_50(int32_t n, const double* a, double* r);
+void _zymdI1(int32_t n, const double* a, double* r);
+void _zymdI1_HA(int32_t n, const double* a, double* r);
+void _zymdI1_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dI1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dI1_ctab[];
+void _zymdI1I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI1I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI1I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI1I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dI1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dI1I_ctab[];
+
+/* dJ0: Bessel function J of order 0. */
+void _zymdJ0_50(int32_t n, const double* a, double* r);
+void _zymdJ0(int32_t n, const double* a, double* r);
+void _zymdJ0_HA(int32_t n, const double* a, double* r);
+void _zymdJ0_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dJ0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJ0_ctab[];
+void _zymdJ0I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ0I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ0I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ0I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dJ0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJ0I_ctab[];
+
+/* dJ1: Bessel function J of order 1. */
+void _zymdJ1_50(int32_t n, const double* a, double* r);
+void _zymdJ1(int32_t n, const double* a, double* r);
+void _zymdJ1_HA(int32_t n, const double* a, double* r);
+void _zymdJ1_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dJ1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJ1_ctab[];
+void _zymdJ1I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ1I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ1I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ1I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dJ1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJ1I_ctab[];
+
+/* dY0: Bessel function Y of order 0. */
+void _zymdY0_50(int32_t n, const double* a, double* r);
+void _zymdY0(int32_t n, const double* a, double* r);
+void _zymdY0_HA(int32_t n, const double* a, double* r);
+void _zymdY0_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dY0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dY0_ctab[];
+void _zymdY0I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY0I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY0I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY0I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dY0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dY0I_ctab[];
+
+/* dY1: Bessel function Y of order 1. */
+void _zymdY1_50(int32_t n, const double* a, double* r);
+void _zymdY1(int32_t n, const double* a, double* r);
+void _zymdY1_HA(int32_t n, const double* a, double* r);
+void _zymdY1_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dY1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dY1_ctab[];
+void _zymdY1I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY1I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY1I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY1I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dY1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dY1I_ctab[];
+
+/* sJn: Bessel function J of integer order. */
+void _zymsJn_21(int32_t n, int32_t order, const float* a, float* r);
+void _zymsJn(int32_t n, int32_t order, const float* a, float* r);
+void _zymsJn_HA(int32_t n, int32_t order, const float* a, float* r);
+void _zymsJn_11(int32_t n, int32_t order, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sJn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJn_ctab[];
+void _zymsJnI_21(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJnI(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJnI_HA(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJnI_11(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sJnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJnI_ctab[];
+
+/* sYn: Bessel function Y of integer order. */
+void _zymsYn_21(int32_t n, int32_t order, const float* a, float* r);
+void _zymsYn(int32_t n, int32_t order, const float* a, float* r);
+void _zymsYn_HA(int32_t n, int32_t order, const float* a, float* r);
+void _zymsYn_11(int32_t n, int32_t order, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sYn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sYn_ctab[];
+void _zymsYnI_21(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsYnI(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsYnI_HA(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsYnI_11(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sYnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sYnI_ctab[];
+
+/* dJn: Bessel function J of integer order. */
+void _zymdJn_50(int32_t n, int32_t order, const double* a, double* r);
+void _zymdJn(int32_t n, int32_t order, const double* a, double* r);
+void _zymdJn_HA(int32_t n, int32_t order, const double* a, double* r);
+void _zymdJn_26(int32_t n, int32_t order, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dJn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJn_ctab[];
+void _zymdJnI_50(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJnI(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJnI_HA(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJnI_26(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dJnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJnI_ctab[];
+
+/* dYn: Bessel function Y of integer order. */
+void _zymdYn_50(int32_t n, int32_t order, const double* a, double* r);
+void _zymdYn(int32_t n, int32_t order, const double* a, double* r);
+void _zymdYn_HA(int32_t n, int32_t order, const double* a, double* r);
+void _zymdYn_26(int32_t n, int32_t order, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dYn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dYn_ctab[];
+void _zymdYnI_50(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdYnI(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdYnI_HA(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdYnI_26(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dYnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dYnI_ctab[];
 
 /* cCos: cosine, a in radians; elements can be reported. */
 void _zymcCos_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);

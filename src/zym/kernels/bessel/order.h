@@ -202,7 +202,7 @@ inline int64_t magnitude_of(Order p) { return std::abs(static_cast<int64_t>(p.or
 inline bool changes_sign(Order p) { return p.order < 0 && p.order % 2 != 0; }
 
 // The filler is an argument where no order overflows.
-inline constexpr Knobs kOrderKnobs = {.vectors = 1, .filler = 1e30, .stray_underflow = true};
+inline constexpr Knobs kOrderKnobs = {.vectors = 1, .filler = 1e30, .stray = kUnderflowFlag};
 
 }  // namespace bessel
 

@@ -70,7 +70,6 @@ struct GridRest {  // sin(r) - r, cos(r) - 1
     cosine = z * horner(z, kGridCosine);
   }
 };
-// Without the sign.
 // As head and tail without the sign; |tail| is below 2^-12 of the head.
 template <Double V>
 [[gnu::always_inline]] inline HeadTail<V> grid_sine_parts(const GridPoint<V>& p, HeadTail<V> r) {

@@ -95,11 +95,6 @@ template <Double V>
   return {head, tail};
 }
 template <Double V>
-[[gnu::always_inline]] inline V grid_sine(const GridPoint<V>& p, HeadTail<V> r) {
-  const HeadTail<V> s = grid_sine_parts(p, r);
-  return flip_sign(s.head + s.tail, p.sign);
-}
-template <Double V>
 [[gnu::always_inline]] inline V grid_cosine(const GridPoint<V>& p, HeadTail<V> r) {
   const HeadTail<V> s = grid_cosine_parts(p, r);
   return flip_sign(s.head + s.tail, p.sign);

@@ -66,8 +66,8 @@ template <class E>
   return code;
 }
 
-// cPow HA:
-// zPow HA:
+// cPow HA: wrong ulp at -0x1p+0, -0x0p+0, -0x1p+0, -0x1p+0 (second result)
+// zPow HA: 7833292276978560.0000 ulp at -0x1p+0, 0x1p-1022, -0x1p+0, -0x1.8p+0 (second result)
 template <class V, Level L>
 struct Pow {
   using E = Element<V>;
@@ -86,8 +86,8 @@ struct Pow {
     return code_of<E>(*r);
   }
 };
-// cPowx HA:
-// zPowx HA:
+// cPowx HA: wrong ulp at -0x1p+0, -0x0p+0, 0x1.4p+1, -0x1.ep+0
+// zPowx HA: 7833292276978560.0000 ulp at -0x1p+0, 0x0.2p-1022, 0x1p+1, -0x1.8p+0 (second result)
 template <class V, Level L>
 struct Powx : Pow<V, L> {};
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "lanes/lanes.h"
+#include "zym/kernels/shared/halves.h"
 #include "zym/kernels/trig/coefficients.h"
 #include "zym/kernels/trig/tables.h"
 
@@ -33,11 +34,6 @@ template <class V, size_t N>
 [[gnu::always_inline]] inline V odd_sum(V r, V u, V u_tail, const Element<V> (&c)[N]) {
   const V z = r * r;
   return fma(r, u, r * fma(z, horner(z, c), u_tail));
-}
-// A function of doubles over the halves of floats.
-template <class F, Single V, class... More>
-[[gnu::always_inline]] inline V by_halves(F function, V x, More... more) {
-  return narrow(function(widen_low(x), widen_low(more)...), function(widen_high(x), widen_high(more)...));
 }
 
 // |x| = n pi/256 + r. pi in parts: n times the first is exact with x while n has 23 bits.
@@ -74,7 +70,7 @@ struct GridRest {  // sin(r) - r, cos(r) - 1
     cosine = z * horner(z, kGridCosine);
   }
 };
-// Without the sign.
+// As head and tail without the sign; |tail| is below 2^-12 of the head.
 template <Double V>
 [[gnu::always_inline]] inline HeadTail<V> grid_sine_parts(const GridPoint<V>& p, HeadTail<V> r) {
   const GridRest<V> rest(r.head);
@@ -85,6 +81,11 @@ template <Double V>
   return {head, tail};
 }
 template <Double V>
+[[gnu::always_inline]] inline V grid_sine(const GridPoint<V>& p, HeadTail<V> r) {
+  const HeadTail<V> sine = grid_sine_parts(p, r);
+  return flip_sign(sine.head + sine.tail, p.sign);
+}
+template <Double V>
 [[gnu::always_inline]] inline HeadTail<V> grid_cosine_parts(const GridPoint<V>& p, HeadTail<V> r) {
   const GridRest<V> rest(r.head);
   const V head = fnma(p.sine, r.head, p.cosine);
@@ -92,11 +93,6 @@ template <Double V>
   const V tail =
       fma(p.cosine, rest.cosine, fnma(p.sine, rest.sine + r.tail, fnma(p.sine_tail, r.head, p.cosine_tail + lost)));
   return {head, tail};
-}
-template <Double V>
-[[gnu::always_inline]] inline V grid_sine(const GridPoint<V>& p, HeadTail<V> r) {
-  const HeadTail<V> s = grid_sine_parts(p, r);
-  return flip_sign(s.head + s.tail, p.sign);
 }
 template <Double V>
 [[gnu::always_inline]] inline V grid_cosine(const GridPoint<V>& p, HeadTail<V> r) {

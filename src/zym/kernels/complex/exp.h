@@ -41,13 +41,14 @@ struct ExpParts {
 };
 
 template <Double V>
-[[gnu::always_inline]] inline V product_of_parts(HeadTail<V> e, HeadTail<V> s) {
+[[gnu::always_inline]] inline HeadTail<V> product_of_parts(HeadTail<V> e, HeadTail<V> s) {
   const HeadTail<V> p = two_prod(e.head, s.head);
-  return p.head + fma(e.head, s.tail, fma(e.tail, s.head + s.tail, p.tail));
+  return {p.head, fma(e.head, s.tail, fma(e.tail, s.head + s.tail, p.tail))};
 }
 template <Double V>
 [[gnu::always_inline]] inline Pair<V> on_circle(HeadTail<V> e, const CircleParts<V>& c, V y) {
-  return {flip_sign(product_of_parts(e, c.cosine), c.sign), flip_sign(product_of_parts(e, c.sine), c.sign ^ y)};
+  const HeadTail<V> re = product_of_parts(e, c.cosine), im = product_of_parts(e, c.sine);
+  return {flip_sign(re.head + re.tail, c.sign), flip_sign(im.head + im.tail, c.sign ^ y)};
 }
 
 // --- elements -------------------------------------------------------------------------------------------------------
@@ -73,8 +74,10 @@ inline ZymComplexDouble finite_exponential(double x, double y) {
     c.sine = {c.sine.head * up, c.sine.tail * up};
     n -= 200;
   }
-  const Pair<F64> r = on_circle(e.e, c, F64(y));
-  return scaled({first_lane(r.first), first_lane(r.second)}, n);
+  const auto part = [n](HeadTail<F64> p, F64 sign) {
+    return flip_sign(rounded(HeadTail<double>{first_lane(p.head), first_lane(p.tail)}, n), first_lane(sign));
+  };
+  return {part(product_of_parts(e.e, c.cosine), c.sign), part(product_of_parts(e.e, c.sine), c.sign ^ F64(y))};
 }
 
 // Of infinities and NaNs, by C99 Annex G.

@@ -74,8 +74,8 @@ struct ProductOf {
       const double a = x.re, b = x.im, c = y.re, d = y.im;
       return {static_cast<float>(fms(a, c, b * d)), static_cast<float>(fma(a, d, b * c))};
     } else {
-      const auto rounded = [](const FarSum& s) { return std::scalbn(s.m.head + s.m.tail, s.e); };
-      return {rounded(far_sum(x.re, y.re, -x.im, y.im)), rounded(far_sum(x.re, y.im, x.im, y.re))};
+      const FarSum re = far_sum(x.re, y.re, -x.im, y.im), im = far_sum(x.re, y.im, x.im, y.re);
+      return {rounded(re.m, re.e), rounded(im.m, im.e)};
     }
   }
 

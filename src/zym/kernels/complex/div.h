@@ -93,6 +93,7 @@ struct DivElement {
 template <class V, Level L>
 struct Div;
 
+// cDiv HA: 0.7072 ulp norm at -0x0p+0, 0x1.7a6ap-131, -0x1p+3, -0x1p+3
 template <Single V>
 struct Div<V, Level::HA> : DivElement<float> {
   static constexpr Knobs knobs = {.vectors = 1};
@@ -107,6 +108,7 @@ struct Div<V, Level::HA> : DivElement<float> {
   }
 };
 
+// cDiv EP: 21.92 bits norm at -0x1.fd6eb8p+0, -0x1.0f3d2p-20, -0x1.08ace6p-3, 0x1.13ac4p+2
 template <Single V>
 struct Div<V, Level::EP> : DivElement<float> {
   static constexpr Knobs knobs = {.vectors = 2, .stray_underflow = true};
@@ -127,6 +129,9 @@ struct Div<V, Level::EP> : DivElement<float> {
   }
 };
 
+// zDiv LA: 2.2044 ulp norm at -0x1.ff2012cd2854dp-5, 0x1.7725015f7c7eep+2, -0x1.ff2012cd28551p-5, -0x1.7725015f7c7f2p+2
+// zDiv HA: 0.7069 ulp norm at 0x0p+0, 0x0.00000000005bp-1022, -0x1.81359ef44c858p+2, 0x1.a41201fc25bd8p+2
+// zDiv EP: 50.99 bits norm at -0x1.3b500fae5d8f2p-13, 0x1.bb8a2dea85ee4p+2, -0x1.8faf563b34927p-17, 0x1.798bee0da5be8p+2
 template <Double V, Level L>
 struct Div<V, L> : DivElement<double> {
   static constexpr Knobs knobs = {.vectors = L == Level::HA ? 1 : 2, .stray_underflow = true};

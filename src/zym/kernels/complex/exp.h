@@ -115,6 +115,8 @@ struct ExpElement {
 // --- lanes ----------------------------------------------------------------------------------------------------------
 
 // e^x to about half an ulp times sine and cosine of the lowest level.
+// cExp LA: 1.7519 ulp norm at -0x1.9c1e2cp+4, -0x1.dae284p+3
+// zExp LA: 1.8331 ulp norm at -0x1.90d3bc70075ep+4, -0x1.ee9c865fedc7p+1
 template <class V, Level L>
 struct Exp : ExpElement<V> {
   using Power = zym::Exp<V, Level::HA>;
@@ -134,6 +136,7 @@ struct Exp : ExpElement<V> {
   static Pair<V> product(V e, Pair<V> sine_cosine) { return {e * sine_cosine.second, e * sine_cosine.first}; }
 };
 
+// cExp HA: 0.7324 ulp norm at 0x1.ce6924p+3, 0x1.d9910ep+3
 template <Single V>
 struct Exp<V, Level::HA> : ExpElement<V> {
   static constexpr Knobs knobs = trig::knobs_of(1);
@@ -181,6 +184,7 @@ struct Exp<V, Level::HA> : ExpElement<V> {
   }
 };
 
+// zExp HA: 0.7067 ulp norm at -0x1.15690ba5f8532p+5, 0x1.8e713fa79ff4p-1
 template <Double V>
 struct Exp<V, Level::HA> : ExpElement<V> {
   static constexpr Knobs knobs = trig::knobs_of(1);

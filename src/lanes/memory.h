@@ -1,4 +1,4 @@
-// Loads and stores of lanes: whole vectors, the first k lanes, every step-th element.
+// Loads and stores of lanes: whole vectors, the first k lanes, complex elements as pairs.
 #pragma once
 
 #include <cstdint>
@@ -110,38 +110,10 @@ inline Element<V> horizontal_sum(V a) {
   return lane[0];
 }
 
-// Every step-th element. Single loads: as fast as the gather instruction or faster, and without its 32-bit index range.
-template <class V>
-inline V load_strided(const Element<V>* p, int64_t step) {
-  if constexpr (std::is_same_v<V, F32>) {
-    return _mm256_setr_ps(p[0], p[step], p[2 * step], p[3 * step], p[4 * step], p[5 * step], p[6 * step], p[7 * step]);
-  } else {
-    return _mm256_setr_pd(p[0], p[step], p[2 * step], p[3 * step]);
-  }
-}
-
-// The first k of them, the last one again in the other lanes: no memory behind it is touched, and no detour through a
-// buffer, from which a vector could only be loaded once all of its elements have left the store queue.
-template <class V>
-inline V load_first_strided(const Element<V>* p, int64_t step, int k) {
-  const Element<V>* q[kWidth<V>];
-  q[0] = p;
-#pragma GCC unroll 8
-  for (int i = 1; i < kWidth<V>; ++i) q[i] = q[i - 1] + (k > i ? step : 0);
-  if constexpr (std::is_same_v<V, F32>) {
-    return _mm256_setr_ps(*q[0], *q[1], *q[2], *q[3], *q[4], *q[5], *q[6], *q[7]);
-  } else {
-    return _mm256_setr_pd(*q[0], *q[1], *q[2], *q[3]);
-  }
-}
-
-// Every step-th element. Floats by way of memory: taking them out of a register one by one would meet the shuffles of the
-// loads at one port.
-inline void store_strided(float* p, int64_t step, F32 a) {
-  alignas(32) float row[8];
-  _mm256_store_ps(row, a.v);
-  p[0] = row[0], p[step] = row[1], p[2 * step] = row[2], p[3 * step] = row[3];
-  p[4 * step] = row[4], p[5 * step] = row[5], p[6 * step] = row[6], p[7 * step] = row[7];
+// Every step-th of a few elements; for more than these, and for any size, see strided.h.
+template <Double V>
+inline V load_strided(const double* p, int64_t step) {
+  return _mm256_setr_pd(p[0], p[step], p[2 * step], p[3 * step]);
 }
 inline void store_strided(double* p, int64_t step, F64 a) {
   const __m128d low = _mm256_castpd256_pd128(a.v), high = _mm256_extractf128_pd(a.v, 1);
@@ -169,38 +141,6 @@ inline void store_pairs(double* p, Pair<F64> a) {
   const __m256d low = _mm256_unpacklo_pd(a.first.v, a.second.v), high = _mm256_unpackhi_pd(a.first.v, a.second.v);
   _mm256_storeu_pd(p, _mm256_permute2f128_pd(low, high, 0x20));
   _mm256_storeu_pd(p + 4, _mm256_permute2f128_pd(low, high, 0x31));
-}
-
-// Every step-th element. Quarters of the registers by single elements, so that the parts come apart in their order.
-inline Pair<F32> load_strided_pairs(const float* p, int64_t step) {
-  const auto two = [&](int64_t i) {
-    const __m128 low = _mm_castpd_ps(_mm_load_sd(reinterpret_cast<const double*>(p + 2 * i * step)));
-    return _mm_loadh_pi(low, reinterpret_cast<const __m64*>(p + 2 * (i + 1) * step));
-  };
-  const __m256 a = _mm256_insertf128_ps(_mm256_castps128_ps256(two(0)), two(4), 1);
-  const __m256 b = _mm256_insertf128_ps(_mm256_castps128_ps256(two(2)), two(6), 1);
-  return {_mm256_shuffle_ps(a, b, 0x88), _mm256_shuffle_ps(a, b, 0xDD)};
-}
-inline Pair<F64> load_strided_pairs(const double* p, int64_t step) {
-  const auto one = [&](int64_t i) { return _mm_loadu_pd(p + 2 * i * step); };
-  const __m256d a = _mm256_insertf128_pd(_mm256_castpd128_pd256(one(0)), one(2), 1);
-  const __m256d b = _mm256_insertf128_pd(_mm256_castpd128_pd256(one(1)), one(3), 1);
-  return {_mm256_unpacklo_pd(a, b), _mm256_unpackhi_pd(a, b)};
-}
-inline void store_strided_pairs(float* p, int64_t step, Pair<F32> x) {
-  const auto two = [&](int64_t i, __m128 a) {
-    _mm_storel_pi(reinterpret_cast<__m64*>(p + 2 * i * step), a);
-    _mm_storeh_pi(reinterpret_cast<__m64*>(p + 2 * (i + 1) * step), a);
-  };
-  const __m256 a = _mm256_unpacklo_ps(x.first.v, x.second.v), b = _mm256_unpackhi_ps(x.first.v, x.second.v);
-  two(0, _mm256_castps256_ps128(a)), two(2, _mm256_castps256_ps128(b));
-  two(4, _mm256_extractf128_ps(a, 1)), two(6, _mm256_extractf128_ps(b, 1));
-}
-inline void store_strided_pairs(double* p, int64_t step, Pair<F64> x) {
-  const auto one = [&](int64_t i, __m128d a) { _mm_storeu_pd(p + 2 * i * step, a); };
-  const __m256d a = _mm256_unpacklo_pd(x.first.v, x.second.v), b = _mm256_unpackhi_pd(x.first.v, x.second.v);
-  one(0, _mm256_castpd256_pd128(a)), one(1, _mm256_castpd256_pd128(b));
-  one(2, _mm256_extractf128_pd(a, 1)), one(3, _mm256_extractf128_pd(b, 1));
 }
 
 // The same in the order that costs least, elements 0 1 4 5 2 3 6 7 or 0 2 1 3, for loops to which the order means nothing;

@@ -3,6 +3,7 @@
 // more copy of the lanes, in run(); all else is shared by all kernels (body.h).
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <type_traits>
@@ -18,6 +19,7 @@ namespace orvik::zym {
 
 // The parameters of a call, handed on by address.
 struct NoParams {};
+inline constexpr NoParams kNoParams;
 
 template <class Fn, class V, Signature S, class Params = NoParams>
 struct Kernel {
@@ -38,6 +40,8 @@ struct Kernel {
   static constexpr Knobs kKnobs = Traits::knobs;
   static constexpr int kVectors = kKnobs.vectors;
   static constexpr int kBlock = kVectors * kWidth<V> > kMaxBlock ? kMaxBlock : kVectors* kWidth<V>;
+
+  using Registers = ControlRegisters<kKnobs.stray>;
 
   struct Inputs {
     LanesOf<A> a;
@@ -402,6 +406,7 @@ struct Kernel {
   static constexpr Body make_body(const char* name) {
     Body body = {};
     if constexpr (Traits::has_lanes) {
+      body.unit = unit_piece;
       body.run = run;
       if constexpr (kSpecial) body.redo = redo;
     } else {
@@ -415,25 +420,32 @@ struct Kernel {
     body.out_bytes[0] = body.out_bytes[1] = sizeof(R);
     body.scalar = kScalarB;
     body.complex = S.a == Kind::complex;
-    body.stray_underflow = kKnobs.stray_underflow;
+    body.stray = kKnobs.stray;
     body.single = Single<V>;
     body.block = kBlock;
+    body.piece = kRowBytes / std::max({sizeof(A), sizeof(B), sizeof(R)});
     return body;
+  }
+
+  // Nothing is handed on by the address of a constant, so that a call needs no memory for it.
+  static const void* address_of(const Params& params) {
+    if constexpr (std::is_same_v<Params, NoParams>) return &kNoParams;
+    return &params;
   }
 
   // --- whole calls --------------------------------------------------------------------------------------------------
 
   static Operands unit_operands(const A* a, const B* b, R* r1, R* r2) {
-    return {{reinterpret_cast<const char*>(a), reinterpret_cast<const char*>(b)},
+    return {{reinterpret_cast<const char*>(a), kBinary ? reinterpret_cast<const char*>(b) : nullptr},
             {sizeof(A), kScalarB ? 0 : sizeof(B)},
-            {reinterpret_cast<char*>(r1), reinterpret_cast<char*>(r2)},
+            {reinterpret_cast<char*>(r1), kTwoResults ? reinterpret_cast<char*>(r2) : nullptr},
             {sizeof(R), sizeof(R)}};
   }
 
   // Whole blocks, as many as fit, up to the first with a special lane; returns the number of elements done. The loop
   // holds no call, so that the constants stay in registers. A block is read whole before any of it is stored.
   template <class Load, class Store>
-  [[gnu::always_inline]] static int64_t plain_blocks(int64_t n, const Params& params, Load load_at, Store store_at) {
+  [[gnu::always_inline]] static int64_t plain_blocks(int64_t n, Params params, Load load_at, Store store_at) {
     constexpr int N = kBlock / kWidth<V>;
     int64_t i = 0;
     for (const int64_t last = n - kBlock; i <= last; i += kBlock) {
@@ -464,35 +476,45 @@ struct Kernel {
   }
 
   // Out of line: the hot loop's pointers must not escape.
-  [[gnu::noinline, gnu::cold]] static void special_block(const Body& body, uint32_t mode, ControlRegisters* stray_flags,
-                                                         const A* a, const B* b, R* r1, R* r2, int64_t i, int count,
-                                                         const Params& params) {
+  [[gnu::noinline, gnu::cold]] static void special_block(const Body& body, uint32_t mode, const A* a, const B* b, R* r1,
+                                                         R* r2, int64_t i, int count, Params params,
+                                                         uint32_t* kept, Piece* piece) {
     const Operands operands = unit_operands(a, b, r1, r2);
-    run_special_block({body, mode, operands, &params, stray_flags}, i, count);
+    run_special_block({body, mode, operands, address_of(params), kept, piece}, i, count);
   }
-  static ControlRegisters* stray_flags(ControlRegisters& registers) { return kKnobs.stray_flags ? &registers : nullptr; }
 
-  // A short call has no call of its own, so that it saves no registers.
+  // Both ways are calls in last place: what a short call saves of registers is its own.
   [[gnu::always_inline]] static void unit(const Body& body, int64_t n, const A* a, const B* b, R* r1, R* r2,
-                                          const Params& params) {
+                                          Params params, Piece* piece = nullptr) {
     if constexpr (!Traits::has_lanes) {
-      run_element_loop(body, n, unit_operands(a, b, r1, r2), &params);
+      run_element_loop(body, n, unit_operands(a, b, r1, r2), address_of(params));
+    } else if (n >= kBlock) {
+      unit_blocks(body, n, a, b, r1, r2, params, piece);
     } else {
-      if (n >= kBlock) return unit_blocks(body, n, a, b, r1, r2, params);
-      const uint32_t mode = current_mode();
-      ControlRegisters registers(mode, kKnobs.stray_underflow);
-      tail(body, mode, registers, n, a, b, r1, r2, 0, params);
+      unit_short(body, n, a, b, r1, r2, params, piece);
     }
+  }
+  static void unit_piece(const Body& body, int64_t n, const void* a, const void* b, void* r1, void* r2,
+                         const void* params, Piece* piece) {
+    unit(body, n, static_cast<const A*>(a), static_cast<const B*>(b), static_cast<R*>(r1), static_cast<R*>(r2),
+         *static_cast<const Params*>(params), piece);
+  }
+
+  [[gnu::noinline]] static void unit_short(const Body& body, int64_t n, const A* a, const B* b, R* r1, R* r2,
+                                           Params params, Piece* piece) {
+    const uint32_t mode = current_mode();
+    Registers registers(mode);
+    tail(body, mode, n, a, b, r1, r2, 0, params, registers.kept(), piece);
   }
 
   [[gnu::noinline]] static void unit_blocks(const Body& body, int64_t n, const A* a, const B* b, R* r1, R* r2,
-                                            const Params& params) {
+                                            Params params, Piece* piece) {
     const uint32_t mode = current_mode();
-    ControlRegisters registers(mode, kKnobs.stray_underflow);
+    Registers registers(mode);
     int64_t i = 0;
     if constexpr (kKnobs.streams && !kTwoResults) {
       if (n >= kStreamBytes / static_cast<int64_t>(sizeof(R)) && disjoint(n, a, b, r1)) [[unlikely]] {
-        i = past_cache(body, mode, registers, n, a, b, r1, params);
+        i = past_cache(body, mode, n, a, b, r1, params, registers.kept());
       }
     }
     for (;;) {
@@ -502,16 +524,16 @@ struct Kernel {
           [&](int64_t at, const auto& r) { store_loop_results(r1, r2, from + at, r); });
       if (n - i < kBlock) break;
       if constexpr (kSpecial) {
-        special_block(body, mode, stray_flags(registers), a, b, r1, r2, i, kBlock, params);
+        special_block(body, mode, a, b, r1, r2, i, kBlock, params, registers.kept(), piece);
         i += kBlock;
       }
     }
-    tail(body, mode, registers, n, a, b, r1, r2, i, params);
+    tail(body, mode, n, a, b, r1, r2, i, params, registers.kept(), piece);
   }
 
   // What is left behind the last whole block: single vectors, then the first lanes of one.
-  [[gnu::always_inline]] static void tail(const Body& body, uint32_t mode, ControlRegisters& registers, int64_t n,
-                                          const A* a, const B* b, R* r1, R* r2, int64_t i, const Params& params) {
+  [[gnu::always_inline]] static void tail(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b, R* r1,
+                                          R* r2, int64_t i, Params params, uint32_t* kept, Piece* piece) {
 #pragma GCC unroll 1
     for (; i < n; i += kWidth<V>) {
       const int64_t k = n - i;
@@ -520,13 +542,13 @@ struct Kernel {
       if constexpr (kTested) {
         // A scalar operand is special in the inactive lanes too.
         if ((lane_bits(special(x, params)) & here) != 0) [[unlikely]] {
-          return special_block(body, mode, stray_flags(registers), a, b, r1, r2, i, static_cast<int>(k), params);
+          return special_block(body, mode, a, b, r1, r2, i, static_cast<int>(k), params, kept, piece);
         }
       }
       const LanesResult r = lanes(x, params);
       if constexpr (kMasked) {
         if ((lane_bits(r.special) & here) != 0) [[unlikely]] {
-          return special_block(body, mode, stray_flags(registers), a, b, r1, r2, i, static_cast<int>(k), params);
+          return special_block(body, mode, a, b, r1, r2, i, static_cast<int>(k), params, kept, piece);
         }
       }
       if (k >= kWidth<V>) {
@@ -537,90 +559,82 @@ struct Kernel {
     }
   }
 
-  // --- any increments -----------------------------------------------------------------------------------------------
-
-  template <class T>
-  static LanesOf<T> load_strided_lanes(const T* p, int64_t inc) {
-    if constexpr (std::is_same_v<T, E>) {
-      return load_strided<V>(p, inc);
-    } else {
-      return load_strided_pairs(reinterpret_cast<const E*>(p), inc);
-    }
-  }
-  static Inputs load_strided_inputs(const A* a, int64_t incA, const B* b, int64_t incB, int64_t i) {
-    Inputs x;
-    x.a = load_strided_lanes(a + i * incA, incA);
-    if constexpr (kScalarB) {
-      x.b = broadcast(b);
-    } else if constexpr (kBinary) {
-      x.b = load_strided_lanes(b + i * incB, incB);
-    }
-    return x;
-  }
-  template <class T>
-  static void store_strided_lanes(T* p, int64_t inc, LanesOf<T> x) {
-    if constexpr (std::is_same_v<T, E>) {
-      store_strided(p, inc, x);
-    } else {
-      store_strided_pairs(reinterpret_cast<E*>(p), inc, x);
-    }
-  }
+  // Any increments: gathered, computed as above, spread (body.cc). Doubles, of which few fit a vector, go from array to
+  // array without the rows between, but for special and last ones.
   static void strided(const Body& body, int64_t n, const A* a, int64_t incA, const B* b, int64_t incB, R* r1,
-                      int64_t incR1, R* r2, int64_t incR2, const Params& params) {
+                      int64_t incR1, R* r2, int64_t incR2, Params params) {
     const Operands operands = {{reinterpret_cast<const char*>(a), reinterpret_cast<const char*>(b)},
                                {incA * static_cast<int64_t>(sizeof(A)), incB * static_cast<int64_t>(sizeof(B))},
                                {reinterpret_cast<char*>(r1), reinterpret_cast<char*>(r2)},
                                {incR1 * static_cast<int64_t>(sizeof(R)), incR2 * static_cast<int64_t>(sizeof(R))}};
     if constexpr (!Traits::has_lanes) {
-      run_element_loop(body, n, operands, &params);
+      run_element_loop(body, n, operands, address_of(params));
+    } else if constexpr (Double<V> && S.a == Kind::real && S.r == Kind::real) {
+      const int64_t done = direct(body, n, a, incA, b, incB, r1, incR1, r2, incR2, operands, params);
+      if (done < n) run_strided(body, done, n, operands, address_of(params));
     } else {
-      const uint32_t mode = current_mode();
-      ControlRegisters registers(mode, kKnobs.stray_underflow);
-      const Call call{body, mode, operands, &params, stray_flags(registers)};
-      // Where arrays meet, a block is read whole before any of it is stored. Apart, nobody can tell, and one or two
-      // vectors at a time keep the code small.
-      if (n > 1 && !independent(call, n)) [[unlikely]]
-        return run_overlapping(call, n);
-      constexpr int U = kKnobs.streams || kBlock == kWidth<V> ? 1 : 2;
-      int64_t i = 0;
-#pragma GCC unroll 1
-      for (; n - i >= U * kWidth<V>; i += U * kWidth<V>) {
-        Inputs x[U];
+      run_strided(body, 0, n, operands, address_of(params));
+    }
+  }
+
+  // Two vectors at a time, as many as fit; none where arrays meet. Returns the number of elements done.
+  [[gnu::always_inline]] static int64_t direct(const Body& body, int64_t n, const A* a, int64_t incA, const B* b,
+                                               int64_t incB, R* r1, int64_t incR1, R* r2, int64_t incR2,
+                                               const Operands& operands, Params params) {
+    constexpr int N = kVectors > 1 ? 2 : 1;
+    constexpr int64_t kStep = N * kWidth<V>;
+    if (n < kStep || !apart(body, operands, n)) return 0;
+    const uint32_t mode = current_mode();
+    Registers registers(mode);
+    const int64_t last = n - kStep;
+    int64_t i = 0;
+    for (; i <= last; i += kStep) {
+      Inputs x[N];
 #pragma GCC unroll 2
-        for (int v = 0; v < U; ++v) x[v] = load_strided_inputs(a, incA, b, incB, i + v * kWidth<V>);
-        bool plain = true;
-        if constexpr (kTested) {
-          auto mask = special(x[0], params);
-          if constexpr (U == 2) mask = mask | special(x[U - 1], params);
+      for (int v = 0; v < N; ++v) {
+        x[v].a = load_strided<V>(a, incA);
+        a += kWidth<V> * incA;
+        if constexpr (kScalarB) {
+          x[v].b = broadcast(b);
+        } else if constexpr (kBinary) {
+          x[v].b = load_strided<V>(b, incB);
+          b += kWidth<V> * incB;
+        }
+      }
+      bool plain = true;
+      if constexpr (kTested) {
+        auto mask = special(x[0], params);
+        if constexpr (N == 2) mask = mask | special(x[N - 1], params);
+        plain = none(mask);
+      }
+      if (plain) [[likely]] {
+        LanesResult r[N];
+#pragma GCC unroll 2
+        for (int v = 0; v < N; ++v) r[v] = lanes(x[v], params);
+        if constexpr (kMasked) {
+          auto mask = r[0].special;
+          if constexpr (N == 2) mask = mask | r[N - 1].special;
           plain = none(mask);
         }
         if (plain) [[likely]] {
-          LanesResult r[U];
 #pragma GCC unroll 2
-          for (int v = 0; v < U; ++v) r[v] = lanes(x[v], params);
-          if constexpr (kMasked) {
-            Mask<V> mask = r[0].special;
-            if constexpr (U == 2) mask = mask | r[U - 1].special;
-            plain = none(mask);
-          }
-          if (plain) [[likely]] {
-#pragma GCC unroll 2
-            for (int v = 0; v < U; ++v) {
-              const int64_t k = i + v * kWidth<V>;
-              if constexpr (kTwoResults) {
-                store_strided(r1 + k * incR1, incR1, value_of(r[v]).first);
-                store_strided(r2 + k * incR2, incR2, value_of(r[v]).second);
-              } else {
-                store_strided_lanes(r1 + k * incR1, incR1, value_of(r[v]));
-              }
+          for (int v = 0; v < N; ++v) {
+            const int64_t at = v * kWidth<V>;
+            if constexpr (kTwoResults) {
+              store_strided(r1 + at * incR1, incR1, value_of(r[v]).first);
+              store_strided(r2 + at * incR2, incR2, value_of(r[v]).second);
+            } else {
+              store_strided(r1 + at * incR1, incR1, value_of(r[v]));
             }
           }
         }
-        if (!plain) [[unlikely]]
-          run_special_strided(call, i, U * kWidth<V>);
       }
-      if (i < n) run_special_strided(call, i, static_cast<int>(n - i));
+      if (!plain) [[unlikely]]
+        run_strided(body, i, i + kStep, operands, address_of(params));
+      r1 += kStep * incR1;
+      if constexpr (kTwoResults) r2 += kStep * incR2;
     }
+    return i;
   }
 
  private:
@@ -638,12 +652,12 @@ struct Kernel {
     return apart(a) && (!kBinary || kScalarB || apart(b));
   }
 
-  [[gnu::noinline]] static int64_t past_cache(const Body& body, uint32_t mode, ControlRegisters& registers, int64_t n,
-                                              const A* a, const B* b, R* r, const Params& params) {
+  [[gnu::noinline]] static int64_t past_cache(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b, R* r,
+                                              Params params, uint32_t* kept) {
     const uintptr_t misaligned = reinterpret_cast<uintptr_t>(r) % sizeof(V);
     if (misaligned % sizeof(R) != 0) return 0;
     const int64_t first = misaligned != 0 ? static_cast<int64_t>((sizeof(V) - misaligned) / sizeof(R)) : 0;
-    tail(body, mode, registers, first, a, b, r, nullptr, 0, params);
+    tail(body, mode, first, a, b, r, nullptr, 0, params, kept, nullptr);
     const int64_t done = plain_blocks(
         n - first, params, [&](int64_t at) { return load_loop_inputs(a, b, first + at); },
         [&](int64_t at, const auto& x) { store_past_cache(reinterpret_cast<E*>(r + first + at), loop_result(x)); });

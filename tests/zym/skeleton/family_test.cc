@@ -73,7 +73,7 @@ struct Loop {
 template <class V>
 struct StrayFlags {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.stray_flags = true};
+  static constexpr Knobs knobs = {.stray = kDivideByZeroFlag | kInvalidFlag};
   static Masked<V, Mask<V>> lanes(V x) { return {V(E(1)) / x, x == V(E(0))}; }
   static int32_t element(const E* x, E* r) {
     *r = is_negative(*x) ? opaque(infinity<E>) - opaque(infinity<E>) : E(7);

@@ -111,7 +111,7 @@ struct Div<V, Level::HA> : DivElement<float> {
 // cDiv EP: 21.92 bits norm at -0x1.fd6eb8p+0, -0x1.0f3d2p-20, -0x1.08ace6p-3, 0x1.13ac4p+2
 template <Single V>
 struct Div<V, Level::EP> : DivElement<float> {
-  static constexpr Knobs knobs = {.vectors = 2, .stray_underflow = true};
+  static constexpr Knobs knobs = {.vectors = 2, .stray = kUnderflowFlag};
   static Mask<V> special(Pair<V> x, Pair<V> y) { return far_from_1<30>(x, y); }
   static Pair<V> lanes(Pair<V> x, Pair<V> y) {
     const auto [a, b] = x;
@@ -134,7 +134,7 @@ struct Div<V, Level::EP> : DivElement<float> {
 // zDiv EP: 50.99 bits norm at -0x1.3b500fae5d8f2p-13, 0x1.bb8a2dea85ee4p+2, -0x1.8faf563b34927p-17, 0x1.798bee0da5be8p+2
 template <Double V, Level L>
 struct Div<V, L> : DivElement<double> {
-  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 1 : 2, .stray_underflow = true};
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 1 : 2, .stray = kUnderflowFlag};
   static Mask<V> special(Pair<V> x, Pair<V> y) { return far_from_1<300>(x, y); }
   static Pair<V> lanes(Pair<V> x, Pair<V> y) {
     if constexpr (L == Level::HA) {

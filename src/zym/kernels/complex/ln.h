@@ -91,7 +91,7 @@ struct Ln;
 // cLn EP: 14.79 bits norm at 0x1.eee8ap-1, -0x1.065ea8p-2
 template <Single V, Level L>
 struct Ln<V, L> : LnElement<float> {
-  static constexpr Knobs knobs = {.vectors = 1, .stray_underflow = true};
+  static constexpr Knobs knobs = {.vectors = 1, .stray = kUnderflowFlag};
   static auto special(Pair<V> z) { return Atan2<V, L>::special(z.second, z.first); }
   static Pair<V> lanes(Pair<V> z) { return {log_magnitude(z), Atan2<V, L>::lanes(z.second, z.first)}; }
   static Masked<Pair<V>, Mask<V>> wide(Pair<V> z) {
@@ -106,7 +106,7 @@ struct Ln<V, L> : LnElement<float> {
 // zLn EP: 30.83 bits norm at 0x1.f97d67855bc04p-1, -0x1.458d4641d507bp-3
 template <Double V, Level L>
 struct Ln<V, L> : LnElement<double> {
-  static constexpr Knobs knobs = {.vectors = 1, .stray_underflow = true};
+  static constexpr Knobs knobs = {.vectors = 1, .stray = kUnderflowFlag};
   static auto special(Pair<V> z) { return Atan2<V, L>::special(z.second, z.first); }
   static Pair<V> lanes(Pair<V> z) {
     return {half_logarithm<L>(squares(z.first, z.second), V(0.0)), Atan2<V, L>::lanes(z.second, z.first)};

@@ -45,7 +45,7 @@ struct ProductOf {
   using C = Complex<E>;
   // Tails of products may underflow where the result does not.
   static constexpr Knobs knobs = {
-      .vectors = L == Level::HA ? 1 : 2, .stray_underflow = L == Level::HA, .stray_flags = true};
+      .vectors = L == Level::HA ? 1 : 2, .stray = (L == Level::HA ? kUnderflowFlag : 0) | kSevereFlags};
 
   static auto lanes(Pair<V> x, Pair<V> y) {
     const Pair<V> r = product<Conjugate, L>(x, y);

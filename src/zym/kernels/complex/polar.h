@@ -20,8 +20,7 @@ struct Abs {
   using E = Element<V>;
   using Real = Hypot<V, L>;
   static constexpr Knobs knobs = Real::knobs;
-  static auto special(Pair<V> z) { return Real::special(z.first, z.second); }
-  static V lanes(Pair<V> z) { return Real::lanes(z.first, z.second); }
+  static auto lanes(Pair<V> z) { return Real::lanes(z.first, z.second); }
   static int32_t element(const Complex<E>* z, E* r) { return Real::element(&z->re, &z->im, r); }
 };
 

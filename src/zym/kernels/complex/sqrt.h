@@ -119,13 +119,13 @@ template <class V>
 struct Sqrt<V, Level::LA> : SqrtElement<Element<V>> {
   using E = Element<V>;
   using Magnitude = Hypot<V, Level::LA>;
-  static constexpr Knobs knobs = {.vectors = 2, .stray_underflow = true};
+  static constexpr Knobs knobs = Magnitude::knobs;
 
-  static auto special(Pair<V> z) { return Magnitude::special(z.first, z.second); }
-  static Pair<V> lanes(Pair<V> z) {
+  static auto lanes(Pair<V> z) {
     const V half = V(E(0.5));
-    const V w = zym::Sqrt<V, Level::HA>::lanes((magnitude(z.first) + Magnitude::lanes(z.first, z.second)) * half);
-    return placed_root(w, magnitude(z.second) / (w + w), z);
+    const auto size = Magnitude::lanes(z.first, z.second);
+    const V w = zym::Sqrt<V, Level::HA>::lanes((magnitude(z.first) + size.value) * half);
+    return Masked{placed_root(w, magnitude(z.second) / (w + w), z), size.special};
   }
 };
 

@@ -18,6 +18,9 @@ std::vector<Peer> all_peers() {
 #ifdef ORVIK_BENCH_BOOST
   take(boost_peers());
 #endif
+#ifdef ORVIK_BENCH_GSL
+  take(gsl_peers());
+#endif
   return all;
 }
 

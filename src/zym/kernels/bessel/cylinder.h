@@ -64,7 +64,7 @@ template <int Order, bool Second, class V>
 }
 
 // Squares of tiny and of huge arguments' reciprocals underflow on the way.
-inline constexpr Knobs kCylinderKnobs = {.vectors = 2, .stray_underflow = true};
+inline constexpr Knobs kCylinderKnobs = {.vectors = 2, .stray = kUnderflowFlag};
 
 template <int Order, class V>
 struct FirstKind {

@@ -83,7 +83,8 @@ struct Modified {
 
   static Masked<V, Mask<V>> wide(V x) {
     const Mask<V> outside = complement(magnitude(x) <= V(kOverflow));
-    const V a = select(outside, V(E(32)), max(magnitude(x), V(E(kModifiedRowsEnd))));
+    const V a =
+        max(select(outside, V(E(32)), magnitude(x)), V(E(kModifiedRowsEnd)));  // of no NaN: it would raise invalid
     V r;
     if constexpr (Single<V>) {
       r = narrow(modified_far<Order, true>(widen_low(a)), modified_far<Order, true>(widen_high(a)));

@@ -143,4 +143,46 @@ inline void store_pairs(double* p, Pair<F64> a) {
   _mm256_storeu_pd(p + 4, _mm256_permute2f128_pd(low, high, 0x31));
 }
 
+// The same in the order that costs least, elements 0 1 4 5 2 3 6 7 or 0 2 1 3, for loops to which the order means nothing;
+// numbers are brought into that order and back.
+inline Pair<F32> load_mixed_pairs(const float* p) {
+  const __m256 a = _mm256_loadu_ps(p), b = _mm256_loadu_ps(p + 8);
+  return {_mm256_shuffle_ps(a, b, 0x88), _mm256_shuffle_ps(a, b, 0xDD)};
+}
+inline Pair<F64> load_mixed_pairs(const double* p) {
+  const __m256d a = _mm256_loadu_pd(p), b = _mm256_loadu_pd(p + 4);
+  return {_mm256_unpacklo_pd(a, b), _mm256_unpackhi_pd(a, b)};
+}
+inline F32 mixed(F32 a) { return _mm256_castpd_ps(_mm256_permute4x64_pd(_mm256_castps_pd(a.v), 0xD8)); }
+inline F64 mixed(F64 a) { return _mm256_permute4x64_pd(a.v, 0xD8); }
+
+// Parts as they lie in memory, of as many elements as a pair of lanes holds: real and imaginary ones alternate.
+template <class V>
+struct Stored {
+  V first, second;
+};
+template <class V>
+inline Stored<V> load_stored(const Element<V>* p) {
+  return {load<V>(p), load<V>(p + kWidth<V>)};
+}
+inline Stored<F32> stored(Pair<F32> mixed) {
+  return {_mm256_unpacklo_ps(mixed.first.v, mixed.second.v), _mm256_unpackhi_ps(mixed.first.v, mixed.second.v)};
+}
+inline Stored<F64> stored(Pair<F64> mixed) {
+  return {_mm256_unpacklo_pd(mixed.first.v, mixed.second.v), _mm256_unpackhi_pd(mixed.first.v, mixed.second.v)};
+}
+template <class V>
+inline void store(Element<V>* p, Stored<V> a) {
+  store(p, a.first);
+  store(p + kWidth<V>, a.second);
+}
+template <class V>
+inline void store_past_cache(Element<V>* p, Stored<V> a) {
+  store_past_cache(p, a.first);
+  store_past_cache(p + kWidth<V>, a.second);
+}
+// a where a part is real, b where it is imaginary.
+inline F32 by_part(F32 a, F32 b) { return _mm256_blend_ps(a.v, b.v, 0xAA); }
+inline F64 by_part(F64 a, F64 b) { return _mm256_blend_pd(a.v, b.v, 0xA); }
+
 }  // namespace orvik

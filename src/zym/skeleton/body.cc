@@ -128,7 +128,7 @@ namespace {
 // One block at a time: read whole, results stored at its end. (So it sees arrays that meet as the caller has them.)
 [[gnu::noinline]] void run_overlapping(const Body& body, int64_t n, const Operands& o, const void* params) {
   const uint32_t mode = current_mode();
-  ControlRegisters<kInvalidFlag | kUnderflowFlag | kOverflowFlag> registers(mode);
+  ControlRegisters<kSevereFlags | kUnderflowFlag> registers(mode);
   *registers.kept() = ~uint32_t{body.stray};
   const Call call{body, mode, o, params, registers.kept(), nullptr};
   Rows rows;
@@ -177,19 +177,7 @@ void run_strided(const Body& body, int64_t first, int64_t n, const Operands& o, 
 void run_element_loop(const Body& body, int64_t n, const Operands& operands, const void* params) {
   const uint32_t mode = current_mode();
   const ControlRegisters<> registers(mode);
-  const Call call{body, mode, operands, params, nullptr, nullptr};
-  alignas(kMaxElement) char in[2][kMaxElement], out[2][kMaxElement];
-  for (int64_t i = 0; i < n; ++i) {
-    for (int j = 0; j < 2 && j < body.inputs; ++j) {
-      std::memcpy(in[j], call.input(j, i), static_cast<size_t>(body.in_bytes[j]));
-    }
-    const int32_t code = body.element(in[0], in[1], out[0], out[1], params);
-    if (code != 0) [[unlikely]]
-      report_element(call, code, i, out[0], out[1]);
-    for (int j = 0; j < 2 && j < body.outputs; ++j) {
-      std::memcpy(call.output(j, i), out[j], static_cast<size_t>(body.out_bytes[j]));
-    }
-  }
+  body.elements({body, mode, operands, params, nullptr, nullptr}, n);
 }
 
 }  // namespace orvik::zym

@@ -39,8 +39,8 @@ struct Body {
   // The special elements of a block whose lanes' results stand in r1 and r2; `index` is that of the block's first.
   void (*redo)(const Call& call, int64_t index, const void* a, const void* b, void* r1, void* r2, int count,
                uint32_t bits);
-  // Element loops: the routine for one element.
-  int32_t (*element)(const void* a, const void* b, void* r1, void* r2, const void* params);
+  // Families without lanes: n elements one after another, reported as they come.
+  void (*elements)(const Call& call, int64_t n);
 
   const char* name;  // that reports; null: never
   int8_t inputs, outputs;

@@ -3,7 +3,8 @@
 //
 //   lanes(x..., params...)        the mathematics: inputs in, result (or Pair of results) out; or Masked, where only the
 //                                 computation itself tells which lanes it does not serve. Complex inputs and results
-//                                 are Pairs of lanes.
+//                                 are Pairs of lanes. Lanes that treat real and imaginary parts alike, or alternately, may
+//                                 also take them as they lie in memory (Stored), which spares the loop all shuffles.
 // and, where the lanes do not serve every input,
 //   special(x..., params...)      which lanes they do not serve, told before the computation (not with Masked);
 //   wide(x..., params...)         a second vector form, out of line, for special lanes that are not very special (large

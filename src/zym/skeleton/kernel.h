@@ -134,14 +134,15 @@ struct Kernel {
   }
 
   // Calls a member of the family with the inputs, then what else it takes, then the parameters where there are some.
-  template <class F, class... More>
-  static auto apply(F f, const Inputs& x, const Params& params, More&&... more) {
+  template <class F, class In, class... More>
+  static auto apply(F f, const In& x, const Params& params, More&&... more) {
     if constexpr (kBinary && std::is_same_v<Params, NoParams>) return f(x.a, x.b, more...);
     if constexpr (kBinary && !std::is_same_v<Params, NoParams>) return f(x.a, x.b, more..., params);
     if constexpr (!kBinary && std::is_same_v<Params, NoParams>) return f(x.a, more...);
     if constexpr (!kBinary && !std::is_same_v<Params, NoParams>) return f(x.a, more..., params);
   }
-  [[gnu::always_inline]] static auto lanes(const Inputs& x, const Params& params) {
+  template <class In>
+  [[gnu::always_inline]] static auto lanes(const In& x, const Params& params) {
     return apply(
         [](const auto&... y) __attribute__((always_inline)) { return Fn::lanes(y...); }, x, params);
   }
@@ -163,11 +164,71 @@ struct Kernel {
   static_assert(!kMasked || Traits::has_element, "lanes that leave some need an element routine");
   static_assert(kSpecial || !Traits::has_lanes || !Traits::has_element, "an element routine that nothing calls");
 
-  static const Result& value_of(const LanesResult& r) {
+  template <class L>
+  static const auto& value_of(const L& r) {
     if constexpr (kMasked) {
       return r.value;
     } else {
       return r;
+    }
+  }
+
+  // --- the order of complex elements in the hot loop, which needs none: as they lie in memory, where the family has lanes
+  // for them so, or as they come apart most cheaply --------------------------------------------------------------------
+
+  static constexpr bool kComplex = S.a == Kind::complex || S.b == Kind::complex || S.r == Kind::complex;
+  static constexpr bool kStored = [] {
+    if constexpr (kBinary) {
+      return requires { Fn::lanes(Stored<V>{}, Stored<V>{}); };
+    } else {
+      return requires { Fn::lanes(Stored<V>{}); };
+    }
+  }();
+  static_assert(!kStored || (kComplex && !kTested && !kScalarB), "stored parts: complex arrays, no special lanes by input");
+
+  struct StoredInputs {
+    Stored<V> a;
+    [[no_unique_address]] std::conditional_t<kBinary, Stored<V>, NoParams> b;
+  };
+  template <class T>
+  static auto load_loop_lanes(const T* p) {
+    if constexpr (!kComplex) {
+      return load<V>(p);
+    } else if constexpr (std::is_same_v<T, E>) {
+      return mixed(load<V>(p));
+    } else if constexpr (kStored) {
+      return load_stored<V>(reinterpret_cast<const E*>(p));
+    } else {
+      return load_mixed_pairs(reinterpret_cast<const E*>(p));
+    }
+  }
+  static auto load_loop_inputs(const A* a, const B* b, int64_t i) {
+    std::conditional_t<kStored, StoredInputs, Inputs> x;
+    x.a = load_loop_lanes(a + i);
+    if constexpr (kScalarB) {
+      x.b = broadcast(b);
+    } else if constexpr (kBinary) {
+      x.b = load_loop_lanes(b + i);
+    }
+    return x;
+  }
+  // What goes to memory: a vector, or two.
+  template <class L>
+  static auto loop_result(const L& r) {
+    if constexpr (!kComplex || kStored) {
+      return r;
+    } else if constexpr (std::is_same_v<R, E>) {
+      return mixed(r);
+    } else {
+      return stored(r);
+    }
+  }
+  template <class L>
+  static void store_loop_results(R* r1, R* r2, int64_t i, const L& r) {
+    if constexpr (kTwoResults) {
+      store_results(r1, r2, i, r);
+    } else {
+      store(reinterpret_cast<E*>(r1 + i), loop_result(r));
     }
   }
 
@@ -325,9 +386,21 @@ struct Kernel {
     }
   }
 
-  static int32_t element(const void* a, const void* b, void* r1, void* r2, const void* params) {
-    return run_element(static_cast<const A*>(a), static_cast<const B*>(b), static_cast<R*>(r1), static_cast<R*>(r2),
-                       *static_cast<const Params*>(params));
+  // The loop of a family without lanes, in line with its routine: the constants of one element serve the next.
+  [[gnu::noinline]] static void elements(const Call& call, int64_t n) {
+    const Params& params = *static_cast<const Params*>(call.params);
+    for (int64_t i = 0; i < n; ++i) {
+      const A a = *static_cast<const A*>(call.input(0, i));  // read before the results, which may stand in its place
+      B b{};
+      if constexpr (kBinary) b = *static_cast<const B*>(call.input(1, i));
+      R* const r1 = static_cast<R*>(call.output(0, i));
+      R* const r2 = kTwoResults ? static_cast<R*>(call.output(1, i)) : nullptr;
+      const int32_t code = run_element(&a, &b, r1, r2, params);
+      if constexpr (S.reports) {
+        if (code != 0) [[unlikely]]
+          report_element(call, code, i, r1, r2);
+      }
+    }
   }
 
   static constexpr Body make_body(const char* name) {
@@ -337,7 +410,7 @@ struct Kernel {
       body.run = run;
       if constexpr (kSpecial) body.redo = redo;
     } else {
-      body.element = element;
+      body.elements = elements;
     }
     body.name = S.reports ? name : nullptr;
     body.inputs = kBinary ? 2 : 1;
@@ -376,7 +449,7 @@ struct Kernel {
     constexpr int N = kBlock / kWidth<V>;
     int64_t i = 0;
     for (const int64_t last = n - kBlock; i <= last; i += kBlock) {
-      Inputs x[N];
+      decltype(load_at(i)) x[N];
 #pragma GCC unroll 8
       for (int v = 0; v < N; ++v) x[v] = load_at(i + v * kWidth<V>);
       if constexpr (kTested) {
@@ -386,25 +459,18 @@ struct Kernel {
         if (!none(mask)) [[unlikely]]
           return i;
       }
-      Result r[N];
-      if constexpr (kMasked) {
-        LanesResult first = lanes(x[0], params);
-        r[0] = first.value;
-        Mask<V> mask = first.special;
+      decltype(lanes(x[0], params)) r[N];
 #pragma GCC unroll 8
-        for (int v = 1; v < N; ++v) {
-          LanesResult next = lanes(x[v], params);
-          r[v] = next.value;
-          mask = mask | next.special;
-        }
+      for (int v = 0; v < N; ++v) r[v] = lanes(x[v], params);
+      if constexpr (kMasked) {
+        auto mask = r[0].special;
+#pragma GCC unroll 8
+        for (int v = 1; v < N; ++v) mask = mask | r[v].special;
         if (!none(mask)) [[unlikely]]
           return i;
-      } else {
-#pragma GCC unroll 8
-        for (int v = 0; v < N; ++v) r[v] = lanes(x[v], params);
       }
 #pragma GCC unroll 8
-      for (int v = 0; v < N; ++v) store_at(i + v * kWidth<V>, r[v]);
+      for (int v = 0; v < N; ++v) store_at(i + v * kWidth<V>, value_of(r[v]));
     }
     return i;
   }
@@ -454,8 +520,8 @@ struct Kernel {
     for (;;) {
       const int64_t from = i;
       i += plain_blocks(
-          n - i, params, [&](int64_t at) { return load_inputs(a, b, from + at); },
-          [&](int64_t at, const Result& r) { store_results(r1, r2, from + at, r); });
+          n - i, params, [&](int64_t at) { return load_loop_inputs(a, b, from + at); },
+          [&](int64_t at, const auto& r) { store_loop_results(r1, r2, from + at, r); });
       if (n - i < kBlock) break;
       if constexpr (kSpecial) {
         special_block(body, mode, a, b, r1, r2, i, kBlock, params, registers.kept(), piece);
@@ -589,12 +655,12 @@ struct Kernel {
   [[gnu::noinline]] static int64_t past_cache(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b, R* r,
                                               Params params, uint32_t* kept) {
     const uintptr_t misaligned = reinterpret_cast<uintptr_t>(r) % sizeof(V);
-    if (misaligned % sizeof(E) != 0) return 0;
-    const int64_t first = misaligned != 0 ? static_cast<int64_t>((sizeof(V) - misaligned) / sizeof(E)) : 0;
+    if (misaligned % sizeof(R) != 0) return 0;
+    const int64_t first = misaligned != 0 ? static_cast<int64_t>((sizeof(V) - misaligned) / sizeof(R)) : 0;
     tail(body, mode, first, a, b, r, nullptr, 0, params, kept, nullptr);
     const int64_t done = plain_blocks(
-        n - first, params, [&](int64_t at) { return load_inputs(a, b, first + at); },
-        [&](int64_t at, const Result& x) { store_past_cache(r + first + at, x); });
+        n - first, params, [&](int64_t at) { return load_loop_inputs(a, b, first + at); },
+        [&](int64_t at, const auto& x) { store_past_cache(reinterpret_cast<E*>(r + first + at), loop_result(x)); });
     finish_past_cache();
     return first + done;
   }

@@ -34,7 +34,7 @@ auto hypot_special(V s) {
 }
 template <class V>
 using HypotLanes = Masked<V, decltype(hypot_special(V()))>;
-inline constexpr Knobs kHypotKnobs = {.vectors = 2, .stray = kUnderflowFlag | kOverflowFlag | kInvalidFlag};
+inline constexpr Knobs kHypotKnobs = {.vectors = 2, .stray = kUnderflowFlag | kSevereFlags};
 
 template <class E, class Finite>
 int32_t hypot_element(E a, E b, E* r, Finite finite) {

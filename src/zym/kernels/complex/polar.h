@@ -9,12 +9,12 @@
 
 namespace orvik::zym::complex {
 
-// cAbs LA: 1.1475 ulp at 0x1.7d458ep-3, -0x1.6fb328p+2
-// cAbs HA: 0.5002 ulp at -0x1.e5b83p+1, -0x1.8b34aap-3
-// cAbs EP: 11.58 bits at 0x1.585bfep+2, -0x1.e463bep+0
-// zAbs LA: 1.3066 ulp at 0x1.f7c4459df5787p-23, -0x1.6eb07f0b426p-3
-// zAbs HA: 0.7486 ulp at -0x0.00078ff7fd384p-1022, -0x0.ae635c8df090ap-1022
-// zAbs EP: 34.92 bits at -0x1.fffffffcc4943p+2, -0x1.26a7bea7f39c3p+1
+// cAbs LA: 1.0441 ulp at -0x1.9bca0ap+0, 0x1.740944p+2
+// cAbs HA: 0.5001 ulp at 0x1.7b8d78p+2, 0x1.c3d2e8p+2
+// cAbs EP: 11.60 bits at -0x1.636cfcp+0, -0x1.620cbap+2
+// zAbs LA: 1.2785 ulp at -0x1.e270a33b19aa4p+100, 0x1.9824a27403833p+127
+// zAbs HA: 0.7439 ulp at 0x0.000000236bb69p-1022, 0x0.9911fd4bf9d25p-1022
+// zAbs EP: 34.92 bits at -0x1.22eae2698bf59p-72, 0x1.925dcad1bdc9cp+252
 template <class V, Level L>
 struct Abs {
   using E = Element<V>;

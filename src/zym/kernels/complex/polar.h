@@ -9,12 +9,12 @@
 
 namespace orvik::zym::complex {
 
-// cAbs LA: 1.0441 ulp at -0x1.9bca0ap+0, 0x1.740944p+2
-// cAbs HA: 0.5001 ulp at 0x1.7b8d78p+2, 0x1.c3d2e8p+2
-// cAbs EP: 11.60 bits at -0x1.636cfcp+0, -0x1.620cbap+2
-// zAbs LA: 1.2785 ulp at -0x1.e270a33b19aa4p+100, 0x1.9824a27403833p+127
-// zAbs HA: 0.7439 ulp at 0x0.000000236bb69p-1022, 0x0.9911fd4bf9d25p-1022
-// zAbs EP: 34.92 bits at -0x1.22eae2698bf59p-72, 0x1.925dcad1bdc9cp+252
+// cAbs LA: 1.1475 ulp at 0x1.7d458ep-3, -0x1.6fb328p+2
+// cAbs HA: 0.5002 ulp at -0x1.e5b83p+1, -0x1.8b34aap-3
+// cAbs EP: 11.58 bits at 0x1.585bfep+2, -0x1.e463bep+0
+// zAbs LA: 1.2985 ulp at -0x1.9f586b64b4a7ap-17, 0x1.a28c42dfa2f78p+0
+// zAbs HA: 0.7469 ulp at -0x0.000000996e108p-1022, 0x0.9af97945a4b62p-1022
+// zAbs EP: 34.92 bits at -0x1.02595c37f425dp+462, -0x1.26de18b0c821ap-445
 template <class V, Level L>
 struct Abs {
   using E = Element<V>;

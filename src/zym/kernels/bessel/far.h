@@ -50,13 +50,13 @@ template <Double V>
   return reduced;
 }
 
-// The amplitude of order 0 or 1 at large a, u = 1/a.
+// The amplitude of order 0 or 1 at large a, u = 1/a as far as its square counts.
 template <int Order, Double V>
 [[gnu::always_inline]] inline HeadTail<V> amplitude(V a, V u) {
   // What the root and the reciprocal lack, relative to them.
   const V root = sqrt(a), inverse = V(1.0) / root;
   const V v = u * u;
-  const V lacks = fnma(fnma(root, root, a) * V(0.5), u, fnma(root, inverse, V(1.0)));
+  const V lacks = fnma(fnma(root, root, a) * inverse, V(0.5) * inverse, fnma(root, inverse, V(1.0)));
   const V more = fma(v, horner(v, FarOf<Order>::modulus), lacks);
   const HeadTail<V> leading = two_prod(inverse, V(kRootTwoOverPi));
   return {leading.head, fma(leading.head, more, fma(inverse, V(kRootTwoOverPiTail), leading.tail))};
@@ -65,7 +65,7 @@ template <int Order, Double V>
 // The value at a = |x| from kRowsEnd on, finite.
 template <int Order, bool Second, Double V>
 [[gnu::always_inline]] inline HeadTail<V> far_value(V a) {
-  const V u = V(1.0) / a;
+  const V u = V(1.0) / min(a, V(0x1p500));  // its square is no denormal number, and nothing beside 1
   auto [t, r] = reduce_far(a, kTurn<Order, Second>);
   const HeadTail<V> angle = two_sum(r.head, u * horner(u * u, FarOf<Order>::phase));
   r = {angle.head, angle.tail + r.tail};

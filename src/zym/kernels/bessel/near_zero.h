@@ -24,7 +24,8 @@ template <Double V>
 
 template <int Order, Double V>
 [[gnu::always_inline]] inline HeadTail<V> second_near_zero(V x) {
-  const V z = x * x * V(0.25);
+  const V root = max(x, V(0x1p-500));  // whose square is no denormal number
+  const V z = root * root * V(0.25);
   const HeadTail<V> log = logarithm_part(x);
   if constexpr (Order == 0) {
     const V j_less_1 = z * horner(z, V(kSeriesJ0[0]), V(kSeriesJ0[1]), V(kSeriesJ0[2]), V(-1.0));

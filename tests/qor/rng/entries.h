@@ -14,72 +14,72 @@
 namespace orvik::testing {
 
 struct Entry {
-  std::string name;
-  int32_t bytes;  // of an output
+  std::string name;  // its precision, its distribution, what is special about the parameters
+  int32_t bytes;     // of an output
   std::function<int32_t(OrvikStream stream, int32_t n, void* r)> call;
-  bool has_status_of_uniforms;  // false where words and no uniforms are drawn
-  // How many numbers later calls give differs with the cuts of a request: see the entries that say so.
-  bool free_of_cuts;
-  bool allocates;
+  bool free_of_cuts = true;    // the same bits however a request is cut
+  bool allocates = false;      // keeps a side block
+  bool draws_doubles = false;  // integers by way of doubles
 };
 inline void PrintTo(const Entry& e, std::ostream* out) { *out << e.name; }
 
-// Uniform to the words, in the order of the public header.
+template <class T, class Draw>
+Entry entry(std::string name, Draw draw) {
+  return {std::move(name), sizeof(T),
+          [draw](OrvikStream s, int32_t n, void* r) { return draw(s, n, static_cast<T*>(r)); }};
+}
+inline Entry divides_pairs(Entry e) {
+  e.free_of_cuts = false;
+  return e;
+}
+inline Entry keeps_a_block(Entry e) {
+  e.allocates = true;
+  return e;
+}
+inline Entry by_doubles(Entry e) {
+  e.draws_doubles = true;
+  return e;
+}
+
 inline const std::vector<Entry>& entries() {
-  static const std::vector<Entry> all = [] {
-    std::vector<Entry> list;
-    const auto add = [&list]<class T>(std::string name, T, auto call, bool uniforms = true, bool free = true,
-                                      bool allocates = false) {
-      list.push_back({std::move(name), sizeof(T),
-                      [call](OrvikStream s, int32_t n, void* r) { return call(s, n, static_cast<T*>(r)); }, uniforms,
-                      free, allocates});
-    };
-    // The same call of both precisions; T is a double or a float.
-#define ORVIK_BOTH(name, Function, method, ...)                                                                        \
-  add(                                                                                                                 \
-      "d" name, double(),                                                                                              \
-      [](OrvikStream s, int32_t n, double* r) { return _qordRng##Function(method, s, n, r, __VA_ARGS__); }, true,      \
-      true, allocates);                                                                                                \
-  add(                                                                                                                 \
-      "s" name, float(),                                                                                               \
-      [](OrvikStream s, int32_t n, float* r) { return _qorsRng##Function(method, s, n, r, __VA_ARGS__); }, true, true, \
-      allocates)
-    bool allocates = false;
-    ORVIK_BOTH("Uniform", Uniform, 0, -1, 3);
-    ORVIK_BOTH("Uniform_clamped", Uniform, ORVIK_RNG_CLAMP, -1, 3);
-    ORVIK_BOTH("Cauchy", Cauchy, 0, 1, 2);
-    ORVIK_BOTH("Exponential", Exponential, 0, 1, 2);
-    ORVIK_BOTH("Exponential_clamped", Exponential, ORVIK_RNG_CLAMP, 1, 2);
-    ORVIK_BOTH("Gumbel", Gumbel, 0, 1, 2);
-    ORVIK_BOTH("Laplace", Laplace, 0, 1, 2);
-    ORVIK_BOTH("Rayleigh", Rayleigh, 0, 1, 2);
-    ORVIK_BOTH("Rayleigh_clamped", Rayleigh, ORVIK_RNG_CLAMP, 1, 2);
-    ORVIK_BOTH("Weibull", Weibull, 0, 1.5, 1, 2);
-    ORVIK_BOTH("Weibull_of_shape_1", Weibull, 0, 1, 1, 2);
-    ORVIK_BOTH("Weibull_clamped", Weibull, ORVIK_RNG_CLAMP, 1.5, 1, 2);
-    ORVIK_BOTH("Gaussian_0", Gaussian, ORVIK_GAUSSIAN_BOX_MULLER, 1, 2);
-    allocates = true;
-    ORVIK_BOTH("Gaussian_1", Gaussian, ORVIK_GAUSSIAN_BOX_MULLER_PAIRS, 1, 2);
-    ORVIK_BOTH("Lognormal_0", Lognormal, 0, 1, 0.5, -1, 2);
-    allocates = false;
-    add("iUniform", int32_t(),
-        [](OrvikStream s, int32_t n, int32_t* r) { return _qoriRngUniform(0, s, n, r, -7, 100); });
-    add("iBernoulli", int32_t(),
-        [](OrvikStream s, int32_t n, int32_t* r) { return _qoriRngBernoulli(0, s, n, r, 0.3); });
-    add("iGeometric", int32_t(),
-        [](OrvikStream s, int32_t n, int32_t* r) { return _qoriRngGeometric(0, s, n, r, 0.2); });
-    add(
-        "iUniformBits", uint32_t(),
-        [](OrvikStream s, int32_t n, uint32_t* r) { return _qoriRngUniformBits(0, s, n, r); }, false);
-    add(
-        "iUniformBits32", uint32_t(),
-        [](OrvikStream s, int32_t n, uint32_t* r) { return _qoriRngUniformBits32(0, s, n, r); }, false);
-    add(
-        "iUniformBits64", uint64_t(),
-        [](OrvikStream s, int32_t n, uint64_t* r) { return _qoriRngUniformBits64(0, s, n, r); }, false);
+#define ORVIK_DRAW(T, Function, method, ...) \
+  [](OrvikStream s, int32_t n, T* r) { return _qor##Function(method, s, n, r __VA_OPT__(, ) __VA_ARGS__); }
+// The two precisions of one call.
+#define ORVIK_BOTH(name, Function, method, ...)                                     \
+  entry<double>("d" name, ORVIK_DRAW(double, dRng##Function, method, __VA_ARGS__)), \
+      entry<float>("s" name, ORVIK_DRAW(float, sRng##Function, method, __VA_ARGS__))
+#define ORVIK_BOTH_PAIRS(name, Function, method, ...)                                                             \
+  keeps_a_block(divides_pairs(entry<double>("d" name, ORVIK_DRAW(double, dRng##Function, method, __VA_ARGS__)))), \
+      keeps_a_block(divides_pairs(entry<float>("s" name, ORVIK_DRAW(float, sRng##Function, method, __VA_ARGS__))))
+#define ORVIK_INTEGERS(name, Function, ...) \
+  entry<int32_t>("i" name, ORVIK_DRAW(int32_t, iRng##Function, 0, __VA_ARGS__))
+  static const std::vector<Entry> all = {
+      ORVIK_BOTH("Uniform", Uniform, 0, -1, 3),
+      ORVIK_BOTH("Uniform_clamped", Uniform, ORVIK_RNG_CLAMP, -1, 3),
+      ORVIK_BOTH("Cauchy", Cauchy, 0, 1, 2),
+      ORVIK_BOTH("Exponential", Exponential, 0, 1, 2),
+      ORVIK_BOTH("Exponential_clamped", Exponential, ORVIK_RNG_CLAMP, 1, 2),
+      ORVIK_BOTH("Gumbel", Gumbel, 0, 1, 2),
+      ORVIK_BOTH("Laplace", Laplace, 0, 1, 2),
+      ORVIK_BOTH("Rayleigh", Rayleigh, 0, 1, 2),
+      ORVIK_BOTH("Rayleigh_clamped", Rayleigh, ORVIK_RNG_CLAMP, 1, 2),
+      ORVIK_BOTH("Weibull", Weibull, 0, 1.5, 1, 2),
+      ORVIK_BOTH("Weibull_of_shape_1", Weibull, 0, 1, 1, 2),
+      ORVIK_BOTH("Weibull_clamped", Weibull, ORVIK_RNG_CLAMP, 1.5, 1, 2),
+      ORVIK_BOTH("Gaussian_0", Gaussian, ORVIK_GAUSSIAN_BOX_MULLER, 1, 2),
+      ORVIK_BOTH_PAIRS("Gaussian_1", Gaussian, ORVIK_GAUSSIAN_BOX_MULLER_PAIRS, 1, 2),
+      ORVIK_BOTH_PAIRS("Lognormal_0", Lognormal, 0, 1, 0.5, -1, 2),
+      by_doubles(ORVIK_INTEGERS("Uniform", Uniform, -7, 100)),
+      ORVIK_INTEGERS("Bernoulli", Bernoulli, 0.3),
+      ORVIK_INTEGERS("Geometric", Geometric, 0.2),
+      entry<uint32_t>("iUniformBits", ORVIK_DRAW(uint32_t, iRngUniformBits, 0)),
+      entry<uint32_t>("iUniformBits32", ORVIK_DRAW(uint32_t, iRngUniformBits32, 0)),
+      entry<uint64_t>("iUniformBits64", ORVIK_DRAW(uint64_t, iRngUniformBits64, 0)),
+  };
+#undef ORVIK_DRAW
 #undef ORVIK_BOTH
-    return list;
-  }();
+#undef ORVIK_BOTH_PAIRS
+#undef ORVIK_INTEGERS
   return all;
 }
 

@@ -1,0 +1,148 @@
+// Goodness of fit of every distribution over parameters that take each branch of each method: 10^6 numbers of a fixed
+// seed, Kolmogorov's or Pearson's test with a false alarm in 10^6, mean and variance within five standard deviations.
+#include "qor/rng/fit.h"
+
+#include <gtest/gtest.h>
+
+#include <boost/math/distributions.hpp>
+#include <functional>
+#include <limits>
+#include <string>
+
+#include "qor/rng/call.h"
+
+namespace orvik::testing {
+namespace {
+
+namespace math = boost::math;
+constexpr int32_t kNumbers = 1000000;
+constexpr double kFalseAlarm = 1e-6;
+constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+
+struct Case {
+  std::string name;
+  std::function<int32_t(OrvikStream, int32_t, double*)> d;
+  std::function<int32_t(OrvikStream, int32_t, float*)> s;
+  std::function<int32_t(OrvikStream, int32_t, int32_t*)> i;
+  std::function<double(double)> cdf, pmf;
+  double mean = kNone, variance = kNone;  // where they exist
+};
+void PrintTo(const Case& c, std::ostream* out) { *out << c.name; }
+
+template <class Distribution>
+void describe(Case& c, const Distribution& distribution, double shift = 0, double scale = 1) {
+  c.cdf = [=](double x) { return math::cdf(distribution, (x - shift) / scale); };
+  c.mean = math::mean(distribution) * scale + shift;
+  c.variance = math::variance(distribution) * scale * scale;
+}
+
+#define ORVIK_REAL(Function, method, ...)                                                                      \
+  c.d = [=](OrvikStream s, int32_t n, double* r) { return _qordRng##Function(method, s, n, r, __VA_ARGS__); }; \
+  c.s = [=](OrvikStream s, int32_t n, float* r) { return _qorsRng##Function(method, s, n, r, __VA_ARGS__); }
+#define ORVIK_INTEGER(Function, method, ...) \
+  c.i = [=](OrvikStream s, int32_t n, int32_t* r) { return _qoriRng##Function(method, s, n, r, __VA_ARGS__); }
+
+std::vector<Case> transforms() {
+  std::vector<Case> list;
+  const auto add = [&](const char* name, auto fill) {
+    Case c;
+    c.name = name;
+    fill(c);
+    list.push_back(std::move(c));
+  };
+  add("Uniform", [](Case& c) {
+    ORVIK_REAL(Uniform, 0, -1, 3);
+    describe(c, math::uniform(-1, 3));
+  });
+  add("Cauchy", [](Case& c) {
+    ORVIK_REAL(Cauchy, 0, 1, 2);
+    c.cdf = [](double x) { return math::cdf(math::cauchy(1, 2), x); };
+  });
+  add("Exponential", [](Case& c) {
+    ORVIK_REAL(Exponential, 0, 1, 2);
+    describe(c, math::exponential(0.5), 1);
+  });
+  add("Gumbel", [](Case& c) {  // of minima: the mirror image of the distribution of maxima
+    ORVIK_REAL(Gumbel, 0, 1, 2);
+    describe(c, math::extreme_value(0, 1), 1, -2);
+    c.cdf = [](double x) { return -std::expm1(-std::exp((x - 1) / 2)); };
+  });
+  add("Laplace", [](Case& c) {
+    ORVIK_REAL(Laplace, 0, 1, 2);
+    describe(c, math::laplace(1, 2));
+  });
+  add("Rayleigh", [](Case& c) {
+    ORVIK_REAL(Rayleigh, 0, 1, 2);
+    describe(c, math::rayleigh(std::sqrt(2.0)), 1);
+  });
+  for (const double alpha : {0.7, 1.0, 3.5})
+    add(alpha == 1  ? "Weibull_1"
+        : alpha < 1 ? "Weibull_below_1"
+                    : "Weibull_above_1",
+        [=](Case& c) {
+          c.d = [=](OrvikStream s, int32_t n, double* r) { return _qordRngWeibull(0, s, n, r, alpha, 1, 2); };
+          c.s = [=](OrvikStream s, int32_t n, float* r) {
+            return _qorsRngWeibull(0, s, n, r, static_cast<float>(alpha), 1, 2);
+          };
+          describe(c, math::weibull(alpha, 2), 1);
+        });
+  for (const uint32_t method : {0u, 1u})
+    add(method == 0 ? "Gaussian_0" : "Gaussian_1", [=](Case& c) {
+      ORVIK_REAL(Gaussian, method, 1, 2);
+      describe(c, math::normal(1, 2));
+    });
+  add("Lognormal_0", [](Case& c) {
+    ORVIK_REAL(Lognormal, 0, 0.25f, 0.5f, -1, 2);
+    describe(c, math::lognormal(0.25, 0.5), -1, 2);
+  });
+  add("Uniform_integers", [](Case& c) {
+    ORVIK_INTEGER(Uniform, 0, -7, 100);
+    c.pmf = [](double k) { return k >= -7 && k < 100 ? 1 / 107.0 : 0; };
+    c.mean = 46, c.variance = (107.0 * 107 - 1) / 12;
+  });
+  add("Bernoulli", [](Case& c) {
+    ORVIK_INTEGER(Bernoulli, 0, 0.3);
+    c.pmf = [](double k) { return k == 1 ? 0.3 : 0.7; };
+    c.mean = 0.3, c.variance = 0.21;
+  });
+  for (const double p : {0.002, 0.3, 0.95})
+    add(p < 0.01  ? "Geometric_rare"
+        : p < 0.5 ? "Geometric"
+                  : "Geometric_often",
+        [=](Case& c) {
+          ORVIK_INTEGER(Geometric, 0, p);
+          c.pmf = [=](double k) { return math::pdf(math::geometric(p), k); };
+          c.mean = (1 - p) / p, c.variance = (1 - p) / (p * p);
+        });
+  return list;
+}
+
+class Fit : public ::testing::TestWithParam<Case> {
+ protected:
+  template <class T, class Draw>
+  void check(const Draw& draw, int32_t brng) {
+    const Case& c = GetParam();
+    const Stream s(brng, {20250704});
+    const std::vector<T> x = drawn<T>(kNumbers, [&](T* r) { return draw(s.get(), kNumbers, r); });
+    if constexpr (std::is_same_v<T, int32_t>)
+      EXPECT_GT(pearson_p(x, c.pmf), kFalseAlarm);
+    else
+      EXPECT_GT(kolmogorov_p(x, c.cdf), kFalseAlarm);
+    const Moments m = moments(x);
+    if (std::isnan(c.mean)) return;
+    EXPECT_NEAR(m.mean, c.mean, 5 * m.mean_error);
+    EXPECT_NEAR(m.variance, c.variance, 5 * m.variance_error);
+  }
+};
+INSTANTIATE_TEST_SUITE_P(Transforms, Fit, ::testing::ValuesIn(transforms()),
+                         [](const auto& info) { return info.param.name; });
+
+TEST_P(Fit, IsThatOfTheDistribution) {
+  const Case& c = GetParam();
+  if (c.d) check<double>(c.d, ORVIK_BRNG_MT19937);
+  if (c.s) check<float>(c.s, ORVIK_BRNG_PHILOX4X32X10);
+  if (c.i) check<int32_t>(c.i, ORVIK_BRNG_MT19937);
+}
+
+}  // namespace
+}  // namespace orvik::testing

@@ -84,6 +84,20 @@ int32_t _qordRngGaussianMV(uint32_t method, OrvikStream stream, int32_t n, doubl
 int32_t _qorsRngGaussianMV(uint32_t method, OrvikStream stream, int32_t n, float* r, int32_t dimen, int32_t mstorage,
                            const float* a, const float* t);
 
+/* ---- Gamma and its kin ------------------------------------------------------------------------------------------- */
+
+/* Shape `alpha`, displacement `a`, scale `beta`. Rejection: the number of uniforms varies. Above shape 1 half a pair of
+ * normal numbers may wait in the stream for the next call; -4. Clamp. */
+int32_t _qordRngGamma(uint32_t method, OrvikStream stream, int32_t n, double* r, double alpha, double a, double beta);
+int32_t _qorsRngGamma(uint32_t method, OrvikStream stream, int32_t n, float* r, float alpha, float a, float beta);
+/* Shapes `p` and `q`, from `a` to `a` + `beta`. Clamp. */
+int32_t _qordRngBeta(uint32_t method, OrvikStream stream, int32_t n, double* r, double p, double q, double a,
+                     double beta);
+int32_t _qorsRngBeta(uint32_t method, OrvikStream stream, int32_t n, float* r, float p, float q, float a, float beta);
+/* `v` degrees of freedom. */
+int32_t _qordRngChiSquare(uint32_t method, OrvikStream stream, int32_t n, double* r, int32_t v);
+int32_t _qorsRngChiSquare(uint32_t method, OrvikStream stream, int32_t n, float* r, int32_t v);
+
 /* ---- Discrete, one uniform a number ------------------------------------------------------------------------------ */
 
 /* 1 with probability `p`, else 0. */

@@ -24,7 +24,8 @@ bool for_each_block(int32_t n, Body body) {
 
 // Candidates until n results are full. batch(count, r) makes `count` of them, at most `cap` and never more than results
 // are missing, writes those that it accepts to r in order and returns their number, or a negative one when the source
-// of uniforms failed. No candidate is thrown away, so that results do not depend on how a request is cut.
+// of uniforms failed; it may write as far as `count`. No candidate is thrown away, so that results do not depend on how
+// a request is cut.
 template <class T, class Batch>
 bool until_accepted(int32_t n, T* r, int32_t cap, Batch batch) {
   for (int32_t done = 0; done < n;) {
@@ -33,6 +34,17 @@ bool until_accepted(int32_t n, T* r, int32_t cap, Batch batch) {
     done += accepted;
   }
   return true;
+}
+
+// Moves those of n numbers that were accepted together; how many.
+template <class T>
+int32_t compress(int32_t n, const T* x, const bool* accepted, T* r) {
+  int32_t kept = 0;
+  for (int32_t i = 0; i < n; ++i) {
+    r[kept] = x[i];
+    kept += accepted[i];
+  }
+  return kept;
 }
 
 // Pairs apart.

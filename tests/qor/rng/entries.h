@@ -28,13 +28,19 @@ Entry entry(std::string name, Draw draw) {
   return {std::move(name), sizeof(T),
           [draw](OrvikStream s, int32_t n, void* r) { return draw(s, n, static_cast<T*>(r)); }};
 }
-inline Entry divides_pairs(Entry e) {
+// Uniforms for products and for normal numbers take turns by blocks of 1,024.
+inline Entry mixes_in_blocks(Entry e) {
   e.free_of_cuts = false;
   return e;
 }
 inline Entry keeps_a_block(Entry e) {
   e.allocates = true;
   return e;
+}
+// A pair that a cut divides goes through other kernels than whole pairs.
+inline Entry keeps_a_divided_pair(Entry e) {
+  e.free_of_cuts = false;
+  return keeps_a_block(e);
 }
 inline Entry by_doubles(Entry e) {
   e.draws_doubles = true;
@@ -48,9 +54,12 @@ inline const std::vector<Entry>& entries() {
 #define ORVIK_BOTH(name, Function, method, ...)                                     \
   entry<double>("d" name, ORVIK_DRAW(double, dRng##Function, method, __VA_ARGS__)), \
       entry<float>("s" name, ORVIK_DRAW(float, sRng##Function, method, __VA_ARGS__))
-#define ORVIK_BOTH_PAIRS(name, Function, method, ...)                                                             \
-  keeps_a_block(divides_pairs(entry<double>("d" name, ORVIK_DRAW(double, dRng##Function, method, __VA_ARGS__)))), \
-      keeps_a_block(divides_pairs(entry<float>("s" name, ORVIK_DRAW(float, sRng##Function, method, __VA_ARGS__))))
+#define ORVIK_BOTH_AS(wrap, name, Function, method, ...)                                  \
+  wrap(entry<double>("d" name, ORVIK_DRAW(double, dRng##Function, method, __VA_ARGS__))), \
+      wrap(entry<float>("s" name, ORVIK_DRAW(float, sRng##Function, method, __VA_ARGS__)))
+#define ORVIK_BOTH_PAIRS(...) ORVIK_BOTH_AS(keeps_a_divided_pair, __VA_ARGS__)
+#define ORVIK_BOTH_KEPT(...) ORVIK_BOTH_AS(keeps_a_block, __VA_ARGS__)
+#define ORVIK_BOTH_BLOCKS(...) ORVIK_BOTH_AS(mixes_in_blocks, __VA_ARGS__)
 #define ORVIK_INTEGERS(name, Function, ...) \
   entry<int32_t>("i" name, ORVIK_DRAW(int32_t, iRng##Function, 0, __VA_ARGS__))
   static const std::vector<Entry> all = {
@@ -69,6 +78,21 @@ inline const std::vector<Entry>& entries() {
       ORVIK_BOTH("Gaussian_0", Gaussian, ORVIK_GAUSSIAN_BOX_MULLER, 1, 2),
       ORVIK_BOTH_PAIRS("Gaussian_1", Gaussian, ORVIK_GAUSSIAN_BOX_MULLER_PAIRS, 1, 2),
       ORVIK_BOTH_PAIRS("Lognormal_0", Lognormal, 0, 1, 0.5, -1, 2),
+      ORVIK_BOTH_KEPT("Gamma_above_1", Gamma, 0, 2.5, 1, 2),
+      ORVIK_BOTH("Gamma_1", Gamma, 0, 1, 1, 2),
+      ORVIK_BOTH("Gamma_from_06", Gamma, ORVIK_RNG_CLAMP, 0.75, 1, 2),
+      ORVIK_BOTH("Gamma_below_06", Gamma, 0, 0.25, 1, 2),
+      ORVIK_BOTH("Beta_by_powers", Beta, 0, 0.25, 0.5, 1, 2),
+      ORVIK_BOTH("Beta_by_switching", Beta, 0, 0.75, 0.875, 1, 2),
+      ORVIK_BOTH("Beta_uniform", Beta, 0, 1, 1, 1, 2),
+      ORVIK_BOTH("Beta_of_power", Beta, 0, 0.75, 1, 1, 2),
+      ORVIK_BOTH("Beta_across_1", Beta, 0, 0.75, 3, 1, 2),
+      ORVIK_BOTH("Beta_across_1_swapped", Beta, ORVIK_RNG_CLAMP, 3, 0.75, 1, 2),
+      ORVIK_BOTH("Beta_above_1", Beta, 0, 3, 1.5, 1, 2),
+      ORVIK_BOTH_BLOCKS("ChiSquare_1", ChiSquare, 0, 1),
+      ORVIK_BOTH("ChiSquare_6", ChiSquare, 0, 6),
+      ORVIK_BOTH_BLOCKS("ChiSquare_15", ChiSquare, 0, 15),
+      ORVIK_BOTH_KEPT("ChiSquare_16", ChiSquare, 0, 16),
       by_doubles(ORVIK_INTEGERS("Uniform", Uniform, -7, 100)),
       ORVIK_INTEGERS("Bernoulli", Bernoulli, 0.3),
       ORVIK_INTEGERS("Geometric", Geometric, 0.2),
@@ -78,7 +102,10 @@ inline const std::vector<Entry>& entries() {
   };
 #undef ORVIK_DRAW
 #undef ORVIK_BOTH
+#undef ORVIK_BOTH_AS
 #undef ORVIK_BOTH_PAIRS
+#undef ORVIK_BOTH_KEPT
+#undef ORVIK_BOTH_BLOCKS
 #undef ORVIK_INTEGERS
   return all;
 }

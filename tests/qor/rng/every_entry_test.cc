@@ -161,7 +161,7 @@ TEST_P(EveryEntry, DoesNotTouchTheErrorStatusOfAnotherCallback) {
 
 TEST_P(EveryEntry, DoesNotDependOnHowARequestIsCut) {
   if (!GetParam().free_of_cuts)
-    return;  // a cut pair goes through other kernels: the distribution has its own test see the distribution's own
+    return;  // the distribution says why see the distribution's own
              // test";
   const Stream whole(ORVIK_BRNG_MT19937, {77}), cut = whole.copy();
   const std::vector<uint8_t> expected = drawn(whole.get(), 2 * kMany);

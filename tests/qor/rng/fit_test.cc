@@ -31,7 +31,8 @@ void PrintTo(const Case& c, std::ostream* out) { *out << c.name; }
 
 template <class Distribution>
 void describe(Case& c, const Distribution& distribution, double shift = 0, double scale = 1) {
-  c.cdf = [=](double x) { return math::cdf(distribution, (x - shift) / scale); };
+  const auto [low, high] = math::support(distribution);
+  c.cdf = [=](double x) { return math::cdf(distribution, std::clamp((x - shift) / scale, low, high)); };
   c.mean = math::mean(distribution) * scale + shift;
   c.variance = math::variance(distribution) * scale * scale;
 }
@@ -117,6 +118,60 @@ std::vector<Case> transforms() {
   return list;
 }
 
+std::vector<Case> rejections() {
+  std::vector<Case> list;
+  // Every method of Gamma and the shapes at its ends.
+  for (const auto& [name, alpha] : std::vector<std::pair<const char*, double>>{{"tiny", 0.03},
+                                                                               {"two_branches", 0.4},
+                                                                               {"two_branches_end", 0.59999},
+                                                                               {"weibull_begin", 0.6},
+                                                                               {"weibull", 0.8},
+                                                                               {"weibull_end", 0.99},
+                                                                               {"exponential", 1},
+                                                                               {"normal_begin", 1.001},
+                                                                               {"normal", 4.5},
+                                                                               {"normal_large", 1e4}}) {
+    Case c;
+    c.name = std::string("Gamma_") + name;
+    const double d = alpha;
+    const float s = static_cast<float>(alpha);
+    c.d = [=](OrvikStream stream, int32_t n, double* r) { return _qordRngGamma(0, stream, n, r, d, 0, 2); };
+    c.s = [=](OrvikStream stream, int32_t n, float* r) { return _qorsRngGamma(0, stream, n, r, s, 0, 2); };
+    describe(c, math::gamma_distribution<>(alpha, 2));
+    list.push_back(c);
+  }
+  // Every method of Beta, and both orders of the shapes where they are different roles.
+  for (const auto& [name, p, q] :
+       std::vector<std::tuple<const char*, double, double>>{{"powers", 0.3, 0.4},
+                                                            {"powers_small", 0.02, 0.5},
+                                                            {"switching", 0.8, 0.7},
+                                                            {"switching_high", 0.95, 0.97},
+                                                            {"uniform", 1, 1},
+                                                            {"power_of_p", 0.4, 1},
+                                                            {"power_of_q", 1, 5},
+                                                            {"across", 0.5, 3},
+                                                            {"across_swapped", 20, 0.9},
+                                                            {"log_logistic", 2, 3.5},
+                                                            {"log_logistic_swapped", 50, 1.25}}) {
+    Case c;
+    c.name = std::string("Beta_") + name;
+    const float fp = static_cast<float>(p), fq = static_cast<float>(q);
+    const double dp = p, dq = q;
+    c.d = [=](OrvikStream s, int32_t n, double* r) { return _qordRngBeta(0, s, n, r, dp, dq, 1, 2); };
+    c.s = [=](OrvikStream s, int32_t n, float* r) { return _qorsRngBeta(0, s, n, r, fp, fq, 1, 2); };
+    describe(c, math::beta_distribution<>(p, q), 1, 2);
+    list.push_back(c);
+  }
+  for (const int32_t v : {1, 2, 3, 14, 15, 16, 31}) {
+    Case c;
+    c.name = "ChiSquare_" + std::to_string(v);
+    ORVIK_REAL(ChiSquare, 0, v);
+    describe(c, math::chi_squared(v));
+    list.push_back(c);
+  }
+  return list;
+}
+
 class Fit : public ::testing::TestWithParam<Case> {
  protected:
   template <class T, class Draw>
@@ -135,6 +190,9 @@ class Fit : public ::testing::TestWithParam<Case> {
   }
 };
 INSTANTIATE_TEST_SUITE_P(Transforms, Fit, ::testing::ValuesIn(transforms()),
+                         [](const auto& info) { return info.param.name; });
+
+INSTANTIATE_TEST_SUITE_P(Rejections, Fit, ::testing::ValuesIn(rejections()),
                          [](const auto& info) { return info.param.name; });
 
 TEST_P(Fit, IsThatOfTheDistribution) {

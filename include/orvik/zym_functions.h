@@ -404,6 +404,20 @@ void _zymsTanhI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t in
 ORVIK_TABLE void* orvik_zym_kernel_sTanhI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sTanhI_ctab[];
 
+/* sErfInv: inverse error function; elements can be reported. */
+void _zymsErfInv_21(int32_t n, const float* a, float* r);
+void _zymsErfInv(int32_t n, const float* a, float* r);
+void _zymsErfInv_HA(int32_t n, const float* a, float* r);
+void _zymsErfInv_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sErfInv_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErfInv_ctab[];
+void _zymsErfInvI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfInvI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfInvI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfInvI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sErfInvI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErfInvI_ctab[];
+
 /* sSqr: r = a^2. */
 void _zymsSqr_21(int32_t n, const float* a, float* r);
 void _zymsSqr(int32_t n, const float* a, float* r);
@@ -473,6 +487,48 @@ void _zymsPow2o3I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t 
 void _zymsPow2o3I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_sPow2o3I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sPow2o3I_ctab[];
+
+/* sErfcInv: inverse complementary error function; elements can be reported. */
+void _zymsErfcInv_21(int32_t n, const float* a, float* r);
+void _zymsErfcInv(int32_t n, const float* a, float* r);
+void _zymsErfcInv_HA(int32_t n, const float* a, float* r);
+void _zymsErfcInv_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sErfcInv_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErfcInv_ctab[];
+void _zymsErfcInvI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfcInvI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfcInvI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfcInvI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sErfcInvI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErfcInvI_ctab[];
+
+/* sCdfNormInv: normal quantile; elements can be reported. */
+void _zymsCdfNormInv_21(int32_t n, const float* a, float* r);
+void _zymsCdfNormInv(int32_t n, const float* a, float* r);
+void _zymsCdfNormInv_HA(int32_t n, const float* a, float* r);
+void _zymsCdfNormInv_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sCdfNormInv_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCdfNormInv_ctab[];
+void _zymsCdfNormInvI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCdfNormInvI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCdfNormInvI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCdfNormInvI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sCdfNormInvI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCdfNormInvI_ctab[];
+
+/* sExpInt1: exponential integral E1: integral of e^-t / t from a on; elements can be reported. */
+void _zymsExpInt1_21(int32_t n, const float* a, float* r);
+void _zymsExpInt1(int32_t n, const float* a, float* r);
+void _zymsExpInt1_HA(int32_t n, const float* a, float* r);
+void _zymsExpInt1_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sExpInt1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sExpInt1_ctab[];
+void _zymsExpInt1I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExpInt1I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExpInt1I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsExpInt1I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sExpInt1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sExpInt1I_ctab[];
 
 /* sSinpi: sine of a pi. */
 void _zymsSinpi_21(int32_t n, const float* a, float* r);
@@ -1048,6 +1104,20 @@ void _zymdTanhI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t 
 ORVIK_TABLE void* orvik_zym_kernel_dTanhI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dTanhI_ctab[];
 
+/* dErfInv: inverse error function; elements can be reported. */
+void _zymdErfInv_50(int32_t n, const double* a, double* r);
+void _zymdErfInv(int32_t n, const double* a, double* r);
+void _zymdErfInv_HA(int32_t n, const double* a, double* r);
+void _zymdErfInv_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dErfInv_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErfInv_ctab[];
+void _zymdErfInvI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfInvI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfInvI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfInvI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dErfInvI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErfInvI_ctab[];
+
 /* dSqr: r = a^2. */
 void _zymdSqr_50(int32_t n, const double* a, double* r);
 void _zymdSqr(int32_t n, const double* a, double* r);
@@ -1117,6 +1187,48 @@ void _zymdPow2o3I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_
 void _zymdPow2o3I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dPow2o3I_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dPow2o3I_ctab[];
+
+/* dErfcInv: inverse complementary error function; elements can be reported. */
+void _zymdErfcInv_50(int32_t n, const double* a, double* r);
+void _zymdErfcInv(int32_t n, const double* a, double* r);
+void _zymdErfcInv_HA(int32_t n, const double* a, double* r);
+void _zymdErfcInv_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dErfcInv_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErfcInv_ctab[];
+void _zymdErfcInvI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfcInvI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfcInvI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfcInvI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dErfcInvI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErfcInvI_ctab[];
+
+/* dCdfNormInv: normal quantile; elements can be reported. */
+void _zymdCdfNormInv_50(int32_t n, const double* a, double* r);
+void _zymdCdfNormInv(int32_t n, const double* a, double* r);
+void _zymdCdfNormInv_HA(int32_t n, const double* a, double* r);
+void _zymdCdfNormInv_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dCdfNormInv_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCdfNormInv_ctab[];
+void _zymdCdfNormInvI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCdfNormInvI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCdfNormInvI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCdfNormInvI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dCdfNormInvI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCdfNormInvI_ctab[];
+
+/* dExpInt1: exponential integral E1: integral of e^-t / t from a on; elements can be reported. */
+void _zymdExpInt1_50(int32_t n, const double* a, double* r);
+void _zymdExpInt1(int32_t n, const double* a, double* r);
+void _zymdExpInt1_HA(int32_t n, const double* a, double* r);
+void _zymdExpInt1_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dExpInt1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dExpInt1_ctab[];
+void _zymdExpInt1I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExpInt1I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExpInt1I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdExpInt1I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dExpInt1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dExpInt1I_ctab[];
 
 /* dSinpi: sine of a pi. */
 void _zymdSinpi_50(int32_t n, const double* a, double* r);

@@ -49,6 +49,16 @@ TEST(Expression, knows_functions) {
   EXPECT_EQ(value("exponent(3)"), 1);
   EXPECT_EQ(value("min(2, 3) + max(2, 3)"), 5);
 }
+// Twice the same side: the value on the left comes from Newton's method, its terms from a differential equation.
+TEST(Expression, expands_the_inverse_error_function) {
+  const double z = 1.25, t = std::erf(z);
+  EXPECT_NEAR(value("erfinv_term(-log(1 - erf(1.25)^2), 0)"), z / t, 1e-15);
+  EXPECT_NEAR(value("erfinv_term(0, 0)"), std::sqrt(M_PI) / 2, 1e-15);
+  std::string sum = "erfinv_term(3, 0)";
+  for (int k = 1; k <= 15; ++k) sum += " + erfinv_term(3, " + std::to_string(k) + ") / 16^" + std::to_string(k);
+  EXPECT_LT(std::abs(value(sum + " - erfinv_term(3 + 1/16, 0)")), 1e-30);
+  EXPECT_NEAR(value("erfinv_term(743, 0)"), 27.2, 0.05);  // next to the smallest denormal number
+}
 TEST(Expression, names_and_polynomials_come_from_outside) {
   const Real x = 2.0;
   const std::vector<Real> p = {3.0, 4.0, 5.0};

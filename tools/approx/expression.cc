@@ -4,6 +4,8 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "inverse_error.h"
+
 namespace orvik::approx {
 
 struct Expression::Node {
@@ -79,6 +81,8 @@ const std::map<std::string, Special> kSpecials = {
     {"double_up", {1, [](const Arguments& a) { return in_format(a[0], false, MPFR_RNDU); }}},
     {"exponent", {1, [](const Arguments& a) { return Real(static_cast<double>(mpfr_get_exp(a[0].get()) - 1)); }}},
     {"atan2", {2, [](const Arguments& a) { return apply(mpfr_atan2, a[0].get(), a[1].get()); }}},
+    {"erfinv_term",
+     {2, [](const Arguments& a) { return inverse_error_term(a[0], mpfr_get_si(a[1].get(), MPFR_RNDN)); }}},
     {"hypot", {2, [](const Arguments& a) { return apply(mpfr_hypot, a[0].get(), a[1].get()); }}},
     {"min", {2, [](const Arguments& a) { return a[0] < a[1] ? a[0] : a[1]; }}},
     {"max", {2, [](const Arguments& a) { return a[0] < a[1] ? a[1] : a[0]; }}},

@@ -1,0 +1,26 @@
+// Written by tools/approx from the rule in zym/kernels/exp_int1/tables.h; do not edit.
+#include "zym/kernels/exp_int1/tables.h"
+
+// clang-format off
+namespace orvik::zym {
+
+alignas(64) const float kExpInt1Single1[104] = {
+    -0x1.c5857cp5f, -0x1.93838ap5f, -0x1.6b1efep5f, -0x1.49d298p5f, -0x1.2de85ap5f, -0x1.162c84p5f, -0x1.01c086p5f,
+    -0x1.dffee2p4f, -0x1.b2f956p4f, -0x1.81bb06p4f, -0x1.5a045ap4f, -0x1.395424p4f, -0x1.1df76cp4f, -0x1.06bcc4p4f,
+    -0x1.e58edep3f, -0x1.c2e7dep3f, -0x1.970cd2p3f, -0x1.67318p3f, -0x1.40b436p3f, -0x1.211ba6p3f, -0x1.06bacp3f,
+    -0x1.e0c926p2f, -0x1.ba7fcap2f, -0x1.995806p2f, -0x1.6f8354p2f, -0x1.420b2ap2f, -0x1.1da41ap2f, -0x1.ffc7c2p1f,
+    -0x1.ce5114p1f, -0x1.a49b3ep1f, -0x1.8100f2p1f, -0x1.624b3ep1f, -0x1.3bbd22p1f, -0x1.121602p1f, -0x1.e1f328p0f,
+    -0x1.ac31d6p0f, -0x1.7fcc6ep0f, -0x1.5a9862p0f, -0x1.3b07dap0f, -0x1.1ff64cp0f, -0x1.fc71ap-1f, -0x1.b42ef6p-1f,
+    -0x1.7b52p-1f, -0x1.4d99eap-1f, -0x1.282ea4p-1f, -0x1.09180ep-1f, -0x1.dddd82p-2f, -0x1.b1583cp-2f, -0x1.7a6082p-2f,
+    -0x1.40311p-2f, -0x1.12ff6cp-2f, -0x1.de3246p-3f, -0x1.a41784p-3f, -0x1.74535ep-3f, -0x1.4c86eap-3f,
+    -0x1.2afa88p-3f, -0x1.020564p-3f, -0x1.ae7ceap-4f, -0x1.6d04e6p-4f, -0x1.39b72ap-4f, -0x1.10b5e4p-4f,
+    -0x1.dec55ep-5f, -0x1.a7d3p-5f, -0x1.79f6p-5f, -0x1.429da2p-5f, -0x1.09982cp-5f, -0x1.bd34bap-6f, -0x1.7ab67ap-6f,
+    -0x1.46322p-6f, -0x1.1bf8cp-6f, -0x1.f3008p-7f, -0x1.b9f87ap-7f, -0x1.75dbb8p-7f, -0x1.3083d4p-7f, -0x1.f9ca1ep-8f,
+    -0x1.aad4ecp-8f, -0x1.6d138ap-8f, -0x1.3bda72p-8f, -0x1.13fac4p-8f, -0x1.e672aap-9f, -0x1.98d3cap-9f,
+    -0x1.4a826cp-9f, -0x1.10c0ecp-9f, -0x1.c9dea4p-10f, -0x1.85cc74p-10f, -0x1.4fde6ap-10f, -0x1.246a1ap-10f,
+    -0x1.00e2dp-10f, -0x1.ae0682p-11f, -0x1.5a05d2p-11f, -0x1.1c730ap-11f, -0x1.dbf162p-12f, -0x1.940d9ap-12f,
+    -0x1.5b4f68p-12f, -0x1.2dbcd2p-12f, -0x1.089566p-12f, -0x1.b9dd9ep-13f, -0x1.6299e6p-13f, -0x1.22dcecp-13f,
+    -0x1.e5c8bp-14f, -0x1.9bc49cp-14f, -0x1.617858p-14f, -0x1.32bbecp-14f, -0x1.0cb136p-14f
+};
+
+}  // namespace orvik::zym

@@ -105,6 +105,16 @@ int32_t _qoriRngBernoulli(uint32_t method, OrvikStream stream, int32_t n, int32_
 /* Failures before the first success of probability `p`. */
 int32_t _qoriRngGeometric(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double p);
 
+/* ---- Discrete, by inversion or rejection ------------------------------------------------------------------------- */
+
+/* Their set-up stays in the stream and serves further calls with the same parameters; -4. */
+
+/* Successes of `ntrial` trials of probability `p`. No trials: zeros, nothing is drawn. */
+int32_t _qoriRngBinomial(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, int32_t ntrial, double p);
+/* Marked ones in a sample of `s` out of a lot of `l` of which `m` are marked. */
+int32_t _qoriRngHypergeometric(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, int32_t l, int32_t s,
+                               int32_t m);
+
 /* ---- Words ------------------------------------------------------------------------------------------------------- */
 
 /* Elements as the generator gives them, of its word size. */

@@ -78,14 +78,20 @@ void by_switching(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q) {
     if (!uniforms.draw(2 * count, w)) return -1;
     split(count, w, u, e);
     kernels::ln(count, e, e);
-    for (int32_t i = 0; i < count; ++i) x[i] = u[i] <= s.left ? u[i] / s.left : (1 - u[i]) / (1 - s.left);
+    // Both sides of each choice are computed, so that the loops run in vectors.
+    for (int32_t i = 0; i < count; ++i) {
+      const bool below = u[i] <= s.left;
+      const T rest = 1 - u[i];
+      x[i] = (below ? u[i] : rest) / (below ? s.left : 1 - s.left);
+    }
     kernels::ln(count, x, x);
     for (int32_t i = 0; i < count; ++i) x[i] *= u[i] <= s.left ? inverse_p : inverse_q;
     kernels::exp(count, x, x);
     for (int32_t i = 0; i < count; ++i) {
       const bool below = u[i] <= s.left;
-      x[i] = below ? s.t * x[i] : 1 - (1 - s.t) * x[i];
-      g[i] = below ? (1 - x[i]) / s.unit : x[i] / s.t;
+      const T low = s.t * x[i], high = 1 - (1 - s.t) * x[i], rest = 1 - low;
+      x[i] = below ? low : high;
+      g[i] = (below ? rest : high) / (below ? s.unit : s.t);
     }
     kernels::ln(count, g, g);
     for (int32_t i = 0; i < count; ++i) accepted[i] = (u[i] <= s.left ? 1 - q : 1 - p) * g[i] <= -e[i];
@@ -122,11 +128,11 @@ void by_log_logistic(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q, bool comp
     for (int32_t i = 0; i < count; ++i) {
       const T product = p * x[i], z = u[i] * u[i] * second[i], ratio = gamma * v[i] - kLn4, s = p + ratio - product;
       const bool finite = product <= std::numeric_limits<T>::max();  // not where a uniform was rounded up to 1
-      accepted[i] = s + 2 >= kE * z && finite;
+      accepted[i] = (s + 2 >= kE * z) & finite;
       hard[undecided] = i;
       hard_z[undecided] = z;
       hard_x[undecided] = alpha / (q + product);
-      undecided += !accepted[i] && finite;
+      undecided += !accepted[i] & finite;
       v[i] = ratio;
       x[i] = (complement ? q : product) / (q + product);
     }

@@ -28,7 +28,7 @@ class NormalCandidates {
  public:
   NormalCandidates(Uniforms<T>& uniforms, PendingPair<T>& pending) : uniforms_(uniforms), pending_(pending) {}
 
-  // z and u of `count` candidates.
+  // z and u of `count` candidates; z has room for one more.
   bool draw(int32_t count, T* z, T* u) {
     T w[2 * kCandidates + 2], first[kCandidates / 2 + 1], second[kCandidates / 2 + 1], sine[kCandidates / 2 + 1];
     const int32_t held = pending_.first >= 0 ? 1 : 0, fresh = count - held;
@@ -43,7 +43,11 @@ class NormalCandidates {
       first[held + j] = groups[4 * j];
       second[held + j] = groups[4 * j + 1];
     }
-    for (int32_t j = 0; j < fresh; ++j) u[held + j] = groups[4 * (j / 2) + 2 + j % 2];
+    for (int32_t j = 0; 2 * j + 1 < fresh; ++j) {
+      u[held + 2 * j] = groups[4 * j + 2];
+      u[held + 2 * j + 1] = groups[4 * j + 3];
+    }
+    if (fresh % 2 != 0) u[count - 1] = groups[2 * fresh];
     const int32_t pairs = held + (fresh + 1) / 2;
     pending_ = {-1, -1};
     if (fresh % 2 != 0) pending_ = {first[pairs - 1], second[pairs - 1]};
@@ -54,9 +58,9 @@ class NormalCandidates {
     transform(pairs, second, [](T x) { return Precision<T>::kTwoPi * x; });
     kernels::sin_cos(pairs, second, sine, second);
     if (held) z[0] = first[0] * second[0];
-    for (int32_t j = 0; j < fresh; ++j) {
-      const int32_t pair = held + j / 2;
-      z[held + j] = first[pair] * (j % 2 == 0 ? sine[pair] : second[pair]);
+    for (int32_t j = held; j < pairs; ++j) {
+      z[2 * j - held] = first[j] * sine[j];
+      z[2 * j - held + 1] = first[j] * second[j];
     }
     return true;
   }
@@ -71,21 +75,21 @@ void from_normals(Uniforms<T>& uniforms, int32_t n, T* r, T alpha, PendingPair<T
   const T d = alpha - T(1.0 / 3), c = 1 / kernels::sqrt.high(std::fma(T(9), alpha, T(-3)));
   NormalCandidates<T> candidates(uniforms, pending);
   until_accepted(n, r, kCandidates, [&](int32_t count, T* out) {
-    T z[kCandidates], u[kCandidates], v[kCandidates], hard_u[kCandidates], hard_v[kCandidates];
+    T z[kCandidates + 1], u[kCandidates], v[kCandidates], hard_u[kCandidates], hard_v[kCandidates];
     bool accepted[kCandidates];
     int32_t hard[kCandidates];
     if (!candidates.draw(count, z, u)) return -1;
     for (int32_t i = 0; i < count; ++i) {
       const T t = std::fma(c, z[i], T(1)), square = z[i] * z[i];
       v[i] = t * t * t;
-      accepted[i] = v[i] > 0 && u[i] < std::fma(square * square, T(-0.0331), T(1));
+      accepted[i] = (v[i] > 0) & (u[i] < std::fma(square * square, T(-0.0331), T(1)));
     }
     int32_t undecided = 0;
     for (int32_t i = 0; i < count; ++i) {
       hard[undecided] = i;
       hard_u[undecided] = u[i];
       hard_v[undecided] = v[i];
-      undecided += v[i] > 0 && !accepted[i];
+      undecided += (v[i] > 0) & !accepted[i];
     }
     if (undecided > 0) {  // as for one number: these few decide by logarithms of high accuracy
       kernels::ln.call(Level::high, undecided, hard_u, hard_u);

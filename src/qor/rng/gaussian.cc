@@ -99,6 +99,16 @@ int32_t box_muller_pairs(OrvikStream stream, int32_t n, T* r, T a, T sigma) {
   return uniforms.status();
 }
 
+template <class T>
+int32_t inverse(OrvikStream stream, int32_t n, T* r, T a, T sigma) {
+  Uniforms<T> uniforms(stream);
+  if (uniforms.draw(n, r, -1, 1) && n > 0) {
+    kernels::erf_inv(n, r, r);
+    scale_and_shift(n, r, sigma * Precision<T>::kSqrtTwo, a);
+  }
+  return uniforms.status();
+}
+
 }  // namespace
 
 template <class T>
@@ -109,6 +119,8 @@ int32_t gaussian(uint32_t method, OrvikStream stream, int32_t n, T* r, T a, T si
       return box_muller(stream, n, r, a, sigma);
     case kBoxMullerPairs:
       return box_muller_pairs(stream, n, r, a, sigma);
+    case kInverse:
+      return inverse(stream, n, r, a, sigma);
     default:
       return ORVIK_QOR_BAD_METHOD;
   }

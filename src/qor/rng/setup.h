@@ -35,19 +35,35 @@ PendingPair<T>* pending_pair(OrvikStream stream, int32_t id, int32_t* status) {
   return side_block<PendingPair<T>>(stream, id, status, [](PendingPair<T>& pair) { pair = {-1, -1}; });
 }
 
-// The set-up of a distribution for its parameters `key`; build(Setup&) runs only when they are not those of the last
-// call. The block keeps its place. Null and the status when memory is exhausted.
+// The set-up of a distribution for its parameters `key`; build(Setup&, key) runs only when they are not those of the
+// last call. The block keeps its place. Null and the status when memory is exhausted.
 template <class Setup, class Build>
 const Setup* cached(OrvikStream stream, int32_t id, const typename Setup::Key& key, int32_t* status, Build build) {
   bool fresh = false;
   const auto fill = [&](Setup& setup) {
-    build(setup);
+    build(setup, key);
     setup.key = key;
     fresh = true;
   };
   Setup* const setup = side_block<Setup>(stream, id, status, fill);
   if (setup && !fresh && !(setup->key == key)) fill(*setup);
   return setup;
+}
+
+// After a load that brought a side block of that id: what an image says of a set-up is made anew from its parameters,
+// if they are such that build(Setup&) may be called with them.
+template <class Setup, class Build>
+void rebuild(OrvikStream stream, int32_t id, Build build) {
+  void* const found = find_chunk(stream, static_cast<uint32_t>(id), sizeof(Setup));
+  if (!found) return;
+  Setup& setup = *static_cast<Setup*>(found);
+  const typename Setup::Key key = setup.key;
+  if (key.is_sane()) {
+    build(setup, key);
+    setup.key = key;
+  } else {
+    setup.key = Setup::Key::never();
+  }
 }
 
 }  // namespace orvik::qor

@@ -87,15 +87,16 @@ std::vector<Case> transforms() {
           };
           describe(c, math::weibull(alpha, 2), 1);
         });
-  for (const uint32_t method : {0u, 1u})
-    add(method == 0 ? "Gaussian_0" : "Gaussian_1", [=](Case& c) {
+  for (const uint32_t method : {0u, 1u, 2u})
+    add(("Gaussian_" + std::to_string(method)).c_str(), [=](Case& c) {
       ORVIK_REAL(Gaussian, method, 1, 2);
       describe(c, math::normal(1, 2));
     });
-  add("Lognormal_0", [](Case& c) {
-    ORVIK_REAL(Lognormal, 0, 0.25f, 0.5f, -1, 2);
-    describe(c, math::lognormal(0.25, 0.5), -1, 2);
-  });
+  for (const uint32_t method : {0u, 1u})
+    add(method == 0 ? "Lognormal_0" : "Lognormal_inverse", [=](Case& c) {
+      ORVIK_REAL(Lognormal, method, 0.25f, 0.5f, -1, 2);
+      describe(c, math::lognormal(0.25, 0.5), -1, 2);
+    });
   add("Uniform_integers", [](Case& c) {
     ORVIK_INTEGER(Uniform, 0, -7, 100);
     c.pmf = [](double k) { return k >= -7 && k < 100 ? 1 / 107.0 : 0; };
@@ -172,6 +173,68 @@ std::vector<Case> rejections() {
   return list;
 }
 
+std::vector<Case> integers() {
+  std::vector<Case> list;
+  const auto add = [&](std::string name, auto draw, auto pmf, double mean, double variance) {
+    Case c;
+    c.name = std::move(name);
+    c.i = draw;
+    c.pmf = pmf;
+    c.mean = mean;
+    c.variance = variance;
+    list.push_back(std::move(c));
+  };
+  // Inversion and rejection on both sides of one half, and where one meets the other.
+  for (const auto& [trials, p] : std::vector<std::pair<int32_t, double>>{{1, 0.5},
+                                                                         {10, 0.3},
+                                                                         {40, 0.7},
+                                                                         {1000000, 0.00002},
+                                                                         {59, 0.5},
+                                                                         {60, 0.5},
+                                                                         {100, 0.3},
+                                                                         {100, 0.7},
+                                                                         {1000, 0.45},
+                                                                         {100000, 0.001},
+                                                                         {2000000000, 0.37}}) {
+    const int32_t n = trials;
+    const double q = p;
+    add(
+        "Binomial_" + std::to_string(n) + "_" + std::to_string(static_cast<int>(p * 100000)),
+        [=](OrvikStream s, int32_t count, int32_t* r) { return _qoriRngBinomial(0, s, count, r, n, q); },
+        [=](double k) { return k < 0 || k > n ? 0 : math::pdf(math::binomial(n, q), k); }, n * p, n * p * (1 - p));
+  }
+  // Table and rejection with all four ways to turn the case around, and narrow and wide modes of the rejection.
+  for (const auto& [lot, sample, marked] :
+       std::vector<std::tuple<int32_t, int32_t, int32_t>>{{20, 7, 9},
+                                                          {76, 38, 38},
+                                                          {78, 39, 39},
+                                                          {1000, 300, 400},
+                                                          {1000, 700, 400},
+                                                          {1000, 300, 600},
+                                                          {1000, 700, 600},
+                                                          {1000, 25, 600},
+                                                          {100000, 50, 60},
+                                                          {100000, 200, 900},
+                                                          {1000000, 400000, 300000}}) {
+    const int32_t l = lot, s = sample, m = marked;
+    const double share = static_cast<double>(m) / l, mean = s * share;
+    add(
+        "Hypergeometric_" + std::to_string(l) + "_" + std::to_string(s) + "_" + std::to_string(m),
+        [=](OrvikStream stream, int32_t count, int32_t* r) {
+          return _qoriRngHypergeometric(0, stream, count, r, l, s, m);
+        },
+        [=](double k) {
+          return k < std::max(0, s + m - l) || k > std::min(s, m)
+                     ? 0
+                     : std::exp(std::lgamma(m + 1.0) - std::lgamma(k + 1) - std::lgamma(m - k + 1) +
+                                std::lgamma(l - m + 1.0) - std::lgamma(s - k + 1) - std::lgamma(l - m - s + k + 1) -
+                                std::lgamma(l + 1.0) + std::lgamma(s + 1.0) + std::lgamma(l - s + 1.0));
+        },
+        mean, mean * (1 - share) * (l - s) / (l - 1.0));
+  }
+  return list;
+}
+
 class Fit : public ::testing::TestWithParam<Case> {
  protected:
   template <class T, class Draw>
@@ -193,6 +256,9 @@ INSTANTIATE_TEST_SUITE_P(Transforms, Fit, ::testing::ValuesIn(transforms()),
                          [](const auto& info) { return info.param.name; });
 
 INSTANTIATE_TEST_SUITE_P(Rejections, Fit, ::testing::ValuesIn(rejections()),
+                         [](const auto& info) { return info.param.name; });
+
+INSTANTIATE_TEST_SUITE_P(Integers, Fit, ::testing::ValuesIn(integers()),
                          [](const auto& info) { return info.param.name; });
 
 TEST_P(Fit, IsThatOfTheDistribution) {

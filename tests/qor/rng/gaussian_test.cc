@@ -237,6 +237,64 @@ TYPED_TEST(Gaussian, Method1GoesOnInACopyAndInAnImage) {
   expect_same(drawn<T>(4, [&](T* r) { return gaussian(1, loaded.get(), 4, r, 0, 1); }), expected, "image");
 }
 
+template <class T>
+constexpr T kErfInvOfOne = sizeof(T) == 8 ? static_cast<T>(5.8635847487551676) : static_cast<T>(3.8325068950653076);
+template <class T>
+Numbers<T> erf_inv(const Numbers<T>& u) {
+  Numbers<T> r = plain::raw_erf_inv(u);
+  for (size_t i = 0; i < u.size(); ++i)
+    if (std::fabs(u[i]) == 1) r[i] = u[i] * kErfInvOfOne<T>;
+  return r;
+}
+// Mean and deviation as method 2 applies them.
+template <class T>
+Numbers<T> by_inverse(const Stream& source, int32_t n, T a, T sigma) {
+  const T factor = sigma * (sizeof(T) == 8 ? static_cast<T>(0x1.6a09e667f3bcdp+0) : static_cast<T>(0x1.6a09e6p+0));
+  return plain::each(erf_inv(uniforms<T>(source, n, -1, 1)), [=](T x) { return std::fma(x, factor, a); });
+}
+
+TYPED_TEST(Gaussian, Method2IsTheInverseOfTheDistributionFunction) {
+  using T = TypeParam;
+  for (const int32_t brng : {ORVIK_BRNG_MT19937, ORVIK_BRNG_MCG59, ORVIK_BRNG_SOBOL})
+    for (const int32_t n : kSizes) {
+      const Stream s(brng, {7}), source = s.copy();
+      expect_same(drawn<T>(n, [&](T* r) { return gaussian(2, s.get(), n, r, 1.5, 0.3); }),
+                  by_inverse<T>(source, n, T(1.5), T(0.3)), "method 2");
+      expect_same(uniforms<T>(s, 3), uniforms<T>(source, 3), "numbers that follow");
+    }
+}
+
+TYPED_TEST(Gaussian, Method2AsksOnceForAllItsUniforms) {
+  using T = TypeParam;
+  Scripted s;
+  s.spread();
+  drawn<T>(3000, [&](T* r) { return gaussian(2, s.get(), 3000, r, 0, 1); });
+  EXPECT_EQ(s->requests, (std::vector<Request>{{3000, -1, 1}}));
+}
+
+TYPED_TEST(Gaussian, Method2OfMinusOneExactlyIsTheLastFiniteValue) {
+  using T = TypeParam;
+  Scripted s;
+  s.numbers({0, 1, 0.5});
+  const Numbers<T> r = drawn<T>(3, [&](T* r) { return gaussian(2, s.get(), 3, r, 3, 2); });
+  const T factor = T(2) * (sizeof(T) == 8 ? static_cast<T>(0x1.6a09e667f3bcdp+0) : static_cast<T>(0x1.6a09e6p+0));
+  EXPECT_EQ(r[0], std::fma(-kErfInvOfOne<T>, factor, T(3)));
+  EXPECT_EQ(r[1], std::fma(kErfInvOfOne<T>, factor, T(3)));
+  EXPECT_EQ(r[2], T(3));
+}
+
+TYPED_TEST(Gaussian, Method2KeepsTheOrderOfQuasiRandomPoints) {
+  using T = TypeParam;
+  const Stream s(ORVIK_BRNG_SOBOL, {3}), source = s.copy();
+  const Numbers<T> r = drawn<T>(3 * 500, [&](T* r) { return gaussian(2, s.get(), 3 * 500, r, 0, 1); });
+  const Numbers<T> u = uniforms<T>(source, 3 * 500, -1, 1);
+  for (size_t i = 0; i < u.size(); ++i)
+    for (size_t j = i % 3; j < i; j += 333)
+      if (u[j] < u[i]) {
+        ASSERT_LE(r[j], r[i]);
+      }
+}
+
 TYPED_TEST(Gaussian, RefusesAnUnknownMethod) {
   using T = TypeParam;
   Scripted s;
@@ -258,6 +316,21 @@ TYPED_TEST(Lognormal, Method0IsTheExponentialOfPairs) {
                                             [](T x) { return std::fma(x, T(0.7), T(1.25)); });
     expect_same(drawn<T>(n, [&](T* r) { return lognormal(0, s.get(), n, r, T(0.5), T(0.3), T(1.25), T(0.7)); }),
                 expected, "Lognormal");
+  }
+}
+
+TYPED_TEST(Lognormal, WithTheClampBitAloneTakesTheInverseMethod) {
+  using T = TypeParam;
+  for (const uint32_t method : {uint32_t{ORVIK_RNG_CLAMP}, 1u, 2u, ORVIK_RNG_CLAMP | 1u}) {
+    const Stream s(ORVIK_BRNG_MT19937, {77}), source = s.copy();
+    const bool clamps = (method & ORVIK_RNG_CLAMP) != 0;
+    const Numbers<T> expected = plain::each(plain::exp(by_inverse<T>(source, 1000, T(0.5), T(0.3))), [=](T x) {
+      const T y = std::fma(x, T(-0.7), T(1.25));
+      return clamps && y < T(1.25) ? T(1.25) : y;
+    });
+    expect_same(
+        drawn<T>(1000, [&](T* r) { return lognormal(method, s.get(), 1000, r, T(0.5), T(0.3), T(1.25), T(-0.7)); }),
+        expected, "Lognormal");
   }
 }
 

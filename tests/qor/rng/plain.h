@@ -29,6 +29,7 @@ ORVIK_PLAIN(exp, Exp)
 ORVIK_PLAIN(sin, Sin)
 ORVIK_PLAIN(cos, Cos)
 ORVIK_PLAIN(tan, Tan)
+ORVIK_PLAIN(raw_erf_inv, ErfInv)
 #undef ORVIK_PLAIN
 
 inline void sin_cos_of(int32_t n, const double* a, double* s, double* c) { _zymdSinCos_26(n, a, s, c); }

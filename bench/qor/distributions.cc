@@ -111,6 +111,24 @@ std::vector<Subject<int32_t>> discrete() {
   using namespace orvik::bench;
   std::vector<Subject<int32_t>> list = {
       {"Bernoulli of 0.3", ORVIK_DRAW(int32_t, iRngBernoulli, 0, 0.3), bernoulli_peers(0.3), {}},
+      {"Binomial of 40, 0.3", ORVIK_DRAW(int32_t, iRngBinomial, 0, 40, 0.3), binomial_peers(40, 0.3), {3, 3}},
+      {"Binomial of 1000, 0.3", ORVIK_DRAW(int32_t, iRngBinomial, 0, 1000, 0.3), binomial_peers(1000, 0.3), {3, 3}},
+      {"Binomial of 10^7, 0.2",
+       ORVIK_DRAW(int32_t, iRngBinomial, 0, 10000000, 0.2),
+       binomial_peers(10000000, 0.2),
+       {3, 3}},
+      {"Hypergeometric of 100, 30, 40",
+       ORVIK_DRAW(int32_t, iRngHypergeometric, 0, 100, 30, 40),
+       hypergeometric_peers(100, 30, 40),
+       {3, 3}},
+      {"Hypergeometric of 1000, 300, 400",
+       ORVIK_DRAW(int32_t, iRngHypergeometric, 0, 1000, 300, 400),
+       hypergeometric_peers(1000, 300, 400),
+       {3, 3}},
+      {"Hypergeometric of 10^6, 5000, 4000",
+       ORVIK_DRAW(int32_t, iRngHypergeometric, 0, 1000000, 5000, 4000),
+       hypergeometric_peers(1000000, 5000, 4000),
+       {3, 3}},
       {"Geometric of 0.2", ORVIK_DRAW(int32_t, iRngGeometric, 0, 0.2), geometric_peers(0.2), {}},
   };
   return list;

@@ -28,9 +28,7 @@ int32_t walk_from(double u, int32_t trials, double p) {
   return k;
 }
 
-int32_t walk(Feed<float>& feed, int32_t trials, double p) {
-  return walk_from(static_cast<double>(feed()), trials, p);
-}
+int32_t walk(Feed<float>& feed, int32_t trials, double p) { return walk_from(static_cast<double>(feed()), trials, p); }
 
 int32_t btpe(Feed<float>& feed, int32_t trials, double p) {
   const double n = trials, q = 1 - p, npq = n * p * q, ffm = n * p + p, m = std::floor(ffm);

@@ -31,7 +31,7 @@ void PrintTo(const Case& c, std::ostream* out) { *out << c.name; }
 
 template <class Distribution>
 void describe(Case& c, const Distribution& distribution, double shift = 0, double scale = 1) {
-  const auto [low, high] = math::support(distribution);
+  const double low = math::support(distribution).first, high = math::support(distribution).second;
   c.cdf = [=](double x) { return math::cdf(distribution, std::clamp((x - shift) / scale, low, high)); };
   c.mean = math::mean(distribution) * scale + shift;
   c.variance = math::variance(distribution) * scale * scale;

@@ -357,12 +357,13 @@ TYPED_TEST(Rejection, BetaOfUniformsAtTheirEndsIsInItsInterval) {
   for (const auto& [p, q] : {std::pair(0.2, 0.2), std::pair(0.8, 0.9), std::pair(1.0, 0.5), std::pair(0.5, 1.0),
                              std::pair(0.4, 3.0), std::pair(3.0, 0.4), std::pair(2.0, 5.0)})
     for (const double u : {0.0, 0.5, static_cast<double>(top), 1.0}) {
+      const T first = T(p), second = T(q);
       Scripted s;
       s->number = [u](int64_t i) {
         const double x = static_cast<double>(i) * 0.6180339887498949;
         return i < 7 ? u : x - static_cast<double>(static_cast<int64_t>(x));
       };
-      for (const T x : drawn<T>(20, [&](T* r) { return beta(ORVIK_RNG_CLAMP, s.get(), 20, r, T(p), T(q), 1, 2); })) {
+      for (const T x : drawn<T>(20, [&](T* r) { return beta(ORVIK_RNG_CLAMP, s.get(), 20, r, first, second, 1, 2); })) {
         EXPECT_GE(x, 1) << p << ", " << q << ", " << u;
         EXPECT_LE(x, 3) << p << ", " << q << ", " << u;
       }

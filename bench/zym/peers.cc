@@ -15,6 +15,12 @@ std::vector<Peer> all_peers() {
 #ifdef ORVIK_BENCH_EIGEN
   take(eigen_peers());
 #endif
+#ifdef ORVIK_BENCH_BOOST
+  take(boost_peers());
+#endif
+#ifdef ORVIK_BENCH_GSL
+  take(gsl_peers());
+#endif
   return all;
 }
 

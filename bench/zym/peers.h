@@ -32,9 +32,15 @@ inline constexpr double kScaleA = 2.5, kShiftA = -1, kScaleB = 0.5, kShiftB = 30
 inline constexpr int32_t kOrder = 3;
 
 std::span<const Peer> loop_peers();     // plain loops over the language's operators and the C library's functions
-std::span<const Peer> sleef_peers();    // these three where the package is there
+std::span<const Peer> sleef_peers();    // these where the package is there
 std::span<const Peer> libmvec_peers();
 std::span<const Peer> eigen_peers();
+std::span<const Peer> boost_peers();
+std::span<const Peer> gsl_peers();
+std::span<const Peer> sleef_peers();    // these four where the package is there
+std::span<const Peer> libmvec_peers();
+std::span<const Peer> eigen_peers();
+std::span<const Peer> boost_peers();
 
 std::vector<Peer> all_peers();
 

@@ -1,5 +1,6 @@
 // Array expressions of Eigen. Bounds in ulp are the largest errors that `zym_bench --section peers` finds, rounded up.
 #include <Eigen/Core>
+#include <unsupported/Eigen/SpecialFunctions>
 
 #include "zym/peers.h"
 
@@ -47,7 +48,7 @@ constexpr Peer kPeers[] = {
     EIGEN2(Fmin, 0.5, 0.5, a.min(b)) EIGEN1(Sqrt, 0.5, 0.5, a.sqrt()) EIGEN1(InvSqrt, 4, 4, a.rsqrt())
     EIGEN1(Exp, 4, 4, a.exp()) EIGEN1(Expm1, 4, 4, a.expm1()) EIGEN1(Ln, 4, 4, a.log()) EIGEN1(Log2, 4, 4, a.log2())
     EIGEN1(Log10, 4, 4, a.log10()) EIGEN1(Log1p, 4, 4, a.log1p()) EIGEN1(Sin, 4, 4, a.sin()) EIGEN1(Cos, 4, 4, a.cos())
-    EIGEN1(Tanh, 4, 4, a.tanh()) EIGEN2(Pow, 4, 4, a.pow(b))
+    EIGEN1(Tanh, 4, 4, a.tanh()) EIGEN2(Pow, 4, 4, a.pow(b)) EIGEN1(CdfNormInv, 8, 5, a.ndtri())
 };
 
 }  // namespace

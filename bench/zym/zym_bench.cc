@@ -12,6 +12,7 @@
 #include "orvik/zym.h"
 #include "zym/compare.h"
 #include "zym/peer_accuracy.h"
+#include "zym/peer_page.h"
 
 namespace {
 
@@ -26,6 +27,8 @@ constexpr const char* kUsage = R"(zym_bench [options]
   --section LIST     of rows,strided,overhead,large,special,memory,summary,peers (default: all but peers)
   --time MS          milliseconds per comparison (default: 12)
   --csv FILE         every figure
+  --peer-page FILE   measures nothing but the worst errors of the special functions, ours and those of other libraries over
+                     the same inputs, and writes docs/accuracy-peers.md
 
 rows, strided  ns per element of ours and of each peer, with the ratio peer/ours
 overhead       ns of a call with 1 and with 16 elements above that of a plain function
@@ -37,7 +40,7 @@ peers          the largest error found of each peer
 )";
 
 struct Options {
-  std::string rows, levels = "LA,HA,EP", sections = "rows,strided,overhead,large,special,memory,summary", csv;
+  std::string rows, levels = "LA,HA,EP", sections = "rows,strided,overhead,large,special,memory,summary", csv, peer_page;
   std::vector<int32_t> sizes = {1, 16, 100, 1000, 100000};
   double seconds = 0.012;
 };
@@ -59,6 +62,8 @@ Options parse(int argc, char** argv) {
       o.sections = value;
     } else if (name == "--csv") {
       o.csv = value;
+    } else if (name == "--peer-page") {
+      o.peer_page = value;
     } else if (name == "--time") {
       o.seconds = std::atof(value) / 1000;
     } else if (name == "--sizes") {
@@ -326,6 +331,11 @@ class Run {
 
 int main(int argc, char** argv) {
   const Options o = parse(argc, argv);
+  if (!o.peer_page.empty()) {
+    if (write_peer_page(o.peer_page, o.rows)) return 0;
+    std::fprintf(stderr, "cannot write %s\n", o.peer_page.c_str());
+    return 1;
+  }
   if (rows::matches(o.sections, "peers") && o.sections != "") print_peer_accuracy(o.rows);
   Run run(o);
   run.all();

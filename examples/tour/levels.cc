@@ -100,6 +100,10 @@ void show_levels(const Table& table) {
         {"HA _zymdTan", _zymdTan}, {"LA _zymdTan_50", _zymdTan_50}, {"EP _zymdTan_26", _zymdTan_26}};
     const Level<double> degrees_double[3] = {
         {"HA _zymdCosd", _zymdCosd}, {"LA _zymdCosd_50", _zymdCosd_50}, {"EP _zymdCosd_26", _zymdCosd_26}};
+    const Level<float> log_gamma_single[3] = {
+        {"HA _zymsLGamma", _zymsLGamma}, {"LA _zymsLGamma_21", _zymsLGamma_21}, {"EP _zymsLGamma_11", _zymsLGamma_11}};
+    const Level<double> gamma_double[3] = {
+        {"HA _zymdTGamma", _zymdTGamma}, {"LA _zymdTGamma_50", _zymdTGamma_50}, {"EP _zymdTGamma_26", _zymdTGamma_26}};
     show_function<float>("exp, 32 bits", values, exp_single, [](long double x) { return std::exp(x); });
     show_function<float>("ln, 32 bits", values, log_single, [](long double x) { return std::log(x); });
     show_function<double>("ln, 64 bits", values, log_double, [](long double x) { return std::log(x); });
@@ -113,6 +117,8 @@ void show_levels(const Table& table) {
     show_function<double>("arc tangent, 64 bits", values, arc_double, [](long double x) { return std::atan(x); });
     show_function<float>("tanh, 32 bits", values, tanh_single, [](long double x) { return std::tanh(x); });
     show_function<double>("asinh, 64 bits", values, area_double, [](long double x) { return std::asinh(x); });
+    show_function<float>("ln gamma, 32 bits", values, log_gamma_single, [](long double x) { return std::lgamma(x); });
+    show_function<double>("gamma, 64 bits", values, gamma_double, [](long double x) { return std::tgamma(x); });
     return;
   }
   std::printf("  No column has only values from above 0 to 80.\n");

@@ -15,11 +15,17 @@ void show_vector_math(const Table& table);
 // Functions at the three levels of accuracy side by side: value, error, time.
 void show_levels(const Table& table);
 
+// Which periods a column's variance comes from, by complex functions.
+void show_periodogram(const Table& table);
+
 // A bootstrap interval of a mean, its random numbers split over several streams in three ways.
 void show_streams(const Table& table);
 
 // Summary of each column, correlations, quantiles of a long stream.
 void show_statistics(const Table& table);
+
+// Sorted columns against normal quantiles, the straightest one drawn.
+void show_quantile_plot(const Table& table);
 
 // Natural, Akima and Hyman splines through the gaps of a column, drawn with their derivatives, integrated by month.
 void show_fitting(const Table& table);
@@ -33,8 +39,10 @@ inline constexpr Section kSections[] = {
     {"Data", show_data},
     {"Vector mathematics", show_vector_math},
     {"Levels of accuracy", show_levels},
+    {"Periodogram", show_periodogram},
     {"Random streams", show_streams},
     {"Statistics", show_statistics},
+    {"Normal quantiles", show_quantile_plot},
     {"Data fitting", show_fitting},
 };
 

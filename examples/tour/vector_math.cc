@@ -84,6 +84,52 @@ void show_strided(const Table& table) {
               table.columns[c].name.c_str(), columns, used > 0 ? std::sqrt(sum / used) : NAN);
 }
 
+// Successive values, scaled to below 1, as complex numbers: the sine of the arc sine is the number again, also next to
+// the cuts.
+void show_complex(const Column& column) {
+  const std::vector<double> values = column.present();
+  if (values.size() < 2) return;
+  double largest = 0;
+  for (double value : values) largest = std::fmax(largest, std::fabs(value));
+  if (!(largest > 0)) return;
+  std::vector<ZymComplexDouble> z(values.size() - 1), w(values.size() - 1);
+  for (size_t i = 0; i < z.size(); ++i) z[i] = {values[i] / largest, values[i + 1] / largest};
+  const auto n = static_cast<int32_t>(z.size());
+  _zymzAsin(n, z.data(), w.data());
+  _zymzSin(n, w.data(), w.data());
+  double worst = 0;
+  for (size_t i = 0; i < z.size(); ++i) worst = std::fmax(worst, std::hypot(w[i].re - z[i].re, w[i].im - z[i].im));
+  std::printf("  %s: sin(asin z) of %d complex numbers differs from z by %.1e at most\n", column.name.c_str(), n,
+              worst);
+// The value furthest from the mean, and how many as far out a normal distribution would have among as many values. The
+// tail itself is computed, so that it does not become 0 next to 1.
+void show_extreme(const Column& column) {
+  const std::vector<double> values = column.present();
+  if (values.size() < 3) return;
+  const auto n = static_cast<double>(values.size());
+  double mean = 0, square = 0;
+  for (double value : values) mean += value / n;
+  for (double value : values) square += (value - mean) * (value - mean) / (n - 1);
+  if (!(square > 0)) return;
+  std::vector<double> score, tail(values.size());
+  for (double value : values) score.push_back(-std::fabs(value - mean) / std::sqrt(square));
+  _zymdCdfNorm(static_cast<int32_t>(score.size()), score.data(), tail.data());
+  size_t at = 0;
+  for (size_t i = 1; i < tail.size(); ++i) {
+    if (tail[i] < tail[at]) at = i;
+  }
+  std::printf("  %-16s furthest from its mean: %g, by %.2f deviations; %.3g of %zu values expected there\n",
+              column.name.c_str(), values[at], -score[at], 2 * tail[at] * n, values.size());
+// Bessel functions at the doubles nearest to their zeros, and one order far from its turning point.
+void show_bessel() {
+  const double zeros[] = {2.404825557695773, 5.520078110286311, 8.653727912911013};
+  double j0[3], j100[3];
+  _zymdJ0(3, zeros, j0);
+  _zymdJn(3, 100, zeros, j100);
+  std::printf("  J0 at %.15f, %.15f, %.15f: %.3g, %.3g, %.3g\n", zeros[0], zeros[1], zeros[2], j0[0], j0[1], j0[2]);
+  std::printf("  J of order 100 there: %.3g, %.3g, %.3g\n", j100[0], j100[1], j100[2]);
+}
+
 }  // namespace
 
 void show_vector_math(const Table& table) {
@@ -91,7 +137,12 @@ void show_vector_math(const Table& table) {
   std::printf("\n");
   for (const Column& column : table.columns) show_reports(column);
   std::printf("\n");
+  for (const Column& column : table.columns) show_extreme(column);
+  std::printf("\n");
   show_strided(table);
+  std::printf("\n");
+  show_complex(table.columns.front());
+  show_bessel();
 }
 
 }  // namespace tour

@@ -404,6 +404,34 @@ void _zymsTanhI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t in
 ORVIK_TABLE void* orvik_zym_kernel_sTanhI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sTanhI_ctab[];
 
+/* sErf: error function. */
+void _zymsErf_21(int32_t n, const float* a, float* r);
+void _zymsErf(int32_t n, const float* a, float* r);
+void _zymsErf_HA(int32_t n, const float* a, float* r);
+void _zymsErf_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sErf_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErf_ctab[];
+void _zymsErfI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sErfI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErfI_ctab[];
+
+/* sErfc: complementary error function 1 - erf(a); elements can be reported. */
+void _zymsErfc_21(int32_t n, const float* a, float* r);
+void _zymsErfc(int32_t n, const float* a, float* r);
+void _zymsErfc_HA(int32_t n, const float* a, float* r);
+void _zymsErfc_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sErfc_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErfc_ctab[];
+void _zymsErfcI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfcI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfcI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfcI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sErfcI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErfcI_ctab[];
+
 /* sErfInv: inverse error function; elements can be reported. */
 void _zymsErfInv_21(int32_t n, const float* a, float* r);
 void _zymsErfInv(int32_t n, const float* a, float* r);
@@ -502,6 +530,20 @@ void _zymsErfcInvI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t
 ORVIK_TABLE void* orvik_zym_kernel_sErfcInvI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sErfcInvI_ctab[];
 
+/* sCdfNorm: normal distribution function; elements can be reported. */
+void _zymsCdfNorm_21(int32_t n, const float* a, float* r);
+void _zymsCdfNorm(int32_t n, const float* a, float* r);
+void _zymsCdfNorm_HA(int32_t n, const float* a, float* r);
+void _zymsCdfNorm_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sCdfNorm_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCdfNorm_ctab[];
+void _zymsCdfNormI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCdfNormI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCdfNormI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsCdfNormI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sCdfNormI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sCdfNormI_ctab[];
+
 /* sCdfNormInv: normal quantile; elements can be reported. */
 void _zymsCdfNormInv_21(int32_t n, const float* a, float* r);
 void _zymsCdfNormInv(int32_t n, const float* a, float* r);
@@ -515,6 +557,34 @@ void _zymsCdfNormInvI_HA(int32_t n, const float* a, int32_t incA, float* r, int3
 void _zymsCdfNormInvI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_sCdfNormInvI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sCdfNormInvI_ctab[];
+
+/* sLGamma: ln |gamma(a)|; elements can be reported. */
+void _zymsLGamma_21(int32_t n, const float* a, float* r);
+void _zymsLGamma(int32_t n, const float* a, float* r);
+void _zymsLGamma_HA(int32_t n, const float* a, float* r);
+void _zymsLGamma_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sLGamma_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sLGamma_ctab[];
+void _zymsLGammaI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLGammaI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLGammaI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsLGammaI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sLGammaI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sLGammaI_ctab[];
+
+/* sTGamma: gamma function; elements can be reported. */
+void _zymsTGamma_21(int32_t n, const float* a, float* r);
+void _zymsTGamma(int32_t n, const float* a, float* r);
+void _zymsTGamma_HA(int32_t n, const float* a, float* r);
+void _zymsTGamma_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sTGamma_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTGamma_ctab[];
+void _zymsTGammaI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTGammaI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTGammaI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsTGammaI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sTGammaI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sTGammaI_ctab[];
 
 /* sExpInt1: exponential integral E1: integral of e^-t / t from a on; elements can be reported. */
 void _zymsExpInt1_21(int32_t n, const float* a, float* r);
@@ -711,6 +781,104 @@ void _zymsLogbI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t in
 void _zymsLogbI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_sLogbI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_sLogbI_ctab[];
+
+/* sErfcx: e^(a^2) erfc(a). */
+void _zymsErfcx_21(int32_t n, const float* a, float* r);
+void _zymsErfcx(int32_t n, const float* a, float* r);
+void _zymsErfcx_HA(int32_t n, const float* a, float* r);
+void _zymsErfcx_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sErfcx_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErfcx_ctab[];
+void _zymsErfcxI_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfcxI(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfcxI_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsErfcxI_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sErfcxI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sErfcxI_ctab[];
+
+/* sI0: modified Bessel function I of order 0; elements can be reported. */
+void _zymsI0_21(int32_t n, const float* a, float* r);
+void _zymsI0(int32_t n, const float* a, float* r);
+void _zymsI0_HA(int32_t n, const float* a, float* r);
+void _zymsI0_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sI0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sI0_ctab[];
+void _zymsI0I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI0I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI0I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI0I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sI0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sI0I_ctab[];
+
+/* sI1: modified Bessel function I of order 1; elements can be reported. */
+void _zymsI1_21(int32_t n, const float* a, float* r);
+void _zymsI1(int32_t n, const float* a, float* r);
+void _zymsI1_HA(int32_t n, const float* a, float* r);
+void _zymsI1_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sI1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sI1_ctab[];
+void _zymsI1I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI1I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI1I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsI1I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sI1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sI1I_ctab[];
+
+/* sJ0: Bessel function J of order 0. */
+void _zymsJ0_21(int32_t n, const float* a, float* r);
+void _zymsJ0(int32_t n, const float* a, float* r);
+void _zymsJ0_HA(int32_t n, const float* a, float* r);
+void _zymsJ0_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sJ0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJ0_ctab[];
+void _zymsJ0I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ0I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ0I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ0I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sJ0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJ0I_ctab[];
+
+/* sJ1: Bessel function J of order 1. */
+void _zymsJ1_21(int32_t n, const float* a, float* r);
+void _zymsJ1(int32_t n, const float* a, float* r);
+void _zymsJ1_HA(int32_t n, const float* a, float* r);
+void _zymsJ1_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sJ1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJ1_ctab[];
+void _zymsJ1I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ1I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ1I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJ1I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sJ1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJ1I_ctab[];
+
+/* sY0: Bessel function Y of order 0. */
+void _zymsY0_21(int32_t n, const float* a, float* r);
+void _zymsY0(int32_t n, const float* a, float* r);
+void _zymsY0_HA(int32_t n, const float* a, float* r);
+void _zymsY0_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sY0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sY0_ctab[];
+void _zymsY0I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY0I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY0I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY0I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sY0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sY0I_ctab[];
+
+/* sY1: Bessel function Y of order 1. */
+void _zymsY1_21(int32_t n, const float* a, float* r);
+void _zymsY1(int32_t n, const float* a, float* r);
+void _zymsY1_HA(int32_t n, const float* a, float* r);
+void _zymsY1_11(int32_t n, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sY1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sY1_ctab[];
+void _zymsY1I_21(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY1I(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY1I_HA(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsY1I_11(int32_t n, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sY1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sY1I_ctab[];
 
 /* dCeil: smallest integer not below a. */
 void _zymdCeil_50(int32_t n, const double* a, double* r);
@@ -1104,6 +1272,34 @@ void _zymdTanhI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t 
 ORVIK_TABLE void* orvik_zym_kernel_dTanhI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dTanhI_ctab[];
 
+/* dErf: error function. */
+void _zymdErf_50(int32_t n, const double* a, double* r);
+void _zymdErf(int32_t n, const double* a, double* r);
+void _zymdErf_HA(int32_t n, const double* a, double* r);
+void _zymdErf_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dErf_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErf_ctab[];
+void _zymdErfI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dErfI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErfI_ctab[];
+
+/* dErfc: complementary error function 1 - erf(a); elements can be reported. */
+void _zymdErfc_50(int32_t n, const double* a, double* r);
+void _zymdErfc(int32_t n, const double* a, double* r);
+void _zymdErfc_HA(int32_t n, const double* a, double* r);
+void _zymdErfc_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dErfc_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErfc_ctab[];
+void _zymdErfcI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfcI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfcI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfcI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dErfcI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErfcI_ctab[];
+
 /* dErfInv: inverse error function; elements can be reported. */
 void _zymdErfInv_50(int32_t n, const double* a, double* r);
 void _zymdErfInv(int32_t n, const double* a, double* r);
@@ -1202,6 +1398,20 @@ void _zymdErfcInvI_26(int32_t n, const double* a, int32_t incA, double* r, int32
 ORVIK_TABLE void* orvik_zym_kernel_dErfcInvI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dErfcInvI_ctab[];
 
+/* dCdfNorm: normal distribution function; elements can be reported. */
+void _zymdCdfNorm_50(int32_t n, const double* a, double* r);
+void _zymdCdfNorm(int32_t n, const double* a, double* r);
+void _zymdCdfNorm_HA(int32_t n, const double* a, double* r);
+void _zymdCdfNorm_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dCdfNorm_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCdfNorm_ctab[];
+void _zymdCdfNormI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCdfNormI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCdfNormI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdCdfNormI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dCdfNormI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dCdfNormI_ctab[];
+
 /* dCdfNormInv: normal quantile; elements can be reported. */
 void _zymdCdfNormInv_50(int32_t n, const double* a, double* r);
 void _zymdCdfNormInv(int32_t n, const double* a, double* r);
@@ -1215,6 +1425,34 @@ void _zymdCdfNormInvI_HA(int32_t n, const double* a, int32_t incA, double* r, in
 void _zymdCdfNormInvI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dCdfNormInvI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dCdfNormInvI_ctab[];
+
+/* dLGamma: ln |gamma(a)|; elements can be reported. */
+void _zymdLGamma_50(int32_t n, const double* a, double* r);
+void _zymdLGamma(int32_t n, const double* a, double* r);
+void _zymdLGamma_HA(int32_t n, const double* a, double* r);
+void _zymdLGamma_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dLGamma_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dLGamma_ctab[];
+void _zymdLGammaI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLGammaI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLGammaI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdLGammaI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dLGammaI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dLGammaI_ctab[];
+
+/* dTGamma: gamma function; elements can be reported. */
+void _zymdTGamma_50(int32_t n, const double* a, double* r);
+void _zymdTGamma(int32_t n, const double* a, double* r);
+void _zymdTGamma_HA(int32_t n, const double* a, double* r);
+void _zymdTGamma_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dTGamma_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTGamma_ctab[];
+void _zymdTGammaI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTGammaI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTGammaI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdTGammaI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dTGammaI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dTGammaI_ctab[];
 
 /* dExpInt1: exponential integral E1: integral of e^-t / t from a on; elements can be reported. */
 void _zymdExpInt1_50(int32_t n, const double* a, double* r);
@@ -1411,6 +1649,720 @@ void _zymdLogbI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t 
 void _zymdLogbI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dLogbI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dLogbI_ctab[];
+
+/* dErfcx: e^(a^2) erfc(a). */
+void _zymdErfcx_50(int32_t n, const double* a, double* r);
+void _zymdErfcx(int32_t n, const double* a, double* r);
+void _zymdErfcx_HA(int32_t n, const double* a, double* r);
+void _zymdErfcx_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dErfcx_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErfcx_ctab[];
+void _zymdErfcxI_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfcxI(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfcxI_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdErfcxI_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dErfcxI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dErfcxI_ctab[];
+
+/* dI0: modified Bessel function I of order 0; elements can be reported. */
+void _zymdI0_50(int32_t n, const double* a, double* r);
+void _zymdI0(int32_t n, const double* a, double* r);
+void _zymdI0_HA(int32_t n, const double* a, double* r);
+void _zymdI0_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dI0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dI0_ctab[];
+void _zymdI0I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI0I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI0I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI0I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dI0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dI0I_ctab[];
+
+/* dI1: modified Bessel function I of order 1; elements can be reported. */
+void _zymdI1_50(int32_t n, const double* a, double* r);
+void _zymdI1(int32_t n, const double* a, double* r);
+void _zymdI1_HA(int32_t n, const double* a, double* r);
+void _zymdI1_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dI1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dI1_ctab[];
+void _zymdI1I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI1I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI1I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdI1I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dI1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dI1I_ctab[];
+
+/* dJ0: Bessel function J of order 0. */
+void _zymdJ0_50(int32_t n, const double* a, double* r);
+void _zymdJ0(int32_t n, const double* a, double* r);
+void _zymdJ0_HA(int32_t n, const double* a, double* r);
+void _zymdJ0_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dJ0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJ0_ctab[];
+void _zymdJ0I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ0I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ0I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ0I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dJ0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJ0I_ctab[];
+
+/* dJ1: Bessel function J of order 1. */
+void _zymdJ1_50(int32_t n, const double* a, double* r);
+void _zymdJ1(int32_t n, const double* a, double* r);
+void _zymdJ1_HA(int32_t n, const double* a, double* r);
+void _zymdJ1_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dJ1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJ1_ctab[];
+void _zymdJ1I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ1I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ1I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJ1I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dJ1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJ1I_ctab[];
+
+/* dY0: Bessel function Y of order 0. */
+void _zymdY0_50(int32_t n, const double* a, double* r);
+void _zymdY0(int32_t n, const double* a, double* r);
+void _zymdY0_HA(int32_t n, const double* a, double* r);
+void _zymdY0_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dY0_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dY0_ctab[];
+void _zymdY0I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY0I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY0I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY0I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dY0I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dY0I_ctab[];
+
+/* dY1: Bessel function Y of order 1. */
+void _zymdY1_50(int32_t n, const double* a, double* r);
+void _zymdY1(int32_t n, const double* a, double* r);
+void _zymdY1_HA(int32_t n, const double* a, double* r);
+void _zymdY1_26(int32_t n, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dY1_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dY1_ctab[];
+void _zymdY1I_50(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY1I(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY1I_HA(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdY1I_26(int32_t n, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dY1I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dY1I_ctab[];
+
+/* sJn: Bessel function J of integer order. */
+void _zymsJn_21(int32_t n, int32_t order, const float* a, float* r);
+void _zymsJn(int32_t n, int32_t order, const float* a, float* r);
+void _zymsJn_HA(int32_t n, int32_t order, const float* a, float* r);
+void _zymsJn_11(int32_t n, int32_t order, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sJn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJn_ctab[];
+void _zymsJnI_21(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJnI(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJnI_HA(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsJnI_11(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sJnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sJnI_ctab[];
+
+/* sYn: Bessel function Y of integer order. */
+void _zymsYn_21(int32_t n, int32_t order, const float* a, float* r);
+void _zymsYn(int32_t n, int32_t order, const float* a, float* r);
+void _zymsYn_HA(int32_t n, int32_t order, const float* a, float* r);
+void _zymsYn_11(int32_t n, int32_t order, const float* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_sYn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sYn_ctab[];
+void _zymsYnI_21(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsYnI(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsYnI_HA(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+void _zymsYnI_11(int32_t n, int32_t order, const float* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_sYnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_sYnI_ctab[];
+
+/* dJn: Bessel function J of integer order. */
+void _zymdJn_50(int32_t n, int32_t order, const double* a, double* r);
+void _zymdJn(int32_t n, int32_t order, const double* a, double* r);
+void _zymdJn_HA(int32_t n, int32_t order, const double* a, double* r);
+void _zymdJn_26(int32_t n, int32_t order, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dJn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJn_ctab[];
+void _zymdJnI_50(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJnI(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJnI_HA(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdJnI_26(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dJnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dJnI_ctab[];
+
+/* dYn: Bessel function Y of integer order. */
+void _zymdYn_50(int32_t n, int32_t order, const double* a, double* r);
+void _zymdYn(int32_t n, int32_t order, const double* a, double* r);
+void _zymdYn_HA(int32_t n, int32_t order, const double* a, double* r);
+void _zymdYn_26(int32_t n, int32_t order, const double* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_dYn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dYn_ctab[];
+void _zymdYnI_50(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdYnI(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdYnI_HA(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+void _zymdYnI_26(int32_t n, int32_t order, const double* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_dYnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_dYnI_ctab[];
+
+/* cCos: cosine, a in radians; elements can be reported. */
+void _zymcCos_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcCos(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcCos_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcCos_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cCos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cCos_ctab[];
+void _zymcCosI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCosI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCosI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCosI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cCosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cCosI_ctab[];
+
+/* cSin: sine, a in radians; elements can be reported. */
+void _zymcSin_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSin(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSin_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSin_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cSin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSin_ctab[];
+void _zymcSinI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSinI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSinI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSinI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cSinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSinI_ctab[];
+
+/* cTan: tangent, a in radians. */
+void _zymcTan_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcTan(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcTan_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcTan_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cTan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cTan_ctab[];
+void _zymcTanI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcTanI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcTanI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcTanI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cTanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cTanI_ctab[];
+
+/* cCosh: hyperbolic cosine; elements can be reported. */
+void _zymcCosh_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcCosh(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcCosh_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcCosh_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cCosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cCosh_ctab[];
+void _zymcCoshI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCoshI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCoshI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCoshI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cCoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cCoshI_ctab[];
+
+/* cSinh: hyperbolic sine; elements can be reported. */
+void _zymcSinh_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSinh(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSinh_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSinh_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cSinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSinh_ctab[];
+void _zymcSinhI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSinhI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSinhI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSinhI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cSinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSinhI_ctab[];
+
+/* cTanh: hyperbolic tangent. */
+void _zymcTanh_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcTanh(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcTanh_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcTanh_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cTanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cTanh_ctab[];
+void _zymcTanhI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcTanhI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcTanhI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcTanhI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cTanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cTanhI_ctab[];
+
+/* cAcos: arc cosine. */
+void _zymcAcos_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAcos(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAcos_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAcos_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAcos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAcos_ctab[];
+void _zymcAcosI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAcosI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAcosI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAcosI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAcosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAcosI_ctab[];
+
+/* cAsin: arc sine. */
+void _zymcAsin_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAsin(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAsin_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAsin_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAsin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAsin_ctab[];
+void _zymcAsinI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAsinI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAsinI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAsinI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAsinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAsinI_ctab[];
+
+/* cAtan: arc tangent. */
+void _zymcAtan_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAtan(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAtan_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAtan_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAtan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAtan_ctab[];
+void _zymcAtanI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAtanI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAtanI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAtanI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAtanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAtanI_ctab[];
+
+/* cAcosh: inverse hyperbolic cosine. */
+void _zymcAcosh_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAcosh(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAcosh_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAcosh_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAcosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAcosh_ctab[];
+void _zymcAcoshI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAcoshI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAcoshI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAcoshI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAcoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAcoshI_ctab[];
+
+/* cAsinh: inverse hyperbolic sine. */
+void _zymcAsinh_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAsinh(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAsinh_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAsinh_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAsinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAsinh_ctab[];
+void _zymcAsinhI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAsinhI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAsinhI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAsinhI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAsinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAsinhI_ctab[];
+
+/* cAtanh: inverse hyperbolic tangent. */
+void _zymcAtanh_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAtanh(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAtanh_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcAtanh_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAtanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAtanh_ctab[];
+void _zymcAtanhI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAtanhI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAtanhI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcAtanhI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAtanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAtanhI_ctab[];
+
+/* cExp: e^a; elements can be reported. */
+void _zymcExp_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcExp(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcExp_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcExp_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cExp_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cExp_ctab[];
+void _zymcExpI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcExpI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcExpI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcExpI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cExpI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cExpI_ctab[];
+
+/* cLn: natural logarithm. */
+void _zymcLn_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcLn(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcLn_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcLn_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cLn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cLn_ctab[];
+void _zymcLnI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcLnI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcLnI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcLnI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cLnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cLnI_ctab[];
+
+/* cLog10: logarithm to base 10. */
+void _zymcLog10_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcLog10(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcLog10_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcLog10_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cLog10_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cLog10_ctab[];
+void _zymcLog10I_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcLog10I(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcLog10I_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcLog10I_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cLog10I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cLog10I_ctab[];
+
+/* cSqrt: square root. */
+void _zymcSqrt_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSqrt(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSqrt_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcSqrt_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cSqrt_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSqrt_ctab[];
+void _zymcSqrtI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSqrtI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSqrtI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcSqrtI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cSqrtI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSqrtI_ctab[];
+
+/* cConj: conjugate: (re, -im). */
+void _zymcConj_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcConj(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcConj_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+void _zymcConj_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cConj_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cConj_ctab[];
+void _zymcConjI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcConjI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcConjI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcConjI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cConjI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cConjI_ctab[];
+
+/* zCos: cosine, a in radians; elements can be reported. */
+void _zymzCos_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzCos(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzCos_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzCos_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zCos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zCos_ctab[];
+void _zymzCosI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCosI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCosI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCosI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zCosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zCosI_ctab[];
+
+/* zSin: sine, a in radians; elements can be reported. */
+void _zymzSin_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSin(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSin_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSin_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zSin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSin_ctab[];
+void _zymzSinI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSinI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSinI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSinI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zSinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSinI_ctab[];
+
+/* zTan: tangent, a in radians. */
+void _zymzTan_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzTan(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzTan_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzTan_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zTan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zTan_ctab[];
+void _zymzTanI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzTanI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzTanI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzTanI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zTanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zTanI_ctab[];
+
+/* zCosh: hyperbolic cosine; elements can be reported. */
+void _zymzCosh_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzCosh(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzCosh_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzCosh_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zCosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zCosh_ctab[];
+void _zymzCoshI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCoshI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCoshI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCoshI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zCoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zCoshI_ctab[];
+
+/* zSinh: hyperbolic sine; elements can be reported. */
+void _zymzSinh_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSinh(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSinh_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSinh_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zSinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSinh_ctab[];
+void _zymzSinhI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSinhI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSinhI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSinhI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zSinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSinhI_ctab[];
+
+/* zTanh: hyperbolic tangent. */
+void _zymzTanh_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzTanh(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzTanh_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzTanh_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zTanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zTanh_ctab[];
+void _zymzTanhI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzTanhI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzTanhI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzTanhI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zTanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zTanhI_ctab[];
+
+/* zAcos: arc cosine. */
+void _zymzAcos_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAcos(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAcos_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAcos_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAcos_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAcos_ctab[];
+void _zymzAcosI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAcosI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAcosI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAcosI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAcosI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAcosI_ctab[];
+
+/* zAsin: arc sine. */
+void _zymzAsin_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAsin(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAsin_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAsin_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAsin_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAsin_ctab[];
+void _zymzAsinI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAsinI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAsinI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAsinI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAsinI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAsinI_ctab[];
+
+/* zAtan: arc tangent. */
+void _zymzAtan_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAtan(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAtan_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAtan_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAtan_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAtan_ctab[];
+void _zymzAtanI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAtanI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAtanI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAtanI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAtanI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAtanI_ctab[];
+
+/* zAcosh: inverse hyperbolic cosine. */
+void _zymzAcosh_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAcosh(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAcosh_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAcosh_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAcosh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAcosh_ctab[];
+void _zymzAcoshI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAcoshI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAcoshI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAcoshI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAcoshI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAcoshI_ctab[];
+
+/* zAsinh: inverse hyperbolic sine. */
+void _zymzAsinh_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAsinh(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAsinh_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAsinh_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAsinh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAsinh_ctab[];
+void _zymzAsinhI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAsinhI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAsinhI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAsinhI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAsinhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAsinhI_ctab[];
+
+/* zAtanh: inverse hyperbolic tangent. */
+void _zymzAtanh_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAtanh(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAtanh_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzAtanh_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAtanh_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAtanh_ctab[];
+void _zymzAtanhI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAtanhI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAtanhI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzAtanhI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAtanhI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAtanhI_ctab[];
+
+/* zExp: e^a; elements can be reported. */
+void _zymzExp_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzExp(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzExp_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzExp_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zExp_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zExp_ctab[];
+void _zymzExpI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzExpI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzExpI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzExpI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zExpI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zExpI_ctab[];
+
+/* zLn: natural logarithm. */
+void _zymzLn_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzLn(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzLn_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzLn_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zLn_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zLn_ctab[];
+void _zymzLnI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzLnI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzLnI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzLnI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zLnI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zLnI_ctab[];
+
+/* zLog10: logarithm to base 10. */
+void _zymzLog10_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzLog10(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzLog10_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzLog10_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zLog10_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zLog10_ctab[];
+void _zymzLog10I_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzLog10I(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzLog10I_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzLog10I_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zLog10I_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zLog10I_ctab[];
+
+/* zSqrt: square root. */
+void _zymzSqrt_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSqrt(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSqrt_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzSqrt_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zSqrt_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSqrt_ctab[];
+void _zymzSqrtI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSqrtI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSqrtI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzSqrtI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zSqrtI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSqrtI_ctab[];
+
+/* zConj: conjugate: (re, -im). */
+void _zymzConj_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzConj(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzConj_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+void _zymzConj_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zConj_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zConj_ctab[];
+void _zymzConjI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzConjI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzConjI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzConjI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zConjI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zConjI_ctab[];
+
+/* cCIS: cos a + i sin a of a real array. */
+void _zymcCIS_21(int32_t n, const float* a, ZymComplexFloat* r);
+void _zymcCIS(int32_t n, const float* a, ZymComplexFloat* r);
+void _zymcCIS_HA(int32_t n, const float* a, ZymComplexFloat* r);
+void _zymcCIS_11(int32_t n, const float* a, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cCIS_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cCIS_ctab[];
+void _zymcCISI_21(int32_t n, const float* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCISI(int32_t n, const float* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCISI_HA(int32_t n, const float* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+void _zymcCISI_11(int32_t n, const float* a, int32_t incA, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cCISI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cCISI_ctab[];
+
+/* zCIS: cos a + i sin a of a real array. */
+void _zymzCIS_50(int32_t n, const double* a, ZymComplexDouble* r);
+void _zymzCIS(int32_t n, const double* a, ZymComplexDouble* r);
+void _zymzCIS_HA(int32_t n, const double* a, ZymComplexDouble* r);
+void _zymzCIS_26(int32_t n, const double* a, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zCIS_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zCIS_ctab[];
+void _zymzCISI_50(int32_t n, const double* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCISI(int32_t n, const double* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCISI_HA(int32_t n, const double* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+void _zymzCISI_26(int32_t n, const double* a, int32_t incA, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zCISI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zCISI_ctab[];
+
+/* cAbs: r = |a|. */
+void _zymcAbs_21(int32_t n, const ZymComplexFloat* a, float* r);
+void _zymcAbs(int32_t n, const ZymComplexFloat* a, float* r);
+void _zymcAbs_HA(int32_t n, const ZymComplexFloat* a, float* r);
+void _zymcAbs_11(int32_t n, const ZymComplexFloat* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAbs_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAbs_ctab[];
+void _zymcAbsI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+void _zymcAbsI(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+void _zymcAbsI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+void _zymcAbsI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAbsI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAbsI_ctab[];
+
+/* cArg: argument in (-pi, pi]: atan2(im, re). */
+void _zymcArg_21(int32_t n, const ZymComplexFloat* a, float* r);
+void _zymcArg(int32_t n, const ZymComplexFloat* a, float* r);
+void _zymcArg_HA(int32_t n, const ZymComplexFloat* a, float* r);
+void _zymcArg_11(int32_t n, const ZymComplexFloat* a, float* r);
+ORVIK_TABLE void* orvik_zym_kernel_cArg_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cArg_ctab[];
+void _zymcArgI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+void _zymcArgI(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+void _zymcArgI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+void _zymcArgI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, float* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cArgI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cArgI_ctab[];
+
+/* zAbs: r = |a|. */
+void _zymzAbs_50(int32_t n, const ZymComplexDouble* a, double* r);
+void _zymzAbs(int32_t n, const ZymComplexDouble* a, double* r);
+void _zymzAbs_HA(int32_t n, const ZymComplexDouble* a, double* r);
+void _zymzAbs_26(int32_t n, const ZymComplexDouble* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAbs_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAbs_ctab[];
+void _zymzAbsI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+void _zymzAbsI(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+void _zymzAbsI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+void _zymzAbsI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAbsI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAbsI_ctab[];
+
+/* zArg: argument in (-pi, pi]: atan2(im, re). */
+void _zymzArg_50(int32_t n, const ZymComplexDouble* a, double* r);
+void _zymzArg(int32_t n, const ZymComplexDouble* a, double* r);
+void _zymzArg_HA(int32_t n, const ZymComplexDouble* a, double* r);
+void _zymzArg_26(int32_t n, const ZymComplexDouble* a, double* r);
+ORVIK_TABLE void* orvik_zym_kernel_zArg_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zArg_ctab[];
+void _zymzArgI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+void _zymzArgI(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+void _zymzArgI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+void _zymzArgI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, double* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zArgI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zArgI_ctab[];
 
 /* sDiv: r = a / b; elements can be reported. */
 void _zymsDiv_21(int32_t n, const float* a, const float* b, float* r);
@@ -1915,6 +2867,202 @@ void _zymdFmodI_HA(int32_t n, const double* a, int32_t incA, const double* b, in
 void _zymdFmodI_26(int32_t n, const double* a, int32_t incA, const double* b, int32_t incB, double* r, int32_t incR);
 ORVIK_TABLE void* orvik_zym_kernel_dFmodI_ttab[];
 ORVIK_TABLE float orvik_zym_kernel_dFmodI_ctab[];
+
+/* cDiv: r = a / b; elements can be reported. */
+void _zymcDiv_21(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcDiv(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcDiv_HA(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcDiv_11(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cDiv_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cDiv_ctab[];
+void _zymcDivI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcDivI(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcDivI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcDivI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cDivI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cDivI_ctab[];
+
+/* cPow: a^b; elements can be reported. */
+void _zymcPow_21(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcPow(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcPow_HA(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcPow_11(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cPow_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cPow_ctab[];
+void _zymcPowI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcPowI(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcPowI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcPowI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cPowI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cPowI_ctab[];
+
+/* cAdd: r = a + b; elements can be reported. */
+void _zymcAdd_21(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcAdd(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcAdd_HA(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcAdd_11(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cAdd_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAdd_ctab[];
+void _zymcAddI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcAddI(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcAddI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcAddI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cAddI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cAddI_ctab[];
+
+/* cSub: r = a - b; elements can be reported. */
+void _zymcSub_21(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcSub(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcSub_HA(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcSub_11(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cSub_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSub_ctab[];
+void _zymcSubI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcSubI(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcSubI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcSubI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cSubI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cSubI_ctab[];
+
+/* cMul: r = a b; elements can be reported. */
+void _zymcMul_21(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcMul(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcMul_HA(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcMul_11(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cMul_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cMul_ctab[];
+void _zymcMulI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcMulI(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcMulI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcMulI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cMulI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cMulI_ctab[];
+
+/* cMulByConj: r = a conj(b); elements can be reported. */
+void _zymcMulByConj_21(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcMulByConj(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcMulByConj_HA(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+void _zymcMulByConj_11(int32_t n, const ZymComplexFloat* a, const ZymComplexFloat* b, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cMulByConj_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cMulByConj_ctab[];
+void _zymcMulByConjI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcMulByConjI(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcMulByConjI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+void _zymcMulByConjI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, const ZymComplexFloat* b, int32_t incB, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cMulByConjI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cMulByConjI_ctab[];
+
+/* zDiv: r = a / b; elements can be reported. */
+void _zymzDiv_50(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzDiv(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzDiv_HA(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzDiv_26(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zDiv_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zDiv_ctab[];
+void _zymzDivI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzDivI(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzDivI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzDivI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zDivI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zDivI_ctab[];
+
+/* zPow: a^b; elements can be reported. */
+void _zymzPow_50(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzPow(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzPow_HA(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzPow_26(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zPow_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zPow_ctab[];
+void _zymzPowI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzPowI(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzPowI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzPowI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zPowI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zPowI_ctab[];
+
+/* zAdd: r = a + b; elements can be reported. */
+void _zymzAdd_50(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzAdd(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzAdd_HA(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzAdd_26(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zAdd_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAdd_ctab[];
+void _zymzAddI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzAddI(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzAddI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzAddI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zAddI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zAddI_ctab[];
+
+/* zSub: r = a - b; elements can be reported. */
+void _zymzSub_50(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzSub(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzSub_HA(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzSub_26(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zSub_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSub_ctab[];
+void _zymzSubI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzSubI(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzSubI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzSubI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zSubI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zSubI_ctab[];
+
+/* zMul: r = a b; elements can be reported. */
+void _zymzMul_50(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzMul(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzMul_HA(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzMul_26(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zMul_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zMul_ctab[];
+void _zymzMulI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzMulI(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzMulI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzMulI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zMulI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zMulI_ctab[];
+
+/* zMulByConj: r = a conj(b); elements can be reported. */
+void _zymzMulByConj_50(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzMulByConj(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzMulByConj_HA(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+void _zymzMulByConj_26(int32_t n, const ZymComplexDouble* a, const ZymComplexDouble* b, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zMulByConj_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zMulByConj_ctab[];
+void _zymzMulByConjI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzMulByConjI(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzMulByConjI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+void _zymzMulByConjI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, const ZymComplexDouble* b, int32_t incB, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zMulByConjI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zMulByConjI_ctab[];
+
+/* cPowx: a^b, b one number for all a; elements can be reported. */
+void _zymcPowx_21(int32_t n, const ZymComplexFloat* a, ZymComplexFloat b, ZymComplexFloat* r);
+void _zymcPowx(int32_t n, const ZymComplexFloat* a, ZymComplexFloat b, ZymComplexFloat* r);
+void _zymcPowx_HA(int32_t n, const ZymComplexFloat* a, ZymComplexFloat b, ZymComplexFloat* r);
+void _zymcPowx_11(int32_t n, const ZymComplexFloat* a, ZymComplexFloat b, ZymComplexFloat* r);
+ORVIK_TABLE void* orvik_zym_kernel_cPowx_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cPowx_ctab[];
+void _zymcPowxI_21(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat b, ZymComplexFloat* r, int32_t incR);
+void _zymcPowxI(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat b, ZymComplexFloat* r, int32_t incR);
+void _zymcPowxI_HA(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat b, ZymComplexFloat* r, int32_t incR);
+void _zymcPowxI_11(int32_t n, const ZymComplexFloat* a, int32_t incA, ZymComplexFloat b, ZymComplexFloat* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_cPowxI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_cPowxI_ctab[];
+
+/* zPowx: a^b, b one number for all a; elements can be reported. */
+void _zymzPowx_50(int32_t n, const ZymComplexDouble* a, ZymComplexDouble b, ZymComplexDouble* r);
+void _zymzPowx(int32_t n, const ZymComplexDouble* a, ZymComplexDouble b, ZymComplexDouble* r);
+void _zymzPowx_HA(int32_t n, const ZymComplexDouble* a, ZymComplexDouble b, ZymComplexDouble* r);
+void _zymzPowx_26(int32_t n, const ZymComplexDouble* a, ZymComplexDouble b, ZymComplexDouble* r);
+ORVIK_TABLE void* orvik_zym_kernel_zPowx_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zPowx_ctab[];
+void _zymzPowxI_50(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble b, ZymComplexDouble* r, int32_t incR);
+void _zymzPowxI(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble b, ZymComplexDouble* r, int32_t incR);
+void _zymzPowxI_HA(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble b, ZymComplexDouble* r, int32_t incR);
+void _zymzPowxI_26(int32_t n, const ZymComplexDouble* a, int32_t incA, ZymComplexDouble b, ZymComplexDouble* r, int32_t incR);
+ORVIK_TABLE void* orvik_zym_kernel_zPowxI_ttab[];
+ORVIK_TABLE float orvik_zym_kernel_zPowxI_ctab[];
 
 /* sPowx: a^b, b one number for all a; elements can be reported. */
 void _zymsPowx_21(int32_t n, const float* a, float b, float* r);

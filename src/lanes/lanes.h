@@ -10,6 +10,7 @@
 #include "lanes/round.h"
 #include "lanes/rows.h"
 #include "lanes/scalar.h"
+#include "lanes/strided.h"
 #include "lanes/tables.h"
 #include "lanes/transpose.h"
 #include "lanes/types.h"

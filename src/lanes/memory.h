@@ -1,4 +1,4 @@
-// Loads and stores of lanes: whole vectors, the first k lanes, every step-th element.
+// Loads and stores of lanes: whole vectors, the first k lanes, complex elements as pairs.
 #pragma once
 
 #include <cstdint>
@@ -110,38 +110,10 @@ inline Element<V> horizontal_sum(V a) {
   return lane[0];
 }
 
-// Every step-th element. Single loads: as fast as the gather instruction or faster, and without its 32-bit index range.
-template <class V>
-inline V load_strided(const Element<V>* p, int64_t step) {
-  if constexpr (std::is_same_v<V, F32>) {
-    return _mm256_setr_ps(p[0], p[step], p[2 * step], p[3 * step], p[4 * step], p[5 * step], p[6 * step], p[7 * step]);
-  } else {
-    return _mm256_setr_pd(p[0], p[step], p[2 * step], p[3 * step]);
-  }
-}
-
-// The first k of them, the last one again in the other lanes: no memory behind it is touched, and no detour through a
-// buffer, from which a vector could only be loaded once all of its elements have left the store queue.
-template <class V>
-inline V load_first_strided(const Element<V>* p, int64_t step, int k) {
-  const Element<V>* q[kWidth<V>];
-  q[0] = p;
-#pragma GCC unroll 8
-  for (int i = 1; i < kWidth<V>; ++i) q[i] = q[i - 1] + (k > i ? step : 0);
-  if constexpr (std::is_same_v<V, F32>) {
-    return _mm256_setr_ps(*q[0], *q[1], *q[2], *q[3], *q[4], *q[5], *q[6], *q[7]);
-  } else {
-    return _mm256_setr_pd(*q[0], *q[1], *q[2], *q[3]);
-  }
-}
-
-// Every step-th element. Floats by way of memory: taking them out of a register one by one would meet the shuffles of the
-// loads at one port.
-inline void store_strided(float* p, int64_t step, F32 a) {
-  alignas(32) float row[8];
-  _mm256_store_ps(row, a.v);
-  p[0] = row[0], p[step] = row[1], p[2 * step] = row[2], p[3 * step] = row[3];
-  p[4 * step] = row[4], p[5 * step] = row[5], p[6 * step] = row[6], p[7 * step] = row[7];
+// Every step-th of a few elements; for more than these, and for any size, see strided.h.
+template <Double V>
+inline V load_strided(const double* p, int64_t step) {
+  return _mm256_setr_pd(p[0], p[step], p[2 * step], p[3 * step]);
 }
 inline void store_strided(double* p, int64_t step, F64 a) {
   const __m128d low = _mm256_castpd256_pd128(a.v), high = _mm256_extractf128_pd(a.v, 1);
@@ -170,5 +142,47 @@ inline void store_pairs(double* p, Pair<F64> a) {
   _mm256_storeu_pd(p, _mm256_permute2f128_pd(low, high, 0x20));
   _mm256_storeu_pd(p + 4, _mm256_permute2f128_pd(low, high, 0x31));
 }
+
+// The same in the order that costs least, elements 0 1 4 5 2 3 6 7 or 0 2 1 3, for loops to which the order means nothing;
+// numbers are brought into that order and back.
+inline Pair<F32> load_mixed_pairs(const float* p) {
+  const __m256 a = _mm256_loadu_ps(p), b = _mm256_loadu_ps(p + 8);
+  return {_mm256_shuffle_ps(a, b, 0x88), _mm256_shuffle_ps(a, b, 0xDD)};
+}
+inline Pair<F64> load_mixed_pairs(const double* p) {
+  const __m256d a = _mm256_loadu_pd(p), b = _mm256_loadu_pd(p + 4);
+  return {_mm256_unpacklo_pd(a, b), _mm256_unpackhi_pd(a, b)};
+}
+inline F32 mixed(F32 a) { return _mm256_castpd_ps(_mm256_permute4x64_pd(_mm256_castps_pd(a.v), 0xD8)); }
+inline F64 mixed(F64 a) { return _mm256_permute4x64_pd(a.v, 0xD8); }
+
+// Parts as they lie in memory, of as many elements as a pair of lanes holds: real and imaginary ones alternate.
+template <class V>
+struct Stored {
+  V first, second;
+};
+template <class V>
+inline Stored<V> load_stored(const Element<V>* p) {
+  return {load<V>(p), load<V>(p + kWidth<V>)};
+}
+inline Stored<F32> stored(Pair<F32> mixed) {
+  return {_mm256_unpacklo_ps(mixed.first.v, mixed.second.v), _mm256_unpackhi_ps(mixed.first.v, mixed.second.v)};
+}
+inline Stored<F64> stored(Pair<F64> mixed) {
+  return {_mm256_unpacklo_pd(mixed.first.v, mixed.second.v), _mm256_unpackhi_pd(mixed.first.v, mixed.second.v)};
+}
+template <class V>
+inline void store(Element<V>* p, Stored<V> a) {
+  store(p, a.first);
+  store(p + kWidth<V>, a.second);
+}
+template <class V>
+inline void store_past_cache(Element<V>* p, Stored<V> a) {
+  store_past_cache(p, a.first);
+  store_past_cache(p + kWidth<V>, a.second);
+}
+// a where a part is real, b where it is imaginary.
+inline F32 by_part(F32 a, F32 b) { return _mm256_blend_ps(a.v, b.v, 0xAA); }
+inline F64 by_part(F64 a, F64 b) { return _mm256_blend_pd(a.v, b.v, 0xA); }
 
 }  // namespace orvik

@@ -57,6 +57,8 @@ double zero(double sign) { return std::copysign(0.0, sign); }
 Value scaled_cosine(double scale, double y) { return {scale * std::copysign(1.0, std::cos(y))}; }
 Value scaled_sine(double scale, double y) { return {y == 0 ? y : scale * std::copysign(1.0, std::sin(y))}; }
 
+bool infinite(mpc_srcptr z) { return mpfr_inf_p(mpc_realref(z)) != 0 || mpfr_inf_p(mpc_imagref(z)) != 0; }
+
 }  // namespace
 
 bool applies(mpc_srcptr z) { return mpfr_number_p(mpc_realref(z)) == 0 || mpfr_number_p(mpc_imagref(z)) == 0; }
@@ -167,7 +169,21 @@ Stated product(mpc_ptr r, mpc_srcptr a, mpc_srcptr b) {
   mpfr_mul(q, mpc_imagref(a), mpc_realref(b), kNearest);
   mpfr_add(im, p, q, kNearest);
   mpc_set_fr_fr(r, re, im, MPC_RNDNN);
-  return {};
+  if (mpfr_nan_p(re) == 0 || mpfr_nan_p(im) == 0) return {};
+  // The standard's example: an infinite operand gives infinities, unless the other is 0.
+  const auto counted = [](mpc_srcptr z) {
+    Parts parts(z);
+    const bool box = parts.x.inf() || parts.y.inf();
+    for (Part* part : {&parts.x, &parts.y}) {
+      if (box) part->v = std::copysign(part->inf() ? 1.0 : 0.0, part->v);
+      if (part->nan()) part->v = std::copysign(0.0, part->v);
+    }
+    return parts;
+  };
+  if (!infinite(a) && !infinite(b)) return {};
+  const auto [x, y] = counted(a);
+  const auto [u, v] = counted(b);
+  return give(r, {kInf * (x.v * u.v - y.v * v.v)}, {kInf * (x.v * v.v + y.v * u.v)});
 }
 
 Stated quotient(mpc_ptr r, mpc_srcptr numerator, mpc_srcptr denominator) {
@@ -183,7 +199,7 @@ Stated quotient(mpc_ptr r, mpc_srcptr numerator, mpc_srcptr denominator) {
   }
   if ((c.inf() || d.inf()) && a.finite() && b.finite()) {
     const double x = boxed(c), y = boxed(d);
-    return give(r, {0 * (a.v * x + b.v * y)}, {0 * (b.v * x - a.v * y)}, true, true);
+    return give(r, {0 * (a.v / 2 * x + b.v / 2 * y)}, {0 * (b.v / 2 * x - a.v / 2 * y)}, true, true);
   }
   return both_nan(r);
 }

@@ -23,7 +23,7 @@ Stated inverse_hyperbolic_cosine(mpc_ptr r, mpc_srcptr z);
 Stated inverse_hyperbolic_sine(mpc_ptr r, mpc_srcptr z);
 Stated inverse_hyperbolic_tangent(mpc_ptr r, mpc_srcptr z);
 
-// The product as its formula gives it in extended real numbers, the quotient by the rules of the standard's example.
+// By the rules of the standard's examples.
 // For infinite and NaN parts of either operand; the quotient also for a divisor of zero.
 Stated product(mpc_ptr r, mpc_srcptr a, mpc_srcptr b);
 Stated quotient(mpc_ptr r, mpc_srcptr a, mpc_srcptr b);

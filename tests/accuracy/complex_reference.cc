@@ -114,6 +114,17 @@ Stated quotient(mpc_ptr r, mpc_srcptr a, mpc_srcptr b) {
   return {false, {true, true}};
 }
 
+// Whether |b| |log a| is beyond 2^40: the power's direction hangs on bits of log a that no library has.
+bool beyond_direction(mpc_srcptr a, mpc_srcptr b) {
+  Complex log;
+  Real size, factor;
+  mpc_log(log, a, kNearestBoth);
+  mpc_abs(size, log, kNearest);
+  mpc_abs(factor, b, kNearest);
+  mpfr_mul(size, size, factor, kNearest);
+  return mpfr_cmp_ui_2exp(size, 1, 40) > 0;
+}
+
 // Infinities, NaNs, and bases of zero with an exponent of no positive real part are not stated; but anything to the
 // power 0 is 1.
 Stated power(mpc_ptr r, mpc_srcptr a, mpc_srcptr b) {
@@ -126,6 +137,8 @@ Stated power(mpc_ptr r, mpc_srcptr a, mpc_srcptr b) {
   }
   if (zero(a)) {
     mpc_set_ui(r, 0, kNearestBoth);
+  } else if (beyond_direction(a, b)) {
+    return {.any = true};
   } else {
     mpc_pow(r, a, b, kNearestBoth);
   }
@@ -167,22 +180,22 @@ const ComplexReference kReferences[] = {
     {.function = "CIS", .from_real = cosine_and_sine, .by_component = true},
     {.function = "Exp", .unary = direct<mpc_exp, annex_g::exponential>},
     {.function = "Ln", .unary = direct<mpc_log, annex_g::logarithm>},
-    {.function = "Log10", .unary = logarithm_10},
+    {.function = "Log10", .unary = logarithm_10, .by_component = true},
     {.function = "Sqrt", .unary = direct<mpc_sqrt, annex_g::square_root>},
     {.function = "Pow", .binary = power},
     {.function = "Powx", .binary = power},
-    {.function = "Sin", .unary = direct<mpc_sin, turned<annex_g::hyperbolic_sine>>},
-    {.function = "Cos", .unary = direct<mpc_cos, turned_cosine<annex_g::hyperbolic_cosine>>},
-    {.function = "Tan", .unary = turned<hyperbolic_tangent>},
-    {.function = "Sinh", .unary = direct<mpc_sinh, annex_g::hyperbolic_sine>},
-    {.function = "Cosh", .unary = direct<mpc_cosh, annex_g::hyperbolic_cosine>},
-    {.function = "Tanh", .unary = hyperbolic_tangent},
-    {.function = "Asin", .unary = direct<mpc_asin, turned<annex_g::inverse_hyperbolic_sine>>},
-    {.function = "Acos", .unary = direct<mpc_acos, annex_g::arc_cosine>},
-    {.function = "Atan", .unary = direct<mpc_atan, turned<annex_g::inverse_hyperbolic_tangent>>},
-    {.function = "Asinh", .unary = direct<mpc_asinh, annex_g::inverse_hyperbolic_sine>},
-    {.function = "Acosh", .unary = direct<mpc_acosh, annex_g::inverse_hyperbolic_cosine>},
-    {.function = "Atanh", .unary = direct<mpc_atanh, annex_g::inverse_hyperbolic_tangent>},
+    {.function = "Sin", .unary = direct<mpc_sin, turned<annex_g::hyperbolic_sine>>, .by_component = true},
+    {.function = "Cos", .unary = direct<mpc_cos, turned_cosine<annex_g::hyperbolic_cosine>>, .by_component = true},
+    {.function = "Tan", .unary = turned<hyperbolic_tangent>, .by_component = true},
+    {.function = "Sinh", .unary = direct<mpc_sinh, annex_g::hyperbolic_sine>, .by_component = true},
+    {.function = "Cosh", .unary = direct<mpc_cosh, annex_g::hyperbolic_cosine>, .by_component = true},
+    {.function = "Tanh", .unary = hyperbolic_tangent, .by_component = true},
+    {.function = "Asin", .unary = direct<mpc_asin, turned<annex_g::inverse_hyperbolic_sine>>, .by_component = true},
+    {.function = "Acos", .unary = direct<mpc_acos, annex_g::arc_cosine>, .by_component = true},
+    {.function = "Atan", .unary = direct<mpc_atan, turned<annex_g::inverse_hyperbolic_tangent>>, .by_component = true},
+    {.function = "Asinh", .unary = direct<mpc_asinh, annex_g::inverse_hyperbolic_sine>, .by_component = true},
+    {.function = "Acosh", .unary = direct<mpc_acosh, annex_g::inverse_hyperbolic_cosine>, .by_component = true},
+    {.function = "Atanh", .unary = direct<mpc_atanh, annex_g::inverse_hyperbolic_tangent>, .by_component = true},
 };
 
 }  // namespace

@@ -19,47 +19,55 @@ struct Wide {  // room for cancellation and for the slope of an inverse function
 
 bool not_regular(mpfr_srcptr x) { return mpfr_regular_p(x) == 0; }
 
-// y with erfc(y) = q for 0 < q < 2, q not 1, by Newton's method in growing precision: y += (erfc(y) - q) / (2/sqrt(pi))
-// exp(y^2). Starts from the leading term of the tail, or from the slope at 0.
+// One step towards erfc(y) = tail in so many bits: y += (erfc(y) - tail) / (2/sqrt(pi)) exp(-y^2). Returns the binary
+// places by which the step is smaller than y.
+mpfr_exp_t improve(mpfr_ptr y, mpfr_srcptr tail, mpfr_prec_t bits) {
+  Wide here(bits), slope(bits), step(bits);
+  mpfr_set(here, y, kNearest);
+  mpfr_erfc(step, here, kNearest);
+  mpfr_sub(step, step, tail, kNearest);
+  mpfr_sqr(slope, here, kNearest);
+  mpfr_exp(slope, slope, kNearest);
+  mpfr_mul(step, step, slope, kNearest);
+  mpfr_const_pi(slope, kNearest);
+  mpfr_sqrt(slope, slope, kNearest);
+  mpfr_mul(step, step, slope, kNearest);
+  mpfr_div_2ui(step, step, 1, kNearest);
+  mpfr_add(y, here, step, kNearest);
+  return mpfr_zero_p(step) ? static_cast<mpfr_exp_t>(bits) : mpfr_get_exp(y) - mpfr_get_exp(step);
+}
+
+// y with erfc(y) = q for 0 < q < 2, q not 1, by Newton's method in growing precision. Starts from the leading term of
+// the tail, or from the slope at 0.
 void solve_erfc(mpfr_ptr y, mpfr_srcptr q) {
-  const mpfr_prec_t bits = mpfr_get_prec(y);
-  Wide tail(bits), slope(bits), step(bits), square(bits);
+  Wide tail(mpfr_get_prec(q) + kGuard), step(kGuard);
   const bool upper = mpfr_cmp_ui(q, 1) > 0;
   mpfr_ui_sub(tail, 2, q, kNearest);
   if (!upper) mpfr_set(tail, q, kNearest);  // erfc(|y|)
-  Wide start(bits);
   if (mpfr_cmp_d(tail, 0.3) < 0) {
-    mpfr_log(start, tail, kNearest);
-    mpfr_neg(start, start, kNearest);
-    mpfr_sqrt(start, start, kNearest);
+    mpfr_log(y, tail, kNearest);
+    mpfr_neg(y, y, kNearest);
+    mpfr_sqrt(y, y, kNearest);
     for (int i = 0; i < 3; ++i) {  // y^2 = -ln(tail sqrt(pi) y)
       mpfr_const_pi(step, kNearest);
       mpfr_sqrt(step, step, kNearest);
-      mpfr_mul(step, step, start, kNearest);
+      mpfr_mul(step, step, y, kNearest);
       mpfr_mul(step, step, tail, kNearest);
       mpfr_log(step, step, kNearest);
       mpfr_neg(step, step, kNearest);
       if (mpfr_sgn(step.v) <= 0) break;
-      mpfr_sqrt(start, step, kNearest);
+      mpfr_sqrt(y, step, kNearest);
     }
   } else {
-    mpfr_ui_sub(start, 1, tail, kNearest);
-    mpfr_mul_d(start, start, 0.8862269254527580, kNearest);
+    mpfr_ui_sub(y, 1, tail, kNearest);
+    mpfr_mul_d(y, y, 0.8862269254527580, kNearest);
   }
-  mpfr_set(y, start, kNearest);
-  for (int i = 0; i < 100; ++i) {
-    mpfr_erfc(step, y, kNearest);
-    mpfr_sub(step, step, tail, kNearest);
-    if (mpfr_zero_p(step)) break;
-    mpfr_sqr(square, y, kNearest);
-    mpfr_exp(square, square, kNearest);
-    mpfr_const_pi(slope, kNearest);
-    mpfr_sqrt(slope, slope, kNearest);
-    mpfr_mul(slope, slope, square, kNearest);
-    mpfr_div_2ui(slope, slope, 1, kNearest);
-    mpfr_mul(step, step, slope, kNearest);
-    mpfr_add(y, y, step, kNearest);
-    if (mpfr_zero_p(step) || mpfr_get_exp(step) < mpfr_get_exp(y) - kPrecision) break;
+  // What erfc(y) - 1 loses near 0 is added to all precisions. Relative errors are squared, and grow by y^2 < 2^10.
+  const mpfr_prec_t lost = mpfr_get_exp(y) < 0 ? -mpfr_get_exp(y) : 0;
+  for (int i = 0; i < 100 && improve(y, tail, kGuard + lost) < 25; ++i) {
+  }
+  for (mpfr_prec_t right = 40; right < kPrecision + kGuard / 2; right = 2 * right - 10) {
+    improve(y, tail, 2 * right + 32 + lost);
   }
   if (upper) mpfr_neg(y, y, kNearest);
 }
@@ -157,7 +165,8 @@ int exponential_integral_1(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
 
 int scaled_erfc(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) {
   if (mpfr_nan_p(x)) return mpfr_set(r, x, rnd);
-  if (mpfr_cmp_d(x, 1e3) > 0) {  // (1 - 1/(2 x^2) + 3/(4 x^4) - 15/(8 x^6) ...) / (x sqrt(pi)), to below 2^-200 with 12 terms
+  if (mpfr_cmp_d(x, 1e3) >
+      0) {  // (1 - 1/(2 x^2) + 3/(4 x^4) - 15/(8 x^6) ...) / (x sqrt(pi)), to below 2^-200 with 12 terms
     if (mpfr_inf_p(x)) return mpfr_set_ui(r, 0, rnd);
     Wide term(kPrecision + kGuard), sum(kPrecision + kGuard), square(kPrecision + kGuard);
     mpfr_sqr(square, x, kNearest);

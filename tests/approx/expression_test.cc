@@ -58,6 +58,22 @@ TEST(Expression, expands_the_inverse_error_function) {
   for (int k = 1; k <= 15; ++k) sum += " + erfinv_term(3, " + std::to_string(k) + ") / 16^" + std::to_string(k);
   EXPECT_LT(std::abs(value(sum + " - erfinv_term(3 + 1/16, 0)")), 1e-30);
   EXPECT_NEAR(value("erfinv_term(743, 0)"), 27.2, 0.05);  // next to the smallest denormal number
+TEST(Expression, knows_bessel_functions_their_zeros_and_expansions) {
+  EXPECT_EQ(value("cylinder(0, 1)"), value("j0(1)"));
+  EXPECT_EQ(value("cylinder(3, 2.5)"), value("y1(2.5)"));
+  EXPECT_NEAR(value("cylinder(4, 1)"), 1.2660658777520084, 1e-15);
+  EXPECT_NEAR(value("cylinder(5, 100) * exp(-100)"), 0.03974415302513, 1e-13);
+  EXPECT_NEAR(value("cylinder_slope(1, 3)"), value("j0(3) - j1(3)/3"), 1e-16);
+  EXPECT_EQ(value("cylinder_slope(5, 0)"), 0.5);
+  EXPECT_EQ(value("cylinder_centre(0, 2, 3)"), 2.404825557695773);
+  EXPECT_EQ(value("cylinder_centre(0, 3, 4)"), 3.5);
+  EXPECT_NEAR(value("cylinder_inverse(4, cylinder(4, 20))"), 20, 1e-12);
+  // Two points: the mean slope between them; large arguments: 1/16 and 1/8 are the limits.
+  EXPECT_NEAR(value("cylinder_rest(0, 0, 1, 1.0001, 1, 2, 1)"), value("-j1(1)"), 1e-4);
+  EXPECT_NEAR(value("cylinder_rest(0, 2, 1, 1.0001, 1, 2, 0)"), value("(j1(1) - j0(1))/2"), 1e-4);
+  EXPECT_NEAR(value("cylinder(6, 1e-6)"), -0.0625, 1e-6);
+  EXPECT_NEAR(value("cylinder(8, 1e-6)"), -0.125, 1e-6);
+  EXPECT_NEAR(value("cylinder(10, 1e-3)"), 0.0703125, 1e-3);
 }
 TEST(Expression, names_and_polynomials_come_from_outside) {
   const Real x = 2.0;

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <cstdlib>
+#include <cstring>
 #include <vector>
 
 #include "support/guarded.h"
@@ -125,18 +127,40 @@ TYPED_TEST(LanesTest, MaskedLoadsAndStoresTouchOnlyTheirElements) {
   }
 }
 
-TYPED_TEST(LanesTest, StridedLoadsAndStoresFollowTheStep) {
-  using V = TypeParam;
-  using E = Element<V>;
+TEST(Strided, DoublesFollowTheStep) {
   for (int64_t step : {1, 2, 5, -1, -3, 0}) {
-    std::vector<E> x(200), r(200);
-    for (size_t i = 0; i < x.size(); ++i) x[i] = E(i);
-    const E* p = x.data() + 100;
-    E row[kWidth<V>];
-    store(row, load_strided<V>(p, step));
-    for (int i = 0; i < kWidth<V>; ++i) ASSERT_EQ(row[i], p[i * step]);
-    store_strided(r.data() + 100, step, load<V>(x.data()));
-    for (int i = 0; i < kWidth<V>; ++i) ASSERT_EQ(r[static_cast<size_t>(100 + i * step)], step == 0 ? E(kWidth<V> - 1) : E(i));
+    std::vector<double> x(200), r(200);
+    for (size_t i = 0; i < x.size(); ++i) x[i] = static_cast<double>(i);
+    const double* p = x.data() + 100;
+    double row[4];
+    store(row, load_strided<F64>(p, step));
+    for (int i = 0; i < 4; ++i) ASSERT_EQ(row[i], p[i * step]);
+    store_strided(r.data() + 100, step, load<F64>(x.data()));
+    for (int i = 0; i < 4; ++i) ASSERT_EQ(r[static_cast<size_t>(100 + i * step)], step == 0 ? 3 : i);
+  }
+}
+
+TEST(Strided, RowsOfElementsOfAnySizeAreGatheredAndSpreadByTheStepAndNoByteMore) {
+  for (int size : {4, 8, 16}) {
+    for (int step : {1, 2, 5, -1, -3}) {
+      for (int n = 0; n <= 40; ++n) {
+        const int64_t bytes = int64_t{step} * size;
+        // An array of exactly n elements, so that the sanitizer sees a read past its end.
+        const auto length = static_cast<size_t>(n > 0 ? (n - 1) * std::abs(bytes) + size : 0);
+        std::vector<char> x(length), r(length, char(-1)), row(40 * 16 + 32), back(length, char(-1));
+        for (size_t i = 0; i < length; ++i) x[i] = static_cast<char>(i * 7 % 101);
+        const auto first = [&](std::vector<char>& v) {
+          return n > 0 && step < 0 ? v.data() + static_cast<size_t>((n - 1) * -bytes) : v.data();
+        };
+        gather_row(first(x), bytes, row.data(), size, n);
+        for (int i = 0; i < n; ++i) {
+          ASSERT_EQ(std::memcmp(row.data() + i * size, first(x) + i * bytes, static_cast<size_t>(size)), 0) << size << step << n;
+        }
+        spread_row(row.data(), first(r), bytes, size, n);
+        for (int i = 0; i < n; ++i) std::memcpy(first(back) + i * bytes, row.data() + i * size, static_cast<size_t>(size));
+        ASSERT_EQ(r, back) << size << " " << step << " " << n;
+      }
+    }
   }
 }
 

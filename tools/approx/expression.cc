@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "inverse_error.h"
+#include "cylinder.h"
 
 namespace orvik::approx {
 
@@ -59,6 +60,8 @@ const std::map<std::string, One> kFunctions = {
     {"eint", mpfr_eint},
 };
 
+int number(const Real& x) { return static_cast<int>(mpfr_get_si(x.get(), MPFR_RNDN)); }
+
 using Many = std::function<Real(const Arguments&)>;
 struct Special {
   size_t operands;
@@ -84,6 +87,15 @@ const std::map<std::string, Special> kSpecials = {
     {"erfinv_term",
      {2, [](const Arguments& a) { return inverse_error_term(a[0], mpfr_get_si(a[1].get(), MPFR_RNDN)); }}},
     {"hypot", {2, [](const Arguments& a) { return apply(mpfr_hypot, a[0].get(), a[1].get()); }}},
+    {"cylinder", {2, [](const Arguments& a) { return cylinder(number(a[0]), a[1]); }}},
+    {"cylinder_slope", {2, [](const Arguments& a) { return cylinder_slope(number(a[0]), a[1]); }}},
+    {"cylinder_inverse", {2, [](const Arguments& a) { return cylinder_inverse(number(a[0]), a[1]); }}},
+    {"cylinder_centre", {3, [](const Arguments& a) { return cylinder_centre(number(a[0]), a[1], a[2]); }}},
+    {"cylinder_rest",
+     {7,
+      [](const Arguments& a) {
+        return cylinder_rest(number(a[0]), number(a[1]), a[2], a[3], a[4], number(a[5]), number(a[6]));
+      }}},
     {"min", {2, [](const Arguments& a) { return a[0] < a[1] ? a[0] : a[1]; }}},
     {"max", {2, [](const Arguments& a) { return a[0] < a[1] ? a[1] : a[0]; }}},
 };

@@ -89,6 +89,41 @@ void read_values(Declaration& d, const std::string& text) {
   if (d.sizes.size() == 1 && d.sizes[0] == 0) d.sizes[0] = d.values.size();
 }
 
+// The largest of a function on [-pi/2, pi/2]: of a grid, and of a search about each of its peaks.
+template <class Function>
+Real largest_error(Function error_at, int points, int refinements) {
+  std::vector<Real> errors;
+  const auto place = [&](int k) {
+    return (2.0 * k / (points - 1) - 1) * M_PI_2 + (k > 0 && k < points - 1 ? 1e-4 : 0);
+  };
+  for (int k = 0; k < points; ++k) errors.push_back(error_at(place(k)));
+  Real worst;
+  for (int k = 0; k < points; ++k) {
+    const bool top = (k == 0 || !(errors[k] < errors[k - 1])) && (k == points - 1 || !(errors[k] < errors[k + 1]));
+    if (!top) continue;
+    // Golden section between the neighbours.
+    double low = place(std::max(k - 1, 0));
+    double high = place(std::min(k + 1, points - 1));
+    Real best = errors[k];
+    const double ratio = (std::sqrt(5.0) - 1) / 2;
+    for (int step = 0; step < refinements; ++step) {
+      const double a = high - ratio * (high - low);
+      const double b = low + ratio * (high - low);
+      const Real at_a = error_at(a);
+      const Real at_b = error_at(b);
+      if (best < at_a) best = at_a;
+      if (best < at_b) best = at_b;
+      if (at_a < at_b) {
+        low = a;
+      } else {
+        high = b;
+      }
+    }
+    if (worst < best) worst = best;
+  }
+  return worst;
+}
+
 }  // namespace
 
 // --- numbers --------------------------------------------------------------------------------------------------------
@@ -318,74 +353,133 @@ std::vector<Stored> Library::work_out(const Declaration& d, long extra) const {
   return values;
 }
 
+// The values of a declaration; by its rule where they stand in no header.
+const std::vector<Stored>& Library::values_of(const Declaration& d) const {
+  const bool interpolated = d.polynomial() && d.fit == kChebyshev;
+  if (!d.values.empty() || !d.ruled() || (d.polynomial() && !interpolated)) return d.values;
+  std::vector<Stored>& made = worked_out_[d.header + ' ' + d.name];
+  if (made.empty()) made = interpolated ? interpolate(d) : work_out(d);
+  return made;
+}
+
+// The coefficients that a name stands for in a rule of `from`: of a polynomial, or of that row of one of many rows.
+const std::vector<Real>* Library::find_polynomial(const Declaration& from, const std::string& name, size_t row) const {
+  const Declaration* other = find(from, name);
+  if (other == nullptr || other->sizes.empty() || other->sizes.size() > 2 || values_of(*other).empty()) return nullptr;
+  const size_t length = other->sizes.back();
+  const size_t first = other->sizes.size() == 2 ? row * length : 0;
+  if (first + length > other->count()) return nullptr;
+  std::vector<Real>& made = polynomials_[other->header + ' ' + name];
+  made.clear();
+  for (size_t k = 0; k < length; ++k) made.push_back(other->type.value(values_of(*other)[first + k]));
+  return &made;
+}
+
+// One row of a claim: both sides as functions of x, with the coefficients of p that are given.
+struct Library::ClaimRow {
+  ClaimRow(const Library& library, const Declaration& d, const Claim& claim, size_t row)
+      : left_(claim.left), right_(claim.right), i_(static_cast<double>(static_cast<long>(row) + d.first)) {
+    names_.value = [this, &library, &d](const std::string& name) {
+      return name == "x" ? &x_ : name == "i" ? &i_ : library.find_value(d, name);
+    };
+    names_.polynomial = [this, &library, &d, row](const std::string& name) {
+      return name == "p" ? &p : library.find_polynomial(d, name, row);
+    };
+    from = Expression(claim.from)(names_);
+    to = Expression(claim.to)(names_);
+  }
+  ClaimRow(const ClaimRow&) = delete;
+  ClaimRow& operator=(const ClaimRow&) = delete;
+
+  // From -pi/2 to pi/2: as dense at the ends as extrema of a best fit are.
+  Real place(double t) const { return (from + to) * 0.5 + (to - from) * 0.5 * std::sin(t); }
+  Real left(const Real& x) {
+    x_ = x;
+    return left_(names_);
+  }
+  Real right(const Real& x) {
+    x_ = x;
+    return right_(names_);
+  }
+
+  std::vector<Real> p;
+  Real from, to;
+
+ private:
+  Expression left_, right_;
+  Real x_, i_;
+  Names names_;
+};
+
 Real Library::worst_error(const Declaration& d, const Claim& claim, const std::vector<Stored>& coefficients) const {
   const Precision precision(d.precision);
-  const Expression left(claim.left);
-  const Expression right(claim.right);
   const size_t length = d.sizes.back();
-  Real worst;
-  for (size_t row = 0; row < d.rows(); ++row) {
-    std::vector<Real> own;
-    for (size_t k = 0; k < length; ++k) own.push_back(d.type.value(coefficients[row * length + k]));
-    Real x;
-    const Real i = Real(static_cast<double>(static_cast<long>(row) + d.first));
-    const Names names{
-        .value = [&](const std::string& name) { return name == "x"   ? &x
-                                                       : name == "i" ? &i
-                                                                     : find_value(d, name); },
-        .polynomial = [&](const std::string& name) -> const std::vector<Real>* {
-          if (name == "p") return &own;
-          const Declaration* other = find(d, name);
-          if (other == nullptr || other->sizes.size() != 1 || other->values.empty()) return nullptr;
-          std::vector<Real>& made = polynomials_[other->header + ' ' + name];
-          made.clear();
-          for (const Stored s : other->values) made.push_back(other->type.value(s));
-          return &made;
-        }};
-    const Real from = Expression(claim.from)(names);
-    const Real to = Expression(claim.to)(names);
-    const Real middle = (from + to) * 0.5;
-    const Real half = (to - from) * 0.5;
-    // x = middle + half sin(t): as dense at the ends as extrema of a best fit are.
+  const auto errors_of = [&](size_t row, int points, int refinements) {
+    ClaimRow sides(*this, d, claim, row);
+    for (size_t k = 0; k < length; ++k) sides.p.push_back(d.type.value(coefficients[row * length + k]));
     const auto error_at = [&](double t) {
-      x = middle + half * std::sin(t);
-      const Real wanted = right(names);
-      const Real difference = left(names) - wanted;
+      const Real x = sides.place(t);
+      const Real wanted = sides.right(x);
+      const Real difference = sides.left(x) - wanted;
       const Real error = abs(claim.relative ? difference / wanted : difference);
       if (mpfr_nan_p(error.get()) != 0) throw std::runtime_error(d.name + ": no error at " + std::to_string(t));
       return error;
     };
-    const int points = 64 * static_cast<int>(length + 4) + 1;  // even steps, none of them at the middle
-    std::vector<Real> errors;
-    const auto place = [&](int k) {
-      return (2.0 * k / (points - 1) - 1) * M_PI_2 + (k > 0 && k < points - 1 ? 1e-4 : 0);
-    };
-    for (int k = 0; k < points; ++k) errors.push_back(error_at(place(k)));
-    for (int k = 0; k < points; ++k) {
-      const bool top = (k == 0 || !(errors[k] < errors[k - 1])) && (k == points - 1 || !(errors[k] < errors[k + 1]));
-      if (!top) continue;
-      // Golden section between the neighbours.
-      double low = place(std::max(k - 1, 0));
-      double high = place(std::min(k + 1, points - 1));
-      Real best = errors[k];
-      const double ratio = (std::sqrt(5.0) - 1) / 2;
-      for (int step = 0; step < 24; ++step) {
-        const double a = high - ratio * (high - low);
-        const double b = low + ratio * (high - low);
-        const Real at_a = error_at(a);
-        const Real at_b = error_at(b);
-        if (best < at_a) best = at_a;
-        if (best < at_b) best = at_b;
-        if (at_a < at_b) {
-          low = a;
-        } else {
-          high = b;
-        }
-      }
-      if (worst < best) worst = best;
+    return largest_error(error_at, points, refinements);
+  };
+  // Of very many rows only the one that has the largest error on a coarse grid is looked at closely.
+  constexpr size_t kVeryMany = 100;
+  const int points = 64 * static_cast<int>(length + 4) + 1;  // even steps, none of them at the middle
+  constexpr int kRefinements = 24;
+  size_t first = 0, last = d.rows();
+  if (last > kVeryMany) {
+    Real worst(-1.0);
+    for (size_t row = 0; row < d.rows(); ++row) {
+      const Real error = errors_of(row, 4 * static_cast<int>(length + 1) + 1, 0);
+      if (worst < error) worst = error, first = row;
     }
+    last = first + 1;
+  }
+  Real worst;
+  for (size_t row = first; row < last; ++row) {
+    const Real error = errors_of(row, points, kRefinements);
+    if (worst < error) worst = error;
   }
   return worst;
+}
+
+std::vector<Stored> Library::interpolate(const Declaration& d) const {
+  const Precision precision(d.precision);
+  const Claim& claim = d.claims.front();
+  const size_t length = d.sizes.back();
+  std::vector<Stored> coefficients;
+  for (size_t row = 0; row < d.rows(); ++row) {
+    ClaimRow sides(*this, d, claim, row);
+    // p at the nodes, since the left side is linear in it; then its divided differences.
+    std::vector<Real> nodes, differences;
+    for (size_t k = 0; k < length; ++k) {
+      const double middle = (2.0 * static_cast<double>(k) + 1) / static_cast<double>(2 * length) - 0.5;
+      nodes.push_back(sides.place(M_PI * middle));
+      sides.p = {Real(0.0)};
+      const Real without = sides.left(nodes.back());
+      sides.p = {Real(1.0)};
+      const Real factor = sides.left(nodes.back()) - without;
+      differences.push_back((sides.right(nodes.back()) - without) / factor);
+    }
+    for (size_t order = 1; order < length; ++order) {
+      for (size_t k = length - 1; k >= order; --k) {
+        differences[k] = (differences[k] - differences[k - 1]) / (nodes[k] - nodes[k - order]);
+      }
+    }
+    // Newton's form to powers of x, the highest first.
+    std::vector<Real> powers = {differences[length - 1]};
+    for (size_t k = length - 1; k-- > 0;) {
+      powers.push_back(differences[k]);
+      for (size_t j = powers.size() - 1; j > 0; --j) powers[j] = powers[j] - nodes[k] * powers[j - 1];
+    }
+    for (const Real& c : powers) coefficients.push_back(d.type.round(c));
+  }
+  return coefficients;
 }
 
 }  // namespace orvik::approx

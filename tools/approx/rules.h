@@ -45,7 +45,8 @@ struct Declaration {
   int line = 0;
 
   // Of the rule.
-  std::string fit;                                         // the sollya source that makes the coefficients
+  std::string fit;                                         // the sollya source that makes the coefficients, or
+                                                           // "chebyshev": interpolate() does
   std::vector<Claim> claims;                               // of a polynomial
   std::vector<std::pair<std::string, std::string>> parts;  // of a table: name, expression; "let" names are not stored
   std::vector<bool> stored;
@@ -66,6 +67,8 @@ struct Declaration {
 std::vector<Declaration> read_header(const std::string& path, const std::string& text);
 
 // Everything that is declared; what expressions refer to by name.
+inline constexpr const char* kChebyshev = "chebyshev";
+
 class Library {
  public:
   // Reads all headers below the folder that hold a rule, and all files below its part `strict`.
@@ -76,16 +79,23 @@ class Library {
 
   // The values by the rule of a table or a number, `extra` bits more precise.
   std::vector<Stored> work_out(const Declaration& d, long extra = 0) const;
+  // The coefficients of a polynomial that meets its first claim at the Chebyshev nodes of each row's interval. The left
+  // side is linear in p and refers to it at x alone.
+  std::vector<Stored> interpolate(const Declaration& d) const;
   // The worst error of one claim of a polynomial with these coefficients; of all rows, where it has several.
   Real worst_error(const Declaration& d, const Claim& claim, const std::vector<Stored>& coefficients) const;
 
  private:
   const Real* find_value(const Declaration& from, const std::string& name) const;
   const Declaration* find(const Declaration& from, const std::string& name) const;
+  const std::vector<Real>* find_polynomial(const Declaration& from, const std::string& name, size_t row) const;
+  const std::vector<Stored>& values_of(const Declaration& d) const;
+  struct ClaimRow;
 
   std::vector<Declaration> declarations_;
   mutable std::map<std::string, Real> values_;
   mutable std::map<std::string, std::vector<Real>> polynomials_;
+  mutable std::map<std::string, std::vector<Stored>> worked_out_;
 };
 
 // An error as headers state it: 2^-k with one decimal of k, towards the larger error; and the value of such a text.

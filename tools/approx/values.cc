@@ -51,6 +51,7 @@ void fill_in(Library& library) {
       for (const std::string& word : it->second) d.values.push_back(d.type.read(word));
     }
     if (!d.polynomial() && d.ruled()) d.values = library.work_out(d);
+    if (d.polynomial() && d.fit == kChebyshev) d.values = library.interpolate(d);
     if (d.ruled() && d.values.size() != d.count()) {
       throw std::runtime_error(d.header + ": " + d.name + " has " + std::to_string(d.values.size()) + " of " +
                                std::to_string(d.count()) + " values");

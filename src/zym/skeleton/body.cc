@@ -1,8 +1,11 @@
 #include "zym/skeleton/body.h"
 
+#include <algorithm>
 #include <cstring>
 
+#include "lanes/control.h"
 #include "lanes/memory.h"
+#include "lanes/strided.h"
 #include "zym/frame/report.h"
 #include "zym/frame/thread_state.h"
 #include "zym/skeleton/control.h"
@@ -25,49 +28,68 @@ void copy_bytes(char* to, const void* from, int bytes) {
   std::memcpy(to, at, static_cast<size_t>(bytes));
 }
 
-template <int Size>
-void copy_elements(const char* from, int64_t from_step, char* to, int64_t to_step, int count) {
-  for (int i = 0; i < count; ++i) std::memcpy(to + i * to_step, from + i * from_step, Size);
+// Whether an array of results shares memory with one of inputs, but for being the same array.
+inline bool meet(const char* in, int64_t in_step, int in_bytes, const char* out, int64_t out_step, int out_bytes,
+                 int64_t n) {
+  if (in == out && in_step == out_step && in_step != 0) return false;
+  const auto i = reinterpret_cast<intptr_t>(in), o = reinterpret_cast<intptr_t>(out);
+  const int64_t to_in = (n - 1) * in_step, to_out = (n - 1) * out_step;
+  return std::min(i, i + to_in) < std::max(o, o + to_out) + out_bytes &&
+         std::min(o, o + to_out) < std::max(i, i + to_in) + in_bytes;
 }
-void copy_elements(const char* from, int64_t from_step, char* to, int64_t to_step, int size, int count) {
-  if (size == 4) return copy_elements<4>(from, from_step, to, to_step, count);
-  if (size == 8) return copy_elements<8>(from, from_step, to, to_step, count);
-  copy_elements<16>(from, from_step, to, to_step, count);
+
+bool side_by_side(const Body& body, const Operands& o) {
+  if (o.in_step[0] != body.in_bytes[0] || o.out_step[0] != body.out_bytes[0]) return false;
+  if (body.inputs == 2 && !body.scalar && o.in_step[1] != body.in_bytes[1]) return false;
+  return body.outputs == 1 || o.out_step[1] == body.out_bytes[1];
+}
+
+struct alignas(64) Rows {
+  char in[2][kRowBytes], out[2][kRowBytes];
+};
+
+void gather(const Body& body, const Operands& o, int64_t i, int count, Rows& rows) {
+  gather_row(o.in[0] + i * o.in_step[0], o.in_step[0], rows.in[0], body.in_bytes[0], count);
+  if (body.inputs == 2 && !body.scalar) {
+    gather_row(o.in[1] + i * o.in_step[1], o.in_step[1], rows.in[1], body.in_bytes[1], count);
+  }
+}
+
+// Results from the first that is not stored yet.
+void spread(const Body& body, const Operands& o, int64_t i, int64_t stored, int count, const char* const* rows) {
+  for (int j = 0; j < body.outputs; ++j) {
+    spread_row(rows[j] + stored * body.out_bytes[j], o.out[j] + (i + stored) * o.out_step[j], o.out_step[j],
+               body.out_bytes[j], static_cast<int>(count - stored));
+  }
+}
+
+// Special elements, with the stray flags of the lanes out of the way.
+void redo(const Call& call, int64_t i, const void* a, const void* b, void* r1, void* r2, int count, uint32_t bits) {
+  clear_stray(call.body.stray);
+  call.body.redo(call, i, a, b, r1, r2, count, bits);
+  keep_stray(call.body.stray, call.kept);
 }
 
 }  // namespace
-
-bool independent(const Call& call, int64_t n) {
-  const Operands& o = call.operands;
-  const auto low = [&](const char* base, int64_t step) { return base + (step < 0 ? (n - 1) * step : 0); };
-  const auto high = [&](const char* base, int64_t step, int bytes) { return base + (step > 0 ? (n - 1) * step : 0) + bytes; };
-  for (int k = 0; k < 2 && k < call.body.outputs; ++k) {
-    const char* out = o.out[k];
-    const char* out_low = low(out, o.out_step[k]);
-    const char* out_high = high(out, o.out_step[k], call.body.out_bytes[k]);
-    for (int j = 0; j < 2 && j < call.body.inputs; ++j) {
-      const char* in = o.in[j];
-      if (in == out && o.in_step[j] == o.out_step[k] && o.in_step[j] != 0) continue;
-      if (low(in, o.in_step[j]) < out_high && out_low < high(in, o.in_step[j], call.body.in_bytes[j])) {
-        return false;
-      }
-    }
-  }
-  return true;
-}
 
 void report_element(const Call& call, int32_t code, int64_t index, void* r1, void* r2) {
   if (call.body.name == nullptr || (current_mode() & kErrorField) == ZYM_ERRMODE_NOERR)
     return;  // may change on the way
   const Body& body = call.body;
+  if (call.piece != nullptr) {
+    const char* const rows[2] = {call.operands.out[0], call.operands.out[1]};
+    Piece& piece = *call.piece;
+    spread(body, piece.operands, piece.first, piece.stored, static_cast<int>(index), rows);
+    piece.stored = index;
+    index += piece.first;
+  }
+  const Operands& o = call.piece != nullptr ? call.piece->operands : call.operands;
   void* const results[2] = {r1, r2};
-  for (int j = 0; j < 2 && j < body.outputs; ++j) {
-    if (results[j] != call.output(j, index)) {
-      std::memcpy(call.output(j, index), results[j], static_cast<size_t>(body.out_bytes[j]));
-    }
+  const auto seen = [&](int j) { return o.out[j] + index * o.out_step[j]; };
+  for (int j = 0; j < body.outputs; ++j) {
+    if (results[j] != seen(j)) std::memcpy(seen(j), results[j], static_cast<size_t>(body.out_bytes[j]));
   }
   const auto report = [&]<class E>(const E*) {
-    const Operands& o = call.operands;
     const auto step = [](int64_t bytes) { return static_cast<int32_t>(bytes / static_cast<int64_t>(sizeof(E))); };
     const int b = body.inputs - 1, r = body.outputs - 1;
     report_strided(static_cast<const E*>(nullptr))(
@@ -81,10 +103,8 @@ void report_element(const Call& call, int32_t code, int64_t index, void* r1, voi
   } else {
     body.single ? report(static_cast<const float*>(nullptr)) : report(static_cast<const double*>(nullptr));
   }
-  for (int j = 0; j < 2 && j < body.outputs; ++j) {
-    if (results[j] != call.output(j, index)) {
-      std::memcpy(results[j], call.output(j, index), static_cast<size_t>(body.out_bytes[j]));
-    }
+  for (int j = 0; j < body.outputs; ++j) {
+    if (results[j] != seen(j)) std::memcpy(results[j], seen(j), static_cast<size_t>(body.out_bytes[j]));
   }
 }
 
@@ -100,47 +120,64 @@ void run_special_block(const Call& call, int64_t i, int count) {
   void* r1 = call.output(0, i);
   void* r2 = body.outputs == 2 ? call.output(1, i) : nullptr;
   const uint32_t bits = body.run(a, b, r1, r2, count, call.params);
-  if (bits != 0) body.redo(call, i, a, b, r1, r2, count, bits);
+  if (bits != 0) redo(call, i, a, b, r1, r2, count, bits);
 }
 
-void run_special_strided(const Call& call, int64_t i, int count) {
-  const Body& body = call.body;
-  const Operands& o = call.operands;
-  Row in[2], out[2];
-  for (int j = 0; j < 2 && j < body.inputs; ++j) {
-    if (j == 1 && body.scalar) continue;
-    copy_elements(o.in[j] + i * o.in_step[j], o.in_step[j], in[j].bytes, body.in_bytes[j], body.in_bytes[j], count);
-  }
-  const void* b = body.scalar ? o.in[1] : in[1].bytes;
-  const uint32_t bits = body.run(in[0].bytes, b, out[0].bytes, out[1].bytes, count, call.params);
-  if (bits != 0) body.redo(call, i, in[0].bytes, b, out[0].bytes, out[1].bytes, count, bits);
-  for (int j = 0; j < 2 && j < body.outputs; ++j) {
-    copy_elements(out[j].bytes, body.out_bytes[j], o.out[j] + i * o.out_step[j], o.out_step[j], body.out_bytes[j], count);
+namespace {
+
+// One block at a time: read whole, results stored at its end. (So it sees arrays that meet as the caller has them.)
+[[gnu::noinline]] void run_overlapping(const Body& body, int64_t n, const Operands& o, const void* params) {
+  const uint32_t mode = current_mode();
+  ControlRegisters<kSevereFlags | kUnderflowFlag> registers(mode);
+  *registers.kept() = ~uint32_t{body.stray};
+  const Call call{body, mode, o, params, registers.kept(), nullptr};
+  Rows rows;
+  const char* const out[2] = {rows.out[0], rows.out[1]};
+  for (int64_t i = 0; i < n;) {
+    const int count = n - i < body.block ? 1 : body.block;
+    gather(body, o, i, count, rows);
+    const void* b = body.scalar ? o.in[1] : rows.in[1];
+    const uint32_t bits = body.run(rows.in[0], b, rows.out[0], rows.out[1], count, params);
+    if (bits != 0) redo(call, i, rows.in[0], b, rows.out[0], rows.out[1], count, bits);
+    spread(body, o, i, 0, count, out);
+    i += count;
   }
 }
 
-void run_overlapping(const Call& call, int64_t n) {
-  int64_t i = 0;
-  for (; i + call.body.block <= n; i += call.body.block) run_special_strided(call, i, call.body.block);
-  for (; i < n; ++i) run_special_strided(call, i, 1);
+}  // namespace
+
+bool apart(const Body& body, const Operands& o, int64_t n) {
+  for (int k = 0; k < body.outputs; ++k) {
+    for (int j = 0; j < body.inputs; ++j) {
+      if (meet(o.in[j], o.in_step[j], body.in_bytes[j], o.out[k], o.out_step[k], body.out_bytes[k], n)) return false;
+    }
+  }
+  return true;
+}
+
+void run_strided(const Body& body, int64_t first, int64_t n, const Operands& o, const void* params) {
+  if (n > 1) {
+    if (first == 0 && !apart(body, o, n)) return run_overlapping(body, n, o, params);
+    if (first != 0 || !side_by_side(body, o)) {
+      Rows rows;
+      const char* const out[2] = {rows.out[0], rows.out[1]};
+      for (int64_t i = first; i < n; i += body.piece) {
+        const int count = static_cast<int>(n - i < body.piece ? n - i : body.piece);
+        gather(body, o, i, count, rows);
+        Piece piece{o, i, 0};
+        body.unit(body, count, rows.in[0], body.scalar ? o.in[1] : rows.in[1], rows.out[0], rows.out[1], params, &piece);
+        spread(body, o, i, piece.stored, count, out);
+      }
+      return;
+    }
+  }
+  body.unit(body, n, o.in[0], o.in[1], o.out[0], o.out[1], params, nullptr);
 }
 
 void run_element_loop(const Body& body, int64_t n, const Operands& operands, const void* params) {
   const uint32_t mode = current_mode();
-  const ControlRegisters registers(mode, body.stray_underflow);
-  const Call call{body, mode, operands, params};
-  alignas(kMaxElement) char in[2][kMaxElement], out[2][kMaxElement];
-  for (int64_t i = 0; i < n; ++i) {
-    for (int j = 0; j < 2 && j < body.inputs; ++j) {
-      std::memcpy(in[j], call.input(j, i), static_cast<size_t>(body.in_bytes[j]));
-    }
-    const int32_t code = body.element(in[0], in[1], out[0], out[1], params);
-    if (code != 0) [[unlikely]]
-      report_element(call, code, i, out[0], out[1]);
-    for (int j = 0; j < 2 && j < body.outputs; ++j) {
-      std::memcpy(call.output(j, i), out[j], static_cast<size_t>(body.out_bytes[j]));
-    }
-  }
+  const ControlRegisters<> registers(mode);
+  body.elements({body, mode, operands, params, nullptr, nullptr}, n);
 }
 
 }  // namespace orvik::zym

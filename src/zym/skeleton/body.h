@@ -9,7 +9,8 @@
 
 namespace orvik::zym {
 
-inline constexpr int kMaxBlock = 32;  // elements: the bits of a block's special lanes fit a word
+inline constexpr int kMaxBlock = 32;    // elements: the bits of a block's special lanes fit a word
+inline constexpr int kRowBytes = 2048;  // that strided arrays are gathered into
 
 // The arrays of a call, by base pointer and step in bytes. A scalar operand has a step of 0.
 struct Operands {
@@ -21,15 +22,25 @@ struct Operands {
 
 struct Call;
 
+// Elements of a strided call that stand side by side in rows while a kernel of unit stride runs on them.
+struct Piece {
+  const Operands& operands;  // the call's
+  int64_t first;             // the piece's first element there
+  int64_t stored;            // results that have been spread already, since a report was to see them
+};
+
 struct Body {
+  // A kernel of unit stride, whole.
+  void (*unit)(const Body& body, int64_t n, const void* a, const void* b, void* r1, void* r2, const void* params,
+               Piece* piece);
   // The lanes out of line: n elements side by side, at most kMaxBlock, with the filler in special lanes. Returns the bits
   // of the special ones.
   uint32_t (*run)(const void* a, const void* b, void* r1, void* r2, int64_t n, const void* params);
   // The special elements of a block whose lanes' results stand in r1 and r2; `index` is that of the block's first.
   void (*redo)(const Call& call, int64_t index, const void* a, const void* b, void* r1, void* r2, int count,
                uint32_t bits);
-  // Element loops: the routine for one element.
-  int32_t (*element)(const void* a, const void* b, void* r1, void* r2, const void* params);
+  // Families without lanes: n elements one after another, reported as they come.
+  void (*elements)(const Call& call, int64_t n);
 
   const char* name;  // that reports; null: never
   int8_t inputs, outputs;
@@ -37,8 +48,9 @@ struct Body {
   bool scalar;   // the second input is one element for all
   bool complex;  // what reports: complex elements
   bool single;
-  bool stray_underflow;
-  int8_t block;  // elements that are read before one is stored
+  uint8_t stray;  // flags that lanes may raise though the results do not
+  int8_t block;   // elements that are read before one is stored
+  int16_t piece;  // elements in a row
 };
 
 struct Call {
@@ -46,6 +58,8 @@ struct Call {
   uint32_t mode;
   const Operands& operands;
   const void* params;
+  uint32_t* kept;  // stray flags that element routines have raised; null where there are none
+  Piece* piece;    // null: the operands are the caller's
 
   const void* input(int j, int64_t i) const { return operands.in[j] + i * operands.in_step[j]; }
   void* output(int j, int64_t i) const { return operands.out[j] + i * operands.out_step[j]; }
@@ -58,15 +72,11 @@ void report_element(const Call& call, int32_t code, int64_t index, void* r1, voi
 // The cold end of a kernel of unit stride: a block, or what is left of a call, with special elements.
 void run_special_block(const Call& call, int64_t index, int count);
 
-// The same with any increments: elements gathered, computed, redone where they are special, spread.
-void run_special_strided(const Call& call, int64_t index, int count);
-
-// A whole call on arrays that meet: a block is read whole before any of it is stored, and what is left behind the last
-// block goes one element a round.
-void run_overlapping(const Call& call, int64_t n);
-
-// Whether no result lies where a later element is read.
-bool independent(const Call& call, int64_t n);
+// Elements first to n - 1 of a call with any increments. Where arrays meet, a block is read whole before any of it is stored, and what is left
+// behind the last block goes one element a round; apart, nobody can tell, and larger pieces are quicker.
+void run_strided(const Body& body, int64_t first, int64_t n, const Operands& operands, const void* params);
+// Whether arrays are apart so.
+bool apart(const Body& body, const Operands& operands, int64_t n);
 
 // A whole kernel: a loop over a scalar routine.
 void run_element_loop(const Body& body, int64_t n, const Operands& operands, const void* params);

@@ -1,16 +1,15 @@
 // What a family of functions supplies: a struct Name<V, L> for every function, over the lane type V and the level L. It
 // says nothing of loops, pointers, strides or modes. Its members, all static:
 //
-//   lanes(x..., params...)        the mathematics: inputs in, result (or Pair of results) out; or Masked, where only
-//   the
+//   lanes(x..., params...)        the mathematics: inputs in, result (or Pair of results) out; or Masked, where only the
 //                                 computation itself tells which lanes it does not serve. Complex inputs and results
-//                                 are Pairs of lanes.
+//                                 are Pairs of lanes. Lanes that treat real and imaginary parts alike, or alternately, may
+//                                 also take them as they lie in memory (Stored), which spares the loop all shuffles.
 // and, where the lanes do not serve every input,
 //   special(x..., params...)      which lanes they do not serve, told before the computation (not with Masked);
 //   wide(x..., params...)         a second vector form, out of line, for special lanes that are not very special (large
 //                                 arguments of the sine): Masked, its mask those that even it does not serve;
-//   element(px..., pr..., params...)  the routine for one element that is left: pointers to inputs and results, where
-//   the
+//   element(px..., pr..., params...)  the routine for one element that is left: pointers to inputs and results, where the
 //                                 lanes' result stands already with lanes_stand; the code of the report, 0 for none;
 //   repair(x..., r, mask, params...)  with reports off: the commonest special results blended into r; returns the mask
 //                                 that is left.
@@ -23,6 +22,7 @@
 
 #include <type_traits>
 
+#include "lanes/control.h"
 #include "lanes/lanes.h"
 
 namespace orvik::zym {
@@ -55,8 +55,8 @@ struct Knobs {
   int vectors = 4;           // in flight: a block is as many vectors, read whole before any of it is stored
   double filler = 0.75;      // of inactive and special lanes, where 0.75 would raise a flag or leave the domain
   bool streams = false;      // memory bandwidth is the only limit: large results bypass the caches
-  bool stray_underflow = false;  // squares of tiny arguments are tinier than the results: the kernel leaves the underflow
-                                 // flag as it found it
+  uint32_t stray = 0;        // flags (kUnderflowFlag ...) that lanes may raise though the results do not: squares of tiny
+                             // arguments, quotients that are cut. Then only element routines raise them.
   bool lanes_stand = false;  // special lanes compute as they are, and the element routine may leave what they gave
 };
 

@@ -3,6 +3,7 @@
 // more copy of the lanes, in run(); all else is shared by all kernels (body.h).
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <type_traits>
@@ -18,6 +19,7 @@ namespace orvik::zym {
 
 // The parameters of a call, handed on by address.
 struct NoParams {};
+inline constexpr NoParams kNoParams;
 
 template <class Fn, class V, Signature S, class Params = NoParams>
 struct Kernel {
@@ -38,6 +40,8 @@ struct Kernel {
   static constexpr Knobs kKnobs = Traits::knobs;
   static constexpr int kVectors = kKnobs.vectors;
   static constexpr int kBlock = kVectors * kWidth<V> > kMaxBlock ? kMaxBlock : kVectors* kWidth<V>;
+
+  using Registers = ControlRegisters<kKnobs.stray>;
 
   struct Inputs {
     LanesOf<A> a;
@@ -130,14 +134,15 @@ struct Kernel {
   }
 
   // Calls a member of the family with the inputs, then what else it takes, then the parameters where there are some.
-  template <class F, class... More>
-  static auto apply(F f, const Inputs& x, const Params& params, More&&... more) {
+  template <class F, class In, class... More>
+  static auto apply(F f, const In& x, const Params& params, More&&... more) {
     if constexpr (kBinary && std::is_same_v<Params, NoParams>) return f(x.a, x.b, more...);
     if constexpr (kBinary && !std::is_same_v<Params, NoParams>) return f(x.a, x.b, more..., params);
     if constexpr (!kBinary && std::is_same_v<Params, NoParams>) return f(x.a, more...);
     if constexpr (!kBinary && !std::is_same_v<Params, NoParams>) return f(x.a, more..., params);
   }
-  [[gnu::always_inline]] static auto lanes(const Inputs& x, const Params& params) {
+  template <class In>
+  [[gnu::always_inline]] static auto lanes(const In& x, const Params& params) {
     return apply(
         [](const auto&... y) __attribute__((always_inline)) { return Fn::lanes(y...); }, x, params);
   }
@@ -159,11 +164,71 @@ struct Kernel {
   static_assert(!kMasked || Traits::has_element, "lanes that leave some need an element routine");
   static_assert(kSpecial || !Traits::has_lanes || !Traits::has_element, "an element routine that nothing calls");
 
-  static const Result& value_of(const LanesResult& r) {
+  template <class L>
+  static const auto& value_of(const L& r) {
     if constexpr (kMasked) {
       return r.value;
     } else {
       return r;
+    }
+  }
+
+  // --- the order of complex elements in the hot loop, which needs none: as they lie in memory, where the family has lanes
+  // for them so, or as they come apart most cheaply --------------------------------------------------------------------
+
+  static constexpr bool kComplex = S.a == Kind::complex || S.b == Kind::complex || S.r == Kind::complex;
+  static constexpr bool kStored = [] {
+    if constexpr (kBinary) {
+      return requires { Fn::lanes(Stored<V>{}, Stored<V>{}); };
+    } else {
+      return requires { Fn::lanes(Stored<V>{}); };
+    }
+  }();
+  static_assert(!kStored || (kComplex && !kTested && !kScalarB), "stored parts: complex arrays, no special lanes by input");
+
+  struct StoredInputs {
+    Stored<V> a;
+    [[no_unique_address]] std::conditional_t<kBinary, Stored<V>, NoParams> b;
+  };
+  template <class T>
+  static auto load_loop_lanes(const T* p) {
+    if constexpr (!kComplex) {
+      return load<V>(p);
+    } else if constexpr (std::is_same_v<T, E>) {
+      return mixed(load<V>(p));
+    } else if constexpr (kStored) {
+      return load_stored<V>(reinterpret_cast<const E*>(p));
+    } else {
+      return load_mixed_pairs(reinterpret_cast<const E*>(p));
+    }
+  }
+  static auto load_loop_inputs(const A* a, const B* b, int64_t i) {
+    std::conditional_t<kStored, StoredInputs, Inputs> x;
+    x.a = load_loop_lanes(a + i);
+    if constexpr (kScalarB) {
+      x.b = broadcast(b);
+    } else if constexpr (kBinary) {
+      x.b = load_loop_lanes(b + i);
+    }
+    return x;
+  }
+  // What goes to memory: a vector, or two.
+  template <class L>
+  static auto loop_result(const L& r) {
+    if constexpr (!kComplex || kStored) {
+      return r;
+    } else if constexpr (std::is_same_v<R, E>) {
+      return mixed(r);
+    } else {
+      return stored(r);
+    }
+  }
+  template <class L>
+  static void store_loop_results(R* r1, R* r2, int64_t i, const L& r) {
+    if constexpr (kTwoResults) {
+      store_results(r1, r2, i, r);
+    } else {
+      store(reinterpret_cast<E*>(r1 + i), loop_result(r));
     }
   }
 
@@ -321,18 +386,31 @@ struct Kernel {
     }
   }
 
-  static int32_t element(const void* a, const void* b, void* r1, void* r2, const void* params) {
-    return run_element(static_cast<const A*>(a), static_cast<const B*>(b), static_cast<R*>(r1), static_cast<R*>(r2),
-                       *static_cast<const Params*>(params));
+  // The loop of a family without lanes, in line with its routine: the constants of one element serve the next.
+  [[gnu::noinline]] static void elements(const Call& call, int64_t n) {
+    const Params& params = *static_cast<const Params*>(call.params);
+    for (int64_t i = 0; i < n; ++i) {
+      const A a = *static_cast<const A*>(call.input(0, i));  // read before the results, which may stand in its place
+      B b{};
+      if constexpr (kBinary) b = *static_cast<const B*>(call.input(1, i));
+      R* const r1 = static_cast<R*>(call.output(0, i));
+      R* const r2 = kTwoResults ? static_cast<R*>(call.output(1, i)) : nullptr;
+      const int32_t code = run_element(&a, &b, r1, r2, params);
+      if constexpr (S.reports) {
+        if (code != 0) [[unlikely]]
+          report_element(call, code, i, r1, r2);
+      }
+    }
   }
 
   static constexpr Body make_body(const char* name) {
     Body body = {};
     if constexpr (Traits::has_lanes) {
+      body.unit = unit_piece;
       body.run = run;
       if constexpr (kSpecial) body.redo = redo;
     } else {
-      body.element = element;
+      body.elements = elements;
     }
     body.name = S.reports ? name : nullptr;
     body.inputs = kBinary ? 2 : 1;
@@ -342,29 +420,36 @@ struct Kernel {
     body.out_bytes[0] = body.out_bytes[1] = sizeof(R);
     body.scalar = kScalarB;
     body.complex = S.a == Kind::complex;
-    body.stray_underflow = kKnobs.stray_underflow;
+    body.stray = kKnobs.stray;
     body.single = Single<V>;
     body.block = kBlock;
+    body.piece = kRowBytes / std::max({sizeof(A), sizeof(B), sizeof(R)});
     return body;
+  }
+
+  // Nothing is handed on by the address of a constant, so that a call needs no memory for it.
+  static const void* address_of(const Params& params) {
+    if constexpr (std::is_same_v<Params, NoParams>) return &kNoParams;
+    return &params;
   }
 
   // --- whole calls --------------------------------------------------------------------------------------------------
 
   static Operands unit_operands(const A* a, const B* b, R* r1, R* r2) {
-    return {{reinterpret_cast<const char*>(a), reinterpret_cast<const char*>(b)},
+    return {{reinterpret_cast<const char*>(a), kBinary ? reinterpret_cast<const char*>(b) : nullptr},
             {sizeof(A), kScalarB ? 0 : sizeof(B)},
-            {reinterpret_cast<char*>(r1), reinterpret_cast<char*>(r2)},
+            {reinterpret_cast<char*>(r1), kTwoResults ? reinterpret_cast<char*>(r2) : nullptr},
             {sizeof(R), sizeof(R)}};
   }
 
   // Whole blocks, as many as fit, up to the first with a special lane; returns the number of elements done. The loop
   // holds no call, so that the constants stay in registers. A block is read whole before any of it is stored.
   template <class Load, class Store>
-  [[gnu::always_inline]] static int64_t plain_blocks(int64_t n, const Params& params, Load load_at, Store store_at) {
+  [[gnu::always_inline]] static int64_t plain_blocks(int64_t n, Params params, Load load_at, Store store_at) {
     constexpr int N = kBlock / kWidth<V>;
     int64_t i = 0;
     for (const int64_t last = n - kBlock; i <= last; i += kBlock) {
-      Inputs x[N];
+      decltype(load_at(i)) x[N];
 #pragma GCC unroll 8
       for (int v = 0; v < N; ++v) x[v] = load_at(i + v * kWidth<V>);
       if constexpr (kTested) {
@@ -374,76 +459,81 @@ struct Kernel {
         if (!none(mask)) [[unlikely]]
           return i;
       }
-      Result r[N];
-      if constexpr (kMasked) {
-        LanesResult first = lanes(x[0], params);
-        r[0] = first.value;
-        Mask<V> mask = first.special;
+      decltype(lanes(x[0], params)) r[N];
 #pragma GCC unroll 8
-        for (int v = 1; v < N; ++v) {
-          LanesResult next = lanes(x[v], params);
-          r[v] = next.value;
-          mask = mask | next.special;
-        }
+      for (int v = 0; v < N; ++v) r[v] = lanes(x[v], params);
+      if constexpr (kMasked) {
+        auto mask = r[0].special;
+#pragma GCC unroll 8
+        for (int v = 1; v < N; ++v) mask = mask | r[v].special;
         if (!none(mask)) [[unlikely]]
           return i;
-      } else {
-#pragma GCC unroll 8
-        for (int v = 0; v < N; ++v) r[v] = lanes(x[v], params);
       }
 #pragma GCC unroll 8
-      for (int v = 0; v < N; ++v) store_at(i + v * kWidth<V>, r[v]);
+      for (int v = 0; v < N; ++v) store_at(i + v * kWidth<V>, value_of(r[v]));
     }
     return i;
   }
 
   // Out of line: the hot loop's pointers must not escape.
   [[gnu::noinline, gnu::cold]] static void special_block(const Body& body, uint32_t mode, const A* a, const B* b, R* r1,
-                                                         R* r2, int64_t i, int count, const Params& params) {
+                                                         R* r2, int64_t i, int count, Params params,
+                                                         uint32_t* kept, Piece* piece) {
     const Operands operands = unit_operands(a, b, r1, r2);
-    run_special_block({body, mode, operands, &params}, i, count);
+    run_special_block({body, mode, operands, address_of(params), kept, piece}, i, count);
   }
 
-  // A short call has no call of its own, so that it saves no registers.
+  // Both ways are calls in last place: what a short call saves of registers is its own.
   [[gnu::always_inline]] static void unit(const Body& body, int64_t n, const A* a, const B* b, R* r1, R* r2,
-                                          const Params& params) {
+                                          Params params, Piece* piece = nullptr) {
     if constexpr (!Traits::has_lanes) {
-      run_element_loop(body, n, unit_operands(a, b, r1, r2), &params);
+      run_element_loop(body, n, unit_operands(a, b, r1, r2), address_of(params));
+    } else if (n >= kBlock) {
+      unit_blocks(body, n, a, b, r1, r2, params, piece);
     } else {
-      if (n >= kBlock) return unit_blocks(body, n, a, b, r1, r2, params);
-      const uint32_t mode = current_mode();
-      const ControlRegisters registers(mode, kKnobs.stray_underflow);
-      tail(body, mode, n, a, b, r1, r2, 0, params);
+      unit_short(body, n, a, b, r1, r2, params, piece);
     }
+  }
+  static void unit_piece(const Body& body, int64_t n, const void* a, const void* b, void* r1, void* r2,
+                         const void* params, Piece* piece) {
+    unit(body, n, static_cast<const A*>(a), static_cast<const B*>(b), static_cast<R*>(r1), static_cast<R*>(r2),
+         *static_cast<const Params*>(params), piece);
+  }
+
+  [[gnu::noinline]] static void unit_short(const Body& body, int64_t n, const A* a, const B* b, R* r1, R* r2,
+                                           Params params, Piece* piece) {
+    const uint32_t mode = current_mode();
+    Registers registers(mode);
+    tail(body, mode, n, a, b, r1, r2, 0, params, registers.kept(), piece);
   }
 
   [[gnu::noinline]] static void unit_blocks(const Body& body, int64_t n, const A* a, const B* b, R* r1, R* r2,
-                                            const Params& params) {
+                                            Params params, Piece* piece) {
     const uint32_t mode = current_mode();
-    const ControlRegisters registers(mode, kKnobs.stray_underflow);
+    Registers registers(mode);
     int64_t i = 0;
     if constexpr (kKnobs.streams && !kTwoResults) {
       if (n >= kStreamBytes / static_cast<int64_t>(sizeof(R)) && disjoint(n, a, b, r1)) [[unlikely]] {
-        i = past_cache(body, mode, n, a, b, r1, params);
+        i = past_cache(body, mode, n, a, b, r1, params, registers.kept());
       }
     }
     for (;;) {
       const int64_t from = i;
       i += plain_blocks(
-          n - i, params, [&](int64_t at) { return load_inputs(a, b, from + at); },
-          [&](int64_t at, const Result& r) { store_results(r1, r2, from + at, r); });
+          n - i, params, [&](int64_t at) { return load_loop_inputs(a, b, from + at); },
+          [&](int64_t at, const auto& r) { store_loop_results(r1, r2, from + at, r); });
       if (n - i < kBlock) break;
       if constexpr (kSpecial) {
-        special_block(body, mode, a, b, r1, r2, i, kBlock, params);
+        special_block(body, mode, a, b, r1, r2, i, kBlock, params, registers.kept(), piece);
         i += kBlock;
       }
     }
-    tail(body, mode, n, a, b, r1, r2, i, params);
+    tail(body, mode, n, a, b, r1, r2, i, params, registers.kept(), piece);
   }
 
   // What is left behind the last whole block: single vectors, then the first lanes of one.
   [[gnu::always_inline]] static void tail(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b, R* r1,
-                                          R* r2, int64_t i, const Params& params) {
+                                          R* r2, int64_t i, Params params, uint32_t* kept, Piece* piece) {
 #pragma GCC unroll 1
     for (; i < n; i += kWidth<V>) {
       const int64_t k = n - i;
@@ -452,13 +542,13 @@ struct Kernel {
       if constexpr (kTested) {
         // A scalar operand is special in the inactive lanes too.
         if ((lane_bits(special(x, params)) & here) != 0) [[unlikely]] {
-          return special_block(body, mode, a, b, r1, r2, i, static_cast<int>(k), params);
+          return special_block(body, mode, a, b, r1, r2, i, static_cast<int>(k), params, kept, piece);
         }
       }
       const LanesResult r = lanes(x, params);
       if constexpr (kMasked) {
         if ((lane_bits(r.special) & here) != 0) [[unlikely]] {
-          return special_block(body, mode, a, b, r1, r2, i, static_cast<int>(k), params);
+          return special_block(body, mode, a, b, r1, r2, i, static_cast<int>(k), params, kept, piece);
         }
       }
       if (k >= kWidth<V>) {
@@ -469,94 +559,82 @@ struct Kernel {
     }
   }
 
-  // --- any increments -----------------------------------------------------------------------------------------------
-
-  template <class T>
-  static LanesOf<T> load_strided_lanes(const T* p, int64_t inc) {
-    if constexpr (std::is_same_v<T, E>) {
-      return load_strided<V>(p, inc);
-    } else {
-      T row[kWidth<V>];
-      for (int i = 0; i < kWidth<V>; ++i) row[i] = p[i * inc];
-      return load_pairs(reinterpret_cast<const E*>(row));
-    }
-  }
-  static Inputs load_strided_inputs(const A* a, int64_t incA, const B* b, int64_t incB, int64_t i) {
-    Inputs x;
-    x.a = load_strided_lanes(a + i * incA, incA);
-    if constexpr (kScalarB) {
-      x.b = broadcast(b);
-    } else if constexpr (kBinary) {
-      x.b = load_strided_lanes(b + i * incB, incB);
-    }
-    return x;
-  }
-  template <class T>
-  static void store_strided_lanes(T* p, int64_t inc, LanesOf<T> x) {
-    if constexpr (std::is_same_v<T, E>) {
-      store_strided(p, inc, x);
-    } else {
-      T row[kWidth<V>];
-      store_lanes(row, x);
-      for (int i = 0; i < kWidth<V>; ++i) p[i * inc] = row[i];
-    }
-  }
+  // Any increments: gathered, computed as above, spread (body.cc). Doubles, of which few fit a vector, go from array to
+  // array without the rows between, but for special and last ones.
   static void strided(const Body& body, int64_t n, const A* a, int64_t incA, const B* b, int64_t incB, R* r1,
-                      int64_t incR1, R* r2, int64_t incR2, const Params& params) {
+                      int64_t incR1, R* r2, int64_t incR2, Params params) {
     const Operands operands = {{reinterpret_cast<const char*>(a), reinterpret_cast<const char*>(b)},
                                {incA * static_cast<int64_t>(sizeof(A)), incB * static_cast<int64_t>(sizeof(B))},
                                {reinterpret_cast<char*>(r1), reinterpret_cast<char*>(r2)},
                                {incR1 * static_cast<int64_t>(sizeof(R)), incR2 * static_cast<int64_t>(sizeof(R))}};
     if constexpr (!Traits::has_lanes) {
-      run_element_loop(body, n, operands, &params);
+      run_element_loop(body, n, operands, address_of(params));
+    } else if constexpr (Double<V> && S.a == Kind::real && S.r == Kind::real) {
+      const int64_t done = direct(body, n, a, incA, b, incB, r1, incR1, r2, incR2, operands, params);
+      if (done < n) run_strided(body, done, n, operands, address_of(params));
     } else {
-      const uint32_t mode = current_mode();
-      const ControlRegisters registers(mode, kKnobs.stray_underflow);
-      const Call call{body, mode, operands, &params};
-      // Where arrays meet, a block is read whole before any of it is stored. Apart, nobody can tell, and one or two
-      // vectors at a time keep the code small.
-      if (n > 1 && !independent(call, n)) [[unlikely]]
-        return run_overlapping(call, n);
-      constexpr int U = kKnobs.streams || kBlock == kWidth<V> ? 1 : 2;
-      int64_t i = 0;
-#pragma GCC unroll 1
-      for (; n - i >= U * kWidth<V>; i += U * kWidth<V>) {
-        Inputs x[U];
+      run_strided(body, 0, n, operands, address_of(params));
+    }
+  }
+
+  // Two vectors at a time, as many as fit; none where arrays meet. Returns the number of elements done.
+  [[gnu::always_inline]] static int64_t direct(const Body& body, int64_t n, const A* a, int64_t incA, const B* b,
+                                               int64_t incB, R* r1, int64_t incR1, R* r2, int64_t incR2,
+                                               const Operands& operands, Params params) {
+    constexpr int N = kVectors > 1 ? 2 : 1;
+    constexpr int64_t kStep = N * kWidth<V>;
+    if (n < kStep || !apart(body, operands, n)) return 0;
+    const uint32_t mode = current_mode();
+    Registers registers(mode);
+    const int64_t last = n - kStep;
+    int64_t i = 0;
+    for (; i <= last; i += kStep) {
+      Inputs x[N];
 #pragma GCC unroll 2
-        for (int v = 0; v < U; ++v) x[v] = load_strided_inputs(a, incA, b, incB, i + v * kWidth<V>);
-        bool plain = true;
-        if constexpr (kTested) {
-          auto mask = special(x[0], params);
-          if constexpr (U == 2) mask = mask | special(x[U - 1], params);
+      for (int v = 0; v < N; ++v) {
+        x[v].a = load_strided<V>(a, incA);
+        a += kWidth<V> * incA;
+        if constexpr (kScalarB) {
+          x[v].b = broadcast(b);
+        } else if constexpr (kBinary) {
+          x[v].b = load_strided<V>(b, incB);
+          b += kWidth<V> * incB;
+        }
+      }
+      bool plain = true;
+      if constexpr (kTested) {
+        auto mask = special(x[0], params);
+        if constexpr (N == 2) mask = mask | special(x[N - 1], params);
+        plain = none(mask);
+      }
+      if (plain) [[likely]] {
+        LanesResult r[N];
+#pragma GCC unroll 2
+        for (int v = 0; v < N; ++v) r[v] = lanes(x[v], params);
+        if constexpr (kMasked) {
+          auto mask = r[0].special;
+          if constexpr (N == 2) mask = mask | r[N - 1].special;
           plain = none(mask);
         }
         if (plain) [[likely]] {
-          LanesResult r[U];
 #pragma GCC unroll 2
-          for (int v = 0; v < U; ++v) r[v] = lanes(x[v], params);
-          if constexpr (kMasked) {
-            Mask<V> mask = r[0].special;
-            if constexpr (U == 2) mask = mask | r[U - 1].special;
-            plain = none(mask);
-          }
-          if (plain) [[likely]] {
-#pragma GCC unroll 2
-            for (int v = 0; v < U; ++v) {
-              const int64_t k = i + v * kWidth<V>;
-              if constexpr (kTwoResults) {
-                store_strided(r1 + k * incR1, incR1, value_of(r[v]).first);
-                store_strided(r2 + k * incR2, incR2, value_of(r[v]).second);
-              } else {
-                store_strided_lanes(r1 + k * incR1, incR1, value_of(r[v]));
-              }
+          for (int v = 0; v < N; ++v) {
+            const int64_t at = v * kWidth<V>;
+            if constexpr (kTwoResults) {
+              store_strided(r1 + at * incR1, incR1, value_of(r[v]).first);
+              store_strided(r2 + at * incR2, incR2, value_of(r[v]).second);
+            } else {
+              store_strided(r1 + at * incR1, incR1, value_of(r[v]));
             }
           }
         }
-        if (!plain) [[unlikely]]
-          run_special_strided(call, i, U * kWidth<V>);
       }
-      if (i < n) run_special_strided(call, i, static_cast<int>(n - i));
+      if (!plain) [[unlikely]]
+        run_strided(body, i, i + kStep, operands, address_of(params));
+      r1 += kStep * incR1;
+      if constexpr (kTwoResults) r2 += kStep * incR2;
     }
+    return i;
   }
 
  private:
@@ -575,14 +653,14 @@ struct Kernel {
   }
 
   [[gnu::noinline]] static int64_t past_cache(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b, R* r,
-                                              const Params& params) {
+                                              Params params, uint32_t* kept) {
     const uintptr_t misaligned = reinterpret_cast<uintptr_t>(r) % sizeof(V);
-    if (misaligned % sizeof(E) != 0) return 0;
-    const int64_t first = misaligned != 0 ? static_cast<int64_t>((sizeof(V) - misaligned) / sizeof(E)) : 0;
-    tail(body, mode, first, a, b, r, nullptr, 0, params);
+    if (misaligned % sizeof(R) != 0) return 0;
+    const int64_t first = misaligned != 0 ? static_cast<int64_t>((sizeof(V) - misaligned) / sizeof(R)) : 0;
+    tail(body, mode, first, a, b, r, nullptr, 0, params, kept, nullptr);
     const int64_t done = plain_blocks(
-        n - first, params, [&](int64_t at) { return load_inputs(a, b, first + at); },
-        [&](int64_t at, const Result& x) { store_past_cache(r + first + at, x); });
+        n - first, params, [&](int64_t at) { return load_loop_inputs(a, b, first + at); },
+        [&](int64_t at, const auto& x) { store_past_cache(reinterpret_cast<E*>(r + first + at), loop_result(x)); });
     finish_past_cache();
     return first + done;
   }

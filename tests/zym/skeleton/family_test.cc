@@ -2,6 +2,7 @@
 // computation tells, complex elements, element loops, parameters, knobs; blocks read whole before they are stored.
 #include <gtest/gtest.h>
 
+#include <cfenv>
 #include <limits>
 #include <string>
 #include <vector>
@@ -65,6 +66,29 @@ struct Loop {
     const E im = z->im;
     *r = {z->re + static_cast<E>(order.order), im};
     return im < 0 ? zymErrorOverflow : 0;
+  }
+};
+
+// 1/x; a division by zero counts for nothing, but 1/-0 is invalid.
+template <class V>
+struct StrayFlags {
+  using E = Element<V>;
+  static constexpr Knobs knobs = {.stray = kDivideByZeroFlag | kInvalidFlag};
+  static Masked<V, Mask<V>> lanes(V x) { return {V(E(1)) / x, x == V(E(0))}; }
+  static int32_t element(const E* x, E* r) {
+    *r = is_negative(*x) ? opaque(infinity<E>) - opaque(infinity<E>) : E(7);
+    return 0;
+  }
+};
+
+// Complex, taking parts as they lie in memory where it may: negative of imaginary parts that are not negative.
+template <class V>
+struct Lying {
+  using E = Element<V>;
+  static Pair<V> lanes(Pair<V> z) { return {z.first, z.second | sign_mask<V>()}; }
+  static Stored<V> lanes(Stored<V> z) {
+    const V sign = by_part(V(E(0)), sign_mask<V>());
+    return {z.first | sign, z.second | sign};
   }
 };
 
@@ -204,6 +228,53 @@ TYPED_TEST(FamilyTest, ComplexElementsComeAsPairsOfLanes) {
       ASSERT_EQ(reports.size(), special);
     }
   }
+}
+
+TYPED_TEST(FamilyTest, PartsAsTheyLieInMemoryServeLoopsAndRemainderAlike) {
+  using V = TypeParam;
+  using E = Element<V>;
+  using C = Complex<E>;
+  using LyingKernel = Kernel<Lying<V>, V, Signature{.a = Kind::complex, .r = Kind::complex}>;
+  static_assert(LyingKernel::kStored);
+  static constexpr Body body = LyingKernel::make_body("lying");
+  for (int64_t n = 1; n < 80; ++n) {
+    std::vector<C> z(static_cast<size_t>(n)), w(static_cast<size_t>(n));
+    for (int64_t i = 0; i < n; ++i) z[static_cast<size_t>(i)] = {E(i), E(i + 1)};
+    LyingKernel::unit(body, n, z.data(), nullptr, w.data(), nullptr, {});
+    for (int64_t i = 0; i < n; ++i) {
+      ASSERT_EQ(w[static_cast<size_t>(i)].re, E(i));
+      ASSERT_EQ(w[static_cast<size_t>(i)].im, E(-i - 1));
+    }
+  }
+}
+
+TYPED_TEST(FamilyTest, FlagsOfSpecialLanesGoWhereTheFamilyAsksForIt) {
+  using V = TypeParam;
+  using E = Element<V>;
+  using StrayKernel = Kernel<StrayFlags<V>, V, Signature{}>;
+  static constexpr Body body = StrayKernel::make_body("stray");
+  constexpr int kSevere = FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW;
+  const auto flags_of = [&](E special, bool strided, int before) {
+    std::vector<E> x(150, E(4)), r(150);
+    x[3] = x[40] = x[70] = special;
+    std::feclearexcept(FE_ALL_EXCEPT);
+    std::feraiseexcept(before);
+    if (strided) {
+      StrayKernel::strided(body, 71, x.data(), 1, nullptr, 0, r.data(), 1, nullptr, 0, {});
+    } else {
+      StrayKernel::unit(body, 71, x.data(), nullptr, r.data(), nullptr, {});
+    }
+    EXPECT_EQ(r[4], E(0.25));
+    return std::fetestexcept(kSevere);
+  };
+  for (bool strided : {false, true}) {
+    for (int before : {0, FE_DIVBYZERO, FE_OVERFLOW}) {
+      EXPECT_EQ(flags_of(E(1), strided, before), before);
+      EXPECT_EQ(flags_of(E(0), strided, before), before);
+      EXPECT_EQ(flags_of(E(-0.0), strided, before), before | FE_INVALID);  // of the element routine
+    }
+  }
+  std::feclearexcept(FE_ALL_EXCEPT);
 }
 
 TYPED_TEST(FamilyTest, AnElementLoopRunsInOrderWithItsParameters) {

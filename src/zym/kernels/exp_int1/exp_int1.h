@@ -51,8 +51,8 @@ E underflow() {
 
 // --- 64 bits --------------------------------------------------------------------------------------------------------
 
-// dExpInt1 LA: ?
-// dExpInt1 EP: ?
+// dExpInt1 EP: 26.95 bits at 0x1p+9
+// dExpInt1 HA: 0.5730 ulp at 0x1.3025431ad57dap+3
 template <Double V, Level L>
 struct ExpInt1<V, L> {
   static constexpr Knobs knobs = {.vectors = L == Level::EP ? 2 : 1};
@@ -119,7 +119,8 @@ struct ExpInt1<V, L> {
   // For 2^-added x, x normal. What is not in the domain gives any finite result.
   static V small(V x, double added) {
     const KeyedDouble<V> k(x);
-    const V series_at = min(magnitude(x), V(0x1p-6));
+    const V a = magnitude(x), bound = V(0x1p-6);
+    const V series_at = select(a < bound, a, bound);  // quietly, where minima of a NaN would raise invalid
     if constexpr (L == Level::EP) {
       const V head = fma(k.centred_exponent(), V(kLn2Head64), gather<512>(kLnHeads, indices(k.key))) + V(kEulerHead);
       return fms(series_at, horner(series_at, kExpInt1SeriesShort),
@@ -138,8 +139,8 @@ struct ExpInt1<V, L> {
 
 // --- 32 bits --------------------------------------------------------------------------------------------------------
 
-// sExpInt1 LA: ?
-// sExpInt1 EP: ?
+// sExpInt1 EP: 12.29 bits at 0x1.196af2p+6
+// sExpInt1 HA: 0.5988 ulp at 0x1.044e0ep+5
 template <Single V, Level L>
 struct ExpInt1<V, L> {
   static constexpr Knobs knobs = {.vectors = L == Level::EP ? 2 : 1};
@@ -164,18 +165,25 @@ struct ExpInt1<V, L> {
     }
   }
 
+  // Normal numbers below 2^-6: whether others read as zero is for the element routine to see.
   static Masked<V, Mask<V>> wide(V x) {
     using F = ExpInt1<Wide<V>, Level::EP>;
     return {narrow(F::small(widen_low(x), 0.0), F::small(widen_high(x), 0.0)),
-            Mask<V>(outside<0x00000001u, 0x3C7FFFFFu>(x))};
+            Mask<V>(outside<0x00800000u, 0x3C7FFFFFu>(x))};
   }
 
   static int32_t element(const float* px, float* r) {
     const float x = *px;
     int32_t code;
     if (exp_int1::special_value(x, r, &code)) return code;
-    *r =
-        x < 104 ? static_cast<float>(first_lane(ExpInt1<F64, Level::EP>::lanes(F64(x)))) : exp_int1::underflow<float>();
+    using F = ExpInt1<F64, Level::EP>;
+    if (x < 1) {  // denormal
+      *r = static_cast<float>(first_lane(F::small(F64(x), 0.0)));
+    } else if (x < 104) {
+      *r = static_cast<float>(first_lane(F::lanes(F64(x))));
+    } else {
+      *r = exp_int1::underflow<float>();
+    }
     return 0;
   }
 };

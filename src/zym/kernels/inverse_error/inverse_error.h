@@ -48,18 +48,19 @@ int32_t outside_domain(E* r) {
 
 // --- ErfInv ---------------------------------------------------------------------------------------------------------
 
-// sErfInv LA: ?
-// sErfInv HA: ?
-// sErfInv EP: ?
-// dErfInv LA: ?
-// dErfInv HA: ?
-// dErfInv EP: ?
+// sErfInv LA: 2.1919 ulp at -0x1.9f7a8ep-1
+// sErfInv HA: 0.5272 ulp at -0x1.fbd9b4p-1
+// sErfInv EP: 13.50 bits at 0x1.373b06p-1
+// dErfInv LA: 2.2250 ulp at 0x1.ae80a827ac752p-1
+// dErfInv HA: 0.7429 ulp at -0x0.b699cf3d18144p-1022
+// dErfInv EP: 28.88 bits at -0x1.fb4a47e4c0ad1p-1
 template <class V, Level L>
 struct ErfInv {
   using E = Element<V>;
   static constexpr Knobs knobs = {.vectors = L == Level::HA ? 1 : 2};
 
-  static auto special(V x) requires Single<V> { return magnitude_above<0x3F7FFFFFu>(x); }
+  // Below 2^-24 the slope at 0 is all there is, and at every level it is worth having exactly.
+  static auto special(V x) requires Single<V> { return outside_magnitude<0x33800000u, 0x3F7FFFFFu>(x); }
   static auto special(V x) requires Double<V> {
     return outside_magnitude<inverse_error::kFirstWord<V>, 0x3FEFFFFFu>(x);
   }
@@ -92,8 +93,8 @@ struct ErfInv {
     } else if (magnitude(x) == 1) {
       *r = x / opaque(E(0));
       return zymErrorSingularity;
-    } else if (x == 0) {
-      *r = x;
+    } else if (x == 0) {  // denormals too where they read as zero
+      *r = quiet(x);
     } else {
       *r = tiny(x);
     }
@@ -101,7 +102,7 @@ struct ErfInv {
   }
 
  private:
-  static float tiny(float x) { return x; }  // none is left to the element routine
+  static float tiny(float x) { return static_cast<float>(x * kErfInvSlope); }
   static double tiny(double x) {
     return first_lane(ErfInv<F64, Level::HA>::lanes(F64(x * inverse_error::kLift))) / inverse_error::kLift;
   }
@@ -109,12 +110,12 @@ struct ErfInv {
 
 // --- ErfcInv and CdfNormInv -----------------------------------------------------------------------------------------
 
-// sErfcInv LA: ?
-// sErfcInv HA: ?
-// sErfcInv EP: ?
-// dErfcInv LA: ?
-// dErfcInv HA: ?
-// dErfcInv EP: ?
+// sErfcInv LA: 2.7522 ulp at 0x1.84d044p-3
+// sErfcInv HA: 0.5308 ulp at 0x1.2d6a84p-7
+// sErfcInv EP: 13.50 bits at 0x1.91705ap-2
+// dErfcInv LA: 2.5928 ulp at 0x1.683ad3dfe7933p-3
+// dErfcInv HA: 0.5570 ulp at 0x1.78297e10c1addp+0
+// dErfcInv EP: 28.99 bits at 0x1.2d3f3b9a153c8p-7
 template <class V, Level L>
 struct ErfcInv {
   using E = Element<V>;
@@ -169,12 +170,12 @@ struct ErfcInv {
   }
 };
 
-// sCdfNormInv LA: ?
-// sCdfNormInv HA: ?
-// sCdfNormInv EP: ?
-// dCdfNormInv LA: ?
-// dCdfNormInv HA: ?
-// dCdfNormInv EP: ?
+// sCdfNormInv LA: 3.3964 ulp at 0x1.8a773p-6
+// sCdfNormInv HA: 0.5221 ulp at 0x1.2d77c6p-8
+// sCdfNormInv EP: 13.50 bits at 0x1.92606ap-3
+// dCdfNormInv LA: 3.6060 ulp at 0x1.d0d0df1f60972p-6
+// dCdfNormInv HA: 0.5953 ulp at 0x1.0c760d0b93edfp-1
+// dCdfNormInv EP: 28.87 bits at 0x1.2d72346cf0cbep-8
 template <class V, Level L>
 struct CdfNormInv {
   using E = Element<V>;

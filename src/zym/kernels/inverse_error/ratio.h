@@ -21,7 +21,7 @@ namespace orvik::zym::inverse_error {
 
 // Where 1 - t^2 is 2^-added s, s normalised.
 template <Double V>
-V t_times_ratio_ha(HeadTail<V> t, HeadTail<V> s, double added) {
+[[gnu::always_inline]] inline V t_times_ratio_ha(HeadTail<V> t, HeadTail<V> s, double added) {
   using I = Integer<V>;
   const KeyedDouble<V> k(s.head);
   const V scale =  // rc scale: 1/s
@@ -43,14 +43,14 @@ V t_times_ratio_ha(HeadTail<V> t, HeadTail<V> s, double added) {
 }
 
 template <Double V>
-V minus_ln(const KeyedDouble<V>& k, V p) {
+[[gnu::always_inline]] inline V minus_ln(const KeyedDouble<V>& k, V p) {
   const V e = k.centred_exponent();
   const V head = fma(e, V(kLn2Head64), gather<512>(kLnHeads, indices(k.key))) + k.r;
   return V(0.0) - (head + fma(e, V(kLn2Tail64), k.r * k.r * p));
 }
 
 template <Double V>
-V t_times_ratio_la(V t, V s) {
+[[gnu::always_inline]] inline V t_times_ratio_la(V t, V s) {
   const KeyedDouble<V> k(s);
   const V w = minus_ln(k, horner(k.r, kLnDoubleLA));
   const ExpansionRow<V, 4, 2> row(w + V(4.0));
@@ -60,7 +60,7 @@ V t_times_ratio_la(V t, V s) {
 }
 
 template <Double V>
-V t_times_ratio_ep(V t, V s) {
+[[gnu::always_inline]] inline V t_times_ratio_ep(V t, V s) {
   const KeyedDouble<V> k(s);
   const V w = minus_ln(k, horner(k.r, kLnDoubleEP));
   const ExpansionRow<V, 5, 2> row(w + V(4.0));
@@ -84,7 +84,7 @@ inline constexpr Octets<8> kRowsLA(kErfInvRowsLA);
 inline constexpr Octets<4> kRowsEP(kErfInvRowsEP);
 
 template <Level L, Single V>
-V t_times_ratio(V t, V s) {
+[[gnu::always_inline]] inline V t_times_ratio(V t, V s) {
   using I = Integer<V>;
   const CentredSingle<V> c(s);
   V p;

@@ -5,7 +5,7 @@
 
 namespace orvik::zym {
 
-// Eleven terms, truncation error below 2^-61 of P; what the first lacks.
+// Eleven terms, error below 2^-57 of P, that of their rounding; what the first lacks.
 //: let w = (16.5 + mod(i, 16)) / 16 * 2^(2 + floor(i/16)) - 4
 //: c0 = erfinv_term(w, 0)
 //: c1 = erfinv_term(w, 1)

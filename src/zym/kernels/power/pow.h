@@ -204,31 +204,47 @@ struct Pow<V, Level::LA> : PowDouble<V> {
   }
 };
 
+// log2(x) of a normal x, within 2^-72 or 2^-67 of itself.
+template <Double V>
+[[gnu::always_inline]] inline HeadTail<V> log2_lanes(V x) {
+  const KeyedDouble<V> k(x);
+  const auto row = gather<512>(kLog2Pairs, indices(k.key));
+  // log2(1 + r) = r (c1 + c2 r + ...): the sum of the first two with its rest, the product with its.
+  const V factor = fma(k.r, V(kPowSecond64), V(kLog2E64));
+  const V factor_rest = fma(k.r, V(kPowSecond64), V(kLog2E64) - factor) + V(kLog2ETail64);
+  const V q = k.r * factor;
+  const V q_rest = fms(k.r, factor, q);
+  const HeadTail<V> log = fast_two_sum(k.exponent() + row.first, q);
+  const V rest = fma(k.r * k.r, horner(k.r, kPowLog2DoubleHA), factor_rest);
+  return {log.head, fma(k.r, rest, (log.tail + row.second) + q_rest)};
+}
+
+// 2^t = row (1 + rest) 2^k, k above seven bits in the low bits of `sum`.
+template <Double V>
+struct Exp2Parts {
+  static constexpr double kShift = 0x1.8p45;  // added to t: 1/128
+  V sum, row, rest;
+  // The sum and f, what it lacks of t.
+  [[gnu::always_inline]] Exp2Parts(V sum_of_t, V f) : sum(sum_of_t) {
+    const auto power = gather(kExp2Pairs128, indices(as_bits(sum) & Integer<V>(int64_t{127})));
+    row = power.first;
+    rest = fma(f, horner(f, kPowExp2DoubleHA), power.second);
+  }
+  Integer<V> exponent() const { return shift_left<45>(as_bits(sum)) & Integer<V>(uint64_t{0xFFF0000000000000}); }
+};
+
 // dPow HA: 0.5333 ulp at 0x1.ff8f0ab21a07cp-1, 0x1.89cece4280f78p+19
 template <Double V>
 struct Pow<V, Level::HA> : PowDouble<V> {
   static constexpr Knobs knobs = {.vectors = 2};
 
   static auto lanes(V x, V y) {
-    using I = Integer<V>;
-    const KeyedDouble<V> k(x);
-    const auto row = gather<512>(kLog2Pairs, indices(k.key));
-    // log2(1 + r) = r (c1 + c2 r + ...): the sum of the first two with its rest, the product with its.
-    const V factor = fma(k.r, V(kPowSecond64), V(kLog2E64));
-    const V factor_rest = fma(k.r, V(kPowSecond64), V(kLog2E64) - factor) + V(kLog2ETail64);
-    const V q = k.r * factor;
-    const V q_rest = fms(k.r, factor, q);
-    const HeadTail<V> log = fast_two_sum(k.exponent() + row.first, q);
-    const V rest = fma(k.r * k.r, horner(k.r, kPowLog2DoubleHA), factor_rest);
-    const V tail = fma(k.r, rest, (log.tail + row.second) + q_rest);
-
-    const Exponent2<V> t(y, {log.head, tail});
-    const V sum = t.sum + V(0x1.8p45);  // 1/128
-    const V f = drop(t.beyond, (t.head - (sum - V(0x1.8p45))) + t.tail);
-    const auto power = gather(kExp2Pairs128, indices(as_bits(sum) & I(int64_t{127})));
-    const V result = fma(power.first, fma(f, horner(f, kPowExp2DoubleHA), power.second), power.first);
-    return Masked{as_float(as_bits(result) + (shift_left<45>(as_bits(sum)) & I(uint64_t{0xFFF0000000000000}))),
-                  t.beyond};
+    const Exponent2<V> t(y, log2_lanes(x));
+    const V sum = t.sum + V(Exp2Parts<V>::kShift);
+    const V f = drop(t.beyond, (t.head - (sum - V(Exp2Parts<V>::kShift))) + t.tail);
+    const Exp2Parts<V> power(sum, f);
+    const V result = fma(power.row, power.rest, power.row);
+    return Masked{as_float(as_bits(result) + power.exponent()), t.beyond};
   }
 };
 

@@ -71,9 +71,7 @@ struct Quotient {
   V rest;   // |a| - whole |b|, in [0, |b|)
 
   static Quotient divide(V a, V b) {
-    // A dividend below the divisor divides as 0: the quotient could underflow.
-    const V dividend = keep(magnitude(a) >= magnitude(b), magnitude(a));
-    const V q = round<Direction::zero>(dividend / magnitude(b));
+    const V q = round<Direction::zero>(magnitude(a) / magnitude(b));
     const V r = fnma(q, magnitude(b), magnitude(a));
     const Mask<V> too_many = r < V(E(0));
     return {q - keep(too_many, V(E(1))), r + keep(too_many, magnitude(b))};
@@ -101,9 +99,13 @@ struct Quotient {
   }
 };
 
+// The quotient may underflow, the exact remainder cannot.
+inline constexpr Knobs kRemainderKnobs = {.stray = kUnderflowFlag};
+
 template <class V, Level>
 struct Fmod {
   using E = Element<V>;
+  static constexpr Knobs knobs = kRemainderKnobs;
   static Mask<V> special(V a, V b) { return Quotient<V>::special(a, b); }
   static V lanes(V a, V b) { return join_sign(Quotient<V>::divide(a, b).rest, a); }
   static int32_t element(const E* a, const E* b, E* r) {
@@ -118,6 +120,7 @@ struct Fmod {
 template <class V, Level>
 struct Remainder {
   using E = Element<V>;
+  static constexpr Knobs knobs = kRemainderKnobs;
   static Mask<V> special(V a, V b) { return Quotient<V>::special(a, b); }
   static V lanes(V a, V b) {
     const Quotient<V> q = Quotient<V>::divide(a, b);

@@ -7,7 +7,7 @@
 namespace orvik::zym::trig {
 
 // Squares of tiny arguments underflow on the way, results that do are denormal arguments' own.
-constexpr Knobs knobs_of(int vectors) { return {.vectors = vectors, .stray_underflow = true}; }
+constexpr Knobs knobs_of(int vectors) { return {.vectors = vectors, .stray = kUnderflowFlag}; }
 
 template <class E>
 int32_t not_finite_element(const E* x, E* r) {

@@ -35,10 +35,9 @@ template <class V>
   return {r.head, fma(f.tail, V(kPi), fma(f.head, V(kPiTail), r.tail))};
 }
 
-// a = |x| from 2^8 on; smaller ones, infinities and NaNs give something finite. `phase` is added to u.
+// a = |x| from 2^8 on, finite. `phase` is added to u.
 template <int Grid, Double V>
-[[gnu::always_inline]] inline LargeReduced<V> reduce_large(V a, V phase = V(0.0)) {
-  a = finite_from(a, 256.0);
+[[gnu::always_inline]] inline LargeReduced<V> reduce_finite(V a, V phase = V(0.0)) {
   // The upper eight bits of the exponent choose the row, the lower three stay with the mantissa.
   const Integer<V> bits = as_bits(a);
   const auto row = gather<128>(kInvPiGroups, indices(shift_right<55>(bits)));
@@ -57,6 +56,12 @@ template <int Grid, Double V>
   const HeadTail<V> f2 = two_sum(f1.head, p2.head);
   const V rest = (f1.tail + f2.tail) + fma(m, row.c[3], p2.tail);
   return {t, half_turns(fast_two_sum(f2.head, rest))};
+}
+
+// Smaller ones, infinities and NaNs give something finite.
+template <int Grid, Double V>
+[[gnu::always_inline]] inline LargeReduced<V> reduce_large(V a, V phase = V(0.0)) {
+  return reduce_finite<Grid>(finite_from(a, 256.0), phase);
 }
 
 // Doubles that hold floats, from 2^13 on. The angle left is in half turns, n in the low bits of t.

@@ -89,15 +89,6 @@ struct SineSingle : NotFiniteElement<V> {
 
 // --- 64 bits --------------------------------------------------------------------------------------------------------
 
-// pi in parts: n times the first is exact with x while n has 23 bits.
-template <Double V>
-[[gnu::always_inline]] inline HeadTail<V> reduce_by_grid(V a, V n) {
-  const V r = fnma(n, V(0.012271846302610356), a);
-  const V head = fnma(n, V(4.747734770549973e-13), r);
-  return {head, fnma(n, V(1.5798955068718364e-23), fnma(n, V(4.747734770549973e-13), r - head))};
-}
-inline constexpr double k256OverPi = 81.48733086305042;
-
 template <bool Cosine, Level L, Double V>
 struct SineDouble : NotFiniteElement<V> {
   static constexpr Knobs knobs = knobs_of(4);

@@ -45,6 +45,14 @@ template <class F, Single V, class... More>
   return {narrow(low.first, high.first), narrow(low.second, high.second)};
 }
 
+// |x| = n pi/2 + r of floats, r and both polynomials in 64 bits; pi/2 in parts: n times the first is exact.
+inline constexpr float k2OverPi32 = 0.6366197466850281f;
+template <Double W>
+[[gnu::always_inline]] inline Pair<W> both_of_float(W a, W n) {
+  const W f = fnma(n, W(0.5 * 5.126688303189038e-12), fnma(n, W(0.5 * 3.1415926535846666), a));
+  return both(f, kPairSineHA32, kPairCosineHA32);
+}
+
 template <Level L, Single V>
 struct BothSingle : NotFinitePair<V> {
   static constexpr Knobs knobs = knobs_of(2);
@@ -53,17 +61,10 @@ struct BothSingle : NotFinitePair<V> {
 
   static Pair<V> lanes(V x) {
     const V a = magnitude(x);
-    const auto [t, n] = shift_round(a, V(0.6366197466850281f));
+    const auto [t, n] = shift_round(a, V(k2OverPi32));
     Pair<V> r;
     if constexpr (L == Level::HA) {
-      // pi/2 in parts: n times the first is exact.
-      r = pair_by_halves(
-          [](auto y, auto m) __attribute__((always_inline)) {
-            using W = decltype(y);
-            const W f = fnma(m, W(0.5 * 5.126688303189038e-12), fnma(m, W(0.5 * 3.1415926535846666), y));
-            return both(f, kPairSineHA32, kPairCosineHA32);
-          },
-          a, n);
+      r = pair_by_halves([](auto y, auto m) __attribute__((always_inline)) { return both_of_float(y, m); }, a, n);
     } else {
       V f = fnma(n, V(-4.371138828673793e-08f), fnma(n, V(1.5707963705062866f), a));
       if constexpr (L == Level::LA) {

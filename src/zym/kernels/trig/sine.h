@@ -2,6 +2,7 @@
 #pragma once
 
 #include "lanes/lanes.h"
+#include "zym/kernels/shared/halves.h"
 #include "zym/kernels/trig/coefficients.h"
 #include "zym/kernels/trig/tables.h"
 
@@ -34,11 +35,15 @@ template <class V, size_t N>
   const V z = r * r;
   return fma(r, u, r * fma(z, horner(z, c), u_tail));
 }
-// A function of doubles over the halves of floats.
-template <class F, Single V, class... More>
-[[gnu::always_inline]] inline V by_halves(F function, V x, More... more) {
-  return narrow(function(widen_low(x), widen_low(more)...), function(widen_high(x), widen_high(more)...));
+
+// |x| = n pi/256 + r. pi in parts: n times the first is exact with x while n has 23 bits.
+template <Double V>
+[[gnu::always_inline]] inline HeadTail<V> reduce_by_grid(V a, V n) {
+  const V r = fnma(n, V(0.012271846302610356), a);
+  const V head = fnma(n, V(4.747734770549973e-13), r);
+  return {head, fnma(n, V(1.5798955068718364e-23), fnma(n, V(4.747734770549973e-13), r - head))};
 }
+inline constexpr double k256OverPi = 81.48733086305042;
 
 // sin and cos of n pi/256 + r, n in the low bits of t, |r| up to pi/512 and a little more. Where the grid point's sine
 // (cosine) is 0 the result is r with a relative error; else the sum's head is rounded once and keeps what it lost.
@@ -65,23 +70,40 @@ struct GridRest {  // sin(r) - r, cos(r) - 1
     cosine = z * horner(z, kGridCosine);
   }
 };
+// Without the sign.
+// As head and tail without the sign; |tail| is below 2^-12 of the head.
 template <Double V>
-[[gnu::always_inline]] inline V grid_sine(const GridPoint<V>& p, HeadTail<V> r) {
+[[gnu::always_inline]] inline HeadTail<V> grid_sine_parts(const GridPoint<V>& p, HeadTail<V> r) {
   const GridRest<V> rest(r.head);
   const V head = fma(p.cosine, r.head, p.sine);
   const V lost = fma(p.cosine, r.head, p.sine - head);
   const V tail =
       fma(p.sine, rest.cosine, fma(p.cosine, rest.sine + r.tail, fma(p.cosine_tail, r.head, p.sine_tail + lost)));
-  return flip_sign(head + tail, p.sign);
+  return {head, tail};
 }
 template <Double V>
-[[gnu::always_inline]] inline V grid_cosine(const GridPoint<V>& p, HeadTail<V> r) {
+[[gnu::always_inline]] inline V grid_sine(const GridPoint<V>& p, HeadTail<V> r) {
+  const HeadTail<V> sine = grid_sine_parts(p, r);
+  return flip_sign(sine.head + sine.tail, p.sign);
+}
+template <Double V>
+[[gnu::always_inline]] inline HeadTail<V> grid_cosine_parts(const GridPoint<V>& p, HeadTail<V> r) {
   const GridRest<V> rest(r.head);
   const V head = fnma(p.sine, r.head, p.cosine);
   const V lost = fnma(p.sine, r.head, p.cosine - head);
   const V tail =
       fma(p.cosine, rest.cosine, fnma(p.sine, rest.sine + r.tail, fnma(p.sine_tail, r.head, p.cosine_tail + lost)));
-  return flip_sign(head + tail, p.sign);
+  return {head, tail};
+}
+template <Double V>
+[[gnu::always_inline]] inline V grid_sine(const GridPoint<V>& p, HeadTail<V> r) {
+  const HeadTail<V> s = grid_sine_parts(p, r);
+  return flip_sign(s.head + s.tail, p.sign);
+}
+template <Double V>
+[[gnu::always_inline]] inline V grid_cosine(const GridPoint<V>& p, HeadTail<V> r) {
+  const HeadTail<V> s = grid_cosine_parts(p, r);
+  return flip_sign(s.head + s.tail, p.sign);
 }
 
 }  // namespace orvik::zym::trig

@@ -1,0 +1,1066 @@
+// Written by tools/approx from the rule in zym/kernels/bessel/tables.h; do not edit.
+#include "zym/kernels/bessel/tables.h"
+
+// clang-format off
+namespace orvik::zym::bessel {
+
+alignas(64) const double kY0Rows64[176][16] = {
+    {
+        0x1.ea4ee5fcd3d48p49, -0x1.1e7dd9de3b162p45, 0x1.4fc7b24e7fef6p40, -0x1.915c6ea4eb89p35, 0x1.e75f7e3d5b038p30,
+        -0x1.2e11246494c3ap26, 0x1.8120d831e6838p21, -0x1.ff79a213878a6p16, 0x1.6a3a57d65f895p12, -0x1.203feaad165f5p8,
+        0x1.3374a8120a19p4, -0x1.1ed1a0204ed41p1, -0x1.63b1e1fe60763p-51, -0x1.89d2b266ee39bp-53, 0x1.1p-5,
+        -0x1.28b56b9efb1d5p-46
+    },
+    {
+        0x1.2014398d3afcp48, -0x1.7844dff621509p43, 0x1.ed996e67fa17cp38, -0x1.49b52d8e8b049p34, 0x1.bf766c398b2ecp29,
+        -0x1.35f51f3f19352p25, 0x1.b9ade7c70c979p20, -0x1.47ca47ce4143bp16, 0x1.0370c6ea65cacp12, -0x1.cd5cdb86512aep7,
+        0x1.1338f13c198eep4, -0x1.15bbb2d1fdde7p1, 0x1.4bfb2374c142dp-50, -0x1.589b7dc813dedp-55, 0x1.3p-5,
+        0x1.9d99e8ebf46bp-47
+    },
+    {
+        0x1.7ecfeb90363bcp46, -0x1.145261e4a1418p42, 0x1.91106a7e509ddp37, -0x1.2818c31a29017p33, 0x1.bc2516d82b053p28,
+        -0x1.540b2d2f528d5p24, 0x1.0bc6e1a75a467p20, -0x1.b74a74878e7f8p15, 0x1.80455010050acp11, -0x1.79886ca849055p7,
+        0x1.f246a2b015858p3, -0x1.0d8dbe2cd4c3p1, -0x1.4e46765011984p-52, -0x1.9379eecc96effp-53, 0x1.5p-5,
+        -0x1.5e9f5a41498d8p-47
+    },
+    {
+        0x1.193ceac89de44p45, -0x1.bcade7b53e669p40, 0x1.61b9cac3ffc28p36, -0x1.1e04ce2a6bf3ap32, 0x1.d5e2cbfa77899p27,
+        -0x1.8a03265579954p23, 0x1.53d2fea7c9794p19, -0x1.31490a626e118p15, 0x1.24773630c7a28p11, -0x1.3a9c34037f6b1p7,
+        0x1.c7321f57dcc4p3, -0x1.061d6ab999c42p1, 0x1.2ba5aec73923ep-55, 0x1.86b83595f4db7p-53, 0x1.7p-5,
+        -0x1.21c9a401adaa9p-47
+    },
+    {
+        0x1.c14ba58e55f1bp43, -0x1.82179c55fb9b7p39, 0x1.4e07db2aea20ap35, -0x1.259461e5e3ac5p31, 0x1.061f67110b2f7p27,
+        -0x1.ddd17b6219bfap22, 0x1.bfefd71d0b4b6p18, -0x1.b5652f45e94fcp14, 0x1.c76fd466da2cfp10, -0x1.0a2e12966afa2p7,
+        0x1.a305c767419cdp3, -0x1.fe95fd960e185p0, 0x1.e89be87ca2f62p-53, -0x1.d4773d7c2cd2ep-55, 0x1.9p-5,
+        0x1.d2ecd98e759dfp-48
+    },
+    {
+        0x1.8134042281767p42, -0x1.657fe61b8749p38, 0x1.4e32387be105cp34, -0x1.3d3901c827a98p30, 0x1.31e3dd377661cp26,
+        -0x1.2d1a84bdbe9b6p22, 0x1.30da70a27e3d7p18, -0x1.417cef878c297p14, 0x1.69810d5eddcfdp10, -0x1.c83920982580fp6,
+        0x1.84388d106985ep3, -0x1.f1fc2f6e268b9p0, -0x1.fcee540a14bdfp-51, -0x1.767300a02a01bp-54, 0x1.bp-5,
+        -0x1.4935dec068b67p-49
+    },
+    {
+        0x1.5ee485810d15bp41, -0x1.5dc7feb0dfbfbp37, 0x1.5f55e27a6729p33, -0x1.6631b1acf7baep29, 0x1.72fb5b8e86a71p25,
+        -0x1.8839be148d1f3p21, 0x1.aa85c5219096p17, -0x1.e31b2bb2caf45p13, 0x1.23b7d8b64d6e4p10, -0x1.8b4b863c0dd5bp6,
+        0x1.69add28eec9f9p3, -0x1.e6471f2c2f676p0, 0x1.4e905552fcd42p-51, -0x1.da1bfb20ad6e2p-54, 0x1.dp-5,
+        -0x1.5110e93bf76fap-49
+    },
+    {
+        0x1.50df7300f5eadp40, -0x1.66f761356e13dp36, 0x1.818c00671a889p32, -0x1.a42e69be175a5p28, 0x1.d1317f0b67c9cp24,
+        -0x1.06dfea9789ebbp21, 0x1.3192bc5d587e3p17, -0x1.71f961b911b2dp13, 0x1.dd961493f8d6dp9, -0x1.59c7b1b36f99ep6,
+        0x1.52926efea3c78p3, -0x1.db582dd6898a6p0, 0x1.8fba21acdc666p-51, -0x1.a96eb98406278p-54, 0x1.fp-5,
+        0x1.c5c29aee9feb9p-48
+    },
+    {
+        0x1.ea4c98fd81ea3p38, -0x1.1e7c2bc070b7fp35, 0x1.4fc5288efe07dp31, -0x1.9158632dad4d6p27, 0x1.e7589e2d7dddfp23,
+        -0x1.2e0ac0a40977cp20, 0x1.8113491fc097dp16, -0x1.ff55de68862a2p12, 0x1.69eca2c992af3p9, -0x1.1f408d17efcdep6,
+        0x1.35067c10f63edp3, -0x1.cc30129a1886ep0, 0x1.cef873e491a0cp-56, -0x1.4a69e2ce5c05bp-54, 0x1.1p-4,
+        -0x1.866316f9bffe5p-50
+    },
+    {
+        0x1.20128913da571p37, -0x1.78421dfce92e9p33, 0x1.ed94c55b3fdb5p29, -0x1.49b1071668382p26, 0x1.bf6e89decfcd8p22,
+        -0x1.35eceeefe59aap19, 0x1.b99a7ddad090fp15, -0x1.47adb29606b9fp12, 0x1.032b10307d7b3p9, -0x1.cb79b63d7a2f5p5,
+        0x1.14e9d040bc294p3, -0x1.b9ea201919c1cp0, 0x1.d3cc1a34a1f58p-52, 0x1.d0c335b6c7e35p-55, 0x1.3p-4,
+        -0x1.c03d6d4d8ce1ap-49
+    },
+    {
+        0x1.7ecd2d4ad28ffp35, -0x1.144fe8570d767p32, 0x1.910bca53a5442p28, -0x1.2814358f58e6ap25, 0x1.bc1b87b5dee3bp21,
+        -0x1.54003440ad6a7p18, 0x1.0bb882f0d296cp15, -0x1.b71bbde60bccfp11, 0x1.7fc6cdfcc328dp8, -0x1.77be2b65aaa87p5,
+        0x1.f5e330ae0e235p2, -0x1.a9723b8bd687p0, -0x1.21d9eaa796dc9p-52, 0x1.931598f0c21d3p-54, 0x1.5p-4,
+        0x1.cac27920395dfp-49
+    },
+    {
+        0x1.193a7fc0fd256p34, -0x1.bca92064daa71p30, 0x1.61b4e6035cc7fp27, -0x1.1dff87b625d4dp24, 0x1.d5d6aab4a426p20,
+        -0x1.89f3e6e4100f7p17, 0x1.53bd22281775ep14, -0x1.31222b218a19ap11, 0x1.24035b6b07a19p8, -0x1.38e8a3a12cc62p5,
+        0x1.cb06851da2065p2, -0x1.9a73cef260413p0, -0x1.9e822316d0c0cp-52, 0x1.508954384ef91p-55, 0x1.7p-4,
+        -0x1.0080ca59c3e62p-49
+    },
+    {
+        0x1.c14714f2659c6p32, -0x1.8212b53802bebp29, 0x1.4e02658b0f5d8p26, -0x1.258dfc4ccb719p23, 0x1.061768abd2988p20,
+        -0x1.ddbba3d5dc308p16, 0x1.bfcdd18242675p13, -0x1.b52380fd14608p10, 0x1.c699fc534662ap7, -0x1.088f5ed197e0ep5,
+        0x1.a70f4cf8e983dp2, -0x1.8caf7daae9abdp0, -0x1.57dc5e81c2a81p-52, 0x1.c4ee46bd61697p-54, 0x1.9p-4,
+        0x1.7af57eb78f263p-50
+    },
+    {
+        0x1.812f735c28d7ep31, -0x1.657a9a6066418p28, 0x1.4e2bd990280e3p25, -0x1.3d30f201511a4p22, 0x1.31d8fc1309e0cp19,
+        -0x1.2d0a77c78beb7p16, 0x1.30bf74124e391p13, -0x1.4144bb25eb785p10, 0x1.68ba65ecc8fc5p7, -0x1.c5225b8c02131p4,
+        0x1.8874b03b2d04p2, -0x1.7ff497440a0fdp0, 0x1.b4fe75de2663fp-54, -0x1.39da37ec86383p-55, 0x1.bp-4,
+        -0x1.df80eb6f6d2ddp-52
+    },
+    {
+        0x1.5edfb924cce6p30, -0x1.5dc2044a9949bp27, 0x1.5f4e2898d264ap24, -0x1.66273187cc472p21, 0x1.72ec2349f3737p18,
+        -0x1.8821a0d9b797p15, 0x1.aa5a3f8a5e5dcp12, -0x1.e2b9ead184636p9, 0x1.22fe432cafa8cp7, -0x1.8858bf558f78cp4,
+        0x1.6e1a3ed53a44p2, -0x1.741ce344728f6p0, -0x1.19fdfe25276c9p-53, 0x1.93a60601054e9p-56, 0x1.dp-4,
+        -0x1.fe03c2a0add96p-54
+    },
+    {
+        0x1.50da2f5b53a2bp29, -0x1.66f05e64f7e49p26, 0x1.8182505b860ebp23, -0x1.a42056bfc6c2ep20, 0x1.d11bb0ed874d2p17,
+        -0x1.06cd741e63301p15, 0x1.316f2367ad594p12, -0x1.71a46f84f2254p9, 0x1.dc39a2b3608a6p6, -0x1.56f6a00271223p4,
+        0x1.572cf732db571p2, -0x1.6909d4b562d4ap0, 0x1.6ea53759f6c59p-55, -0x1.ee2445b9bfecdp-54, 0x1.fp-4,
+        -0x1.1f8db711a986ap-51
+    },
+    {
+        0x1.ea4365857a68dp27, -0x1.1e7573caf8b7cp25, 0x1.4fbb02a3a0a9bp22, -0x1.914837e04f7d1p19, 0x1.e73d2522bb7d3p16,
+        -0x1.2df13eca9aeb6p14, 0x1.80dd6733d343dp11, -0x1.fec90ab243147p8, 0x1.68ad31cd77e8p6, -0x1.1c9e610840592p4,
+        0x1.39e26303c73c4p2, -0x1.59a8ee78cec71p0, 0x1.6a26b160f97e1p-53, -0x1.54f1750b9e23dp-54, 0x1.1p-3,
+        -0x1.4144288093fb9p-51
+    },
+    {
+        0x1.200bc7a8963b9p26, -0x1.78371721fce48p23, 0x1.ed82239e1769fp20, -0x1.49a0707d8e27fp18, 0x1.bf4f0abf9d1edp15,
+        -0x1.35cc42ae0b61cp13, 0x1.b94d79433bdd5p10, -0x1.473d630c931cdp8, 0x1.020b1093a4285p6, -0x1.c6a70a56cbbd7p3,
+        0x1.1a165fa02619bp2, -0x1.4712aecd2bea7p0, -0x1.33218838edd98p-52, 0x1.4dfcd762ebff1p-54, 0x1.3p-3,
+        -0x1.91f53707eb4a9p-52
+    },
+    {
+        0x1.7ec23527c9ffdp24, -0x1.144603445205cp22, 0x1.90f94ca43ed64p19, -0x1.280203c87c85p17, 0x1.bbf55a6159bbap14,
+        -0x1.53d472bb7c1aap12, 0x1.0b7f9cfabab67p10, -0x1.b6648cb66de42p7, 0x1.7db985f3f0268p5, -0x1.735294d4c50dap3,
+        0x1.00680d1fb7c3p2, -0x1.3645a9883ba06p0, 0x1.c9f60dcb1881ap-52, -0x1.7d4058685903bp-60, 0x1.5p-3,
+        -0x1.5d9f85abc66f9p-51
+    },
+    {
+        0x1.1930d4a2ebdffp23, -0x1.bc9605c69bc1ep20, 0x1.61a156c902d5ep18, -0x1.1dea73fe6da1p16, 0x1.d5a63caf9e7c8p13,
+        -0x1.89b721ef1b07dp11, 0x1.5366c28fd5444p9, -0x1.3089fe2a14cc2p7, 0x1.221fd192da8fbp5, -0x1.34db81c671e1p3,
+        0x1.d67ae55b328efp1, -0x1.26edafe8fe69fp0, -0x1.20ca07319c1b3p-53, -0x1.1c30661dc6b3p-55, 0x1.7p-3,
+        0x1.7013ad1a1ca85p-51
+    },
+    {
+        0x1.c134d4be98cb4p21, -0x1.81ff1bf2a1adep19, 0x1.4dec940738e15p17, -0x1.25746ea342ff9p15, 0x1.05f780fd3b56cp13,
+        -0x1.dd64a579ca1f5p10, 0x1.bf47b8c21bc24p8, -0x1.b422c2bba38e2p6, 0x1.c318cb6486d73p4, -0x1.04d988691360bp3,
+        0x1.b2ffcb4533699p1, -0x1.18cbc3e17c425p0, -0x1.4e23de7eca9b4p-53, 0x1.d4817e033799fp-57, 0x1.9p-3,
+        0x1.f941f8e7f087cp-54
+    },
+    {
+        0x1.811d32ddf1ed1p20, -0x1.65656f7af0e09p18, 0x1.4e1264a8941a7p16, -0x1.3d10bfb7b65eap14, 0x1.31ad93cf1ca11p12,
+        -0x1.2cca95d378c3ep10, 0x1.30555e43ec6cap8, -0x1.40694a8f8305fp6, 0x1.65748c411b4a7p4, -0x1.be59327749fb5p2,
+        0x1.94d6c6632811ap1, -0x1.0baf8c639dd61p0, 0x1.4a170c93e006ep-54, -0x1.00aa46be5bb06p-55, 0x1.bp-3,
+        -0x1.fc8bba8cc077p-53
+    },
+    {
+        0x1.5ecc8adc9c42p19, -0x1.5daa1fefe75fep17, 0x1.5f2f4a8cfc6a6p15, -0x1.65fd443102457p13, 0x1.72af6fb339bf6p11,
+        -0x1.87c1b9808908bp9, 0x1.a9afa8f80495dp7, -0x1.e13e8888bb45fp5, 0x1.1feb6b20a543fp4, -0x1.8227c9328e539p2,
+        0x1.7ae4193845a8cp1, -0x1.fee6449549b9fp-1, -0x1.5994be2550d0ep-61, -0x1.7e1483f9cbae4p-56, 0x1.dp-3,
+        0x1.7e1d54a7c9c49p-53
+    },
+    {
+        0x1.50c524ba9b58cp18, -0x1.66d45a299d552p16, 0x1.815b9dbfe337dp14, -0x1.a3e82835f87ddp12, 0x1.d0c4c29290772p10,
+        -0x1.068415d2d92a5p9, 0x1.30e40dc0c8956p7, -0x1.705937ee90b3dp5, 0x1.d66c9169ad9a8p3, -0x1.5154f2e049d3ep2,
+        0x1.64555b9d8586p1, -0x1.e7f089906325p-1, 0x1.3716a4abe6ad5p-53, -0x1.d0e266943ab9p-56, 0x1.fp-3,
+        -0x1.982eb714f98e9p-52
+    },
+    {
+        0x1.ea1e9ff549a54p16, -0x1.1e5a9c0a43a7fp15, 0x1.4f927c0c8d897p13, -0x1.9107b3449cfe3p11, 0x1.e6cfb06a807b1p9,
+        -0x1.2d8c045c512c6p8, 0x1.800bfd485f24fp6, -0x1.fca3e39a2a3c3p4, 0x1.6351360debf35p3, -0x1.17c55734d3548p2,
+        0x1.4788683b1e56ap1, -0x1.c7ecea8766678p-1, -0x1.2eb9b5bfbd174p-54, -0x1.151e72e3119c6p-55, 0x1.1p-2,
+        -0x1.d4963eb6ced1cp-53
+    },
+    {
+        0x1.1ff0c99ac0da3p15, -0x1.780b0c466d696p13, 0x1.ed37c3cc359ccp11, -0x1.495e49fbc4789p10, 0x1.bed1abf9613bbp8,
+        -0x1.354ad96350657p7, 0x1.b8248f937a841p5, -0x1.4586a69908cebp4, 0x1.fa538dd86b8acp2, -0x1.bedf976ec504cp1,
+        0x1.2847f3c71b153p1, -0x1.a1029fdc1c569p-1, 0x1.cdc03c6e75791p-53, 0x1.be08cf66699a6p-55, 0x1.3p-2,
+        0x1.311aceddb0c68p-53
+    },
+    {
+        0x1.7e9663b8b9c43p13, -0x1.141e811e6be45p12, 0x1.90af854781b3bp10, -0x1.27b981f7886d6p9, 0x1.bb5d8b65a0695p7,
+        -0x1.532785fd6fdf9p6, 0x1.0aa64f52b7816p5, -0x1.b39619c441ff4p3, 0x1.74bd67a756885p2, -0x1.6d4c63e2a520fp1,
+        0x1.0f07dcd571bep1, -0x1.7d9b3439661cfp-1, -0x1.1376d6074532bp-54, 0x1.a1bbf4b3f80e5p-58, 0x1.5p-2,
+        -0x1.991ec45449accp-54
+    },
+    {
+        0x1.190a38236e528p12, -0x1.bc49c54ab55a1p10, 0x1.615355e5afb2fp9, -0x1.1d96850f7ef91p8, 0x1.d4e5dda425726p6,
+        -0x1.88c792156c5a7p5, 0x1.522067e3b5ae2p4, -0x1.2e31690924781p3, 0x1.19c7e05d9feddp2, -0x1.3074bc9f80eedp1,
+        0x1.f4610223a447ep0, -0x1.5d11cde095ecep-1, 0x1.d03fa5da77ce7p-55, 0x1.521ceebebfd24p-56, 0x1.7p-2,
+        -0x1.b6e6541296b6cp-53
+    },
+    {
+        0x1.c0ebf788fc006p10, -0x1.81b0e9b58480dp9, 0x1.4d959cf234805p8, -0x1.250ec0d99f11fp7, 0x1.0578ea1198e0ap6,
+        -0x1.dc0eab9f40a52p4, 0x1.bd532df8b05cfp3, -0x1.b02474d26eb56p2, 0x1.b37ddafb9dc4dp1, -0x1.01f5ebd7fc483p1,
+        0x1.d15a48f948947p0, -0x1.3eebb079e346p-1, 0x1.94d4389537aa2p-54, 0x1.2a6f02bffbbffp-55, 0x1.9p-2,
+        -0x1.a2372cd8629b2p-57
+    },
+    {
+        0x1.80d45a649be91p9, -0x1.651103e16a772p8, 0x1.4dacfc56baf4ep7, -0x1.3c90bec8beefbp6, 0x1.31018d0f6c98p5,
+        -0x1.2bd041c2f9ffbp4, 0x1.2ecec73b45943p3, -0x1.3cf5557f19516p2, 0x1.56c72d5498308p1, -0x1.bb683699e6363p0,
+        0x1.b376ca63fd9fbp0, -0x1.22cb30edb138bp-1, -0x1.fc2dfa2a9d00bp-54, 0x1.981e34217d0c6p-56, 0x1.bp-2,
+        0x1.660e566ecb561p-54
+    },
+    {
+        0x1.5e8004015fdbp8, -0x1.5d4ae1bd69e12p7, 0x1.5eb468328ddd2p6, -0x1.6556ba1372807p5, 0x1.71bf28906dd19p4,
+        -0x1.864b445b27411p3, 0x1.a745267a6d864p2, -0x1.db30174e1dc44p1, 0x1.120cea9717f89p1, -0x1.81e37dab381fbp0,
+        0x1.999d93c36b224p0, -0x1.086757ba7cc91p-1, 0x1.d53aa1a2cbee9p-55, -0x1.49d007ab2968ep-56, 0x1.dp-2,
+        0x1.1576adb05a351p-55
+    },
+    {
+        0x1.5071392e93605p7, -0x1.6664b89b05af7p6, 0x1.80c1a994a4f8dp5, -0x1.a309359a1122cp4, 0x1.cf6d121414502p3,
+        -0x1.0566c7a292eb1p3, 0x1.2ef4511e7d158p2, -0x1.6af8022f439fcp1, 0x1.bc1cb8e633ccfp0, -0x1.5398eb047c6c1p0,
+        0x1.82feab23cce59p0, -0x1.df0ca0c1b06a6p-2, 0x1.12330d645a928p-56, 0x1.6309a5056f5fep-62, 0x1.fp-2,
+        0x1.85556765b1e0fp-64
+    },
+    {
+        0x1.e98c0db24538ep5, -0x1.1defbcef9a4d7p5, 0x1.4ef16ee320f95p4, -0x1.90080fc84eabcp3, 0x1.e51fb87acfd7cp2,
+        -0x1.2c052da7b3185p2, 0x1.7d3704b6b0562p1, -0x1.f36fd3e8da171p0, 0x1.4ade86db8a1f5p0, -0x1.1d9a1d413c88bp0,
+        0x1.65d008bf7d242p0, -0x1.994d75f242705p-2, -0x1.332a0233879f3p-54, 0x1.f74490091d613p-56, 0x1.1p-1,
+        -0x1.1804618f382a4p-54
+    },
+    {
+        0x1.1f854a3197576p4, -0x1.775be64ac62ffp3, 0x1.ec10ab867199p2, -0x1.4858c07927876p2, 0x1.bce405032f2a5p1,
+        -0x1.335d24c7b19d3p1, 0x1.b44ed9a1e4d51p0, -0x1.3dc8f21bc3c6ap0, 0x1.cda48e64a4553p-1, -0x1.d34c21d850e28p-1,
+        0x1.458dd64d3abb1p0, -0x1.440444c1f7473p-2, -0x1.6c9a7eeca7eddp-54, 0x1.a3d425cab4bddp-59, 0x1.3p-1,
+        -0x1.320df28137297p-56
+    },
+    {
+        0x1.7de80d08b1779p2, -0x1.1381962fa4114p2, 0x1.8f8b4ec711aa8p1, -0x1.269b7e937ca3fp1, 0x1.b908fbf319b23p0,
+        -0x1.509e053ac2af7p0, 0x1.07fe3741c2649p0, -0x1.a61b702767859p-1, 0x1.4ba940a97ba19p-1, -0x1.89c13a76f39e5p-1,
+        0x1.2ac5cdcf89a08p0, -0x1.ec248b7fb3d6ap-3, -0x1.38e4aa0e36fafp-54, -0x1.03231e0b21593p-57, 0x1.5p-1,
+        0x1.532e37240b351p-55
+    },
+    {
+        0x1.1870c23175e42p1, -0x1.bb1b56a468436p0, 0x1.601efe17fa27dp0, -0x1.1c4c34e228663p0, 0x1.d1f31a3b3f724p-1,
+        -0x1.8555eb7a9a557p-1, 0x1.4e6321f6096acp-1, -0x1.221ccad702354p-1, 0x1.e7c6099cf0909p-2, -0x1.544f86350bd76p-1,
+        0x1.13eb29592edccp0, -0x1.5c9bdd59aade3p-3, 0x1.2184f2b944b1ap-56, -0x1.67034241e3f9dp-57, 0x1.7p-1,
+        0x1.84cb815f1c43fp-56
+    },
+    {
+        0x1.bfcab31723c4fp-1, -0x1.807b3d0f295f9p-1, 0x1.4c3e940866903p-1, -0x1.237f83ea753a4p-1, 0x1.0388c1d85c8dp-1,
+        -0x1.d7452dba3658p-2, 0x1.b801fed36bfe8p-2, -0x1.99f5d1d878c17p-2, 0x1.6d7b87db17739p-2, -0x1.2ca549218b51p-1,
+        0x1.ffe5856f033b2p-1, -0x1.af7d911061c7ep-4, -0x1.1b83ee3d746cep-59, 0x1.e53a306ddb009p-59, 0x1.9p-1,
+        -0x1.dbeeb6b23192ap-55
+    },
+    {
+        0x1.7fb383f5d4b28p-2, -0x1.63c33d489c9d5p-2, 0x1.4c1de96832d1ep-2, -0x1.3a9b31c53f11ap-2, 0x1.2e5f90b04a889p-2,
+        -0x1.286de2b524326p-2, 0x1.2b017c0671338p-2, -0x1.282ff68573999p-2, 0x1.1620d567c9788p-2, -0x1.0eb2ac5287872p-1,
+        0x1.dc45d11631c36p-1, -0x1.713534f51d94ep-5, 0x1.5c5bf6a08c38bp-55, 0x1.e75aa6c141883p-59, 0x1.bp-1,
+        -0x1.d696b2642bf47p-56
+    },
+    {
+        0x1.6674ca12a7fa2p-3, -0x1.8dbc60ef75bffp-3, 0x1.8c0976b67ac07p-3, -0x1.8d36092c6eb73p-3, 0x1.9424ba11d187fp-3,
+        -0x1.a396a800e00bcp-3, 0x1.c068086c1a4b7p-3, -0x1.cf18e6a4b39ffp-3, 0x1.c3b1338af3e9bp-3, -0x1.f7e38a46d7102p-2,
+        0x1.c24371844b88ap-1, 0.0, 0x1.80f5a2bb9d8d6p-57, -0x1.af74bfa0f1304p-56, 0x1.c982eb8d417eap-1,
+        -0x1.6a4ecdcf9fd52p-56
+    },
+    {
+        0x1.4f25616053b8cp-4, -0x1.64acf9aeb8cdfp-4, 0x1.7e66f8dbf3a1ap-4, -0x1.9fa2280ae2f37p-4, 0x1.ca28b4e2cb33bp-4,
+        -0x1.01ee13a83482dp-3, 0x1.2b0c6aa77a497p-3, -0x1.44e5638b46b21p-3, 0x1.4e9ee924230bep-3, -0x1.cbf225c9bc23ep-2,
+        0x1.9e1e67092de92p-1, 0x1.03bf67d087059p-4, -0x1.2eb5a5411cb82p-55, 0x1.03b6d7c271c02p-60, 0x1.fp-1,
+        -0x1.c5bc09e9cd98dp-56
+    },
+    {
+        0x1.e749c53c94321p-6, -0x1.1c4c0af0a97e4p-5, 0x1.4c7dc77a9c85fp-5, -0x1.8c214db8fac88p-5, 0x1.de7caa504a4e8p-5,
+        -0x1.27d5d55a16297p-4, 0x1.78792d2962c2ap-4, -0x1.aa2c5689d66a4p-4, 0x1.d6b9994308618p-4, -0x1.a45bb27a5798cp-2,
+        0x1.74f6945153357p-1, 0x1.155604f3706c8p-3, 0x1.25c4607775ac1p-56, 0x1.a8ae6b8297267p-58, 0x1.1p0,
+        -0x1.aecd00000765cp-56
+    },
+    {
+        0x1.1dde90cb19843p-7, -0x1.74af5a1166922p-7, 0x1.e79a4c1217be5p-7, -0x1.4455c232c1ac3p-6, 0x1.b546fc025dbc7p-6,
+        -0x1.2f6d2b5ee056ap-5, 0x1.af4962a6eed4ep-5, -0x1.ed6737d05947dp-5, 0x1.32a889863b454p-4, -0x1.809d7612bdbd6p-2,
+        0x1.42cfd119b24cap-1, 0x1.c318256dabd86p-3, -0x1.954afc0dcda12p-55, 0x1.48cdd7ad56873p-57, 0x1.3p0,
+        0x1.4e86d0aa8c027p-56
+    },
+    {
+        0x1.7b3cf3c99d137p-9, -0x1.111fca6d52f46p-8, 0x1.8b28593c3f2a5p-8, -0x1.22284a0276467p-7, 0x1.afd5b682f3e75p-7,
+        -0x1.4df4f47421294p-6, 0x1.04dd7e9e93ac3p-5, -0x1.1a62c11df658ap-5, 0x1.a7c6caab1bd64p-5, -0x1.68b7e27c7aedap-2,
+        0x1.145210baf11adp-1, 0x1.2c606e86c3694p-2, -0x1.ce5dcf665684p-55, -0x1.5ab97131746bdp-63, 0x1.5p0,
+        0x1.1f4d5bf5aaf4dp-56
+    },
+    {
+        0x1.1619d1e480b39p-10, -0x1.b68c64fa8081fp-10, 0x1.5b86b64bfacf7p-9, -0x1.17039c3d84008p-8,
+        0x1.c6726e4478da5p-8, -0x1.866ce10d38decp-7, 0x1.48d4c6faf9fddp-6, -0x1.30593b5bbba4p-6, 0x1.3da24504303a1p-5,
+        -0x1.57984295fe65cp-2, 0x1.d0b48611cee91p-2, 0x1.6bea9735dc296p-2, 0x1.6d3afbfed5ab6p-58, 0x1.5abee8df53cdep-58,
+        0x1.7p0, -0x1.1bac9455f581bp-57
+    },
+    {
+        0x1.bb668d7f1785dp-12, -0x1.7bdb53855102fp-11, 0x1.4729c3678b4f7p-10, -0x1.1cd098af9c921p-9,
+        0x1.f87f58f4b8dd9p-9, -0x1.e1875b4dc59f3p-8, 0x1.aa72e1343d6efp-7, -0x1.13b85fc6a0b57p-7, 0x1.07db20942f83dp-5,
+        -0x1.4a20cc66a4fb4p-2, 0x1.7c8ac2d80ef5fp-2, 0x1.a0b596fb54de3p-2, 0x1.ac91904862732p-61, 0x1.8ca16c48f8da6p-56,
+        0x1.9p0, 0x1.bbecbf2a0bc36p-59
+    },
+    {
+        0x1.7b56658c12805p-13, -0x1.5ed6eb5c27d83p-12, 0x1.4637b1262ecccp-11, -0x1.31a1bd8c653bap-10,
+        0x1.2549d44c5cfddp-9, -0x1.37c86986dfdddp-8, 0x1.1891daca481cep-7, -0x1.d096fadbdb24p-10, 0x1.e7e134e7d4128p-6,
+        -0x1.3e5525a80dc08p-2, 0x1.2b80f32114331p-2, 0x1.cb2e78ddb0b81p-2, 0x1.c7e9c185bcf26p-56,
+        -0x1.e3a813f516085p-57, 0x1.bp0, 0x1.35a903cc5f5b4p-58
+    },
+    {
+        0x1.58c37e7576081p-14, -0x1.565fa05a75978p-13, 0x1.55a53dd9bbce4p-12, -0x1.560ddc0e15c93p-11,
+        0x1.637683f0300e6p-10, -0x1.a65d46f435792p-9, 0x1.702aeec5e98a4p-8, 0x1.54b35af02a05ap-9, 0x1.ec85073778631p-6,
+        -0x1.32e9ce6d672dep-2, 0x1.bab0f046907d7p-3, 0x1.ebb4750df5f29p-2, 0x1.169e983aa5d99p-57, -0x1.75448a20b67p-57,
+        0x1.dp0, -0x1.ed3c48167b11dp-57
+    },
+    {
+        0x1.4a31fdcf45938p-15, -0x1.5e72e0410a7bdp-14, 0x1.753fb142516p-13, -0x1.8ca0be38f21a8p-12,
+        0x1.bff2e4b2f2b58p-11, -0x1.2a3714a197476p-9, 0x1.d5b19fa497575p-9, 0x1.6460b26bb3c83p-8, 0x1.07272444d1e9ap-5,
+        -0x1.2704ed37eb9acp-2, 0x1.242cc3fb9820dp-3, 0x1.0151bb27f901ep-1, -0x1.b08907f00c74ap-57,
+        0x1.3b4b8384dab94p-55, 0x1.fp0, -0x1.46292dd9b4555p-56
+    },
+    {
+        0x1.decb53be3b978p-17, -0x1.16a9346df475dp-15, 0x1.423132705c69p-14, -0x1.71be37fee145cp-13,
+        0x1.e1cc5e259ee26p-12, -0x1.7af9dc548e3bfp-10, 0x1.93534e4f3c6e9p-10, 0x1.fcfc806fba53bp-8,
+        0x1.30b19d0383425p-5, -0x1.1323a25105611p-2, 0x1.38ba68ddbc78ap-5, 0x1.09f0f995cb215p-1, -0x1.1bcf348d0d954p-59,
+        -0x1.dbfdee196aae7p-55, 0x1.1p1, -0x1.09259c74c9204p-56
+    },
+    {
+        0x1.17ec4b1e64fp-18, -0x1.6c8724d1fa311p-17, 0x1.cff508205215bp-16, -0x1.20f9b987b5f32p-14,
+        0x1.e72890993ffbp-13, -0x1.c8b7fe35837e7p-11, -0x1.3ad36a9dcab08p-13, 0x1.18049b162ad41p-7,
+        0x1.74f0bf26a71bep-5, -0x1.e6d8fe030c7b7p-3, -0x1.6b450e1e688eep-4, 0x1.068b13f5a6b1p-1, -0x1.512df436ad587p-60,
+        0x1.dd5178d18917fp-55, 0x1.3p1, -0x1.141084d93b631p-58
+    },
+    {
+        0x1.729cdd8bd4e5cp-20, -0x1.0b197a4ecff9cp-18, 0x1.68b31ead779b4p-17, -0x1.e3ae3004ada7cp-16,
+        0x1.274307245fdccp-13, -0x1.2398ac18a4304p-11, -0x1.3acb87fcbc97fp-10, 0x1.f57fa9161fa7dp-8,
+        0x1.b82dfa74ed734p-5, -0x1.9a808621225d6p-3, -0x1.967fbde1e26fdp-3, 0x1.e7ee30648a72bp-2, 0x1.58897bea9663ep-58,
+        -0x1.029394429601p-59, 0x1.5p1, -0x1.14b9f026410fap-57
+    },
+    {
+        0x1.106f8d5ba0a3bp-21, -0x1.ad0502e8d47f2p-20, 0x1.20410146c6f1dp-18, -0x1.b4078e3cb9d6ep-17,
+        0x1.a9193b67f1206p-14, -0x1.6dcd5744cb25dp-12, -0x1.ea7f40684fcdep-10, 0x1.758edf923c428p-8,
+        0x1.ef70ef411b075p-5, -0x1.428971d10dba8p-3, -0x1.27187e118f03ap-2, 0x1.a92dca3034579p-2,
+        -0x1.1fe19ead5caa8p-60, 0x1.0809ee5ebbd3ep-59, 0x1.7p1, 0x1.6b23dfdeaf5ecp-57
+    },
+    {
+        0x1.b7e465e918401p-23, -0x1.70dffa43853d2p-21, 0x1.b29422d518364p-20, -0x1.c5a8868c25bep-18,
+        0x1.5a65bf58f954p-14, -0x1.8dd65f56844d5p-13, -0x1.29a8a52bbc177p-9, 0x1.948c07d98d7p-9, 0x1.09e2b4f9c27cp-4,
+        -0x1.c3cd16dfdb21cp-4, -0x1.6bcae39fcec6p-2, 0x1.56506de081a74p-2, -0x1.d47cd35f27625p-57,
+        0x1.eb3be9449914ap-57, 0x1.9p1, 0x1.d5fc7e1d6d739p-58
+    },
+    {
+        0x1.84917524e9b39p-24, -0x1.4750f700ae5a1p-22, 0x1.e04dc262cdf2fp-22, -0x1.357e567e5be3fp-18,
+        0x1.2c85e2d28e642p-14, -0x1.d068b6e431be2p-15, -0x1.417046921cf26p-9, 0x1.db9849a6dbbffp-14,
+        0x1.10841bee3e5dcp-4, -0x1.f246d51cf1bb6p-5, -0x1.97a7366a44aep-2, 0x1.eab5e99e09dc8p-3, -0x1.04abc767353d8p-56,
+        -0x1.2578b57593ef5p-65, 0x1.bp1, 0x1.7cd70daf66385p-59
+    },
+    {
+        0x1.779c1b9d5538fp-25, -0x1.1598760746f2fp-23, -0x1.213fc95a3643fp-24, -0x1.1e41d4abeca0dp-18,
+        0x1.0816faa14831ep-14, 0x1.056d869caf2ddp-14, -0x1.408174f2dd9dfp-9, -0x1.84c343f31a37cp-9,
+        0x1.0aabb0544a942p-4, -0x1.713b820e191d8p-7, -0x1.aa1032ea71092p-2, 0x1.193934128ebedp-3, 0x1.ac19c7c557894p-59,
+        -0x1.4c91dad5833d6p-57, 0x1.dp1, -0x1.9b231ffd2abe1p-61
+    },
+    {
+        0x1.7f2871f7895a8p-26, -0x1.63eae81c5eb9cp-26, -0x1.3aefa65c37fc1p-22, -0x1.48633aae1d9d3p-18,
+        0x1.ab2c1fef61da4p-15, 0x1.9982765008d15p-13, -0x1.1e32bc4ef936ap-9, -0x1.c116fdc598076p-8,
+        0x1.df6d59bf50ebdp-5, 0x1.a09c9290367f1p-5, -0x1.9c34256a12a0cp-2, 0.0, 0x1.83dae746b16a1p-58,
+        -0x1.8fa8956b4b481p-55, 0x1.fa9534d98569cp1, 0x1.46666805fb0dep-59
+    },
+    {
+        0x1.2dac3f75b5b2dp-26, -0x1.7c58c1198503ap-26, -0x1.3af918f9493eap-22, -0x1.486358a45c173p-18,
+        0x1.ab2c1d10e26p-15, 0x1.998276517baffp-13, -0x1.1e32bc4ed1a2ep-9, -0x1.c116fdc5982fdp-8, 0x1.df6d59bf50e98p-5,
+        0x1.a09c9290367f1p-5, -0x1.9c34256a12a0cp-2, 0.0, 0x1.83dae746b16a1p-58, -0x1.8fa8956b4b481p-55,
+        0x1.fa9534d98569cp1, 0x1.bf9d2866272bcp-59
+    },
+    {
+        0x1.8301f54e5571ep-28, 0x1.7502c3b07b244p-25, -0x1.ad162fc94197fp-23, -0x1.a2a4afced3799p-18,
+        0x1.be3ca4ade01ddp-16, 0x1.6905b50a215eap-12, -0x1.4fb2927d3404p-10, -0x1.7e0b5c10c3b0ep-7,
+        0x1.374c450ff3e99p-5, 0x1.0bdf1d5ed9f11p-3, -0x1.3438a46b12235p-2, -0x1.8ec17fe372eefp-3,
+        -0x1.c7a45dd253e7cp-56, 0x1.a0d3bdc5ace2dp-57, 0x1.2p2, 0x1.4669443a1be6fp-57
+    },
+    {
+        0x1.2b5755f31c37fp-31, 0x1.fbd88f887e393p-25, 0x1.2744baa6c7bc7p-24, -0x1.b85dd9d2596afp-18,
+        0x1.3d4b27d8a762ep-21, 0x1.9b512358b19fep-12, -0x1.40b0bbc145103p-13, -0x1.b9be97b4fbd87p-7,
+        0x1.95f1aa26681e9p-7, 0x1.5a3454dedb22bp-3, -0x1.2ed2df29314fbp-3, -0x1.3bec0b5abc9abp-2,
+        -0x1.f7bea5985708cp-57, -0x1.c31c3ce5cb0f4p-56, 0x1.4p2, -0x1.baab80920620cp-60
+    },
+    {
+        -0x1.7291572336b34p-29, 0x1.c41ca738f886cp-25, 0x1.7e373d241b7cep-22, -0x1.7766ee3e4ab8ep-18,
+        -0x1.953c0ce088efdp-16, 0x1.6ee43fa2e53adp-12, 0x1.01700cdc2a57ep-10, -0x1.96e938a041caep-7,
+        -0x1.ca4458e622489p-7, 0x1.57346c22293dp-3, 0x1.854146d501fdfp-6, -0x1.5ba0ccf037ce6p-2, 0x1.45c9ec9111672p-61,
+        -0x1.bdbfeeb56278ap-56, 0x1.6p2, -0x1.f991d69b7f0afp-57
+    },
+    {
+        -0x1.458a7530e393cp-28, 0x1.0fc8dc55cbdbap-25, 0x1.32df924b5355ep-21, -0x1.d15ef0a193d8cp-19,
+        -0x1.655d431903d63p-15, 0x1.e3918f76e8633p-13, 0x1.e9effcc108e21p-10, -0x1.1fae10370f3b4p-7,
+        -0x1.2340be04f1d67p-5, 0x1.093e304981a87p-3, 0x1.666bd2c9daf3ep-3, -0x1.271c81da53e77p-2, 0x1.485ac967536fbp-58,
+        0x1.3b034d612f0a8p-58, 0x1.8p2, 0x1.ef86264981068p-60
+    },
+    {
+        -0x1.79cd1d2eed34fp-28, 0x1.8caeac2a1a187p-29, 0x1.62341a2fc1e74p-21, -0x1.58f53a248947fp-21,
+        -0x1.ab6de8a036b6cp-15, 0x1.0a912da9b16acp-14, 0x1.2fc27424a9861p-9, -0x1.c31271fe11ff8p-9,
+        -0x1.88e6a20e46049p-5, 0x1.0c70cfd87bc18p-4, 0x1.18ab620718a46p-2, -0x1.62ccee020d2f2p-3,
+        -0x1.28132a5171d4ap-57, -0x1.5344a49fc68dp-62, 0x1.ap2, -0x1.a27e93d7d45e5p-58
+    },
+    {
+        -0x1.50a99a6b2a179p-28, -0x1.0a75fccd3e154p-25, 0x1.34ab62cd66d22p-21, 0x1.6a923d7a54b78p-19,
+        -0x1.8177e5000f72cp-15, -0x1.26dd71e556648p-13, 0x1.1d35e85fdd7bp-9, 0x1.b2f14a9552ac3p-9,
+        -0x1.8969c64cbf451p-5, -0x1.5aef611fc4d5bp-6, 0x1.334cca0697a5bp-2, 0.0, -0x1.d24a99959039dp-56,
+        0x1.e91b198d39ce2p-56, 0x1.c581dc4e72103p2, -0x1.5f88f2059a02cp-62
+    },
+    {
+        -0x1.bc094e753f2c4p-29, -0x1.a7406a79403eep-25, 0x1.b455e7fca161dp-22, 0x1.318af56a5d032p-18,
+        -0x1.1b3fdb60000aep-15, -0x1.0e18787e13de2p-12, 0x1.b6df992201d71p-10, 0x1.e1e2f5de1aad1p-8,
+        -0x1.3fdc72530edbep-5, -0x1.3704580e577e1p-4, 0x1.0958fbf7ff0a3p-2, 0x1.e083e5764918cp-4, 0x1.12041127f6699p-56,
+        0x1.4218d5b5773efp-59, 0x1.ep2, 0x1.fe07c00c17277p-58
+    },
+    {
+        -0x1.bcfd65b6f4335p-31, -0x1.0438f5c9bc11bp-24, 0x1.0e38afe6bba95p-23, 0x1.835533e01bfbap-18,
+        -0x1.a9f20dfb6c1acp-17, -0x1.64d8b3672456bp-12, 0x1.8dd5b1d72a496p-11, 0x1.564c5d80b7c4bp-7,
+        -0x1.55d3c82abdf74p-6, -0x1.f23c48f8e8a93p-4, 0x1.43b5340f69336p-3, 0x1.c9c5a276fb82cp-3, 0x1.0cd0a5a8ecc53p-59,
+        0x1.c69c0283841f8p-60, 0x1p3, 0x1.f4848205e9269p-59
+    },
+    {
+        0x1.e36716e3dde38p-30, -0x1.f166eaf283647p-25, -0x1.7b5644e95456fp-23, 0x1.7b521bb506087p-18,
+        0x1.63fdff6212602p-17, -0x1.6886570186b1cp-12, -0x1.2dda2b25e24f2p-12, 0x1.69a8c80fef05bp-7,
+        0x1.153294697ee17p-10, -0x1.17d7b3975c5d8p-3, 0x1.acbf658c8efd5p-6, 0x1.14b0a5ab087d8p-2,
+        -0x1.6415796891ac3p-61, 0x1.611df1d524d07p-56, 0x1.1p3, -0x1.d52815094936cp-69
+    },
+    {
+        0x1.0a90ca08eba99p-28, -0x1.696a666199573p-25, -0x1.cf951d4446eeap-22, 0x1.1d7464ecd6b81p-18,
+        0x1.026a0b29f93c6p-15, -0x1.1acf567dbe1b8p-12, -0x1.415d1a676de49p-10, 0x1.2a216a85f5f21p-7,
+        0x1.61a5cecd52282p-6, -0x1.e8220c16ffadp-4, -0x1.ab45c28f74d94p-4, 0x1.ffdecfc9a29cap-3, -0x1.8fa61bf4490f9p-60,
+        -0x1.09b027c81fe5fp-57, 0x1.2p3, 0x1.36a8433975603p-58
+    },
+    {
+        0x1.5c73dd0eaa961p-28, -0x1.235e4f7105b16p-26, -0x1.389485e52bfa7p-21, 0x1.0258ef47bdc92p-19,
+        0x1.6bf8c6faf4f89p-15, -0x1.1f9ae0e40a077p-13, -0x1.e43d764fb540ep-10, 0x1.530eb9b9bfa1ap-8,
+        0x1.27ddf440565ep-5, -0x1.32d68aaeb7ab3p-4, -0x1.a01cc87894bdbp-3, 0x1.5ea3ad4225a43p-3, 0x1.a7b9740efa0e2p-57,
+        0x1.71fea9b3db179p-59, 0x1.3p3, 0x1.90dede8325ad3p-59
+    },
+    {
+        0x1.594d45bbfce1bp-28, 0x1.98c4d1e580c07p-26, -0x1.2ad7fc4e9f305p-21, -0x1.0403e697c8692p-19,
+        0x1.6afdd90bcf675p-15, 0x1.7f84d7ee5b939p-14, -0x1.fe23914fa0cfp-10, -0x1.0325ee41e92f4p-9,
+        0x1.4e667a71556acp-5, 0x1.9036451ff57fdp-7, -0x1.ff635cc72b9fp-3, 0.0, -0x1.36baca30b945cp-61,
+        -0x1.cabd7c823bf21p-53, 0x1.471d735a47d58p3, 0x1.7e467d4fee1ecp-61
+    },
+    {
+        0x1.0cad008358caep-28, 0x1.3b2a0435bb6bap-25, -0x1.fb6faa30fc7ap-22, -0x1.b1ab5de44d61cp-19,
+        0x1.3a8347f7fdc8dp-15, 0x1.6555cb9b92b2p-13, -0x1.c48ebb8f6f949p-10, -0x1.29a226af22e5fp-8,
+        0x1.3083c3c33271fp-5, 0x1.6fc574ba00dafp-5, -0x1.dea0528dd9e01p-3, -0x1.149aba55d75afp-4, 0x1.a05d07c86cfb8p-57,
+        0x1.7489dd0c18745p-60, 0x1.5p3, -0x1.b00e96b75f86cp-62
+    },
+    {
+        0x1.0088e5096286fp-29, 0x1.c631cb4a651cfp-25, -0x1.05adbb0b626d3p-22, -0x1.4709afc642697p-18,
+        0x1.5f4e3536ffc57p-16, 0x1.1fe85d30c9d52p-12, -0x1.11c76eef732bfp-10, -0x1.0872c2543b324p-7,
+        0x1.8db8a99b2050ap-6, 0x1.78473f94f9a68p-4, -0x1.4f44d94af863bp-3, -0x1.59cca031119d7p-3,
+        -0x1.c069d941cfbafp-57, 0x1.0d4752f139ba9p-60, 0x1.6p3, -0x1.725dcd310b71dp-61
+    },
+    {
+        -0x1.379169208633p-31, 0x1.e55176600919p-25, 0x1.32286739af962p-25, -0x1.66e98738a3d66p-18,
+        0x1.459e372a7dd5ep-24, 0x1.470db5078f886p-12, -0x1.32e8b81fe2004p-13, -0x1.39fcc7551c808p-7,
+        0x1.996428ee0b2bep-8, 0x1.d7981bf573a3dp-4, -0x1.daaa5420d607dp-5, -0x1.cd467e4dc807dp-3, 0x1.0b83b138470c9p-59,
+        0x1.33d908c6bfcacp-58, 0x1.7p3, -0x1.1a610dbdc1a02p-58
+    },
+    {
+        -0x1.8375d258826ddp-29, 0x1.938843f2b1773p-25, 0x1.41e9e93c5831p-22, -0x1.330e79df0520ep-18,
+        -0x1.5262ff5854407p-16, 0x1.213b5fac9b203p-12, 0x1.8acf99d0dd59cp-11, -0x1.20650ba4281e6p-7,
+        -0x1.9a03c906bb45fp-7, 0x1.c38a846aca236p-4, 0x1.d3c1bd61d8d06p-5, -0x1.cd49385cd3fd1p-3, 0x1.5f142aa3be8b3p-60,
+        0x1.f7a32d24d5e1dp-57, 0x1.8p3, -0x1.5346f1ce371adp-58
+    },
+    {
+        -0x1.2c663aa331f22p-28, 0x1.cc361ad58bacp-26, 0x1.05fcf126b2485p-21, -0x1.7319411c1bab4p-19,
+        -0x1.26b8c9751fc33p-15, 0x1.730d674126b72p-13, 0x1.7ae29c7144658p-10, -0x1.88a152bf2feb1p-8,
+        -0x1.c41b365fe3bd1p-6, 0x1.4571299064528p-4, 0x1.3b0f8d459e289p-3, -0x1.5ea59b440a933p-3,
+        -0x1.490682018b317p-57, 0x1.3ead7cb8b016ep-59, 0x1.9p3, -0x1.26af1d66609f8p-61
+    },
+    {
+        -0x1.4f11aa8caf56p-28, 0x1.cc1632d02c279p-31, 0x1.2bb9279596d18p-21, -0x1.849216d28f235p-22,
+        -0x1.5c11648808ab5p-15, 0x1.4fb6bbeb3d8edp-15, 0x1.d1a85b539978cp-10, -0x1.ec517348430c5p-10,
+        -0x1.23a68915ec0bap-5, 0x1.fc4b9373bd7a3p-6, 0x1.ae3f295550e42p-3, -0x1.4056e3c6fee03p-4, 0x1.f9af38d615acdp-61,
+        0x1.4dd75978a99fbp-61, 0x1.ap3, -0x1.4a35f630f179ap-61
+    },
+    {
+        -0x1.26ae4a97823c8p-28, -0x1.38361c07aef4bp-26, 0x1.1ad437041cb8ap-21, 0x1.7d1e1efc910aep-20,
+        -0x1.4f0af829845a2p-15, -0x1.0c5f18c0b89fcp-14, 0x1.caaa76e34d8cbp-10, 0x1.5f03e4716571p-10,
+        -0x1.26cab38a8b368p-5, -0x1.0bc2d84e6523dp-7, 0x1.bf32a27594007p-3, 0.0, -0x1.4a9e4d43bfp-57,
+        0x1.4d9fe48a91cefp-53, 0x1.ab8e1c4a1e74ap3, 0x1.edb1dc7f1bd76p-67
+    },
+    {
+        -0x1.6822593b642bap-29, -0x1.79758af5e464fp-25, 0x1.592056dfd37ecp-22, 0x1.084c9c3afa9fap-18,
+        -0x1.afda37e0882b6p-16, -0x1.c4532c754e6e1p-13, 0x1.38c9dc116de1cp-10, 0x1.960448230cc2cp-8,
+        -0x1.a9997a6db6b17p-6, -0x1.1cde3e6f4e516p-4, 0x1.5549e40e8e085p-3, 0x1.047d8992d6756p-3, 0x1.f3d2b0136b903p-58,
+        -0x1.18f23488a8aefp-57, 0x1.cp3, -0x1.c93c3e3eed29fp-61
+    },
+    {
+        -0x1.d5a3007b75fcp-32, -0x1.c2bb3552bc849p-25, 0x1.425e9dc64ed55p-24, 0x1.453e80590caa2p-18,
+        -0x1.05b5c54e1f5cep-17, -0x1.20d2d0004a193p-12, 0x1.ce2569fdd41dcp-12, 0x1.0f29909290c74p-7,
+        -0x1.6eb62f85fdcd5p-7, -0x1.912f4d13d0003p-4, 0x1.4bf2caa236d9bp-4, 0x1.85bcff782662ap-3, 0x1.5b575d2e2ee62p-59,
+        -0x1.19482d26d92acp-59, 0x1.dp3, -0x1.7a3735228890ep-60
+    },
+    {
+        0x1.f46e3858df514p-30, -0x1.a0f470116a7c1p-25, -0x1.88da0013c4efp-23, 0x1.34750096de1dbp-18,
+        0x1.81076c581252ep-17, -0x1.19c58a95cb176p-12, -0x1.9b8092e69ee0bp-12, 0x1.11006f9cef35ap-7,
+        0x1.79bfaafa2aacep-8, -0x1.a1e9e35e244a8p-4, -0x1.594533ce7dfffp-6, 0x1.a4ca76ffdccedp-3,
+        -0x1.2aac62588da99p-62, -0x1.9caaa858a0014p-57, 0x1.ep3, -0x1.2a3aa2434b52fp-58
+    },
+    {
+        0x1.ee26af2ae6ce6p-29, -0x1.1e4053fd63798p-25, -0x1.a4cf3f213b03dp-22, 0x1.b77769e87d6cep-19,
+        0x1.cde3afe655082p-16, -0x1.a124c64c205eap-13, -0x1.2273a17b3af4p-10, 0x1.a4377083085edp-8,
+        0x1.54e570bafc464p-6, -0x1.4e506f2ab44a1p-4, -0x1.d629fe820f912p-4, 0x1.5d7b1447ac889p-3,
+        -0x1.ec1b01a5d18ecp-58, -0x1.b1aafb5bcd114p-59, 0x1.fp3, -0x1.50f491394b0f7p-61
+    },
+    {
+        0x1.3493b5c98e76ep-28, -0x1.6d07eb70f760bp-27, -0x1.0e8ee02299144p-21, 0x1.465d2077281c7p-20,
+        0x1.33b0d9db717d9p-15, -0x1.60ddcb60ba65ep-14, -0x1.93da86baebf58p-10, 0x1.8d0ccb1d0d5dcp-9,
+        0x1.f28bb9a0e067fp-6, -0x1.5ae154d6d89aap-5, -0x1.6c7e3ed0c24b7p-3, 0x1.88711cb0f0e41p-4, 0x1.079bb10b3a975p-57,
+        -0x1.dd30f29e6f178p-61, 0x1p4, -0x1.51755382d8083p-61
+    },
+    {
+        0x1.285034bd577dbp-28, 0x1.e539b8374e254p-27, -0x1.099e6e1dfc85ap-21, -0x1.2283973ca8056p-20,
+        0x1.35d17cec17217p-15, 0x1.8f91421043b2bp-15, -0x1.a24a1215f6753p-10, -0x1.013b38cfb8f38p-10,
+        0x1.0a4512039d6a3p-5, 0x1.86254936758abp-8, -0x1.925c35988ee2ap-3, 0.0, 0x1.c9c7c14eebc9fp-58,
+        0x1.cd827f6c074a2p-53, 0x1.0803c74003214p4, 0x1.7adfa9e812146p-63
+    },
+    {
+        0x1.ad3a3c6eaeb16p-29, 0x1.2c1418019efbep-25, -0x1.8cb533a8b88b6p-22, -0x1.9b01363c6465p-19,
+        0x1.ddac2a3e00ac5p-16, 0x1.5854bae852d6fp-13, -0x1.4d357724df9e7p-10, -0x1.2f7e45be653ccp-8,
+        0x1.b68a99d5f3217p-6, 0x1.a3ba81ca005efp-5, -0x1.566f980d6cfep-3, -0x1.7b71249b3ed7bp-4, 0x1.e258518e4c191p-58,
+        0x1.b55401470729fp-59, 0x1.1p4, 0x1.91f0ebab11308p-59
+    },
+    {
+        0x1.4fef50472b2fdp-30, 0x1.94add278b45fep-25, -0x1.5704bb551b976p-23, -0x1.1ef29282a0b4p-18,
+        0x1.c44b5f5f8f2d9p-17, 0x1.f545ab5362febp-13, -0x1.5668eb9dfb27bp-11, -0x1.d03310c191e2dp-8,
+        0x1.e4c341492e1a5p-7, 0x1.540ed63577fefp-4, -0x1.93c1122d6b1a5p-4, -0x1.4885a9cdc564ap-3, 0x1.ba3449755c395p-58,
+        0x1.89aba83679172p-57, 0x1.18p4, 0x1.79f6913c93932p-59
+    },
+    {
+        -0x1.fed58a06d726p-31, 0x1.9b917b5332e97p-25, 0x1.64bb832e03ddcp-24, -0x1.2aa01e3e7cd4ap-18,
+        -0x1.23190b49a484bp-18, 0x1.0b9fdcdbcc84p-12, 0x1.b3f14430d2474p-14, -0x1.fdda0ec8778cep-8,
+        -0x1.94892ac9527b4p-12, 0x1.8108e1d175818p-4, -0x1.0b3a3536fa598p-7, -0x1.801b58be99f85p-3,
+        -0x1.7d6e84602b732p-61, -0x1.2604f2b5bedd5p-59, 0x1.2p4, 0x1.c37c51e07ac14p-59
+    },
+    {
+        -0x1.8364432f84402p-29, 0x1.410f3f4cc12eap-25, 0x1.430f7eaeb142dp-22, -0x1.dea40ab1d15e5p-19,
+        -0x1.5b4041dcdfe36p-16, 0x1.b9324aa765f87p-13, 0x1.ac31f7f32c9bap-11, -0x1.b096197649354p-8,
+        -0x1.eda1c758fcb76p-7, 0x1.505bc5b9249a5p-4, 0x1.4ed6d7ac30772p-4, -0x1.59687f71b04a8p-3, 0x1.47647f23d001p-64,
+        -0x1.fc995f251f5f6p-58, 0x1.28p4, 0x1.0cf877e8ac4ap-59
+    },
+    {
+        -0x1.1334592dbf124p-28, 0x1.38e897d9d12aap-26, 0x1.db60f8be6d83ap-22, -0x1.f27675452f5aap-20,
+        -0x1.0a66c4e6e97b8p-15, 0x1.e8f8532b1e84p-14, 0x1.5935a38495f6p-10, -0x1.fbe387d636671p-9,
+        -0x1.a5e0561409d45p-6, 0x1.a059c3ce1e978p-5, 0x1.324c92ae9beb3p-3, -0x1.c097b84c49f3ap-4,
+        -0x1.d6de1b942ad19p-57, -0x1.2109c4b2ce636p-60, 0x1.3p4, 0x1.6215160905c82p-61
+    },
+    {
+        -0x1.20e9203d9d618p-28, -0x1.880af0c23eb03p-27, 0x1.f3644c2578da2p-22, 0x1.caf8460fe633ap-21,
+        -0x1.206da21564808p-15, -0x1.37612590cf80dp-15, 0x1.8247b02d69dd3p-10, 0x1.8d6c364d91c52p-11,
+        -0x1.e924b85a1735fp-6, -0x1.2c6731071e9c4p-8, 0x1.70c4f66cab47fp-3, 0.0, -0x1.0170947cf4fb3p-58,
+        0x1.1d336c8b0a153p-52, 0x1.3a42cdf5febd7p4, -0x1.a0138f94f5592p-63
+    },
+    {
+        -0x1.d79399167771p-29, -0x1.c4902a53f792p-26, 0x1.a9e4bb434d5d4p-22, 0x1.2f61b627d20afp-19,
+        -0x1.f4faaff1f21dcp-16, -0x1.f184ffb2f736p-14, 0x1.55d04de0e36bcp-10, 0x1.ad3fb78eb4efp-9,
+        -0x1.b9250d42335a1p-6, -0x1.22790073cec98p-5, 0x1.52f7c0d65c8e1p-3, 0x1.00936d2b2bee8p-4, 0x1.1502d76d7b057p-58,
+        0x1.5ea79c0446286p-61, 0x1.4p4, -0x1.9cf475f33a15ep-61
+    },
+    {
+        -0x1.fab36c5609c95p-30, -0x1.61565eea2e3e2p-25, 0x1.e13c4c13f60dep-23, 0x1.ee9436da101ccp-19,
+        -0x1.2920ca9ffa64cp-16, -0x1.aad8432a733eep-13, 0x1.a8ad7f9689bb8p-11, 0x1.8749fe1e5475cp-8,
+        -0x1.1e47af490cd15p-6, -0x1.1c66587624305p-4, 0x1.ca41bcc7ee212p-4, 0x1.113908ee249ffp-3,
+        -0x1.e9d21f785e76bp-58, -0x1.9823c5a29558ep-57, 0x1.48p4, -0x1.d8dc5f5722896p-59
+    },
+    {
+        0x1.4f48d5bf88a83p-33, -0x1.89f5429006de9p-25, 0x1.e0e27b5a821cbp-30, 0x1.19fcf4dac921ap-18,
+        -0x1.aded768ce34f4p-20, -0x1.f2fd273af0b8bp-13, 0x1.1847230035d69p-13, 0x1.d601df53780c1p-8,
+        -0x1.0946f0abadab2p-8, -0x1.5fbf1e2850649p-4, 0x1.0a8fc69909e52p-5, 0x1.5c92bd5128a7fp-3, 0x1.1083f15704653p-59,
+        0x1.8b6f16e69304ep-59, 0x1.5p4, -0x1.627bf06b8b2c8p-59
+    },
+    {
+        0x1.1d388d6b359bp-29, -0x1.54198d33670b6p-25, -0x1.d110f437d24e1p-23, 0x1.f18471b719d4ep-19,
+        0x1.e809f5c306fdap-17, -0x1.c2452f3684f9p-13, -0x1.25570eea6f01ep-11, 0x1.b22a3c4175ad7p-8,
+        0x1.48f33f738643fp-7, -0x1.4cc780ac6190ap-4, -0x1.b072c90ea1ca4p-5, 0x1.51ceca73fe3cbp-3, 0x1.1f374af8e9313p-59,
+        -0x1.5411997da687dp-57, 0x1.58p4, -0x1.b622316342fb5p-59
+    },
+    {
+        0x1.dcd37bbafa5c9p-29, -0x1.9c9aa802e7e98p-26, -0x1.96ec091586ebfp-22, 0x1.39bab6f3c18cfp-19,
+        0x1.c2ef47dc4e12bp-16, -0x1.26e2639ff8ecbp-13, -0x1.213a079f8d61bp-10, 0x1.26e6329f4aba4p-8,
+        0x1.5e77e733dbae3p-6, -0x1.d4156ba72d91fp-5, -0x1.f9786b4a0b2ccp-4, 0x1.eb0f41fbff885p-4, 0x1.0aa3cd436a158p-58,
+        0x1.445daa82379f4p-58, 0x1.6p4, 0x1.480535a4f0df7p-61
+    },
+    {
+        0x1.13bb6649f23c1p-28, -0x1.9daa2e8229438p-29, -0x1.e0e33ade1d69p-22, 0x1.d5beda0fa672dp-22,
+        0x1.10e4abf80f132p-15, -0x1.20bbebf370055p-15, -0x1.675a7cda61ee7p-10, 0x1.5f666c1a4026dp-10,
+        0x1.bffd1aa219714p-6, -0x1.44544bdb791bcp-6, -0x1.4d0bb4a4775c5p-3, 0x1.7f8993cb334e5p-5,
+        -0x1.806e465acb849p-63, -0x1.5402a607864e3p-59, 0x1.68p4, 0x1.95f04615f5e38p-63
+    },
+    {
+        0x1.f5c78e3f2766ap-29, 0x1.492c165cc33f7p-27, -0x1.d75795a29ba8p-22, -0x1.753c45023d19ep-21,
+        0x1.0e6af6cd28956p-15, 0x1.f632a9c43ef36p-16, -0x1.6853b2d057197p-10, -0x1.3ec49cb942f67p-11,
+        0x1.c6c415c971b51p-6, 0x1.e0ee8ec846468p-9, -0x1.5664d37c37d7bp-3, 0.0, -0x1.5f25a3a2471edp-58,
+        0x1.3296749aaf8p-52, 0x1.6c832fd77ac07p4, 0x1.a51f4acf1adebp-63
+    },
+    {
+        0x1.3eaa8bb0fe459p-29, 0x1.2bd0bc0264f3cp-25, -0x1.247534387b357p-22, -0x1.9f2016599228bp-19,
+        0x1.5d98b640b7467p-16, 0x1.62ab013ce7844p-13, -0x1.e4fd243ce35b9p-11, -0x1.42348da20fb0ep-8,
+        0x1.3e68a78c5aac6p-6, 0x1.d0be6cb21c31fp-5, -0x1.f24ab5e040c7cp-4, -0x1.bb8a3961c24a2p-4, 0x1.532a68711f4e3p-58,
+        -0x1.cb8d39e4b4bf8p-58, 0x1.78p4, 0x1.e099e68d9ebecp-59
+    },
+    {
+        0x1.1bbd4133f378fp-31, 0x1.700bdaa121acdp-25, -0x1.3c2f2dc015788p-24, -0x1.04cf47fc8c77ep-18,
+        0x1.b98cb3fce6f07p-18, 0x1.c93cf4986cfdp-13, -0x1.5be94bd1d6b3ap-12, -0x1.ab2d22a09a96p-8, 0x1.fbfc45f04c82ep-8,
+        0x1.3d8827e19a8cap-4, -0x1.b2aa6a658e801p-5, -0x1.39010c1b3666p-3, 0x1.ff9c884cc704fp-62, 0x1.96c10fb65046fp-58,
+        0x1.8p4, 0x1.bd2561db6df43p-58
+    },
+    {
+        -0x1.7affefdeed979p-30, 0x1.5b1cf839544a6p-25, 0x1.2ac63f1b93dcep-23, -0x1.f537ecdc4cp-19,
+        -0x1.2d6573689273fp-17, 0x1.c00bc59996406p-13, 0x1.596386ad5fafap-12, -0x1.ab314014cccdfp-8,
+        -0x1.6c83433edc3bbp-8, 0x1.4441bf4534e4p-4, 0x1.b9a004c8068d3p-6, -0x1.468290463a26p-3, -0x1.438a6e88aad02p-60,
+        -0x1.dd9dbba038a27p-59, 0x1.88p4, -0x1.617b4498a03cap-58
+    },
+    {
+        -0x1.90410d0b16302p-29, 0x1.e710b4476590ap-26, 0x1.51f75786e902p-22, -0x1.691952ee18dffp-19,
+        -0x1.72b71b6fc0794p-16, 0x1.4b6be045a96cdp-13, 0x1.d708f966c0286p-11, -0x1.445261247acc5p-8,
+        -0x1.1ae839d471e86p-6, 0x1.f90578b5c7e28p-5, 0x1.94cebaa9bdcb4p-4, -0x1.049b59b03489dp-3,
+        -0x1.f202d2cf8a37cp-60, 0x1.a89bea493d604p-59, 0x1.9p4, 0x1.363864e5a10eap-59
+    },
+    {
+        -0x1.ffc93a82e1851p-29, 0x1.4dcf80bcea61bp-27, 0x1.ba4446069b4f9p-22, -0x1.11e3028a26e8cp-20,
+        -0x1.f1ae0c7c96409p-16, 0x1.12b68f2815561p-14, 0x1.4527ecf1b1909p-10, -0x1.229c21928be83p-9,
+        -0x1.92a84103cbd15p-6, 0x1.e4a21c6de81f7p-6, 0x1.29b30f0a9e951p-3, -0x1.09aa64ba4bcb1p-4,
+        -0x1.d1ae4091d9c4ap-57, -0x1.538b976adb51ap-58, 0x1.98p4, -0x1.824350f0fccdap-60
+    },
+    {
+        -0x1.f4eaa6822cbf6p-29, -0x1.0d7cbae8e9c42p-27, 0x1.be86f653cd05ep-22, 0x1.36bd4c6b8340fp-21,
+        -0x1.fe488250ded6fp-16, -0x1.9fc04c6cf37bap-16, 0x1.52d29a067ffbdp-10, 0x1.06f735cc0fbd7p-11,
+        -0x1.aab099314b209p-6, -0x1.8c37a29c45898p-9, 0x1.40f8ffdf09a5fp-3, 0.0, 0x1.8eb9716a690d1p-58,
+        0x1.45d52c7c075b2p-55, 0x1.9ec46f3e80146p4, 0x1.5c024a24f64a8p-63
+    },
+    {
+        -0x1.6eff1f044e08p-29, -0x1.eb9506239b3b6p-26, 0x1.4a191da86fbb9p-22, 0x1.50c85aed491bep-19,
+        -0x1.830b66cfc00dcp-16, -0x1.1cd4641d1e6ap-13, 0x1.07af5e93c77aap-10, 0x1.0041b0106e4a9p-8,
+        -0x1.54a60c5dad838p-6, -0x1.6e33cab73a0ap-5, 0x1.06c52743fac52p-3, 0x1.5a5edfe73a6f1p-4, -0x1.bbd33eb5473efp-59,
+        -0x1.e8eb2648ca7f4p-58, 0x1.a8p4, 0x1.32fbbc7b93157p-59
+    },
+    {
+        -0x1.2a55319e8985ep-30, -0x1.5041d4bf09ff5p-25, 0x1.2024419ecd19p-23, 0x1.d8ce6976ba2f2p-19,
+        -0x1.688996e63c1bbp-17, -0x1.9b6b33a554d56p-13, 0x1.049951eed2162p-11, 0x1.7ddbe2cf9b08ep-8,
+        -0x1.6343403a3b6fep-7, -0x1.1a3fbbb298f2ap-4, 0x1.1fbfc32b9e7d5p-4, 0x1.14eb96e5f0163p-3, 0x1.1e0067ef7ae2ep-59,
+        0x1.447e44aa254dep-57, 0x1.bp4, 0x1.9f2794c5db9e2p-58
+    },
+    {
+        0x1.93e27c5609305p-31, -0x1.5899169aacaf9p-25, -0x1.25c9b07cbe65fp-24, 0x1.ece9ff2060247p-19,
+        0x1.091f7a520a98dp-18, -0x1.b4b8980cdc84dp-13, -0x1.00e48455f897dp-13, 0x1.9d09cb9143c84p-8,
+        0x1.9570e61e4b06p-10, -0x1.374ad449ee05fp-4, -0x1.ec831fe93009dp-9, 0x1.379277a701fa5p-3, 0x1.9285f56a3db7bp-63,
+        -0x1.2f500595c70fdp-57, 0x1.b8p4, 0x1.f280b251f382dp-59
+    },
+    {
+        0x1.42fcb5812aca7p-29, -0x1.0e1b0824ddec6p-25, -0x1.0dc20f5cb700fp-22, 0x1.8a31636ad64bfp-19,
+        0x1.24ad6c7a4b79ap-16, -0x1.64642f5091333p-13, -0x1.6fdb2d5a2eb29p-11, 0x1.57f329a26959p-8,
+        0x1.b51d1d10c8365p-7, -0x1.087a28f299a87p-4, -0x1.3556b07cb9225p-4, 0x1.0e0047871cf6dp-3, 0x1.77cd660bcb2b1p-58,
+        -0x1.1c09ed88f8149p-57, 0x1.cp4, -0x1.dd72e7b77388ap-58
+    },
+    {
+        0x1.d014f7f7e03eep-29, -0x1.07df086b8d1d5p-26, -0x1.8e133ae2878e1p-22, 0x1.949704d2fec6p-20,
+        0x1.bcd1a07d44f22p-16, -0x1.7f1a2004dcbap-14, -0x1.20c16f3f0f155p-10, 0x1.82017e6b56b34p-9,
+        0x1.63892c6922ca4p-6, -0x1.34eea9b2493b1p-5, -0x1.058dd46d95268p-3, 0x1.4749753c38cp-4, 0x1.f39e07fd40593p-57,
+        0x1.8829f00f7df4p-59, 0x1.c8p4, -0x1.420e1ddc660afp-62
+    },
+    {
+        0x1.eadf2f8e862b4p-29, 0x1.cb13c5569dc0bp-28, -0x1.a8eb39f3a47b5p-22, -0x1.07a7a8b2633d9p-21,
+        0x1.e41583a2d6e68p-16, 0x1.5f61b668135d8p-16, -0x1.40aaa5d94c87bp-10, -0x1.bb6aa3d4ea24fp-12,
+        0x1.9336443318ed2p-6, 0x1.4dbf6a9fb803ap-9, -0x1.2f206e49909c7p-3, 0.0, -0x1.6277c48da7bcfp-57,
+        0x1.3bc249963d4c1p-53, 0x1.d106449616c4fp4, 0x1.394097293ceaap-64
+    },
+    {
+        0x1.90ac94300d939p-29, 0x1.809d71706b6afp-26, -0x1.63a5036cb93edp-22, -0x1.045a49d986a29p-19,
+        0x1.9bb96d46b2dc1p-16, 0x1.b2fa9ab20f9f7p-14, -0x1.152c881cb720cp-10, -0x1.8265f62f25524p-9,
+        0x1.623137a906516p-6, 0x1.10750ec379431p-5, -0x1.0e92b1cafe2b3p-3, -0x1.fc3a056b6c439p-5,
+        -0x1.5f3475e4dc3cdp-57, -0x1.54a38261ced6p-59, 0x1.d8p4, 0x1.d3093f29d2cdbp-59
+    },
+    {
+        0x1.ad9aa9e2f35ddp-30, 0x1.2c39f890d38a6p-25, -0x1.8c650c75beee8p-23, -0x1.a34c7196d5bc4p-19,
+        0x1.dc3603122a0d2p-17, 0x1.6a8c7db4be646p-13, -0x1.4c10dc8697cc9p-11, -0x1.4e8bbe05c7e96p-8,
+        0x1.b6b2d312344a7p-7, 0x1.ebf86070d746bp-5, -0x1.59cea08f03725p-4, -0x1.e0717d38dfb1dp-4,
+        -0x1.c924eff741807p-59, 0x1.cc581c716b65bp-58, 0x1.ep4, -0x1.ebb951887eafbp-59
+    },
+    {
+        -0x1.3fb2077ec1a9fp-33, 0x1.4e4fdba734dd4p-25, 0x1.23841940ed5fcp-28, -0x1.dac3815dd2286p-19,
+        0x1.3a2c4b434fc44p-21, 0x1.a1cbf9eeae447p-13, -0x1.0957d82c17aa2p-14, -0x1.88b2594e26803p-8,
+        0x1.0d0b03102ccdap-9, 0x1.2654aea8fffdfp-4, -0x1.1748b48d6368fp-6, -0x1.252fa9b93517cp-3, 0x1.b07d9e27708d8p-61,
+        0x1.8b97e5255841ep-61, 0x1.e8p4, 0x1.28af5dbcb2cc1p-59
+    },
+    {
+        -0x1.ed1ef1452c7d8p-30, 0x1.1f71c86966ff5p-25, 0x1.96504c4103299p-23, -0x1.9ef6b3af2bbebp-19,
+        -0x1.b29370d0847fep-17, 0x1.73514b5536d9bp-13, 0x1.0cfc4ac08955dp-11, -0x1.62f026864c11ep-8,
+        -0x1.3a752e718eb89p-7, 0x1.0e903069bbce3p-4, 0x1.b53aee48db3fp-5, -0x1.1216db9fffa35p-3, -0x1.4e79cada5c2bdp-60,
+        -0x1.c7f2828119c59p-57, 0x1.fp4, -0x1.3886ac12f35ep-61
+    },
+    {
+        -0x1.9a95161fa213fp-29, 0x1.581ffe1e103bap-26, 0x1.5dde142ac84bbp-22, -0x1.0006db3e5f962p-19,
+        -0x1.847cf35338df4p-16, 0x1.d7c9e6dfb30e3p-14, 0x1.f563e05f7bc38p-11, -0x1.cfd22fa4e22a1p-9,
+        -0x1.32fab8f8395dbp-6, 0x1.6b2fe83e7edd1p-5, 0x1.c1646921e3f4ep-4, -0x1.79741c57f3d08p-4, 0x1.3f8aebfaff064p-59,
+        -0x1.535a5898203ap-58, 0x1.f8p4, -0x1.bc895c9e3531cp-64
+    },
+    {
+        -0x1.d975eef7412bfp-29, -0x1.8f20cdb3798e6p-28, 0x1.95e2080abfc0fp-22, 0x1.c6724c75165e7p-22,
+        -0x1.cd5d4ada537fcp-16, -0x1.2df9afa7dff6dp-16, 0x1.311781633563ep-10, 0x1.7c65c9302c634p-12,
+        -0x1.7f3506d4a1233p-6, -0x1.1e2035324623p-9, 0x1.1ff5ebddd3c3ap-3, 0.0, 0x1.2f11b9e8903cfp-59,
+        -0x1.069eacea8ff0bp-51, 0x1.01a4420e4abeep5, -0x1.025edc28ceef4p-64
+    },
+    {
+        -0x1.a57c33cd3ec0fp-29, -0x1.183d82823a575p-26, 0x1.729efe019456ap-22, 0x1.74fd0588a8668p-20,
+        -0x1.a936f12993882p-16, -0x1.31d464d9f5cb4p-14, 0x1.1bd7a60232188p-10, 0x1.0a228fa3d8598p-9,
+        -0x1.67e56ecc4cb6ap-6, -0x1.6ebd4671282f8p-6, 0x1.11006f831a835p-3, 0x1.4d239f1e113afp-5, 0x1.2d24cc1db2b9ap-58,
+        -0x1.f2c953f926f47p-60, 0x1.04p5, -0x1.745e5385a46bfp-61
+    },
+    {
+        -0x1.0cb32064bea44p-29, -0x1.052c1aff31f91p-25, 0x1.e4a15be28a87fp-23, 0x1.6a728563c4065p-19,
+        -0x1.1cf58402e8074p-16, -0x1.377c5ed30da09p-13, 0x1.85aecf2d1388cp-11, 0x1.1dc410d0747f8p-8,
+        -0x1.f9b85e3d085b8p-7, -0x1.a1f1d0aa3e1ap-5, 0x1.8850bcd664558p-4, 0x1.960e66181c07ep-4, -0x1.60da31a5e179ep-59,
+        -0x1.ab0ae1db55789p-64, 0x1.08p5, 0x1.825ba27e038aep-59
+    },
+    {
+        -0x1.aa08d028961cep-32, -0x1.3d95565ba5c8p-25, 0x1.cae5a8b47fda5p-25, 0x1.c06474dfef6ecp-19,
+        -0x1.37956a7b1ec55p-18, -0x1.886ee0c4db7aap-13, 0x1.e01c2d0ae1ac2p-13, 0x1.6efecac766dc7p-8,
+        -0x1.589348e72e835p-8, -0x1.11cf49149af01p-4, 0x1.236284c4aa841p-5, 0x1.0fa29c263df6cp-3, 0x1.bb8478ea94665p-59,
+        -0x1.a58428fcc1695p-57, 0x1.0cp5, -0x1.bbe77cbc2759ep-61
+    },
+    {
+        0x1.5841a882b297cp-30, -0x1.28a26a9ce45bfp-25, -0x1.15b8fe61fb315p-23, 0x1.a8da64df94062p-19,
+        0x1.22113acf9acfep-17, -0x1.7950bc9ba781cp-13, -0x1.5d7f97265d74fp-12, 0x1.6625e75902c04p-8,
+        0x1.8bfc1e71f6aecp-8, -0x1.0f42be8d46a9ep-4, -0x1.094e1b750232p-5, 0x1.113624669b62bp-3, 0x1.66e52b787233bp-60,
+        0x1.1bd63eb1eab1bp-58, 0x1.1p5, 0x1.39b113a3d877ep-58
+    },
+    {
+        0x1.6103dee9dc25dp-29, -0x1.98d221d02bed3p-26, -0x1.2adf7b8bb1473p-22, 0x1.2b060776e18f7p-19,
+        0x1.49c4bc3b32253p-16, -0x1.0f26122fbaaefp-13, -0x1.a6fec5e56aaa5p-11, 0x1.06aafc743c751p-8,
+        0x1.01722048062c2p-6, -0x1.95dbe0317cf1ep-5, -0x1.76b8318c00cc6p-4, 0x1.a0b86731d602fp-4, 0x1.56dd8e59caa08p-59,
+        0x1.8453e12d4fb6p-61, 0x1.14p5, -0x1.16f67519a03c2p-60
+    },
+    {
+        0x1.be6354dbb1e3ep-29, -0x1.005e711e20fcdp-27, -0x1.808d924fb70dep-22, 0x1.9ab5335ce2325p-21,
+        0x1.b035aefa428aep-16, -0x1.937c921934105p-15, -0x1.1aa85266ff7bbp-10, 0x1.a39e5d55054c5p-10,
+        0x1.5f330c3754ad2p-6, -0x1.5954f3cb6e24fp-6, -0x1.0525656337088p-3, 0x1.772d572739eb6p-5, 0x1.87191215731a4p-61,
+        0x1.3e327fef2766cp-60, 0x1.18p5, 0x1.75a8c4d179c28p-61
+    },
+    {
+        0x1.b2468f135e445p-29, 0x1.6023d8c3346c9p-28, -0x1.850fe009bca67p-22, -0x1.8cc7b04db557p-22,
+        0x1.b9747848d89eep-16, 0x1.0719d1335b598p-16, -0x1.238cfc13ac15ap-10, -0x1.4afdf89fc997p-12,
+        0x1.6de64242a830fp-6, 0x1.f1aee31818d4fp-10, -0x1.12dd55d4be2b3p-3, 0.0, -0x1.831a89ea888b7p-59,
+        -0x1.bc4fd81e2b2c5p-56, 0x1.1ac588c944279p5, 0x1.e4038934bdef6p-64
+    },
+    {
+        0x1.378e6cdad4672p-29, 0x1.b82ad77de5ec9p-26, -0x1.151744a3d1c38p-22, -0x1.2f65da24ab6dap-19,
+        0x1.4196aefb04ff5p-16, 0x1.0305cbc610858p-13, -0x1.b2605b1501bc1p-11, -0x1.d82dc9c1a1fbdp-9,
+        0x1.16a86bad66c1bp-6, 0x1.5712383cbc927p-5, -0x1.abd8c2d55c7b5p-4, -0x1.4b2fc10c24ab7p-4, 0x1.d5149da53a258p-58,
+        -0x1.c3b57abe3ba09p-58, 0x1.2p5, 0x1.1ddc619ba1ffap-61
+    },
+    {
+        0x1.da3f8b986d20ap-31, 0x1.277def1034669p-25, -0x1.c13b5ae8722dap-24, -0x1.9f23021cc6877p-19,
+        0x1.14271f5629796p-17, 0x1.699e8fbd9424fp-13, -0x1.893164beca1e8p-12, -0x1.50b0d73916748p-8,
+        0x1.08b50b1968d97p-7, 0x1.f45b5bba69479p-5, -0x1.a8cbe5979b357p-5, -0x1.ee89a93d983fdp-4,
+        -0x1.569ed8ff7a7a8p-59, 0x1.5d378fe2d141ep-58, 0x1.24p5, -0x1.e64fc4fc9bbb9p-59
+    },
+    {
+        -0x1.928dceb21ce28p-31, 0x1.2a8e8faeada9cp-25, 0x1.35fb40e9b1955p-24, -0x1.a90478d0717eep-19,
+        -0x1.31b7a37baac84p-18, 0x1.7748fdce89fa4p-13, 0x1.5687c360b97e9p-13, -0x1.624be7d74d29bp-8,
+        -0x1.60aae55c7ee53p-9, 0x1.0b0148a873cc2p-4, 0x1.9dd78dff3be72p-7, -0x1.0bb43e1649f3ep-3, 0x1.c6aeb4bd25d6ap-61,
+        0x1.d27633c84ae11p-57, 0x1.28p5, -0x1.700bed70c6238p-58
+    },
+    {
+        -0x1.24d0a3e76133dp-29, 0x1.cae1c2be62e08p-26, 0x1.ec49e67d5bf69p-23, -0x1.4bf526045170ap-19,
+        -0x1.0da4664f8b22ap-16, 0x1.29e0cd76fd4d3p-13, 0x1.575fab7974ccp-11, -0x1.1dbee978b167ep-8,
+        -0x1.9eed7e1d94964p-7, 0x1.b5872fcf62b8p-5, 0x1.2bbdd3d34c097p-4, -0x1.bd856c1275d03p-4, -0x1.a1fdce07fd961p-72,
+        0x1.969808f66e348p-58, 0x1.2cp5, 0x1.d75f2ec3332b2p-60
+    },
+    {
+        -0x1.9be5d08a2f308p-29, 0x1.a6ead71948e11p-27, 0x1.6125782694316p-22, -0x1.3f86b526f594ep-20,
+        -0x1.8b17224cb4d94p-16, 0x1.2aa1984482187p-14, 0x1.0141f817ef712p-10, -0x1.2992c15bd65fep-9,
+        -0x1.3e5597476a2ddp-6, 0x1.d81c6ee080accp-6, 0x1.d79dba68985ccp-4, -0x1.f0eed700f47bbp-5,
+        -0x1.761eb9c47c177p-59, -0x1.b9ddc397bbaa7p-59, 0x1.3p5, -0x1.9440d8ba6429ap-60
+    },
+    {
+        -0x1.ae26ab872195fp-29, -0x1.3336362cca45dp-28, 0x1.7603968118f6bp-22, 0x1.5e41885cab48fp-22,
+        -0x1.a7d7b12065fa9p-16, -0x1.cfc0088c76cd1p-17, 0x1.17a482faa8622p-10, 0x1.236a604142b7cp-12,
+        -0x1.5ebc22efd092bp-6, -0x1.b602a7beaad97p-10, 0x1.0768257dad569p-3, 0.0, 0x1.5c00fab4e3741p-57,
+        0x1.a82b3a8997d82p-52, 0x1.33e6ecf5cb221p5, 0x1.bf00c4fd20fp-64
+    },
+    {
+        -0x1.57f7f3546066bp-29, -0x1.63a221fc5136ap-26, 0x1.2f107e0c29e23p-22, 0x1.e65e2bcdb37c3p-20,
+        -0x1.5c974336dcbb1p-16, -0x1.9bd8c2603729p-14, 0x1.d2de387f7f141p-11, 0x1.743ce40064461p-9,
+        -0x1.2921cb3fe980ap-6, -0x1.0c1e3933f8853p-5, 0x1.c4dede3f7f0cdp-4, 0x1.008188d671fbp-4, -0x1.a22e747af61ebp-60,
+        0x1.61b4ec080ab4p-58, 0x1.38p5, -0x1.82f57eac37f75p-61
+    },
+    {
+        -0x1.5f97abe6778bep-30, -0x1.0cf8d60ba395bp-25, 0x1.407f6120472b5p-23, 0x1.782cd64830977p-19,
+        -0x1.7cc7707fb9d1dp-17, -0x1.46426af966c72p-13, 0x1.06f48c33b8fefp-11, 0x1.2e837f238a621p-8,
+        -0x1.589d653f4e068p-7, -0x1.bfcf59146653cp-5, 0x1.0df89abd362e7p-4, 0x1.b8f9a96a57fe5p-4,
+        -0x1.ca5974e30a27ep-59, -0x1.e53eb52745f7ap-66, 0x1.3cp5, 0x1.af9c3ffe24cebp-60
+    },
+    {
+        0x1.074a102790d73p-32, -0x1.25f9b5cd3ea9cp-25, -0x1.3a2daaf5380bbp-26, 0x1.a07556294fc6ap-19,
+        0x1.8015ef0416fe4p-21, -0x1.6e04c205436f2p-13, -0x1.1a69ca26f3e1bp-18, 0x1.5808fca858afcp-8,
+        -0x1.ccff918490251p-12, -0x1.0236e38cbb526p-4, 0x1.7baee60861bbap-8, 0x1.01eaf3c5200bap-3,
+        -0x1.72df5de86d8a7p-64, 0x1.813ffeff822eep-57, 0x1.4p5, -0x1.25cfc14716bcep-58
+    },
+    {
+        0x1.ce78cf24d2fe5p-30, -0x1.ef1ae54de5e7dp-26, -0x1.8142a1cb776cep-23, 0x1.6364019971484p-19,
+        0x1.a2129eed452d1p-17, -0x1.3c8c4f36f0a9ap-13, -0x1.07942c27bf4dbp-11, 0x1.2d891ba568b32p-8,
+        0x1.3b36c51ad0601p-7, -0x1.cab1742341b92p-5, -0x1.c271ab690d04fp-5, 0x1.d041144751afbp-4,
+        -0x1.b6a4a95eae0f4p-60, 0x1.fa15119bc5806p-61, 0x1.44p5, 0x1.145992c7768afp-59
+    },
+    {
+        0x1.7358456bd8adap-29, -0x1.1b83c15cd9e94p-26, -0x1.3cf33fe01559ep-22, 0x1.a1e8dea155e51p-20,
+        0x1.610c6574a7accp-16, -0x1.7dd28f182a8dcp-14, -0x1.c9d474a5b8f79p-11, 0x1.74b3c7adaefc9p-9,
+        0x1.1a1e47552296fp-6, -0x1.222e6773a188bp-5, -0x1.a058f5cb8255cp-4, 0x1.2c56098b538adp-4, 0x1.55871fa6b5b72p-58,
+        -0x1.23a847ef5c6c3p-59, 0x1.48p5, -0x1.7b3761e8e384dp-59
+    },
+    {
+        0x1.a3c28488d4fbcp-29, 0x1.13286f272e7a7p-28, -0x1.68861192a2a5p-22, -0x1.381927e79e989p-22,
+        0x1.982167a76d591p-16, 0x1.9cb455c22d095p-17, -0x1.0d1153fde3d5cp-10, -0x1.032298718ea2fp-12,
+        0x1.514e652eb2e95p-6, 0x1.856073b7fa5afp-10, -0x1.fa8b3f9ae4374p-4, 0.0, -0x1.b80e7f7fa9bfbp-58,
+        -0x1.71414f52d813bp-52, 0x1.4d0867ec213f3p5, -0x1.db2d419db7365p-64
+    },
+    {
+        0x1.6e7bfcc5211a2p-29, 0x1.0e49298a65edap-26, -0x1.40b6daf3e6a6ep-22, -0x1.6d8a2897b54bdp-20,
+        0x1.6e7c9e3d9ea0cp-16, 0x1.31de2f33a1469p-14, -0x1.e7ca4a512ace3p-11, -0x1.10f34d954e1afp-9,
+        0x1.34a1d104fbe7fp-6, 0x1.83d86f2bed7bep-6, -0x1.d3d49fa8e4948p-4, -0x1.6d915b60d668ap-5, 0x1.5855503df94aap-59,
+        0x1.0eaa66e6e297ap-60, 0x1.5p5, -0x1.06f63e76c1e2p-64
+    },
+    {
+        0x1.c1b01db33668dp-30, 0x1.ddbe071163cc2p-26, -0x1.924a07bb3c51bp-23, -0x1.4c98f1dfbf941p-19,
+        0x1.d5a9355c8387bp-17, 0x1.1f36e962571f5p-13, -0x1.3f1e7f5470a13p-11, -0x1.09302cac73b05p-8,
+        0x1.9c056ab4fdd89p-7, 0x1.86f3d6af56c04p-5, -0x1.3e641a20a69dep-4, -0x1.7f76003c1fa17p-4, -0x1.cf1ab272438ep-58,
+        -0x1.27639efc21a9fp-58, 0x1.54p5, 0x1.7c58ccac0d244p-59
+    },
+    {
+        0x1.e5434838b9295p-33, 0x1.1b96ffa34a707p-25, -0x1.117303f77aae4p-25, -0x1.901975d79169p-19,
+        0x1.7dcfd6558689bp-19, 0x1.5e4257a749198p-13, -0x1.2bb7269b35d66p-13, -0x1.47fe8dffcea51p-8,
+        0x1.b42d04abafca3p-9, 0x1.ea9f65239df8p-5, -0x1.74f9115108666p-6, -0x1.e87445c85af17p-4, 0x1.1a9b886dbe612p-61,
+        -0x1.7d0567f55e288p-60, 0x1.58p5, -0x1.90a545561f094p-60
+    },
+    {
+        -0x1.52d1a92360967p-30, 0x1.031e4720e561bp-25, 0x1.166ac67e8f54dp-23, -0x1.71d6d9bf4f985p-19,
+        -0x1.29ad95d034defp-17, 0x1.47962693140b3p-13, 0x1.7152286d267ffp-12, -0x1.36675f364e0cap-8,
+        -0x1.b1e306cbef73dp-8, 0x1.d5d6c89ba0418p-5, 0x1.2ff955cb1d24bp-5, -0x1.d9553c5a4850ap-4, 0x1.f70b80ec3c754p-59,
+        0x1.df67e3c3b45eap-60, 0x1.5cp5, -0x1.548aaf85439ecp-59
+    },
+    {
+        -0x1.45f6a68741ee1p-29, 0x1.5844485ea2b9dp-26, 0x1.14f2a2ddc83a2p-22, -0x1.f477421c9bb39p-20,
+        -0x1.3319431e2a88p-16, 0x1.c35228ae00a34p-14, 0x1.8c792761c59d3p-11, -0x1.b33465ea0715p-9,
+        -0x1.e67c30112e6a8p-7, 0x1.4f089926a7e19p-5, 0x1.656f1e565db9p-4, -0x1.572836ee6fd45p-4, -0x1.5e3a08f4a9f1p-59,
+        0x1.cd7daef02775cp-58, 0x1.6p5, -0x1.f1ddc1b0c3ff2p-59
+    },
+    {
+        -0x1.91e30c647bd0ap-29, 0x1.630061abb9988p-28, 0x1.5a0c63865d955p-22, -0x1.1d0237a9b28dfp-21,
+        -0x1.8518912582f63p-16, 0x1.185daa9d0e851p-15, 0x1.fda199deaaefp-11, -0x1.23e390b349a81p-10,
+        -0x1.3d5d902230345p-6, 0x1.e1112e476df3cp-7, 0x1.d995b23787e52p-4, -0x1.05d179c1894efp-5,
+        -0x1.f78e0faab1779p-58, -0x1.8d2bbddacbb9fp-60, 0x1.64p5, -0x1.33fe1f92e3d03p-61
+    },
+    {
+        -0x1.80b4f37b869a7p-29, -0x1.00d7de647e41cp-28, 0x1.5c6d03bd61388p-22, 0x1.1854178b5382ap-22,
+        -0x1.8a022a172b9fbp-16, -0x1.725b0a26df71cp-17, 0x1.0398d2cbecd8dp-10, 0x1.d0cc3a7fa4151p-13,
+        -0x1.454e7a739563ap-6, -0x1.5d1ef092ab039p-10, 0x1.e8727c572a2c3p-4, 0.0, -0x1.7492dd2241ff1p-61,
+        -0x1.ae2d399eafcc6p-52, 0x1.6629f4e1e0321p5, 0x1.5d0b9e82609b7p-64
+    },
+    {
+        -0x1.09a399c3f3681p-29, -0x1.9bf718a5001bap-26, 0x1.d5f30d034ee6fp-23, 0x1.1d70ed38c1b5bp-19,
+        -0x1.0f6680663ba9cp-16, -0x1.eaa5836f324c9p-14, 0x1.6d19cd3e604f1p-11, 0x1.c2e1063a4cdcp-9,
+        -0x1.d2eeebce744bp-7, -0x1.4aca2a3ccc25p-5, 0x1.65a48feca5117p-4, 0x1.42edeecf822fep-4, 0x1.1476a41dda5a4p-58,
+        0x1.44551bb579bbdp-58, 0x1.6cp5, -0x1.71c7fb71eb94cp-59
+    },
+    {
+        -0x1.61c3cf95b68bap-31, -0x1.0c119d15bcc7cp-25, 0x1.4ddf5ada80573p-24, 0x1.78d4d79bba5c5p-19,
+        -0x1.99109e6fee2e1p-18, -0x1.48bc490f63f09p-13, 0x1.225e70e382ee2p-12, 0x1.32cea893b241dp-8,
+        -0x1.861e0bf15e5f5p-8, -0x1.c97757dec34ffp-5, 0x1.38a027a78ff1bp-5, 0x1.c6116db333d5bp-4, 0x1.3268aad5e96ffp-63,
+        -0x1.1b4235a05560fp-58, 0x1.7p5, -0x1.0515588601845p-60
+    },
+    {
+        0x1.b17e99d6164c5p-31, -0x1.0882f8ea9483bp-25, -0x1.5ace0afddb1cfp-24, 0x1.77d1201c72abfp-19,
+        0x1.679a955a3008dp-18, -0x1.4b6be851a1d8ep-13, -0x1.ae9a8e7db653dp-13, 0x1.38b96910c9ae5p-8,
+        0x1.e546835f9202p-9, -0x1.d77a464aa3444p-5, -0x1.438c8b542876ap-6, 0x1.d93796de5bea1p-4, 0x1.6ad6b1aec198fp-60,
+        -0x1.2ed0b22a66a19p-58, 0x1.74p5, 0x1.204451687431p-60
+    },
+    {
+        0x1.14ea10a19eefp-29, -0x1.89b055c9482fp-26, -0x1.d426cf1368b8ep-23, 0x1.1b9ade7c3299ap-19,
+        0x1.02399154383f6p-16, -0x1.fb2959253454dp-14, -0x1.4ba5fd27ac21p-11, 0x1.e51d1594e045fp-9,
+        0x1.94d1180f9306ap-7, -0x1.729ffa152f2d4p-5, -0x1.27dc627fa4119p-4, 0x1.78eb79747eec5p-4,
+        -0x1.4734c490a9f57p-58, -0x1.f3d5593335b6dp-58, 0x1.78p5, -0x1.128994e4644f8p-59
+    },
+    {
+        0x1.789de892fbd84p-29, -0x1.487ca08937fbbp-27, -0x1.43256368d7467p-22, 0x1.ee07495cf9555p-21,
+        0x1.6a1956017afc3p-16, -0x1.cbd105a091dp-15, -0x1.d8b3654836d48p-11, 0x1.c8a206b62edfcp-10,
+        0x1.256e636200942p-6, -0x1.694fa8956cf2dp-6, -0x1.b4897974a6047p-4, 0x1.7bb111672318cp-5,
+        -0x1.a8ac09e78c3b5p-62, 0x1.2715b697d1c69p-61, 0x1.7cp5, -0x1.b25b7db7cafcfp-60
+    },
+    {
+        0x1.8125779a58fc8p-29, 0x1.c0a8ca8a4c9c7p-29, -0x1.51455f774fae6p-22, -0x1.fb3f726646a88p-23,
+        0x1.7d3b28187c319p-16, 0x1.4ec45da6600bbp-17, -0x1.f61adde3a9a9fp-11, -0x1.a3ebc476a6a8ep-13,
+        0x1.3a7ff1622def8p-6, 0x1.3b5a548456741p-10, -0x1.d82939ab62339p-4, 0.0, 0x1.771278c53955bp-58,
+        -0x1.8e44442565953p-56, 0x1.7f4b904dc9a53p5, -0x1.59e4000306bfdp-66
+    },
+    {
+        0x1.2a2ce8d5f2f4fp-29, 0x1.561ffa2a24173p-26, -0x1.05c1e7ef05912p-22, -0x1.d76ab853cb0adp-20,
+        0x1.2c2283f2f376cp-16, 0x1.92d1bef055a9ep-14, -0x1.90f3d72559989p-11, -0x1.6ffcae0fcca46p-9,
+        0x1.fd68862286c6bp-7, 0x1.0c59087b413d4p-5, -0x1.83c106d46965ap-4, -0x1.045a54e07135ep-4, 0x1.e70dc41604d6ap-60,
+        0x1.08272ad3cade1p-60, 0x1.84p5, -0x1.07ebac846b5dcp-60
+    },
+    {
+        0x1.19bcba8660129p-30, 0x1.f02367bcf89b3p-26, -0x1.ff2a06b57d0a2p-24, -0x1.5b896726731acp-19,
+        0x1.2e57309d790fp-17, 0x1.2e2df2111cddap-13, -0x1.a00837fda1906p-12, -0x1.191efb47d01d6p-8,
+        0x1.0fce2802a8ccap-7, 0x1.a1df791ce9e9fp-5, -0x1.a8f0e3707a604p-5, -0x1.9d896c57d8fdep-4, -0x1.e8f1ddd6bea9p-59,
+        0x1.8b3730187fafap-60, 0x1.88p5, 0x1.9226a42ce9e64p-60
+    },
+    {
+        -0x1.88aec565f4da3p-32, 0x1.081f8646d6067p-25, 0x1.1f03954345302p-25, -0x1.75dc2d8ef7978p-19,
+        -0x1.083f99e0c370ap-19, 0x1.488106dcd9258p-13, 0x1.0c6289a3a66d3p-14, -0x1.34e5cdd897211p-8,
+        -0x1.d856b91c31405p-11, 0x1.d02c26b98d9b9p-5, 0x1.989a938f1e611p-9, -0x1.d06e303113ee1p-4,
+        -0x1.32e1ce1087968p-63, -0x1.d2ba354492e0cp-62, 0x1.8cp5, 0x1.95f5db8a2e01ep-60
+    },
+    {
+        -0x1.c29b7abf06756p-30, 0x1.afd63ed3a8227p-26, 0x1.7a790f9df14e4p-23, -0x1.35207719b05ccp-19,
+        -0x1.9ec6398b656c8p-17, 0x1.12ba30ad94b43p-13, 0x1.088c14056b2a6p-11, -0x1.0543ebdc15c35p-8,
+        -0x1.40a4abcc1101p-7, 0x1.8d05825a55359p-5, 0x1.d1452660e7e7dp-5, -0x1.91ac99c6d2688p-4, -0x1.83dd86dcc48eap-61,
+        -0x1.738d7c5ac2328p-59, 0x1.9p5, -0x1.9536395b4514ap-60
+    },
+    {
+        -0x1.592c1b692a7p-29, 0x1.cf10ff9d4b146p-27, 0x1.272a16e9f9f53p-22, -0x1.53e0c4d95a67fp-20,
+        -0x1.49a581b2b20d2p-16, 0x1.356801626556ep-14, 0x1.acf0b647ad6dep-11, -0x1.2d1b7fa7aaf43p-9,
+        -0x1.096cf8cea9185p-6, 0x1.d3c89add5dcb2p-6, 0x1.89a94e1d734f8p-4, -0x1.e35fc90c28103p-5,
+        -0x1.5cc8c011b7b28p-59, 0x1.09a32dcb79857p-60, 0x1.94p5, 0x1.0a2172e155bc3p-63
+    },
+    {
+        -0x1.7be87dd581c69p-29, -0x1.97700d528c135p-29, 0x1.472abad35eddbp-22, 0x1.cdbab84252d79p-23,
+        -0x1.7199f253a3c6p-16, -0x1.3085aa3653c04p-17, 0x1.e696553e0c4a8p-11, 0x1.7dd2dde84b713p-13,
+        -0x1.30b36eddaa235p-6, -0x1.1eb2a07d0ed86p-10, 0x1.c96700031f602p-4, 0.0, -0x1.1e052eac78155p-58,
+        -0x1.8c779e4075b1p-52, 0x1.986d378522b7p5, 0x1.5b5430327de68p-64
+    },
+    {
+        -0x1.4284af4e624f5p-29, -0x1.0dac959d22373p-26, 0x1.19907690a722fp-22, 0x1.70bea1d71e197p-20,
+        -0x1.411f96d8463eap-16, -0x1.3890f46217ebap-14, 0x1.aacb5126997e3p-11, 0x1.1b252d375d385p-9,
+        -0x1.0dcb578ca86edp-6, -0x1.995281ad4681ap-6, 0x1.98d1d1562c741p-4, 0x1.8972201251351p-5,
+        -0x1.fa770dde48d6cp-58, -0x1.46828e6d4b546p-62, 0x1.9cp5, -0x1.e0601541e813fp-61
+    },
+    {
+        -0x1.76483a30120dap-30, -0x1.c07dedb396233p-26, 0x1.4d8f2208ac163p-23, 0x1.391a2854ff053p-19,
+        -0x1.841b1e56b5823p-17, -0x1.0f558e1f8df4ep-13, 0x1.06f2c5c469004p-11, 0x1.f733cfac1d7d9p-9,
+        -0x1.52b7785eaa1cp-7, -0x1.74cbc09524f5dp-5, 0x1.054da4f3fe052p-4, 0x1.6fc556069b27p-4, -0x1.62ab29d471c0bp-58,
+        -0x1.df5343602bb45p-58, 0x1.ap5, -0x1.6cefa3a3b448bp-59
+    },
+    {
+        -0x1.e4e248e5b5e25p-35, -0x1.025eeb4b6d76fp-25, 0x1.91a5194c59c4p-27, 0x1.6c8b332d389fap-19,
+        -0x1.502ef32c7fe3cp-20, -0x1.3f5229cd8a359p-13, 0x1.259bf904c8754p-14, 0x1.2b5cc30b6e831p-8,
+        -0x1.ca8bcd5a5460bp-10, -0x1.c08d06dd79e13p-5, 0x1.9c68e9a280607p-7, 0x1.bf91a73920956p-4,
+        0x1.382b3a14e661cp-62, 0x1.ce521f97f4931p-58, 0x1.a4p5, -0x1.708a56428569bp-59
+    },
+    {
+        0x1.58621e4f6a86ap-30, -0x1.cadd875bbbe83p-26, -0x1.1e9a49216fe43p-23, 0x1.46eaeaa6466c1p-19,
+        0x1.370b439648eeep-17, -0x1.21352fe9acc77p-13, -0x1.88b046db95cc1p-12, 0x1.11d3c7c384038p-8,
+        0x1.d6bdd02a19d63p-8, -0x1.9e5d47d38264ep-5, -0x1.518a349ce3eeap-5, 0x1.a18c789fdb7cep-4,
+        -0x1.2ff014989e195p-60, -0x1.01d99c72f93c5p-58, 0x1.a8p5, 0x1.96b36f43e4aaap-61
+    },
+    {
+        0x1.34860bae62213p-29, -0x1.220f8fc737508p-26, -0x1.06e90010d4fep-22, 0x1.a45e6f03f4584p-20,
+        0x1.249cca9db8be7p-16, -0x1.7a15276724aaep-14, -0x1.7b73a184a3661p-11, 0x1.6bc9efb984a1bp-9,
+        0x1.d405063625b1ap-7, -0x1.1797ee6c3040cp-5, -0x1.59e8d6a8d6a72p-4, 0x1.1e0f1fe493f75p-4, 0x1.48a3cec1d73dep-59,
+        -0x1.86723fe8e78f3p-59, 0x1.acp5, 0x1.d7ae2bb05723dp-60
+    },
+    {
+        0x1.717535351363bp-29, 0x1.74fbe5b6fd017p-29, -0x1.3de5d03b11178p-22, -0x1.a69bbc0aa67b6p-23,
+        0x1.66f5bcf5a2b5dp-16, 0x1.16904160b22f1p-17, -0x1.d86a5f5adab79p-11, -0x1.5d279dc87cd69p-13,
+        0x1.27c3416c09897p-6, 0x1.0622419914416p-10, -0x1.bbf246019c0d4p-4, 0.0, 0x1.b785194a4b075p-58,
+        -0x1.9f6a4816aab2ep-52, 0x1.b18ee87b4e7p5, -0x1.71538f2d7c5f9p-65
+    },
+    {
+        0x1.52cff1c7f60c3p-29, 0x1.880515bd7758ap-27, -0x1.26879b7f7c2f5p-22, -0x1.08c0477c207c1p-20,
+        0x1.4e85d307a8d1p-16, 0x1.baf04a6623c0dp-15, -0x1.bad4edf8de9d7p-11, -0x1.8b8e4eb3dec83p-10,
+        0x1.16dcc0623ea8cp-6, 0x1.198443b6a89e8p-6, -0x1.a5049737b8541p-4, -0x1.0a110372da38dp-5, 0x1.bbe9c71f703a9p-61,
+        0x1.b8208143ea1bcp-61, 0x1.b4p5, 0x1.e6c3ba319c11p-60
+    },
+    {
+        0x1.c5c2ef8cadb59p-30, 0x1.8a835b4755e62p-26, -0x1.9044d826126d3p-23, -0x1.126c46831393dp-19,
+        0x1.cd33d08d7e733p-17, 0x1.d9e9454f055b9p-14, -0x1.359818d07785ep-11, -0x1.b5dca4afe22f7p-9,
+        0x1.8b547dab13051p-7, 0x1.43390f3ea3b51p-5, -0x1.2e796bef6f3c8p-4, -0x1.3db92ddd31f9dp-4,
+        -0x1.ebd7290c653c3p-59, 0x1.d300bbf717906p-64, 0x1.b8p5, 0x1.d622a6f126a33p-59
+    },
+    {
+        0x1.e67efe23ceb31p-32, 0x1.ef68ef9319e42p-26, -0x1.cf705818ee30ep-25, -0x1.5c7d3690103ffp-19,
+        0x1.1e1abdaf27bb6p-18, 0x1.3066cbd640dd7p-13, -0x1.98de5c74f6c9p-13, -0x1.1c995c438805p-8, 0x1.14489aaf395c5p-8,
+        0x1.a94f2c4a98799p-5, -0x1.bd390e7657431p-6, -0x1.a74dc34a10028p-4, 0x1.fae0249e3307ep-61,
+        -0x1.2defad394426bp-59, 0x1.bcp5, 0x1.4503a102f966fp-59
+    },
+    {
+        -0x1.da5f29bd4564ep-31, 0x1.db09a2a2b6342p-26, 0x1.847085cf1d758p-24, -0x1.512b5c1429e5fp-19,
+        -0x1.9e266fff64bd3p-18, 0x1.29310cd556972p-13, 0x1.005fd49b11c35p-12, -0x1.18664d4eda87cp-8,
+        -0x1.2cc3f4fbe40e1p-8, 0x1.a6e1c93415dacp-5, 0x1.a5139c2ca925ap-6, -0x1.a8c3042fb69c1p-4,
+        -0x1.addc31addc623p-60, 0x1.8430388fe9033p-60, 0x1.cp5, -0x1.f31a034a9c931p-61
+    },
+    {
+        -0x1.0ba49c05d14c3p-29, 0x1.536445a88bde4p-26, 0x1.c663eccd08a09p-23, -0x1.e7ebdc41fcbf9p-20,
+        -0x1.f7c3636ea6b11p-17, 0x1.b379785459384p-14, 0x1.455bc9712029cp-11, -0x1.9ff2fc01be1dep-9,
+        -0x1.8fb9caaf20a4fp-7, 0x1.3d76ae360ab6dp-5, 0x1.264485f344bf7p-4, -0x1.42abffdfba5fap-4,
+        -0x1.f1c47151f2dbbp-60, 0x1.5fcf8585c8129p-59, 0x1.c4p5, 0x1.f5eefb60bb4a5p-59
+    },
+    {
+        -0x1.5e638439f808cp-29, 0x1.e9ab6dfe28efdp-28, 0x1.2cec977e35a82p-22, -0x1.70ed285c3aed1p-21,
+        -0x1.51aa2d76f927p-16, 0x1.57fc52a5e0143p-15, 0x1.b99d220acbebap-11, -0x1.56347264a3792p-10,
+        -0x1.12c3a31e687d6p-6, 0x1.0f45e76944d82p-6, 0x1.99e493fbea17p-4, -0x1.1da7bfb0fc374p-5, 0x1.aa4ddefd19e63p-58,
+        -0x1.8e538a99bd05dp-60, 0x1.c8p5, 0x1.811055f67834ap-61
+    },
+    {
+        -0x1.5db154351a7ddp-29, -0x1.5e0c97ee62d74p-29, 0x1.355e0b1429409p-22, 0x1.84afd79e51961p-23,
+        -0x1.5d2d1c445793ep-16, -0x1.0016818ac331ap-17, 0x1.cb682ff46e32cp-11, 0x1.40e3eb09b6e26p-13,
+        -0x1.1f90fd1013588p-6, -0x1.e1c66d76167fdp-11, 0x1.af9cb42cd08a8p-4, 0.0, -0x1.a9c69da03f514p-59,
+        -0x1.8e727b71a083dp-52, 0x1.cab0a1968b221p5, -0x1.d988780506368p-65
+    },
+    {
+        -0x1.03ce8d6c1926ap-29, -0x1.4f855682148c1p-26, 0x1.c744b939ef047p-23, 0x1.d0cd72f3d0e95p-20,
+        -0x1.0495823d6b70fp-16, -0x1.8f9ea464b9e2p-14, 0x1.5bab36d9290c2p-11, 0x1.6f9d3453cc845p-9,
+        -0x1.b94e719dc0244p-7, -0x1.0e2b0704734c3p-5, 0x1.4fbcd933e4ce8p-4, 0x1.0861269535f93p-4,
+        -0x1.1a50fc8b7c17cp-58, -0x1.f856fb16755d4p-58, 0x1.dp5, 0x1.9941be6fc0719p-59
+    },
+    {
+        -0x1.b7a07af9d0b11p-31, -0x1.d138623cacbcbp-26, 0x1.8eaf76492164p-24, 0x1.465da1fe93ddbp-19,
+        -0x1.d7857d65440bep-18, -0x1.1c519cf81902cp-13, 0x1.44676da724575p-12, 0x1.0921b3d046eafp-8,
+        -0x1.a7f9395b0d8aep-8, -0x1.8b365a8283747p-5, 0x1.4b96acb522bb7p-5, 0x1.8860d3904814cp-4, 0x1.ec23622328fe5p-60,
+        -0x1.8c1b6fe1c3fbdp-58, 0x1.d4p5, 0x1.c28e555584083p-59
+    },
+    {
+        0x1.05e4b44d5603ep-31, -0x1.e0bb6deb15faap-26, -0x1.9bb78a14a8bc8p-25, 0x1.5426eafc11eccp-19,
+        0x1.a273400f72dd5p-19, -0x1.2aea4fa8ae099p-13, -0x1.e9786bfb93162p-14, 0x1.1933aa66dd06dp-8,
+        0x1.0c1635d3555eap-9, -0x1.a6e5b26b37d65p-5, -0x1.58e32081c92e1p-7, 0x1.a7a0c121baf9bp-4, -0x1.fd6111db289ep-69,
+        0x1.fad90d7456c9ep-60, 0x1.d8p5, -0x1.c06c8cc00d123p-59
+    },
+    {
+        0x1.bf0140853a9d3p-30, -0x1.7b393fb793acp-26, -0x1.79aaff59085adp-23, 0x1.0f12a6f1bbcd3p-19,
+        0x1.a0b0ec50b3db4p-17, -0x1.e144150573447p-14, -0x1.0bcc7e71cf7dcp-11, 0x1.c94f5da2a4369p-9,
+        0x1.475a620357f33p-7, -0x1.5b4d808035e7dp-5, -0x1.df7db134e4acbp-5, 0x1.5f550310ca1cep-4, 0x1.3393d72eae06ep-64,
+        0x1.fb0488282c515p-58, 0x1.dcp5, -0x1.3025becb81851p-60
+    },
+    {
+        0x1.45e9659cf5096p-29, -0x1.74a6d719badb9p-27, -0x1.17255b5fb370dp-22, 0x1.1139a077ce5a2p-20,
+        0x1.38646ed4901bfp-16, -0x1.f10a54166fb19p-15, -0x1.977d891fad2bp-11, 0x1.e36f243fffac2p-10,
+        0x1.f9c335ae1ecf7p-7, -0x1.776bd883bc656p-6, -0x1.784c447bd6859p-4, 0x1.83f6ebdd327aep-5,
+        -0x1.e66fdd499a178p-59, 0x1.46a836d9c282ep-60, 0x1.ep5, 0x1.868bedfd516eep-61
+    },
+    {
+        0x1.5c68832c20f9ep-29, 0x1.3d386e0938d4cp-29, -0x1.2d726cfb750f8p-22, -0x1.6711080a7ee4dp-23,
+        0x1.54246c86376d6p-16, 0x1.d8f3758dd6457p-18, -0x1.bf695e8924be2p-11, -0x1.283df2b3e4912p-13,
+        0x1.1803c65cafdfap-6, 0x1.bcba4dec1dfe1p-11, -0x1.a4407dac72296p-4, 0.0, -0x1.11202282313ecp-58,
+        -0x1.67533047d83fbp-52, 0x1.e3d2619226875p5, -0x1.a8cd15d1658cdp-65
+    },
+    {
+        0x1.1dbd5d4ffaa82p-29, 0x1.10d512ece314ep-26, -0x1.f247a03fd2109p-23, -0x1.77e1ea9d5df34p-20,
+        0x1.1bdc007e1ffc2p-16, 0x1.4155e7bc8f57cp-14, -0x1.7900234c2ba61p-11, -0x1.25de0456f90a5p-9,
+        0x1.dc71cc21f977p-7, 0x1.ad527859bb65fp-6, -0x1.68f30db91f515p-4, -0x1.a17cdc9f34138p-5, -0x1.02d149dad20d9p-58,
+        -0x1.2a0ed42b18ae6p-59, 0x1.e8p5, -0x1.3aefa35425055p-60
+    },
+    {
+        0x1.34786e930e7fp-30, 0x1.ab34f3aef9f9cp-26, -0x1.1285a90bfddcbp-23, -0x1.2ae3c5d1ffad3p-19,
+        0x1.3f095af1ec0dep-17, 0x1.03affc96b08dap-13, -0x1.afe7e8c18f268p-12, -0x1.e30c8fac67802p-9,
+        0x1.1600f10531384p-7, 0x1.671696a08ef09p-5, -0x1.accbeaedd83f8p-5, -0x1.639a223ee283ep-4, 0x1.1b1dd136fade6p-60,
+        0x1.b4af75d0f90bfp-58, 0x1.ecp5, 0x1.b2302bf59aa55p-59
+    },
+    {
+        -0x1.b7cb0eadde4ccp-34, 0x1.dc718c2f54858p-26, 0x1.c7fadf10d9a09p-28, -0x1.503724dc11d5ep-19,
+        -0x1.5403d379d6f1ap-23, 0x1.26af1e1796967p-13, -0x1.ce26a703ed421p-18, -0x1.14847ce8ae017p-8,
+        0x1.adbfc8138c53bp-12, 0x1.9ed46eafbc524p-5, -0x1.0c4750cde8b64p-8, -0x1.9e8f32fdfacbep-4,
+        -0x1.683d59b4abfebp-64, 0x1.506bd5bedf49cp-60, 0x1.fp5, -0x1.a1c150ebe697ap-61
+    },
+    {
+        -0x1.6222da8d3af03p-30, 0x1.99645fb1ba5dcp-26, 0x1.2946da441f295p-23, -0x1.236b57aa54c93p-19,
+        -0x1.45ca977a46e4ep-17, 0x1.01a63af39d855p-13, 0x1.9fd4197917393p-12, -0x1.e7bcb062bad24p-9,
+        -0x1.f896ee3863adp-8, 0x1.71048cb8be583p-5, 0x1.6eba3cf8f3df9p-5, -0x1.73f39b8ba1935p-4, -0x1.34bcc9f014ce5p-62,
+        0x1.85b6d6371dfep-61, 0x1.f4p5, -0x1.b8ad323ff3de7p-60
+    },
+    {
+        -0x1.280f12798512cp-29, 0x1.e687eea757394p-27, 0x1.f9c0792e909b5p-23, -0x1.6017e66ccb004p-20,
+        -0x1.1a3723a6ca4e3p-16, 0x1.3c56a1f6ae865p-14, 0x1.6f1f4edd0c201p-11, -0x1.3022bb454c1bbp-9,
+        -0x1.c66d15490561ap-7, 0x1.d340d3c702a29p-6, 0x1.513238b8e4ad6p-4, -0x1.ddf5371a1615cp-5, 0x1.7379775fc199cp-58,
+        -0x1.c664fb6a78a77p-60, 0x1.f8p5, -0x1.59c86f02361d2p-60
+    },
+    {
+        -0x1.5632dbb2e736ap-29, -0x1.26d9ae759fe6cp-29, 0x1.261c3c338557p-22, 0x1.4d0306520f6fep-23,
+        -0x1.4bc49e9b26a36p-16, -0x1.b67b78c2658a9p-18, 0x1.b44e1221e5fa6p-11, 0x1.12980be9d855p-13,
+        -0x1.1107147eda8p-6, -0x1.9c3248da75788p-11, 0x1.99be73fa3efccp-4, 0.0, 0x1.194771ecbe678p-59,
+        0x1.2f9257b96277p-58, 0x1.fcf4276983013p5, 0x1.a21aec9492398p-67
+    },
+};
+
+}  // namespace orvik::zym::bessel

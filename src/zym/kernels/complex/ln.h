@@ -1,0 +1,120 @@
+// ln z = ln |z| + i arg z. ln |z| is half the logarithm of x^2 + y^2, which is held in two parts, so that nothing is
+// lost where |z| is near 1; the lower part joins the logarithm's own reduced argument. Floats in 64-bit arithmetic.
+#pragma once
+
+#include "zym/kernels/complex/angle.h"
+#include "zym/kernels/complex/parts.h"
+#include "zym/kernels/explog/ln.h"
+#include "zym/skeleton/family.h"
+
+namespace orvik::zym::complex {
+
+// x^2 + y^2, normalised.
+template <Double V>
+[[gnu::always_inline]] inline HeadTail<V> squares(V x, V y) {
+  const V ax = magnitude(x), ay = magnitude(y);
+  const HeadTail<V> p = two_square(max(ax, ay)), q = two_square(min(ax, ay));
+  const HeadTail<V> s = fast_two_sum(p.head, q.head);
+  return fast_two_sum(s.head, s.tail + (p.tail + q.tail));
+}
+
+// ln(s) / 2 of s between 2^-900 and 2^900, whose exponent is `added` less.
+template <Level L, Double V>
+[[gnu::always_inline]] inline V half_logarithm(HeadTail<V> s, V added) {
+  using I = Integer<V>;
+  const KeyedDouble<V> k(s.head);
+  // The lower part on the scale of m, whose exponent is that of 2^-10.
+  const V scale = as_float(I(int64_t{0x7F4} << 52) - (as_bits(s.head) & I(Format<V>::exponent_field)));
+  const V rest = k.rc * (s.tail * scale);
+  if constexpr (L == Level::HA) {
+    const V e = k.exponent() + added;
+    const auto log = gather<512>(kLnPairs, indices(k.key));
+    const V p = k.r * k.r * ln_polynomial(k.r);
+    const V table = fma(e, V(kLn2Head64), log.first);
+    const V head = table + k.r;
+    const V lost = k.r - (head - table);
+    return V(0.5) * (head + (fma(e, V(kLn2Tail64), log.second) + (p + (lost + rest))));
+  } else {
+    const V e = k.centred_exponent() + added;
+    V p;
+    if constexpr (L == Level::EP) {
+      p = horner(k.r, kLnDoubleEP);
+    } else {
+      p = horner(k.r, kLnDoubleLA);
+    }
+    const V head = fma(e, V(kLn2Head64), gather<512>(kLnHeads, indices(k.key))) + k.r;
+    return V(0.5) * (head + fma(e, V(kLn2Tail64), fma(k.r * k.r, p, rest)));
+  }
+}
+
+// Of floats: products of doubles are exact, and the polynomial of the lowest level has 31 bits.
+template <Single V>
+[[gnu::always_inline]] inline V log_magnitude(Pair<V> z) {
+  const auto half = [](auto x, auto y) __attribute__((always_inline)) {
+    using W = decltype(x);
+    const W p = x * x, q = y * y;
+    return half_logarithm<Level::EP>(two_sum(p, q), W(0.0));
+  };
+  return narrow(half(widen_low(z.first), widen_low(z.second)), half(widen_high(z.first), widen_high(z.second)));
+}
+
+template <class E>
+struct LnElement {
+  using C = Complex<E>;
+
+  static int32_t element(const C* pz, C* r) {
+    const C z = *pz;
+    Atan2<VectorOf<E>, Level::HA>::element(&z.im, &z.re, &r->im);
+    r->re = real_part(z);
+    return 0;
+  }
+
+ private:
+  static E real_part(const C& z) {
+    if (infinite(z)) return infinity<E>;
+    if (!finite(z)) return z.re + z.im;
+    if (zero(z)) return E(-1) / opaque(E(0));
+    const ZymComplexDouble w = widen(z);
+    const int e = exponent(w);
+    const bool far = e < -400 || e > 400;
+    const ZymComplexDouble u = far ? scaled(w, -e) : w;
+    return static_cast<E>(
+        first_lane(half_logarithm<Level::HA>(squares(F64(u.re), F64(u.im)), F64(far ? 2.0 * e : 0.0))));
+  }
+};
+
+template <class V, Level L>
+struct Ln;
+
+template <Single V, Level L>
+struct Ln<V, L> : LnElement<float> {
+  static constexpr Knobs knobs = {.vectors = 1, .stray = kUnderflowFlag};
+  static auto special(Pair<V> z) { return Atan2<V, L>::special(z.second, z.first); }
+  static Pair<V> lanes(Pair<V> z) { return {log_magnitude(z), Atan2<V, L>::lanes(z.second, z.first)}; }
+  static Masked<Pair<V>, Mask<V>> wide(Pair<V> z) {
+    const auto angle = wide_angle<L>(z);
+    const Pair<V> one = {V(1.0f), V(0.0f)};
+    return {{log_magnitude(select(angle.special, one, z)), angle.value}, angle.special};
+  }
+};
+
+template <Double V, Level L>
+struct Ln<V, L> : LnElement<double> {
+  static constexpr Knobs knobs = {.vectors = 1, .stray = kUnderflowFlag};
+  static auto special(Pair<V> z) { return Atan2<V, L>::special(z.second, z.first); }
+  static Pair<V> lanes(Pair<V> z) {
+    return {half_logarithm<L>(squares(z.first, z.second), V(0.0)), Atan2<V, L>::lanes(z.second, z.first)};
+  }
+  // The larger part between 2^-400 and 2^400.
+  static Masked<Pair<V>, Mask<V>> wide(Pair<V> z) {
+    const auto angle = wide_angle<L>(z);
+    const Pair<V> one = {V(1.0), V(0.0)};
+    const Pair<V> u = select(angle.special, one, z);
+    const V larger = max(magnitude(u.first), magnitude(u.second));
+    const Mask<V> far = (larger < V(0x1p-400)) | (larger > V(0x1p400));
+    const Pair<V> v = select(far, one, u);
+    return {{half_logarithm<L>(squares(v.first, v.second), V(0.0)), angle.value}, angle.special | far};
+  }
+};
+
+}  // namespace orvik::zym::complex

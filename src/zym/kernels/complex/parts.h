@@ -1,0 +1,121 @@
+// What the complex families share: tests of both parts of an element, reports, powers of two.
+#pragma once
+
+#include <cmath>
+
+#include "lanes/lanes.h"
+#include "orvik/zym_types.h"
+#include "zym/skeleton/family.h"
+#include "zym/skeleton/signature.h"
+
+namespace orvik::zym::complex {
+
+// --- lanes ----------------------------------------------------------------------------------------------------------
+
+template <class V>
+auto not_finite(Pair<V> z) {
+  return orvik::not_finite(z.first) | orvik::not_finite(z.second);
+}
+using orvik::not_finite;
+
+// The larger magnitude of both parts by its bits, so that no NaN is lost; in 64 bits the high words count.
+template <class V>
+Integer<V> larger_part(Pair<V> z) {
+  return larger_words(as_bits(magnitude(z.first)), as_bits(magnitude(z.second)));
+}
+template <class V>
+Mask<V> zero(Pair<V> z) {
+  return (z.first == V(Element<V>(0))) & (z.second == V(Element<V>(0)));
+}
+template <class V>
+Pair<V> select(Mask<V> mask, Pair<V> yes, Pair<V> no) {
+  return {orvik::select(mask, yes.first, no.first), orvik::select(mask, yes.second, no.second)};
+}
+using orvik::select;
+
+// A function of 64-bit lanes over the halves of complex floats; further vectors come widened beside them.
+template <class F, Single V, class... More>
+[[gnu::always_inline]] inline Pair<V> by_halves(F function, Pair<V> z, More... more) {
+  using W = Wide<V>;
+  const Pair<W> low = function(Pair<W>{widen_low(z.first), widen_low(z.second)}, widen_low(more)...);
+  const Pair<W> high = function(Pair<W>{widen_high(z.first), widen_high(z.second)}, widen_high(more)...);
+  return {narrow(low.first, high.first), narrow(low.second, high.second)};
+}
+
+// p + q of two parts each, with what the sum loses; not normalised.
+template <class V>
+[[gnu::always_inline]] inline HeadTail<V> sum_of_parts(HeadTail<V> p, HeadTail<V> q) {
+  const HeadTail<V> s = two_sum(p.head, q.head);
+  return {s.head, s.tail + (p.tail + q.tail)};
+}
+template <class V>
+[[gnu::always_inline]] inline HeadTail<V> negative(HeadTail<V> p) {
+  return {p.head ^ sign_mask<V>(), p.tail ^ sign_mask<V>()};
+}
+template <>
+[[gnu::always_inline]] inline HeadTail<double> negative(HeadTail<double> p) {
+  return {-p.head, -p.tail};
+}
+
+// --- elements -------------------------------------------------------------------------------------------------------
+
+template <class C>
+using PartOf = decltype(C::re);
+
+template <class C>
+bool finite(const C& z) {
+  return std::isfinite(z.re) && std::isfinite(z.im);
+}
+template <class C>
+bool infinite(const C& z) {
+  return is_infinite(z.re) || is_infinite(z.im);
+}
+template <class C>
+bool zero(const C& z) {
+  return z.re == 0 && z.im == 0;
+}
+
+// An infinite part that comes of finite operands.
+template <class C>
+int32_t overflow_code(const C& a, const C& b, const C& r) {
+  return infinite(r) && finite(a) && finite(b) ? zymErrorOverflow : 0;
+}
+
+// 1 for an infinity, else 0, with the sign: what infinite operands count as.
+template <class E>
+E boxed(E x) {
+  return std::copysign(is_infinite(x) ? E(1) : E(0), x);
+}
+
+// The exponent of the larger part of a finite number that is not 0.
+inline int exponent(const ZymComplexDouble& z) { return std::ilogb(std::fmax(std::fabs(z.re), std::fabs(z.im))); }
+inline ZymComplexDouble scaled(const ZymComplexDouble& z, int e) {
+  return {std::scalbn(z.re, e), std::scalbn(z.im, e)};
+}
+
+// a c + b d of any finite numbers as (head + tail) 2^e, e at least -6000: neither product leaves the range.
+struct FarSum {
+  HeadTail<double> m;
+  int e;
+};
+inline FarSum far_sum(double a, double c, double b, double d) {
+  const auto product = [](double x, double y) {
+    if (x == 0 || y == 0) return FarSum{{x * y, 0}, -6000};
+    const int ex = std::ilogb(x), ey = std::ilogb(y);
+    return FarSum{two_prod(std::scalbn(x, -ex), std::scalbn(y, -ey)), ex + ey};
+  };
+  const FarSum p = product(a, c), q = product(b, d);
+  const int e = p.e > q.e ? p.e : q.e;
+  const auto aligned = [e](const FarSum& x) {  // further below it is a sign alone
+    const int shift = x.e - e > -300 ? x.e - e : -300;
+    return HeadTail<double>{std::scalbn(x.m.head, shift), std::scalbn(x.m.tail, shift)};
+  };
+  return {sum_of_parts(aligned(p), aligned(q)), e};
+}
+
+template <class C>
+ZymComplexDouble widen(const C& z) {
+  return {z.re, z.im};
+}
+
+}  // namespace orvik::zym::complex

@@ -1,0 +1,99 @@
+// x^y = e^(y log x) of complex numbers. Logarithm, product and exponential are of more precision than the result, since
+// an error of y log x is a relative error of the power. Where the product is large (the modulus of x is nearly 1, or
+// parts of it cancel) that takes more than heads and tails: wide_power.h.
+#pragma once
+
+#include "zym/kernels/complex_loops/logarithm.h"
+#include "zym/kernels/complex_loops/loop.h"
+#include "zym/kernels/complex_loops/wide_power.h"
+#include "zym/kernels/power/element.h"
+
+namespace orvik::zym {
+namespace complex_loops {
+
+// Both finite, x not 0. What may overflow is told exactly, since the signs of infinite parts hang on the angle.
+template <class N>
+[[gnu::always_inline]] inline Point power_of_points(Point x, Point y) {
+  constexpr double kSize = std::is_same_v<N, double> ? 0x1p18 : 0x1p14, kLargest = std::is_same_v<N, double> ? 87 : 708;
+  const ComplexLogarithm<N> log = complex_logarithm<N, Precision::powers>(x.re, x.im);
+  const N angle = signed_by(log.angle, x.im);
+  const N re = add(multiply(log.modulus, y.re), multiply(angle, -y.im));
+  const N im = add(multiply(angle, y.re), multiply(log.modulus, y.im));
+  const double size = (magnitude(y.re) + magnitude(y.im)) * (magnitude(head_of(log.modulus)) + head_of(log.angle));
+  if (!(size < kSize) || head_of(re) > kLargest) [[unlikely]]
+    return wide_power(x, y);
+  return exponential_of_point<N>(re, im);
+}
+
+// Zeros, infinities and NaNs in either; both real.
+struct SpecialPower {
+  Point value;
+  int32_t code;
+};
+template <class E>
+[[gnu::noinline, gnu::cold]] SpecialPower special_power(Point x, Point y) {
+  if (y.re == 0 && y.im == 0) return {{1.0, 0.0}, 0};  // whatever x is
+  if (has_nan(x) || has_nan(y)) {
+    const double n = (x.re + x.im) + (y.re + y.im);
+    return {{is_nan(n) ? n : nan<double>, is_nan(n) ? n : nan<double>}, 0};
+  }
+  const bool of_zero = x.re == 0 && x.im == 0;
+  const bool of_infinity = is_infinite(x.re) || is_infinite(x.im);
+  const double zero = 0.0, inf = infinity<double>;
+  if ((of_zero || of_infinity) && finite(y)) {
+    if (y.re == 0) return {{invalid(), invalid()}, zymErrorDomain};  // of modulus e^(-y.im angle), turning for ever
+    if (of_zero == (y.re > 0)) return {{zero, zero}, 0};
+    // Infinite, with a direction only where the exponent is real.
+    const double im = y.im == 0 ? zero : invalid();
+    return {{of_zero ? 1.0 / opaque(zero) : inf, im}, of_zero ? zymErrorSingularity : 0};
+  }
+  // An infinite exponent: by the sign of the real part of y log x where that is one.
+  const double log = of_zero       ? -inf
+                     : of_infinity ? inf
+                                   : complex_logarithm<Long, Precision::powers>(x.re, x.im).modulus.head;
+  if (is_infinite(y.re) && !is_infinite(y.im) && log != 0) {
+    return {(y.re > 0) == (log > 0) ? Point{inf, invalid()} : Point{zero, zero}, 0};
+  }
+  return {{invalid(), invalid()}, zymErrorDomain};
+}
+
+// Real numbers with a real power.
+template <class E>
+[[gnu::noinline, gnu::cold]] int32_t real_power(Point x, Point y, Complex<E>* r) {
+  const E base = static_cast<E>(x.re), exponent = static_cast<E>(y.re);
+  const int32_t code = power_element<true>(&base, &exponent, &r->re);
+  r->im = 0;
+  return code;
+}
+
+// cPow HA:
+// zPow HA:
+template <class V, Level L>
+struct Pow {
+  using E = Element<V>;
+  static constexpr Knobs knobs = kKnobs;
+  static int32_t element(const Complex<E>* px, const Complex<E>* py, Complex<E>* r) {
+    const Point x = widened<E>(px), y = widened<E>(py);
+    if (!finite(x) || !finite(y) || (x.re == 0 && x.im == 0) || (y.re == 0 && y.im == 0)) [[unlikely]] {
+      const SpecialPower p = special_power<E>(x, y);
+      narrow_to<E>(r, p.value);
+      return p.code;
+    }
+    if (x.im == 0 && y.im == 0 && (x.re > 0 || parity(static_cast<E>(y.re)) != Parity::none)) {
+      return real_power<E>(x, y, r);
+    }
+    narrow_to<E>(r, power_of_points<Number<E>>(x, y));
+    return code_of<E>(*r);
+  }
+};
+// cPowx HA:
+// zPowx HA:
+template <class V, Level L>
+struct Powx : Pow<V, L> {};
+
+}  // namespace complex_loops
+
+using complex_loops::Pow;
+using complex_loops::Powx;
+
+}  // namespace orvik::zym

@@ -1,0 +1,79 @@
+// Tangent, circular and hyperbolic, of complex numbers (Kahan 1987, without his divisions by cos y):
+//   tanh(x + i y) = (sinh x cosh x + i sin y cos y) / (sinh^2 x + cos^2 y);
+// the sum has terms of one sign.
+#pragma once
+
+#include "zym/kernels/complex_loops/exponential.h"
+#include "zym/kernels/complex_loops/loop.h"
+
+namespace orvik::zym {
+namespace complex_loops {
+
+struct HyperbolicTangent {
+  template <class N>
+  [[gnu::always_inline]] static Point finite(double x, double y) {
+    if (!(magnitude(x) < 22.0)) [[unlikely]]
+      return steep<N>(x, y);
+    const SineCosine<N> s = sine_cosine<N>(y);
+    const Hyperbolic<N> h(x);
+    const N under = add(square(h.sine), square(s.cosine));
+    const double re = quotient(h.sine, h.cosine, under);
+    const double im = quotient(s.sine, s.cosine, under);
+    return {std::copysign(re, x), with_sign_of_product(im, s)};
+  }
+  // 1 to the last bit, and 4 sin y cos y e^(-2 |x|).
+  template <class N>
+  [[gnu::noinline]] static Point steep(double x, double y) {
+    const SineCosine<N> s = sine_cosine<N>(y);
+    const Exponential<N> e = exponential<N>(-2.0 * min(magnitude(x), 400.0));
+    const double im = with_sign_of_product(4.0 * rounded_product(multiply(s.sine, s.cosine), e.value), s);
+    const int64_t k = e.k / 2;
+    return {std::copysign(1.0, x), im * power_of_two(k) * power_of_two(e.k - k)};
+  }
+  // a b / c; what is tiny is lifted, so that tails of it stay.
+  template <class N>
+  [[gnu::always_inline]] static double quotient(N a, N b, N c) {
+    if constexpr (std::is_same_v<N, double>) {
+      return a * b / c;
+    } else {
+      const bool tiny = magnitude(a.head) < 0x1p-900;
+      return rounded(divide(multiply(scaled(a, tiny ? 0x1p300 : 1.0), b), c)) * (tiny ? 0x1p-300 : 1.0);
+    }
+  }
+  template <class N>
+  static double with_sign_of_product(double r, const SineCosine<N>& s) {  // r may be a zero that lost it
+    return std::copysign(r, as_float(as_bits(head_of(s.sine)) ^ as_bits(head_of(s.cosine))));
+  }
+  static Point special(double x, double y) {
+    if (is_nan(x)) return y == 0 ? Point{x + x, y} : no_number(x, y);
+    if (!is_infinite(x)) return x == 0 ? Point{x, no_number(0.0, y).im} : no_number(0.0, y);
+    if (!complex_loops::finite(y)) return {std::copysign(1.0, x), std::copysign(0.0, y)};
+    const SineCosine<double> s = sine_cosine<double>(y);
+    return {std::copysign(1.0, x), y == 0 ? y : 0.0 * (s.sine * s.cosine)};
+  }
+};
+// tan z = -i tanh(i z).
+struct CircularTangent {
+  template <class N>
+  [[gnu::always_inline]] static Point finite(double x, double y) {
+    const Point w = HyperbolicTangent::finite<N>(y, x);
+    return {w.im, w.re};
+  }
+  static Point special(double x, double y) { return turned_back(HyperbolicTangent::special(-y, x)); }
+};
+
+// cTan HA:
+// zTan HA:
+template <class V, Level L>
+struct Tan : Loop<CircularTangent, V> {};
+// cTanh HA:
+// zTanh HA:
+template <class V, Level L>
+struct Tanh : Loop<HyperbolicTangent, V> {};
+
+}  // namespace complex_loops
+
+using complex_loops::Tan;
+using complex_loops::Tanh;
+
+}  // namespace orvik::zym

@@ -1,0 +1,109 @@
+// The error function. In 32 bits x P(x), P a polynomial on eight intervals, its coefficients in registers. In 64 bits the
+// nearest r = i/128 with d = |x| - r and the derivative s(r) = 2/sqrt(pi) e^(-r^2),
+//   erf(r + d) = erf(r) + s d (1 - r d + (2 r^2 - 1)/3 d^2 + r (3 - 2 r^2)/6 d^3 + ...),
+// Taylor's series with the Hermite polynomials as its coefficients (Abramowitz, Stegun 1964, 7.1.19).
+#pragma once
+
+#include "zym/kernels/error/octets.h"
+#include "zym/kernels/error/tables.h"
+#include "zym/skeleton/family.h"
+
+namespace orvik::zym {
+namespace error {
+
+inline constexpr Octets kErfEP(kErfSingleEP);
+inline constexpr Octets kErfLA(kErfSingleLA);
+inline constexpr Octets kErfHA(kErfSingleHA);
+
+}  // namespace error
+
+template <class V, Level L>
+struct Erf;
+
+// Larger arguments become the last one, where the lanes give 1. Products with tiny arguments underflow.
+// sErf LA:
+// sErf HA:
+// sErf EP:
+template <Single V, Level L>
+struct Erf<V, L> {
+  static constexpr Knobs knobs = {.stray = kUnderflowFlag};
+  static auto special(V x) { return magnitude_above<0x7F800000u>(x); }
+
+  static V lanes(V x) {
+    V y;
+    if constexpr (L == Level::EP) {
+      const V a = min(V(kLastEP), magnitude(x));
+      const auto [t, n] = shift_round(a, V(2.5f));
+      y = a * error::octet_polynomial(fnma(n, V(0.4f), a), error::kErfEP, as_bits(t));
+    } else if constexpr (L == Level::LA) {
+      const V a = min(V(kLastLA), magnitude(x));
+      const V b = a - V(0.25f);
+      const auto [t, n] = shift_round(b, V(2.0f));
+      y = a * error::octet_polynomial(fnma(n, V(0.5f), b), error::kErfLA, as_bits(t));
+    } else {
+      const V a = min(V(kLastHA), magnitude(x));
+      const auto [t, n] = shift_round(a, V(32.0f / 17));
+      const V rest = a * error::octet_polynomial(fnma(n, V(17.0f / 32), a), error::kErfHA, as_bits(t));
+      y = fma(a, look_up(octet_table<V>(kErfHeads), as_bits(t)), rest);
+    }
+    return join_sign(y, x);
+  }
+
+  static int32_t element(const float* x, float* r) {  // NaNs
+    *r = *x + *x;
+    return 0;
+  }
+
+ private:
+  static constexpr float kLastEP = 2.98223f, kLastLA = 3.95f, kLastHA = 3.98f;
+};
+
+// dErf LA:
+// dErf HA:
+// dErf EP:
+template <Double V, Level L>
+struct Erf<V, L> {
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .stray = kUnderflowFlag};
+  static auto special(V x) { return not_finite(x); }
+
+  static V lanes(V x) {
+    const V a = min(magnitude(x), V(6.0));  // 1 to the last bit from there on
+    const V shifter = V(kShifter64 / 128);
+    const V sum = a + shifter;
+    const V r = sum - shifter;
+    const V d = a - r;
+    const V r2 = r * r;
+    const auto index = indices(as_bits(sum) & Integer<V>(uint64_t{1023}));
+    const auto row = gather(kErfSteps, index);
+    const V p = row.second * d;
+    // The factor behind s d.
+    const V third = fma(r2, V(2.0 / 3), V(-1.0 / 3));
+    if constexpr (L == Level::EP) {
+      return join_sign(fma(p, fma(d, fms(d, third, r), V(1.0)), row.first), x);
+    } else if constexpr (L == Level::LA) {
+      // With most of the sixth term, d^5 being like 0.85 d^3 / 2^16 within 0.15 / 2^40.
+      constexpr double kMore = 0.85 * 0x1p-16;
+      const V fourth = r * horner(r2, V(-2.0 / 45 * kMore), V(2.0 / 9 * kMore - 1.0 / 3), V(0.5 - kMore / 6));
+      const V fifth = horner(r2, V(2.0 / 15), V(-0.4), V(0.1));
+      return join_sign(fma(p, fma(d, fms(d, horner(d, fifth, fourth, third), r), V(1.0)), row.first), x);
+    } else {
+      const V fourth = r * fma(r2, V(-1.0 / 3), V(0.5));
+      const V fifth = horner(r2, V(2.0 / 15), V(-0.4), V(0.1));
+      const V sixth = r * horner(r2, V(-2.0 / 45), V(2.0 / 9), V(-1.0 / 6));
+      const V seventh = V(-1.0 / 42);  // more of it does not count
+      const V more = d * fms(d, horner(d, seventh, sixth, fifth, fourth, third), r);
+      const auto tails = gather(kErfStepTails, index);
+      const HeadTail<V> head = fast_two_sum(row.first, p);
+      const V lost = fma(tails.second, d, fms(row.second, d, p)) + tails.first;
+      return join_sign(head.head + (head.tail + fma(p, more, lost)), x);
+    }
+  }
+
+  static int32_t element(const double* px, double* r) {
+    const double x = *px;
+    *r = is_nan(x) ? x + x : join_sign(1.0, x);
+    return 0;
+  }
+};
+
+}  // namespace orvik::zym

@@ -1,0 +1,155 @@
+// Powers: zeros, infinities and NaNs, real numbers, right angles, large exponents.
+#include "loops.h"
+
+namespace orvik::test {
+namespace {
+
+template <class C>
+class ComplexPowers : public LoopTest<C> {
+ protected:
+  using typename LoopTest<C>::E;
+  static void expect(C x, C y, C want) {
+    const C got = LoopTest<C>::value("Pow", x, y);
+    EXPECT_TRUE(same_value(got, want)) << show(x) << " to " << show(y) << ": " << show(got) << ", want " << show(want);
+  }
+};
+TYPED_TEST_SUITE(ComplexPowers, ComplexElements);
+
+TYPED_TEST(ComplexPowers, ToTheZeroIsOneWhateverTheBase) {
+  using E = typename TestFixture::E;
+  for (E x : {E(0), E(-0.0), E(3), -this->inf, this->nan}) {
+    for (E y : {E(0), E(-2), this->inf, this->nan}) {
+      for (E zero : {E(0), E(-0.0)}) this->expect({x, y}, {zero, E(0)}, {1, 0});
+    }
+  }
+}
+
+TYPED_TEST(ComplexPowers, OfZeroByTheSignOfTheExponentsRealPart) {
+  for (auto zero : {this->at(0, 0), this->at(-0.0, 0), this->at(0, -0.0)}) {
+    this->expect(zero, {2, 0}, {0, 0});
+    this->expect(zero, {0.5, -3}, {0, 0});
+    this->expect(zero, {-2, 0}, {this->inf, 0});
+    this->expect(zero, {-2, 1}, {this->inf, this->nan});
+    this->expect(zero, {0, 1}, {this->nan, this->nan});
+    this->expect(zero, {this->inf, 0}, {0, 0});
+    this->expect(zero, {-this->inf, 0}, {this->inf, this->nan});
+  }
+}
+
+TYPED_TEST(ComplexPowers, OfInfinitiesAndWithInfiniteExponents) {
+  this->expect({this->inf, 1}, {2, 0}, {this->inf, 0});
+  this->expect({this->inf, 1}, {2, 1}, {this->inf, this->nan});
+  this->expect({1, -this->inf}, {-2, 1}, {0, 0});
+  this->expect({this->inf, 0}, {0, 1}, {this->nan, this->nan});
+  this->expect({2, 1}, {this->inf, 0}, {this->inf, this->nan});
+  this->expect({0.5, 0.25}, {this->inf, 0}, {0, 0});
+  this->expect({0.5, 0.25}, {-this->inf, 0}, {this->inf, this->nan});
+  this->expect({1, 0}, {this->inf, 0}, {this->nan, this->nan});
+  this->expect({2, 1}, {1, this->inf}, {this->nan, this->nan});
+}
+
+TYPED_TEST(ComplexPowers, NansGiveNansWithoutReport) {
+  for (auto x : {this->at(this->nan, 1), this->at(1, this->nan)}) {
+    for (auto y : {this->at(2, 1), this->at(-1, 0), this->at(this->inf, 0)}) {
+      for (const auto& got : {this->outcome("Pow", x, y), this->outcome("Pow", y, x)}) {
+        EXPECT_TRUE(std::isnan(got.r1.re) && std::isnan(got.r1.im)) << show(x) << show(y);
+        EXPECT_EQ(got.code, 0);
+      }
+    }
+  }
+}
+
+TYPED_TEST(ComplexPowers, RealPowersOfRealNumbersAreTheRealFunctions) {
+  using E = typename TestFixture::E;
+  for (E x : {E(2), E(10), E(0.3), E(-2), E(-0.7), E(7)}) {
+    for (E y : {E(2), E(-3), E(10), E(0.5), E(7.25)}) {
+      if (x < 0 && y != std::floor(y)) continue;
+      this->expect({x, 0}, {y, 0}, {evaluate<E>(row_of<E>("Pow"), 1, x, y).r1, 0});
+    }
+  }
+  this->expect({2, 0}, {10, 0}, {1024, 0});
+  this->expect({-2, 0}, {3, 0}, {-8, 0});
+}
+
+TYPED_TEST(ComplexPowers, OfIAreExactTurnsWhateverTheExponent) {
+  using E = typename TestFixture::E;
+  // The largest powers of two are multiples of a whole turn of i; 1 more, 2 more, 3 more while they are exact.
+  const E turn = sizeof(E) == 4 ? E(0x1p20) : E(0x1p50);
+  const TypeParam want[] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
+  for (int k = 0; k < 4; ++k) {
+    const auto r = this->value("Pow", this->at(0, 1), this->at(turn + E(k), 0));
+    EXPECT_EQ(r.re, want[k].re) << k;
+    EXPECT_NEAR(r.im, want[k].im, 0) << k;
+  }
+  const auto r = this->value("Pow", this->at(0, 1), this->at(this->largest, 0));
+  EXPECT_EQ(r.re, 1);
+  EXPECT_EQ(r.im, 0);
+}
+
+TYPED_TEST(ComplexPowers, IToTheIIsReal) {
+  using E = typename TestFixture::E;
+  const auto r = this->value("Pow", this->at(0, 1), this->at(0, 1));
+  EXPECT_EQ(r.re, static_cast<E>(0.20787957635076190855));
+  EXPECT_NEAR(r.im, 0, std::numeric_limits<E>::epsilon() / 8);
+}
+
+TYPED_TEST(ComplexPowers, PowxIsPowWithOneExponent) {
+  using C = TypeParam;
+  using E = typename TestFixture::E;
+  for (C y : {C{1.5, E(0.7)}, C{-2, 0}, C{0, 0}, C{0, 3}, C{3, 0}}) {
+    std::vector<C> x;
+    for (E re : {E(-2), E(-0.0), E(0.3), E(50), this->inf}) {
+      for (E im : {E(-1), E(0), E(0.4), this->nan}) x.push_back({re, im});
+    }
+    const std::vector<C> want = this->values("Pow", x, std::vector<C>(x.size(), y));
+    for (size_t i = 0; i < x.size(); ++i) {
+      EXPECT_TRUE(same_value(this->value("Powx", x[i], y), want[i])) << show(x[i]) << show(y);
+    }
+  }
+}
+
+// Near the unit circle exponents of any size have finite powers: what counts is the angle modulo a turn.
+TYPED_TEST(ComplexPowers, LargeExponentsOfNumbersNearTheUnitCircle) {
+  using E = typename TestFixture::E;
+  std::vector<TypeParam> x, y;
+  for (int i = 1; i < 40; ++i) {
+    const double angle = 0.16 * i - 3.2;
+    for (double size : {30.0, 1e3, 3e4, 1e6, 1e8, 1e11}) {
+      x.push_back({static_cast<E>(std::cos(angle)), static_cast<E>(std::sin(angle))});
+      // The modulus is 1 but for a rounding: e^(size 2^-53) is no more than a few units.
+      const double limited = sizeof(E) == 4 ? std::min(size, 1e8) : size;
+      y.push_back({static_cast<E>(limited * (1 + 0.001 * i)), static_cast<E>(0.03 * i)});
+    }
+  }
+  const auto r = this->values("Pow", x, y);
+  for (size_t i = 0; i < x.size(); ++i)
+    EXPECT_LT(this->power_error(x[i], y[i], r[i]), 1) << show(x[i]) << show(y[i]) << show(r[i]);
+}
+
+TYPED_TEST(ComplexPowers, StepsAcrossTheChangeOfMethodDoNotJump) {
+  using E = typename TestFixture::E;
+  // |y| |log x| through 2^14 and 2^18.
+  const TypeParam x = {E(0.8), E(0.6)};
+  for (double bound : {0x1p14, 0x1p18}) {
+    E t = static_cast<E>(bound / 0.6435011087932844);
+    for (int i = 0; i < 20; ++i) t = std::nextafter(t, E(0));
+    for (int i = 0; i < 40; ++i, t = std::nextafter(t, this->inf)) {
+      const TypeParam y = {t, 0};
+      EXPECT_LT(this->power_error(x, y, this->value("Pow", x, y)), 1) << t;
+    }
+  }
+}
+
+TYPED_TEST(ComplexPowers, SquaresAndInversesOfManyNumbers) {
+  using E = typename TestFixture::E;
+  for (E re : {E(-3), E(-0.25), E(0.125), E(5), E(1e10)}) {
+    for (E im : {E(-7), E(0.5), E(2), E(1e-10)}) {
+      for (auto y : {this->at(2, 0), this->at(-1, 0), this->at(0.5, 0), this->at(E(0.3), E(-1.7))}) {
+        EXPECT_LT(this->power_error({re, im}, y, this->value("Pow", {re, im}, y)), 1) << re << im << show(y);
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace orvik::test

@@ -8,8 +8,8 @@
 
 #include <stdint.h>
 
-#include "orvik/qor_generators.h" /* ids and functions of the generators */
 #include "orvik/qor_distributions.h"
+#include "orvik/qor_generators.h" /* ids and functions of the generators */
 
 /* Exported also where the library itself is built with hidden visibility. */
 #pragma GCC visibility push(default)
@@ -47,8 +47,7 @@ typedef enum OrvikQorStatus {
   ORVIK_QOR_NO_RDRAND = -1130,
   ORVIK_QOR_RDRAND_FAILED = -1131,
   ORVIK_QOR_NO_AES = -1140,
-  ORVIK_QOR_BAD_PROBABILITIES = -1150, /* no probabilities, a negative one, or a sum outside 0.999 to 1.001 */
-  ORVIK_QOR_NO_BLAS = -1160,           /* no BLAS package was found for a triangular product */
+  ORVIK_QOR_NO_BLAS = -1160, /* no BLAS package was found for a triangular product */
   ORVIK_QOR_IMAGE_BAD_FORMAT = -1200,
   ORVIK_QOR_SHARED_NOT_FOUND = -3000,
   ORVIK_QOR_SHARED_TABLE_FULL = -3001

@@ -32,9 +32,9 @@ namespace {
 
 using namespace orvik::accuracy;
 
-constexpr const char* kFunctions[] = {"Erf",     "Erfc", "ErfInv", "Erfcx", "ErfcInv", "CdfNorm", "CdfNormInv",
-                                      "LGamma",  "TGamma", "ExpInt1", "I0",  "I1",      "J0",      "J1",
-                                      "Y0",      "Y1",   "Jn",     "Yn"};
+constexpr const char* kFunctions[] = {"Erf",        "Erfc",   "ErfInv", "Erfcx",   "ErfcInv", "CdfNorm",
+                                      "CdfNormInv", "LGamma", "TGamma", "ExpInt1", "I0",      "I1",
+                                      "J0",         "J1",     "Y0",     "Y1",      "Jn",      "Yn"};
 constexpr int32_t kInDomain = 20000;
 constexpr size_t kEverywhere = 20000;
 
@@ -180,10 +180,14 @@ bool write_peer_page(const std::string& path, const std::string& filter) {
       "cmake --build --preset release --target zym_bench\n"
       "build/release/bin/zym_bench --peer-page docs/accuracy-peers.md\n```\n\n" +
       versions() +
-      ".\nErrors in ulp against MPFR, all libraries over the same inputs, rounded up; near zeros of `LGamma` and the Bessel\n"
-      "functions in ulp of the floors that [vector-mathematics.md](vector-mathematics.md) states. `Jn` and `Yn` of order 3.\n"
-      "Inputs whose exact result is no finite number of the format are left out; \"no number\" is an infinity or a NaN where\n"
-      "it is one. Boost.Math as it comes computes floats in double and doubles in long double. Empty: no such function.\n\n"
+      ".\nErrors in ulp against MPFR, all libraries over the same inputs, rounded up; near zeros of `LGamma` and the "
+      "Bessel\n"
+      "functions in ulp of the floors that [vector-mathematics.md](vector-mathematics.md) states. `Jn` and `Yn` of "
+      "order 3.\n"
+      "Inputs whose exact result is no finite number of the format are left out; \"no number\" is an infinity or a NaN "
+      "where\n"
+      "it is one. Boost.Math as it comes computes floats in double and doubles in long double. Empty: no such "
+      "function.\n\n"
       "## Usual arguments\n\n" +
       std::to_string(kInDomain) + " values, even over the domain that the benchmark uses.\n\n" + header + domain +
       "\n## All arguments\n\nAbout " + std::to_string(kEverywhere) +

@@ -1,4 +1,5 @@
-// docs/accuracy-peers.md: worst errors of the special functions, ours and those of other libraries, over the same inputs.
+// docs/accuracy-peers.md: worst errors of the special functions, ours and those of other libraries, over the same
+// inputs.
 #pragma once
 
 #include <string>

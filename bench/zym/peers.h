@@ -37,10 +37,6 @@ std::span<const Peer> libmvec_peers();
 std::span<const Peer> eigen_peers();
 std::span<const Peer> boost_peers();
 std::span<const Peer> gsl_peers();
-std::span<const Peer> sleef_peers();    // these four where the package is there
-std::span<const Peer> libmvec_peers();
-std::span<const Peer> eigen_peers();
-std::span<const Peer> boost_peers();
 
 std::vector<Peer> all_peers();
 

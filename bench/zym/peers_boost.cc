@@ -5,8 +5,6 @@
 #include <boost/math/special_functions/erf.hpp>
 #include <boost/math/special_functions/expint.hpp>
 #include <boost/math/special_functions/gamma.hpp>
-// Boost.Math's Bessel functions.
-#include <boost/math/special_functions/bessel.hpp>
 
 #include "zym/peers.h"
 
@@ -19,11 +17,6 @@ using Silent = policies::policy<policies::domain_error<A>, policies::pole_error<
                                 policies::underflow_error<A>, policies::denorm_error<A>, policies::evaluation_error<A>,
                                 policies::rounding_error<A>, policies::indeterminate_result_error<A>>;
 constexpr Silent<policies::ignore_error> kSilent;
-namespace bm = boost::math;
-using Quiet = bm::policies::policy<bm::policies::domain_error<bm::policies::ignore_error>,
-                                   bm::policies::pole_error<bm::policies::ignore_error>,
-                                   bm::policies::overflow_error<bm::policies::ignore_error>,
-                                   bm::policies::evaluation_error<bm::policies::ignore_error>>;
 
 template <class E, bool Strided, auto F>
 void loop(int32_t n, const Arrays& arrays) {
@@ -53,17 +46,6 @@ constexpr Peer kPeers[] = {
     BOOST1(Y0, 1, cyl_neumann(0, x, kSilent)) BOOST1(Y1, 1, cyl_neumann(1, x, kSilent))
     BOOST1(Jn, 10, cyl_bessel_j(kOrder, x, kSilent)) BOOST1(Yn, 10, cyl_neumann(kOrder, x, kSilent))
 };
-#define BOOST(Function, ulp, expression)                                                      \
-  {"s" #Function, "boost", ulp, loop<float, false, [](auto x) { return (expression); }>,      \
-   loop<float, true, [](auto x) { return (expression); }>},                                   \
-      {"d" #Function, "boost", ulp, loop<double, false, [](auto x) { return (expression); }>, \
-       loop<double, true, [](auto x) { return (expression); }>},
-
-constexpr Peer kPeers[] = {
-    BOOST(J0, 10, bm::cyl_bessel_j(0, x, Quiet())) BOOST(J1, 10, bm::cyl_bessel_j(1, x, Quiet()))
-        BOOST(Y0, 10, bm::cyl_neumann(0, x, Quiet())) BOOST(Y1, 10, bm::cyl_neumann(1, x, Quiet()))
-            BOOST(I0, 2, bm::cyl_bessel_i(0, x, Quiet())) BOOST(I1, 2, bm::cyl_bessel_i(1, x, Quiet())) BOOST(
-                Jn, 100, bm::cyl_bessel_j(kOrder, x, Quiet())) BOOST(Yn, 100, bm::cyl_neumann(kOrder, x, Quiet()))};
 
 }  // namespace
 

@@ -127,9 +127,9 @@ constexpr Peer kPeers[] = {
     LIBM1(J0, 10, bessel(x, ::j0, ::j0f)) LIBM1(J1, 10, bessel(x, ::j1, ::j1f)) LIBM1(Y0, 10, bessel(x, ::y0, ::y0f))
     LIBM1(Y1, 10, bessel(x, ::y1, ::y1f)) LIBM1(Jn, 100, bessel_n(x, ::jn, ::jnf)) LIBM1(Yn, 100, bessel_n(x, ::yn, ::ynf))
 
-    COMPLEX2(Add, 0.5, x + y) COMPLEX2(Sub, 0.5, x - y) COMPLEX2(Mul, 1, x * y) COMPLEX2(MulByConj, 1, x * std::conj(y))
+    COMPLEX2(Add, 0.5, x + y) COMPLEX2(Sub, 0.5, x - y) COMPLEX2(Mul, 2, x * y) COMPLEX2(MulByConj, 2, x * std::conj(y))
     COMPLEX2(Div, 3, x / y) COMPLEX1(Conj, 0.5, std::conj(x)) COMPLEX(to_real, Abs, 1, [](auto x) { return std::abs(x); })
-    COMPLEX(to_real, Arg, 1, [](auto x) { return std::arg(x); })
+    COMPLEX(to_real, Arg, 2, [](auto x) { return std::arg(x); })
     COMPLEX(from_real, CIS, 1, [](auto x) { return std::complex(std::cos(x), std::sin(x)); })
     COMPLEX1(Exp, 2, std::exp(x)) COMPLEX1(Ln, 2, std::log(x)) COMPLEX1(Log10, 2, std::log10(x)) COMPLEX1(Sqrt, 2, std::sqrt(x))
     COMPLEX2(Pow, 1e3, std::pow(x, y)) COMPLEX(complex_scalar, Powx, 1e3, [](auto x, auto y) { return std::pow(x, y); })

@@ -101,6 +101,8 @@ void show_complex(const Column& column) {
   for (size_t i = 0; i < z.size(); ++i) worst = std::fmax(worst, std::hypot(w[i].re - z[i].re, w[i].im - z[i].im));
   std::printf("  %s: sin(asin z) of %d complex numbers differs from z by %.1e at most\n", column.name.c_str(), n,
               worst);
+}
+
 // The value furthest from the mean, and how many as far out a normal distribution would have among as many values. The
 // tail itself is computed, so that it does not become 0 next to 1.
 void show_extreme(const Column& column) {
@@ -120,6 +122,8 @@ void show_extreme(const Column& column) {
   }
   std::printf("  %-16s furthest from its mean: %g, by %.2f deviations; %.3g of %zu values expected there\n",
               column.name.c_str(), values[at], -score[at], 2 * tail[at] * n, values.size());
+}
+
 // Bessel functions at the doubles nearest to their zeros, and one order far from its turning point.
 void show_bessel() {
   const double zeros[] = {2.404825557695773, 5.520078110286311, 8.653727912911013};
@@ -142,6 +146,7 @@ void show_vector_math(const Table& table) {
   show_strided(table);
   std::printf("\n");
   show_complex(table.columns.front());
+  std::printf("\n");
   show_bessel();
 }
 

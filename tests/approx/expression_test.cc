@@ -58,6 +58,7 @@ TEST(Expression, expands_the_inverse_error_function) {
   for (int k = 1; k <= 15; ++k) sum += " + erfinv_term(3, " + std::to_string(k) + ") / 16^" + std::to_string(k);
   EXPECT_LT(std::abs(value(sum + " - erfinv_term(3 + 1/16, 0)")), 1e-30);
   EXPECT_NEAR(value("erfinv_term(743, 0)"), 27.2, 0.05);  // next to the smallest denormal number
+}
 TEST(Expression, knows_bessel_functions_their_zeros_and_expansions) {
   EXPECT_EQ(value("cylinder(0, 1)"), value("j0(1)"));
   EXPECT_EQ(value("cylinder(3, 2.5)"), value("y1(2.5)"));

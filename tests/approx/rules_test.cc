@@ -100,18 +100,20 @@ TEST(Polynomial, through_the_chebyshev_nodes_is_exact_where_it_can_be_and_nearly
   for (const Stored s : exact.interpolate(d)) made.push_back(d.type.text(s));
   EXPECT_EQ(made, (Texts{"0x1p2", "0.0", "0x1.8p1", "0x1.4p2", "0.0", "0x1.8p1"}));
 
-  Library near = library_of("//: p(x) = exp(x) on [-1, 1], absolute error ?\n//: fit chebyshev\n"
-                            "inline constexpr double kA[6] = {};\n");
+  Library near = library_of(
+      "//: p(x) = exp(x) on [-1, 1], absolute error ?\n//: fit chebyshev\n"
+      "inline constexpr double kA[6] = {};\n");
   const Declaration& e = near.declarations().back();
   // The best error of degree 5 is 4.5e-5, 2^-14.4.
   EXPECT_EQ(error_text(near.worst_error(e, e.claims[0], near.interpolate(e))), "2^-14.2");
 }
 TEST(Polynomial, refers_to_its_row_of_a_table_whose_values_stand_elsewhere) {
-  Library library = library_of("//: i from 2\n//: slope = i\n//: value = 1/i\nextern const double kLow[2][2];\n"
-                               "//: i from 2\n//: kLow(x) + x^2 * p(x) = 1/i + i * x + x^2 / 4 on [1, 2], absolute error ?\n"
-                               "//: fit chebyshev\nextern const double kRest[2][1];\n"
-                               "//: i from 2\n//: kLow(x) + x^2 * kRest(x) + p(x) = 1/i + i * x on [1, 2], absolute error ?\n"
-                               "inline constexpr double kA[2][3] = {{-0.25, 0.0, 0.0}, {-0.25, 0.0, 0.0}};\n");
+  Library library = library_of(
+      "//: i from 2\n//: slope = i\n//: value = 1/i\nextern const double kLow[2][2];\n"
+      "//: i from 2\n//: kLow(x) + x^2 * p(x) = 1/i + i * x + x^2 / 4 on [1, 2], absolute error ?\n"
+      "//: fit chebyshev\nextern const double kRest[2][1];\n"
+      "//: i from 2\n//: kLow(x) + x^2 * kRest(x) + p(x) = 1/i + i * x on [1, 2], absolute error ?\n"
+      "inline constexpr double kA[2][3] = {{-0.25, 0.0, 0.0}, {-0.25, 0.0, 0.0}};\n");
   const Declaration& rest = library.declarations()[1];
   const std::vector<Stored> values = library.interpolate(rest);
   ASSERT_EQ(values.size(), 2U);
@@ -123,7 +125,8 @@ TEST(Polynomial, of_very_many_rows_has_the_error_of_the_worst) {
   std::string rows;
   for (int i = 0; i < 150; ++i) rows += i == 0 ? "{0.0}" : ", {0.0}";
   EXPECT_EQ(error_of("//: p(x) = i < 77 ? x/4 : i < 78 ? 2 * x * (1 - x) : x/4 on [0, 1], absolute error ?\n"
-                     "inline constexpr float kA[150][1] = {" + rows + "};\n"),
+                     "inline constexpr float kA[150][1] = {" +
+                     rows + "};\n"),
             "2^-1.0");
 }
 

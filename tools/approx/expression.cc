@@ -4,8 +4,8 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "inverse_error.h"
 #include "cylinder.h"
+#include "inverse_error.h"
 
 namespace orvik::approx {
 

@@ -65,7 +65,7 @@ template <int Order, class V>
 struct Modified {
   using E = Element<V>;
   using Of = ModifiedOf<Order>;
-  static constexpr Knobs knobs = {.vectors = 2, .stray_underflow = true};
+  static constexpr Knobs knobs = {.vectors = 2, .stray = kUnderflowFlag};
   static constexpr E kOverflow = Single<V> ? E(Of::overflow32) : E(Of::overflow64);
 
   static auto special(V x) { return magnitude_above < Single<V> ? 0x41FDFFFFu : 0x403FBFFFu > (x); }
@@ -83,7 +83,8 @@ struct Modified {
 
   static Masked<V, Mask<V>> wide(V x) {
     const Mask<V> outside = complement(magnitude(x) <= V(kOverflow));
-    const V a = select(outside, V(E(32)), max(magnitude(x), V(E(kModifiedRowsEnd))));
+    const V a =
+        max(select(outside, V(E(32)), magnitude(x)), V(E(kModifiedRowsEnd)));  // of no NaN: it would raise invalid
     V r;
     if constexpr (Single<V>) {
       r = narrow(modified_far<Order, true>(widen_low(a)), modified_far<Order, true>(widen_high(a)));
@@ -120,8 +121,12 @@ struct Modified {
 
 }  // namespace bessel
 
+// sI0 HA: 0.5059 ulp at -0x1.240136p+4
+// dI0 HA: 0.5371 ulp at 0x1.0fd767809c4e8p+2
 template <class V, Level L>
 struct I0 : bessel::Modified<0, V> {};
+// sI1 HA: 0.5075 ulp at -0x1.002df8p-2
+// dI1 HA: 0.5575 ulp at -0x1.a827faecad71p+3
 template <class V, Level L>
 struct I1 : bessel::Modified<1, V> {};
 

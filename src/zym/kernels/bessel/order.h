@@ -201,14 +201,11 @@ inline int64_t magnitude_of(Order p) { return std::abs(static_cast<int64_t>(p.or
 // f(-n) = (-1)^n f(n).
 inline bool changes_sign(Order p) { return p.order < 0 && p.order % 2 != 0; }
 
-// The filler is an argument where no order overflows.
-inline constexpr Knobs kOrderKnobs = {.vectors = 1, .filler = 1e30, .stray_underflow = true};
-
 }  // namespace bessel
 
 template <class V, Level L>
 struct Jn {
-  static constexpr Knobs knobs = bessel::kOrderKnobs;
+  static constexpr Knobs knobs = {.vectors = 1, .stray = kUnderflowFlag};
   using E = Element<V>;
 
   static auto special(V x, Order) { return not_finite(x); }
@@ -231,7 +228,8 @@ struct Jn {
 
 template <class V, Level L>
 struct Yn {
-  static constexpr Knobs knobs = bessel::kOrderKnobs;
+  // The filler is an argument where no order overflows.
+  static constexpr Knobs knobs = {.vectors = 1, .filler = 1e30, .stray = kUnderflowFlag};
   using E = Element<V>;
 
   static auto special(V x, Order) { return not_positive_normal(x); }

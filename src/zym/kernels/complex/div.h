@@ -19,9 +19,9 @@ template <class V>
 
 // n / d of two parts each, `inverse` that of the head of d.
 template <class V>
-[[gnu::always_inline]] inline V careful_ratio(HeadTail<V> n, HeadTail<V> d, V inverse) {
+[[gnu::always_inline]] inline HeadTail<V> careful_ratio(HeadTail<V> n, HeadTail<V> d, V inverse) {
   const V q = n.head * inverse;
-  return fma(fnma(q, d.head, n.head) + fnma(q, d.tail, n.tail), inverse, q);
+  return {q, (fnma(q, d.head, n.head) + fnma(q, d.tail, n.tail)) * inverse};
 }
 
 // Every part within 0.51 ulp of itself, unless its numerator cancels.
@@ -31,8 +31,9 @@ template <class V>
   const auto [c, d] = y;
   const HeadTail<V> norm = sum_of_parts(two_square(c), two_square(d));
   const V inverse = V(Element<V>(1)) / norm.head;
-  return {careful_ratio(sum_of_parts(two_prod(a, c), two_prod(b, d)), norm, inverse),
-          careful_ratio(sum_of_parts(two_prod(b, c), negative(two_prod(a, d))), norm, inverse)};
+  const HeadTail<V> re = careful_ratio(sum_of_parts(two_prod(a, c), two_prod(b, d)), norm, inverse);
+  const HeadTail<V> im = careful_ratio(sum_of_parts(two_prod(b, c), negative(two_prod(a, d))), norm, inverse);
+  return {re.head + re.tail, im.head + im.tail};
 }
 
 // The magnitudes of the larger parts are within 2^-Range .. 2^Range, as all that the lanes compute then is; a dividend
@@ -83,7 +84,7 @@ struct DivElement {
   static ZymComplexDouble finite_quotient(ZymComplexDouble x, ZymComplexDouble y) {
     const FarSum norm = far_sum(y.re, y.re, y.im, y.im);
     const auto ratio = [&](const FarSum& n) {
-      return std::scalbn(careful_ratio(n.m, norm.m, 1 / norm.m.head), n.e - norm.e);
+      return rounded(careful_ratio(n.m, norm.m, 1 / norm.m.head), n.e - norm.e);
     };
     return {ratio(far_sum(x.re, y.re, x.im, y.im)), ratio(far_sum(x.im, y.re, -x.re, y.im))};
   }
@@ -92,6 +93,7 @@ struct DivElement {
 template <class V, Level L>
 struct Div;
 
+// cDiv HA: 0.7072 ulp norm at -0x0p+0, 0x1.7a6ap-131, -0x1p+3, -0x1p+3
 template <Single V>
 struct Div<V, Level::HA> : DivElement<float> {
   static constexpr Knobs knobs = {.vectors = 1};
@@ -106,6 +108,7 @@ struct Div<V, Level::HA> : DivElement<float> {
   }
 };
 
+// cDiv EP: 21.92 bits norm at -0x1.fd6eb8p+0, -0x1.0f3d2p-20, -0x1.08ace6p-3, 0x1.13ac4p+2
 template <Single V>
 struct Div<V, Level::EP> : DivElement<float> {
   static constexpr Knobs knobs = {.vectors = 2, .stray = kUnderflowFlag};
@@ -126,6 +129,9 @@ struct Div<V, Level::EP> : DivElement<float> {
   }
 };
 
+// zDiv LA: 2.2044 ulp norm at -0x1.ff2012cd2854dp-5, 0x1.7725015f7c7eep+2, -0x1.ff2012cd28551p-5, -0x1.7725015f7c7f2p+2
+// zDiv HA: 0.7069 ulp norm at 0x0p+0, 0x0.00000000005bp-1022, -0x1.81359ef44c858p+2, 0x1.a41201fc25bd8p+2
+// zDiv EP: 50.99 bits norm at -0x1.3b500fae5d8f2p-13, 0x1.bb8a2dea85ee4p+2, -0x1.8faf563b34927p-17, 0x1.798bee0da5be8p+2
 template <Double V, Level L>
 struct Div<V, L> : DivElement<double> {
   static constexpr Knobs knobs = {.vectors = L == Level::HA ? 1 : 2, .stray = kUnderflowFlag};
@@ -133,12 +139,17 @@ struct Div<V, L> : DivElement<double> {
   static Pair<V> lanes(Pair<V> x, Pair<V> y) {
     if constexpr (L == Level::HA) {
       return careful_quotient(x, y);
-    } else {
+    } else if constexpr (L == Level::LA) {
+      // Numerators within 2 u of the norm, the rest within half an ulp: 3 ulp at most.
       const auto [a, b] = x;
       const auto [c, d] = y;
-      const V norm = fma(c, c, d * d), inverse = V(1.0) / norm;
+      const HeadTail<V> norm = sum_of_parts(two_square(c), two_square(d));
+      const V inverse = V(1.0) / norm.head;
       const V re = fma(a, c, b * d), im = fms(b, c, a * d), u = re * inverse, v = im * inverse;
-      return {fma(fnma(u, norm, re), inverse, u), fma(fnma(v, norm, im), inverse, v)};
+      return {fma(fnma(u, norm.tail, fnma(u, norm.head, re)), inverse, u),
+              fma(fnma(v, norm.tail, fnma(v, norm.head, im)), inverse, v)};
+    } else {
+      return plain_quotient(x, y);
     }
   }
 };

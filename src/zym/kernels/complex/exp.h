@@ -41,13 +41,14 @@ struct ExpParts {
 };
 
 template <Double V>
-[[gnu::always_inline]] inline V product_of_parts(HeadTail<V> e, HeadTail<V> s) {
+[[gnu::always_inline]] inline HeadTail<V> product_of_parts(HeadTail<V> e, HeadTail<V> s) {
   const HeadTail<V> p = two_prod(e.head, s.head);
-  return p.head + fma(e.head, s.tail, fma(e.tail, s.head + s.tail, p.tail));
+  return {p.head, fma(e.head, s.tail, fma(e.tail, s.head + s.tail, p.tail))};
 }
 template <Double V>
 [[gnu::always_inline]] inline Pair<V> on_circle(HeadTail<V> e, const CircleParts<V>& c, V y) {
-  return {flip_sign(product_of_parts(e, c.cosine), c.sign), flip_sign(product_of_parts(e, c.sine), c.sign ^ y)};
+  const HeadTail<V> re = product_of_parts(e, c.cosine), im = product_of_parts(e, c.sine);
+  return {flip_sign(re.head + re.tail, c.sign), flip_sign(im.head + im.tail, c.sign ^ y)};
 }
 
 // --- elements -------------------------------------------------------------------------------------------------------
@@ -73,8 +74,10 @@ inline ZymComplexDouble finite_exponential(double x, double y) {
     c.sine = {c.sine.head * up, c.sine.tail * up};
     n -= 200;
   }
-  const Pair<F64> r = on_circle(e.e, c, F64(y));
-  return scaled({first_lane(r.first), first_lane(r.second)}, n);
+  const auto part = [n](HeadTail<F64> p, F64 sign) {
+    return flip_sign(rounded(HeadTail<double>{first_lane(p.head), first_lane(p.tail)}, n), first_lane(sign));
+  };
+  return {part(product_of_parts(e.e, c.cosine), c.sign), part(product_of_parts(e.e, c.sine), c.sign ^ F64(y))};
 }
 
 // Of infinities and NaNs, by C99 Annex G.
@@ -112,6 +115,8 @@ struct ExpElement {
 // --- lanes ----------------------------------------------------------------------------------------------------------
 
 // e^x to about half an ulp times sine and cosine of the lowest level.
+// cExp LA: 1.7519 ulp norm at -0x1.9c1e2cp+4, -0x1.dae284p+3
+// zExp LA: 1.8331 ulp norm at -0x1.90d3bc70075ep+4, -0x1.ee9c865fedc7p+1
 template <class V, Level L>
 struct Exp : ExpElement<V> {
   using Power = zym::Exp<V, Level::HA>;
@@ -131,6 +136,7 @@ struct Exp : ExpElement<V> {
   static Pair<V> product(V e, Pair<V> sine_cosine) { return {e * sine_cosine.second, e * sine_cosine.first}; }
 };
 
+// cExp HA: 0.7324 ulp norm at 0x1.ce6924p+3, 0x1.d9910ep+3
 template <Single V>
 struct Exp<V, Level::HA> : ExpElement<V> {
   static constexpr Knobs knobs = trig::knobs_of(1);
@@ -178,6 +184,7 @@ struct Exp<V, Level::HA> : ExpElement<V> {
   }
 };
 
+// zExp HA: 0.7067 ulp norm at -0x1.15690ba5f8532p+5, 0x1.8e713fa79ff4p-1
 template <Double V>
 struct Exp<V, Level::HA> : ExpElement<V> {
   static constexpr Knobs knobs = trig::knobs_of(1);

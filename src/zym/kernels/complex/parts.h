@@ -93,6 +93,20 @@ inline ZymComplexDouble scaled(const ZymComplexDouble& z, int e) {
   return {std::scalbn(z.re, e), std::scalbn(z.im, e)};
 }
 
+// (head + tail) 2^e, rounded once also where it is denormal.
+inline double rounded(HeadTail<double> unordered, int e) {
+  const HeadTail<double> m = two_sum(unordered.head, unordered.tail);
+  if (m.head == 0 || std::ilogb(m.head) + e >= -1022 || e < -1200) {
+    return std::scalbn(unordered.tail == 0 ? unordered.head : m.head, e);  // zeros with their sign
+  }
+  // To multiples of the least number by a sum; what that leaves, with the tail, may be more than half of one.
+  const double unit = std::scalbn(1.0, -1074 - e), shifter = std::copysign(0x1p52 * unit, m.head);
+  const double multiple = (m.head + shifter) - shifter;
+  const double rest = (m.head - multiple) + m.tail;
+  const double more = rest > unit / 2 ? unit : rest < -unit / 2 ? -unit : 0;
+  return std::copysign(std::scalbn(multiple + more, e), m.head);
+}
+
 // a c + b d of any finite numbers as (head + tail) 2^e, e at least -6000: neither product leaves the range.
 struct FarSum {
   HeadTail<double> m;

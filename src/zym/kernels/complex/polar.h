@@ -9,6 +9,12 @@
 
 namespace orvik::zym::complex {
 
+// cAbs LA: 1.1475 ulp at 0x1.7d458ep-3, -0x1.6fb328p+2
+// cAbs HA: 0.5002 ulp at -0x1.e5b83p+1, -0x1.8b34aap-3
+// cAbs EP: 11.58 bits at 0x1.585bfep+2, -0x1.e463bep+0
+// zAbs LA: 1.3066 ulp at 0x1.f7c4459df5787p-23, -0x1.6eb07f0b426p-3
+// zAbs HA: 0.7486 ulp at -0x0.00078ff7fd384p-1022, -0x0.ae635c8df090ap-1022
+// zAbs EP: 34.92 bits at -0x1.fffffffcc4943p+2, -0x1.26a7bea7f39c3p+1
 template <class V, Level L>
 struct Abs {
   using E = Element<V>;
@@ -18,6 +24,12 @@ struct Abs {
   static int32_t element(const Complex<E>* z, E* r) { return Real::element(&z->re, &z->im, r); }
 };
 
+// cArg LA: 2.3591 ulp at 0x1.fbf9a6p+2, -0x1.336264p+1
+// cArg HA: 0.5606 ulp at 0x1.9ee532p+2, -0x1.a0d496p+0
+// cArg EP: 14.79 bits at 0x1.fffc42p+2, 0x1.1eea18p+2
+// zArg LA: 2.0586 ulp at 0x1.562f7d109b5dp+2, -0x1.658866b21cf14p+2
+// zArg HA: 0.5716 ulp at 0x1.2f3a1421c8a34p+2, 0x1.34110e75520cp+0
+// zArg EP: 30.83 bits at 0x1.984545d22d62ap+2, -0x1.06f265a154c26p+0
 template <class V, Level L>
 struct Arg {
   using E = Element<V>;
@@ -29,6 +41,12 @@ struct Arg {
   static int32_t element(const Complex<E>* z, E* r) { return Real::element(&z->im, &z->re, r); }
 };
 
+// cCIS LA: 1.4386 ulp at 0x1.2965c8p+6
+// cCIS HA: 0.5011 ulp at 0x1.93b236p+5
+// cCIS EP: 16.04 bits at 0x1.921fd6p-1 (second result)
+// zCIS LA: 2.1403 ulp at -0x1.eaf39beb3de7ap+555
+// zCIS HA: 0.5023 ulp at 0x1.cf25d3b5dd37ep-9 (second result)
+// zCIS EP: 27.97 bits at -0x1.869fa65a6066ep+6 (second result)
 template <class V, Level L>
 struct CIS {
   using E = Element<V>;

@@ -91,6 +91,7 @@ struct SqrtElement {
 template <class V, Level L>
 struct Sqrt;
 
+// cSqrt HA: 0.7075 ulp norm at 0x1.06bc2p-101, 0x1.50c4d6p+123
 template <Single V>
 struct Sqrt<V, Level::HA> : SqrtElement<float> {
   static constexpr Knobs knobs = {.vectors = 1};
@@ -112,6 +113,8 @@ struct Sqrt<V, Level::HA> : SqrtElement<float> {
 };
 
 // The magnitude and the root by the real functions' lanes, in whose range both parts are.
+// cSqrt LA: 1.6778 ulp norm at 0x1.4bb80ep-28, 0x1.881508p-17
+// zSqrt LA: 1.9205 ulp norm at 0x1.2b76b20c94748p-30, -0x1.f63da088664e1p-7
 template <class V>
 struct Sqrt<V, Level::LA> : SqrtElement<Element<V>> {
   using E = Element<V>;
@@ -127,6 +130,7 @@ struct Sqrt<V, Level::LA> : SqrtElement<Element<V>> {
 };
 
 // One element after another.
+// zSqrt HA: 0.7071 ulp norm at 0x1.6d8c384e79bb4p+73, -0x1.bb6053bdfc9c5p+679
 template <Double V>
 struct Sqrt<V, Level::HA> : SqrtElement<double> {};
 

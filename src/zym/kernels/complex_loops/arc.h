@@ -174,20 +174,20 @@ inline Point InverseHyperbolicCosine::special(double x, double y) {
   return no_number(x, y);
 }
 
-// cAsin HA:
-// zAsin HA:
+// cAsin HA: 0.5000 ulp at 0x1p+0, 0x1.fffffep+63
+// zAsin HA: 0.6938 ulp at 0x1p-1022, 0x1.fffffffffffffp-2
 template <class V, Level L>
 struct Asin : Loop<ArcSine, V> {};
-// cAcos HA:
-// zAcos HA:
+// cAcos HA: 0.5000 ulp at 0x1.000002p+0, 0x1p-126
+// zAcos HA: 0.6157 ulp at 0x1.8000000000003p+0, 0x1p-1022
 template <class V, Level L>
 struct Acos : Loop<ArcCosine, V> {};
-// cAsinh HA:
-// zAsinh HA:
+// cAsinh HA: 0.5000 ulp at 0x1.fffffep+63, 0x1p+0 (second result)
+// zAsinh HA: 0.7660 ulp at -0x1.77af04836876fp+851, 0x1.da8eea3a99655p-172 (second result)
 template <class V, Level L>
 struct Asinh : Loop<InverseHyperbolicSine, V> {};
-// cAcosh HA:
-// zAcosh HA:
+// cAcosh HA: 0.5000 ulp at 0x1.000002p+0, 0x1p-126 (second result)
+// zAcosh HA: 0.6157 ulp at 0x1.8000000000003p+0, 0x1p-1022 (second result)
 template <class V, Level L>
 struct Acosh : Loop<InverseHyperbolicCosine, V> {};
 

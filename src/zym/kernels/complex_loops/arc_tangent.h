@@ -75,12 +75,12 @@ struct ArcTangent {
   static Point special(double x, double y) { return turned_back(InverseHyperbolicTangent::special(-y, x)); }
 };
 
-// cAtan HA:
-// zAtan HA:
+// cAtan HA: 0.5000 ulp at -0x1p+0, -0x1p-149 (second result)
+// zAtan HA: 0.7200 ulp at 0x1.ffffffffffffdp-2, 0x1p-1022 (second result)
 template <class V, Level L>
 struct Atan : Loop<ArcTangent, V> {};
-// cAtanh HA:
-// zAtanh HA:
+// cAtanh HA: 0.5000 ulp at -0x1p-149, -0x1p+0
+// zAtanh HA: 0.7200 ulp at 0x1p-1022, 0x1.ffffffffffffdp-2
 template <class V, Level L>
 struct Atanh : Loop<InverseHyperbolicTangent, V> {};
 

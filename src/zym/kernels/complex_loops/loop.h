@@ -41,7 +41,7 @@ inline Point no_number(double x, double y) {
 }
 
 // Squares and products of tails are tinier than what they belong to.
-inline constexpr Knobs kKnobs = {.stray_underflow = true};
+inline constexpr Knobs kKnobs = {.stray = kUnderflowFlag};
 
 template <class F, class V>
 struct Loop {

@@ -66,8 +66,8 @@ template <class E>
   return code;
 }
 
-// cPow HA:
-// zPow HA:
+// cPow HA: 0.6955 ulp norm at 0x1.000002p-23, -0x1.000002p+0, -0x1.45c0f6p+1, -0x1.969a42p-6
+// zPow HA: 0.7501 ulp norm at 0x1p-1022, -0x0p+0, 0x1p+0, -0x1.8p+0
 template <class V, Level L>
 struct Pow {
   using E = Element<V>;
@@ -86,8 +86,8 @@ struct Pow {
     return code_of<E>(*r);
   }
 };
-// cPowx HA:
-// zPowx HA:
+// cPowx HA: 0.6539 ulp norm at 0x0p+0, -0x1.000004p+0, 0x1.4p+1, -0x1.ep+0
+// zPowx HA: 0.6591 ulp norm at 0x1.b7e58b99f2d9cp+0, 0x1.e6df7b75d93ecp-29, 0x1p+1, -0x1.8p+0
 template <class V, Level L>
 struct Powx : Pow<V, L> {};
 

@@ -65,20 +65,20 @@ struct CircularCosine {
   static Point special(double x, double y) { return HyperbolicCosine::special(-y, x); }
 };
 
-// cSin HA:
-// zSin HA:
+// cSin HA: 0.4999 ulp at 0x1.0a35f2p-2, 0x1.f6cf26p+0 (second result)
+// zSin HA: 0.7479 ulp at 0x1.62e42feba39efp+6, 0x1p-1022 (second result)
 template <class V, Level L>
 struct Sin : Loop<CircularSine, V> {};
-// cCos HA:
-// zCos HA:
+// cCos HA: 0.4999 ulp at 0x1.4p+120, 0x1p-126 (second result)
+// zCos HA: 0.7167 ulp at 0x1.4p+296, 0x1p-1022 (second result)
 template <class V, Level L>
 struct Cos : Loop<CircularCosine, V> {};
-// cSinh HA:
-// zSinh HA:
+// cSinh HA: 0.4999 ulp at -0x1.2cb7p-43, -0x1.9f8836p+1 (second result)
+// zSinh HA: 0.7479 ulp at 0x1p-1022, 0x1.62e42feba39efp+6
 template <class V, Level L>
 struct Sinh : Loop<HyperbolicSine, V> {};
-// cCosh HA:
-// zCosh HA:
+// cCosh HA: 0.4999 ulp at -0x1.80e4fap-6, 0x1.527918p+0 (second result)
+// zCosh HA: 0.7167 ulp at 0x1p-1022, 0x1.4p+296 (second result)
 template <class V, Level L>
 struct Cosh : Loop<HyperbolicCosine, V> {};
 

@@ -62,12 +62,12 @@ struct CircularTangent {
   static Point special(double x, double y) { return turned_back(HyperbolicTangent::special(-y, x)); }
 };
 
-// cTan HA:
-// zTan HA:
+// cTan HA: 0.5000 ulp at 0x1.7d91bcp+2, -0x1.ab6bc8p+2 (second result)
+// zTan HA: 0.6325 ulp at 0x1p-1022, 0x1.4p-4
 template <class V, Level L>
 struct Tan : Loop<CircularTangent, V> {};
-// cTanh HA:
-// zTanh HA:
+// cTanh HA: 0.5000 ulp at -0x1.b22c84p-4, -0x1.fd1d94p-1 (second result)
+// zTanh HA: 0.6325 ulp at 0x1.4p-4, 0x1p-1022 (second result)
 template <class V, Level L>
 struct Tanh : Loop<HyperbolicTangent, V> {};
 

@@ -15,11 +15,11 @@ alignas(32) inline constexpr float kErfcxCentres[8] = {
     0x1.8p0f, 0x1.4p1f, 0x1p2f, 0x1.8p2f, 0x1.2p3f, 0x1.ap3f, 0x1p-2f, 0x1.8p-1f
 };
 
-// erf(c) / c at the centres c of kErfSingleHA, rounded.
-//: = i == 0 ? 2/sqrt(pi) : erf(max(i, 1)*17/32) / (max(i, 1)*17/32)
+// erf(c) / c at the centres c of kErfSingleHA, times 2^40.
+//: = 2^40 * (i == 0 ? 2/sqrt(pi) : erf(max(i, 1)*17/32) / (max(i, 1)*17/32))
 alignas(32) inline constexpr float kErfHeads[8] = {
-    0x1.20dd76p0f, 0x1.07d824p0f, 0x1.a1d1fp-1f, 0x1.397ad4p-1f, 0x1.e09a7ap-2f, 0x1.81708p-2f, 0x1.4140b8p-2f,
-    0x1.135c7ep-2f
+    0x1.20dd76p40f, 0x1.07d824p40f, 0x1.a1d1fp39f, 0x1.397ad4p39f, 0x1.e09a7ap38f, 0x1.81708p38f, 0x1.4140b8p38f,
+    0x1.135c7ep38f
 };
 
 inline constexpr double kInverseRoot2 = 0x1.6a09e667f3bcdp-1;      //: = 1/sqrt(2)

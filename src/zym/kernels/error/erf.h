@@ -13,7 +13,7 @@ namespace error {
 
 inline constexpr Octets kErfEP(kErfSingleEP);
 inline constexpr Octets kErfLA(kErfSingleLA);
-inline constexpr Octets kErfHA(kErfSingleHA);
+inline constexpr Octets kErfHA(kErfSingleHA, 0, 0x1p40f);
 
 }  // namespace error
 
@@ -21,9 +21,9 @@ template <class V, Level L>
 struct Erf;
 
 // Larger arguments become the last one, where the lanes give 1. Products with tiny arguments underflow.
-// sErf LA:
-// sErf HA:
-// sErf EP:
+// sErf LA: 3.4811 ulp at -0x1.e053f4p-2
+// sErf HA: 0.7472 ulp at -0x1.a1091cp-127
+// sErf EP: 11.48 bits at -0x1.cdf5e8p-1
 template <Single V, Level L>
 struct Erf<V, L> {
   static constexpr Knobs knobs = {.stray = kUnderflowFlag};
@@ -44,7 +44,8 @@ struct Erf<V, L> {
       const V a = min(V(kLastHA), magnitude(x));
       const auto [t, n] = shift_round(a, V(32.0f / 17));
       const V rest = a * error::octet_polynomial(fnma(n, V(17.0f / 32), a), error::kErfHA, as_bits(t));
-      y = fma(a, look_up(octet_table<V>(kErfHeads), as_bits(t)), rest);
+      // Computed 2^40 too high, as the coefficients are: denormal results would be rounded by both steps.
+      y = fma(a, look_up(octet_table<V>(kErfHeads), as_bits(t)), rest) * V(0x1p-40f);
     }
     return join_sign(y, x);
   }
@@ -58,9 +59,9 @@ struct Erf<V, L> {
   static constexpr float kLastEP = 2.98223f, kLastLA = 3.95f, kLastHA = 3.98f;
 };
 
-// dErf LA:
-// dErf HA:
-// dErf EP:
+// dErf LA: 2.2436 ulp at -0x1.273563fb3bd94p-8
+// dErf HA: 0.6027 ulp at 0x1.9d0755edd7ec3p-1020
+// dErf EP: 32.15 bits at 0x1.0000000000001p-8
 template <Double V, Level L>
 struct Erf<V, L> {
   static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .stray = kUnderflowFlag};

@@ -60,8 +60,8 @@ template <Double V>
 
 }  // namespace error
 
-// sErfcx LA:
-// dErfcx LA:
+// sErfcx HA: 0.5033 ulp at 0x1.e6cfc6p+3
+// dErfcx HA: 0.6037 ulp at 0x1.49c86a98e496bp+120
 template <class V, Level L>
 struct Erfcx {
   using E = Element<V>;

@@ -9,14 +9,15 @@
 
 namespace orvik::zym::error {
 
-// A register for each power, highest first, of polynomials that stand in rows. Row i is number i + first, modulo 8.
+// A register for each power, highest first, of polynomials that stand in rows, times `scale`. Row i is number i + first,
+// modulo 8.
 template <size_t N>
 struct Octets {
   alignas(32) float power[N][8];
 
-  explicit constexpr Octets(const float (&rows)[8][N], size_t first = 0) : power{} {
+  explicit constexpr Octets(const float (&rows)[8][N], size_t first = 0, float scale = 1) : power{} {
     for (size_t k = 0; k < N; ++k) {
-      for (size_t i = 0; i < 8; ++i) power[k][(i + first) % 8] = rows[i][k];
+      for (size_t i = 0; i < 8; ++i) power[k][(i + first) % 8] = rows[i][k] * scale;
     }
   }
 };

@@ -97,9 +97,6 @@ V ln_polynomial(V r) {
 // For any finite positive x, whose exponent is `added` less. As head and tail: |tail| is below 2^-9, its error 2^-70.
 template <Double V>
 [[gnu::always_inline]] inline HeadTail<V> ln_head_tail(V x, double added) {
-// For any finite positive x, whose exponent is `added` less. Not added up, within 2^-63 of the larger of 1 and itself.
-template <Double V>
-HeadTail<V> ln_head_tail(V x, double added) {
   const KeyedDouble<V> k(x);
   const V e = added == 0.0 ? k.exponent() : k.exponent() - V(added);
   const auto log = gather<512>(kLnPairs, indices(k.key));
@@ -114,8 +111,6 @@ template <Double V>
 V ln_pairs(V x, double added) {
   const HeadTail<V> ln = ln_head_tail(x, added);
   return ln.head + ln.tail;
-  const HeadTail<V> log = ln_head_tail(x, added);
-  return log.head + log.tail;
 }
 
 inline int32_t ln_element(const double* px, double* r) {

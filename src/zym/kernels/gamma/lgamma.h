@@ -42,7 +42,8 @@ struct LogPlace {
 };
 
 // -ln |gamma(-a)|, a > 43 and no integer, but for the logarithm of sin(pi a): (a + 1/2) (ln(a) - 1) and the rest.
-// The logarithm of the sine is far too small to matter beyond double precision: results are -120 - ln |a - n| and below.
+// The logarithm of the sine is far too small to matter beyond double precision: results are -120 - ln |a - n| and
+// below.
 template <Double V>
 V rest_of_reflection(V a) {
   const V sine = Ln<V, Level::HA>::lanes(magnitude(Sinpi<V, Level::LA>::lanes(a)));
@@ -73,22 +74,20 @@ W reflection_of_single(W x) {
 
 // --- 32 bits --------------------------------------------------------------------------------------------------------
 
-// sLGamma LA: 2.0815 ulp at 0x1.1fc252p+0
-// sLGamma HA: 0.5000 ulp at -0x1.6358ep-130
-// sLGamma EP: 16.70 bits at 0x1.1fc252p+0
+// sLGamma LA: 2.3004 ulp at 0x1.1ffddp+0
+// sLGamma HA: 0.5222 ulp at 0x1.1ffa72p+0
+// sLGamma EP: 16.64 bits at 0x1.1fffbep+0
 template <Single V, Level L>
 struct LGamma<V, L> {
   static constexpr Knobs knobs = {.vectors = 2};
   static constexpr int kCoefficients = L == Level::HA ? 8 : L == Level::LA ? 6 : 4;
 
-  static Mask<V> special(V x) {
-    return complement((x >= V(-43.0f)) & (x <= V(gamma::Bounds<float>::log_overflow)));
-  }
+  static Mask<V> special(V x) { return complement((x >= V(-43.0f)) & (x <= V(gamma::Bounds<float>::log_overflow))); }
   static auto lanes(V x) {
     const Mask<V> pole = (x <= V(0.0f)) & (round<Direction::nearest>(x) == x);
-    return Masked{gamma::in_doubles([](auto y) __attribute__((always_inline)) {
-                    return gamma::log_of_single<kCoefficients>(y);
-                  }, x), pole};
+    return Masked{gamma::in_doubles(
+                      [](auto y) __attribute__((always_inline)) { return gamma::log_of_single<kCoefficients>(y); }, x),
+                  pole};
   }
   static Masked<V, Mask<V>> wide(V x) {
     const V r = gamma::in_doubles([](auto y) { return gamma::reflection_of_single(y); }, x);

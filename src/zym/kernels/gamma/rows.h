@@ -54,7 +54,8 @@ class Row {
     V terms[kRest / 2 - 1];
     gather_terms<kRest>(x, terms);
     const V third = fma(by_halves(terms, x * x), x, lowest.first) * x;
-    const HeadTail<V> second = product(x, fast_two_sum(lowest.second, third), fma(lowest_tails.first, x, lowest_tails.second));
+    const HeadTail<V> second =
+        product(x, fast_two_sum(lowest.second, third), fma(lowest_tails.first, x, lowest_tails.second));
     const HeadTail<V> first = product(x, fast_two_sum(heads.first, second.head), second.tail + tails.first);
     const HeadTail<V> sum = fast_two_sum(heads.second, first.head);
     return {sum.head, sum.tail + (first.tail + tails.second)};
@@ -93,8 +94,8 @@ class Row {
     const HeadTail<V> p = two_prod(x, a.head);
     return {p.head, fma(x, a.tail + more, p.tail)};
   }
-  // The polynomial with these coefficients, from the highest power down, joined by twos (Estrin 1960): the rows' latency
-  // is what lanes wait for.
+  // The polynomial with these coefficients, from the highest power down, joined by twos (Estrin 1960): the rows'
+  // latency is what lanes wait for.
   template <int N>
   static V by_halves(const V (&terms)[N], V x) {
     constexpr int kHalf = (N + 1) / 2;

@@ -1,8 +1,8 @@
 // Polynomials of the gamma function about the multiples of 1/4, a row each: row i, from -172 to 140, is about c = i/4
-// and holds 1 / (gamma(x) (x - m)) for i < 4, m the integer at most 0 that is nearest to c (the pole is divided out, what
-// is left is entire), and gamma(x) from 1 on. Rows 141 to 201 hold ln(gamma(x)) about 1 to 16, and row 202 what Stirling's
-// formula lacks of it from 16 on, in 1/x: ln(gamma(x)) - (x - 1/2) (ln(x) - 1). Numbers by tools/approx from the lines
-// marked //:.
+// and holds 1 / (gamma(x) (x - m)) for i < 4, m the integer at most 0 that is nearest to c (the pole is divided out,
+// what is left is entire), and gamma(x) from 1 on. Rows 141 to 201 hold ln(gamma(x)) about 1 to 16, and row 202 what
+// Stirling's formula lacks of it from 16 on, in 1/x: ln(gamma(x)) - (x - 1/2) (ln(x) - 1). Numbers by tools/approx from
+// the lines marked //:.
 #pragma once
 
 namespace orvik::zym {

@@ -28,7 +28,9 @@ struct TGamma<V, L> {
   }
   static auto lanes(V x) {
     const Mask<V> pole = sign_decides(x) & (round<Direction::nearest>(x) == x);
-    return Masked{gamma::in_doubles([](auto y) __attribute__((always_inline)) { return of_doubles(y); }, x), pole};
+    return Masked{gamma::in_doubles(
+                      [](auto y) __attribute__((always_inline)) { return of_doubles(y); }, x),
+                  pole};
   }
   static int32_t element(const float* px, float* r) {
     int32_t code;
@@ -76,15 +78,13 @@ V beyond_rows(V a, V x) {
   const HeadTail<V> product = two_prod(factor, log.head);
   const HeadTail<V> linear = two_prod(a, V(-kLog2E64));
   const HeadTail<V> sum = two_sum(product.head, linear.head);
-  const V products_tail = fma(factor, log.tail, fma(factor_tail, log.head, product.tail)) +
-                          fma(a, V(-kLog2ETail64), linear.tail);
+  const V products_tail =
+      fma(factor, log.tail, fma(factor_tail, log.head, product.tail)) + fma(a, V(-kLog2ETail64), linear.tail);
   const V correction = Row<V>(V(kStirlingRow - kGammaFirst)).increment(V(1.0) / a);
   const V tail = fma(correction, V(kLog2E64), sum.tail + products_tail);
 
-  const HeadTail<V> t =
-      two_sum(flip_sign(sum.head, x), select(negative, V(kLog2OfReflected), V(kLog2OfHalfRoot)));
-  const V t_tail =
-      t.tail + (flip_sign(tail, x) + select(negative, V(kLog2OfReflectedTail), V(kLog2OfHalfRootTail)));
+  const HeadTail<V> t = two_sum(flip_sign(sum.head, x), select(negative, V(kLog2OfReflected), V(kLog2OfHalfRoot)));
+  const V t_tail = t.tail + (flip_sign(tail, x) + select(negative, V(kLog2OfReflectedTail), V(kLog2OfHalfRootTail)));
   const V shifted = (t.head + t_tail) + V(Exp2Parts<V>::kShift);
   const Exp2Parts<V> power(shifted, (t.head - (shifted - V(Exp2Parts<V>::kShift))) + t_tail);
   const V y = fma(power.row, power.rest, power.row);

@@ -54,19 +54,13 @@ struct Frac {
   }
 };
 
+// A whole number's rest is a zero, an infinity's too, of which it must not be subtracted.
 template <class V, Level>
 struct Modf {
-  using E = Element<V>;
-  static auto special(V x) { return not_finite(x); }
   static Pair<V> lanes(V x) {
     const V whole = round<Direction::zero>(x);
-    return {whole, join_sign(x - whole, x)};
-  }
-  static int32_t element(const E* x, E* whole, E* rest) {
-    const E value = *x;
-    *whole = is_nan(value) ? value + value : value;
-    *rest = is_nan(value) ? value + value : zero_like(value);
-    return 0;
+    const Mask<V> is_whole = whole == x;
+    return {whole, join_sign(drop(is_whole, x) - drop(is_whole, whole), x)};
   }
 };
 

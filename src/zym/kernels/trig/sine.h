@@ -70,7 +70,6 @@ struct GridRest {  // sin(r) - r, cos(r) - 1
     cosine = z * horner(z, kGridCosine);
   }
 };
-// Without the sign.
 // As head and tail without the sign; |tail| is below 2^-12 of the head.
 template <Double V>
 [[gnu::always_inline]] inline HeadTail<V> grid_sine_parts(const GridPoint<V>& p, HeadTail<V> r) {
@@ -94,11 +93,6 @@ template <Double V>
   const V tail =
       fma(p.cosine, rest.cosine, fnma(p.sine, rest.sine + r.tail, fnma(p.sine_tail, r.head, p.cosine_tail + lost)));
   return {head, tail};
-}
-template <Double V>
-[[gnu::always_inline]] inline V grid_sine(const GridPoint<V>& p, HeadTail<V> r) {
-  const HeadTail<V> s = grid_sine_parts(p, r);
-  return flip_sign(s.head + s.tail, p.sign);
 }
 template <Double V>
 [[gnu::always_inline]] inline V grid_cosine(const GridPoint<V>& p, HeadTail<V> r) {

@@ -121,9 +121,10 @@ void expect_flushed() {
   for (int level = 0; level < 3; ++level) {
     const std::vector<E> tiny = {L::denorm_min(), -L::min() / 2};
     for (E r : run<E>("Erf", level, tiny)) EXPECT_EQ(r, 0);
-    for (E r : run<E>("Erfc", level, tiny)) EXPECT_EQ(r, 1);
+    const E few = level == 2 && sizeof(E) == 4 ? E(0x1p-11) : E(0);
+    for (E r : run<E>("Erfc", level, tiny)) EXPECT_NEAR(r, 1, few);
     for (E r : run<E>("Erfcx", level, tiny)) EXPECT_EQ(r, 1);
-    for (E r : run<E>("CdfNorm", level, tiny)) EXPECT_EQ(r, E(0.5));
+    for (E r : run<E>("CdfNorm", level, tiny)) EXPECT_NEAR(r, E(0.5), few);
     // Denormal results.
     EXPECT_EQ(run<E>("Erfc", level, {sizeof(E) == 4 ? E(9.8) : E(27.1)})[0], 0);
     EXPECT_EQ(run<E>("CdfNorm", level, {sizeof(E) == 4 ? E(-13.9) : E(-38.3)})[0], 0);

@@ -122,7 +122,8 @@ TYPED_TEST(Gamma, LGammaOfLargeNegativeNumbersIsNotReported) {
   for (E x : {E(-43.5), E(-100.25), E(-1000.5), E(-4194303.5)}) {
     const Outcome<E> got = evaluate<E>(row_of<E>("LGamma"), 1, x);
     EXPECT_EQ(got.code, 0);
-    EXPECT_NEAR(got.r1 / static_cast<E>(std::lgamma(static_cast<long double>(x))), 1, std::numeric_limits<E>::epsilon());
+    EXPECT_NEAR(got.r1 / static_cast<E>(std::lgamma(static_cast<long double>(x))), 1,
+                std::numeric_limits<E>::epsilon());
   }
 }
 
@@ -212,8 +213,8 @@ TYPED_TEST(Gamma, DenormalResultsAreFlushedWithTheirSignWhereTheModeSaysSo) {
 
 TYPED_TEST(Gamma, ResultsWithoutErrorHandlingAreThoseWithIt) {
   using E = TypeParam;
-  const std::vector<E> x = {this->inf, -this->inf, this->nan,     E(0),     E(-0.0),        this->tiny,      E(-3),
-                            E(-2.5),   E(1),       this->largest, E(-50.5), E(-190.5),      E(36),           E(172),
+  const std::vector<E> x = {this->inf, -this->inf, this->nan,     E(0),     E(-0.0),        this->tiny,     E(-3),
+                            E(-2.5),   E(1),       this->largest, E(-50.5), E(-190.5),      E(36),          E(172),
                             E(100.5),  E(-100.5),  this->last,    E(-43),   -this->largest, this->smallest, E(0.75)};
   for (const char* name : {"TGamma", "LGamma"}) {
     for (int level = 0; level < 3; ++level) {

@@ -1,4 +1,4 @@
-/* Random number streams: generators, stream records, images, side blocks, jumps.
+/* Random number streams: generators, stream records, images, side blocks, jumps. Distributions: qor_distributions.h.
  *
  * A stream is one heap record that holds all state of one random sequence. Two streams never interfere; a stream may
  * move between threads between calls but must not be used by two at once. Results are 32-bit statuses unless said
@@ -8,6 +8,7 @@
 
 #include <stdint.h>
 
+#include "orvik/qor_distributions.h"
 #include "orvik/qor_generators.h" /* ids and functions of the generators */
 
 /* Exported also where the library itself is built with hidden visibility. */
@@ -33,6 +34,7 @@ typedef enum OrvikQorStatus {
   ORVIK_QOR_REG_BAD_NBITS = -1011,
   ORVIK_QOR_PERIOD_ELAPSED = -1012,
   ORVIK_QOR_BAD_NSTREAMS = -1013,
+  ORVIK_QOR_NO_WORDS = -1014, /* the generator has no words of that many good bits */
   ORVIK_QOR_FILE_CLOSE = -1100,
   ORVIK_QOR_FILE_OPEN = -1101,
   ORVIK_QOR_FILE_WRITE = -1102,
@@ -45,6 +47,7 @@ typedef enum OrvikQorStatus {
   ORVIK_QOR_NO_RDRAND = -1130,
   ORVIK_QOR_RDRAND_FAILED = -1131,
   ORVIK_QOR_NO_AES = -1140,
+  ORVIK_QOR_NO_BLAS = -1160, /* no BLAS package was found for a triangular product */
   ORVIK_QOR_IMAGE_BAD_FORMAT = -1200,
   ORVIK_QOR_SHARED_NOT_FOUND = -3000,
   ORVIK_QOR_SHARED_TABLE_FULL = -3001

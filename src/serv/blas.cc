@@ -25,6 +25,7 @@ struct Routines {
   void (*syr)(Char, Int, const T*, const T*, Int, T*, Int, Length);
   void (*syrk)(Char, Char, Int, Int, const T*, const T*, Int, const T*, T*, Int, Length, Length);
   void (*trmm)(Char, Char, Char, Char, Int, Int, const T*, const T*, Int, T*, Int, Length, Length, Length, Length);
+  void (*tpmv)(Char, Char, Char, Int, const T*, T*, Int, Length, Length, Length);
   void (*potrf)(Char, Int, T*, Int, int32_t*, Length);
   void (*potri)(Char, Int, T*, Int, int32_t*, Length);
   void (*trtri)(Char, Char, Int, T*, Int, int32_t*, Length, Length);
@@ -70,9 +71,9 @@ bool find_all(char precision, Library& blas, Library& lapack, Routines<T>* r) {
   return blas.find(&r->gemm, precision, "gemm") && blas.find(&r->gemv, precision, "gemv") &&
          blas.find(&r->symm, precision, "symm") && blas.find(&r->syr, precision, "syr") &&
          blas.find(&r->syrk, precision, "syrk") && blas.find(&r->trmm, precision, "trmm") &&
-         lapack.find(&r->potrf, precision, "potrf") && lapack.find(&r->potri, precision, "potri") &&
-         lapack.find(&r->trtri, precision, "trtri") && lapack.find(&r->syev, precision, "syev") &&
-         lapack.find(&r->spevd, precision, "spevd");
+         blas.find(&r->tpmv, precision, "tpmv") && lapack.find(&r->potrf, precision, "potrf") &&
+         lapack.find(&r->potri, precision, "potri") && lapack.find(&r->trtri, precision, "trtri") &&
+         lapack.find(&r->syev, precision, "syev") && lapack.find(&r->spevd, precision, "spevd");
 }
 
 // The lock is not held over dlopen, whose own lock another thread may hold while it waits for ours; two threads that
@@ -169,6 +170,14 @@ int32_t trmm(char side, char uplo, char transa, char diag, int32_t m, int32_t n,
 }
 
 template <typename T>
+int32_t tpmv(char uplo, char trans, char diag, int32_t n, const T* ap, T* x, int32_t incx) {
+  const auto* r = routines<T>();
+  if (r == nullptr) return kMissing;
+  r->tpmv(&uplo, &trans, &diag, &n, ap, x, &incx, 1, 1, 1);
+  return 0;
+}
+
+template <typename T>
 int32_t potrf(char uplo, int32_t n, T* a, int32_t lda) {
   const auto* r = routines<T>();
   int32_t info = kMissing;
@@ -219,6 +228,7 @@ int32_t spevd(char jobz, char uplo, int32_t n, T* ap, T* w, T* z, int32_t ldz, T
   template int32_t syr(char, int32_t, Scalar<T>, const T*, int32_t, T*, int32_t);                                     \
   template int32_t syrk(char, char, int32_t, int32_t, Scalar<T>, const T*, int32_t, Scalar<T>, T*, int32_t);          \
   template int32_t trmm(char, char, char, char, int32_t, int32_t, Scalar<T>, const T*, int32_t, T*, int32_t);         \
+  template int32_t tpmv(char, char, char, int32_t, const T*, T*, int32_t);                                            \
   template int32_t potrf(char, int32_t, T*, int32_t);                                                                 \
   template int32_t potri(char, int32_t, T*, int32_t);                                                                 \
   template int32_t trtri(char, char, int32_t, T*, int32_t);                                                           \

@@ -52,6 +52,9 @@ int32_t syrk(char uplo, char trans, int32_t n, int32_t k, Scalar<T> alpha, const
 template <typename T>
 int32_t trmm(char side, char uplo, char transa, char diag, int32_t m, int32_t n, Scalar<T> alpha, const T* a,
              int32_t lda, T* b, int32_t ldb);
+// x = op(A) x, A triangular and packed
+template <typename T>
+int32_t tpmv(char uplo, char trans, char diag, int32_t n, const T* ap, T* x, int32_t incx);
 
 // The routines of LAPACK return its `info`, or kMissing.
 

@@ -195,6 +195,17 @@ TYPED_TEST(Blas, Trmm) {
   expect_same(r, combine(T(2), product(b, a.transposed()), T(0), b));
 }
 
+TYPED_TEST(Blas, TpmvTakesTheColumnsOfATriangle) {
+  using T = TypeParam;
+  const Matrix<T> a = lower_part(Matrix<T>(4, 4, 17)), x(4, 1, 18);
+  std::vector<T> packed;
+  for (int j = 0; j < 4; ++j)
+    for (int i = j; i < 4; ++i) packed.push_back(a.at(i, j));
+  Matrix<T> r = x;
+  EXPECT_EQ(blas::tpmv('L', 'N', 'N', 4, packed.data(), r.data.data(), 1), 0);
+  expect_same(r, product(a, x));
+}
+
 TYPED_TEST(Blas, PotrfFactors) {
   using T = TypeParam;
   const Matrix<T> a = positive_definite<T>(6, 16);

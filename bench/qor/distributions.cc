@@ -1,0 +1,146 @@
+// Speed of the distributions beside the standard library's, Boost's and GSL's, in one run: each comparison is timed in
+// turns (bench/support/paired.h). All sides draw from a Mersenne twister of 2^19937 - 1.
+//
+//   bench_distributions [SECONDS [NAME]]    of each comparison, 0.2 by default; prints a table
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "distribution_peers.h"
+#include "orvik/qor.h"
+#include "support/paired.h"
+
+namespace {
+
+using orvik::bench::Paired;
+using orvik::bench::Peer;
+
+double seconds = 0.2;
+
+// What a comparison with peers of a library must reach; 0: no goal.
+struct Goals {
+  double standard = 0, others = 0;
+};
+
+template <class T>
+struct Subject {
+  std::string name;
+  std::function<int32_t(OrvikStream stream, int32_t n, T* r)> draw;
+  std::vector<Peer<T>> peers;
+  Goals goals;
+};
+
+void print(const std::string& what, int32_t n, double ours, double peer, const std::string& name, double goal) {
+  char text[32] = "";
+  if (goal > 0) std::snprintf(text, sizeof text, ">= %g", goal);
+  if (peer > 0)
+    std::printf("| %s, n = %d, beside %s | %.3f | %.3f | %.2f | %s |\n", what.c_str(), n, name.c_str(), ours, peer,
+                peer / ours, text);
+  else
+    std::printf("| %s, n = %d | %.3f | | | |\n", what.c_str(), n, ours);
+  std::fflush(stdout);
+}
+
+template <class T>
+void compare(const Subject<T>& subject, int32_t n) {
+  OrvikStream stream;
+  const uint32_t seed = 777;
+  if (__qorNewStreamEx(&stream, ORVIK_BRNG_MT19937, 1, &seed) != 0) std::abort();
+  std::vector<T> r(static_cast<size_t>(n));
+  Paired paired;
+  paired.add("ours", [&](int64_t turns) {
+    for (; turns > 0; --turns)
+      if (subject.draw(stream, n, r.data()) < 0) std::abort();
+  });
+  for (const Peer<T>& peer : subject.peers)
+    paired.add(peer.name, [&](int64_t turns) {
+      for (; turns > 0; --turns) peer.fill(r.data(), n);
+    });
+  const std::vector<double> best = paired.measure(seconds);
+  if (subject.peers.empty()) print(subject.name, n, best[0] / n, 0, "", 0);
+  for (size_t k = 0; k < subject.peers.size(); ++k) {
+    const bool standard = subject.peers[k].name.starts_with("std");
+    print(subject.name, n, best[0] / n, best[k + 1] / n, subject.peers[k].name,
+          standard ? subject.goals.standard : subject.goals.others);
+  }
+  __qorDeleteStream(&stream);
+}
+
+template <class T>
+void run(const std::vector<Subject<T>>& subjects, const char* only) {
+  for (const Subject<T>& subject : subjects) {
+    if (only && subject.name.find(only) == std::string::npos) continue;
+    for (const int32_t n : {1000, 1000000}) compare(subject, n);
+  }
+}
+
+#define ORVIK_DRAW(T, Function, method, ...) \
+  [=](OrvikStream s, int32_t n, T* r) { return _qor##Function(method, s, n, r, __VA_ARGS__); }
+
+std::vector<Subject<double>> real() {
+  using namespace orvik::bench;
+  std::vector<Subject<double>> list = {
+      {"Uniform", ORVIK_DRAW(double, dRngUniform, 0, 0, 1), own_uniform(), {0, 0.95}},
+      {"Exponential", ORVIK_DRAW(double, dRngExponential, 0, 0, 1), exponential_peers(), {8, 2.5}},
+      {"Gaussian, method 0", ORVIK_DRAW(double, dRngGaussian, 0, 0, 1), gaussian_peers(), {5, 1.3}},
+      {"Gaussian, method 1", ORVIK_DRAW(double, dRngGaussian, 1, 0, 1), gaussian_peers(), {8, 2}},
+      {"Gaussian, method 2", ORVIK_DRAW(double, dRngGaussian, 2, 0, 1), gaussian_peers(), {8, 2}},
+      {"Gamma of shape 0.3", ORVIK_DRAW(double, dRngGamma, 0, 0.3, 0, 1), gamma_peers(0.3), {3, 3}},
+      {"Gamma of shape 0.8", ORVIK_DRAW(double, dRngGamma, 0, 0.8, 0, 1), gamma_peers(0.8), {3, 3}},
+      {"Gamma of shape 5", ORVIK_DRAW(double, dRngGamma, 0, 5, 0, 1), gamma_peers(5), {3, 3}},
+      {"Beta of shapes 0.3, 0.4", ORVIK_DRAW(double, dRngBeta, 0, 0.3, 0.4, 0, 1), beta_peers(0.3, 0.4), {3, 3}},
+      {"Beta of shapes 0.8, 0.7", ORVIK_DRAW(double, dRngBeta, 0, 0.8, 0.7, 0, 1), beta_peers(0.8, 0.7), {3, 3}},
+      {"Beta of shapes 0.5, 3", ORVIK_DRAW(double, dRngBeta, 0, 0.5, 3, 0, 1), beta_peers(0.5, 3), {3, 3}},
+      {"Beta of shapes 2, 5", ORVIK_DRAW(double, dRngBeta, 0, 2, 5, 0, 1), beta_peers(2, 5), {3, 3}},
+      {"ChiSquare of 4", ORVIK_DRAW(double, dRngChiSquare, 0, 4), chi_square_peers(4), {3, 3}},
+      {"ChiSquare of 15", ORVIK_DRAW(double, dRngChiSquare, 0, 15), chi_square_peers(15), {3, 3}},
+      {"ChiSquare of 50", ORVIK_DRAW(double, dRngChiSquare, 0, 50), chi_square_peers(50), {3, 3}},
+      {"Cauchy", ORVIK_DRAW(double, dRngCauchy, 0, 0, 1), cauchy_peers(), {}},
+      {"Weibull of shape 2.5", ORVIK_DRAW(double, dRngWeibull, 0, 2.5, 0, 1), weibull_peers(2.5), {}},
+      {"Lognormal", ORVIK_DRAW(double, dRngLognormal, 0, 0, 1, 0, 1), lognormal_peers(), {}},
+      {"Gumbel", ORVIK_DRAW(double, dRngGumbel, 0, 0, 1), {}, {}},
+      {"Laplace", ORVIK_DRAW(double, dRngLaplace, 0, 0, 1), {}, {}},
+      {"Rayleigh", ORVIK_DRAW(double, dRngRayleigh, 0, 0, 1), {}, {}},
+  };
+  return list;
+}
+
+std::vector<Subject<int32_t>> discrete() {
+  using namespace orvik::bench;
+  std::vector<Subject<int32_t>> list = {
+      {"Bernoulli of 0.3", ORVIK_DRAW(int32_t, iRngBernoulli, 0, 0.3), bernoulli_peers(0.3), {}},
+      {"Binomial of 40, 0.3", ORVIK_DRAW(int32_t, iRngBinomial, 0, 40, 0.3), binomial_peers(40, 0.3), {3, 3}},
+      {"Binomial of 1000, 0.3", ORVIK_DRAW(int32_t, iRngBinomial, 0, 1000, 0.3), binomial_peers(1000, 0.3), {3, 3}},
+      {"Binomial of 10^7, 0.2",
+       ORVIK_DRAW(int32_t, iRngBinomial, 0, 10000000, 0.2),
+       binomial_peers(10000000, 0.2),
+       {3, 3}},
+      {"Hypergeometric of 100, 30, 40",
+       ORVIK_DRAW(int32_t, iRngHypergeometric, 0, 100, 30, 40),
+       hypergeometric_peers(100, 30, 40),
+       {3, 3}},
+      {"Hypergeometric of 1000, 300, 400",
+       ORVIK_DRAW(int32_t, iRngHypergeometric, 0, 1000, 300, 400),
+       hypergeometric_peers(1000, 300, 400),
+       {3, 3}},
+      {"Hypergeometric of 10^6, 5000, 4000",
+       ORVIK_DRAW(int32_t, iRngHypergeometric, 0, 1000000, 5000, 4000),
+       hypergeometric_peers(1000000, 5000, 4000),
+       {3, 3}},
+      {"Geometric of 0.2", ORVIK_DRAW(int32_t, iRngGeometric, 0, 0.2), geometric_peers(0.2), {}},
+  };
+  return list;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc > 1) seconds = std::atof(argv[1]);
+  const char* const only = argc > 2 ? argv[2] : nullptr;
+  std::printf("| what | ours, ns | peer, ns | peer / ours | goal |\n|---|---|---|---|---|\n");
+  run(real(), only);
+  run(discrete(), only);
+  return 0;
+}

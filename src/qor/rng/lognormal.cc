@@ -1,0 +1,35 @@
+// Lognormal: the exponential function of normal numbers.
+#include "orvik/qor.h"
+#include "qor/rng/gaussian.h"
+#include "qor/rng/kernels.h"
+#include "qor/rng/loops.h"
+
+namespace orvik::qor {
+namespace {
+
+// The whole method word decides: the clamp bit chooses the inverse method as well. That is required.
+template <class T>
+int32_t lognormal(uint32_t method, OrvikStream stream, int32_t n, T* r, T a, T sigma, T b, T beta) {
+  const int32_t status = gaussian(method == 0 ? kBoxMullerPairs : kInverse, stream, n, r, a, sigma);
+  if (status >= 0 && n > 0) {
+    kernels::exp(n, r, r);
+    scale_and_shift(method, n, r, beta, b);
+  }
+  return status;
+}
+
+}  // namespace
+}  // namespace orvik::qor
+
+extern "C" {
+
+int32_t _qordRngLognormal(uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double sigma, double b,
+                          double beta) {
+  return orvik::qor::lognormal(method, stream, n, r, a, sigma, b, beta);
+}
+int32_t _qorsRngLognormal(uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float sigma, float b,
+                          float beta) {
+  return orvik::qor::lognormal(method, stream, n, r, a, sigma, b, beta);
+}
+
+}  // extern "C"

@@ -1,0 +1,112 @@
+// Distributions that are a chain of kernels over the array of uniforms: Cauchy, Exponential, Gumbel, Rayleigh, Weibull.
+#include "orvik/qor.h"
+#include "qor/rng/bracket.h"
+#include "qor/rng/callbacks.h"
+#include "qor/rng/exponential.h"
+#include "qor/rng/kernels.h"
+#include "qor/rng/loops.h"
+#include "qor/rng/uniforms.h"
+
+namespace orvik::qor {
+
+template <class T>
+int32_t exponential(uint32_t method, OrvikStream stream, int32_t n, T* r, T a, T beta) {
+  const EntryBracket bracket(always_ln_of_zero<T>);
+  Uniforms<T> uniforms(stream);
+  if (uniforms.draw(n, r) && n > 0) {
+    kernels::ln(n, r, r);
+    scale_and_shift(method, n, r, -beta, a);
+  }
+  return uniforms.status();
+}
+template int32_t exponential(uint32_t, OrvikStream, int32_t, double*, double, double);
+template int32_t exponential(uint32_t, OrvikStream, int32_t, float*, float, float);
+
+namespace {
+
+template <class T>
+int32_t cauchy(OrvikStream stream, int32_t n, T* r, T a, T beta) {
+  Uniforms<T> uniforms(stream);
+  if (uniforms.draw(n, r, -Precision<T>::kHalfPi, Precision<T>::kHalfPi) && n > 0) {
+    kernels::tan(n, r, r);
+    scale_and_shift(n, r, beta, a);
+  }
+  return uniforms.status();
+}
+
+template <class T>
+int32_t gumbel(OrvikStream stream, int32_t n, T* r, T a, T beta) {
+  const EntryBracket bracket(always_ln_of_zero<T>);
+  const int32_t status = exponential<T>(0, stream, n, r, 0, 1);
+  if (status >= 0 && n > 0) {
+    kernels::ln(n, r, r);
+    scale_and_shift(n, r, beta, a);
+  }
+  return status;
+}
+
+// The root of -ln u; what makes it a root of -2 ln u is the caller's beta.
+template <class T>
+int32_t rayleigh(uint32_t method, OrvikStream stream, int32_t n, T* r, T a, T beta) {
+  const EntryBracket bracket(ln_of_zero<T>);
+  Uniforms<T> uniforms(stream);
+  if (uniforms.draw(n, r) && n > 0) {
+    kernels::ln(n, r, r);
+    negate(n, r);
+    kernels::sqrt(n, r, r);
+    scale_and_shift(method, n, r, beta, a);
+  }
+  return uniforms.status();
+}
+
+template <class T>
+int32_t weibull(uint32_t method, OrvikStream stream, int32_t n, T* r, T alpha, T a, T beta) {
+  const EntryBracket bracket(ln_of_zero<T>);
+  Uniforms<T> uniforms(stream);
+  if (uniforms.draw(n, r) && n > 0) {
+    kernels::ln(n, r, r);
+    negate(n, r);
+    if (!(alpha == 1)) kernels::powx(n, r, 1 / alpha, r);
+    scale_and_shift(method, n, r, beta, a);
+  }
+  return uniforms.status();
+}
+
+}  // namespace
+}  // namespace orvik::qor
+
+extern "C" {
+
+int32_t _qordRngCauchy(uint32_t, OrvikStream stream, int32_t n, double* r, double a, double beta) {
+  return orvik::qor::cauchy(stream, n, r, a, beta);
+}
+int32_t _qorsRngCauchy(uint32_t, OrvikStream stream, int32_t n, float* r, float a, float beta) {
+  return orvik::qor::cauchy(stream, n, r, a, beta);
+}
+int32_t _qordRngExponential(uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double beta) {
+  return orvik::qor::exponential(method, stream, n, r, a, beta);
+}
+int32_t _qorsRngExponential(uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float beta) {
+  return orvik::qor::exponential(method, stream, n, r, a, beta);
+}
+int32_t _qordRngGumbel(uint32_t, OrvikStream stream, int32_t n, double* r, double a, double beta) {
+  return orvik::qor::gumbel(stream, n, r, a, beta);
+}
+int32_t _qorsRngGumbel(uint32_t, OrvikStream stream, int32_t n, float* r, float a, float beta) {
+  return orvik::qor::gumbel(stream, n, r, a, beta);
+}
+int32_t _qordRngRayleigh(uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double beta) {
+  return orvik::qor::rayleigh(method, stream, n, r, a, beta);
+}
+int32_t _qorsRngRayleigh(uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float beta) {
+  return orvik::qor::rayleigh(method, stream, n, r, a, beta);
+}
+int32_t _qordRngWeibull(uint32_t method, OrvikStream stream, int32_t n, double* r, double alpha, double a,
+                        double beta) {
+  return orvik::qor::weibull(method, stream, n, r, alpha, a, beta);
+}
+int32_t _qorsRngWeibull(uint32_t method, OrvikStream stream, int32_t n, float* r, float alpha, float a, float beta) {
+  return orvik::qor::weibull(method, stream, n, r, alpha, a, beta);
+}
+
+}  // extern "C"

@@ -48,10 +48,7 @@ void c_asin_wrong_cut(int32_t n, const Pair* a, Pair* r) {  // loses the sign of
   for (int32_t i = 0; i < n; ++i) r[i] = narrow(std::asin(C(a[i].re, a[i].im + 0.0f)));
 }
 void c_mul(int32_t n, const Pair* a, const Pair* b, Pair* r) {
-  for (int32_t i = 0; i < n; ++i) {
-    const double x = a[i].re, y = a[i].im, u = b[i].re, v = b[i].im;
-    r[i] = {static_cast<float>(x * u - y * v), static_cast<float>(x * v + y * u)};
-  }
+  for (int32_t i = 0; i < n; ++i) r[i] = narrow(wide(a[i]) * wide(b[i]));
 }
 void c_mul_narrow(int32_t n, const Pair* a, const Pair* b, Pair* r) {  // cancels in one part
   for (int32_t i = 0; i < n; ++i) r[i] = {a[i].re * b[i].re - a[i].im * b[i].im, a[i].re * b[i].im + a[i].im * b[i].re};

@@ -283,6 +283,14 @@ int bessel_upwards(mpfr_ptr r, long order, mpfr_srcptr x, mpfr_rnd_t rnd, F zero
   return mpfr_set(r, f, rnd);
 }
 
+// By the positive order: for negative ones MPFR has no expansion for large arguments and takes seconds at 10^4.
+template <class F>
+int of_order(F function, mpfr_ptr r, long order, mpfr_srcptr x, mpfr_rnd_t rnd) {
+  const int rounded = function(r, std::labs(order), x, rnd);
+  if (order < 0 && order % 2 != 0) mpfr_neg(r, r, rnd);
+  return rounded;
+}
+
 int bessel_j(mpfr_ptr r, long order, mpfr_srcptr x, mpfr_rnd_t rnd) {
   const bool odd = order % 2 != 0;
   if (mpfr_inf_p(x) || (mpfr_zero_p(x) && order != 0)) {
@@ -292,7 +300,7 @@ int bessel_j(mpfr_ptr r, long order, mpfr_srcptr x, mpfr_rnd_t rnd) {
   if (std::labs(order) > 1 && mpfr_cmpabs_ui(x, static_cast<unsigned long>(std::labs(order))) > 0) {
     return bessel_upwards(r, order, x, rnd, mpfr_j0, mpfr_j1);
   }
-  return mpfr_jn(r, order, x, rnd);
+  return of_order(mpfr_jn, r, order, x, rnd);
 }
 
 int bessel_y(mpfr_ptr r, long order, mpfr_srcptr x, mpfr_rnd_t rnd) {
@@ -306,7 +314,7 @@ int bessel_y(mpfr_ptr r, long order, mpfr_srcptr x, mpfr_rnd_t rnd) {
     return 0;
   }
   if (std::labs(order) > 1 && mpfr_sgn(x) > 0) return bessel_upwards(r, order, x, rnd, mpfr_y0, mpfr_y1);
-  return mpfr_yn(r, order, x, rnd);
+  return of_order(mpfr_yn, r, order, x, rnd);
 }
 
 int bessel_j0(mpfr_ptr r, mpfr_srcptr x, mpfr_rnd_t rnd) { return bessel_j(r, 0, x, rnd); }

@@ -176,7 +176,9 @@ void run_strided(const Body& body, int64_t first, int64_t n, const Operands& o, 
 
 void run_element_loop(const Body& body, int64_t n, const Operands& operands, const void* params) {
   const uint32_t mode = current_mode();
-  const ControlRegisters<> registers(mode);
+  // What a family's routine raises on the way counts for nothing here.
+  ControlRegisters<kSevereFlags | kUnderflowFlag> registers(mode);
+  *registers.kept() = ~uint32_t{body.stray};
   body.elements({body, mode, operands, params, nullptr, nullptr}, n);
 }
 

@@ -159,6 +159,7 @@ struct J1 : bessel::FirstKind<1, V> {};
 template <class V, Level L>
 struct Y0 : bessel::SecondKind<0, V> {};
 // sY1 HA: 0.5805 ulp at 0x1.5a012ap+5
+// dY1 HA: 0.5312 ulp at 0x1.49de378ed7aacp+5
 template <class V, Level L>
 struct Y1 : bessel::SecondKind<1, V> {};
 

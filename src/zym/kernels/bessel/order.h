@@ -203,6 +203,8 @@ inline bool changes_sign(Order p) { return p.order < 0 && p.order % 2 != 0; }
 
 }  // namespace bessel
 
+// sJn HA: 0.5000 ulp at order 1, 0x1p-149
+// dJn HA: 0.6667 ulp at order 3, 0x1.0000000000001p-339
 template <class V, Level L>
 struct Jn {
   static constexpr Knobs knobs = {.vectors = 1, .stray = kUnderflowFlag};
@@ -226,6 +228,8 @@ struct Jn {
   }
 };
 
+// sYn HA: 0.5000 ulp at order 1, 0x1.16fe1ap-19
+// dYn HA: 0.4984 ulp at 0x1p-766
 template <class V, Level L>
 struct Yn {
   // The filler is an argument where no order overflows.

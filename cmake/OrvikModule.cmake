@@ -33,7 +33,15 @@ add_library(orvik_any_processor_flags INTERFACE)
 target_link_libraries(orvik_any_processor_flags INTERFACE orvik_common_flags)
 target_compile_options(orvik_any_processor_flags INTERFACE ${ORVIK_LIBRARY_OPTIONS} ${ORVIK_ANY_PROCESSOR})
 
+# Sources that are compiled a second time for registers of 512 bits (src/lanes).
+set(ORVIK_WIDE_INSTRUCTIONS avx512f avx512dq avx512bw avx512vl)
+list(TRANSFORM ORVIK_WIDE_INSTRUCTIONS PREPEND -m OUTPUT_VARIABLE ORVIK_WIDE_LEVEL)
+add_library(orvik_wide_flags INTERFACE)
+target_compile_options(orvik_wide_flags INTERFACE ${ORVIK_WIDE_LEVEL})
+target_compile_definitions(orvik_wide_flags INTERFACE ORVIK_REGISTER_BITS=512)
+
 set_property(GLOBAL PROPERTY ORVIK_MODULES "")
+set_property(GLOBAL PROPERTY ORVIK_JOINED "")
 set_property(GLOBAL PROPERTY ORVIK_EXPORTS "")
 
 # orvik_module(NAME SOURCES ... [EXPORTS exports.txt ...] [ANY_PROCESSOR]): one folder of the library as an object library.
@@ -53,6 +61,22 @@ function(orvik_module name)
     set_property(GLOBAL APPEND PROPERTY ORVIK_EXPORTS ${file})
     target_sources(orvik_${name} PRIVATE ${file})  # so that a list that is generated is made
   endforeach()
+endfunction()
+
+# orvik_join_objects(NAME TARGET objects SHOW pattern): all objects of an object library as one file of the library, in which every
+# symbol is local but those of the pattern. What the compiler made for any file to share (inline functions, templates) thus stays
+# with the files that have their instructions.
+function(orvik_join_objects name)
+  cmake_parse_arguments(arg "" "TARGET;SHOW" "" ${ARGN})
+  set(joined ${PROJECT_BINARY_DIR}/joined/${name}.o)
+  add_custom_command(OUTPUT ${joined}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/joined
+    COMMAND ${CMAKE_CXX_COMPILER} -nostdlib -r -Wl,--force-group-allocation -o ${joined} $<TARGET_OBJECTS:${arg_TARGET}>
+    COMMAND ${CMAKE_OBJCOPY} --wildcard "--keep-global-symbol=${arg_SHOW}" ${joined}
+    DEPENDS ${arg_TARGET} $<TARGET_OBJECTS:${arg_TARGET}> COMMAND_EXPAND_LISTS VERBATIM)
+  add_custom_target(orvik_${name} DEPENDS ${joined})
+  set_property(GLOBAL APPEND PROPERTY ORVIK_JOINED orvik_${name})
+  set_property(TARGET orvik_${name} PROPERTY ORVIK_OBJECT ${joined})
 endfunction()
 
 # orvik_test(NAME SOURCES ... [LABELS ...] [LIBRARIES ...] [TIMEOUT s]): one GoogleTest program and one CTest entry of

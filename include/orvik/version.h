@@ -21,6 +21,10 @@ extern "C" {
  * instruction, so ask first where that can happen. */
 int32_t orvik_cpu_supported(void);
 
+/* Bits of the registers that the vector functions use: 512 where processor and operating system have them and the
+ * environment variable ORVIK_REGISTERS is not 256 when the library is loaded, else 256. Results are the same. */
+int32_t orvik_register_bits(void);
+
 #ifdef __cplusplus
 }
 #endif

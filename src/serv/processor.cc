@@ -89,6 +89,14 @@ uint32_t missing_features(const ProcessorWords& words) {
   return missing;
 }
 
+bool has_wide_registers(const ProcessorWords& words) {
+  constexpr uint32_t kInstructions = 1u << 16 | 1u << 17 | 1u << 30 | 1u << 31;  // AVX-512 F, DQ, BW, VL
+  // Beside the two of AVX: mask registers, upper halves of the first sixteen registers, the second sixteen.
+  constexpr uint32_t kSaved = 0xE6;
+  return missing_features(words) == 0 && (words.leaf7_ebx & kInstructions) == kInstructions &&
+         (words.xcr0 & kSaved) == kSaved;
+}
+
 int32_t describe_missing(uint32_t missing, char line[kMissingLineSize]) {
   if ((missing & kNoAvx) != 0) missing &= ~kNoSaving;  // there is nothing to save
   char* end = append(line, "orvik_kernel: this machine lacks ");

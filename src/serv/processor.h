@@ -18,6 +18,10 @@ ProcessorWords read_processor();
 // One bit for each thing that is missing; 0: the processor serves.
 uint32_t missing_features(const ProcessorWords& words);
 
+// Whether registers of 512 bits may be used: the instructions of ORVIK_WIDE_INSTRUCTIONS (cmake/OrvikModule.cmake), and an
+// operating system that saves these registers.
+bool has_wide_registers(const ProcessorWords& words);
+
 // The line that a program sees at load, with its newline and a final NUL. Returns its length.
 constexpr int32_t kMissingLineSize = 256;
 int32_t describe_missing(uint32_t missing, char line[kMissingLineSize]);

@@ -38,7 +38,9 @@ struct Kernel {
   static constexpr bool kScalarB = S.b == Kind::scalar || S.b == Kind::complex_scalar;
   static constexpr bool kTwoResults = S.results == 2;
   static constexpr Knobs kKnobs = Traits::knobs;
-  static constexpr int kVectors = kKnobs.vectors;
+  // Of 512 bits two vectors are a whole block, and twice the registers hold what goes with them.
+  static constexpr bool kWide = sizeof(V) == 64;
+  static constexpr int kVectors = kWide ? 2 : kKnobs.vectors;
   static constexpr int kBlock = kVectors * kWidth<V> > kMaxBlock ? kMaxBlock : kVectors* kWidth<V>;
 
   using Registers = ControlRegisters<kKnobs.stray>;
@@ -434,6 +436,10 @@ struct Kernel {
   }
 
   // --- whole calls --------------------------------------------------------------------------------------------------
+
+  // Calls that the narrow kernel serves in place of the wide one: no shorter call takes wide registers into use.
+  static constexpr bool is_short(int64_t n) { return kWide && n < kBlock; }
+  static constexpr bool is_short_strided(int64_t n) { return kWide && n <= kMaxBlock; }
 
   static Operands unit_operands(const A* a, const B* b, R* r1, R* r2) {
     return {{reinterpret_cast<const char*>(a), kBinary ? reinterpret_cast<const char*>(b) : nullptr},

@@ -40,15 +40,15 @@ bool allowed() {
 
 }  // namespace
 
+#if ORVIK_WIDE_REGISTERS
 // After the processor has been looked at, before the program's own start-up code.
 extern "C" [[gnu::constructor(102)]] void orvik_zym_choose_kernels() {
-#if ORVIK_WIDE_REGISTERS
   if (!allowed() || !orvik::serv::has_wide_registers(orvik::serv::read_processor())) return;
   for (const WideRow* row = orvik_zym_wide_rows; row->slots != nullptr; ++row) {
     for (int level = 0; level < 3; ++level) row->slots[level] = row->kernels[level];
   }
   register_bits = 512;
-#endif
 }
+#endif
 
 extern "C" int32_t orvik_register_bits(void) { return register_bits; }

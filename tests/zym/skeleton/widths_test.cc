@@ -1,0 +1,232 @@
+// Kernels of both widths side by side: every row, level, stride and variant, ordinary and special elements, arrays apart, in
+// place and overlapping: the same bits, reports, status and flags.
+//
+// Runs with ORVIK_REGISTERS=256, so that the table holds the narrow kernels; the wide ones take their place for a call.
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cerrno>
+#include <cfenv>
+#include <cstring>
+#include <limits>
+#include <random>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "orvik/version.h"
+#include "orvik/zym.h"
+#include "serv/processor.h"
+#include "support/rows.h"
+
+extern "C" {
+struct WideRow {
+  void** slots;
+  void* kernels[3];
+};
+extern const WideRow orvik_zym_wide_rows[];
+}
+
+namespace orvik::test {
+namespace {
+
+const WideRow* wide_row(void** slots) {
+  for (const WideRow* row = orvik_zym_wide_rows; row->slots != nullptr; ++row) {
+    if (row->slots == slots) return row;
+  }
+  return nullptr;
+}
+
+// The wide kernel in the slot of one level while it lives.
+class InPlace {
+ public:
+  InPlace(const WideRow& row, int level) : slot_(row.slots[level]), narrow_(slot_) { slot_ = row.kernels[level]; }
+  ~InPlace() { slot_ = narrow_; }
+  InPlace(const InPlace&) = delete;
+  InPlace& operator=(const InPlace&) = delete;
+
+ private:
+  void*& slot_;
+  void* narrow_;
+};
+
+std::vector<ZymErrorContext>* reports = nullptr;
+int32_t keep_report(ZymErrorContext* context) {
+  reports->push_back(*context);
+  if (context->index % 5 == 0) {
+    context->result1 = 0.5, context->result1Imag = -0.25;  // is written back
+  }
+  return context->index % 7 == 0;
+}
+
+// What a call leaves behind.
+struct Outcome {
+  std::vector<char> memory;
+  std::vector<ZymErrorContext> reports;
+  int32_t status, error, vector_flags, x87_flags;
+};
+
+std::string text_of(const ZymErrorContext& c) {
+  const double numbers[] = {c.arg1, c.arg2, c.result1, c.result2, c.arg1Imag, c.arg2Imag, c.result1Imag, c.result2Imag};
+  std::string text = std::string(c.functionName) + " " + std::to_string(c.code) + " at " + std::to_string(c.index);
+  for (double x : numbers) text += " " + std::to_string(std::bit_cast<uint64_t>(x));
+  return text;
+}
+
+// Elements of a row as raw numbers in one piece of memory, arrays behind each other.
+template <class E>
+std::vector<E> inputs(size_t count, uint64_t seed, int specials) {
+  using L = std::numeric_limits<E>;
+  const E special[] = {E(0),   E(-0.0),  E(1),          E(-1),   E(0.5),           E(2),     L::infinity(), -L::infinity(),
+                       L::quiet_NaN(), L::denorm_min(), -L::denorm_min(), L::min(), L::max(), -L::max(), E(1e30), E(-40)};
+  std::mt19937_64 random(seed);
+  std::uniform_real_distribution<E> plain(E(-10), E(10));
+  std::vector<E> x(count);
+  for (E& v : x) {
+    v = plain(random);
+    if (specials > 0 && random() % static_cast<uint64_t>(specials) == 0) v = special[random() % std::size(special)];
+    if (specials == 2 && random() % 2 == 0) {
+      using Bits = std::conditional_t<sizeof(E) == 4, uint32_t, uint64_t>;
+      v = std::bit_cast<E>(static_cast<Bits>(random()));
+      if (v != v) v = L::quiet_NaN();
+    }
+  }
+  return x;
+}
+
+// Where the arrays of a call lie in the memory, in elements, and their steps.
+struct Places {
+  const char* name;
+  size_t a, b, r1, r2;
+  int32_t steps[4];
+};
+constexpr size_t kArray = 1200;
+constexpr Places kPlaces[] = {
+    {"apart", 0, kArray, 2 * kArray, 3 * kArray, {1, 1, 1, 1}},
+    {"in place of a", 0, kArray, 0, 3 * kArray, {1, 1, 1, 1}},
+    {"in place of b", 0, kArray, kArray, 3 * kArray, {1, 1, 1, 1}},
+    {"unaligned", 3, kArray + 1, 2 * kArray + 5, 3 * kArray + 7, {1, 1, 1, 1}},
+};
+constexpr Places kStridedPlaces[] = {
+    {"apart", 0, kArray, 2 * kArray, 3 * kArray, {2, 1, 3, 2}},
+    {"backwards", kArray - 1, 2 * kArray - 1, 3 * kArray - 1, 4 * kArray - 1, {-1, -2, -1, -3}},
+    {"side by side", 0, kArray, 2 * kArray, 3 * kArray, {1, 1, 1, 1}},
+    {"one element read", 0, kArray, 2 * kArray, 3 * kArray, {0, 0, 1, 1}},
+    {"in place", 0, kArray, 0, 3 * kArray, {2, 1, 2, 1}},
+    {"overlapping", 0, kArray, 1, 3 * kArray, {2, 1, 2, 1}},
+};
+
+template <class E>
+Outcome outcome(const Row& row, int level, bool strided, const Variant& variant, const Places& places, int32_t n,
+                const std::vector<E>& memory, uint32_t mode) {
+  std::vector<E> x = memory;
+  const auto in = static_cast<size_t>(row.input_parts), out = static_cast<size_t>(row.output_parts);
+  rows::Call call;
+  call.a = &x[places.a * in], call.b = &x[places.b * in], call.r1 = &x[places.r1 * out], call.r2 = &x[places.r2 * out];
+  call.incA = places.steps[0], call.incB = places.steps[1], call.incR1 = places.steps[2], call.incR2 = places.steps[3];
+  std::copy(std::begin(variant.scalars), std::end(variant.scalars), call.scalars);
+  call.order = variant.order;
+  Outcome outcome;
+  reports = &outcome.reports;
+  _zymSetErrorCallBack(keep_report);
+  _zymSetMode(mode);
+  _zymClearErrStatus();
+  errno = 0;
+  std::feclearexcept(FE_ALL_EXCEPT);
+  rows::with_call(row, row.entries[strided ? 1 : 0][level], strided, call, [&](auto function) { function(n); });
+  uint16_t x87;
+  uint32_t vector;
+  asm volatile("fnstsw %0" : "=m"(x87));
+  asm volatile("stmxcsr %0" : "=m"(vector));
+  outcome.x87_flags = x87 & 0x3F;
+  outcome.vector_flags = static_cast<int32_t>(vector & 0x3F);
+  outcome.error = errno;
+  outcome.status = _zymGetErrStatus();
+  _zymClearErrorCallBack();
+  const char* bytes = reinterpret_cast<const char*>(x.data());
+  outcome.memory.assign(bytes, bytes + x.size() * sizeof(E));
+  return outcome;
+}
+
+constexpr uint32_t kModes[] = {ZYM_ERRMODE_CALLBACK | ZYM_ERRMODE_ERRNO, ZYM_ERRMODE_NOERR,
+                               ZYM_ERRMODE_IGNORE | ZYM_FLUSH_DENORMALS};
+
+int compared = 0;
+
+template <class E>
+void compare(const Row& row, bool strided) {
+  const WideRow* wide = wide_row(rows::table_row(row.index + (strided ? rows::kUnitRows : 0)));
+  if (wide == nullptr) return;
+  const auto one = [&](int level, const Variant& variant, const Places& places, int32_t n, const std::vector<E>& memory,
+                       uint32_t mode) {
+    const Outcome want = outcome(row, level, strided, variant, places, n, memory, mode);
+    const InPlace in_place(*wide, level);
+    const Outcome got = outcome(row, level, strided, variant, places, n, memory, mode);
+    ++compared;
+    const std::string where = std::string(row.name) + (strided ? "I " : " ") + kLevelNames[level] + " n " +
+                              std::to_string(n) + " " + places.name + " mode " + std::to_string(mode) + " order " +
+                              std::to_string(variant.order) + " scalar " + std::to_string(variant.scalars[0]);
+    EXPECT_EQ(want.reports.size(), got.reports.size()) << where;
+    for (size_t i = 0; i < std::min(want.reports.size(), got.reports.size()); ++i) {
+      ASSERT_EQ(text_of(want.reports[i]), text_of(got.reports[i])) << where;
+    }
+    ASSERT_EQ(want.status, got.status) << where;
+    ASSERT_EQ(want.error, got.error) << where;
+    ASSERT_EQ(want.vector_flags, got.vector_flags) << where;
+    ASSERT_EQ(want.x87_flags, got.x87_flags) << where;
+    if (want.memory == got.memory) return;
+    size_t at = 0;
+    while (std::memcmp(&want.memory[at], &got.memory[at], sizeof(E)) == 0) at += sizeof(E);
+    E x, y;
+    std::memcpy(&x, &want.memory[at], sizeof x), std::memcpy(&y, &got.memory[at], sizeof y);
+    const size_t number = at / sizeof(E), result = places.r1 * static_cast<size_t>(row.output_parts);
+    FAIL() << where << " number " << number << " (result from " << result << "): " << x << ", wide " << y;
+  };
+  std::vector<std::vector<E>> memories;
+  for (int specials : {0, 16, 2}) memories.push_back(inputs<E>(8 * kArray + 16, 20 + static_cast<uint64_t>(specials), specials));
+  for (int level = 0; level < 3; ++level) {
+    if (row.kernel(level) != level) continue;
+    for (const Variant& variant : variants_of(row)) {
+      for (const Places& places : strided ? std::span<const Places>(kStridedPlaces) : std::span<const Places>(kPlaces)) {
+        for (const std::vector<E>& memory : memories) {
+          for (uint32_t mode : kModes) {
+            for (int32_t n : {31, 33, 77, 300}) {
+              if (&memory != &memories[2] && mode != kModes[0] && n != 77) continue;
+              one(level, variant, places, n, memory, mode);
+              if (testing::Test::HasFailure()) return;
+            }
+          }
+        }
+      }
+    }
+  }
+}
+
+class Widths : public testing::TestWithParam<char> {};
+
+TEST_P(Widths, GiveTheSameBitsReportsAndFlags) {
+  if (!serv::has_wide_registers(serv::read_processor())) {
+    GTEST_SKIP() << "no registers of 512 bits here: the wide kernels were not run";
+  }
+  ASSERT_EQ(orvik_register_bits(), 256) << "run with ORVIK_REGISTERS=256";
+  compared = 0;
+  for (const Row& row : rows::all()) {
+    if (row.precision != GetParam() || row.shape == Shape::pack) continue;
+    for (bool strided : {false, true}) {
+      row.single() ? compare<float>(row, strided) : compare<double>(row, strided);
+      if (HasFailure()) return;
+    }
+  }
+  _zymSetMode(ZYM_ERRMODE_DEFAULT);
+  EXPECT_GE(compared, 2000);
+}
+INSTANTIATE_TEST_SUITE_P(Precisions, Widths, testing::Values('s', 'd', 'c', 'z'));
+
+TEST(Widths, EveryRowWithLanesHasBoth) {
+  int wide = 0;
+  for (const WideRow* row = orvik_zym_wide_rows; row->slots != nullptr; ++row) ++wide;
+  EXPECT_GE(wide, 300);
+}
+
+}  // namespace
+}  // namespace orvik::test

@@ -37,9 +37,9 @@ target_compile_options(orvik_any_processor_flags INTERFACE ${ORVIK_LIBRARY_OPTIO
 set(ORVIK_WIDE_INSTRUCTIONS avx512f avx512dq avx512bw avx512vl)
 list(TRANSFORM ORVIK_WIDE_INSTRUCTIONS PREPEND -m OUTPUT_VARIABLE ORVIK_WIDE_LEVEL)
 add_library(orvik_wide_flags INTERFACE)
-# g++ 12 takes the undefined sources of its own intrinsics for uninitialised variables.
+# g++ 12 takes the undefined sources of its own intrinsics for uninitialised variables; its unique symbols cannot be made local.
 target_compile_options(orvik_wide_flags INTERFACE ${ORVIK_WIDE_LEVEL}
-  $<$<CXX_COMPILER_ID:GNU>:-Wno-uninitialized -Wno-maybe-uninitialized>)
+  $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique -Wno-uninitialized -Wno-maybe-uninitialized>)
 target_compile_definitions(orvik_wide_flags INTERFACE ORVIK_REGISTER_BITS=512)
 
 set_property(GLOBAL PROPERTY ORVIK_MODULES "")

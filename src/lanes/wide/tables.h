@@ -39,10 +39,16 @@ struct ScalarIndices {  // in scalar registers, by way of memory: taking them ou
   }
 };
 
+// Where row 0 of a table would be whose first has the number First; no object is there.
+template <int First, class E>
+inline const void* row_zero(const E* table) {
+  return reinterpret_cast<const void*>(reinterpret_cast<uintptr_t>(table) - static_cast<uintptr_t>(First) * sizeof(E));
+}
+
 template <int First = 0>  // the number of the table's first row
 inline F64 gather(const double* table, Indices k) {
   // With a source and a mask of all lanes, so that the instruction waits for no older register.
-  return _mm512_mask_i64gather_pd(_mm512_setzero_pd(), 0xFF, k.v, table - First, 8);
+  return _mm512_mask_i64gather_pd(_mm512_setzero_pd(), 0xFF, k.v, row_zero<First>(table), 8);
 }
 // Both columns of a table of 16-byte rows.
 template <int First = 0>
@@ -75,7 +81,7 @@ inline Quad<F64> gather(const double (*table)[4], Indices k) {
 // Sixteen floats; indices of 32 bits, not negative.
 template <int First = 0>
 inline F32 gather(const float* table, I32 index) {
-  return _mm512_mask_i32gather_ps(_mm512_setzero_ps(), 0xFFFF, index.v, table - First, 4);
+  return _mm512_mask_i32gather_ps(_mm512_setzero_ps(), 0xFFFF, index.v, row_zero<First>(table), 4);
 }
 
 }  // namespace orvik

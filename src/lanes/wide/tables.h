@@ -22,20 +22,20 @@ inline I32 look_up(I32 table, I32 index) { return _mm512_permutexvar_epi32(index
 inline I64 look_up(I64 table, I64 index) { return _mm512_permutexvar_epi32(index.v, table.v); }
 inline F32 look_up(F32 table, I32 index) { return _mm512_permutexvar_ps(index.v, table.v); }
 
-// --- in memory: single numbers by the gather instruction, rows of several by loads of them ----------------------------
+// --- in memory: one and two columns by the gather instruction, rows of four by loads of them --------------------------
 
 struct Indices {  // of eight lanes
   __m512i v;
   explicit Indices(I64 index) : v(index.v) {}
   explicit Indices(I32Half index) : v(_mm512_cvtepu32_epi64(index.v)) {}  // not negative
 };
-struct ScalarIndices {  // in scalar registers, by way of memory: taking them out of a register takes arithmetic ports
-  int64_t i[8];
+struct ScalarIndices {  // in memory, for scalar registers: taking them out of a vector keeps arithmetic ports busy
+  alignas(64) int64_t i[8];
   explicit ScalarIndices(Indices k) {
-    alignas(64) int64_t row[8];
-    _mm512_store_si512(row, k.v);
-    asm("" : "+m"(row));
-    for (int j = 0; j < 8; ++j) i[j] = row[j];
+    // By halves: what is stored by 64 bytes has to reach the cache before parts of it can be loaded.
+    _mm256_store_si256(reinterpret_cast<__m256i*>(i), low_256(k.v));
+    _mm256_store_si256(reinterpret_cast<__m256i*>(i + 4), high_256(k.v));
+    asm("" : "+m"(i));  // which the compiler would see through
   }
 };
 
@@ -53,14 +53,10 @@ inline F64 gather(const double* table, Indices k) {
 // Both columns of a table of 16-byte rows.
 template <int First = 0>
 inline Pair<F64> gather(const double (*table)[2], Indices k) {
-  const ScalarIndices s(k);
-  const auto rows = [&](int at) {  // in every other lane of the index
-    const auto row = [&](int j) { return _mm_loadu_pd(table[s.i[at + 2 * j] - First]); };
-    const __m256d low = _mm256_insertf128_pd(_mm256_castpd128_pd256(row(0)), row(1), 1);
-    return _mm512_insertf64x2(_mm512_insertf64x2(_mm512_castpd256_pd512(low), row(2), 2), row(3), 3);
-  };
-  const __m512d even = rows(0), odd = rows(1);
-  return {_mm512_unpacklo_pd(even, odd), _mm512_unpackhi_pd(even, odd)};
+  const __m512i at = _mm512_slli_epi64(k.v, 1);
+  const auto* first = static_cast<const double*>(row_zero<2 * First>(&table[0][0]));
+  return {_mm512_mask_i64gather_pd(_mm512_setzero_pd(), 0xFF, at, first, 8),
+          _mm512_mask_i64gather_pd(_mm512_setzero_pd(), 0xFF, at, first + 1, 8)};
 }
 // The four columns of a table of 32-byte rows.
 template <int First = 0>

@@ -1,5 +1,6 @@
 // The kernels that the dispatch table holds: of 256 bits as it is linked, of 512 from the load on where the processor and
-// the operating system have such registers. This file is compiled for any x86-64 processor; see serv/processor.cc.
+// the operating system have such registers. What lists both (registers.h) refers to this file, so that it comes with the table
+// also out of a static library. This file is compiled for any x86-64 processor; see serv/processor.cc.
 #include <errno.h>
 #include <stdint.h>
 #include <stdlib.h>
@@ -7,19 +8,13 @@
 
 #include "orvik/version.h"
 #include "serv/processor.h"
+#include "zym/frame/registers.h"
 
 namespace {
 
 int32_t register_bits = 256;
 
 #if ORVIK_WIDE_REGISTERS
-// A row's slots and what they hold then, the last row null; beside the table, which brings this file with it.
-struct WideRow {
-  void** slots;
-  void* kernels[3];
-};
-extern "C" const WideRow orvik_zym_wide_rows[];
-
 bool same(const char* a, const char* b) {
   while (*a != '\0' && *a == *b) ++a, ++b;
   return *a == *b;
@@ -44,8 +39,8 @@ bool allowed() {
 // After the processor has been looked at, before the program's own start-up code.
 extern "C" [[gnu::constructor(102)]] void orvik_zym_choose_kernels() {
   if (!allowed() || !orvik::serv::has_wide_registers(orvik::serv::read_processor())) return;
-  for (const WideRow* row = orvik_zym_wide_rows; row->slots != nullptr; ++row) {
-    for (int level = 0; level < 3; ++level) row->slots[level] = row->kernels[level];
+  for (const auto* row = orvik::zym::orvik_zym_wide_rows; row->slots != nullptr; ++row) {
+    for (int level = 0; level < 3; ++level) row->slots[level] = row->wide[level];
   }
   register_bits = 512;
 }

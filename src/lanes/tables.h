@@ -51,6 +51,17 @@ inline Twice<T> look_up(Twice<T> table, Twice<I> index) {
   return {look_up(table.low, index.low), look_up(table.high, index.high)};
 }
 
+// One of sixteen floats by the low four bits of the index.
+template <class V>
+inline V look_up_16(const float* table, Integer<V> index) {
+  if constexpr (std::is_same_v<V, F32>) {
+    return look_up_in_sixteen(table, index);
+  } else {
+    using Half = decltype(V::low);
+    return {look_up_16<Half>(table, index.low), look_up_16<Half>(table, index.high)};
+  }
+}
+
 // --- in memory ------------------------------------------------------------------------------------------------------
 
 inline Indices indices(I64 index) { return Indices(index); }

@@ -228,6 +228,8 @@ TEST(Gathers, TakeTheRowsThatTheIndicesName) {
 TEST(Tables, InRegistersAreReadByTheLowBitsOfTheIndex) {
   const float quad[4] = {1, 2, 3, 4}, octet[8] = {1, 2, 3, 4, 5, 6, 7, 8};
   const uint32_t words[8] = {1, 2, 3, 4, 5, 6, 7, 8};
+  float sixteen[16];
+  for (int i = 0; i < 16; ++i) sixteen[i] = static_cast<float>(100 + i);
   constexpr int kCount = kWidth<F32>;
   for (int first = 0; first < 40; ++first) {
     float index[kCount], got[kCount];
@@ -237,6 +239,8 @@ TEST(Tables, InRegistersAreReadByTheLowBitsOfTheIndex) {
     for (int i = 0; i < kCount; ++i) ASSERT_EQ(got[i], quad[(first + 3 * i) % 4]);
     store(got, look_up(octet_table<F32>(octet), k));
     for (int i = 0; i < kCount; ++i) ASSERT_EQ(got[i], octet[(first + 3 * i) % 8]);
+    store(got, look_up_16<F32>(sixteen, k));
+    for (int i = 0; i < kCount; ++i) ASSERT_EQ(got[i], sixteen[(first + 3 * i) % 16]);
     store(got, to_float(look_up(octet_table<F32>(words), k)));
     for (int i = 0; i < kCount; ++i) ASSERT_EQ(got[i], octet[(first + 3 * i) % 8]);
   }

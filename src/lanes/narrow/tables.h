@@ -21,6 +21,11 @@ inline F32 select_in_quad(F32 table, I32 index) { return _mm256_permutevar_ps(ta
 inline I32 look_up(I32 table, I32 index) { return _mm256_permutevar8x32_epi32(table.v, index.v); }
 inline I64 look_up(I64 table, I64 index) { return _mm256_permutevar8x32_epi32(table.v, index.v); }
 inline F32 look_up(F32 table, I32 index) { return _mm256_permutevar8x32_ps(table.v, index.v); }
+// One of sixteen floats by the low four bits.
+inline F32 look_up_in_sixteen(const float* table, I32 index) {
+  const F32 upper = as_float(shift_left<28>(index));
+  return select(sign_decides(upper), look_up(octet_register(table + 8), index), look_up(octet_register(table), index));
+}
 
 // --- in memory: rows are single loads, since the gather instruction is slower on some processors and no faster on the
 // others -------------------------------------------------------------------------------------------------------------

@@ -21,6 +21,10 @@ inline F32 select_in_quad(F32 table, I32 index) { return _mm512_permutevar_ps(ta
 inline I32 look_up(I32 table, I32 index) { return _mm512_permutexvar_epi32(index.v, table.v); }
 inline I64 look_up(I64 table, I64 index) { return _mm512_permutexvar_epi32(index.v, table.v); }
 inline F32 look_up(F32 table, I32 index) { return _mm512_permutexvar_ps(index.v, table.v); }
+// One of sixteen floats by the low four bits.
+inline F32 look_up_in_sixteen(const float* table, I32 index) {
+  return _mm512_permutexvar_ps(index.v, _mm512_loadu_ps(table));
+}
 
 // --- in memory: one and two columns by the gather instruction, rows of four by loads of them --------------------------
 

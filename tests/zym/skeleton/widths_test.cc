@@ -144,7 +144,7 @@ Outcome outcome(const Row& row, int level, bool strided, const Variant& variant,
 constexpr uint32_t kModes[] = {ZYM_ERRMODE_CALLBACK | ZYM_ERRMODE_ERRNO, ZYM_ERRMODE_NOERR,
                                ZYM_ERRMODE_IGNORE | ZYM_FLUSH_DENORMALS};
 
-int compared = 0;
+int compared[2];  // calls of unit stride, of others
 
 template <class E>
 void compare(const Row& row, bool strided) {
@@ -157,7 +157,7 @@ void compare(const Row& row, bool strided) {
       return outcome(row, level, strided, variant, places, n, memory, mode);
     };
     const Outcome want = with(wide->narrow[level]), got = with(wide->wide[level]);
-    ++compared;
+    ++compared[strided ? 1 : 0];
     const std::string where = std::string(row.name) + (strided ? "I " : " ") + kLevelNames[level] + " n " +
                               std::to_string(n) + " " + places.name + " mode " + std::to_string(mode) + " order " +
                               std::to_string(variant.order) + " scalar " + std::to_string(variant.scalars[0]);
@@ -203,7 +203,7 @@ TEST_P(Widths, GiveTheSameBitsReportsAndFlags) {
   if (!serv::has_wide_registers(serv::read_processor())) {
     GTEST_SKIP() << "no registers of 512 bits here: the wide kernels were not run";
   }
-  compared = 0;
+  compared[0] = compared[1] = 0;
   for (const Row& row : rows::all()) {
     if (row.precision != GetParam() || row.shape == Shape::pack) continue;
     for (bool strided : {false, true}) {
@@ -212,7 +212,7 @@ TEST_P(Widths, GiveTheSameBitsReportsAndFlags) {
     }
   }
   _zymSetMode(ZYM_ERRMODE_DEFAULT);
-  EXPECT_GE(compared, 2000);
+  for (int calls : compared) EXPECT_GE(calls, 1000);
 }
 INSTANTIATE_TEST_SUITE_P(Precisions, Widths, testing::Values('s', 'd', 'c', 'z'));
 

@@ -82,7 +82,8 @@ struct Setup {
   };
 };
 
-// P(0) = p^a may be too small for its type: the walk has its unit at the mode, and begins and ends where nothing is lost.
+// P(0) = p^a may be too small for its type: the walk has its unit at the mode, and begins and ends where nothing is
+// lost.
 void build_walk(Walk& walk, const Key& key) {
   constexpr double kNothing = 1e-22;
   const double mode = key.mode();

@@ -108,9 +108,8 @@ bool by_normals_and_table(Uniforms<double>& uniforms, const Setup& s, int32_t n,
 bool by_normals(Uniforms<double>& uniforms, double mean, int32_t n, int32_t* r) {
   double lambda[kCounts];
   std::fill_n(lambda, std::clamp(n, 0, kCounts), mean);
-  return for_each_block<kCounts>(n, [&](int32_t first, int32_t count) {
-    return counts_of_drawn_normals(uniforms, count, lambda, r + first);
-  });
+  return for_each_block<kCounts>(
+      n, [&](int32_t first, int32_t count) { return counts_of_drawn_normals(uniforms, count, lambda, r + first); });
 }
 
 int32_t poisson(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double lambda) {

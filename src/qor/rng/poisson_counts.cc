@@ -1,5 +1,5 @@
-// The quantile of Poisson's distribution up to 1 / lambda (Cornish, Fisher 1937; Giles 2016) and its distribution function
-// by the uniform expansion of the incomplete gamma function (Temme 1979).
+// The quantile of Poisson's distribution up to 1 / lambda (Cornish, Fisher 1937; Giles 2016) and its distribution
+// function by the uniform expansion of the incomplete gamma function (Temme 1979).
 #include "qor/rng/poisson_counts.h"
 
 #include <algorithm>
@@ -30,9 +30,9 @@ double beyond_erfc(double eta, double k) {
       eta * (0.083333333333333333 +
              eta * (-0.014814814814814815 +
                     eta * (0.0011574074074074074 +
-                           eta * (0.00035273368606701940 + eta * (-0.00017875514403292181 +
-                                                                  eta * (0.000039192631785224378 -
-                                                                         eta * 0.0000021854485106799922))))));
+                           eta * (0.00035273368606701940 +
+                                  eta * (-0.00017875514403292181 +
+                                         eta * (0.000039192631785224378 - eta * 0.0000021854485106799922))))));
   const double first = -0.0018518518518518519 +
                        eta * (-0.0034722222222222222 +
                               eta * (0.0026455026455026455 + eta * (-0.00099022633744855967 + eta * 0.00020576131687)));
@@ -51,8 +51,8 @@ int32_t counts_of_normals(int32_t n, const T* z, const double* lambda, double er
                             w * (1.0 / 36 + square * (1.0 / 72)) / sigma +
                             (-8.0 / 405 + square * (7.0 / 810 + square * (1.0 / 270))) / lambda[i];
     // The first: of the series, for means from 27 and |w| up to 8.
-    const double gap = (0.05 + square * square * square * 0.001) / (lambda[i] * sigma) +
-                       sigma * error * std::max(1.0, std::fabs(w));
+    const double gap =
+        (0.05 + square * square * square * 0.001) / (lambda[i] * sigma) + sigma * error * std::max(1.0, std::fabs(w));
     const double highest = std::floor(quantile + gap);
     low[i] = quantile - gap;
     // Of a mean that is infinite the quantile may be no number.

@@ -100,8 +100,9 @@ void inversion(Uniforms<float>& uniforms, const Setup& s, int32_t n, int32_t* r)
 }
 
 struct Target {
-  double n, m, odds, highest;
-  explicit Target(const Setup& s) : n(s.key.trials), m(s.hat.mode), odds(s.p / s.q), highest(s.key.trials) {}
+  double n, m, odds, highest, variance;
+  explicit Target(const Setup& s)
+      : n(s.key.trials), m(s.hat.mode), odds(s.p / s.q), highest(s.key.trials), variance(n * s.p * s.q) {}
 
   // ln of m! (n - m)! / (y! (n - y)!) odds^(y - m)
   void log_ratio(int32_t count, const double* y, double* r) const {

@@ -37,9 +37,9 @@ struct TriangleHat {
   }
 };
 
-// target.log_ratio(n, y, r): logarithms of the probabilities of y by that of the mode; target.highest.
-// What leaves the triangle is decided by the exact test at once: for lists of candidates its logarithms cost less than
-// the branches of squeezes, whose answers are the same.
+// target.log_ratio(n, y, r): logarithms of the probabilities of y by that of the mode; target.highest;
+// target.variance. What leaves the triangle is decided in lists: most by a squeeze about the logarithm of the normal
+// density (Kachitvichyanukul, Schmeiser 1988), whose answers are the exact test's, the others by that test.
 template <class Target>
 class HatBatch {
  public:
@@ -73,36 +73,57 @@ class HatBatch {
 
  private:
   void decide(int32_t n, const int32_t* at, const float* w, double* y, bool* accepted) {
-    double u[kCandidates], v[kCandidates], logarithm[kCandidates], k[kCandidates];
-    bool possible[kCandidates];
+    double place[kCandidates], height[kCandidates];
+    int32_t tails[kCandidates], in_tails = 0;
     for (int32_t i = 0; i < n; ++i) {
-      u[i] = static_cast<double>(w[2 * at[i]]) * hat_.p4;
-      v[i] = static_cast<double>(w[2 * at[i] + 1]);
+      const double u = static_cast<double>(w[2 * at[i]]) * hat_.p4, v = static_cast<double>(w[2 * at[i] + 1]);
+      const double x = hat_.xl + (u - hat_.p1) / hat_.c;
+      height[i] = v * hat_.c + 1 - std::fabs(hat_.mode - x + 0.5) / hat_.p1;
+      place[i] = std::floor(x);
+      tails[in_tails] = i;
+      in_tails += !(u <= hat_.p2);
     }
+    place_in_tails(in_tails, tails, at, w, place, height);
+    for (int32_t i = 0; i < n; ++i) {
+      const bool possible = (height[i] <= 1) & (place[i] >= 0) & (place[i] <= target_.highest);
+      place[i] = possible ? place[i] : hat_.mode;
+      height[i] = possible ? std::max(height[i], std::numeric_limits<double>::min()) : 2;  // above all probabilities
+    }
+    kernels::ln.call(Level::high, n, height, height);
+    const double spread = target_.variance, inverse = 1 / spread, far = spread * 0.5 - 1;
+    int32_t open[kCandidates], opened = 0;
+    for (int32_t i = 0; i < n; ++i) {
+      const double k = std::fabs(place[i] - hat_.mode);
+      const double rho = (k * inverse) * ((k * (k * (1.0 / 3) + 0.625) + 1.0 / 6) * inverse + 0.5);
+      const double t = k * k * inverse * -0.5;
+      const bool squeezes = (k > 20) & (k < far), accepts = squeezes & (height[i] < t - rho);
+      accepted[at[i]] = accepts;
+      y[at[i]] = place[i];
+      open[opened] = i;
+      opened += !(accepts | (squeezes & (height[i] > t + rho)));
+    }
+    if (opened > 0) test(opened, open, place, height, at, accepted);
+  }
+
+  void place_in_tails(int32_t n, const int32_t* tails, const int32_t* at, const float* w, double* place,
+                      double* height) {
+    double v[kCandidates], logarithm[kCandidates];
+    for (int32_t j = 0; j < n; ++j) v[j] = static_cast<double>(w[2 * at[tails[j]] + 1]);
     kernels::ln.call(Level::high, n, v, logarithm);
-    for (int32_t i = 0; i < n; ++i) {
-      double place, height = v[i];
-      if (u[i] <= hat_.p2) {
-        const double x = hat_.xl + (u[i] - hat_.p1) / hat_.c;
-        height = height * hat_.c + 1 - std::fabs(hat_.mode - x + 0.5) / hat_.p1;
-        place = std::floor(x);
-      } else if (u[i] <= hat_.p3) {
-        place = std::floor(hat_.xl + logarithm[i] / hat_.left);
-        height *= (u[i] - hat_.p2) * hat_.left;
-      } else {
-        place = std::floor(hat_.xr - logarithm[i] / hat_.right);
-        height *= (u[i] - hat_.p3) * hat_.right;
-      }
-      possible[i] = height <= 1 && place >= 0 && place <= target_.highest;
-      k[i] = possible[i] ? place : hat_.mode;
-      v[i] = std::max(height, std::numeric_limits<double>::min());
+    for (int32_t j = 0; j < n; ++j) {
+      const double u = static_cast<double>(w[2 * at[tails[j]]]) * hat_.p4;
+      const bool to_left = u <= hat_.p3;
+      place[tails[j]] = std::floor(to_left ? hat_.xl + logarithm[j] / hat_.left : hat_.xr - logarithm[j] / hat_.right);
+      height[tails[j]] = v[j] * (to_left ? (u - hat_.p2) * hat_.left : (u - hat_.p3) * hat_.right);
     }
-    kernels::ln.call(Level::high, n, v, logarithm);
-    target_.log_ratio(n, k, v);
-    for (int32_t i = 0; i < n; ++i) {
-      accepted[at[i]] = possible[i] && logarithm[i] <= v[i];
-      y[at[i]] = k[i];
-    }
+  }
+
+  void test(int32_t n, const int32_t* open, const double* place, const double* logarithm, const int32_t* at,
+            bool* accepted) {
+    double k[kCandidates], ratio[kCandidates];
+    for (int32_t j = 0; j < n; ++j) k[j] = place[open[j]];
+    target_.log_ratio(n, k, ratio);
+    for (int32_t j = 0; j < n; ++j) accepted[at[open[j]]] = logarithm[open[j]] <= ratio[j];
   }
 
   Uniforms<float>& uniforms_;

@@ -286,7 +286,8 @@ TEST_P(EveryEntry, EndsWithItsStatusWhenACallersNumbersRunDry) {
   EXPECT_EQ(dry + refused, 3);
   EXPECT_EQ(ThreadState(), before);
   const bool needs_good_words = GetParam().name == "iUniformBits32" || GetParam().name == "iUniformBits64";
-  EXPECT_EQ(dry > 0, !needs_good_words);
+  const bool takes_turns = GetParam().name == "iMultinomial_poisson_of_many";  // of doubles and floats
+  EXPECT_EQ(dry > 0, !needs_good_words && !takes_turns);
 }
 
 }  // namespace

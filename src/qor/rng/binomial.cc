@@ -59,6 +59,7 @@ void build(Setup& s, const Setup::Key& key) {
   const double xl = m + 0.5 - half, xr = m + 0.5 + half, c = 0.134 + 20.5 / (15.3 + m);
   const double left = (ffm - xl) / (ffm - xl * p), right = (xr - ffm) / (xr * q);
   s.hat.set(m, half, c, left * (1 + 0.5 * left), right * (1 + 0.5 * right), c, c);
+  s.hat.set_near([&](double k) { return k < n ? (n - k) / (k + 1) * (p / q) : 0; });
 }
 
 // The walk from 0: u less the probabilities until one is not below what is left. last + 1: past the end.

@@ -14,11 +14,13 @@
 namespace orvik::qor {
 
 struct TriangleHat {
-  double mode;            // the most probable number
-  double xm, xl, xr;      // middle and ends of the parallelogram
-  double c;               // its height above the triangle
-  double left, right;     // rates of the tails
-  double p1, p2, p3, p4;  // areas, summed: triangle, parallelogram, left tail, right tail
+  static constexpr int32_t kNear = 256;
+  double near[2 * kNear + 1];  // probabilities by that of the mode, of the numbers up to kNear away from it
+  double mode;                 // the most probable number
+  double xm, xl, xr;           // middle and ends of the parallelogram
+  double c;                    // its height above the triangle
+  double left, right;          // rates of the tails
+  double p1, p2, p3, p4;       // areas, summed: triangle, parallelogram, left tail, right tail
 
   // half: of the width; heights of the tails where they begin.
   void set(double m, double half, double height, double left_rate, double right_rate, double left_height,
@@ -35,11 +37,22 @@ struct TriangleHat {
     p3 = p2 + left_height / left;
     p4 = p3 + right_height / right;
   }
+
+  // step(k): P(k + 1) / P(k); 0 beyond the last number.
+  template <class Step>
+  void set_near(Step step) {
+    near[kNear] = 1;
+    for (int32_t i = 0; i < kNear; ++i) {
+      near[kNear + i + 1] = near[kNear + i] * step(mode + i);
+      near[kNear - i - 1] = mode - i > 0 ? near[kNear - i] / step(mode - i - 1) : 0;
+    }
+  }
 };
 
 // target.log_ratio(n, y, r): logarithms of the probabilities of y by that of the mode; target.highest;
-// target.variance. What leaves the triangle is decided in lists: most by a squeeze about the logarithm of the normal
-// density (Kachitvichyanukul, Schmeiser 1988), whose answers are the exact test's, the others by that test.
+// target.variance. What leaves the triangle is decided in lists: near the mode by a table; further away most by a
+// squeeze about the logarithm of the normal density (Kachitvichyanukul, Schmeiser 1988), whose answers are the exact
+// test's, and the others by that test.
 template <class Target>
 class HatBatch {
  public:
@@ -84,25 +97,43 @@ class HatBatch {
       in_tails += !(u <= hat_.p2);
     }
     place_in_tails(in_tails, tails, at, w, place, height);
+    int32_t far[kCandidates], remaining = 0;
+    constexpr int32_t kNear = TriangleHat::kNear;
     for (int32_t i = 0; i < n; ++i) {
       const bool possible = (height[i] <= 1) & (place[i] >= 0) & (place[i] <= target_.highest);
       place[i] = possible ? place[i] : hat_.mode;
-      height[i] = possible ? std::max(height[i], std::numeric_limits<double>::min()) : 2;  // above all probabilities
+      const double away = place[i] - hat_.mode;
+      const bool near = std::fabs(away) <= kNear;
+      accepted[at[i]] = possible & near & (height[i] <= hat_.near[near ? static_cast<int32_t>(away) + kNear : 0]);
+      y[at[i]] = place[i];
+      far[remaining] = i;
+      remaining += possible & !near;
     }
-    kernels::ln.call(Level::high, n, height, height);
-    const double spread = target_.variance, inverse = 1 / spread, far = spread * 0.5 - 1;
+    if (remaining > 0) decide_far(remaining, far, at, place, height, accepted);
+  }
+
+  void decide_far(int32_t n, const int32_t* far, const int32_t* at, const double* place, const double* height,
+                  bool* accepted) {
+    double logarithm[kCandidates];
+    for (int32_t j = 0; j < n; ++j) logarithm[j] = std::max(height[far[j]], std::numeric_limits<double>::min());
+    kernels::ln.call(Level::high, n, logarithm, logarithm);
+    const double inverse = 1 / target_.variance, end = target_.variance * 0.5 - 1;
+    double open_places[kCandidates], open_logarithms[kCandidates];
     int32_t open[kCandidates], opened = 0;
-    for (int32_t i = 0; i < n; ++i) {
-      const double k = std::fabs(place[i] - hat_.mode);
+    for (int32_t j = 0; j < n; ++j) {
+      const double k = std::fabs(place[far[j]] - hat_.mode);
       const double rho = (k * inverse) * ((k * (k * (1.0 / 3) + 0.625) + 1.0 / 6) * inverse + 0.5);
       const double t = k * k * inverse * -0.5;
-      const bool squeezes = (k > 20) & (k < far), accepts = squeezes & (height[i] < t - rho);
-      accepted[at[i]] = accepts;
-      y[at[i]] = place[i];
-      open[opened] = i;
-      opened += !(accepts | (squeezes & (height[i] > t + rho)));
+      const bool squeezes = k < end, accepts = squeezes & (logarithm[j] < t - rho);
+      accepted[at[far[j]]] = accepts;
+      open[opened] = at[far[j]];
+      open_places[opened] = place[far[j]];
+      open_logarithms[opened] = logarithm[j];
+      opened += !(accepts | (squeezes & (logarithm[j] > t + rho)));
     }
-    if (opened > 0) test(opened, open, place, height, at, accepted);
+    if (opened == 0) return;
+    target_.log_ratio(opened, open_places, logarithm);
+    for (int32_t j = 0; j < opened; ++j) accepted[open[j]] = open_logarithms[j] <= logarithm[j];
   }
 
   void place_in_tails(int32_t n, const int32_t* tails, const int32_t* at, const float* w, double* place,
@@ -116,14 +147,6 @@ class HatBatch {
       place[tails[j]] = std::floor(to_left ? hat_.xl + logarithm[j] / hat_.left : hat_.xr - logarithm[j] / hat_.right);
       height[tails[j]] = v[j] * (to_left ? (u - hat_.p2) * hat_.left : (u - hat_.p3) * hat_.right);
     }
-  }
-
-  void test(int32_t n, const int32_t* open, const double* place, const double* logarithm, const int32_t* at,
-            bool* accepted) {
-    double k[kCandidates], ratio[kCandidates];
-    for (int32_t j = 0; j < n; ++j) k[j] = place[open[j]];
-    target_.log_ratio(n, k, ratio);
-    for (int32_t j = 0; j < n; ++j) accepted[at[open[j]]] = logarithm[open[j]] <= ratio[j];
   }
 
   Uniforms<float>& uniforms_;

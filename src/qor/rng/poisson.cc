@@ -52,6 +52,7 @@ void build(Setup& s, const Setup::Key& key) {
   const double xl = m + 0.5 - half, xr = m + 0.5 + half, c = 0.133 + 8.56 / (6.83 + lambda);
   const double left = (lambda - xl) / lambda, right = (xr - lambda) / xr;
   s.hat.set(m, half, c, left * (1 + 0.5 * left), right * (1 + 0.5 * right), 0.109 + 8.25 / (10.86 + lambda), c);
+  s.hat.set_near([&](double k) { return lambda / (k + 1); });
 }
 
 int32_t find(const Setup& s, double u) { return std::min(s.table.find(u, kTableEnd), kTableEnd); }

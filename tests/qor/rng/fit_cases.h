@@ -251,7 +251,8 @@ inline std::vector<Case> integers() {
   }
   const auto add_wide = [&](std::string name, auto draw, auto distribution) {
     add(std::move(name), draw, nullptr, math::mean(distribution), math::variance(distribution));
-    list.back().cdf = [=](double k) { return k < 0 ? 0 : math::cdf(distribution, k); };
+    const double last = math::support(distribution).second;
+    list.back().cdf = [=](double k) { return k < 0 ? 0 : math::cdf(distribution, std::min(k, last)); };
     list.back().wide = true;
   };
   // The walk, fine and in strides; rejection of a peak at zero, of a hill next to it, of a far hill; the mixture.

@@ -16,7 +16,7 @@ namespace {
 constexpr double kRootHalf = 0x1.6a09e667f3bcdp-1, kTwoPi = 0x1.921fb54442d18p+2;
 constexpr double kMostCount = std::numeric_limits<int32_t>::max();
 
-// x - ln(1 + x) where |x| is at most 1/16; the next term is below 2^-39 of it.
+// x - ln(1 + x) where |x| is at most 1/16; what follows is below 2^-38 of it.
 constexpr double kNear = 0.0625;
 double less_logarithm(double x) {
   const double sum = 1.0 / 7 - x * (0.125 - x * (1.0 / 9 - x * 0.1));

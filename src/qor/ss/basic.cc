@@ -1,6 +1,6 @@
 // Moments, sums, covariance: one call over a block of observations.
 #include <algorithm>
-#include <cstring>
+#include <cmath>
 #include <limits>
 
 #include "orvik/ss.h"
@@ -69,12 +69,16 @@ int32_t run(const Data<T>& d, const Plan& plan, int32_t threads, Accumulators<T>
   return kDone;
 }
 
-// The first observation that has weight.
+// The point of the fast method's matrix: the mean so far, at first the first observation that has weight.
 template <class T>
-void first_observation(const Data<T>& d, T* to) {
+void find_point(const Task& task, const Data<T>& d, const Weights& old, T* to) {
   int64_t i = 0;
   while (d.weights != nullptr && i < d.n && d.weights[i] == 0) ++i;
-  for (int64_t j = 0; i < d.n && j < d.p; ++j) to[j] = d.x[i * d.observation_step() + j * d.variable_step()];
+  for (int64_t j = 0; j < d.p; ++j) {
+    if (!d.selected(j) || (old.sum == 0 && i == d.n)) continue;
+    const T x = old.sum != 0 ? real<T>(task.mean)[j] : d.x[i * d.observation_step() + j * d.variable_step()];
+    to[j] = std::isfinite(x) ? x : T{0};
+  }
 }
 
 // The accumulators take over what the run before has left.
@@ -147,7 +151,7 @@ int32_t basic(OrvikSSTask handle, uint64_t estimates, uint64_t method, const Orv
   Accumulators<T>& first = parts[0];
   const T* shift = user_mean;
   if (plan.method == Method::Fast && plan.matrix()) {
-    first_observation(d, point);
+    find_point(task, d, old, point);
     shift = point;
   }
   for (int32_t k = 0; k < threads; ++k) parts[k].shift = shift;

@@ -1,6 +1,7 @@
 // Moments, sums, covariance: one call over a block of observations.
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "orvik/ss.h"
 #include "qor/ss/finish.h"
@@ -140,6 +141,7 @@ int32_t basic(OrvikSSTask handle, uint64_t estimates, uint64_t method, const Orv
   const bool user = plan.method == Method::UserMean && plan.has(kMean);
   const T* user_mean = user ? real<T>(task.mean) : nullptr;
   const T* old_mean = nullptr;
+  const bool first_block = task.meanScratch == nullptr;
   if (user) {
     if (const int32_t status = reserve_mean_scratch(&task, d.p, old, &old_mean); status != kDone) return status;
   }
@@ -155,7 +157,10 @@ int32_t basic(OrvikSSTask handle, uint64_t estimates, uint64_t method, const Orv
   }
   for (int32_t k = 0; k < threads; ++k) parts[k].shift = shift;
   seed(task, d, plan, old, old_mean, &first);
-  if (const int32_t status = run(d, plan, threads, parts, threading); status != kDone) return status;
+  if (const int32_t status = run(d, plan, threads, parts, threading); status != kDone) {
+    if (first_block) orvik_serv_deallocate(std::exchange(task.meanScratch, nullptr));  // it holds no mean yet
+    return status;
+  }
 
   if (first.mean != nullptr) center_matrix(task, d, old, first);
   finish(task, d, plan, old, old_mean, first, scratch);

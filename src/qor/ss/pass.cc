@@ -1,7 +1,6 @@
 #include "qor/ss/pass.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "qor/ss/moments.h"
 #include "qor/ss/states.h"
@@ -35,7 +34,7 @@ void find_pivot(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1
   constexpr int64_t kBeginning = 128;
   constexpr double kPart = 1.0 / 16;
   const T* x = d.x + first_with_weight(d, i0) * d.observation_step();
-  for (int64_t j = j0; j < j1; ++j) acc->pivot[j] = x[j * d.variable_step()];
+  for (int64_t j = j0; j < j1; ++j) acc->pivot[j] = finite_or_zero(x[j * d.variable_step()]);
   if (!mean) return;
   if (i1 - i0 > 2 * kBeginning) {
     const Weights beginning = weigh(d, i0, kBeginning);
@@ -45,7 +44,7 @@ void find_pivot(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1
   add_power_sums(d, i0, i1, j0, j1, 1, acc->pivot, acc->block);
   for (int64_t j = j0; j < j1; ++j) {
     const T m = static_cast<T>(static_cast<double>(acc->pivot[j]) + acc->block[0][j] / weight);
-    if (std::isfinite(m)) acc->pivot[j] = m;
+    if (finite_or_zero(m) == m) acc->pivot[j] = m;
   }
 }
 
@@ -79,7 +78,7 @@ void add_block(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1, int64
   if (known) {
     for (int64_t j = j0; j < j1; ++j) {
       const T m = static_cast<T>(static_cast<double>(acc->shift[j]) + acc->central[0][j]);
-      acc->pivot[j] = std::isfinite(m) ? m : T{0};
+      acc->pivot[j] = finite_or_zero(m);
     }
   } else {
     find_pivot(d, i0, i1, j0, j1, w.sum, order > 1 || acc->cross.matrix() != nullptr, acc);

@@ -101,6 +101,20 @@ TEST(CallersThreads, ThatFailLeaveTheSumsOfWeightsOfTheRunAsTheyWere) {
   }
 }
 
+TEST(CallersThreads, ThatFailLeaveNoMeanOfTheUserBehind) {
+  Fixture a, b;
+  ASSERT_EQ(_qordSSBasic(a.task.get(), ORVIK_SS_MEAN, 1, nullptr), 0);
+  ASSERT_EQ(_qordSSBasic(b.task.get(), ORVIK_SS_MEAN, 1, nullptr), 0);
+  EXPECT_NE(_qordSSBasic(a.task.get(), ORVIK_SS_COVARIANCE, 0x100, &kFails), 0);
+  ASSERT_EQ(_qordSSBasic(a.task.get(), ORVIK_SS_COVARIANCE, 0x100, nullptr), 0);
+  a.matrix.assign(a.matrix.size(), 0);
+  b.matrix.assign(b.matrix.size(), 0);
+  a.accumulated = b.accumulated = {0, 0};
+  ASSERT_EQ(_qordSSBasic(a.task.get(), ORVIK_SS_COVARIANCE, 0x100, nullptr), 0);
+  ASSERT_EQ(_qordSSBasic(b.task.get(), ORVIK_SS_COVARIANCE, 0x100, nullptr), 0);
+  EXPECT_EQ(a.matrix, b.matrix);
+}
+
 TEST(CallersThreads, ThatRunABodyTwiceCountNothingTwice) {
   for (int32_t status : statuses(&kRunsEachTwice)) EXPECT_EQ(status, 0);
   Fixture a, b;

@@ -1,5 +1,5 @@
 // Statistics against the libraries of the field, side by side in one run. Prints a Markdown table.
-//   bench_ss [moments|covariance|sorting|threads|stream ...]
+//   bench_ss [moments|covariance|sorting|threads|stream|quartiles|short|shapes|cliffs ...]
 #include <cstdio>
 #include <cstring>
 
@@ -9,6 +9,10 @@ void covariance();
 void sorting();
 void two_threads();
 void stream();
+void quartiles();
+void short_data();
+void all_shapes();
+void all_cliffs();
 }  // namespace orvik::bench
 
 int main(int argc, char** argv) {
@@ -20,7 +24,11 @@ int main(int argc, char** argv) {
                {"covariance", covariance},
                {"sorting", sorting},
                {"threads", two_threads},
-               {"stream", stream}};
+               {"stream", stream},
+               {"quartiles", quartiles},
+               {"short", short_data},
+               {"shapes", all_shapes},
+               {"cliffs", all_cliffs}};
   printf("| what | orvik, ns | peer | peer, ns | peer / orvik |\n|---|---|---|---|---|\n");
   for (const auto& part : parts) {
     bool wanted = argc == 1;

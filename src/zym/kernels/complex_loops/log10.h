@@ -47,7 +47,7 @@ struct DecimalLogarithm {
   }
 };
 
-// cLog10 HA: 0.5000 ulp at -0x1.0c1c16p+2, 0x1.e2f5acp+1 (second result)
+// cLog10 HA: 0.5000 ulp at 0x1.98d1p-130, 0x1.829e8p-130 (second result)
 // zLog10 HA: 0.6855 ulp at 0x1.4000000000002p+3, 0x1p-1022 (second result)
 template <class V, Level L>
 struct Log10 : Loop<DecimalLogarithm, V> {};

@@ -188,7 +188,8 @@ struct ComplexLogarithm {
 template <class N, Precision P, class V = Lanes<N>>
 [[gnu::always_inline]] inline N logarithm_of_modulus(V large, V small) {
   const N squares = add_smaller(product<N>(large, large), product<N>(small, small));
-  const Mask<V> near = (head_of(squares) > V(0.5)) & (head_of(squares) < V(2.0));
+  const V head = head_of(squares);
+  const Mask<V> near = (head > V(0.5)) & (head < V(2.0));
   return half(logarithm_by<N, P>(near, squares, beyond_unit_circle<N>(large, small)));
 }
 

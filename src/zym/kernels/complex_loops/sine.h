@@ -93,20 +93,20 @@ struct CircularCosine : OfFactors<CircularCosine, true> {
   static Point special(double x, double y) { return HyperbolicCosine::special(-y, x); }
 };
 
-// cSin HA: 0.4999 ulp at 0x1.0a35f2p-2, 0x1.f6cf26p+0 (second result)
+// cSin HA: 0.5000 ulp at 0x1.325f78p+4, 0x1.33a39ep+4 (second result)
 // zSin HA: 0.7479 ulp at 0x1.62e42feba39efp+6, 0x1p-1022 (second result)
 template <class V, Level L>
 struct Sin : Loop<CircularSine, V> {};
-// cCos HA: 0.4999 ulp at 0x1.4p+120, 0x1p-126 (second result)
-// zCos HA: 0.7167 ulp at 0x1.4p+296, 0x1p-1022 (second result)
+// cCos HA: 0.5000 ulp at 0x1.8a538ep+2, -0x1.0ca014p-4 (second result)
+// zCos HA: 0.7196 ulp at 0x1.e52c21e166903p-869, 0x1.10859c7478a06p-155 (second result)
 template <class V, Level L>
 struct Cos : Loop<CircularCosine, V> {};
-// cSinh HA: 0.4999 ulp at -0x1.2cb7p-43, -0x1.9f8836p+1 (second result)
+// cSinh HA: 0.5000 ulp at 0x1.777ae4p-2, 0x1.8d8f74p+2
 // zSinh HA: 0.7479 ulp at 0x1p-1022, 0x1.62e42feba39efp+6
 template <class V, Level L>
 struct Sinh : Loop<HyperbolicSine, V> {};
-// cCosh HA: 0.4999 ulp at -0x1.80e4fap-6, 0x1.527918p+0 (second result)
-// zCosh HA: 0.7167 ulp at 0x1p-1022, 0x1.4p+296 (second result)
+// cCosh HA: 0.5000 ulp at -0x1.c6a9f6p+0, -0x1.9c3dfcp-25 (second result)
+// zCosh HA: 0.7196 ulp at 0x1.e52c21e166903p-869, 0x1.10859c7478a06p-155 (second result)
 template <class V, Level L>
 struct Cosh : Loop<HyperbolicCosine, V> {};
 

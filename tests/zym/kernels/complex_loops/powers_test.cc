@@ -48,6 +48,34 @@ TYPED_TEST(ComplexPowers, OfInfinitiesAndWithInfiniteExponents) {
   this->expect({2, 1}, {1, this->inf}, {this->nan, this->nan});
 }
 
+TYPED_TEST(ComplexPowers, ElevenByElevenBasesAndExponentsAreAsStated) {
+  using C = TypeParam;
+  using E = typename TestFixture::E;
+  const std::vector<E> parts = {-this->inf,     -this->largest, -1, -this->tiny, E(-0.0), 0, this->smallest, 1,
+                                this->largest, this->inf,      this->nan};
+  std::vector<C> all, bases, exponents;
+  for (E x : parts) {
+    for (E y : parts) all.push_back({x, y});
+  }
+  for (C x : all) {
+    for (C y : all) bases.push_back(x), exponents.push_back(y);
+  }
+  const std::vector<C> got = this->values("Pow", bases, exponents);
+  for (size_t i = 0; i < got.size(); ++i) {
+    EXPECT_LT(this->power_error(bases[i], exponents[i], got[i]), 1)
+        << show(bases[i]) << " to " << show(exponents[i]) << " is " << show(got[i]);
+  }
+  for (size_t k = 0; k < all.size(); ++k) {  // one exponent for all bases
+    std::vector<C> r(all.size());
+    Call<C> c;
+    c.n = static_cast<int32_t>(all.size()), c.a = all.data(), c.r1 = r.data(), c.fraction[0] = all[k];
+    ASSERT_TRUE(call_row(row_named(this->row("Powx")), 1, false, c));
+    for (size_t i = 0; i < all.size(); ++i) {
+      EXPECT_TRUE(same_value(r[i], got[i * all.size() + k])) << show(all[i]) << " to " << show(all[k]);
+    }
+  }
+}
+
 TYPED_TEST(ComplexPowers, NansGiveNansWithoutReport) {
   for (auto x : {this->at(this->nan, 1), this->at(1, this->nan)}) {
     for (auto y : {this->at(2, 1), this->at(-1, 0), this->at(this->inf, 0)}) {

@@ -6,6 +6,7 @@
 #include "zym/kernels/complex/parts.h"
 #include "zym/kernels/roots/hypot.h"
 #include "zym/kernels/roots/sqrt.h"
+#include "zym/kernels/shared/flags.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym::complex {
@@ -82,7 +83,10 @@ struct SqrtElement {
     if (!finite(z) || zero(z)) {
       *r = limit_root(z);
     } else {
+      const uint32_t before = read_control();
       const ZymComplexDouble w = finite_root(widen(z));
+      // Squares and residues underflow on the way.
+      if (z.im == 0 || min(std::fabs(w.re), std::fabs(w.im)) >= 0x1p-1022) take_back_underflow(before);
       *r = {static_cast<E>(w.re), static_cast<E>(w.im)};
     }
     return 0;

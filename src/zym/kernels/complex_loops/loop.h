@@ -10,6 +10,7 @@
 
 #include "orvik/zym_types.h"
 #include "zym/kernels/complex_loops/number.h"
+#include "zym/kernels/shared/flags.h"
 #include "zym/skeleton/family.h"
 #include "zym/skeleton/signature.h"
 
@@ -50,8 +51,7 @@ template <class F>
 int32_t without_underflow(F routine) {
   const uint32_t before = read_control();
   const int32_t code = routine();
-  const uint32_t raised = read_control() & ~before & kUnderflowFlag;
-  if (raised != 0) write_control(read_control() & ~raised);
+  take_back_underflow(before);
   return code;
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "qor/ss/matrix.h"
+
 namespace orvik::ss {
 namespace {
 
@@ -116,8 +118,7 @@ int32_t check_matrix_storage(const Task& task, const Plan& plan) {
                                                           {kCrossProduct, &Task::crossProductStorage}};
   for (const auto& [bit, storage] : kMatrices) {
     if (!plan.has(bit)) continue;
-    if (task.*storage == nullptr) return kNoStorage;
-    if ((task.integer(task.*storage) & 3) == 3) return kBadStorage;
+    if (const int32_t status = check_matrix_storage(task, task.*storage); status != kDone) return status;
   }
   return kDone;
 }

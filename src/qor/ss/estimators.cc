@@ -1,0 +1,217 @@
+#include "qor/ss/estimators.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "qor/ss/by_variable.h"
+#include "qor/ss/matrix.h"
+#include "qor/ss/moments.h"
+#include "qor/ss/selection.h"
+#include "serv/blas.h"
+
+namespace orvik::ss {
+namespace {
+
+constexpr int64_t kRows = 2048;  // observations of a block of distances
+
+// d' M d for few variables, without the matrix kernel.
+template <class T, int P>
+T square(const T* m, const T* d) {
+  T sum = 0;
+  for (int i = 0; i < P; ++i) {
+    T row = 0;
+    for (int j = 0; j < P; ++j) row += m[i * P + j] * d[j];
+    sum += row * d[i];
+  }
+  return sum;
+}
+
+template <class T>
+void squares(int64_t p, int64_t m, const T* inverse, const T* deviations, T* products, T* out) {
+  if (p > 3) {
+    serv::blas::symm('L', 'L', static_cast<int32_t>(p), static_cast<int32_t>(m), T{1}, inverse, static_cast<int32_t>(p),
+                     deviations, static_cast<int32_t>(p), T{0}, products, static_cast<int32_t>(p));
+  }
+  for (int64_t i = 0; i < m; ++i) {
+    const T* d = deviations + i * p;
+    switch (p) {
+      case 1:
+        out[i] = square<T, 1>(inverse, d);
+        break;
+      case 2:
+        out[i] = square<T, 2>(inverse, d);
+        break;
+      case 3:
+        out[i] = square<T, 3>(inverse, d);
+        break;
+      default: {
+        T sum = 0;
+        for (int64_t j = 0; j < p; ++j) sum += d[j] * products[i * p + j];
+        out[i] = sum;
+      }
+    }
+  }
+}
+
+}  // namespace
+
+template <class T>
+int32_t mahalanobis(const Observations<T>& o, const T* mean, const T* matrix, const OrvikThreading* threading,
+                    T* results) {
+  const int64_t p = o.p;
+  if (p > 3 && !serv::blas::load()) return kNoMemory;
+  const int64_t blocks = (o.n + kRows - 1) / kRows;
+  const int32_t threads = static_cast<int32_t>(std::max<int64_t>(1, std::min<int64_t>(max_threads(threading), blocks)));
+  const int64_t size = std::min(kRows, o.n) * p * (p > 3 ? 2 : 1);
+  const serv::Block<T> scratch(static_cast<uint64_t>(size * threads));
+  if (!scratch) return kNoMemory;
+  return run_threads(threading, threads, [&](int32_t thread) {
+    T* deviations = scratch.get() + size * thread;
+    for (int64_t block = blocks * thread / threads; block < blocks * (thread + 1) / threads; ++block) {
+      const int64_t i0 = block * kRows, m = std::min(kRows, o.n - i0);
+      copy_block(o, i0, m, Layout::ByObservation, mean, static_cast<const T*>(nullptr), deviations);
+      squares(p, m, matrix, deviations, deviations + m * p, results + i0);
+      for (int64_t i = i0; i < i0 + m; ++i) results[i] = std::sqrt(results[i]);
+    }
+    return int32_t{kDone};
+  });
+}
+
+template <class T>
+int32_t scatter(const Observations<T>& o, const OrvikThreading* threading, T* mean, T* products, Weights* total) {
+  const int64_t p = o.p;
+  if (!serv::blas::load()) return kNoMemory;
+  const int64_t block = std::max<int64_t>(0x40000 / (p * static_cast<int64_t>(sizeof(T))), 64);
+  const int32_t threads =
+      static_cast<int32_t>(std::max<int64_t>(1, std::min<int64_t>(max_threads(threading), o.n / block)));
+  const int64_t size = block * p + block + p * p;
+  const serv::Block<T> scratch(static_cast<uint64_t>(size * threads));
+  const serv::Block<double> sums(static_cast<uint64_t>((p + 2) * threads));
+  if (!scratch || !sums) return kNoMemory;
+  std::fill(sums.get(), sums.get() + (p + 2) * threads, 0.0);
+  int32_t status = run_threads(threading, threads, [&](int32_t thread) {
+    double* s = sums.get() + (p + 2) * thread;
+    for (int64_t i = o.n * thread / threads; i < o.n * (thread + 1) / threads; ++i) {
+      const auto w = static_cast<double>(o.weight(i));
+      if (w == 0) continue;
+      for (int64_t j = 0; j < p; ++j) s[j] += w * static_cast<double>(o.at(i, j));
+      s[p] += w;
+      s[p + 1] += w * w;
+    }
+    return int32_t{kDone};
+  });
+  if (status != kDone) return status;
+  for (int32_t t = 1; t < threads; ++t) {
+    for (int64_t j = 0; j < p + 2; ++j) sums[j] += sums[(p + 2) * t + j];
+  }
+  *total = {sums[p], sums[p + 1]};
+  for (int64_t j = 0; j < p; ++j) mean[j] = static_cast<T>(sums[j] / total->sum);
+  status = run_threads(threading, threads, [&](int32_t thread) {
+    T *rows = scratch.get() + size * thread, *roots = rows + block * p, *c = roots + block;
+    std::fill(c, c + p * p, T{0});
+    const int64_t end = o.n * (thread + 1) / threads;
+    for (int64_t i = o.n * thread / threads; i < end; i += block) {
+      const int64_t m = std::min(block, end - i);
+      if (o.weights != nullptr) copy_root_weights(o, i, m, roots);
+      copy_block(o, i, m, Layout::ByObservation, mean, o.weights == nullptr ? nullptr : roots, rows);
+      serv::blas::syrk('U', 'N', static_cast<int32_t>(p), static_cast<int32_t>(m), T{1}, rows, static_cast<int32_t>(p),
+                       T{1}, c, static_cast<int32_t>(p));
+    }
+    return int32_t{kDone};
+  });
+  if (status != kDone) return status;
+  std::fill(products, products + p * p, T{0});
+  for (int32_t t = 0; t < threads; ++t) {
+    const T* c = scratch.get() + size * t + block * p + block;
+    for (int64_t k = 0; k < p * p; ++k) products[k] += c[k];
+  }
+  mirror_upper(p, products);
+  return kDone;
+}
+
+template <class T>
+int32_t covariance(const Observations<T>& o, const OrvikThreading* threading, T* mean, T* matrix) {
+  Weights total;
+  if (const int32_t status = scatter(o, threading, mean, matrix, &total); status != kDone) return status;
+  const double scale = unbiased(total) / total.sum;
+  for (int64_t k = 0; k < o.p * o.p; ++k) matrix[k] = static_cast<T>(static_cast<double>(matrix[k]) * scale);
+  return kDone;
+}
+
+template <class T>
+int32_t quantiles(const Observations<T>& o, int64_t count, const T* orders, const OrvikThreading* threading,
+                  T* results) {
+  return quantiles(o, nullptr, count, orders, threading, results);
+}
+
+template <class T>
+int32_t quantiles(const Observations<T>& o, const int32_t* flags, int64_t count, const T* orders,
+                  const OrvikThreading* threading, T* results) {
+  if (count == 0) return kDone;
+  return for_each_variable(o, flags, threading, o.n, [&](int64_t j, T* a) {
+    copy_variable(o, j, a);
+    T* to = results + j * count;
+    if (count > Selection<T>::kMaxOrders) {
+      quicksort(a, move_nans(a, o.n));
+      for (int64_t k = 0; k < count; ++k) {
+        const Place place(orders[k], o.n);
+        to[k] = place.between(a[place.low], a[place.high]);
+      }
+      return;
+    }
+    Selection<T> selection(a, o.n);
+    for (int64_t k = 0; k < count; ++k) to[k] = selection.quantile(Place(orders[k], o.n));
+  });
+}
+
+template <class T>
+int32_t weighted_medians(const Observations<T>& o, const int32_t* flags, const OrvikThreading* threading, T* results) {
+  return for_each_variable(o, flags, threading, 2 * o.n, [&](int64_t j, T* scratch) {
+    static_assert(sizeof(Weighed<T>) == 2 * sizeof(T));
+    auto* a = reinterpret_cast<Weighed<T>*>(scratch);
+    int64_t count = 0;
+    double total = 0;
+    T nan = 0;
+    for (int64_t i = 0; i < o.n; ++i) {
+      const T value = o.at(i, j), weight = o.weight(i);
+      if (weight == 0) continue;
+      if (value != value || weight != weight) nan = value != value ? value : weight;
+      a[count++] = {value, weight};
+      total += static_cast<double>(weight);
+    }
+    const bool none = nan != nan || count == 0;
+    results[j] = !none ? weighted_median(count, a, total) : nan != nan ? nan : std::numeric_limits<T>::quiet_NaN();
+  });
+}
+
+template <class T>
+int32_t medians(const Observations<T>& o, const OrvikThreading* threading, T* results) {
+  const T half = T{0.5};
+  return o.weights != nullptr ? weighted_medians(o, nullptr, threading, results)
+                              : quantiles(o, 1, &half, threading, results);
+}
+
+template <class T>
+T median_of(int64_t n, T* a) {
+  return median(n, a);
+}
+template <class T>
+T median_deviation_of(int64_t n, T* a, T* center) {
+  return median_deviation(n, a, center);
+}
+
+#define ORVIK_INSTANTIATE(T)                                                                                        \
+  template int32_t mahalanobis(const Observations<T>&, const T*, const T*, const OrvikThreading*, T*);              \
+  template int32_t scatter(const Observations<T>&, const OrvikThreading*, T*, T*, Weights*);                        \
+  template int32_t covariance(const Observations<T>&, const OrvikThreading*, T*, T*);                               \
+  template int32_t quantiles(const Observations<T>&, int64_t, const T*, const OrvikThreading*, T*);                 \
+  template int32_t quantiles(const Observations<T>&, const int32_t*, int64_t, const T*, const OrvikThreading*, T*); \
+  template int32_t weighted_medians(const Observations<T>&, const int32_t*, const OrvikThreading*, T*);             \
+  template int32_t medians(const Observations<T>&, const OrvikThreading*, T*);                                      \
+  template T median_of(int64_t, T*);                                                                                \
+  template T median_deviation_of(int64_t, T*, T*);
+ORVIK_INSTANTIATE(float)
+ORVIK_INSTANTIATE(double)
+#undef ORVIK_INSTANTIATE
+
+}  // namespace orvik::ss

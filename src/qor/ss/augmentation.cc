@@ -1,5 +1,5 @@
-// Draws of data augmentation (Tanner and Wong 1987; Schafer 1997): missing values given the parameters, parameters given
-// the completed data.
+// Draws of data augmentation (Tanner and Wong 1987; Schafer 1997): missing values given the parameters, parameters
+// given the completed data.
 #include <algorithm>
 #include <cmath>
 
@@ -17,9 +17,9 @@ int32_t order_of(int64_t p) { return static_cast<int32_t>(p); }
 // The generator's own faults cannot occur; memory for its side blocks may be short.
 bool fine(int32_t status) { return status >= 0; }
 
-// Degrees of freedom and, into s->a, the lower factor of the inverse scale matrix of the posterior Wishart distribution;
-// the posterior's mean into s->row. With C the completed data's scatter about its mean m, weight w and mean m0 of the
-// prior: scale0 + C + n w / (n + w) (m - m0)(m - m0)'.
+// Degrees of freedom and, into s->a, the lower factor of the inverse scale matrix of the posterior Wishart
+// distribution; the posterior's mean into s->row. With C the completed data's scatter about its mean m, weight w and
+// mean m0 of the prior: scale0 + C + n w / (n + w) (m - m0)(m - m0)'.
 int32_t posterior(int64_t p, const Prior& prior, ModelScratch* s, double* degrees) {
   const double n = s->sums.n, weight = prior.weight;
   double *mean = s->row, *g = s->a;

@@ -37,9 +37,9 @@ struct Biweight {
 double expected_loss(const Biweight& b, double p);
 
 // The constants whose expected loss is the share `breakdown` of the largest, which is how far the S-estimator resists,
-// and beyond whose reach m + c lies a good observation with probability `rejection`. The breakdown comes first: where few
-// variables do not reach it with that rejection, m is 0 and c by the breakdown alone; where many variables exceed it, c
-// is 0 and m by the breakdown alone.
+// and beyond whose reach m + c lies a good observation with probability `rejection`. The breakdown comes first: where
+// few variables do not reach it with that rejection, m is 0 and c by the breakdown alone; where many variables exceed
+// it, c is 0 and m by the breakdown alone.
 Biweight find_biweight(double p, double breakdown, double rejection);
 
 // The s with mean rho(d_i / s) = `loss`, by Newton's steps from `start`; infinite or NaN distances count as rejected. 0

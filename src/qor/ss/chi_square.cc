@@ -9,9 +9,9 @@
 namespace orvik::ss {
 namespace {
 
-constexpr double kLeast = -709.7827129;            // below, an exponential counts as 0
-constexpr double kTerm = 9.999999999999999e-16;    // relative size of a last term
-constexpr double kLargeShape = 20;                 // from here on by Stirling's series
+constexpr double kLeast = -709.7827129;          // below, an exponential counts as 0
+constexpr double kTerm = 9.999999999999999e-16;  // relative size of a last term
+constexpr double kLargeShape = 20;               // from here on by Stirling's series
 
 // u - ln(1 + u), no digits lost around 0.
 double excess_of_log1p(double u) {
@@ -127,7 +127,8 @@ double chi_square_quantile(double p, double k) {
     const double below = chi_square_below(k, x), density = chi_square_density(k, x);
     const double fault = p < 0.5 ? below - p : (1 - p) - chi_square_above(k, x);
     (fault < 0 ? low : high) = x;
-    double next = p < 0.5 && below > 0 ? x * std::exp(below * std::log(p / below) / (x * density)) : x - fault / density;
+    double next =
+        p < 0.5 && below > 0 ? x * std::exp(below * std::log(p / below) / (x * density)) : x - fault / density;
     if (!(next > low && next < high)) next = high < kChiSquareCap ? (low + high) / 2 : 2 * x;
     const double step = std::fabs(next - x);
     x = std::min(next, kChiSquareCap);

@@ -107,7 +107,7 @@ int32_t invert_covariance(int64_t p, T* matrix) {
   return kDone;
 }
 
-#define ORVIK_INSTANTIATE(T)                       \
+#define ORVIK_INSTANTIATE(T)                      \
   template int32_t check_rank(int64_t, const T*); \
   template int32_t invert_covariance(int64_t, T*);
 ORVIK_INSTANTIATE(float)

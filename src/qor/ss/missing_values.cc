@@ -4,6 +4,7 @@
 
 #include "orvik/ss.h"
 #include "qor/ss/matrix.h"
+#include "qor/ss/missing_field.h"
 #include "qor/ss/normal_model.h"
 #include "qor/ss/threads.h"
 #include "serv/blas.h"
@@ -41,17 +42,17 @@ int32_t check_lists(const Task& task, uint64_t method) {
   if (task.observationStorage == nullptr) return kBadStorage;
   const int64_t storage = task.integer(task.observationStorage);
   if (storage != ORVIK_SS_STORAGE_ROWS && storage != ORVIK_SS_STORAGE_COLUMNS) return kBadStorage;
-  if (task.imputationParameters == nullptr) return kNoImputationParameters;
-  if (task.imputationParameterCount == nullptr) return kNoImputationParameterCount;
+  if (task.imputationParameters == nullptr) return missing_field::imputationParameters;
+  if (task.imputationParameterCount == nullptr) return missing_field::imputationParameterCount;
   if (task.integer(task.imputationParameterCount) != 5) return kBadImputationParameterCount;
-  if (task.simulatedValues != nullptr && task.simulatedValueCount == nullptr) return kNoSimulatedValueCount;
-  if (task.simulatedValues == nullptr && task.simulatedValueCount != nullptr) return kNoSimulatedValues;
+  if (task.simulatedValues != nullptr && task.simulatedValueCount == nullptr) return missing_field::simulatedValueCount;
+  if (task.simulatedValues == nullptr && task.simulatedValueCount != nullptr) return missing_field::simulatedValues;
   if (task.estimates != nullptr && task.estimateCount != nullptr && (method & ORVIK_SS_METHOD_IMPUTATION) == 0) {
     return kBadMethod;
   }
   if (task.estimates == nullptr && task.simulatedValues == nullptr) return kNoImputationResult;
-  if (task.estimates != nullptr && task.estimateCount == nullptr) return kNoEstimateCount;
-  if (task.estimates == nullptr && task.estimateCount != nullptr) return kNoEstimates;
+  if (task.estimates != nullptr && task.estimateCount == nullptr) return missing_field::estimateCount;
+  if (task.estimates == nullptr && task.estimateCount != nullptr) return missing_field::estimates;
   return check_observations(task);
 }
 
@@ -60,13 +61,13 @@ int32_t check_given(const Task& task) {
   const int64_t p = task.p(), size = p + packed(p);
   if (task.initialEstimates != nullptr &&
       (task.initialEstimateCount == nullptr || task.integer(task.initialEstimateCount) < size)) {
-    return kBadInitialEstimateCount;
+    return missing_field::initialEstimateCount;
   }
-  if (task.initialEstimates == nullptr && task.initialEstimateCount != nullptr) return kNoInitialEstimates;
+  if (task.initialEstimates == nullptr && task.initialEstimateCount != nullptr) return missing_field::initialEstimates;
   if (task.prior != nullptr && (task.priorCount == nullptr || task.integer(task.priorCount) < size + 2)) {
-    return kBadPriorCount;
+    return missing_field::priorCount;
   }
-  return task.prior == nullptr && task.priorCount != nullptr ? int32_t{kNoPrior} : int32_t{kDone};
+  return task.prior == nullptr && task.priorCount != nullptr ? missing_field::prior : int32_t{kDone};
 }
 
 int32_t check_room(const Task& task, const Request& request) {
@@ -169,8 +170,8 @@ class Imputation {
     if (!prior_memory || !simulated_ || !estimates_ || !first.allocate(incomplete_)) return kNoMemory;
     read_prior(prior_memory.get());
     if (const int32_t status = start(&first); status != kDone) return status;
-    if (const int32_t status = maximize(incomplete_, request_.em_iterations, request_.accuracy, first.x, first.theta,
-                                        &first.scratch);
+    if (const int32_t status =
+            maximize(incomplete_, request_.em_iterations, request_.accuracy, first.x, first.theta, &first.scratch);
         status != kDone) {
       return status;
     }

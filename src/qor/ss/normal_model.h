@@ -35,8 +35,8 @@ class ModelScratch {
   // Of a pattern with q present and r missing variables: `slopes`, q by r, of the missing on the present; `residual`,
   // r by r, the upper triangle of their covariance given those.
   double *slopes, *residual;
-  double *block, *noise;           // kRows observations
-  double *a, *b, *row;             // p by p, p by p, p
+  double *block, *noise;  // kRows observations
+  double *a, *b, *row;    // p by p, p by p, p
   Sums sums;
 
  private:
@@ -62,9 +62,9 @@ void for_blocks(const Pattern& pattern, Body&& body) {
   }
 }
 
-// Maximises the likelihood from `theta`, up to `iterations` steps or until no element of mean and covariance, in units of
-// the deviations, changes by as much as `accuracy`. `x`, here and below: a copy of the data's rows, whose missing values
-// it fills.
+// Maximises the likelihood from `theta`, up to `iterations` steps or until no element of mean and covariance, in units
+// of the deviations, changes by as much as `accuracy`. `x`, here and below: a copy of the data's rows, whose missing
+// values it fills.
 int32_t maximize(const IncompleteData& data, int64_t iterations, double accuracy, double* x, const Normal& theta,
                  ModelScratch* scratch);
 

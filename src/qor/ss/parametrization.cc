@@ -6,6 +6,7 @@
 #include "orvik/ss.h"
 #include "qor/ss/kernels.h"
 #include "qor/ss/matrix.h"
+#include "qor/ss/missing_field.h"
 #include "serv/blas.h"
 #include "serv/memory.h"
 
@@ -17,9 +18,9 @@ namespace blas = serv::blas;
 int32_t check(const Task& task, uint64_t method) {
   if (task.dimension == nullptr || task.p() < 1) return kBadDimension;
   if ((method & ORVIK_SS_METHOD_PARAMETRIZATION) == 0) return kBadMethod;
-  if (task.correlation == nullptr) return kNoCorrelation;
+  if (task.correlation == nullptr) return missing_field::correlation;
   if (const int32_t status = check_matrix_storage_value(task, task.correlationStorage); status != kDone) return status;
-  if (task.parametrizedCorrelation == nullptr) return kNoParametrizedCorrelation;
+  if (task.parametrizedCorrelation == nullptr) return missing_field::parametrizedCorrelation;
   return check_matrix_storage_value(task, task.parametrizedCorrelationStorage);
 }
 

@@ -5,6 +5,7 @@
 #include "orvik/ss.h"
 #include "qor/ss/kernels.h"
 #include "qor/ss/matrix.h"
+#include "qor/ss/missing_field.h"
 #include "serv/blas.h"
 #include "serv/memory.h"
 
@@ -25,17 +26,17 @@ int32_t check_result(const Task& task, const void* result, int32_t missing, cons
 int32_t check(const Task& task, const Wanted& wanted, uint64_t method) {
   if (task.dimension == nullptr || task.p() < 1) return kBadDimension;
   if ((method & ORVIK_SS_METHOD_FAST) == 0 || !(wanted.covariance || wanted.correlation)) return kBadMethod;
-  if (task.covariance == nullptr) return kNoCovariance;
+  if (task.covariance == nullptr) return missing_field::covariance;
   if (const int32_t status = check_matrix_storage_value(task, task.covarianceStorage); status != kDone) return status;
-  if (task.partialCovarianceIndices == nullptr) return kBadPartialIndices;
+  if (task.partialCovarianceIndices == nullptr) return missing_field::partialCovarianceIndices;
   if (wanted.covariance) {
     const int32_t status =
-        check_result(task, task.partialCovariance, kNoPartialCovariance, task.partialCovarianceStorage);
+        check_result(task, task.partialCovariance, missing_field::partialCovariance, task.partialCovarianceStorage);
     if (status != kDone) return status;
   }
   if (wanted.correlation) {
     const int32_t status =
-        check_result(task, task.partialCorrelation, kNoPartialCorrelation, task.partialCorrelationStorage);
+        check_result(task, task.partialCorrelation, missing_field::partialCorrelation, task.partialCorrelationStorage);
     if (status != kDone) return status;
   }
   return kDone;
@@ -102,7 +103,7 @@ int32_t partial_covariance(OrvikSSTask handle, uint64_t estimates, uint64_t meth
   if (!lists) return kNoMemory;
   Split split{lists.get(), lists.get() + p};
   split.read(task, p);
-  if (split.kept_count == 0) return kBadPartialIndices;
+  if (split.kept_count == 0) return missing_field::partialCovarianceIndices;
 
   const int64_t k = split.kept_count, g = split.given_count;
   const serv::Block<double> work(static_cast<uint64_t>(k * k + g * k + g * g + k));

@@ -13,9 +13,10 @@ constexpr double kLeast = -709.7827129;          // below, an exponential counts
 constexpr double kTerm = 9.999999999999999e-16;  // relative size of a last term
 constexpr double kLargeShape = 20;               // from here on by Stirling's series
 
-// u - ln(1 + u), no digits lost around 0.
-double excess_of_log1p(double u) {
-  if (std::fabs(u) > 0.25) return u - std::log1p(u);
+// u - ln(1 + u) for 1 + u = x / a, no digits lost around 0.
+double excess_of_log(double x, double a) {
+  const double u = (x - a) / a;
+  if (std::fabs(u) > 0.25) return u - std::log(x / a);
   double power = u * u, sum = power / 2;
   for (int k = 3; k < 60; ++k) {
     power *= -u;
@@ -40,7 +41,7 @@ double head(double a, double x) {
   if (a < kLargeShape) {
     exponent = a * std::log(x) - x - kernel_lgamma(a);
   } else {
-    exponent = -a * excess_of_log1p((x - a) / a) - stirling_rest(a);
+    exponent = -a * excess_of_log(x, a) - stirling_rest(a);
     factor = std::sqrt(a / (2 * M_PI));
   }
   return exponent < kLeast ? 0.0 : factor * std::exp(exponent);

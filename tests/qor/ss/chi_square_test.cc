@@ -12,7 +12,8 @@
 namespace orvik::ss::test {
 namespace {
 
-// P(X > x) as finite sums: for even k those of Poisson probabilities, for odd k with the normal tail, all in long double.
+// P(X > x) as finite sums: for even k those of Poisson probabilities, for odd k with the normal tail, all in long
+// double.
 long double above(int32_t k, long double x) {
   const long double y = x / 2;
   long double sum = k % 2 == 0 ? 0 : erfcl(sqrtl(y));

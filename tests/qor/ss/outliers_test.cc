@@ -31,9 +31,7 @@ struct Detection {
     task.set_integer(OrvikSS_outlierParameterCount, count);
     return *this;
   }
-  int32_t run(int threads_wanted = 0) {
-    return Entries<T>::outliers(task.get(), 0, kMethod, threads(threads_wanted));
-  }
+  int32_t run(int threads_wanted = 0) { return Entries<T>::outliers(task.get(), 0, kMethod, threads(threads_wanted)); }
   std::vector<int64_t> outliers() const {
     std::vector<int64_t> found;
     for (size_t i = 0; i < good.size(); ++i) {
@@ -270,7 +268,8 @@ TEST(Outliers, ConstantAndDependentVariablesAreSingular) {
 TEST(Outliers, ASingularFirstSubsetEndsTheCall) {
   auto sample = random_sample<double>(2, 60);
   for (int i = 0; i < 30; ++i) sample.columns[2 * i + 1] = 3, sample.columns[2 * i] = 1 + 0.001 * i;
-  for (int i = 30; i < 60; ++i) sample.columns[2 * i] += i % 2 == 0 ? 50 : -50, sample.columns[2 * i + 1] += i % 3 - 1.5;
+  for (int i = 30; i < 60; ++i)
+    sample.columns[2 * i] += i % 2 == 0 ? 50 : -50, sample.columns[2 * i + 1] += i % 3 - 1.5;
   Detection<double> d(2, 60, 0x20000, sample.columns.data());
   EXPECT_EQ(d.run(), -5041);
   EXPECT_TRUE(d.untouched());

@@ -202,8 +202,8 @@ TEST(RobustCovariance, SimulatedContaminationMovesItLittle) {
   for (int64_t p : {2, 5, 10, 20}) {
     for (double share : {0.05, 0.2, 0.4}) {
       const int64_t n = 1500;
-      // Close by 40 percent, a cloud between the good and the far would hold the estimate: the scale of the S-estimator,
-      // which the outliers nearly fill, is then so wide that they are not rejected.
+      // Close by 40 percent, a cloud between the good and the far would hold the estimate: the scale of the
+      // S-estimator, which the outliers nearly fill, is then so wide that they are not rejected.
       const double far = share > 0.3 ? 100 : 12;
       const Contaminated c(p, n, share, far, 11, 1);
       Robust<double> r(p, n, 0x10000, c.sample.rows.data());
@@ -239,7 +239,8 @@ void eigenvectors(int p, std::vector<double>& a, std::vector<double>& v) {
   for (int sweep = 0; sweep < 60; ++sweep) {
     for (int i = 0; i < p; ++i) {
       for (int j = 0; j < i; ++j) {
-        const double t = 0.5 * std::atan2(2 * a[i * p + j], a[j * p + j] - a[i * p + i]), c = std::cos(t), s = std::sin(t);
+        const double t = 0.5 * std::atan2(2 * a[i * p + j], a[j * p + j] - a[i * p + i]), c = std::cos(t),
+                     s = std::sin(t);
         for (int k = 0; k < p; ++k) {
           const double x = a[k * p + j], y = a[k * p + i];
           a[k * p + j] = c * x + s * y, a[k * p + i] = c * y - s * x;
@@ -283,7 +284,8 @@ TEST(RobustCovariance, MaximumIterationsOfZeroReturnsTheStart) {
     const double spread = deviation_of(z), middle = median_of_sorted(z);
     for (int i = 0; i < p; ++i) {
       mean[i] += scale[i] * e[i * p + k] * middle;
-      for (int j = 0; j < p; ++j) covariance[i * p + j] += scale[i] * e[i * p + k] * spread * spread * e[j * p + k] * scale[j];
+      for (int j = 0; j < p; ++j)
+        covariance[i * p + j] += scale[i] * e[i * p + k] * spread * spread * e[j * p + k] * scale[j];
     }
   }
   Robust<double> r(p, n, 0x20000, sample.columns.data());

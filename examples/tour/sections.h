@@ -24,6 +24,9 @@ void show_streams(const Table& table);
 // Summary of each column, correlations, quantiles of a long stream.
 void show_statistics(const Table& table);
 
+// Outliers by their rows, a robust covariance beside the classical one, missing values with intervals, drawn.
+void show_robust(const Table& table);
+
 // Sorted columns against normal quantiles, the straightest one drawn.
 void show_quantile_plot(const Table& table);
 
@@ -42,6 +45,7 @@ inline constexpr Section kSections[] = {
     {"Periodogram", show_periodogram},
     {"Random streams", show_streams},
     {"Statistics", show_statistics},
+    {"Robust statistics", show_robust},
     {"Normal quantiles", show_quantile_plot},
     {"Data fitting", show_fitting},
 };

@@ -11,6 +11,7 @@ namespace {
 
 constexpr double kLeast = -709.7827129;          // below, an exponential counts as 0
 constexpr double kTerm = 9.999999999999999e-16;  // relative size of a last term
+constexpr double kStep = 1e-15;                  // relative size of a last step of Newton's
 constexpr double kLargeShape = 20;               // from here on by Stirling's series
 
 // u - ln(1 + u) for 1 + u = x / a, no digits lost around 0.
@@ -127,13 +128,14 @@ double chi_square_quantile(double p, double k) {
     // In the lower half on the logarithms, where the function is nearly a power of x.
     const double below = chi_square_below(k, x), density = chi_square_density(k, x);
     const double fault = p < 0.5 ? below - p : (1 - p) - chi_square_above(k, x);
+    if (fault == 0) break;
     (fault < 0 ? low : high) = x;
-    double next =
+    const double newton =
         p < 0.5 && below > 0 ? x * std::exp(below * std::log(p / below) / (x * density)) : x - fault / density;
-    if (!(next > low && next < high)) next = high < kChiSquareCap ? (low + high) / 2 : 2 * x;
-    const double step = std::fabs(next - x);
-    x = std::min(next, kChiSquareCap);
-    if (fault == 0 || step <= 1e-15 * x) break;
+    if (std::fabs(newton - x) <= kStep * x) return newton;
+    const bool outside = !(newton > low && newton < high);
+    x = !outside ? newton : high < kChiSquareCap ? (low + high) / 2 : std::min(2 * x, kChiSquareCap);
+    if (high - low <= kStep * low) break;
   }
   return x;
 }

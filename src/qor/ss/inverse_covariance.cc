@@ -102,8 +102,9 @@ int32_t invert_covariance(int64_t p, T* matrix) {
   if (!scale_to_unit(p, matrix, a, roots)) return kSingular;
   if (!(p < 4 ? kFew[p](a) : invert_many(static_cast<int32_t>(p), a))) return kSingular;
   for (int64_t j = 0; j < p; ++j) {
-    for (int64_t i = 0; i < p; ++i) matrix[j * p + i] = static_cast<T>(a[j * p + i] * roots[i] * roots[j]);
+    for (int64_t i = 0; i <= j; ++i) matrix[j * p + i] = static_cast<T>(a[j * p + i] * roots[i] * roots[j]);
   }
+  mirror_upper(p, matrix);
   return kDone;
 }
 

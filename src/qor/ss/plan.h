@@ -53,10 +53,18 @@ int32_t make_plan(const Task& task, uint64_t estimates, uint64_t method, Plan* p
 // The field that holds the result of an internal estimate.
 void* output(const Task& task, int bit);
 
-// The sums of weights so far, zero for a fresh run.
+// The sums of weights so far, zero for a fresh run, and how many observations they are of: with weights of 0 left out,
+// and no more than told one from several where a caller's sums do not say it.
 struct Weights {
   double sum = 0;
   double squares = 0;
+  int64_t observations = 0;
+
+  void add(const Weights& other) {
+    sum += other.sum;
+    squares += other.squares;
+    observations += other.observations;
+  }
 };
 
 }  // namespace orvik::ss

@@ -108,9 +108,17 @@ Data<T> data_of(const Task& task) {
   return d;
 }
 
-// Calls body(first, last) for every maximal range of selected variables.
+// Calls body(first, last) for ranges that hold the selected variables: the maximal ones of contiguous variables; all from
+// the first to the last one of contiguous observations, whose values come with the same reads.
 template <class T, class Body>
 void for_selected_ranges(const Data<T>& d, Body&& body) {
+  if (!d.contiguous_variables) {
+    int64_t first = 0, last = d.p;
+    while (first < last && !d.selected(first)) ++first;
+    while (first < last && !d.selected(last - 1)) --last;
+    if (first < last) body(first, last);
+    return;
+  }
   for (int64_t j = 0; j < d.p;) {
     if (!d.selected(j)) {
       ++j;

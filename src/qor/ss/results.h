@@ -1,0 +1,61 @@
+// The caller's rows as numbers in double: zero where the work list does not have the row, and nothing written.
+#pragma once
+
+#include <cmath>
+
+#include "qor/ss/moments.h"
+#include "qor/ss/plan.h"
+#include "qor/ss/task.h"
+
+namespace orvik::ss {
+
+template <class T>
+class Results {
+ public:
+  Results(const Task& task, const Plan& plan) {
+    for (int bit = 0; bit < kNotAllowed; ++bit) rows_[bit] = plan.has(bit) ? real<T>(output(task, bit)) : nullptr;
+  }
+
+  bool has(int bit) const { return rows_[bit] != nullptr; }
+  double get(int bit, int64_t j) const { return rows_[bit] == nullptr ? 0.0 : static_cast<double>(rows_[bit][j]); }
+  void set(int bit, int64_t j, double value) const {
+    if (rows_[bit] != nullptr) rows_[bit][j] = static_cast<T>(value);
+  }
+
+  // Plain sums s[k] of a pass with those of the run before it; raw moments r[k] of all.
+  void add_run(int64_t j, double old, int order, double* s) const {
+    s[0] += old;
+    s[1] += has(kSum) ? get(kSum, j) : old * get(kMean, j);
+    for (int k = 2; k <= order; ++k) {
+      s[k] += has(kRawSum2 + k - 2) ? get(kRawSum2 + k - 2, j) : old * get(kRaw2 + k - 2, j);
+    }
+  }
+
+  // All rows of a variable but the mean. c[k] are averages of powers of deviations from it.
+  void put(int64_t j, double mean, double factor, const double* s, const double* r, const double* sums,
+           double weight) const {
+    double c[5] = {};
+    for (int k = 2; k <= 4; ++k) c[k] = sums[k] / weight;
+    c[2] *= factor;
+    set(kSum, j, s[1]);
+    for (int k = 2; k <= 4; ++k) {
+      set(kRaw2 + k - 2, j, r[k]);
+      set(kRawSum2 + k - 2, j, s[k]);
+      set(kCentral2 + k - 2, j, c[k]);
+      set(kCentralSum2 + k - 2, j, sums[k]);
+    }
+    put_ratios(j, mean, c);
+  }
+
+  // Coefficient of variation, skewness, kurtosis from the moments of orders 2 to 4.
+  void put_ratios(int64_t j, double mean, const double* c) const {
+    if (has(kVariation)) set(kVariation, j, std::sqrt(c[2]) / mean);
+    if (has(kSkewness)) set(kSkewness, j, c[3] / std::sqrt(c[2] * c[2] * c[2]));
+    if (has(kKurtosis)) set(kKurtosis, j, c[4] / (c[2] * c[2]) - 3.0);
+  }
+
+ private:
+  T* rows_[kNotAllowed];
+};
+
+}  // namespace orvik::ss

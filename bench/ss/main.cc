@@ -1,5 +1,5 @@
 // Statistics against the libraries of the field, side by side in one run. Prints a Markdown table.
-//   bench_ss [moments|covariance|sorting|threads|stream ...]
+//   bench_ss [moments|covariance|sorting|robust|threads|stream ...]
 #include <cstdio>
 #include <cstring>
 
@@ -7,6 +7,7 @@ namespace orvik::bench {
 void moments();
 void covariance();
 void sorting();
+void robust();
 void two_threads();
 void stream();
 }  // namespace orvik::bench
@@ -19,6 +20,7 @@ int main(int argc, char** argv) {
   } parts[] = {{"moments", moments},
                {"covariance", covariance},
                {"sorting", sorting},
+               {"robust", robust},
                {"threads", two_threads},
                {"stream", stream}};
   printf("| what | orvik, ns | peer | peer, ns | peer / orvik |\n|---|---|---|---|---|\n");

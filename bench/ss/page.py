@@ -12,7 +12,7 @@ import table  # noqa: E402
 machine = sys.argv[1]
 program = str(root / "build/release/bin/bench_ss")
 env = dict(os.environ, OPENBLAS_NUM_THREADS="1")
-rows = table.rows(["taskset", "-c", "1", program, "moments", "covariance", "sorting", "stream"], env)
+rows = table.rows(["taskset", "-c", "1", program, "moments", "covariance", "sorting", "robust", "stream"], env)
 rows += table.rows([program, "threads"], env)[1:]
 
 # What is compared with whom must reach which ratio: the first line whose words all occur.
@@ -20,6 +20,8 @@ GOALS = [
     (("two threads", "reading memory"), None),
     (("two threads",), 1.8),
     (("stream quantiles",), None),
+    (("covariances",), 1),
+    (("imputation",), 0.8),
     (("reading memory",), 0.9),
     (("fast", "Boost"), 2),
     (("fast", "GSL"), 10),

@@ -1,6 +1,7 @@
 #include "qor/ss/estimators.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include "qor/ss/by_variable.h"
@@ -12,44 +13,43 @@
 namespace orvik::ss {
 namespace {
 
-constexpr int64_t kRows = 2048;  // observations of a block of distances
+constexpr int64_t kRows = 512;         // observations of a block of distances
+constexpr int64_t kFewVariables = 32;  // up to here, distances by variable without the matrix kernel
 
-// d' M d for few variables, without the matrix kernel.
-template <class T, int P>
-T square(const T* m, const T* d) {
-  T sum = 0;
-  for (int i = 0; i < P; ++i) {
-    T row = 0;
-    for (int j = 0; j < P; ++j) row += m[i * P + j] * d[j];
-    sum += row * d[i];
-  }
-  return sum;
-}
-
+// d' M d of m observations, variable by variable: d[j * m + i]. The terms off the diagonal come twice.
 template <class T>
-void squares(int64_t p, int64_t m, const T* inverse, const T* deviations, T* products, T* out) {
-  if (p > 3) {
-    serv::blas::symm('L', 'L', static_cast<int32_t>(p), static_cast<int32_t>(m), T{1}, inverse, static_cast<int32_t>(p),
-                     deviations, static_cast<int32_t>(p), T{0}, products, static_cast<int32_t>(p));
-  }
-  for (int64_t i = 0; i < m; ++i) {
-    const T* d = deviations + i * p;
-    switch (p) {
-      case 1:
-        out[i] = square<T, 1>(inverse, d);
-        break;
-      case 2:
-        out[i] = square<T, 2>(inverse, d);
-        break;
-      case 3:
-        out[i] = square<T, 3>(inverse, d);
-        break;
-      default: {
-        T sum = 0;
-        for (int64_t j = 0; j < p; ++j) sum += d[j] * products[i * p + j];
-        out[i] = sum;
+void squares_by_variable(int64_t p, int64_t m, const T* matrix, const T* d, T* out) {
+  constexpr int64_t kTogether = 64 / sizeof(T);
+  auto some = [&](int64_t i, int64_t count) {
+    T sum[kTogether] = {};
+    for (int64_t j = 0; j < p; ++j) {
+      T row[kTogether] = {};
+      for (int64_t k = 0; k < j; ++k) {
+        const T c = matrix[j * p + k];
+        for (int64_t r = 0; r < count; ++r) row[r] = std::fma(c, d[k * m + i + r], row[r]);
+      }
+      const T c = matrix[j * p + j];
+      for (int64_t r = 0; r < count; ++r) {
+        const T x = d[j * m + i + r];
+        sum[r] = std::fma(std::fma(c, x, 2 * row[r]), x, sum[r]);
       }
     }
+    for (int64_t r = 0; r < count; ++r) out[i + r] = sum[r] < 0 ? T{0} : sum[r];
+  };
+  int64_t i = 0;
+  for (; i + kTogether <= m; i += kTogether) some(i, kTogether);
+  if (i < m) some(i, m - i);
+}
+
+// d' M d of m observations, one after the other.
+template <class T>
+void squares_by_observation(int64_t p, int64_t m, const T* matrix, const T* d, T* products, T* out) {
+  const auto order = static_cast<int32_t>(p);
+  serv::blas::symm('L', 'L', order, static_cast<int32_t>(m), T{1}, matrix, order, d, order, T{0}, products, order);
+  for (int64_t i = 0; i < m; ++i) {
+    T sum = 0;
+    for (int64_t j = 0; j < p; ++j) sum += d[i * p + j] * products[i * p + j];
+    out[i] = sum < 0 ? T{0} : sum;
   }
 }
 
@@ -59,18 +59,24 @@ template <class T>
 int32_t mahalanobis(const Observations<T>& o, const T* mean, const T* matrix, const OrvikThreading* threading,
                     T* results) {
   const int64_t p = o.p;
-  if (p > 3 && !serv::blas::load()) return kNoMemory;
+  const bool few = p <= kFewVariables;
+  if (!few && !serv::blas::load()) return kNoMemory;
   const int64_t blocks = (o.n + kRows - 1) / kRows;
   const int32_t threads = static_cast<int32_t>(std::max<int64_t>(1, std::min<int64_t>(max_threads(threading), blocks)));
-  const int64_t size = std::min(kRows, o.n) * p * (p > 3 ? 2 : 1);
+  const int64_t size = std::min(kRows, o.n) * p * (few ? 1 : 2);
   const serv::Block<T> scratch(static_cast<uint64_t>(size * threads));
   if (!scratch) return kNoMemory;
   return run_threads(threading, threads, [&](int32_t thread) {
     T* deviations = scratch.get() + size * thread;
     for (int64_t block = blocks * thread / threads; block < blocks * (thread + 1) / threads; ++block) {
       const int64_t i0 = block * kRows, m = std::min(kRows, o.n - i0);
-      copy_block(o, i0, m, Layout::ByObservation, mean, static_cast<const T*>(nullptr), deviations);
-      squares(p, m, matrix, deviations, deviations + m * p, results + i0);
+      copy_block(o, i0, m, few ? Layout::ByVariable : Layout::ByObservation, mean, static_cast<const T*>(nullptr),
+                 deviations);
+      if (few) {
+        squares_by_variable(p, m, matrix, deviations, results + i0);
+      } else {
+        squares_by_observation(p, m, matrix, deviations, deviations + m * p, results + i0);
+      }
       for (int64_t i = i0; i < i0 + m; ++i) results[i] = std::sqrt(results[i]);
     }
     return int32_t{kDone};

@@ -8,6 +8,7 @@
 #include "qor/ss/estimators.h"
 #include "qor/ss/inverse_covariance.h"
 #include "qor/ss/missing_field.h"
+#include "qor/ss/sampled_median.h"
 #include "qor/ss/sort.h"
 #include "qor/ss/threads.h"
 #include "serv/memory.h"
@@ -99,7 +100,9 @@ class Bacon {
 
   int32_t first_distances(const Parameters& parameters) {
     if (parameters.by_mahalanobis) return measure(all_);
-    if (const int32_t status = medians(all_, threading_, mean_); status != kDone) return status;
+    const int32_t status =
+        all_.weights != nullptr ? medians(all_, threading_, mean_) : sampled_medians(all_, threading_, mean_);
+    if (status != kDone) return status;
     std::fill(matrix_, matrix_ + all_.p * all_.p, T{0});
     for (int64_t j = 0; j < all_.p; ++j) matrix_[j * all_.p + j] = 1;
     return mahalanobis(all_, mean_, matrix_, threading_, distances_);

@@ -4,8 +4,8 @@
 #include <atomic>
 #include <cmath>
 
-#include "qor/ss/estimators.h"
 #include "qor/ss/matrix.h"
+#include "qor/ss/sampled_median.h"
 #include "serv/blas.h"
 #include "serv/memory.h"
 
@@ -28,7 +28,7 @@ class Start {
     const int64_t p = o_.p, n = o_.n;
     threads_ = static_cast<int32_t>(std::min<int64_t>(max_threads(threading_), std::max<int64_t>(p, 1)));
     scaled_ = serv::Block<T>(static_cast<uint64_t>(n * p));
-    scratch_ = serv::Block<T>(static_cast<uint64_t>(n * threads_));
+    scratch_ = serv::Block<T>(static_cast<uint64_t>(2 * n * threads_));
     small_ = serv::Block<double>(static_cast<uint64_t>(4 * p + 2 * p * p + p * (p + 1) / 2));
     if (!scaled_ || !scratch_ || !small_) return kNoMemory;
     location_ = small_.get();
@@ -56,7 +56,7 @@ class Start {
     const auto threads = static_cast<int32_t>(std::min<int64_t>(threads_, items));
     return run_threads(threading_, threads, [&](int32_t thread) {
       for (int64_t item; (item = next.fetch_add(1)) < items;) {
-        if (const int32_t status = body(item, scratch_.get() + thread * o_.n); status != kDone) return status;
+        if (const int32_t status = body(item, scratch_.get() + 2 * thread * o_.n); status != kDone) return status;
       }
       return int32_t{kDone};
     });
@@ -66,9 +66,9 @@ class Start {
     return share_out(o_.p, [&](int64_t j, T* scratch) {
       T* y = column(j);
       copy_variable(o_, j, y);
-      std::copy(y, y + o_.n, scratch);
       T median;
-      const T deviation = median_deviation_of(o_.n, scratch, &median);
+      const T deviation = sampled_deviation(
+          o_.n, [y](int64_t i) { return y[i]; }, scratch, &median);
       if (!is_scale(deviation)) return int32_t{kSingular};
       location_[j] = static_cast<double>(median);
       scale_[j] = static_cast<double>(deviation);
@@ -89,10 +89,11 @@ class Start {
       while (i * (i + 1) / 2 <= pair) ++i;
       const int64_t j = pair - i * (i - 1) / 2;
       const T *x = column(i), *y = column(j);
-      for (int64_t k = 0; k < n; ++k) scratch[k] = x[k] + y[k];
-      const auto sum = static_cast<double>(median_deviation_of<T>(n, scratch, nullptr));
-      for (int64_t k = 0; k < n; ++k) scratch[k] = x[k] - y[k];
-      const auto difference = static_cast<double>(median_deviation_of<T>(n, scratch, nullptr));
+      const auto scale = [&](auto&& combine) {
+        return static_cast<double>(sampled_deviation<T>(n, combine, scratch, nullptr));
+      };
+      const double sum = scale([x, y](int64_t k) { return x[k] + y[k]; });
+      const double difference = scale([x, y](int64_t k) { return x[k] - y[k]; });
       pairs_[place(i, j)] = 0.25 * (sum * sum - difference * difference);
       return std::isfinite(pairs_[place(i, j)]) ? int32_t{kDone} : int32_t{kSingular};
     });
@@ -115,6 +116,7 @@ class Start {
   int32_t scale_projections() {
     const int64_t p = o_.p, n = o_.n;
     return share_out(p, [&](int64_t k, T* z) {
+      T* scratch = z + n;
       std::fill(z, z + n, T{0});
       for (int64_t j = 0; j < p; ++j) {
         const T* y = column(j);
@@ -122,7 +124,8 @@ class Start {
         for (int64_t i = 0; i < n; ++i) z[i] += e * y[i];
       }
       T median;
-      const T deviation = median_deviation_of(n, z, &median);
+      const T deviation = sampled_deviation(
+          n, [z](int64_t i) { return z[i]; }, scratch, &median);
       if (!is_scale(deviation)) return int32_t{kSingular};
       values_[k] = static_cast<double>(deviation);
       projected_[k] = static_cast<double>(median);
@@ -150,7 +153,7 @@ class Start {
   const OrvikThreading* threading_;
   int32_t threads_ = 1;
   serv::Block<T> scaled_;   // the variables, scaled, one after the other
-  serv::Block<T> scratch_;  // a variable for each thread
+  serv::Block<T> scratch_;  // two variables for each thread
   serv::Block<double> small_;
   double *location_ = nullptr, *scale_ = nullptr;    // of the variables
   double *values_ = nullptr, *projected_ = nullptr;  // scales and medians of the projections

@@ -51,48 +51,65 @@ class Imputation {
   OrvikSSTask task_ = nullptr;
 };
 
+// One sample in one storage with the calls that are timed.
+class Calls {
+ public:
+  explicit Calls(int64_t storage) : x_(contaminated(storage)), plain_(kP, kN, storage, x_.data()) {
+    __qordSSEditOutDetect(plain_.get(), nullptr, nullptr, good_.data());
+    __qordSSEditRCov(plain_.get(), &full_, nullptr, nullptr, mean_.data(), matrix_.data());
+  }
+  std::function<void()> covariances(int count) {
+    return [this, count] {
+      for (int k = 0; k < count; ++k) plain_.basic(ORVIK_SS_COVARIANCE, ORVIK_SS_METHOD_FAST);
+    };
+  }
+  std::function<void()> detect(const OrvikThreading* threads = nullptr) {
+    return [this, threads] { _qordSSOutliersDetection(plain_.get(), 0, ORVIK_SS_METHOD_BACON, threads); };
+  }
+  std::function<void()> estimate(const OrvikThreading* threads = nullptr) {
+    return [this, threads] { _qordSSRobustCovariance(plain_.get(), 0, ORVIK_SS_METHOD_ROBUST, threads); };
+  }
+
+ private:
+  std::vector<double> x_, good_ = std::vector<double>(kN), mean_ = std::vector<double>(kP),
+                          matrix_ = std::vector<double>(kP * kP);
+  int64_t full_ = 0;
+  Task plain_;
+};
+
+constexpr double kCells = static_cast<double>(kP * kN);
+constexpr std::pair<int64_t, const char*> kStorages[] = {{ORVIK_SS_STORAGE_ROWS, ", rows"},
+                                                         {ORVIK_SS_STORAGE_COLUMNS, ", columns"}};
+
 }  // namespace
 
 void robust() {
-  for (int64_t storage : {ORVIK_SS_STORAGE_ROWS, ORVIK_SS_STORAGE_COLUMNS}) {
-    const char* form = storage == ORVIK_SS_STORAGE_ROWS ? ", rows" : ", columns";
-    const auto x = contaminated(storage);
-    Task plain(kP, kN, storage, x.data());
-    auto covariances = [&](int count) {
-      return [&plain, count] {
-        for (int k = 0; k < count; ++k) plain.basic(ORVIK_SS_COVARIANCE, ORVIK_SS_METHOD_FAST);
-      };
-    };
-    std::vector<double> good(kN), mean(kP), matrix(kP * kP);
-    const int64_t full = 0;
-    __qordSSEditOutDetect(plain.get(), nullptr, nullptr, good.data());
-    __qordSSEditRCov(plain.get(), &full, nullptr, nullptr, mean.data(), matrix.data());
-    auto detect = [&](const OrvikThreading* threads) {
-      return [&plain, threads] { _qordSSOutliersDetection(plain.get(), 0, ORVIK_SS_METHOD_BACON, threads); };
-    };
-    auto estimate = [&](const OrvikThreading* threads) {
-      return [&plain, threads] { _qordSSRobustCovariance(plain.get(), 0, ORVIK_SS_METHOD_ROBUST, threads); };
-    };
-    constexpr double kCells = static_cast<double>(kP * kN);
+  for (const auto& [storage, form] : kStorages) {
+    Calls calls(storage);
     compare(std::string("outlier detection, p = 10") + form, kCells,
-            {{"", detect(nullptr)}, {"10 covariances", covariances(10)}}, 5);
+            {{"", calls.detect()}, {"10 covariances", calls.covariances(10)}}, 5);
     compare(std::string("robust covariance, p = 10") + form, kCells,
-            {{"", estimate(nullptr)}, {"30 covariances", covariances(30)}}, 5);
-    const OrvikThreading* two = test::threads<2>();
-    compare(std::string("outlier detection, p = 10, two threads") + form, kCells,
-            {{"", detect(two)}, {"one thread", detect(nullptr)}}, 5);
-    compare(std::string("robust covariance, p = 10, two threads") + form, kCells,
-            {{"", estimate(two)}, {"one thread", estimate(nullptr)}}, 5);
+            {{"", calls.estimate()}, {"30 covariances", calls.covariances(30)}}, 5);
   }
   Imputation large(100'000), small(10'000);
-  compare("imputation, 10^5 observations of 5", large.cells(),
-          {{"", [&] { large.run(); }},
-           {"ten times 10^4",
-            [&] {
-              for (int k = 0; k < 10; ++k) small.run();
-            }}},
+  auto ten_small = [&] {
+    for (int k = 0; k < 10; ++k) small.run();
+  };
+  compare("imputation, 10^5 observations of 5", large.cells(), {{"", [&] { large.run(); }}, {"ten of 10^4", ten_small}},
           5);
-  compare("imputation, two threads", large.cells(),
+}
+
+void robust_threads() {
+  const OrvikThreading* two = test::threads<2>();
+  for (const auto& [storage, form] : kStorages) {
+    Calls calls(storage);
+    compare(std::string("two threads, outlier detection, p = 10") + form, kCells,
+            {{"", calls.detect(two)}, {"one thread", calls.detect()}}, 5);
+    compare(std::string("two threads, robust covariance, p = 10") + form, kCells,
+            {{"", calls.estimate(two)}, {"one thread", calls.estimate()}}, 5);
+  }
+  Imputation large(100'000);
+  compare("two threads, imputation", large.cells(),
           {{"", [&] { large.run(test::threads<2>()); }}, {"one thread", [&] { large.run(); }}}, 5);
 }
 

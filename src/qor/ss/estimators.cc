@@ -8,6 +8,7 @@
 #include "qor/ss/matrix.h"
 #include "qor/ss/moments.h"
 #include "qor/ss/selection.h"
+#include "qor/ss/workspace.h"
 #include "serv/blas.h"
 
 namespace orvik::ss {
@@ -83,53 +84,76 @@ int32_t mahalanobis(const Observations<T>& o, const T* mean, const T* matrix, co
   });
 }
 
+namespace {
+
+// Observations without an index list are data as it is; the others are copied, block by block, to where they are.
+template <class T>
+Data<T> as_data(const Observations<T>& o) {
+  Data<T> d;
+  d.x = o.x;
+  d.weights = o.weights;
+  d.flags = nullptr;
+  d.p = o.p;
+  d.n = o.contiguous_variables ? o.stride : o.n;
+  d.contiguous_variables = o.contiguous_variables;
+  return d;
+}
+
+// A pass over [i0, i1) of an index list, with `copy` for a block of observations and their weights.
+template <class T>
+void run_pass_over_index(const Observations<T>& o, const Plan& plan, int64_t i0, int64_t i1, int64_t block, T* copy,
+                         Accumulators<T>* acc) {
+  for (int64_t i = i0; i < i1; i += block) {
+    const int64_t m = std::min(block, i1 - i);
+    T* const weights = copy + block * o.p;
+    const T* const none = nullptr;
+    copy_block(o, i, m, o.contiguous_variables ? Layout::ByVariable : Layout::ByObservation, none, none, copy);
+    for (int64_t r = 0; r < m && o.weights != nullptr; ++r) weights[r] = o.weight(i + r);
+    Data<T> d;
+    d.x = copy;
+    d.weights = o.weights == nullptr ? nullptr : weights;
+    d.flags = nullptr;
+    d.p = o.p;
+    d.n = m;
+    d.contiguous_variables = o.contiguous_variables;
+    run_pass(d, plan, 0, m, acc);
+  }
+}
+
+}  // namespace
+
 template <class T>
 int32_t scatter(const Observations<T>& o, const OrvikThreading* threading, T* mean, T* products, Weights* total) {
-  const int64_t p = o.p;
   if (!serv::blas::load()) return kNoMemory;
-  const int64_t block = std::max<int64_t>(0x40000 / (p * static_cast<int64_t>(sizeof(T))), 64);
-  const int32_t threads =
-      static_cast<int32_t>(std::max<int64_t>(1, std::min<int64_t>(max_threads(threading), o.n / block)));
-  const int64_t size = block * p + block + p * p;
-  const serv::Block<T> scratch(static_cast<uint64_t>(size * threads));
-  const serv::Block<double> sums(static_cast<uint64_t>((p + 2) * threads));
-  if (!scratch || !sums) return kNoMemory;
-  std::fill(sums.get(), sums.get() + (p + 2) * threads, 0.0);
-  int32_t status = run_threads(threading, threads, [&](int32_t thread) {
-    double* s = sums.get() + (p + 2) * thread;
-    for (int64_t i = o.n * thread / threads; i < o.n * (thread + 1) / threads; ++i) {
-      const auto w = static_cast<double>(o.weight(i));
-      if (w == 0) continue;
-      for (int64_t j = 0; j < p; ++j) s[j] += w * static_cast<double>(o.at(i, j));
-      s[p] += w;
-      s[p + 1] += w * w;
-    }
-    return int32_t{kDone};
-  });
-  if (status != kDone) return status;
-  for (int32_t t = 1; t < threads; ++t) {
-    for (int64_t j = 0; j < p + 2; ++j) sums[j] += sums[(p + 2) * t + j];
-  }
-  *total = {sums[p], sums[p + 1]};
-  for (int64_t j = 0; j < p; ++j) mean[j] = static_cast<T>(sums[j] / total->sum);
-  status = run_threads(threading, threads, [&](int32_t thread) {
-    T *rows = scratch.get() + size * thread, *roots = rows + block * p, *c = roots + block;
-    std::fill(c, c + p * p, T{0});
-    const int64_t end = o.n * (thread + 1) / threads;
-    for (int64_t i = o.n * thread / threads; i < end; i += block) {
-      const int64_t m = std::min(block, end - i);
-      if (o.weights != nullptr) copy_root_weights(o, i, m, roots);
-      copy_block(o, i, m, Layout::ByObservation, mean, o.weights == nullptr ? nullptr : roots, rows);
-      serv::blas::syrk('U', 'N', static_cast<int32_t>(p), static_cast<int32_t>(m), T{1}, rows, static_cast<int32_t>(p),
-                       T{1}, c, static_cast<int32_t>(p));
-    }
-    return int32_t{kDone};
-  });
-  if (status != kDone) return status;
+  Plan plan;
+  plan.method = Method::OnePass;
+  plan.work = 1u << kMean | 1u << kCrossProduct;
+  plan.central = 1;
+  const int64_t p = o.p;
+  const int32_t threads = pass_threads(p, o.n, true, threading);
+  const int64_t block = o.index == nullptr ? 0 : std::clamp<int64_t>(65536 / p, 256, std::max<int64_t>(o.n, 256));
+  Workspace<T> work;
+  const serv::Block<T> copies(static_cast<uint64_t>(std::max<int64_t>(threads * block * (p + 1), 1)));
+  const serv::Block<Accumulators<T>> parts(static_cast<uint64_t>(threads));
+  if (!work.allocate(p, o.n, o.weights != nullptr, plan, threads, true) || !copies || !parts) return kNoMemory;
+  work.share_out(plan, threads, products, parts.get());
   std::fill(products, products + p * p, T{0});
-  for (int32_t t = 0; t < threads; ++t) {
-    const T* c = scratch.get() + size * t + block * p + block;
-    for (int64_t k = 0; k < p * p; ++k) products[k] += c[k];
+  const int32_t status = run_threads(threading, threads, [&](int32_t thread) {
+    const int64_t chunk = o.n / threads, i0 = thread * chunk, i1 = thread == threads - 1 ? o.n : i0 + chunk;
+    Accumulators<T>* const acc = parts.get() + thread;
+    if (o.index == nullptr) {
+      run_pass(as_data(o), plan, i0, i1, acc);
+    } else {
+      run_pass_over_index(o, plan, i0, i1, block, copies.get() + thread * block * (p + 1), acc);
+    }
+    return int32_t{kDone};
+  });
+  if (status != kDone) return status;
+  for (int32_t t = 1; t < threads; ++t) merge(p, plan, parts.get(), parts[static_cast<uint64_t>(t)]);
+  *total = parts[0].weights;
+  const bool none = total->observations == 0;
+  for (int64_t j = 0; j < p; ++j) {
+    mean[j] = none ? std::numeric_limits<T>::quiet_NaN() : static_cast<T>(parts[0].central[0][j]);
   }
   mirror_upper(p, products);
   return kDone;

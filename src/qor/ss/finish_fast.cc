@@ -22,14 +22,16 @@ void finish_fast(const Task& task, const Data<T>& d, const Plan& plan, const Wei
   const Results<T> rows(task, plan);
   const Weights& total = acc.weights;
   const double factor = unbiased(total), pass = total.sum - old.sum;
-  const int order = plan.power_order();
+  const int order = plan.power;
   for (int64_t j = 0; j < d.p; ++j) {
     if (!d.selected(j)) continue;
-    double about[5] = {pass, 0, 0, 0, 0}, s[5], r[5] = {}, sums[5] = {};
-    for (int k = 1; k <= order; ++k) about[k] = acc.power[k - 1][j];
+    double s[5] = {pass}, r[5] = {}, sums[5] = {};
+    for (int k = 1; k <= order; ++k) s[k] = acc.power[k - 1][j];
     // With a matrix the deviations are from a point, and so is the mean: it is exact where the variable does not vary.
-    const double shift = acc.shift == nullptr ? 0.0 : static_cast<double>(acc.shift[j]);
-    plain_sums(shift, about, s);
+    if (acc.shift != nullptr) {
+      const double about[5] = {s[0], s[1], s[2], s[3], s[4]};
+      plain_sums(static_cast<double>(acc.shift[j]), about, s);
+    }
     if (old.sum != 0) rows.add_run(j, old.sum, order, s);
     for (int k = 1; k <= order; ++k) r[k] = s[k] / total.sum;
     const double mean = acc.mean == nullptr ? r[1] : acc.mean[j];
@@ -40,7 +42,7 @@ void finish_fast(const Task& task, const Data<T>& d, const Plan& plan, const Wei
                                           : central_from_raw(k, mean, r) * total.sum;
     }
     rows.set(kMean, j, mean);
-    rows.put(j, mean, factor, s, r, sums, total.sum);
+    rows.put(j, order, mean, factor, s, r, sums, total.sum);
   }
 }
 

@@ -24,7 +24,7 @@ Home home_of(const Task& task, const Plan& plan, int k) {
 
 template <class T>
 void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, Accumulators<T>* acc) {
-  const int order = plan.central_order();
+  const int order = plan.central;
   if (order == 0) return;
   const Results<T> rows(task, plan);
   const double factor = unbiased(old);
@@ -60,7 +60,7 @@ void finish_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const
   const Results<T> rows(task, plan);
   const Weights& total = acc.weights;
   const double factor = unbiased(total);
-  const int power = plan.power_order(), central = plan.central_order();
+  const int power = plan.power, central = plan.central;
   T* unasked[5] = {};
   for (int k = 2; k <= central; ++k) {
     if (home_of(task, plan, k) == Home::Unasked) unasked[k] = real<T>(central_sum_field(task, k));
@@ -76,10 +76,11 @@ void finish_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const
       mean = acc.central[0][j];
       for (int k = 2; k <= central; ++k) sums[k] = acc.central[k - 1][j];
     }
-    for (int k = 2; k <= 4; ++k) c[k] = sums[k] / total.sum;
-    for (int k = 2; k <= central && power == 0; ++k) r[k] = raw_from_central(k, mean, c);
+    if (power == 0) {
+      for (int k = 2; k <= central; ++k) c[k] = sums[k] / total.sum, r[k] = raw_from_central(k, mean, c);
+    }
     rows.set(kMean, j, mean);
-    rows.put(j, mean, factor, s, r, sums, total.sum);
+    rows.put(j, plan.order(), mean, factor, s, r, sums, total.sum);
     for (int k = 2; k <= central; ++k) {
       if (unasked[k] != nullptr) unasked[k][j] = static_cast<T>(sums[k]);
     }

@@ -25,7 +25,7 @@ void finish_user_mean(const Task& task, const Data<T>& d, const Plan& plan, cons
   const Weights& total = acc.weights;
   const bool running = old.sum != 0;
   const double factor = unbiased(total), old_factor = running ? unbiased(old) : 1.0;
-  const int order = plan.power_order();
+  const int order = plan.power;
   for (int64_t j = 0; j < d.p; ++j) {
     if (!d.selected(j)) continue;
     const double mean = rows.get(kMean, j);
@@ -43,7 +43,7 @@ void finish_user_mean(const Task& task, const Data<T>& d, const Plan& plan, cons
     for (int k = 2; k <= order; ++k) {
       sums[k] = about[k] + (delta == 0 ? before[k] : rebase(k, old.sum, delta, before));
     }
-    rows.put(j, mean, factor, s, r, sums, total.sum);
+    rows.put(j, order, mean, factor, s, r, sums, total.sum);
   }
 }
 

@@ -20,9 +20,9 @@ int32_t check(const Task& task, bool median, bool mean, uint64_t method) {
   if (task.dimension == nullptr || task.p() < 1) return kBadDimension;
   if (const int32_t status = check_observations(task); status != kDone) return status;
   if (const int32_t status = check_storage(task); status != kDone) return status;
-  if (median && task.medianAbsDeviation == nullptr) return kNoMedianAbsDeviation;
-  if (mean && task.meanAbsDeviation == nullptr) return kNoMeanAbsDeviation;
-  if (mean && (method & ORVIK_SS_METHOD_USER_MEAN) != 0 && task.mean == nullptr) return kNoMean;
+  if (median && task.medianAbsDeviation == nullptr) return missing_field::medianAbsDeviation;
+  if (mean && task.meanAbsDeviation == nullptr) return missing_field::meanAbsDeviation;
+  if (mean && (method & ORVIK_SS_METHOD_USER_MEAN) != 0 && task.mean == nullptr) return missing_field::mean;
   return median || mean ? kDone : kBadMethod;
 }
 

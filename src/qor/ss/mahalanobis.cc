@@ -12,7 +12,7 @@ int32_t distances(OrvikSSTask handle, int64_t p, const T* inverse, T* results, c
   if (p < 1) return kBadDimension;
   if (const int32_t status = check_observations(task); status != kDone) return status;
   if (const int32_t status = check_storage(task); status != kDone) return status;
-  if (task.mean == nullptr) return kNoMean;
+  if (task.mean == nullptr) return missing_field::mean;
   Data<T> d = data_of<T>(task);
   d.p = p;
   return mahalanobis(Observations<T>(d), real<T>(task.mean), inverse, threading, results);

@@ -10,13 +10,13 @@ namespace orvik::ss {
 
 // Status of a storage field for a matrix that is asked for: the code is in the low two bits.
 inline int32_t check_matrix_storage(const Task& task, const void* storage) {
-  if (storage == nullptr) return kNoStorage;
+  if (storage == nullptr) return missing_field::covarianceStorage;
   return (task.integer(storage) & 3) == 3 ? kBadStorage : kDone;
 }
 
 // The same where the code is the whole value: 0 to 2.
 inline int32_t check_matrix_storage_value(const Task& task, const void* storage) {
-  if (storage == nullptr) return kNoStorage;
+  if (storage == nullptr) return missing_field::covarianceStorage;
   const int64_t code = task.integer(storage);
   return code < 0 || code > 2 ? kBadStorage : kDone;
 }

@@ -123,8 +123,8 @@ int32_t minmax(OrvikSSTask handle, uint64_t estimates, uint64_t method) {
   if (handle == nullptr) return kNoTask;
   const Task& task = *static_cast<Task*>(handle);
   const bool low = (estimates & ORVIK_SS_MINIMUM) != 0, high = (estimates & ORVIK_SS_MAXIMUM) != 0;
-  if (low && task.minimum == nullptr) return kNoMinimum;
-  if (high && task.maximum == nullptr) return kNoMaximum;
+  if (low && task.minimum == nullptr) return missing_field::minimum;
+  if (high && task.maximum == nullptr) return missing_field::maximum;
   if ((method & (ORVIK_SS_METHOD_FAST | ORVIK_SS_METHOD_ONE_PASS)) == 0) return kBadMethod;
   if (const int32_t status = check_storage(task); status != kDone) return status;
   if (const int32_t status = check_observations(task); status != kDone) return status;

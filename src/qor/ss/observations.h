@@ -70,28 +70,57 @@ void copy_root_weights(const Observations<T>& o, int64_t i, int64_t m, T* roots)
 
 enum class Layout { ByObservation, ByVariable };  // out[r * p + j], out[j * m + r]
 
-// Observations [i, i + m) as (x - shift[j]) roots[r]. Null `shift`: none; null `roots`: 1. What has the root 0 is 0,
-// even where x is no number.
-template <class T>
-void copy_block(const Observations<T>& o, int64_t i, int64_t m, Layout layout, const T* shift, const T* roots, T* out) {
+namespace blocks {
+
+template <bool Shifted, bool Scaled, class T>
+inline T value(T x, T shift, T root) {
+  if (Shifted) x -= shift;
+  return !Scaled ? x : root == 0 ? T{0} : x * root;
+}
+
+template <bool Shifted, bool Scaled, class T>
+void copy(const Observations<T>& o, int64_t i, int64_t m, Layout layout, const T* shift, const T* roots, T* out) {
   const int64_t row = layout == Layout::ByObservation ? o.p : 1, column = layout == Layout::ByObservation ? 1 : m;
-  auto value = [&](T x, int64_t r, int64_t j) {
-    if (shift != nullptr) x -= shift[j];
-    if (roots != nullptr) x = roots[r] == 0 ? T{0} : x * roots[r];
-    return x;
-  };
+  // Along what is contiguous; the plain cases, which the compiler makes vectors of, apart.
   if (o.contiguous_variables) {
     for (int64_t j = 0; j < o.p; ++j) {
-      const T* x = o.x + j * o.stride;
-      T* to = out + j * column;
-      for (int64_t r = 0; r < m; ++r) to[r * row] = value(x[o.place(i + r)], r, j);
+      const T* const x = o.x + j * o.stride + (o.index == nullptr ? i : 0);
+      T* const to = out + j * column;
+      const T u = Shifted ? shift[j] : T{0};
+      if (o.index == nullptr && row == 1) {
+        for (int64_t r = 0; r < m; ++r) to[r] = value<Shifted, Scaled>(x[r], u, Scaled ? roots[r] : T{1});
+      } else {
+        for (int64_t r = 0; r < m; ++r) {
+          to[r * row] = value<Shifted, Scaled>(x[o.index == nullptr ? r : o.index[i + r]], u, Scaled ? roots[r] : T{1});
+        }
+      }
     }
     return;
   }
   for (int64_t r = 0; r < m; ++r) {
-    const T* x = o.x + o.place(i + r) * o.stride;
-    T* to = out + r * row;
-    for (int64_t j = 0; j < o.p; ++j) to[j * column] = value(x[j], r, j);
+    const T* const x = o.x + o.place(i + r) * o.stride;
+    T* const to = out + r * row;
+    const T root = Scaled ? roots[r] : T{1};
+    if (column == 1) {
+      for (int64_t j = 0; j < o.p; ++j) to[j] = value<Shifted, Scaled>(x[j], Shifted ? shift[j] : T{0}, root);
+    } else {
+      for (int64_t j = 0; j < o.p; ++j) to[j * column] = value<Shifted, Scaled>(x[j], Shifted ? shift[j] : T{0}, root);
+    }
+  }
+}
+
+}  // namespace blocks
+
+// Observations [i, i + m) as (x - shift[j]) roots[r]. Null `shift`: none; null `roots`: 1. What has the root 0 is 0,
+// even where x is no number.
+template <class T>
+void copy_block(const Observations<T>& o, int64_t i, int64_t m, Layout layout, const T* shift, const T* roots, T* out) {
+  if (roots != nullptr) {
+    shift != nullptr ? blocks::copy<true, true>(o, i, m, layout, shift, roots, out)
+                     : blocks::copy<false, true>(o, i, m, layout, shift, roots, out);
+  } else {
+    shift != nullptr ? blocks::copy<true, false>(o, i, m, layout, shift, roots, out)
+                     : blocks::copy<false, false>(o, i, m, layout, shift, roots, out);
   }
 }
 

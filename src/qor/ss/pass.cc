@@ -14,7 +14,7 @@ namespace {
 // a block is of the precision of the data, which bounds its length.
 template <class T>
 int64_t block_length(const Data<T>& d, const Plan& plan, int64_t done) {
-  constexpr int64_t kFirst = 512, kValues = 65536;
+  constexpr int64_t kFirst = 1024, kValues = 65536;
   int64_t longest = std::clamp<int64_t>(kValues / d.p, 256, 4096);
   if (d.contiguous_variables) longest = d.weights == nullptr || d.p == 1 ? 16384 : 2048;
   return plan.method == Method::OnePass ? std::min(std::max(done, kFirst), longest) : longest;
@@ -45,10 +45,10 @@ void find_pivot(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1
 // From sums about the pivot to a state; plain sums as a by-product.
 template <class T>
 void to_states(const Plan& plan, int64_t j0, int64_t j1, double weight, Accumulators<T>* acc) {
-  const int power = plan.power_order(), central = plan.central_order();
+  const int power = plan.power, central = plan.central;
   for (int64_t j = j0; j < j1; ++j) {
     double s[5] = {weight, 0, 0, 0, 0};
-    for (int k = 1; k <= std::max(power, central); ++k) s[k] = acc->block[k - 1][j];
+    for (int k = 1; k <= plan.order(); ++k) s[k] = acc->block[k - 1][j];
     const auto u = static_cast<double>(acc->pivot[j]);
     if (power != 0) {
       double plain[5];
@@ -65,7 +65,7 @@ void to_states(const Plan& plan, int64_t j0, int64_t j1, double weight, Accumula
 template <class T>
 void add_block(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const Weights& w,
                Accumulators<T>* acc) {
-  const int central = plan.central_order(), order = std::max(plan.power_order(), central);
+  const int order = plan.order();
   const double before = acc->weights.sum;
   // The mean of all before, where it is the better half of the new one.
   const bool known = before >= w.sum;
@@ -99,19 +99,18 @@ void add_products(const Data<T>& d, int64_t i0, int64_t i1, const Weights& w, Ac
 }  // namespace
 
 int double_rows(const Plan& plan) {
-  const int power = plan.power_order(), central = plan.central_order();
   const int mean = plan.matrix() && plan.method == Method::Fast ? 1 : 0;
-  return power + central + (central != 0 ? std::max(power, central) : 0) + mean;
+  return plan.power + plan.central + (plan.central != 0 ? plan.order() : 0) + mean;
 }
 
-int real_rows(const Plan& plan) { return (plan.central_order() != 0 ? 1 : 0) + (plan.matrix() ? 1 : 0); }
+int real_rows(const Plan& plan) { return (plan.central != 0 ? 1 : 0) + (plan.matrix() ? 1 : 0); }
 
 template <class T>
 void run_pass(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1, Accumulators<T>* acc) {
-  const int power = plan.power_order(), central = plan.central_order();
+  const int power = plan.power, central = plan.central;
   const bool by_states = central != 0;
   for (int64_t i = i0, end; i < i1; i = end) {
-    end = i1 - i <= 768 ? i1 : std::min(i1, i + block_length(d, plan, i - i0));
+    end = i1 - i <= 1536 ? i1 : std::min(i1, i + block_length(d, plan, i - i0));
     const Weights w = weigh(d, i, end - i);
     if (w.observations == 0) continue;
     for_selected_ranges(d, [&](int64_t j0, int64_t j1) {
@@ -133,7 +132,7 @@ template <class T>
 void merge(int64_t p, const Plan& plan, Accumulators<T>* into, const Accumulators<T>& from) {
   const double a = into->weights.sum, b = from.weights.sum;
   if (from.weights.observations == 0) return;
-  for (int k = 0; k < plan.power_order(); ++k) {
+  for (int k = 0; k < plan.power; ++k) {
     for (int64_t j = 0; j < p; ++j) into->power[k][j] += from.power[k][j];
   }
   if (T* c = into->cross.matrix(); c != nullptr) {
@@ -143,7 +142,7 @@ void merge(int64_t p, const Plan& plan, Accumulators<T>* into, const Accumulator
       into->cross.add_outer(a * (b / (a + b)), into->outer);
     }
   }
-  if (plan.central_order() != 0) join_states(p, plan.central_order(), a, b, into->central, from.central);
+  if (plan.central != 0) join_states(p, plan.central, a, b, into->central, from.central);
   into->weights.add(from.weights);
 }
 

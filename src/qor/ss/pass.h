@@ -1,8 +1,8 @@
 // One pass over the data by one thread, and the merge of two threads' results.
 //
 // All methods add sums of powers of deviations from a point of each variable, block by block. The fast method takes
-// deviations from zero (with a matrix from the first observation, so that a variable that does not vary has zeros all
-// along), the user mean method from the user's mean. The one-pass method takes them from the running mean, makes a state
+// deviations from zero (with a matrix from the mean so far or the first observation, so that a variable that does not
+// vary has zeros all along), the user mean method from the user's mean. The one-pass method takes them from the running mean, makes a state
 // of each block and joins it to the running one: what a block has less than half of the weight for costs no digits. A
 // block that weighs more than all before it is about its own mean, which a sweep of its own finds.
 #pragma once

@@ -37,14 +37,12 @@ enum class Method { Fast, OnePass, UserMean, Finish };
 struct Plan {
   Method method;
   uint32_t work;
+  int power = 0;    // highest power of x, or of deviations from the user's mean, to sum
+  int central = 0;  // highest running central sum; the running mean alone has order 1
 
   bool has(int bit) const { return (work >> bit & 1) != 0; }
-  bool matrix() const { return has(kCovariance) || has(kCorrelation) || has(kCrossProduct); }
-
-  // Highest power of x (or of deviations from the user's mean) and highest running central sum to compute; the running
-  // mean alone has order 1.
-  int power_order() const;
-  int central_order() const;
+  bool matrix() const { return (work & (1u << kCovariance | 1u << kCorrelation | 1u << kCrossProduct)) != 0; }
+  int order() const { return power > central ? power : central; }
 };
 
 // Fills the plan and makes every check of the task, in order.

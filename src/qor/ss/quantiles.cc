@@ -18,8 +18,8 @@ int32_t check(const Task& task, uint64_t estimates, uint64_t method, bool orders
   const bool quantiles = (estimates & ORVIK_SS_QUANTILES) != 0, sorted = (estimates & ORVIK_SS_ORDER_STATISTICS) != 0;
   if (quantiles && !orders_in_range) return kBadQuantileOrders;
   if (sorted) {
-    if (task.orderStatistics == nullptr) return kNoOrderStatistics;
-    if (task.orderStatisticsStorage == nullptr) return kNoStorage;
+    if (task.orderStatistics == nullptr) return missing_field::orderStatistics;
+    if (task.orderStatisticsStorage == nullptr) return missing_field::orderStatisticsStorage;
     if (!has_form(task.integer(task.orderStatisticsStorage))) return kBadStorage;
   }
   if (!quantiles && !sorted) return kBadMethod;
@@ -28,8 +28,8 @@ int32_t check(const Task& task, uint64_t estimates, uint64_t method, bool orders
 }
 
 int32_t check_quantile_fields(const Task& task) {
-  if (task.quantiles == nullptr) return kNoQuantiles;
-  if (task.quantileOrders == nullptr) return kNoQuantileOrders;
+  if (task.quantiles == nullptr) return missing_field::quantiles;
+  if (task.quantileOrders == nullptr) return missing_field::quantileOrders;
   return task.quantileOrderCount == nullptr || task.integer(task.quantileOrderCount) < 0 ? kBadQuantileOrders : kDone;
 }
 

@@ -1,6 +1,7 @@
 // The caller's rows as numbers in double: zero where the work list does not have the row, and nothing written.
 #pragma once
 
+#include <bit>
 #include <cmath>
 
 #include "qor/ss/moments.h"
@@ -13,7 +14,10 @@ template <class T>
 class Results {
  public:
   Results(const Task& task, const Plan& plan) {
-    for (int bit = 0; bit < kNotAllowed; ++bit) rows_[bit] = plan.has(bit) ? real<T>(output(task, bit)) : nullptr;
+    for (uint32_t work = plan.work; work != 0; work &= work - 1) {
+      const int bit = std::countr_zero(work);
+      rows_[bit] = real<T>(output(task, bit));
+    }
   }
 
   bool has(int bit) const { return rows_[bit] != nullptr; }
@@ -31,14 +35,15 @@ class Results {
     }
   }
 
-  // All rows of a variable but the mean. c[k] are averages of powers of deviations from it.
-  void put(int64_t j, double mean, double factor, const double* s, const double* r, const double* sums,
+  // All rows of a variable but the mean, up to an order: plain sums, raw moments, central sums, and the averages c[k] of
+  // powers of deviations from the mean.
+  void put(int64_t j, int order, double mean, double factor, const double* s, const double* r, const double* sums,
            double weight) const {
-    double c[5] = {};
-    for (int k = 2; k <= 4; ++k) c[k] = sums[k] / weight;
-    c[2] *= factor;
     set(kSum, j, s[1]);
-    for (int k = 2; k <= 4; ++k) {
+    if (order < 2) return;
+    double c[5] = {};
+    for (int k = 2; k <= order; ++k) {
+      c[k] = sums[k] / weight * (k == 2 ? factor : 1.0);
       set(kRaw2 + k - 2, j, r[k]);
       set(kRawSum2 + k - 2, j, s[k]);
       set(kCentral2 + k - 2, j, c[k]);
@@ -55,7 +60,7 @@ class Results {
   }
 
  private:
-  T* rows_[kNotAllowed];
+  T* rows_[kNotAllowed] = {};
 };
 
 }  // namespace orvik::ss

@@ -5,7 +5,9 @@
 #include <cmath>
 #include <cstdint>
 
+#include "lanes/lanes.h"
 #include "qor/ss/sort.h"
+#include "qor/unroll.h"
 
 namespace orvik::ss {
 
@@ -28,6 +30,30 @@ struct Place {
   }
 };
 
+// Index of a least value of n, none of which is NaN.
+template <class T>
+int64_t least_of(int64_t n, const T* a) {
+  using V = VectorOf<T>;
+  constexpr int64_t kStep = 4 * kWidth<V>;
+  T least = a[0];
+  int64_t i = 0;
+  if (n >= kStep) {
+    V v[4];
+    for (int k = 0; k < 4; ++k) v[k] = load<V>(a + k * kWidth<V>);
+    for (i = kStep; i + kStep <= n; i += kStep) {
+      unroll<4>([&](auto k) __attribute__((always_inline)) { v[k] = min(load<V>(a + i + k * kWidth<V>), v[k]); });
+    }
+    T lanes[kWidth<V>];
+    store(lanes, min(min(v[0], v[1]), min(v[2], v[3])));
+    for (T x : lanes) least = x < least ? x : least;
+  }
+  for (; i < n; ++i) least = a[i] < least ? a[i] : least;
+  i = 0;
+  while (i + kWidth<V> <= n && none(load<V>(a + i) == V(least))) i += kWidth<V>;
+  while (!(a[i] == least)) ++i;
+  return i;
+}
+
 // Selects ranks of one array one after another; each one narrows the search for the next.
 template <class T>
 class Selection {
@@ -43,11 +69,7 @@ class Selection {
     if (place.high != place.low && place.fraction != 0) {
       const int64_t next = next_placed(place.low);
       if (next != place.high) {
-        int64_t least = place.high;
-        for (int64_t i = place.high + 1; i < next; ++i) {
-          if (a_[i] < a_[least]) least = i;
-        }
-        std::swap(a_[place.high], a_[least]);
+        std::swap(a_[place.high], a_[place.high + least_of(next - place.high, a_ + place.high)]);
         mark(place.high);
       }
     }

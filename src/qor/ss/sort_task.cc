@@ -12,8 +12,8 @@ constexpr int64_t kForms = ORVIK_SS_STORAGE_ROWS | ORVIK_SS_STORAGE_COLUMNS;
 
 int32_t check(const Task& task, uint64_t method) {
   if ((method & ORVIK_SS_METHOD_SORT) == 0) return kBadMethod;
-  if (task.sortedObservations == nullptr) return kNoSorted;
-  if (task.sortedStorage == nullptr) return kNoStorage;
+  if (task.sortedObservations == nullptr) return missing_field::sortedObservations;
+  if (task.sortedStorage == nullptr) return missing_field::sortedStorage;
   const int64_t form = task.integer(task.sortedStorage) & kForms;
   if (form == kForms) return kAmbiguousSorted;
   if (form == 0) return kBadStorage;

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "orvik/ss.h"
+#include "qor/ss/missing_field.h"
 #include "qor/ss/status.h"
 
 namespace orvik::ss {
@@ -84,14 +85,14 @@ T* real(void* field) {
 inline bool has_form(int64_t code) { return (code & (ORVIK_SS_STORAGE_ROWS | ORVIK_SS_STORAGE_COLUMNS)) != 0; }
 
 inline int32_t check_storage(const Task& task) {
-  if (task.observationStorage == nullptr) return kNoStorage;
+  if (task.observationStorage == nullptr) return missing_field::observationStorage;
   return has_form(task.integer(task.observationStorage)) ? kDone : kBadStorage;
 }
 
 // n above 0, then the observations. In the order in which most estimators test them.
 inline int32_t check_observations(const Task& task) {
   if (task.observationCount == nullptr || task.integer(task.observationCount) < 1) return kBadCount;
-  return task.observations == nullptr ? kNoObservations : kDone;
+  return task.observations == nullptr ? missing_field::observations : kDone;
 }
 
 // One variable alone is contiguous in either form.

@@ -8,8 +8,8 @@ namespace {
 int32_t check(const Task& task) {
   if (const int32_t status = check_observations(task); status != kDone) return status;
   if (const int32_t status = check_storage(task); status != kDone) return status;
-  if (task.weights == nullptr) return kNoWeights;
-  return task.quantiles == nullptr ? kNoQuantiles : kDone;
+  if (task.weights == nullptr) return missing_field::weights;
+  return task.quantiles == nullptr ? missing_field::quantiles : kDone;
 }
 
 template <class T>

@@ -1,6 +1,5 @@
 // Moments, sums, covariance: one call over a block of observations.
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 #include "orvik/ss.h"
@@ -57,7 +56,7 @@ int32_t reserve_mean_scratch(Task* task, int64_t p, const Weights& old, const T*
 template <class T>
 int32_t run(const Data<T>& d, const Plan& plan, int32_t threads, Accumulators<T>* parts,
             const OrvikThreading* threading) {
-  const int64_t chunk = d.n / threads;
+  const int64_t chunk = threads == 1 ? d.n : d.n / threads;
   const int32_t status = run_threads(threading, threads, [&](int32_t thread) {
     const int64_t begin = thread * chunk;
     const int64_t end = thread == threads - 1 ? d.n : begin + chunk;
@@ -69,7 +68,7 @@ int32_t run(const Data<T>& d, const Plan& plan, int32_t threads, Accumulators<T>
   return kDone;
 }
 
-// The point of the fast method's matrix: the mean so far, at first the first observation that has weight.
+// The point of a call: the mean so far, at first the first observation that has weight.
 template <class T>
 void find_point(const Task& task, const Data<T>& d, const Weights& old, T* to) {
   int64_t i = 0;
@@ -77,7 +76,7 @@ void find_point(const Task& task, const Data<T>& d, const Weights& old, T* to) {
   for (int64_t j = 0; j < d.p; ++j) {
     if (!d.selected(j) || (old.sum == 0 && i == d.n)) continue;
     const T x = old.sum != 0 ? real<T>(task.mean)[j] : d.x[i * d.observation_step() + j * d.variable_step()];
-    to[j] = std::isfinite(x) ? x : T{0};
+    to[j] = finite_or_zero(x);
   }
 }
 
@@ -150,7 +149,7 @@ int32_t basic(OrvikSSTask handle, uint64_t estimates, uint64_t method, const Orv
   work.share_out(plan, threads, in_place, parts);
   Accumulators<T>& first = parts[0];
   const T* shift = user_mean;
-  if (plan.method == Method::Fast && plan.matrix()) {
+  if (plan.central != 0 || (plan.method == Method::Fast && plan.matrix())) {
     find_point(task, d, old, point);
     shift = point;
   }

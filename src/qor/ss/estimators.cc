@@ -136,7 +136,12 @@ int32_t scatter(const Observations<T>& o, const OrvikThreading* threading, T* me
   const serv::Block<T> copies(static_cast<uint64_t>(std::max<int64_t>(threads * block * (p + 1), 1)));
   const serv::Block<Accumulators<T>> parts(static_cast<uint64_t>(threads));
   if (!work.allocate(p, o.n, o.weights != nullptr, plan, threads, true) || !copies || !parts) return kNoMemory;
+  T* const point = work.template row<T>();
   work.share_out(plan, threads, products, parts.get());
+  int64_t first = 0;
+  while (first < o.n && o.weight(first) == 0) ++first;
+  for (int64_t j = 0; first < o.n && j < p; ++j) point[j] = finite_or_zero(o.at(first, j));
+  for (int32_t t = 0; t < threads; ++t) parts[static_cast<uint64_t>(t)].shift = point;
   std::fill(products, products + p * p, T{0});
   const int32_t status = run_threads(threading, threads, [&](int32_t thread) {
     const int64_t chunk = o.n / threads, i0 = thread * chunk, i1 = thread == threads - 1 ? o.n : i0 + chunk;
@@ -153,7 +158,7 @@ int32_t scatter(const Observations<T>& o, const OrvikThreading* threading, T* me
   *total = parts[0].weights;
   const bool none = total->observations == 0;
   for (int64_t j = 0; j < p; ++j) {
-    mean[j] = none ? std::numeric_limits<T>::quiet_NaN() : static_cast<T>(parts[0].central[0][j]);
+    mean[j] = none ? std::numeric_limits<T>::quiet_NaN() : static_cast<T>(static_cast<double>(point[j]) + parts[0].central[0][j]);
   }
   mirror_upper(p, products);
   return kDone;
@@ -180,17 +185,7 @@ int32_t quantiles(const Observations<T>& o, const int32_t* flags, int64_t count,
   if (count == 0) return kDone;
   return for_each_variable(o, flags, threading, o.n, [&](int64_t j, T* a) {
     copy_variable(o, j, a);
-    T* to = results + j * count;
-    if (count > Selection<T>::kMaxOrders) {
-      quicksort(a, move_nans(a, o.n));
-      for (int64_t k = 0; k < count; ++k) {
-        const Place place(orders[k], o.n);
-        to[k] = place.between(a[place.low], a[place.high]);
-      }
-      return;
-    }
-    Selection<T> selection(a, o.n);
-    for (int64_t k = 0; k < count; ++k) to[k] = selection.quantile(Place(orders[k], o.n));
+    quantiles_of(o.n, a, count, orders, results + j * count);
   });
 }
 

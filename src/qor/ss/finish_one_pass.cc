@@ -31,7 +31,7 @@ void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const W
   for (int64_t j = 0; j < d.p; ++j) {
     if (!d.selected(j)) continue;
     const double m = rows.get(kMean, j);
-    acc->central[0][j] = m;
+    acc->central[0][j] = m - static_cast<double>(acc->shift[j]);
     const double r[5] = {1, m, rows.get(kRaw2, j), rows.get(kRaw3, j), rows.get(kRaw4, j)};
     for (int k = 2; k <= order; ++k) {
       double c = 0;
@@ -73,7 +73,7 @@ void finish_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const
     for (int k = 1; k <= power; ++k) r[k] = s[k] / total.sum;
     double mean = std::numeric_limits<double>::quiet_NaN();
     if (central != 0 && total.sum != 0) {
-      mean = acc.central[0][j];
+      mean = static_cast<double>(acc.shift[j]) + acc.central[0][j];
       for (int k = 2; k <= central; ++k) sums[k] = acc.central[k - 1][j];
     }
     if (power == 0) {

@@ -10,11 +10,11 @@
 namespace orvik::ss {
 namespace {
 
-// Observations of the next block: short ones first by one pass, since the first is read twice. What is kept by place in
+// Observations of the next block: short ones first by one pass, which must know the mean before the long ones. What is kept by place in
 // a block is of the precision of the data, which bounds its length.
 template <class T>
 int64_t block_length(const Data<T>& d, const Plan& plan, int64_t done) {
-  constexpr int64_t kFirst = 1024, kValues = 65536;
+  constexpr int64_t kFirst = 1536, kValues = 65536;
   int64_t longest = std::clamp<int64_t>(kValues / d.p, 256, 4096);
   if (d.contiguous_variables) longest = d.weights == nullptr || d.p == 1 ? 16384 : 2048;
   return plan.method == Method::OnePass ? std::min(std::max(done, kFirst), longest) : longest;
@@ -26,14 +26,21 @@ int64_t first_with_weight(const Data<T>& d, int64_t i) {
   return i;
 }
 
-// A point near the values of a block: the first one, or the mean by way of deviations from it. The mean of equal values
-// is that value.
+// A point near the values of a block: the first one, or the mean of its beginning by way of deviations from that one.
+// The mean of equal values is that value. A beginning of a part f of the weight may cost log2(1 / f) bits, 4 at most,
+// where all the rest lies far from it.
 template <class T>
 void find_pivot(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, double weight, bool mean,
                 Accumulators<T>* acc) {
+  constexpr int64_t kBeginning = 128;
+  constexpr double kPart = 1.0 / 16;
   const T* x = d.x + first_with_weight(d, i0) * d.observation_step();
   for (int64_t j = j0; j < j1; ++j) acc->pivot[j] = x[j * d.variable_step()];
   if (!mean) return;
+  if (i1 - i0 > 2 * kBeginning) {
+    const Weights beginning = weigh(d, i0, kBeginning);
+    if (beginning.sum >= kPart * weight) i1 = i0 + kBeginning, weight = beginning.sum;
+  }
   std::fill(acc->block[0] + j0, acc->block[0] + j1, 0.0);
   add_power_sums(d, i0, i1, j0, j1, 1, acc->pivot, acc->block);
   for (int64_t j = j0; j < j1; ++j) {
@@ -56,7 +63,7 @@ void to_states(const Plan& plan, int64_t j0, int64_t j1, double weight, Accumula
       for (int k = 1; k <= power; ++k) acc->power[k - 1][j] += plain[k];
     }
     if (central == 0) continue;
-    acc->block[0][j] = u + s[1] / weight;
+    acc->block[0][j] = (u - static_cast<double>(acc->shift[j])) + s[1] / weight;
     for (int k = 2; k <= central; ++k) acc->block[k - 1][j] = central_sum(k, s);
   }
 }
@@ -71,7 +78,7 @@ void add_block(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1, int64
   const bool known = before >= w.sum;
   if (known) {
     for (int64_t j = j0; j < j1; ++j) {
-      const T m = static_cast<T>(acc->central[0][j]);
+      const T m = static_cast<T>(static_cast<double>(acc->shift[j]) + acc->central[0][j]);
       acc->pivot[j] = std::isfinite(m) ? m : T{0};
     }
   } else {
@@ -88,7 +95,8 @@ void add_products(const Data<T>& d, int64_t i0, int64_t i1, const Weights& w, Ac
   acc->cross.add(Observations<T>(d), i0, i1, acc->pivot);
   const double before = acc->weights.sum;
   for (int64_t j = 0; j < d.p; ++j) {
-    acc->outer[j] = static_cast<T>(acc->block[0][j] - static_cast<double>(acc->pivot[j]));
+    const double pivot = static_cast<double>(acc->pivot[j]) - static_cast<double>(acc->shift[j]);
+    acc->outer[j] = static_cast<T>(acc->block[0][j] - pivot);
   }
   acc->cross.add_outer(-w.sum, acc->outer);
   if (before == 0) return;

@@ -13,17 +13,17 @@ namespace orvik::ss {
 template <class T>
 class Results {
  public:
-  Results(const Task& task, const Plan& plan) {
+  Results(const Task& task, const Plan& plan) : work_(plan.work) {
     for (uint32_t work = plan.work; work != 0; work &= work - 1) {
       const int bit = std::countr_zero(work);
       rows_[bit] = real<T>(output(task, bit));
     }
   }
 
-  bool has(int bit) const { return rows_[bit] != nullptr; }
-  double get(int bit, int64_t j) const { return rows_[bit] == nullptr ? 0.0 : static_cast<double>(rows_[bit][j]); }
+  bool has(int bit) const { return (work_ >> bit & 1) != 0; }
+  double get(int bit, int64_t j) const { return has(bit) ? static_cast<double>(rows_[bit][j]) : 0.0; }
   void set(int bit, int64_t j, double value) const {
-    if (rows_[bit] != nullptr) rows_[bit][j] = static_cast<T>(value);
+    if (has(bit)) rows_[bit][j] = static_cast<T>(value);
   }
 
   // Plain sums s[k] of a pass with those of the run before it; raw moments r[k] of all.
@@ -60,7 +60,8 @@ class Results {
   }
 
  private:
-  T* rows_[kNotAllowed] = {};
+  uint32_t work_;
+  T* rows_[kNotAllowed];  // of the bits of the work list; filling the others would take a call's time
 };
 
 }  // namespace orvik::ss

@@ -187,24 +187,23 @@ Weights weigh(const Data<T>& d, int64_t i, int64_t m) {
   constexpr int kUnroll = 4;
   F64 sum[2 * kUnroll], squares[2 * kUnroll];
   for (int k = 0; k < 2 * kUnroll; ++k) sum[k] = squares[k] = F64(0.0);
-  int64_t zeros = 0, r = 0;
-  auto take = [&](V v, int k) __attribute__((always_inline)) {
-    zeros += __builtin_popcount(lane_bits(v == V(T(0))));
-    add_weights(v, sum + 2 * k, squares + 2 * k);
-  };
+  int64_t r = 0;
+  auto take = [&](V v, int k) __attribute__((always_inline)) { add_weights(v, sum + 2 * k, squares + 2 * k); };
   for (; r + kUnroll * kWidth<V> <= m; r += kUnroll * kWidth<V>) {
     unroll<kUnroll>([&](auto k) __attribute__((always_inline)) { take(load<V>(w + r + k * kWidth<V>), k); });
   }
   for (; r + kWidth<V> <= m; r += kWidth<V>) take(load<V>(w + r), 0);
-  if (r < m) {
-    take(load(w + r, first_lanes<V>(m - r)), 0);
-    zeros -= kWidth<V> - (m - r);
-  }
+  if (r < m) take(load(w + r, first_lanes<V>(m - r)), 0);
   for (int k = 1; k < 2 * kUnroll; ++k) {
     sum[0] = sum[0] + sum[k];
     squares[0] = squares[0] + squares[k];
   }
-  return {horizontal_sum(sum[0]), horizontal_sum(squares[0]), m - zeros};
+  Weights total{horizontal_sum(sum[0]), horizontal_sum(squares[0]), m};
+  // The square of the sum says that there are several, beyond what rounding may; otherwise they are counted.
+  if (!(total.sum * total.sum > total.squares * (1 + 0x1p-30) && total.squares > 0)) {
+    total.observations = std::count_if(w, w + m, [](T x) { return !(x == 0); });
+  }
+  return total;
 }
 
 template <class T>

@@ -57,7 +57,7 @@ class Workspace {
 
   // Accumulators of all threads, the first with the matrix `in_place`, if that is not null.
   void share_out(const Plan& plan, int32_t threads, T* in_place, Accumulators<T>* parts) {
-    for (int32_t k = 0; k < threads; ++k) new (parts + k) Accumulators<T>(accumulators(plan));
+    for (int32_t k = 0; k < threads; ++k) fill(plan, new (parts + k) Accumulators<T>);
     if (!plan.matrix()) return;
     T* const own = in_place != nullptr ? in_place : matrix();
     T* const others = take<T>((threads - 1) * p_ * p_);
@@ -69,16 +69,17 @@ class Workspace {
  private:
   static constexpr int64_t kFrame = 4096, kLine = 64;
 
-  Accumulators<T> accumulators(const Plan& plan) {
-    Accumulators<T> acc;
-    const int power = plan.power, central = plan.central;
-    for (int k = 0; k < power; ++k) acc.power[k] = row<double>();
-    for (int k = 0; k < central; ++k) acc.central[k] = row<double>();
-    for (int k = 0; central != 0 && k < plan.order(); ++k) acc.block[k] = row<double>();
-    if (central != 0) acc.pivot = row<T>();
-    if (plan.matrix()) acc.outer = row<T>();
-    if (plan.matrix() && plan.method == Method::Fast) acc.mean = row<double>();
-    return acc;
+  void fill(const Plan& plan, Accumulators<T>* acc) {
+    for (int k = 0; k < plan.power; ++k) acc->power[k] = row<double>();
+    for (int k = 0; k < plan.central; ++k) acc->central[k] = row<double>();
+    if (plan.central != 0) {
+      for (int k = 0; k < plan.order(); ++k) acc->block[k] = row<double>();
+      acc->pivot = row<T>();
+    }
+    if (plan.matrix()) {
+      acc->outer = row<T>();
+      if (plan.method == Method::Fast) acc->mean = row<double>();
+    }
   }
   CrossProduct<T> cross_product(T* matrix, int32_t threads) {
     T* scratch = take<T>(CrossProduct<T>::scratch_size(p_, chunk(threads), weighted_));
@@ -86,7 +87,7 @@ class Workspace {
   }
 
   // Observations of the longest run of a thread.
-  int64_t chunk(int32_t threads) const { return n_ / threads + n_ % threads; }
+  int64_t chunk(int32_t threads) const { return threads == 1 ? n_ : n_ / threads + n_ % threads; }
 
   template <class V>
   static int64_t bytes(int64_t count) {

@@ -106,6 +106,41 @@ TYPED_TEST(Quantiles, OfOneValueAreThatValueForEveryOrder) {
   for (int k = 0; k < 3; ++k) EXPECT_EQ(q[k], TypeParam(0.1));
 }
 
+// Values that fill their range evenly, crowd a part of it, repeat, or are few: by buckets or by partition.
+TYPED_TEST(Quantiles, OfEveryKindOfCrowdAreThoseOfTheSortedValues) {
+  using T = TypeParam;
+  const std::vector<T> orders = {0, T(0.01), T(0.25), T(0.5), T(0.75), T(0.999), 1, T(0.5)};
+  for (int64_t n : {255, 256, 257, 1000, 8191, 8192, 30011}) {
+    for (int kind = 0; kind < 8; ++kind) {
+      std::mt19937_64 engine(n);
+      std::normal_distribution<double> normal;
+      std::vector<T> x(n);
+      for (int64_t i = 0; i < n; ++i) {
+        const double z = normal(engine);
+        const double values[] = {z,
+                                 std::exp(10 * z),
+                                 std::round(z),
+                                 7.0,
+                                 i == 0 ? 1e30 : z,
+                                 static_cast<double>(i) - 500,
+                                 i % 2 == 0 ? z : z + 1e6,
+                                 i == 5 ? std::numeric_limits<double>::infinity() : z * 1e-300};
+        x[i] = static_cast<T>(values[kind]);
+      }
+      auto sorted = x;
+      std::sort(sorted.begin(), sorted.end());
+      const auto got = quantiles_of(x, orders);
+      for (size_t k = 0; k < orders.size(); ++k) {
+        const double f = static_cast<double>(orders[k]) * static_cast<double>(n - 1);
+        const auto low = static_cast<int64_t>(f);
+        const T a = sorted[low], b = sorted[std::min(low + 1, n - 1)];
+        const T want = f == std::floor(f) || a == b ? a : std::fma(b - a, static_cast<T>(f - std::floor(f)), a);
+        ASSERT_EQ(got[k], want) << "n " << n << " kind " << kind << " order " << orders[k];
+      }
+    }
+  }
+}
+
 // The order statistic itself where the fraction is 0 or both ends are equal, by selection and from the sorted values.
 TYPED_TEST(Quantiles, NextToInfinitiesAreTheOrderStatisticsThatTheyMeet) {
   using T = TypeParam;

@@ -8,7 +8,6 @@
 #include "qor/ss/estimators.h"
 #include "qor/ss/inverse_covariance.h"
 #include "qor/ss/missing_field.h"
-#include "qor/ss/sampled_median.h"
 #include "qor/ss/sort.h"
 #include "qor/ss/threads.h"
 #include "serv/memory.h"
@@ -39,7 +38,7 @@ int32_t check(const Task& task, uint64_t method) {
   const int64_t storage = task.integer(task.observationStorage);
   if (storage != ORVIK_SS_STORAGE_ROWS && storage != ORVIK_SS_STORAGE_COLUMNS) return kBadStorage;
   if (task.outlierWeights == nullptr) return missing_field::outlierWeights;
-  if ((method & ORVIK_SS_METHOD_BACON) == 0) return kBadMethod;
+  if (method != ORVIK_SS_METHOD_BACON) return kBadMethod;
   return check_observations(task);
 }
 
@@ -100,9 +99,7 @@ class Bacon {
 
   int32_t first_distances(const Parameters& parameters) {
     if (parameters.by_mahalanobis) return measure(all_);
-    const int32_t status =
-        all_.weights != nullptr ? medians(all_, threading_, mean_) : sampled_medians(all_, threading_, mean_);
-    if (status != kDone) return status;
+    if (const int32_t status = medians(all_, threading_, mean_); status != kDone) return status;
     std::fill(matrix_, matrix_ + all_.p * all_.p, T{0});
     for (int64_t j = 0; j < all_.p; ++j) matrix_[j * all_.p + j] = 1;
     return mahalanobis(all_, mean_, matrix_, threading_, distances_);

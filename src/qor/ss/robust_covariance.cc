@@ -41,7 +41,7 @@ int32_t check(const Task& task, uint64_t method) {
   if (task.robustCovariance == nullptr) return missing_field::robustCovariance;
   if (const int32_t status = check_matrix_storage_value(task, task.robustCovarianceStorage); status != kDone)
     return status;
-  if ((method & ORVIK_SS_METHOD_ROBUST) == 0) return kBadMethod;
+  if (method != ORVIK_SS_METHOD_ROBUST) return kBadMethod;
   return check_observations(task);
 }
 

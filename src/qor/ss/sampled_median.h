@@ -1,13 +1,12 @@
-// Medians of values that are computed as they are needed: a sample tells between which two values the median lies, one
-// pass counts what is below and keeps what lies between (Floyd and Rivest 1975). The result is the median itself; where
-// the sample was not like the rest, all values are selected from.
+// Medians of values that are computed as they are needed, never stored, and of any distribution: a sample tells between
+// which two values the median lies, one pass counts what is below and keeps what lies between (Floyd and Rivest 1975).
+// The result is the median itself; where the sample was not like the rest, all values are selected from.
 #pragma once
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 
-#include "qor/ss/by_variable.h"
 #include "qor/ss/estimators.h"
 #include "qor/ss/selection.h"
 
@@ -61,16 +60,6 @@ T sampled_deviation(int64_t n, F&& value, T* scratch, T* median) {
   if (median != nullptr) *median = m;
   return sampled_median(
       n, [&](int64_t i) { return std::fabs(value(i) - m); }, scratch);
-}
-
-// Medians of the variables.
-template <class T>
-int32_t sampled_medians(const Observations<T>& o, const OrvikThreading* threading, T* results) {
-  return for_each_variable(o, nullptr, threading, 2 * o.n, [&](int64_t j, T* values) {
-    copy_variable(o, j, values);
-    results[j] = sampled_median(
-        o.n, [values](int64_t i) { return values[i]; }, values + o.n);
-  });
 }
 
 }  // namespace orvik::ss

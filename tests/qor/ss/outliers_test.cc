@@ -294,7 +294,9 @@ TEST(Outliers, ChecksInOrder) {
   storage = 0x10000;
   EXPECT_EQ(_qordSSOutliersDetection(task, 0, 0, nullptr), -4041);
   __qordSSEditTask(task, OrvikSS_outlierWeights, good.data());
-  EXPECT_EQ(_qordSSOutliersDetection(task, 0, 0x8, nullptr), -4029);
+  for (uint64_t other : {0x0, 0x1, 0x8, 0x28}) {
+    EXPECT_EQ(_qordSSOutliersDetection(task, 0, other, nullptr), -4029);
+  }
   EXPECT_EQ(_qordSSOutliersDetection(task, 0, kMethod, nullptr), 0);
   __qorSSDeleteTask(&task);
   ASSERT_EQ(__qordSSNewTask(&task, &p, &n, nullptr, nullptr, nullptr, nullptr, 0), 0);

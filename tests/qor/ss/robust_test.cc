@@ -9,6 +9,7 @@
 #include "qor/ss/classic_data.h"
 #include "qor/ss/contaminated.h"
 #include "qor/ss/exhausted.h"
+#include "qor/ss/sampled_median.h"
 #include "qor/ss/support.h"
 
 namespace orvik::ss::test {
@@ -98,6 +99,52 @@ TEST(Biweight, ScaleSolvesItsEquation) {
   EXPECT_EQ(solve_scale(b, loss, 1000, d.data(), 1), 0) << "most have no distance";
   std::fill(d.begin(), d.begin() + 501, HUGE_VAL);
   EXPECT_EQ(solve_scale(b, loss, 1000, d.data(), 1), 0) << "most are beyond measure";
+}
+
+// Against a sort: distributions, ties, orders that a regular sample does not see, and values that are no numbers.
+template <class T>
+void expect_sampled_medians() {
+  std::mt19937_64 engine(6);
+  std::normal_distribution<double> normal;
+  for (int64_t n : {1, 2, 5, 8191, 8192, 8193, 20000, 100001}) {
+    for (int kind = 0; kind < 9; ++kind) {
+      std::vector<T> x(n), scratch(n);
+      for (int64_t i = 0; i < n; ++i) {
+        const double z = normal(engine);
+        const double values[] = {z,
+                                 std::exp(3 * z),
+                                 std::floor(3 * z),
+                                 static_cast<double>(i),
+                                 static_cast<double>(-i),
+                                 static_cast<double>(i % 9),
+                                 i % 9 == 0 ? z : 1e6 + z,
+                                 i % 3 == 0 ? HUGE_VAL : z,
+                                 i % 4 == 0 ? std::nan("") : z};
+        x[i] = static_cast<T>(values[kind]);
+      }
+      auto sorted = x;
+      const auto numbers = std::partition(sorted.begin(), sorted.end(), [](T v) { return v == v; });
+      std::sort(sorted.begin(), numbers);
+      const T low = sorted[(n - 1) / 2], high = sorted[n / 2];
+      T median;
+      const auto at = [&](int64_t i) { return x[i]; };
+      const T deviation = sampled_deviation<T>(n, at, scratch.data(), &median);
+      if (low == low && high == high) {
+        EXPECT_EQ(median, low == high ? low : std::fma(high - low, T{0.5}, low)) << n << " " << kind;
+        for (T& v : x) v = std::fabs(v - median);
+        std::vector<T> again(x);
+        const T wanted = median_of(n, again.data());
+        EXPECT_TRUE(deviation == wanted || (deviation != deviation && wanted != wanted)) << n << " " << kind;
+      } else {
+        EXPECT_TRUE(median != median || low == low) << n << " " << kind;
+      }
+    }
+  }
+}
+
+TEST(SampledMedian, IsTheMedian) {
+  expect_sampled_medians<double>();
+  expect_sampled_medians<float>();
 }
 
 template <class T>
@@ -431,7 +478,7 @@ TEST(RobustCovariance, ChecksInOrder) {
   __qoriSSEditTask(task, OrvikSS_robustCovarianceStorage, &matrix);
   EXPECT_EQ(run(task, 0), -4003);
   matrix = 2;
-  EXPECT_EQ(run(task, 0x20), -4029);
+  for (uint64_t other : {0x0, 0x1, 0x20, 0x28}) EXPECT_EQ(run(task, other), -4029);
   EXPECT_EQ(run(task, kMethod), -4032);
   __qordSSEditTask(task, OrvikSS_observations, sample.columns.data());
   EXPECT_EQ(run(task, kMethod), 0);

@@ -40,12 +40,14 @@ int32_t posterior(int64_t p, const Prior& prior, ModelScratch* s, double* degree
   }
   *degrees = n + prior.degrees;
   if (!(*degrees > static_cast<double>(p - 1))) return kPosteriorSingular;
-  // A scatter that rounding alone makes positive is singular: values are of the order of the deviations.
-  double least = INFINITY, largest = 0;
-  for (int64_t j = 0; j < p; ++j) largest = std::max(largest, g[j * p + j]);
+  double* const variances = s->b;
+  for (int64_t j = 0; j < p; ++j) variances[j] = g[j * p + j];
   if (!factor('L', p, g)) return kPosteriorSingular;
-  for (int64_t j = 0; j < p; ++j) least = std::min(least, g[j * p + j] * g[j * p + j]);
-  return least > 1e-13 * largest ? kDone : int32_t{kPosteriorSingular};
+  // What rounding alone leaves of a variable that the others determine is nothing.
+  for (int64_t j = 0; j < p; ++j) {
+    if (!(g[j * p + j] * g[j * p + j] > 1e-13 * variances[j])) return kPosteriorSingular;
+  }
+  return kDone;
 }
 
 }  // namespace

@@ -81,6 +81,19 @@ TEST(Biweight, BreakdownComesFirstWhereBothAreNotToBeHad) {
   EXPECT_NEAR(expected_loss(many, 60) / many.ceiling(), 0.5, 1e-8);
 }
 
+TEST(Biweight, SmallBreakdownsAndRejectionsHaveConstantsToo) {
+  for (double p : {1.0, 4.0, 30.0}) {
+    for (double breakdown : {1e-12, 1e-4, 0.02}) {
+      for (double rejection : {1e-300, 1e-17, 1e-6, 0.9, 1 - 1e-9}) {
+        const Biweight b = find_biweight(p, breakdown, rejection);
+        EXPECT_TRUE(b.m >= 0 && b.c >= 0 && b.m + b.c > 0 && std::isfinite(b.m + b.c)) << p << " " << breakdown;
+        EXPECT_NEAR(expected_loss(b, p) / b.ceiling() / breakdown, 1, 1e-4)
+            << p << " " << breakdown << " " << rejection;
+      }
+    }
+  }
+}
+
 TEST(Biweight, ScaleSolvesItsEquation) {
   std::mt19937_64 engine(3);
   std::chi_squared_distribution<double> squares(4);

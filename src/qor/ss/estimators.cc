@@ -17,29 +17,27 @@ namespace {
 constexpr int64_t kRows = 512;         // observations of a block of distances
 constexpr int64_t kFewVariables = 32;  // up to here, distances by variable without the matrix kernel
 
-// d' M d of m observations, variable by variable: d[j * m + i]. The terms off the diagonal come twice.
+// d' M d of the observations of a vector, variable by variable: d[j * m]. The terms off the diagonal come twice. What
+// rounding makes negative is 0.
+template <class V>
+void squares_of(int64_t p, int64_t m, const Element<V>* matrix, const Element<V>* d, Element<V>* out) {
+  using T = Element<V>;
+  V sum = V(T(0));
+  for (int64_t j = 0; j < p; ++j) {
+    V row = V(T(0));
+    for (int64_t k = 0; k < j; ++k) row = fma(V(matrix[j * p + k]), load<V>(d + k * m), row);
+    const V x = load<V>(d + j * m);
+    sum = fma(fma(V(matrix[j * p + j]), x, row + row), x, sum);
+  }
+  store(out, max(V(T(0)), sum));
+}
+
 template <class T>
 void squares_by_variable(int64_t p, int64_t m, const T* matrix, const T* d, T* out) {
-  constexpr int64_t kTogether = 64 / sizeof(T);
-  auto some = [&](int64_t i, int64_t count) {
-    T sum[kTogether] = {};
-    for (int64_t j = 0; j < p; ++j) {
-      T row[kTogether] = {};
-      for (int64_t k = 0; k < j; ++k) {
-        const T c = matrix[j * p + k];
-        for (int64_t r = 0; r < count; ++r) row[r] = std::fma(c, d[k * m + i + r], row[r]);
-      }
-      const T c = matrix[j * p + j];
-      for (int64_t r = 0; r < count; ++r) {
-        const T x = d[j * m + i + r];
-        sum[r] = std::fma(std::fma(c, x, 2 * row[r]), x, sum[r]);
-      }
-    }
-    for (int64_t r = 0; r < count; ++r) out[i + r] = sum[r] < 0 ? T{0} : sum[r];
-  };
+  using V = Twice<VectorOf<T>>;
   int64_t i = 0;
-  for (; i + kTogether <= m; i += kTogether) some(i, kTogether);
-  if (i < m) some(i, m - i);
+  for (; i + kWidth<V> <= m; i += kWidth<V>) squares_of<V>(p, m, matrix, d + i, out + i);
+  for (; i < m; ++i) squares_of<T>(p, m, matrix, d + i, out + i);
 }
 
 // d' M d of m observations, one after the other.
@@ -158,7 +156,8 @@ int32_t scatter(const Observations<T>& o, const OrvikThreading* threading, T* me
   *total = parts[0].weights;
   const bool none = total->observations == 0;
   for (int64_t j = 0; j < p; ++j) {
-    mean[j] = none ? std::numeric_limits<T>::quiet_NaN() : static_cast<T>(static_cast<double>(point[j]) + parts[0].central[0][j]);
+    mean[j] = none ? std::numeric_limits<T>::quiet_NaN()
+                   : static_cast<T>(static_cast<double>(point[j]) + parts[0].central[0][j]);
   }
   mirror_upper(p, products);
   return kDone;

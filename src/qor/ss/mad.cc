@@ -8,11 +8,25 @@
 namespace orvik::ss {
 namespace {
 
+// The sum of what `value` makes of the elements, in several chains.
+template <class T, class Value>
+double sum_of(int64_t n, const T* a, Value&& value) {
+  constexpr int kChains = 16;
+  double s[kChains] = {};
+  int64_t i = 0;
+  for (; i + kChains <= n; i += kChains) {
+    for (int k = 0; k < kChains; ++k) s[k] += value(a[i + k]);
+  }
+  for (; i < n; ++i) s[0] += value(a[i]);
+  for (int half = kChains / 2; half > 0; half /= 2) {
+    for (int k = 0; k < half; ++k) s[k] += s[k + half];
+  }
+  return s[0];
+}
+
 template <class T>
 T mean(int64_t n, const T* a) {
-  double sum = 0;
-  for (int64_t i = 0; i < n; ++i) sum += static_cast<double>(a[i]);
-  return static_cast<T>(sum / static_cast<double>(n));
+  return static_cast<T>(sum_of(n, a, [](T x) { return static_cast<double>(x); }) / static_cast<double>(n));
 }
 
 int32_t check(const Task& task, bool median, bool mean, uint64_t method) {
@@ -40,8 +54,7 @@ int32_t mad(OrvikSSTask handle, uint64_t estimates, uint64_t method, const Orvik
     copy_variable(o, j, a);
     if (by_mean) {
       const T m = given != nullptr ? given[j] : mean(d.n, a);
-      double sum = 0;
-      for (int64_t i = 0; i < d.n; ++i) sum += static_cast<double>(std::fabs(a[i] - m));
+      const double sum = sum_of(d.n, a, [m](T x) { return static_cast<double>(std::fabs(x - m)); });
       real<T>(task.meanAbsDeviation)[j] = static_cast<T>(sum / static_cast<double>(d.n));
     }
     if (by_median) {

@@ -181,7 +181,7 @@ class Buckets {
     std::fill(before_, before_ + buckets_ + 1, 0);
     for_buckets(n, a, [&](T, int32_t bucket) { ++before_[bucket + 1]; });
     for (int32_t k = 0; k < buckets_; ++k) before_[k + 1] += before_[k];
-    std::fill(wanted_, wanted_ + buckets_, uint8_t{0});
+    std::fill(wanted_, wanted_ + kMost, uint8_t{0});
   }
 
   int32_t bucket_of(int64_t rank) const {

@@ -30,6 +30,9 @@ void show_integration(const Table& table);
 // Summary of each column, correlations, quantiles of a long stream.
 void show_statistics(const Table& table);
 
+// Outliers by their rows, a robust covariance beside the classical one, missing values with intervals, drawn.
+void show_robust(const Table& table);
+
 // Sorted columns against normal quantiles, the straightest one drawn.
 void show_quantile_plot(const Table& table);
 
@@ -50,6 +53,7 @@ inline constexpr Section kSections[] = {
     {"Simulation", show_simulation},
     {"Quasi-random integration", show_integration},
     {"Statistics", show_statistics},
+    {"Robust statistics", show_robust},
     {"Normal quantiles", show_quantile_plot},
     {"Data fitting", show_fitting},
 };

@@ -1,0 +1,82 @@
+// What a call of the kernels needs of the calling thread's state, and puts back.
+#pragma once
+
+#include <cerrno>
+
+#include "lanes/control.h"
+#include "orvik/front.h"
+#include "orvik/zym.h"
+
+namespace orvik::front {
+
+inline constexpr uint32_t kDenormalField = 0x3C0000, kKeepDenormals = 0x140000;
+inline constexpr uint32_t kFlags = 0x3F;            // exception flags of the control register
+inline constexpr uint32_t kDefaultControl = 0x1F80;  // all masked, to nearest, no flag
+
+// Exceptional elements of a call of one kernel, or of several one after the other.
+struct Collector {
+  orvik_report* reports = nullptr;
+  int64_t capacity = 0;
+  int64_t base = 0;  // index of the kernel's first element in the whole call
+  int64_t count = 0;
+  int32_t least = 0;  // code
+  bool complex = false, second_argument = false, second_result = false;
+};
+
+// Where the callback of this thread collects.
+extern constinit thread_local Collector* collector;
+int32_t collect(ZymErrorContext* context);
+
+// The thread's mode while kernels run: denormals are kept; reported elements go to the collector and nowhere else. A row that
+// never reports needs only the first.
+class KernelState {
+ public:
+  KernelState(Collector* c, bool reports) : errno_(errno), reports_(reports), mode_(_zymGetMode()) {
+    const bool flushes = (mode_ & kDenormalField) == ZYM_FLUSH_DENORMALS;
+    changed_ = reports || flushes;
+    if (reports) {
+      status_ = _zymGetErrStatus();
+      callback_ = _zymSetErrorCallBack(collect);
+      _zymSetInterfInputVectorPointer(nullptr);
+      collector_ = collector;
+      collector = c;
+    }
+    // With the callback alone in the error field no handler runs: it takes every element.
+    if (changed_) {
+      _zymSetMode((reports ? uint32_t{ZYM_ERRMODE_CALLBACK} : 0) | (flushes ? kKeepDenormals : 0));
+    }
+  }
+  ~KernelState() {
+    if (reports_) {
+      collector = collector_;
+      _zymSetErrorCallBack(callback_);
+      _zymSetErrStatus(status_);
+    }
+    if (changed_) _zymSetMode(mode_);
+    errno = errno_;
+  }
+  KernelState(const KernelState&) = delete;
+  KernelState& operator=(const KernelState&) = delete;
+
+ private:
+  int errno_;
+  bool reports_, changed_;
+  uint32_t mode_;
+  int32_t status_ = 0;
+  ZymErrorCallback callback_ = nullptr;
+  Collector* collector_ = nullptr;
+};
+
+// Keeps errno, for calls whose kernels look after the rest themselves.
+class KeepErrno {
+ public:
+  KeepErrno() : saved_(errno) {}
+  ~KeepErrno() { errno = saved_; }
+  KeepErrno(const KeepErrno&) = delete;
+  KeepErrno& operator=(const KeepErrno&) = delete;
+
+ private:
+  int saved_;
+};
+
+}  // namespace orvik::front

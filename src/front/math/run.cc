@@ -1,6 +1,7 @@
 // One call of a vector function: checks, then the kernel on the caller's thread or on blocks over several.
 #include "front/math/shapes.h"
 
+#include <bit>
 #include <climits>
 #include <cstring>
 #include <new>
@@ -35,12 +36,28 @@ namespace {
 // Kernels count on 32 bits. A multiple of every block and cache line.
 constexpr int64_t kMostElements = int64_t{1} << 30;
 
-// The cost 1 of a dispatch table, about: the float exponential of lower accuracy has 1.046.
-constexpr double kNanosecondsOfCost = 0.2;
+// The cost 1 of a dispatch table is about a fifth of a nanosecond: the float exponential of lower accuracy has 1.046.
+constexpr int64_t kNanosecondsOfCostInverse = 5;
 // Below this a second thread does not pay; each is worth that much work.
-constexpr double kAloneNanoseconds = 20000, kNanosecondsOfThread = 10000;
+constexpr int64_t kAloneNanoseconds = 20000, kNanosecondsOfThread = 10000;
 constexpr int32_t kBlocksOfThread = 4;
 constexpr int32_t kMostBlocks = kMostThreads;
+
+// A cost in 64ths, from the bits of the float: arithmetic in floating point would raise flags that are the caller's.
+int64_t cost_in_64ths(float cost) {
+  const auto bits = std::bit_cast<uint32_t>(cost);
+  const int32_t exponent = static_cast<int32_t>(bits >> 23 & 0xFF) - 127;
+  const int64_t mantissa = (bits & 0x7FFFFF) | 0x800000;
+  const int32_t shift = 17 - exponent;
+  return shift >= 24 ? 1 : shift >= 0 ? mantissa >> shift : mantissa << (-shift < 20 ? -shift : 20);
+}
+
+// About how long n elements take one thread, at most some hours.
+int64_t nanoseconds_of(int64_t n, float cost) {
+  constexpr __int128 kLongest = int64_t{1} << 44;
+  const __int128 time = static_cast<__int128>(n) * cost_in_64ths(cost) / (64 * kNanosecondsOfCostInverse);
+  return static_cast<int64_t>(time < kLongest ? time : kLongest);
+}
 
 bool fits_kernel(int64_t step) { return step >= INT32_MIN && step <= INT32_MAX; }
 
@@ -101,14 +118,20 @@ struct alignas(64) Block {
   Collector found;
 };
 
-// Cuts n elements into at most `wanted` blocks that end where a cache line of the first result ends; returns how many.
+// Cuts n elements into at most `wanted` blocks that end where a cache line of the first result ends; returns how many. The lanes of
+// complex rows may raise a flag or not by what stands beside an element, so that they are cut where a kernel's own blocks
+// and pieces end, counted from the start of the call: flags are then those of one call.
+constexpr int64_t kPiece = 512;  // a multiple of every kernel's blocks, and of the 2 KB in which strided arrays are gathered
+
 int32_t cut(const Row& row, const Operands& o, int64_t n, int32_t wanted, Block* blocks) {
-  const int64_t line = 64 / row.result_bytes;
+  const bool whole_pieces = row.complex || row.input_bytes != row.result_bytes;
+  const int64_t line = whole_pieces ? kPiece : 64 / row.result_bytes;
   int64_t lead = 0;  // elements before the first whole line
-  if (o.r1.step == 1) {
+  if (o.r1.step == 1 && !whole_pieces) {
     const auto beyond = static_cast<int64_t>(reinterpret_cast<uint64_t>(o.r1.start) % 64);
     if (beyond % row.result_bytes == 0) lead = (64 - beyond) % 64 / row.result_bytes;
   }
+  if (lead > n) lead = n;
   const int64_t lines = (n - lead) / line;
   if (lines < wanted) wanted = static_cast<int32_t>(lines);
   if (wanted < 1) wanted = 1;
@@ -209,14 +232,13 @@ orvik_status run(const Row& row, const Operands& o, int64_t n, orvik_math_option
     found.complex = row.complex;
     found.second_argument = row.second_argument;
     found.second_result = row.second_result;
-    const double work = static_cast<double>(n) * static_cast<double>(row.costs[level]) * kNanosecondsOfCost;
     int32_t blocks = threads;
-    if (threads == 0 && work >= kAloneNanoseconds) {
-      const double worth = work / kNanosecondsOfThread;
-      const int32_t limit = thread_limit();
-      threads = worth < limit ? static_cast<int32_t>(worth) : limit;
-      const double most = work / kAloneNanoseconds;
-      blocks = most < kBlocksOfThread * threads ? static_cast<int32_t>(most) : kBlocksOfThread * threads;
+    const int64_t work = threads == 0 ? nanoseconds_of(n, row.costs[level]) : 0;
+    if (work >= kAloneNanoseconds) {
+      const int64_t limit = thread_limit(), worth = work / kNanosecondsOfThread;
+      threads = static_cast<int32_t>(worth < limit ? worth : limit);
+      const int64_t most = work / kAloneNanoseconds, wanted = int64_t{kBlocksOfThread} * threads;
+      blocks = static_cast<int32_t>(most < wanted ? most : wanted);
       if (blocks < threads) blocks = threads;
     }
     if (threads > kMostThreads) threads = kMostThreads;

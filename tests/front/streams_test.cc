@@ -202,7 +202,7 @@ TEST(Streams, EveryDamagedImageIsRefused) {
 TEST(Streams, FailingAllocationsLeaveNothingBehind) {
   orvik_stream* s = nullptr;
   for (const int32_t generator : {ORVIK_MT19937, ORVIK_SOBOL}) {
-    for (int64_t n = 1;; ++n) {
+    for (int64_t n = 1; n < 1000; ++n) {
       const int64_t before = live_allocations();
       fail_allocation_after(n);
       const orvik_status status = orvik_stream_new(&s, generator, 1);
@@ -213,7 +213,7 @@ TEST(Streams, FailingAllocationsLeaveNothingBehind) {
       EXPECT_EQ(live_allocations(), before);
     }
     orvik_stream* other = nullptr;
-    for (int64_t n = 1;; ++n) {
+    for (int64_t n = 1; n < 1000; ++n) {
       const int64_t before = live_allocations();
       fail_allocation_after(n);
       const orvik_status status = orvik_stream_copy(&other, s);
@@ -224,7 +224,7 @@ TEST(Streams, FailingAllocationsLeaveNothingBehind) {
     }
     const std::vector<char> image = save(s);
     orvik_stream_delete(other);
-    for (int64_t n = 1;; ++n) {
+    for (int64_t n = 1; n < 1000; ++n) {
       const int64_t before = live_allocations();
       fail_allocation_after(n);
       const orvik_status status = orvik_stream_load(&other, image.data(), static_cast<int64_t>(image.size()));

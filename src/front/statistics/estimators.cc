@@ -110,7 +110,7 @@ orvik_status make(void** s, int64_t p, T epsilon) {
   auto* const made = new (block) StreamQuantiles<T>;
   made->p = p;
   made->epsilon = epsilon;
-  int32_t status = made->task.make(p, 0, ORVIK_ROWS, &made->unused);
+  int32_t status = made->task.make(p, 1, ORVIK_ROWS, &made->unused);
   if (status == 0) {
     made->task.set_integer(OrvikSS_streamParameterCount, &made->one).set(OrvikSS_streamParameters, &made->epsilon);
     made->task.set_integer(OrvikSS_streamOrderCount, &made->orders_count);

@@ -46,17 +46,6 @@ orvik_status make(void** s, int64_t p) {
   return *s != nullptr ? ORVIK_SUCCESS : ORVIK_ERROR_NO_MEMORY;
 }
 
-// Extremes of weighted observations: those of weight 0 count for nothing.
-template <class T>
-void weighted_extremes(int64_t n, const T* x, int64_t step, const T* weights, double* low, double* high) {
-  for (int64_t i = 0; i < n; ++i) {
-    const auto v = static_cast<double>(x[i * step]);
-    if (weights[i] == 0) continue;
-    if (!(*low <= v)) *low = std::isnan(*low) ? *low : v;
-    if (!(*high >= v)) *high = std::isnan(*high) ? *high : v;
-  }
-}
-
 // Room for the kernels' results of one block, in the element type.
 template <class T>
 struct Results {
@@ -87,6 +76,7 @@ template <class T>
 int32_t summarise(const Part<T>& part, T* memory, Moments state) {
   using S = Statistics<T>;
   state.clear();
+  if (part.n == 0) return 0;  // no weight at all
   Results<T> r(part.p, memory);
   const int64_t offset = part.layout == ORVIK_ROWS ? part.first : part.first * part.p;
   const T* const x = part.x + offset;
@@ -109,11 +99,10 @@ int32_t summarise(const Part<T>& part, T* memory, Moments state) {
   }
   status = task.status();
   if (status == 0) status = S::basic(task.get(), estimates, ORVIK_SS_METHOD_ONE_PASS, nullptr);
-  if (status == 0 && weights == nullptr) {
+  if (status == 0) {
     status = S::minmax(task.get(), ORVIK_SS_MINIMUM | ORVIK_SS_MAXIMUM, ORVIK_SS_METHOD_ONE_PASS);
   }
   if (status != 0) return status;
-  *state.count = part.n;
   state.weights[0] = static_cast<double>(r.weights[0]);
   state.weights[1] = static_cast<double>(r.weights[1]);
   for (int64_t j = 0; j < part.p; ++j) {
@@ -121,13 +110,8 @@ int32_t summarise(const Part<T>& part, T* memory, Moments state) {
     state.second[j] = static_cast<double>(r.second[j]);
     state.third[j] = static_cast<double>(r.third[j]);
     state.fourth[j] = static_cast<double>(r.fourth[j]);
-    if (weights == nullptr) {
-      state.low[j] = static_cast<double>(r.low[j]);
-      state.high[j] = static_cast<double>(r.high[j]);
-    } else {
-      const bool rows = part.layout == ORVIK_ROWS;
-      weighted_extremes(part.n, rows ? x + j * part.n : x + j, rows ? 1 : part.p, weights, &state.low[j], &state.high[j]);
-    }
+    state.low[j] = static_cast<double>(r.low[j]);
+    state.high[j] = static_cast<double>(r.high[j]);
   }
   for (int64_t k = 0; k < part.p * part.p; ++k) {
     state.products[k] = part.p > 1 ? static_cast<double>(r.products[k]) : state.second[0];
@@ -135,19 +119,34 @@ int32_t summarise(const Part<T>& part, T* memory, Moments state) {
   return 0;
 }
 
-// Rows of a part side by side, so that a kernel can take them.
+// A part by itself, so that a kernel can take it: rows side by side, observations of weight 0 left out, infinite ones too.
 template <class T>
 Part<T> packed(const Part<T>& part, T* room) {
-  for (int64_t j = 0; j < part.p; ++j) {
-    for (int64_t i = 0; i < part.n; ++i) room[j * part.n + i] = part.x[j * part.all + part.first + i];
+  const T* const weights = part.weights != nullptr ? part.weights + part.first : nullptr;
+  const auto at = [&](int64_t i, int64_t j) {
+    return part.layout == ORVIK_ROWS ? part.x[j * part.all + part.first + i] : part.x[(part.first + i) * part.p + j];
+  };
+  T* const kept_weights = room + part.p * part.n;
+  int64_t kept = 0;
+  for (int64_t i = 0; i < part.n; ++i) {
+    if (weights == nullptr || weights[i] != 0) kept_weights[kept++] = weights != nullptr ? weights[i] : 1;
   }
-  return {part.n, part.p, 0, part.n, room, ORVIK_ROWS, part.weights != nullptr ? part.weights + part.first : nullptr};
+  for (int64_t j = 0; j < part.p; ++j) {
+    T* to = room + j * kept;
+    for (int64_t i = 0; i < part.n; ++i) {
+      if (weights == nullptr || weights[i] != 0) *to++ = at(i, j);
+    }
+  }
+  return {kept, part.p, 0, kept, room, ORVIK_ROWS, weights != nullptr ? kept_weights : nullptr};
 }
 
 template <class T>
-bool weights_sound(int64_t n, const T* weights) {
+bool weights_sound(int64_t n, const T* weights, bool* zeros) {
   bool sound = true;
-  for (int64_t i = 0; i < n; ++i) sound &= weights[i] >= 0 && weights[i] <= std::numeric_limits<T>::max();
+  for (int64_t i = 0; i < n; ++i) {
+    sound &= weights[i] >= 0 && weights[i] <= std::numeric_limits<T>::max();
+    *zeros |= weights[i] == 0;
+  }
   return sound;
 }
 
@@ -158,16 +157,19 @@ orvik_status update(void* s, int64_t n, const T* x, int32_t layout, const T* wei
   const int64_t p = summary->p;
   if (const orvik_status status = check_data(n, p, x, layout, sizeof(T)); status != ORVIK_SUCCESS) return status;
   if (n == 0) return ORVIK_SUCCESS;
-  if (weights != nullptr && !weights_sound(n, weights)) return ORVIK_ERROR_BAD_PARAMETER;
+  bool zeros = false;
+  if (weights != nullptr && !weights_sound(n, weights, &zeros)) return ORVIK_ERROR_BAD_PARAMETER;
   const KeepErrno keep;
   int64_t block = kBlockValues / p;
   if (block < kLeastBlock) block = kLeastBlock;
+  if (block > n) block = n;
   const int64_t blocks = (n + block - 1) / block;
   const auto together = static_cast<int32_t>(blocks < kTogether ? blocks : kTogether);
   const int64_t state_size = Moments::size(p), results = Results<T>::size(p);
-  const bool pack = layout == ORVIK_ROWS && p > 1 && blocks > 1;
+  const bool pack = zeros || (layout == ORVIK_ROWS && p > 1 && blocks > 1);
+  const int64_t room_of_one = results + (pack ? (p + 1) * block : 0);
   const serv::Block<double> states(static_cast<uint64_t>(state_size * (together + 1)));
-  const serv::Block<T> scratch(static_cast<uint64_t>((results + (pack ? p * block : 0)) * together));
+  const serv::Block<T> scratch(static_cast<uint64_t>(room_of_one * together));
   if (!states || !scratch) return ORVIK_ERROR_NO_MEMORY;
   Moments whole(p, states.get() + together * state_size);
   whole.clear();
@@ -177,9 +179,11 @@ orvik_status update(void* s, int64_t n, const T* x, int32_t layout, const T* wei
     for_each_item(now, thread_limit(), [&](int32_t k) {
       const int64_t first = (done + k) * block;
       Part<T> part = {n, p, first, n - first < block ? n - first : block, x, layout, weights};
-      T* const room = scratch.get() + k * (results + (pack ? p * block : 0));
+      T* const room = scratch.get() + k * room_of_one;
       if (pack) part = packed(part, room + results);
-      statuses[k] = summarise(part, room, Moments(p, states.get() + k * state_size));
+      Moments state(p, states.get() + k * state_size);
+      statuses[k] = summarise(part, room, state);
+      *state.count = n - first < block ? n - first : block;
     });
     for (int32_t k = 0; k < now; ++k) {
       if (statuses[k] != 0) return memory_status(statuses[k]);

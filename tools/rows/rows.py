@@ -565,14 +565,12 @@ def make_front_cxx():
             else:
                 parameters.append((t, argument))
                 values.append(argument if row.precision in "sd" else f"{c_element}{{{argument}.real(), {argument}.imag()}}")
-        if name == "modf" or name == "sincos" or name == "sincospi":
-            assert len(results) == 2
         same = ", ".join(f"{s}.size()" for s in sizes)
         written = ", ".join(f"{t} {a}" for t, a in parameters)
         out.append(f"// {TEXT[row.function]}")
         out.append(f"inline std::int32_t {name}({written}, const MathOptions& options = {{}}) {{")
         out.append(f"  const std::int64_t n = detail::same_size({same});")
-        out.append(f"  return detail::math(options, [&](orvik_math_options* o) {{ return {front_name(row, 0)}({', '.join(values)}, o); }});")
+        out.append(f"  return detail::math(options, n, [&](orvik_math_options* o) {{ return {front_name(row, 0)}({', '.join(values)}, o); }});")
         out.append("}")
         if len(results) == 1:
             result = dict((a, t) for t, a in parameters)[results[0]][len("std::span<"):-1]

@@ -208,7 +208,7 @@ enum { ORVIK_ROWS = 0, ORVIK_COLUMNS = 1 };
   /* Quantiles of orders 0 to 1. */                                                                                     \
   orvik_status orvik_##d##_quantiles(int64_t n, int64_t p, const real* x, int32_t layout, int64_t m,                    \
                                      const real* orders, real* r);                                                      \
-  /* Quantiles of what is fed block by block, ranks off by epsilon n at most, 0 < epsilon <= 1. */                      \
+  /* Quantiles of what is fed block by block, ranks off by epsilon n at most, 1e-8 <= epsilon <= 1. */                   \
   typedef struct orvik_##d##_stream_quantiles orvik_##d##_stream_quantiles;                                             \
   orvik_status orvik_##d##_stream_quantiles_new(orvik_##d##_stream_quantiles** s, int64_t p, real epsilon);             \
   orvik_status orvik_##d##_stream_quantiles_update(orvik_##d##_stream_quantiles* s, int64_t n, const real* x,           \

@@ -458,7 +458,7 @@ TEST(StreamQuantiles, AreWithinTheirError) {
   orvik_d_stream_quantiles_delete(q);
   EXPECT_EQ(orvik_d_stream_quantiles_update(q, 1, x.data(), ORVIK_ROWS), ORVIK_ERROR_BAD_OBJECT);
   EXPECT_EQ(orvik_d_stream_quantiles_query(nullptr, 1, orders, r), ORVIK_ERROR_BAD_OBJECT);
-  for (const double epsilon : {0.0, -1.0, 1.5, kNan}) {
+  for (const double epsilon : {0.0, -1.0, 1.5, 1e-300, kNan}) {
     EXPECT_EQ(orvik_d_stream_quantiles_new(&q, 2, epsilon), ORVIK_ERROR_BAD_PARAMETER);
   }
   EXPECT_EQ(orvik_d_stream_quantiles_new(&q, 0, 0.1), ORVIK_ERROR_BAD_LENGTH);

@@ -85,6 +85,9 @@ orvik_status mad(int64_t n, int64_t p, const T* x, int32_t layout, T* r) {
   return memory_status(status);
 }
 
+// Memory grows with 1 / epsilon: what is smaller would take gigabytes a variable, or overflow its size.
+constexpr double kLeastEpsilon = 1e-8;
+
 // A task that lives as long as the object; the kernels hang what they know on it.
 template <class T>
 struct StreamQuantiles {
@@ -104,7 +107,7 @@ orvik_status make(void** s, int64_t p, T epsilon) {
   *s = nullptr;
   if (!cpu_serves()) return ORVIK_ERROR_CPU;
   if (p < 1 || p > kAddressSpace / 64) return ORVIK_ERROR_BAD_LENGTH;
-  if (!(epsilon > 0 && epsilon <= 1)) return ORVIK_ERROR_BAD_PARAMETER;
+  if (!(epsilon >= T(kLeastEpsilon) && epsilon <= 1)) return ORVIK_ERROR_BAD_PARAMETER;
   void* const block = new_block(sizeof(StreamQuantiles<T>));
   if (block == nullptr) return ORVIK_ERROR_NO_MEMORY;
   auto* const made = new (block) StreamQuantiles<T>;

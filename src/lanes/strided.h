@@ -1,5 +1,5 @@
-// Elements of 4, 8 or 16 bytes between every step-th place of an array and a row of memory where they stand side by side.
-// Bits only: nothing is computed, no flag raised.
+// Elements of 4, 8 or 16 bytes between every step-th place of an array and a row of memory where they stand side by
+// side. Bits only: nothing is computed, no flag raised.
 #pragma once
 
 #include <immintrin.h>
@@ -13,8 +13,8 @@ namespace strided {
 typedef int32_t Word32 __attribute__((may_alias, aligned(1)));
 typedef long long Word64 __attribute__((may_alias, aligned(1)));
 
-// A vector of elements, the addresses by a function of the index. Each is loaded into all lanes and blended into its own:
-// loads and blends have ports to spare, where gathers are slower on some processors (and index by 32 bits) and
+// A vector of elements, the addresses by a function of the index. Each is loaded into all lanes and blended into its
+// own: loads and blends have ports to spare, where gathers are slower on some processors (and index by 32 bits) and
 // insertions all meet at one port.
 template <int Size, class At>
 inline __m256i vector_of(At at) {
@@ -32,6 +32,15 @@ inline __m256i vector_of(At at) {
     return _mm256_inserti128_si256(_mm256_castsi128_si256(element(0)), element(1), 1);
   }
 }
+// The first k, k from 1 on; the last again in the other lanes, so that no memory behind it is touched.
+template <int Size>
+inline __m256i first_of(const char* from, int64_t step, int k) {
+  constexpr int kCount = 32 / Size;
+  const char* at[kCount];
+  at[0] = from;
+  for (int j = 1; j < kCount; ++j) at[j] = at[j - 1] + (j < k ? step : 0);
+  return vector_of<Size>([&](int j) { return at[j]; });
+}
 }  // namespace strided
 
 // n elements, step bytes apart, into a row that has room for whole vectors.
@@ -44,12 +53,9 @@ inline void gather_row(const char* from, int64_t step, char* row, int n) {
     _mm256_storeu_si256(reinterpret_cast<__m256i*>(row + i * Size), v);
   }
   if (i == n) return;
-  // The last one again in the other lanes: no memory behind it is touched. By whole vectors too, since a vector can only be
-  // loaded from single stores once all of them have left the store queue.
-  const char* at[kCount];
-  at[0] = from;
-  for (int j = 1; j < kCount; ++j) at[j] = at[j - 1] + (i + j < n ? step : 0);
-  const __m256i v = strided::vector_of<Size>([&](int j) { return at[j]; });
+  // By a whole vector too, since a vector can only be loaded from single stores once all of them have left the store
+  // queue.
+  const __m256i v = strided::first_of<Size>(from, step, n - i);
   _mm256_storeu_si256(reinterpret_cast<__m256i*>(row + i * Size), v);
 }
 

@@ -144,35 +144,60 @@ namespace {
   }
 }
 
+[[gnu::always_inline]] inline bool arrays_apart(const Body& body, const Operands& o, int64_t n, int in_bytes,
+                                                int out_bytes) {
+  if (meet(o.in[0], o.in_step[0], in_bytes, o.out[0], o.out_step[0], out_bytes, n)) return false;
+  if (body.inputs == 2 && meet(o.in[1], o.in_step[1], in_bytes, o.out[0], o.out_step[0], out_bytes, n)) return false;
+  if (body.outputs == 1) return true;
+  return !meet(o.in[0], o.in_step[0], in_bytes, o.out[1], o.out_step[1], out_bytes, n);
+}
+
 }  // namespace
 
 bool apart(const Body& body, const Operands& o, int64_t n) {
-  for (int k = 0; k < body.outputs; ++k) {
-    for (int j = 0; j < body.inputs; ++j) {
-      if (meet(o.in[j], o.in_step[j], body.in_bytes[j], o.out[k], o.out_step[k], body.out_bytes[k], n)) return false;
-    }
-  }
-  return true;
+  return arrays_apart(body, o, n, body.in_bytes[0], body.out_bytes[0]);
 }
 
-void run_strided(const Body& body, int64_t first, int64_t n, const Operands& o, const void* params) {
-  if (n > 1) {
-    if (first == 0 && !apart(body, o, n)) return run_overlapping(body, n, o, params);
-    if (first != 0 || !side_by_side(body, o)) {
-      Rows rows;
-      const char* const out[2] = {rows.out[0], rows.out[1]};
-      for (int64_t i = first; i < n; i += body.piece) {
-        const int count = static_cast<int>(n - i < body.piece ? n - i : body.piece);
-        gather(body, o, i, count, rows);
-        Piece piece{o, i, 0};
-        body.unit(body, count, rows.in[0], body.scalar ? o.in[1] : rows.in[1], rows.out[0], rows.out[1], params, &piece);
-        spread(body, o, i, piece.stored, count, out);
-      }
-      return;
-    }
+void run_strided(const Body& body, int64_t n, const Operands& o, const void* params) {
+  if (!apart(body, o, n)) return run_overlapping(body, n, o, params);
+  if (side_by_side(body, o)) return body.unit(body, n, o.in[0], o.in[1], o.out[0], o.out[1], params, nullptr);
+  Rows rows;
+  const char* const out[2] = {rows.out[0], rows.out[1]};
+  for (int64_t i = 0; i < n; i += body.piece) {
+    const int count = static_cast<int>(n - i < body.piece ? n - i : body.piece);
+    gather(body, o, i, count, rows);
+    Piece piece{o, i, 0};
+    body.unit(body, count, rows.in[0], body.scalar ? o.in[1] : rows.in[1], rows.out[0], rows.out[1], params, &piece);
+    spread(body, o, i, piece.stored, count, out);
   }
-  body.unit(body, n, o.in[0], o.in[1], o.out[0], o.out[1], params, nullptr);
 }
+
+template <int In, int Out>
+void run_strided_short(const Body& body, int64_t first, int64_t n, const Operands& o, const void* params) {
+  if (first == 0 && !arrays_apart(body, o, n, In, Out)) return run_overlapping(body, n, o, params);
+  alignas(32) char in[2][kMaxBlock * In], out[2][kMaxBlock * Out];
+  const int count = static_cast<int>(n - first);
+  gather_row<In>(o.in[0] + first * o.in_step[0], o.in_step[0], in[0], count);
+  const void* b = o.in[1];
+  if (body.inputs == 2 && !body.scalar) {
+    gather_row<In>(o.in[1] + first * o.in_step[1], o.in_step[1], in[1], count);
+    b = in[1];
+  }
+  Piece piece{o, first, 0};
+  body.unit(body, count, in[0], b, out[0], out[1], params, &piece);
+  const int64_t i = piece.stored;  // the first that no report has stored
+  for (int j = 0; j < body.outputs; ++j) {
+    spread_row<Out>(out[j] + i * Out, o.out[j] + (first + i) * o.out_step[j], o.out_step[j],
+                    static_cast<int>(count - i));
+  }
+}
+template void run_strided_short<4, 4>(const Body&, int64_t, int64_t, const Operands&, const void*);
+template void run_strided_short<4, 8>(const Body&, int64_t, int64_t, const Operands&, const void*);
+template void run_strided_short<8, 4>(const Body&, int64_t, int64_t, const Operands&, const void*);
+template void run_strided_short<8, 8>(const Body&, int64_t, int64_t, const Operands&, const void*);
+template void run_strided_short<8, 16>(const Body&, int64_t, int64_t, const Operands&, const void*);
+template void run_strided_short<16, 8>(const Body&, int64_t, int64_t, const Operands&, const void*);
+template void run_strided_short<16, 16>(const Body&, int64_t, int64_t, const Operands&, const void*);
 
 void run_element_loop(const Body& body, int64_t n, const Operands& operands, const void* params) {
   const uint32_t mode = current_mode();

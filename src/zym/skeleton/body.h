@@ -33,8 +33,8 @@ struct Body {
   // A kernel of unit stride, whole.
   void (*unit)(const Body& body, int64_t n, const void* a, const void* b, void* r1, void* r2, const void* params,
                Piece* piece);
-  // The lanes out of line: n elements side by side, at most kMaxBlock, with the filler in special lanes. Returns the bits
-  // of the special ones.
+  // The lanes out of line: n elements side by side, at most kMaxBlock, with the filler in special lanes. Returns the
+  // bits of the special ones.
   uint32_t (*run)(const void* a, const void* b, void* r1, void* r2, int64_t n, const void* params);
   // The special elements of a block whose lanes' results stand in r1 and r2; `index` is that of the block's first.
   void (*redo)(const Call& call, int64_t index, const void* a, const void* b, void* r1, void* r2, int count,
@@ -72,9 +72,13 @@ void report_element(const Call& call, int32_t code, int64_t index, void* r1, voi
 // The cold end of a kernel of unit stride: a block, or what is left of a call, with special elements.
 void run_special_block(const Call& call, int64_t index, int count);
 
-// Elements first to n - 1 of a call with any increments. Where arrays meet, a block is read whole before any of it is stored, and what is left
+// A call with any increments. Where arrays meet, a block is read whole before any of it is stored, and what is left
 // behind the last block goes one element a round; apart, nobody can tell, and larger pieces are quicker.
-void run_strided(const Body& body, int64_t first, int64_t n, const Operands& operands, const void* params);
+void run_strided(const Body& body, int64_t n, const Operands& operands, const void* params);
+// Elements first to n - 1, at most kMaxBlock of them, their sizes known: short calls, and special elements of others.
+// Where first is not 0, the arrays are apart.
+template <int In, int Out>
+void run_strided_short(const Body& body, int64_t first, int64_t n, const Operands& operands, const void* params);
 // Whether arrays are apart so.
 bool apart(const Body& body, const Operands& operands, int64_t n);
 

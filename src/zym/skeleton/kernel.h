@@ -569,11 +569,19 @@ struct Kernel {
                                {incR1 * static_cast<int64_t>(sizeof(R)), incR2 * static_cast<int64_t>(sizeof(R))}};
     if constexpr (!Traits::has_lanes) {
       run_element_loop(body, n, operands, address_of(params));
-    } else if constexpr (Double<V> && S.a == Kind::real && S.r == Kind::real) {
-      const int64_t done = direct(body, n, a, incA, b, incB, r1, incR1, r2, incR2, operands, params);
-      if (done < n) run_strided(body, done, n, operands, address_of(params));
+    } else if (n <= 1) {
+      unit(body, n, a, b, r1, r2, params);
     } else {
-      run_strided(body, 0, n, operands, address_of(params));
+      int64_t done = 0;
+      if constexpr (Double<V> && S.a == Kind::real && S.r == Kind::real) {
+        done = direct(body, n, a, incA, b, incB, r1, incR1, r2, incR2, operands, params);
+        if (done == n) return;
+      }
+      if (n - done <= kMaxBlock) {
+        run_strided_short<sizeof(A), sizeof(R)>(body, done, n, operands, address_of(params));
+      } else {
+        run_strided(body, n, operands, address_of(params));
+      }
     }
   }
 
@@ -630,7 +638,7 @@ struct Kernel {
         }
       }
       if (!plain) [[unlikely]]
-        run_strided(body, i, i + kStep, operands, address_of(params));
+        run_strided_short<sizeof(A), sizeof(R)>(body, i, i + kStep, operands, address_of(params));
       r1 += kStep * incR1;
       if constexpr (kTwoResults) r2 += kStep * incR2;
     }

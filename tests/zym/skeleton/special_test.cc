@@ -76,6 +76,41 @@ TEST_F(Special, StridedReportsUseTheIncrements) {
   EXPECT_EQ(r[84], 1021.0);
 }
 
+// Short calls, calls of whole vectors with a rest, and calls of several pieces: what stands before the reported element
+// is where the caller will read it, the callbacks' own changes among it.
+template <class E>
+void expect_earlier_results_stored(void (*entry)(int32_t, const E*, int32_t, const E*, int32_t, E*, int32_t)) {
+  static std::vector<E> r;
+  static constexpr int32_t kStep = 3;
+  static size_t seen;
+  _zymSetErrorCallBack([](ZymErrorContext* c) {
+    for (int32_t i = 0; i < c->index; ++i) {
+      const E expected = i % 5 == 1 ? E(1000 + i) : std::nextafter(E(1), E(2));
+      EXPECT_EQ(r[static_cast<size_t>(i * kStep)], expected) << i << " before " << c->index;
+    }
+    ++seen;
+    c->result1 = 1000.0 + c->index;
+    return 0;
+  });
+  for (int32_t n : {2, 5, 8, 12, 16, 33, 70, 1300}) {
+    const auto size = static_cast<size_t>(n);
+    std::vector<E> a(2 * size, E(1)), b(size, E(2));
+    for (size_t i = 1; i < size; i += 5) a[2 * i] = std::numeric_limits<E>::max(), b[i] = INFINITY;
+    r.assign(kStep * size, E(-1));
+    seen = 0;
+    entry(n, a.data(), 2, b.data(), 1, r.data(), kStep);
+    EXPECT_EQ(seen, (size + 3) / 5);
+    for (size_t i = 0; i < size; ++i) {
+      EXPECT_EQ(r[kStep * i], i % 5 == 1 ? E(1000 + i) : std::nextafter(E(1), E(2))) << i;
+      EXPECT_EQ(r[kStep * i + 1], E(-1)) << i;
+    }
+  }
+}
+TEST_F(Special, AStridedReportsCallbackSeesEarlierResultsStored) {
+  expect_earlier_results_stored<float>(_zymsNextAfterI);
+  expect_earlier_results_stored<double>(_zymdNextAfterI);
+}
+
 TEST_F(Special, HandledElementsKeepTheKernelsResult) {
   handled = true;
   const float a = FLT_MAX, b = INFINITY;

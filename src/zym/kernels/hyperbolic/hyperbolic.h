@@ -266,20 +266,23 @@ struct Tanh {
 
   static V lanes(V x) {
     const V a = min(magnitude(x), V(E(Single<V> ? 10 : 20)));  // 1 to the last bit from there on
-    const V twice = a + a;
-    constexpr E kSteps = L == Level::HA ? 4 : 1;
-    const auto [sum, n] = shift_round(twice, V(K::log2e * kSteps));
-    const V upper = fnma(n, V(K::ln2_head / kSteps), twice);
-    const V r = fnma(n, V(K::ln2_tail / kSteps), upper);
-    const V one = V(E(1)), two = V(E(2));
+    const V one = V(E(1));
     if constexpr (L != Level::HA) {
+      // With 2x = n log(2) + 2h: all is half of what e^2x - 1 takes, which saves the doubling.
+      const auto [sum, n] = shift_round(a, V(2 * K::log2e));
+      const V h = fnma(n, V(K::ln2_tail / 2), fnma(n, V(K::ln2_head / 2), a));
       const V s = as_float(as_bits(one) + shift_left<Format<V>::mantissa_bits>(as_bits(sum)));
+      static constexpr auto kHalves = halves();
       // The added number keeps the product from underflow; below as well.
-      const V q = fma(r, fma(r, horner(r, coefficients()), V(E(0x1p-100))), r);
-      const V num = fma(s, q, s - one);  // e^2x - 1
-      return join_sign(num / (num + two), x);
+      const V q = fma(h, fma(h, horner(h, kHalves.k), V(E(0x1p-100))), h);
+      const V num = fma(s, q, fma(s, V(E(0.5)), V(E(-0.5))));  // (e^2x - 1) / 2
+      return join_sign(num / (num + one), x);
     } else {
-      const V r_low = fnma(n, V(K::ln2_tail / kSteps), upper - r);
+      const V twice = a + a, two = V(E(2));
+      const auto [sum, n] = shift_round(twice, V(K::log2e * 4));
+      const V upper = fnma(n, V(K::ln2_head / 4), twice);
+      const V r = fnma(n, V(K::ln2_tail / 4), upper);
+      const V r_low = fnma(n, V(K::ln2_tail / 4), upper - r);
       const HeadTail<V> s = hyperbolic::Quarters<V, false>(sum).up;
       const HeadTail<V> less = fast_two_sum(s.head, V(E(-1)));
       const V head = fma(s.head, r, less.head);
@@ -313,6 +316,16 @@ struct Tanh {
     if constexpr (Single<V> && L == Level::HA) return kTanhSingleHA;
     if constexpr (Double<V> && L != Level::HA) return kTanhDoubleLA;
     if constexpr (Double<V> && L == Level::HA) return kTanhDoubleHA;
+  }
+  // 2 p(2h) in place of p(r), for h = r / 2.
+  static constexpr auto halves() {
+    constexpr const auto& k = coefficients();
+    struct {
+      E k[std::size(coefficients())];
+    } scaled = {};
+    E scale = 2;
+    for (size_t i = std::size(k); i-- > 0; scale *= 2) scaled.k[i] = k[i] * scale;
+    return scaled;
   }
 };
 

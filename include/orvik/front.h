@@ -232,13 +232,13 @@ ORVIK_FRONT_STATISTICS(s, float)
 
 enum {
   ORVIK_LINEAR = 0,
-  ORVIK_HERMITE = 1, /* internal: the nx - 2 inner first derivatives of each function */
+  ORVIK_HERMITE = 1, /* internal: the nx - 2 inner first derivatives, of every function */
   ORVIK_BESSEL = 2,
   ORVIK_AKIMA = 3,
   ORVIK_HYMAN = 4,
   ORVIK_NATURAL = 5,
-  ORVIK_DEFAULT = 6, /* internal: the nx - 2 inner second derivatives of each function */
-  ORVIK_QUADRATIC = 7
+  ORVIK_DEFAULT = 6, /* internal: the nx - 2 inner second derivatives, of every function */
+  ORVIK_QUADRATIC = 7 /* knots of its own between the breakpoints: nx pieces, one about each; ends free, first, second */
 };
 
 enum { ORVIK_ENDS_FREE = 0, ORVIK_ENDS_NOT_A_KNOT = 1, ORVIK_ENDS_PERIODIC = 2, ORVIK_ENDS_FIRST = 3, ORVIK_ENDS_SECOND = 4 };

@@ -69,14 +69,14 @@ inline ZymComplexFloat* raw(std::span<std::complex<float>> s) { return reinterpr
 inline ZymComplexDouble* raw(std::span<std::complex<double>> s) { return reinterpret_cast<ZymComplexDouble*>(s.data()); }
 
 // Room for the reports of all elements, since a call cannot be made again: its arguments may have become results.
-template <class Call>
-std::int32_t math(const MathOptions& options, std::int64_t n, Call call) {
+template <class Function, class... Argument>
+std::int32_t math(const MathOptions& options, Function function, std::int64_t n, Argument... arguments) {
   orvik_math_options o = {static_cast<std::int32_t>(options.accuracy), options.threads, nullptr, 0, 0};
-  if (options.reports == nullptr) return check(call(&o));
+  if (options.reports == nullptr) return check(function(n, arguments..., &o));
   std::vector<Report> found(static_cast<std::size_t>(n));
   o.reports = found.data();
   o.report_capacity = n;
-  const std::int32_t status = check(call(&o));
+  const std::int32_t status = check(function(n, arguments..., &o));
   found.resize(static_cast<std::size_t>(o.report_count));
   found.shrink_to_fit();
   *options.reports = std::move(found);

@@ -11,7 +11,7 @@ namespace orvik {
 // r = |a|
 inline std::int32_t abs(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sabs(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sabs, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> abs(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -21,7 +21,7 @@ inline std::vector<float> abs(std::span<const float> a, const MathOptions& optio
 // r = |a|
 inline std::int32_t abs(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dabs(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dabs, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> abs(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -31,7 +31,7 @@ inline std::vector<double> abs(std::span<const double> a, const MathOptions& opt
 // r = |a|
 inline std::int32_t abs(std::span<const std::complex<float>> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_cabs(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_cabs, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> abs(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -41,7 +41,7 @@ inline std::vector<float> abs(std::span<const std::complex<float>> a, const Math
 // r = |a|
 inline std::int32_t abs(std::span<const std::complex<double>> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zabs(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zabs, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> abs(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -51,7 +51,7 @@ inline std::vector<double> abs(std::span<const std::complex<double>> a, const Ma
 // arc cosine
 inline std::int32_t acos(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sacos(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sacos, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> acos(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -61,7 +61,7 @@ inline std::vector<float> acos(std::span<const float> a, const MathOptions& opti
 // arc cosine
 inline std::int32_t acos(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dacos(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dacos, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> acos(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -71,7 +71,7 @@ inline std::vector<double> acos(std::span<const double> a, const MathOptions& op
 // arc cosine
 inline std::int32_t acos(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_cacos(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_cacos, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> acos(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -81,7 +81,7 @@ inline std::vector<std::complex<float>> acos(std::span<const std::complex<float>
 // arc cosine
 inline std::int32_t acos(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zacos(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zacos, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> acos(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -91,7 +91,7 @@ inline std::vector<std::complex<double>> acos(std::span<const std::complex<doubl
 // inverse hyperbolic cosine
 inline std::int32_t acosh(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sacosh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sacosh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> acosh(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -101,7 +101,7 @@ inline std::vector<float> acosh(std::span<const float> a, const MathOptions& opt
 // inverse hyperbolic cosine
 inline std::int32_t acosh(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dacosh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dacosh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> acosh(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -111,7 +111,7 @@ inline std::vector<double> acosh(std::span<const double> a, const MathOptions& o
 // inverse hyperbolic cosine
 inline std::int32_t acosh(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_cacosh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_cacosh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> acosh(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -121,7 +121,7 @@ inline std::vector<std::complex<float>> acosh(std::span<const std::complex<float
 // inverse hyperbolic cosine
 inline std::int32_t acosh(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zacosh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zacosh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> acosh(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -131,7 +131,7 @@ inline std::vector<std::complex<double>> acosh(std::span<const std::complex<doub
 // arc cosine / pi
 inline std::int32_t acospi(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sacospi(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sacospi, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> acospi(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -141,7 +141,7 @@ inline std::vector<float> acospi(std::span<const float> a, const MathOptions& op
 // arc cosine / pi
 inline std::int32_t acospi(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dacospi(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dacospi, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> acospi(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -151,7 +151,7 @@ inline std::vector<double> acospi(std::span<const double> a, const MathOptions& 
 // r = a + b
 inline std::int32_t add(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sadd(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_sadd, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> add(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -161,7 +161,7 @@ inline std::vector<float> add(std::span<const float> a, std::span<const float> b
 // r = a + b
 inline std::int32_t add(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dadd(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_dadd, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> add(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -171,7 +171,7 @@ inline std::vector<double> add(std::span<const double> a, std::span<const double
 // r = a + b
 inline std::int32_t add(std::span<const std::complex<float>> a, std::span<const std::complex<float>> b, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_cadd(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_cadd, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<std::complex<float>> add(std::span<const std::complex<float>> a, std::span<const std::complex<float>> b, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -181,7 +181,7 @@ inline std::vector<std::complex<float>> add(std::span<const std::complex<float>>
 // r = a + b
 inline std::int32_t add(std::span<const std::complex<double>> a, std::span<const std::complex<double>> b, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zadd(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_zadd, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<std::complex<double>> add(std::span<const std::complex<double>> a, std::span<const std::complex<double>> b, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -191,7 +191,7 @@ inline std::vector<std::complex<double>> add(std::span<const std::complex<double
 // argument in (-pi, pi]: atan2(im, re)
 inline std::int32_t arg(std::span<const std::complex<float>> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_carg(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_carg, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> arg(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -201,7 +201,7 @@ inline std::vector<float> arg(std::span<const std::complex<float>> a, const Math
 // argument in (-pi, pi]: atan2(im, re)
 inline std::int32_t arg(std::span<const std::complex<double>> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zarg(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zarg, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> arg(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -211,7 +211,7 @@ inline std::vector<double> arg(std::span<const std::complex<double>> a, const Ma
 // arc sine
 inline std::int32_t asin(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sasin(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sasin, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> asin(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -221,7 +221,7 @@ inline std::vector<float> asin(std::span<const float> a, const MathOptions& opti
 // arc sine
 inline std::int32_t asin(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dasin(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dasin, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> asin(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -231,7 +231,7 @@ inline std::vector<double> asin(std::span<const double> a, const MathOptions& op
 // arc sine
 inline std::int32_t asin(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_casin(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_casin, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> asin(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -241,7 +241,7 @@ inline std::vector<std::complex<float>> asin(std::span<const std::complex<float>
 // arc sine
 inline std::int32_t asin(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zasin(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zasin, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> asin(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -251,7 +251,7 @@ inline std::vector<std::complex<double>> asin(std::span<const std::complex<doubl
 // inverse hyperbolic sine
 inline std::int32_t asinh(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sasinh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sasinh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> asinh(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -261,7 +261,7 @@ inline std::vector<float> asinh(std::span<const float> a, const MathOptions& opt
 // inverse hyperbolic sine
 inline std::int32_t asinh(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dasinh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dasinh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> asinh(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -271,7 +271,7 @@ inline std::vector<double> asinh(std::span<const double> a, const MathOptions& o
 // inverse hyperbolic sine
 inline std::int32_t asinh(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_casinh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_casinh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> asinh(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -281,7 +281,7 @@ inline std::vector<std::complex<float>> asinh(std::span<const std::complex<float
 // inverse hyperbolic sine
 inline std::int32_t asinh(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zasinh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zasinh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> asinh(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -291,7 +291,7 @@ inline std::vector<std::complex<double>> asinh(std::span<const std::complex<doub
 // arc sine / pi
 inline std::int32_t asinpi(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sasinpi(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sasinpi, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> asinpi(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -301,7 +301,7 @@ inline std::vector<float> asinpi(std::span<const float> a, const MathOptions& op
 // arc sine / pi
 inline std::int32_t asinpi(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dasinpi(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dasinpi, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> asinpi(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -311,7 +311,7 @@ inline std::vector<double> asinpi(std::span<const double> a, const MathOptions& 
 // arc tangent
 inline std::int32_t atan(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_satan(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_satan, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> atan(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -321,7 +321,7 @@ inline std::vector<float> atan(std::span<const float> a, const MathOptions& opti
 // arc tangent
 inline std::int32_t atan(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_datan(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_datan, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> atan(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -331,7 +331,7 @@ inline std::vector<double> atan(std::span<const double> a, const MathOptions& op
 // arc tangent
 inline std::int32_t atan(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_catan(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_catan, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> atan(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -341,7 +341,7 @@ inline std::vector<std::complex<float>> atan(std::span<const std::complex<float>
 // arc tangent
 inline std::int32_t atan(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zatan(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zatan, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> atan(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -351,7 +351,7 @@ inline std::vector<std::complex<double>> atan(std::span<const std::complex<doubl
 // angle of the point (b, a) in [-pi, pi]
 inline std::int32_t atan2(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_satan2(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_satan2, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> atan2(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -361,7 +361,7 @@ inline std::vector<float> atan2(std::span<const float> a, std::span<const float>
 // angle of the point (b, a) in [-pi, pi]
 inline std::int32_t atan2(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_datan2(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_datan2, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> atan2(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -371,7 +371,7 @@ inline std::vector<double> atan2(std::span<const double> a, std::span<const doub
 // angle of the point (b, a) / pi
 inline std::int32_t atan2pi(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_satan2pi(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_satan2pi, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> atan2pi(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -381,7 +381,7 @@ inline std::vector<float> atan2pi(std::span<const float> a, std::span<const floa
 // angle of the point (b, a) / pi
 inline std::int32_t atan2pi(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_datan2pi(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_datan2pi, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> atan2pi(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -391,7 +391,7 @@ inline std::vector<double> atan2pi(std::span<const double> a, std::span<const do
 // inverse hyperbolic tangent
 inline std::int32_t atanh(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_satanh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_satanh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> atanh(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -401,7 +401,7 @@ inline std::vector<float> atanh(std::span<const float> a, const MathOptions& opt
 // inverse hyperbolic tangent
 inline std::int32_t atanh(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_datanh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_datanh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> atanh(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -411,7 +411,7 @@ inline std::vector<double> atanh(std::span<const double> a, const MathOptions& o
 // inverse hyperbolic tangent
 inline std::int32_t atanh(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_catanh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_catanh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> atanh(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -421,7 +421,7 @@ inline std::vector<std::complex<float>> atanh(std::span<const std::complex<float
 // inverse hyperbolic tangent
 inline std::int32_t atanh(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zatanh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zatanh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> atanh(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -431,7 +431,7 @@ inline std::vector<std::complex<double>> atanh(std::span<const std::complex<doub
 // arc tangent / pi
 inline std::int32_t atanpi(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_satanpi(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_satanpi, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> atanpi(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -441,7 +441,7 @@ inline std::vector<float> atanpi(std::span<const float> a, const MathOptions& op
 // arc tangent / pi
 inline std::int32_t atanpi(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_datanpi(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_datanpi, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> atanpi(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -451,7 +451,7 @@ inline std::vector<double> atanpi(std::span<const double> a, const MathOptions& 
 // cube root
 inline std::int32_t cbrt(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_scbrt(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_scbrt, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> cbrt(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -461,7 +461,7 @@ inline std::vector<float> cbrt(std::span<const float> a, const MathOptions& opti
 // cube root
 inline std::int32_t cbrt(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dcbrt(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dcbrt, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> cbrt(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -471,7 +471,7 @@ inline std::vector<double> cbrt(std::span<const double> a, const MathOptions& op
 // normal distribution function
 inline std::int32_t cdfnorm(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_scdfnorm(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_scdfnorm, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> cdfnorm(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -481,7 +481,7 @@ inline std::vector<float> cdfnorm(std::span<const float> a, const MathOptions& o
 // normal distribution function
 inline std::int32_t cdfnorm(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dcdfnorm(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dcdfnorm, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> cdfnorm(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -491,7 +491,7 @@ inline std::vector<double> cdfnorm(std::span<const double> a, const MathOptions&
 // normal quantile
 inline std::int32_t cdfnorminv(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_scdfnorminv(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_scdfnorminv, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> cdfnorminv(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -501,7 +501,7 @@ inline std::vector<float> cdfnorminv(std::span<const float> a, const MathOptions
 // normal quantile
 inline std::int32_t cdfnorminv(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dcdfnorminv(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dcdfnorminv, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> cdfnorminv(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -511,7 +511,7 @@ inline std::vector<double> cdfnorminv(std::span<const double> a, const MathOptio
 // smallest integer not below a
 inline std::int32_t ceil(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sceil(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sceil, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> ceil(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -521,7 +521,7 @@ inline std::vector<float> ceil(std::span<const float> a, const MathOptions& opti
 // smallest integer not below a
 inline std::int32_t ceil(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dceil(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dceil, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> ceil(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -531,7 +531,7 @@ inline std::vector<double> ceil(std::span<const double> a, const MathOptions& op
 // cos a + i sin a of a real array
 inline std::int32_t cis(std::span<const float> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ccis(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_ccis, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> cis(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -541,7 +541,7 @@ inline std::vector<std::complex<float>> cis(std::span<const float> a, const Math
 // cos a + i sin a of a real array
 inline std::int32_t cis(std::span<const double> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zcis(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zcis, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> cis(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -551,7 +551,7 @@ inline std::vector<std::complex<double>> cis(std::span<const double> a, const Ma
 // conjugate: (re, -im)
 inline std::int32_t conj(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_cconj(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_cconj, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> conj(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -561,7 +561,7 @@ inline std::vector<std::complex<float>> conj(std::span<const std::complex<float>
 // conjugate: (re, -im)
 inline std::int32_t conj(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zconj(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zconj, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> conj(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -571,7 +571,7 @@ inline std::vector<std::complex<double>> conj(std::span<const std::complex<doubl
 // |a| with the sign of b
 inline std::int32_t copysign(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_scopysign(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_scopysign, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> copysign(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -581,7 +581,7 @@ inline std::vector<float> copysign(std::span<const float> a, std::span<const flo
 // |a| with the sign of b
 inline std::int32_t copysign(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dcopysign(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_dcopysign, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> copysign(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -591,7 +591,7 @@ inline std::vector<double> copysign(std::span<const double> a, std::span<const d
 // cosine, a in radians
 inline std::int32_t cos(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_scos(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_scos, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> cos(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -601,7 +601,7 @@ inline std::vector<float> cos(std::span<const float> a, const MathOptions& optio
 // cosine, a in radians
 inline std::int32_t cos(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dcos(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dcos, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> cos(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -611,7 +611,7 @@ inline std::vector<double> cos(std::span<const double> a, const MathOptions& opt
 // cosine, a in radians
 inline std::int32_t cos(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ccos(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_ccos, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> cos(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -621,7 +621,7 @@ inline std::vector<std::complex<float>> cos(std::span<const std::complex<float>>
 // cosine, a in radians
 inline std::int32_t cos(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zcos(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zcos, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> cos(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -631,7 +631,7 @@ inline std::vector<std::complex<double>> cos(std::span<const std::complex<double
 // cosine, a in degrees
 inline std::int32_t cosd(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_scosd(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_scosd, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> cosd(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -641,7 +641,7 @@ inline std::vector<float> cosd(std::span<const float> a, const MathOptions& opti
 // cosine, a in degrees
 inline std::int32_t cosd(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dcosd(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dcosd, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> cosd(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -651,7 +651,7 @@ inline std::vector<double> cosd(std::span<const double> a, const MathOptions& op
 // hyperbolic cosine
 inline std::int32_t cosh(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_scosh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_scosh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> cosh(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -661,7 +661,7 @@ inline std::vector<float> cosh(std::span<const float> a, const MathOptions& opti
 // hyperbolic cosine
 inline std::int32_t cosh(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dcosh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dcosh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> cosh(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -671,7 +671,7 @@ inline std::vector<double> cosh(std::span<const double> a, const MathOptions& op
 // hyperbolic cosine
 inline std::int32_t cosh(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ccosh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_ccosh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> cosh(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -681,7 +681,7 @@ inline std::vector<std::complex<float>> cosh(std::span<const std::complex<float>
 // hyperbolic cosine
 inline std::int32_t cosh(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zcosh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zcosh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> cosh(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -691,7 +691,7 @@ inline std::vector<std::complex<double>> cosh(std::span<const std::complex<doubl
 // cosine of a pi
 inline std::int32_t cospi(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_scospi(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_scospi, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> cospi(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -701,7 +701,7 @@ inline std::vector<float> cospi(std::span<const float> a, const MathOptions& opt
 // cosine of a pi
 inline std::int32_t cospi(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dcospi(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dcospi, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> cospi(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -711,7 +711,7 @@ inline std::vector<double> cospi(std::span<const double> a, const MathOptions& o
 // r = a / b
 inline std::int32_t div(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sdiv(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_sdiv, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> div(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -721,7 +721,7 @@ inline std::vector<float> div(std::span<const float> a, std::span<const float> b
 // r = a / b
 inline std::int32_t div(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ddiv(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_ddiv, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> div(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -731,7 +731,7 @@ inline std::vector<double> div(std::span<const double> a, std::span<const double
 // r = a / b
 inline std::int32_t div(std::span<const std::complex<float>> a, std::span<const std::complex<float>> b, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_cdiv(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_cdiv, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<std::complex<float>> div(std::span<const std::complex<float>> a, std::span<const std::complex<float>> b, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -741,7 +741,7 @@ inline std::vector<std::complex<float>> div(std::span<const std::complex<float>>
 // r = a / b
 inline std::int32_t div(std::span<const std::complex<double>> a, std::span<const std::complex<double>> b, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zdiv(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_zdiv, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<std::complex<double>> div(std::span<const std::complex<double>> a, std::span<const std::complex<double>> b, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -751,7 +751,7 @@ inline std::vector<std::complex<double>> div(std::span<const std::complex<double
 // error function
 inline std::int32_t erf(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_serf(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_serf, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> erf(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -761,7 +761,7 @@ inline std::vector<float> erf(std::span<const float> a, const MathOptions& optio
 // error function
 inline std::int32_t erf(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_derf(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_derf, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> erf(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -771,7 +771,7 @@ inline std::vector<double> erf(std::span<const double> a, const MathOptions& opt
 // complementary error function 1 - erf(a)
 inline std::int32_t erfc(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_serfc(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_serfc, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> erfc(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -781,7 +781,7 @@ inline std::vector<float> erfc(std::span<const float> a, const MathOptions& opti
 // complementary error function 1 - erf(a)
 inline std::int32_t erfc(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_derfc(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_derfc, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> erfc(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -791,7 +791,7 @@ inline std::vector<double> erfc(std::span<const double> a, const MathOptions& op
 // inverse complementary error function
 inline std::int32_t erfcinv(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_serfcinv(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_serfcinv, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> erfcinv(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -801,7 +801,7 @@ inline std::vector<float> erfcinv(std::span<const float> a, const MathOptions& o
 // inverse complementary error function
 inline std::int32_t erfcinv(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_derfcinv(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_derfcinv, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> erfcinv(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -811,7 +811,7 @@ inline std::vector<double> erfcinv(std::span<const double> a, const MathOptions&
 // e^(a^2) erfc(a)
 inline std::int32_t erfcx(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_serfcx(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_serfcx, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> erfcx(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -821,7 +821,7 @@ inline std::vector<float> erfcx(std::span<const float> a, const MathOptions& opt
 // e^(a^2) erfc(a)
 inline std::int32_t erfcx(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_derfcx(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_derfcx, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> erfcx(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -831,7 +831,7 @@ inline std::vector<double> erfcx(std::span<const double> a, const MathOptions& o
 // inverse error function
 inline std::int32_t erfinv(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_serfinv(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_serfinv, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> erfinv(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -841,7 +841,7 @@ inline std::vector<float> erfinv(std::span<const float> a, const MathOptions& op
 // inverse error function
 inline std::int32_t erfinv(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_derfinv(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_derfinv, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> erfinv(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -851,7 +851,7 @@ inline std::vector<double> erfinv(std::span<const double> a, const MathOptions& 
 // e^a
 inline std::int32_t exp(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sexp(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sexp, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> exp(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -861,7 +861,7 @@ inline std::vector<float> exp(std::span<const float> a, const MathOptions& optio
 // e^a
 inline std::int32_t exp(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dexp(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dexp, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> exp(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -871,7 +871,7 @@ inline std::vector<double> exp(std::span<const double> a, const MathOptions& opt
 // e^a
 inline std::int32_t exp(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_cexp(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_cexp, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> exp(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -881,7 +881,7 @@ inline std::vector<std::complex<float>> exp(std::span<const std::complex<float>>
 // e^a
 inline std::int32_t exp(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zexp(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zexp, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> exp(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -891,7 +891,7 @@ inline std::vector<std::complex<double>> exp(std::span<const std::complex<double
 // 10^a
 inline std::int32_t exp10(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sexp10(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sexp10, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> exp10(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -901,7 +901,7 @@ inline std::vector<float> exp10(std::span<const float> a, const MathOptions& opt
 // 10^a
 inline std::int32_t exp10(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dexp10(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dexp10, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> exp10(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -911,7 +911,7 @@ inline std::vector<double> exp10(std::span<const double> a, const MathOptions& o
 // 2^a
 inline std::int32_t exp2(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sexp2(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sexp2, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> exp2(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -921,7 +921,7 @@ inline std::vector<float> exp2(std::span<const float> a, const MathOptions& opti
 // 2^a
 inline std::int32_t exp2(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dexp2(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dexp2, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> exp2(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -931,7 +931,7 @@ inline std::vector<double> exp2(std::span<const double> a, const MathOptions& op
 // exponential integral E1: integral of e^-t / t from a on
 inline std::int32_t expint1(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sexpint1(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sexpint1, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> expint1(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -941,7 +941,7 @@ inline std::vector<float> expint1(std::span<const float> a, const MathOptions& o
 // exponential integral E1: integral of e^-t / t from a on
 inline std::int32_t expint1(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dexpint1(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dexpint1, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> expint1(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -951,7 +951,7 @@ inline std::vector<double> expint1(std::span<const double> a, const MathOptions&
 // e^a - 1
 inline std::int32_t expm1(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sexpm1(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sexpm1, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> expm1(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -961,7 +961,7 @@ inline std::vector<float> expm1(std::span<const float> a, const MathOptions& opt
 // e^a - 1
 inline std::int32_t expm1(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dexpm1(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dexpm1, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> expm1(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -971,7 +971,7 @@ inline std::vector<double> expm1(std::span<const double> a, const MathOptions& o
 // a - b where a > b, else +0
 inline std::int32_t fdim(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sfdim(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_sfdim, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> fdim(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -981,7 +981,7 @@ inline std::vector<float> fdim(std::span<const float> a, std::span<const float> 
 // a - b where a > b, else +0
 inline std::int32_t fdim(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dfdim(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_dfdim, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> fdim(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -991,7 +991,7 @@ inline std::vector<double> fdim(std::span<const double> a, std::span<const doubl
 // largest integer not above a
 inline std::int32_t floor(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sfloor(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sfloor, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> floor(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1001,7 +1001,7 @@ inline std::vector<float> floor(std::span<const float> a, const MathOptions& opt
 // largest integer not above a
 inline std::int32_t floor(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dfloor(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dfloor, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> floor(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1011,7 +1011,7 @@ inline std::vector<double> floor(std::span<const double> a, const MathOptions& o
 // larger of a and b; a NaN loses
 inline std::int32_t fmax(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sfmax(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_sfmax, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> fmax(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1021,7 +1021,7 @@ inline std::vector<float> fmax(std::span<const float> a, std::span<const float> 
 // larger of a and b; a NaN loses
 inline std::int32_t fmax(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dfmax(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_dfmax, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> fmax(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1031,7 +1031,7 @@ inline std::vector<double> fmax(std::span<const double> a, std::span<const doubl
 // smaller of a and b; a NaN loses
 inline std::int32_t fmin(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sfmin(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_sfmin, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> fmin(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1041,7 +1041,7 @@ inline std::vector<float> fmin(std::span<const float> a, std::span<const float> 
 // smaller of a and b; a NaN loses
 inline std::int32_t fmin(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dfmin(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_dfmin, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> fmin(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1051,7 +1051,7 @@ inline std::vector<double> fmin(std::span<const double> a, std::span<const doubl
 // a - b trunc(a / b)
 inline std::int32_t fmod(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sfmod(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_sfmod, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> fmod(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1061,7 +1061,7 @@ inline std::vector<float> fmod(std::span<const float> a, std::span<const float> 
 // a - b trunc(a / b)
 inline std::int32_t fmod(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dfmod(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_dfmod, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> fmod(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1071,7 +1071,7 @@ inline std::vector<double> fmod(std::span<const double> a, std::span<const doubl
 // a - trunc(a), with the sign of a
 inline std::int32_t frac(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sfrac(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sfrac, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> frac(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1081,7 +1081,7 @@ inline std::vector<float> frac(std::span<const float> a, const MathOptions& opti
 // a - trunc(a), with the sign of a
 inline std::int32_t frac(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dfrac(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dfrac, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> frac(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1091,7 +1091,7 @@ inline std::vector<double> frac(std::span<const double> a, const MathOptions& op
 // sqrt(a^2 + b^2)
 inline std::int32_t hypot(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_shypot(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_shypot, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> hypot(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1101,7 +1101,7 @@ inline std::vector<float> hypot(std::span<const float> a, std::span<const float>
 // sqrt(a^2 + b^2)
 inline std::int32_t hypot(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dhypot(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_dhypot, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> hypot(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1111,7 +1111,7 @@ inline std::vector<double> hypot(std::span<const double> a, std::span<const doub
 // modified Bessel function I of order 0
 inline std::int32_t i0(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_si0(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_si0, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> i0(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1121,7 +1121,7 @@ inline std::vector<float> i0(std::span<const float> a, const MathOptions& option
 // modified Bessel function I of order 0
 inline std::int32_t i0(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_di0(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_di0, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> i0(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1131,7 +1131,7 @@ inline std::vector<double> i0(std::span<const double> a, const MathOptions& opti
 // modified Bessel function I of order 1
 inline std::int32_t i1(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_si1(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_si1, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> i1(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1141,7 +1141,7 @@ inline std::vector<float> i1(std::span<const float> a, const MathOptions& option
 // modified Bessel function I of order 1
 inline std::int32_t i1(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_di1(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_di1, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> i1(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1151,7 +1151,7 @@ inline std::vector<double> i1(std::span<const double> a, const MathOptions& opti
 // r = 1 / a
 inline std::int32_t inv(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sinv(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sinv, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> inv(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1161,7 +1161,7 @@ inline std::vector<float> inv(std::span<const float> a, const MathOptions& optio
 // r = 1 / a
 inline std::int32_t inv(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dinv(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dinv, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> inv(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1171,7 +1171,7 @@ inline std::vector<double> inv(std::span<const double> a, const MathOptions& opt
 // 1 / cbrt(a)
 inline std::int32_t invcbrt(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sinvcbrt(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sinvcbrt, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> invcbrt(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1181,7 +1181,7 @@ inline std::vector<float> invcbrt(std::span<const float> a, const MathOptions& o
 // 1 / cbrt(a)
 inline std::int32_t invcbrt(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dinvcbrt(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dinvcbrt, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> invcbrt(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1191,7 +1191,7 @@ inline std::vector<double> invcbrt(std::span<const double> a, const MathOptions&
 // 1 / sqrt(a)
 inline std::int32_t invsqrt(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sinvsqrt(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sinvsqrt, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> invsqrt(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1201,7 +1201,7 @@ inline std::vector<float> invsqrt(std::span<const float> a, const MathOptions& o
 // 1 / sqrt(a)
 inline std::int32_t invsqrt(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dinvsqrt(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dinvsqrt, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> invsqrt(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1211,7 +1211,7 @@ inline std::vector<double> invsqrt(std::span<const double> a, const MathOptions&
 // Bessel function J of order 0
 inline std::int32_t j0(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sj0(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sj0, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> j0(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1221,7 +1221,7 @@ inline std::vector<float> j0(std::span<const float> a, const MathOptions& option
 // Bessel function J of order 0
 inline std::int32_t j0(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dj0(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dj0, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> j0(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1231,7 +1231,7 @@ inline std::vector<double> j0(std::span<const double> a, const MathOptions& opti
 // Bessel function J of order 1
 inline std::int32_t j1(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sj1(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sj1, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> j1(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1241,7 +1241,7 @@ inline std::vector<float> j1(std::span<const float> a, const MathOptions& option
 // Bessel function J of order 1
 inline std::int32_t j1(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dj1(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dj1, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> j1(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1251,7 +1251,7 @@ inline std::vector<double> j1(std::span<const double> a, const MathOptions& opti
 // Bessel function J of integer order
 inline std::int32_t jn(int32_t order, std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sjn(n, order, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sjn, n, order, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> jn(int32_t order, std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1261,7 +1261,7 @@ inline std::vector<float> jn(int32_t order, std::span<const float> a, const Math
 // Bessel function J of integer order
 inline std::int32_t jn(int32_t order, std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_djn(n, order, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_djn, n, order, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> jn(int32_t order, std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1271,7 +1271,7 @@ inline std::vector<double> jn(int32_t order, std::span<const double> a, const Ma
 // ln |gamma(a)|
 inline std::int32_t lgamma(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_slgamma(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_slgamma, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> lgamma(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1281,7 +1281,7 @@ inline std::vector<float> lgamma(std::span<const float> a, const MathOptions& op
 // ln |gamma(a)|
 inline std::int32_t lgamma(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dlgamma(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dlgamma, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> lgamma(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1291,7 +1291,7 @@ inline std::vector<double> lgamma(std::span<const double> a, const MathOptions& 
 // r = (a scaleA + shiftA) / (b scaleB + shiftB)
 inline std::int32_t linearfrac(std::span<const float> a, std::span<const float> b, float scale_a, float shift_a, float scale_b, float shift_b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_slinearfrac(n, detail::raw(a), detail::raw(b), scale_a, shift_a, scale_b, shift_b, detail::raw(r), o); });
+  return detail::math(options, orvik_slinearfrac, n, detail::raw(a), detail::raw(b), scale_a, shift_a, scale_b, shift_b, detail::raw(r));
 }
 inline std::vector<float> linearfrac(std::span<const float> a, std::span<const float> b, float scale_a, float shift_a, float scale_b, float shift_b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1301,7 +1301,7 @@ inline std::vector<float> linearfrac(std::span<const float> a, std::span<const f
 // r = (a scaleA + shiftA) / (b scaleB + shiftB)
 inline std::int32_t linearfrac(std::span<const double> a, std::span<const double> b, double scale_a, double shift_a, double scale_b, double shift_b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dlinearfrac(n, detail::raw(a), detail::raw(b), scale_a, shift_a, scale_b, shift_b, detail::raw(r), o); });
+  return detail::math(options, orvik_dlinearfrac, n, detail::raw(a), detail::raw(b), scale_a, shift_a, scale_b, shift_b, detail::raw(r));
 }
 inline std::vector<double> linearfrac(std::span<const double> a, std::span<const double> b, double scale_a, double shift_a, double scale_b, double shift_b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1311,7 +1311,7 @@ inline std::vector<double> linearfrac(std::span<const double> a, std::span<const
 // natural logarithm
 inline std::int32_t ln(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sln(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sln, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> ln(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1321,7 +1321,7 @@ inline std::vector<float> ln(std::span<const float> a, const MathOptions& option
 // natural logarithm
 inline std::int32_t ln(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dln(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dln, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> ln(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1331,7 +1331,7 @@ inline std::vector<double> ln(std::span<const double> a, const MathOptions& opti
 // natural logarithm
 inline std::int32_t ln(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_cln(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_cln, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> ln(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -1341,7 +1341,7 @@ inline std::vector<std::complex<float>> ln(std::span<const std::complex<float>> 
 // natural logarithm
 inline std::int32_t ln(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zln(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zln, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> ln(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -1351,7 +1351,7 @@ inline std::vector<std::complex<double>> ln(std::span<const std::complex<double>
 // logarithm to base 10
 inline std::int32_t log10(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_slog10(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_slog10, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> log10(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1361,7 +1361,7 @@ inline std::vector<float> log10(std::span<const float> a, const MathOptions& opt
 // logarithm to base 10
 inline std::int32_t log10(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dlog10(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dlog10, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> log10(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1371,7 +1371,7 @@ inline std::vector<double> log10(std::span<const double> a, const MathOptions& o
 // logarithm to base 10
 inline std::int32_t log10(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_clog10(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_clog10, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> log10(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -1381,7 +1381,7 @@ inline std::vector<std::complex<float>> log10(std::span<const std::complex<float
 // logarithm to base 10
 inline std::int32_t log10(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zlog10(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zlog10, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> log10(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -1391,7 +1391,7 @@ inline std::vector<std::complex<double>> log10(std::span<const std::complex<doub
 // ln(1 + a)
 inline std::int32_t log1p(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_slog1p(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_slog1p, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> log1p(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1401,7 +1401,7 @@ inline std::vector<float> log1p(std::span<const float> a, const MathOptions& opt
 // ln(1 + a)
 inline std::int32_t log1p(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dlog1p(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dlog1p, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> log1p(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1411,7 +1411,7 @@ inline std::vector<double> log1p(std::span<const double> a, const MathOptions& o
 // logarithm to base 2
 inline std::int32_t log2(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_slog2(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_slog2, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> log2(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1421,7 +1421,7 @@ inline std::vector<float> log2(std::span<const float> a, const MathOptions& opti
 // logarithm to base 2
 inline std::int32_t log2(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dlog2(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dlog2, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> log2(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1431,7 +1431,7 @@ inline std::vector<double> log2(std::span<const double> a, const MathOptions& op
 // exponent of a: floor(log2 |a|)
 inline std::int32_t logb(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_slogb(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_slogb, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> logb(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1441,7 +1441,7 @@ inline std::vector<float> logb(std::span<const float> a, const MathOptions& opti
 // exponent of a: floor(log2 |a|)
 inline std::int32_t logb(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dlogb(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dlogb, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> logb(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1451,7 +1451,7 @@ inline std::vector<double> logb(std::span<const double> a, const MathOptions& op
 // the one of larger magnitude; a NaN loses
 inline std::int32_t maxmag(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_smaxmag(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_smaxmag, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> maxmag(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1461,7 +1461,7 @@ inline std::vector<float> maxmag(std::span<const float> a, std::span<const float
 // the one of larger magnitude; a NaN loses
 inline std::int32_t maxmag(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dmaxmag(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_dmaxmag, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> maxmag(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1471,7 +1471,7 @@ inline std::vector<double> maxmag(std::span<const double> a, std::span<const dou
 // the one of smaller magnitude; a NaN loses
 inline std::int32_t minmag(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sminmag(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_sminmag, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> minmag(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1481,7 +1481,7 @@ inline std::vector<float> minmag(std::span<const float> a, std::span<const float
 // the one of smaller magnitude; a NaN loses
 inline std::int32_t minmag(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dminmag(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_dminmag, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> minmag(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1491,17 +1491,17 @@ inline std::vector<double> minmag(std::span<const double> a, std::span<const dou
 // r1 = trunc(a), r2 = a - trunc(a), both with the sign of a
 inline std::int32_t modf(std::span<const float> a, std::span<float> r1, std::span<float> r2, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r1.size(), r2.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_smodf(n, detail::raw(a), detail::raw(r1), detail::raw(r2), o); });
+  return detail::math(options, orvik_smodf, n, detail::raw(a), detail::raw(r1), detail::raw(r2));
 }
 // r1 = trunc(a), r2 = a - trunc(a), both with the sign of a
 inline std::int32_t modf(std::span<const double> a, std::span<double> r1, std::span<double> r2, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r1.size(), r2.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dmodf(n, detail::raw(a), detail::raw(r1), detail::raw(r2), o); });
+  return detail::math(options, orvik_dmodf, n, detail::raw(a), detail::raw(r1), detail::raw(r2));
 }
 // r = a b
 inline std::int32_t mul(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_smul(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_smul, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> mul(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1511,7 +1511,7 @@ inline std::vector<float> mul(std::span<const float> a, std::span<const float> b
 // r = a b
 inline std::int32_t mul(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dmul(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_dmul, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> mul(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1521,7 +1521,7 @@ inline std::vector<double> mul(std::span<const double> a, std::span<const double
 // r = a b
 inline std::int32_t mul(std::span<const std::complex<float>> a, std::span<const std::complex<float>> b, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_cmul(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_cmul, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<std::complex<float>> mul(std::span<const std::complex<float>> a, std::span<const std::complex<float>> b, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -1531,7 +1531,7 @@ inline std::vector<std::complex<float>> mul(std::span<const std::complex<float>>
 // r = a b
 inline std::int32_t mul(std::span<const std::complex<double>> a, std::span<const std::complex<double>> b, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zmul(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_zmul, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<std::complex<double>> mul(std::span<const std::complex<double>> a, std::span<const std::complex<double>> b, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -1541,7 +1541,7 @@ inline std::vector<std::complex<double>> mul(std::span<const std::complex<double
 // r = a conj(b)
 inline std::int32_t mulbyconj(std::span<const std::complex<float>> a, std::span<const std::complex<float>> b, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_cmulbyconj(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_cmulbyconj, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<std::complex<float>> mulbyconj(std::span<const std::complex<float>> a, std::span<const std::complex<float>> b, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -1551,7 +1551,7 @@ inline std::vector<std::complex<float>> mulbyconj(std::span<const std::complex<f
 // r = a conj(b)
 inline std::int32_t mulbyconj(std::span<const std::complex<double>> a, std::span<const std::complex<double>> b, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zmulbyconj(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_zmulbyconj, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<std::complex<double>> mulbyconj(std::span<const std::complex<double>> a, std::span<const std::complex<double>> b, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -1561,7 +1561,7 @@ inline std::vector<std::complex<double>> mulbyconj(std::span<const std::complex<
 // a rounded to nearest, ties to even; never raises inexact
 inline std::int32_t nearbyint(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_snearbyint(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_snearbyint, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> nearbyint(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1571,7 +1571,7 @@ inline std::vector<float> nearbyint(std::span<const float> a, const MathOptions&
 // a rounded to nearest, ties to even; never raises inexact
 inline std::int32_t nearbyint(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dnearbyint(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dnearbyint, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> nearbyint(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1581,7 +1581,7 @@ inline std::vector<double> nearbyint(std::span<const double> a, const MathOption
 // the float next to a towards b
 inline std::int32_t nextafter(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_snextafter(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_snextafter, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> nextafter(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1591,7 +1591,7 @@ inline std::vector<float> nextafter(std::span<const float> a, std::span<const fl
 // the float next to a towards b
 inline std::int32_t nextafter(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dnextafter(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_dnextafter, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> nextafter(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1601,7 +1601,7 @@ inline std::vector<double> nextafter(std::span<const double> a, std::span<const 
 // a^b
 inline std::int32_t pow(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_spow(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_spow, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> pow(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1611,7 +1611,7 @@ inline std::vector<float> pow(std::span<const float> a, std::span<const float> b
 // a^b
 inline std::int32_t pow(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dpow(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_dpow, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> pow(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1621,7 +1621,7 @@ inline std::vector<double> pow(std::span<const double> a, std::span<const double
 // a^b
 inline std::int32_t pow(std::span<const std::complex<float>> a, std::span<const std::complex<float>> b, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_cpow(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_cpow, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<std::complex<float>> pow(std::span<const std::complex<float>> a, std::span<const std::complex<float>> b, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -1631,7 +1631,7 @@ inline std::vector<std::complex<float>> pow(std::span<const std::complex<float>>
 // a^b
 inline std::int32_t pow(std::span<const std::complex<double>> a, std::span<const std::complex<double>> b, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zpow(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_zpow, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<std::complex<double>> pow(std::span<const std::complex<double>> a, std::span<const std::complex<double>> b, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -1641,7 +1641,7 @@ inline std::vector<std::complex<double>> pow(std::span<const std::complex<double
 // cbrt(a)^2
 inline std::int32_t pow2o3(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_spow2o3(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_spow2o3, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> pow2o3(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1651,7 +1651,7 @@ inline std::vector<float> pow2o3(std::span<const float> a, const MathOptions& op
 // cbrt(a)^2
 inline std::int32_t pow2o3(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dpow2o3(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dpow2o3, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> pow2o3(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1661,7 +1661,7 @@ inline std::vector<double> pow2o3(std::span<const double> a, const MathOptions& 
 // a^(3/2)
 inline std::int32_t pow3o2(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_spow3o2(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_spow3o2, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> pow3o2(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1671,7 +1671,7 @@ inline std::vector<float> pow3o2(std::span<const float> a, const MathOptions& op
 // a^(3/2)
 inline std::int32_t pow3o2(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dpow3o2(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dpow3o2, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> pow3o2(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1681,7 +1681,7 @@ inline std::vector<double> pow3o2(std::span<const double> a, const MathOptions& 
 // a^b for a not below 0
 inline std::int32_t powr(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_spowr(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_spowr, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> powr(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1691,7 +1691,7 @@ inline std::vector<float> powr(std::span<const float> a, std::span<const float> 
 // a^b for a not below 0
 inline std::int32_t powr(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dpowr(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_dpowr, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> powr(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1701,7 +1701,7 @@ inline std::vector<double> powr(std::span<const double> a, std::span<const doubl
 // a^b, b one number for all a
 inline std::int32_t powx(std::span<const std::complex<float>> a, std::complex<float> b, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_cpowx(n, detail::raw(a), ZymComplexFloat{b.real(), b.imag()}, detail::raw(r), o); });
+  return detail::math(options, orvik_cpowx, n, detail::raw(a), ZymComplexFloat{b.real(), b.imag()}, detail::raw(r));
 }
 inline std::vector<std::complex<float>> powx(std::span<const std::complex<float>> a, std::complex<float> b, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -1711,7 +1711,7 @@ inline std::vector<std::complex<float>> powx(std::span<const std::complex<float>
 // a^b, b one number for all a
 inline std::int32_t powx(std::span<const std::complex<double>> a, std::complex<double> b, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zpowx(n, detail::raw(a), ZymComplexDouble{b.real(), b.imag()}, detail::raw(r), o); });
+  return detail::math(options, orvik_zpowx, n, detail::raw(a), ZymComplexDouble{b.real(), b.imag()}, detail::raw(r));
 }
 inline std::vector<std::complex<double>> powx(std::span<const std::complex<double>> a, std::complex<double> b, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -1721,7 +1721,7 @@ inline std::vector<std::complex<double>> powx(std::span<const std::complex<doubl
 // a^b, b one number for all a
 inline std::int32_t powx(std::span<const float> a, float b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_spowx(n, detail::raw(a), b, detail::raw(r), o); });
+  return detail::math(options, orvik_spowx, n, detail::raw(a), b, detail::raw(r));
 }
 inline std::vector<float> powx(std::span<const float> a, float b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1731,7 +1731,7 @@ inline std::vector<float> powx(std::span<const float> a, float b, const MathOpti
 // a^b, b one number for all a
 inline std::int32_t powx(std::span<const double> a, double b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dpowx(n, detail::raw(a), b, detail::raw(r), o); });
+  return detail::math(options, orvik_dpowx, n, detail::raw(a), b, detail::raw(r));
 }
 inline std::vector<double> powx(std::span<const double> a, double b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1741,7 +1741,7 @@ inline std::vector<double> powx(std::span<const double> a, double b, const MathO
 // IEEE remainder: a - b n, n the integer nearest to a / b
 inline std::int32_t remainder(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sremainder(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_sremainder, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> remainder(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1751,7 +1751,7 @@ inline std::vector<float> remainder(std::span<const float> a, std::span<const fl
 // IEEE remainder: a - b n, n the integer nearest to a / b
 inline std::int32_t remainder(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dremainder(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_dremainder, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> remainder(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1761,7 +1761,7 @@ inline std::vector<double> remainder(std::span<const double> a, std::span<const 
 // a rounded to nearest, ties to even; raises inexact
 inline std::int32_t rint(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_srint(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_srint, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> rint(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1771,7 +1771,7 @@ inline std::vector<float> rint(std::span<const float> a, const MathOptions& opti
 // a rounded to nearest, ties to even; raises inexact
 inline std::int32_t rint(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_drint(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_drint, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> rint(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1781,7 +1781,7 @@ inline std::vector<double> rint(std::span<const double> a, const MathOptions& op
 // a rounded to nearest, ties away from zero
 inline std::int32_t round(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sround(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sround, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> round(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1791,7 +1791,7 @@ inline std::vector<float> round(std::span<const float> a, const MathOptions& opt
 // a rounded to nearest, ties away from zero
 inline std::int32_t round(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dround(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dround, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> round(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1801,7 +1801,7 @@ inline std::vector<double> round(std::span<const double> a, const MathOptions& o
 // sine, a in radians
 inline std::int32_t sin(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ssin(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_ssin, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> sin(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1811,7 +1811,7 @@ inline std::vector<float> sin(std::span<const float> a, const MathOptions& optio
 // sine, a in radians
 inline std::int32_t sin(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dsin(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dsin, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> sin(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1821,7 +1821,7 @@ inline std::vector<double> sin(std::span<const double> a, const MathOptions& opt
 // sine, a in radians
 inline std::int32_t sin(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_csin(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_csin, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> sin(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -1831,7 +1831,7 @@ inline std::vector<std::complex<float>> sin(std::span<const std::complex<float>>
 // sine, a in radians
 inline std::int32_t sin(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zsin(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zsin, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> sin(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -1841,27 +1841,27 @@ inline std::vector<std::complex<double>> sin(std::span<const std::complex<double
 // r1 = sine, r2 = cosine, a in radians
 inline std::int32_t sincos(std::span<const float> a, std::span<float> r1, std::span<float> r2, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r1.size(), r2.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ssincos(n, detail::raw(a), detail::raw(r1), detail::raw(r2), o); });
+  return detail::math(options, orvik_ssincos, n, detail::raw(a), detail::raw(r1), detail::raw(r2));
 }
 // r1 = sine, r2 = cosine, a in radians
 inline std::int32_t sincos(std::span<const double> a, std::span<double> r1, std::span<double> r2, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r1.size(), r2.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dsincos(n, detail::raw(a), detail::raw(r1), detail::raw(r2), o); });
+  return detail::math(options, orvik_dsincos, n, detail::raw(a), detail::raw(r1), detail::raw(r2));
 }
 // r1 = sine, r2 = cosine of a pi
 inline std::int32_t sincospi(std::span<const float> a, std::span<float> r1, std::span<float> r2, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r1.size(), r2.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ssincospi(n, detail::raw(a), detail::raw(r1), detail::raw(r2), o); });
+  return detail::math(options, orvik_ssincospi, n, detail::raw(a), detail::raw(r1), detail::raw(r2));
 }
 // r1 = sine, r2 = cosine of a pi
 inline std::int32_t sincospi(std::span<const double> a, std::span<double> r1, std::span<double> r2, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r1.size(), r2.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dsincospi(n, detail::raw(a), detail::raw(r1), detail::raw(r2), o); });
+  return detail::math(options, orvik_dsincospi, n, detail::raw(a), detail::raw(r1), detail::raw(r2));
 }
 // sine, a in degrees
 inline std::int32_t sind(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ssind(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_ssind, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> sind(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1871,7 +1871,7 @@ inline std::vector<float> sind(std::span<const float> a, const MathOptions& opti
 // sine, a in degrees
 inline std::int32_t sind(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dsind(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dsind, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> sind(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1881,7 +1881,7 @@ inline std::vector<double> sind(std::span<const double> a, const MathOptions& op
 // hyperbolic sine
 inline std::int32_t sinh(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ssinh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_ssinh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> sinh(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1891,7 +1891,7 @@ inline std::vector<float> sinh(std::span<const float> a, const MathOptions& opti
 // hyperbolic sine
 inline std::int32_t sinh(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dsinh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dsinh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> sinh(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1901,7 +1901,7 @@ inline std::vector<double> sinh(std::span<const double> a, const MathOptions& op
 // hyperbolic sine
 inline std::int32_t sinh(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_csinh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_csinh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> sinh(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -1911,7 +1911,7 @@ inline std::vector<std::complex<float>> sinh(std::span<const std::complex<float>
 // hyperbolic sine
 inline std::int32_t sinh(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zsinh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zsinh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> sinh(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -1921,7 +1921,7 @@ inline std::vector<std::complex<double>> sinh(std::span<const std::complex<doubl
 // sine of a pi
 inline std::int32_t sinpi(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ssinpi(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_ssinpi, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> sinpi(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1931,7 +1931,7 @@ inline std::vector<float> sinpi(std::span<const float> a, const MathOptions& opt
 // sine of a pi
 inline std::int32_t sinpi(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dsinpi(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dsinpi, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> sinpi(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1941,7 +1941,7 @@ inline std::vector<double> sinpi(std::span<const double> a, const MathOptions& o
 // r = a^2
 inline std::int32_t sqr(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ssqr(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_ssqr, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> sqr(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1951,7 +1951,7 @@ inline std::vector<float> sqr(std::span<const float> a, const MathOptions& optio
 // r = a^2
 inline std::int32_t sqr(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dsqr(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dsqr, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> sqr(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1961,7 +1961,7 @@ inline std::vector<double> sqr(std::span<const double> a, const MathOptions& opt
 // square root
 inline std::int32_t sqrt(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ssqrt(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_ssqrt, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> sqrt(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -1971,7 +1971,7 @@ inline std::vector<float> sqrt(std::span<const float> a, const MathOptions& opti
 // square root
 inline std::int32_t sqrt(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dsqrt(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dsqrt, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> sqrt(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -1981,7 +1981,7 @@ inline std::vector<double> sqrt(std::span<const double> a, const MathOptions& op
 // square root
 inline std::int32_t sqrt(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_csqrt(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_csqrt, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> sqrt(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -1991,7 +1991,7 @@ inline std::vector<std::complex<float>> sqrt(std::span<const std::complex<float>
 // square root
 inline std::int32_t sqrt(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zsqrt(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_zsqrt, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> sqrt(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -2001,7 +2001,7 @@ inline std::vector<std::complex<double>> sqrt(std::span<const std::complex<doubl
 // r = a - b
 inline std::int32_t sub(std::span<const float> a, std::span<const float> b, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ssub(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_ssub, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<float> sub(std::span<const float> a, std::span<const float> b, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -2011,7 +2011,7 @@ inline std::vector<float> sub(std::span<const float> a, std::span<const float> b
 // r = a - b
 inline std::int32_t sub(std::span<const double> a, std::span<const double> b, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dsub(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_dsub, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<double> sub(std::span<const double> a, std::span<const double> b, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -2021,7 +2021,7 @@ inline std::vector<double> sub(std::span<const double> a, std::span<const double
 // r = a - b
 inline std::int32_t sub(std::span<const std::complex<float>> a, std::span<const std::complex<float>> b, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_csub(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_csub, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<std::complex<float>> sub(std::span<const std::complex<float>> a, std::span<const std::complex<float>> b, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -2031,7 +2031,7 @@ inline std::vector<std::complex<float>> sub(std::span<const std::complex<float>>
 // r = a - b
 inline std::int32_t sub(std::span<const std::complex<double>> a, std::span<const std::complex<double>> b, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), b.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_zsub(n, detail::raw(a), detail::raw(b), detail::raw(r), o); });
+  return detail::math(options, orvik_zsub, n, detail::raw(a), detail::raw(b), detail::raw(r));
 }
 inline std::vector<std::complex<double>> sub(std::span<const std::complex<double>> a, std::span<const std::complex<double>> b, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -2041,7 +2041,7 @@ inline std::vector<std::complex<double>> sub(std::span<const std::complex<double
 // tangent, a in radians
 inline std::int32_t tan(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_stan(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_stan, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> tan(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -2051,7 +2051,7 @@ inline std::vector<float> tan(std::span<const float> a, const MathOptions& optio
 // tangent, a in radians
 inline std::int32_t tan(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dtan(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dtan, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> tan(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -2061,7 +2061,7 @@ inline std::vector<double> tan(std::span<const double> a, const MathOptions& opt
 // tangent, a in radians
 inline std::int32_t tan(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ctan(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_ctan, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> tan(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -2071,7 +2071,7 @@ inline std::vector<std::complex<float>> tan(std::span<const std::complex<float>>
 // tangent, a in radians
 inline std::int32_t tan(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ztan(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_ztan, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> tan(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -2081,7 +2081,7 @@ inline std::vector<std::complex<double>> tan(std::span<const std::complex<double
 // tangent, a in degrees
 inline std::int32_t tand(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_stand(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_stand, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> tand(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -2091,7 +2091,7 @@ inline std::vector<float> tand(std::span<const float> a, const MathOptions& opti
 // tangent, a in degrees
 inline std::int32_t tand(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dtand(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dtand, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> tand(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -2101,7 +2101,7 @@ inline std::vector<double> tand(std::span<const double> a, const MathOptions& op
 // hyperbolic tangent
 inline std::int32_t tanh(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_stanh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_stanh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> tanh(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -2111,7 +2111,7 @@ inline std::vector<float> tanh(std::span<const float> a, const MathOptions& opti
 // hyperbolic tangent
 inline std::int32_t tanh(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dtanh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dtanh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> tanh(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -2121,7 +2121,7 @@ inline std::vector<double> tanh(std::span<const double> a, const MathOptions& op
 // hyperbolic tangent
 inline std::int32_t tanh(std::span<const std::complex<float>> a, std::span<std::complex<float>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ctanh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_ctanh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<float>> tanh(std::span<const std::complex<float>> a, const MathOptions& options = {}) {
   std::vector<std::complex<float>> made(a.size());
@@ -2131,7 +2131,7 @@ inline std::vector<std::complex<float>> tanh(std::span<const std::complex<float>
 // hyperbolic tangent
 inline std::int32_t tanh(std::span<const std::complex<double>> a, std::span<std::complex<double>> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_ztanh(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_ztanh, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<std::complex<double>> tanh(std::span<const std::complex<double>> a, const MathOptions& options = {}) {
   std::vector<std::complex<double>> made(a.size());
@@ -2141,7 +2141,7 @@ inline std::vector<std::complex<double>> tanh(std::span<const std::complex<doubl
 // tangent of a pi
 inline std::int32_t tanpi(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_stanpi(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_stanpi, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> tanpi(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -2151,7 +2151,7 @@ inline std::vector<float> tanpi(std::span<const float> a, const MathOptions& opt
 // tangent of a pi
 inline std::int32_t tanpi(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dtanpi(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dtanpi, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> tanpi(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -2161,7 +2161,7 @@ inline std::vector<double> tanpi(std::span<const double> a, const MathOptions& o
 // gamma function
 inline std::int32_t tgamma(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_stgamma(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_stgamma, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> tgamma(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -2171,7 +2171,7 @@ inline std::vector<float> tgamma(std::span<const float> a, const MathOptions& op
 // gamma function
 inline std::int32_t tgamma(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dtgamma(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dtgamma, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> tgamma(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -2181,7 +2181,7 @@ inline std::vector<double> tgamma(std::span<const double> a, const MathOptions& 
 // a rounded towards zero
 inline std::int32_t trunc(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_strunc(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_strunc, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> trunc(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -2191,7 +2191,7 @@ inline std::vector<float> trunc(std::span<const float> a, const MathOptions& opt
 // a rounded towards zero
 inline std::int32_t trunc(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dtrunc(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dtrunc, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> trunc(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -2201,7 +2201,7 @@ inline std::vector<double> trunc(std::span<const double> a, const MathOptions& o
 // Bessel function Y of order 0
 inline std::int32_t y0(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sy0(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sy0, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> y0(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -2211,7 +2211,7 @@ inline std::vector<float> y0(std::span<const float> a, const MathOptions& option
 // Bessel function Y of order 0
 inline std::int32_t y0(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dy0(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dy0, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> y0(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -2221,7 +2221,7 @@ inline std::vector<double> y0(std::span<const double> a, const MathOptions& opti
 // Bessel function Y of order 1
 inline std::int32_t y1(std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_sy1(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_sy1, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> y1(std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -2231,7 +2231,7 @@ inline std::vector<float> y1(std::span<const float> a, const MathOptions& option
 // Bessel function Y of order 1
 inline std::int32_t y1(std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dy1(n, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dy1, n, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> y1(std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());
@@ -2241,7 +2241,7 @@ inline std::vector<double> y1(std::span<const double> a, const MathOptions& opti
 // Bessel function Y of integer order
 inline std::int32_t yn(int32_t order, std::span<const float> a, std::span<float> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_syn(n, order, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_syn, n, order, detail::raw(a), detail::raw(r));
 }
 inline std::vector<float> yn(int32_t order, std::span<const float> a, const MathOptions& options = {}) {
   std::vector<float> made(a.size());
@@ -2251,7 +2251,7 @@ inline std::vector<float> yn(int32_t order, std::span<const float> a, const Math
 // Bessel function Y of integer order
 inline std::int32_t yn(int32_t order, std::span<const double> a, std::span<double> r, const MathOptions& options = {}) {
   const std::int64_t n = detail::same_size(a.size(), r.size());
-  return detail::math(options, n, [&](orvik_math_options* o) { return orvik_dyn(n, order, detail::raw(a), detail::raw(r), o); });
+  return detail::math(options, orvik_dyn, n, order, detail::raw(a), detail::raw(r));
 }
 inline std::vector<double> yn(int32_t order, std::span<const double> a, const MathOptions& options = {}) {
   std::vector<double> made(a.size());

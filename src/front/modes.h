@@ -27,44 +27,44 @@ struct Collector {
 extern constinit thread_local Collector* collector;
 int32_t collect(ZymErrorContext* context);
 
-// The thread's mode while kernels run: denormals are kept; reported elements go to the collector and nowhere else. A row that
-// never reports needs only the first.
+// The thread's mode while kernels run: denormals are kept; reported elements go to the collector and nowhere else, since the
+// callback says of each that it has been handled. A row that never reports needs only the first.
 class KernelState {
  public:
-  KernelState(Collector* c, bool reports) : errno_(errno), reports_(reports), mode_(_zymGetMode()) {
-    const bool flushes = (mode_ & kDenormalField) == ZYM_FLUSH_DENORMALS;
-    changed_ = reports || flushes;
+  KernelState(Collector* c, bool reports) : errno_(&errno), saved_errno_(*errno_), reports_(reports), mode_(_zymGetMode()) {
+    flushes_ = (mode_ & kDenormalField) == ZYM_FLUSH_DENORMALS;
     if (reports) {
       status_ = _zymGetErrStatus();
-      callback_ = _zymSetErrorCallBack(collect);
+      callback_ = _zymSetErrorCallBack(collect);  // with its bit in the mode
       _zymSetInterfInputVectorPointer(nullptr);
-      collector_ = collector;
+      collected_ = c;
+      outer_ = collector;
       collector = c;
     }
-    // With the callback alone in the error field no handler runs: it takes every element.
-    if (changed_) {
-      _zymSetMode((reports ? uint32_t{ZYM_ERRMODE_CALLBACK} : 0) | (flushes ? kKeepDenormals : 0));
+    if (flushes_) [[unlikely]] {
+      _zymSetMode(kKeepDenormals);
     }
   }
   ~KernelState() {
     if (reports_) {
-      collector = collector_;
+      collector = outer_;
       _zymSetErrorCallBack(callback_);
-      _zymSetErrStatus(status_);
+      if (collected_->count != 0) _zymSetErrStatus(status_);
     }
-    if (changed_) _zymSetMode(mode_);
-    errno = errno_;
+    if (reports_ || flushes_) _zymSetMode(mode_);
+    *errno_ = saved_errno_;
   }
   KernelState(const KernelState&) = delete;
   KernelState& operator=(const KernelState&) = delete;
 
  private:
-  int errno_;
-  bool reports_, changed_;
+  int* errno_;
+  int saved_errno_;
+  bool reports_, flushes_;
   uint32_t mode_;
   int32_t status_ = 0;
   ZymErrorCallback callback_ = nullptr;
-  Collector* collector_ = nullptr;
+  Collector *collected_ = nullptr, *outer_ = nullptr;
 };
 
 // Keeps errno, for calls whose kernels look after the rest themselves.

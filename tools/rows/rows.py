@@ -570,7 +570,7 @@ def make_front_cxx():
         out.append(f"// {TEXT[row.function]}")
         out.append(f"inline std::int32_t {name}({written}, const MathOptions& options = {{}}) {{")
         out.append(f"  const std::int64_t n = detail::same_size({same});")
-        out.append(f"  return detail::math(options, n, [&](orvik_math_options* o) {{ return {front_name(row, 0)}({', '.join(values)}, o); }});")
+        out.append(f"  return detail::math(options, {front_name(row, 0)}, {', '.join(values)});")
         out.append("}")
         if len(results) == 1:
             result = dict((a, t) for t, a in parameters)[results[0]][len("std::span<"):-1]

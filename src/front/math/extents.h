@@ -20,7 +20,8 @@ inline bool find_extent(const void* start, int64_t step, int32_t size, int64_t n
     if (n > 1 || n > kAddressSpace) return false;
     step = 0;
   }
-  const __int128 reach = static_cast<__int128>(n - 1) * step * size;
+  const bool small = n < int64_t{1} << 31 && step < 1 << 16 && step > -(1 << 16);
+  const __int128 reach = small ? (n - 1) * step * size : static_cast<__int128>(n - 1) * step * size;
   if (reach >= kAddressSpace || reach <= -kAddressSpace) return false;
   const auto address = reinterpret_cast<uint64_t>(start);
   const auto bytes = static_cast<int64_t>(reach);

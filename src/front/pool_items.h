@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <type_traits>
 
 #include "front/pool.h"
 
@@ -39,21 +40,30 @@ class Deal {
 
 template <class Item>
 void for_each_item(int32_t count, int32_t threads, const Item& item) {
+  // Items that want to know which participant takes them, below the number of threads, are told.
+  const auto one = [&](int32_t k, int32_t participant) {
+    if constexpr (std::is_invocable_v<const Item&, int32_t, int32_t>) {
+      item(k, participant);
+    } else {
+      item(k);
+    }
+  };
   if (threads > count) threads = count;
   if (threads > kMostThreads) threads = kMostThreads;
   if (threads <= 1) {
-    for (int32_t k = 0; k < count; ++k) item(k);
+    for (int32_t k = 0; k < count; ++k) one(k, 0);
     return;
   }
+  using One = decltype(one);
   struct Context {
     Deal deal;
-    const Item* item;
-  } context = {Deal(count, threads), &item};
+    const One* one;
+  } context = {Deal(count, threads), &one};
   run_in_pool(
       threads,
       [](void* c, int32_t participant) {
         auto* const shared = static_cast<Context*>(c);
-        for (int32_t k; (k = shared->deal.take(participant)) >= 0;) (*shared->item)(k);
+        for (int32_t k; (k = shared->deal.take(participant)) >= 0;) (*shared->one)(k, participant);
       },
       &context);
 }

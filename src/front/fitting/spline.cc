@@ -1,4 +1,6 @@
 // Splines as objects that own their breakpoints, values and coefficients.
+#include <atomic>
+#include <climits>
 #include <cmath>
 #include <cstring>
 #include <new>
@@ -10,19 +12,24 @@ namespace orvik::front {
 const OrvikDFServices kServices = {
     .parallel_run =
         [](int64_t count, int64_t threads, void* arguments, OrvikDFBody body) {
-          if (threads <= 1 || count > kMostThreads) {
+          if (threads <= 1 || count > INT32_MAX) {
             for (int64_t k = 0; k < count; ++k) {
               if (const int32_t status = body(k, 0, threads, arguments); status < 0) return status;
             }
             return 0;
           }
-          int32_t statuses[kMostThreads] = {};
+          // The first failure: index above, status below. Bodies keep their workspace by the thread that they are told.
+          std::atomic<int64_t> first{INT64_MAX};
           for_each_item(static_cast<int32_t>(count), static_cast<int32_t>(threads < kMostThreads ? threads : kMostThreads),
-                        [&](int32_t k) { statuses[k] = body(k, k, threads, arguments); });
-          for (int64_t k = 0; k < count; ++k) {
-            if (statuses[k] < 0) return statuses[k];
-          }
-          return 0;
+                        [&](int32_t k, int32_t participant) {
+                          const int32_t status = body(k, participant, threads, arguments);
+                          const int64_t failure = int64_t{k} << 32 | static_cast<uint32_t>(status);
+                          int64_t seen = first.load();
+                          while (status < 0 && failure < seen && !first.compare_exchange_weak(seen, failure)) {
+                          }
+                        });
+          const int64_t failure = first.load();
+          return failure == INT64_MAX ? 0 : static_cast<int32_t>(failure & 0xFFFFFFFF);
         },
     .reserved = {},
     .max_threads = [] { return int64_t{thread_limit()}; },

@@ -37,9 +37,10 @@ namespace {
 constexpr int64_t kMostElements = int64_t{1} << 30;
 
 // The cost 1 of a dispatch table is about a fifth of a nanosecond: the float exponential of lower accuracy has 1.046.
-constexpr int64_t kNanosecondsOfCostInverse = 5;
+constexpr int64_t kCostOfNanosecond = 5 * 64;  // in 64ths
 // Below this a second thread does not pay; each is worth that much work.
 constexpr int64_t kAloneNanoseconds = 20000, kNanosecondsOfThread = 10000;
+constexpr int64_t kSurelyLong = int64_t{1} << 24;  // whatever the cost; below it products fit in 64 bits
 constexpr int32_t kBlocksOfThread = 4;
 constexpr int32_t kMostBlocks = kMostThreads;
 
@@ -49,13 +50,13 @@ int64_t cost_in_64ths(float cost) {
   const int32_t exponent = static_cast<int32_t>(bits >> 23 & 0xFF) - 127;
   const int64_t mantissa = (bits & 0x7FFFFF) | 0x800000;
   const int32_t shift = 17 - exponent;
-  return shift >= 24 ? 1 : shift >= 0 ? mantissa >> shift : mantissa << (-shift < 20 ? -shift : 20);
+  return shift >= 24 ? 1 : shift >= 0 ? mantissa >> shift : mantissa << (-shift < 12 ? -shift : 12);
 }
 
 // About how long n elements take one thread, at most some hours.
 int64_t nanoseconds_of(int64_t n, float cost) {
   constexpr __int128 kLongest = int64_t{1} << 44;
-  const __int128 time = static_cast<__int128>(n) * cost_in_64ths(cost) / (64 * kNanosecondsOfCostInverse);
+  const __int128 time = static_cast<__int128>(n) * cost_in_64ths(cost) / kCostOfNanosecond;
   return static_cast<int64_t>(time < kLongest ? time : kLongest);
 }
 
@@ -233,8 +234,8 @@ orvik_status run(const Row& row, const Operands& o, int64_t n, orvik_math_option
     found.second_argument = row.second_argument;
     found.second_result = row.second_result;
     int32_t blocks = threads;
-    const int64_t work = threads == 0 ? nanoseconds_of(n, row.costs[level]) : 0;
-    if (work >= kAloneNanoseconds) {
+    if (threads == 0 && (n >= kSurelyLong || n * cost_in_64ths(row.costs[level]) >= kAloneNanoseconds * kCostOfNanosecond)) {
+      const int64_t work = nanoseconds_of(n, row.costs[level]);
       const int64_t limit = thread_limit(), worth = work / kNanosecondsOfThread;
       threads = static_cast<int32_t>(worth < limit ? worth : limit);
       const int64_t most = work / kAloneNanoseconds, wanted = int64_t{kBlocksOfThread} * threads;

@@ -1,5 +1,6 @@
-// What a call of the front costs over the kernel's own, and what threads bring: bench_front [SECONDS]. Turns are interleaved and the
-// fastest counts. Ends with status 1 where a one-threaded call of a small array costs more than 25 ns over the kernel's.
+// What a call of the front costs over the kernel's own, and what threads bring: bench_front [SECONDS]. Turns are
+// interleaved and the fastest counts. Ends with status 1 where a one-threaded call of a small array costs more than 25
+// ns over the kernel's.
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
@@ -17,9 +18,11 @@ struct Function {
   Front front;
   Kernel kernel;
 };
-constexpr Function kFunctions[] = {
-    {"abs", orvik_dabs, _zymdAbs}, {"exp", orvik_dexp, _zymdExp}, {"ln", orvik_dln, _zymdLn}, {"sin", orvik_dsin, _zymdSin},
-    {"erf", orvik_derf, _zymdErf}};
+constexpr Function kFunctions[] = {{"abs", orvik_dabs, _zymdAbs},
+                                   {"exp", orvik_dexp, _zymdExp},
+                                   {"ln", orvik_dln, _zymdLn},
+                                   {"sin", orvik_dsin, _zymdSin},
+                                   {"erf", orvik_derf, _zymdErf}};
 
 double overhead(const Function& f, int64_t n, double seconds) {
   std::vector<double> a(static_cast<size_t>(n), 0.7), r(a);
@@ -47,7 +50,8 @@ void threads(const Function& f, double seconds) {
       });
     }
     const std::vector<double> t = paired.measure(seconds);
-    std::printf("| %s | %lld | %.4g | %.2f | %.2f |\n", f.name, static_cast<long long>(n), t[0], t[0] / t[1], t[0] / t[2]);
+    std::printf("| %s | %lld | %.4g | %.2f | %.2f |\n", f.name, static_cast<long long>(n), t[0], t[0] / t[1],
+                t[0] / t[2]);
   }
 }
 
@@ -60,7 +64,8 @@ int main(int argc, char** argv) {
   for (const Function& f : kFunctions) {
     for (const int64_t n : {1, 10, 1000}) slow |= overhead(f, n, seconds) > 25 && n < 1000;
   }
-  std::printf("\nThreads, gain over one:\n\n| function | n | one, ns | two | as many as pay |\n|---|---|---|---|---|\n");
+  std::printf(
+      "\nThreads, gain over one:\n\n| function | n | one, ns | two | as many as pay |\n|---|---|---|---|---|\n");
   for (const Function& f : kFunctions) threads(f, seconds);
   return slow ? 1 : 0;
 }

@@ -1,7 +1,8 @@
 // The front in C++20, header-only over orvik/front.h: spans, std::complex, objects that clean up, exceptions.
 //
-// What goes wrong throws orvik::Error, a std::runtime_error with the status; nothing was computed then. Positive statuses of vector
-// functions (exceptional elements) are returned. Arrays are anything that converts to a span: vectors, arrays, spans.
+// What goes wrong throws orvik::Error, a std::runtime_error with the status; nothing was computed then. Positive
+// statuses of vector functions (exceptional elements) are returned. Arrays are anything that converts to a span:
+// vectors, arrays, spans.
 #ifndef ORVIK_FRONT_HPP
 #define ORVIK_FRONT_HPP
 
@@ -66,7 +67,9 @@ inline const ZymComplexDouble* raw(std::span<const std::complex<double>> s) {
   return reinterpret_cast<const ZymComplexDouble*>(s.data());
 }
 inline ZymComplexFloat* raw(std::span<std::complex<float>> s) { return reinterpret_cast<ZymComplexFloat*>(s.data()); }
-inline ZymComplexDouble* raw(std::span<std::complex<double>> s) { return reinterpret_cast<ZymComplexDouble*>(s.data()); }
+inline ZymComplexDouble* raw(std::span<std::complex<double>> s) {
+  return reinterpret_cast<ZymComplexDouble*>(s.data());
+}
 
 // Room for the reports of all elements, since a call cannot be made again: its arguments may have become results.
 template <class Function, class... Argument>
@@ -114,60 +117,60 @@ std::vector<std::byte> image(Save save) {
 // The C names by element type.
 template <Real T>
 struct C;
-#define ORVIK_FRONT_C(T, d)                                                                            \
-  template <>                                                                                          \
-  struct C<T> {                                                                                        \
-    using Summary = orvik_##d##_summary;                                                               \
-    using Spline = orvik_##d##_spline;                                                                 \
-    using StreamQuantiles = orvik_##d##_stream_quantiles;                                              \
-    static constexpr auto uniform = orvik_##d##_uniform;                                               \
-    static constexpr auto uniform_threads = orvik_##d##_uniform_threads;                               \
-    static constexpr auto normal = orvik_##d##_normal;                                                 \
-    static constexpr auto normal_threads = orvik_##d##_normal_threads;                                 \
-    static constexpr auto gaussian = orvik_##d##_gaussian;                                             \
-    static constexpr auto multivariate_normal = orvik_##d##_multivariate_normal;                       \
-    static constexpr auto cauchy = orvik_##d##_cauchy;                                                 \
-    static constexpr auto exponential = orvik_##d##_exponential;                                       \
-    static constexpr auto gumbel = orvik_##d##_gumbel;                                                 \
-    static constexpr auto laplace = orvik_##d##_laplace;                                               \
-    static constexpr auto rayleigh = orvik_##d##_rayleigh;                                             \
-    static constexpr auto weibull = orvik_##d##_weibull;                                               \
-    static constexpr auto lognormal = orvik_##d##_lognormal;                                           \
-    static constexpr auto gamma = orvik_##d##_gamma;                                                   \
-    static constexpr auto beta = orvik_##d##_beta;                                                     \
-    static constexpr auto chisquare = orvik_##d##_chisquare;                                           \
-    static constexpr auto summary_new = orvik_##d##_summary_new;                                       \
-    static constexpr auto summary_update = orvik_##d##_summary_update;                                 \
-    static constexpr auto summary_merge = orvik_##d##_summary_merge;                                   \
-    static constexpr auto summary_count = orvik_##d##_summary_count;                                   \
-    static constexpr auto summary_dimension = orvik_##d##_summary_dimension;                           \
-    static constexpr auto mean = orvik_##d##_summary_mean;                                             \
-    static constexpr auto variance = orvik_##d##_summary_variance;                                     \
-    static constexpr auto skewness = orvik_##d##_summary_skewness;                                     \
-    static constexpr auto kurtosis = orvik_##d##_summary_kurtosis;                                     \
-    static constexpr auto min = orvik_##d##_summary_min;                                               \
-    static constexpr auto max = orvik_##d##_summary_max;                                               \
-    static constexpr auto covariance = orvik_##d##_summary_covariance;                                 \
-    static constexpr auto correlation = orvik_##d##_summary_correlation;                               \
-    static constexpr auto summary_save = orvik_##d##_summary_save;                                     \
-    static constexpr auto summary_load = orvik_##d##_summary_load;                                     \
-    static constexpr auto summary_delete = orvik_##d##_summary_delete;                                 \
-    static constexpr auto quantiles = orvik_##d##_quantiles;                                           \
-    static constexpr auto stream_quantiles_new = orvik_##d##_stream_quantiles_new;                     \
-    static constexpr auto stream_quantiles_update = orvik_##d##_stream_quantiles_update;               \
-    static constexpr auto stream_quantiles_query = orvik_##d##_stream_quantiles_query;                 \
-    static constexpr auto stream_quantiles_delete = orvik_##d##_stream_quantiles_delete;               \
-    static constexpr auto sort = orvik_##d##_sort;                                                     \
-    static constexpr auto weighted_median = orvik_##d##_weighted_median;                               \
-    static constexpr auto mad = orvik_##d##_mad;                                                       \
-    static constexpr auto spline_new = orvik_##d##_spline_new;                                         \
-    static constexpr auto spline_new_uniform = orvik_##d##_spline_new_uniform;                         \
-    static constexpr auto spline_evaluate = orvik_##d##_spline_evaluate;                               \
-    static constexpr auto spline_integrate = orvik_##d##_spline_integrate;                             \
-    static constexpr auto spline_coefficients = orvik_##d##_spline_coefficients;                       \
-    static constexpr auto spline_shape = orvik_##d##_spline_shape;                                     \
-    static constexpr auto spline_delete = orvik_##d##_spline_delete;                                   \
-    static constexpr auto search = orvik_##d##_search;                                                 \
+#define ORVIK_FRONT_C(T, d)                                                              \
+  template <>                                                                            \
+  struct C<T> {                                                                          \
+    using Summary = orvik_##d##_summary;                                                 \
+    using Spline = orvik_##d##_spline;                                                   \
+    using StreamQuantiles = orvik_##d##_stream_quantiles;                                \
+    static constexpr auto uniform = orvik_##d##_uniform;                                 \
+    static constexpr auto uniform_threads = orvik_##d##_uniform_threads;                 \
+    static constexpr auto normal = orvik_##d##_normal;                                   \
+    static constexpr auto normal_threads = orvik_##d##_normal_threads;                   \
+    static constexpr auto gaussian = orvik_##d##_gaussian;                               \
+    static constexpr auto multivariate_normal = orvik_##d##_multivariate_normal;         \
+    static constexpr auto cauchy = orvik_##d##_cauchy;                                   \
+    static constexpr auto exponential = orvik_##d##_exponential;                         \
+    static constexpr auto gumbel = orvik_##d##_gumbel;                                   \
+    static constexpr auto laplace = orvik_##d##_laplace;                                 \
+    static constexpr auto rayleigh = orvik_##d##_rayleigh;                               \
+    static constexpr auto weibull = orvik_##d##_weibull;                                 \
+    static constexpr auto lognormal = orvik_##d##_lognormal;                             \
+    static constexpr auto gamma = orvik_##d##_gamma;                                     \
+    static constexpr auto beta = orvik_##d##_beta;                                       \
+    static constexpr auto chisquare = orvik_##d##_chisquare;                             \
+    static constexpr auto summary_new = orvik_##d##_summary_new;                         \
+    static constexpr auto summary_update = orvik_##d##_summary_update;                   \
+    static constexpr auto summary_merge = orvik_##d##_summary_merge;                     \
+    static constexpr auto summary_count = orvik_##d##_summary_count;                     \
+    static constexpr auto summary_dimension = orvik_##d##_summary_dimension;             \
+    static constexpr auto mean = orvik_##d##_summary_mean;                               \
+    static constexpr auto variance = orvik_##d##_summary_variance;                       \
+    static constexpr auto skewness = orvik_##d##_summary_skewness;                       \
+    static constexpr auto kurtosis = orvik_##d##_summary_kurtosis;                       \
+    static constexpr auto min = orvik_##d##_summary_min;                                 \
+    static constexpr auto max = orvik_##d##_summary_max;                                 \
+    static constexpr auto covariance = orvik_##d##_summary_covariance;                   \
+    static constexpr auto correlation = orvik_##d##_summary_correlation;                 \
+    static constexpr auto summary_save = orvik_##d##_summary_save;                       \
+    static constexpr auto summary_load = orvik_##d##_summary_load;                       \
+    static constexpr auto summary_delete = orvik_##d##_summary_delete;                   \
+    static constexpr auto quantiles = orvik_##d##_quantiles;                             \
+    static constexpr auto stream_quantiles_new = orvik_##d##_stream_quantiles_new;       \
+    static constexpr auto stream_quantiles_update = orvik_##d##_stream_quantiles_update; \
+    static constexpr auto stream_quantiles_query = orvik_##d##_stream_quantiles_query;   \
+    static constexpr auto stream_quantiles_delete = orvik_##d##_stream_quantiles_delete; \
+    static constexpr auto sort = orvik_##d##_sort;                                       \
+    static constexpr auto weighted_median = orvik_##d##_weighted_median;                 \
+    static constexpr auto mad = orvik_##d##_mad;                                         \
+    static constexpr auto spline_new = orvik_##d##_spline_new;                           \
+    static constexpr auto spline_new_uniform = orvik_##d##_spline_new_uniform;           \
+    static constexpr auto spline_evaluate = orvik_##d##_spline_evaluate;                 \
+    static constexpr auto spline_integrate = orvik_##d##_spline_integrate;               \
+    static constexpr auto spline_coefficients = orvik_##d##_spline_coefficients;         \
+    static constexpr auto spline_shape = orvik_##d##_spline_shape;                       \
+    static constexpr auto spline_delete = orvik_##d##_spline_delete;                     \
+    static constexpr auto search = orvik_##d##_search;                                   \
   };
 ORVIK_FRONT_C(double, d)
 ORVIK_FRONT_C(float, s)
@@ -179,7 +182,8 @@ inline const char* version() noexcept { return orvik_version(); }
 inline bool cpu_supported() noexcept { return orvik_cpu_supported() != 0; }
 inline void set_num_threads(int threads) { detail::check(orvik_set_num_threads(threads)); }
 
-// ---- Random numbers --------------------------------------------------------------------------------------------------
+// ---- Random numbers
+// --------------------------------------------------------------------------------------------------
 
 enum class Generator : std::int32_t {
   MCG31M1 = ORVIK_MCG31M1,
@@ -197,7 +201,9 @@ enum class Generator : std::int32_t {
   PHILOX4X32X10 = ORVIK_PHILOX4X32X10
 };
 // Member k of MT2203 or WH.
-constexpr Generator member(Generator family, int k) { return static_cast<Generator>(static_cast<std::int32_t>(family) + k); }
+constexpr Generator member(Generator family, int k) {
+  return static_cast<Generator>(static_cast<std::int32_t>(family) + k);
+}
 
 // A stream, and a uniform random bit generator of 32-bit words.
 class Stream {
@@ -214,8 +220,8 @@ class Stream {
   Stream(Generator generator, std::span<const std::uint32_t> seeds) {
     orvik_stream* s = nullptr;
     if (seeds.size() > 0x7FFFFFFF) throw Error(ORVIK_ERROR_BAD_LENGTH);
-    detail::check(orvik_stream_new_seeds(&s, static_cast<std::int32_t>(generator), static_cast<std::int32_t>(seeds.size()),
-                                         seeds.data()));
+    detail::check(orvik_stream_new_seeds(&s, static_cast<std::int32_t>(generator),
+                                         static_cast<std::int32_t>(seeds.size()), seeds.data()));
     owned_ = Handle(s);
   }
 
@@ -252,36 +258,47 @@ class Stream {
   Handle owned_;
 };
 
-// Distributions fill r, for float and double: uniform(stream, std::span<double>(r)). Those of one precision take what converts.
+// Distributions fill r, for float and double: uniform(stream, std::span<double>(r)). Those of one precision take what
+// converts.
 namespace detail {
 template <class R>
 using ElementOf = typename decltype(std::span(std::declval<R&>()))::element_type;
 }
 template <class R>
-concept Results = requires(R& r) { std::span(r); } && Real<detail::ElementOf<R>>;
+concept Results = requires(R& r) {
+  std::span(r);
+}
+&&Real<detail::ElementOf<R>>;
 
-#define ORVIK_FRONT_DRAW(name, parameters, ...)                                                                 \
-  template <Results R, class T = detail::ElementOf<R>>                                                          \
-  void name(Stream& s, R&& r, ORVIK_FRONT_LIST parameters) {                                                    \
-    const std::span<T> to(r);                                                                                   \
-    detail::check(detail::C<T>::name(s.get(), detail::length(to.size()), to.data(), __VA_ARGS__));              \
+#define ORVIK_FRONT_DRAW(name, parameters, ...)                                                    \
+  template <Results R, class T = detail::ElementOf<R>>                                             \
+  void name(Stream& s, R&& r, ORVIK_FRONT_LIST parameters) {                                       \
+    const std::span<T> to(r);                                                                      \
+    detail::check(detail::C<T>::name(s.get(), detail::length(to.size()), to.data(), __VA_ARGS__)); \
   }
 #define ORVIK_FRONT_LIST(...) __VA_ARGS__
 using std::type_identity_t;
 ORVIK_FRONT_DRAW(uniform, (type_identity_t<T> a = 0, type_identity_t<T> b = 1), a, b)
 ORVIK_FRONT_DRAW(normal, (type_identity_t<T> mean = 0, type_identity_t<T> sigma = 1), mean, sigma)
-ORVIK_FRONT_DRAW(gaussian, (type_identity_t<T> mean = 0, type_identity_t<T> sigma = 1,
-                            std::uint32_t method = ORVIK_GAUSSIAN_BOX_MULLER_PAIRS), mean, sigma, method)
+ORVIK_FRONT_DRAW(gaussian,
+                 (type_identity_t<T> mean = 0, type_identity_t<T> sigma = 1,
+                  std::uint32_t method = ORVIK_GAUSSIAN_BOX_MULLER_PAIRS),
+                 mean, sigma, method)
 ORVIK_FRONT_DRAW(cauchy, (type_identity_t<T> a = 0, type_identity_t<T> beta = 1), a, beta)
 ORVIK_FRONT_DRAW(exponential, (type_identity_t<T> a = 0, type_identity_t<T> beta = 1), a, beta)
 ORVIK_FRONT_DRAW(gumbel, (type_identity_t<T> a = 0, type_identity_t<T> beta = 1), a, beta)
 ORVIK_FRONT_DRAW(laplace, (type_identity_t<T> a = 0, type_identity_t<T> beta = 1), a, beta)
 ORVIK_FRONT_DRAW(rayleigh, (type_identity_t<T> a = 0, type_identity_t<T> beta = 1), a, beta)
-ORVIK_FRONT_DRAW(weibull, (type_identity_t<T> alpha, type_identity_t<T> a = 0, type_identity_t<T> beta = 1), alpha, a, beta)
-ORVIK_FRONT_DRAW(lognormal, (type_identity_t<T> a = 0, type_identity_t<T> sigma = 1, type_identity_t<T> b = 0,
-                             type_identity_t<T> beta = 1, std::uint32_t method = 0), a, sigma, b, beta, method)
-ORVIK_FRONT_DRAW(gamma, (type_identity_t<T> alpha, type_identity_t<T> a = 0, type_identity_t<T> beta = 1), alpha, a, beta)
-ORVIK_FRONT_DRAW(beta, (type_identity_t<T> p, type_identity_t<T> q, type_identity_t<T> a = 0, type_identity_t<T> scale = 1),
+ORVIK_FRONT_DRAW(weibull, (type_identity_t<T> alpha, type_identity_t<T> a = 0, type_identity_t<T> beta = 1), alpha, a,
+                 beta)
+ORVIK_FRONT_DRAW(lognormal,
+                 (type_identity_t<T> a = 0, type_identity_t<T> sigma = 1, type_identity_t<T> b = 0,
+                  type_identity_t<T> beta = 1, std::uint32_t method = 0),
+                 a, sigma, b, beta, method)
+ORVIK_FRONT_DRAW(gamma, (type_identity_t<T> alpha, type_identity_t<T> a = 0, type_identity_t<T> beta = 1), alpha, a,
+                 beta)
+ORVIK_FRONT_DRAW(beta,
+                 (type_identity_t<T> p, type_identity_t<T> q, type_identity_t<T> a = 0, type_identity_t<T> scale = 1),
                  p, q, a, scale)
 ORVIK_FRONT_DRAW(chisquare, (int v), v)
 #undef ORVIK_FRONT_LIST
@@ -302,11 +319,13 @@ inline void geometric(Stream& s, std::span<std::int32_t> r, double p) {
 inline void binomial(Stream& s, std::span<std::int32_t> r, std::int32_t ntrial, double p) {
   detail::check(orvik_i_binomial(s.get(), detail::length(r.size()), r.data(), ntrial, p));
 }
-inline void hypergeometric(Stream& s, std::span<std::int32_t> r, std::int32_t l, std::int32_t sample, std::int32_t marked) {
+inline void hypergeometric(Stream& s, std::span<std::int32_t> r, std::int32_t l, std::int32_t sample,
+                           std::int32_t marked) {
   detail::check(orvik_i_hypergeometric(s.get(), detail::length(r.size()), r.data(), l, sample, marked));
 }
 
-// ---- Statistics ------------------------------------------------------------------------------------------------------
+// ---- Statistics
+// ------------------------------------------------------------------------------------------------------
 
 enum class Layout : std::int32_t { Rows = ORVIK_ROWS, Columns = ORVIK_COLUMNS };
 
@@ -355,7 +374,8 @@ class Summary {
   std::vector<T> covariance() const { return result(F::covariance, true); }  // p * p
   std::vector<T> correlation() const { return result(F::correlation, true); }
   std::vector<std::byte> save() const {
-    return detail::image([this](void* memory, std::int64_t* size) { return F::summary_save(owned_.get(), memory, size); });
+    return detail::image(
+        [this](void* memory, std::int64_t* size) { return F::summary_save(owned_.get(), memory, size); });
   }
   static Summary load(std::span<const std::byte> image) {
     typename F::Summary* s = nullptr;
@@ -378,11 +398,12 @@ class Summary {
 
 // Results variable by variable.
 template <Real T>
-std::vector<T> quantiles(std::span<const T> x, std::int64_t n, std::int64_t p, Layout layout, std::span<const T> orders) {
+std::vector<T> quantiles(std::span<const T> x, std::int64_t n, std::int64_t p, Layout layout,
+                         std::span<const T> orders) {
   detail::check_data(x, n, p);
   std::vector<T> r(static_cast<std::size_t>(p) * orders.size());
-  detail::check(detail::C<T>::quantiles(n, p, x.data(), static_cast<std::int32_t>(layout), detail::length(orders.size()),
-                                        orders.data(), r.data()));
+  detail::check(detail::C<T>::quantiles(n, p, x.data(), static_cast<std::int32_t>(layout),
+                                        detail::length(orders.size()), orders.data(), r.data()));
   return r;
 }
 template <Real T>
@@ -409,10 +430,10 @@ std::vector<T> mad(std::span<const T> x, std::int64_t n, std::int64_t p, Layout 
   detail::check(detail::C<T>::mad(n, p, x.data(), static_cast<std::int32_t>(layout), r.data()));
   return r;
 }
-#define ORVIK_FRONT_OF_VECTOR(name)                                                        \
-  template <Real T, class... More>                                                         \
+#define ORVIK_FRONT_OF_VECTOR(name)                                                                                  \
+  template <Real T, class... More>                                                                                   \
   std::vector<T> name(const std::vector<T>& x, std::int64_t n, std::int64_t p, Layout layout, const More&... more) { \
-    return name<T>(std::span<const T>(x), n, p, layout, std::span<const T>(more)...);      \
+    return name<T>(std::span<const T>(x), n, p, layout, std::span<const T>(more)...);                                \
   }
 ORVIK_FRONT_OF_VECTOR(quantiles)
 ORVIK_FRONT_OF_VECTOR(sort)
@@ -447,7 +468,8 @@ class StreamQuantiles {
   Handle owned_;
 };
 
-// ---- Data fitting ----------------------------------------------------------------------------------------------------
+// ---- Data fitting
+// ----------------------------------------------------------------------------------------------------
 
 enum class Kind : std::int32_t {
   Linear = ORVIK_LINEAR,
@@ -545,13 +567,15 @@ class Spline {
   Handle owned_;
 };
 template <class X, class Y, class... More>
-Spline(const X&, const Y&, More...) -> Spline<std::remove_const_t<typename decltype(std::span(std::declval<const X&>()))::element_type>>;
+Spline(const X&, const Y&, More...)
+    -> Spline<std::remove_const_t<typename decltype(std::span(std::declval<const X&>()))::element_type>>;
 
 // How many breakpoints are not above each t; all for a NaN.
 template <Real T>
 std::vector<std::int64_t> search(std::span<const T> x, std::span<const T> t) {
   std::vector<std::int64_t> cell(t.size());
-  detail::check(detail::C<T>::search(detail::length(x.size()), x.data(), detail::length(t.size()), t.data(), cell.data()));
+  detail::check(
+      detail::C<T>::search(detail::length(x.size()), x.data(), detail::length(t.size()), t.data(), cell.data()));
   return cell;
 }
 template <Real T>

@@ -1,6 +1,6 @@
-// Handles: what a caller's pointer to a stream, a summary, a spline points to. They live in tables that are never released while
-// the library is loaded, so that a pointer to a deleted object is recognised instead of followed. Places are used again
-// in the order in which they were freed.
+// Handles: what a caller's pointer to a stream, a summary, a spline points to. They live in tables that are never
+// released while the library is loaded, so that a pointer to a deleted object is recognised instead of followed. Places
+// are used again in the order in which they were freed.
 #pragma once
 
 #include <cstdint>

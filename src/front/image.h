@@ -29,8 +29,8 @@ inline uint64_t checksum_of(const void* data, uint64_t size) {
   return sum;
 }
 
-// The common part of all saves. BAD_LENGTH where `memory` has too little room; with null memory only the size is stored.
-// write(body) fills the image behind its head.
+// The common part of all saves. BAD_LENGTH where `memory` has too little room; with null memory only the size is
+// stored. write(body) fills the image behind its head.
 template <class Write>
 orvik_status save_image(const char* magic, uint64_t body, void* memory, int64_t* size, const Write& write) {
   if (size == nullptr) return ORVIK_ERROR_NULL_POINTER;
@@ -56,8 +56,8 @@ inline const char* read_image(const char* magic, const void* memory, int64_t siz
   std::memcpy(&head, memory, sizeof head);
   *body = static_cast<uint64_t>(size) - sizeof head;
   const char* const behind = static_cast<const char*>(memory) + sizeof head;
-  const bool whole = std::memcmp(head.magic, magic, sizeof head.magic) == 0 && head.size == static_cast<uint64_t>(size) &&
-                     head.checksum == checksum_of(behind, *body);
+  const bool whole = std::memcmp(head.magic, magic, sizeof head.magic) == 0 &&
+                     head.size == static_cast<uint64_t>(size) && head.checksum == checksum_of(behind, *body);
   return whole ? behind : nullptr;
 }
 

@@ -10,7 +10,7 @@
 namespace orvik::front {
 
 inline constexpr uint32_t kDenormalField = 0x3C0000, kKeepDenormals = 0x140000;
-inline constexpr uint32_t kFlags = 0x3F;            // exception flags of the control register
+inline constexpr uint32_t kFlags = 0x3F;             // exception flags of the control register
 inline constexpr uint32_t kDefaultControl = 0x1F80;  // all masked, to nearest, no flag
 
 // Exceptional elements of a call of one kernel, or of several one after the other.
@@ -27,11 +27,12 @@ struct Collector {
 extern constinit thread_local Collector* collector;
 int32_t collect(ZymErrorContext* context);
 
-// The thread's mode while kernels run: denormals are kept; reported elements go to the collector and nowhere else, since the
-// callback says of each that it has been handled. A row that never reports needs only the first.
+// The thread's mode while kernels run: denormals are kept; reported elements go to the collector and nowhere else,
+// since the callback says of each that it has been handled. A row that never reports needs only the first.
 class KernelState {
  public:
-  KernelState(Collector* c, bool reports) : errno_(&errno), saved_errno_(*errno_), reports_(reports), mode_(_zymGetMode()) {
+  KernelState(Collector* c, bool reports)
+      : errno_(&errno), saved_errno_(*errno_), reports_(reports), mode_(_zymGetMode()) {
     flushes_ = (mode_ & kDenormalField) == ZYM_FLUSH_DENORMALS;
     if (reports) {
       status_ = _zymGetErrStatus();

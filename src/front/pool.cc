@@ -1,5 +1,5 @@
-// Workers wait on a condition; for a moment after a call they watch for the next one, since waking costs more than many calls.
-// A call never waits for a worker to wake: what nobody has taken the caller does itself.
+// Workers wait on a condition; for a moment after a call they watch for the next one, since waking costs more than many
+// calls. A call never waits for a worker to wake: what nobody has taken the caller does itself.
 #include "front/pool.h"
 
 #include <pthread.h>
@@ -28,8 +28,8 @@ struct Pool {
   bool ending = false;
   PoolBody body = nullptr;  // of the open call
   void* context = nullptr;
-  int32_t places = 0;              // that workers may still take
-  int32_t joined = 0;              // participants so far, the caller among them
+  int32_t places = 0;               // that workers may still take
+  int32_t joined = 0;               // participants so far, the caller among them
   std::atomic<int32_t> working{0};  // workers inside the body
   std::atomic<uint64_t> calls{0};   // opened so far: what a watching worker looks at
 };
@@ -94,7 +94,8 @@ void start(Pool& pool, int32_t wanted) {
   sigset_t all, before;
   sigfillset(&all);
   pthread_sigmask(SIG_SETMASK, &all, &before);
-  while (pool.started < wanted && pthread_create(&pool.workers[pool.started], nullptr, work, &pool) == 0) ++pool.started;
+  while (pool.started < wanted && pthread_create(&pool.workers[pool.started], nullptr, work, &pool) == 0)
+    ++pool.started;
   pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 

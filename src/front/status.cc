@@ -30,5 +30,6 @@ extern "C" const char* orvik_status_text(int32_t status) {
   for (const Sentence& sentence : kSentences) {
     if (sentence.status == status) return sentence.text;
   }
-  return status > 0 ? "A status of no error that this version does not know." : "An error that this version does not know.";
+  return status > 0 ? "A status of no error that this version does not know."
+                    : "An error that this version does not know.";
 }

@@ -29,7 +29,8 @@ std::int32_t thrown(F f) {
 static_assert(std::is_base_of_v<std::runtime_error, orvik::Error>);
 static_assert(std::uniform_random_bit_generator<orvik::Stream>);
 static_assert(!std::is_copy_constructible_v<orvik::Stream> && std::is_nothrow_move_constructible_v<orvik::Stream>);
-static_assert(!std::is_copy_constructible_v<orvik::Summary<double>> && !std::is_copy_constructible_v<orvik::Spline<float>>);
+static_assert(!std::is_copy_constructible_v<orvik::Summary<double>> &&
+              !std::is_copy_constructible_v<orvik::Spline<float>>);
 
 TEST(CxxMath, TakesSpansVectorsAndArrays) {
   std::vector<double> a = {0, 1, 2}, r(3);
@@ -126,7 +127,8 @@ TEST(CxxStream, DrawsAllDistributions) {
   orvik::normal(s, d, 5, 0.1);
   EXPECT_NEAR(std::accumulate(d.begin(), d.end(), 0.0) / 2000, 5, 0.02);
   orvik::gaussian(s, d), orvik::cauchy(s, d), orvik::exponential(s, f), orvik::gumbel(s, d), orvik::laplace(s, d);
-  orvik::rayleigh(s, d), orvik::weibull(s, d, 2), orvik::lognormal(s, d), orvik::gamma(s, f, 2), orvik::beta(s, d, 2, 3);
+  orvik::rayleigh(s, d), orvik::weibull(s, d, 2), orvik::lognormal(s, d), orvik::gamma(s, f, 2),
+      orvik::beta(s, d, 2, 3);
   orvik::chisquare(s, d, 4);
   orvik::uniform(s, i, 0, 10), orvik::bernoulli(s, i, 0.5), orvik::geometric(s, i, 0.5), orvik::binomial(s, i, 10, 0.5);
   orvik::hypergeometric(s, i, 10, 5, 5), orvik::words(s, w);

@@ -1,5 +1,5 @@
-// Every distribution of the front: the kernel's numbers, on any number of threads the same and the same stream afterwards; bad
-// parameters leave the stream untouched.
+// Every distribution of the front: the kernel's numbers, on any number of threads the same and the same stream
+// afterwards; bad parameters leave the stream untouched.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -15,9 +15,9 @@
 namespace {
 
 constexpr double kInf = std::numeric_limits<double>::infinity(), kNan = std::numeric_limits<double>::quiet_NaN();
-constexpr int32_t kGenerators[] = {ORVIK_MCG31M1, ORVIK_R250,     ORVIK_MRG32K3A,     ORVIK_MCG59,       ORVIK_WH + 5,
-                                   ORVIK_SOBOL,   ORVIK_MT19937,  ORVIK_NIEDERREITER, ORVIK_MT2203 + 17, ORVIK_SFMT19937,
-                                   ORVIK_ARS5,    ORVIK_PHILOX4X32X10};
+constexpr int32_t kGenerators[] = {ORVIK_MCG31M1,     ORVIK_R250,      ORVIK_MRG32K3A, ORVIK_MCG59,
+                                   ORVIK_WH + 5,      ORVIK_SOBOL,     ORVIK_MT19937,  ORVIK_NIEDERREITER,
+                                   ORVIK_MT2203 + 17, ORVIK_SFMT19937, ORVIK_ARS5,     ORVIK_PHILOX4X32X10};
 
 struct Owned {
   orvik_stream* s = nullptr;
@@ -37,7 +37,8 @@ std::vector<char> image(const orvik_stream* s) {
   return bytes;
 }
 
-// A distribution with good parameters: threads < 0 calls the form without threads. Numbers are eight bytes apart at most.
+// A distribution with good parameters: threads < 0 calls the form without threads. Numbers are eight bytes apart at
+// most.
 struct Distribution {
   const char* name;
   std::function<orvik_status(orvik_stream*, int64_t, void*, int32_t)> draw;
@@ -46,29 +47,41 @@ struct Distribution {
 
 template <class T>
 struct Forms;
-#define FORMS(T, d)                                                                                                       \
-  template <>                                                                                                             \
-  struct Forms<T> {                                                                                                       \
-    static std::vector<Distribution> all() {                                                                              \
-      const auto as = [](void* r) { return static_cast<T*>(r); };                                                         \
-      return {                                                                                                            \
-          SPLIT(d, uniform, T(-1), T(3)), SPLIT(d, normal, T(1), T(2)), SPLIT(d, gaussian, T(1), T(2), 0u),               \
-          SPLIT(d, gaussian, T(1), T(2), 1u), SPLIT(d, gaussian, T(1), T(2), 2u), SPLIT(d, cauchy, T(1), T(2)),           \
-          SPLIT(d, exponential, T(1), T(2)), SPLIT(d, gumbel, T(1), T(2)), SPLIT(d, laplace, T(1), T(2)),                 \
-          SPLIT(d, rayleigh, T(1), T(2)), SPLIT(d, weibull, T(1.5), T(1), T(2)),                                          \
-          SPLIT(d, lognormal, T(0), T(1), T(0), T(1), 0u), SPLIT(d, lognormal, T(0), T(1), T(0), T(1), 1u),               \
-          PLAIN(d, gamma, T(1.5), T(0), T(1)), PLAIN(d, beta, T(1.5), T(0.5), T(0), T(1)), PLAIN(d, chisquare, 5)};       \
-    }                                                                                                                     \
+#define FORMS(T, d)                                               \
+  template <>                                                     \
+  struct Forms<T> {                                               \
+    static std::vector<Distribution> all() {                      \
+      const auto as = [](void* r) { return static_cast<T*>(r); }; \
+      return {SPLIT(d, uniform, T(-1), T(3)),                     \
+              SPLIT(d, normal, T(1), T(2)),                       \
+              SPLIT(d, gaussian, T(1), T(2), 0u),                 \
+              SPLIT(d, gaussian, T(1), T(2), 1u),                 \
+              SPLIT(d, gaussian, T(1), T(2), 2u),                 \
+              SPLIT(d, cauchy, T(1), T(2)),                       \
+              SPLIT(d, exponential, T(1), T(2)),                  \
+              SPLIT(d, gumbel, T(1), T(2)),                       \
+              SPLIT(d, laplace, T(1), T(2)),                      \
+              SPLIT(d, rayleigh, T(1), T(2)),                     \
+              SPLIT(d, weibull, T(1.5), T(1), T(2)),              \
+              SPLIT(d, lognormal, T(0), T(1), T(0), T(1), 0u),    \
+              SPLIT(d, lognormal, T(0), T(1), T(0), T(1), 1u),    \
+              PLAIN(d, gamma, T(1.5), T(0), T(1)),                \
+              PLAIN(d, beta, T(1.5), T(0.5), T(0), T(1)),         \
+              PLAIN(d, chisquare, 5)};                            \
+    }                                                             \
   };
-#define SPLIT(d, name, ...)                                                                                              \
-  Distribution{#d "_" #name " " #__VA_ARGS__, [as](orvik_stream* s, int64_t n, void* r, int32_t threads) {               \
+#define SPLIT(d, name, ...)                                                                                 \
+  Distribution {                                                                                            \
+#d "_" #name " " #__VA_ARGS__, [as](orvik_stream* s, int64_t n, void* r, int32_t threads) {               \
                  return threads < 0 ? orvik_##d##_##name(s, n, as(r), __VA_ARGS__)                                       \
                                     : orvik_##d##_##name##_threads(s, n, as(r), __VA_ARGS__, threads);                   \
-               }}
-#define PLAIN(d, name, ...)                                                                               \
-  Distribution{#d "_" #name, [as](orvik_stream* s, int64_t n, void* r, int32_t) {                         \
-                 return orvik_##d##_##name(s, n, as(r), __VA_ARGS__);                                     \
-               }, false}
+               } \
+  }
+#define PLAIN(d, name, ...)                                                                     \
+  Distribution {                                                                                \
+#d "_" #name, [as](orvik_stream * s, int64_t n, void* r,                                    \
+                       int32_t) { return orvik_##d##_##name(s, n, as(r), __VA_ARGS__); }, false \
+  }
 FORMS(double, d)
 FORMS(float, s)
 
@@ -108,7 +121,8 @@ TEST(Draws, AnyNumberOfThreadsDrawsTheSameNumbersAndLeavesTheSameStream) {
         ASSERT_EQ(std::memcmp(want.data(), got.data(), want.size() * sizeof(double)), 0)
             << d.name << " of " << orvik_generator_name(generator) << ", " << threads << " threads";
         ASSERT_EQ(orvik_d_gaussian(many, 50, next_got.data(), 0, 1, 1), ORVIK_SUCCESS);
-        ASSERT_EQ(next, next_got) << d.name << " of " << orvik_generator_name(generator) << ", " << threads << " threads";
+        ASSERT_EQ(next, next_got) << d.name << " of " << orvik_generator_name(generator) << ", " << threads
+                                  << " threads";
       }
     }
   }
@@ -157,11 +171,11 @@ TEST(Draws, WordsOfEveryGeneratorHaveThirtyTwoGoodBits) {
   }
 }
 
-#define EXPECT_REFUSED(...)                                     \
-  do {                                                          \
-    EXPECT_EQ(__VA_ARGS__, ORVIK_ERROR_BAD_PARAMETER);          \
-    EXPECT_EQ(image(s), before) << "the stream must not move";  \
-    EXPECT_EQ(r[0], -7);                                        \
+#define EXPECT_REFUSED(...)                                    \
+  do {                                                         \
+    EXPECT_EQ(__VA_ARGS__, ORVIK_ERROR_BAD_PARAMETER);         \
+    EXPECT_EQ(image(s), before) << "the stream must not move"; \
+    EXPECT_EQ(r[0], -7);                                       \
   } while (0)
 
 TEST(Draws, BadParametersLeaveTheStreamUntouched) {

@@ -1,4 +1,5 @@
-// Splines and search: every kind with every end it takes, copies of what the caller gave, threads, bad input, failing allocations.
+// Splines and search: every kind with every end it takes, copies of what the caller gave, threads, bad input, failing
+// allocations.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -19,8 +20,8 @@ constexpr double kNan = std::numeric_limits<double>::quiet_NaN(), kInf = std::nu
 struct Spline {
   orvik_d_spline* s = nullptr;
   orvik_status status;
-  Spline(const std::vector<double>& x, const std::vector<double>& y, int32_t kind, const orvik_spline_ends* ends = nullptr,
-         const double* internal = nullptr)
+  Spline(const std::vector<double>& x, const std::vector<double>& y, int32_t kind,
+         const orvik_spline_ends* ends = nullptr, const double* internal = nullptr)
       : status(orvik_d_spline_new(&s, static_cast<int64_t>(x.size()), x.data(),
                                   static_cast<int64_t>(y.size() / std::max<size_t>(x.size(), 1)), y.data(), kind, ends,
                                   internal)) {}
@@ -105,9 +106,12 @@ TEST(Splines, AnEvenPartitionIsTheOneThatIsWrittenOut) {
     orvik_d_spline_delete(even);
   }
   orvik_d_spline* s = nullptr;
-  EXPECT_EQ(orvik_d_spline_new_uniform(&s, 1, 1, 17, 1, y.data(), ORVIK_NATURAL, nullptr, nullptr), ORVIK_ERROR_NOT_SORTED);
-  EXPECT_EQ(orvik_d_spline_new_uniform(&s, kNan, 1, 17, 1, y.data(), ORVIK_NATURAL, nullptr, nullptr), ORVIK_ERROR_NOT_SORTED);
-  EXPECT_EQ(orvik_d_spline_new_uniform(&s, 0, kInf, 17, 1, y.data(), ORVIK_NATURAL, nullptr, nullptr), ORVIK_ERROR_BAD_PARAMETER);
+  EXPECT_EQ(orvik_d_spline_new_uniform(&s, 1, 1, 17, 1, y.data(), ORVIK_NATURAL, nullptr, nullptr),
+            ORVIK_ERROR_NOT_SORTED);
+  EXPECT_EQ(orvik_d_spline_new_uniform(&s, kNan, 1, 17, 1, y.data(), ORVIK_NATURAL, nullptr, nullptr),
+            ORVIK_ERROR_NOT_SORTED);
+  EXPECT_EQ(orvik_d_spline_new_uniform(&s, 0, kInf, 17, 1, y.data(), ORVIK_NATURAL, nullptr, nullptr),
+            ORVIK_ERROR_BAD_PARAMETER);
 }
 
 TEST(Splines, OwnWhatTheyNeedAndHoldSeveralFunctions) {
@@ -170,7 +174,8 @@ TEST(Splines, BitsDoNotDependOnTheNumberOfThreads) {
 
 TEST(Splines, BadArgumentsGetTheirStatus) {
   const auto y = values([](double x) { return x; });
-  const auto made = [&](const std::vector<double>& x, int32_t kind = ORVIK_NATURAL, const orvik_spline_ends* ends = nullptr,
+  const auto made = [&](const std::vector<double>& x, int32_t kind = ORVIK_NATURAL,
+                        const orvik_spline_ends* ends = nullptr,
                         const double* internal = nullptr) { return Spline(x, y, kind, ends, internal).status; };
   auto x = kX;
   x[3] = x[2];
@@ -190,14 +195,17 @@ TEST(Splines, BadArgumentsGetTheirStatus) {
   EXPECT_EQ(orvik_d_spline_new(&s, 0, kX.data(), 1, y.data(), ORVIK_LINEAR, nullptr, nullptr), ORVIK_ERROR_NOT_SORTED);
   EXPECT_EQ(orvik_d_spline_new(&s, -7, kX.data(), 1, y.data(), ORVIK_LINEAR, nullptr, nullptr), ORVIK_ERROR_BAD_LENGTH);
   EXPECT_EQ(orvik_d_spline_new(&s, 7, kX.data(), 0, y.data(), ORVIK_LINEAR, nullptr, nullptr), ORVIK_ERROR_BAD_LENGTH);
-  EXPECT_EQ(orvik_d_spline_new(&s, INT64_MAX, kX.data(), 9, y.data(), ORVIK_LINEAR, nullptr, nullptr), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(orvik_d_spline_new(&s, INT64_MAX, kX.data(), 9, y.data(), ORVIK_LINEAR, nullptr, nullptr),
+            ORVIK_ERROR_BAD_LENGTH);
   EXPECT_EQ(orvik_d_spline_new(&s, 7, nullptr, 1, y.data(), ORVIK_LINEAR, nullptr, nullptr), ORVIK_ERROR_NULL_POINTER);
   EXPECT_EQ(orvik_d_spline_new(&s, 7, kX.data(), 1, nullptr, ORVIK_LINEAR, nullptr, nullptr), ORVIK_ERROR_NULL_POINTER);
-  EXPECT_EQ(orvik_d_spline_new(nullptr, 7, kX.data(), 1, y.data(), ORVIK_LINEAR, nullptr, nullptr), ORVIK_ERROR_NULL_POINTER);
+  EXPECT_EQ(orvik_d_spline_new(nullptr, 7, kX.data(), 1, y.data(), ORVIK_LINEAR, nullptr, nullptr),
+            ORVIK_ERROR_NULL_POINTER);
   EXPECT_EQ(made(kX, -1), ORVIK_ERROR_BAD_PARAMETER);
   EXPECT_EQ(made(kX, 8), ORVIK_ERROR_BAD_PARAMETER);
-  for (const orvik_spline_ends ends : {orvik_spline_ends{-1, 0, 0}, orvik_spline_ends{5, 0, 0},
-                                       orvik_spline_ends{ORVIK_ENDS_FIRST, kNan, 0}, orvik_spline_ends{ORVIK_ENDS_SECOND, 0, kInf}}) {
+  for (const orvik_spline_ends ends :
+       {orvik_spline_ends{-1, 0, 0}, orvik_spline_ends{5, 0, 0}, orvik_spline_ends{ORVIK_ENDS_FIRST, kNan, 0},
+        orvik_spline_ends{ORVIK_ENDS_SECOND, 0, kInf}}) {
     EXPECT_EQ(made(kX, ORVIK_NATURAL, &ends), ORVIK_ERROR_BAD_PARAMETER);
   }
   const orvik_spline_ends periodic = {ORVIK_ENDS_PERIODIC, 0, 0};

@@ -41,7 +41,9 @@ orvik_status call_typed(const Row& row, void* f, bool strided, const MathCall& c
   using I = int64_t;
   using In = const void*;
   using Out = void*;
-  const auto run = [&]<class... P>(P... p) { return reinterpret_cast<orvik_status (*)(I, P..., orvik_math_options*)>(f)(c.n, p..., o); };
+  const auto run = [&]<class... P>(P... p) {
+    return reinterpret_cast<orvik_status (*)(I, P..., orvik_math_options*)>(f)(c.n, p..., o);
+  };
   rows::Call numbers;
   for (int k = 0; k < 8; ++k) numbers.scalars[k] = c.scalars[k];
   const T s0 = rows::scalar_of<T>(numbers, 0), s1 = rows::scalar_of<T>(numbers, 1), s2 = rows::scalar_of<T>(numbers, 2),
@@ -68,8 +70,8 @@ orvik_status call_typed(const Row& row, void* f, bool strided, const MathCall& c
       if constexpr (requires(T t) { t.re; }) {
         return -1;
       } else {
-        return strided ? run.template operator()<In, I, In, I, T, T, T, T, Out, I>(c.a, c.inc_a, c.b, c.inc_b, s0, s1, s2,
-                                                                                     s3, c.r1, c.inc_r1)
+        return strided ? run.template operator()<In, I, In, I, T, T, T, T, Out, I>(c.a, c.inc_a, c.b, c.inc_b, s0, s1,
+                                                                                   s2, s3, c.r1, c.inc_r1)
                        : run.template operator()<In, In, T, T, T, T, Out>(c.a, c.b, s0, s1, s2, s3, c.r1);
       }
     case Shape::pack:

@@ -1,5 +1,5 @@
-// Every vector function of the front beside the kernel's own entry, over 1, 2, 3 and 7 threads: results, reports, status and
-// exception flags are those of one call of the kernel, bit for bit.
+// Every vector function of the front beside the kernel's own entry, over 1, 2, 3 and 7 threads: results, reports,
+// status and exception flags are those of one call of the kernel, bit for bit.
 #include <gtest/gtest.h>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -25,8 +25,8 @@ using rows::kLevelNames;
 template <class E>
 std::vector<E> inputs(size_t count, double low, double high, uint64_t seed) {
   using L = std::numeric_limits<E>;
-  const E special[] = {E(0),           E(-0.0),         L::infinity(), -L::infinity(), L::quiet_NaN(),
-                       L::denorm_min(), L::max(),       -L::max(),     E(-1),          E(1)};
+  const E special[] = {E(0),      E(-0.0), L::infinity(), -L::infinity(), L::quiet_NaN(), L::denorm_min(), L::max(),
+                       -L::max(), E(-1),   E(1)};
   std::mt19937_64 random(seed);
   std::uniform_real_distribution<double> plain(low, high);
   std::vector<E> x(count);
@@ -89,7 +89,8 @@ class Trial {
     const MathCall standard;
     for (int k = 0; k < 8; ++k) c.scalars[k] = standard.scalars[k];
     _mm_setcsr(0x1F80);
-    rows::with_call(row_, row_.entries[strided ? 1 : 0][level], strided, c, [&](auto f) { f(static_cast<int32_t>(n_)); });
+    rows::with_call(row_, row_.entries[strided ? 1 : 0][level], strided, c,
+                    [&](auto f) { f(static_cast<int32_t>(n_)); });
     out.flags = _mm_getcsr() & 0x3F;
     _zymSetMode(mode);
     _zymSetErrorCallBack(nullptr);
@@ -174,7 +175,8 @@ TEST_P(EveryRow, GivesTheBitsReportsAndFlagsOfOneKernelCallOnAnyNumberOfThreads)
     ++tried;
   }
   size_t rows_of_it = 0;
-  for (const Row& row : rows::all()) rows_of_it += row.precision == GetParam() && row.shape != Shape::pack && row.built();
+  for (const Row& row : rows::all())
+    rows_of_it += row.precision == GetParam() && row.shape != Shape::pack && row.built();
   EXPECT_EQ(tried, rows_of_it);
 }
 INSTANTIATE_TEST_SUITE_P(Precisions, EveryRow, testing::Values('s', 'd', 'c', 'z'));
@@ -208,9 +210,10 @@ TEST(MathThreads, ManyCallersAtOnceGetTheirOwnReports) {
   std::vector<std::thread> callers;
   orvik_status status[6] = {};
   int64_t index[6] = {};
-  for (size_t k = 0; k < 6; ++k) callers.emplace_back([&, k] {
-    for (int round = 0; round < 20; ++round) one(k, &status[k], &index[k]);
-  });
+  for (size_t k = 0; k < 6; ++k)
+    callers.emplace_back([&, k] {
+      for (int round = 0; round < 20; ++round) one(k, &status[k], &index[k]);
+    });
   for (std::thread& t : callers) t.join();
   for (size_t k = 0; k < 6; ++k) {
     EXPECT_EQ(status[k], k % 2 == 0 ? ORVIK_SINGULARITY : ORVIK_DOMAIN);

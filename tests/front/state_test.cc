@@ -125,8 +125,9 @@ TEST_F(State, TheNumberOfThreadsCanBeSet) {
 
 TEST(Version, IsTextAndNumbers) {
   EXPECT_STREQ(orvik_version(), ORVIK_VERSION_STRING);
-  EXPECT_EQ(std::string(ORVIK_VERSION_STRING), std::to_string(ORVIK_VERSION_MAJOR) + "." + std::to_string(ORVIK_VERSION_MINOR) +
-                                                   "." + std::to_string(ORVIK_VERSION_PATCH));
+  EXPECT_EQ(std::string(ORVIK_VERSION_STRING), std::to_string(ORVIK_VERSION_MAJOR) + "." +
+                                                   std::to_string(ORVIK_VERSION_MINOR) + "." +
+                                                   std::to_string(ORVIK_VERSION_PATCH));
   EXPECT_EQ(orvik_cpu_supported(), 1);
 }
 

@@ -1,5 +1,5 @@
-// Summaries and estimators: against plain formulas in long double, over blocks, merges, images and threads; bad input; failing
-// allocations.
+// Summaries and estimators: against plain formulas in long double, over blocks, merges, images and threads; bad input;
+// failing allocations.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -22,25 +22,25 @@ constexpr double kNan = std::numeric_limits<double>::quiet_NaN(), kInf = std::nu
 // The C names by element.
 template <class T>
 struct Front;
-#define FRONT(T, d)                                                                                       \
-  template <>                                                                                             \
-  struct Front<T> {                                                                                       \
-    using Summary = orvik_##d##_summary;                                                                  \
-    static constexpr auto make = orvik_##d##_summary_new;                                                 \
-    static constexpr auto update = orvik_##d##_summary_update;                                            \
-    static constexpr auto merge = orvik_##d##_summary_merge;                                              \
-    static constexpr auto count = orvik_##d##_summary_count;                                              \
-    static constexpr auto save = orvik_##d##_summary_save;                                                \
-    static constexpr auto load = orvik_##d##_summary_load;                                                \
-    static constexpr auto remove = orvik_##d##_summary_delete;                                            \
-    static constexpr auto quantiles = orvik_##d##_quantiles;                                              \
-    static constexpr auto sort = orvik_##d##_sort;                                                        \
-    static constexpr auto mad = orvik_##d##_mad;                                                          \
-    static constexpr auto weighted_median = orvik_##d##_weighted_median;                                  \
-    static constexpr decltype(&orvik_##d##_summary_mean) results[] = {                                    \
-        orvik_##d##_summary_mean, orvik_##d##_summary_variance, orvik_##d##_summary_skewness,             \
-        orvik_##d##_summary_kurtosis, orvik_##d##_summary_min, orvik_##d##_summary_max,                   \
-        orvik_##d##_summary_covariance, orvik_##d##_summary_correlation};                                 \
+#define FRONT(T, d)                                                                                   \
+  template <>                                                                                         \
+  struct Front<T> {                                                                                   \
+    using Summary = orvik_##d##_summary;                                                              \
+    static constexpr auto make = orvik_##d##_summary_new;                                             \
+    static constexpr auto update = orvik_##d##_summary_update;                                        \
+    static constexpr auto merge = orvik_##d##_summary_merge;                                          \
+    static constexpr auto count = orvik_##d##_summary_count;                                          \
+    static constexpr auto save = orvik_##d##_summary_save;                                            \
+    static constexpr auto load = orvik_##d##_summary_load;                                            \
+    static constexpr auto remove = orvik_##d##_summary_delete;                                        \
+    static constexpr auto quantiles = orvik_##d##_quantiles;                                          \
+    static constexpr auto sort = orvik_##d##_sort;                                                    \
+    static constexpr auto mad = orvik_##d##_mad;                                                      \
+    static constexpr auto weighted_median = orvik_##d##_weighted_median;                              \
+    static constexpr decltype(&orvik_##d##_summary_mean) results[] = {                                \
+        orvik_##d##_summary_mean,       orvik_##d##_summary_variance,   orvik_##d##_summary_skewness, \
+        orvik_##d##_summary_kurtosis,   orvik_##d##_summary_min,        orvik_##d##_summary_max,      \
+        orvik_##d##_summary_covariance, orvik_##d##_summary_correlation};                             \
   };
 FRONT(double, d)
 FRONT(float, s)
@@ -95,11 +95,16 @@ std::vector<std::vector<double>> plain(int64_t n, int64_t p, const std::vector<T
       const L v = L(x[size_t(j * n + i)]), d = v - mean[size_t(j)];
       s2 += of(i) * d * d, s3 += of(i) * d * d * d, s4 += of(i) * d * d * d * d;
       low = std::min(low, v), high = std::max(high, v);
-      for (int64_t k = 0; k < p; ++k) products[size_t(j * p + k)] += of(i) * d * (L(x[size_t(k * n + i)]) - mean[size_t(k)]);
+      for (int64_t k = 0; k < p; ++k)
+        products[size_t(j * p + k)] += of(i) * d * (L(x[size_t(k * n + i)]) - mean[size_t(k)]);
     }
     const L variance = s2 / unbiased;
-    const L values[] = {mean[size_t(j)], variance, s3 / weight / std::pow(variance, 1.5L),
-                        s4 / weight / (variance * variance) - 3, low, high};
+    const L values[] = {mean[size_t(j)],
+                        variance,
+                        s3 / weight / std::pow(variance, 1.5L),
+                        s4 / weight / (variance * variance) - 3,
+                        low,
+                        high};
     for (int k = 0; k < kCovariance; ++k) r[size_t(k)].push_back(static_cast<double>(values[k]));
   }
   for (int64_t j = 0; j < p; ++j) {
@@ -139,7 +144,8 @@ TYPED_TEST(Summaries, AreThePlainFormulasInBothLayoutsWithAndWithoutWeights) {
         const auto want = plain(n, p, x, weights);
         for (const int32_t layout : {ORVIK_ROWS, ORVIK_COLUMNS}) {
           const Owned<T> s(p);
-          ASSERT_EQ(Front<T>::update(s.s, n, layout == ORVIK_ROWS ? x.data() : columns.data(), layout, weights), ORVIK_SUCCESS);
+          ASSERT_EQ(Front<T>::update(s.s, n, layout == ORVIK_ROWS ? x.data() : columns.data(), layout, weights),
+                    ORVIK_SUCCESS);
           int64_t count = 0;
           ASSERT_EQ(Front<T>::count(s.s, &count), ORVIK_SUCCESS);
           EXPECT_EQ(count, n);
@@ -147,7 +153,8 @@ TYPED_TEST(Summaries, AreThePlainFormulasInBothLayoutsWithAndWithoutWeights) {
           for (size_t k = 0; k < kResults; ++k) {
             for (size_t j = 0; j < want[k].size(); ++j) {
               const auto v = static_cast<double>(got[k][j]);
-              ASSERT_NEAR(v, want[k][j], tolerance * (1 + std::fabs(want[k][j]))) << "result " << k << " n " << n << " p " << p;
+              ASSERT_NEAR(v, want[k][j], tolerance * (1 + std::fabs(want[k][j])))
+                  << "result " << k << " n " << n << " p " << p;
             }
           }
         }
@@ -179,7 +186,8 @@ TYPED_TEST(Summaries, BlocksMergesAndImagesGiveTheWhole) {
   for (const auto& got : {blocks.all(p), left.all(p)}) {
     for (size_t k = 0; k < kResults; ++k) {
       for (size_t j = 0; j < want[k].size(); ++j) {
-        ASSERT_NEAR(double(got[k][j]), double(want[k][j]), (sizeof(T) == 8 ? 1e-12 : 1e-3) * (1 + std::fabs(double(want[k][j]))));
+        ASSERT_NEAR(double(got[k][j]), double(want[k][j]),
+                    (sizeof(T) == 8 ? 1e-12 : 1e-3) * (1 + std::fabs(double(want[k][j]))));
       }
     }
   }
@@ -290,7 +298,8 @@ TEST(Summary, BadArgumentsLeaveItAsItWas) {
   EXPECT_EQ(orvik_d_summary_save(s.s, nullptr, nullptr), ORVIK_ERROR_NULL_POINTER);
   EXPECT_EQ(s.all(2), before);
   orvik_d_summary* made = nullptr;
-  for (const int64_t p : {int64_t{0}, int64_t{-1}, INT64_MAX}) EXPECT_EQ(orvik_d_summary_new(&made, p), ORVIK_ERROR_BAD_LENGTH);
+  for (const int64_t p : {int64_t{0}, int64_t{-1}, INT64_MAX})
+    EXPECT_EQ(orvik_d_summary_new(&made, p), ORVIK_ERROR_BAD_LENGTH);
   EXPECT_EQ(orvik_d_summary_new(nullptr, 1), ORVIK_ERROR_NULL_POINTER);
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
   EXPECT_EQ(orvik_d_summary_new(&made, 1000000), ORVIK_ERROR_NO_MEMORY);  // 8 TB of products
@@ -331,7 +340,8 @@ TEST(Summary, DamagedAndForeignImagesAreRefused) {
     bent[at] ^= 1;
     ASSERT_EQ(orvik_d_summary_load(&loaded, bent.data(), size), ORVIK_ERROR_BAD_IMAGE) << at;
   }
-  for (int64_t less = 0; less < size; ++less) ASSERT_EQ(orvik_d_summary_load(&loaded, image.data(), less), ORVIK_ERROR_BAD_IMAGE);
+  for (int64_t less = 0; less < size; ++less)
+    ASSERT_EQ(orvik_d_summary_load(&loaded, image.data(), less), ORVIK_ERROR_BAD_IMAGE);
   EXPECT_EQ(orvik_s_summary_load(&single, image.data(), size), ORVIK_ERROR_BAD_IMAGE);
   EXPECT_EQ(orvik_stream_load(&stream, image.data(), size), ORVIK_ERROR_BAD_IMAGE);
   EXPECT_EQ(orvik_d_summary_load(&loaded, nullptr, size), ORVIK_ERROR_NULL_POINTER);

@@ -13,9 +13,9 @@ namespace {
 using orvik::serv::fail_allocation_after;
 using orvik::serv::live_allocations;
 
-constexpr int32_t kGenerators[] = {ORVIK_MCG31M1, ORVIK_R250,    ORVIK_MRG32K3A,     ORVIK_MCG59,  ORVIK_WH + 272,
-                                   ORVIK_SOBOL,   ORVIK_MT19937, ORVIK_NIEDERREITER, ORVIK_MT2203, ORVIK_SFMT19937,
-                                   ORVIK_ARS5,    ORVIK_PHILOX4X32X10};
+constexpr int32_t kGenerators[] = {ORVIK_MCG31M1,  ORVIK_R250,      ORVIK_MRG32K3A, ORVIK_MCG59,
+                                   ORVIK_WH + 272, ORVIK_SOBOL,     ORVIK_MT19937,  ORVIK_NIEDERREITER,
+                                   ORVIK_MT2203,   ORVIK_SFMT19937, ORVIK_ARS5,     ORVIK_PHILOX4X32X10};
 
 std::vector<char> save(const orvik_stream* s) {
   int64_t size = 0;
@@ -95,7 +95,8 @@ TEST(Streams, WhatAGeneratorCannotDoIsTheKernelsStatus) {
 
 TEST(Streams, BadGeneratorsSeedsAndPointers) {
   auto* const kept = reinterpret_cast<orvik_stream*>(&live_allocations);
-  for (const int32_t generator : {0, -1, 5, 0x0FFFFF, 0x1100000, 0x7FFFFFFF, ORVIK_MT19937 + 1, ORVIK_WH + 273, ORVIK_MT2203 + 6024}) {
+  for (const int32_t generator :
+       {0, -1, 5, 0x0FFFFF, 0x1100000, 0x7FFFFFFF, ORVIK_MT19937 + 1, ORVIK_WH + 273, ORVIK_MT2203 + 6024}) {
     orvik_stream* s = kept;
     EXPECT_EQ(orvik_stream_new(&s, generator, 1), ORVIK_QOR_BAD_BRNG) << generator;
     EXPECT_EQ(s, nullptr);

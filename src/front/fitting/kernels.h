@@ -14,21 +14,21 @@ using Construct = int32_t (*)(OrvikDFTask, int64_t, int64_t, const OrvikDFServic
 
 template <class T>
 struct Fitting;
-#define ORVIK_FRONT_KERNELS(T, d, bits)                                                                          \
-  template <>                                                                                                    \
-  struct Fitting<T> {                                                                                            \
-    static constexpr Kind kSpline = Kind::kSpline##bits;                                                         \
-    static constexpr auto new_task = orvik_df_kernel_##d##NewTask1D;                                             \
-    static constexpr auto edit_spline = orvik_df_kernel_##d##EditPPSpline1D;                                     \
-    static constexpr auto search = orvik_df_kernel_##d##DFSearch1D;                                              \
-    static constexpr auto interpolate = orvik_df_kernel_##d##DFInterpolate1D;                                    \
-    static constexpr auto integrate = orvik_df_kernel_##d##DFIntegrate1D;                                        \
-    /* By kind, ORVIK_LINEAR to ORVIK_QUADRATIC. */                                                              \
-    static constexpr Construct construct[] = {                                                                   \
-        orvik_df_kernel_##d##DFLinearSpline1D,       orvik_df_kernel_##d##DFHermiteCubicSpline1D,                \
-        orvik_df_kernel_##d##DFBesselCubicSpline1D,  orvik_df_kernel_##d##DFAkimaCubicSpline1D,                  \
-        orvik_df_kernel_##d##DFHymanCubicSpline1D,   orvik_df_kernel_##d##DFNaturalCubicSpline1D,                \
-        orvik_df_kernel_##d##DFDefaultCubicSpline1D, orvik_df_kernel_##d##DFQuadraticSpline1D};                  \
+#define ORVIK_FRONT_KERNELS(T, d, bits)                                                           \
+  template <>                                                                                     \
+  struct Fitting<T> {                                                                             \
+    static constexpr Kind kSpline = Kind::kSpline##bits;                                          \
+    static constexpr auto new_task = orvik_df_kernel_##d##NewTask1D;                              \
+    static constexpr auto edit_spline = orvik_df_kernel_##d##EditPPSpline1D;                      \
+    static constexpr auto search = orvik_df_kernel_##d##DFSearch1D;                               \
+    static constexpr auto interpolate = orvik_df_kernel_##d##DFInterpolate1D;                     \
+    static constexpr auto integrate = orvik_df_kernel_##d##DFIntegrate1D;                         \
+    /* By kind, ORVIK_LINEAR to ORVIK_QUADRATIC. */                                               \
+    static constexpr Construct construct[] = {                                                    \
+        orvik_df_kernel_##d##DFLinearSpline1D,       orvik_df_kernel_##d##DFHermiteCubicSpline1D, \
+        orvik_df_kernel_##d##DFBesselCubicSpline1D,  orvik_df_kernel_##d##DFAkimaCubicSpline1D,   \
+        orvik_df_kernel_##d##DFHymanCubicSpline1D,   orvik_df_kernel_##d##DFNaturalCubicSpline1D, \
+        orvik_df_kernel_##d##DFDefaultCubicSpline1D, orvik_df_kernel_##d##DFQuadraticSpline1D};   \
   };
 ORVIK_FRONT_KERNELS(double, d, 64)
 ORVIK_FRONT_KERNELS(float, s, 32)

@@ -20,7 +20,8 @@ const OrvikDFServices kServices = {
           }
           // The first failure: index above, status below. Bodies keep their workspace by the thread that they are told.
           std::atomic<int64_t> first{INT64_MAX};
-          for_each_item(static_cast<int32_t>(count), static_cast<int32_t>(threads < kMostThreads ? threads : kMostThreads),
+          for_each_item(static_cast<int32_t>(count),
+                        static_cast<int32_t>(threads < kMostThreads ? threads : kMostThreads),
                         [&](int32_t k, int32_t participant) {
                           const int32_t status = body(k, participant, threads, arguments);
                           const int64_t failure = int64_t{k} << 32 | static_cast<uint32_t>(status);
@@ -143,8 +144,8 @@ int32_t construct(Spline<T>* s, const Wanted<T>& w) {
   int32_t status = F::new_task(&s->task, s->nx, s->x, hint, s->ny, s->y, DF_STORAGE_ROWS, 1);
   if (status != 0) return status;
   const int64_t internal = s->internal != nullptr ? 1 : 0;
-  status = F::edit_spline(s->task, s->order, kKinds[w.kind].type, boundary(w.kind, w.ends), s->ends, internal, s->internal,
-                          s->coefficients, DF_STORAGE_DEFAULT);
+  status = F::edit_spline(s->task, s->order, kKinds[w.kind].type, boundary(w.kind, w.ends), s->ends, internal,
+                          s->internal, s->coefficients, DF_STORAGE_DEFAULT);
   if (status == 0 && w.kind == ORVIK_QUADRATIC) {
     status = orvik_df_kernel_iEditVal(s->task, DFP_INTERNAL_TYPE, kKnotsOfItsOwn);
   }
@@ -184,7 +185,7 @@ orvik_status check_sites(const Spline<T>* s, int64_t n, const T* a, const T* b, 
   if (a == nullptr || b == nullptr || r == nullptr) return ORVIK_ERROR_NULL_POINTER;
   const int64_t bytes = n * static_cast<int64_t>(sizeof(T));
   return sites_meet(a, bytes, r, bytes * s->ny) || sites_meet(b, bytes, r, bytes * s->ny) ? ORVIK_ERROR_OVERLAP
-                                                                                        : ORVIK_SUCCESS;
+                                                                                          : ORVIK_SUCCESS;
 }
 
 template <class T>
@@ -200,9 +201,9 @@ orvik_status evaluate(const void* handle, int64_t n, const T* t, T* r, int32_t d
   const KeepErrno keep;
   int64_t orders[4] = {};
   orders[derivative] = 1;
-  return fitting_status(Fitting<T>::interpolate(s->task, 1, 0, n, t, 0, derivative + 1, orders, nullptr, r, DF_STORAGE_ROWS,
-                                                nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                                                nullptr, &kServices));
+  return fitting_status(Fitting<T>::interpolate(s->task, 1, 0, n, t, 0, derivative + 1, orders, nullptr, r,
+                                                DF_STORAGE_ROWS, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                                nullptr, nullptr, nullptr, &kServices));
 }
 
 template <class T>
@@ -212,7 +213,8 @@ orvik_status integrate(const void* handle, int64_t n, const T* a, const T* b, T*
   if (n == 0) return ORVIK_SUCCESS;
   const KeepErrno keep;
   return fitting_status(Fitting<T>::integrate(s->task, 0, n, a, 0, b, 0, nullptr, nullptr, r, DF_STORAGE_ROWS, nullptr,
-                                              nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &kServices));
+                                              nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                              &kServices));
 }
 
 template <class T>
@@ -253,28 +255,29 @@ void remove(void* handle) {
 
 using namespace orvik::front;
 
-#define SPLINE(d, T)                                                                                                      \
-  orvik_status orvik_##d##_spline_new(orvik_##d##_spline** s, int64_t nx, const T* x, int64_t ny, const T* y, int32_t kind, \
-                                      const orvik_spline_ends* ends, const T* internal) {                                 \
-    return make<T>(reinterpret_cast<void**>(s), {nx, nx, x, ny, y, kind, ends, internal});                                \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_spline_new_uniform(orvik_##d##_spline** s, T x0, T x1, int64_t nx, int64_t ny, const T* y,     \
-                                              int32_t kind, const orvik_spline_ends* ends, const T* internal) {           \
-    const T x[] = {x0, x1};                                                                                               \
-    return make<T>(reinterpret_cast<void**>(s), {nx, 2, x, ny, y, kind, ends, internal});                                 \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_spline_evaluate(const orvik_##d##_spline* s, int64_t n, const T* t, T* r, int32_t derivative) { \
-    return evaluate<T>(s, n, t, r, derivative);                                                                           \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_spline_integrate(const orvik_##d##_spline* s, int64_t n, const T* a, const T* b, T* r) {       \
-    return integrate<T>(s, n, a, b, r);                                                                                   \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_spline_coefficients(const orvik_##d##_spline* s, T* r, int64_t* count) {                       \
-    return coefficients<T>(s, r, count);                                                                                  \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_spline_shape(const orvik_##d##_spline* s, int64_t* nx, int64_t* ny, int64_t* order) {          \
-    return shape<T>(s, nx, ny, order);                                                                                    \
-  }                                                                                                                       \
+#define SPLINE(d, T)                                                                                                  \
+  orvik_status orvik_##d##_spline_new(orvik_##d##_spline** s, int64_t nx, const T* x, int64_t ny, const T* y,         \
+                                      int32_t kind, const orvik_spline_ends* ends, const T* internal) {               \
+    return make<T>(reinterpret_cast<void**>(s), {nx, nx, x, ny, y, kind, ends, internal});                            \
+  }                                                                                                                   \
+  orvik_status orvik_##d##_spline_new_uniform(orvik_##d##_spline** s, T x0, T x1, int64_t nx, int64_t ny, const T* y, \
+                                              int32_t kind, const orvik_spline_ends* ends, const T* internal) {       \
+    const T x[] = {x0, x1};                                                                                           \
+    return make<T>(reinterpret_cast<void**>(s), {nx, 2, x, ny, y, kind, ends, internal});                             \
+  }                                                                                                                   \
+  orvik_status orvik_##d##_spline_evaluate(const orvik_##d##_spline* s, int64_t n, const T* t, T* r,                  \
+                                           int32_t derivative) {                                                      \
+    return evaluate<T>(s, n, t, r, derivative);                                                                       \
+  }                                                                                                                   \
+  orvik_status orvik_##d##_spline_integrate(const orvik_##d##_spline* s, int64_t n, const T* a, const T* b, T* r) {   \
+    return integrate<T>(s, n, a, b, r);                                                                               \
+  }                                                                                                                   \
+  orvik_status orvik_##d##_spline_coefficients(const orvik_##d##_spline* s, T* r, int64_t* count) {                   \
+    return coefficients<T>(s, r, count);                                                                              \
+  }                                                                                                                   \
+  orvik_status orvik_##d##_spline_shape(const orvik_##d##_spline* s, int64_t* nx, int64_t* ny, int64_t* order) {      \
+    return shape<T>(s, nx, ny, order);                                                                                \
+  }                                                                                                                   \
   void orvik_##d##_spline_delete(orvik_##d##_spline* s) { remove<T>(s); }
 
 extern "C" {

@@ -119,10 +119,11 @@ struct alignas(64) Block {
   Collector found;
 };
 
-// Cuts n elements into at most `wanted` blocks that end where a cache line of the first result ends; returns how many. The lanes of
-// complex rows may raise a flag or not by what stands beside an element, so that they are cut where a kernel's own blocks
-// and pieces end, counted from the start of the call: flags are then those of one call.
-constexpr int64_t kPiece = 512;  // a multiple of every kernel's blocks, and of the 2 KB in which strided arrays are gathered
+// Cuts n elements into at most `wanted` blocks that end where a cache line of the first result ends; returns how many.
+// The lanes of complex rows may raise a flag or not by what stands beside an element, so that they are cut where a
+// kernel's own blocks and pieces end, counted from the start of the call: flags are then those of one call.
+constexpr int64_t kPiece =
+    512;  // a multiple of every kernel's blocks, and of the 2 KB in which strided arrays are gathered
 
 int32_t cut(const Row& row, const Operands& o, int64_t n, int32_t wanted, Block* blocks) {
   const bool whole_pieces = row.complex || row.input_bytes != row.result_bytes;
@@ -169,7 +170,8 @@ void gather(const Block* blocks, int32_t count, Collector* whole) {
     const Collector& part = blocks[k].found;
     int64_t kept = part.count < part.capacity ? part.count : part.capacity;
     if (kept > whole->capacity - whole->count) kept = whole->capacity - whole->count;
-    if (k > 0 && kept > 0) std::memcpy(whole->reports + whole->count, part.reports, size_t(kept) * sizeof(orvik_report));
+    if (k > 0 && kept > 0)
+      std::memcpy(whole->reports + whole->count, part.reports, size_t(kept) * sizeof(orvik_report));
     whole->count += part.count;
     if (part.least != 0 && (whole->least == 0 || part.least < whole->least)) whole->least = part.least;
   }
@@ -234,7 +236,8 @@ orvik_status run(const Row& row, const Operands& o, int64_t n, orvik_math_option
     found.second_argument = row.second_argument;
     found.second_result = row.second_result;
     int32_t blocks = threads;
-    if (threads == 0 && (n >= kSurelyLong || n * cost_in_64ths(row.costs[level]) >= kAloneNanoseconds * kCostOfNanosecond)) {
+    if (threads == 0 &&
+        (n >= kSurelyLong || n * cost_in_64ths(row.costs[level]) >= kAloneNanoseconds * kCostOfNanosecond)) {
       const int64_t work = nanoseconds_of(n, row.costs[level]);
       const int64_t limit = thread_limit(), worth = work / kNanosecondsOfThread;
       threads = static_cast<int32_t>(worth < limit ? worth : limit);

@@ -1,5 +1,5 @@
-// The rows of vector functions as the front sees them: their tables, the layout of their arrays, and how a kernel of each shape
-// is called. Included by the generated sources that define the functions.
+// The rows of vector functions as the front sees them: their tables, the layout of their arrays, and how a kernel of
+// each shape is called. Included by the generated sources that define the functions.
 #pragma once
 
 #include <cstdint>
@@ -64,8 +64,18 @@ enum class Second { kNone, kArray, kScalar };
 template <class Shape, class In, class Out, Second second = Second::kNone, bool second_result = false>
 struct Shaped {
   static constexpr Row row(void* const* unit, void* const* strided, const float* costs, bool reports) {
-    return {unit, strided, costs, Shape::invoke, sizeof(In), sizeof(Out), second != Second::kNone, second == Second::kArray,
-            second_result, kComplex<In>, std::is_same_v<In, Out>, reports};
+    return {unit,
+            strided,
+            costs,
+            Shape::invoke,
+            sizeof(In),
+            sizeof(Out),
+            second != Second::kNone,
+            second == Second::kArray,
+            second_result,
+            kComplex<In>,
+            std::is_same_v<In, Out>,
+            reports};
   }
 };
 

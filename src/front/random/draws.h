@@ -35,8 +35,8 @@ orvik_status draw_all(OrvikStream stream, int64_t n, T* r, int64_t room, const D
 struct Request {
   orvik_stream* handle;
   int64_t n;
-  bool valid;          // the parameters
-  int64_t room = 1;    // numbers written for one drawn
+  bool valid;        // the parameters
+  int64_t room = 1;  // numbers written for one drawn
 };
 
 // The checks of every draw, in their order. kProceed: there is something to do.
@@ -54,7 +54,8 @@ orvik_status draw(const Request& q, T* r, const Draw& kernel) {
 // Parts of a request, the last of them the stream itself, the others copies that have skipped ahead.
 class Parts {
  public:
-  // At most `threads` parts of whole `grain` numbers. A single one where the generator cannot skip or memory is missing.
+  // At most `threads` parts of whole `grain` numbers. A single one where the generator cannot skip or memory is
+  // missing.
   Parts(OrvikStream stream, int64_t n, int64_t uniforms, int64_t grain, int32_t threads);
   ~Parts();
   Parts(const Parts&) = delete;

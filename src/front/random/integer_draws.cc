@@ -67,27 +67,24 @@ int64_t uniforms_of_word(const orvik_stream* s) {
 
 extern "C" {
 
-orvik_status orvik_i_words(orvik_stream* s, int64_t n, uint32_t* r) {
-  return draw<uint32_t>({s, n, true}, r, words);
-}
+orvik_status orvik_i_words(orvik_stream* s, int64_t n, uint32_t* r) { return draw<uint32_t>({s, n, true}, r, words); }
 orvik_status orvik_i_words_threads(orvik_stream* s, int64_t n, uint32_t* r, int32_t threads) {
   return draw_split<uint32_t>({s, n, true}, r, uniforms_of_word(s), false, threads, words);
 }
 
 #define UNPACK(...) __VA_ARGS__
-#define PLAIN(name, Kernel, parameters, arguments, valid)                                       \
-  orvik_status orvik_i_##name(orvik_stream* s, int64_t n, int32_t* r, UNPACK parameters) {      \
-    return draw<int32_t>({s, n, valid}, r, [&](OrvikStream stream, int32_t m, int32_t* to) {    \
-      return _qoriRng##Kernel(0, stream, m, to, UNPACK arguments);                              \
-    });                                                                                         \
+#define PLAIN(name, Kernel, parameters, arguments, valid)                                    \
+  orvik_status orvik_i_##name(orvik_stream* s, int64_t n, int32_t* r, UNPACK parameters) {   \
+    return draw<int32_t>({s, n, valid}, r, [&](OrvikStream stream, int32_t m, int32_t* to) { \
+      return _qoriRng##Kernel(0, stream, m, to, UNPACK arguments);                           \
+    });                                                                                      \
   }
-#define SPLIT(name, Kernel, parameters, arguments, valid)                                                      \
-  PLAIN(name, Kernel, parameters, arguments, valid)                                                            \
+#define SPLIT(name, Kernel, parameters, arguments, valid)                                                             \
+  PLAIN(name, Kernel, parameters, arguments, valid)                                                                   \
   orvik_status orvik_i_##name##_threads(orvik_stream* s, int64_t n, int32_t* r, UNPACK parameters, int32_t threads) { \
-    return draw_split<int32_t>({s, n, valid}, r, 1, false, threads,                                            \
-                               [&](OrvikStream stream, int32_t m, int32_t* to) {                               \
-                                 return _qoriRng##Kernel(0, stream, m, to, UNPACK arguments);                  \
-                               });                                                                             \
+    return draw_split<int32_t>({s, n, valid}, r, 1, false, threads, [&](OrvikStream stream, int32_t m, int32_t* to) { \
+      return _qoriRng##Kernel(0, stream, m, to, UNPACK arguments);                                                    \
+    });                                                                                                               \
   }
 
 SPLIT(uniform, Uniform, (int32_t a, int32_t b), (a, b), a < b)

@@ -114,7 +114,8 @@ orvik_status orvik_stream_load(orvik_stream** s, const void* memory, int64_t siz
   if (image == nullptr) return ORVIK_ERROR_BAD_IMAGE;
   OrvikStream stream = nullptr;
   const int32_t loaded = __qorLoadStreamM(&stream, image);
-  if (loaded == ORVIK_QOR_IMAGE_BAD_FORMAT || (loaded <= ORVIK_QOR_FILE_CLOSE && loaded >= ORVIK_QOR_FILE_BAD_VERSION)) {
+  if (loaded == ORVIK_QOR_IMAGE_BAD_FORMAT ||
+      (loaded <= ORVIK_QOR_FILE_CLOSE && loaded >= ORVIK_QOR_FILE_BAD_VERSION)) {
     return ORVIK_ERROR_BAD_IMAGE;
   }
   const bool usable = loaded != 0 || check_generator(__qorGetStreamStateBrng(stream)) == ORVIK_SUCCESS;

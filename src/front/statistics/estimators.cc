@@ -184,31 +184,33 @@ void remove(void* s) {
 
 using namespace orvik::front;
 
-#define ESTIMATORS(d, T)                                                                                                  \
-  orvik_status orvik_##d##_quantiles(int64_t n, int64_t p, const T* x, int32_t layout, int64_t m, const T* orders, T* r) { \
-    return quantiles<T>(n, p, x, layout, m, orders, r);                                                                   \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_sort(int64_t n, int64_t p, const T* x, int32_t layout, T* r) {                                 \
-    return sort<T>(n, p, x, layout, r);                                                                                   \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_weighted_median(int64_t n, int64_t p, const T* x, int32_t layout, const T* weights, T* r) {    \
-    return weighted_median<T>(n, p, x, layout, weights, r);                                                               \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_mad(int64_t n, int64_t p, const T* x, int32_t layout, T* r) {                                  \
-    return mad<T>(n, p, x, layout, r);                                                                                    \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_stream_quantiles_new(orvik_##d##_stream_quantiles** s, int64_t p, T epsilon) {                 \
-    return make<T>(reinterpret_cast<void**>(s), p, epsilon);                                                              \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_stream_quantiles_update(orvik_##d##_stream_quantiles* s, int64_t n, const T* x, int32_t layout) { \
-    return update<T>(s, n, x, layout);                                                                                    \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_stream_quantiles_query(orvik_##d##_stream_quantiles* s, int64_t m, const T* orders, T* r) {    \
-    return query<T>(s, m, orders, r);                                                                                     \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_stream_quantiles_dimension(const orvik_##d##_stream_quantiles* s, int64_t* p) {                \
-    return dimension<T>(s, p);                                                                                            \
-  }                                                                                                                       \
+#define ESTIMATORS(d, T)                                                                                               \
+  orvik_status orvik_##d##_quantiles(int64_t n, int64_t p, const T* x, int32_t layout, int64_t m, const T* orders,     \
+                                     T* r) {                                                                           \
+    return quantiles<T>(n, p, x, layout, m, orders, r);                                                                \
+  }                                                                                                                    \
+  orvik_status orvik_##d##_sort(int64_t n, int64_t p, const T* x, int32_t layout, T* r) {                              \
+    return sort<T>(n, p, x, layout, r);                                                                                \
+  }                                                                                                                    \
+  orvik_status orvik_##d##_weighted_median(int64_t n, int64_t p, const T* x, int32_t layout, const T* weights, T* r) { \
+    return weighted_median<T>(n, p, x, layout, weights, r);                                                            \
+  }                                                                                                                    \
+  orvik_status orvik_##d##_mad(int64_t n, int64_t p, const T* x, int32_t layout, T* r) {                               \
+    return mad<T>(n, p, x, layout, r);                                                                                 \
+  }                                                                                                                    \
+  orvik_status orvik_##d##_stream_quantiles_new(orvik_##d##_stream_quantiles** s, int64_t p, T epsilon) {              \
+    return make<T>(reinterpret_cast<void**>(s), p, epsilon);                                                           \
+  }                                                                                                                    \
+  orvik_status orvik_##d##_stream_quantiles_update(orvik_##d##_stream_quantiles* s, int64_t n, const T* x,             \
+                                                   int32_t layout) {                                                   \
+    return update<T>(s, n, x, layout);                                                                                 \
+  }                                                                                                                    \
+  orvik_status orvik_##d##_stream_quantiles_query(orvik_##d##_stream_quantiles* s, int64_t m, const T* orders, T* r) { \
+    return query<T>(s, m, orders, r);                                                                                  \
+  }                                                                                                                    \
+  orvik_status orvik_##d##_stream_quantiles_dimension(const orvik_##d##_stream_quantiles* s, int64_t* p) {             \
+    return dimension<T>(s, p);                                                                                         \
+  }                                                                                                                    \
   void orvik_##d##_stream_quantiles_delete(orvik_##d##_stream_quantiles* s) { remove<T>(s); }
 
 extern "C" {

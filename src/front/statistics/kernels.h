@@ -15,20 +15,20 @@ namespace orvik::front {
 
 template <class T>
 struct Statistics;
-#define ORVIK_FRONT_KERNELS(T, d, bits)                                      \
-  template <>                                                                \
-  struct Statistics<T> {                                                     \
-    static constexpr Kind kSummary = Kind::kSummary##bits;                   \
-    static constexpr Kind kStreamQuantiles = Kind::kStreamQuantiles##bits;   \
-    static constexpr auto new_task = __qor##d##SSNewTask;                    \
-    static constexpr auto edit = __qor##d##SSEditTask;                       \
-    static constexpr auto basic = _qor##d##SSBasic;                          \
-    static constexpr auto minmax = _qor##d##SSMinmax;                        \
-    static constexpr auto quantiles = _qor##d##SSQuantiles;                  \
-    static constexpr auto stream_quantiles = _qor##d##SSStreamQuantiles;     \
-    static constexpr auto mad = _qor##d##SSMAD;                              \
-    static constexpr auto weighted_median = _qor##d##SSWMedian;              \
-    static constexpr auto sort = _qor##d##SSSort;                            \
+#define ORVIK_FRONT_KERNELS(T, d, bits)                                    \
+  template <>                                                              \
+  struct Statistics<T> {                                                   \
+    static constexpr Kind kSummary = Kind::kSummary##bits;                 \
+    static constexpr Kind kStreamQuantiles = Kind::kStreamQuantiles##bits; \
+    static constexpr auto new_task = __qor##d##SSNewTask;                  \
+    static constexpr auto edit = __qor##d##SSEditTask;                     \
+    static constexpr auto basic = _qor##d##SSBasic;                        \
+    static constexpr auto minmax = _qor##d##SSMinmax;                      \
+    static constexpr auto quantiles = _qor##d##SSQuantiles;                \
+    static constexpr auto stream_quantiles = _qor##d##SSStreamQuantiles;   \
+    static constexpr auto mad = _qor##d##SSMAD;                            \
+    static constexpr auto weighted_median = _qor##d##SSWMedian;            \
+    static constexpr auto sort = _qor##d##SSSort;                          \
   };
 ORVIK_FRONT_KERNELS(double, d, 64)
 ORVIK_FRONT_KERNELS(float, s, 32)
@@ -75,7 +75,8 @@ class Task {
   int32_t status_ = 0;
 };
 
-// The front's pool as the kernels' threads. Only for estimators that work variable by variable, whose bits do not depend on it.
+// The front's pool as the kernels' threads. Only for estimators that work variable by variable, whose bits do not
+// depend on it.
 extern const OrvikThreading kThreading;
 
 // Data of n observations of p variables: negative counts, and products that fit in no memory, are bad lengths.

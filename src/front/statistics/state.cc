@@ -59,8 +59,7 @@ void Moments::merge(const Moments& other) {
     second[j] = second_a + second_b + cross * (d * d);
     third[j] = third_a + third_b + 3 * d_sum * (a * second_b - b * second_a) + cross * d2 * (a - b) * d;
     fourth[j] = fourth[j] + other.fourth[j] + 4 * d_sum * (a * third_b - b * third_a) +
-                6 * (d_sum * d_sum) * (a * a * second_b + b * b * second_a) +
-                cross * d2 * d2 * (a * a - a * b + b * b);
+                6 * (d_sum * d_sum) * (a * a * second_b + b * b * second_a) + cross * d2 * d2 * (a * a - a * b + b * b);
     mean[j] += d * part;
   }
 }

@@ -1,5 +1,6 @@
 // What a summary knows of the observations it has seen: sums of weights, means, central sums of orders 2 to 4, sums of
-// products, extremes; all in double. Two such states merge exactly as if one had seen all (Chan, Golub, LeVeque 1983; Pébay 2008).
+// products, extremes; all in double. Two such states merge exactly as if one had seen all (Chan, Golub, LeVeque 1983;
+// Pébay 2008).
 #pragma once
 
 #include <cstdint>

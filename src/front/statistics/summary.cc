@@ -1,5 +1,5 @@
-// Summaries: an update computes the state of its observations with the kernels, in blocks that do not depend on the number of
-// threads, and merges the blocks in their order.
+// Summaries: an update computes the state of its observations with the kernels, in blocks that do not depend on the
+// number of threads, and merges the blocks in their order.
 #include <cmath>
 #include <limits>
 #include <new>
@@ -119,7 +119,8 @@ int32_t summarise(const Part<T>& part, T* memory, Moments state) {
   return 0;
 }
 
-// A part by itself, so that a kernel can take it: rows side by side, observations of weight 0 left out, infinite ones too.
+// A part by itself, so that a kernel can take it: rows side by side, observations of weight 0 left out, infinite ones
+// too.
 template <class T>
 Part<T> packed(const Part<T>& part, T* room) {
   const T* const weights = part.weights != nullptr ? part.weights + part.first : nullptr;
@@ -241,7 +242,8 @@ double kurtosis(const Moments& m, int64_t j) {
 }
 double covariance(const Moments& m, int64_t k) { return m.products[k] / unbiased(m.weights); }
 
-// What rounding alone leaves of a variable that does not vary: below it the variable is constant, and its correlations NaN.
+// What rounding alone leaves of a variable that does not vary: below it the variable is constant, and its correlations
+// NaN.
 template <class T>
 double correlation(const Moments& m, int64_t k) {
   constexpr double kEps = std::numeric_limits<T>::epsilon();
@@ -317,52 +319,61 @@ orvik_status check_data(int64_t n, int64_t p, const void* x, int32_t layout, int
 
 using namespace orvik::front;
 
-#define SUMMARY(d, T)                                                                                                     \
-  orvik_status orvik_##d##_summary_new(orvik_##d##_summary** s, int64_t p) {                                              \
-    return make<T>(reinterpret_cast<void**>(s), p);                                                                       \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_summary_update(orvik_##d##_summary* s, int64_t n, const T* x, int32_t layout, const T* weights) { \
-    return update<T>(s, n, x, layout, weights);                                                                           \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_summary_merge(orvik_##d##_summary* s, const orvik_##d##_summary* other) {                      \
-    return merge<T>(s, other);                                                                                            \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_summary_count(const orvik_##d##_summary* s, int64_t* n) {                                      \
-    Summary* const summary = summary_of<T>(s);                                                                            \
-    if (summary == nullptr) return ORVIK_ERROR_BAD_OBJECT;                                                                \
-    if (n == nullptr) return ORVIK_ERROR_NULL_POINTER;                                                                    \
-    *n = *summary->state().count;                                                                                         \
-    return ORVIK_SUCCESS;                                                                                                 \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_summary_dimension(const orvik_##d##_summary* s, int64_t* p) {                                  \
-    Summary* const summary = summary_of<T>(s);                                                                            \
-    if (summary == nullptr) return ORVIK_ERROR_BAD_OBJECT;                                                                \
-    if (p == nullptr) return ORVIK_ERROR_NULL_POINTER;                                                                    \
-    *p = summary->p;                                                                                                      \
-    return ORVIK_SUCCESS;                                                                                                 \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_summary_mean(const orvik_##d##_summary* s, T* r) {                                             \
-    return read<T>(s, r, false, [](const Moments& m, int64_t j) { return m.mean[j]; });                                   \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_summary_min(const orvik_##d##_summary* s, T* r) {                                              \
-    return read<T>(s, r, false, [](const Moments& m, int64_t j) { return m.low[j]; });                                    \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_summary_max(const orvik_##d##_summary* s, T* r) {                                              \
-    return read<T>(s, r, false, [](const Moments& m, int64_t j) { return m.high[j]; });                                   \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_summary_variance(const orvik_##d##_summary* s, T* r) { return read<T>(s, r, false, variance); } \
-  orvik_status orvik_##d##_summary_skewness(const orvik_##d##_summary* s, T* r) { return read<T>(s, r, false, skewness); } \
-  orvik_status orvik_##d##_summary_kurtosis(const orvik_##d##_summary* s, T* r) { return read<T>(s, r, false, kurtosis); } \
-  orvik_status orvik_##d##_summary_covariance(const orvik_##d##_summary* s, T* r) { return read<T>(s, r, true, covariance); } \
-  orvik_status orvik_##d##_summary_correlation(const orvik_##d##_summary* s, T* r) {                                      \
-    return read<T>(s, r, true, correlation<T>);                                                                           \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_summary_save(const orvik_##d##_summary* s, void* memory, int64_t* size) {                      \
-    return save<T>(s, memory, size);                                                                                      \
-  }                                                                                                                       \
-  orvik_status orvik_##d##_summary_load(orvik_##d##_summary** s, const void* memory, int64_t size) {                      \
-    return load<T>(reinterpret_cast<void**>(s), memory, size);                                                            \
-  }                                                                                                                       \
+#define SUMMARY(d, T)                                                                                    \
+  orvik_status orvik_##d##_summary_new(orvik_##d##_summary** s, int64_t p) {                             \
+    return make<T>(reinterpret_cast<void**>(s), p);                                                      \
+  }                                                                                                      \
+  orvik_status orvik_##d##_summary_update(orvik_##d##_summary* s, int64_t n, const T* x, int32_t layout, \
+                                          const T* weights) {                                            \
+    return update<T>(s, n, x, layout, weights);                                                          \
+  }                                                                                                      \
+  orvik_status orvik_##d##_summary_merge(orvik_##d##_summary* s, const orvik_##d##_summary* other) {     \
+    return merge<T>(s, other);                                                                           \
+  }                                                                                                      \
+  orvik_status orvik_##d##_summary_count(const orvik_##d##_summary* s, int64_t* n) {                     \
+    Summary* const summary = summary_of<T>(s);                                                           \
+    if (summary == nullptr) return ORVIK_ERROR_BAD_OBJECT;                                               \
+    if (n == nullptr) return ORVIK_ERROR_NULL_POINTER;                                                   \
+    *n = *summary->state().count;                                                                        \
+    return ORVIK_SUCCESS;                                                                                \
+  }                                                                                                      \
+  orvik_status orvik_##d##_summary_dimension(const orvik_##d##_summary* s, int64_t* p) {                 \
+    Summary* const summary = summary_of<T>(s);                                                           \
+    if (summary == nullptr) return ORVIK_ERROR_BAD_OBJECT;                                               \
+    if (p == nullptr) return ORVIK_ERROR_NULL_POINTER;                                                   \
+    *p = summary->p;                                                                                     \
+    return ORVIK_SUCCESS;                                                                                \
+  }                                                                                                      \
+  orvik_status orvik_##d##_summary_mean(const orvik_##d##_summary* s, T* r) {                            \
+    return read<T>(s, r, false, [](const Moments& m, int64_t j) { return m.mean[j]; });                  \
+  }                                                                                                      \
+  orvik_status orvik_##d##_summary_min(const orvik_##d##_summary* s, T* r) {                             \
+    return read<T>(s, r, false, [](const Moments& m, int64_t j) { return m.low[j]; });                   \
+  }                                                                                                      \
+  orvik_status orvik_##d##_summary_max(const orvik_##d##_summary* s, T* r) {                             \
+    return read<T>(s, r, false, [](const Moments& m, int64_t j) { return m.high[j]; });                  \
+  }                                                                                                      \
+  orvik_status orvik_##d##_summary_variance(const orvik_##d##_summary* s, T* r) {                        \
+    return read<T>(s, r, false, variance);                                                               \
+  }                                                                                                      \
+  orvik_status orvik_##d##_summary_skewness(const orvik_##d##_summary* s, T* r) {                        \
+    return read<T>(s, r, false, skewness);                                                               \
+  }                                                                                                      \
+  orvik_status orvik_##d##_summary_kurtosis(const orvik_##d##_summary* s, T* r) {                        \
+    return read<T>(s, r, false, kurtosis);                                                               \
+  }                                                                                                      \
+  orvik_status orvik_##d##_summary_covariance(const orvik_##d##_summary* s, T* r) {                      \
+    return read<T>(s, r, true, covariance);                                                              \
+  }                                                                                                      \
+  orvik_status orvik_##d##_summary_correlation(const orvik_##d##_summary* s, T* r) {                     \
+    return read<T>(s, r, true, correlation<T>);                                                          \
+  }                                                                                                      \
+  orvik_status orvik_##d##_summary_save(const orvik_##d##_summary* s, void* memory, int64_t* size) {     \
+    return save<T>(s, memory, size);                                                                     \
+  }                                                                                                      \
+  orvik_status orvik_##d##_summary_load(orvik_##d##_summary** s, const void* memory, int64_t size) {     \
+    return load<T>(reinterpret_cast<void**>(s), memory, size);                                           \
+  }                                                                                                      \
   void orvik_##d##_summary_delete(orvik_##d##_summary* s) { remove<T>(s); }
 
 extern "C" {

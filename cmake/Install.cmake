@@ -4,12 +4,12 @@ include(CMakePackageConfigHelpers)
 
 set(orvik_cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/orvik)
 
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/orvik DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
-install(TARGETS orvik_kernel EXPORT orvikTargets
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/orvik DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h" PATTERN "*.hpp")
+install(TARGETS orvik_kernel orvik_front EXPORT orvikTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 if(ORVIK_BUILD_STATIC)
-  install(TARGETS orvik_kernel_static EXPORT orvikTargets
+  install(TARGETS orvik_kernel_static orvik_front_static EXPORT orvikTargets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
     INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 endif()
@@ -40,4 +40,5 @@ foreach(symbol IN LISTS ORVIK_STATIC_SYMBOLS)
 endforeach()
 string(STRIP "${orvik_pc_private}" orvik_pc_private)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/orvik.pc.in ${PROJECT_BINARY_DIR}/orvik.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/orvik.pc DESTINATION ${orvik_pc_dir})
+configure_file(${PROJECT_SOURCE_DIR}/cmake/orvik-front.pc.in ${PROJECT_BINARY_DIR}/orvik-front.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/orvik.pc ${PROJECT_BINARY_DIR}/orvik-front.pc DESTINATION ${orvik_pc_dir})

@@ -1,5 +1,5 @@
 // Statistics against the libraries of the field, side by side in one run. Prints a Markdown table.
-//   bench_ss [moments|covariance|sorting|threads|stream|quartiles|short|shapes|cliffs ...]
+//   bench_ss [moments|covariance|sorting|robust|threads|robust_threads|stream|quartiles|short|shapes|cliffs ...]
 #include <cstdio>
 #include <cstring>
 
@@ -7,7 +7,9 @@ namespace orvik::bench {
 void moments();
 void covariance();
 void sorting();
+void robust();
 void two_threads();
+void robust_threads();
 void stream();
 void quartiles();
 void short_data();
@@ -23,7 +25,9 @@ int main(int argc, char** argv) {
   } parts[] = {{"moments", moments},
                {"covariance", covariance},
                {"sorting", sorting},
+               {"robust", robust},
                {"threads", two_threads},
+               {"robust_threads", robust_threads},
                {"stream", stream},
                {"quartiles", quartiles},
                {"short", short_data},

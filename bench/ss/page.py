@@ -12,6 +12,7 @@ import table  # noqa: E402
 machine = sys.argv[1]
 program = str(root / "build/release/bin/bench_ss")
 env = dict(os.environ, OPENBLAS_NUM_THREADS="1")
+rows = table.rows(["taskset", "-c", "1", program, "moments", "covariance", "sorting", "robust", "stream"], env)
 rows = table.rows(["taskset", "-c", "1", program, "moments", "covariance", "sorting", "stream", "quartiles", "short",
                    "shapes", "cliffs"], env)
 rows += table.rows([program, "threads"], env)[1:]
@@ -21,6 +22,8 @@ GOALS = [
     (("two threads", "reading memory"), None),
     (("two threads",), 1.8),
     (("stream quantiles",), None),
+    (("covariances",), 1),
+    (("imputation",), 0.8),
     (("std::nth_element",), 1),
     (("n = 1000", "mean"), 1),
     (("n = 1000", "moments"), 1),

@@ -1,6 +1,7 @@
 #include "qor/ss/estimators.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include "qor/ss/by_variable.h"
@@ -13,44 +14,41 @@
 namespace orvik::ss {
 namespace {
 
-constexpr int64_t kRows = 2048;  // observations of a block of distances
+constexpr int64_t kRows = 512;         // observations of a block of distances
+constexpr int64_t kFewVariables = 32;  // up to here, distances by variable without the matrix kernel
 
-// d' M d for few variables, without the matrix kernel.
-template <class T, int P>
-T square(const T* m, const T* d) {
-  T sum = 0;
-  for (int i = 0; i < P; ++i) {
-    T row = 0;
-    for (int j = 0; j < P; ++j) row += m[i * P + j] * d[j];
-    sum += row * d[i];
+// d' M d of the observations of a vector, variable by variable: d[j * m]. The terms off the diagonal come twice. What
+// rounding makes negative is 0.
+template <class V>
+void squares_of(int64_t p, int64_t m, const Element<V>* matrix, const Element<V>* d, Element<V>* out) {
+  using T = Element<V>;
+  V sum = V(T(0));
+  for (int64_t j = 0; j < p; ++j) {
+    V row = V(T(0));
+    for (int64_t k = 0; k < j; ++k) row = fma(V(matrix[j * p + k]), load<V>(d + k * m), row);
+    const V x = load<V>(d + j * m);
+    sum = fma(fma(V(matrix[j * p + j]), x, row + row), x, sum);
   }
-  return sum;
+  store(out, max(V(T(0)), sum));
 }
 
 template <class T>
-void squares(int64_t p, int64_t m, const T* inverse, const T* deviations, T* products, T* out) {
-  if (p > 3) {
-    serv::blas::symm('L', 'L', static_cast<int32_t>(p), static_cast<int32_t>(m), T{1}, inverse, static_cast<int32_t>(p),
-                     deviations, static_cast<int32_t>(p), T{0}, products, static_cast<int32_t>(p));
-  }
+void squares_by_variable(int64_t p, int64_t m, const T* matrix, const T* d, T* out) {
+  using V = Twice<VectorOf<T>>;
+  int64_t i = 0;
+  for (; i + kWidth<V> <= m; i += kWidth<V>) squares_of<V>(p, m, matrix, d + i, out + i);
+  for (; i < m; ++i) squares_of<T>(p, m, matrix, d + i, out + i);
+}
+
+// d' M d of m observations, one after the other.
+template <class T>
+void squares_by_observation(int64_t p, int64_t m, const T* matrix, const T* d, T* products, T* out) {
+  const auto order = static_cast<int32_t>(p);
+  serv::blas::symm('L', 'L', order, static_cast<int32_t>(m), T{1}, matrix, order, d, order, T{0}, products, order);
   for (int64_t i = 0; i < m; ++i) {
-    const T* d = deviations + i * p;
-    switch (p) {
-      case 1:
-        out[i] = square<T, 1>(inverse, d);
-        break;
-      case 2:
-        out[i] = square<T, 2>(inverse, d);
-        break;
-      case 3:
-        out[i] = square<T, 3>(inverse, d);
-        break;
-      default: {
-        T sum = 0;
-        for (int64_t j = 0; j < p; ++j) sum += d[j] * products[i * p + j];
-        out[i] = sum;
-      }
-    }
+    T sum = 0;
+    for (int64_t j = 0; j < p; ++j) sum += d[i * p + j] * products[i * p + j];
+    out[i] = sum < 0 ? T{0} : sum;
   }
 }
 
@@ -60,18 +58,24 @@ template <class T>
 int32_t mahalanobis(const Observations<T>& o, const T* mean, const T* matrix, const OrvikThreading* threading,
                     T* results) {
   const int64_t p = o.p;
-  if (p > 3 && !serv::blas::load()) return kNoMemory;
+  const bool few = p <= kFewVariables;
+  if (!few && !serv::blas::load()) return kNoMemory;
   const int64_t blocks = (o.n + kRows - 1) / kRows;
   const int32_t threads = static_cast<int32_t>(std::max<int64_t>(1, std::min<int64_t>(max_threads(threading), blocks)));
-  const int64_t size = std::min(kRows, o.n) * p * (p > 3 ? 2 : 1);
+  const int64_t size = std::min(kRows, o.n) * p * (few ? 1 : 2);
   const serv::Block<T> scratch(static_cast<uint64_t>(size * threads));
   if (!scratch) return kNoMemory;
   return run_threads(threading, threads, [&](int32_t thread) {
     T* deviations = scratch.get() + size * thread;
     for (int64_t block = blocks * thread / threads; block < blocks * (thread + 1) / threads; ++block) {
       const int64_t i0 = block * kRows, m = std::min(kRows, o.n - i0);
-      copy_block(o, i0, m, Layout::ByObservation, mean, static_cast<const T*>(nullptr), deviations);
-      squares(p, m, matrix, deviations, deviations + m * p, results + i0);
+      copy_block(o, i0, m, few ? Layout::ByVariable : Layout::ByObservation, mean, static_cast<const T*>(nullptr),
+                 deviations);
+      if (few) {
+        squares_by_variable(p, m, matrix, deviations, results + i0);
+      } else {
+        squares_by_observation(p, m, matrix, deviations, deviations + m * p, results + i0);
+      }
       for (int64_t i = i0; i < i0 + m; ++i) results[i] = std::sqrt(results[i]);
     }
     return int32_t{kDone};
@@ -152,7 +156,8 @@ int32_t scatter(const Observations<T>& o, const OrvikThreading* threading, T* me
   *total = parts[0].weights;
   const bool none = total->observations == 0;
   for (int64_t j = 0; j < p; ++j) {
-    mean[j] = none ? std::numeric_limits<T>::quiet_NaN() : static_cast<T>(static_cast<double>(point[j]) + parts[0].central[0][j]);
+    mean[j] = none ? std::numeric_limits<T>::quiet_NaN()
+                   : static_cast<T>(static_cast<double>(point[j]) + parts[0].central[0][j]);
   }
   mirror_upper(p, products);
   return kDone;

@@ -21,6 +21,18 @@ enum Status : int32_t {
   kBadStreamOrders = -4069,
   kNoSum = -4074,  // at compute time; the setter refuses null as it were the mean
   kAmbiguousSorted = -4085,
+  kMatrixFailed = -4001,  // of LAPACK: a block that is not positive definite, no convergence
+  kSingular = -5041,      // a covariance without full rank
+  kBadImputationParameterCount = -4050,
+  kBadImputationParameters = -4051,
+  kBadSimulatedValueCount = -4058,
+  kBadEstimateCount = -4059,
+  kNoImputationResult = -4060,
+  kBadMissingCount = -4063,
+  kBlockSingular = -5021,        // covariance of present values, or a value that is no number
+  kConditionalSingular = -5023,  // covariance of missing values given the present ones
+  kPosteriorSingular = -5024,    // too few observations for the parameters, or dependent variables
+  kNoSpread = -5025,             // a variable without a value, or of equal ones
 };
 
 }  // namespace orvik::ss

@@ -27,6 +27,10 @@ struct Task {
   int64_t integer(const void* value) const {
     return integerWidth == 0 ? *static_cast<const int32_t*>(value) : *static_cast<const int64_t*>(value);
   }
+  // Element i of an array of integers.
+  int64_t integer_at(const void* values, int64_t i) const {
+    return integerWidth == 0 ? static_cast<const int32_t*>(values)[i] : static_cast<const int64_t*>(values)[i];
+  }
   int64_t p() const { return integer(dimension); }
 };
 static_assert(sizeof(Task) == 744);

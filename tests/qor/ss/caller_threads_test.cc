@@ -57,6 +57,34 @@ struct Fixture {
   std::vector<double> epsilon = {0.1};
 };
 
+// The estimators of data that are not clean. Imputation takes a part of the observations, some values of which it
+// lacks.
+std::vector<int32_t> statuses_of_robust(const OrvikThreading* table) {
+  Fixture f;
+  const OrvikSSTask t = f.task.get();
+  std::vector<double> good(Fixture::kN), parameters = {2, 1, 0.1, 4, 50}, simulated(200);
+  std::vector<int32_t> group(Fixture::kN);
+  for (int64_t i = 0; i < Fixture::kN; ++i) group[i] = static_cast<int32_t>(i % 2);
+  f.task.set(OrvikSS_outlierWeights, good);
+  f.task.set(OrvikSS_robustMean, f.row);
+  f.task.set(OrvikSS_robustCovariance, f.matrix);
+  f.task.set_integer(OrvikSS_robustCovarianceStorage, 0);
+  __qoriSSEditTask(t, OrvikSS_groupIndices, group.data());
+  f.task.set(OrvikSS_pooledMean, f.row);
+  f.task.set(OrvikSS_pooledCovariance, f.matrix);
+  f.task.set_integer(OrvikSS_pooledCovarianceStorage, 0);
+  f.task.set(OrvikSS_imputationParameters, parameters);
+  f.task.set_integer(OrvikSS_imputationParameterCount, 5);
+  f.task.set(OrvikSS_simulatedValues, simulated);
+  f.task.set_integer(OrvikSS_simulatedValueCount, 200);
+  std::vector<int32_t> all = {_qordSSOutliersDetection(t, 0, ORVIK_SS_METHOD_BACON, table),
+                              _qordSSRobustCovariance(t, 0, ORVIK_SS_METHOD_ROBUST, table),
+                              _qordSSPooledCovariance(t, 0, ORVIK_SS_METHOD_ONE_PASS, table)};
+  for (int64_t i = 0; i < 50; ++i) f.sample.columns[i * 37 * Fixture::kP + i % Fixture::kP] = -std::nan("");
+  all.push_back(_qordSSMissingValues(t, 0, ORVIK_SS_METHOD_IMPUTATION, table));
+  return all;
+}
+
 // Every entry that takes threads.
 std::vector<int32_t> statuses(const OrvikThreading* table) {
   Fixture f;
@@ -78,6 +106,8 @@ std::vector<int32_t> statuses(const OrvikThreading* table) {
   const Observations<double> o(data_of<double>(*static_cast<const Task*>(t)));
   Weights total;
   all.push_back(scatter(o, table, f.mean.data(), f.matrix.data(), &total));
+  const auto robust = statuses_of_robust(table);
+  all.insert(all.end(), robust.begin(), robust.end());
   return all;
 }
 

@@ -207,7 +207,8 @@ Masked<V, Mask<V>> tested_product(HeadTail<V> a, HeadTail<V> b) {
 }
 template <Double V>
 Masked<V, Mask<V>> tested_product(V a, V b) {
-  return {a * b, Mask<V>(a > infinity<double>)};  // no lane
+  const V none = V(0.0);
+  return {a * b, Mask<V>(none > none)};
 }
 
 }  // namespace orvik::zym::complex_loops

@@ -2,9 +2,11 @@
 # programs are built with. Their layout is Debian's whatever the build tree's own prefix is, so that one tree serves both.
 find_program(ORVIK_DPKG dpkg)
 find_program(ORVIK_GZIP gzip)
+set(ORVIK_PACKAGES OFF PARENT_SCOPE)
 if(NOT ORVIK_DPKG OR NOT ORVIK_GZIP OR NOT CMAKE_LIBRARY_ARCHITECTURE)
   return()
 endif()
+set(ORVIK_PACKAGES ON PARENT_SCOPE)  # for the tests
 
 set(ORVIK_PACKAGE_RELEASE 1 CACHE STRING "Debian's revision of the packages")
 set(ORVIK_PACKAGE_MAINTAINER "orvik-kernel maintainers <maintainers@orvik-kernel.example>" CACHE STRING

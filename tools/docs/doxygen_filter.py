@@ -1,6 +1,7 @@
-"""What Doxygen reads of a public header, to standard output: the header's plain comments as documentation.
+"""What Doxygen reads of a public header, to standard output: the header's plain comments as documentation; of a page, all but the
+links that lead out of its folder.
 
-    doxygen_filter.py HEADER
+    doxygen_filter.py HEADER-OR-PAGE
 
 The headers are written for people who read them: a comment stands above a run of declarations without a blank line between and
 holds for all of them; one behind a declaration or value holds for that one alone; `/* ---- Title --- */` begins a section, and the first
@@ -230,7 +231,8 @@ def main():
     if len(sys.argv) != 2:
         sys.exit(__doc__)
     with open(sys.argv[1], encoding="utf-8") as file:
-        sys.stdout.write(filtered(file.read()))
+        text = file.read()
+    sys.stdout.write(re.sub(r"(?<!!)\[([^\]]*)\]\(\.\./[^)]*\)", r"\1", text) if sys.argv[1].endswith(".md") else filtered(text))
 
 
 if __name__ == "__main__":

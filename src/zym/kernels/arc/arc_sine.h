@@ -117,7 +117,7 @@ struct ArcSine {
 
   static int32_t element(const E* px, E* r) {
     const E x = *px;
-    if (!(magnitude(x) <= 1)) return outside_unit(x, r);
+    if (is_nan(x) || magnitude(x) > 1) return outside_unit(x, r);
     *r = magnitude(x) == 1 ? flip_sign(kHalfTurn<E, U> / 2, x) : tiny_over_pi(x);
     return 0;
   }
@@ -141,7 +141,7 @@ struct ArcCosine {
 
   static int32_t element(const E* px, E* r) {
     const E x = *px;
-    if (!(magnitude(x) <= 1)) return outside_unit(x, r);
+    if (is_nan(x) || magnitude(x) > 1) return outside_unit(x, r);
     *r = x == 1 ? E(0) : x == -1 ? kHalfTurn<E, U> : E(0.5);
     return 0;
   }

@@ -16,7 +16,7 @@ inline float extreme_quotient(float a, float b) {
   return static_cast<float>(static_cast<double>(a) / opaque(static_cast<double>(b)));
 }
 inline double extreme_quotient(double a, double b) {
-  if (std::fabs(b) < 0x1p-1000 && b != 0) return a / opaque(b * 0x1p60) * 0x1p60;
+  if (magnitude_bits(b) < bits_of(0x1p-1000) && b != 0) return a / opaque(b * 0x1p60) * 0x1p60;
   return a / opaque(b);
 }
 

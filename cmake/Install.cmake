@@ -6,9 +6,12 @@
 include(CMakePackageConfigHelpers)
 
 set(ORVIK_SHARED_LIBRARIES orvik_kernel)
-set(ORVIK_STATIC_LIBRARIES "")
-if(ORVIK_BUILD_STATIC)
-  set(ORVIK_STATIC_LIBRARIES orvik_kernel_static)
+set(ORVIK_STATIC_LIBRARIES orvik_kernel_static)
+set(ORVIK_PC_FILES orvik)
+if(TARGET orvik_front)
+  list(APPEND ORVIK_SHARED_LIBRARIES orvik_front)
+  list(APPEND ORVIK_STATIC_LIBRARIES orvik_front_static)
+  list(APPEND ORVIK_PC_FILES orvik-front)
 endif()
 
 set(orvik_pc_private "")
@@ -45,7 +48,7 @@ function(orvik_install_layout name libdir includedir runtime development)
   install(TARGETS ${ORVIK_SHARED_LIBRARIES} EXPORT orvik_${name}
     LIBRARY DESTINATION ${libdir} COMPONENT ${runtime} NAMELINK_COMPONENT ${development} ${ARGN}
     INCLUDES DESTINATION ${includedir})
-  if(ORVIK_STATIC_LIBRARIES)
+  if(ORVIK_BUILD_STATIC)
     install(TARGETS ${ORVIK_STATIC_LIBRARIES} EXPORT orvik_${name}
       ARCHIVE DESTINATION ${libdir} ${develop}
       INCLUDES DESTINATION ${includedir})
@@ -64,8 +67,10 @@ function(orvik_install_layout name libdir includedir runtime development)
   endforeach()
   file(RELATIVE_PATH orvik_pc_prefix ${full_libdir}/pkgconfig ${CMAKE_INSTALL_PREFIX})
   string(REGEX REPLACE "/$" "" orvik_pc_prefix "\${pcfiledir}/${orvik_pc_prefix}")
-  configure_file(${PROJECT_SOURCE_DIR}/cmake/orvik.pc.in ${scratch}/orvik.pc @ONLY)
-  install(FILES ${scratch}/orvik.pc DESTINATION ${libdir}/pkgconfig ${develop})
+  foreach(file IN LISTS ORVIK_PC_FILES)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/${file}.pc.in ${scratch}/${file}.pc @ONLY)
+    install(FILES ${scratch}/${file}.pc DESTINATION ${libdir}/pkgconfig ${develop})
+  endforeach()
 endfunction()
 
 orvik_install_layout(prefix ${CMAKE_INSTALL_LIBDIR} ${CMAKE_INSTALL_INCLUDEDIR} runtime development)

@@ -12,6 +12,11 @@ trap 'rm -rf "$scratch"' EXIT
 "$cc" -std=c11 "$programs/consumer.c" -o "$scratch/consumer" $(pkg-config --cflags --libs orvik) -lm
 LD_LIBRARY_PATH="$usr/$libdir" "$scratch/consumer"
 LD_LIBRARY_PATH="$usr/$libdir" ldd "$scratch/consumer" | grep -q "$usr/$libdir/liborvik_kernel.so"
+if [ -e "$usr/$libdir/pkgconfig/orvik-front.pc" ]; then
+  # shellcheck disable=SC2046
+  "$cc" -std=c11 "$programs/front.c" -o "$scratch/front" $(pkg-config --cflags --libs orvik-front)
+  LD_LIBRARY_PATH="$usr/$libdir" "$scratch/front"
+fi
 if [ -e "$usr/$libdir/liborvik_kernel.a" ]; then
   libraries=$(pkg-config --static --libs orvik | sed 's/-lorvik_kernel/-l:liborvik_kernel.a/g')
   # shellcheck disable=SC2046,SC2086

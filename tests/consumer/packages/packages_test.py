@@ -30,6 +30,12 @@ ALLOWED = {
 }
 
 
+# Where the layer above the kernels is built.
+FRONT = {"runtime": [rf"{LIBDIR}/liborvik_front\.so\.\d+"],
+         "development": [r"usr/include/orvik/front\.h", r"usr/include/orvik/front\.hpp", rf"{LIBDIR}/liborvik_front\.so",
+                         rf"{LIBDIR}/pkgconfig/orvik-front\.pc"]}
+
+
 def run(*command):
     return subprocess.run([str(word) for word in command], check=True, capture_output=True, text=True).stdout
 
@@ -79,7 +85,8 @@ def make(build, folder):
         (root / kind).mkdir(parents=True)
         run("dpkg", "-x", package, root / kind)
         have = {str(path.relative_to(root / kind)) for path in (root / kind).rglob("*") if not path.is_dir()}
-        for wanted in FILES[kind]:
+        front = (build / "lib" / "liborvik_front.so").exists()
+        for wanted in FILES[kind] + (FRONT[kind] if front else []):
             expect(f"{wanted} is not in the package {kind}", any(re.fullmatch(wanted, name) for name in have))
         for name in have:
             expect(f"{name} in the package {kind}", re.fullmatch(ALLOWED[kind], name))

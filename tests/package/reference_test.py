@@ -47,6 +47,49 @@ int undocumented(void);
 
 #endif
 """
+CXX_HEADER = """// What a header in C++ is about: more of it.
+//
+// And more.
+#ifndef SAMPLE_HPP
+#define SAMPLE_HPP
+namespace sample {
+
+namespace detail {
+inline int hidden() { return 1; }
+}  // namespace detail
+
+// A thing.
+template <class T, void (*Delete)(T*)>
+class Thing {
+ public:
+  // Makes and counts.
+  explicit Thing(T* t) : t_(t) {}
+  int count() const noexcept { return {1}; }  // how many
+  T at = T{};                                 // where
+
+ private:
+  T* t_;
+};
+
+// ---- Draws -----------------------------------------------------------------
+
+#define DRAW(name, parameters, ...) \\
+  template <class R> \\
+  int name(R& r, LIST parameters) { return detail::name(r, __VA_ARGS__); }
+#define LIST(...) __VA_ARGS__
+// Fill r.
+DRAW(uniform, (int a = 0, int b = 1), a, b)
+DRAW(beta, (int p), p)
+#undef LIST
+#undef DRAW
+
+}  // namespace sample
+#endif
+"""
+CXX_WANTED = ["/** What a header in C++ is about: more of it. */\nnamespace sample {", "/** A thing. */\ntemplate <class T, void (*Delete)(T*)> class Thing {",
+              "/** Makes and counts. */\nexplicit Thing(T* t)", "{ return {1}; } /**< how many */", "T at = T{}; /**< where */",
+              "private:\nT* t_;\n};", "/** Fill r. */\ntemplate <class R>   int uniform(R& r, int a = 0, int b = 1) { return detail::uniform(r, a, b); }",
+              "int beta(R& r, int p) { return detail::beta(r, p); }\n\n/**@}*/\n}"]
 WANTED = ["/** \\file\nWhat the file is about. */", "/** Two of a kind: a \\< b. */\nint32_t __one(int32_t n, const float* a);",
           "/** Two of a kind: a \\< b. */\nint32_t __two(int32_t n, const float* a);", "/** \\name A section */",
           "CODE_A = 1, /**< the first */", "/** Others. */\nCODE_B = 2,", "/** Others. */\nCODE_C = 3",
@@ -79,11 +122,12 @@ def main():
     (scratch / "sample").mkdir(parents=True)
 
     header = scratch / "sample" / "sample.h"
-    header.write_text(HEADER, encoding="utf-8")
-    made = run_filter(options.filter, header)
-    for wanted in WANTED:
-        if wanted not in made:
-            sys.exit(f"the filter does not make\n{wanted}\nbut\n{made}")
+    for text, wanted_pieces, path in ((CXX_HEADER, CXX_WANTED, header.with_suffix(".hpp")), (HEADER, WANTED, header)):
+        path.write_text(text, encoding="utf-8")
+        made = run_filter(options.filter, path)
+        for wanted in wanted_pieces:
+            if wanted not in made:
+                sys.exit(f"the filter does not make\n{wanted}\nbut\n{made}")
     if not shutil.which("doxygen"):
         print("doxygen is not installed: the reference was not made")
         sys.exit(77)

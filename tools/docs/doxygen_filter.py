@@ -12,7 +12,7 @@ import re
 import sys
 
 TITLE = re.compile(r"^-{3,} (.*?) -{3,}$", re.DOTALL)
-OPENS = re.compile(r"^(typedef )?(struct|class|union|enum|namespace|extern \"C\"|inline namespace|template\b.*\b(struct|class))(?!\w)")
+OPENS = re.compile(r"^(typedef )?(struct|class|union|enum|namespace|extern \"C\"|inline namespace)(?!\w)[^()=]*$")
 TOKEN = re.compile(r"""
     (?P<comment>/\*.*?\*/|(?://[^\n]*(?:\n[ \t]*//[^\n]*)*)) |
     (?P<string>"(?:\\.|[^"\\\n])*"|'(?:\\.|[^'\\\n])*') |
@@ -79,12 +79,15 @@ def expand(text):
             text = text.replace(found[0], found[1] if found[1] not in body else "")
         text = text.replace(f"#undef {name}\n", "")
     while macros:
-        call = re.search(rf"\b({'|'.join(macros)})\(", text)
+        call = re.search(rf"\b({'|'.join(macros)})[ ]?\(", text)
         if not call:
             break
         names, body = macros[call[1]]
         values, end = arguments(text, call.end() - 1)
         parts = re.split(r"(/\*.*?\*/|//[^\n]*)", body, flags=re.DOTALL)
+        if names[-1:] == ["..."]:
+            names = names[:-1] + ["__VA_ARGS__"]
+            values = values[:len(names) - 1] + [", ".join(values[len(names) - 1:])]
         for name, value in zip(names, values):
             parts[::2] = [re.sub(rf"(?:\s*##\s*)?\b{name}\b(?:\s*##\s*)?", lambda _, v=value: v, part) for part in parts[::2]]
         own_line = text.rfind("\n", 0, call.start()) + 1 == call.start() and ";" in body
@@ -100,13 +103,26 @@ def apart(declaration):
     return [f"{found[1]} {name};" for name in found[2].split(", ")] if found else [declaration]
 
 
+def without_template(declaration):
+    """A declaration without template<...> in front."""
+    text = " ".join(declaration.split())
+    while text.startswith("template"):
+        depth = 0
+        for at, character in enumerate(text):
+            depth += (character == "<") - (character == ">")
+            if character == ">" and depth == 0:
+                break
+        text = text[at + 1:].strip()
+    return text
+
+
 class Writer:
     """Statements with their documentation, item by item."""
 
     def __init__(self):
         self.out, self.scopes = [], []
         self.pending = None  # the comment above that holds for what comes next
-        self.section, self.first = False, True
+        self.section, self.section_depth, self.first, self.about = False, 0, True, ""
 
     def end_section(self):
         if self.section:
@@ -118,10 +134,10 @@ class Writer:
         if title:
             self.end_section()
             self.out.append(f"/** \\name {title[1]} */\n/**@{{*/")
-            self.section, self.pending = True, None
+            self.section, self.pending, self.section_depth = True, None, len(self.scopes)
         elif self.first:
             self.out.append(doc(text, "\\file\n"))
-            self.first = False
+            self.about, self.first = text, False
         else:
             if detached and self.out and self.out[-1].startswith("/** \\name "):
                 self.out[-1] = self.out[-1].replace(" */", "\n" + marked_up(text) + " */", 1)
@@ -172,11 +188,12 @@ def filtered(text):
             w.pending = None
             w.out.append("")
         elif kind == "open":
-            if t == "{" and depth == 0 and OPENS.match(item.strip()) and "(" not in item.split("\n")[-1].replace("__attribute__((", ""):
-                scope = "enum" if re.search(r"\benum\b", item) else "block"
-                transparent = re.match(r"namespace|extern|inline namespace", item.strip())
-                if transparent:
+            if t == "{" and depth == 0 and OPENS.match(without_template(item)):
+                scope = next((word for word in ("enum", "extern") if re.match(rf"\s*(typedef )?{word}\b", item)), "block")
+                if re.match(r"extern", item.strip()):
                     w.pending = None
+                elif re.match(r"(inline )?namespace", item.strip()):  # whose members Doxygen passes over if it has no text
+                    w.pending = w.pending or w.about.split("\n\n")[0]
                 w.item(item + "{")
                 above.append(w.pending)
                 w.pending, item = None, ""
@@ -188,6 +205,8 @@ def filtered(text):
             if depth == 0 and t == "}":
                 if item.strip():
                     w.item(item)
+                if w.scopes[-1] != "extern" and w.section_depth >= len(w.scopes):
+                    w.end_section()
                 w.scopes.pop()
                 w.pending = above.pop()  # holds for a neighbour without a blank line between
                 tail = re.match(r"[ \t]*(\w[\w ]*)?;", text[tokens[at].end():])
@@ -205,8 +224,8 @@ def filtered(text):
                 item += t
                 if depth == 0 and t == "}":  # a function's body, or a value in braces
                     rest = text[tokens[at].end():].lstrip(" ")
-                    if rest[:1] == "\n":
-                        w.item(item)
+                    if rest[:1] == "\n" or rest[:2] in ("//", "/*"):
+                        w.item(item, trailing())
                         item = ""
         elif kind == "end" and depth == 0:
             item += t

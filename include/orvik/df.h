@@ -21,7 +21,7 @@ extern "C" {
 /* One fitting problem. The caller keeps all arrays of reals; the task owns two arrays of pointers and a table. */
 typedef void* OrvikDFTask;
 
-/* Statuses. Where a name says which argument is bad, it is one of those that the call accepts; nothing else is known of it. */
+/* Statuses. BAD: the argument or field of that name has a value that the call does not take. */
 enum {
   DFS_NO_TASK = -1000, /* the task is null */
   DFS_NO_MEMORY = -1001,

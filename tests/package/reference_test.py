@@ -1,5 +1,5 @@
-"""The reference of the public headers: Doxygen makes it without a warning, and every exported name stands in it with a text. Without
-Doxygen only the filter that it reads the headers through is tried, and the test counts as skipped.
+"""The reference of the public headers: Doxygen makes it without a warning, and every exported name stands in it with a text.
+Without Doxygen only the filter that it reads the headers through is tried, and the test counts as skipped.
 
     reference_test.py --filter FILTER --configuration DOXYFILE --scratch FOLDER --maps MAP..."""
 
@@ -86,9 +86,11 @@ DRAW(beta, (int p), p)
 }  // namespace sample
 #endif
 """
-CXX_WANTED = ["/** What a header in C++ is about: more of it. */\nnamespace sample {", "/** A thing. */\ntemplate <class T, void (*Delete)(T*)> class Thing {",
+CXX_WANTED = ["/** What a header in C++ is about: more of it. */\nnamespace sample {",
+              "/** A thing. */\ntemplate <class T, void (*Delete)(T*)> class Thing {",
               "/** Makes and counts. */\nexplicit Thing(T* t)", "{ return {1}; } /**< how many */", "T at = T{}; /**< where */",
-              "private:\nT* t_;\n};", "/** Fill r. */\ntemplate <class R>   int uniform(R& r, int a = 0, int b = 1) { return detail::uniform(r, a, b); }",
+              "private:\nT* t_;\n};",
+              "/** Fill r. */\ntemplate <class R>   int uniform(R& r, int a = 0, int b = 1) { return detail::uniform(r, a, b); }",
               "int beta(R& r, int p) { return detail::beta(r, p); }\n\n/**@}*/\n}"]
 WANTED = ["/** \\file\nWhat the file is about. */", "/** Two of a kind: a \\< b. */\nint32_t __one(int32_t n, const float* a);",
           "/** Two of a kind: a \\< b. */\nint32_t __two(int32_t n, const float* a);", "/** \\name A section */",

@@ -4,9 +4,9 @@ links that lead out of its folder.
     doxygen_filter.py HEADER-OR-PAGE
 
 The headers are written for people who read them: a comment stands above a run of declarations without a blank line between and
-holds for all of them; one behind a declaration or value holds for that one alone; `/* ---- Title --- */` begins a section, and the first
-comment of a file is about the file. Macros that declare functions and are undefined at the end of the file are expanded here,
-comments included, which no preprocessor would do."""
+holds for all of them; one behind a declaration or value holds for that one alone; `/* ---- Title --- */` begins a section, and the
+first comment of a file is about the file. Macros that declare functions and are undefined at the end of the file are expanded
+here, comments included, which no preprocessor would do."""
 
 import re
 import sys
@@ -25,8 +25,9 @@ def plain(comment):
     """The text of a comment, lines kept."""
     if comment.startswith("//"):
         return "\n".join(re.sub(r"^\s*///?<? ?", "", line) for line in comment.split("\n")).rstrip()
-    lines = comment[2:-2].rstrip(" \\").split("\n")
-    return "\n".join([lines[0].strip()] + [re.sub(r"^\s*\* ?|^\s*", "", line, count=1).rstrip(" \\") for line in lines[1:]]).strip("\n ")
+    first, *others = comment[2:-2].rstrip(" \\").split("\n")
+    others = [re.sub(r"^\s*\* ?|^\s*", "", line, count=1).rstrip(" \\") for line in others]
+    return "\n".join([first.strip(), *others]).strip("\n ")
 
 
 def marked_up(text):

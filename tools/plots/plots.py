@@ -39,9 +39,8 @@ DIGITS = 40  # of references to doubles
 
 
 class Plotter:
-    def __init__(self, build, out):
-        self.build, self.out = pathlib.Path(build), pathlib.Path(out)
-        self.scratch = pathlib.Path(tempfile.mkdtemp())
+    def __init__(self, build, out, scratch):
+        self.build, self.out, self.scratch = pathlib.Path(build), pathlib.Path(out), pathlib.Path(scratch)
 
     def library(self):
         return ctypes.CDLL(str(self.build / "lib" / "liborvik_kernel.so"))
@@ -132,9 +131,17 @@ SPEED_LEVELS = ("HA", "LA")
 PEERS = {"libm": "libm", "sleef u10": "sleef, 1 ulp", "libmvec": "libmvec, 4 ulp", "eigen": "eigen"}
 
 
+def processor():
+    """What the speed was measured on."""
+    facts = dict(re.findall(r"^(.*?)\s*: (.*)$", pathlib.Path("/proc/cpuinfo").read_text(encoding="utf-8"), re.MULTILINE))
+    return f"one core of: {facts['model name']} (family {facts['cpu family']}, model {facts['model']})"
+
+
 def speed(plotter):
-    figures = plotter.scratch / "speed.csv"
-    subprocess.run(["taskset", "-c", "1", plotter.build / "bin" / "zym_bench", "--rows", ",".join(SPEED_ROWS), "--levels", ",".join(SPEED_LEVELS),
+    figures, program = plotter.scratch / "speed.csv", plotter.build / "bin" / "zym_bench"
+    if not program.exists():
+        sys.exit(f"{program} is not built")
+    subprocess.run(["taskset", "-c", "1", program, "--rows", ",".join(SPEED_ROWS), "--levels", ",".join(SPEED_LEVELS),
                     "--sizes", ",".join(map(str, SIZES)), "--section", "rows", "--time", "40", "--csv", figures],
                    check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     with open(figures, encoding="utf-8") as file:
@@ -152,8 +159,8 @@ def speed(plotter):
                              f'linewidth {2.4 if what == "ours" else 1.2} title "{title}"')
         panels.append(f'set title "{name}"\nplot {", ".join(lines)}\n')
     plotter.draw("speed", 'set logscale xy\nset format x "10^{%L}"\nset yrange [0.1:2000]\nset xlabel "elements a call"\n'
-                 'set ylabel "ns per element"\nset key top right maxrows 3 samplen 1\nset multiplot layout 2,2\n' + "".join(panels) +
-                 "unset multiplot\n", height=680)
+                 'set ylabel "ns per element"\nset key top right maxrows 3 samplen 1\n'
+                 f'set multiplot layout 2,2 title "{processor()}"\n' + "".join(panels) + "unset multiplot\n", height=700)
 
 
 # ---- Generators -----------------------------------------------------------------------------------------------------
@@ -242,10 +249,10 @@ def main():
         print("gnuplot is not installed: nothing was drawn")
         sys.exit(77)
     pathlib.Path(options.out).mkdir(parents=True, exist_ok=True)
-    plotter = Plotter(options.build, options.out)
-    for name in options.plots or PLOTS:
-        PLOTS[name](plotter)
-    shutil.rmtree(plotter.scratch)
+    with tempfile.TemporaryDirectory() as scratch:
+        plotter = Plotter(options.build, options.out, scratch)
+        for name in options.plots or PLOTS:
+            PLOTS[name](plotter)
 
 
 if __name__ == "__main__":

@@ -22,5 +22,5 @@ if [ -e "$usr/$libdir/liborvik_kernel.a" ]; then
   # shellcheck disable=SC2046,SC2086
   "$cc" -std=c11 "$programs/consumer.c" -o "$scratch/consumer_static" $(pkg-config --cflags orvik) $libraries
   "$scratch/consumer_static"
-  ! ldd "$scratch/consumer_static" | grep -q liborvik
+  if ldd "$scratch/consumer_static" | grep liborvik; then exit 1; fi
 fi

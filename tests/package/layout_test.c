@@ -1,4 +1,5 @@
 /* The layout of public records, which no minor version may change. Compiled, never run. */
+#include <orvik/front.h>
 #include <orvik/orvik.h>
 #include <stddef.h>
 
@@ -46,3 +47,20 @@ AT(OrvikDFServices, parallel_run, 0);
 AT(OrvikDFServices, max_threads, 32);
 SIZE(OrvikDFServices, 64);
 SIZE(OrvikDFSearchParameters, 16);
+
+AT(orvik_math_options, accuracy, 0);
+AT(orvik_math_options, threads, 4);
+AT(orvik_math_options, reports, 8);
+AT(orvik_math_options, report_capacity, 16);
+AT(orvik_math_options, report_count, 24);
+SIZE(orvik_math_options, 32);
+AT(orvik_report, index, 0);
+AT(orvik_report, code, 8);
+AT(orvik_report, a, 16);
+AT(orvik_report, b, 32);
+AT(orvik_report, r, 48);
+SIZE(orvik_report, 64);
+AT(orvik_spline_ends, kind, 0);
+AT(orvik_spline_ends, left, 8);
+AT(orvik_spline_ends, right, 16);
+SIZE(orvik_spline_ends, 24);

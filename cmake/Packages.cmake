@@ -1,11 +1,14 @@
 # Debian packages by `cpack --preset release` or `cmake --build ... --target package`: liborvik2 with the shared libraries, liborvik-dev with what
 # programs are built with. Their layout is Debian's whatever the build tree's own prefix is, so that one tree serves both.
-find_program(ORVIK_DPKG dpkg)
-find_program(ORVIK_GZIP gzip)
 set(ORVIK_PACKAGES OFF PARENT_SCOPE)
-if(NOT ORVIK_DPKG OR NOT ORVIK_GZIP OR NOT CMAKE_LIBRARY_ARCHITECTURE)
-  return()
-endif()
+foreach(tool dpkg dpkg-shlibdeps file gzip)
+  find_program(ORVIK_PACKAGES_${tool} ${tool})
+  mark_as_advanced(ORVIK_PACKAGES_${tool})
+  if(NOT ORVIK_PACKAGES_${tool} OR NOT CMAKE_LIBRARY_ARCHITECTURE)
+    message(STATUS "No Debian packages here: ${tool} or Debian's layout is missing")
+    return()
+  endif()
+endforeach()
 set(ORVIK_PACKAGES ON PARENT_SCOPE)  # for the tests
 
 set(ORVIK_PACKAGE_RELEASE 1 CACHE STRING "Debian's revision of the packages")
@@ -24,7 +27,7 @@ set(orvik_debian_version ${PROJECT_VERSION}-${ORVIK_PACKAGE_RELEASE})
 configure_file(${PROJECT_SOURCE_DIR}/cmake/debian/changelog.in ${scratch}/changelog.Debian @ONLY)
 configure_file(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${scratch}/changelog COPYONLY)
 foreach(log changelog changelog.Debian)
-  execute_process(COMMAND ${ORVIK_GZIP} -9nc ${scratch}/${log} OUTPUT_FILE ${scratch}/${log}.gz COMMAND_ERROR_IS_FATAL ANY)
+  execute_process(COMMAND ${ORVIK_PACKAGES_gzip} -9nc ${scratch}/${log} OUTPUT_FILE ${scratch}/${log}.gz COMMAND_ERROR_IS_FATAL ANY)
 endforeach()
 while(debian_packages)
   list(POP_FRONT debian_packages component package)

@@ -48,6 +48,7 @@ typedef enum OrvikQorStatus {
   ORVIK_QOR_NO_RDRAND = -1130,
   ORVIK_QOR_RDRAND_FAILED = -1131,
   ORVIK_QOR_NO_AES = -1140,
+  ORVIK_QOR_BAD_PROBABILITIES = -1150, /* of a multinomial distribution, or their number */
   ORVIK_QOR_NO_BLAS = -1160, /* no BLAS package was found for a triangular product */
   ORVIK_QOR_IMAGE_BAD_FORMAT = -1200,
   ORVIK_QOR_SHARED_NOT_FOUND = -3000,

@@ -9,13 +9,20 @@
 
 namespace orvik::zym::complex {
 
-// x^2 + y^2, normalised.
-template <Double V>
+// x^2 + y^2, normalised. At the highest level the lower part is rounded once, so that next to the unit circle, where
+// the upper one cancels, the logarithm keeps its relative precision.
+template <Level L, Double V>
 [[gnu::always_inline]] inline HeadTail<V> squares(V x, V y) {
   const V ax = magnitude(x), ay = magnitude(y);
   const HeadTail<V> p = two_square(max(ax, ay)), q = two_square(min(ax, ay));
   const HeadTail<V> s = fast_two_sum(p.head, q.head);
-  return fast_two_sum(s.head, s.tail + (p.tail + q.tail));
+  if constexpr (L == Level::HA) {
+    const HeadTail<V> low = two_sum(p.tail, q.tail), middle = two_sum(s.tail, low.head);
+    const HeadTail<V> sum = fast_two_sum(s.head, middle.head);
+    return {sum.head, sum.tail + (middle.tail + low.tail)};
+  } else {
+    return fast_two_sum(s.head, s.tail + (p.tail + q.tail));
+  }
 }
 
 // ln(s) / 2 of s between 2^-900 and 2^900, whose exponent is `added` less.
@@ -79,7 +86,7 @@ struct LnElement {
     const bool far = e < -400 || e > 400;
     const ZymComplexDouble u = far ? scaled(w, -e) : w;
     return static_cast<E>(
-        first_lane(half_logarithm<Level::HA>(squares(F64(u.re), F64(u.im)), F64(far ? 2.0 * e : 0.0))));
+        first_lane(half_logarithm<Level::HA>(squares<Level::HA>(F64(u.re), F64(u.im)), F64(far ? 2.0 * e : 0.0))));
   }
 };
 
@@ -109,7 +116,7 @@ struct Ln<V, L> : LnElement<double> {
   static constexpr Knobs knobs = {.vectors = 1, .stray = kUnderflowFlag};
   static auto special(Pair<V> z) { return Atan2<V, L>::special(z.second, z.first); }
   static Pair<V> lanes(Pair<V> z) {
-    return {half_logarithm<L>(squares(z.first, z.second), V(0.0)), Atan2<V, L>::lanes(z.second, z.first)};
+    return {half_logarithm<L>(squares<L>(z.first, z.second), V(0.0)), Atan2<V, L>::lanes(z.second, z.first)};
   }
   // The larger part between 2^-400 and 2^400.
   static Masked<Pair<V>, Mask<V>> wide(Pair<V> z) {
@@ -119,7 +126,7 @@ struct Ln<V, L> : LnElement<double> {
     const V larger = max(magnitude(u.first), magnitude(u.second));
     const Mask<V> far = (larger < V(0x1p-400)) | (larger > V(0x1p400));
     const Pair<V> v = select(far, one, u);
-    return {{half_logarithm<L>(squares(v.first, v.second), V(0.0)), angle.value}, angle.special | far};
+    return {{half_logarithm<L>(squares<L>(v.first, v.second), V(0.0)), angle.value}, angle.special | far};
   }
 };
 

@@ -1,11 +1,12 @@
 // Square root of z = x + i y (Hull, Fairgrieve, Tang 1994): w = sqrt((|x| + |z|) / 2) and v = |y| / (2 w) are the
 // parts, w the real one where x is not negative; the imaginary one has the sign of y, also on the cut. Floats at the
-// highest level in 64-bit arithmetic; doubles there in two parts, one element at a time.
+// highest level in 64-bit arithmetic; doubles there in two parts.
 #pragma once
 
 #include "zym/kernels/complex/parts.h"
 #include "zym/kernels/roots/hypot.h"
 #include "zym/kernels/roots/sqrt.h"
+#include "zym/kernels/shared/flags.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym::complex {
@@ -30,44 +31,45 @@ C limit_root(const C& z) {
   return {0, quiet(z.im)};  // a denormal that counts as zero becomes one
 }
 
-// w of two parts, each within 2^-60 before it is rounded, and v; the larger part between 2^-500 and 2^500.
+// w of two parts, each within 2^-60 before it is rounded, and v, x and y not negative; the larger between 2^-500 and
+// 2^500, y above 2^-900 or 0: the residue of what is tinier would underflow.
+template <Double V>
 struct RootParts {
-  HeadTail<double> w;
-  double v;
+  HeadTail<V> w;
+  V v;
 
-  RootParts(double x, double y) {
-    const HeadTail<double> p = two_square(max(x, y)), q = two_square(min(x, y));
-    const HeadTail<double> s = fast_two_sum(p.head, q.head);
-    const double m = std::sqrt(s.head);
-    const double m_tail = (fnma(m, m, s.head) + (s.tail + (p.tail + q.tail))) * (0.5 / m);
-    const HeadTail<double> sum = two_sum(x, m);
-    w.head = std::sqrt(sum.head * 0.5);
-    const double inverse = 0.5 / w.head;
-    w.tail = (fnma(w.head, w.head, sum.head * 0.5) + (sum.tail + m_tail) * 0.5) * inverse;
-    // The residue of what is too tiny would underflow.
-    const double twice = 2 * w.head;
+  [[gnu::always_inline]] RootParts(V x, V y) {
+    const V half = V(0.5);
+    const HeadTail<V> p = two_square(max(x, y)), q = two_square(min(x, y));
+    const HeadTail<V> s = fast_two_sum(p.head, q.head);
+    const V m = sqrt(s.head);
+    const V m_tail = (fnma(m, m, s.head) + (s.tail + (p.tail + q.tail))) * (half / m);
+    const HeadTail<V> sum = two_sum(x, m);
+    w.head = sqrt(sum.head * half);
+    const V inverse = half / w.head;
+    w.tail = (fnma(w.head, w.head, sum.head * half) + (sum.tail + m_tail) * half) * inverse;
+    const V twice = w.head + w.head;
     v = y * inverse;
-    v = y > 0x1p-900 ? v + (fnma(v, twice, y) - v * (2 * w.tail)) * inverse : y / (twice + 2 * w.tail);
+    v = v + (fnma(v, twice, y) - v * (w.tail + w.tail)) * inverse;
   }
 };
 
+// Neither infinite nor NaN nor 0.
 inline ZymComplexDouble finite_root(ZymComplexDouble z) {
   const double x = std::fabs(z.re), y = std::fabs(z.im), larger = max(x, y);
-  double real, v;
-  if (y == 0) {
-    real = std::sqrt(x);
-    v = 0;
-  } else if (larger > 0x1p-500 && larger < 0x1p500) [[likely]] {
-    const RootParts root(x, y);
-    real = root.w.head + root.w.tail;
-    v = root.v;
-  } else {
-    // An even power of two brings the larger part to 1 .. 4; a smaller one that this makes inexact is taken as it was.
-    const int e = exponent(z) & ~1;
+  double real = std::sqrt(x), v = 0;
+  if (y != 0) {
+    // An even power of two brings the larger part to 1 .. 4 where it is far from there.
+    const int e = larger > 0x1p-500 && larger < 0x1p500 ? 0 : exponent(z) & ~1;
     const double u = std::scalbn(y, -e);
-    const RootParts root(std::scalbn(x, -e), u);
+    const RootParts<double> root(std::scalbn(x, -e), u);
     real = std::scalbn(root.w.head + root.w.tail, e / 2);
-    v = u > 0x1p-900 ? std::scalbn(root.v, e / 2) : y / (2 * real);
+    v = std::scalbn(root.v, e / 2);
+    if (u < 0x1p-900) {
+      const int power = std::ilogb(y);
+      const HeadTail<double> twice = {2 * root.w.head, 2 * root.w.tail};
+      v = rounded(divide(HeadTail<double>{std::scalbn(y, -power), 0.0}, twice), power - e / 2);
+    }
   }
   const bool left = is_negative(z.re);
   return {left ? v : real, std::copysign(left ? real : v, z.im)};
@@ -81,7 +83,10 @@ struct SqrtElement {
     if (!finite(z) || zero(z)) {
       *r = limit_root(z);
     } else {
+      const uint32_t before = read_control();
       const ZymComplexDouble w = finite_root(widen(z));
+      // Squares and residues underflow on the way.
+      if (z.im == 0 || min(std::fabs(w.re), std::fabs(w.im)) >= 0x1p-1022) take_back_underflow(before);
       *r = {static_cast<E>(w.re), static_cast<E>(w.im)};
     }
     return 0;
@@ -129,9 +134,19 @@ struct Sqrt<V, Level::LA> : SqrtElement<Element<V>> {
   }
 };
 
-// One element after another.
 // zSqrt HA: 0.7071 ulp norm at 0x1.6d8c384e79bb4p+73, -0x1.bb6053bdfc9c5p+679
 template <Double V>
-struct Sqrt<V, Level::HA> : SqrtElement<double> {};
+struct Sqrt<V, Level::HA> : SqrtElement<double> {
+  static constexpr Knobs knobs = {.vectors = 1, .stray = kUnderflowFlag};
+  static Mask<V> special(Pair<V> z) {
+    const V x = magnitude(z.first), y = magnitude(z.second), larger = max(x, y);
+    const Mask<V> near = (larger > V(0x1p-500)) & (larger < V(0x1p500));
+    return complement(near & ((y > V(0x1p-900)) | (y == V(0.0)))) | unordered(x, y);
+  }
+  static Pair<V> lanes(Pair<V> z) {
+    const RootParts<V> root(magnitude(z.first), magnitude(z.second));
+    return placed_root(root.w.head + root.w.tail, root.v, z);
+  }
+};
 
 }  // namespace orvik::zym::complex

@@ -314,8 +314,30 @@ ORVIK_FRONT_DRAW(beta,
                  (type_identity_t<T> p, type_identity_t<T> q, type_identity_t<T> a = 0, type_identity_t<T> scale = 1),
                  p, q, a, scale)
 ORVIK_FRONT_DRAW(chisquare, (int v), v)
+// Over threads, 0: as many as pay, with the same numbers and the same stream afterwards.
+ORVIK_FRONT_DRAW(uniform_threads, (type_identity_t<T> a = 0, type_identity_t<T> b = 1, int threads = 0), a, b, threads)
+ORVIK_FRONT_DRAW(normal_threads, (type_identity_t<T> mean = 0, type_identity_t<T> sigma = 1, int threads = 0), mean,
+                 sigma, threads)
 #undef ORVIK_FRONT_LIST
 #undef ORVIK_FRONT_DRAW
+
+// Vectors a + L z, as many as fit r; the factor L stored as ORVIK_FACTOR_... says.
+template <Results R, class T = detail::ElementOf<R>>
+void multivariate_normal(Stream& s, R&& r, std::span<const std::type_identity_t<T>> a,
+                         std::span<const std::type_identity_t<T>> factor, std::int32_t storage = ORVIK_FACTOR_FULL,
+                         std::uint32_t method = ORVIK_GAUSSIAN_BOX_MULLER) {
+  const std::span<T> to(r);
+  const std::size_t d = a.size();
+  if (d == 0 || d > 0x7FFFFFFF || to.size() % d != 0 ||
+      factor.size() != (storage == ORVIK_FACTOR_FULL     ? d * d
+                        : storage == ORVIK_FACTOR_PACKED ? d * (d + 1) / 2
+                                                         : d)) {
+    throw Error(ORVIK_ERROR_BAD_LENGTH);
+  }
+  detail::check(detail::C<T>::multivariate_normal(s.get(), detail::length(to.size() / d), to.data(),
+                                                  static_cast<std::int32_t>(d), storage, a.data(), factor.data(),
+                                                  method));
+}
 
 // Fills r with integers: orvik_i_... of that name in orvik/front.h.
 inline void words(Stream& s, std::span<std::uint32_t> r) {

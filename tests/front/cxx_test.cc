@@ -133,6 +133,17 @@ TEST(CxxStream, DrawsAllDistributions) {
   orvik::uniform(s, i, 0, 10), orvik::bernoulli(s, i, 0.5), orvik::geometric(s, i, 0.5), orvik::binomial(s, i, 10, 0.5);
   orvik::hypergeometric(s, i, 10, 5, 5), orvik::words(s, w);
   EXPECT_EQ(thrown([&] { orvik::normal(s, d, 0, -1); }), ORVIK_ERROR_BAD_PARAMETER);
+  orvik::Stream other = s.copy();
+  std::vector<double> e(2000);
+  orvik::uniform(s, d, 1, 2), orvik::uniform_threads(other, e, 1, 2, 3);
+  EXPECT_EQ(d, e);
+  orvik::normal(s, d), orvik::normal_threads(other, e);
+  EXPECT_EQ(d, e);
+  const std::vector<double> mean = {10, 20}, deviations = {1, 0};
+  orvik::multivariate_normal(s, d, mean, deviations, ORVIK_FACTOR_DIAGONAL);
+  EXPECT_EQ(d[1], 20);
+  EXPECT_NE(d[0], d[2]);
+  EXPECT_EQ(thrown([&] { orvik::multivariate_normal(s, d, mean, deviations); }), ORVIK_ERROR_BAD_LENGTH);
 }
 
 TEST(CxxSummary, FeedsMergesAndSaves) {

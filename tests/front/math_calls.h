@@ -36,44 +36,39 @@ struct MathCall {
   int32_t order = 1;
 };
 
-template <class T>
+// T the element, S the real number that it is made of.
+template <class T, class S>
 orvik_status call_typed(const Row& row, void* f, bool strided, const MathCall& c, orvik_math_options* o) {
   using I = int64_t;
-  using In = const void*;
-  using Out = void*;
   const auto run = [&]<class... P>(P... p) {
     return reinterpret_cast<orvik_status (*)(I, P..., orvik_math_options*)>(f)(c.n, p..., o);
+  };
+  const auto arrays = [&]<class In, class Out>(const In* a, Out* r) {
+    return strided ? run(a, c.inc_a, r, c.inc_r1) : run(a, r);
   };
   rows::Call numbers;
   for (int k = 0; k < 8; ++k) numbers.scalars[k] = c.scalars[k];
   const T s0 = rows::scalar_of<T>(numbers, 0), s1 = rows::scalar_of<T>(numbers, 1), s2 = rows::scalar_of<T>(numbers, 2),
           s3 = rows::scalar_of<T>(numbers, 3);
+  const T *const a = static_cast<const T*>(c.a), *const b = static_cast<const T*>(c.b);
+  T *const r1 = static_cast<T*>(c.r1), *const r2 = static_cast<T*>(c.r2);
   switch (row.shape) {
     case Shape::unary:
+      return arrays(a, r1);
     case Shape::to_real:
+      return arrays(a, static_cast<S*>(c.r1));
     case Shape::from_real:
-      return strided ? run.template operator()<In, I, Out, I>(c.a, c.inc_a, c.r1, c.inc_r1)
-                     : run.template operator()<In, Out>(c.a, c.r1);
+      return arrays(static_cast<const S*>(c.a), r1);
     case Shape::binary:
-      return strided ? run.template operator()<In, I, In, I, Out, I>(c.a, c.inc_a, c.b, c.inc_b, c.r1, c.inc_r1)
-                     : run.template operator()<In, In, Out>(c.a, c.b, c.r1);
+      return strided ? run(a, c.inc_a, b, c.inc_b, r1, c.inc_r1) : run(a, b, r1);
     case Shape::unary2:
-      return strided ? run.template operator()<In, I, Out, I, Out, I>(c.a, c.inc_a, c.r1, c.inc_r1, c.r2, c.inc_r2)
-                     : run.template operator()<In, Out, Out>(c.a, c.r1, c.r2);
+      return strided ? run(a, c.inc_a, r1, c.inc_r1, r2, c.inc_r2) : run(a, r1, r2);
     case Shape::scalar:
-      return strided ? run.template operator()<In, I, T, Out, I>(c.a, c.inc_a, s0, c.r1, c.inc_r1)
-                     : run.template operator()<In, T, Out>(c.a, s0, c.r1);
+      return strided ? run(a, c.inc_a, s0, r1, c.inc_r1) : run(a, s0, r1);
     case Shape::bessel:
-      return strided ? run.template operator()<int32_t, In, I, Out, I>(c.order, c.a, c.inc_a, c.r1, c.inc_r1)
-                     : run.template operator()<int32_t, In, Out>(c.order, c.a, c.r1);
+      return strided ? run(c.order, a, c.inc_a, r1, c.inc_r1) : run(c.order, a, r1);
     case Shape::fraction:
-      if constexpr (requires(T t) { t.re; }) {
-        return -1;
-      } else {
-        return strided ? run.template operator()<In, I, In, I, T, T, T, T, Out, I>(c.a, c.inc_a, c.b, c.inc_b, s0, s1,
-                                                                                   s2, s3, c.r1, c.inc_r1)
-                       : run.template operator()<In, In, T, T, T, T, Out>(c.a, c.b, s0, s1, s2, s3, c.r1);
-      }
+      return strided ? run(a, c.inc_a, b, c.inc_b, s0, s1, s2, s3, r1, c.inc_r1) : run(a, b, s0, s1, s2, s3, r1);
     case Shape::pack:
       break;
   }
@@ -84,13 +79,13 @@ inline orvik_status call(const Row& row, const Functions& f, bool strided, const
   void* const function = strided ? f.strided : f.unit;
   switch (row.precision) {
     case 's':
-      return call_typed<float>(row, function, strided, c, o);
+      return call_typed<float, float>(row, function, strided, c, o);
     case 'd':
-      return call_typed<double>(row, function, strided, c, o);
+      return call_typed<double, double>(row, function, strided, c, o);
     case 'c':
-      return call_typed<ZymComplexFloat>(row, function, strided, c, o);
+      return call_typed<ZymComplexFloat, float>(row, function, strided, c, o);
     default:
-      return call_typed<ZymComplexDouble>(row, function, strided, c, o);
+      return call_typed<ZymComplexDouble, double>(row, function, strided, c, o);
   }
 }
 

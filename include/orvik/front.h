@@ -17,8 +17,8 @@
 #include "orvik/version.h"
 #include "orvik/zym_types.h" /* complex elements */
 
+/* What every call returns: one of these, or a status of the kernels. */
 typedef int32_t orvik_status;
-
 enum {
   ORVIK_SUCCESS = 0,
   /* A vector function met such elements: the least code of all. */
@@ -43,6 +43,7 @@ enum {
 
 /* ---- Options of the vector functions ------------------------------------------------------------------------------- */
 
+/* Levels of accuracy. */
 enum { ORVIK_HA = 0, ORVIK_LA = 1, ORVIK_EP = 2 };
 
 /* An exceptional element. Second parts are imaginary ones, of a real function with two results the second result; what the
@@ -50,9 +51,10 @@ enum { ORVIK_HA = 0, ORVIK_LA = 1, ORVIK_EP = 2 };
 typedef struct orvik_report {
   int64_t index; /* in the whole call */
   int32_t code;  /* ORVIK_DOMAIN ... ORVIK_UNDERFLOW */
-  double a[2], b[2], r[2];
+  double a[2], b[2], r[2]; /* arguments and result */
 } orvik_report;
 
+/* How vector functions are computed; null: high accuracy, as many threads as pay, no reports. */
 typedef struct orvik_math_options {
   int32_t accuracy;        /* ORVIK_HA, ORVIK_LA, ORVIK_EP */
   int32_t threads;         /* 0: as many as pay; 1: the caller's alone */
@@ -76,6 +78,7 @@ int32_t orvik_get_num_threads(void);
 
 /* ---- Streams ------------------------------------------------------------------------------------------------------- */
 
+/* A stream of random numbers. */
 typedef struct orvik_stream orvik_stream;
 
 /* Generators. Members of the families: ORVIK_MT2203 + k, k below 6024; ORVIK_WH + k, k below 273. */
@@ -123,6 +126,7 @@ int32_t orvik_stream_generator(const orvik_stream* s);
  * of the request skip ahead. They stay on the caller's thread where the generator cannot skip, or where half a pair of
  * normal numbers may be waiting in the stream. */
 #define ORVIK_FRONT_DRAWS(d, real)                                                                                      \
+  /* From a to b. */                                                                                                    \
   orvik_status orvik_##d##_uniform(orvik_stream* s, int64_t n, real* r, real a, real b);                                \
   orvik_status orvik_##d##_uniform_threads(orvik_stream* s, int64_t n, real* r, real a, real b, int32_t threads);       \
   /* By the inverse of the distribution function, one uniform a number. */                                              \
@@ -230,6 +234,7 @@ ORVIK_FRONT_STATISTICS(s, float)
 
 /* ---- Data fitting -------------------------------------------------------------------------------------------------- */
 
+/* Kinds of splines. */
 enum {
   ORVIK_LINEAR = 0,
   ORVIK_HERMITE = 1, /* internal: the nx - 2 inner first derivatives, of every function */
@@ -241,15 +246,17 @@ enum {
   ORVIK_QUADRATIC = 7 /* knots of its own between the breakpoints: nx pieces, one about each; ends free, first, second */
 };
 
+/* Kinds of ends. */
 enum { ORVIK_ENDS_FREE = 0, ORVIK_ENDS_NOT_A_KNOT = 1, ORVIK_ENDS_PERIODIC = 2, ORVIK_ENDS_FIRST = 3, ORVIK_ENDS_SECOND = 4 };
 
 /* What holds at the two ends; the derivatives of that order for the last two kinds. */
 typedef struct orvik_spline_ends {
-  int32_t kind;
-  double left, right;
+  int32_t kind;        /* ORVIK_ENDS_... */
+  double left, right;  /* the derivatives */
 } orvik_spline_ends;
 
 #define ORVIK_FRONT_FITTING(d, real)                                                                                    \
+  /* A spline over one partition, of one or several functions. */                                                       \
   typedef struct orvik_##d##_spline orvik_##d##_spline;                                                                 \
   /* A spline through ny functions y[f * nx + i] at x[0] < ... < x[nx - 1]. Copies what it needs. `ends` null: free. */ \
   orvik_status orvik_##d##_spline_new(orvik_##d##_spline** s, int64_t nx, const real* x, int64_t ny, const real* y,     \

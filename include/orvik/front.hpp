@@ -20,24 +20,29 @@
 
 namespace orvik {
 
+// Elements.
 template <class T>
 concept Real = std::same_as<T, float> || std::same_as<T, double>;
 template <class T>
 concept Number = Real<T> || std::same_as<T, std::complex<float>> || std::same_as<T, std::complex<double>>;
 
+// What goes wrong, with its status and the sentence for it.
 class Error : public std::runtime_error {
  public:
+  // Of any status below 0.
   explicit Error(std::int32_t status) : std::runtime_error(orvik_status_text(status)), status_(status) {}
+  // The status.
   std::int32_t status() const noexcept { return status_; }
 
  private:
   std::int32_t status_;
 };
 
+// Levels, reports and options of vector functions.
 enum class Accuracy : std::int32_t { HA = ORVIK_HA, LA = ORVIK_LA, EP = ORVIK_EP };
 using Report = orvik_report;
 struct MathOptions {
-  Accuracy accuracy = Accuracy::HA;
+  Accuracy accuracy = Accuracy::HA;        // the level
   int threads = 0;                         // 0: as many as pay
   std::vector<Report>* reports = nullptr;  // receives all exceptional elements
 };
@@ -178,6 +183,7 @@ ORVIK_FRONT_C(float, s)
 
 }  // namespace detail
 
+// As the functions of these names in orvik/version.h and orvik/front.h.
 inline const char* version() noexcept { return orvik_version(); }
 inline bool cpu_supported() noexcept { return orvik_cpu_supported() != 0; }
 inline void set_num_threads(int threads) { detail::check(orvik_set_num_threads(threads)); }
@@ -185,6 +191,7 @@ inline void set_num_threads(int threads) { detail::check(orvik_set_num_threads(t
 // ---- Random numbers
 // --------------------------------------------------------------------------------------------------
 
+// Generators.
 enum class Generator : std::int32_t {
   MCG31M1 = ORVIK_MCG31M1,
   R250 = ORVIK_R250,
@@ -208,10 +215,12 @@ constexpr Generator member(Generator family, int k) {
 // A stream, and a uniform random bit generator of 32-bit words.
 class Stream {
  public:
+  // What std::uniform_random_bit_generator asks for.
   using result_type = std::uint32_t;
   static constexpr result_type min() { return 0; }
   static constexpr result_type max() { return std::numeric_limits<result_type>::max(); }
 
+  // Seeded by the low and the high word of a seed (of Sobol and Niederreiter the dimension), or by words.
   explicit Stream(Generator generator = Generator::PHILOX4X32X10, std::uint64_t seed = 0) {
     orvik_stream* s = nullptr;
     detail::check(orvik_stream_new(&s, static_cast<std::int32_t>(generator), seed));
@@ -225,11 +234,14 @@ class Stream {
     owned_ = Handle(s);
   }
 
+  // The next word.
   result_type operator()() {
     result_type word;
     detail::check(orvik_i_words(get(), 1, &word));
     return word;
   }
+  // An independent copy; members on; members k, k + nstreams ...; images; the generator: as orvik_stream_... of
+  // front.h.
   Stream copy() const {
     orvik_stream* s = nullptr;
     detail::check(orvik_stream_copy(&s, get()));
@@ -278,6 +290,7 @@ concept Results = requires(R& r) {
   }
 #define ORVIK_FRONT_LIST(...) __VA_ARGS__
 using std::type_identity_t;
+// Fills r with numbers of the distribution: orvik_d_... and orvik_s_... of that name in orvik/front.h.
 ORVIK_FRONT_DRAW(uniform, (type_identity_t<T> a = 0, type_identity_t<T> b = 1), a, b)
 ORVIK_FRONT_DRAW(normal, (type_identity_t<T> mean = 0, type_identity_t<T> sigma = 1), mean, sigma)
 ORVIK_FRONT_DRAW(gaussian,
@@ -326,6 +339,7 @@ void multivariate_normal(Stream& s, R&& r, std::span<const std::type_identity_t<
                                                   method));
 }
 
+// Fills r with integers: orvik_i_... of that name in orvik/front.h.
 inline void words(Stream& s, std::span<std::uint32_t> r) {
   detail::check(orvik_i_words(s.get(), detail::length(r.size()), r.data()));
 }
@@ -349,6 +363,7 @@ inline void hypergeometric(Stream& s, std::span<std::int32_t> r, std::int32_t l,
 // ---- Statistics
 // ------------------------------------------------------------------------------------------------------
 
+// Whether a variable or an observation is contiguous.
 enum class Layout : std::int32_t { Rows = ORVIK_ROWS, Columns = ORVIK_COLUMNS };
 
 namespace detail {
@@ -365,6 +380,7 @@ void check_data(std::span<const T> x, std::int64_t n, std::int64_t p) {
 template <Real T>
 class Summary {
  public:
+  // As orvik_d_summary_... of these names in orvik/front.h, for p variables.
   explicit Summary(std::int64_t p) {
     typename F::Summary* s = nullptr;
     detail::check(F::summary_new(&s, p));
@@ -467,6 +483,7 @@ ORVIK_FRONT_OF_VECTOR(mad)
 template <Real T>
 class StreamQuantiles {
  public:
+  // As orvik_d_stream_quantiles_... in orvik/front.h, for p variables.
   StreamQuantiles(std::int64_t p, T epsilon) : p_(p) {
     typename F::StreamQuantiles* s = nullptr;
     detail::check(F::stream_quantiles_new(&s, p, epsilon));
@@ -493,6 +510,7 @@ class StreamQuantiles {
 // ---- Data fitting
 // ----------------------------------------------------------------------------------------------------
 
+// Kinds of splines.
 enum class Kind : std::int32_t {
   Linear = ORVIK_LINEAR,
   Hermite = ORVIK_HERMITE,
@@ -504,7 +522,10 @@ enum class Kind : std::int32_t {
   Quadratic = ORVIK_QUADRATIC
 };
 
+// What holds at the ends: second derivatives of 0 or what the kind has by itself, no knot next to them, periodic, or
+// derivatives given.
 struct Ends {
+  // The kind with its values, and the functions that make them.
   orvik_spline_ends ends = {ORVIK_ENDS_FREE, 0, 0};
   static Ends free() { return {}; }
   static Ends not_a_knot() { return {{ORVIK_ENDS_NOT_A_KNOT, 0, 0}}; }
@@ -517,6 +538,7 @@ struct Ends {
 template <Real T>
 class Spline {
  public:
+  // Through the points x, of each row of y.
   Spline(std::span<const T> x, std::span<const T> y, Kind kind = Kind::Natural, Ends ends = {},
          std::span<const T> internal = {}) {
     const std::int64_t nx = detail::length(x.size()), ny = functions(nx, y, kind, internal);
@@ -550,6 +572,7 @@ class Spline {
     evaluate(t, r, derivative);
     return r;
   }
+  // The integral from a to b of the only function; of function f from a[i] to b[i] to r[f * a.size() + i].
   T integrate(T a, T b) const {
     T r;
     integrate(std::span<const T>(&a, 1), std::span<const T>(&b, 1), std::span<T>(&r, 1));

@@ -2259,342 +2259,427 @@ inline std::vector<double> yn(int32_t order, std::span<const double> a, const Ma
   return made;
 }
 
+// r = |a|
 template <Real T>
 std::int32_t abs(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return abs(a, r, options);
 }
+// arc cosine
 template <Number T>
 std::int32_t acos(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return acos(a, r, options);
 }
+// inverse hyperbolic cosine
 template <Number T>
 std::int32_t acosh(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return acosh(a, r, options);
 }
+// arc cosine / pi
 template <Real T>
 std::int32_t acospi(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return acospi(a, r, options);
 }
+// r = a + b
 template <Number T>
 std::int32_t add(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return add(a, b, r, options);
 }
+// arc sine
 template <Number T>
 std::int32_t asin(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return asin(a, r, options);
 }
+// inverse hyperbolic sine
 template <Number T>
 std::int32_t asinh(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return asinh(a, r, options);
 }
+// arc sine / pi
 template <Real T>
 std::int32_t asinpi(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return asinpi(a, r, options);
 }
+// arc tangent
 template <Number T>
 std::int32_t atan(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return atan(a, r, options);
 }
+// angle of the point (b, a) in [-pi, pi]
 template <Real T>
 std::int32_t atan2(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return atan2(a, b, r, options);
 }
+// angle of the point (b, a) / pi
 template <Real T>
 std::int32_t atan2pi(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return atan2pi(a, b, r, options);
 }
+// inverse hyperbolic tangent
 template <Number T>
 std::int32_t atanh(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return atanh(a, r, options);
 }
+// arc tangent / pi
 template <Real T>
 std::int32_t atanpi(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return atanpi(a, r, options);
 }
+// cube root
 template <Real T>
 std::int32_t cbrt(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return cbrt(a, r, options);
 }
+// normal distribution function
 template <Real T>
 std::int32_t cdfnorm(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return cdfnorm(a, r, options);
 }
+// normal quantile
 template <Real T>
 std::int32_t cdfnorminv(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return cdfnorminv(a, r, options);
 }
+// smallest integer not below a
 template <Real T>
 std::int32_t ceil(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return ceil(a, r, options);
 }
+// conjugate: (re, -im)
 template <Number T>
 std::int32_t conj(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return conj(a, r, options);
 }
+// |a| with the sign of b
 template <Real T>
 std::int32_t copysign(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return copysign(a, b, r, options);
 }
+// cosine, a in radians
 template <Number T>
 std::int32_t cos(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return cos(a, r, options);
 }
+// cosine, a in degrees
 template <Real T>
 std::int32_t cosd(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return cosd(a, r, options);
 }
+// hyperbolic cosine
 template <Number T>
 std::int32_t cosh(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return cosh(a, r, options);
 }
+// cosine of a pi
 template <Real T>
 std::int32_t cospi(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return cospi(a, r, options);
 }
+// r = a / b
 template <Number T>
 std::int32_t div(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return div(a, b, r, options);
 }
+// error function
 template <Real T>
 std::int32_t erf(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return erf(a, r, options);
 }
+// complementary error function 1 - erf(a)
 template <Real T>
 std::int32_t erfc(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return erfc(a, r, options);
 }
+// inverse complementary error function
 template <Real T>
 std::int32_t erfcinv(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return erfcinv(a, r, options);
 }
+// e^(a^2) erfc(a)
 template <Real T>
 std::int32_t erfcx(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return erfcx(a, r, options);
 }
+// inverse error function
 template <Real T>
 std::int32_t erfinv(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return erfinv(a, r, options);
 }
+// e^a
 template <Number T>
 std::int32_t exp(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return exp(a, r, options);
 }
+// 10^a
 template <Real T>
 std::int32_t exp10(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return exp10(a, r, options);
 }
+// 2^a
 template <Real T>
 std::int32_t exp2(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return exp2(a, r, options);
 }
+// exponential integral E1: integral of e^-t / t from a on
 template <Real T>
 std::int32_t expint1(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return expint1(a, r, options);
 }
+// e^a - 1
 template <Real T>
 std::int32_t expm1(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return expm1(a, r, options);
 }
+// a - b where a > b, else +0
 template <Real T>
 std::int32_t fdim(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return fdim(a, b, r, options);
 }
+// largest integer not above a
 template <Real T>
 std::int32_t floor(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return floor(a, r, options);
 }
+// larger of a and b; a NaN loses
 template <Real T>
 std::int32_t fmax(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return fmax(a, b, r, options);
 }
+// smaller of a and b; a NaN loses
 template <Real T>
 std::int32_t fmin(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return fmin(a, b, r, options);
 }
+// a - b trunc(a / b)
 template <Real T>
 std::int32_t fmod(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return fmod(a, b, r, options);
 }
+// a - trunc(a), with the sign of a
 template <Real T>
 std::int32_t frac(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return frac(a, r, options);
 }
+// sqrt(a^2 + b^2)
 template <Real T>
 std::int32_t hypot(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return hypot(a, b, r, options);
 }
+// modified Bessel function I of order 0
 template <Real T>
 std::int32_t i0(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return i0(a, r, options);
 }
+// modified Bessel function I of order 1
 template <Real T>
 std::int32_t i1(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return i1(a, r, options);
 }
+// r = 1 / a
 template <Real T>
 std::int32_t inv(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return inv(a, r, options);
 }
+// 1 / cbrt(a)
 template <Real T>
 std::int32_t invcbrt(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return invcbrt(a, r, options);
 }
+// 1 / sqrt(a)
 template <Real T>
 std::int32_t invsqrt(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return invsqrt(a, r, options);
 }
+// Bessel function J of order 0
 template <Real T>
 std::int32_t j0(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return j0(a, r, options);
 }
+// Bessel function J of order 1
 template <Real T>
 std::int32_t j1(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return j1(a, r, options);
 }
+// ln |gamma(a)|
 template <Real T>
 std::int32_t lgamma(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return lgamma(a, r, options);
 }
+// natural logarithm
 template <Number T>
 std::int32_t ln(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return ln(a, r, options);
 }
+// logarithm to base 10
 template <Number T>
 std::int32_t log10(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return log10(a, r, options);
 }
+// ln(1 + a)
 template <Real T>
 std::int32_t log1p(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return log1p(a, r, options);
 }
+// logarithm to base 2
 template <Real T>
 std::int32_t log2(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return log2(a, r, options);
 }
+// exponent of a: floor(log2 |a|)
 template <Real T>
 std::int32_t logb(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return logb(a, r, options);
 }
+// the one of larger magnitude; a NaN loses
 template <Real T>
 std::int32_t maxmag(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return maxmag(a, b, r, options);
 }
+// the one of smaller magnitude; a NaN loses
 template <Real T>
 std::int32_t minmag(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return minmag(a, b, r, options);
 }
+// r1 = trunc(a), r2 = a - trunc(a), both with the sign of a
 template <Real T>
 std::int32_t modf(std::span<const T> a, std::span<T> r1, std::span<T> r2, const MathOptions& options = {}) {
   return modf(a, r1, r2, options);
 }
+// r = a b
 template <Number T>
 std::int32_t mul(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return mul(a, b, r, options);
 }
+// r = a conj(b)
 template <Number T>
 std::int32_t mulbyconj(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return mulbyconj(a, b, r, options);
 }
+// a rounded to nearest, ties to even; never raises inexact
 template <Real T>
 std::int32_t nearbyint(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return nearbyint(a, r, options);
 }
+// the float next to a towards b
 template <Real T>
 std::int32_t nextafter(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return nextafter(a, b, r, options);
 }
+// a^b
 template <Number T>
 std::int32_t pow(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return pow(a, b, r, options);
 }
+// cbrt(a)^2
 template <Real T>
 std::int32_t pow2o3(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return pow2o3(a, r, options);
 }
+// a^(3/2)
 template <Real T>
 std::int32_t pow3o2(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return pow3o2(a, r, options);
 }
+// a^b for a not below 0
 template <Real T>
 std::int32_t powr(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return powr(a, b, r, options);
 }
+// IEEE remainder: a - b n, n the integer nearest to a / b
 template <Real T>
 std::int32_t remainder(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return remainder(a, b, r, options);
 }
+// a rounded to nearest, ties to even; raises inexact
 template <Real T>
 std::int32_t rint(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return rint(a, r, options);
 }
+// a rounded to nearest, ties away from zero
 template <Real T>
 std::int32_t round(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return round(a, r, options);
 }
+// sine, a in radians
 template <Number T>
 std::int32_t sin(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return sin(a, r, options);
 }
+// r1 = sine, r2 = cosine, a in radians
 template <Real T>
 std::int32_t sincos(std::span<const T> a, std::span<T> r1, std::span<T> r2, const MathOptions& options = {}) {
   return sincos(a, r1, r2, options);
 }
+// r1 = sine, r2 = cosine of a pi
 template <Real T>
 std::int32_t sincospi(std::span<const T> a, std::span<T> r1, std::span<T> r2, const MathOptions& options = {}) {
   return sincospi(a, r1, r2, options);
 }
+// sine, a in degrees
 template <Real T>
 std::int32_t sind(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return sind(a, r, options);
 }
+// hyperbolic sine
 template <Number T>
 std::int32_t sinh(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return sinh(a, r, options);
 }
+// sine of a pi
 template <Real T>
 std::int32_t sinpi(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return sinpi(a, r, options);
 }
+// r = a^2
 template <Real T>
 std::int32_t sqr(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return sqr(a, r, options);
 }
+// square root
 template <Number T>
 std::int32_t sqrt(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return sqrt(a, r, options);
 }
+// r = a - b
 template <Number T>
 std::int32_t sub(std::span<const T> a, std::span<const T> b, std::span<T> r, const MathOptions& options = {}) {
   return sub(a, b, r, options);
 }
+// tangent, a in radians
 template <Number T>
 std::int32_t tan(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return tan(a, r, options);
 }
+// tangent, a in degrees
 template <Real T>
 std::int32_t tand(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return tand(a, r, options);
 }
+// hyperbolic tangent
 template <Number T>
 std::int32_t tanh(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return tanh(a, r, options);
 }
+// tangent of a pi
 template <Real T>
 std::int32_t tanpi(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return tanpi(a, r, options);
 }
+// gamma function
 template <Real T>
 std::int32_t tgamma(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return tgamma(a, r, options);
 }
+// a rounded towards zero
 template <Real T>
 std::int32_t trunc(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return trunc(a, r, options);
 }
+// Bessel function Y of order 0
 template <Real T>
 std::int32_t y0(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return y0(a, r, options);
 }
+// Bessel function Y of order 1
 template <Real T>
 std::int32_t y1(std::span<const T> a, std::span<T> r, const MathOptions& options = {}) {
   return y1(a, r, options);

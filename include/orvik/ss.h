@@ -20,14 +20,15 @@
 extern "C" {
 #endif
 
+/* A task, made by SSNewTask and freed by SSDeleteTask. */
 typedef void* OrvikSSTask;
 
 /* A caller's threads. `run` calls routine(thread, 0, threads, context) once for each thread from 0 to threads - 1 and
  * returns when all have finished. A null table means one thread. */
 typedef struct OrvikThreading {
-  int32_t (*max_threads)(void);
+  int32_t (*max_threads)(void); /* how many may be used */
   int32_t (*run)(int32_t threads, void* context,
-                 void (*routine)(int32_t thread, int32_t zero, int32_t threads, void* context));
+                 void (*routine)(int32_t thread, int32_t zero, int32_t threads, void* context)); /* runs it on each */
 } OrvikThreading;
 
 /* Fields of a task, by their parameter ids. */

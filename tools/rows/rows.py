@@ -591,6 +591,7 @@ def make_front_cxx():
     for (name, shape), rows in sorted(by_name.items()):
         concept = "Number" if any(r.precision in "cz" for r in rows) else "Real"
         parameters = [("std::span<const T>" if t.startswith("const") else "std::span<T>", a) for t, a in arguments_of(shape, 0)]
+        out.append(f"// {TEXT[rows[0].function]}")
         out.append(f"template <{concept} T>")
         out.append(f"std::int32_t {name}({', '.join(f'{t} {a}' for t, a in parameters)}, const MathOptions& options = {{}}) {{")
         out.append(f"  return {name}({', '.join(a for _, a in parameters)}, options);")

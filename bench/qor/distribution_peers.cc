@@ -1,5 +1,7 @@
 #include "distribution_peers.h"
 
+#include <dlfcn.h>
+
 #include <memory>
 #include <random>
 
@@ -167,6 +169,40 @@ IntegerPeers poisson_peers(double mean) {
   ORVIK_BOOST(poisson_distribution<int>(mean));
   ORVIK_GSL([mean](gsl_rng* g) { return gsl_ran_poisson(g, mean); });
   return peers;
+}
+
+IntegerPeers multinomial_peers(int trials, const std::vector<double>& p) {
+  IntegerPeers peers;
+#ifdef ORVIK_BENCH_GSL
+  const std::shared_ptr<gsl_rng> g(gsl_rng_alloc(gsl_rng_mt19937), gsl_rng_free);
+  peers.push_back({"GSL", [=](int32_t* r, int32_t n) {
+                     const auto k = static_cast<int32_t>(p.size());
+                     for (int32_t i = 0; i + k <= n; i += k)
+                       gsl_ran_multinomial(g.get(), p.size(), static_cast<unsigned>(trials), p.data(),
+                                           reinterpret_cast<unsigned*>(r + i));
+                   }});
+#else
+  static_cast<void>(trials);
+  static_cast<void>(p);
+#endif
+  return peers;
+}
+
+RealPeers normals_and_product(int dimen, const std::vector<double>& factor) {
+  using Trmm = void (*)(const char*, const char*, const char*, const char*, const int32_t*, const int32_t*,
+                        const double*, const double*, const int32_t*, double*, const int32_t*);
+  void* const package = dlopen("libblas.so.3", RTLD_NOW);  // the package that the library itself binds
+  const auto trmm = package == nullptr ? nullptr : reinterpret_cast<Trmm>(dlsym(package, "dtrmm_"));
+  if (trmm == nullptr) return {};
+  const auto stream = std::make_shared<OrvikStream>();
+  const uint32_t seed = 777;
+  __qorNewStreamEx(stream.get(), ORVIK_BRNG_MT19937, 1, &seed);
+  return {{"normals and dtrmm", [=](double* r, int32_t n) {
+             const int32_t vectors = n / dimen;
+             const double one = 1;
+             _qordRngGaussian(ORVIK_GAUSSIAN_BOX_MULLER_PAIRS, *stream, vectors * dimen, r, 0, 1);
+             trmm("L", "U", "T", "N", &dimen, &vectors, &one, factor.data(), &dimen, r, &dimen);
+           }}};
 }
 
 }  // namespace orvik::bench

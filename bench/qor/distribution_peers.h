@@ -31,5 +31,9 @@ IntegerPeers binomial_peers(int trials, double p);
 IntegerPeers hypergeometric_peers(int lot, int sample, int marked);
 IntegerPeers negative_binomial_peers(double a, double p);
 IntegerPeers poisson_peers(double mean);
+IntegerPeers multinomial_peers(int trials, const std::vector<double>& p);  // rows of counts one after another
+
+// Normal numbers of our own and BLAS's triangular product, of vectors of that dimension; none where there is no BLAS.
+RealPeers normals_and_product(int dimen, const std::vector<double>& factor);
 
 }  // namespace orvik::bench

@@ -79,6 +79,32 @@ void run(const std::vector<Subject<T>>& subjects, const char* only) {
 #define ORVIK_DRAW(T, Function, method, ...) \
   [=](OrvikStream s, int32_t n, T* r) { return _qor##Function(method, s, n, r, __VA_ARGS__); }
 
+// Vectors of 50 dimensions; numbers are counted.
+Subject<double> gaussian_vectors() {
+  constexpr int32_t kDimen = 50;
+  std::vector<double> factor(static_cast<size_t>(kDimen) * kDimen), mean(kDimen, 1);
+  for (size_t i = 0; i < kDimen; ++i)
+    for (size_t j = 0; j <= i; ++j) factor[i * kDimen + j] = 1 / static_cast<double>(1 + i + j);
+  return {"GaussianMV of 50 dimensions, method 1",
+          [=](OrvikStream s, int32_t n, double* r) {
+            return _qordRngGaussianMV(ORVIK_GAUSSIAN_BOX_MULLER_PAIRS, s, n / kDimen, r, kDimen, ORVIK_FACTOR_FULL,
+                                      mean.data(), factor.data());
+          },
+          orvik::bench::normals_and_product(kDimen, factor),
+          {0, 0.77}};
+}
+
+// Rows of five outcomes; counts are counted.
+Subject<int32_t> multinomial(uint32_t method, int32_t trials) {
+  const std::vector<double> p = {0.1, 0.2, 0.3, 0.15, 0.25};
+  return {"Multinomial of " + std::to_string(trials) + ", method " + std::to_string(method),
+          [=](OrvikStream s, int32_t n, int32_t* r) {
+            return _qoriRngMultinomial(method, s, n / 5, r, trials, 5, p.data());
+          },
+          orvik::bench::multinomial_peers(trials, p),
+          {}};
+}
+
 std::vector<Subject<double>> real() {
   using namespace orvik::bench;
   std::vector<Subject<double>> list = {
@@ -100,6 +126,7 @@ std::vector<Subject<double>> real() {
       {"Cauchy", ORVIK_DRAW(double, dRngCauchy, 0, 0, 1), cauchy_peers(), {}},
       {"Weibull of shape 2.5", ORVIK_DRAW(double, dRngWeibull, 0, 2.5, 0, 1), weibull_peers(2.5), {}},
       {"Lognormal", ORVIK_DRAW(double, dRngLognormal, 0, 0, 1, 0, 1), lognormal_peers(), {}},
+      gaussian_vectors(),
       {"Gumbel", ORVIK_DRAW(double, dRngGumbel, 0, 0, 1), {}, {}},
       {"Laplace", ORVIK_DRAW(double, dRngLaplace, 0, 0, 1), {}, {}},
       {"Rayleigh", ORVIK_DRAW(double, dRngRayleigh, 0, 0, 1), {}, {}},
@@ -129,6 +156,25 @@ std::vector<Subject<int32_t>> discrete() {
        ORVIK_DRAW(int32_t, iRngHypergeometric, 0, 1000000, 5000, 4000),
        hypergeometric_peers(1000000, 5000, 4000),
        {3, 3}},
+      {"Negbinomial of 5, 0.3",
+       ORVIK_DRAW(int32_t, iRngNegbinomial, 0, 5, 0.3),
+       negative_binomial_peers(5, 0.3),
+       {3, 3}},
+      {"Negbinomial of 1000, 0.3",
+       ORVIK_DRAW(int32_t, iRngNegbinomial, 0, 1000, 0.3),
+       negative_binomial_peers(1000, 0.3),
+       {3, 3}},
+      {"Negbinomial of 40, 0.005",
+       ORVIK_DRAW(int32_t, iRngNegbinomial, 0, 40, 0.005),
+       negative_binomial_peers(40, 0.005),
+       {3, 3}},
+      {"Poisson of 10", ORVIK_DRAW(int32_t, iRngPoisson, 0, 10), poisson_peers(10), {3, 3}},
+      {"Poisson of 100", ORVIK_DRAW(int32_t, iRngPoisson, 0, 100), poisson_peers(100), {3, 3}},
+      {"Poisson of 10^6", ORVIK_DRAW(int32_t, iRngPoisson, 0, 1e6), poisson_peers(1e6), {3, 3}},
+      {"Poisson of 10^6, method 1", ORVIK_DRAW(int32_t, iRngPoisson, 1, 1e6), poisson_peers(1e6), {3, 3}},
+      multinomial(0, 100),
+      multinomial(1, 100),
+      multinomial(0, 1000000),
       {"Geometric of 0.2", ORVIK_DRAW(int32_t, iRngGeometric, 0, 0.2), geometric_peers(0.2), {}},
   };
   return list;

@@ -1,5 +1,5 @@
 // Statistics against the libraries of the field, side by side in one run. Prints a Markdown table.
-//   bench_ss [moments|covariance|sorting|threads|stream ...]
+//   bench_ss [moments|covariance|sorting|robust|threads|robust_threads|stream|quartiles|short|shapes|cliffs ...]
 #include <cstdio>
 #include <cstring>
 
@@ -7,8 +7,14 @@ namespace orvik::bench {
 void moments();
 void covariance();
 void sorting();
+void robust();
 void two_threads();
+void robust_threads();
 void stream();
+void quartiles();
+void short_data();
+void all_shapes();
+void all_cliffs();
 }  // namespace orvik::bench
 
 int main(int argc, char** argv) {
@@ -19,8 +25,14 @@ int main(int argc, char** argv) {
   } parts[] = {{"moments", moments},
                {"covariance", covariance},
                {"sorting", sorting},
+               {"robust", robust},
                {"threads", two_threads},
-               {"stream", stream}};
+               {"robust_threads", robust_threads},
+               {"stream", stream},
+               {"quartiles", quartiles},
+               {"short", short_data},
+               {"shapes", all_shapes},
+               {"cliffs", all_cliffs}};
   printf("| what | orvik, ns | peer | peer, ns | peer / orvik |\n|---|---|---|---|---|\n");
   for (const auto& part : parts) {
     bool wanted = argc == 1;

@@ -12,7 +12,9 @@ import table  # noqa: E402
 machine = sys.argv[1]
 program = str(root / "build/release/bin/bench_ss")
 env = dict(os.environ, OPENBLAS_NUM_THREADS="1")
-rows = table.rows(["taskset", "-c", "1", program, "moments", "covariance", "sorting", "stream"], env)
+rows = table.rows(["taskset", "-c", "1", program, "moments", "covariance", "sorting", "robust", "stream"], env)
+rows = table.rows(["taskset", "-c", "1", program, "moments", "covariance", "sorting", "stream", "quartiles", "short",
+                   "shapes", "cliffs"], env)
 rows += table.rows([program, "threads"], env)[1:]
 
 # What is compared with whom must reach which ratio: the first line whose words all occur.
@@ -20,6 +22,15 @@ GOALS = [
     (("two threads", "reading memory"), None),
     (("two threads",), 1.8),
     (("stream quantiles",), None),
+    (("covariances",), 1),
+    (("imputation",), 0.8),
+    (("std::nth_element",), 1),
+    (("n = 1000", "mean"), 1),
+    (("n = 1000", "moments"), 1),
+    (("n = 1000", "sums"), 1),
+    (("n = 10",), None),
+    (("one plain variable",), None),
+    (("cliffs",), 0.5),
     (("reading memory",), 0.9),
     (("fast", "Boost"), 2),
     (("fast", "GSL"), 10),
@@ -53,11 +64,13 @@ print("\n".join([
     "Two threads gain no more from sums of powers than from a plain read, which they are next to; where memory is shared with",
     "other machines, its line tells how much that is.", "",
     "## Memory", "",
-    "Beyond the caller's arrays a call of one thread takes: moments, at most 8 rows of p values (on the frame up to 512",
-    "values); covariance, one p by p matrix where no full matrix of the request can be accumulated in place, and 256 KiB for",
-    "the block of observations where it is scaled or centred; quantiles, sort, deviations, n values (weighted median 2 n).",
-    "Further threads take rows, a matrix and a block of their own. Stream quantiles: `StreamMemory` in",
-    "`tests/qor/ss/stream_quantiles_test.cc` checks the bound 72 log2(4 epsilon n)^2 / epsilon bytes.", "",
+    "Beyond the caller's arrays a call of one thread takes: moments, at most 12 rows of p doubles and two of p values (on the frame",
+    "up to 4 KiB); covariance, one p by p matrix where no full matrix of the request can be accumulated in place, and 256 KiB for",
+    "the block of observations that is centred; quantiles, sort, deviations, n values (weighted median 2 n).",
+    "Further threads take rows, a matrix and a block of their own; threads by variable take 1 GiB of copies together at most. Stream",
+    "quantiles: `StreamMemory` in `tests/qor/ss/stream_quantiles_test.cc` checks the bound 72 log2(4 epsilon n)^2 / epsilon bytes.", "",
+    "The lines of cliffs tell for a shape the length up to 1,023 whose call takes longest against any longer one (1 is best); the",
+    "figure beside it is the time of a call of one observation.", "",
     "## A long stream", "",
     "`build/release/bin/tour examples/data/airquality.csv` feeds 10^8 (or `TOUR_STREAM_VALUES`) generated values to stream",
     "quantiles with epsilon = 0.001, progress shown."]))

@@ -1,6 +1,7 @@
 // Sorting and selection of 10^6 doubles, against the standard library. Units: one value.
 #include <algorithm>
 #include <cmath>
+#include <string>
 
 #include "ss/rounds.h"
 #include "ss/task.h"
@@ -57,6 +58,60 @@ void sorting() {
                 work = x;
                 for (int j = 0; j < 10; ++j) std::sort(work.begin() + j * kCount / 10, work.begin() + (j + 1) * kCount / 10);
               }}});
+  }
+}
+
+namespace {
+
+// Quartiles and median absolute deviation, beside what nth_element needs for them on a copy.
+template <class T>
+void selections(int64_t n) {
+  const auto x = normal_values<T>(n);
+  std::vector<T> work(n);
+  volatile T sink = 0;
+  TaskOf<T> task(1, n, ORVIK_SS_STORAGE_ROWS, x.data());
+  task.set_orders({T{0.25}, T{0.5}, T{0.75}});
+  const int64_t calls = 1'000'000 / n;
+  auto repeated = [calls](auto call) {
+    return [calls, call] {
+      for (int64_t k = 0; k < calls; ++k) call();
+    };
+  };
+  // The element of a rank and the least one behind it, in a range whose first element has rank `from`.
+  auto rank = [&work](int64_t from, double order) {
+    const double f = order * static_cast<double>(work.size() - 1);
+    const auto k = static_cast<int64_t>(f);
+    std::nth_element(work.begin() + from, work.begin() + k, work.end());
+    const T next = *std::min_element(work.begin() + k + 1, work.end());
+    return work[k] + static_cast<T>(f - std::floor(f)) * (next - work[k]);
+  };
+  const std::string tail = std::string(sizeof(T) == 4 ? ", float" : ", double") + ", n = " + std::to_string(n);
+  compare("quartiles" + tail, static_cast<double>(calls * n),
+          {{"", repeated([&] { Entries<T>::quantiles(task.get(), ORVIK_SS_QUANTILES, 1, nullptr); })},
+           {"std::nth_element", repeated([&] {
+              std::copy(x.begin(), x.end(), work.begin());
+              const T low = rank(0, 0.25);
+              const T middle = rank(static_cast<int64_t>(0.25 * static_cast<double>(n - 1)) + 1, 0.5);
+              sink = low + middle + rank(static_cast<int64_t>(0.5 * static_cast<double>(n - 1)) + 1, 0.75);
+            })}},
+          15);
+  compare("median absolute deviation" + tail, static_cast<double>(calls * n),
+          {{"", repeated([&] { Entries<T>::mad(task.get(), ORVIK_SS_MEDIAN_ABS_DEVIATION, 1, nullptr); })},
+           {"std::nth_element", repeated([&] {
+              std::copy(x.begin(), x.end(), work.begin());
+              const T m = rank(0, 0.5);
+              for (T& v : work) v = std::fabs(v - m);
+              sink = rank(0, 0.5);
+            })}},
+          15);
+}
+
+}  // namespace
+
+void quartiles() {
+  for (int64_t n : {1000, 100'000}) {
+    selections<double>(n);
+    selections<float>(n);
   }
 }
 

@@ -21,8 +21,17 @@ void show_periodogram(const Table& table);
 // A bootstrap interval of a mean, its random numbers split over several streams in three ways.
 void show_streams(const Table& table);
 
+// Simulated columns: distributions with a column's mean and deviation, the nearest one's histogram beside the data's.
+void show_simulation(const Table& table);
+
+// A mean over six dimensions by pseudo-random and by quasi-random points.
+void show_integration(const Table& table);
+
 // Summary of each column, correlations, quantiles of a long stream.
 void show_statistics(const Table& table);
+
+// Outliers by their rows, a robust covariance beside the classical one, missing values with intervals, drawn.
+void show_robust(const Table& table);
 
 // Sorted columns against normal quantiles, the straightest one drawn.
 void show_quantile_plot(const Table& table);
@@ -41,7 +50,10 @@ inline constexpr Section kSections[] = {
     {"Levels of accuracy", show_levels},
     {"Periodogram", show_periodogram},
     {"Random streams", show_streams},
+    {"Simulation", show_simulation},
+    {"Quasi-random integration", show_integration},
     {"Statistics", show_statistics},
+    {"Robust statistics", show_robust},
     {"Normal quantiles", show_quantile_plot},
     {"Data fitting", show_fitting},
 };

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "sections.h"
+#include "stream.h"
 
 namespace tour {
 namespace {
@@ -12,29 +13,12 @@ namespace {
 constexpr int kStreams = 4, kResamples = 2000;
 constexpr uint32_t kSeed = 20240607;
 
-// A stream that deletes itself.
-class Stream {
- public:
-  explicit Stream(int32_t brng) { ok_ = __qorNewStreamEx(&stream_, brng, 1, &kSeed) == 0; }
-  ~Stream() {
-    if (stream_) __qorDeleteStream(&stream_);
-  }
-  Stream(const Stream&) = delete;
-  Stream& operator=(const Stream&) = delete;
-  bool ok() const { return ok_; }
-  OrvikStream get() const { return stream_; }
-
- private:
-  OrvikStream stream_ = nullptr;
-  bool ok_;
-};
-
 // Numbers of (0, 1) for all resamples: each takes as many as the column has values.
 using Uniforms = std::vector<double>;
 
 bool whole(size_t count, Uniforms* u) {
   u->resize(count);
-  const Stream stream(ORVIK_BRNG_MCG59);
+  const Stream stream(ORVIK_BRNG_MCG59, kSeed);
   return stream.ok() && __qordBRngMCG59(stream.get(), static_cast<int32_t>(count), u->data(), 0, 1) == 0;
 }
 
@@ -43,7 +27,7 @@ bool by_skip_ahead(size_t count, Uniforms* u) {
   u->resize(count);
   const size_t part = count / kStreams;
   for (size_t k = 0; k < kStreams; ++k) {
-    const Stream stream(ORVIK_BRNG_MCG59);
+    const Stream stream(ORVIK_BRNG_MCG59, kSeed);
     if (!stream.ok() || __qorSkipAheadStream(stream.get(), k * part) != 0 ||
         __qordBRngMCG59(stream.get(), static_cast<int32_t>(part), u->data() + k * part, 0, 1) != 0)
       return false;
@@ -56,7 +40,7 @@ bool by_leapfrog(size_t count, Uniforms* u) {
   u->resize(count);
   Uniforms part(count / kStreams);
   for (int k = 0; k < kStreams; ++k) {
-    const Stream stream(ORVIK_BRNG_MCG59);
+    const Stream stream(ORVIK_BRNG_MCG59, kSeed);
     if (!stream.ok() || __qorLeapfrogStream(stream.get(), k, kStreams) != 0 ||
         __qordBRngMCG59(stream.get(), static_cast<int32_t>(part.size()), part.data(), 0, 1) != 0)
       return false;
@@ -70,7 +54,7 @@ bool by_members(size_t count, Uniforms* u) {
   u->resize(count);
   const size_t part = count / kStreams;
   for (size_t k = 0; k < kStreams; ++k) {
-    const Stream stream(ORVIK_BRNG_MT2203 + static_cast<int32_t>(k));
+    const Stream stream(ORVIK_BRNG_MT2203 + static_cast<int32_t>(k), kSeed);
     if (!stream.ok() || __qordBRngMT2203(stream.get(), static_cast<int32_t>(part), u->data() + k * part, 0, 1) != 0)
       return false;
   }

@@ -21,8 +21,9 @@ extern "C" {
 /* One fitting problem. The caller keeps all arrays of reals; the task owns two arrays of pointers and a table. */
 typedef void* OrvikDFTask;
 
+/* Statuses. BAD: the argument or field of that name has a value that the call does not take. */
 enum {
-  DFS_NO_TASK = -1000,
+  DFS_NO_TASK = -1000, /* the task is null */
   DFS_NO_MEMORY = -1001,
   DFS_UNKNOWN_METHOD = -1002,
   DFS_BAD_BREAKPOINT_COUNT = -1004,
@@ -101,15 +102,17 @@ enum {
   DFB_MIDPOINT_VALUE = 128
 };
 
+/* An item of work. */
+typedef int32_t (*OrvikDFBody)(int64_t index, int64_t thread, int64_t threads, void* arguments);
+
 /* Thread operations that a caller may hand in; a null table means one thread. parallel_run runs
  * body(index, thread, threads, arguments) for index 0 to count - 1, returns when all are done, and gives the first
  * negative status of a body or 0. max_threads tells how many threads may be used. */
-typedef int32_t (*OrvikDFBody)(int64_t index, int64_t thread, int64_t threads, void* arguments);
 typedef struct OrvikDFServices {
-  int32_t (*parallel_run)(int64_t count, int64_t threads, void* arguments, OrvikDFBody body);
-  void* reserved[3];
-  int64_t (*max_threads)(void);
-  void* reserved2[3];
+  int32_t (*parallel_run)(int64_t count, int64_t threads, void* arguments, OrvikDFBody body); /* a loop over threads */
+  void* reserved[3];                                                                          /* not read */
+  int64_t (*max_threads)(void);                                                               /* how many may be used */
+  void* reserved2[3];                                                                         /* not read */
 } OrvikDFServices;
 
 /* ---- Tasks --------------------------------------------------------------------------------------------------------
@@ -221,7 +224,7 @@ typedef int32_t (*OrvikDFSearchCallbackS)(int64_t* count, const float* sites, in
 
 /* What a callback gets as its last two arguments; a null pointer to it means two nulls. */
 typedef struct OrvikDFSearchParameters {
-  void* words[2];
+  void* words[2]; /* word0 and word1 of the callback */
 } OrvikDFSearchParameters;
 
 /* Finds the cells of nsite sites. sitehint 4: site[0] and site[1] are the ends of an even grid; 64: sites ascend.
@@ -237,16 +240,6 @@ int32_t orvik_df_kernel_sDFSearch1D(OrvikDFTask task, int64_t unused, int64_t ns
                                     OrvikDFSearchCallbackS search_cb, const OrvikDFSearchParameters* search_params,
                                     const OrvikDFServices* services);
 
-/* The methods one by one. Suffix 32: 32-bit cells. 64: 64-bit cells and 64-bit index arithmetic. 64Pack: 64-bit cells,
- * 32-bit arithmetic (nx < 2147483647). No suffix: a last integer, 32-bit cells when (width_flags & 3) == 2, else
- * 64-bit.
- *
- *   Uniform       value = (nx - 1) / (x[1] - x[0]); reads x[0] and x[1] only
- *   QuasiUniform  value = (nx - 1) / (x[nx-1] - x[0])
- *   Sorted        *sorted_state is the cell to start from and receives the last one
- *   Peak          value = number of the breakpoint to start from
- *   Hybrid        value = buckets / (x[nx-1] - x[0]), bucket_table as a task builds it (null: plain bisection)
- *   UserDef, UniUserDef  cells of search_cb, refined on a non-uniform or uniform partition */
 #define ORVIK_DF_SEARCH_ARGUMENTS(real)                                                                       \
   int64_t nx, const real *x, int64_t nsite, const real *site, int64_t *sorted_state, real value, void *word0, \
       void *word1, const int64_t *bucket_table, void *cell
@@ -273,6 +266,17 @@ int32_t orvik_df_kernel_sDFSearch1D(OrvikDFTask task, int64_t unused, int64_t ns
   int32_t orvik_df_kernel_sDF##stem##Search1D64Pack(ORVIK_DF_SEARCH_ARGUMENTS(float), ORVIK_DF_CALLBACK_ARGUMENTS(S)); \
   int32_t orvik_df_kernel_sDF##stem##Search1D(ORVIK_DF_SEARCH_ARGUMENTS(float), int64_t width_flags,                   \
                                               ORVIK_DF_CALLBACK_ARGUMENTS(S));
+
+/* The methods one by one. Suffix 32: 32-bit cells. 64: 64-bit cells and 64-bit index arithmetic. 64Pack: 64-bit cells,
+ * 32-bit arithmetic (nx < 2147483647). No suffix: a last integer, 32-bit cells when (width_flags & 3) == 2, else
+ * 64-bit.
+ *
+ *   Uniform       value = (nx - 1) / (x[1] - x[0]); reads x[0] and x[1] only
+ *   QuasiUniform  value = (nx - 1) / (x[nx-1] - x[0])
+ *   Sorted        *sorted_state is the cell to start from and receives the last one
+ *   Peak          value = number of the breakpoint to start from
+ *   Hybrid        value = buckets / (x[nx-1] - x[0]), bucket_table as a task builds it (null: plain bisection)
+ *   UserDef, UniUserDef  cells of search_cb, refined on a non-uniform or uniform partition */
 ORVIK_DF_SEARCH_METHOD(Uniform)
 ORVIK_DF_SEARCH_METHOD(QuasiUniform)
 ORVIK_DF_SEARCH_METHOD(Sorted)
@@ -280,6 +284,11 @@ ORVIK_DF_SEARCH_METHOD(Peak)
 ORVIK_DF_SEARCH_METHOD(Hybrid)
 ORVIK_DF_CALLBACK_METHOD(UserDef)
 ORVIK_DF_CALLBACK_METHOD(UniUserDef)
+
+#undef ORVIK_DF_SEARCH_ARGUMENTS
+#undef ORVIK_DF_CALLBACK_ARGUMENTS
+#undef ORVIK_DF_SEARCH_METHOD
+#undef ORVIK_DF_CALLBACK_METHOD
 
 /* ---- Interpolation ------------------------------------------------------------------------------------------------
  */

@@ -18,6 +18,7 @@
 extern "C" {
 #endif
 
+/* Statuses of streams, generators and distributions. */
 typedef enum OrvikQorStatus {
   ORVIK_QOR_OK = 0,
   ORVIK_QOR_BAD_METHOD = -2,
@@ -47,6 +48,7 @@ typedef enum OrvikQorStatus {
   ORVIK_QOR_NO_RDRAND = -1130,
   ORVIK_QOR_RDRAND_FAILED = -1131,
   ORVIK_QOR_NO_AES = -1140,
+  ORVIK_QOR_BAD_PROBABILITIES = -1150, /* of a multinomial distribution, or their number */
   ORVIK_QOR_NO_BLAS = -1160, /* no BLAS package was found for a triangular product */
   ORVIK_QOR_IMAGE_BAD_FORMAT = -1200,
   ORVIK_QOR_SHARED_NOT_FOUND = -3000,
@@ -72,10 +74,10 @@ typedef struct RegBrngRow {
   int32_t IncludesZero;    /* 1 when 0 is among its integer outputs */
   int32_t WordSize;        /* bytes of an integer output: 4, 8, 16 */
   int32_t NBits;           /* significant bits of an output */
-  OrvikQorInitStream InitStream;
-  OrvikQorSBrng sBRng;
-  OrvikQorDBrng dBRng;
-  OrvikQorIBrng iBRng;
+  OrvikQorInitStream InitStream; /* seeding and jumps */
+  OrvikQorSBrng sBRng;           /* floats */
+  OrvikQorDBrng dBRng;           /* doubles */
+  OrvikQorIBrng iBRng;           /* integers */
 } RegBrngRow;
 
 /* Rows by historical id (below 0x100000) and by current id. */
@@ -171,6 +173,9 @@ int32_t __qoriVect3PowArrayMod_M2(uint32_t* v, int32_t words, const uint64_t* n,
 int32_t __qorPolyRem(uint64_t n, uint64_t degree, uint32_t nterms, const uint32_t* terms, int32_t outwords,
                      uint32_t* out);
 
+/* What a jump asks of a generator, over work states of its size: make a state zero, add one to another (exclusive or), copy
+ * one, move one a step on; store the work state as the stream's, at `offset`; do what needs no polynomial, give `offset` and
+ * the steps that are left in `count`, and return 0 when none are. */
 typedef void (*OrvikQorJumpClear)(void* state);
 typedef void (*OrvikQorJumpAdd)(void* target, const void* source);
 typedef void (*OrvikQorJumpCopy)(void* target, const void* source);
@@ -206,9 +211,9 @@ int32_t __qorCopyChunks(OrvikStream destination, OrvikStream source);
 
 /* An entry of the process-wide table of shared read-only blocks. */
 typedef struct OrvikSharedEntry {
-  uint64_t Key[2];
-  uint32_t RefCount;
-  void* Data;
+  uint64_t Key[2];   /* the name that holders know it by */
+  uint32_t RefCount; /* holders of the block */
+  void* Data;        /* the block */
 } OrvikSharedEntry;
 
 /* Finds an entry; -3000. */
@@ -217,9 +222,9 @@ int32_t __qorFindGlobRODataTableEntry(OrvikSharedEntry** entry, const uint64_t* 
 int32_t __qorCreateGlobRODataTableEntry(OrvikSharedEntry** entry, const uint64_t* key, void* data);
 /* A chunk, and whatever else holds a reference: the block stands where a chunk keeps its data, at offset 8. */
 typedef struct OrvikSharedHolder {
-  uint32_t Id;
-  int32_t Size;
-  void* Data;
+  uint32_t Id;  /* of the chunk */
+  int32_t Size; /* bytes */
+  void* Data;   /* the block */
 } OrvikSharedHolder;
 /* Takes, gives back a reference. The last one releases the block. An unknown key changes nothing. */
 void __qorRegisterGlobRODataReference(void* holder, const uint64_t* key);

@@ -114,6 +114,30 @@ int32_t _qoriRngBinomial(uint32_t method, OrvikStream stream, int32_t n, int32_t
 /* Marked ones in a sample of `s` out of a lot of `l` of which `m` are marked. */
 int32_t _qoriRngHypergeometric(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, int32_t l, int32_t s,
                                int32_t m);
+/* Failures before the success that makes the sum of successes `a`, of probability `p`; any `a` above 0. Numbers beyond
+ * 2^31 - 1 are cut to it. */
+int32_t _qoriRngNegbinomial(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double a, double p);
+
+enum {
+  ORVIK_POISSON_REJECTION = 0, /* a table below a mean of 27, rejection under a hat above */
+  ORVIK_POISSON_NORMAL = 1     /* a normal number and a polynomial: one float a number, and another uniform for few */
+};
+
+/* Mean `lambda`, below 2^31. Another method is -2. */
+int32_t _qoriRngPoisson(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double lambda);
+/* A mean for each number; numbers beyond 2^31 - 1 are cut to it. */
+int32_t _qoriRngPoissonV(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, const double* lambda);
+
+enum {
+  ORVIK_MULTINOMIAL_SEQUENTIAL = 0, /* a binomial number of what is left for each outcome, one uniform each */
+  ORVIK_MULTINOMIAL_POISSON = 1     /* Poisson numbers corrected to the sum */
+};
+
+/* `n` rows of `k` counts that sum to `ntrial`, of outcomes with probabilities `p`. No trials: zeros, nothing is drawn.
+ * -1150 where k is below 1, a probability is negative or no number, or their sum is not within 0.001 of 1; -2 for
+ * another method; -4. */
+int32_t _qoriRngMultinomial(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, int32_t ntrial, int32_t k,
+                            const double* p);
 
 /* ---- Words ------------------------------------------------------------------------------------------------------- */
 

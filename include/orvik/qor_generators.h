@@ -10,6 +10,7 @@
 extern "C" {
 #endif
 
+/* A stream: what all generators and distributions draw from. */
 typedef void* OrvikStream;
 
 /* Generator ids. WH and MT2203 are families: add the member, 0 to 272 and 0 to 6023. */

@@ -20,14 +20,15 @@
 extern "C" {
 #endif
 
+/* A task, made by SSNewTask and freed by SSDeleteTask. */
 typedef void* OrvikSSTask;
 
 /* A caller's threads. `run` calls routine(thread, 0, threads, context) once for each thread from 0 to threads - 1 and
  * returns when all have finished. A null table means one thread. */
 typedef struct OrvikThreading {
-  int32_t (*max_threads)(void);
+  int32_t (*max_threads)(void); /* how many may be used */
   int32_t (*run)(int32_t threads, void* context,
-                 void (*routine)(int32_t thread, int32_t zero, int32_t threads, void* context));
+                 void (*routine)(int32_t thread, int32_t zero, int32_t threads, void* context)); /* runs it on each */
 } OrvikThreading;
 
 /* Fields of a task, by their parameter ids. */
@@ -139,6 +140,8 @@ enum OrvikSSField {
 #define ORVIK_SS_CORRELATION UINT64_C(0x2000)
 #define ORVIK_SS_QUANTILES UINT64_C(0x10000)
 #define ORVIK_SS_ORDER_STATISTICS UINT64_C(0x20000)
+#define ORVIK_SS_PARTIAL_COVARIANCE UINT64_C(0x100000)
+#define ORVIK_SS_PARTIAL_CORRELATION UINT64_C(0x200000)
 #define ORVIK_SS_SUM UINT64_C(0x2000000)
 #define ORVIK_SS_RAW_SUM2 UINT64_C(0x4000000)
 #define ORVIK_SS_RAW_SUM3 UINT64_C(0x8000000)
@@ -153,6 +156,10 @@ enum OrvikSSField {
 /* Methods. */
 #define ORVIK_SS_METHOD_FAST UINT64_C(0x1)
 #define ORVIK_SS_METHOD_ONE_PASS UINT64_C(0x2)
+#define ORVIK_SS_METHOD_PARAMETRIZATION UINT64_C(0x4)
+#define ORVIK_SS_METHOD_ROBUST UINT64_C(0x8)
+#define ORVIK_SS_METHOD_IMPUTATION UINT64_C(0x10)
+#define ORVIK_SS_METHOD_BACON UINT64_C(0x20)
 #define ORVIK_SS_METHOD_USER_MEAN UINT64_C(0x100)
 #define ORVIK_SS_METHOD_FROM_CROSS_PRODUCT UINT64_C(0x200)
 #define ORVIK_SS_METHOD_FROM_SUMS UINT64_C(0x400)
@@ -224,6 +231,27 @@ int32_t __qorSQuantilesFreeBuffers(OrvikSSTask task);
    * matrix, to `distances`. */                                                                                        \
   int32_t _qor##d##SSMahDistance(OrvikSSTask task, int64_t p, const real* inverse, real* distances,                    \
                                  const OrvikThreading* threading);                                                     \
+  /* Outliers (Billor, Hadi, Velleman 2000): `outlierWeights` gets 1 for a good observation, 0 for an outlier. */        \
+  int32_t _qor##d##SSOutliersDetection(OrvikSSTask task, uint64_t estimates, uint64_t method,                          \
+                                       const OrvikThreading* threading);                                               \
+  /* Mean and covariance that outliers do not move (Maronna, Zamar 2002; Rocke 1996). */                               \
+  int32_t _qor##d##SSRobustCovariance(OrvikSSTask task, uint64_t estimates, uint64_t method,                           \
+                                      const OrvikThreading* threading);                                                \
+  /* Multiple imputation of missing values under the normal model (Schafer 1997). */                                   \
+  int32_t _qor##d##SSMissingValues(OrvikSSTask task, uint64_t estimates, uint64_t method,                              \
+                                   const OrvikThreading* threading);                                                   \
+  /* Means and covariances of groups, and pooled within groups. */                                                     \
+  int32_t _qor##d##SSPooledCovariance(OrvikSSTask task, uint64_t estimates, uint64_t method,                           \
+                                      const OrvikThreading* threading);                                                \
+  /* Partial covariance and correlation from `covariance`. */                                                          \
+  int32_t _qor##d##SSPartialCovariance(OrvikSSTask task, uint64_t estimates, uint64_t method,                          \
+                                       const OrvikThreading* threading);                                               \
+  /* Makes `correlation` positive semi-definite: `parametrizedCorrelation`. */                                         \
+  int32_t _qor##d##SSCorParametrization(OrvikSSTask task, uint64_t estimates, uint64_t method,                         \
+                                        const OrvikThreading* threading);                                              \
+  /* 0, or -5041 where a full p by p covariance matrix has not full rank; its inverse in place. */                     \
+  int32_t __qor##d##TestCovRank(int64_t p, const real* matrix);                                                        \
+  int32_t __qor##d##InvCov(int64_t p, real* matrix);                                                                   \
   /* Sorts `n` values in place, ascending, NaNs last: O(n log n) for any input. The second form sorts a[i * stride]. */\
   void __qor##d##QSort(int64_t n, real* a);                                                                            \
   void __qor##d##QSortStep(int64_t n, real* a, int64_t stride);                                                        \
@@ -237,6 +265,13 @@ ORVIK_SS_DECLARE(d, double)
 ORVIK_SS_DECLARE(s, float)
 
 #undef ORVIK_SS_DECLARE
+
+/* Chi-square distribution of `k` degrees of freedom: P(X < x), the density, the x with P(X < x) = p. Logarithm of the
+ * gamma function. */
+double __qordChi2CDF(int32_t k, double x);
+double __qordChi2PDF(int32_t k, double x);
+double __qordChi2ICDF(double p, int32_t k);
+double __qordLGamma(double x);
 
 #ifdef __cplusplus
 }

@@ -8,12 +8,12 @@
 extern "C" {
 #endif
 
+/* Complex elements. */
 typedef struct ZymComplexFloat {
-  float re, im;
+  float re, im; /* real part, imaginary part */
 } ZymComplexFloat;
-
 typedef struct ZymComplexDouble {
-  double re, im;
+  double re, im; /* real part, imaginary part */
 } ZymComplexDouble;
 
 /* Fields of the mode word. */
@@ -56,12 +56,12 @@ enum {
 /* One reported element, as a callback sees it. 32-bit values are widened. A function of one argument passes it twice,
  * likewise one result; result1 decides what is written back. */
 typedef struct ZymErrorContext {
-  int32_t code;
-  int32_t index; /* in the whole vector, see _zymSetInterfInputVectorPointer */
-  double arg1, arg2;
-  double result1, result2;
-  char functionName[64];
-  int32_t functionNameLength;
+  int32_t code;               /* zymErrorDomain ... zymErrorUnderflow */
+  int32_t index;              /* in the whole vector, see _zymSetInterfInputVectorPointer */
+  double arg1, arg2;          /* the element's arguments, of complex functions their real parts */
+  double result1, result2;    /* its results, which a callback may change */
+  char functionName[64];      /* NUL-terminated */
+  int32_t functionNameLength; /* without the NUL */
   double arg1Imag, arg2Imag, result1Imag, result2Imag; /* complex functions only */
 } ZymErrorContext;
 
@@ -69,9 +69,9 @@ typedef struct ZymErrorContext {
  * has been handled. */
 typedef int32_t (*ZymErrorCallback)(ZymErrorContext* context);
 
-/* A table row is patched in the library's own copy. A weak reference is always resolved through the global offset table,
- * where a plain one may be compiled to a copy relocation, that is, to a table of the program's own. It does not make the
- * linker take the library: the flags of the CMake targets and of pkg-config do. */
+/* A table row is patched in the library's own copy. A weak reference is always resolved through the global offset
+ * table, where a plain one may be compiled to a copy relocation, that is, to a table of the program's own. It does not
+ * make the linker take the library: the flags of the CMake targets and of pkg-config do. */
 #define ORVIK_TABLE extern __attribute__((weak))
 
 #ifdef __cplusplus

@@ -116,3 +116,5 @@ extern "C" int32_t orvik_cpu_supported(void) {
   const int32_t known = __atomic_load_n(&orvik::serv::supported, __ATOMIC_RELAXED);
   return known >= 0 ? known : orvik::serv::ask() == 0;
 }
+
+extern "C" const char* orvik_version(void) { return ORVIK_VERSION_STRING; }

@@ -11,6 +11,7 @@
 #include "accuracy/hashes.h"
 #include "accuracy/records.h"
 #include "orvik/zym.h"
+#include "support/approximations.h"
 
 namespace {
 
@@ -85,7 +86,9 @@ Worsts measure_random(const rows::Row& row, const Options& o) {
     for (uint64_t p; (p = next.fetch_add(1)) < pieces;) {
       const auto made = measure_sampled(row, std::min(piece, o.count - p * piece), o.seed * 1000003 + p, p == 0);
       merge(row, found[t], made);
-      if (p % 8 == 0) std::fprintf(stderr, "\r%-12.*s %5.1f %%", static_cast<int>(row.name.size()), row.name.data(), 100.0 * p / pieces);
+      if (p % 8 == 0)
+        std::fprintf(stderr, "\r%-12.*s %5.1f %%", static_cast<int>(row.name.size()), row.name.data(),
+                     100.0 * p / pieces);
     }
   };
   for (int t = 0; t < o.threads; ++t) pool.emplace_back(work, t);
@@ -119,7 +122,8 @@ bool note(const rows::Row& row, int k, Measure measure, const Worst& worst, cons
   if (row.shape == rows::Shape::bessel) at += " order " + std::to_string(worst.point.order);
   const std::string witness = found.got.empty() ? "" : " at" + at + " got " + found.got + " want " + found.wanted;
   std::printf("%-12s %-10s %8s %-5s%s (%" PRIu64 " inputs, %.1f s)%s\n", found.row.c_str(), row.served(k).c_str(),
-              found.error.c_str(), found.metric.c_str(), witness.c_str(), found.inputs, seconds, good ? "" : "  BOUND BROKEN");
+              found.error.c_str(), found.metric.c_str(), witness.c_str(), found.inputs, seconds,
+              good ? "" : "  BOUND BROKEN");
   std::fflush(stdout);
   merge_record(records, found);
   return good;
@@ -130,7 +134,8 @@ int measure(const Options& o) {
   bool broken = false;
   refuse_incomplete_rows(o);
   for (const rows::Row& row : rows::all()) {
-    if (!measurable(row) || !rows::matches(o.filter, row.name) || (o.mode == "exhaustive" && !exhaustible(row))) continue;
+    if (!measurable(row) || !rows::matches(o.filter, row.name) || (o.mode == "exhaustive" && !exhaustible(row)))
+      continue;
     const auto start = std::chrono::steady_clock::now();
     Worsts worst;
     if (o.mode == "sampled") worst = measure_sampled(row, o.count == 0 ? 100000 : o.count, o.seed);
@@ -138,8 +143,8 @@ int measure(const Options& o) {
     if (o.mode == "exhaustive") {
       worst = measure_exhaustive(row, o.threads, [&](double share) {
         const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-        std::fprintf(stderr, "\r%-12.*s %5.1f %%, %.0f s left ", static_cast<int>(row.name.size()), row.name.data(), 100 * share,
-                     share > 0 ? seconds * (1 - share) / share : 0);
+        std::fprintf(stderr, "\r%-12.*s %5.1f %%, %.0f s left ", static_cast<int>(row.name.size()), row.name.data(),
+                     100 * share, share > 0 ? seconds * (1 - share) / share : 0);
       });
     }
     if (o.mode != "sampled") std::fprintf(stderr, "\r%40s\r", "");
@@ -182,7 +187,7 @@ int main(int argc, char** argv) {
         any = true;
         for (int k : kernels_of(row)) hashes.kernels[hash_key(row, k)] = hash_kernel(row, k, false);
       }
-      hashes.approximations = hash_approximations();
+      hashes.approximations = test::hash_approximations();
       if (any) write_hashes(family, hashes);
     }
     return 0;

@@ -6,6 +6,7 @@
 #include "accuracy/hashes.h"
 #include "accuracy/records.h"
 #include "orvik/zym.h"
+#include "support/approximations.h"
 
 namespace orvik::accuracy {
 namespace {
@@ -60,7 +61,7 @@ TEST_P(AccuracyOf, RecordedWitnessesStillHaveTheirError) {
       ASSERT_NE(r, nullptr) << row.served(k) << ": no record; run `accuracy sampled --rows " << row.name << "`";
       if (r->got.empty()) continue;
       const Record again = judge_again(*r);
-      if (!same_statement(again, *r) && hashes.approximations != hash_approximations()) {
+      if (!same_statement(again, *r) && hashes.approximations != test::hash_approximations()) {
         GTEST_SKIP() << "recorded on a processor with other approximations of 1/x";
       }
       EXPECT_TRUE(same_statement(again, *r)) << row.served(k) << ": recorded " << r->error << " got " << r->got
@@ -76,7 +77,7 @@ TEST_P(AccuracyOf, BitsAreThePinnedOnes) {
     const auto pinned = hashes.kernels.find(hash_key(row, k));
     ASSERT_NE(pinned, hashes.kernels.end()) << "not pinned yet; run `accuracy hashes --rows " << row.name << "`";
     const bool same = pinned->second == hash_kernel(row, k, false);
-    if (!same && !exact_row(row) && hashes.approximations != hash_approximations()) {
+    if (!same && !exact_row(row) && hashes.approximations != test::hash_approximations()) {
       GTEST_SKIP() << "pinned on a processor with other approximations of 1/x";
     }
     EXPECT_TRUE(same) << row.served(k) << ": results have changed; if that is meant, run `accuracy hashes --rows "

@@ -1,7 +1,5 @@
 #include "accuracy/hashes.h"
 
-#include <immintrin.h>
-
 #include <bit>
 #include <cinttypes>
 #include <cmath>
@@ -10,18 +8,15 @@
 
 #include "accuracy/inputs.h"
 #include "accuracy/records.h"
+#include "support/approximations.h"
 
 namespace orvik::accuracy {
 namespace {
 
+using test::mix;
+
 constexpr size_t kInputs = 20000;
 constexpr uint64_t kSeed = 20;
-
-uint64_t mix(uint64_t hash, uint64_t word) {  // FNV-1a over words, with a final shuffle of each word
-  word *= 0x9E3779B97F4A7C15u;
-  word ^= word >> 32;
-  return (hash ^ word) * 0x100000001B3u;
-}
 
 // All NaNs alike: which payload of two survives is the compiler's choice of an operand order.
 uint64_t bits(float x) { return std::isnan(x) ? 0x7FC00000u : std::bit_cast<uint32_t>(x); }
@@ -42,16 +37,6 @@ uint64_t hash_of(const rows::Row& row, int kernel, bool strided) {
 
 uint64_t hash_kernel(const rows::Row& row, int kernel, bool strided) {
   return row.single() ? hash_of<float>(row, kernel, strided) : hash_of<double>(row, kernel, strided);
-}
-
-uint64_t hash_approximations() {
-  uint64_t hash = 0;
-  for (uint32_t i = 0; i < 1u << 14; ++i) {
-    const __m128 x = _mm_set_ss(std::bit_cast<float>(0x3F800000u + (i << 10)));
-    hash = mix(hash, std::bit_cast<uint32_t>(_mm_cvtss_f32(_mm_rcp_ss(x))));
-    hash = mix(hash, std::bit_cast<uint32_t>(_mm_cvtss_f32(_mm_rsqrt_ss(x))));
-  }
-  return hash;
 }
 
 std::string hash_key(const rows::Row& row, int kernel) {

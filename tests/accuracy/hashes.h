@@ -18,7 +18,6 @@ struct Hashes {
 };
 
 uint64_t hash_kernel(const rows::Row& row, int kernel, bool strided);
-uint64_t hash_approximations();
 
 Hashes read_hashes(std::string_view family);
 void write_hashes(std::string_view family, const Hashes& hashes);

@@ -38,6 +38,12 @@ def soname(readelf, library):
     return re.search(r"\(SONAME\).*\[(.*)\]", output).group(1)
 
 
+def runpath(readelf, library):
+    output = subprocess.run([readelf, "-dW", library], check=True, capture_output=True, text=True).stdout
+    found = re.search(r"\(RUNPATH\).*\[(.*)\]", output)
+    return found.group(1) if found else None
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--nm", required=True)
@@ -45,6 +51,8 @@ def main():
     parser.add_argument("--soname", required=True)
     parser.add_argument("--binary", required=True)
     parser.add_argument("--map", required=True)
+    parser.add_argument("--runpath")  # where it says that it looks for its libraries
+    parser.add_argument("--prefix", default="")  # of all names
     arguments = parser.parse_args()
     want, got = listed(arguments.map), exported(arguments.nm, arguments.binary)
     seen = set()
@@ -53,6 +61,9 @@ def main():
     faults += [f"exported, not listed: {name}" for name in sorted(set(got) - seen)]
     if soname(arguments.readelf, arguments.binary) != arguments.soname:
         faults.append(f"soname {soname(arguments.readelf, arguments.binary)} instead of {arguments.soname}")
+    faults += [f"does not begin with {arguments.prefix}: {name}" for name in got if not name.startswith(arguments.prefix)]
+    if arguments.runpath and arguments.runpath != runpath(arguments.readelf, arguments.binary):
+        faults.append(f"runpath {runpath(arguments.readelf, arguments.binary)} instead of {arguments.runpath}")
     print("\n".join(faults) if faults else f"{len(got)} names, all as listed")
     sys.exit(1 if faults or not got else 0)
 

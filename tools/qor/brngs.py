@@ -47,6 +47,7 @@ def header(generators):
 extern "C" {{
 #endif
 
+/* A stream: what all generators and distributions draw from. */
 typedef void* OrvikStream;
 
 /* Generator ids. {families} are families: add the member, {ranges}. */

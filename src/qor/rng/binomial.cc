@@ -59,6 +59,7 @@ void build(Setup& s, const Setup::Key& key) {
   const double xl = m + 0.5 - half, xr = m + 0.5 + half, c = 0.134 + 20.5 / (15.3 + m);
   const double left = (ffm - xl) / (ffm - xl * p), right = (xr - ffm) / (xr * q);
   s.hat.set(m, half, c, left * (1 + 0.5 * left), right * (1 + 0.5 * right), c, c);
+  s.hat.set_near([&](double k) { return k < n ? (n - k) / (k + 1) * (p / q) : 0; });
 }
 
 // The walk from 0: u less the probabilities until one is not below what is left. last + 1: past the end.
@@ -100,8 +101,9 @@ void inversion(Uniforms<float>& uniforms, const Setup& s, int32_t n, int32_t* r)
 }
 
 struct Target {
-  double n, m, odds, highest;
-  explicit Target(const Setup& s) : n(s.key.trials), m(s.hat.mode), odds(s.p / s.q), highest(s.key.trials) {}
+  double n, m, odds, highest, variance;
+  explicit Target(const Setup& s)
+      : n(s.key.trials), m(s.hat.mode), odds(s.p / s.q), highest(s.key.trials), variance(n * s.p * s.q) {}
 
   // ln of m! (n - m)! / (y! (n - y)!) odds^(y - m)
   void log_ratio(int32_t count, const double* y, double* r) const {

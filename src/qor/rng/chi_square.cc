@@ -1,6 +1,7 @@
 // ChiSquare: many degrees of freedom are a Gamma shape, few of them the logarithm of a product of uniforms, and the
 // square of a normal number where they are odd.
 #include <cmath>
+#include <iterator>
 
 #include "orvik/qor.h"
 #include "qor/rng/bracket.h"
@@ -16,16 +17,26 @@ namespace {
 
 constexpr int32_t kMany = 16;
 
+// r[i] = w[i factors] w[i factors + 1] ..., in order; the number of factors is known to the compiler.
+template <int32_t factors, class T>
+void multiply(int32_t n, const T* w, T* r) {
+  for (int32_t i = 0; i < n; ++i, w += factors) {
+    T product = w[0];
+    for (int32_t k = 1; k < factors; ++k) product *= w[k];
+    r[i] = product;
+  }
+}
+
 // -2 ln of products of `factors` uniforms each, consecutive ones.
 template <class T>
 bool products(Uniforms<T>& uniforms, int32_t factors, int32_t n, T* r) {
+  static constexpr void (*kMultiply[])(int32_t, const T*, T*) = {nullptr,        multiply<1, T>, multiply<2, T>,
+                                                                 multiply<3, T>, multiply<4, T>, multiply<5, T>,
+                                                                 multiply<6, T>, multiply<7, T>};
+  static_assert(std::size(kMultiply) == kMany / 2);
   T w[kMany / 2 * kBlock];
   if (!uniforms.draw(factors * n, w)) return false;
-  for (int32_t i = 0; i < n; ++i) {
-    T product = w[i * factors];
-    for (int32_t k = 1; k < factors; ++k) product *= w[i * factors + k];
-    r[i] = product;
-  }
+  kMultiply[factors](n, w, r);
   kernels::ln.call(Level::enhanced, n, r, r);  // of both precisions
   transform(n, r, [](T x) { return -2 * x; });
   return true;

@@ -2,15 +2,15 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 
 namespace orvik::qor {
 
-template <int32_t kEntries>
+template <int32_t kEntries, int32_t kCells = 256, class Index = uint8_t>
 struct CumulativeTable {
-  static constexpr int32_t kCells = 256;
   double below_or_at[kEntries];  // P(X <= k), up to `last`
-  uint8_t first[kCells];         // where the walk begins for u of each 256th of the interval
-  static_assert(kEntries <= 256);
+  Index first[kCells];           // where the walk begins for u of each cell of the interval
+  static_assert(kEntries - 1 <= std::numeric_limits<Index>::max());
 
   // `probability(k)` for k from 0 to `last`, in order; sums are as the plain walk has them.
   template <class Probability>
@@ -19,9 +19,9 @@ struct CumulativeTable {
     int32_t cell = 0;
     for (int32_t k = 0; k <= last; ++k) {
       below_or_at[k] = sum += probability(k);
-      for (; cell < kCells && cell <= sum * kCells; ++cell) first[cell] = static_cast<uint8_t>(k);
+      for (; cell < kCells && cell <= sum * kCells; ++cell) first[cell] = static_cast<Index>(k);
     }
-    for (; cell < kCells; ++cell) first[cell] = static_cast<uint8_t>(last);
+    for (; cell < kCells; ++cell) first[cell] = static_cast<Index>(last);
   }
 
   // `last` + 1 when u is above the end of the table.

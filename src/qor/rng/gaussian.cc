@@ -26,8 +26,10 @@ void radii(int32_t n, const T* u, T* r) {
 // Pairs of uniforms apart, the second ones as angles.
 template <class T>
 void split_angles(int32_t pairs, const T* w, T* u, T* angles) {
-  split(pairs, w, u, angles);
-  transform(pairs, angles, [](T x) { return Precision<T>::kTwoPi * x; });
+  for (int32_t i = 0; i < pairs; ++i) {
+    u[i] = w[2 * i];
+    angles[i] = Precision<T>::kTwoPi * w[2 * i + 1];
+  }
 }
 
 template <class T>

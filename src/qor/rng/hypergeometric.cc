@@ -169,7 +169,7 @@ int32_t by_table(OrvikStream stream, int32_t n, int32_t* r, const Setup& s) {
 
 int32_t by_rejection(OrvikStream stream, int32_t n, int32_t* r, const Setup& s) {
   Uniforms<float> uniforms(stream);
-  using Batch = MountainBatch<LogRatio>;
+  using Batch = MountainBatch<float, 1024, LogRatio>;
   until_accepted(n, r, Batch::kCandidates, Batch(uniforms, s.hat, LogRatio(s.key.reduced(), s.hat.mode)));
   return uniforms.status();
 }

@@ -94,7 +94,9 @@ ORVIK_KERNEL(Kernel, sin, Sin);
 ORVIK_KERNEL(Kernel, cos, Cos);
 ORVIK_KERNEL(Kernel, tan, Tan);
 ORVIK_KERNEL(PairKernel, sin_cos, SinCos);
+ORVIK_KERNEL(Kernel, erf, Erf);
 ORVIK_KERNEL(Kernel, erf_inv, ErfInv);
+ORVIK_KERNEL(Kernel, lgamma, LGamma);
 ORVIK_KERNEL(ScalarKernel, powx, Powx);
 
 }  // namespace kernels

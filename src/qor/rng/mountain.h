@@ -1,5 +1,5 @@
 // Rejection of integers under a table mountain: a rectangle as high as the mode between exponential tails
-// (Kachitvichyanukul, Schmeiser 1985). Two floats a candidate.
+// (Kachitvichyanukul, Schmeiser 1985). Two uniforms of type T a candidate.
 #pragma once
 
 #include <algorithm>
@@ -30,15 +30,15 @@ struct TableMountain {
 };
 
 // log_ratio(n, y, r): logarithms of the probabilities of y by that of the mode, of at most kCandidates numbers.
-template <class LogRatio>
+template <class T, int32_t candidates, class LogRatio>
 class MountainBatch {
  public:
-  static constexpr int32_t kCandidates = 1024;
-  MountainBatch(Uniforms<float>& uniforms, const TableMountain& hat, LogRatio log_ratio)
+  static constexpr int32_t kCandidates = candidates;
+  MountainBatch(Uniforms<T>& uniforms, const TableMountain& hat, LogRatio log_ratio)
       : uniforms_(uniforms), hat_(hat), log_ratio_(log_ratio) {}
 
   int32_t operator()(int32_t count, int32_t* out) {
-    float w[2 * kCandidates];
+    T w[2 * kCandidates];
     double u[kCandidates], v[kCandidates], logarithm[kCandidates], y[kCandidates], ratio[kCandidates];
     bool possible[kCandidates];
     if (count < 1) return 0;
@@ -71,7 +71,7 @@ class MountainBatch {
   }
 
  private:
-  Uniforms<float>& uniforms_;
+  Uniforms<T>& uniforms_;
   const TableMountain& hat_;
   LogRatio log_ratio_;
 };

@@ -1,47 +1,40 @@
 // Sums of outer products of deviations, by matrix kernels on blocks of observations.
 #pragma once
 
-#include "qor/ss/plan.h"
-#include "qor/ss/task.h"
-#include "serv/memory.h"
+#include "qor/ss/observations.h"
 
 namespace orvik::ss {
 
 // Accumulates into the upper triangle of a column-major p by p matrix.
-//
-// The fast method adds products of plain observations and takes the mean out at the end. The others add products of
-// deviations from the mean known at the block, so that a mean that is large against the deviations costs no digits.
 template <class T>
 class CrossProduct {
  public:
-  CrossProduct(const Data<T>& d, Method method, T* matrix);
+  CrossProduct() = default;
+  // `scratch` has scratch_size(p, n, weighted) values.
+  CrossProduct(int64_t p, int64_t n, bool weighted, T* matrix, T* scratch)
+      : p_(p), block_(block_of(p, n, weighted)), matrix_(matrix), rows_(scratch), roots_(scratch + block_ * p) {}
 
-  // Scratch of the blocks. False when memory is exhausted.
-  bool allocate();
+  static int64_t scratch_size(int64_t p, int64_t n, bool weighted) { return block_of(p, n, weighted) * (p + 1); }
 
-  // Observations of one block: 256 KiB of data with what is copied of them, at least 64.
-  int64_t block() const { return block_; }
+  T* matrix() const { return matrix_; }
 
-  // For the one-pass method: remembers a mean; goes from the products about it, of all before of this weight, to those
-  // about `mean`.
-  void before(const T* mean);
-  void recentre(double weight, const T* mean);
-  // Adds the observations [i, i + m), no more than a block: about `mean`, or as they are with the fast method.
-  void add(int64_t i, int64_t m, const T* mean);
+  // Adds the products of deviations from `shift` of the observations [i0, i1).
+  void add(const Observations<T>& o, int64_t i0, int64_t i1, const T* shift) const;
   // matrix += alpha v v'
-  void add_outer(double alpha, const T* v);
+  void add_outer(double alpha, const T* v) const;
 
  private:
-  void copy(int64_t i, int64_t m, const T* shift);
+  // Observations of one block: 256 KiB of data with what is copied of them, at least 64.
+  static int64_t block_of(int64_t p, int64_t n, bool weighted) {
+    const int64_t row = p * static_cast<int64_t>(sizeof(T)) * (weighted ? 2 : 1);
+    const int64_t block = 0x40000 / row < 64 ? 64 : 0x40000 / row;
+    return n < block ? n : block;
+  }
 
-  const Data<T>& d_;
-  Method method_;
-  T* matrix_;
-  int64_t block_;
-  bool copies_;
-  serv::Block<T> scratch_;
+  int64_t p_ = 0, block_ = 0;
+  T* matrix_ = nullptr;
+  T* rows_ = nullptr;
   T* roots_ = nullptr;  // square roots of the block's weights
-  T* shift_ = nullptr;
 };
 
 }  // namespace orvik::ss

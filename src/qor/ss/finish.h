@@ -1,4 +1,4 @@
-// From what a pass has accumulated, or from what the task holds, to the caller's results.
+// From what a pass has accumulated, or from what the task holds, to the caller's results. A file for each method.
 #pragma once
 
 #include "qor/ss/pass.h"
@@ -7,15 +7,24 @@
 
 namespace orvik::ss {
 
-// Puts the running results of a task with `old` weights into the first thread's accumulators.
+// Puts the running results of a task with `old` weights into the first thread's accumulators, by the one-pass method.
 template <class T>
-void seed(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, Accumulators<T>* acc);
+void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, Accumulators<T>* acc);
 
-// Writes the results of a pass; `total` has the weights with those of the pass. `old_mean` is the user's mean of the
-// block before, null if there is none.
+// Write the results of a pass whose accumulators have the weights with those of the pass. Where they are all zero,
+// sums are zero and moments no numbers. `old_mean` is the user's mean of the block before, null if there is none.
 template <class T>
-void finish(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const Accumulators<T>& acc,
-            const T* old_mean);
+void finish_fast(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const Accumulators<T>& acc);
+template <class T>
+void finish_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
+                     const Accumulators<T>& acc);
+template <class T>
+void finish_user_mean(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
+                      const Accumulators<T>& acc, const T* old_mean);
+
+// The fast method's mean, and its matrix about it.
+template <class T>
+void center_matrix(const Task& task, const Data<T>& d, const Weights& old, const Accumulators<T>& acc);
 
 // Derives results from the sums that the task holds.
 template <class T>

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "qor/ss/finish.h"
 #include "qor/ss/kernels.h"
@@ -12,15 +11,15 @@ namespace {
 
 template <class T>
 Matrix<T> covariance(const Task& task, int64_t p) {
-  return {task.covariance, p, task.integer(task.covarianceStorage)};
+  return matrix_of<T>(task, task.covariance, task.covarianceStorage, p);
 }
 template <class T>
 Matrix<T> correlation(const Task& task, int64_t p) {
-  return {task.correlation, p, task.integer(task.correlationStorage)};
+  return matrix_of<T>(task, task.correlation, task.correlationStorage, p);
 }
 template <class T>
 Matrix<T> cross_product(const Task& task, int64_t p) {
-  return {task.crossProduct, p, task.integer(task.crossProductStorage)};
+  return matrix_of<T>(task, task.crossProduct, task.crossProductStorage, p);
 }
 
 template <class T, class Body>
@@ -30,22 +29,6 @@ void for_selected_pairs(const Data<T>& d, Body&& body) {
     for (int64_t i = 0; i <= j; ++i) {
       if (d.selected(i)) body(i, j);
     }
-  }
-}
-
-// What rounding alone leaves on the diagonal for a variable that does not vary: below it, the variable is constant. The
-// errors of long sums and of a running mean grow with the square root of the number of observations.
-template <class T>
-double rounding_floor(const Plan& plan, const Weights& total, double mean) {
-  constexpr double kEps = std::numeric_limits<T>::epsilon();
-  const double observations = total.sum * total.sum / total.squares;
-  switch (plan.method) {
-    case Method::Fast:
-      return (8 + std::sqrt(observations)) * kEps * total.sum * mean * mean;
-    case Method::OnePass:
-      return total.sum * (16 + observations) * (kEps * mean) * (kEps * mean);
-    default:
-      return 0;
   }
 }
 
@@ -80,17 +63,9 @@ void seed_matrix(const Task& task, const Data<T>& d, const Plan& plan, const Wei
 template <class T>
 void finish_matrix(const Task& task, const Data<T>& d, const Plan& plan, const Weights& total, T* cross, T* scratch) {
   const Matrix<T> sums(cross, d.p, ORVIK_SS_MATRIX_FULL);
-  const bool own_mean = plan.method == Method::Fast || plan.method == Method::OnePass;
-  if (own_mean && total.sum <= total.squares / total.sum) {  // one observation does not deviate from its mean
-    std::fill(cross, cross + d.p * d.p, T{0});
-  }
   auto write_correlation = [&] {
-    const T* mean = plan.has(kMean) ? real<T>(task.mean) : nullptr;
-    for (int64_t j = 0; j < d.p; ++j) {
-      const double m = mean != nullptr && d.selected(j) ? static_cast<double>(mean[j]) : 0.0;
-      const T c = d.selected(j) ? sums.get(j, j) : T{1};
-      scratch[j] = static_cast<double>(c) <= rounding_floor<T>(plan, total, m) ? T{0} : c;
-    }
+    // All deviations of a variable that does not vary are zero, and so is what they add up to.
+    for (int64_t j = 0; j < d.p; ++j) scratch[j] = d.selected(j) ? sums.get(j, j) : T{1};
     inverse_square_roots(static_cast<int32_t>(d.p), scratch, scratch);
     const auto to = correlation<T>(task, d.p);
     for_selected_pairs(d, [&](int64_t i, int64_t j) {

@@ -39,6 +39,9 @@ T kernel_ln(T x) {
 template double kernel_ln(double);
 template float kernel_ln(float);
 
+double kernel_lgamma(double x) { return qor::kernels::lgamma.high(x); }
+double kernel_erf_inv(double x) { return qor::kernels::erf_inv.high(x); }
+
 }  // namespace orvik::ss
 
 extern "C" {

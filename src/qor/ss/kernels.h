@@ -14,5 +14,7 @@ template <class T>
 T kernel_sqrt(T x);
 template <class T>
 T kernel_ln(T x);
+double kernel_lgamma(double x);
+double kernel_erf_inv(double x);
 
 }  // namespace orvik::ss

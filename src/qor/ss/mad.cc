@@ -3,28 +3,30 @@
 
 #include "orvik/ss.h"
 #include "qor/ss/by_variable.h"
-#include "qor/ss/sort.h"
+#include "qor/ss/selection.h"
 
 namespace orvik::ss {
 namespace {
 
-// The median of an array that may be reordered: the mean of the two middle values when their number is even.
-template <class T>
-T median(int64_t n, T* a) {
-  const int64_t numbers = move_nans(a, n);
-  const int64_t k = (n - 1) / 2;
-  if (k < numbers) select(a, 0, numbers - 1, k);
-  if (n % 2 != 0) return a[k];
-  T next = a[k + 1];
-  for (int64_t i = k + 2; i < numbers; ++i) next = a[i] < next ? a[i] : next;
-  return std::fma(next - a[k], T{0.5}, a[k]);
+// The sum of what `value` makes of the elements, in several chains.
+template <class T, class Value>
+double sum_of(int64_t n, const T* a, Value&& value) {
+  constexpr int kChains = 16;
+  double s[kChains] = {};
+  int64_t i = 0;
+  for (; i + kChains <= n; i += kChains) {
+    for (int k = 0; k < kChains; ++k) s[k] += value(a[i + k]);
+  }
+  for (; i < n; ++i) s[0] += value(a[i]);
+  for (int half = kChains / 2; half > 0; half /= 2) {
+    for (int k = 0; k < half; ++k) s[k] += s[k + half];
+  }
+  return s[0];
 }
 
 template <class T>
 T mean(int64_t n, const T* a) {
-  double sum = 0;
-  for (int64_t i = 0; i < n; ++i) sum += static_cast<double>(a[i]);
-  return static_cast<T>(sum / static_cast<double>(n));
+  return static_cast<T>(sum_of(n, a, [](T x) { return static_cast<double>(x); }) / static_cast<double>(n));
 }
 
 int32_t check(const Task& task, bool median, bool mean, uint64_t method) {
@@ -32,9 +34,9 @@ int32_t check(const Task& task, bool median, bool mean, uint64_t method) {
   if (task.dimension == nullptr || task.p() < 1) return kBadDimension;
   if (const int32_t status = check_observations(task); status != kDone) return status;
   if (const int32_t status = check_storage(task); status != kDone) return status;
-  if (median && task.medianAbsDeviation == nullptr) return kNoMedianAbsDeviation;
-  if (mean && task.meanAbsDeviation == nullptr) return kNoMeanAbsDeviation;
-  if (mean && (method & ORVIK_SS_METHOD_USER_MEAN) != 0 && task.mean == nullptr) return kNoMean;
+  if (median && task.medianAbsDeviation == nullptr) return missing_field::medianAbsDeviation;
+  if (mean && task.meanAbsDeviation == nullptr) return missing_field::meanAbsDeviation;
+  if (mean && (method & ORVIK_SS_METHOD_USER_MEAN) != 0 && task.mean == nullptr) return missing_field::mean;
   return median || mean ? kDone : kBadMethod;
 }
 
@@ -46,19 +48,17 @@ int32_t mad(OrvikSSTask handle, uint64_t estimates, uint64_t method, const Orvik
   const bool by_mean = (estimates & ORVIK_SS_MEAN_ABS_DEVIATION) != 0;
   if (const int32_t status = check(task, by_median, by_mean, method); status != kDone) return status;
   const Data<T> d = data_of<T>(task);
+  const Observations<T> o(d);
   const T* given = (method & ORVIK_SS_METHOD_USER_MEAN) != 0 ? real<T>(task.mean) : nullptr;
-  return for_each_variable(d, threading, d.n, [&](int64_t j, T* a) {
-    copy_variable(d, j, a);
+  return for_each_variable(o, d.flags, threading, d.n, [&](int64_t j, T* a) {
+    copy_variable(o, j, a);
     if (by_mean) {
       const T m = given != nullptr ? given[j] : mean(d.n, a);
-      double sum = 0;
-      for (int64_t i = 0; i < d.n; ++i) sum += static_cast<double>(std::fabs(a[i] - m));
+      const double sum = sum_of(d.n, a, [m](T x) { return static_cast<double>(std::fabs(x - m)); });
       real<T>(task.meanAbsDeviation)[j] = static_cast<T>(sum / static_cast<double>(d.n));
     }
     if (by_median) {
-      const T m = median(d.n, a);
-      for (int64_t i = 0; i < d.n; ++i) a[i] = std::fabs(a[i] - m);
-      real<T>(task.medianAbsDeviation)[j] = median(d.n, a);
+      real<T>(task.medianAbsDeviation)[j] = median_deviation<T>(d.n, a, nullptr);
     }
   });
 }

@@ -3,10 +3,8 @@
 #include <limits>
 
 #include "orvik/ss.h"
-#include "qor/ss/fold.h"
-#include "lanes/lanes.h"
+#include "qor/ss/rows.h"
 #include "qor/unroll.h"
-#include "qor/ss/task.h"
 
 namespace orvik::ss {
 namespace {
@@ -33,10 +31,12 @@ struct Extremes {
 
 template <class T>
 struct Result {
+  const Data<T>& data;
   T* minimum;  // null: not asked for
   T* maximum;
 
   void take(int64_t j, T low, T high, bool nan) const {
+    if (!data.selected(j)) return;
     const T none = std::numeric_limits<T>::quiet_NaN();
     if (minimum != nullptr && (nan || low < minimum[j])) minimum[j] = nan ? none : low;
     if (maximum != nullptr && (nan || high > maximum[j])) maximum[j] = nan ? none : high;
@@ -78,33 +78,23 @@ struct RowExtremes {
   alignas(64) T high[kLength + kGap];
   alignas(64) T nan[kLength + kGap];
 
-  void clear() {
+  void clear(int64_t length) {
     constexpr T kInf = std::numeric_limits<T>::infinity();
-    std::fill(low, low + kLength, kInf);
-    std::fill(high, high + kLength, -kInf);
-    std::fill(nan, nan + kLength, T{0});
+    std::fill(low, low + length, kInf);
+    std::fill(high, high + length, -kInf);
+    std::fill(nan, nan + length, T{0});
   }
 
-  // One row of each of N streams, `apart` values from one to the next.
+  // One row of each of N streams, `apart` values from one to the next. Behind a row the places may belong to a longer one.
   template <int N>
-  void take(int64_t length, const T* x, int64_t apart) {
-    auto body = [&](int64_t j, auto load_at, auto store_at) __attribute__((always_inline)) {
-      Extremes<T> e{load_at(low + j), load_at(high + j), load_at(nan + j)};
-      unroll<N>([&](auto stream) __attribute__((always_inline)) { e.take(load_at(x + stream * apart + j)); });
-      store_at(low + j, e.low);
-      store_at(high + j, e.high);
-      store_at(nan + j, e.nan);
-    };
-    int64_t j = 0;
-    for (; j + kWidth<VectorOf<T>> <= length; j += kWidth<VectorOf<T>>) {
-      body(
-          j, [](const T* p) { return load<VectorOf<T>>(p); }, [](T* p, auto v) { store(p, v); });
-    }
-    if (j < length) {  // the places behind may belong to a longer row
-      const auto mask = first_lanes<VectorOf<T>>(length - j);
-      body(
-          j, [mask](const T* p) { return load(p, mask); }, [mask](T* p, auto v) { store(p, mask, v); });
-    }
+  void take(std::integral_constant<int, N>, int64_t length, const T* x, int64_t apart) {
+    for_vectors<VectorOf<T>>(length, [&](int64_t j, auto vector) __attribute__((always_inline)) {
+      Extremes<T> e{vector.load(low + j), vector.load(high + j), vector.load(nan + j)};
+      unroll<N>([&](auto stream) __attribute__((always_inline)) { e.take(vector.load(x + stream * apart + j)); });
+      vector.store(low + j, e.low);
+      vector.store(high + j, e.high);
+      vector.store(nan + j, e.nan);
+    });
   }
 
   // The value at place j belongs to variable base + j mod p.
@@ -115,22 +105,15 @@ struct RowExtremes {
 
 template <class T>
 void scan_observations(const Data<T>& d, int64_t j0, int64_t j1, const Result<T>& result) {
-  const bool whole = j0 == 0 && j1 == d.p;
-  const Fold fold(whole ? d.p : Fold::kRow);
+  const Fold fold(j0 == 0 && j1 == d.p ? d.p : Fold::kRow, d.n);
   RowExtremes<T> extremes;
   for (int64_t first = j0; first < j1; first += RowExtremes<T>::kLength) {
     const int64_t width = std::min(RowExtremes<T>::kLength, j1 - first);
     const int64_t length = fold.observations > 1 ? fold.length : width;
-    extremes.clear();
-    // Several streams through memory share the loads and stores of the extremes.
-    constexpr int kStreams = 4;
-    const int64_t apart = d.n / fold.observations / kStreams * fold.observations;
-    const T* x = d.x + first;
-    int64_t i = 0;
-    for (; i < apart; i += fold.observations) extremes.template take<kStreams>(length, x + i * d.p, apart * d.p);
-    i = kStreams * apart;
-    for (; i + fold.observations <= d.n; i += fold.observations) extremes.template take<1>(length, x + i * d.p, 0);
-    for (; i < d.n; ++i) extremes.template take<1>(width, x + i * d.p, 0);
+    extremes.clear(length);
+    for_rows(d, 0, d.n, first, width, fold,
+             [&](auto streams, int64_t size, const T* x, int64_t apart, int64_t, int64_t)
+                 __attribute__((always_inline)) { extremes.take(streams, size, x, apart * d.p); });
     extremes.put(length, width, first, result);
   }
 }
@@ -140,14 +123,14 @@ int32_t minmax(OrvikSSTask handle, uint64_t estimates, uint64_t method) {
   if (handle == nullptr) return kNoTask;
   const Task& task = *static_cast<Task*>(handle);
   const bool low = (estimates & ORVIK_SS_MINIMUM) != 0, high = (estimates & ORVIK_SS_MAXIMUM) != 0;
-  if (low && task.minimum == nullptr) return kNoMinimum;
-  if (high && task.maximum == nullptr) return kNoMaximum;
+  if (low && task.minimum == nullptr) return missing_field::minimum;
+  if (high && task.maximum == nullptr) return missing_field::maximum;
   if ((method & (ORVIK_SS_METHOD_FAST | ORVIK_SS_METHOD_ONE_PASS)) == 0) return kBadMethod;
   if (const int32_t status = check_storage(task); status != kDone) return status;
   if (const int32_t status = check_observations(task); status != kDone) return status;
 
   const Data<T> d = data_of<T>(task);
-  const Result<T> result{low ? real<T>(task.minimum) : nullptr, high ? real<T>(task.maximum) : nullptr};
+  const Result<T> result{d, low ? real<T>(task.minimum) : nullptr, high ? real<T>(task.maximum) : nullptr};
   for_selected_ranges(d, [&](int64_t j0, int64_t j1) {
     if (!d.contiguous_variables) return scan_observations(d, j0, j1, result);
     for (int64_t j = j0; j < j1; ++j) scan_contiguous(d.n, d.x + j * d.n, j, result);

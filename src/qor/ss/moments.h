@@ -5,11 +5,12 @@
 
 namespace orvik::ss {
 
-// What makes the second central moment unbiased for reliability weights; 1 where one observation is all there is.
-// Orders 3 and 4 are plain averages: their factor is 1, so that a run can go on from the two sums of weights alone.
+// What makes the second central moment unbiased for reliability weights; 1 where one observation is all there is, which
+// rounding of its weight's square must not hide. Orders 3 and 4 are plain averages: their factor is 1, so that a run can
+// go on from the two sums of weights alone.
 inline double unbiased(const Weights& w) {
   const double correction = w.squares / w.sum;
-  return w.sum > correction ? w.sum / (w.sum - correction) : 1.0;
+  return w.observations > 1 && w.sum > correction ? w.sum / (w.sum - correction) : 1.0;
 }
 
 // Average of the k-th powers of deviations from the mean, k = 2 to 4; r[k] is the k-th raw moment.
@@ -33,6 +34,20 @@ inline double raw_from_central(int k, double m, const double* c) {
       return c[3] + m * (3 * c[2] + m * m);
     default:
       return c[4] + m * (4 * c[3] + m * (6 * c[2] + m * m));
+  }
+}
+
+// The sum of k-th powers of deviations from the mean u + s[1] / s[0], from the sums s[k] of powers of deviations from u;
+// s[0] is the sum of weights.
+inline double central_sum(int k, const double* s) {
+  const double d = s[1] / s[0];
+  switch (k) {
+    case 2:
+      return s[2] - d * s[1];
+    case 3:
+      return s[3] - d * (3 * s[2] - 2 * d * s[1]);
+    default:
+      return s[4] - d * (4 * s[3] - d * (6 * s[2] - 3 * d * s[1]));
   }
 }
 

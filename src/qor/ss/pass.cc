@@ -2,128 +2,160 @@
 
 #include <algorithm>
 
-#include "qor/ss/central_sums.h"
-#include "qor/ss/cross_product.h"
-#include "qor/ss/power_sums.h"
+#include "qor/ss/moments.h"
+#include "qor/ss/states.h"
+#include "qor/ss/sums.h"
 
 namespace orvik::ss {
 namespace {
 
+// Observations of the next block: short ones first by one pass, which must know the mean before the long ones. What is kept by place in
+// a block is of the precision of the data, which bounds its length.
 template <class T>
-Weights add_weights(const Data<T>& d, int64_t i, int64_t m, Weights total) {
-  if (d.weights == nullptr) {
-    total.sum += static_cast<double>(m);
-    total.squares += static_cast<double>(m);
-    return total;
-  }
-  for (int64_t r = i; r < i + m; ++r) {
-    const double w = static_cast<double>(d.weights[r]);
-    total.sum += w;
-    total.squares += w * w;
-  }
-  return total;
+int64_t block_length(const Data<T>& d, const Plan& plan, int64_t done) {
+  constexpr int64_t kFirst = 1536, kValues = 65536;
+  int64_t longest = std::clamp<int64_t>(kValues / d.p, 256, 4096);
+  if (d.contiguous_variables) longest = d.weights == nullptr || d.p == 1 ? 16384 : 2048;
+  return plan.method == Method::OnePass ? std::min(std::max(done, kFirst), longest) : longest;
 }
 
-// mean := (seed W mean + sums of the pass) / W
 template <class T>
-void finish_mean(const Data<T>& d, double seed, const Accumulators<T>& acc) {
-  for (int64_t j = 0; j < d.p; ++j) {
-    acc.mean[j] = static_cast<T>((seed * static_cast<double>(acc.mean[j]) + static_cast<double>(acc.power[0][j])) /
-                                 acc.weights.sum);
+int64_t first_with_weight(const Data<T>& d, int64_t i) {
+  while (d.weights != nullptr && d.weights[i] == 0) ++i;
+  return i;
+}
+
+// A point near the values of a block: the first one, or the mean of its beginning by way of deviations from that one.
+// The mean of equal values is that value. A beginning of a part f of the weight may cost log2(1 / f) bits, 4 at most,
+// where all the rest lies far from it.
+template <class T>
+void find_pivot(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, double weight, bool mean,
+                Accumulators<T>* acc) {
+  constexpr int64_t kBeginning = 128;
+  constexpr double kPart = 1.0 / 16;
+  const T* x = d.x + first_with_weight(d, i0) * d.observation_step();
+  for (int64_t j = j0; j < j1; ++j) acc->pivot[j] = finite_or_zero(x[j * d.variable_step()]);
+  if (!mean) return;
+  if (i1 - i0 > 2 * kBeginning) {
+    const Weights beginning = weigh(d, i0, kBeginning);
+    if (beginning.sum >= kPart * weight) i1 = i0 + kBeginning, weight = beginning.sum;
   }
+  std::fill(acc->block[0] + j0, acc->block[0] + j1, 0.0);
+  add_power_sums(d, i0, i1, j0, j1, 1, acc->pivot, acc->block);
+  for (int64_t j = j0; j < j1; ++j) {
+    const T m = static_cast<T>(static_cast<double>(acc->pivot[j]) + acc->block[0][j] / weight);
+    if (finite_or_zero(m) == m) acc->pivot[j] = m;
+  }
+}
+
+// From sums about the pivot to a state; plain sums as a by-product.
+template <class T>
+void to_states(const Plan& plan, int64_t j0, int64_t j1, double weight, Accumulators<T>* acc) {
+  const int power = plan.power, central = plan.central;
+  for (int64_t j = j0; j < j1; ++j) {
+    double s[5] = {weight, 0, 0, 0, 0};
+    for (int k = 1; k <= plan.order(); ++k) s[k] = acc->block[k - 1][j];
+    const auto u = static_cast<double>(acc->pivot[j]);
+    if (power != 0) {
+      double plain[5];
+      plain_sums(u, s, plain);
+      for (int k = 1; k <= power; ++k) acc->power[k - 1][j] += plain[k];
+    }
+    if (central == 0) continue;
+    acc->block[0][j] = (u - static_cast<double>(acc->shift[j])) + s[1] / weight;
+    for (int k = 2; k <= central; ++k) acc->block[k - 1][j] = central_sum(k, s);
+  }
+}
+
+// A block of the one-pass method.
+template <class T>
+void add_block(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const Weights& w,
+               Accumulators<T>* acc) {
+  const int order = plan.order();
+  const double before = acc->weights.sum;
+  // The mean of all before, where it is the better half of the new one.
+  const bool known = before >= w.sum;
+  if (known) {
+    for (int64_t j = j0; j < j1; ++j) {
+      const T m = static_cast<T>(static_cast<double>(acc->shift[j]) + acc->central[0][j]);
+      acc->pivot[j] = finite_or_zero(m);
+    }
+  } else {
+    find_pivot(d, i0, i1, j0, j1, w.sum, order > 1 || acc->cross.matrix() != nullptr, acc);
+  }
+  for (int k = 0; k < order; ++k) std::fill(acc->block[k] + j0, acc->block[k] + j1, 0.0);
+  add_power_sums(d, i0, i1, j0, j1, order, acc->pivot, acc->block);
+  to_states(plan, j0, j1, w.sum, acc);
+}
+
+// The products about the pivots join those about the running mean, which the block has not joined yet.
+template <class T>
+void add_products(const Data<T>& d, int64_t i0, int64_t i1, const Weights& w, Accumulators<T>* acc) {
+  acc->cross.add(Observations<T>(d), i0, i1, acc->pivot);
+  const double before = acc->weights.sum;
+  for (int64_t j = 0; j < d.p; ++j) {
+    const double pivot = static_cast<double>(acc->pivot[j]) - static_cast<double>(acc->shift[j]);
+    acc->outer[j] = static_cast<T>(acc->block[0][j] - pivot);
+  }
+  acc->cross.add_outer(-w.sum, acc->outer);
+  if (before == 0) return;
+  for (int64_t j = 0; j < d.p; ++j) acc->outer[j] = static_cast<T>(acc->block[0][j] - acc->central[0][j]);
+  acc->cross.add_outer(before * (w.sum / (before + w.sum)), acc->outer);
 }
 
 }  // namespace
 
-template <class T>
-int32_t run_pass(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1, const T* user_mean, Accumulators<T>* acc) {
-  const int power = plan.power_order();
-  const int central = plan.central_order();
-  const bool by_blocks = acc->cross != nullptr || (power != 0 && central != 0);
-  CrossProduct<T> cross(d, plan.method, acc->cross);
-  if (acc->cross != nullptr && !cross.allocate()) return kNoMemory;
-  const double seed = acc->weights.sum;
-  const bool uncentred = acc->cross != nullptr && plan.method == Method::Fast;
-  if (uncentred && seed != 0) cross.add_outer(seed, acc->mean);
+int double_rows(const Plan& plan) {
+  const int mean = plan.matrix() && plan.method == Method::Fast ? 1 : 0;
+  return plan.power + plan.central + (plan.central != 0 ? plan.order() : 0) + mean;
+}
 
-  constexpr int64_t kLong = 4096;
-  if (acc->cross == nullptr && by_blocks && d.contiguous_variables && i1 - i0 >= kLong) {
-    // Variable by variable: both kinds of sums read a block while it is in the second cache.
-    constexpr int64_t kBlock = 0x20000 / sizeof(T);
+int real_rows(const Plan& plan) { return (plan.central != 0 ? 1 : 0) + (plan.matrix() ? 1 : 0); }
+
+template <class T>
+void run_pass(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1, Accumulators<T>* acc) {
+  const int power = plan.power, central = plan.central;
+  const bool by_states = central != 0;
+  for (int64_t i = i0, end; i < i1; i = end) {
+    end = i1 - i <= 1536 ? i1 : std::min(i1, i + block_length(d, plan, i - i0));
+    const Weights w = weigh(d, i, end - i);
+    if (w.observations == 0) continue;
     for_selected_ranges(d, [&](int64_t j0, int64_t j1) {
-      for (int64_t j = j0; j < j1; ++j) {
-        double weight = seed;
-        for (int64_t i = i0; i < i1; i += kBlock) {
-          const int64_t end = std::min(i + kBlock, i1);
-          weight = update_central_sums(d, i, end, j, j + 1, central, weight, acc->central);
-          add_power_sums(d, i, end, j, j + 1, power, user_mean, acc->power);
-        }
+      if (by_states) {
+        add_block(d, plan, i, end, j0, j1, w, acc);
+      } else if (power != 0) {
+        add_power_sums(d, i, end, j0, j1, power, acc->shift, acc->power);
       }
     });
-    acc->weights = add_weights(d, i0, i1 - i0, acc->weights);
-    return kDone;
+    if (acc->cross.matrix() != nullptr) {
+      by_states ? add_products(d, i, end, w, acc) : acc->cross.add(Observations<T>(d), i, end, acc->shift);
+    }
+    if (by_states) join_states(d.p, central, acc->weights.sum, w.sum, acc->central, acc->block);
+    acc->weights.add(w);
   }
-
-  const bool recentres = acc->cross != nullptr && plan.method == Method::OnePass;
-  int64_t block = by_blocks ? cross.block() : i1 - i0;
-  if (recentres && d.contiguous_variables) {
-    // A mean over a few hundred values is slow: it goes ahead by as many blocks as the last cache keeps.
-    constexpr int64_t kAhead = 0x400000 / sizeof(T);
-    block *= std::max<int64_t>(kAhead / d.p / block, 1);
-  }
-  for (int64_t i = i0; i < i1; i += block) {
-    const int64_t end = std::min(i + block, i1);
-    const Weights before = acc->weights;
-    if (recentres) cross.before(acc->central[0]);
-    for_selected_ranges(d, [&](int64_t j0, int64_t j1) {
-      if (central != 0) update_central_sums(d, i, end, j0, j1, central, before.sum, acc->central);
-      if (power != 0) add_power_sums(d, i, end, j0, j1, power, user_mean, acc->power);
-    });
-    acc->weights = add_weights(d, i, end - i, before);
-    if (acc->cross == nullptr) continue;
-    const T* mean = recentres ? acc->central[0] : user_mean;
-    if (recentres) cross.recentre(before.sum, mean);
-    for (int64_t k = i; k < end; k += cross.block()) cross.add(k, std::min(cross.block(), end - k), mean);
-  }
-  if (uncentred && acc->weights.sum != 0) {
-    finish_mean(d, seed, *acc);
-    cross.add_outer(-acc->weights.sum, acc->mean);
-  }
-  return kDone;
 }
 
 template <class T>
-void merge(const Data<T>& d, const Plan& plan, Accumulators<T>* into, const Accumulators<T>& from) {
+void merge(int64_t p, const Plan& plan, Accumulators<T>* into, const Accumulators<T>& from) {
   const double a = into->weights.sum, b = from.weights.sum;
-  if (b == 0) return;
-  into->weights.sum = a + b;
-  into->weights.squares += from.weights.squares;
-  for (int k = 0; k < plan.power_order(); ++k) {
-    for (int64_t j = 0; j < d.p; ++j) into->power[k][j] += from.power[k][j];
+  if (from.weights.observations == 0) return;
+  for (int k = 0; k < plan.power; ++k) {
+    for (int64_t j = 0; j < p; ++j) into->power[k][j] += from.power[k][j];
   }
-  if (into->cross != nullptr) {
-    for (int64_t k = 0; k < d.p * d.p; ++k) into->cross[k] += from.cross[k];
-    T* mean_a = plan.method == Method::OnePass ? into->central[0] : into->mean;
-    T* mean_b = plan.method == Method::OnePass ? from.central[0] : from.mean;
-    if (mean_a != nullptr && a != 0) {
-      // The other thread's rows are free to change: its mean becomes the difference, and is put back.
-      for (int64_t j = 0; j < d.p; ++j) mean_b[j] -= mean_a[j];
-      CrossProduct<T>(d, plan.method, into->cross).add_outer(a * b / (a + b), mean_b);
-      for (int64_t j = 0; j < d.p; ++j) mean_b[j] += mean_a[j];
-    }
-    if (into->mean != nullptr) {
-      for (int64_t j = 0; j < d.p; ++j) {
-        into->mean[j] =
-            static_cast<T>((a * static_cast<double>(into->mean[j]) + b * static_cast<double>(from.mean[j])) / (a + b));
-      }
+  if (T* c = into->cross.matrix(); c != nullptr) {
+    for (int64_t k = 0; k < p * p; ++k) c[k] += from.cross.matrix()[k];
+    if (plan.method == Method::OnePass && a != 0) {
+      for (int64_t j = 0; j < p; ++j) into->outer[j] = static_cast<T>(from.central[0][j] - into->central[0][j]);
+      into->cross.add_outer(a * (b / (a + b)), into->outer);
     }
   }
-  if (plan.central_order() != 0) merge_central_sums(d.p, plan.central_order(), a, b, into->central, from.central);
+  if (plan.central != 0) join_states(p, plan.central, a, b, into->central, from.central);
+  into->weights.add(from.weights);
 }
 
-#define ORVIK_INSTANTIATE(T)                                                                            \
-  template int32_t run_pass(const Data<T>&, const Plan&, int64_t, int64_t, const T*, Accumulators<T>*); \
-  template void merge(const Data<T>&, const Plan&, Accumulators<T>*, const Accumulators<T>&);
+#define ORVIK_INSTANTIATE(T)                                                                \
+  template void run_pass(const Data<T>&, const Plan&, int64_t, int64_t, Accumulators<T>*);  \
+  template void merge(int64_t, const Plan&, Accumulators<T>*, const Accumulators<T>&);
 ORVIK_INSTANTIATE(float)
 ORVIK_INSTANTIATE(double)
 #undef ORVIK_INSTANTIATE

@@ -1,6 +1,9 @@
 #include "qor/ss/plan.h"
 
 #include <algorithm>
+#include <bit>
+
+#include "qor/ss/matrix.h"
 
 namespace orvik::ss {
 namespace {
@@ -41,28 +44,31 @@ struct Output {
   int32_t missing;  // status at compute time; that of `sum` is its own here
 };
 
+#define ORVIK_OUTPUT(name) \
+  { &Task::name, missing_field::name }
 constexpr Output kOutputs[] = {
-    {&Task::mean, -4006},
-    {&Task::rawMoment2, -4007},
-    {&Task::rawMoment3, -4008},
-    {&Task::rawMoment4, -4009},
-    {&Task::centralMoment2, -4010},
-    {&Task::centralMoment3, -4011},
-    {&Task::centralMoment4, -4012},
-    {&Task::covariance, -4018},
-    {&Task::correlation, -4019},
-    {&Task::kurtosis, -4013},
-    {&Task::skewness, -4014},
-    {&Task::variation, -4017},
-    {&Task::sum, -4074},
-    {&Task::rawSum2, -4075},
-    {&Task::rawSum3, -4076},
-    {&Task::rawSum4, -4077},
-    {&Task::centralSum2, -4078},
-    {&Task::centralSum3, -4079},
-    {&Task::centralSum4, -4080},
-    {&Task::crossProduct, -4081},
+    ORVIK_OUTPUT(mean),
+    ORVIK_OUTPUT(rawMoment2),
+    ORVIK_OUTPUT(rawMoment3),
+    ORVIK_OUTPUT(rawMoment4),
+    ORVIK_OUTPUT(centralMoment2),
+    ORVIK_OUTPUT(centralMoment3),
+    ORVIK_OUTPUT(centralMoment4),
+    ORVIK_OUTPUT(covariance),
+    ORVIK_OUTPUT(correlation),
+    ORVIK_OUTPUT(kurtosis),
+    ORVIK_OUTPUT(skewness),
+    ORVIK_OUTPUT(variation),
+    {&Task::sum, kNoSum},
+    ORVIK_OUTPUT(rawSum2),
+    ORVIK_OUTPUT(rawSum3),
+    ORVIK_OUTPUT(rawSum4),
+    ORVIK_OUTPUT(centralSum2),
+    ORVIK_OUTPUT(centralSum3),
+    ORVIK_OUTPUT(centralSum4),
+    ORVIK_OUTPUT(crossProduct),
 };
+#undef ORVIK_OUTPUT
 
 bool find_method(uint64_t word, Method* method) {
   switch (word & (ORVIK_SS_METHOD_FAST | ORVIK_SS_METHOD_ONE_PASS | ORVIK_SS_METHOD_USER_MEAN)) {
@@ -87,76 +93,77 @@ bool find_method(uint64_t word, Method* method) {
 uint32_t work_list(uint64_t estimates, Method method) {
   uint32_t work = 0;
   for (const Row& row : kRows) {
-    if ((estimates & row.estimate) == 0) continue;
-    work |= method == Method::Fast ? row.fast : method == Method::Finish ? row.finish : row.running;
+    const uint32_t needs = method == Method::Fast ? row.fast : method == Method::Finish ? row.finish : row.running;
+    work |= (estimates & row.estimate) != 0 ? needs : 0;
   }
   return work;
 }
 
-int32_t check_outputs(const Task& task, const Plan& plan) {
-  for (int bit = 0; bit < kNotAllowed; ++bit) {
-    if (plan.has(bit) && output(task, bit) == nullptr) return kOutputs[bit].missing;
+int32_t check_outputs(const Task& task, uint32_t work) {
+  for (; work != 0; work &= work - 1) {
+    const int bit = std::countr_zero(work);
+    if (bit == kNotAllowed) return kBadMethod;
+    if (output(task, bit) == nullptr) return kOutputs[bit].missing;
   }
-  return plan.has(kNotAllowed) ? kBadMethod : kDone;
+  return kDone;
 }
 
 int32_t check_data(const Task& task) {
   if (const int32_t status = check_observations(task); status != kDone) return status;
   if (const int32_t status = check_storage(task); status != kDone) return status;
-  return task.weights != nullptr && task.accumulatedWeights == nullptr ? kNoAccumulatedWeights : kDone;
+  return task.weights != nullptr && task.accumulatedWeights == nullptr ? missing_field::accumulatedWeights : kDone;
 }
 
 int32_t check_sums(const Task& task) {
-  return task.accumulatedWeights == nullptr && task.observationCount == nullptr ? kNoAccumulatedWeights : kDone;
+  return task.accumulatedWeights == nullptr && task.observationCount == nullptr ? missing_field::accumulatedWeights : kDone;
 }
 
-int32_t check_matrix_storage(const Task& task, const Plan& plan) {
+int32_t check_matrix_storages(const Task& task, const Plan& plan) {
+  if (!plan.matrix()) return kDone;
   constexpr std::pair<int, void * Task::*> kMatrices[] = {{kCovariance, &Task::covarianceStorage},
                                                           {kCorrelation, &Task::correlationStorage},
                                                           {kCrossProduct, &Task::crossProductStorage}};
   for (const auto& [bit, storage] : kMatrices) {
     if (!plan.has(bit)) continue;
-    if (task.*storage == nullptr) return kNoStorage;
-    if ((task.integer(task.*storage) & 3) == 3) return kBadStorage;
+    if (const int32_t status = check_matrix_storage(task, task.*storage); status != kDone) return status;
   }
   return kDone;
 }
 
-int highest(const Plan& plan, int order, int first_bit) {
-  for (int k = 2; k <= 4; ++k) {
-    if (plan.has(first_bit + k - 2)) order = std::max(order, k);
+// Of three orders whose bits follow each other.
+int highest(const Plan& plan, int first_bit) {
+  const uint32_t orders = plan.work >> first_bit & 7;
+  return orders == 0 ? 0 : 1 + std::bit_width(orders);
+}
+
+int central_order(const Plan& plan) {
+  if (plan.method != Method::OnePass) return 0;
+  return std::max({plan.has(kMean) ? 1 : 0, highest(plan, kCentral2), highest(plan, kCentralSum2)});
+}
+
+int power_order(const Plan& plan) {
+  const int sums = std::max(plan.has(kSum) ? 1 : 0, highest(plan, kRawSum2));
+  int order = std::max(sums, highest(plan, kRaw2));
+  if (plan.method == Method::Fast && plan.has(kMean)) order = std::max(order, 1);
+  if (plan.method == Method::UserMean) {
+    order = std::max({order, highest(plan, kCentral2), highest(plan, kCentralSum2)});
   }
-  return order;
+  // Running central sums give the raw moments too.
+  return sums != 0 || order > plan.central ? order : 0;
 }
 
 }  // namespace
 
 void* output(const Task& task, int bit) { return task.*kOutputs[bit].field; }
 
-int Plan::power_order() const {
-  int order = has(kSum) || (method == Method::Fast && has(kMean)) ? 1 : 0;
-  order = highest(*this, order, kRaw2);
-  order = highest(*this, order, kRawSum2);
-  if (method == Method::UserMean) {
-    order = highest(*this, order, kCentral2);
-    order = highest(*this, order, kCentralSum2);
-  }
-  const bool sums = has(kSum) || highest(*this, 0, kRawSum2) != 0;
-  // Running central sums give the raw moments too.
-  return sums || order > central_order() ? order : 0;
-}
-
-int Plan::central_order() const {
-  if (method != Method::OnePass) return 0;
-  return highest(*this, highest(*this, has(kMean) ? 1 : 0, kCentral2), kCentralSum2);
-}
-
 int32_t make_plan(const Task& task, uint64_t estimates, uint64_t method, Plan* plan) {
   if (!find_method(method, &plan->method)) return kBadMethod;
   plan->work = work_list(estimates, plan->method);
-  if (const int32_t status = check_outputs(task, *plan); status != kDone) return status;
+  if (const int32_t status = check_outputs(task, plan->work); status != kDone) return status;
+  plan->central = central_order(*plan);
+  plan->power = power_order(*plan);
   const int32_t status = plan->method == Method::Finish ? check_sums(task) : check_data(task);
-  return status != kDone ? status : check_matrix_storage(task, *plan);
+  return status != kDone ? status : check_matrix_storages(task, *plan);
 }
 
 }  // namespace orvik::ss

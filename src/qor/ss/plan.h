@@ -37,14 +37,12 @@ enum class Method { Fast, OnePass, UserMean, Finish };
 struct Plan {
   Method method;
   uint32_t work;
+  int power = 0;    // highest power of x, or of deviations from the user's mean, to sum
+  int central = 0;  // highest running central sum; the running mean alone has order 1
 
   bool has(int bit) const { return (work >> bit & 1) != 0; }
-  bool matrix() const { return has(kCovariance) || has(kCorrelation) || has(kCrossProduct); }
-
-  // Highest power of x (or of deviations from the user's mean) and highest running central sum to compute; the running
-  // mean alone has order 1.
-  int power_order() const;
-  int central_order() const;
+  bool matrix() const { return (work & (1u << kCovariance | 1u << kCorrelation | 1u << kCrossProduct)) != 0; }
+  int order() const { return power > central ? power : central; }
 };
 
 // Fills the plan and makes every check of the task, in order.
@@ -53,10 +51,18 @@ int32_t make_plan(const Task& task, uint64_t estimates, uint64_t method, Plan* p
 // The field that holds the result of an internal estimate.
 void* output(const Task& task, int bit);
 
-// The sums of weights so far, zero for a fresh run.
+// The sums of weights so far, zero for a fresh run. `observations` tells none (0) and one (1) that has weight from several,
+// and no more.
 struct Weights {
   double sum = 0;
   double squares = 0;
+  int64_t observations = 0;
+
+  void add(const Weights& other) {
+    sum += other.sum;
+    squares += other.squares;
+    observations += other.observations;
+  }
 };
 
 }  // namespace orvik::ss

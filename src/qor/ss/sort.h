@@ -151,15 +151,20 @@ void quicksort(A a, int64_t n) {
 
 namespace sorting {
 
-// Two inward scans around a[k], which two sentinels stop. Returns the segment that still holds rank k.
+// Two inward scans around a[k], which two sentinels stop, the bulk of a long segment by blocks. Leaves the segment that
+// still holds rank k.
 template <class A>
 void partition_at(A a, int64_t* low, int64_t* high, int64_t k) {
   const auto pivot = a[k];
   int64_t i = *low, j = *high;
   std::swap(a[i], a[k]);
   if (pivot < a[j]) std::swap(a[i], a[j]);
-  while (i < j) {
-    std::swap(a[i], a[j]);
+  std::swap(a[i], a[j]);
+  ++i, --j;
+  partition_blocks(a, pivot, &i, &j);
+  --i, ++j;
+  for (bool first = true; first || i < j; first = false) {
+    if (!first) std::swap(a[i], a[j]);
     do ++i;
     while (a[i] < pivot);
     do --j;

@@ -12,8 +12,8 @@ constexpr int64_t kForms = ORVIK_SS_STORAGE_ROWS | ORVIK_SS_STORAGE_COLUMNS;
 
 int32_t check(const Task& task, uint64_t method) {
   if ((method & ORVIK_SS_METHOD_SORT) == 0) return kBadMethod;
-  if (task.sortedObservations == nullptr) return kNoSorted;
-  if (task.sortedStorage == nullptr) return kNoStorage;
+  if (task.sortedObservations == nullptr) return missing_field::sortedObservations;
+  if (task.sortedStorage == nullptr) return missing_field::sortedStorage;
   const int64_t form = task.integer(task.sortedStorage) & kForms;
   if (form == kForms) return kAmbiguousSorted;
   if (form == 0) return kBadStorage;
@@ -27,14 +27,15 @@ int32_t sort_task(OrvikSSTask handle, uint64_t method, const OrvikThreading* thr
   const Task& task = *static_cast<Task*>(handle);
   if (const int32_t status = check(task, method); status != kDone) return status;
   const Data<T> d = data_of<T>(task);
+  const Observations<T> o(d);
   T* sorted = real<T>(task.sortedObservations);
   const bool rows = d.p == 1 || (task.integer(task.sortedStorage) & ORVIK_SS_STORAGE_ROWS) != 0;
-  return for_each_variable(d, threading, d.n, [&](int64_t j, T* scratch) {
+  return for_each_variable(o, d.flags, threading, d.n, [&](int64_t j, T* scratch) {
     if (rows) {
-      copy_variable(d, j, sorted + j * d.n);
+      copy_variable(o, j, sorted + j * d.n);
       return sort_with_scratch(d.n, sorted + j * d.n, scratch);
     }
-    copy_variable(d, j, scratch);
+    copy_variable(o, j, scratch);
     quicksort(scratch, move_nans(scratch, d.n));
     for (int64_t i = 0; i < d.n; ++i) sorted[i * d.p + j] = scratch[i];
   });

@@ -1,4 +1,4 @@
-// Statuses of the estimators. Those of a missing field stand beside the field, in fields.inc.
+// Statuses of the estimators. Those of a missing field follow from the list of fields: missing_field.h.
 #pragma once
 
 #include <cstdint>
@@ -12,30 +12,27 @@ enum Status : int32_t {
   kBadDimension = -4001,
   kBadCount = -4002,
   kBadStorage = -4003,
-  kNoMean = -4006,
-  kNoMinimum = -4015,
-  kNoMaximum = -4016,
-  kNoAccumulatedWeights = -4020,
-  kNoWeights = -4005,
-  kNoQuantileOrders = -4021,
   kBadQuantileOrders = -4022,
-  kNoQuantiles = -4023,
-  kNoOrderStatistics = -4024,
   kBadMethod = -4029,
   kNoTask = -4031,
-  kNoObservations = -4032,
-  kNoStorage = -4044,
-  kNoStreamParameterCount = -4064,
-  kNoStreamParameters = -4065,
+  kNoStreamParameterCount = -4064,  // at compute time; the setter refuses null as it were a bad count
   kBadStreamParameterCount = -4066,
   kBadEpsilon = -4067,
-  kNoStreamOrders = -4068,
   kBadStreamOrders = -4069,
-  kNoStreamQuantiles = -4070,
-  kNoMedianAbsDeviation = -4082,
-  kNoMeanAbsDeviation = -4083,
-  kNoSorted = -4084,
+  kNoSum = -4074,  // at compute time; the setter refuses null as it were the mean
   kAmbiguousSorted = -4085,
+  kMatrixFailed = -4001,  // of LAPACK: a block that is not positive definite, no convergence
+  kSingular = -5041,      // a covariance without full rank
+  kBadImputationParameterCount = -4050,
+  kBadImputationParameters = -4051,
+  kBadSimulatedValueCount = -4058,
+  kBadEstimateCount = -4059,
+  kNoImputationResult = -4060,
+  kBadMissingCount = -4063,
+  kBlockSingular = -5021,        // covariance of present values, or a value that is no number
+  kConditionalSingular = -5023,  // covariance of missing values given the present ones
+  kPosteriorSingular = -5024,    // too few observations for the parameters, or dependent variables
+  kNoSpread = -5025,             // a variable without a value, or of equal ones
 };
 
 }  // namespace orvik::ss

@@ -13,8 +13,9 @@ namespace orvik::ss {
 // A level of a variable's stream. The current one has a work area, the finished ones a summary.
 struct StreamLevel {
   LevelShape shape;
-  int64_t count;  // observations fed
-  int64_t used;   // entries of the summary
+  LevelRoom room;  // of the work area
+  int64_t count;   // observations fed
+  int64_t used;    // entries of the summary
   void* summary;
   void* work;
 };
@@ -39,24 +40,35 @@ namespace {
 template <class T>
 class Reservation {
  public:
-  // Levels and work area for `n` more values. False when memory is exhausted.
+  // Levels and work area for `n` more values. The area grows with what comes: to twice its room or more, so that many
+  // short blocks seldom move it. False when memory is exhausted.
   bool reserve(const StreamVariable& v, double epsilon, int64_t n) {
-    const int64_t last = level_of(epsilon, v.seen() + n - 1);
+    const int64_t seen = v.seen(), last = level_of(epsilon, seen + n - 1);
     last_ = last;
-    if (v.levels != nullptr && last == v.currentLevel) return true;
+    first_ = v.levels == nullptr ? 0 : v.currentLevel;
+    const bool same = v.levels != nullptr && last == v.currentLevel;
+    if (same && v.levels[last].count + n <= v.levels[last].room.values) return true;
     levels_ = static_cast<StreamLevel*>(
         orvik_serv_allocate(sizeof(StreamLevel) * static_cast<uint64_t>(last + 1), serv::kAlignment));
     if (levels_ == nullptr) return false;
-    for (int64_t k = 0; k <= last; ++k) levels_[k] = {LevelShape(epsilon, k), 0, 0, nullptr, nullptr};
-    first_ = v.levels == nullptr ? 0 : v.currentLevel;
+    for (int64_t k = 0; k <= last; ++k) levels_[k] = {LevelShape(epsilon, k), LevelRoom(), 0, 0, nullptr, nullptr};
     if (v.levelCount > 0) std::copy(v.levels, v.levels + v.levelCount, levels_);
+    // The levels that end within the block use the area of the last one.
+    uint64_t bytes = 0;
+    for (int64_t k = first_; k <= last; ++k) {
+      StreamLevel& level = levels_[k];
+      const int64_t length = level.shape.end - level.shape.begin;
+      int64_t values = std::min(length, seen + n - level.shape.begin);
+      if (same) values = std::max(values, std::min(length, 2 * level.room.values));
+      level.room = LevelRoom(level.shape, values);
+      bytes = std::max(bytes, level.room.bytes(level.shape, sizeof(T)));
+    }
     for (int64_t k = first_; k < last; ++k) {
       levels_[k].summary =
           orvik_serv_allocate(sizeof(Ranked<T>) * static_cast<uint64_t>(levels_[k].shape.keep), serv::kAlignment);
       if (levels_[k].summary == nullptr) return false;
     }
-    // The levels that end within the block use the area of the last one.
-    work_ = orvik_serv_allocate(LevelWork<T>::bytes(levels_[last].shape), serv::kAlignment);
+    work_ = orvik_serv_allocate(bytes, serv::kAlignment);
     return work_ != nullptr;
   }
 
@@ -65,11 +77,11 @@ class Reservation {
     v->epsilon = epsilon;
     if (levels_ == nullptr) return;
     const LevelShape& shape = levels_[first_].shape;
-    LevelWork<T> fresh(shape, work_);
+    LevelWork<T> fresh(shape, levels_[first_].room, work_);
     if (v->levels == nullptr) {
       fresh.clear();
     } else {
-      fresh.copy_from(LevelWork<T>(shape, v->levels[first_].work));
+      fresh.copy_from(LevelWork<T>(shape, v->levels[first_].room, v->levels[first_].work));
       orvik_serv_deallocate(v->levels[first_].work);
       orvik_serv_deallocate(v->levels);
     }
@@ -96,14 +108,14 @@ void feed(StreamVariable* v, int64_t n, const T* x, int64_t step) {
   while (n > 0) {
     StreamLevel* level = v->levels + v->currentLevel;
     const LevelShape& shape = level->shape;
-    LevelWork<T> work(shape, level->work);
+    LevelWork<T> work(shape, level->room, level->work);
     if (level->count == shape.end - shape.begin) {
       level->used = work.finish(static_cast<Ranked<T>*>(level->summary));
       StreamLevel* next = level + 1;
       next->work = level->work;
       level->work = nullptr;
       ++v->currentLevel;
-      LevelWork<T>(next->shape, next->work).clear();
+      LevelWork<T>(next->shape, next->room, next->work).clear();
       continue;
     }
     const int64_t m = std::min(n, shape.end - shape.begin - level->count);
@@ -117,7 +129,8 @@ void feed(StreamVariable* v, int64_t n, const T* x, int64_t step) {
 // Entries that a query has to look at once `observations` values have come.
 int64_t query_entries(double epsilon, int64_t observations) {
   const int64_t last = level_of(epsilon, observations - 1);
-  int64_t entries = LevelShape(epsilon, last).entries();
+  const LevelShape shape(epsilon, last);
+  int64_t entries = LevelRoom(shape, observations - shape.begin).entries(shape);
   for (int64_t k = 0; k < last; ++k) entries += LevelShape(epsilon, k).keep;
   return entries;
 }
@@ -129,7 +142,7 @@ void query(const StreamVariable& v, Ranked<T>* scratch, int64_t count, const T* 
     const StreamLevel& level = v.levels[k];
     seen += level.count;
     if (level.work != nullptr) {
-      n += LevelWork<T>(level.shape, level.work).gather(scratch + n);
+      n += LevelWork<T>(level.shape, level.room, level.work).gather(scratch + n);
     } else {
       n += append_pieces(static_cast<const Ranked<T>*>(level.summary), level.used, level.count, scratch + n);
     }
@@ -145,11 +158,11 @@ void query(const StreamVariable& v, Ranked<T>* scratch, int64_t count, const T* 
 int32_t check(const Task& task, int64_t* n) {
   if (task.observationCount == nullptr || (*n = task.integer(task.observationCount)) < 0) return kBadCount;
   if (*n > 0) {
-    if (task.observations == nullptr) return kNoObservations;
+    if (task.observations == nullptr) return missing_field::observations;
     if (const int32_t status = check_storage(task); status != kDone) return status;
   }
-  if (task.streamQuantiles == nullptr) return kNoStreamQuantiles;
-  if (task.streamOrders == nullptr) return kNoStreamOrders;
+  if (task.streamQuantiles == nullptr) return missing_field::streamQuantiles;
+  if (task.streamOrders == nullptr) return missing_field::streamOrders;
   if (task.streamOrderCount == nullptr || task.integer(task.streamOrderCount) < 0) return kBadStreamOrders;
   if (task.streamParameterCount == nullptr) return kNoStreamParameterCount;
   return task.integer(task.streamParameterCount) != 1 ? kBadStreamParameterCount : kDone;
@@ -164,7 +177,7 @@ int32_t stream_quantiles(OrvikSSTask handle, const OrvikThreading* threading) {
   const int64_t count = task.integer(task.streamOrderCount);
   const T* orders = real<T>(task.streamOrders);
   if (!std::all_of(orders, orders + count, [](T q) { return q >= 0 && q <= 1; })) return kBadStreamOrders;
-  if (task.streamParameters == nullptr) return kNoStreamParameters;
+  if (task.streamParameters == nullptr) return missing_field::streamParameters;
   const auto wanted = static_cast<double>(*real<T>(task.streamParameters));
   if (!(wanted > 0 && wanted <= 1)) return kBadEpsilon;
 

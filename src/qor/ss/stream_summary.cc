@@ -96,29 +96,50 @@ int64_t level_of(double epsilon, int64_t observation) {
   return level;
 }
 
-template <class T>
-uint64_t LevelWork<T>::bytes(const LevelShape& s) {
-  const auto entries = static_cast<uint64_t>(s.heights * s.keep + s.entries());
-  return 8 * static_cast<uint64_t>(1 + s.heights) + 8 * static_cast<uint64_t>(s.capacity) + sizeof(Ranked<T>) * entries;
+LevelRoom::LevelRoom(const LevelShape& shape, int64_t values)
+    : values(values), buffer(std::min(values, shape.capacity)) {
+  // Of f full buffers as many summaries are left as f has bits.
+  for (int64_t full = values / shape.capacity; full > 0; full /= 2) ++heights;
+}
+
+namespace {
+
+int64_t scratch_entries(const LevelShape& shape, const LevelRoom& room) {
+  return std::max(room.entries(shape), room.heights > 0 ? 3 * shape.keep : 0);
+}
+
+}  // namespace
+
+uint64_t LevelRoom::bytes(const LevelShape& shape, uint64_t value_size) const {
+  const auto summaries = static_cast<uint64_t>(heights * shape.keep + scratch_entries(shape, *this));
+  return 8 * static_cast<uint64_t>(1 + heights) + sizeof(Ranked<double>) * summaries +
+         value_size * static_cast<uint64_t>(buffer);
 }
 
 template <class T>
-LevelWork<T>::LevelWork(const LevelShape& shape, void* area) : shape_(shape) {
+LevelWork<T>::LevelWork(const LevelShape& shape, const LevelRoom& room, void* area) : shape_(shape), room_(room) {
+  static_assert(sizeof(Ranked<T>) == sizeof(Ranked<double>));
   filled_ = static_cast<int64_t*>(area);
   used_ = filled_ + 1;
-  summaries_ = reinterpret_cast<Ranked<T>*>(used_ + shape.heights);
-  scratch_ = summaries_ + shape.heights * shape.keep;
-  buffer_ = reinterpret_cast<T*>(scratch_ + shape.entries());
+  summaries_ = reinterpret_cast<Ranked<T>*>(used_ + room.heights);
+  scratch_ = summaries_ + room.heights * shape.keep;
+  buffer_ = reinterpret_cast<T*>(scratch_ + scratch_entries(shape, room));
 }
 
 template <class T>
 void LevelWork<T>::clear() {
-  std::fill(filled_, filled_ + 1 + shape_.heights, int64_t{0});
+  std::fill(filled_, filled_ + 1 + room_.heights, int64_t{0});
 }
 
 template <class T>
 void LevelWork<T>::copy_from(const LevelWork& other) {
-  memcpy(filled_, other.filled_, bytes(shape_));
+  clear();
+  *filled_ = *other.filled_;
+  std::copy(other.buffer_, other.buffer_ + *filled_, buffer_);
+  for (int64_t height = 0; height < other.room_.heights; ++height) {
+    used_[height] = other.used_[height];
+    std::copy(other.summary(height), other.summary(height) + used_[height], summary(height));
+  }
 }
 
 template <class T>
@@ -137,7 +158,7 @@ void LevelWork<T>::feed(int64_t n, const T* x, int64_t step) {
 template <class T>
 void LevelWork<T>::flush() {
   sort_with_scratch(*filled_, buffer_, reinterpret_cast<T*>(scratch_));
-  Ranked<T>* carry = scratch_ + shape_.entries() - shape_.keep;
+  Ranked<T>* carry = scratch_ + scratch_entries(shape_, room_) - shape_.keep;
   int64_t used = cut(buffer_, *filled_, shape_.keep, carry), height = 0;
   *filled_ = 0;
   for (; used_[height] != 0; ++height) {
@@ -155,7 +176,7 @@ int64_t LevelWork<T>::gather(Ranked<T>* out) const {
   quicksort(buffer_, move_nans(buffer_, *filled_));
   int64_t n = 0;
   for (; n < *filled_; ++n) out[n] = {buffer_[n], 1, 1};
-  for (int64_t height = 0; height < shape_.heights; ++height) {
+  for (int64_t height = 0; height < room_.heights; ++height) {
     if (used_[height] == 0) continue;
     const Ranked<T>* s = summary(height);
     n += append_pieces(s, used_[height], s[used_[height] - 1].max, out + n);

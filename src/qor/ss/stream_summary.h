@@ -33,8 +33,19 @@ struct LevelShape {
 
   LevelShape() = default;
   LevelShape(double epsilon, int64_t level);
-  // Entries that a level can hold at once, its buffer included.
-  int64_t entries() const { return capacity + heights * keep; }
+};
+
+// What a level needs for a number of values, which may be far below its length.
+struct LevelRoom {
+  int64_t values = 0;
+  int64_t buffer = 0;   // values of the buffer
+  int64_t heights = 0;  // of the binary counter
+
+  LevelRoom() = default;
+  LevelRoom(const LevelShape& shape, int64_t values);
+  // Entries that the level can hold at once, its buffer included.
+  int64_t entries(const LevelShape& shape) const { return buffer + heights * shape.keep; }
+  uint64_t bytes(const LevelShape& shape, uint64_t value_size) const;
 };
 
 // The level of the observation with this index.
@@ -44,14 +55,14 @@ int64_t level_of(double epsilon, int64_t observation);
 template <class T>
 class LevelWork {
  public:
-  static uint64_t bytes(const LevelShape& shape);
-  LevelWork(const LevelShape& shape, void* area);
-  // Starts a level in an area that is large enough.
+  // The area has room.bytes(shape, sizeof(T)) bytes.
+  LevelWork(const LevelShape& shape, const LevelRoom& room, void* area);
+  // Starts a level.
   void clear();
-  // Takes over a level of the same shape from another area.
+  // Takes over a level of the same shape and no more room from another area.
   void copy_from(const LevelWork& other);
 
-  // Feeds values `step` apart, no more than the level has room for.
+  // Feeds values `step` apart, no more than there is room for.
   void feed(int64_t n, const T* x, int64_t step);
   // Copies all entries, summary after summary, as pieces for rank_entries. Returns their number.
   int64_t gather(Ranked<T>* out) const;
@@ -63,11 +74,12 @@ class LevelWork {
   void flush();
 
   LevelShape shape_;
+  LevelRoom room_;
   int64_t* filled_;  // values in the buffer
   int64_t* used_;    // entries by height
   T* buffer_;
   Ranked<T>* summaries_;
-  Ranked<T>* scratch_;
+  Ranked<T>* scratch_;  // as many entries as the level holds, and those of three summaries for a merge
 };
 
 // Appends a summary as pieces: each entry with what it adds to the rank bounds of the entries behind it.

@@ -13,7 +13,7 @@ namespace {
 int32_t check_new(const void* p, const void* n, const void* storage, const void* x, const Task& reader) {
   if (p == nullptr || reader.integer(p) < 1) return kBadDimension;
   if (x == nullptr) return kDone;
-  if (storage == nullptr) return kNoStorage;
+  if (storage == nullptr) return missing_field::observationStorage;
   const int64_t code = reader.integer(storage);
   if (code != ORVIK_SS_STORAGE_ROWS && code != ORVIK_SS_STORAGE_COLUMNS) return kBadStorage;
   return n == nullptr || reader.integer(n) < 1 ? kBadCount : kDone;

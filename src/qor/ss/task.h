@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "orvik/ss.h"
+#include "qor/ss/missing_field.h"
 #include "qor/ss/status.h"
 
 namespace orvik::ss {
@@ -25,6 +26,10 @@ struct Task {
   // The integer behind a pointer of this task.
   int64_t integer(const void* value) const {
     return integerWidth == 0 ? *static_cast<const int32_t*>(value) : *static_cast<const int64_t*>(value);
+  }
+  // Element i of an array of integers.
+  int64_t integer_at(const void* values, int64_t i) const {
+    return integerWidth == 0 ? static_cast<const int32_t*>(values)[i] : static_cast<const int64_t*>(values)[i];
   }
   int64_t p() const { return integer(dimension); }
 };
@@ -80,14 +85,14 @@ T* real(void* field) {
 inline bool has_form(int64_t code) { return (code & (ORVIK_SS_STORAGE_ROWS | ORVIK_SS_STORAGE_COLUMNS)) != 0; }
 
 inline int32_t check_storage(const Task& task) {
-  if (task.observationStorage == nullptr) return kNoStorage;
+  if (task.observationStorage == nullptr) return missing_field::observationStorage;
   return has_form(task.integer(task.observationStorage)) ? kDone : kBadStorage;
 }
 
 // n above 0, then the observations. In the order in which most estimators test them.
 inline int32_t check_observations(const Task& task) {
   if (task.observationCount == nullptr || task.integer(task.observationCount) < 1) return kBadCount;
-  return task.observations == nullptr ? kNoObservations : kDone;
+  return task.observations == nullptr ? missing_field::observations : kDone;
 }
 
 // One variable alone is contiguous in either form.
@@ -104,9 +109,17 @@ Data<T> data_of(const Task& task) {
   return d;
 }
 
-// Calls body(first, last) for every maximal range of selected variables.
+// Calls body(first, last) for ranges that hold the selected variables: the maximal ones of contiguous variables; all from
+// the first to the last one of contiguous observations, whose values come with the same reads.
 template <class T, class Body>
 void for_selected_ranges(const Data<T>& d, Body&& body) {
+  if (!d.contiguous_variables) {
+    int64_t first = 0, last = d.p;
+    while (first < last && !d.selected(first)) ++first;
+    while (first < last && !d.selected(last - 1)) --last;
+    if (first < last) body(first, last);
+    return;
+  }
   for (int64_t j = 0; j < d.p;) {
     if (!d.selected(j)) {
       ++j;

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "orvik/ss.h"
+#include "qor/ss/status.h"
 
 namespace orvik::ss {
 
@@ -13,26 +14,36 @@ inline int32_t max_threads(const OrvikThreading* table) {
   return table == nullptr ? 1 : std::max(table->max_threads(), 1);
 }
 
-// Calls body(thread) for each of `threads` threads; returns the first negative status among those of the bodies.
+// Calls body(thread) once for each of `threads` threads. Returns what the caller's `run` reports if that is not 0, then
+// the first negative status of a body; a part that no thread has run is as memory that is missing.
 template <class Body>
 int32_t run_threads(const OrvikThreading* table, int32_t threads, Body&& body) {
   if (threads <= 1) return body(0);
   struct Context {
     Body& body;
+    int32_t threads;
+    std::atomic<int32_t> next{0};  // the parts are dealt out here: a routine that is called twice does no part again
+    std::atomic<int32_t> finished{0};
     std::atomic<int32_t> status{0};
-  } context{body};
-  table->run(threads, &context, [](int32_t thread, int32_t, int32_t, void* opaque) {
+  } context{body, threads};
+  const int32_t reported = table->run(threads, &context, [](int32_t, int32_t, int32_t, void* opaque) {
     auto& c = *static_cast<Context*>(opaque);
-    const int32_t status = c.body(thread);
+    const int32_t part = c.next.fetch_add(1);
+    if (part >= c.threads) return;
+    const int32_t status = c.body(part);
     int32_t none = 0;
     if (status < 0) c.status.compare_exchange_strong(none, status);
+    c.finished.fetch_add(1);
   });
-  return context.status.load();
+  if (reported != 0) return reported;
+  if (const int32_t status = context.status.load(); status < 0) return status;
+  return context.finished.load() == threads ? kDone : kNoMemory;
 }
 
-// Threads of an estimator that handles each variable apart, with a copy of n values each: 1 GiB of copies at most.
-inline int32_t threads_by_variable(const OrvikThreading* table, int64_t p, int64_t n) {
-  const int64_t by_memory = 0x40000000 / (n * 8);
+// Threads of an estimator that handles each variable apart, with a copy of `values` values each: 1 GiB of copies at
+// most.
+inline int32_t threads_by_variable(const OrvikThreading* table, int64_t p, int64_t values) {
+  const int64_t by_memory = 0x40000000 / (values * 8);
   return static_cast<int32_t>(std::max<int64_t>(1, std::min({int64_t{max_threads(table)}, p, by_memory})));
 }
 

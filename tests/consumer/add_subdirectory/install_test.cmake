@@ -11,7 +11,8 @@ endfunction()
 
 install_with(-DORVIK_INSTALL=ON)
 foreach(wanted bin/c include/orvik/orvik.h lib[^;]*/liborvik_kernel.so lib[^;]*/liborvik_kernel.a
-               lib[^;]*/cmake/orvik/orvikConfig.cmake lib[^;]*/pkgconfig/orvik.pc)
+               lib[^;]*/cmake/orvik/orvikConfig.cmake lib[^;]*/pkgconfig/orvik.pc
+               include/orvik/front.hpp lib[^;]*/liborvik_front.so lib[^;]*/liborvik_front.a lib[^;]*/pkgconfig/orvik-front.pc)
   if(NOT files MATCHES "(^|;)${wanted}(;|$)")
     message(FATAL_ERROR "asked for, not installed: ${wanted} among ${files}")
   endif()

@@ -34,6 +34,14 @@ tables() {
 }
 LD_LIBRARY_PATH="$prefix/$libdir" ./consumer_c
 LD_LIBRARY_PATH="$prefix/$libdir" ./consumer_cxx
+[ "$(pkg-config --modversion orvik-front)" = "$version" ]
+# shellcheck disable=SC2046
+{
+  "$cc" -std=c11 "$programs/front.c" -o front_c $(pkg-config --cflags --libs orvik-front)
+  "$cxx" -std=c++20 "$programs/front.cc" -o front_cxx $(pkg-config --cflags --libs orvik-front)
+}
+LD_LIBRARY_PATH="$prefix/$libdir" ./front_c
+LD_LIBRARY_PATH="$prefix/$libdir" ./front_cxx
 # shellcheck disable=SC2046
 tables tables $(pkg-config --libs orvik)
 
@@ -47,6 +55,15 @@ if [ -n "$static" ]; then
   }
   ./consumer_c_static
   ./consumer_cxx_static
+  libraries=$(pkg-config --static --libs orvik-front | sed 's/-lorvik_\(kernel\|front\)/-l:liborvik_\1.a/g')
+  # shellcheck disable=SC2046,SC2086
+  {
+    "$cc" -std=c11 $(pkg-config --cflags orvik-front) "$programs/front.c" -o front_c_static $libraries
+    "$cxx" -std=c++20 $(pkg-config --cflags orvik-front) "$programs/front.cc" -o front_cxx_static $libraries
+  }
+  ./front_c_static
+  ./front_cxx_static
+  libraries=$(pkg-config --static --libs orvik | sed 's/-lorvik_kernel/-l:liborvik_kernel.a/g')
   # shellcheck disable=SC2086
   tables tables_static $libraries
 fi

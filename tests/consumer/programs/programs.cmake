@@ -28,3 +28,12 @@ function(consumer_programs library suffix)
     add_test(NAME ${program}${suffix} COMMAND ${program}${suffix})
   endforeach()
 endfunction()
+
+# The same over the front.
+function(consumer_front_programs library suffix)
+  foreach(language c cc)
+    add_executable(front_${language}${suffix} ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/front.${language})
+    target_link_libraries(front_${language}${suffix} PRIVATE ${library})
+    add_test(NAME front_${language}${suffix} COMMAND front_${language}${suffix})
+  endforeach()
+endfunction()

@@ -59,6 +59,37 @@ double pearson_p(const std::vector<int32_t>& x, Pmf pmf) {
   return cells < 2 ? 1 : boost::math::gamma_q((cells - 1) / 2.0, statistic / 2);
 }
 
+// The same over cells of about equal probability, of integers that spread over too many.
+template <class Cdf>
+double pearson_p_of_cells(std::vector<int32_t> x, Cdf cdf) {
+  constexpr int kCells = 400;
+  std::sort(x.begin(), x.end());
+  const double n = static_cast<double>(x.size());
+  double statistic = 0, below = 0;
+  size_t counted = 0;
+  int cells = 0;
+  int64_t low = -1;
+  const auto close = [&](double probability, size_t count) {
+    const double expected = n * probability, off = static_cast<double>(count) - expected;
+    statistic += off * off / expected;
+    ++cells;
+  };
+  for (int i = 1; i < kCells; ++i) {
+    int64_t high = std::numeric_limits<int32_t>::max(), before = low;  // the end of a cell lies in (before, high]
+    while (high - before > 1) {
+      const int64_t middle = before + (high - before) / 2;
+      (cdf(static_cast<double>(middle)) >= static_cast<double>(i) / kCells ? high : before) = middle;
+    }
+    const double probability = cdf(static_cast<double>(high));
+    if (n * (probability - below) < 50 || n * (1 - probability) < 50) continue;
+    const auto at = static_cast<size_t>(std::upper_bound(x.begin(), x.end(), high) - x.begin());
+    close(probability - below, at - counted);
+    low = high, below = probability, counted = at;
+  }
+  close(1 - below, x.size() - counted);
+  return cells < 2 ? 1 : boost::math::gamma_q((cells - 1) / 2.0, statistic / 2);
+}
+
 struct Moments {
   double mean, variance, mean_error, variance_error;  // errors: one standard deviation of the estimates
 };

@@ -9,8 +9,15 @@
 
 #include "qor/rng/entries.h"
 #include "qor/support/stream.h"
+#include "support/approximations.h"
 
 namespace orvik::testing {
+
+inline std::string hexadecimal(uint64_t hash) {
+  char text[20];
+  std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(hash));
+  return text;
+}
 
 // FNV-1a, 64 bits; the status where the generator is refused.
 inline std::string hash_of(const Entry& e, const Generator& g) {
@@ -22,14 +29,14 @@ inline std::string hash_of(const Entry& e, const Generator& g) {
   if (status != 0) return std::to_string(status);
   uint64_t hash = 0xCBF29CE484222325;
   for (const uint8_t b : r) hash = (hash ^ b) * 0x100000001B3;
-  char text[20];
-  std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(hash));
-  return text;
+  return hexadecimal(hash);
 }
 
-// Lines "entry,generator,hash".
+inline constexpr const char* kApproximations = "approximations,processor";
+
+// Lines "entry,generator,hash", and one of the processor.
 inline std::map<std::string, std::string> hashes() {
-  std::map<std::string, std::string> all;
+  std::map<std::string, std::string> all = {{kApproximations, hexadecimal(test::hash_approximations())}};
   for (const Entry& e : entries())
     for (const Generator& g : seeded_generators()) all[e.name + "," + g.name] = hash_of(e, g);
   return all;

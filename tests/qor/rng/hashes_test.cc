@@ -1,5 +1,6 @@
 // The bits of all results are pinned: a change is seen and meant. `rng_hashes > tests/qor/rng/hashes.csv` pins them
-// anew. They hold on processors whose reciprocal square root estimates are those of the one they were made on.
+// anew. Uniform numbers have them everywhere, what stands on vector functions where the processor's approximations are
+// those of the one that they were made on.
 #include "qor/rng/hashes.h"
 
 #include <fstream>
@@ -17,7 +18,17 @@ TEST(Hashes, AreThosePinned) {
   }
   const std::map<std::string, std::string> now = hashes();
   EXPECT_EQ(now.size(), pinned.size());
-  for (const auto& [what, hash] : now) EXPECT_EQ(hash, pinned[what]) << what;
+  const bool same_processor = now.at(kApproximations) == pinned[kApproximations];
+  int others = 0;
+  for (const auto& [what, hash] : now) {
+    const bool uniform = what.substr(1).starts_with("Uniform") || what.starts_with("iBernoulli");
+    if (!same_processor && !uniform && hash != pinned[what]) {
+      ++others;
+      continue;
+    }
+    EXPECT_EQ(hash, pinned[what]) << what;
+  }
+  if (others != 0) GTEST_SKIP() << others << " hashes were made on a processor with other approximations of 1/x";
 }
 
 }  // namespace

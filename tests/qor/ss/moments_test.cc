@@ -191,6 +191,73 @@ TYPED_TEST(Moments, OfWideObservationsAgreeAroundTheBordersOfTheirStreams) {
   }
 }
 
+// One route for all lengths: tails of vectors, the first and the last rows of streams, borders of blocks.
+TYPED_TEST(Moments, OfEveryShortLengthAndAroundTheBordersOfBlocksAgree) {
+  for (int64_t p : {1, 3, 10}) {
+    for (int64_t n = 1; n < 3100; n += n < 70 ? 1 : n < 1500 ? 211 : n < 1545 ? 3 : 509) {
+      const auto sample = random_sample<TypeParam>(p, n);
+      for (bool columns : {false, true}) {
+        for (bool weighted : {false, true}) {
+          // The reference's mean of one weighted observation is rounded: exact zeros are wanted, and tested elsewhere.
+          if (weighted && n == 1) continue;
+          for (uint64_t method : kMethods) check(sample, {p, n, columns, weighted, false, false, method, 0, 1});
+        }
+      }
+    }
+    if (this->HasFatalFailure()) return;
+  }
+}
+
+// Whatever stands at the beginning: far values, a slope, steps between blocks.
+TYPED_TEST(Moments, ByOnePassKeepTheDigitsOfUnevenData) {
+  using T = TypeParam;
+  constexpr int64_t kN = 9000;
+  for (int kind = 0; kind < 4; ++kind) {
+    const Sample<T> s(1, kN, [kind](int64_t i, int64_t) {
+      const double noise = std::sin(static_cast<double>(i * i % 1009));
+      return kind == 0 ? (i < 100 ? 4000.0 : 0.0) + noise
+             : kind == 1 ? static_cast<double>(i) + noise
+             : kind == 2 ? static_cast<double>(i / 1536) * 1000 + noise
+                         : (i == 0 ? 30000.0 : 100.0 + noise);
+    });
+    const Reference want(s, false);
+    T mean, raw, central;
+    TaskOver<T> task;
+    ASSERT_EQ(task.make(1, kN, 0x10000, s.rows.data()), 0);
+    task.set(OrvikSS_mean, &mean);
+    task.set(OrvikSS_rawMoment2, &raw);
+    task.set(OrvikSS_centralMoment2, &central);
+    ASSERT_EQ(Entries<T>::basic(task.get(), ORVIK_SS_CENTRAL_MOMENT2, ORVIK_SS_METHOD_ONE_PASS, nullptr), 0);
+    EXPECT_NEAR(central / static_cast<double>(want.v[0].c[2]), 1, 200 * std::numeric_limits<T>::epsilon()) << kind;
+    EXPECT_NEAR(mean / static_cast<double>(want.v[0].mean), 1, 20 * std::numeric_limits<T>::epsilon()) << kind;
+  }
+}
+
+// The mean is held as a distance from a point of the data: what is far from zero loses nothing by it.
+TYPED_TEST(Moments, ByOnePassOfSeveralBlocksFarFromZeroKeepTheirDigits) {
+  using T = TypeParam;
+  constexpr int64_t kN = 20000;
+  const double location = sizeof(T) == 4 ? 4096 : 1e8, step = sizeof(T) == 4 ? 1.0 / 512 : 1.0 / 1024;
+  const Sample<T> s(2, kN, [&](int64_t i, int64_t j) {
+    return location + step * static_cast<double>((i * 7919 + j * i % 31) % 1021);
+  });
+  const Reference want(s, false);
+  for (bool columns : {false, true}) {
+    std::vector<T> mean(2), raw(2), central(2), covariance(4);
+    TaskOver<T> task;
+    ASSERT_EQ(task.make(2, kN, columns ? 0x20000 : 0x10000, (columns ? s.columns : s.rows).data()), 0);
+    task.set(OrvikSS_mean, mean);
+    task.set(OrvikSS_rawMoment2, raw);
+    task.set(OrvikSS_centralMoment2, central);
+    task.set(OrvikSS_covariance, covariance);
+    task.set_integer(OrvikSS_covarianceStorage, 0);
+    ASSERT_EQ(Entries<T>::basic(task.get(), ORVIK_SS_CENTRAL_MOMENT2 | ORVIK_SS_COVARIANCE, 2, nullptr), 0);
+    const double eps = 100 * std::numeric_limits<T>::epsilon();
+    for (int j = 0; j < 2; ++j) EXPECT_NEAR(central[j] / static_cast<double>(want.v[j].c[2]), 1, eps);
+    EXPECT_NEAR(covariance[1] / static_cast<double>(want.covariance(0, 1)), 1, 10 * eps);
+  }
+}
+
 TYPED_TEST(Moments, OfTwoHalvesInTwoCallsAreThoseOfOneCall) {
   using T = TypeParam;
   constexpr int64_t kP = 3, kN = 400;

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "qor/ss/support.h"
+#include "qor/ss/threads.h"
 
 namespace orvik::ss::test {
 namespace {
@@ -103,6 +104,101 @@ TYPED_TEST(Quantiles, OrderOneIsTheLargestValueExactly) {
 TYPED_TEST(Quantiles, OfOneValueAreThatValueForEveryOrder) {
   const auto q = quantiles_of<TypeParam>({TypeParam(0.1)}, {0, TypeParam(0.3), 1});
   for (int k = 0; k < 3; ++k) EXPECT_EQ(q[k], TypeParam(0.1));
+}
+
+// Values that fill their range evenly, crowd a part of it, repeat, or are few: by buckets or by partition.
+TYPED_TEST(Quantiles, OfEveryKindOfCrowdAreThoseOfTheSortedValues) {
+  using T = TypeParam;
+  const std::vector<T> orders = {0, T(0.01), T(0.25), T(0.5), T(0.75), T(0.999), 1, T(0.5)};
+  for (int64_t n : {255, 256, 257, 1000, 8191, 8192, 30011}) {
+    for (int kind = 0; kind < 8; ++kind) {
+      std::mt19937_64 engine(n);
+      std::normal_distribution<double> normal;
+      std::vector<T> x(n);
+      for (int64_t i = 0; i < n; ++i) {
+        const double z = normal(engine);
+        const double values[] = {z,
+                                 std::exp(10 * z),
+                                 std::round(z),
+                                 7.0,
+                                 i == 0 ? 1e30 : z,
+                                 static_cast<double>(i) - 500,
+                                 i % 2 == 0 ? z : z + 1e6,
+                                 i == 5 ? std::numeric_limits<double>::infinity() : z * 1e-300};
+        x[i] = static_cast<T>(values[kind]);
+      }
+      auto sorted = x;
+      std::sort(sorted.begin(), sorted.end());
+      const auto got = quantiles_of(x, orders);
+      for (size_t k = 0; k < orders.size(); ++k) {
+        const double f = static_cast<double>(orders[k]) * static_cast<double>(n - 1);
+        const auto low = static_cast<int64_t>(f);
+        const T a = sorted[low], b = sorted[std::min(low + 1, n - 1)];
+        const T want = f == std::floor(f) || a == b ? a : std::fma(b - a, static_cast<T>(f - std::floor(f)), a);
+        ASSERT_EQ(got[k], want) << "n " << n << " kind " << kind << " order " << orders[k];
+      }
+    }
+  }
+}
+
+// The order statistic itself where the fraction is 0 or both ends are equal, by selection and from the sorted values.
+TYPED_TEST(Quantiles, NextToInfinitiesAreTheOrderStatisticsThatTheyMeet) {
+  using T = TypeParam;
+  const T inf = std::numeric_limits<T>::infinity();
+  const std::vector<T> x = {1, 2, inf, -inf, 3};
+  const std::vector<T> many(40, T{0.75});  // more orders than are selected
+  EXPECT_EQ((quantiles_of<T>(x, {0, T{0.25}, T{0.5}, T{0.75}, 1})),
+            (std::vector<T>{-inf, 1, 2, 3, inf, static_cast<T>(kUntouched)}));
+  EXPECT_EQ(quantiles_of<T>(x, many)[39], 3);
+  EXPECT_EQ((quantiles_of<T>({inf, inf, 1, inf}, {T{0.4}, T{0.6}, T{0.9}, 0})),
+            (std::vector<T>{inf, inf, inf, 1, static_cast<T>(kUntouched)}));
+  EXPECT_EQ((quantiles_of<T>({-inf, -inf, -inf, 5}, {T{0.1}, T{0.5}})[1]), -inf);
+  for (T only : {inf, -inf}) {
+    for (T q : {T{0}, T{0.3}, T{1}}) EXPECT_EQ(quantiles_of<T>({only}, {q})[0], only);
+  }
+}
+
+// Median deviation, sorted values, extremes and weighted median of a NaN are NaN, as its quantiles are.
+TYPED_TEST(Quantiles, OfOneValueThatIsNoNumberAreNone) {
+  using T = TypeParam;
+  const T x[] = {std::numeric_limits<T>::quiet_NaN()}, w[] = {1};
+  const T orders[] = {0, T{0.5}, 1};
+  T quantiles[3] = {}, sorted = 0, deviations[2] = {}, extremes[2] = {}, accumulated[2] = {};
+  TaskOver<T> task;
+  ASSERT_EQ(task.make(1, 1, 0x10000, x, w), 0);
+  task.set(OrvikSS_accumulatedWeights, accumulated);
+  task.set_integer(OrvikSS_quantileOrderCount, 3);
+  task.set(OrvikSS_quantileOrders, orders);
+  task.set(OrvikSS_quantiles, quantiles);
+  task.set(OrvikSS_orderStatistics, &sorted);
+  task.set_integer(OrvikSS_orderStatisticsStorage, 0x10000);
+  task.set(OrvikSS_medianAbsDeviation, deviations);
+  task.set(OrvikSS_meanAbsDeviation, deviations + 1);
+  task.set(OrvikSS_minimum, extremes);
+  task.set(OrvikSS_maximum, extremes + 1);
+  for (uint64_t estimates : {0x10000, 0x30000}) {
+    quantiles[0] = quantiles[1] = quantiles[2] = 0;
+    ASSERT_EQ(Entries<T>::quantiles(task.get(), estimates, 1, nullptr), 0);
+    for (T q : quantiles) EXPECT_TRUE(std::isnan(q));
+  }
+  EXPECT_TRUE(std::isnan(sorted));
+  ASSERT_EQ(Entries<T>::mad(task.get(), 0x600000000, 1, nullptr), 0);
+  EXPECT_TRUE(std::isnan(deviations[0]) && std::isnan(deviations[1]));
+  ASSERT_EQ(Entries<T>::minmax(task.get(), 0xC00, 1), 0);
+  EXPECT_TRUE(std::isnan(extremes[0]) && std::isnan(extremes[1]));
+  quantiles[0] = 0;
+  ASSERT_EQ(Entries<T>::weighted_median(task.get(), 0, 0, nullptr), 0);
+  EXPECT_TRUE(std::isnan(quantiles[0]));
+}
+
+// Pairs of value and weight take twice the memory of a value: half as many threads within the bound.
+TYPED_TEST(Quantiles, ThreadsByVariableKeepTheirCopiesWithinOneGibibyte) {
+  const OrvikThreading many = {[] { return int32_t{64}; }, nullptr};
+  constexpr int64_t kN = 0x40000000 / 8 / 16;
+  EXPECT_EQ(threads_by_variable(&many, 100, kN), 16);
+  EXPECT_EQ(threads_by_variable(&many, 100, 2 * kN), 8);
+  EXPECT_EQ(threads_by_variable(&many, 5, kN), 5);
+  EXPECT_EQ(threads_by_variable(&many, 100, 0x40000000), 1);
 }
 
 TYPED_TEST(Quantiles, OrderHalfOfAnEvenNumberIsTheMeanOfTheTwoMiddleValues) {
@@ -230,7 +326,7 @@ TYPED_TEST(Quantiles, WeightedMedianOfEveryVariableInBothStorages) {
 
 TYPED_TEST(Quantiles, MahalanobisDistanceAgreesWithItsDefinition) {
   using T = TypeParam;
-  for (int64_t p : {1, 2, 3, 4, 9}) {
+  for (int64_t p : {1, 2, 3, 4, 9, 32, 33}) {
     constexpr int64_t kCount = 5000;
     const auto sample = random_sample<T>(p, kCount);
     std::vector<T> inverse(p * p), mean(p, T(2)), distances(kCount);

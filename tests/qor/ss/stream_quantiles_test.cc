@@ -1,8 +1,11 @@
 // Quantiles of a stream: rank error, bounded memory, a state that survives a failed allocation.
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
 #include <algorithm>
 #include <cmath>
+#include <fstream>
 #include <limits>
 
 #include "qor/ss/stream_summary.h"
@@ -41,6 +44,13 @@ struct Stream {
   int32_t count, form;
   TaskOver<T> task;
 };
+
+// Bytes that the process has mapped.
+[[maybe_unused]] uint64_t address_space() {
+  uint64_t pages = 0;
+  std::ifstream("/proc/self/statm") >> pages;
+  return pages * 4096;
+}
 
 // The distance of a result's ranks from the wanted one, in parts of n.
 template <class T>
@@ -186,12 +196,52 @@ TYPED_TEST(StreamQuantiles, AFailedAllocationLeavesTheStreamAsItWas) {
   }
 }
 
+// What is reserved follows the values that came, not epsilon alone.
+TYPED_TEST(StreamQuantiles, FewValuesUnderASmallEpsilonTakeLittleMemoryAndAreExact) {
+  using T = TypeParam;
+  Stream<T> stream(1, 1e-8, {0, T(0.5), 1});
+  std::vector<T> x = {5, 3, 8, 1, 9, 2, 7, 4, 6, 0};
+  const LevelShape shape(static_cast<double>(static_cast<T>(1e-8)), 0);
+  EXPECT_GT(shape.capacity, 50'000'000);
+  EXPECT_LT(LevelRoom(shape, 10).bytes(shape, sizeof(T)), 1000u);
+  // No block of the call is as large as what the level could hold: there is not that much address space.
+  rlimit old;
+  ASSERT_EQ(getrlimit(RLIMIT_AS, &old), 0);
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+  rlimit tight = old;
+  tight.rlim_cur = address_space() + (64 << 20);
+  ASSERT_EQ(setrlimit(RLIMIT_AS, &tight), 0);
+#endif
+  const int32_t status = stream.feed(10, x.data(), 0x10000);
+  ASSERT_EQ(setrlimit(RLIMIT_AS, &old), 0);
+  ASSERT_EQ(status, 0);
+  EXPECT_EQ(stream.results[0], 0);
+  EXPECT_EQ(stream.results[2], 9);
+  EXPECT_EQ(stream.results[1], 4);
+}
+
+// The room of a level grows with many short blocks; the summary is that of one long block.
+TYPED_TEST(StreamQuantiles, ManyShortBlocksGiveWhatOneLongBlockGives) {
+  using T = TypeParam;
+  const std::vector<T> orders = {0, T(0.1), T(0.5), T(0.9), 1};
+  const auto sample = random_sample<T>(2, 30000);
+  for (double epsilon : {0.5, 0.05, 0.001, 1e-7}) {
+    Stream<T> at_once(2, epsilon, orders), in_turn(2, epsilon, orders);
+    ASSERT_EQ(at_once.feed(30000, sample.columns.data(), 0x20000), 0);
+    for (int64_t i = 0, m = 1; i < 30000; i += m, m = 1 + (m * 7 + 3) % 900) {
+      ASSERT_EQ(in_turn.feed(std::min<int64_t>(m, 30000 - i), sample.columns.data() + 2 * i, 0x20000), 0);
+    }
+    EXPECT_EQ(at_once.results, in_turn.results) << epsilon;
+  }
+}
+
 // Bytes of all levels of a stream of n values against (1 / epsilon) log2(epsilon n)^2 entries.
 TEST(StreamMemory, GrowsWithTheSquareOfTheLogarithm) {
   for (double epsilon : {0.1, 0.01, 0.001}) {
     for (double n : {1e4, 1e6, 1e8, 1e12}) {
       const int64_t last = level_of(epsilon, static_cast<int64_t>(n) - 1);
-      uint64_t bytes = LevelWork<double>::bytes(LevelShape(epsilon, last));
+      const LevelShape shape(epsilon, last);
+      uint64_t bytes = LevelRoom(shape, shape.end - shape.begin).bytes(shape, sizeof(double));
       for (int64_t k = 0; k < last; ++k) bytes += sizeof(Ranked<double>) * LevelShape(epsilon, k).keep;
       const double logarithm = std::log2(epsilon * n) + 2;
       EXPECT_LT(static_cast<double>(bytes), 3 * sizeof(Ranked<double>) * logarithm * logarithm / epsilon)

@@ -15,22 +15,28 @@ namespace orvik::ss::test {
 template <class T>
 struct Entries;
 
-#define ORVIK_TEST_ENTRIES(d, real)                             \
-  template <>                                                   \
-  struct Entries<real> {                                        \
-    static constexpr auto new_task = __qor##d##SSNewTask;       \
-    static constexpr auto edit = __qor##d##SSEditTask;          \
-    static constexpr auto basic = _qor##d##SSBasic;             \
-    static constexpr auto minmax = _qor##d##SSMinmax;           \
-    static constexpr auto quantiles = _qor##d##SSQuantiles;     \
-    static constexpr auto stream = _qor##d##SSStreamQuantiles;  \
-    static constexpr auto mad = _qor##d##SSMAD;                 \
-    static constexpr auto weighted_median = _qor##d##SSWMedian; \
-    static constexpr auto sort_task = _qor##d##SSSort;          \
-    static constexpr auto distance = _qor##d##SSMahDistance;    \
-    static constexpr auto sort = __qor##d##QSort;               \
-    static constexpr auto sort_step = __qor##d##QSortStep;      \
-    static constexpr auto select = __qor##d##QSortSelect;       \
+#define ORVIK_TEST_ENTRIES(d, real)                                    \
+  template <>                                                          \
+  struct Entries<real> {                                               \
+    static constexpr auto new_task = __qor##d##SSNewTask;              \
+    static constexpr auto edit = __qor##d##SSEditTask;                 \
+    static constexpr auto basic = _qor##d##SSBasic;                    \
+    static constexpr auto minmax = _qor##d##SSMinmax;                  \
+    static constexpr auto quantiles = _qor##d##SSQuantiles;            \
+    static constexpr auto stream = _qor##d##SSStreamQuantiles;         \
+    static constexpr auto mad = _qor##d##SSMAD;                        \
+    static constexpr auto weighted_median = _qor##d##SSWMedian;        \
+    static constexpr auto sort_task = _qor##d##SSSort;                 \
+    static constexpr auto distance = _qor##d##SSMahDistance;           \
+    static constexpr auto outliers = _qor##d##SSOutliersDetection;     \
+    static constexpr auto robust = _qor##d##SSRobustCovariance;        \
+    static constexpr auto missing = _qor##d##SSMissingValues;          \
+    static constexpr auto pooled = _qor##d##SSPooledCovariance;        \
+    static constexpr auto partial = _qor##d##SSPartialCovariance;      \
+    static constexpr auto parametrize = _qor##d##SSCorParametrization; \
+    static constexpr auto sort = __qor##d##QSort;                      \
+    static constexpr auto sort_step = __qor##d##QSortStep;             \
+    static constexpr auto select = __qor##d##QSortSelect;              \
   };
 ORVIK_TEST_ENTRIES(d, double)
 ORVIK_TEST_ENTRIES(s, float)

@@ -149,33 +149,33 @@ struct ArcCosine {
 
 }  // namespace arc
 
-// sAsin LA: 2.1555 ulp at -0x1.04445cp-1
-// sAsin HA: 0.5591 ulp at 0x1.077748p-1
-// sAsin EP: 13.69 bits at 0x1.00000cp-1
+// sAsin LA: 2.3474 ulp at 0x1.002018p-1
+// sAsin HA: 0.5826 ulp at 0x1.d1b8fap-2
+// sAsin EP: 13.69 bits at 0x1.000032p-1
 // dAsin LA: 2.0931 ulp at -0x1.0703ae4ea1966p-1
 // dAsin HA: 0.5685 ulp at -0x1.e3e7e6ee106a4p-2
 // dAsin EP: 26.62 bits at 0x1.000000000000ap-1
 template <class V, Level L>
 struct Asin : arc::ArcSine<V, L, Unit::radian> {};
-// sAsinpi LA: 2.7768 ulp at -0x1.170efcp-1
-// sAsinpi HA: 0.5708 ulp at -0x1.03263ep-1
-// sAsinpi EP: 13.69 bits at 0x1.00001cp-1
+// sAsinpi LA: 2.9371 ulp at 0x1.177efep-1
+// sAsinpi HA: 0.5751 ulp at -0x1.14d188p-1
+// sAsinpi EP: 13.69 bits at -0x1.00007p-1
 // dAsinpi LA: 2.6615 ulp at -0x1.153bbf117a1a8p-1
 // dAsinpi HA: 0.6650 ulp at -0x1.58b04d16c2569p-1021
 // dAsinpi EP: 26.62 bits at 0x1.000000000000ep-1
 template <class V, Level L>
 struct Asinpi : arc::ArcSine<V, L, Unit::half_turn> {};
-// sAcos LA: 1.2125 ulp at -0x1.08a90ap-1
-// sAcos HA: 0.5459 ulp at 0x1.2d55eep-1
-// sAcos EP: 14.69 bits at 0x1.4198c8p-1
+// sAcos LA: 1.2612 ulp at -0x1.003818p-1
+// sAcos HA: 0.5641 ulp at 0x1.2306dp-1
+// sAcos EP: 14.69 bits at 0x1.41affap-1
 // dAcos LA: 1.1080 ulp at 0x1.1c430028a5c2ap-1
 // dAcos HA: 0.5498 ulp at 0x1.2c848eefb7846p-1
 // dAcos EP: 27.62 bits at 0x1.10f222059ebcep-1
 template <class V, Level L>
 struct Acos : arc::ArcCosine<V, L, Unit::radian> {};
-// sAcospi LA: 2.2197 ulp at 0x1.e3a76ep-1
-// sAcospi HA: 0.5315 ulp at 0x1.172ee8p-1
-// sAcospi EP: 14.69 bits at 0x1.caed46p-1
+// sAcospi LA: 2.4558 ulp at 0x1.6de6e2p-1
+// sAcospi HA: 0.5366 ulp at 0x1.92102cp-1
+// sAcospi EP: 14.69 bits at 0x1.421394p-1
 // dAcospi LA: 2.1883 ulp at 0x1.845cb430c45cap-1
 // dAcospi HA: 0.5315 ulp at 0x1.90c4b7c93a8b6p-1
 // dAcospi EP: 27.62 bits at 0x1.10f222059ebcep-1

@@ -148,17 +148,17 @@ struct ArcTangent {
 
 }  // namespace arc
 
-// sAtan LA: 2.0431 ulp at -0x1.559b16p-2
-// sAtan HA: 0.5332 ulp at 0x1.007426p+0
-// sAtan EP: 14.79 bits at -0x1.1e9aeep-1
+// sAtan LA: 2.2308 ulp at -0x1.4be0cp-2
+// sAtan HA: 0.5536 ulp at 0x1.22badp-2
+// sAtan EP: 14.79 bits at 0x1.1ecb64p-1
 // dAtan LA: 1.7980 ulp at -0x1.0630337f5ef9p+0
 // dAtan HA: 0.5229 ulp at 0x1.f6d448cd2be4p-3
 // dAtan EP: 30.83 bits at -0x1.119a4a59aba8p-2
 template <class V, Level L>
 struct Atan : arc::ArcTangent<V, L, Unit::radian> {};
-// sAtanpi LA: 1.9888 ulp at -0x1.383b24p-2
-// sAtanpi HA: 0.5269 ulp at -0x1.29abb4p-2
-// sAtanpi EP: 13.88 bits at 0x1.e627cap-1
+// sAtanpi LA: 2.3050 ulp at 0x1.3e74cp-2
+// sAtanpi HA: 0.5562 ulp at -0x1.20cba4p-2
+// sAtanpi EP: 13.88 bits at 0x1.e5f5bap-1
 // dAtanpi LA: 1.7475 ulp at -0x1.708f706a04c6p-2
 // dAtanpi HA: 0.6650 ulp at -0x1.58b04d16c2569p-1021
 // dAtanpi EP: 30.46 bits at -0x1.2ed68dc05c5ep-2

@@ -16,7 +16,7 @@ auto checked(Parts<V> r) {
 template <class V, Level>
 struct Add {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.vectors = 2, .streams = true};
+  static constexpr Knobs knobs = {.streams = true};
   template <template <class> class Parts>
   static auto lanes(Parts<V> a, Parts<V> b) {
     return checked(Parts<V>{a.first + b.first, a.second + b.second});
@@ -30,7 +30,7 @@ struct Add {
 template <class V, Level>
 struct Sub {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.vectors = 2, .streams = true};
+  static constexpr Knobs knobs = {.streams = true};
   template <template <class> class Parts>
   static auto lanes(Parts<V> a, Parts<V> b) {
     return checked(Parts<V>{a.first - b.first, a.second - b.second});

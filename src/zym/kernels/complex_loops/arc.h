@@ -16,22 +16,23 @@ namespace complex_loops {
 template <class N>
 struct ArcParts {
   N x, p, eta;
-  double lifted = 1.0;
+  Lanes<N> lifted = Lanes<N>(1.0);
 };
 
-template <class N>
-[[gnu::always_inline]] inline ArcParts<N> arc_parts_near(double x, double y) {
+template <class N, class V = Lanes<N>>
+[[gnu::always_inline]] inline ArcParts<N> arc_parts_near(V x, V y) {
+  const V one = V(1.0);
   const N squares = product<N>(y, y);
-  const N g = add(multiply(sum<N>(x, -1.0), sum<N>(x, 1.0)), squares);
-  const N m = root(add(square(g), scaled(squares, 4.0)));
-  const bool outside = !is_negative(head_of(g));
+  const N g = add(multiply(sum<N>(x, negative(one)), sum<N>(x, one)), squares);
+  const N m = root(add(square(g), scaled(squares, V(4.0))));
+  const Mask<V> inside = sign_decides(head_of(g));
   const N larger = root(half(add_smaller(m, signed_by(g, head_of(g)))));
   const N smaller = divide(number<N>(y), larger);
-  const N sinh = outside ? larger : smaller, cos = outside ? smaller : larger;
+  const N sinh = select(inside, smaller, larger), cos = select(inside, larger, smaller);
   const N sinh2 = square(sinh);
-  const N cosh = root(add(sinh2, number<N>(1.0)));
+  const N cosh = root(add(sinh2, number<N>(one)));
   // e^eta - 1 = sinh + (cosh - 1).
-  const N less = divide(sinh2, add_smaller(cosh, number<N>(1.0)));
+  const N less = divide(sinh2, add_smaller(cosh, number<N>(one)));
   return {number<N>(x), multiply(cos, cosh), logarithm_of_one_plus(add(sinh, less))};
 }
 
@@ -104,19 +105,53 @@ struct ArcResult {
   }
 };
 
-struct ArcSine {
+// The lanes of all four, of an argument that may have its parts exchanged: the angle by its sine or its cosine, and eta.
+template <bool Cosine>
+struct ArcLanes {
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Mask<V> left(V re, V im) {
+    const V x = magnitude(re), y = magnitude(im), far = V(kPlain<N> ? 0x1p200 : 0x1p100), zero = V(0.0);
+    Mask<V> served = (x < far) & (y < far);
+    served = andnot((x == V(1.0)) & (y < V(0x1p-120)), served);
+    if constexpr (!kPlain<N>) {
+      served = andnot(((y < V(0x1p-700)) & (y > zero)) | ((x < V(0x1p-900)) & (x > zero)), served);
+    }
+    return complement(served);
+  }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Masked<Pair<V>, Mask<V>> lanes(V re, V im) {
+    const ArcParts<N> a = arc_parts_near<N>(magnitude(re), magnitude(im));
+    const V large = max(head_of(a.p), head_of(a.x));
+    const Mask<V> ordinary = (large < V(0x1p400)) & (large > V(0x1p-400));
+    const V eta = rounded(a.eta);
+    if constexpr (Cosine) return {{rounded(angle(a.p, signed_by(a.x, re))), eta}, complement(ordinary)};
+    return {{copy_sign(rounded(angle(a.x, a.p)), re), eta}, complement(ordinary)};
+  }
+};
+
+struct ArcSine : ArcLanes<false> {
   template <class N>
   [[gnu::always_inline]] static Point finite(double x, double y) {
     const ArcResult<N> arc(x, y);
     return {arc.sine(), std::copysign(arc.eta(), y)};
   }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Masked<Pair<V>, Mask<V>> lanes(V x, V y) {
+    const auto r = ArcLanes::lanes<N>(x, y);
+    return {{r.value.first, copy_sign(r.value.second, y)}, r.special};
+  }
   static Point special(double x, double y);
 };
-struct ArcCosine {
+struct ArcCosine : ArcLanes<true> {
   template <class N>
   [[gnu::always_inline]] static Point finite(double x, double y) {
     const ArcResult<N> arc(x, y);
     return {arc.cosine(), std::copysign(arc.eta(), -y)};
+  }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Masked<Pair<V>, Mask<V>> lanes(V x, V y) {
+    const auto r = ArcLanes::lanes<N>(x, y);
+    return {{r.value.first, copy_sign(r.value.second, negative(y))}, r.special};
   }
   static Point special(double x, double y);
 };
@@ -127,13 +162,27 @@ struct InverseHyperbolicSine {
     const ArcResult<N> arc(y, x);
     return {std::copysign(arc.eta(), x), arc.sine()};
   }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Mask<V> left(V x, V y) {
+    return ArcSine::left<N>(y, x);
+  }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Masked<Pair<V>, Mask<V>> lanes(V x, V y) {
+    const auto r = ArcSine::lanes<N>(y, x);
+    return {{r.value.second, r.value.first}, r.special};
+  }
   static Point special(double x, double y);
 };
-struct InverseHyperbolicCosine {
+struct InverseHyperbolicCosine : ArcLanes<true> {
   template <class N>
   [[gnu::always_inline]] static Point finite(double x, double y) {
     const ArcResult<N> arc(x, y);
     return {arc.eta(), std::copysign(arc.cosine(), y)};
+  }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Masked<Pair<V>, Mask<V>> lanes(V x, V y) {
+    const auto r = ArcLanes::lanes<N>(x, y);
+    return {{r.value.second, copy_sign(r.value.first, y)}, r.special};
   }
   static Point special(double x, double y);
 };

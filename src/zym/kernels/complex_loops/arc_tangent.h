@@ -14,6 +14,20 @@ struct InverseHyperbolicTangent {
     const Point w = upper_right<N>(magnitude(x), magnitude(y));
     return {std::copysign(w.re, x), std::copysign(w.im, y)};
   }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Mask<V> left(V re, V im) {
+    const V x = magnitude(re), y = magnitude(im), far = V(kPlain<N> ? 0x1p200 : 0x1p100);
+    Mask<V> served = (x < far) & (y < far);
+    served = andnot((x == V(1.0)) & (y < V(0x1p-120)), served);
+    if constexpr (!kPlain<N>) served = andnot((y <= V(0x1p-500)) & (y > V(0.0)), served);
+    return complement(served);
+  }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Masked<Pair<V>, Mask<V>> lanes(V re, V im) {
+    const V x = magnitude(re), y = magnitude(im), none = V(0.0);
+    return {{copy_sign(rounded(real_part<N>(x, y)), re), copy_sign(rounded(imaginary_part<N>(x, y)), im)},
+            Mask<V>(none > none)};
+  }
   static Point special(double x, double y) {
     const double right = rounded(multiply(kPi, 0.5));
     if (is_infinite(y)) return {is_nan(x) ? 0.0 : std::copysign(0.0, x), std::copysign(right, y)};
@@ -31,17 +45,20 @@ struct InverseHyperbolicTangent {
       if (!(x < 0x1p100 && y < 0x1p100)) [[unlikely]]
         return far(x, y);
     }
-    const N less = sum<N>(1.0, -x), more = sum<N>(1.0, x);
-    const N squares = product<N>(y, y);
-    const N quotient = divide(number<N>(4.0 * x), add(square(less), squares));
-    const N re = scaled(logarithm_of_one_plus(quotient), 0.25);
-    N im = number<N>(y);
-    if (std::is_same_v<N, double> || y > 0x1p-500) {
-      im = half(angle(number<N>(2.0 * y), add(multiply(less, more), negative(squares))));
-    } else {
-      return {rounded(re), of_flat(x, y)};
+    if (!std::is_same_v<N, double> && y <= 0x1p-500) [[unlikely]] {
+      return {rounded(real_part<N>(x, y)), of_flat(x, y)};
     }
-    return {rounded(re), rounded(im)};
+    return {rounded(real_part<N>(x, y)), rounded(imaginary_part<N>(x, y))};
+  }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static N real_part(V x, V y) {
+    const N quotient = divide(number<N>(V(4.0) * x), add(square(sum<N>(V(1.0), negative(x))), product<N>(y, y)));
+    return scaled(logarithm_of_one_plus(quotient), V(0.25));
+  }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static N imaginary_part(V x, V y) {
+    const N less = sum<N>(V(1.0), negative(x)), more = sum<N>(V(1.0), x);
+    return half(angle(number<N>(V(2.0) * y), add(multiply(less, more), negative(product<N>(y, y)))));
   }
   // Tiny y: y / (1 - x^2), or a right angle.
   [[gnu::noinline, gnu::cold]] static double of_flat(double x, double y) {
@@ -71,6 +88,15 @@ struct ArcTangent {
   [[gnu::always_inline]] static Point finite(double x, double y) {
     const Point w = InverseHyperbolicTangent::finite<N>(y, x);
     return {w.im, w.re};
+  }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Mask<V> left(V x, V y) {
+    return InverseHyperbolicTangent::left<N>(y, x);
+  }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Masked<Pair<V>, Mask<V>> lanes(V x, V y) {
+    const auto r = InverseHyperbolicTangent::lanes<N>(y, x);
+    return {{r.value.second, r.value.first}, r.special};
   }
   static Point special(double x, double y) { return turned_back(InverseHyperbolicTangent::special(-y, x)); }
 };

@@ -16,6 +16,16 @@ struct DecimalLogarithm {
     const ComplexLogarithm<N> log = complex_logarithm<N>(x, y);
     return {rounded(scaled_down(log.modulus)), std::copysign(rounded(scaled_down(log.angle)), y)};
   }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Mask<V> left(V x, V y) {
+    return far_from_one<N>(x, y);
+  }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Masked<Pair<V>, Mask<V>> lanes(V x, V y) {
+    const ComplexLogarithm<N> log = complex_logarithm<N>(x, y);
+    const V none = V(0.0);
+    return {{rounded(scaled_down(log.modulus)), copy_sign(rounded(scaled_down(log.angle)), y)}, Mask<V>(none > none)};
+  }
   static Point special(double x, double y) {
     if (is_infinite(x) || is_infinite(y)) {
       if (is_nan(x) || is_nan(y)) return {infinity<double>, x + y};
@@ -27,11 +37,17 @@ struct DecimalLogarithm {
   }
 
  private:
-  static double scaled_down(double log) { return log * kLog10E64; }
-  static Long scaled_down(Long log) { return multiply(Long{kLog10E64, kLog10ETail64}, log); }
+  template <Double V>
+  static V scaled_down(V log) {
+    return log * V(kLog10E64);
+  }
+  template <Double V>
+  static HeadTail<V> scaled_down(HeadTail<V> log) {
+    return multiply(HeadTail<V>{V(kLog10E64), V(kLog10ETail64)}, log);
+  }
 };
 
-// cLog10 HA: 0.5000 ulp at -0x1.0c1c16p+2, 0x1.e2f5acp+1 (second result)
+// cLog10 HA: 0.5000 ulp at 0x1.98d1p-130, 0x1.829e8p-130 (second result)
 // zLog10 HA: 0.6855 ulp at 0x1.4000000000002p+3, 0x1p-1022 (second result)
 template <class V, Level L>
 struct Log10 : Loop<DecimalLogarithm, V> {};

@@ -14,55 +14,83 @@
 
 namespace orvik::zym::complex_loops {
 
+// Positive integers below 2^12 as numbers of rows.
+template <class V>
+auto whole(V x) {
+  return indices(as_bits(x + V(0x1p52)) & Integer<V>(int64_t{0xFFF}));
+}
+
 // --- logarithms -----------------------------------------------------------------------------------------------------
 
 // Of heads and tails: enough for one rounding of the result, 2^-62, or for the powers, which multiply it, 2^-68 and
 // normalised. (The others' tails hold all that is small, up to 2^-20 of the heads.)
 enum class Precision { rounding, powers };
 
-// e ln(2) + table + ln(1 + r), |r| < 2^-10; table as kLnPairs has it.
+// x = 2^e m: ln x = e ln(2) + table + ln(1 + r), |r| < 2^-10; table as kLnPairs has it.
+template <class N>
+struct ReducedLogarithm {
+  using V = Lanes<N>;
+  V e;
+  Pair<V> table;
+  N r;
+
+  // x positive and normal.
+  [[gnu::always_inline]] explicit ReducedLogarithm(N x) {
+    const Integer<V> bits = as_bits(head_of(x));
+    const V m = as_float((bits & Integer<V>(int64_t{0x000FFFFFFFFFFFFF})) | Integer<V>(int64_t{0x3FF0000000000000}));
+    e = as_float(shift_right<52>(bits) | as_bits(V(0x1p52))) - V(0x1p52 + 1023);
+    const V key = round<Direction::zero>(V(1024.0) / m + V(0.5));
+    const V c = key * V(0x1p-10);
+    table = gather<512>(kLnPairs, whole(key));
+    const V left = fms(c, m, V(1.0));  // exact
+    if constexpr (kPlain<N>) {
+      r = left;
+    } else {
+      const V power = as_float(Integer<V>(int64_t{2046} << 52) - (bits & Integer<V>(int64_t{0x7FF0000000000000})));
+      r = two_sum(left, c * (x.tail * power));
+    }
+  }
+};
+
 template <class N, Precision P>
-[[gnu::always_inline]] inline N logarithm_near(double e, Pair<double> table, N r) {
-  if constexpr (std::is_same_v<N, double>) {
-    const double head = fma(e, kLn2Head64, table.first);
-    return head + (r + fma(r * r, horner(r, kLnDoubleLA), fma(e, kLn2Tail64, table.second)));
+[[gnu::always_inline]] inline N logarithm_of(const ReducedLogarithm<N>& x) {
+  using V = Lanes<N>;
+  const auto& [e, table, r] = x;
+  if constexpr (kPlain<N>) {
+    const V head = fma(e, V(kLn2Head64), table.first);
+    return head + (r + fma(r * r, horner(r, kLnDoubleLA), fma(e, V(kLn2Tail64), table.second)));
   } else if constexpr (P == Precision::rounding) {
-    const HeadTail<double> s = fast_two_sum(fma(e, kLn2Head64, table.first), r.head);  // of exact numbers
-    const double rest = fma(r.head * r.head, fma(r.head, horner(r.head, kLogRest), -0.5), r.tail);
-    return {s.head, s.tail + (fma(e, kLn2Tail64, table.second) + rest)};
+    const HeadTail<V> s = fast_two_sum(fma(e, V(kLn2Head64), table.first), r.head);  // of exact numbers
+    const V rest = fma(r.head * r.head, fma(r.head, horner(r.head, kLogRest), V(-0.5)), r.tail);
+    return {s.head, s.tail + (fma(e, V(kLn2Tail64), table.second) + rest)};
   } else {
-    const HeadTail<double> q = two_square(r.head);
-    const double top = fma(e, kLn2Head64, table.first);  // exact
-    const HeadTail<double> s = fast_two_sum(top, r.head);
-    const HeadTail<double> t = fast_two_sum(s.head, -0.5 * q.head);
-    const double rest = fma(r.head * q.head, horner(r.head, kLogRest), fma(-0.5, q.tail, fnma(r.head, r.tail, r.tail)));
-    return {t.head, (s.tail + t.tail) + (fma(e, kLn2Tail64, table.second) + rest)};
+    const HeadTail<V> q = two_square(r.head);
+    const V top = fma(e, V(kLn2Head64), table.first);  // exact
+    const HeadTail<V> s = fast_two_sum(top, r.head);
+    const HeadTail<V> t = fast_two_sum(s.head, V(-0.5) * q.head);
+    const V rest = fma(r.head * q.head, horner(r.head, kLogRest), fma(V(-0.5), q.tail, fnma(r.head, r.tail, r.tail)));
+    return {t.head, (s.tail + t.tail) + (fma(e, V(kLn2Tail64), table.second) + rest)};
   }
 }
-
-// ln x, x positive and normal.
 template <class N, Precision P = Precision::rounding>
 [[gnu::always_inline]] inline N logarithm(N x) {
-  const uint64_t bits = bits_of(head_of(x));
-  const double m = float_of<double>((bits & 0x000FFFFFFFFFFFFF) | 0x3FF0000000000000);
-  const double e = static_cast<double>(static_cast<int64_t>(bits >> 52) - 1023);
-  const auto key = static_cast<int64_t>(1024.0 / m + 0.5);
-  const double c = static_cast<double>(key) * 0x1p-10;
-  const Pair<double> table = gather<512>(kLnPairs, key);
-  const double r = fms(c, m, 1.0);  // exact
-  if constexpr (std::is_same_v<N, double>) {
-    return logarithm_near<N, P>(e, table, r);
-  } else {
-    const double power = float_of<double>((uint64_t{2046} << 52) - (bits & 0x7FF0000000000000));
-    return logarithm_near<N, P>(e, table, two_sum(r, c * (x.tail * power)));
-  }
+  return logarithm_of<N, P>(ReducedLogarithm<N>(x));
 }
 
-// ln(1 + x), x > -1/2, to the relative precision of x.
+// ln x or, where the mask is set, ln(1 + y), y > -1/2, to the relative precision of y.
+template <class N, Precision P>
+[[gnu::always_inline]] inline N logarithm_by(Mask<Lanes<N>> mask, N x, N y) {
+  using V = Lanes<N>;
+  const Mask<V> tiny = mask & (magnitude(head_of(y)) < V(0.0009765625));
+  const N one = number<N>(V(1.0));  // whose logarithm adds nothing to y
+  ReducedLogarithm<N> reduced(select(tiny, one, select(mask, add(y, one), x)));
+  reduced.r = select(tiny, y, reduced.r);
+  return logarithm_of<N, P>(reduced);
+}
 template <class N, Precision P = Precision::rounding>
-[[gnu::always_inline]] inline N logarithm_of_one_plus(N x) {
-  if (magnitude(head_of(x)) < 0.0009765625) return logarithm_near<N, P>(0.0, {0.0, 0.0}, x);
-  return logarithm<N, P>(add(x, number<N>(1.0)));
+[[gnu::always_inline]] inline N logarithm_of_one_plus(N y) {
+  using V = Lanes<N>;
+  return logarithm_by<N, P>(complement(Mask<V>(V(0.0) > V(0.0))), y, y);
 }
 
 // --- angles ---------------------------------------------------------------------------------------------------------
@@ -77,49 +105,45 @@ inline N pi_times(double power_of_two) {
 // to the tangent from a table, and what is left of it.
 template <class N>
 [[gnu::always_inline]] inline N first_octant(N n, N d) {
-  const auto row = static_cast<int64_t>(fma(head_of(n) / head_of(d), 128.0, 0.5));
-  const double c = static_cast<double>(row) * 0x1p-7;
-  const Pair<double> table = gather(kArcTangents128, row);
-  if constexpr (std::is_same_v<N, double>) {
-    const double t = fnma(c, d, n) / fma(c, n, d);
-    const double z = t * t;
+  using V = Lanes<N>;
+  const V row = round<Direction::zero>(fma(head_of(n) / head_of(d), V(128.0), V(0.5)));
+  const V c = row * V(0x1p-7);
+  const Pair<V> table = gather(kArcTangents128, whole(row));
+  if constexpr (kPlain<N>) {
+    const V t = fnma(c, d, n) / fma(c, n, d);
+    const V z = t * t;
     return table.first + fma(t * z, horner(z, kArcTangentRest), t);
   } else {
-    const Long over = {fnma(c, d.head, n.head), fnma(c, d.tail, n.tail)};  // the head is exact
-    const double head = fma(c, n.head, d.head);
-    const Long t = divide(over, {head, fma(c, n.head, d.head - head) + fma(c, n.tail, d.tail)});
-    const double z = t.head * t.head;
-    const double rest = fma(t.head * z, horner(z, kArcTangentRest), fnma(t.tail, z, t.tail));
-    const HeadTail<double> s = fast_two_sum(table.first, t.head);
+    const N over = {fnma(c, d.head, n.head), fnma(c, d.tail, n.tail)};  // the head is exact
+    const V head = fma(c, n.head, d.head);
+    const N t = divide(over, {head, fma(c, n.head, d.head - head) + fma(c, n.tail, d.tail)});
+    const V z = t.head * t.head;
+    const V rest = fma(t.head * z, horner(z, kArcTangentRest), fnma(t.tail, z, t.tail));
+    const HeadTail<V> s = fast_two_sum(table.first, t.head);
     return {s.head, s.tail + (table.second + rest)};
   }
 }
 
-// What the angle of the first octant is taken from: 0, pi/2 in the two steep octants, pi.
-struct AngleBases {
-  double head[4], tail[4];
-};
-inline constexpr AngleBases kAngleBases = {{0, kPi.head / 2, kPi.head, kPi.head / 2},
-                                           {0, kPi.tail / 2, kPi.tail, kPi.tail / 2}};
-
-// The angle of (x, y), y >= 0, in [0, pi]; the larger as `d` above. Without jumps: quadrants are not to be foreseen.
+// The angle of (x, y), y >= 0, in [0, pi]; the larger as `d` above. It is taken from 0, from pi/2 in the two steep
+// octants, or from pi.
 template <class N>
 [[gnu::always_inline]] inline N angle(N y, N x) {
-  const N ax = signed_by(x, head_of(x));
-  const bool steep = as_bits(head_of(y)) > as_bits(head_of(ax));  // of numbers that are not negative
-  const uint64_t left = as_bits(head_of(x)) >> 63;
-  const uint64_t quadrant = uint64_t{steep} + 2 * left;
-  const uint64_t away = (quadrant << 63) ^ (left << 63);
+  using V = Lanes<N>;
+  const V side = head_of(x);
+  const N ax = signed_by(x, side);
+  const Mask<V> steep = head_of(y) > head_of(ax);
+  const auto base = [&](double pi) __attribute__((always_inline)) {
+    return select(steep, V(0.5 * pi), select(sign_decides(side), V(pi), V(0.0)));
+  };
   N n, d;
-  if constexpr (std::is_same_v<N, double>) {
+  if constexpr (kPlain<N>) {
     n = min(y, ax), d = max(y, ax);
   } else {
-    const uint64_t mask = mask_of(steep);
-    n = {min(y.head, ax.head), choose(mask, ax.tail, y.tail)};
-    d = {max(y.head, ax.head), choose(mask, y.tail, ax.tail)};
+    n = {min(y.head, ax.head), select(steep, ax.tail, y.tail)};
+    d = {max(y.head, ax.head), select(steep, y.tail, ax.tail)};
   }
-  const N base = number<N>(kAngleBases.head[quadrant], kAngleBases.tail[quadrant]);
-  return add_smaller(base, signed_by(first_octant<N>(n, d), as_float(away)));
+  const V away = select(steep, negative(side), side);
+  return add_smaller(number<N>(base(kPi.head), base(kPi.tail)), signed_by(first_octant<N>(n, d), away));
 }
 
 // The same of any finite point but 0.
@@ -140,16 +164,17 @@ template <class N>
 // --- points ---------------------------------------------------------------------------------------------------------
 
 // x^2 + y^2 - 1 with a relative error of some 2^-100 (2^-53) however much cancels; x >= y, the squares about 1.
-template <class N>
-[[gnu::always_inline]] inline N beyond_unit_circle(double x, double y) {
-  if constexpr (std::is_same_v<N, double>) {
-    return fma(x - 1.0, x + 1.0, y * y);  // of floats: two products of 48 bits, and x - 1 and x + 1 are exact
+template <class N, class V = Lanes<N>>
+[[gnu::always_inline]] inline N beyond_unit_circle(V x, V y) {
+  if constexpr (kPlain<N>) {
+    // Of floats: two products of 48 bits, and x - 1 and x + 1 are exact.
+    return fma(x - V(1.0), x + V(1.0), y * y);
   } else {
-    const HeadTail<double> p = two_square(x), q = two_square(y);
-    const HeadTail<double> less = fast_two_sum(-1.0, p.head);  // of x^2 = 1/4 to 2, so that the tail is exact
-    const HeadTail<double> s = two_sum(less.head, q.head);
-    const HeadTail<double> low = two_sum(p.tail, q.tail);
-    const HeadTail<double> t = two_sum(s.head, low.head);
+    const HeadTail<V> p = two_square(x), q = two_square(y);
+    const HeadTail<V> less = fast_two_sum(V(-1.0), p.head);  // of x^2 = 1/4 to 2, so that the tail is exact
+    const HeadTail<V> s = two_sum(less.head, q.head);
+    const HeadTail<V> low = two_sum(p.tail, q.tail);
+    const HeadTail<V> t = two_sum(s.head, low.head);
     return fast_two_sum(t.head, t.tail + ((less.tail + s.tail) + low.tail));
   }
 }
@@ -160,13 +185,12 @@ struct ComplexLogarithm {
   N modulus, angle;
 };
 
-template <class N, Precision P>
-[[gnu::always_inline]] inline N logarithm_of_modulus(double large, double small) {
+template <class N, Precision P, class V = Lanes<N>>
+[[gnu::always_inline]] inline N logarithm_of_modulus(V large, V small) {
   const N squares = add_smaller(product<N>(large, large), product<N>(small, small));
-  if (head_of(squares) > 0.5 && head_of(squares) < 2.0) {
-    return half(logarithm_of_one_plus<N, P>(beyond_unit_circle<N>(large, small)));
-  }
-  return half(logarithm<N, P>(squares));
+  const V head = head_of(squares);
+  const Mask<V> near = (head > V(0.5)) & (head < V(2.0));
+  return half(logarithm_by<N, P>(near, squares, beyond_unit_circle<N>(large, small)));
 }
 
 // Points so far out or in that squares leave the range.
@@ -176,19 +200,37 @@ template <class N, Precision P>
   return add(fast_two_sum(e * kLn2Head64, e * kLn2Tail64), log);
 }
 
-// z finite and not 0.
-template <class N, Precision P = Precision::rounding>
-[[gnu::always_inline]] inline ComplexLogarithm<N> complex_logarithm(double x, double y) {
-  const double ax = magnitude(x), ay = magnitude(y);
-  const double large = max(ax, ay), small = min(ax, ay);
-  if constexpr (std::is_same_v<N, double>) {
-    return {logarithm_of_modulus<N, P>(large, small), angle(number<N>(ay), number<N>(x))};
+// What lanes of complex_logarithm do not serve: 0, infinities, NaNs, and what is far from 1 or from the diagonals.
+template <class N, class V = Lanes<N>>
+[[gnu::always_inline]] inline Mask<V> far_from_one(V x, V y) {
+  const V ax = magnitude(x), ay = magnitude(y);
+  const V large = max(ax, ay), small = min(ax, ay);
+  const Mask<V> numbers = complement(unordered(x, y));
+  if constexpr (kPlain<N>) {  // any float
+    return complement(numbers & (large > V(0.0)) & (large < V(0x1p200)));
   } else {
+    const Mask<V> near = (large > V(0x1p-400)) & (large < V(0x1p400));
+    return complement(numbers & near & ((small > V(0x1p-500)) | (small == V(0.0))));
+  }
+}
+
+// z finite and not 0.
+template <class N, Precision P = Precision::rounding, class V = Lanes<N>>
+[[gnu::always_inline]] inline ComplexLogarithm<N> complex_logarithm(V x, V y) {
+  const V ax = magnitude(x), ay = magnitude(y);
+  const V large = max(ax, ay), small = min(ax, ay);
+  N modulus, turned;
+  if constexpr (!kPlain<N> && kAlone<N>) {
     const bool near = large > 0x1p-400 && large < 0x1p400;
-    const N modulus = near ? logarithm_of_modulus<N, P>(large, small) : logarithm_of_far(large, small);
-    const N turned =
-        near && (small > 0x1p-500 || small == 0) ? angle(number<N>(ay), number<N>(x)) : angle_of_far(ay, x);
-    if constexpr (P == Precision::rounding) return {modulus, turned};
+    modulus = near ? logarithm_of_modulus<N, P>(large, small) : logarithm_of_far(large, small);
+    turned = near && (small > 0x1p-500 || small == 0) ? angle(number<N>(ay), number<N>(x)) : angle_of_far(ay, x);
+  } else {
+    modulus = logarithm_of_modulus<N, P>(large, small);
+    turned = angle(number<N>(ay), number<N>(x));
+  }
+  if constexpr (kPlain<N> || P == Precision::rounding) {
+    return {modulus, turned};
+  } else {
     return {fast_two_sum(modulus.head, modulus.tail), fast_two_sum(turned.head, turned.tail)};
   }
 }

@@ -1,30 +1,40 @@
-// What the scalar routines of the complex loops compute in: doubles for parts of 32 bits, heads and tails for parts of
-// 64. Routines are written over the number N with the operations below, so that both are one text; results are rounded
-// once. Every sum of squares, product and quotient keeps a relative error of some units of 2^-52, or of 2^-104.
+// What the routines of the complex loops compute in: lanes of doubles for parts of 32 bits, heads and tails of them for
+// parts of 64. They are written over the number N with the operations below and over the lanes V, four elements or one,
+// so that all are one text and one element has the same bits alone and among others; results are rounded once. Every sum
+// of squares, product and quotient keeps a relative error of some units of 2^-52, or of 2^-104.
 #pragma once
 
 #include <cmath>
 #include <type_traits>
 
-#include "lanes/head_tail.h"
-#include "lanes/scalar.h"
+#include "lanes/lanes.h"
 #include "zym/kernels/shared/corrections.h"
+#include "zym/skeleton/family.h"
 
 namespace orvik::zym::complex_loops {
 
 using Long = HeadTail<double>;
 
-// The number for elements of parts E.
-template <class E>
-struct NumberOf {
-  using Type = double;
+template <class N>
+struct LanesOf {
+  using Type = N;
 };
-template <>
-struct NumberOf<double> {
-  using Type = Long;
+template <class V>
+struct LanesOf<HeadTail<V>> {
+  using Type = V;
 };
-template <class E>
-using Number = typename NumberOf<E>::Type;
+template <class N>
+using Lanes = typename LanesOf<N>::Type;
+// Without a tail.
+template <class N>
+inline constexpr bool kPlain = std::is_same_v<N, Lanes<N>>;
+// One element, which may branch, as those of a vector cannot.
+template <class N>
+inline constexpr bool kAlone = kWidth<Lanes<N>> == 1;
+
+// The number for elements of parts E over lanes V of doubles.
+template <class E, class V = double>
+using Number = std::conditional_t<std::is_same_v<E, float>, V, HeadTail<V>>;
 
 // A complex result, or an argument widened to doubles.
 struct Point {
@@ -33,72 +43,154 @@ struct Point {
 
 // --- doubles --------------------------------------------------------------------------------------------------------
 
-inline double add(double a, double b) { return a + b; }
-inline double add_smaller(double a, double b) { return a + b; }
-inline double multiply(double a, double b) { return a * b; }
-inline double divide(double a, double b) { return a / b; }
-inline double root(double a) { return sqrt(a); }
-inline double head_of(double a) { return a; }
-inline double rounded(double a) { return a; }
-inline double negative(double a) { return -a; }
-inline double scaled(double a, double power_of_two) { return a * power_of_two; }
+template <Double V>
+V negative(V a) {
+  return flip_sign(a, V(-1.0));
+}
+template <Double V>
+V signed_by(V a, V sign) {
+  return flip_sign(a, sign);
+}
+template <Double V>
+V add(V a, V b) {
+  return a + b;
+}
+template <Double V>
+V add_smaller(V a, V b) {
+  return a + b;
+}
+template <Double V>
+V multiply(V a, V b) {
+  return a * b;
+}
+template <Double V>
+V divide(V a, V b) {
+  return a / b;
+}
+template <Double V>
+V root(V a) {
+  return sqrt(a);
+}
+template <Double V>
+V head_of(V a) {
+  return a;
+}
+template <Double V>
+V rounded(V a) {
+  return a;
+}
+template <Double V>
+V scaled(V a, V power_of_two) {
+  return a * power_of_two;
+}
 
 // --- heads and tails ------------------------------------------------------------------------------------------------
 
 // Nothing is normalised on the way, which would double the length of the chain of dependent steps.
-inline double head_of(Long a) { return a.head; }
-inline double rounded(Long a) { return a.head + a.tail; }
-inline Long negative(Long a) { return {-a.head, -a.tail}; }
-inline Long scaled(Long a, double power_of_two) { return {a.head * power_of_two, a.tail * power_of_two}; }
-inline Long add(Long a, Long b) {
-  const HeadTail<double> s = two_sum(a.head, b.head);
+template <Double V>
+V head_of(HeadTail<V> a) {
+  return a.head;
+}
+template <Double V>
+V rounded(HeadTail<V> a) {
+  return a.head + a.tail;
+}
+template <Double V>
+HeadTail<V> signed_by(HeadTail<V> a, V sign) {
+  return {flip_sign(a.head, sign), flip_sign(a.tail, sign)};
+}
+template <Double V>
+HeadTail<V> negative(HeadTail<V> a) {
+  return {negative(a.head), negative(a.tail)};
+}
+template <Double V>
+HeadTail<V> select(Mask<V> mask, HeadTail<V> yes, HeadTail<V> no) {
+  return {orvik::select(mask, yes.head, no.head), orvik::select(mask, yes.tail, no.tail)};
+}
+using orvik::select;
+template <Double V>
+HeadTail<V> scaled(HeadTail<V> a, V power_of_two) {
+  return {a.head * power_of_two, a.tail * power_of_two};
+}
+template <Double V>
+HeadTail<V> add(HeadTail<V> a, HeadTail<V> b) {
+  const HeadTail<V> s = two_sum(a.head, b.head);
   return {s.head, s.tail + (a.tail + b.tail)};
 }
 // |a| >= |b|.
-inline Long add_smaller(Long a, Long b) {
-  const HeadTail<double> s = fast_two_sum(a.head, b.head);
+template <Double V>
+HeadTail<V> add_smaller(HeadTail<V> a, HeadTail<V> b) {
+  const HeadTail<V> s = fast_two_sum(a.head, b.head);
   return {s.head, s.tail + (a.tail + b.tail)};
 }
-inline Long multiply(Long a, double b) {
-  const HeadTail<double> p = two_prod(a.head, b);
+template <Double V>
+HeadTail<V> multiply(HeadTail<V> a, V b) {
+  const HeadTail<V> p = two_prod(a.head, b);
   return {p.head, fma(a.tail, b, p.tail)};
 }
-inline Long multiply(Long a, Long b) {
-  const HeadTail<double> p = two_prod(a.head, b.head);
+template <Double V>
+HeadTail<V> multiply(HeadTail<V> a, HeadTail<V> b) {
+  const HeadTail<V> p = two_prod(a.head, b.head);
   return {p.head, fma(a.head, b.tail, fma(a.tail, b.head, p.tail))};
 }
-inline Long divide(Long a, Long b) {
-  const double inverse = 1.0 / b.head;
-  const double q = a.head * inverse;
+template <Double V>
+HeadTail<V> divide(HeadTail<V> a, HeadTail<V> b) {
+  const V inverse = V(1.0) / b.head;
+  const V q = a.head * inverse;
   return {q, (fnma(q, b.head, a.head) + fnma(q, b.tail, a.tail)) * inverse};
 }
 // The tail to 1.5 %.
-inline Long root(Long a) {
-  const double s = sqrt(a.head);
-  if (s == 0) return {0.0, 0.0};
-  return {s, (fnma(s, s, a.head) + a.tail) * (0.5 * rough_reciprocal(s))};
+template <Double V>
+HeadTail<V> root(HeadTail<V> a) {
+  const V s = sqrt(a.head);
+  if constexpr (kWidth<V> == 1) {  // no flags of what is dropped
+    if (s == 0) return {s, 0.0};
+  }
+  return {s, drop(Mask<V>(s == V(0.0)), (fnma(s, s, a.head) + a.tail) * (V(0.5) * rough_reciprocal(s)))};
 }
 
 // --- both -----------------------------------------------------------------------------------------------------------
 
 // a + b, a b of doubles, exact in heads and tails.
 template <class N>
-N sum(double a, double b) {
-  if constexpr (std::is_same_v<N, double>) return a + b;
-  if constexpr (!std::is_same_v<N, double>) return two_sum(a, b);
+N sum(Lanes<N> a, Lanes<N> b) {
+  if constexpr (kPlain<N>) {
+    return a + b;
+  } else {
+    return two_sum(a, b);
+  }
 }
 template <class N>
-N product(double a, double b) {
-  if constexpr (std::is_same_v<N, double>) return a * b;
-  if constexpr (!std::is_same_v<N, double>) return two_prod(a, b);
+N product(Lanes<N> a, Lanes<N> b) {
+  if constexpr (kPlain<N>) {
+    return a * b;
+  } else {
+    return two_prod(a, b);
+  }
 }
 template <class N>
-N number(double head, double tail = 0.0) {
-  if constexpr (std::is_same_v<N, double>) return head;
-  if constexpr (!std::is_same_v<N, double>) return {head, tail};
+N number(Lanes<N> head, Lanes<N> tail = Lanes<N>(0.0)) {
+  if constexpr (kPlain<N>) {
+    return head;
+  } else {
+    return {head, tail};
+  }
 }
-// a b rounded once, with its sign also where it is zero. What is so small that tails would be lost is lifted.
-inline double rounded_product(double a, double b) { return a * b; }
+template <class N>
+N square(N a) {
+  return multiply(a, a);
+}
+template <class N>
+N half(N a) {
+  return scaled(a, Lanes<N>(0.5));
+}
+
+// a b rounded once, with its sign also where it is zero. What is so small that tails would be lost is lifted; in lanes
+// it is left.
+template <Double V>
+V rounded_product(V a, V b) {
+  return a * b;
+}
 inline double rounded_product(Long a, Long b) {
   const Long p = multiply(a, b);
   if (magnitude(p.head) < 0x1p-900) [[unlikely]] {
@@ -107,18 +199,16 @@ inline double rounded_product(Long a, Long b) {
   }
   return p.head + p.tail;
 }
-// Choices that data make at random go without a jump: a where the mask has all bits set, b where it has none.
-inline uint64_t mask_of(bool all) { return all ? ~uint64_t{0} : uint64_t{0}; }
-inline double choose(uint64_t mask, double a, double b) { return as_float((as_bits(a) & mask) | (as_bits(b) & ~mask)); }
-inline double signed_by(double a, double sign) { return flip_sign(a, sign); }
-inline Long signed_by(Long a, double sign) { return {flip_sign(a.head, sign), flip_sign(a.tail, sign)}; }
-template <class N>
-N square(N a) {
-  return multiply(a, a);
+template <Double V>
+Masked<V, Mask<V>> tested_product(HeadTail<V> a, HeadTail<V> b) {
+  const HeadTail<V> p = multiply(a, b);
+  const Mask<V> zero = p.head == V(0.0);
+  return {select(zero, p.head, p.head + p.tail), andnot(zero, magnitude(p.head) < V(0x1p-900))};
 }
-template <class N>
-N half(N a) {
-  return scaled(a, 0.5);
+template <Double V>
+Masked<V, Mask<V>> tested_product(V a, V b) {
+  const V none = V(0.0);
+  return {a * b, Mask<V>(none > none)};
 }
 
 }  // namespace orvik::zym::complex_loops

@@ -13,16 +13,44 @@ namespace complex_loops {
 
 // Both finite, x not 0. What may overflow is told exactly, since the signs of infinite parts hang on the angle.
 template <class N>
+inline constexpr double kLargeProduct = kPlain<N> ? 0x1p18 : 0x1p14;
+template <class N>
+inline constexpr double kLargestExponent = kPlain<N> ? 87 : 708;
+template <class N>
+struct LogarithmTimes {
+  using V = Lanes<N>;
+  N re, im;
+  V size;
+  [[gnu::always_inline]] LogarithmTimes(Pair<V> x, Pair<V> y) {
+    const ComplexLogarithm<N> log = complex_logarithm<N, Precision::powers>(x.first, x.second);
+    const N angle = signed_by(log.angle, x.second);
+    re = add(multiply(log.modulus, y.first), multiply(angle, negative(y.second)));
+    im = add(multiply(angle, y.first), multiply(log.modulus, y.second));
+    size = (magnitude(y.first) + magnitude(y.second)) * (magnitude(head_of(log.modulus)) + head_of(log.angle));
+  }
+};
+template <class N>
 [[gnu::always_inline]] inline Point power_of_points(Point x, Point y) {
-  constexpr double kSize = std::is_same_v<N, double> ? 0x1p18 : 0x1p14, kLargest = std::is_same_v<N, double> ? 87 : 708;
-  const ComplexLogarithm<N> log = complex_logarithm<N, Precision::powers>(x.re, x.im);
-  const N angle = signed_by(log.angle, x.im);
-  const N re = add(multiply(log.modulus, y.re), multiply(angle, -y.im));
-  const N im = add(multiply(angle, y.re), multiply(log.modulus, y.im));
-  const double size = (magnitude(y.re) + magnitude(y.im)) * (magnitude(head_of(log.modulus)) + head_of(log.angle));
-  if (!(size < kSize) || head_of(re) > kLargest) [[unlikely]]
+  const LogarithmTimes<N> product({x.re, x.im}, {y.re, y.im});
+  if (!(product.size < kLargeProduct<N>) || head_of(product.re) > kLargestExponent<N>) [[unlikely]]
     return wide_power(x, y);
-  return exponential_of_point<N>(re, im);
+  return exponential_of_point<N>(product.re, product.im);
+}
+// The same of lanes, with the mask of what they do not serve: numbers that are both real are left too.
+template <class N, class V = Lanes<N>>
+[[gnu::noinline]] Masked<Pair<V>, Mask<V>> powers_of_points(V a, V b, V c, V d) {
+  const V zero = V(0.0), filler = V(0.75);
+  const Mask<V> real = (d == zero) & ((b == zero) | (c == zero));
+  const Mask<V> large = complement((magnitude(c) < V(0x1p100)) & (magnitude(d) < V(0x1p100)));
+  const Mask<V> left = far_from_one<N>(a, b) | real | large;
+  const Pair<V> x = {select(left, filler, a), select(left, filler, b)};
+  const Pair<V> y = {select(left, filler, c), select(left, filler, d)};
+  const LogarithmTimes<N> product(x, y);
+  const V exponent = head_of(product.re);
+  const Mask<V> served = (product.size < V(kLargeProduct<N>)) & (magnitude(head_of(product.im)) < V(0.5 * kLargeAngle)) &
+                         (exponent < V(min(kLargestExponent<N>, 700.0))) & (exponent > V(-700.0));
+  const auto r = exponential_of_points<N>(product.re, product.im);
+  return {r.value, left | complement(served) | r.special};
 }
 
 // Zeros, infinities and NaNs in either; both real.
@@ -72,7 +100,20 @@ template <class V, Level L>
 struct Pow {
   using E = Element<V>;
   static constexpr Knobs knobs = kKnobs;
+  static auto lanes(Pair<V> x, Pair<V> y) {
+    const auto over = [](auto a, auto b, auto c, auto d) { return powers_of_points<Number<E, decltype(a)>>(a, b, c, d); };
+    if constexpr (Single<V>) {
+      return by_halves(over, x.first, x.second, y.first, y.second);
+    } else {
+      return over(x.first, x.second, y.first, y.second);
+    }
+  }
   static int32_t element(const Complex<E>* px, const Complex<E>* py, Complex<E>* r) {
+    return without_underflow([=] { return power(px, py, r); });
+  }
+
+ private:
+  static int32_t power(const Complex<E>* px, const Complex<E>* py, Complex<E>* r) {
     const Point x = widened<E>(px), y = widened<E>(py);
     if (!finite(x) || !finite(y) || (x.re == 0 && x.im == 0) || (y.re == 0 && y.im == 0)) [[unlikely]] {
       const SpecialPower p = special_power<E>(x, y);

@@ -13,17 +13,48 @@ template <class N>
 struct Factors {
   SineCosine<N> circular;
   Hyperbolic<N> hyperbolic;
-  [[gnu::always_inline]] Factors(double angle, double exponent)
+  [[gnu::always_inline]] Factors(Lanes<N> angle, Lanes<N> exponent)
       : circular(sine_cosine<N>(angle)), hyperbolic(exponent) {}
-  double join(N a, N b) const { return rounded_product(a, b) * hyperbolic.scale * hyperbolic.scale; }
+};
+// Both parts of the result.
+template <class N>
+struct Products {
+  N a, b, c, d;  // a b + i c d
+};
+
+template <class F, bool Circular>
+struct OfFactors {
+  template <class N>
+  [[gnu::always_inline]] static Point finite(double x, double y) {
+    const Factors<N> f = factors<N>(x, y);
+    const Products<N> p = F::products(f);
+    const double scale = f.hyperbolic.scale;
+    return {rounded_product(p.a, p.b) * scale * scale, rounded_product(p.c, p.d) * scale * scale};
+  }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Mask<V> left(V x, V y) {
+    const V angle = magnitude(Circular ? x : y), exponent = magnitude(Circular ? y : x);
+    return complement((angle < V(kLargeAngle)) & (exponent < V(kLargeExponent)));
+  }
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Masked<Pair<V>, Mask<V>> lanes(V x, V y) {
+    const Products<N> p = F::products(factors<N>(x, y));
+    const auto re = tested_product(p.a, p.b), im = tested_product(p.c, p.d);
+    return {{re.value, im.value}, re.special | im.special};
+  }
+
+ private:
+  template <class N, class V = Lanes<N>>
+  [[gnu::always_inline]] static Factors<N> factors(V x, V y) {
+    return Circular ? Factors<N>(x, y) : Factors<N>(y, x);
+  }
 };
 
 // sinh(x + i y) = sinh x cos y + i cosh x sin y; cosh(x + i y) = cosh x cos y + i sinh x sin y.
-struct HyperbolicSine {
+struct HyperbolicSine : OfFactors<HyperbolicSine, false> {
   template <class N>
-  [[gnu::always_inline]] static Point finite(double x, double y) {
-    const Factors<N> f(y, x);
-    return {f.join(f.circular.cosine, f.hyperbolic.sine), f.join(f.circular.sine, f.hyperbolic.cosine)};
+  [[gnu::always_inline]] static Products<N> products(const Factors<N>& f) {
+    return {f.circular.cosine, f.hyperbolic.sine, f.circular.sine, f.hyperbolic.cosine};
   }
   static Point special(double x, double y) {
     if (is_nan(x)) return y == 0 ? Point{x + x, y} : no_number(x, y);
@@ -33,11 +64,10 @@ struct HyperbolicSine {
     return {s.cosine * x, y == 0 ? y : s.sine * infinity<double>};
   }
 };
-struct HyperbolicCosine {
+struct HyperbolicCosine : OfFactors<HyperbolicCosine, false> {
   template <class N>
-  [[gnu::always_inline]] static Point finite(double x, double y) {
-    const Factors<N> f(y, x);
-    return {f.join(f.circular.cosine, f.hyperbolic.cosine), f.join(f.circular.sine, f.hyperbolic.sine)};
+  [[gnu::always_inline]] static Products<N> products(const Factors<N>& f) {
+    return {f.circular.cosine, f.hyperbolic.cosine, f.circular.sine, f.hyperbolic.sine};
   }
   static Point special(double x, double y) {
     if (is_nan(x)) return y == 0 ? Point{x + x, y} : no_number(x, y);
@@ -48,37 +78,35 @@ struct HyperbolicCosine {
   }
 };
 // sin z = -i sinh(i z), cos z = cosh(i z).
-struct CircularSine {
+struct CircularSine : OfFactors<CircularSine, true> {
   template <class N>
-  [[gnu::always_inline]] static Point finite(double x, double y) {
-    const Factors<N> f(x, y);
-    return {f.join(f.circular.sine, f.hyperbolic.cosine), f.join(f.circular.cosine, f.hyperbolic.sine)};
+  [[gnu::always_inline]] static Products<N> products(const Factors<N>& f) {
+    return {f.circular.sine, f.hyperbolic.cosine, f.circular.cosine, f.hyperbolic.sine};
   }
   static Point special(double x, double y) { return turned_back(HyperbolicSine::special(-y, x)); }
 };
-struct CircularCosine {
+struct CircularCosine : OfFactors<CircularCosine, true> {
   template <class N>
-  [[gnu::always_inline]] static Point finite(double x, double y) {
-    const Factors<N> f(x, y);
-    return {f.join(f.circular.cosine, f.hyperbolic.cosine), -f.join(f.circular.sine, f.hyperbolic.sine)};
+  [[gnu::always_inline]] static Products<N> products(const Factors<N>& f) {
+    return {f.circular.cosine, f.hyperbolic.cosine, f.circular.sine, negative(f.hyperbolic.sine)};
   }
   static Point special(double x, double y) { return HyperbolicCosine::special(-y, x); }
 };
 
-// cSin HA: 0.4999 ulp at 0x1.0a35f2p-2, 0x1.f6cf26p+0 (second result)
+// cSin HA: 0.5000 ulp at 0x1.325f78p+4, 0x1.33a39ep+4 (second result)
 // zSin HA: 0.7479 ulp at 0x1.62e42feba39efp+6, 0x1p-1022 (second result)
 template <class V, Level L>
 struct Sin : Loop<CircularSine, V> {};
-// cCos HA: 0.4999 ulp at 0x1.4p+120, 0x1p-126 (second result)
-// zCos HA: 0.7167 ulp at 0x1.4p+296, 0x1p-1022 (second result)
+// cCos HA: 0.5000 ulp at 0x1.8a538ep+2, -0x1.0ca014p-4 (second result)
+// zCos HA: 0.7196 ulp at 0x1.e52c21e166903p-869, 0x1.10859c7478a06p-155 (second result)
 template <class V, Level L>
 struct Cos : Loop<CircularCosine, V> {};
-// cSinh HA: 0.4999 ulp at -0x1.2cb7p-43, -0x1.9f8836p+1 (second result)
+// cSinh HA: 0.5000 ulp at 0x1.777ae4p-2, 0x1.8d8f74p+2
 // zSinh HA: 0.7479 ulp at 0x1p-1022, 0x1.62e42feba39efp+6
 template <class V, Level L>
 struct Sinh : Loop<HyperbolicSine, V> {};
-// cCosh HA: 0.4999 ulp at -0x1.80e4fap-6, 0x1.527918p+0 (second result)
-// zCosh HA: 0.7167 ulp at 0x1p-1022, 0x1.4p+296 (second result)
+// cCosh HA: 0.5000 ulp at -0x1.c6a9f6p+0, -0x1.9c3dfcp-25 (second result)
+// zCosh HA: 0.7196 ulp at 0x1.e52c21e166903p-869, 0x1.10859c7478a06p-155 (second result)
 template <class V, Level L>
 struct Cosh : Loop<HyperbolicCosine, V> {};
 

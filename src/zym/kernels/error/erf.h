@@ -21,8 +21,8 @@ template <class V, Level L>
 struct Erf;
 
 // Larger arguments become the last one, where the lanes give 1. Products with tiny arguments underflow.
-// sErf LA: 3.5370 ulp at 0x1.de001ep-2
-// sErf HA: 0.7472 ulp at -0x1.a1091cp-127
+// sErf LA: 3.5370 ulp at -0x1.de001ep-2
+// sErf HA: 0.8334 ulp at 0x1.da482ap+0
 // sErf EP: 11.48 bits at -0x1.333342p-1
 template <Single V, Level L>
 struct Erf<V, L> {

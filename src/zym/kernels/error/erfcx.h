@@ -60,7 +60,7 @@ template <Double V>
 
 }  // namespace error
 
-// sErfcx HA: 0.5033 ulp at 0x1.e6cfc6p+3
+// sErfcx HA: 0.5095 ulp at 0x1.812e8ap+1
 // dErfcx HA: 0.6037 ulp at 0x1.49c86a98e496bp+120
 template <class V, Level L>
 struct Erfcx {

@@ -187,9 +187,9 @@ E overflowed(E x) {
 
 }  // namespace hyperbolic
 
-// sCosh LA: 2.4790 ulp at -0x1.07914cp+3
-// sCosh HA: 0.5082 ulp at -0x1.b68d5p+2
-// sCosh EP: 12.81 bits at -0x1.2b709ap+3
+// sCosh LA: 2.6562 ulp at 0x1.009662p+3
+// sCosh HA: 0.5150 ulp at -0x1.4ce1bp+0
+// sCosh EP: 12.81 bits at 0x1.fe280cp+2
 // dCosh LA: 2.0654 ulp at 0x1.2904a05479a85p+4
 // dCosh HA: 0.5072 ulp at -0x1.1e3c4860b5f8cp+5
 template <class V, Level L>
@@ -219,9 +219,9 @@ struct Cosh {
   }
 };
 
-// sSinh LA: 2.1532 ulp at -0x1.a68d6cp-2
-// sSinh HA: 0.5109 ulp at 0x1.644884p-4
-// sSinh EP: 12.33 bits at -0x1.6369f2p-2
+// sSinh LA: 2.4625 ulp at -0x1.93141ep-2
+// sSinh HA: 0.5277 ulp at 0x1.721d1p-4
+// sSinh EP: 12.29 bits at 0x1.62e52ep-2
 // dSinh LA: 2.3078 ulp at 0x1.26b5ecdc69e8cp+4
 // dSinh HA: 0.5072 ulp at -0x1.1e3c4860b5f8cp+5
 // dSinh EP: 33.37 bits at -0x1.7e2a58b48d1p-2

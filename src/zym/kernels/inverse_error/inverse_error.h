@@ -48,8 +48,8 @@ int32_t outside_domain(E* r) {
 
 // --- ErfInv ---------------------------------------------------------------------------------------------------------
 
-// sErfInv LA: 2.1919 ulp at -0x1.9f7a8ep-1
-// sErfInv HA: 0.5272 ulp at -0x1.fbd9b4p-1
+// sErfInv LA: 2.1919 ulp at 0x1.9f7a8ep-1
+// sErfInv HA: 0.5272 ulp at 0x1.fbd9b4p-1
 // sErfInv EP: 13.50 bits at 0x1.373b06p-1
 // dErfInv LA: 2.2250 ulp at 0x1.ae80a827ac752p-1
 // dErfInv HA: 0.7429 ulp at -0x0.b699cf3d18144p-1022

@@ -144,9 +144,9 @@ struct BothOf<L, V> : BothDouble<L, V> {};
 
 }  // namespace trig
 
-// sSinCos LA: 1.3425 ulp at 0x1.b38b1ep+4 (second result)
-// sSinCos HA: 0.5011 ulp at -0x1.ace9aep+5 (second result)
-// sSinCos EP: 16.04 bits at 0x1.921fd6p-1
+// sSinCos LA: 1.5626 ulp at -0x1.c43ebap+18
+// sSinCos HA: 0.5036 ulp at 0x1.e4fde8p+18
+// sSinCos EP: 13.88 bits at -0x1.f9cbe2p+7 (second result)
 // dSinCos LA: 2.1403 ulp at -0x1.eaf39beb3de7ap+555 (second result)
 // dSinCos HA: 0.5017 ulp at 0x1.60c09a739a4e4p-8
 // dSinCos EP: 27.97 bits at 0x1.921fb54442d08p-1
@@ -154,7 +154,7 @@ template <class V, Level L>
 struct SinCos : trig::BothOf<L, V> {};
 
 // One kernel for all levels: the highest.
-// sSinCospi HA: 0.5003 ulp at 0x1.709ddcp+6 (second result)
+// sSinCospi HA: 0.5004 ulp at 0x1.1064e6p-6 (second result)
 // dSinCospi HA: 0.7719 ulp at -0x0.83dcc317f2488p-1022
 template <class V, Level L>
 struct SinCospi : trig::NotFinitePair<V> {

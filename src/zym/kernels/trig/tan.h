@@ -199,25 +199,25 @@ struct TangentOf<L, V> : TangentDouble<L, V> {};
 
 }  // namespace trig
 
-// sTan LA: 2.9305 ulp at -0x1.662146p+5
-// sTan HA: 0.5014 ulp at 0x1.143238p+124
-// sTan EP: 21.11 bits at 0x1.78fdbap+4
+// sTan LA: 3.6507 ulp at 0x1.5149dp+0
+// sTan HA: 0.5024 ulp at -0x1.1b5d38p+57
+// sTan EP: 13.88 bits at 0x1.f9cbe2p+12
 // dTan LA: 2.9664 ulp at -0x1.1bc232278c8e1p+6
 // dTan HA: 0.5114 ulp at -0x1.85ecd482624cp+1
 // dTan EP: 32.71 bits at 0x1.9eb0b2ee64e81p+5
 template <class V, Level L>
 struct Tan : trig::TangentOf<L, V> {};
-// sTanpi LA: 2.6907 ulp at -0x1.6deb88p+6
-// sTanpi HA: 0.5002 ulp at -0x1.8e05eep+6
-// sTanpi EP: 13.45 bits at -0x1.681e24p-11
+// sTanpi LA: 2.8534 ulp at -0x1.fdf1bep-3
+// sTanpi HA: 0.5004 ulp at 0x1.fa0cbap-2
+// sTanpi EP: 13.45 bits at -0x1.6ccf36p-3
 // dTanpi LA: 2.6635 ulp at 0x1.13ea82fdc1d6p+5
 // dTanpi HA: 0.7719 ulp at -0x0.83dcc317f2488p-1022
 // dTanpi EP: 27.99 bits at -0x1.8fffffffada71p+6
 template <class V, Level L>
 struct Tanpi : trig::TangentOfUnit<trig::Turns, L, V> {};
-// sTand LA: 2.6747 ulp at 0x1.3c2d26p+8
-// sTand HA: 0.5001 ulp at 0x1.b3c86p+6
-// sTand EP: 13.45 bits at 0x1.67efe4p+9
+// sTand LA: 2.9727 ulp at -0x1.627aa2p+5
+// sTand HA: 0.5004 ulp at 0x1.c588eep-1
+// sTand EP: 13.45 bits at 0x1.2c7598p-3
 // dTand LA: 3.0514 ulp at 0x1.5933d371d1bep+5
 // dTand HA: 0.5338 ulp at -0x1.f77de542ae65bp-1016
 // dTand EP: 27.99 bits at 0x1.1bf64bdf4cc5dp-13

@@ -57,6 +57,7 @@ class LoopTest : public testing::Test {
     mpc_set_d_d(a, static_cast<double>(z.re), static_cast<double>(z.im), MPC_RNDNN);
     mpc_set_d_d(b, static_cast<double>(w.re), static_cast<double>(w.im), MPC_RNDNN);
     const accuracy::Stated s = accuracy::find_complex_reference("Pow")->binary(r, a, b);
+    if (s.any) return 0;
     const double parts[2] = {static_cast<double>(got.re), static_cast<double>(got.im)};
     return accuracy::norm_error_of(parts, mpc_realref(r.v), mpc_imagref(r.v), accuracy::Metric::ulp, format,
                                    s.any_sign);

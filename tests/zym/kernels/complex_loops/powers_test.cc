@@ -12,6 +12,29 @@ class ComplexPowers : public LoopTest<C> {
     const C got = LoopTest<C>::value("Pow", x, y);
     EXPECT_TRUE(same_value(got, want)) << show(x) << " to " << show(y) << ": " << show(got) << ", want " << show(want);
   }
+
+  static bool finite(C z) { return std::isfinite(z.re) && std::isfinite(z.im); }
+  // What is stated of zeros, infinities and NaNs; false where that is nothing.
+  static bool limit(C x, C y, C& want) {
+    const E inf = LoopTest<C>::inf, nan = LoopTest<C>::nan;
+    const bool zero = x.re == 0 && x.im == 0, infinite = std::isinf(x.re) || std::isinf(x.im);
+    want = {nan, nan};
+    if (y.re == 0 && y.im == 0) {
+      want = {1, 0};
+    } else if (std::isnan(x.re) || std::isnan(x.im) || std::isnan(y.re) || std::isnan(y.im)) {
+    } else if ((zero || infinite) && finite(y)) {
+      if (y.re != 0) want = zero == (y.re > 0) ? C{0, 0} : C{inf, y.im == 0 ? E(0) : nan};
+    } else if (!finite(y)) {
+      const double modulus = std::hypot(static_cast<double>(x.re), static_cast<double>(x.im));
+      if (modulus == 1 && x.re != 0 && x.im != 0) return false;  // nearly 1
+      if (std::isinf(y.re) && !std::isinf(y.im) && modulus != 1) {
+        want = (y.re > 0) == (modulus > 1) ? C{inf, nan} : C{0, 0};
+      }
+    } else {
+      return false;
+    }
+    return true;
+  }
 };
 TYPED_TEST_SUITE(ComplexPowers, ComplexElements);
 
@@ -46,6 +69,44 @@ TYPED_TEST(ComplexPowers, OfInfinitiesAndWithInfiniteExponents) {
   this->expect({0.5, 0.25}, {-this->inf, 0}, {this->inf, this->nan});
   this->expect({1, 0}, {this->inf, 0}, {this->nan, this->nan});
   this->expect({2, 1}, {1, this->inf}, {this->nan, this->nan});
+}
+
+TYPED_TEST(ComplexPowers, ElevenByElevenBasesAndExponentsAreAsStated) {
+  using C = TypeParam;
+  using E = typename TestFixture::E;
+  const std::vector<E> parts = {-this->inf, -this->largest, -1,          -this->tiny, E(-0.0),   0,
+                                this->smallest, 1,          this->largest, this->inf, this->nan};
+  std::vector<C> all, bases, exponents;
+  for (E x : parts) {
+    for (E y : parts) all.push_back({x, y});
+  }
+  for (C x : all) {
+    for (C y : all) bases.push_back(x), exponents.push_back(y);
+  }
+  const std::vector<C> got = this->values("Pow", bases, exponents);
+  size_t limits = 0, judged = 0;
+  for (size_t i = 0; i < got.size(); ++i) {
+    C want;
+    if (this->limit(bases[i], exponents[i], want)) {
+      EXPECT_TRUE(same_value(got[i], want)) << show(bases[i]) << " to " << show(exponents[i]) << ": " << show(got[i]);
+      ++limits;
+    } else if (this->finite(bases[i]) && this->finite(exponents[i])) {
+      const double error = this->power_error(bases[i], exponents[i], got[i]);
+      EXPECT_LT(error, 1) << show(bases[i]) << " to " << show(exponents[i]) << " is " << show(got[i]);
+      ++judged;
+    }
+  }
+  EXPECT_GT(limits, 9000u);
+  EXPECT_GT(judged, 3000u);
+  for (size_t k = 0; k < all.size(); ++k) {  // one exponent for all bases
+    std::vector<C> r(all.size());
+    Call<C> c;
+    c.n = static_cast<int32_t>(all.size()), c.a = all.data(), c.r1 = r.data(), c.fraction[0] = all[k];
+    ASSERT_TRUE(call_row(row_named(this->row("Powx")), 1, false, c));
+    for (size_t i = 0; i < all.size(); ++i) {
+      EXPECT_TRUE(same_value(r[i], got[i * all.size() + k])) << show(all[i]) << " to " << show(all[k]);
+    }
+  }
 }
 
 TYPED_TEST(ComplexPowers, NansGiveNansWithoutReport) {

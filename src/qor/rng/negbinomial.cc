@@ -1,0 +1,253 @@
+// Negbinomial, a method for each region of t = (1 - p) / p:
+//   mean a t from 2^31 / 200 on   Poisson numbers whose means are Gamma numbers
+//   t below 100                   inversion by a walk over sums of probabilities
+//   t above                       rejection under a table mountain
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "orvik/qor.h"
+#include "qor/rng/bracket.h"
+#include "qor/rng/callbacks.h"
+#include "qor/rng/cumulative.h"
+#include "qor/rng/gamma.h"
+#include "qor/rng/kernels.h"
+#include "qor/rng/loops.h"
+#include "qor/rng/mountain.h"
+#include "qor/rng/poisson_counts.h"
+#include "qor/rng/setup.h"
+#include "qor/rng/stirling.h"
+#include "qor/rng/uniforms.h"
+#include "qor/stream/restore.h"
+
+namespace orvik::qor {
+namespace {
+
+constexpr int32_t kChunk = 4;
+constexpr double kMixtureFrom = 10737418.24, kWalkBelow = 100;
+constexpr int32_t kCandidates = 512;
+
+struct Key {
+  double a, p;
+  bool operator==(const Key&) const = default;
+  bool is_sane() const { return a > 0 && a <= std::numeric_limits<double>::max() && p > 0 && p <= 1; }
+  static Key never() { return {std::numeric_limits<double>::quiet_NaN(), 0}; }
+
+  double q() const { return 1 - p; }
+  double t() const { return (1 - p) / p; }
+  double mean() const { return a * t(); }
+  double mode() const { return a > 1 ? std::floor((a - 1) * t()) : 0; }
+};
+
+// P(k + 1) / P(k)
+double step(const Key& key, double k) { return key.q() * (key.a + k) / (k + 1); }
+
+// Sums of probabilities at every `stride`-th number from `low` on, and the probabilities there.
+struct Walk {
+  static constexpr int32_t kEntries = 2048;
+  double low, stride;
+  int32_t last;
+  CumulativeTable<kEntries, kEntries, uint16_t> table;
+  double probability[kEntries];
+
+  int32_t find(const Key& key, double u) const {
+    const int32_t entry = std::min(table.find(u, last), last);
+    double k = low + entry * stride;
+    if (stride == 1 || entry == 0) return static_cast<int32_t>(k);
+    const double end = k;
+    double sum = table.below_or_at[entry - 1], f = probability[entry - 1];
+    k -= stride;
+    do {
+      f *= step(key, k);
+      sum += f;
+      ++k;
+    } while (u > sum && k < end);
+    return static_cast<int32_t>(k);
+  }
+};
+
+// What the mountain has to know about a: what ln Gamma has beyond its first orders at a, a + 1, ...
+constexpr int32_t kRests = 16;
+struct Mountain {
+  TableMountain hat;
+  double rest[kRests];
+};
+
+struct Setup {
+  using Key = orvik::qor::Key;
+  Key key;
+  union {
+    Walk walk;
+    Mountain mountain;
+  };
+};
+
+// P(0) = p^a may be too small for its type: the walk has its unit at the mode, and begins and ends where nothing is
+// lost.
+void build_walk(Walk& walk, const Key& key) {
+  constexpr double kNothing = 1e-22;
+  const double mode = key.mode();
+  double low = mode, f = 1;
+  while (low > 0 && f > kNothing) f /= step(key, --low);
+  const double lowest = f;
+  double high = low, total = f;
+  while (high < mode || f > kNothing) total += f *= step(key, high++);
+  walk.low = low;
+  walk.stride = std::floor((high - low) / (Walk::kEntries - 1)) + 1;
+  walk.last = static_cast<int32_t>(std::ceil((high - low) / walk.stride));
+  f = lowest / total;
+  double k = low;
+  walk.table.fill(walk.last, [&](int32_t entry) {
+    double sum = 0;
+    if (entry == 0) sum = f;
+    for (const double end = low + entry * walk.stride; k < end; ++k) sum += f *= step(key, k);
+    walk.probability[entry] = f;
+    return sum;
+  });
+  walk.table.below_or_at[walk.last] = 1;  // whatever the sum was rounded to, every uniform has its number
+}
+
+// What ln Gamma(x) has beyond (x - 1/2) ln x - x + ln(2 pi) / 2, for any x > 0: by that at a larger number.
+double gamma_rest(double x) {
+  constexpr int32_t kUp = 12;
+  double product = 1, far = x;
+  for (; far < kUp; ++far) product *= far;
+  if (far == x) return stirling_rest(x);
+  const double by_far = (far - 0.5) * kernels::ln.high(far) - far + stirling_rest(far);
+  return by_far - kernels::ln.high(product) - ((x - 0.5) * kernels::ln.high(x) - x);
+}
+
+// Logarithms of the probability of y by that of the mode.
+class LogRatio {
+ public:
+  explicit LogRatio(const Setup& s) : s_(s), mode_(s.mountain.hat.mode) {}
+
+  void operator()(int32_t n, const double* y, double* r) const {
+    double x[kCandidates], k[kCandidates];
+    const double a = s_.key.a, x0 = mode_ + a, k0 = mode_ + 1;
+    for (int32_t i = 0; i < n; ++i) {
+      x[i] = (y[i] + a) / x0;
+      k[i] = (y[i] + 1) / k0;
+      r[i] = s_.key.q() * (y[i] + a) / (y[i] + 1);
+    }
+    kernels::ln.call(Level::high, n, x, x);
+    kernels::ln.call(Level::high, n, k, k);
+    kernels::ln.call(Level::high, n, r, r);
+    const double at_mode = rest(mode_) - stirling_rest(k0);
+    for (int32_t i = 0; i < n; ++i)
+      r[i] = (x0 - 0.5) * x[i] - (k0 - 0.5) * k[i] + (y[i] - mode_) * r[i] + rest(y[i]) - stirling_rest(y[i] + 1) -
+             at_mode;
+  }
+  double one(double y) const {
+    double r;
+    (*this)(1, &y, &r);
+    return r;
+  }
+
+ private:
+  double rest(double y) const {
+    return y < kRests ? s_.mountain.rest[static_cast<int32_t>(y)] : stirling_rest(y + s_.key.a);
+  }
+  const Setup& s_;
+  double mode_;
+};
+
+// Above a = 1 the ratio of neighbours falls towards q, below it rises towards q, and the mode is a peak at 0: then the
+// rectangle ends where both its area and the tail's are small.
+void build_mountain(Setup& s, const Key& key) {
+  for (int32_t k = 0; k < kRests; ++k) s.mountain.rest[k] = gamma_rest(key.a + k);
+  TableMountain& hat = s.mountain.hat;
+  hat.mode = key.mode();
+  hat.highest = std::numeric_limits<int32_t>::max();
+  const LogRatio log_ratio(s);
+  double left = 0, left_height = 0, right = -kernels::ln.high(key.q());
+  if (key.a > 1) {
+    const double half = std::floor(1.5 * kernels::sqrt.high(key.mean() / key.p));
+    hat.xl = std::max(hat.mode - half, 0.0);
+    hat.xr = hat.mode + half + 1;
+    right = -kernels::ln.high(step(key, hat.xr - 1));
+    if (hat.xl > 0) {
+      left = kernels::ln.high(step(key, hat.xl - 1));
+      left_height = kernels::exp.high(log_ratio.one(hat.xl));
+    }
+  } else {
+    hat.xr = std::floor(kernels::powx.high((1 - key.a) * key.mean(), 1 / (2 - key.a))) + 1;
+  }
+  hat.set(left, left_height, right, kernels::exp.high(log_ratio.one(hat.xr - 1)));
+}
+
+enum class Region { mixture, walk, mountain };
+Region region(const Key& key) {
+  if (!(key.mean() < kMixtureFrom)) return Region::mixture;
+  return key.t() < kWalkBelow ? Region::walk : Region::mountain;
+}
+
+void build(Setup& s, const Key& key) {
+  s = {};
+  s.key = key;
+  switch (region(key)) {
+    case Region::mixture:
+      return;
+    case Region::walk:
+      return build_walk(s.walk, key);
+    case Region::mountain:
+      return build_mountain(s, key);
+  }
+}
+
+int32_t by_walk(OrvikStream stream, int32_t n, int32_t* r, const Setup& s) {
+  Uniforms<double> uniforms(stream);
+  double u[kBlock];
+  for_each_block(n, [&](int32_t first, int32_t count) {
+    if (!uniforms.draw(count, u)) return false;
+    for (int32_t i = 0; i < count; ++i) r[first + i] = s.walk.find(s.key, u[i]);
+    return true;
+  });
+  return uniforms.status();
+}
+
+int32_t by_rejection(OrvikStream stream, int32_t n, int32_t* r, const Setup& s) {
+  Uniforms<double> uniforms(stream);  // floats are coarser than a wide mountain
+  until_accepted(n, r, kCandidates,
+                 MountainBatch<double, kCandidates, LogRatio>(uniforms, s.mountain.hat, LogRatio(s)));
+  return uniforms.status();
+}
+
+int32_t by_mixture(OrvikStream stream, int32_t n, int32_t* r, const Key& key) {
+  Uniforms<double> uniforms(stream);
+  double lambda[kBlock];
+  for_each_block(n, [&](int32_t first, int32_t count) {
+    return uniforms.took(gamma<double>(0, stream, count, lambda, key.a, 0, key.t())) &&
+           uniforms.took(poisson_v(stream, count, r + first, lambda));
+  });
+  return uniforms.status();
+}
+
+int32_t negbinomial(OrvikStream stream, int32_t n, int32_t* r, const Key& key) {
+  const EntryBracket bracket(ln_of_zero<double>);
+  int32_t status;
+  const Setup* const s = cached<Setup>(stream, kChunk, key, &status, build);
+  if (!s) return status;
+  switch (region(key)) {
+    case Region::mixture:
+      return by_mixture(stream, n, r, key);
+    case Region::walk:
+      return by_walk(stream, n, r, *s);
+    default:
+      return by_rejection(stream, n, r, *s);
+  }
+}
+
+}  // namespace
+
+int32_t restore_negbinomial(OrvikStream stream) {
+  const EntryBracket bracket(ln_of_zero<double>);
+  rebuild<Setup>(stream, kChunk, build);
+  return ORVIK_QOR_OK;
+}
+
+}  // namespace orvik::qor
+
+extern "C" int32_t _qoriRngNegbinomial(uint32_t, OrvikStream stream, int32_t n, int32_t* r, double a, double p) {
+  return orvik::qor::negbinomial(stream, n, r, {a, p});
+}

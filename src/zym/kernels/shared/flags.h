@@ -1,0 +1,16 @@
+// Flags of the way that are none of the result.
+#pragma once
+
+#include <cstdint>
+
+#include "lanes/control.h"
+
+namespace orvik::zym {
+
+// Takes back an underflow that was raised since the control register was read as `before`.
+inline void take_back_underflow(uint32_t before) {
+  const uint32_t now = read_control(), raised = now & ~before & kUnderflowFlag;
+  if (raised != 0) write_control(now & ~raised);
+}
+
+}  // namespace orvik::zym

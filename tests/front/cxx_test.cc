@@ -1,0 +1,201 @@
+// The C++ front: spans, vectors, arrays; exceptions with statuses; objects that move, copy, merge, save and load.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <numeric>
+#include <random>
+#include <type_traits>
+
+#include "orvik/df.h"
+#include "orvik/front.hpp"
+#include "orvik/qor.h"
+
+namespace {
+
+template <class F>
+std::int32_t thrown(F f) {
+  try {
+    f();
+  } catch (const orvik::Error& error) {
+    EXPECT_STREQ(error.what(), orvik_status_text(error.status()));
+    return error.status();
+  }
+  return 0;
+}
+
+static_assert(std::is_base_of_v<std::runtime_error, orvik::Error>);
+static_assert(std::uniform_random_bit_generator<orvik::Stream>);
+static_assert(!std::is_copy_constructible_v<orvik::Stream> && std::is_nothrow_move_constructible_v<orvik::Stream>);
+static_assert(!std::is_copy_constructible_v<orvik::Summary<double>> &&
+              !std::is_copy_constructible_v<orvik::Spline<float>>);
+
+TEST(CxxMath, TakesSpansVectorsAndArrays) {
+  std::vector<double> a = {0, 1, 2}, r(3);
+  EXPECT_EQ(orvik::exp(a, r), 0);
+  EXPECT_DOUBLE_EQ(r[1], std::exp(1.0));
+  EXPECT_EQ(orvik::exp<double>(a, r), 0);
+  EXPECT_EQ(orvik::exp(std::span<const double>(a), std::span<double>(r)), 0);
+  EXPECT_EQ(orvik::exp(a), r);
+  std::array<float, 2> f = {4, 9};
+  EXPECT_EQ(orvik::sqrt(f, f), 0);
+  EXPECT_EQ(f[1], 3);
+  double c[2] = {8, 27};
+  EXPECT_EQ(orvik::cbrt(c, c), 0);
+  EXPECT_DOUBLE_EQ(c[1], 3);
+  EXPECT_EQ(orvik::exp(std::span<const double>(), std::span<double>()), 0);
+}
+
+TEST(CxxMath, EveryShape) {
+  const std::vector<double> a = {0.5, 1}, b = {2, 3};
+  std::vector<double> r(2), s(2);
+  orvik::sincos(a, r, s);
+  EXPECT_NEAR(r[0] * r[0] + s[0] * s[0], 1, 1e-15);
+  EXPECT_EQ(orvik::pow(b, b)[1], 27);
+  EXPECT_EQ(orvik::powx(b, 2.0)[1], 9);
+  EXPECT_NEAR(orvik::jn(2, a)[1], 0.11490348493190048, 1e-15);
+  EXPECT_EQ(orvik::linearfrac(a, b, 2, 1, 1, 0)[0], 1);
+  const std::vector<std::complex<double>> z = {{3, 4}, {0, 1}};
+  EXPECT_EQ(orvik::abs(z)[0], 5);
+  EXPECT_EQ(orvik::mul(z, z)[1], std::complex<double>(-1, 0));
+  EXPECT_NEAR(std::abs(orvik::powx(z, {0, 1})[1] - std::exp(-std::acos(0.0))), 0, 1e-14);
+  const std::vector<std::complex<float>> w = orvik::cis(std::vector<float>{0, 1});
+  EXPECT_EQ(w[0], std::complex<float>(1, 0));
+}
+
+TEST(CxxMath, PositiveStatusesAreReturnedAndReported) {
+  std::vector<orvik::Report> reports;
+  const std::vector<double> a = {1, 0, -1, 0};
+  std::vector<double> r(4);
+  EXPECT_EQ(orvik::ln(a, r, {.accuracy = orvik::Accuracy::EP, .threads = 2, .reports = &reports}), ORVIK_DOMAIN);
+  ASSERT_EQ(reports.size(), 3u);
+  EXPECT_EQ(reports[1].index, 2);
+  EXPECT_EQ(reports[1].code, ORVIK_DOMAIN);
+  EXPECT_EQ(reports[1].a[0], -1);
+}
+
+TEST(CxxMath, ErrorsThrowBeforeAnythingIsWritten) {
+  std::vector<double> a = {1, 2, 3}, r = {-7, -7, -7}, shorter = {-7, -7};
+  EXPECT_EQ(thrown([&] { orvik::exp(a, shorter); }), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(thrown([&] { orvik::add(a, shorter, r); }), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(thrown([&] { orvik::add(a, shorter); }), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(thrown([&] { orvik::exp(std::span(a).first(2), std::span(a).last(2)); }), ORVIK_ERROR_OVERLAP);
+  EXPECT_EQ(thrown([&] { orvik::exp(a, r, {.threads = -1}); }), ORVIK_ERROR_BAD_PARAMETER);
+  EXPECT_EQ(thrown([&] { orvik::exp(a, r, {.accuracy = static_cast<orvik::Accuracy>(9)}); }), ORVIK_ERROR_BAD_ACCURACY);
+  EXPECT_EQ(r, std::vector<double>(3, -7));
+  EXPECT_EQ(shorter, std::vector<double>(2, -7));
+}
+
+TEST(CxxStream, IsAGeneratorMovesCopiesAndComesBack) {
+  orvik::Stream s(orvik::Generator::MT19937, 7);
+  std::vector<int> v(100), w;
+  std::iota(v.begin(), v.end(), 0);
+  w = v;
+  orvik::Stream copy = s.copy();
+  std::shuffle(v.begin(), v.end(), s);
+  std::shuffle(w.begin(), w.end(), copy);
+  EXPECT_EQ(v, w);
+  EXPECT_FALSE(std::is_sorted(v.begin(), v.end()));
+  const auto image = s.save();
+  orvik::Stream moved = std::move(s), loaded = orvik::Stream::load(image);
+  EXPECT_EQ(moved(), loaded());
+  EXPECT_EQ(moved.generator(), orvik::Generator::MT19937);
+  EXPECT_EQ(thrown([&] { s.skip(1); }), ORVIK_ERROR_BAD_STREAM);
+  moved.skip(10);
+  for (int k = 0; k < 10; ++k) loaded();
+  EXPECT_EQ(moved(), loaded());
+  const std::uint32_t seeds[] = {1, 2, 3};
+  orvik::Stream seeded(orvik::member(orvik::Generator::MT2203, 5), seeds);
+  EXPECT_EQ(static_cast<std::int32_t>(seeded.generator()), ORVIK_MT2203 + 5);
+  EXPECT_EQ(thrown([&] { seeded.leapfrog(0, 2); }), ORVIK_QOR_NO_LEAPFROG);
+  EXPECT_EQ(thrown([] { orvik::Stream(static_cast<orvik::Generator>(3)); }), ORVIK_QOR_BAD_BRNG);
+  EXPECT_EQ(thrown([&] { orvik::Stream::load(std::span(image).first(20)); }), ORVIK_ERROR_BAD_IMAGE);
+}
+
+TEST(CxxStream, DrawsAllDistributions) {
+  orvik::Stream s;
+  std::vector<double> d(2000);
+  std::array<float, 100> f;
+  std::vector<std::int32_t> i(100);
+  std::vector<std::uint32_t> w(100);
+  orvik::uniform(s, d);
+  EXPECT_TRUE(std::all_of(d.begin(), d.end(), [](double x) { return x >= 0 && x <= 1; }));
+  orvik::uniform(s, std::span(f), 2, 3);
+  EXPECT_TRUE(std::all_of(f.begin(), f.end(), [](float x) { return x >= 2 && x <= 3; }));
+  orvik::normal(s, d, 5, 0.1);
+  EXPECT_NEAR(std::accumulate(d.begin(), d.end(), 0.0) / 2000, 5, 0.02);
+  orvik::gaussian(s, d), orvik::cauchy(s, d), orvik::exponential(s, f), orvik::gumbel(s, d), orvik::laplace(s, d);
+  orvik::rayleigh(s, d), orvik::weibull(s, d, 2), orvik::lognormal(s, d), orvik::gamma(s, f, 2),
+      orvik::beta(s, d, 2, 3);
+  orvik::chisquare(s, d, 4);
+  orvik::uniform(s, i, 0, 10), orvik::bernoulli(s, i, 0.5), orvik::geometric(s, i, 0.5), orvik::binomial(s, i, 10, 0.5);
+  orvik::hypergeometric(s, i, 10, 5, 5), orvik::words(s, w);
+  EXPECT_EQ(thrown([&] { orvik::normal(s, d, 0, -1); }), ORVIK_ERROR_BAD_PARAMETER);
+  orvik::Stream other = s.copy();
+  std::vector<double> e(2000);
+  orvik::uniform(s, d, 1, 2), orvik::uniform_threads(other, e, 1, 2, 3);
+  EXPECT_EQ(d, e);
+  orvik::normal(s, d), orvik::normal_threads(other, e);
+  EXPECT_EQ(d, e);
+  const std::vector<double> mean = {10, 20}, deviations = {1, 0};
+  orvik::multivariate_normal(s, d, mean, deviations, ORVIK_FACTOR_DIAGONAL);
+  EXPECT_EQ(d[1], 20);
+  EXPECT_NE(d[0], d[2]);
+  EXPECT_EQ(thrown([&] { orvik::multivariate_normal(s, d, mean, deviations); }), ORVIK_ERROR_BAD_LENGTH);
+}
+
+TEST(CxxSummary, FeedsMergesAndSaves) {
+  const std::vector<double> x = {1, 2, 3, 4, 2, 4, 6, 9};
+  orvik::Summary<double> s(2), t(2);
+  s.update(x, 4, orvik::Layout::Rows);
+  const std::vector<double> left = {1, 2, 2, 4}, right = {3, 6, 4, 9};
+  t.update(left, 2, orvik::Layout::Columns);
+  orvik::Summary<double> u(2);
+  u.update(right, 2, orvik::Layout::Columns, std::vector<double>{1, 1});
+  t.merge(orvik::Summary<double>::load(u.save()));
+  EXPECT_EQ(t.count(), 4);
+  EXPECT_EQ(t.dimension(), 2);
+  EXPECT_EQ(t.mean(), s.mean());
+  EXPECT_EQ(t.max(), s.max());
+  EXPECT_NEAR(t.covariance()[1], s.covariance()[1], 1e-14);
+  EXPECT_NEAR(t.skewness()[1], s.skewness()[1], 1e-14);
+  EXPECT_NEAR(t.kurtosis()[0], s.kurtosis()[0], 1e-14);
+  EXPECT_EQ(thrown([&] { s.update(x, 5, orvik::Layout::Rows); }), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(thrown([&] { s.update(x, 3, orvik::Layout::Rows); }), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(thrown([&] { s.update(x, 4, orvik::Layout::Rows, std::vector<double>{1}); }), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(thrown([] { orvik::Summary<float>(0); }), ORVIK_ERROR_BAD_LENGTH);
+}
+
+TEST(CxxEstimators, AreThere) {
+  const std::vector<double> x = {4, 1, 3, 2}, w = {1, 1, 5, 1};
+  EXPECT_EQ(orvik::quantiles(x, 4, 1, orvik::Layout::Rows, std::vector<double>{0, 0.5}), (std::vector<double>{1, 2.5}));
+  EXPECT_EQ(orvik::sort(x, 4, 1, orvik::Layout::Rows), (std::vector<double>{1, 2, 3, 4}));
+  EXPECT_EQ(orvik::mad(x, 4, 1, orvik::Layout::Rows)[0], 1);
+  EXPECT_EQ(orvik::weighted_median(x, 4, 1, orvik::Layout::Rows, w)[0], 3);
+  orvik::StreamQuantiles<double> q(1, 0.1);
+  q.update(x, 4, orvik::Layout::Rows);
+  EXPECT_EQ(q.quantile(1.0)[0], 4);
+  EXPECT_EQ(thrown([&] { orvik::mad(x, 5, 1, orvik::Layout::Rows); }), ORVIK_ERROR_BAD_LENGTH);
+}
+
+TEST(CxxSpline, EvaluatesAndIntegrates) {
+  const std::vector<double> x = {0, 1, 2, 3}, y = {0, 1, 4, 9};
+  const orvik::Spline<double> s(x, y, orvik::Kind::Natural, orvik::Ends::first(0, 6));
+  EXPECT_NEAR(s(1.5), 2.25, 1e-12);
+  EXPECT_NEAR(s.evaluate(std::vector<double>{1.5}, 1)[0], 3, 1e-12);
+  EXPECT_NEAR(s.integrate(0, 3), 9, 1e-12);
+  EXPECT_EQ(s.coefficients().size(), 12u);
+  const auto even = orvik::Spline<double>::uniform(0, 3, 4, y, orvik::Kind::Natural, orvik::Ends::first(0, 6));
+  EXPECT_NEAR(even(2.5), 6.25, 1e-12);
+  EXPECT_EQ(orvik::search(x, std::vector<double>{0.5, 3, -1}), (std::vector<std::int64_t>{1, 4, 0}));
+  EXPECT_EQ(thrown([&] { orvik::Spline<double>(std::vector<double>{0, 1, 1, 2}, y); }), ORVIK_ERROR_NOT_SORTED);
+  EXPECT_EQ(thrown([&] { orvik::Spline<double>(x, std::vector<double>{0, 1, 1}); }), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(thrown([&] { orvik::Spline<double>(x, y, orvik::Kind::Hermite); }), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(thrown([&] { orvik::Spline<double>(x, y, orvik::Kind::Akima); }), DFS_BAD_BREAKPOINT_COUNT);
+  std::vector<double> r(1);
+  EXPECT_EQ(thrown([&] { s.evaluate(x, r); }), ORVIK_ERROR_BAD_LENGTH);
+}
+
+}  // namespace

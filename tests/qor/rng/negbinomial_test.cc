@@ -1,0 +1,218 @@
+// Negbinomial, against inversion by plain sums, against rejection under the table mountain one candidate at a time, and
+// against Poisson numbers of Gamma means.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "qor/rng/feed.h"
+#include "qor/rng/kept.h"
+#include "qor/rng/scripted.h"
+#include "qor/rng/sums.h"
+
+namespace orvik::testing {
+namespace {
+
+KeptDraw negbinomial(double a, double p) {
+  return [=](OrvikStream s, int32_t n, int32_t* r) { return _qoriRngNegbinomial(0, s, n, r, a, p); };
+}
+
+void expect_walk(double a, double p) {
+  const double mean = a * (1 - p) / p, wide = 10 * std::sqrt(mean / p) + 60 / p;
+  const Sums sums(static_cast<int64_t>(mean - wide), static_cast<int64_t>(mean + wide),
+                  [=](int64_t k) { return log_negative_binomial(a, p, k); });
+  for (const int32_t n : {1, 2, 1023, 1024, 1025, 5000}) {
+    const Stream s(ORVIK_BRNG_MT19937, {777}), source = s.copy();
+    std::vector<int32_t> expected;
+    for (const double u : source.doubles(n)) expected.push_back(sums(static_cast<long double>(u)));
+    ASSERT_EQ(draw(s, n, negbinomial(a, p)), expected) << a << ", " << p;
+    EXPECT_EQ(s.words(3), source.words(3));
+  }
+}
+
+// A rectangle as high as the mode between exponential tails with the ratio of neighbours at its ends; below a = 1,
+// where that ratio rises, the right one with its limit q.
+int32_t mountain(Feed<double>& feed, double a, double p) {
+  const double q = 1 - p, t = q / p, m = a > 1 ? std::floor((a - 1) * t) : 0;
+  const auto step = [=](double k) { return q * (a + k) / (k + 1); };
+  const auto log_ratio = [=](double k) {
+    return log_negative_binomial(a, p, static_cast<int64_t>(k)) - log_negative_binomial(a, p, static_cast<int64_t>(m));
+  };
+  double xl = 0, xr, left = 0, left_area = 0, right = -std::log(q);
+  if (a > 1) {
+    const double half = std::floor(1.5 * std::sqrt(a * t / p));
+    xl = std::max(m - half, 0.0);
+    xr = m + half + 1;
+    right = -std::log(step(xr - 1));
+    if (xl > 0) {
+      left = std::log(step(xl - 1));
+      left_area = static_cast<double>(std::exp(log_ratio(xl))) / left;
+    }
+  } else {
+    xr = std::floor(std::pow((1 - a) * (a * t), 1 / (2 - a))) + 1;
+  }
+  const double p1 = xr - xl, p2 = p1 + left_area, p3 = p2 + static_cast<double>(std::exp(log_ratio(xr - 1))) / right;
+  for (;;) {
+    const double u = feed() * p3;
+    double v = feed(), y;
+    if (u <= p1) {
+      y = std::floor(xl + u);
+    } else if (u <= p2) {
+      y = std::floor(xl + std::log(v) / left);
+      v *= (u - p1) * left;
+    } else {
+      y = std::floor(xr - std::log(v) / right);
+      v *= (u - p2) * right;
+    }
+    if (y < 0 || y > 0x7FFFFFFF) continue;
+    if (std::log(static_cast<long double>(v)) <= log_ratio(y)) return static_cast<int32_t>(y);
+  }
+}
+
+void expect_mountain(double a, double p, int32_t candidates_a_number) {
+  for (const int32_t n : {1, 2, 511, 512, 513, 3000}) {
+    const Stream s(ORVIK_BRNG_MT19937, {777});
+    Feed<double> feed(s.copy(), 2 * candidates_a_number * (n + 100));
+    std::vector<int32_t> expected;
+    for (int32_t i = 0; i < n; ++i) expected.push_back(mountain(feed, a, p));
+    ASSERT_EQ(draw(s, n, negbinomial(a, p)), expected) << a << ", " << p;
+    expect_same(s.doubles(3), feed.following(3), "numbers that follow");
+  }
+}
+
+void expect_mixture(double a, double p) {
+  for (const int32_t n : {1, 2, 1023, 1024, 1025, 3000}) {
+    const Stream s(ORVIK_BRNG_MT19937, {777}), source = s.copy();
+    std::vector<int32_t> expected(static_cast<size_t>(n));
+    for (int32_t first = 0; first < n; first += 1024) {
+      const int32_t count = std::min(n - first, 1024);
+      std::vector<double> lambda(static_cast<size_t>(count));
+      ASSERT_EQ(_qordRngGamma(0, source.get(), count, lambda.data(), a, 0, (1 - p) / p), 0);
+      ASSERT_EQ(_qoriRngPoissonV(0, source.get(), count, expected.data() + first, lambda.data()), 0);
+    }
+    ASSERT_EQ(draw(s, n, negbinomial(a, p)), expected) << a << ", " << p;
+    EXPECT_EQ(s.words(3), source.words(3));
+  }
+}
+
+TEST(Negbinomial, OfTBelow100IsAWalkOverSums) {
+  for (const auto& [a, p] : {std::pair(1.0, 0.5), std::pair(0.05, 0.02), std::pair(1e-6, 0.3), std::pair(5.5, 0.3),
+                             std::pair(300.0, 0.25), std::pair(40.0, 0.999)})
+    expect_walk(a, p);
+}
+
+TEST(Negbinomial, WalksInStridesWhereNumbersSpreadWidely) {
+  for (const auto& [a, p] : {std::pair(20000.0, 0.3), std::pair(1000.0, 0.011), std::pair(1e6, 0.2)}) expect_walk(a, p);
+}
+
+TEST(Negbinomial, WalksWhereTheProbabilityOfZeroIsTooSmallForItsType) {
+  ASSERT_EQ(std::pow(0.3, 1000.0), 0);
+  expect_walk(1000, 0.3);
+}
+
+TEST(Negbinomial, OfTFrom100OnIsByRejection) {
+  for (const auto& [a, p] :
+       {std::pair(1.001, 0.005), std::pair(1.5, 0.005), std::pair(40.0, 0.005), std::pair(1000.0, 0.001)})
+    expect_mountain(a, p, 5);
+}
+
+TEST(Negbinomial, OfAPeakAtZeroIsByRejectionWithTheTailOfItsLimit) {
+  for (const auto& [a, p] : {std::pair(1.0, 0.005), std::pair(0.5, 0.005), std::pair(0.9, 1e-5)})
+    expect_mountain(a, p, 20);
+}
+
+TEST(Negbinomial, OfTOfExactly100IsByRejection) {
+  const double p = 1 / 101.0, below = std::nextafter(p, 1);
+  ASSERT_EQ((1 - p) / p, 100);
+  ASSERT_LT((1 - below) / below, 100);
+  expect_mountain(3, p, 5);
+  expect_walk(3, below);
+}
+
+TEST(Negbinomial, OfAMeanFrom10737418Point24OnIsPoissonOfGammaMeans) {
+  expect_mixture(2e6, 0.1);
+  expect_mixture(0.25, 1e-8);
+}
+
+TEST(Negbinomial, OfAMeanOfExactly10737418Point24IsPoissonOfGammaMeans) {
+  const double a = 10737418.24;  // t is 1
+  expect_mixture(a, 0.5);
+  const Stream s(ORVIK_BRNG_MT19937, {777}), source = s.copy();
+  draw(s, 1, negbinomial(std::nextafter(a, 0), 0.5));
+  source.doubles(1);
+  EXPECT_EQ(s.words(3), source.words(3)) << "one uniform";
+}
+
+TEST(Negbinomial, OfCertainSuccessIsZero) {
+  const Stream s(ORVIK_BRNG_MT19937, {777});
+  EXPECT_EQ(draw(s, 100, negbinomial(5, 1)), std::vector<int32_t>(100, 0));
+}
+
+TEST(Negbinomial, BeyondIntegersIsTheLargestInteger) {
+  const Stream s(ORVIK_BRNG_MT19937, {777});
+  for (const int32_t k : draw(s, 10, negbinomial(1e6, 1e-9))) EXPECT_EQ(k, 0x7FFFFFFF);
+}
+
+TEST(Negbinomial, EndsForUniformsAtTheirEnds) {
+  for (const auto& [a, p] : {std::pair(5.0, 0.3), std::pair(20000.0, 0.3)})
+    for (const double u : {0.0, 1.0, 1 - 0x1p-53}) {
+      Scripted s;
+      s->number = [u](int64_t) { return u; };
+      int32_t r[3];
+      ASSERT_EQ(_qoriRngNegbinomial(0, s.get(), 3, r, a, p), 0);
+      const double mean = a * (1 - p) / p, deviation = std::sqrt(mean / p);
+      for (const int32_t k : r) {
+        EXPECT_GE(k, 0);
+        if (u == 0) {
+          EXPECT_LT(k, mean);
+        }
+        if (u > 0) {
+          EXPECT_TRUE(k > mean + 5 * deviation && k < mean + 40 * deviation) << k;
+        }
+      }
+    }
+}
+
+TEST(Negbinomial, AsksForBlocksOf1024NumbersOr512Candidates) {
+  Scripted s;
+  s.spread();
+  std::vector<int32_t> r(2500);
+  ASSERT_EQ(_qoriRngNegbinomial(0, s.get(), 2500, r.data(), 5, 0.3), 0);
+  EXPECT_EQ(s->sizes(), (std::vector<int32_t>{1024, 1024, 452}));
+  s->requests.clear();
+  ASSERT_EQ(_qoriRngNegbinomial(0, s.get(), 2500, r.data(), 40, 0.005), 0);
+  EXPECT_EQ(s->sizes()[0], 1024) << "two a candidate";
+}
+
+TEST(Negbinomial, SetsUpOnceForEqualParameters) {
+  expect_kept(4, negbinomial(5, 0.3), negbinomial(5, 0.4));
+  expect_kept(4, negbinomial(5, 0.3), negbinomial(6, 0.3));
+  expect_kept(4, negbinomial(5, 0.3), negbinomial(40, 0.005));
+  // Exponentials are asked for by the set-up alone.
+  const Stream s(ORVIK_BRNG_MT19937, {777});
+  void** const slot = orvik_zym_kernel_dExp_ttab + 1;
+  static void (*original)(int32_t, const double*, double*);
+  static int calls;
+  calls = 0;
+  original = reinterpret_cast<decltype(original)>(*slot);
+  void* const kept = *slot;
+  *slot = reinterpret_cast<void*>(+[](int32_t n, const double* a, double* r) {
+    ++calls;
+    original(n, a, r);
+  });
+  for (int i = 0; i < 5; ++i) draw(s, 1, negbinomial(40, 0.005));
+  EXPECT_EQ(calls, 2) << "the heights of two tails";
+  draw(s, 1, negbinomial(41, 0.005));
+  EXPECT_EQ(calls, 4);
+  *slot = kept;
+}
+
+TEST(Negbinomial, LeaksNothingWhenAnAllocationFails) { expect_no_leaks(negbinomial(5, 0.3)); }
+
+TEST(Negbinomial, BelievesNoSetUpOfAnImage) {
+  expect_sound_after_images(4, 16, negbinomial(5, 0.3));
+  expect_sound_after_images(4, 16, negbinomial(40, 0.005));
+}
+
+}  // namespace
+}  // namespace orvik::testing

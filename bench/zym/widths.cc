@@ -1,7 +1,8 @@
 // Kernels of 512 bits beside those of 256, in one process: nanoseconds per element of both and their ratio, a line for every
-// kernel that has both, then geometric means.
+// kernel that has both, then geometric means by family and of all.
 //
 //   widths [--rows PATTERNS] [--seconds S] [N...]
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -58,7 +59,7 @@ int main(int argc, char** argv) {
     std::printf("no registers of 512 bits here\n");
     return 0;
   }
-  std::map<int32_t, std::vector<double>> ratios;
+  std::map<std::string, std::map<int32_t, std::vector<double>>> ratios;  // by family and length
   for (const rows::Row& row : rows::all()) {
     const zym::WideRow* wide = rows::matches(patterns, row.name) ? wide_row(row) : nullptr;
     if (wide == nullptr) continue;
@@ -73,15 +74,21 @@ int main(int argc, char** argv) {
         paired.add("512", with_kernel(&wide->slots[level], wide->wide[level], entry));
         const std::vector<double> times = paired.measure(seconds);
         std::printf("   n %d: %.3f %.3f %.2f", n, times[0] / n, times[1] / n, times[0] / times[1]);
-        ratios[n].push_back(times[0] / times[1]);
+        for (const std::string& family : {std::string(row.family), std::string("all")}) {
+          ratios[family][n].push_back(times[0] / times[1]);
+        }
       }
       std::printf("\n");
       std::fflush(stdout);
     }
   }
-  for (const auto& [n, all] : ratios) {
-    double sum = 0;
-    for (const double ratio : all) sum += std::log(ratio);
-    std::printf("n %d: geometric mean %.3f of %zu kernels\n", n, std::exp(sum / static_cast<double>(all.size())), all.size());
+  for (const auto& [family, lengths_of] : ratios) {
+    std::printf("%-14s", family.c_str());
+    for (const auto& [n, some] : lengths_of) {
+      double sum = 0, least = some[0];
+      for (const double ratio : some) sum += std::log(ratio), least = std::min(least, ratio);
+      std::printf("   n %d: mean %.2f least %.2f", n, std::exp(sum / static_cast<double>(some.size())), least);
+    }
+    std::printf("   of %zu kernels\n", lengths_of.begin()->second.size());
   }
 }

@@ -6,7 +6,7 @@
 #include <stdlib.h>
 #include <unistd.h>
 
-#include "orvik/version.h"
+#include "orvik/serv.h"
 #include "serv/processor.h"
 #include "zym/frame/registers.h"
 

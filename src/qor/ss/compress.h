@@ -27,8 +27,8 @@ struct ChosenWords {
 template <class V>
 inline constexpr ChosenWords<V> kChosenWords;
 
-// Stores the lanes of `a` whose bits are set, the lowest first, and returns how many they are. What lies behind them, up
-// to a whole vector, is overwritten.
+// Stores the lanes of `a` whose bits are set, the lowest first, and returns how many they are. What lies behind them,
+// up to a whole vector, is overwritten.
 template <class V>
 inline int64_t store_chosen(Element<V>* to, uint32_t bits, V a) {
   const Integer<V> words = octet_table<V>(kChosenWords<V>.words[bits]);

@@ -42,7 +42,7 @@ class Plotter:
     def __init__(self, build, out, scratch):
         self.build, self.out, self.scratch = pathlib.Path(build), pathlib.Path(out), pathlib.Path(scratch)
 
-    def library(self):
+    def load_library(self):
         return ctypes.CDLL(str(self.build / "lib" / "liborvik_kernel.so"))
 
     def data(self, name, rows):
@@ -106,7 +106,7 @@ def largest_errors(function, element, low, high, wanted):
 
 def errors(plotter):
     decimal.getcontext().prec = DIGITS
-    library = plotter.library()
+    library = plotter.load_library()
     panels = []
     for row, suffixes, element, (low, high), wanted in ERROR_ROWS:
         lines = []
@@ -215,7 +215,7 @@ def evaluate_spline(library, ends, values, sites):
 
 
 def spline(plotter):
-    library = plotter.library()
+    library = plotter.load_library()
     low, high = POINTS_X[0] - 0.9, POINTS_X[-1] + 0.9
     sites = [low + (high - low) * i / SITES for i in range(SITES + 1)]
     lines = []

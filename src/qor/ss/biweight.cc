@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "lanes/lanes.h"
 #include "qor/ss/chi_square.h"
 #include "qor/ss/kernels.h"
 
@@ -110,41 +111,111 @@ Biweight find_biweight(double p, double breakdown, double rejection) {
   return {low, reach - low};
 }
 
+namespace {
+
+// Loss and w u^2 of scaled distances, added up in four lanes.
 template <class T>
-double solve_scale(const Biweight& b, double loss, int64_t n, const T* d, double start) {
-  // The mean loss falls as s grows, from the share of distances above 0 times the ceiling.
-  int64_t positive = 0, finite = 0;
-  for (int64_t i = 0; i < n; ++i) {
-    positive += !(d[i] == 0);
-    finite += std::isfinite(d[i]);
+void add_losses(const Biweight& b, double inverse, int64_t n, const T* d, double* loss, double* squares) {
+  using V = VectorOf<double>;
+  constexpr int64_t kLanes = kWidth<V>;
+  const double reach = b.m + b.c, c = b.c > 0 ? 1 / b.c : 0;
+  const V ceiling = V(b.ceiling()), inner = V(0.5 * b.m * b.m), cm = V(b.c * b.m), cc = V(b.c * b.c);
+  V sum = V(0.0), slope = V(0.0);
+  const auto add = [&](const double* distances) __attribute__((always_inline)) {
+    const V u = load<V>(distances) * V(inverse), u2 = u * u;
+    const auto near = u <= V(b.m), within = u < V(reach);
+    // As Biweight::rho and weight, all three cases at once.
+    const V t = (u - V(b.m)) * V(c), s = t * t, bend = V(1.0) - s;
+    const V first = t * (V(1.0) - s * (V(2.0 / 3) - s * V(0.2)));
+    const V second = s * (V(0.5) - s * (V(0.5) - s * V(1.0 / 6)));
+    const V between = inner + cm * first + cc * second;
+    sum = sum + select(near, V(0.5) * u2, select(within, between, ceiling));
+    slope = slope + select(near, u2, keep(within, bend * bend * u2));
+  };
+  int64_t i = 0;
+  for (double lanes[kLanes]; i + kLanes <= n; i += kLanes) {
+    for (int64_t k = 0; k < kLanes; ++k) lanes[k] = static_cast<double>(d[i + k]);
+    add(lanes);
   }
-  const auto count = static_cast<double>(n);
-  if (static_cast<double>(positive) * b.ceiling() <= loss * count) return 0;
-  if (static_cast<double>(n - finite) * b.ceiling() >= loss * count) return 0;
-  double s = start, low = 0, high = INFINITY;
-  for (int round = 0; round < 100; ++round) {
-    double mean = 0, slope = 0;
-    const double inverse = 1 / s;
-    for (int64_t i = 0; i < n; ++i) {
-      const double u = static_cast<double>(d[i]) * inverse;
-      mean += b.rho(u);
-      const double w = b.weight(u);
-      if (w > 0) slope += w * u * u;
+  double rest[kLanes] = {};  // a distance of 0 has no loss
+  for (int64_t k = 0; i + k < n; ++k) rest[k] = static_cast<double>(d[i + k]);
+  add(rest);
+  *loss = horizontal_sum(sum);
+  *squares = horizontal_sum(slope);
+}
+
+}  // namespace
+
+template <class T>
+int32_t solve_scale(const Biweight& b, double loss, int64_t n, const T* d, const OrvikThreading* threading, double* s) {
+  const Chunks chunks(n);
+  int64_t positives[Chunks::kMost], finites[Chunks::kMost];
+  int32_t status = chunks.run(threading, [&](int32_t chunk, int64_t i, int64_t end) {
+    int64_t positive = 0, finite = 0;
+    for (; i < end; ++i) {
+      positive += !(d[i] == 0);
+      finite += std::isfinite(d[i]);
     }
+    positives[chunk] = positive;
+    finites[chunk] = finite;
+  });
+  if (status != kDone) return status;
+  int64_t positive = 0, finite = 0;
+  for (int32_t k = 0; k < chunks.count; ++k) positive += positives[k], finite += finites[k];
+  // The mean loss falls as s grows, from the share of distances above 0 times the ceiling.
+  const auto count = static_cast<double>(n);
+  const bool none = static_cast<double>(positive) * b.ceiling() <= loss * count ||
+                    static_cast<double>(n - finite) * b.ceiling() >= loss * count;
+  if (none) {
+    *s = 0;
+    return kDone;
+  }
+  double low = 0, high = INFINITY, losses[Chunks::kMost], slopes[Chunks::kMost];
+  for (int round = 0; round < 100; ++round) {
+    status = chunks.run(threading, [&, inverse = 1 / *s](int32_t chunk, int64_t i, int64_t end) {
+      add_losses(b, inverse, end - i, d + i, &losses[chunk], &slopes[chunk]);
+    });
+    if (status != kDone) return status;
+    double mean = 0, slope = 0;
+    for (int32_t k = 0; k < chunks.count; ++k) mean += losses[k], slope += slopes[k];
     const double fault = mean / count - loss;
-    (fault > 0 ? low : high) = s;
+    (fault > 0 ? low : high) = *s;
     if (std::fabs(fault) <= 1e-12 * loss) break;
     // Newton's step for 1 / s^2, in which the mean loss is a straight line as long as nothing is bent.
     const double ratio = 1 - 2 * fault * count / slope;
-    double next = s / std::sqrt(ratio);
-    if (!(next > low && next < high) || !std::isfinite(next)) next = std::isinf(high) ? 2 * s : (low + high) / 2;
-    const bool still = std::fabs(next - s) <= 1e-10 * s;
-    s = next;
+    double next = *s / std::sqrt(ratio);
+    if (!(next > low && next < high) || !std::isfinite(next)) next = std::isinf(high) ? 2 * *s : (low + high) / 2;
+    const bool still = std::fabs(next - *s) <= 1e-10 * *s;
+    *s = next;
     if (still) break;
   }
-  return s;
+  return kDone;
 }
-template double solve_scale(const Biweight&, double, int64_t, const float*, double);
-template double solve_scale(const Biweight&, double, int64_t, const double*, double);
+
+template <class T>
+int32_t weigh_distances(const Biweight& b, double s, int64_t n, const T* d, const OrvikThreading* threading, T* weights,
+                        double* squares) {
+  const Chunks chunks(n);
+  double sums[Chunks::kMost];
+  const int32_t status = chunks.run(threading, [&](int32_t chunk, int64_t i, int64_t end) {
+    double sum = 0;
+    for (; i < end; ++i) {
+      const double u = static_cast<double>(d[i]) / s, w = b.weight(u);
+      weights[i] = static_cast<T>(w);
+      if (w > 0) sum += w * u * u;
+    }
+    sums[chunk] = sum;
+  });
+  *squares = 0;
+  for (int32_t k = 0; status == kDone && k < chunks.count; ++k) *squares += sums[k];
+  return status;
+}
+
+#define ORVIK_INSTANTIATE(T)                                                                                \
+  template int32_t solve_scale(const Biweight&, double, int64_t, const T*, const OrvikThreading*, double*); \
+  template int32_t weigh_distances(const Biweight&, double, int64_t, const T*, const OrvikThreading*, T*, double*);
+ORVIK_INSTANTIATE(float)
+ORVIK_INSTANTIATE(double)
+#undef ORVIK_INSTANTIATE
 
 }  // namespace orvik::ss

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "qor/ss/threads.h"
+
 namespace orvik::ss {
 
 struct Biweight {
@@ -42,9 +44,20 @@ double expected_loss(const Biweight& b, double p);
 // it, c is 0 and m by the breakdown alone.
 Biweight find_biweight(double p, double breakdown, double rejection);
 
-// The s with mean rho(d_i / s) = `loss`, by Newton's steps from `start`; infinite or NaN distances count as rejected. 0
-// where there is none: more than the share of the breakdown has distance 0, or is beyond measure.
+// The s with mean rho(d_i / s) = `loss`, by Newton's steps from the one given; infinite or NaN distances count as
+// rejected. 0 where there is none: more than the share of the breakdown has distance 0, or is beyond measure. The
+// number of threads does not change it.
 template <class T>
-double solve_scale(const Biweight& b, double loss, int64_t n, const T* d, double start);
+int32_t solve_scale(const Biweight& b, double loss, int64_t n, const T* d, const OrvikThreading* threading, double* s);
+template <class T>
+double solve_scale(const Biweight& b, double loss, int64_t n, const T* d, double start) {
+  solve_scale(b, loss, n, d, nullptr, &start);
+  return start;
+}
+
+// The weights of the distances d_i / s, and the sum of w (d / s)^2.
+template <class T>
+int32_t weigh_distances(const Biweight& b, double s, int64_t n, const T* d, const OrvikThreading* threading, T* weights,
+                        double* squares);
 
 }  // namespace orvik::ss

@@ -77,8 +77,10 @@ class Bacon {
       if (const int32_t status = measure(all_.weighed(nullptr).subset(members_.get(), size_)); status != kDone) {
         return status;
       }
-      const int64_t moved = choose_near(
-          cutoff(static_cast<double>(counted_), static_cast<double>(p), static_cast<double>(size_), parameters.alpha));
+      const double limit =
+          cutoff(static_cast<double>(counted_), static_cast<double>(p), static_cast<double>(size_), parameters.alpha);
+      int64_t moved = 0;
+      if (const int32_t status = choose_near(limit, &moved); status != kDone) return status;
       if (static_cast<double>(moved) <= enough) break;
     }
     for (int64_t i = 0; i < n; ++i) result[i] = inside_[static_cast<uint64_t>(i)] ? T{1} : T{0};
@@ -129,18 +131,36 @@ class Bacon {
     }
   }
 
-  // All that are nearer than `limit`; returns how many moved in or out. What has no weight is judged, but no member.
-  int64_t choose_near(double limit) {
-    int64_t moved = 0;
-    size_ = 0;
-    for (int64_t i = 0; i < all_.n; ++i) {
-      const bool in = static_cast<double>(distances_[i]) < limit;
-      moved += in != inside_[static_cast<uint64_t>(i)];
-      inside_[static_cast<uint64_t>(i)] = in;
-      members_[static_cast<uint64_t>(size_)] = i;
-      size_ += in && counts(i);
+  // All that are nearer than `limit`; `moved`: how many moved in or out. What has no weight is judged, but no member.
+  int32_t choose_near(double limit, int64_t* moved) {
+    const Chunks chunks(all_.n);
+    int64_t moves[Chunks::kMost], members[Chunks::kMost + 1];
+    int32_t status = chunks.run(threading_, [&](int32_t chunk, int64_t i, int64_t end) {
+      int64_t count = 0, inside = 0;
+      for (; i < end; ++i) {
+        const bool in = static_cast<double>(distances_[i]) < limit;
+        count += in != inside_[static_cast<uint64_t>(i)];
+        inside_[static_cast<uint64_t>(i)] = in;
+        inside += in && counts(i);
+      }
+      moves[chunk] = count;
+      members[chunk + 1] = inside;
+    });
+    if (status != kDone) return status;
+    *moved = 0;
+    members[0] = 0;
+    for (int32_t k = 0; k < chunks.count; ++k) {
+      *moved += moves[k];
+      members[k + 1] += members[k];
     }
-    return moved;
+    size_ = members[chunks.count];
+    return chunks.run(threading_, [&](int32_t chunk, int64_t i, int64_t) {
+      // Up to the last member, since what lies behind it is the next chunk's.
+      for (int64_t at = members[chunk]; at < members[chunk + 1]; ++i) {
+        members_[static_cast<uint64_t>(at)] = i;
+        at += inside_[static_cast<uint64_t>(i)] && counts(i);
+      }
+    });
   }
 
   const Observations<T> all_;

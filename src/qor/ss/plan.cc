@@ -90,11 +90,22 @@ bool find_method(uint64_t word, Method* method) {
   return (word & (ORVIK_SS_METHOD_FROM_CROSS_PRODUCT | ORVIK_SS_METHOD_FROM_SUMS)) != 0;
 }
 
+// The rows' sets by the number of the estimate's bit.
+struct Needs {
+  uint64_t known = 0;
+  uint32_t of[64] = {};
+
+  constexpr explicit Needs(uint32_t Row::*set) {
+    for (const Row& row : kRows) known |= row.estimate, of[std::countr_zero(row.estimate)] = row.*set;
+  }
+};
+constexpr Needs kRunning(&Row::running), kFast(&Row::fast), kFinish(&Row::finish);
+
 uint32_t work_list(uint64_t estimates, Method method) {
+  const Needs& needs = method == Method::Fast ? kFast : method == Method::Finish ? kFinish : kRunning;
   uint32_t work = 0;
-  for (const Row& row : kRows) {
-    const uint32_t needs = method == Method::Fast ? row.fast : method == Method::Finish ? row.finish : row.running;
-    work |= (estimates & row.estimate) != 0 ? needs : 0;
+  for (estimates &= needs.known; estimates != 0; estimates &= estimates - 1) {
+    work |= needs.of[std::countr_zero(estimates)];
   }
   return work;
 }

@@ -93,15 +93,13 @@ class Iteration {
     if (status == kDone) status = mahalanobis(o_, mean, inverse_, threading_, distances_);
     if (status != kDone) return status;
     if (*scale == 0) *scale = first_scale();
-    *scale = solve_scale(biweight_, loss_, n, distances_, *scale);
+    status = solve_scale(biweight_, loss_, n, distances_, threading_, scale);
+    if (status != kDone) return status;
     if (!(*scale > 0)) return kSingular;
 
     double squares = 0;
-    for (int64_t i = 0; i < n; ++i) {
-      const double u = static_cast<double>(distances_[i]) / *scale, w = biweight_.weight(u);
-      weights_[i] = static_cast<T>(w);
-      if (w > 0) squares += w * u * u;
-    }
+    status = weigh_distances(biweight_, *scale, n, distances_, threading_, weights_, &squares);
+    if (status != kDone) return status;
     Weights total;
     status = scatter(o_.weighed(weights_), threading_, next_mean_, next_matrix_, &total);
     if (status != kDone) return status;

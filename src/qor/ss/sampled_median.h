@@ -6,11 +6,50 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 
+#include "qor/ss/compress.h"
 #include "qor/ss/estimators.h"
 #include "qor/ss/selection.h"
 
 namespace orvik::ss {
+
+// How many of the values seen are below a bracket, and those within it. A NaN is neither, and so counts as the largest.
+template <class T>
+struct Bracket {
+  T low, high;
+  T* kept;
+  int64_t below = 0, count = 0;
+
+  // `kept` has room for all values that are added.
+  void add(int64_t m, const T* values) {
+    using V = VectorOf<T>;
+    Integer<V> less = minus_one(V(low) < V(low));
+    int64_t k = 0;
+    for (; k + kWidth<V> <= m; k += kWidth<V>) {
+      const V x = load<V>(values + k);
+      less = less + minus_one(x < V(low));
+      count += store_chosen(kept + count, lane_bits((x >= V(low)) & (x <= V(high))), x);
+    }
+    below -= sum_of_lanes(less);
+    for (; k < m; ++k) {
+      below += values[k] < low;
+      if (values[k] >= low && values[k] <= high) kept[count++] = values[k];
+    }
+  }
+
+ private:
+  static int64_t sum_of_lanes(I64 a) { return sum<int64_t>(&a); }
+  static int64_t sum_of_lanes(I32 a) { return sum<int32_t>(&a); }
+  template <class Lane, class V>
+  static int64_t sum(const V* a) {
+    Lane lanes[sizeof(V) / sizeof(Lane)];
+    memcpy(lanes, a, sizeof(lanes));
+    int64_t total = 0;
+    for (const Lane lane : lanes) total += lane;
+    return total;
+  }
+};
 
 // value(i) is the i-th of n values; scratch holds n.
 template <class T, class F>
@@ -25,31 +64,26 @@ T sampled_median(int64_t n, F&& value, T* scratch) {
 
   // Every so many-th value, in steps that no small period shares.
   const int64_t step = (n / kSample) | 1;
-  for (int64_t k = 0; k < kSample; ++k) scratch[k] = value(k * step % n);
+  for (int64_t k = 0, i = 0; k < kSample; ++k) {
+    scratch[k] = value(i);
+    i += step;
+    if (i >= n) i -= n;
+  }
   if (move_nans(scratch, kSample) != kSample) return all();
   select(scratch, 0, kSample - 1, kSample / 2 - kMargin);
   select(scratch, kSample / 2 - kMargin + 1, kSample - 1, kSample / 2 + kMargin);
-  const T low = scratch[kSample / 2 - kMargin], high = scratch[kSample / 2 + kMargin];
-
-  // A NaN is neither below nor between, and so counts as the largest.
-  int64_t below = 0, kept = 0;
+  Bracket<T> bracket{scratch[kSample / 2 - kMargin], scratch[kSample / 2 + kMargin], scratch};
   T block[kBlock];
   for (int64_t i = 0; i < n; i += kBlock) {
     const int64_t m = std::min(kBlock, n - i);
     for (int64_t k = 0; k < m; ++k) block[k] = value(i + k);
-    int32_t less = 0;
-    for (int64_t k = 0; k < m; ++k) less += block[k] < low;
-    below += less;
-    for (int64_t k = 0; k < m; ++k) {
-      scratch[kept] = block[k];
-      kept += static_cast<int64_t>(block[k] >= low) & static_cast<int64_t>(block[k] <= high);
-    }
+    bracket.add(m, block);
   }
-  const int64_t rank = (n - 1) / 2 - below, next = n / 2 - below;
-  if (rank < 0 || next >= kept) return all();
-  select(scratch, 0, kept - 1, rank);
+  const int64_t rank = (n - 1) / 2 - bracket.below, next = n / 2 - bracket.below;
+  if (rank < 0 || next >= bracket.count) return all();
+  select(scratch, 0, bracket.count - 1, rank);
   T above = scratch[rank];
-  if (next != rank) above = *std::min_element(scratch + next, scratch + kept);
+  if (next != rank) above = *std::min_element(scratch + next, scratch + bracket.count);
   return scratch[rank] == above ? above : std::fma(above - scratch[rank], T{0.5}, scratch[rank]);
 }
 

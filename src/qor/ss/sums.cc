@@ -132,15 +132,10 @@ class RowSums {
   alignas(64) T spread_[Weighted ? kStreams : 1][Weighted ? kPlaces + kWidth<V> : 1];
 };
 
+// Apart from the loop over segments, which the frame of these places would slow down.
 template <class T, int K, bool Weighted, bool Shifted>
-void add(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const T* shift, double* const sums[4]) {
-  if (d.contiguous_variables) {
-    for (int64_t j = j0; j < j1; ++j) {
-      add_segment<T, K, Weighted, Shifted>(i1 - i0, d.x + j * d.n + i0, Weighted ? d.weights + i0 : nullptr,
-                                           Shifted ? shift[j] : T{0}, sums, j);
-    }
-    return;
-  }
+[[gnu::noinline]] void add_rows(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const T* shift,
+                                double* const sums[4]) {
   // A range of the variables is not one contiguous piece of memory: only whole observations can be folded.
   const Fold fold(j0 == 0 && j1 == d.p ? d.p : Fold::kRow, i1 - i0);
   using Rows = RowSums<T, K, Weighted, Shifted>;
@@ -152,6 +147,15 @@ void add(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const
              [&](auto streams, int64_t size, const T* x, int64_t apart, int64_t i, int64_t observations)
                  __attribute__((always_inline)) { rows.add(streams, size, x, d.p, apart, i, observations); });
     rows.put(length, width, first, sums);
+  }
+}
+
+template <class T, int K, bool Weighted, bool Shifted>
+void add(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const T* shift, double* const sums[4]) {
+  if (!d.contiguous_variables) return add_rows<T, K, Weighted, Shifted>(d, i0, i1, j0, j1, shift, sums);
+  for (int64_t j = j0; j < j1; ++j) {
+    add_segment<T, K, Weighted, Shifted>(i1 - i0, d.x + j * d.n + i0, Weighted ? d.weights + i0 : nullptr,
+                                         Shifted ? shift[j] : T{0}, sums, j);
   }
 }
 
@@ -179,11 +183,8 @@ inline void add_weights(F32 w, F64* sum, F64* squares) {
 }  // namespace
 
 template <class T>
-Weights weigh(const Data<T>& d, int64_t i, int64_t m) {
-  const auto count = static_cast<double>(m);
-  if (d.weights == nullptr) return {count, count, m};
+Weights weigh(const T* w, int64_t m) {
   using V = VectorOf<T>;
-  const T* w = d.weights + i;
   constexpr int kUnroll = 4;
   F64 sum[2 * kUnroll], squares[2 * kUnroll];
   for (int k = 0; k < 2 * kUnroll; ++k) sum[k] = squares[k] = F64(0.0);
@@ -224,7 +225,7 @@ void add_power_sums(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_
 }
 
 #define ORVIK_INSTANTIATE(T)                                                                                 \
-  template Weights weigh(const Data<T>&, int64_t, int64_t);                                                  \
+  template Weights weigh(const T*, int64_t);                                                                 \
   template void add_power_sums(const Data<T>&, int64_t, int64_t, int64_t, int64_t, int, const T*, double* const[4]);
 ORVIK_INSTANTIATE(float)
 ORVIK_INSTANTIATE(double)

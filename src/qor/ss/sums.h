@@ -6,9 +6,16 @@
 
 namespace orvik::ss {
 
+// m weights, m above zero.
+template <class T>
+Weights weigh(const T* w, int64_t m);
+
 // Weights of the observations [i, i + m).
 template <class T>
-Weights weigh(const Data<T>& d, int64_t i, int64_t m);
+Weights weigh(const Data<T>& d, int64_t i, int64_t m) {
+  const auto count = static_cast<double>(m);
+  return d.weights == nullptr ? Weights{count, count, m} : weigh(d.weights + i, m);
+}
 
 // sums[k - 1][j] += sum of w (x - shift[j])^k, k = 1 to order, over the observations [i0, i1) of the variables [j0,
 // j1). `shift` is null for plain sums. An observation of weight 0 counts for nothing, whatever it is. No more than

@@ -40,6 +40,28 @@ int32_t run_threads(const OrvikThreading* table, int32_t threads, Body&& body) {
   return context.finished.load() == threads ? kDone : kNoMemory;
 }
 
+// Chunks of a loop over n items whose sums are to be the same on any number of threads: they depend on n alone, and
+// what they give is added up in their order.
+struct Chunks {
+  static constexpr int32_t kMost = 64;
+  int64_t n;
+  int32_t count;
+
+  explicit Chunks(int64_t items) : n(items), count(static_cast<int32_t>(std::clamp<int64_t>(n / 4096, 1, kMost))) {}
+
+  // body(chunk, first, end) for all of them.
+  template <class Body>
+  int32_t run(const OrvikThreading* table, Body&& body) const {
+    const int32_t threads = std::min(max_threads(table), count);
+    return run_threads(table, threads, [&](int32_t thread) {
+      for (int32_t k = count * thread / threads; k < count * (thread + 1) / threads; ++k) {
+        body(k, n * k / count, n * (k + 1) / count);
+      }
+      return int32_t{kDone};
+    });
+  }
+};
+
 // Threads of an estimator that handles each variable apart, with a copy of `values` values each: 1 GiB of copies at
 // most.
 inline int32_t threads_by_variable(const OrvikThreading* table, int64_t p, int64_t values) {

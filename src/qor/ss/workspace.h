@@ -4,8 +4,10 @@
 #include <algorithm>
 #include <cstring>
 
+#include "lanes/lanes.h"
 #include "qor/ss/pass.h"
 #include "qor/ss/threads.h"
+#include "qor/unroll.h"
 #include "serv/memory.h"
 
 namespace orvik::ss {
@@ -25,25 +27,26 @@ class Workspace {
   // The first thread's matrix is the caller's where it is `in_place`. False when memory is exhausted.
   bool allocate(int64_t p, int64_t n, bool weighted, const Plan& plan, int32_t threads, bool in_place) {
     p_ = p;
-    n_ = n;
     weighted_ = weighted;
-    const int64_t matrix = plan.matrix() ? p * p : 0;
-    const int64_t scratch = plan.matrix() ? CrossProduct<T>::scratch_size(p, chunk(threads), weighted_) : 0;
-    const int64_t cleared = threads * double_rows(plan) * bytes<double>(p) +
-                            (threads * real_rows(plan) + 2) * bytes<T>(p) +
-                            (in_place ? 0 : bytes<T>(matrix)) + bytes<T>((threads - 1) * matrix);
-    const int64_t size = cleared + threads * bytes<T>(scratch);
+    int64_t cleared = threads * double_rows(plan) * bytes<double>(p) + (threads * real_rows(plan) + 2) * bytes<T>(p);
+    int64_t size = cleared;
+    if (plan.matrix()) {
+      longest_ = threads == 1 ? n : n / threads + n % threads;
+      cleared += (in_place ? 0 : bytes<T>(p * p)) + bytes<T>((threads - 1) * p * p);
+      size = cleared + threads * bytes<T>(CrossProduct<T>::scratch_size(p, longest_, weighted_));
+    }
     next_ = frame_;
     if (size > kFrame) {
       block_ = serv::Block<char>(static_cast<uint64_t>(size));
       if (!block_) return false;
       next_ = block_.get();
     }
-    auto* const words = reinterpret_cast<int64_t*>(next_);  // a call for few would take longer
-    if (cleared > 512) {
-      memset(next_, 0, static_cast<size_t>(cleared));
+    // Stores in place of a memset, which would take longer than all sums of one variable.
+    if (cleared <= kFew) {
+      auto* const to = reinterpret_cast<double*>(next_);
+      unroll<kFew / sizeof(F64)>([&](auto k) __attribute__((always_inline)) { store(to + k * kWidth<F64>, F64(0.0)); });
     } else {
-      for (int64_t k = 0; k < cleared / 8; ++k) words[k] = 0;
+      memset(next_, 0, static_cast<size_t>(cleared));
     }
     return true;
   }
@@ -62,32 +65,34 @@ class Workspace {
     T* const own = in_place != nullptr ? in_place : matrix();
     T* const others = take<T>((threads - 1) * p_ * p_);
     for (int32_t k = 0; k < threads; ++k) {
-      parts[k].cross = cross_product(k == 0 ? own : others + (k - 1) * p_ * p_, threads);
+      parts[k].cross = cross_product(k == 0 ? own : others + (k - 1) * p_ * p_);
     }
   }
 
  private:
-  static constexpr int64_t kFrame = 4096, kLine = 64;
+  static constexpr int64_t kFrame = 4096, kFew = 256, kLine = 64;
 
   void fill(const Plan& plan, Accumulators<T>* acc) {
-    for (int k = 0; k < plan.power; ++k) acc->power[k] = row<double>();
-    for (int k = 0; k < plan.central; ++k) acc->central[k] = row<double>();
-    if (plan.central != 0) {
-      for (int k = 0; k < plan.order(); ++k) acc->block[k] = row<double>();
-      acc->pivot = row<T>();
-    }
+    const bool by_states = plan.central != 0;
+    rows(plan.power, acc->power);
+    rows(plan.central, acc->central);
+    rows(by_states ? plan.order() : 0, acc->block);
+    if (by_states) acc->pivot = row<T>();
     if (plan.matrix()) {
       acc->outer = row<T>();
       if (plan.method == Method::Fast) acc->mean = row<double>();
     }
   }
-  CrossProduct<T> cross_product(T* matrix, int32_t threads) {
-    T* scratch = take<T>(CrossProduct<T>::scratch_size(p_, chunk(threads), weighted_));
-    return CrossProduct<T>(p_, chunk(threads), weighted_, matrix, scratch);
+  // The first `count` of four rows; the others mean nothing.
+  void rows(int count, double** to) {
+    const int64_t step = bytes<double>(p_);
+    for (int k = 0; k < 4; ++k) to[k] = reinterpret_cast<double*>(next_ + k * step);
+    next_ += count * step;
   }
-
-  // Observations of the longest run of a thread.
-  int64_t chunk(int32_t threads) const { return threads == 1 ? n_ : n_ / threads + n_ % threads; }
+  CrossProduct<T> cross_product(T* matrix) {
+    T* scratch = take<T>(CrossProduct<T>::scratch_size(p_, longest_, weighted_));
+    return CrossProduct<T>(p_, longest_, weighted_, matrix, scratch);
+  }
 
   template <class V>
   static int64_t bytes(int64_t count) {
@@ -103,7 +108,8 @@ class Workspace {
   alignas(kLine) char frame_[kFrame];
   serv::Block<char> block_;
   char* next_ = nullptr;
-  int64_t p_ = 0, n_ = 0;
+  int64_t p_ = 0;
+  int64_t longest_ = 0;  // with a matrix: observations of a thread's longest run
   bool weighted_ = false;
 };
 

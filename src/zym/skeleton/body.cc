@@ -63,11 +63,12 @@ void spread(const Body& body, const Operands& o, int64_t i, int64_t stored, int 
   }
 }
 
-// Special elements, with the stray flags of the lanes out of the way.
+// Special elements, with the stray flags of the lanes out of the way, those of earlier special elements apart.
 void redo(const Call& call, int64_t i, const void* a, const void* b, void* r1, void* r2, int count, uint32_t bits) {
-  clear_stray(call.body.stray);
+  const uint32_t stray = call.body.stray;
+  if (stray != 0) clear_stray(stray & ~*call.kept);
   call.body.redo(call, i, a, b, r1, r2, count, bits);
-  keep_stray(call.body.stray, call.kept);
+  keep_stray(stray, call.kept);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 """The Debian packages: made of what is built, and with the fields and files that they must have; unpacked into a root of their own,
 which further tests build programs on; read by lintian.
 
-    packages_test.py make    BUILD FOLDER    makes them in FOLDER/packages, looks at them, unpacks them into FOLDER/root
+    packages_test.py make    BUILD FOLDER    makes them in FOLDER/packages, looks at them, unpacks them into FOLDER/unpacked
     packages_test.py lintian FOLDER          lintian has no error to tell; 77, skipped, where it is not installed"""
 
 import pathlib
@@ -56,7 +56,7 @@ def expect(what, holds):
 
 def make(build, folder):
     shutil.rmtree(folder, ignore_errors=True)
-    packages, root = folder / "packages", folder / "root"
+    packages, root = folder / "packages", folder / "unpacked"
     run("cpack", "--config", build / "CPackConfig.cmake", "-G", "DEB", "-B", packages)
     found = {file.name.split("_")[0]: file for file in packages.glob("*.deb")}
     runtime = next((name for name in found if re.fullmatch(RUNTIME, name)), None)

@@ -11,6 +11,7 @@
 #include "qor/ss/exhausted.h"
 #include "qor/ss/sampled_median.h"
 #include "qor/ss/support.h"
+#include "support/threading.h"
 
 namespace orvik::ss::test {
 namespace {
@@ -112,6 +113,36 @@ TEST(Biweight, ScaleSolvesItsEquation) {
   EXPECT_EQ(solve_scale(b, loss, 1000, d.data(), 1), 0) << "most have no distance";
   std::fill(d.begin(), d.begin() + 501, HUGE_VAL);
   EXPECT_EQ(solve_scale(b, loss, 1000, d.data(), 1), 0) << "most are beyond measure";
+}
+
+template <class T>
+void expect_scale_and_weights_on_any_threads() {
+  constexpr int64_t kN = 100003;
+  std::mt19937_64 engine(8);
+  std::chi_squared_distribution<double> squares(4);
+  std::vector<T> d(kN), weights(kN), again(kN);
+  for (T& v : d) v = static_cast<T>(3 * std::sqrt(squares(engine)));
+  for (int64_t i = 0; i < kN; i += 7) d[i] = i % 2 == 0 ? std::numeric_limits<T>::quiet_NaN() : T{1e6};
+  const Biweight b = find_biweight(4, 0.5, 0.001);
+  const double loss = expected_loss(b, 4);
+  double s = 1, squared = 0;
+  ASSERT_EQ(solve_scale(b, loss, kN, d.data(), nullptr, &s), 0);
+  ASSERT_EQ(weigh_distances(b, s, kN, d.data(), nullptr, weights.data(), &squared), 0);
+  for (int64_t i = 0; i < kN; ++i) ASSERT_EQ(weights[i], static_cast<T>(b.weight(static_cast<double>(d[i]) / s))) << i;
+  for (const OrvikThreading* table :
+       {orvik::test::threads<2>(), orvik::test::threads<3>(), orvik::test::threads<8>()}) {
+    double s2 = 1, squared2 = 0;
+    ASSERT_EQ(solve_scale(b, loss, kN, d.data(), table, &s2), 0);
+    ASSERT_EQ(weigh_distances(b, s, kN, d.data(), table, again.data(), &squared2), 0);
+    EXPECT_EQ(s2, s);
+    EXPECT_EQ(squared2, squared);
+    EXPECT_EQ(again, weights);
+  }
+}
+
+TEST(Biweight, ScaleAndWeightsAreTheSameOnAnyNumberOfThreads) {
+  expect_scale_and_weights_on_any_threads<double>();
+  expect_scale_and_weights_on_any_threads<float>();
 }
 
 // Against a sort: distributions, ties, orders that a regular sample does not see, and values that are no numbers.

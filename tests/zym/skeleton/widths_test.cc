@@ -1,5 +1,5 @@
-// Kernels of both widths side by side: every row, level, stride and variant, ordinary and special elements, arrays apart, in
-// place and overlapping: the same bits, reports, status and flags.
+// Kernels of both widths side by side: every row, level, stride and variant, ordinary and special elements, arrays
+// apart, in place and overlapping: the same bits, reports, status and flags.
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -66,18 +66,40 @@ std::string text_of(const ZymErrorContext& c) {
   return text;
 }
 
+template <class E>
+std::span<const E> special_values() {
+  using L = std::numeric_limits<E>;
+  static const E values[] = {E(0),
+                             E(-0.0),
+                             E(1),
+                             E(-1),
+                             E(0.5),
+                             E(2),
+                             E(1e30),
+                             E(-40),
+                             L::quiet_NaN(),
+                             L::denorm_min(),
+                             -L::denorm_min(),
+                             L::min(),
+                             L::max(),
+                             -L::max(),
+                             L::infinity(),
+                             -L::infinity(),
+                             L::signaling_NaN()};
+  return values;
+}
+
 // Elements of a row as raw numbers in one piece of memory, arrays behind each other.
 template <class E>
 std::vector<E> inputs(size_t count, uint64_t seed, int specials) {
   using L = std::numeric_limits<E>;
-  const E special[] = {E(0),   E(-0.0),  E(1),          E(-1),   E(0.5),           E(2),     L::infinity(), -L::infinity(),
-                       L::quiet_NaN(), L::denorm_min(), -L::denorm_min(), L::min(), L::max(), -L::max(), E(1e30), E(-40)};
+  const std::span<const E> special = special_values<E>();
   std::mt19937_64 random(seed);
   std::uniform_real_distribution<E> plain(E(-10), E(10));
   std::vector<E> x(count);
   for (E& v : x) {
     v = plain(random);
-    if (specials > 0 && random() % static_cast<uint64_t>(specials) == 0) v = special[random() % std::size(special)];
+    if (specials > 0 && random() % static_cast<uint64_t>(specials) == 0) v = special[random() % special.size()];
     if (specials == 2 && random() % 2 == 0) {
       using Bits = std::conditional_t<sizeof(E) == 4, uint32_t, uint64_t>;
       v = std::bit_cast<E>(static_cast<Bits>(random()));
@@ -108,6 +130,12 @@ constexpr Places kStridedPlaces[] = {
     {"in place", 0, kArray, 0, 3 * kArray, {2, 1, 2, 1}},
     {"overlapping", 0, kArray, 1, 3 * kArray, {2, 1, 2, 1}},
 };
+
+// One block and the beginning of the next, in a small piece of memory.
+constexpr int32_t kFew = 35;
+constexpr size_t kFewArray = 2 * kFew;
+constexpr Places kFewPlaces = {"few", 0, kFewArray, 2 * kFewArray, 3 * kFewArray, {1, 1, 1, 1}};
+constexpr Places kFewStrided = {"few", 0, kFewArray, 2 * kFewArray, 3 * kFewArray, {2, 1, 1, 2}};
 
 template <class E>
 Outcome outcome(const Row& row, int level, bool strided, const Variant& variant, const Places& places, int32_t n,
@@ -178,11 +206,13 @@ void compare(const Row& row, bool strided) {
     FAIL() << where << " number " << number << " (result from " << result << "): " << x << ", wide " << y;
   };
   std::vector<std::vector<E>> memories;
-  for (int specials : {0, 16, 2}) memories.push_back(inputs<E>(8 * kArray + 16, 20 + static_cast<uint64_t>(specials), specials));
+  for (int specials : {0, 16, 2})
+    memories.push_back(inputs<E>(8 * kArray + 16, 20 + static_cast<uint64_t>(specials), specials));
   for (int level = 0; level < 3; ++level) {
     if (row.kernel(level) != level || wide->wide[level] == wide->narrow[level]) continue;
     for (const Variant& variant : variants_of(row)) {
-      for (const Places& places : strided ? std::span<const Places>(kStridedPlaces) : std::span<const Places>(kPlaces)) {
+      for (const Places& places :
+           strided ? std::span<const Places>(kStridedPlaces) : std::span<const Places>(kPlaces)) {
         for (const std::vector<E>& memory : memories) {
           for (uint32_t mode : kModes) {
             for (int32_t n : {31, 33, 77, 300}) {
@@ -191,6 +221,24 @@ void compare(const Row& row, bool strided) {
               if (testing::Test::HasFailure()) return;
             }
           }
+        }
+      }
+      // Every special value in every place, beside an ordinary second argument and a special one.
+      std::vector<E> memory = inputs<E>(8 * kFewArray, 3, 0);
+      const Places& places = strided ? kFewStrided : kFewPlaces;
+      const auto parts = static_cast<size_t>(row.input_parts);
+      const std::span<const E> special = special_values<E>();
+      for (size_t place = 0; place < static_cast<size_t>(kFew); ++place) {
+        for (size_t v = 0; v < special.size(); ++v) {
+          const std::vector<E> former = memory;
+          const auto set = [&](size_t array, int32_t step, E value) {
+            memory[(array + place * static_cast<size_t>(step)) * parts + (parts == 2 && v % 2 == 1 ? 1 : 0)] = value;
+          };
+          set(places.a, places.steps[0], special[v]);
+          if ((place + v) % 2 == 1) set(places.b, places.steps[1], special[(place + 3 * v) % special.size()]);
+          one(level, variant, places, kFew, memory, kModes[v % 2]);
+          if (testing::Test::HasFailure()) return;
+          memory = former;
         }
       }
     }

@@ -175,9 +175,9 @@ struct Kernel {
     }
   }
 
-  // --- the order of complex elements in the hot loop, which needs none: as they lie in memory, where the family has lanes
-  // for them so, or as they come apart most cheaply --------------------------------------------------------------------
+  // --- complex elements in the hot loop -----------------------------------------------------------------------------
 
+  // It needs no order: as they lie in memory, where the family has lanes for them so, or as they come apart most cheaply.
   static constexpr bool kComplex = S.a == Kind::complex || S.b == Kind::complex || S.r == Kind::complex;
   static constexpr bool kStored = [] {
     if constexpr (kBinary) {
@@ -186,7 +186,8 @@ struct Kernel {
       return requires { Fn::lanes(Stored<V>{}); };
     }
   }();
-  static_assert(!kStored || (kComplex && !kTested && !kScalarB), "stored parts: complex arrays, no special lanes by input");
+  static_assert(!kStored || (kComplex && !kTested && !kScalarB),
+                "stored parts: complex arrays, no special lanes by input");
 
   struct StoredInputs {
     Stored<V> a;
@@ -483,8 +484,8 @@ struct Kernel {
 
   // Out of line: the hot loop's pointers must not escape.
   [[gnu::noinline, gnu::cold]] static void special_block(const Body& body, uint32_t mode, const A* a, const B* b, R* r1,
-                                                         R* r2, int64_t i, int count, Params params,
-                                                         uint32_t* kept, Piece* piece) {
+                                                         R* r2, int64_t i, int count, Params params, uint32_t* kept,
+                                                         Piece* piece) {
     const Operands operands = unit_operands(a, b, r1, r2);
     run_special_block({body, mode, operands, address_of(params), kept, piece}, i, count);
   }
@@ -643,8 +644,13 @@ struct Kernel {
           }
         }
       }
-      if (!plain) [[unlikely]]
+      if (!plain) [[unlikely]] {
+        // A call of its own, whose flags are of its results: those of the lanes before it are out of its way, and what
+        // it leaves stays.
+        if constexpr (kKnobs.stray != 0) clear_stray(kKnobs.stray & ~*registers.kept());
         run_strided_short<sizeof(A), sizeof(R)>(body, i, i + kStep, operands, address_of(params));
+        if constexpr (kKnobs.stray != 0) keep_stray(kKnobs.stray, registers.kept());
+      }
       r1 += kStep * incR1;
       if constexpr (kTwoResults) r2 += kStep * incR2;
     }

@@ -149,8 +149,18 @@ inline M64 equal(I64 a, I64 b) { return M64(_mm512_cmpeq_epi64_mask(a.v, b.v)); 
 inline M32 greater_signed(I32 a, I32 b) { return M32(_mm512_cmpgt_epi32_mask(a.v, b.v)); }
 inline M64 greater_signed(I64 a, I64 b) { return M64(_mm512_cmpgt_epi64_mask(a.v, b.v)); }
 // All ones (-1) where a mask is true.
-inline I32 minus_one(M32 mask) { return _mm512_movm_epi32(mask.v); }
-inline I64 minus_one(M64 mask) { return _mm512_movm_epi64(mask.v); }
+// By hand: compilers take vpmovm2d and vpmovm2q, which wait for the register that they overwrite (Golden Cove), so that a loop's
+// rounds follow one another.
+inline I32 minus_one(M32 mask) {
+  __m512i a;
+  asm("vmovdqa32 %2, %0%{%1%}%{z%}" : "=v"(a) : "Yk"(mask.v), "v"(_mm512_set1_epi32(-1)));
+  return a;
+}
+inline I64 minus_one(M64 mask) {
+  __m512i a;
+  asm("vmovdqa64 %2, %0%{%1%}%{z%}" : "=v"(a) : "Yk"(mask.v), "v"(_mm512_set1_epi64(-1)));
+  return a;
+}
 
 template <int Count>
 inline I32 shift_left(I32 a) {

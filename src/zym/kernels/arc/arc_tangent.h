@@ -140,7 +140,8 @@ struct ArcTangent {
                                        {0, 1, 1, 9.0f / 16},
                                        {0, K::pi[kUnit] / 2, K::far_pivot[kUnit], K::pivot[kUnit]}};
     const auto above = [&](float bound) { return minus_one(a > V(bound)); };
-    const Integer<V> row = above(9.0f / 32) + above(1) + above(32.0f / 9);
+    constexpr float kFar = 32.0f / 9;  // a constant: the compiler leaves inexact quotients in code to the processor
+    const Integer<V> row = above(9.0f / 32) + above(1) + above(kFar);
     const V p = select_in_quad(quad_table<V>(kPivots.p), row), q = select_in_quad(quad_table<V>(kPivots.q), row);
     return small_angle<V, L, U>(fms(a, p, q) / fma(a, q, p), select_in_quad(quad_table<V>(kPivots.base), row));
   }

@@ -42,7 +42,8 @@ struct Erf<V, L> {
       y = a * error::octet_polynomial(fnma(n, V(0.5f), b), error::kErfLA, as_bits(t));
     } else {
       const V a = min(V(kLastHA), magnitude(x));
-      const auto [t, n] = shift_round(a, V(32.0f / 17));
+      constexpr float kPerStep = 32.0f / 17;
+      const auto [t, n] = shift_round(a, V(kPerStep));
       const V rest = a * error::octet_polynomial(fnma(n, V(17.0f / 32), a), error::kErfHA, as_bits(t));
       // Computed 2^40 too high, as the coefficients are: denormal results would be rounded by both steps.
       y = fma(a, look_up(octet_table<V>(kErfHeads), as_bits(t)), rest) * V(0x1p-40f);
@@ -66,6 +67,8 @@ template <Double V, Level L>
 struct Erf<V, L> {
   static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .stray = kUnderflowFlag};
   static auto special(V x) { return not_finite(x); }
+  // Constants by name: the compiler leaves inexact quotients in code to the processor.
+  static constexpr double kThird = 1.0 / 3, kTwo15ths = 2.0 / 15;
 
   static V lanes(V x) {
     const V a = min(magnitude(x), V(6.0));  // 1 to the last bit from there on
@@ -78,20 +81,22 @@ struct Erf<V, L> {
     const auto row = gather(kErfSteps, index);
     const V p = row.second * d;
     // The factor behind s d.
-    const V third = fma(r2, V(2.0 / 3), V(-1.0 / 3));
+    const V third = fma(r2, V(2 * kThird), V(-kThird));
     if constexpr (L == Level::EP) {
       return join_sign(fma(p, fma(d, fms(d, third, r), V(1.0)), row.first), x);
     } else if constexpr (L == Level::LA) {
       // With most of the sixth term, d^5 being like 0.85 d^3 / 2^16 within 0.15 / 2^40.
       constexpr double kMore = 0.85 * 0x1p-16;
-      const V fourth = r * horner(r2, V(-2.0 / 45 * kMore), V(2.0 / 9 * kMore - 1.0 / 3), V(0.5 - kMore / 6));
-      const V fifth = horner(r2, V(2.0 / 15), V(-0.4), V(0.1));
+      constexpr double a4 = -2.0 / 45 * kMore, a2 = 2.0 / 9 * kMore - 1.0 / 3, a0 = 0.5 - kMore / 6;
+      const V fourth = r * horner(r2, V(a4), V(a2), V(a0));
+      const V fifth = horner(r2, V(kTwo15ths), V(-0.4), V(0.1));
       return join_sign(fma(p, fma(d, fms(d, horner(d, fifth, fourth, third), r), V(1.0)), row.first), x);
     } else {
-      const V fourth = r * fma(r2, V(-1.0 / 3), V(0.5));
-      const V fifth = horner(r2, V(2.0 / 15), V(-0.4), V(0.1));
-      const V sixth = r * horner(r2, V(-2.0 / 45), V(2.0 / 9), V(-1.0 / 6));
-      const V seventh = V(-1.0 / 42);  // more of it does not count
+      constexpr double a4 = -2.0 / 45, a2 = 2.0 / 9, a0 = -1.0 / 6, kSeventh = -1.0 / 42;
+      const V fourth = r * fma(r2, V(-kThird), V(0.5));
+      const V fifth = horner(r2, V(kTwo15ths), V(-0.4), V(0.1));
+      const V sixth = r * horner(r2, V(a4), V(a2), V(a0));
+      const V seventh = V(kSeventh);  // more of it does not count
       const V more = d * fms(d, horner(d, seventh, sixth, fifth, fourth, third), r);
       const auto tails = gather(kErfStepTails, index);
       const HeadTail<V> head = fast_two_sum(row.first, p);

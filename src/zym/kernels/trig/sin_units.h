@@ -49,9 +49,9 @@ struct SineOfUnit : NotFiniteElement<V> {
     } else {
       // The cosine's grid runs backwards from a quarter turn: its zeros are +0.
       const V g = Cosine ? magnitude(f) : folded<Unit>(f);
-      const double steps = 256 / Unit::kHalfTurn;
+      constexpr double steps = 256 / Unit::kHalfTurn, step = 1 / steps;
       const auto [t, n] = Cosine ? shift_round(g, V(-steps), V(kShifter64 + 128)) : shift_round(g, V(steps));
-      const V w = Cosine ? fma(n, V(1 / steps), g) : fnma(n, V(1 / steps), g);
+      const V w = Cosine ? fma(n, V(step), g) : fnma(n, V(step), g);
       const double sign = Cosine ? -1.0 : 1.0;
       HeadTail<V> r = two_prod(w, V(sign * Unit::kRadians));
       r.tail = fma(w, V(sign * Unit::kRadiansTail), r.tail);

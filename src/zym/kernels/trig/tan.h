@@ -169,12 +169,14 @@ struct TangentOfUnit : NotFiniteElement<V> {
       return by_halves(
           [](auto y) __attribute__((always_inline)) {
             using W = decltype(y);
-            const auto [t, n] = shift_round(y, W(32 / Unit::kHalfTurn));
+            constexpr double steps = 32 / Unit::kHalfTurn;
+            const auto [t, n] = shift_round(y, W(steps));
             return tangent_single(t, fnma(n, W(Unit::kHalfTurn / 32), y) * W(Unit::kRadians));
           },
           f);
     } else {
-      const auto [t, n] = shift_round(f, V(16 / Unit::kHalfTurn));
+      constexpr double steps = 16 / Unit::kHalfTurn;
+      const auto [t, n] = shift_round(f, V(steps));
       const V w = fnma(n, V(Unit::kHalfTurn / 16), f);
       HeadTail<V> r = two_prod(w, V(Unit::kRadians));
       r.tail = fma(w, V(Unit::kRadiansTail), r.tail);

@@ -1,0 +1,43 @@
+// Words of 512-bit registers, as far as whole blocks of generators are made in these.
+#pragma once
+
+#include <cstdint>
+
+#include "lanes/memory.h"
+#include "lanes/types.h"
+#include "lanes/vectors.h"
+
+namespace orvik {
+
+// ---- memory --------------------------------------------------------------------------------------------------------
+
+inline void store(uint32_t* p, I32 w) { _mm512_storeu_si512(p, w.v); }
+inline void store(uint32_t* p, I32Half w) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), w.v); }
+// The first lanes only: the rest of memory is not touched.
+inline void store_some(uint32_t* p, I32 w, int count) { _mm512_mask_storeu_epi32(p, lane_mask(F32(), count), w.v); }
+inline void store_some(float* p, F32 x, int count) { store_first(p, count, x); }
+inline void store_some(double* p, F64 x, int count) { store_first(p, count, x); }
+inline void store_low_half(float* p, F32 x) { _mm256_storeu_ps(p, low_256(x.v)); }
+
+// ---- order of lanes ------------------------------------------------------------------------------------------------
+
+// Odd 32-bit lanes of `high`, even ones of `low`.
+inline I64 with_high_words(I64 low, I64 high) { return _mm512_mask_blend_epi32(0xAAAA, low.v, high.v); }
+// 16-bit halves: the high ones of `high`, the low ones of `low`.
+inline I32 with_high_halves(I32 low, I32 high) { return _mm512_mask_blend_epi16(0xAAAAAAAA, low.v, high.v); }
+// In each quarter of the register: the first (second) 64-bit words of both.
+inline I64 first_words(I64 a, I64 b) { return _mm512_unpacklo_epi64(a.v, b.v); }
+inline I64 second_words(I64 a, I64 b) { return _mm512_unpackhi_epi64(a.v, b.v); }
+inline I32 first_two_words(I32 a, I32 b) { return _mm512_unpacklo_epi32(a.v, b.v); }
+inline I32 last_two_words(I32 a, I32 b) { return _mm512_unpackhi_epi32(a.v, b.v); }
+// 64-bit words of the low and of the high half in turns.
+inline I32 cross_middle(I32 a) { return _mm512_permutexvar_epi64(_mm512_setr_epi64(0, 4, 1, 5, 2, 6, 3, 7), a.v); }
+inline I64 widen_unsigned(I32Half a) { return _mm512_cvtepu32_epi64(a.v); }
+// Numbers of the quarters that first_words fills, and then those of second_words, as they stand in the lanes.
+inline I64 quarter_numbers() { return _mm512_setr_epi64(0, 4, 1, 5, 2, 6, 3, 7); }
+
+// ---- conversions ---------------------------------------------------------------------------------------------------
+
+inline F32 narrow(F64 x) { return _mm512_castps256_ps512(_mm512_cvtpd_ps(x.v)); }  // the high half is unset
+
+}  // namespace orvik

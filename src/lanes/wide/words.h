@@ -11,6 +11,7 @@ namespace orvik {
 
 // ---- memory --------------------------------------------------------------------------------------------------------
 
+inline I32 load_words(const uint32_t* p) { return _mm512_loadu_si512(p); }
 inline void store(uint32_t* p, I32 w) { _mm512_storeu_si512(p, w.v); }
 inline void store(uint32_t* p, I32Half w) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), w.v); }
 // The first lanes only: the rest of memory is not touched.
@@ -18,6 +19,10 @@ inline void store_some(uint32_t* p, I32 w, int count) { _mm512_mask_storeu_epi32
 inline void store_some(float* p, F32 x, int count) { store_first(p, count, x); }
 inline void store_some(double* p, F64 x, int count) { store_first(p, count, x); }
 inline void store_low_half(float* p, F32 x) { _mm256_storeu_ps(p, low_256(x.v)); }
+
+// ---- arithmetic ----------------------------------------------------------------------------------------------------
+
+inline I32 clear_bits(I32 bits, I32 a) { return _mm512_andnot_si512(bits.v, a.v); }
 
 // ---- order of lanes ------------------------------------------------------------------------------------------------
 

@@ -68,7 +68,7 @@ struct CounterGenerator {
       const ptrdiff_t before = i;
       const auto low = static_cast<uint64_t>(counter), high = static_cast<uint64_t>(counter >> 64);
       if (WideRuns* const wide = n - i >= kWideRunWords ? B::wide_runs() : nullptr; wide != nullptr) {
-        i = wide(kFormOf<Sink>, state.key, low, high, i, n, sink.target());
+        i = wide(Sink::kForm, state.key, low, high, i, n, sink.target());
       }
       i = deliver_runs<typename B::Run>(keys, low + static_cast<uint64_t>(i - before) / 4, high, i, n, sink);
       counter += static_cast<uint64_t>(i - before) / 4;

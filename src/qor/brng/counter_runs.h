@@ -29,18 +29,10 @@ ptrdiff_t deliver_runs(const typename Run::Keys& keys, uint64_t low, uint64_t hi
 }
 
 // The same, compiled for registers of 512 bits.
-enum class Form : int32_t { raw, floats, doubles };
 using WideRuns = ptrdiff_t(Form form, const uint32_t* key, uint64_t low, uint64_t high, ptrdiff_t i, ptrdiff_t n,
                            const Target& target);
 extern "C" WideRuns orvik_qor_wide_philox, orvik_qor_wide_ars5;
 // From so many words on they pay.
 inline constexpr ptrdiff_t kWideRunWords = 128;
-
-template <class Sink>
-inline constexpr Form kFormOf = Form::raw;
-template <>
-inline constexpr Form kFormOf<CounterFloats> = Form::floats;
-template <>
-inline constexpr Form kFormOf<CounterDoubles> = Form::doubles;
 
 }  // namespace orvik::qor

@@ -34,12 +34,17 @@ struct Halves {
 };
 
 // What a sink of registers of one width tells one of another.
+enum class Form : int32_t { none, raw, floats, doubles, quick_doubles };
 struct Target {
   void* r;
   double scale, origin;  // of a conversion; a float's are floats
 };
 
 struct NullSink {
+  static constexpr Form kForm = Form::none;
+  NullSink() = default;
+  explicit NullSink(const Target&) {}
+  Target target() const { return {nullptr, 0, 0}; }
   template <class Vector, int N>
   void group(ptrdiff_t, const Vector (&)[N]) const {}
   template <class Vector>
@@ -48,6 +53,7 @@ struct NullSink {
 
 class RawSink {
  public:
+  static constexpr Form kForm = Form::raw;
   explicit RawSink(void* r) : r_(static_cast<uint32_t*>(r)) {}
   explicit RawSink(const Target& target) : RawSink(target.r) {}
   Target target() const { return {r_, 0, 0}; }
@@ -201,6 +207,8 @@ template <class Unit>
 class ToDoublesBiased {
  public:
   ToDoublesBiased(double a, double b) : scale_((b - a) * Unit::kUnit), origin_(a - bias(a, b)) {}
+  explicit ToDoublesBiased(const Target& t) : scale_(t.scale), origin_(t.origin) {}
+  Target target(void* r) const { return {r, first_lane(scale_), first_lane(origin_)}; }
   // Whether the subtraction is exact (Knuth 1969); false for what is not finite.
   static bool applies(double a, double b) {
     const double s = -bias(a, b), sum = a + s, back = sum - a;
@@ -242,6 +250,7 @@ class ToFloatsByDoubles {
 template <FloatConversion Conversion>
 class FloatSink {
  public:
+  static constexpr Form kForm = Form::floats;
   FloatSink(float* r, float a, float b) : r_(r), convert_(a, b) {}
   explicit FloatSink(const Target& target) : r_(static_cast<float*>(target.r)), convert_(target) {}
   Target target() const { return convert_.target(r_); }
@@ -273,6 +282,8 @@ class FloatSink {
 template <DoubleConversion Conversion>
 class DoubleSink {
  public:
+  static constexpr Form kForm = requires { Conversion::applies(0.0, 0.0); }
+  ? Form::quick_doubles : Form::doubles;
   static bool applies(double a, double b) { return Conversion::applies(a, b); }
   DoubleSink(double* r, double a, double b) : r_(r), convert_(a, b) {}
   explicit DoubleSink(const Target& target) : r_(static_cast<double*>(target.r)), convert_(target) {}

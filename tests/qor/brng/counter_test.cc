@@ -1,13 +1,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <cstring>
 
 #include "qor/stream/cpu.h"
 #include "qor/support/models.h"
 #include "qor/support/stream.h"
-#include "serv/registers.h"
 
 namespace {
 
@@ -62,43 +60,6 @@ TEST_P(CounterTest, CounterCarriesThroughAllItsWords) {
       std::vector<uint64_t> got = s.outputs(cut);
       for (uint64_t v : s.outputs(300 - cut)) got.push_back(v);
       ASSERT_EQ(got, want) << cut;
-    }
-  }
-}
-
-// Where the processor has wide registers; elsewhere both are the narrow ones.
-TEST_P(CounterTest, RegistersOfBothWidthsGiveTheSameNumbersAndLeaveTheSameState) {
-  const bool wide = serv::wide_registers, wide_aes = serv::wide_aes;
-  for (const std::vector<uint32_t>& c : std::vector<std::vector<uint32_t>>{{1, 2, 3, 4},
-                                                                           {0xFFFFFFE0, 0, 0, 0},
-                                                                           {0xFFFFFF00, 0xFFFFFFFE, 0xFFFFFFFF, 5},
-                                                                           {0xFFFFFFE0, 0xFFFFFFFF, 0xFFFFFFFF, 1}}) {
-    for (int32_t before : {0, 1, 7}) {
-      for (int32_t n : {100, 127, 128, 129, 191, 192, 255, 256, 1000, 4099}) {
-        const Stream a = stream(with_counter(c)), b = stream(with_counter(c));
-        for (const Stream* s : {&a, &b}) s->words(before);
-        for (int form = 0; form < 3; ++form) {
-          const auto draw = [&](const Stream& s) {
-            if (form == 0) return s.outputs(n);
-            std::vector<uint64_t> bits(static_cast<size_t>(n));
-            if (form == 1) {
-              const std::vector<float> x = s.floats(n, -0.75f, 1.5f);
-              for (size_t i = 0; i < x.size(); ++i) bits[i] = std::bit_cast<uint32_t>(x[i]);
-            } else {
-              const std::vector<double> x = s.doubles(n, -0.75, 1.5);
-              for (size_t i = 0; i < x.size(); ++i) bits[i] = std::bit_cast<uint64_t>(x[i]);
-            }
-            return bits;
-          };
-          const std::vector<uint64_t> got = draw(a);
-          serv::wide_registers = serv::wide_aes = false;
-          const std::vector<uint64_t> want = draw(b);
-          serv::wide_registers = wide, serv::wide_aes = wide_aes;
-          ASSERT_EQ(got, want) << before << " + " << n << ", form " << form;
-          ASSERT_EQ(counter(a), counter(b));
-          ASSERT_EQ(left(a), left(b));
-        }
-      }
     }
   }
 }

@@ -2,6 +2,7 @@
 // called.
 #include "qor/brng/ars5_rounds.h"
 #include "qor/brng/counter_runs.h"
+#include "qor/brng/mrg32k3a_blocks.h"
 #include "qor/brng/mt19937.h"
 #include "qor/brng/mt2203.h"
 #include "qor/brng/philox_rounds.h"
@@ -60,6 +61,19 @@ extern "C" int orvik_qor_wide_mt19937(Form form, uint32_t* x, int k, int count, 
 extern "C" int orvik_qor_wide_mt2203(Form form, uint32_t* x, int k, int count, const void* state, const Target& target,
                                      ptrdiff_t i) {
   return rows<Mt2203Parameters>(form, x, k, count, state, target, i);
+}
+extern "C" ptrdiff_t orvik_qor_wide_mrg32k3a(Form form, Mrg32k3aState& state, ptrdiff_t i, ptrdiff_t n,
+                                             const Target& target) {
+  switch (form) {
+    case Form::raw:
+      return MrgBlocks::deliver(state, i, n, RawSink(target));
+    case Form::floats:
+      return MrgBlocks::deliver(state, i, n, MrgFloats(target));
+    case Form::doubles:
+      return MrgBlocks::deliver(state, i, n, MrgDoubles(target));
+    default:
+      return i;
+  }
 }
 
 }  // namespace orvik::qor

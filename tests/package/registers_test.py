@@ -1,7 +1,8 @@
 """ORVIK_REGISTERS chooses the kernels when the library is loaded: 256 the narrow ones, 512 or nothing what the processor has;
 anything else is said in one line and ignored. Results do not depend on it. A processor without such registers has narrow ones.
 
-    registers_test.py QEMU WIDE PROGRAM...      WIDE: 1 where the library holds wide kernels"""
+    registers_test.py QEMU WIDE PROGRAM...      WIDE: where the library holds wide kernels, the program that runs others on
+                                                them (with_wide_registers); it says where it cannot. Empty: it holds none"""
 
 import os
 import re
@@ -23,7 +24,8 @@ def run(asked, *command):
 
 
 def main():
-    qemu, built, programs = sys.argv[1], sys.argv[2] == "1", sys.argv[3:]
+    qemu, launcher, programs = sys.argv[1], sys.argv[2], sys.argv[3:]
+    built = launcher != ""
     flags = re.search(r"^flags\s*:(.*)$", open("/proc/cpuinfo", encoding="ascii").read(), re.MULTILINE).group(1).split()
     wide = 512 if built and FLAGS <= set(flags) else 256
     faults = []
@@ -39,6 +41,10 @@ def main():
                 got = run(asked, qemu, "-cpu", "Haswell", program)
                 if got != (256, total, []):
                     faults.append(f"{program} on an emulated Haswell, ORVIK_REGISTERS={asked}: {got}")
+    if built and not qemu.endswith("NOTFOUND"):
+        done = subprocess.run([qemu, "-cpu", "Haswell", launcher, "/bin/true"], capture_output=True, text=True, check=False)
+        if (done.returncode, done.stdout) != (77, "no registers of 512 bits here: /bin/true was not run\n"):
+            faults.append(f"{launcher} on an emulated Haswell: {done.returncode} {done.stdout!r}")
     if wide == 256:
         print("no registers of 512 bits here: the wide kernels were not run")
     print("\n".join(faults) if faults else f"{len(programs)} programs, {wide} bits")

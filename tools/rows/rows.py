@@ -15,6 +15,8 @@
 and, the other way round:
 
     rows.py costs    IN    puts measured costs (lines "row LA HA EP", as the program costs prints them) into rows.def
+
+With --all-wide behind, rows that rows.def marks narrow have wide kernels too, to be measured.
 """
 import re
 import sys
@@ -23,6 +25,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 ROWS = ROOT / "src" / "zym" / "frame" / "rows.def"
+ALL_WIDE = "--all-wide" in sys.argv
 
 Row = namedtuple("Row", "precision function shape sharing reports family costs wide strided")
 
@@ -137,7 +140,7 @@ def unit_rows():
             if not m:
                 sys.exit(f"rows.def: cannot read: {line}")
             p, f, shape, sharing, reports, family, *costs, narrow = m.groups()
-            wide = () if family in ("none", "pack") else wide_levels(sharing, narrow)
+            wide = () if family in ("none", "pack") else wide_levels(sharing, None if ALL_WIDE else narrow)
             rows.append(Row(p, f, shape, sharing, reports == "reports", family, tuple(costs), wide, False))
     return rows
 
@@ -684,6 +687,8 @@ def write_if_changed(output, text):
 
 
 def main():
+    if ALL_WIDE:
+        sys.argv.remove("--all-wide")
     missing = complaints(unit_rows())
     if missing:
         sys.exit("\n".join(missing))

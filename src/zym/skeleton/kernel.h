@@ -170,10 +170,10 @@ struct Kernel {
     }
   }
 
-  // --- the order of complex elements in the hot loop, which needs none: as they lie in memory, where the family has
-  // lanes for them so, or as they come apart most cheaply
-  // --------------------------------------------------------------------
+  // --- complex elements in the hot loop -----------------------------------------------------------------------------
 
+  // It needs no order: as they lie in memory, where the family has lanes for them so, or as they come apart most
+  // cheaply.
   static constexpr bool kComplex = S.a == Kind::complex || S.b == Kind::complex || S.r == Kind::complex;
   static constexpr bool kStored = [] {
     if constexpr (kBinary) {
@@ -640,8 +640,13 @@ struct Kernel {
           }
         }
       }
-      if (!plain) [[unlikely]]
+      if (!plain) [[unlikely]] {
+        // A call of its own, whose flags are of its results: those of the lanes before it are out of its way, and what
+        // it leaves stays.
+        if constexpr (kKnobs.stray != 0) clear_stray(kKnobs.stray & ~*registers.kept());
         run_strided_short<sizeof(A), sizeof(R)>(body, i, i + kStep, operands, address_of(params));
+        if constexpr (kKnobs.stray != 0) keep_stray(kKnobs.stray, registers.kept());
+      }
       r1 += kStep * incR1;
       if constexpr (kTwoResults) r2 += kStep * incR2;
     }

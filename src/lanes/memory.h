@@ -60,4 +60,38 @@ inline void store_past_cache(Element<V>* p, Stored<V> a) {
   store_past_cache(p + kWidth<V>, a.second);
 }
 
+// Complex elements in pairs of lanes; the first k of them, k below the width, with the filler in both parts of the
+// others.
+template <class V>
+inline Pair<V> load_pairs(const Element<V>* p) {
+  return in_pairs(load_stored<V>(p));
+}
+template <class V>
+inline void store_pairs(Element<V>* p, Pair<V> a) {
+  store(p, as_stored(a));
+}
+template <class V>
+inline Pair<V> load_first_pairs(const Element<V>* p, int k, V others) {
+  const int first = 2 * k, second = first - kWidth<V>;
+  Stored<V> x = {others, others};
+  if (second < 0) {
+    x.first = load_first(p, first, others);
+  } else {
+    x.first = load<V>(p);
+    x.second = load_first(p + kWidth<V>, second, others);
+  }
+  return in_pairs(x);
+}
+template <class V>
+inline void store_first_pairs(Element<V>* p, int k, Pair<V> a) {
+  const Stored<V> x = as_stored(a);
+  const int first = 2 * k, second = first - kWidth<V>;
+  if (second < 0) {
+    store_first(p, first, x.first);
+  } else {
+    store(p, x.first);
+    store_first(p + kWidth<V>, second, x.second);
+  }
+}
+
 }  // namespace orvik

@@ -172,7 +172,7 @@ TYPED_TEST(LanesTest, PairsComeApartAndTogetherInOrder) {
   using E = Element<V>;
   E x[2 * kWidth<V>], re[kWidth<V>], im[kWidth<V>], back[2 * kWidth<V>];
   for (int i = 0; i < 2 * kWidth<V>; ++i) x[i] = E(i);
-  const Pair<V> pair = load_pairs(x);
+  const Pair<V> pair = load_pairs<V>(x);
   store(re, pair.first), store(im, pair.second), store_pairs(back, pair);
   for (int i = 0; i < kWidth<V>; ++i) {
     EXPECT_EQ(re[i], E(2 * i));

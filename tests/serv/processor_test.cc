@@ -33,7 +33,7 @@ const std::vector<Bit> kBits = {
 
 // Words with the bits of `set` (an index into kBits each), the others as in `rest`.
 ProcessorWords words_with(uint32_t set, uint32_t rest) {
-  ProcessorWords words = {rest, rest, rest, rest};
+  ProcessorWords words = {rest, rest, rest, rest, rest};
   for (size_t i = 0; i < kBits.size(); ++i) {
     words.*kBits[i].word &= ~(1u << kBits[i].bit);
     if ((set >> i & 1) != 0) words.*kBits[i].word |= 1u << kBits[i].bit;
@@ -96,6 +96,10 @@ TEST(Processor, WideRegistersNeedTheirInstructionsAndAnOperatingSystemThatSavesT
         if ((set >> i & 1) != 0) words.*bits[i].word |= 1u << bits[i].bit;
       }
       EXPECT_EQ(has_wide_registers(words), set == all) << set;
+      words.leaf7_ecx = ~(1u << 9);
+      EXPECT_FALSE(has_wide_aes(words)) << set;
+      words.leaf7_ecx = 1u << 9;
+      EXPECT_EQ(has_wide_aes(words), set == all) << set;
       words.leaf1_ecx &= ~(1u << 12);  // what the narrow ones need as well
       EXPECT_FALSE(has_wide_registers(words)) << set;
     }
@@ -103,7 +107,7 @@ TEST(Processor, WideRegistersNeedTheirInstructionsAndAnOperatingSystemThatSavesT
 }
 
 TEST(Processor, TheLineIsOneLine) {
-  const std::string line = line_of({0, 0, 0, 0});
+  const std::string line = line_of({0, 0, 0, 0, 0});
   EXPECT_THAT(line, StartsWith("orvik_kernel: "));
   EXPECT_THAT(line, EndsWith("\n"));
   EXPECT_THAT(line.substr(0, line.size() - 1), Not(HasSubstr("\n")));
@@ -120,6 +124,7 @@ TEST(Processor, TheProcessorOfThisTestServesOrIsToldAsTheCompilersLibrarySees) {
   const bool wide = __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
                     __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl");
   EXPECT_EQ(has_wide_registers(read_processor()), serves && wide);
+  EXPECT_EQ(has_wide_aes(read_processor()), serves && wide && __builtin_cpu_supports("vaes"));
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ inline __m256i lane_mask(F64, int k) {
   return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(kLaneMasks64 + 4 - k));
 }
 
-// The first k lanes, the fillerin the others; touches no memory behind element k - 1.
+// The first k lanes, the filler in the others; touches no memory behind element k - 1.
 inline F32 load_first(const float* p, int k, F32 others) {
   const __m256i mask = lane_mask(others, k);
   return _mm256_blendv_ps(others.v, _mm256_maskload_ps(p, mask), _mm256_castsi256_ps(mask));
@@ -90,29 +90,27 @@ inline void store_strided(double* p, int64_t step, F64 a) {
 }
 
 // Complex elements, real part first, as lanes of real and of imaginary parts; and back.
-inline Pair<F32> load_pairs(const float* p) {
-  const __m256 a = _mm256_loadu_ps(p), b = _mm256_loadu_ps(p + 8);
-  const __m256 low = _mm256_permute2f128_ps(a, b, 0x20), high = _mm256_permute2f128_ps(a, b, 0x31);
+inline Pair<F32> in_pairs(Stored<F32> x) {
+  const __m256 low = _mm256_permute2f128_ps(x.first.v, x.second.v, 0x20);
+  const __m256 high = _mm256_permute2f128_ps(x.first.v, x.second.v, 0x31);
   return {_mm256_shuffle_ps(low, high, 0x88), _mm256_shuffle_ps(low, high, 0xDD)};
 }
-inline Pair<F64> load_pairs(const double* p) {
-  const __m256d a = _mm256_loadu_pd(p), b = _mm256_loadu_pd(p + 4);
-  const __m256d low = _mm256_permute2f128_pd(a, b, 0x20), high = _mm256_permute2f128_pd(a, b, 0x31);
+inline Pair<F64> in_pairs(Stored<F64> x) {
+  const __m256d low = _mm256_permute2f128_pd(x.first.v, x.second.v, 0x20);
+  const __m256d high = _mm256_permute2f128_pd(x.first.v, x.second.v, 0x31);
   return {_mm256_unpacklo_pd(low, high), _mm256_unpackhi_pd(low, high)};
 }
-inline void store_pairs(float* p, Pair<F32> a) {
-  const __m256 low = _mm256_unpacklo_ps(a.first.v, a.second.v), high = _mm256_unpackhi_ps(a.first.v, a.second.v);
-  _mm256_storeu_ps(p, _mm256_permute2f128_ps(low, high, 0x20));
-  _mm256_storeu_ps(p + 8, _mm256_permute2f128_ps(low, high, 0x31));
+inline Stored<F32> as_stored(Pair<F32> x) {
+  const __m256 low = _mm256_unpacklo_ps(x.first.v, x.second.v), high = _mm256_unpackhi_ps(x.first.v, x.second.v);
+  return {_mm256_permute2f128_ps(low, high, 0x20), _mm256_permute2f128_ps(low, high, 0x31)};
 }
-inline void store_pairs(double* p, Pair<F64> a) {
-  const __m256d low = _mm256_unpacklo_pd(a.first.v, a.second.v), high = _mm256_unpackhi_pd(a.first.v, a.second.v);
-  _mm256_storeu_pd(p, _mm256_permute2f128_pd(low, high, 0x20));
-  _mm256_storeu_pd(p + 4, _mm256_permute2f128_pd(low, high, 0x31));
+inline Stored<F64> as_stored(Pair<F64> x) {
+  const __m256d low = _mm256_unpacklo_pd(x.first.v, x.second.v), high = _mm256_unpackhi_pd(x.first.v, x.second.v);
+  return {_mm256_permute2f128_pd(low, high, 0x20), _mm256_permute2f128_pd(low, high, 0x31)};
 }
 
-// The same in the order that costs least, elements 0 1 4 5 2 3 6 7 or 0 2 1 3, for loops to which the order means nothing;
-// numbers are brought into that order and back.
+// The same in the order that costs least, elements 0 1 4 5 2 3 6 7 or 0 2 1 3, for loops to which the order means
+// nothing; numbers are brought into that order and back.
 inline Pair<F32> load_mixed_pairs(const float* p) {
   const __m256 a = _mm256_loadu_ps(p), b = _mm256_loadu_ps(p + 8);
   return {_mm256_shuffle_ps(a, b, 0x88), _mm256_shuffle_ps(a, b, 0xDD)};

@@ -30,8 +30,8 @@ inline F64 load_first(const double* p, int k, F64 others) {
 inline void store_first(float* p, int k, F32 a) { _mm512_mask_storeu_ps(p, lane_mask(a, k), a.v); }
 inline void store_first(double* p, int k, F64 a) { _mm512_mask_storeu_pd(p, lane_mask(a, k), a.v); }
 
-// Every step-th of a few elements; for more than these, and for any size, see strided.h. By single loads and stores: the
-// instructions that gather and scatter are slower on some processors and no faster on the others.
+// Every step-th of a few elements; for more than these, and for any size, see strided.h. By single loads and stores:
+// the instructions that gather and scatter are slower on some processors and no faster on the others.
 template <Double V>
 inline V load_strided(const double* p, int64_t step) {
   const double* q = p + 4 * step;
@@ -51,43 +51,38 @@ inline void store_strided(double* p, int64_t step, F64 a) {
 }
 
 // Complex elements, real part first, as lanes of real and of imaginary parts; and back.
-inline Pair<F32> load_pairs(const float* p) {
-  const __m512 a = _mm512_loadu_ps(p), b = _mm512_loadu_ps(p + 16);
+inline Pair<F32> in_pairs(Stored<F32> x) {
   const __m512i even = _mm512_setr_epi32(0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
   const __m512i odd = _mm512_setr_epi32(1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21, 23, 25, 27, 29, 31);
-  return {_mm512_permutex2var_ps(a, even, b), _mm512_permutex2var_ps(a, odd, b)};
+  return {_mm512_permutex2var_ps(x.first.v, even, x.second.v), _mm512_permutex2var_ps(x.first.v, odd, x.second.v)};
 }
-inline Pair<F64> load_pairs(const double* p) {
-  const __m512d a = _mm512_loadu_pd(p), b = _mm512_loadu_pd(p + 8);
+inline Pair<F64> in_pairs(Stored<F64> x) {
   const __m512i even = _mm512_setr_epi64(0, 2, 4, 6, 8, 10, 12, 14);
   const __m512i odd = _mm512_setr_epi64(1, 3, 5, 7, 9, 11, 13, 15);
-  return {_mm512_permutex2var_pd(a, even, b), _mm512_permutex2var_pd(a, odd, b)};
+  return {_mm512_permutex2var_pd(x.first.v, even, x.second.v), _mm512_permutex2var_pd(x.first.v, odd, x.second.v)};
 }
-// Parts as they lie in memory, from a pair.
-inline Stored<F32> stored(Pair<F32> x) {
+inline Stored<F32> as_stored(Pair<F32> x) {
   const __m512i low = _mm512_setr_epi32(0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23);
   const __m512i high = _mm512_setr_epi32(8, 24, 9, 25, 10, 26, 11, 27, 12, 28, 13, 29, 14, 30, 15, 31);
   return {_mm512_permutex2var_ps(x.first.v, low, x.second.v), _mm512_permutex2var_ps(x.first.v, high, x.second.v)};
 }
-inline Stored<F64> stored(Pair<F64> x) {
+inline Stored<F64> as_stored(Pair<F64> x) {
   const __m512i low = _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11);
   const __m512i high = _mm512_setr_epi64(4, 12, 5, 13, 6, 14, 7, 15);
   return {_mm512_permutex2var_pd(x.first.v, low, x.second.v), _mm512_permutex2var_pd(x.first.v, high, x.second.v)};
 }
-inline void store_pairs(float* p, Pair<F32> a) {
-  const Stored<F32> x = stored(a);
-  store(p, x.first), store(p + 16, x.second);
-}
-inline void store_pairs(double* p, Pair<F64> a) {
-  const Stored<F64> x = stored(a);
-  store(p, x.first), store(p + 8, x.second);
-}
 
 // The order that costs least is theirs, since one instruction takes lanes from anywhere in two registers.
-inline Pair<F32> load_mixed_pairs(const float* p) { return load_pairs(p); }
-inline Pair<F64> load_mixed_pairs(const double* p) { return load_pairs(p); }
+inline Pair<F32> load_mixed_pairs(const float* p) {
+  return in_pairs(Stored<F32>{load_register(p), load_register(p + 16)});
+}
+inline Pair<F64> load_mixed_pairs(const double* p) {
+  return in_pairs(Stored<F64>{load_register(p), load_register(p + 8)});
+}
 inline F32 mixed(F32 a) { return a; }
 inline F64 mixed(F64 a) { return a; }
+inline Stored<F32> stored(Pair<F32> mixed) { return as_stored(mixed); }
+inline Stored<F64> stored(Pair<F64> mixed) { return as_stored(mixed); }
 
 // a where a part is real, b where it is imaginary.
 inline F32 by_part(F32 a, F32 b) { return _mm512_mask_blend_ps(0xAAAA, a.v, b.v); }

@@ -58,7 +58,7 @@ struct Kernel {
     if constexpr (std::is_same_v<T, E>) {
       return load<V>(p);
     } else {
-      return load_pairs(reinterpret_cast<const E*>(p));
+      return load_pairs<V>(reinterpret_cast<const E*>(p));
     }
   }
   template <class T>
@@ -66,10 +66,7 @@ struct Kernel {
     if constexpr (std::is_same_v<T, E>) {
       return load_first(p, k, V(E(kKnobs.filler)));
     } else {
-      alignas(64) E buffer[2 * kWidth<V>];
-      for (int i = 0; i < 2 * kWidth<V>; ++i) buffer[i] = E(kKnobs.filler);
-      __builtin_memcpy(buffer, p, static_cast<size_t>(k) * sizeof(T));
-      return load_pairs(buffer);
+      return load_first_pairs(reinterpret_cast<const E*>(p), k, V(E(kKnobs.filler)));
     }
   }
   template <class T>
@@ -85,9 +82,7 @@ struct Kernel {
     if constexpr (std::is_same_v<T, E>) {
       store_first(p, k, x);
     } else {
-      alignas(64) E buffer[2 * kWidth<V>];
-      store_pairs(buffer, x);
-      __builtin_memcpy(p, buffer, static_cast<size_t>(k) * sizeof(T));
+      store_first_pairs(reinterpret_cast<E*>(p), k, x);
     }
   }
   static LanesOf<B> broadcast(const B* p) {
@@ -177,7 +172,8 @@ struct Kernel {
 
   // --- complex elements in the hot loop -----------------------------------------------------------------------------
 
-  // It needs no order: as they lie in memory, where the family has lanes for them so, or as they come apart most cheaply.
+  // It needs no order: as they lie in memory, where the family has lanes for them so, or as they come apart most
+  // cheaply.
   static constexpr bool kComplex = S.a == Kind::complex || S.b == Kind::complex || S.r == Kind::complex;
   static constexpr bool kStored = [] {
     if constexpr (kBinary) {

@@ -128,6 +128,8 @@ NAMES = {
 WITHOUT = {"Powx": "`power` with one number as its second argument"}
 # Rows whose two results come the other way round, as numpy.modf has them.
 EXCHANGED = {"Modf"}
+# Functions that hand on one of their arguments, or its neighbour.
+SELECTING = {"Fmax", "Fmin", "MaxMag", "MinMag", "NextAfter"}
 RESULTS = {"Modf": ("Fractional part", "Whole part"), "SinCos": ("Sine", "Cosine"), "SinCospi": ("Sine", "Cosine")}
 TYPES = {"s": "float32", "d": "float64", "c": "complex64", "z": "complex128"}
 NARROW = {"c": "s", "z": "d"}
@@ -184,6 +186,8 @@ def make_source():
             loops += [f"real_order({loop})" for loop in loops]
         if function in EXCHANGED:
             loops = [f"exchanged({loop})" for loop in loops]
+        if function in SELECTING:
+            loops = [f"selecting({loop})" for loop in loops]
         out.append(f"constexpr Loop {name.name}_loops[] = {{{', '.join(loops)}}};")
         table.append(f"    {{\"{name.name}\", {IDENTITIES[name.identity]}, R\"({docstring(name, function, own)})\", {name.name}_loops, "
                      f"{len(loops)}}},")

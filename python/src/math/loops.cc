@@ -5,7 +5,9 @@
 #include <cstring>
 #include <limits>
 
+#include "lanes/control.h"
 #include "math/error.h"
+#include "math/flags.h"
 
 namespace orvik::python {
 
@@ -23,11 +25,6 @@ constexpr int64_t kBlock = 256;  // elements that go through memory of our own a
 constexpr int kWidest = sizeof(ZymComplexDouble);
 
 int count_of(const Loop& loop) { return loop.inputs + loop.results; }
-
-orvik_status call(const Loop& loop, int64_t n, char* const* at, const int64_t* increments, const void* parameters) {
-  orvik_math_options options = {accuracy, 0, nullptr, 0, 0};
-  return loop.call(n, at, increments, parameters, &options);
-}
 
 struct Range {
   const char *first, *last;
@@ -62,7 +59,7 @@ orvik_status through_memory(const Loop& loop, int64_t n, Arrays x, const void* p
     for (int k = 0; k < loop.inputs; ++k) {
       for (int64_t i = 0; i < part; ++i) std::memcpy(at[k] + i * loop.bytes[k], x.at[k] + i * x.step[k], loop.bytes[k]);
     }
-    if (const orvik_status status = call(loop, part, at, nullptr, parameters); status < 0) return status;
+    if (const orvik_status status = call_with_flags(loop, part, at, nullptr, parameters); status < 0) return status;
     for (int k = loop.inputs; k < count_of(loop); ++k) {
       for (int64_t i = 0; i < part; ++i) std::memcpy(x.at[k] + i * x.step[k], at[k] + i * loop.bytes[k], loop.bytes[k]);
     }
@@ -86,9 +83,9 @@ orvik_status run(const Loop& loop, int64_t n, const Arrays& x, const void* param
   }
   orvik_status status = ORVIK_ERROR_OVERLAP;
   if (unit || n == 1) {
-    status = call(loop, n, x.at, nullptr, parameters);
+    status = call_with_flags(loop, n, x.at, nullptr, parameters);
   } else if (whole) {
-    status = call(loop, n, x.at, increments, parameters);
+    status = call_with_flags(loop, n, x.at, increments, parameters);
   } else if (!results_meet_inputs(loop, n, x)) {
     return through_memory(loop, n, x, parameters, kBlock);
   }
@@ -126,8 +123,7 @@ void fill_nan(const Loop& loop, int64_t n, char* at, int64_t step) {
       std::memcpy(at, &nan, sizeof nan);
     }
   }
-  volatile double zero = 0.0;
-  zero = zero / zero;  // the invalid flag
+  write_control(read_control() | kInvalidFlag);
 }
 
 // Equal parameters that follow each other make one call.

@@ -26,6 +26,7 @@ struct Loop {
   char types[kMostOperands];     // NumPy's characters of all operands as the ufunc has them
   Parameters parameters;
   bool swapped;                  // the results the other way round
+  bool selects;                  // hands numbers on: a NaN raises nothing, as in NumPy
 };
 
 // The level of this thread's calls.
@@ -56,7 +57,7 @@ struct Of<unit, strided> {
     auto* const r = reinterpret_cast<R*>(at[1]);
     return inc == nullptr ? unit(n, a, r, o) : strided(n, a, inc[0], r, inc[1], o);
   }
-  static constexpr Loop loop = {call, 1, 1, {sizeof(A), sizeof(R)}, {kType<A>, kType<R>}, Parameters::kNone, false};
+  static constexpr Loop loop = {call, 1, 1, {sizeof(A), sizeof(R)}, {kType<A>, kType<R>}, Parameters::kNone, false, false};
 };
 
 template <class T, orvik_status (*unit)(int64_t, const T*, const T*, T*, orvik_math_options*), auto strided>
@@ -67,7 +68,7 @@ struct Of<unit, strided> {
     return inc == nullptr ? unit(n, a, b, r, o) : strided(n, a, inc[0], b, inc[1], r, inc[2], o);
   }
   static constexpr char t = kType<T>;
-  static constexpr Loop loop = {call, 2, 1, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone, false};
+  static constexpr Loop loop = {call, 2, 1, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone, false, false};
 };
 
 template <class T, orvik_status (*unit)(int64_t, const T*, T*, T*, orvik_math_options*), auto strided>
@@ -78,7 +79,7 @@ struct Of<unit, strided> {
     return inc == nullptr ? unit(n, a, r1, r2, o) : strided(n, a, inc[0], r1, inc[1], r2, inc[2], o);
   }
   static constexpr char t = kType<T>;
-  static constexpr Loop loop = {call, 1, 2, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone, false};
+  static constexpr Loop loop = {call, 1, 2, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone, false, false};
 };
 
 template <class T, orvik_status (*unit)(int64_t, int32_t, const T*, T*, orvik_math_options*), auto strided>
@@ -90,7 +91,7 @@ struct Of<unit, strided> {
     return inc == nullptr ? unit(n, k, a, r, o) : strided(n, k, a, inc[0], r, inc[1], o);
   }
   static constexpr char t = kType<T>;
-  static constexpr Loop loop = {call, 1, 1, {sizeof(T), sizeof(T)}, {'l', t, t}, Parameters::kOrder, false};
+  static constexpr Loop loop = {call, 1, 1, {sizeof(T), sizeof(T)}, {'l', t, t}, Parameters::kOrder, false, false};
 };
 
 template <class T, orvik_status (*unit)(int64_t, const T*, const T*, T, T, T, T, T*, orvik_math_options*), auto strided>
@@ -104,10 +105,10 @@ struct Of<unit, strided> {
   }
   static constexpr char t = kType<T>;
   static constexpr Loop loop = {call, 2, 1, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t, t, t, t, t},
-                                Parameters::kFraction, false};
+                                Parameters::kFraction, false, false};
 };
 
-// The same loop with orders as floating-point numbers; with its two results exchanged.
+// The same loop with orders as floating-point numbers; with its two results exchanged; of a function that selects.
 constexpr Loop real_order(Loop loop) {
   loop.types[0] = loop.types[1];
   loop.parameters = Parameters::kRealOrder;
@@ -115,6 +116,10 @@ constexpr Loop real_order(Loop loop) {
 }
 constexpr Loop exchanged(Loop loop) {
   loop.swapped = true;
+  return loop;
+}
+constexpr Loop selecting(Loop loop) {
+  loop.selects = true;
   return loop;
 }
 

@@ -10,16 +10,20 @@ namespace {
 
 constexpr int64_t kReports = 64;
 
-// The flag of an exceptional element. Poles of powers, which the kernels count as outside the domain or as overflow, divide by
-// zero in NumPy.
+// The flag of an exceptional element as NumPy has it: poles of powers, which the kernels count as outside the domain or as
+// overflow, divide by zero; 0 / 0, a pole to them, is invalid; a NaN that an argument brought raises nothing.
 uint32_t flag_of(const orvik_report& report) {
+  for (int part = 0; part < 2; ++part) {
+    if (std::isnan(report.a[part]) || std::isnan(report.b[part])) return 0;
+  }
+  const bool nan = std::isnan(report.r[0]) || std::isnan(report.r[1]);
   const bool infinite = std::isinf(report.r[0]) || std::isinf(report.r[1]);
   const bool zero = report.a[0] == 0 && report.a[1] == 0;
   switch (report.code) {
     case ORVIK_DOMAIN:
-      return infinite ? kDivideByZeroFlag : kInvalidFlag;
+      return infinite && !nan ? kDivideByZeroFlag : kInvalidFlag;
     case ORVIK_SINGULARITY:
-      return kDivideByZeroFlag;
+      return nan ? kInvalidFlag : kDivideByZeroFlag;
     case ORVIK_OVERFLOW:
       return zero ? kDivideByZeroFlag : kOverflowFlag;
     default:

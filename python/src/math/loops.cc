@@ -70,24 +70,24 @@ orvik_status through_memory(const Loop& loop, int64_t n, Arrays x, const void* p
 }
 
 orvik_status run(const Loop& loop, int64_t n, const Arrays& x, const void* parameters) {
-  bool unit = true, whole = true;
-  int64_t increments[kMostArrays] = {};
-  for (int k = 0; k < count_of(loop); ++k) {
-    if (x.step[k] == loop.bytes[k]) {
-      increments[k] = 1;
-    } else {
-      unit = false;
-      whole = whole && x.step[k] % loop.bytes[k] == 0;
-      increments[k] = x.step[k] / loop.bytes[k];
-    }
-  }
+  bool unit = true;
+  for (int k = 0; k < count_of(loop); ++k) unit = unit && x.step[k] == loop.bytes[k];
   orvik_status status = ORVIK_ERROR_OVERLAP;
   if (unit || n == 1) {
     status = call_with_flags(loop, n, x.at, nullptr, parameters);
-  } else if (whole) {
-    status = call_with_flags(loop, n, x.at, increments, parameters);
-  } else if (!results_meet_inputs(loop, n, x)) {
-    return through_memory(loop, n, x, parameters, kBlock);
+  } else {
+    bool whole = true;
+    int64_t increments[kMostArrays] = {};
+    for (int k = 0; k < count_of(loop); ++k) {
+      const int shift = __builtin_ctz(loop.bytes[k]);  // sizes are powers of two
+      increments[k] = x.step[k] >> shift;
+      whole = whole && increments[k] << shift == x.step[k];
+    }
+    if (whole) {
+      status = call_with_flags(loop, n, x.at, increments, parameters);
+    } else if (!results_meet_inputs(loop, n, x)) {
+      return through_memory(loop, n, x, parameters, kBlock);
+    }
   }
   return status == ORVIK_ERROR_OVERLAP ? through_memory(loop, n, x, parameters, 1) : status;
 }

@@ -1,15 +1,9 @@
 // The extension module orvik._math: ufuncs, the level of accuracy of the thread, the number of threads.
-#include <Python.h>
-
-#include <iterator>
-
-#define PY_UFUNC_UNIQUE_SYMBOL orvik_ufunc_api
-#define PY_ARRAY_UNIQUE_SYMBOL orvik_array_api
-#include <numpy/ndarrayobject.h>
-#include <numpy/ufuncobject.h>
-
+#define ORVIK_HOLDS_NUMPY_TABLES
+#include "math/numpy.h"
 #include "math/error.h"
 #include "math/loops.h"
+#include "math/short_call.h"
 
 namespace orvik::python {
 
@@ -49,7 +43,10 @@ PyObject* make_ufunc(const Ufunc& u) {
     data[k] = const_cast<Loop*>(&u.loops[k]);
     for (int p = 0; p < operands; ++p) types[k * operands + p] = static_cast<char>(number_of(u.loops[k].types[p]));
   }
-  return PyUFunc_FromFuncAndData(functions, data, types, u.count, inputs, first.results, u.identity, u.name, u.doc, 0);
+  PyObject* const ufunc =
+      PyUFunc_FromFuncAndData(functions, data, types, u.count, inputs, first.results, u.identity, u.name, u.doc, 0);
+  if (ufunc != nullptr) add_short_call(ufunc);
+  return ufunc;
 }
 
 PyObject* get_accuracy(PyObject*, PyObject*) { return PyLong_FromLong(accuracy); }

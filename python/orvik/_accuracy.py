@@ -29,24 +29,24 @@ class accuracy:
     'HA'
     """
 
-    def __init__(self, level):
+    def __init__(self, level: str) -> None:
         if level not in _LEVELS:
             raise ValueError(f"the level of accuracy must be one of {', '.join(_LEVELS)}, not {level!r}")
         self.level = level
-        self._outer = []
+        self._outer: list[int] = []
 
-    def __enter__(self):
+    def __enter__(self) -> "accuracy":
         self._outer.append(_math._set_accuracy(_LEVELS.index(self.level)))
         return self
 
-    def __exit__(self, *_):
+    def __exit__(self, *_: object) -> None:
         _math._set_accuracy(self._outer.pop())
 
-    def __repr__(self):
+    def __repr__(self) -> str:
         return f"accuracy({self.level!r})"
 
 
-def get_accuracy():
+def get_accuracy() -> str:
     """The level of this thread: "HA", "LA" or "EP".
 
     Examples
@@ -58,7 +58,7 @@ def get_accuracy():
     return _LEVELS[_math._get_accuracy()]
 
 
-def set_accuracy(level):
+def set_accuracy(level: str) -> None:
     """Sets the level of this thread until it is set again; `accuracy` does so for a block.
 
     Parameters

@@ -1,5 +1,6 @@
-// What NumPy does around a loop takes as long as hundreds of elements. Where there is nothing for it to do, since all operands
-// are plain arrays of the loop's type and of one shape, in order, apart from each other, the loop is called right away.
+// What NumPy does around a loop takes as long as hundreds of elements. Where there is nothing for it to do, since all
+// operands are plain arrays of the loop's type and of one shape, in order, apart from each other, the loop is called
+// right away.
 #include "math/short_call.h"
 
 #include <algorithm>
@@ -29,7 +30,9 @@ bool ignored(uint32_t flags) {
     return false;
   }
   Py_XDECREF(object);
-  const auto indifferent = [&](uint32_t flag, int shift) { return (flags & flag) == 0 || (mask >> shift & 7) == UFUNC_ERR_IGNORE; };
+  const auto indifferent = [&](uint32_t flag, int shift) {
+    return (flags & flag) == 0 || (mask >> shift & 7) == UFUNC_ERR_IGNORE;
+  };
   return indifferent(kDivideByZeroFlag, UFUNC_SHIFT_DIVIDEBYZERO) && indifferent(kOverflowFlag, UFUNC_SHIFT_OVERFLOW) &&
          indifferent(kUnderflowFlag, UFUNC_SHIFT_UNDERFLOW) && indifferent(kInvalidFlag, UFUNC_SHIFT_INVALID);
 #else
@@ -47,7 +50,8 @@ bool apart(PyArrayObject* a, PyArrayObject* b) {
   return first + PyArray_NBYTES(a) <= second || second + PyArray_NBYTES(b) <= first;
 }
 
-// The result, as a new reference; null with no exception set where the call is not of this kind or meets anything unusual.
+// The result, as a new reference; null with no exception set where the call is not of this kind or meets anything
+// unusual.
 PyObject* short_call(PyUFuncObject* u, PyObject* const* arguments, Py_ssize_t count, PyObject* names) {
   const int inputs = u->nin;
   if (names != nullptr) {
@@ -69,7 +73,8 @@ PyObject* short_call(PyUFuncObject* u, PyObject* const* arguments, Py_ssize_t co
   if (which == u->ntypes) return nullptr;
   const Loop& loop = *static_cast<const Loop*>(u->data[which]);
   for (int k = 0; k < inputs; ++k) {
-    if (PyArray_TYPE(arrays[k]) != type || !PyArray_ISCARRAY_RO(arrays[k]) || !same_shape(first, arrays[k])) return nullptr;
+    if (PyArray_TYPE(arrays[k]) != type || !PyArray_ISCARRAY_RO(arrays[k]) || !same_shape(first, arrays[k]))
+      return nullptr;
   }
   const int result_type = u->types[which * u->nargs + inputs];
   PyArrayObject* result;
@@ -102,7 +107,8 @@ PyObject* short_call(PyUFuncObject* u, PyObject* const* arguments, Py_ssize_t co
 }
 
 PyObject* call(PyObject* ufunc, PyObject* const* arguments, size_t flags, PyObject* names) {
-  PyObject* const result = short_call(reinterpret_cast<PyUFuncObject*>(ufunc), arguments, PyVectorcall_NARGS(flags), names);
+  PyObject* const result =
+      short_call(reinterpret_cast<PyUFuncObject*>(ufunc), arguments, PyVectorcall_NARGS(flags), names);
   return result != nullptr ? result : numpy_call(ufunc, arguments, flags, names);
 }
 

@@ -34,17 +34,25 @@ Range range_of(const Loop& loop, int64_t n, const Arrays& x, int k) {
   return {x.at[k] + std::min<int64_t>(way, 0), x.at[k] + std::max<int64_t>(way, 0) + loop.bytes[k]};
 }
 
-// Whether a result lies where an input lies, and not element on element.
-bool results_meet_inputs(const Loop& loop, int64_t n, const Arrays& x) {
+// Whether blocks may be read whole before any of their results is written: no result of an element lies where a later
+// element is read. Of arrays of one step that is seen: columns of a table lie beside each other, and results may lie
+// behind what is read.
+bool blocks_do(const Loop& loop, int64_t n, const Arrays& x, int result, int input) {
+  const Range written = range_of(loop, n, x, result), read = range_of(loop, n, x, input);
+  if (read.first >= written.last || written.first >= read.last) return true;
+  const int64_t step = x.step[input], size = step < 0 ? -step : step;
+  if (step != x.step[result] || size < loop.bytes[result] || size < loop.bytes[input]) return false;
+  const int64_t ahead = x.at[input] - x.at[result];
+  const int64_t beside = (ahead % size + size) % size;
+  return (step > 0 ? ahead >= 0 : ahead <= 0) || (beside >= loop.bytes[result] && size - beside >= loop.bytes[input]);
+}
+bool blocks_do(const Loop& loop, int64_t n, const Arrays& x) {
   for (int r = loop.inputs; r < count_of(loop); ++r) {
-    const Range result = range_of(loop, n, x, r);
     for (int k = 0; k < loop.inputs; ++k) {
-      const Range input = range_of(loop, n, x, k);
-      const bool same = x.at[k] == x.at[r] && x.step[k] == x.step[r] && x.step[k] != 0;
-      if (!same && input.first < result.last && result.first < input.last) return true;
+      if (!blocks_do(loop, n, x, r, k)) return false;
     }
   }
-  return false;
+  return true;
 }
 
 template <int bytes>
@@ -121,11 +129,10 @@ orvik_status run(const Loop& loop, int64_t n, const Arrays& x, const void* param
     }
     if (whole) {
       status = call_with_flags(loop, n, x.at, increments, parameters);
-    } else if (!results_meet_inputs(loop, n, x)) {
-      return through_memory(loop, n, x, parameters, kBlock);
     }
   }
-  return status == ORVIK_ERROR_OVERLAP ? through_memory(loop, n, x, parameters, 1) : status;
+  if (status != ORVIK_ERROR_OVERLAP) return status;
+  return through_memory(loop, n, x, parameters, blocks_do(loop, n, x) ? kBlock : 1);
 }
 
 // The element's order; false where it is none that a function takes.

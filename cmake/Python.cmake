@@ -1,0 +1,26 @@
+# The Python that the package `orvik` is built for: the system's, whatever stands first in PATH, unless ORVIK_PYTHON names another.
+# Sets ORVIK_PYTHON_INCLUDE, ORVIK_PYTHON_NUMPY, ORVIK_PYTHON_SUFFIX; turns ORVIK_BUILD_PYTHON off where something is missing.
+set(ORVIK_PYTHON /usr/bin/python3 CACHE FILEPATH "The Python that the package is built for")
+set(ORVIK_INSTALL_PYTHONDIR lib/python3/dist-packages CACHE STRING "Where the package is installed, below the prefix")
+set(ORVIK_PYTHON_FOUND OFF)
+if(NOT ORVIK_BUILD_PYTHON)
+  return()
+endif()
+execute_process(COMMAND ${ORVIK_PYTHON} -c [[
+import sysconfig, numpy, pathlib
+include = sysconfig.get_path("include")
+if not (pathlib.Path(include) / "Python.h").exists(): raise SystemExit("no headers of Python in " + include)
+print(include, numpy.get_include(), sysconfig.get_config_var("EXT_SUFFIX"), sep=";", end="")
+]] OUTPUT_VARIABLE answer ERROR_VARIABLE error RESULT_VARIABLE result)
+find_path(ORVIK_PYBIND11 pybind11/pybind11.h)
+mark_as_advanced(ORVIK_PYBIND11)
+if(NOT result EQUAL 0)
+  message(STATUS "No Python package here: ${ORVIK_PYTHON} has not what it needs: ${error}")
+elseif(NOT ORVIK_PYBIND11)
+  message(STATUS "No Python package here: pybind11 is missing")
+else()
+  list(GET answer 0 ORVIK_PYTHON_INCLUDE)
+  list(GET answer 1 ORVIK_PYTHON_NUMPY)
+  list(GET answer 2 ORVIK_PYTHON_SUFFIX)
+  set(ORVIK_PYTHON_FOUND ON)
+endif()

@@ -10,8 +10,8 @@ Examples
 >>> sorted(rng.permutation(4).tolist())
 [0, 1, 2, 3]
 """
+from . import _generators
 from ._generators import (ARS5, MCG31M1, MCG59, MRG32K3A, MT19937, MT2203, NIEDERREITER, PHILOX4X32X10, R250, SFMT19937, SOBOL,
                           TRNG, WH)
-from ._generators import __all__ as _generators
 
-__all__ = list(_generators)
+__all__ = list(_generators.__all__)

@@ -1,14 +1,21 @@
 """Observations as the library takes them: two-dimensional, float64 or float32, along axis 0."""
+import math
+
 import numpy as np
+
+_DOUBLE = np.dtype(np.float64)
 
 
 def numbers(x, dtype=None):
     """An array of float64 or float32; what is neither becomes float64, and what is not real is refused."""
     array = np.asarray(x)
-    if array.dtype.kind not in "fiub":
-        raise TypeError(f"observations must be real numbers, not {array.dtype}")
+    given = array.dtype
+    if given is _DOUBLE and dtype is None:
+        return array
+    if given.kind not in "fiub":
+        raise TypeError(f"observations must be real numbers, not {given}")
     if dtype is None:
-        dtype = np.float32 if array.dtype.newbyteorder("=") in (np.float32, np.float16) else np.float64
+        dtype = np.float32 if given.newbyteorder("=") in (np.float32, np.float16) else np.float64
     return np.asarray(array, dtype)
 
 
@@ -39,10 +46,11 @@ def table_along(x, axis):
         if axis not in (None, 0, -1):
             raise np.AxisError(axis, array.ndim)
         return _plain(array.reshape(-1, 1)), ()
-    array = np.moveaxis(array, axis, 0)
+    if axis != 0:
+        array = np.moveaxis(array, axis, 0)
     rest = array.shape[1:]
     if array.ndim != 2:
-        array = array.reshape(array.shape[0], int(np.prod(rest, dtype=np.int64)))
+        array = array.reshape(array.shape[0], math.prod(rest))
     return _plain(array), rest
 
 

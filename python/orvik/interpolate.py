@@ -116,20 +116,23 @@ class Spline:
         scalar or ndarray
             Of shape t.shape, after (ny,) where the spline is of several functions. NaN where t is.
         """
-        derivative = operator.index(derivative)
-        if derivative < 0:
-            raise ValueError("derivative must not be negative")
+        if derivative != 0:
+            derivative = min(operator.index(derivative), 4)
+            if derivative < 0:
+                raise ValueError("derivative must not be negative")
         t = self._sites(t, "t")
-        r = self._spline.evaluate(t.reshape(-1), min(derivative, 4))
+        r = self._spline.evaluate(t, derivative)
         return r.reshape(self._rows + t.shape)[()]
 
     def integrate(self, a, b):
         """Integrals from `a` to `b`, which are broadcast; shapes as of values."""
         a, b = np.broadcast_arrays(self._sites(a, "a"), self._sites(b, "b"))
-        r = self._spline.integrate(np.ascontiguousarray(a).reshape(-1), np.ascontiguousarray(b).reshape(-1))
+        r = self._spline.integrate(np.ascontiguousarray(a), np.ascontiguousarray(b))
         return r.reshape(self._rows + a.shape)[()]
 
     def _sites(self, t, name):
+        if type(t) is np.ndarray and t.dtype is self._dtype and t.flags.carray:
+            return t
         t = _real(t, name)
         return np.require(t, self._dtype, ["C", "A"]).reshape(t.shape)
 
@@ -156,7 +159,7 @@ def search(x, t):
         raise ValueError("x must be one-dimensional")
     dtype = np.float32 if x.dtype == t.dtype == np.float32 else np.float64
     sites = np.require(t, dtype, ["C", "A"])
-    return _interpolation.search(np.require(x, dtype, ["C", "A"]), sites.reshape(-1)).reshape(t.shape)[()]
+    return _interpolation.search(np.require(x, dtype, ["C", "A"]), sites).reshape(t.shape)[()]
 
 
 def _real(a, name):

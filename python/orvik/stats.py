@@ -322,7 +322,8 @@ def quantile(x, q, axis=0):
     if data.shape[1] == 0 or orders.size == 0:
         return np.empty(shape + rest, data.dtype)
     r = _statistics.quantiles(data, orders)
-    r[_statistics.holds_nan(data)] = np.nan
+    if (nan := _statistics.holds_nan(data)) is not None:
+        r[nan] = np.nan
     return _quantiles_first(r, shape, rest)[()]
 
 
@@ -333,7 +334,8 @@ def mad(x, axis=0):
     if data.shape[1] == 0:
         return np.empty(rest, data.dtype)
     r = _statistics.mad(data)
-    r[_statistics.holds_nan(data)] = np.nan
+    if (nan := _statistics.holds_nan(data)) is not None:
+        r[nan] = np.nan
     return r.reshape(rest)[()]
 
 
@@ -354,7 +356,8 @@ def weighted_median(x, weights, axis=0):
     if data.shape[1] == 0:
         return np.empty(rest, data.dtype)
     r = _statistics.weighted_median(data, weights)
-    r[_statistics.holds_nan(data)] = np.nan
+    if (nan := _statistics.holds_nan(data)) is not None:
+        r[nan] = np.nan
     return r.reshape(rest)[()]
 
 
@@ -392,12 +395,16 @@ def _some(data):
 
 
 def _orders(q, dtype):
-    orders = np.asarray(q, np.float64)
-    if not ((orders >= 0) & (orders <= 1)).all():
+    if isinstance(q, float):
+        sound, orders = 0 <= q <= 1, np.array(q)
+    else:
+        orders = np.asarray(q, np.float64)
+        sound = bool(((orders >= 0) & (orders <= 1)).all())
+    if not sound:
         raise ValueError("Quantiles must be in the range [0, 1]")
     return np.ascontiguousarray(orders, dtype).reshape(-1), orders.shape
 
 
 def _quantiles_first(r, shape, rest):
     """From a row a variable to orders first."""
-    return np.ascontiguousarray(r.T).reshape(shape + rest)
+    return (r if r.shape[0] == 1 else np.ascontiguousarray(r.T)).reshape(shape + rest)

@@ -7,6 +7,8 @@ INTEGERS = (np.dtype(np.int32), np.dtype(np.int64))
 
 def type_of(dtype, types, name):
     """One of the types, as a dtype."""
+    if dtype is np.float64 and types is REALS:
+        return REALS[0]
     dtype = np.dtype(dtype)
     if dtype not in types:
         raise TypeError(f"Unsupported dtype {dtype!r} for {name}")
@@ -16,11 +18,13 @@ def type_of(dtype, types, name):
 def array_for(size, dtype, out, last=()):
     """The array to fill: `out` after checks, or a new one of `size` (one number for None) and the dimensions `last`."""
     if out is None:
+        if type(size) is int and not last:
+            return np.empty(size, dtype)
         shape = () if size is None else (size,) if np.ndim(size) == 0 else tuple(size)
         return np.empty((*shape, *last), dtype)
     if not isinstance(out, np.ndarray):
         raise TypeError(f"out must be an array, not {type(out).__name__}")
-    if out.dtype.newbyteorder("=") != dtype:
+    if out.dtype is not dtype and out.dtype.newbyteorder("=") != dtype:
         raise TypeError(f"Supplied output array has the wrong type. Expected {dtype.name}, got {out.dtype.name}")
     flags = out.flags
     if not (flags.writeable and flags.aligned and out.dtype.isnative

@@ -56,31 +56,30 @@ void sort(Array<T>& x) {
   run([&] { return FRONT(T, sort)(data.n, data.p, data.x, data.layout, to); });
 }
 
-// Which variables hold a NaN.
+// Which variables hold a NaN; none where none does.
 template <class T>
-pybind11::array_t<bool> holds_nan(const Array<T>& x) {
+pybind11::object holds_nan(const Array<T>& x) {
   const Observations<T> data(x);
   pybind11::array_t<bool> r(data.p);
   bool* const to = r.mutable_data();
-  const pybind11::gil_scoped_release released;
-  for (int64_t j = 0; j < data.p; ++j) to[j] = false;
-  constexpr int64_t kBlock = 1024;
-  if (data.layout == ORVIK_ROWS || data.p == 1) {
-    for (int64_t j = 0; j < data.p; ++j) {
-      const T* const row = data.x + j * data.n;
-      for (int64_t i = 0; i < data.n && !to[j]; i += kBlock) {
-        bool found = false;
-        const int64_t end = data.n - i < kBlock ? data.n : i + kBlock;
-        for (int64_t k = i; k < end; ++k) found |= row[k] != row[k];
-        to[j] = found;
+  bool any = false;
+  {
+    const pybind11::gil_scoped_release released;
+    for (int64_t j = 0; j < data.p; ++j) to[j] = false;
+    // Blocks without a way out, for the compiler's vectors.
+    constexpr int64_t kBlock = 1024;
+    for (int64_t begin = 0, all = data.n * data.p; begin < all; begin += kBlock) {
+      const int64_t end = all - begin < kBlock ? all : begin + kBlock;
+      bool found = false;
+      for (int64_t k = begin; k < end; ++k) found |= data.x[k] != data.x[k];
+      if (!found) continue;
+      any = true;
+      for (int64_t k = begin; k < end; ++k) {
+        if (data.x[k] != data.x[k]) to[data.layout == ORVIK_ROWS ? k / data.n : k % data.p] = true;
       }
     }
-  } else {
-    for (int64_t i = 0; i < data.n; ++i) {
-      const T* const row = data.x + i * data.p;
-      for (int64_t j = 0; j < data.p; ++j) to[j] |= row[j] != row[j];
-    }
   }
+  if (!any) return pybind11::none();
   return r;
 }
 

@@ -48,7 +48,7 @@ class Spline {
       const py::gil_scoped_release released;
       status = FRONT(T, spline_new)(&s_, nx, xs, ny, ys, kind, &conditions, inner);
     }
-    check(status);
+    check_fitting(status);
   }
   ~Spline() { FRONT(T, spline_delete)(s_); }
   Spline(const Spline&) = delete;
@@ -69,10 +69,10 @@ class Spline {
   // Functions, pieces, coefficients.
   Array<T> coefficients() const {
     int64_t count = 0, ny = 0, order = 0;
-    check(FRONT(T, spline_shape)(s_, static_cast<int64_t*>(nullptr), &ny, &order));
-    check(FRONT(T, spline_coefficients)(s_, static_cast<T*>(nullptr), &count));
+    check_fitting(FRONT(T, spline_shape)(s_, static_cast<int64_t*>(nullptr), &ny, &order));
+    check_fitting(FRONT(T, spline_coefficients)(s_, static_cast<T*>(nullptr), &count));
     Array<T> r({ny, count / ny / order, order});
-    check(FRONT(T, spline_coefficients)(s_, r.mutable_data(), &count));
+    check_fitting(FRONT(T, spline_coefficients)(s_, r.mutable_data(), &count));
     return r;
   }
 
@@ -80,7 +80,7 @@ class Spline {
   template <class Call>
   Array<T> results(int64_t n, const Call& call) const {
     int64_t ny = 0;
-    check(FRONT(T, spline_shape)(s_, static_cast<int64_t*>(nullptr), &ny, static_cast<int64_t*>(nullptr)));
+    check_fitting(FRONT(T, spline_shape)(s_, static_cast<int64_t*>(nullptr), &ny, static_cast<int64_t*>(nullptr)));
     Array<T> r({ny, n});
     T* const to = r.mutable_data();
     orvik_status status;
@@ -88,7 +88,7 @@ class Spline {
       const py::gil_scoped_release released;
       status = call(to);
     }
-    check(status);
+    check_fitting(status);
     return r;
   }
 
@@ -106,7 +106,7 @@ py::array_t<int64_t> search(const Array<T>& x, const Array<T>& t) {
     const py::gil_scoped_release released;
     status = FRONT(T, search)(nx, xs, n, ts, to);
   }
-  check(status);
+  check_fitting(status);
   return cells;
 }
 

@@ -34,7 +34,7 @@ Stream* taken(orvik_status status, orvik_stream* stream) {
   const int32_t family = generator & ~kMember;
   const bool points = family == ORVIK_SOBOL || family == ORVIK_NIEDERREITER;  // which can, but not that far
   const bool jump = status == -1002 || status == -1003 || status == -1004;
-  raise(jump && !points ? PyExc_NotImplementedError : exception_of(status), orvik_status_text(status));
+  raise(jump && !points ? PyExc_NotImplementedError : exception_of(status), text_of(status, false).c_str());
 }
 
 }  // namespace

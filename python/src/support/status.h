@@ -3,6 +3,9 @@
 
 #include <pybind11/pybind11.h>
 
+#include <cctype>
+#include <string>
+
 #include "orvik/front.h"
 
 namespace orvik::python {
@@ -34,8 +37,23 @@ inline PyObject* exception_of(orvik_status status) {
   }
 }
 
+// The sentence of a status; of the two that a number shared by streams and data fitting has, the one that fits.
+inline std::string text_of(orvik_status status, bool of_fitting) {
+  const std::string text = orvik_status_text(status), streams = "Of a stream: ", fitting = " Of data fitting: ";
+  const size_t second = text.find(fitting);
+  if (!text.starts_with(streams) || second == std::string::npos) return text;
+  std::string one = of_fitting ? text.substr(second + fitting.size())
+                               : text.substr(streams.size(), second - streams.size());
+  one[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(one[0])));
+  return one;
+}
+
 inline void check(orvik_status status) {
-  if (status < 0) raise(exception_of(status), orvik_status_text(status));
+  if (status < 0) raise(exception_of(status), text_of(status, false).c_str());
+}
+inline void check_fitting(orvik_status status) {
+  const bool memory = exception_of(status) == PyExc_MemoryError;
+  if (status < 0) raise(memory ? PyExc_MemoryError : PyExc_ValueError, text_of(status, true).c_str());
 }
 
 }  // namespace orvik::python

@@ -35,7 +35,7 @@ class Spline:
         Values, of one or of several functions.
     kind : {"natural", "linear", "hermite", "bessel", "akima", "hyman", "default", "quadratic"}, optional
         Natural: a cubic spline with continuous second derivatives. Default and Hermite: cubic pieces of given inner second
-        and first derivatives. Bessel, Akima, Hyman: local cubic ones, Hyman monotone where the values are.
+        and first derivatives. Bessel, Akima, Hyman: local cubic ones, Hyman monotone where values and end slopes are.
         Quadratic: pieces about the breakpoints, with knots between them.
     ends : str or tuple, optional
         "free", "not-a-knot", "periodic", ("first", left, right), ("second", left, right): what holds at the two ends, for the

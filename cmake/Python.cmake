@@ -1,8 +1,9 @@
 # The Python that the package `orvik` is built for: the system's, whatever stands first in PATH, unless ORVIK_PYTHON names another.
-# Sets ORVIK_PYTHON_INCLUDE, ORVIK_PYTHON_NUMPY, ORVIK_PYTHON_SUFFIX; turns ORVIK_BUILD_PYTHON off where something is missing.
+# Sets ORVIK_PYTHON_FOUND, ORVIK_PYTHON_INCLUDE, ORVIK_PYTHON_NUMPY, ORVIK_PYTHON_SUFFIX, and ORVIK_PYTHON_TESTS where the tests can run.
 set(ORVIK_PYTHON /usr/bin/python3 CACHE FILEPATH "The Python that the package is built for")
 set(ORVIK_INSTALL_PYTHONDIR lib/python3/dist-packages CACHE STRING "Where the package is installed, below the prefix")
 set(ORVIK_PYTHON_FOUND OFF)
+set(ORVIK_PYTHON_TESTS OFF)
 if(NOT ORVIK_BUILD_PYTHON)
   return()
 endif()
@@ -23,4 +24,10 @@ else()
   list(GET answer 1 ORVIK_PYTHON_NUMPY)
   list(GET answer 2 ORVIK_PYTHON_SUFFIX)
   set(ORVIK_PYTHON_FOUND ON)
+  execute_process(COMMAND ${ORVIK_PYTHON} -c "import pytest, hypothesis, scipy" RESULT_VARIABLE result ERROR_QUIET)
+  set(ORVIK_PYTHON_TESTS ON)
+  if(NOT result EQUAL 0)
+    set(ORVIK_PYTHON_TESTS OFF)
+    message(STATUS "No tests of the Python package: pytest, hypothesis or SciPy is missing")
+  endif()
 endif()

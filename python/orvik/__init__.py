@@ -6,12 +6,13 @@ Functions of numbers are ufuncs under NumPy's and SciPy's names (`orvik.exp`, `o
 """
 import importlib as _importlib
 
-from ._math import *  # noqa: F401,F403  (the ufuncs: a name a row)
+from ._accuracy import accuracy, get_accuracy, set_accuracy
+from ._math import *  # noqa: F401,F403  (the ufuncs)
 from ._math import __all__ as _ufuncs
-from ._math import __version__
+from ._math import __version__, get_num_threads, set_num_threads
 
 _submodules = ("interpolate", "random", "stats")
-__all__ = [*_ufuncs, *_submodules]
+__all__ = [*_ufuncs, "accuracy", "get_accuracy", "get_num_threads", "set_accuracy", "set_num_threads", *_submodules]
 
 
 def __getattr__(name):

@@ -1,12 +1,70 @@
-"""The package as a whole."""
+"""The package as a whole: names, documentation, stubs."""
+import ast
+import doctest
+import pathlib
+import re
+
+import numpy as np
+import pytest
+
 import orvik
+
+SUBMODULES = {"interpolate", "random", "stats"}
+FUNCTIONS = sorted(set(orvik.__all__) - SUBMODULES)
+UFUNCS = [name for name in FUNCTIONS if isinstance(getattr(orvik, name), np.ufunc)]
+FOLDER = pathlib.Path(orvik.__file__).parent
 
 
 def test_the_version_is_that_of_the_library():
-    assert [int(part) for part in orvik.__version__.split(".")][0] == 2
+    assert re.fullmatch(r"2\.\d+\.\d+", orvik.__version__)
 
 
-def test_all_names_exist():
-    for name in orvik.__all__:
-        if name not in ("interpolate", "random", "stats"):
-            assert hasattr(orvik, name), name
+def test_the_promised_ufuncs_exist():
+    promised = """exp expm1 exp2 exp10 log log1p log2 log10 sqrt rsqrt cbrt rcbrt reciprocal sin cos tan sinpi cospi tanpi sind cosd
+        tand arcsin arccos arctan arctan2 sinh cosh tanh arcsinh arccosh arctanh power hypot erf erfc erfinv erfcinv erfcx ndtr ndtri
+        gamma gammaln exp1 i0 i1 j0 j1 y0 y1 jn yn""".split()
+    assert set(promised) <= set(UFUNCS)
+    assert len(UFUNCS) >= 90
+
+
+def test_all_names_exist_and_dir_shows_them():
+    assert set(FUNCTIONS) <= set(dir(orvik))
+    assert SUBMODULES <= set(dir(orvik))
+    with pytest.raises(AttributeError, match="no_such_name"):
+        orvik.no_such_name
+
+
+@pytest.mark.parametrize("name", FUNCTIONS)
+def test_examples_of_the_docstring_run(name):
+    thing = getattr(orvik, name)
+    tests = doctest.DocTestFinder(recurse=False).find(thing, name, globs={})
+    if not tests:  # of C functions and ufuncs
+        tests = [doctest.DocTestParser().get_doctest(thing.__doc__, {}, name, None, None)]
+    assert tests[0].examples, "a docstring without an example"
+    runner = doctest.DocTestRunner(verbose=False)
+    for test in tests:
+        runner.run(test)
+    assert runner.failures == 0
+
+
+@pytest.mark.parametrize("name", UFUNCS)
+def test_docstrings_have_numpys_sections(name):
+    text = getattr(orvik, name).__doc__
+    for section in ("Parameters", "Returns", "See Also", "Notes", "Examples"):
+        assert f"{section}\n{'-' * len(section)}\n" in text
+    described = re.search(r"^Returns.*?(?=^See Also)", text, re.MULTILINE | re.DOTALL)[0]
+    assert len(re.findall(r"^y\d? : ", described, re.MULTILINE)) == getattr(orvik, name).nout
+
+
+def test_stubs_have_all_names():
+    names = {"__version__"}
+    for stub in ("__init__.pyi", "_math.pyi"):
+        for node in ast.walk(ast.parse((FOLDER / stub).read_text())):
+            if isinstance(node, ast.AnnAssign):
+                names.add(node.target.id)
+            elif isinstance(node, (ast.FunctionDef, ast.ClassDef)):
+                names.add(node.name)
+            elif isinstance(node, ast.ImportFrom):
+                names.update(alias.asname or alias.name for alias in node.names)
+    assert set(orvik.__all__) <= names
+    assert (FOLDER / "py.typed").exists()

@@ -16,6 +16,11 @@ struct Extent {
 
 // False where n elements of that size and step fit in no memory. n > 0.
 inline bool find_extent(const void* start, int64_t step, int32_t size, int64_t n, Extent* extent) {
+  if (step == 1 && n < kAddressSpace / 16) [[likely]] {
+    extent->low = reinterpret_cast<uint64_t>(start);
+    extent->high = extent->low + static_cast<uint64_t>(n * size);
+    return extent->low < extent->high;
+  }
   if (n > kAddressSpace || step > kAddressSpace || step < -kAddressSpace) {
     if (n > 1 || n > kAddressSpace) return false;
     step = 0;

@@ -1,0 +1,76 @@
+#include "math/flags.h"
+
+#include <cmath>
+#include <cstdlib>
+
+#include "lanes/control.h"
+
+namespace orvik::python {
+namespace {
+
+constexpr int64_t kReports = 64;
+
+// The flag of an exceptional element as NumPy has it: poles of powers, which the kernels count as outside the domain or as
+// overflow, divide by zero; 0 / 0, a pole to them, is invalid; a NaN that an argument brought raises nothing.
+uint32_t flag_of(const orvik_report& report) {
+  for (int part = 0; part < 2; ++part) {
+    if (std::isnan(report.a[part]) || std::isnan(report.b[part])) return 0;
+  }
+  const bool nan = std::isnan(report.r[0]) || std::isnan(report.r[1]);
+  const bool infinite = std::isinf(report.r[0]) || std::isinf(report.r[1]);
+  const bool zero = report.a[0] == 0 && report.a[1] == 0;
+  switch (report.code) {
+    case ORVIK_DOMAIN:
+      return infinite && !nan ? kDivideByZeroFlag : kInvalidFlag;
+    case ORVIK_SINGULARITY:
+      return nan ? kInvalidFlag : kDivideByZeroFlag;
+    case ORVIK_OVERFLOW:
+      return zero ? kDivideByZeroFlag : kOverflowFlag;
+    default:
+      return kUnderflowFlag;
+  }
+}
+
+uint32_t flags_of(const orvik_report* reports, int64_t count) {
+  uint32_t flags = 0;
+  for (int64_t k = 0; k < count; ++k) flags |= flag_of(reports[k]);
+  return flags;
+}
+
+// Those of all elements where more were reported than fitted: the call once more, with room for all of them. Its arguments
+// are gone where a result took their place; then those of the first have to do.
+uint32_t flags_of_all(const Loop& loop, int64_t n, char* const* at, const int64_t* increments, const void* parameters,
+                      orvik_math_options options) {
+  for (int k = 0; k < loop.inputs; ++k) {
+    for (int r = loop.inputs; r < loop.inputs + loop.results; ++r) {
+      if (at[k] == at[r]) return 0;
+    }
+  }
+  const int64_t capacity = options.report_count;
+  auto* const reports = static_cast<orvik_report*>(std::malloc(static_cast<size_t>(capacity) * sizeof(orvik_report)));
+  if (reports == nullptr) return 0;
+  options.reports = reports;
+  options.report_capacity = capacity;
+  uint32_t flags = 0;
+  if (loop.call(n, at, increments, parameters, &options) > 0) flags = flags_of(reports, capacity);
+  std::free(reports);
+  return flags;
+}
+
+}  // namespace
+
+orvik_status call_with_flags(const Loop& loop, int64_t n, char* const* at, const int64_t* increments, const void* parameters) {
+  orvik_report reports[kReports];
+  orvik_math_options options = {accuracy, 0, reports, kReports, 0};
+  const uint32_t before = loop.selects ? read_control() : 0;
+  const orvik_status status = loop.call(n, at, increments, parameters, &options);
+  if (status > 0) [[unlikely]] {
+    uint32_t flags = flags_of(reports, options.report_count < kReports ? options.report_count : kReports);
+    if (options.report_count > kReports) flags |= flags_of_all(loop, n, at, increments, parameters, options);
+    write_control(read_control() | flags);
+  }
+  if (loop.selects) write_control((read_control() & ~kInvalidFlag) | (before & kInvalidFlag));
+  return status;
+}
+
+}  // namespace orvik::python

@@ -26,8 +26,3 @@ class Stream:
 
     def __del__(self):
         front.orvik_stream_delete(self._stream)
-
-
-def one_thread():
-    """Leaves all work to the caller's thread."""
-    front.orvik_set_num_threads(1)

@@ -11,7 +11,8 @@ Examples
 [0, 1, 2, 3]
 """
 from . import _generators
+from ._bit_generator import BitGenerator, Family
 from ._generators import (ARS5, MCG31M1, MCG59, MRG32K3A, MT19937, MT2203, NIEDERREITER, PHILOX4X32X10, R250, SFMT19937, SOBOL,
-                          TRNG, WH)
+                          TRNG, WH, Points)
 
-__all__ = list(_generators.__all__)
+__all__ = [*_generators.__all__, "BitGenerator", "Family", "Points"]

@@ -164,7 +164,7 @@ class TRNG(BitGenerator):
     _words = 1
 
 
-class _Points(BitGenerator):
+class Points(BitGenerator):
     """A sequence of points in several dimensions, coordinate after coordinate."""
 
     _sequence_of_points = True
@@ -184,7 +184,7 @@ class _Points(BitGenerator):
         raise TypeError("points are one sequence: they have no children")
 
 
-class SOBOL(_Points):
+class SOBOL(Points):
     """The points of Sobol (1967), in the order of Antonov and Saleev (1979), without the origin.
 
     Parameters
@@ -204,7 +204,7 @@ class SOBOL(_Points):
     _number = _random.SOBOL
 
 
-class NIEDERREITER(_Points):
+class NIEDERREITER(Points):
     """The points of Niederreiter (1988) in base 2, without the origin.
 
     Parameters

@@ -1,7 +1,7 @@
 """Values of every loop of every ufunc at each level of accuracy, beside NumPy's in long double and SciPy's in double."""
 import numpy as np
 import pytest
-from arguments import REAL, SPECIAL, UFUNCS, arguments, loops, reference
+from arguments import COMPLEX, REAL, SPECIAL, UFUNCS, arguments, loops, reference
 
 import orvik
 
@@ -59,16 +59,32 @@ def test_the_levels_differ_where_the_kernels_do():
     assert not np.array_equal(results["HA"], results["LA"])
 
 
-@pytest.mark.parametrize("dtype", REAL)
-def test_reductions_are_those_of_their_order(dtype):
-    x = np.random.default_rng(5).uniform(0.5, 1.5, 50).astype(dtype)
-    total = dtype(0)
-    for v in x:
-        total = dtype(total + v)
-    assert orvik.add.reduce(x) == total
-    assert np.array_equal(orvik.add.accumulate(x)[-1], total)
-    assert orvik.add.reduce(np.empty(0, dtype)) == 0
-    assert orvik.multiply.reduce(np.empty(0, dtype)) == 1
-    assert orvik.fmax.reduce(x) == x.max()
-    assert orvik.fmin.reduce(x.reshape(5, 10), axis=(0, 1)) == x.min()
-    assert np.allclose(orvik.hypot.reduce(x), np.sqrt(np.sum(x.astype(float) ** 2)), rtol=1e-5)
+@pytest.mark.parametrize("dtype", REAL + COMPLEX)
+@pytest.mark.parametrize("n", [0, 1, 2, 3, 50, 255, 256, 257, 511, 1000, 100_003])
+def test_reductions(n, dtype):
+    x = np.random.default_rng(n).uniform(0.999, 1.001, n).astype(dtype)
+    step = np.repeat(x, 3)[::3]
+    close = dict(rtol=2e-6 if np.dtype(dtype).name in ("float32", "complex64") else 1e-13)
+    wide = x.astype(np.clongdouble)
+    for v in (x, x[::-1], step):
+        np.testing.assert_allclose(orvik.add.reduce(v), wide.sum(), **close)
+        np.testing.assert_allclose(orvik.multiply.reduce(v), wide.prod(), rtol=close["rtol"] * (1 + np.sqrt(n)))
+        np.testing.assert_allclose(orvik.add.reduce(v, initial=2.5, where=v.real > 1), 2.5 + wide[wide.real > 1].sum(),
+                                   rtol=close["rtol"] * (1 + np.sqrt(n)))  # NumPy hands on the runs of a mask one by one
+    if dtype in REAL and n > 0:
+        for v in (x, x[::-1], step):
+            assert orvik.fmax.reduce(v) == orvik.maxmag.reduce(-v) * -1 == x.max()
+            assert orvik.fmin.reduce(v) == orvik.minmag.reduce(v) == x.min()
+            np.testing.assert_allclose(orvik.hypot.reduce(v), np.sqrt((wide.real**2).sum()).astype(float), **close)
+    if n % 2 == 0:
+        pairs = x.reshape(-1, 2)
+        for axis in (0, 1, (0, 1)):
+            np.testing.assert_allclose(orvik.add.reduce(pairs, axis=axis), wide.reshape(-1, 2).sum(axis=axis), **close)
+
+
+def test_reductions_that_keep_the_order():
+    x = np.array([100.0, 2.0, 5.0, 4.0])
+    assert orvik.divide.reduce(x) == 2.5
+    assert orvik.subtract.reduce(x) == 89
+    assert orvik.add.accumulate(x).tolist() == [100, 102, 107, 111]
+    assert orvik.power.reduce(np.array([2.0, 3.0, 2.0])) == 64

@@ -235,6 +235,8 @@ def make_source():
             loops += [f"real_order({loop})" for loop in loops]
         if function in EXCHANGED:
             loops = [f"exchanged({loop})" for loop in loops]
+        if name.identity != "none":
+            loops = [f"reordering({loop})" for loop in loops]
         if function in SELECTING:
             loops = [f"selecting({loop})" for loop in loops]
         out.append(f"constexpr Loop {name.name}_loops[] = {{{', '.join(loops)}}};")

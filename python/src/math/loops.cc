@@ -47,6 +47,17 @@ bool results_meet_inputs(const Loop& loop, int64_t n, const Arrays& x) {
   return false;
 }
 
+template <int bytes>
+void copy(int64_t n, char* to, int64_t to_step, const char* from, int64_t from_step) {
+  for (int64_t i = 0; i < n; ++i) std::memcpy(to + i * to_step, from + i * from_step, bytes);
+}
+// n elements of any size, step by step.
+void copy(int bytes, int64_t n, char* to, int64_t to_step, const char* from, int64_t from_step) {
+  bytes == 4   ? copy<4>(n, to, to_step, from, from_step)
+  : bytes == 8 ? copy<8>(n, to, to_step, from, from_step)
+               : copy<16>(n, to, to_step, from, from_step);
+}
+
 // Through memory of our own, `block` elements at a time: steps that are no multiple of an element, as of complex numbers in
 // records. With blocks of one each element sees what earlier ones wrote, as in reductions, running results, and arrays that
 // lie across each other.
@@ -56,17 +67,41 @@ orvik_status through_memory(const Loop& loop, int64_t n, Arrays x, const void* p
   for (int k = 0; k < kMostArrays; ++k) at[k] = memory[k];
   while (n > 0) {
     const int64_t part = std::min(n, block);
-    for (int k = 0; k < loop.inputs; ++k) {
-      for (int64_t i = 0; i < part; ++i) std::memcpy(at[k] + i * loop.bytes[k], x.at[k] + i * x.step[k], loop.bytes[k]);
-    }
+    for (int k = 0; k < loop.inputs; ++k) copy(loop.bytes[k], part, at[k], loop.bytes[k], x.at[k], x.step[k]);
     if (const orvik_status status = call_with_flags(loop, part, at, nullptr, parameters); status < 0) return status;
-    for (int k = loop.inputs; k < count_of(loop); ++k) {
-      for (int64_t i = 0; i < part; ++i) std::memcpy(x.at[k] + i * x.step[k], at[k] + i * loop.bytes[k], loop.bytes[k]);
-    }
+    for (int k = loop.inputs; k < count_of(loop); ++k) copy(loop.bytes[k], part, x.at[k], x.step[k], at[k], loop.bytes[k]);
     for (int k = 0; k < count_of(loop); ++k) x.at[k] += part * x.step[k];
     n -= part;
   }
   return ORVIK_SUCCESS;
+}
+
+// NumPy's reduction of n elements, whose first argument is its result: as many running results as a block has elements, and
+// these in halves.
+orvik_status reduce(const Loop& loop, int64_t n, const Arrays& x) {
+  const int bytes = loop.bytes[0];
+  const int64_t block = std::min(n, kBlock);
+  alignas(64) char running[kBlock * kWidest], next[kBlock * kWidest];
+  const auto join = [&](char* a, char* b, int64_t count) {  // to a
+    char* const at[] = {a, b, a};
+    return call_with_flags(loop, count, at, nullptr, nullptr);
+  };
+  copy(bytes, block, running, bytes, x.at[1], x.step[1]);
+  orvik_status status = ORVIK_SUCCESS;
+  for (int64_t first = block; first < n && status >= 0; first += block) {
+    const int64_t count = std::min(block, n - first);
+    char* more = x.at[1] + first * x.step[1];
+    if (x.step[1] != bytes) {
+      copy(bytes, count, next, bytes, more, x.step[1]);
+      more = next;
+    }
+    status = join(running, more, count);
+  }
+  for (int64_t left = block; left > 1 && status >= 0; left -= left / 2) {
+    const int64_t half = left / 2;
+    status = join(running, running + (left - half) * bytes, half);
+  }
+  return status < 0 ? status : join(x.at[2], running, 1);
 }
 
 orvik_status run(const Loop& loop, int64_t n, const Arrays& x, const void* parameters) {
@@ -189,7 +224,8 @@ void run_loop(char** operands, const ptrdiff_t* dimensions, const ptrdiff_t* ste
       std::swap(x.at[1], x.at[2]);
       std::swap(x.step[1], x.step[2]);
     }
-    status = run(loop, n, x, nullptr);
+    const bool reduces = loop.reorders && n > 1 && x.at[0] == x.at[2] && x.step[0] == 0 && x.step[2] == 0;
+    status = reduces ? reduce(loop, n, x) : run(loop, n, x, nullptr);
   } else if (loop.parameters == Parameters::kFraction) {
     status = with_fraction(loop, n, operands, steps);
   } else {

@@ -27,6 +27,7 @@ struct Loop {
   Parameters parameters;
   bool swapped;                  // the results the other way round
   bool selects;                  // hands numbers on: a NaN raises nothing, as in NumPy
+  bool reorders;                 // a reduction may be computed in any order
 };
 
 // The level of this thread's calls.
@@ -57,7 +58,7 @@ struct Of<unit, strided> {
     auto* const r = reinterpret_cast<R*>(at[1]);
     return inc == nullptr ? unit(n, a, r, o) : strided(n, a, inc[0], r, inc[1], o);
   }
-  static constexpr Loop loop = {call, 1, 1, {sizeof(A), sizeof(R)}, {kType<A>, kType<R>}, Parameters::kNone, false, false};
+  static constexpr Loop loop = {call, 1, 1, {sizeof(A), sizeof(R)}, {kType<A>, kType<R>}, Parameters::kNone, false, false, false};
 };
 
 template <class T, orvik_status (*unit)(int64_t, const T*, const T*, T*, orvik_math_options*), auto strided>
@@ -68,7 +69,7 @@ struct Of<unit, strided> {
     return inc == nullptr ? unit(n, a, b, r, o) : strided(n, a, inc[0], b, inc[1], r, inc[2], o);
   }
   static constexpr char t = kType<T>;
-  static constexpr Loop loop = {call, 2, 1, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone, false, false};
+  static constexpr Loop loop = {call, 2, 1, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone, false, false, false};
 };
 
 template <class T, orvik_status (*unit)(int64_t, const T*, T*, T*, orvik_math_options*), auto strided>
@@ -79,7 +80,7 @@ struct Of<unit, strided> {
     return inc == nullptr ? unit(n, a, r1, r2, o) : strided(n, a, inc[0], r1, inc[1], r2, inc[2], o);
   }
   static constexpr char t = kType<T>;
-  static constexpr Loop loop = {call, 1, 2, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone, false, false};
+  static constexpr Loop loop = {call, 1, 2, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone, false, false, false};
 };
 
 template <class T, orvik_status (*unit)(int64_t, int32_t, const T*, T*, orvik_math_options*), auto strided>
@@ -91,7 +92,7 @@ struct Of<unit, strided> {
     return inc == nullptr ? unit(n, k, a, r, o) : strided(n, k, a, inc[0], r, inc[1], o);
   }
   static constexpr char t = kType<T>;
-  static constexpr Loop loop = {call, 1, 1, {sizeof(T), sizeof(T)}, {'l', t, t}, Parameters::kOrder, false, false};
+  static constexpr Loop loop = {call, 1, 1, {sizeof(T), sizeof(T)}, {'l', t, t}, Parameters::kOrder, false, false, false};
 };
 
 template <class T, orvik_status (*unit)(int64_t, const T*, const T*, T, T, T, T, T*, orvik_math_options*), auto strided>
@@ -105,10 +106,11 @@ struct Of<unit, strided> {
   }
   static constexpr char t = kType<T>;
   static constexpr Loop loop = {call, 2, 1, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t, t, t, t, t},
-                                Parameters::kFraction, false, false};
+                                Parameters::kFraction, false, false, false};
 };
 
-// The same loop with orders as floating-point numbers; with its two results exchanged; of a function that selects.
+// The same loop with orders as floating-point numbers; with its two results exchanged; of a function that may be
+// reordered; of one that selects.
 constexpr Loop real_order(Loop loop) {
   loop.types[0] = loop.types[1];
   loop.parameters = Parameters::kRealOrder;
@@ -116,6 +118,10 @@ constexpr Loop real_order(Loop loop) {
 }
 constexpr Loop exchanged(Loop loop) {
   loop.swapped = true;
+  return loop;
+}
+constexpr Loop reordering(Loop loop) {
+  loop.reorders = true;
   return loop;
 }
 constexpr Loop selecting(Loop loop) {

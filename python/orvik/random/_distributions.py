@@ -4,7 +4,7 @@ import operator
 
 import numpy as np
 
-from ._output import INTEGERS, REALS, array_for, result_of, type_of
+from ._output import INTEGERS, REALS, array_for, type_of
 
 _METHODS = {"box-muller": 0, "box-muller-pairs": 1, "inverse": 2}
 
@@ -21,15 +21,17 @@ class Distributions:
 
     def _real(self, name, size, dtype, out, *parameters):
         array = array_for(size, type_of(dtype, REALS, name), out)
+        draw = getattr(self._stream, name)
         with self.lock:
-            getattr(self._stream, name)(array, *parameters)
-        return result_of(array, size, out)
+            draw(array, *parameters)
+        return array if out is not None or size is not None else array.item()
 
     def _integer(self, name, size, dtype, out, *parameters):
         array = array_for(size, type_of(dtype, INTEGERS, name), out)
+        draw = getattr(self._stream, name)
         with self.lock:
-            getattr(self._stream, name)(array, *parameters)
-        return result_of(array, size, out)
+            draw(array, *parameters)
+        return array if out is not None or size is not None else array.item()
 
     # ---- Real numbers
 
@@ -192,7 +194,7 @@ class Distributions:
         array = array_for(size, np.dtype(np.uint32), out)
         with self.lock:
             self._stream.words(array)
-        return result_of(array, size, out)
+        return array if out is not None or size is not None else array.item()
 
 
 def _method(name):

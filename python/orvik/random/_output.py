@@ -17,6 +17,8 @@ def type_of(dtype, types, name):
 
 def array_for(size, dtype, out, last=()):
     """The array to fill: `out` after checks, or a new one of `size` (one number for None) and the dimensions `last`."""
+    if out is not None and size is None and type(out) is np.ndarray and out.dtype is dtype and not last and out.flags.carray:
+        return out  # as most are
     if out is None:
         if type(size) is int and not last:
             return np.empty(size, dtype)
@@ -37,8 +39,3 @@ def array_for(size, dtype, out, last=()):
     elif last and out.shape[-len(last):] != last:
         raise ValueError("the last dimensions of out must be those of one draw")
     return out
-
-
-def result_of(array, size, out):
-    """A number where nothing was said of an array."""
-    return array.item() if size is None and out is None and array.ndim == 0 else array if out is None else out

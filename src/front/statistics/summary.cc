@@ -134,6 +134,10 @@ Part<T> packed(const Part<T>& part, T* room) {
   }
   for (int64_t j = 0; j < part.p; ++j) {
     T* to = room + j * kept;
+    if (kept == part.n && part.layout == ORVIK_ROWS) {
+      std::memcpy(to, part.x + j * part.all + part.first, static_cast<size_t>(kept) * sizeof(T));
+      continue;
+    }
     for (int64_t i = 0; i < part.n; ++i) {
       if (weights == nullptr || weights[i] != 0) *to++ = at(i, j);
     }
@@ -170,17 +174,19 @@ orvik_status update(void* s, int64_t n, const T* x, int32_t layout, const T* wei
   const bool pack = zeros || (layout == ORVIK_ROWS && p > 1 && blocks > 1);
   const int64_t room_of_one = results + (pack ? (p + 1) * block : 0);
   const serv::Block<double> states(static_cast<uint64_t>(state_size * (together + 1)));
-  const serv::Block<T> scratch(static_cast<uint64_t>(room_of_one * together));
+  // A room a thread, which stays in its cache.
+  const int32_t limit = thread_limit(), threads = together < limit ? together : limit;
+  const serv::Block<T> scratch(static_cast<uint64_t>(room_of_one * threads));
   if (!states || !scratch) return ORVIK_ERROR_NO_MEMORY;
   Moments whole(p, states.get() + together * state_size);
   whole.clear();
   for (int64_t done = 0; done < blocks; done += together) {
     const auto now = static_cast<int32_t>(blocks - done < together ? blocks - done : together);
     int32_t statuses[kTogether];
-    for_each_item(now, thread_limit(), [&](int32_t k) {
+    for_each_item(now, threads, [&](int32_t k, int32_t participant) {
       const int64_t first = (done + k) * block;
       Part<T> part = {n, p, first, n - first < block ? n - first : block, x, layout, weights};
-      T* const room = scratch.get() + k * room_of_one;
+      T* const room = scratch.get() + participant * room_of_one;
       if (pack) part = packed(part, room + results);
       Moments state(p, states.get() + k * state_size);
       statuses[k] = summarise(part, room, state);

@@ -13,7 +13,7 @@ sys.path[1:1] = [str(ROOT / "build/release/python"), str(ROOT / "tests/python"),
 import measure  # noqa: E402
 import table  # noqa: E402
 
-# A section is a module here with TITLE, NOTE, cases(only), GOALS by (group, label), LEAST by the same, and maybe SHORT.
+# A section is a module here with TITLE, NOTE, cases(only), GOALS by (group, label), LEAST by the same, and maybe SHORT, PLOT.
 SECTIONS = ["ufuncs", "classes"]
 SIZE_NAMES = {100: "100", 10_000: "10^4", 1_000_000: "10^6"}
 
@@ -58,6 +58,11 @@ def summary_of(section, timed):
     return out, misses
 
 
+def plot_of(section):
+    """What tools/plots/plots.py draws of a section."""
+    return [f"![{section.PLOT[1]}]({section.PLOT[0]})", ""] if hasattr(section, "PLOT") else []
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("machine")
@@ -69,7 +74,8 @@ def main():
     print("\n".join([
         "# Speed of the Python package", "", "Generated from one run; do not edit. To repeat it, on a machine that does nothing else:", "",
         "```sh", "cmake --build --preset release --target orvik_python",
-        f"/usr/bin/python3 bench/python/page.py \"{options.machine}\" > docs/performance-python.md", "```", "",
+        f"/usr/bin/python3 bench/python/page.py \"{options.machine}\" > docs/performance-python.md",
+        "tools/plots/plots.py python", "```", "",
         f"Machine: {options.machine}. NumPy {numpy.__version__}, SciPy {scipy.__version__}.", "",
         "Times are nanoseconds of one value, the call included, minima of rounds in which the candidates take turns. Other figures are",
         "ratios to the peer: above 1 orvik is faster."]))
@@ -81,7 +87,7 @@ def main():
             print(case.name, case.n, f"{timed[-1].theirs:.3g}", {k: round(timed[-1].theirs / v, 2) for k, v in timed[-1].ours.items()},
                   file=sys.stderr)
         summary, misses = summary_of(section, timed)
-        print("\n".join(["", f"## {section.TITLE}", "", section.NOTE, "", *table.markdown(summary), "", *table.shortfalls(misses), "",
+        print("\n".join(["", f"## {section.TITLE}", "", section.NOTE, "", *plot_of(section), *table.markdown(summary), "", *table.shortfalls(misses), "",
                          *table.markdown(list(rows_of(timed)))]))
 
 

@@ -13,6 +13,7 @@ VECTOR, SCALAR = "NumPy has vector loops", "one element at a time"
 GOALS = {(VECTOR, "LA"): 1.4, (VECTOR, "HA"): 1.1, (SCALAR, "LA"): 5.0}
 LEAST = {(VECTOR, "LA"): 1.0}  # of each row
 SHORT = 100  # elements at which no call may be slower than NumPy's
+PLOT = ("plots/python.svg", "How many times as fast as NumPy or SciPy")
 NOTE = "Ranges of the arguments: `RANGES` in `tests/python/arguments.py`. One thread; the output is given."
 
 # NumPy 1.24 on a processor with 512-bit vectors (numpy/core/code_generators/generate_umath.py names the loops).

@@ -2,7 +2,9 @@
 import ast
 import doctest
 import pathlib
+import pickle
 import re
+import shutil
 import subprocess
 import sys
 
@@ -93,3 +95,22 @@ def test_the_table_of_names_is_up_to_date(tmp_path):
     copy.write_text(page.read_text())
     subprocess.run([sys.executable, ROWS, "names", copy], check=True)
     assert copy.read_text() == page.read_text(), "run tools/rows/python.py names docs/python.md"
+
+
+@pytest.mark.parametrize("name", UFUNCS)
+def test_ufuncs_are_pickled_by_name(name):
+    assert pickle.loads(pickle.dumps(getattr(orvik, name))) is getattr(orvik, name)
+
+
+def test_star_import_gives_the_names_without_touching_others():
+    code = "import numpy, orvik; before = set(globals()); from orvik import *; assert exp is orvik.exp; assert 'np' not in globals()"
+    subprocess.run([sys.executable, "-c", code], check=True)
+
+
+def test_a_processor_without_the_instructions_makes_it_an_import_error():
+    qemu = shutil.which("qemu-x86_64")
+    if not qemu:
+        pytest.skip("no qemu-x86_64 here")
+    code = "try:\n import orvik\nexcept ImportError as error:\n print('refused:', error)"
+    done = subprocess.run([qemu, "-cpu", "Nehalem", sys.executable, "-c", code], capture_output=True, text=True, check=True, timeout=300)
+    assert re.search("refused: The processor lacks .*AVX2", done.stdout)

@@ -168,6 +168,9 @@ struct C;
     static constexpr auto sort = orvik_##d##_sort;                                       \
     static constexpr auto weighted_median = orvik_##d##_weighted_median;                 \
     static constexpr auto mad = orvik_##d##_mad;                                         \
+    static constexpr auto outliers = orvik_##d##_outliers;                               \
+    static constexpr auto robust_covariance = orvik_##d##_robust_covariance;             \
+    static constexpr auto impute = orvik_##d##_impute;                                   \
     static constexpr auto spline_new = orvik_##d##_spline_new;                           \
     static constexpr auto spline_new_uniform = orvik_##d##_spline_new_uniform;           \
     static constexpr auto spline_evaluate = orvik_##d##_spline_evaluate;                 \
@@ -359,6 +362,24 @@ inline void hypergeometric(Stream& s, std::span<std::int32_t> r, std::int32_t l,
                            std::int32_t marked) {
   detail::check(orvik_i_hypergeometric(s.get(), detail::length(r.size()), r.data(), l, sample, marked));
 }
+inline void negbinomial(Stream& s, std::span<std::int32_t> r, double a, double p) {
+  detail::check(orvik_i_negbinomial(s.get(), detail::length(r.size()), r.data(), a, p));
+}
+inline void poisson(Stream& s, std::span<std::int32_t> r, double lambda,
+                    std::uint32_t method = ORVIK_POISSON_REJECTION) {
+  detail::check(orvik_i_poisson(s.get(), detail::length(r.size()), r.data(), lambda, method));
+}
+inline void poissonv(Stream& s, std::span<std::int32_t> r, std::span<const double> lambda) {
+  detail::check(orvik_i_poissonv(s.get(), detail::same_size(r.size(), lambda.size()), r.data(), lambda.data()));
+}
+// As many rows of p.size() counts as fit r.
+inline void multinomial(Stream& s, std::span<std::int32_t> r, std::int32_t ntrial, std::span<const double> p,
+                        std::uint32_t method = ORVIK_MULTINOMIAL_SEQUENTIAL) {
+  const std::size_t k = p.size();
+  if (k == 0 || k > 0x7FFFFFFF || r.size() % k != 0) throw Error(ORVIK_ERROR_BAD_LENGTH);
+  detail::check(orvik_i_multinomial(s.get(), detail::length(r.size() / k), r.data(), ntrial,
+                                    static_cast<std::int32_t>(k), p.data(), method));
+}
 
 // ---- Statistics
 // ------------------------------------------------------------------------------------------------------
@@ -468,15 +489,58 @@ std::vector<T> mad(std::span<const T> x, std::int64_t n, std::int64_t p, Layout 
   detail::check(detail::C<T>::mad(n, p, x.data(), static_cast<std::int32_t>(layout), r.data()));
   return r;
 }
-#define ORVIK_FRONT_OF_VECTOR(name)                                                                                  \
-  template <Real T, class... More>                                                                                   \
-  std::vector<T> name(const std::vector<T>& x, std::int64_t n, std::int64_t p, Layout layout, const More&... more) { \
-    return name<T>(std::span<const T>(x), n, p, layout, std::span<const T>(more)...);                                \
+// 1 for an outlier, else 0.
+template <Real T>
+std::vector<std::int8_t> outliers(std::span<const T> x, std::int64_t n, std::int64_t p, Layout layout,
+                                  std::type_identity_t<T> alpha = T(0.05)) {
+  detail::check_data(x, n, p);
+  std::vector<std::int8_t> r(static_cast<std::size_t>(n));
+  detail::check(detail::C<T>::outliers(n, p, x.data(), static_cast<std::int32_t>(layout), alpha, r.data()));
+  return r;
+}
+// A mean, and a covariance of p * p.
+template <Real T>
+struct MeanAndCovariance {
+  std::vector<T> mean, covariance;
+};
+template <Real T>
+MeanAndCovariance<T> robust_covariance(std::span<const T> x, std::int64_t n, std::int64_t p, Layout layout) {
+  detail::check_data(x, n, p);
+  const auto size = static_cast<std::size_t>(n > 2 * p ? p : 1);  // no room for what is refused
+  MeanAndCovariance<T> r = {std::vector<T>(size), std::vector<T>(size * size)};
+  detail::check(detail::C<T>::robust_covariance(n, p, x.data(), static_cast<std::int32_t>(layout), r.mean.data(),
+                                                r.covariance.data()));
+  return r;
+}
+// Completed data, set after set.
+template <Real T>
+std::vector<T> impute(std::span<const T> x, std::int64_t n, std::int64_t p, Layout layout, std::int64_t sets = 1) {
+  detail::check_data(x, n, p);
+  constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max() / 16;  // bytes of r can be counted
+  if (sets < 0 || (!x.empty() && sets > most / detail::length(x.size()))) throw Error(ORVIK_ERROR_BAD_LENGTH);
+  std::vector<T> r(x.size() * static_cast<std::size_t>(sets));
+  detail::check(detail::C<T>::impute(n, p, x.data(), static_cast<std::int32_t>(layout), sets, r.data()));
+  return r;
+}
+template <Real T>
+std::vector<std::int8_t> outliers(const std::vector<T>& x, std::int64_t n, std::int64_t p, Layout layout,
+                                  std::type_identity_t<T> alpha = T(0.05)) {
+  return outliers<T>(std::span<const T>(x), n, p, layout, alpha);
+}
+template <Real T>
+std::vector<T> impute(const std::vector<T>& x, std::int64_t n, std::int64_t p, Layout layout, std::int64_t sets = 1) {
+  return impute<T>(std::span<const T>(x), n, p, layout, sets);
+}
+#define ORVIK_FRONT_OF_VECTOR(name)                                                                        \
+  template <Real T, class... More>                                                                         \
+  auto name(const std::vector<T>& x, std::int64_t n, std::int64_t p, Layout layout, const More&... more) { \
+    return name<T>(std::span<const T>(x), n, p, layout, std::span<const T>(more)...);                      \
   }
 ORVIK_FRONT_OF_VECTOR(quantiles)
 ORVIK_FRONT_OF_VECTOR(sort)
 ORVIK_FRONT_OF_VECTOR(weighted_median)
 ORVIK_FRONT_OF_VECTOR(mad)
+ORVIK_FRONT_OF_VECTOR(robust_covariance)
 #undef ORVIK_FRONT_OF_VECTOR
 
 // Quantiles of what is fed block by block, ranks off by epsilon n at most.

@@ -154,6 +154,47 @@ TEST(CxxStream, DrawsAllDistributions) {
   EXPECT_EQ(thrown([&] { orvik::multivariate_normal(s, d, mean, deviations); }), ORVIK_ERROR_BAD_LENGTH);
 }
 
+// A distribution and its form for threads, over one stream each.
+#define EXPECT_SAME_OVER_THREADS(name, ...)                                                     \
+  do {                                                                                          \
+    orvik::Stream one(orvik::Generator::MRG32K3A, 3), many = one.copy();                        \
+    orvik::name(one, want __VA_OPT__(, ) __VA_ARGS__);                                          \
+    orvik::name##_threads(many, got __VA_OPT__(, ) __VA_ARGS__, 3);                             \
+    EXPECT_EQ(want, got) << #name;                                                              \
+    EXPECT_EQ(one(), many()) << #name;                                                          \
+    EXPECT_EQ(thrown([&] { orvik::name##_threads(many, got __VA_OPT__(, ) __VA_ARGS__, -1); }), \
+              ORVIK_ERROR_BAD_PARAMETER);                                                       \
+  } while (false)
+
+template <class T>
+void real_draws_over_threads() {
+  std::vector<T> want(1000), got(1000);
+  EXPECT_SAME_OVER_THREADS(uniform, 1, 2);
+  EXPECT_SAME_OVER_THREADS(normal, 1, 2);
+  EXPECT_SAME_OVER_THREADS(gaussian, 1, 2, ORVIK_GAUSSIAN_BOX_MULLER);
+  EXPECT_SAME_OVER_THREADS(cauchy, 1, 2);
+  EXPECT_SAME_OVER_THREADS(exponential, 1, 2);
+  EXPECT_SAME_OVER_THREADS(gumbel, 1, 2);
+  EXPECT_SAME_OVER_THREADS(laplace, 1, 2);
+  EXPECT_SAME_OVER_THREADS(rayleigh, 1, 2);
+  EXPECT_SAME_OVER_THREADS(weibull, 2, 1, 2);
+  EXPECT_SAME_OVER_THREADS(lognormal, 1, 2, 0, 1, 1u);
+}
+
+TEST(CxxStream, DrawsTheSameOverThreads) {
+  real_draws_over_threads<double>();
+  real_draws_over_threads<float>();
+  std::vector<std::int32_t> want(1000), got(1000);
+  EXPECT_SAME_OVER_THREADS(uniform, 1, 20);
+  EXPECT_SAME_OVER_THREADS(bernoulli, 0.4);
+  EXPECT_SAME_OVER_THREADS(geometric, 0.4);
+}
+
+TEST(CxxStream, DrawsTheSameWordsOverThreads) {
+  std::vector<std::uint32_t> want(1000), got(1000);
+  EXPECT_SAME_OVER_THREADS(words);
+}
+
 TEST(CxxSummary, FeedsMergesAndSaves) {
   const std::vector<double> x = {1, 2, 3, 4, 2, 4, 6, 9};
   orvik::Summary<double> s(2), t(2);

@@ -50,6 +50,6 @@ print("\n".join([
     *table.markdown(summaries), "",
     "The last column: how many observations, fed in blocks of 20,000, take as long as a merge.", "",
     f"How far it carries: a reduction over {RANKS:,} ranks has {ROUNDS} rounds, for 100 variables {reduction:.2g} ms of work and {sent:.3g} KB sent each: as",
-    f"long as an update by {even:.1g} observations. The state grows with the square of the variables: at 1,000",
+    f"long as an update by some {round(even, -int(math.log10(even))):,.0f} observations. The state grows with the square of the variables: at 1,000",
     "of them it has 8 MB, and fewer, larger ranks with threads inside are the better cut.", "",
     "Stream quantiles do not merge: gather the data, or the quantiles of the ranks, on one."]))

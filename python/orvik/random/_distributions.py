@@ -136,7 +136,7 @@ class Distributions:
         dtype = type_of(dtype, REALS, "multivariate_normal")
         if (cov is None) == (factor is None):
             raise ValueError("one of cov and factor is needed")
-        mean = np.ascontiguousarray(mean, dtype)
+        mean = np.require(mean, dtype, ["C", "A"])
         if mean.ndim != 1:
             raise ValueError("mean must be 1 dimensional")
         matrix = np.asarray(cov if factor is None else factor, np.float64)
@@ -247,8 +247,8 @@ class Distributions:
         """
         if method not in ("sequential", "poisson"):
             raise ValueError(f"no such method: {method!r}")
-        pvals = np.ascontiguousarray(pvals, np.float64)
-        if pvals.ndim != 1 or pvals.size == 0:
+        pvals = np.require(pvals, np.float64, ["C", "A"])
+        if np.ndim(pvals) != 1 or pvals.size == 0:
             raise ValueError("pvals must be a vector of one probability or more")
         array = array_for(size, type_of(dtype, INTEGERS, "multinomial"), out, pvals.shape)
         with self.lock:

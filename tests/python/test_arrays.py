@@ -111,6 +111,27 @@ def test_results_across_arguments(n, shift, dtype):
         assert same_bits(one[:n][::-1], want)
 
 
+@pytest.mark.parametrize("dtype", REAL + COMPLEX)
+@pytest.mark.parametrize("n", [1, 2, 255, 1000])
+@pytest.mark.parametrize("way", [1, -1])
+def test_columns_of_one_table(dtype, n, way):
+    random = np.random.default_rng(n)
+    values = random.uniform(0.5, 2, (n, 4)).astype(dtype)
+    if values.dtype.kind == "c":
+        values.imag = random.uniform(0.5, 2, (n, 4))
+    for source, target in ((0, 1), (3, 0), (2, 3), (1, 1)):
+        table = values.copy()
+        orvik.exp(table[::way, source], out=table[::way, target])
+        want = values.copy()
+        want[:, target] = orvik.exp(values[:, source])
+        assert same_bits(table, want)
+    if dtype in REAL:
+        table = values.copy()
+        orvik.sincos(table[:, 0], out=(table[:, 1], table[:, 2]))
+        sine, cosine = orvik.sincos(values[:, 0])
+        assert same_bits(table, np.column_stack([values[:, 0], sine, cosine, values[:, 3]]))
+
+
 def test_magnitudes_into_the_parts_of_their_arguments():
     for dtype in COMPLEX:
         for n in (1, 5, 3000):

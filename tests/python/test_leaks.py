@@ -85,6 +85,7 @@ def test_a_thousand_calls_leave_nothing(what):
 
 
 def test_memory_of_the_library_is_given_back():
+    """A call with many exceptional elements takes 64 bytes for each, which the C library's heap may keep once, not 50 times."""
     x = np.full(200_000, -1.0)
     with np.errstate(all="ignore"):
         for _ in range(5):
@@ -92,7 +93,7 @@ def test_memory_of_the_library_is_given_back():
         before = resident()
         for _ in range(50):
             orvik.log(x)
-    assert resident() - before < 10_000_000
+    assert resident() - before < 5 * 64 * x.size
 
 
 def test_the_counting_sees_a_leak():

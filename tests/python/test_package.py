@@ -3,6 +3,8 @@ import ast
 import doctest
 import pathlib
 import re
+import subprocess
+import sys
 
 import numpy as np
 import pytest
@@ -68,3 +70,26 @@ def test_stubs_have_all_names():
                 names.update(alias.asname or alias.name for alias in node.names)
     assert set(orvik.__all__) <= names
     assert (FOLDER / "py.typed").exists()
+
+
+ROWS = pathlib.Path(__file__).parents[2] / "tools" / "rows" / "python.py"
+
+
+def test_names_of_numpy_and_scipy_are_theirs():
+    import importlib
+    listed = subprocess.run([sys.executable, ROWS, "list"], check=True, capture_output=True, text=True).stdout
+    names = dict(line.split() for line in listed.splitlines())
+    assert sorted(names) == UFUNCS
+    for name, peer in names.items():
+        if peer != "-":
+            module, _, function = peer.rpartition(".")
+            assert callable(getattr(importlib.import_module(module), function))
+            assert name == function or name in ("sind", "cosd", "tand")
+
+
+def test_the_table_of_names_is_up_to_date(tmp_path):
+    page = ROWS.parents[2] / "docs" / "python.md"
+    copy = tmp_path / "python.md"
+    copy.write_text(page.read_text())
+    subprocess.run([sys.executable, ROWS, "names", copy], check=True)
+    assert copy.read_text() == page.read_text(), "run tools/rows/python.py names docs/python.md"

@@ -10,8 +10,8 @@ namespace {
 
 constexpr int64_t kReports = 64;
 
-// The flag of an exceptional element as NumPy has it: poles of powers, which the kernels count as outside the domain or as
-// overflow, divide by zero; 0 / 0, a pole to them, is invalid; a NaN that an argument brought raises nothing.
+// The flag of an exceptional element as NumPy has it: poles of powers, which the kernels count as outside the domain or
+// as overflow, divide by zero; 0 / 0, a pole to them, is invalid; a NaN that an argument brought raises nothing.
 uint32_t flag_of(const orvik_report& report) {
   for (int part = 0; part < 2; ++part) {
     if (std::isnan(report.a[part]) || std::isnan(report.b[part])) return 0;
@@ -37,8 +37,8 @@ uint32_t flags_of(const orvik_report* reports, int64_t count) {
   return flags;
 }
 
-// Those of all elements where more were reported than fitted: the call once more, with room for all of them. Its arguments
-// are gone where a result took their place; then those of the first have to do.
+// Those of all elements where more were reported than fitted: the call once more, with room for all of them. Its
+// arguments are gone where a result took their place; then those of the first have to do.
 uint32_t flags_of_all(const Loop& loop, int64_t n, char* const* at, const int64_t* increments, const void* parameters,
                       orvik_math_options options) {
   for (int k = 0; k < loop.inputs; ++k) {
@@ -59,7 +59,8 @@ uint32_t flags_of_all(const Loop& loop, int64_t n, char* const* at, const int64_
 
 }  // namespace
 
-orvik_status call_with_flags(const Loop& loop, int64_t n, char* const* at, const int64_t* increments, const void* parameters) {
+orvik_status call_with_flags(const Loop& loop, int64_t n, char* const* at, const int64_t* increments,
+                             const void* parameters) {
   orvik_report reports[kReports];
   orvik_math_options options = {accuracy, 0, reports, kReports, 0};
   const uint32_t before = loop.selects ? read_control() : 0;

@@ -34,17 +34,25 @@ Range range_of(const Loop& loop, int64_t n, const Arrays& x, int k) {
   return {x.at[k] + std::min<int64_t>(way, 0), x.at[k] + std::max<int64_t>(way, 0) + loop.bytes[k]};
 }
 
-// Whether a result lies where an input lies, and not element on element.
-bool results_meet_inputs(const Loop& loop, int64_t n, const Arrays& x) {
+// Whether blocks may be read whole before any of their results is written: no result of an element lies where a later
+// element is read. Of arrays of one step that is seen: columns of a table lie beside each other, and results may lie
+// behind what is read.
+bool blocks_do(const Loop& loop, int64_t n, const Arrays& x, int result, int input) {
+  const Range written = range_of(loop, n, x, result), read = range_of(loop, n, x, input);
+  if (read.first >= written.last || written.first >= read.last) return true;
+  const int64_t step = x.step[input], size = step < 0 ? -step : step;
+  if (step != x.step[result] || size < loop.bytes[result] || size < loop.bytes[input]) return false;
+  const int64_t ahead = x.at[input] - x.at[result];
+  const int64_t beside = (ahead % size + size) % size;
+  return (step > 0 ? ahead >= 0 : ahead <= 0) || (beside >= loop.bytes[result] && size - beside >= loop.bytes[input]);
+}
+bool blocks_do(const Loop& loop, int64_t n, const Arrays& x) {
   for (int r = loop.inputs; r < count_of(loop); ++r) {
-    const Range result = range_of(loop, n, x, r);
     for (int k = 0; k < loop.inputs; ++k) {
-      const Range input = range_of(loop, n, x, k);
-      const bool same = x.at[k] == x.at[r] && x.step[k] == x.step[r] && x.step[k] != 0;
-      if (!same && input.first < result.last && result.first < input.last) return true;
+      if (!blocks_do(loop, n, x, r, k)) return false;
     }
   }
-  return false;
+  return true;
 }
 
 template <int bytes>
@@ -58,9 +66,9 @@ void copy(int bytes, int64_t n, char* to, int64_t to_step, const char* from, int
                : copy<16>(n, to, to_step, from, from_step);
 }
 
-// Through memory of our own, `block` elements at a time: steps that are no multiple of an element, as of complex numbers in
-// records. With blocks of one each element sees what earlier ones wrote, as in reductions, running results, and arrays that
-// lie across each other.
+// Through memory of our own, `block` elements at a time: steps that are no multiple of an element, as of complex
+// numbers in records. With blocks of one each element sees what earlier ones wrote, as in reductions, running results,
+// and arrays that lie across each other.
 orvik_status through_memory(const Loop& loop, int64_t n, Arrays x, const void* parameters, int64_t block) {
   alignas(64) char memory[kMostArrays][kBlock * kWidest];
   char* at[kMostArrays];
@@ -69,15 +77,16 @@ orvik_status through_memory(const Loop& loop, int64_t n, Arrays x, const void* p
     const int64_t part = std::min(n, block);
     for (int k = 0; k < loop.inputs; ++k) copy(loop.bytes[k], part, at[k], loop.bytes[k], x.at[k], x.step[k]);
     if (const orvik_status status = call_with_flags(loop, part, at, nullptr, parameters); status < 0) return status;
-    for (int k = loop.inputs; k < count_of(loop); ++k) copy(loop.bytes[k], part, x.at[k], x.step[k], at[k], loop.bytes[k]);
+    for (int k = loop.inputs; k < count_of(loop); ++k)
+      copy(loop.bytes[k], part, x.at[k], x.step[k], at[k], loop.bytes[k]);
     for (int k = 0; k < count_of(loop); ++k) x.at[k] += part * x.step[k];
     n -= part;
   }
   return ORVIK_SUCCESS;
 }
 
-// NumPy's reduction of n elements, whose first argument is its result: as many running results as a block has elements, and
-// these in halves.
+// NumPy's reduction of n elements, whose first argument is its result: as many running results as a block has elements,
+// and these in halves.
 orvik_status reduce(const Loop& loop, int64_t n, const Arrays& x) {
   const int bytes = loop.bytes[0];
   const int64_t block = std::min(n, kBlock);
@@ -120,11 +129,10 @@ orvik_status run(const Loop& loop, int64_t n, const Arrays& x, const void* param
     }
     if (whole) {
       status = call_with_flags(loop, n, x.at, increments, parameters);
-    } else if (!results_meet_inputs(loop, n, x)) {
-      return through_memory(loop, n, x, parameters, kBlock);
     }
   }
-  return status == ORVIK_ERROR_OVERLAP ? through_memory(loop, n, x, parameters, 1) : status;
+  if (status != ORVIK_ERROR_OVERLAP) return status;
+  return through_memory(loop, n, x, parameters, blocks_do(loop, n, x) ? kBlock : 1);
 }
 
 // The element's order; false where it is none that a function takes.
@@ -176,7 +184,9 @@ orvik_status by_runs(int64_t n, Same same, Run run) {
 orvik_status with_orders(const Loop& loop, int64_t n, char* const* operands, const ptrdiff_t* steps) {
   const size_t bytes = loop.types[0] == 'f' ? sizeof(float) : sizeof(int64_t);
   const auto order_at = [&](int64_t i) { return operands[0] + i * steps[0]; };
-  const auto same = [&](int64_t i, int64_t k) { return steps[0] == 0 || !std::memcmp(order_at(i), order_at(k), bytes); };
+  const auto same = [&](int64_t i, int64_t k) {
+    return steps[0] == 0 || !std::memcmp(order_at(i), order_at(k), bytes);
+  };
   return by_runs(n, same, [&](int64_t first, int64_t count) {
     const Arrays x = {{operands[1] + first * steps[1], operands[2] + first * steps[2]}, {steps[1], steps[2]}};
     int32_t order;
@@ -190,7 +200,8 @@ orvik_status with_fraction(const Loop& loop, int64_t n, char* const* operands, c
   const size_t bytes = loop.bytes[0];
   const auto same = [&](int64_t i, int64_t k) {
     for (int p = 2; p < 6; ++p) {
-      if (steps[p] != 0 && std::memcmp(operands[p] + i * steps[p], operands[p] + k * steps[p], bytes) != 0) return false;
+      if (steps[p] != 0 && std::memcmp(operands[p] + i * steps[p], operands[p] + k * steps[p], bytes) != 0)
+        return false;
     }
     return true;
   };

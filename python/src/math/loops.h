@@ -14,20 +14,20 @@ inline constexpr int kMostArrays = 3, kMostOperands = 7;
 using Call = orvik_status (*)(int64_t n, char* const* at, const int64_t* increments, const void* parameters,
                               orvik_math_options* options);
 
-// How operands that are no arrays of the front's function come: none; an order in front, integer or floating-point; scales and shifts
-// of a fraction behind the inputs.
+// How operands that are no arrays of the front's function come: none; an order in front, integer or floating-point;
+// scales and shifts of a fraction behind the inputs.
 enum class Parameters : uint8_t { kNone, kOrder, kRealOrder, kFraction };
 
 // One loop of a ufunc: a row of the front at one precision.
 struct Loop {
   Call call;
-  uint8_t inputs, results;       // arrays
-  uint8_t bytes[kMostArrays];    // of an element
-  char types[kMostOperands];     // NumPy's characters of all operands as the ufunc has them
+  uint8_t inputs, results;     // arrays
+  uint8_t bytes[kMostArrays];  // of an element
+  char types[kMostOperands];   // NumPy's characters of all operands as the ufunc has them
   Parameters parameters;
-  bool swapped;                  // the results the other way round
-  bool selects;                  // hands numbers on: a NaN raises nothing, as in NumPy
-  bool reorders;                 // a reduction may be computed in any order
+  bool swapped;   // the results the other way round
+  bool selects;   // hands numbers on: a NaN raises nothing, as in NumPy
+  bool reorders;  // a reduction may be computed in any order
 };
 
 // The level of this thread's calls.
@@ -58,7 +58,8 @@ struct Of<unit, strided> {
     auto* const r = reinterpret_cast<R*>(at[1]);
     return inc == nullptr ? unit(n, a, r, o) : strided(n, a, inc[0], r, inc[1], o);
   }
-  static constexpr Loop loop = {call, 1, 1, {sizeof(A), sizeof(R)}, {kType<A>, kType<R>}, Parameters::kNone, false, false, false};
+  static constexpr Loop loop = {call,  1,     1,    {sizeof(A), sizeof(R)}, {kType<A>, kType<R>}, Parameters::kNone,
+                                false, false, false};
 };
 
 template <class T, orvik_status (*unit)(int64_t, const T*, const T*, T*, orvik_math_options*), auto strided>
@@ -69,7 +70,8 @@ struct Of<unit, strided> {
     return inc == nullptr ? unit(n, a, b, r, o) : strided(n, a, inc[0], b, inc[1], r, inc[2], o);
   }
   static constexpr char t = kType<T>;
-  static constexpr Loop loop = {call, 2, 1, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone, false, false, false};
+  static constexpr Loop loop = {call,  2,     1,    {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone,
+                                false, false, false};
 };
 
 template <class T, orvik_status (*unit)(int64_t, const T*, T*, T*, orvik_math_options*), auto strided>
@@ -80,7 +82,8 @@ struct Of<unit, strided> {
     return inc == nullptr ? unit(n, a, r1, r2, o) : strided(n, a, inc[0], r1, inc[1], r2, inc[2], o);
   }
   static constexpr char t = kType<T>;
-  static constexpr Loop loop = {call, 1, 2, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone, false, false, false};
+  static constexpr Loop loop = {call,  1,     2,    {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone,
+                                false, false, false};
 };
 
 template <class T, orvik_status (*unit)(int64_t, int32_t, const T*, T*, orvik_math_options*), auto strided>
@@ -92,7 +95,8 @@ struct Of<unit, strided> {
     return inc == nullptr ? unit(n, k, a, r, o) : strided(n, k, a, inc[0], r, inc[1], o);
   }
   static constexpr char t = kType<T>;
-  static constexpr Loop loop = {call, 1, 1, {sizeof(T), sizeof(T)}, {'l', t, t}, Parameters::kOrder, false, false, false};
+  static constexpr Loop loop = {call,  1,     1,    {sizeof(T), sizeof(T)}, {'l', t, t}, Parameters::kOrder,
+                                false, false, false};
 };
 
 template <class T, orvik_status (*unit)(int64_t, const T*, const T*, T, T, T, T, T*, orvik_math_options*), auto strided>
@@ -105,8 +109,8 @@ struct Of<unit, strided> {
                           : strided(n, a, inc[0], b, inc[1], s[0], s[1], s[2], s[3], r, inc[2], o);
   }
   static constexpr char t = kType<T>;
-  static constexpr Loop loop = {call, 2, 1, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t, t, t, t, t},
-                                Parameters::kFraction, false, false, false};
+  static constexpr Loop loop = {
+      call, 2, 1, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t, t, t, t, t}, Parameters::kFraction, false, false, false};
 };
 
 // The same loop with orders as floating-point numbers; with its two results exchanged; of a function that may be

@@ -1,8 +1,8 @@
 // The extension module orvik._math: ufuncs, the level of accuracy of the thread, the number of threads.
 #define ORVIK_HOLDS_NUMPY_TABLES
-#include "math/numpy.h"
 #include "math/error.h"
 #include "math/loops.h"
+#include "math/numpy.h"
 #include "math/short_call.h"
 
 namespace orvik::python {
@@ -84,7 +84,8 @@ PyMethodDef methods[] = {
      "get_num_threads()\n--\n\nHow many threads a call uses at most.\n\nExamples\n--------\n>>> import orvik\n"
      ">>> orvik.get_num_threads() >= 1\nTrue"},
     {"set_num_threads", set_num_threads, METH_O,
-     "set_num_threads(n, /)\n--\n\nLets calls use at most `n` threads; 0, as at the start: as many as the process may run on.\n\n"
+     "set_num_threads(n, /)\n--\n\nLets calls use at most `n` threads; 0, as at the start: as many as the process may "
+     "run on.\n\n"
      "It holds for the whole process. Results do not depend on it.\n\nExamples\n--------\n>>> import orvik\n"
      ">>> orvik.set_num_threads(1)\n>>> orvik.get_num_threads()\n1\n>>> orvik.set_num_threads(0)"},
     {"_get_accuracy", get_accuracy, METH_NOARGS, "The number of this thread's level."},

@@ -1,5 +1,6 @@
-// What NumPy does around a loop takes longer than a hundred elements. Where there is nothing for it to do, since all operands
-// are plain arrays of the loop's type and of one shape, in order, apart from each other, the loop is called right away.
+// What NumPy does around a loop takes as long as hundreds of elements. Where there is nothing for it to do, since all
+// operands are plain arrays of the loop's type and of one shape, in order, apart from each other, the loop is called
+// right away.
 #include "math/short_call.h"
 
 #include <algorithm>
@@ -12,10 +13,32 @@
 namespace orvik::python {
 namespace {
 
-constexpr npy_intp kMostElements = 500;  // up to which NumPy keeps the interpreter's lock
+constexpr npy_intp kMostElements = 1 << 14;
+constexpr npy_intp kMostLocked = 500;  // up to which the interpreter's lock is kept, as NumPy does
 constexpr uint32_t kWatched = kSevereFlags | kUnderflowFlag;
 
 vectorcallfunc numpy_call = nullptr;
+
+// Whether the errstate of this thread is indifferent to these flags.
+bool ignored(uint32_t flags) {
+  if (flags == 0) return true;
+#ifdef PyUFunc_GetPyValues
+  int buffer, mask;
+  PyObject* object = nullptr;
+  if (PyUFunc_GetPyValues(const_cast<char*>("orvik"), &buffer, &mask, &object) < 0) {
+    PyErr_Clear();
+    return false;
+  }
+  Py_XDECREF(object);
+  const auto indifferent = [&](uint32_t flag, int shift) {
+    return (flags & flag) == 0 || (mask >> shift & 7) == UFUNC_ERR_IGNORE;
+  };
+  return indifferent(kDivideByZeroFlag, UFUNC_SHIFT_DIVIDEBYZERO) && indifferent(kOverflowFlag, UFUNC_SHIFT_OVERFLOW) &&
+         indifferent(kUnderflowFlag, UFUNC_SHIFT_UNDERFLOW) && indifferent(kInvalidFlag, UFUNC_SHIFT_INVALID);
+#else
+  return false;
+#endif
+}
 
 bool same_shape(PyArrayObject* a, PyArrayObject* b) {
   return PyArray_NDIM(a) == PyArray_NDIM(b) &&
@@ -27,7 +50,8 @@ bool apart(PyArrayObject* a, PyArrayObject* b) {
   return first + PyArray_NBYTES(a) <= second || second + PyArray_NBYTES(b) <= first;
 }
 
-// The result, as a new reference; null with no exception set where the call is not of this kind or meets anything unusual.
+// The result, as a new reference; null with no exception set where the call is not of this kind or meets anything
+// unusual.
 PyObject* short_call(PyUFuncObject* u, PyObject* const* arguments, Py_ssize_t count, PyObject* names) {
   const int inputs = u->nin;
   if (names != nullptr) {
@@ -49,7 +73,8 @@ PyObject* short_call(PyUFuncObject* u, PyObject* const* arguments, Py_ssize_t co
   if (which == u->ntypes) return nullptr;
   const Loop& loop = *static_cast<const Loop*>(u->data[which]);
   for (int k = 0; k < inputs; ++k) {
-    if (PyArray_TYPE(arrays[k]) != type || !PyArray_ISCARRAY_RO(arrays[k]) || !same_shape(first, arrays[k])) return nullptr;
+    if (PyArray_TYPE(arrays[k]) != type || !PyArray_ISCARRAY_RO(arrays[k]) || !same_shape(first, arrays[k]))
+      return nullptr;
   }
   const int result_type = u->types[which * u->nargs + inputs];
   PyArrayObject* result;
@@ -70,16 +95,20 @@ PyObject* short_call(PyUFuncObject* u, PyObject* const* arguments, Py_ssize_t co
   char* at[kMostArrays];
   for (int k = 0; k < inputs; ++k) at[k] = PyArray_BYTES(arrays[k]);
   at[inputs] = PyArray_BYTES(result);
+  PyThreadState* const thread = n > kMostLocked ? PyEval_SaveThread() : nullptr;
   const uint32_t before = read_control();
   if ((before & kWatched) != 0) write_control(before & ~kWatched);
   const orvik_status status = call_with_flags(loop, n, at, nullptr, nullptr);
-  if (status >= 0 && (read_control() & kWatched) == 0) return reinterpret_cast<PyObject*>(result);
+  const uint32_t flags = read_control() & kWatched;
+  if (thread != nullptr) PyEval_RestoreThread(thread);
+  if (status >= 0 && ignored(flags)) return reinterpret_cast<PyObject*>(result);
   Py_DECREF(result);
   return nullptr;  // NumPy then computes the same once more, and knows what its errstate wants of the flags
 }
 
 PyObject* call(PyObject* ufunc, PyObject* const* arguments, size_t flags, PyObject* names) {
-  PyObject* const result = short_call(reinterpret_cast<PyUFuncObject*>(ufunc), arguments, PyVectorcall_NARGS(flags), names);
+  PyObject* const result =
+      short_call(reinterpret_cast<PyUFuncObject*>(ufunc), arguments, PyVectorcall_NARGS(flags), names);
   return result != nullptr ? result : numpy_call(ufunc, arguments, flags, names);
 }
 

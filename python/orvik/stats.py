@@ -24,8 +24,8 @@ import numpy as np
 from . import _statistics
 from ._observations import numbers, table, table_along, weights_for
 
-__all__ = ["RobustCovariance", "StreamQuantiles", "Summary", "SummaryResult", "corrcoef", "cov", "mad", "quantile", "sort",
-           "summary", "weighted_median"]
+__all__ = ["RobustCovariance", "StreamQuantiles", "Summary", "SummaryResult", "corrcoef", "cov", "impute", "mad", "outliers",
+           "quantile", "robust_cov", "sort", "summary", "weighted_median"]
 
 
 class SummaryResult(NamedTuple):
@@ -361,6 +361,93 @@ def weighted_median(x, weights, axis=0):
     return r.reshape(rest)[()]
 
 
+def outliers(x, alpha=0.05):
+    """Which observations lie far from the others (Billor, Hadi, Velleman 2000).
+
+    Parameters
+    ----------
+    x : array_like of shape (n, p) or (n,)
+        At least 5 p observations.
+    alpha : float, optional
+        Probability that a clean normal sample has an outlier.
+
+    Returns
+    -------
+    ndarray of bool of shape (n,)
+        True for an outlier, and for an observation with a NaN or an infinity.
+
+    Examples
+    --------
+    >>> import numpy as np
+    >>> from orvik import stats
+    >>> x = np.sin(np.arange(50.0))
+    >>> x[7] = 100
+    >>> np.flatnonzero(stats.outliers(x))
+    array([7])
+    """
+    data, _ = table(x)
+    _enough(data, 5 * data.shape[1], "outliers")
+    return _statistics.outliers(data, float(alpha)).view(np.bool_)
+
+
+def robust_cov(x):
+    """Mean and covariance that outliers do not move (Rocke 1996; Maronna, Zamar 2002).
+
+    Parameters
+    ----------
+    x : array_like of shape (n, p) or (n,)
+        More than 2 p observations. One with a NaN or an infinity weighs nothing.
+
+    Returns
+    -------
+    RobustCovariance
+        Its `mean`, of shape (p,), and `covariance`, of shape (p, p); of a vector, numbers.
+    """
+    data, rest = table(x)
+    _enough(data, 2 * data.shape[1] + 1, "a robust covariance")
+    mean, covariance = _statistics.robust_covariance(data)
+    return RobustCovariance(mean.reshape(rest)[()], covariance.reshape(rest + rest)[()])
+
+
+def impute(x, sets=None):
+    """Draws what is missing, under the multivariate normal model (Schafer 1997).
+
+    Parameters
+    ----------
+    x : array_like of shape (n, p)
+        NaN is missing. Infinities are refused.
+    sets : int, optional
+        How many completed tables; each is drawn for itself. Draws are fixed: set k is the same in each call.
+
+    Returns
+    -------
+    ndarray of shape (n, p), or (sets, n, p) where `sets` is given
+
+    Examples
+    --------
+    >>> import numpy as np
+    >>> from orvik import stats
+    >>> x = np.random.default_rng(1).normal(size=(50, 2))
+    >>> x[3, 1] = np.nan
+    >>> y = stats.impute(x)
+    >>> bool(np.isfinite(y).all()), bool((y[:3] == x[:3]).all())
+    (True, True)
+    """
+    array = numbers(x)
+    if array.ndim != 2:
+        raise ValueError("impute needs a table of two dimensions")
+    data, _ = table(array)
+    count = 1 if sets is None else operator.index(sets)
+    if count < 0:
+        raise ValueError("sets must not be negative")
+    n, p = data.shape
+    r = np.empty(count * n * p, data.dtype)
+    if r.size:
+        _statistics.impute(data, r)
+    r = r.reshape(count, n, p) if data.flags.c_contiguous else r.reshape(count, p, n).transpose(0, 2, 1)
+    return r[0] if sets is None else r
+
+
 def sort(x, axis=0):
     """A sorted copy, each variable by itself in ascending order and NaN last, as `numpy.sort(x, axis)`."""
     array = numbers(x)
@@ -392,6 +479,13 @@ def _positive(p, name):
 def _some(data):
     if data.shape[0] == 0:
         raise ValueError("no observations")
+
+
+def _enough(data, least, what):
+    if data.shape[1] == 0:
+        raise ValueError("no variables")
+    if data.shape[0] < least:
+        raise ValueError(f"{what} of {data.shape[1]} variables need {least} observations, not {data.shape[0]}")
 
 
 def _orders(q, dtype):

@@ -56,6 +56,7 @@ def statistics():
     q.update(X)
     q.quantile([0.1, 0.2])
     stats.cov(X), stats.quantile(X, 0.3), stats.mad(X), stats.sort(X), stats.summary(X), stats.weighted_median(X, X[:, 0] ** 2)
+    stats.outliers(X), stats.robust_cov(X), stats.impute(np.where(X > 2, np.nan, X), 2)
 
 
 def refused_statistics():
@@ -67,6 +68,8 @@ def refused_statistics():
     refused(stats.quantile, X, 2.0)
     refused(stats.cov, X, np.full(300, np.nan))
     refused(stats.StreamQuantiles, 1, -1.0)
+    refused(stats.robust_cov, np.ones((300, 4)))
+    refused(stats.impute, np.full((300, 4), np.nan))
 
 
 def splines():

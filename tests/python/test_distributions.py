@@ -40,6 +40,10 @@ INTEGER = [
     ("geometric", (0.3,), None, None, scipy.stats.geom(0.3)),
     ("binomial", (100, 0.4), "binomial", (100, D(0.4)), scipy.stats.binom(100, 0.4)),
     ("hypergeometric", (30, 60, 20), "hypergeometric", (90, 20, 30), scipy.stats.hypergeom(90, 30, 20)),
+    ("negative_binomial", (2.5, 0.3), "negbinomial", (D(2.5), D(0.3)), scipy.stats.nbinom(2.5, 0.3)),
+    ("negative_binomial", (200.0, 0.3), "negbinomial", (D(200), D(0.3)), scipy.stats.nbinom(200, 0.3)),
+    ("poisson", (4.5,), "poisson", (D(4.5), 0), scipy.stats.poisson(4.5)),
+    ("poisson", (300.0,), "poisson", (D(300), 0), scipy.stats.poisson(300)),
 ]
 NAMED = [(name, arguments, {}) for name, arguments, *_ in INTEGER] + [case[:3] for case in REAL]
 
@@ -78,6 +82,57 @@ def test_integers_are_those_of_the_library_and_of_the_law(case, dtype):
     assert law.pmf(values).min() > 0
 
 
+def test_poisson_numbers_by_the_quantile():
+    for mean in (4.5, 300.0):
+        x = PHILOX4X32X10(7).poisson(mean, 20000, method="normal")
+        expected = Stream(_random.PHILOX4X32X10, 7).draw("i_poisson", np.empty(20000, np.int32), D(mean), 1)
+        np.testing.assert_array_equal(x, expected)
+
+
+@pytest.mark.parametrize("dtype", [np.int32, np.int64])
+def test_poisson_numbers_of_means_of_their_own(dtype):
+    means = np.random.default_rng(1).uniform(0.1, 2000, 30000)
+    x = PHILOX4X32X10(7).poisson(means, dtype=dtype)
+    expected = Stream(_random.PHILOX4X32X10, 7).draw("i_poissonv", np.empty(30000, np.int32),
+                                                     means.ctypes.data_as(ctypes.c_void_p))
+    np.testing.assert_array_equal(x, expected)
+    assert abs(((x - means) / np.sqrt(means)).std() - 1) < 0.03
+    np.testing.assert_array_equal(PHILOX4X32X10(7).poisson([1.0, 50.0], (4, 2)), PHILOX4X32X10(7).poisson([[1.0, 50.0]] * 4))
+    out = np.zeros((4, 2), dtype)
+    assert PHILOX4X32X10(7).poisson([1.0, 50.0], out=out, dtype=dtype) is out and out.any()
+    for call in (lambda s: s.poisson([1.0, 2.0], 3), lambda s: s.poisson([1.0, -2.0]), lambda s: s.poisson([1.0, np.nan]),
+                 lambda s: s.poisson(np.ones((4, 2)), out=np.zeros((4, 2), "i4", order="F")),
+                 lambda s: s.poisson([1.0], method="other")):
+        with pytest.raises(ValueError):
+            call(PHILOX4X32X10(7))
+
+
+@pytest.mark.parametrize("method", ["sequential", "poisson"])
+@pytest.mark.parametrize("dtype", [np.int32, np.int64])
+def test_multinomial_rows_sum_to_the_trials(method, dtype):
+    p = np.array([0.2, 0.3, 0.0, 0.5])
+    x = PHILOX4X32X10(7).multinomial(50, p, (300, 20), dtype, method=method)
+    assert x.shape == (300, 20, 4) and x.dtype == dtype
+    assert (x.sum(axis=-1) == 50).all() and not x[..., 2].any()
+    np.testing.assert_allclose(x.reshape(-1, 4).mean(axis=0), 50 * p, atol=0.2)
+    np.testing.assert_allclose(x.reshape(-1, 4).var(axis=0), 50 * p * (1 - p), rtol=0.1)
+    expected = Stream(_random.PHILOX4X32X10, 7).draw("i_multinomial", np.empty((6000, 4), np.int32), 50, 4,
+                                                     p.ctypes.data_as(ctypes.c_void_p), int(method == "poisson"), count=6000)
+    np.testing.assert_array_equal(x.reshape(-1, 4), expected)
+    assert PHILOX4X32X10(7).multinomial(50, p).shape == (4,)
+
+
+@pytest.mark.parametrize("n, pvals", [(-1, [0.5, 0.5]), (5, [0.5, 0.6]), (5, [-0.5, 1.5]), (5, []), (5, [[1.0]]), (5, [np.nan, 1]),
+                                      (1 << 40, [1.0]), (5, 1.0)])
+def test_bad_outcomes_are_value_errors(n, pvals):
+    stream = PHILOX4X32X10(1)
+    with pytest.raises(ValueError):
+        stream.multinomial(n, pvals, 3)
+    assert stream.state == PHILOX4X32X10(1).state
+    with pytest.raises(ValueError):
+        stream.multinomial(5, [1.0], method="other")
+
+
 def test_gumbel_and_geometric_follow_numpy_where_the_library_differs():
     minima = Stream(_random.PHILOX4X32X10, 7).draw("d_gumbel", np.empty(1000), -1.0, 2.0)
     np.testing.assert_array_equal(PHILOX4X32X10(7).gumbel(1.0, 2.0, 1000), -minima)
@@ -100,6 +155,9 @@ SPLIT = (1 << 24) + 4099
     ("MT19937", "chisquare", (30,), "d_chisquare", (30,), np.float64, PLAIN),
     ("MT19937", "binomial", (1000, 0.4), "i_binomial", (1000, D(0.4)), np.int32, PLAIN),
     ("MT19937", "hypergeometric", (3000, 6000, 2000), "i_hypergeometric", (9000, 2000, 3000), np.int32, PLAIN),
+    ("MT19937", "negative_binomial", (2.5, 0.001), "i_negbinomial", (D(2.5), D(0.001)), np.int32, PLAIN),
+    ("MT19937", "negative_binomial", (3e7, 0.5), "i_negbinomial", (D(3e7), D(0.5)), np.int32, PLAIN),
+    ("MT19937", "poisson", (1000.0,), "i_poisson", (D(1000), 0), np.int32, PLAIN),
 ])
 def test_pieces_of_a_long_draw_are_one_call(kind, name, arguments, front, parameters, dtype, n):
     options = {} if name == "words" else {"dtype": dtype}
@@ -115,6 +173,21 @@ def test_pieces_of_pairs_are_one_call(method):
     parameters = (0.0, 1.0, 2 if method == "inverse" else 1)
     expected = Stream(_random.SFMT19937, 7).draw("s_gaussian", np.empty(SPLIT, np.float32), *parameters)
     assert x.tobytes() == expected.tobytes()
+
+
+@pytest.mark.parametrize("method", [0, 1])
+def test_pieces_of_rows_of_counts_are_one_call(method):
+    n, p = (1 << 19) + 77, np.array([0.2, 0.3, 0.5])
+    x = SFMT19937(7).multinomial(100, p, n, method=("sequential", "poisson")[method])
+    expected = Stream(_random.SFMT19937, 7).draw("i_multinomial", np.empty((n, 3), np.int32), 100, 3,
+                                                 p.ctypes.data_as(ctypes.c_void_p), method, count=n)
+    assert x.tobytes() == expected.tobytes()
+
+
+def test_pieces_of_numbers_of_means_of_their_own_are_one_call():
+    means = np.random.default_rng(1).uniform(0.1, 2000, PLAIN)
+    expected = Stream(_random.SFMT19937, 7).draw("i_poissonv", np.empty(PLAIN, np.int32), means.ctypes.data_as(ctypes.c_void_p))
+    assert SFMT19937(7).poisson(means).tobytes() == expected.tobytes()
 
 
 @pytest.mark.parametrize("dtype", [np.float64, np.float32])
@@ -265,7 +338,8 @@ NAN, INF = float("nan"), float("inf")
     ("beta", (0, 1)), ("chisquare", (0,)), ("chisquare", (1 << 40,)), ("integers", (5, 5)), ("integers", (0, 1 << 40)),
     ("bernoulli", (1.5,)), ("bernoulli", (NAN,)), ("geometric", (0,)), ("geometric", (1,)), ("binomial", (-1, 0.5)),
     ("binomial", (5, -0.1)), ("hypergeometric", (-1, 5, 2)), ("hypergeometric", (3, 3, 7)),
-    ("hypergeometric", ((1 << 31) - 1, 5, 2))])
+    ("hypergeometric", ((1 << 31) - 1, 5, 2)), ("negative_binomial", (0, 0.5)), ("negative_binomial", (1, 0)),
+    ("poisson", (0,)), ("poisson", (NAN,)), ("poisson", (1e10,))])
 @pytest.mark.parametrize("size", [None, 0, 5])
 def test_parameters_outside_their_domain_are_value_errors_and_leave_the_stream(name, arguments, size):
     stream = PHILOX4X32X10(1)

@@ -87,7 +87,8 @@ def test_real_types_are_taken_as_numpy_would(dtype):
 
 @pytest.mark.parametrize("x", [np.array([1 + 2j, 3]), np.array(["a", "b"]), np.array([1, None], object), [[1, "x"]],
                                np.array(["2020-01-01"], "M8[D]"), np.zeros(3, [("a", "f8")]), object(), None, {}])
-@pytest.mark.parametrize("name", ["cov", "corrcoef", "summary", "mad", "sort", "quantile", "weighted_median"])
+@pytest.mark.parametrize("name", ["cov", "corrcoef", "summary", "mad", "sort", "quantile", "weighted_median", "outliers",
+                                  "robust_cov", "impute"])
 def test_what_is_not_real_is_a_type_error(name, x):
     more = {"quantile": (0.5,), "weighted_median": ([1, 1],)}.get(name, ())
     with pytest.raises(TypeError):
@@ -204,7 +205,7 @@ def test_masked_arrays_are_what_numpy_makes_of_them():
 def test_the_callers_array_stays_as_it_is():
     x = table(50, 2)
     before = x.copy()
-    for call in (stats.cov, stats.mad, stats.sort, stats.summary, lambda x: stats.quantile(x, 0.5)):
+    for call in (stats.cov, stats.mad, stats.sort, stats.summary, lambda x: stats.quantile(x, 0.5), stats.outliers, stats.impute):
         call(x)
     np.testing.assert_array_equal(x, before)
 
@@ -216,6 +217,91 @@ def test_arrays_in_c_and_fortran_order_are_not_copied():
         assert np.shares_memory(taken(x)[0], x) and np.shares_memory(table_along(x, 0)[0], x)
         assert np.shares_memory(table_along(x, 1)[0], x)
     assert not np.shares_memory(taken(table(50, 3)[::2])[0], table(50, 3))
+
+
+# ---- Data that are not clean
+
+
+@pytest.mark.parametrize("dtype", TYPES)
+@pytest.mark.parametrize("layout", LAYOUTS)
+def test_outliers_are_found_and_do_not_move_the_robust_estimate(layout, dtype):
+    plain = table(400, 3, dtype)
+    plain[::20] = 12 + 0.1 * plain[::20]
+    x = LAYOUTS[layout](plain)
+    flags = stats.outliers(x)
+    assert flags.dtype == bool and flags.shape == (400,)
+    assert flags[::20].all() and flags.sum() < 22
+    r = stats.robust_cov(x)
+    assert r.mean.dtype == dtype and r.covariance.shape == (3, 3)
+    np.testing.assert_allclose(r.mean, 0, atol=0.25)
+    np.testing.assert_allclose(r.covariance, np.eye(3), atol=0.3)
+    assert np.abs(stats.cov(x)[0, 1]) > 3
+
+
+def test_a_vector_is_one_variable_for_robust_estimates():
+    x = table(100, 1)[:, 0]
+    x[5] = 50
+    assert np.flatnonzero(stats.outliers(x)).tolist() == [5]
+    r = stats.robust_cov(x)
+    assert np.ndim(r.mean) == 0 and abs(r.covariance - 1) < 0.5
+
+
+def test_nan_and_infinity_are_outliers():
+    x = table(100, 2)
+    x[3, 0], x[7, 1] = np.nan, np.inf
+    assert stats.outliers(x)[[3, 7]].all()
+
+
+def test_alpha_decides_how_many_are_outliers():
+    x = table(2000, 2)
+    assert stats.outliers(x, 1e-6).sum() <= stats.outliers(x, 0.05).sum() <= stats.outliers(x, 1.0).sum()
+
+
+@pytest.mark.parametrize("dtype", TYPES)
+@pytest.mark.parametrize("layout", LAYOUTS)
+def test_what_is_missing_is_drawn_and_the_rest_stays(layout, dtype):
+    rng = np.random.default_rng(1)
+    plain = table(300, 3, dtype)
+    plain[:, 2] = plain[:, 0] + plain[:, 1] + 0.01 * plain[:, 2]
+    whole, holes = plain.copy(), rng.random(plain.shape) < 0.1
+    plain[holes] = np.nan
+    x = LAYOUTS[layout](plain)
+    y = stats.impute(x)
+    assert y.shape == x.shape and y.dtype == dtype and np.isfinite(y).all()
+    np.testing.assert_array_equal(y[~holes], whole[~holes])
+    alone = holes[:, 2] & ~holes[:, 0] & ~holes[:, 1]
+    np.testing.assert_allclose(y[alone, 2], whole[alone, 2], atol=0.1)
+    assert np.isnan(np.asarray(x)[holes]).all()
+
+
+def test_sets_differ_and_do_not_depend_on_how_many_there_are():
+    x = table(100, 2)
+    x[::9, 1] = np.nan
+    sets = stats.impute(x, 3)
+    assert sets.shape == (3, 100, 2)
+    np.testing.assert_array_equal(sets[0], stats.impute(x))
+    np.testing.assert_array_equal(sets[:2], stats.impute(x, 2))
+    np.testing.assert_array_equal(sets, stats.impute(np.asfortranarray(x), 3))
+    assert len(set(sets[:, 0, 1])) == 3
+    assert stats.impute(x, 0).shape == (0, 100, 2)
+
+
+def test_without_holes_nothing_is_drawn():
+    x = table(10, 2)
+    np.testing.assert_array_equal(stats.impute(x), x)
+    assert not np.shares_memory(stats.impute(x), x)
+    assert stats.impute(np.empty((0, 3))).shape == (0, 3)
+
+
+@pytest.mark.parametrize("call", [
+    lambda: stats.outliers(table(9, 2)), lambda: stats.outliers(np.empty((9, 0))), lambda: stats.outliers(np.ones((20, 2))),
+    lambda: stats.outliers(table(20, 2), -0.1), lambda: stats.outliers(table(20, 2), np.nan), lambda: stats.outliers([]),
+    lambda: stats.robust_cov(table(4, 2)), lambda: stats.robust_cov(np.empty((9, 0))), lambda: stats.robust_cov(np.ones((20, 2))),
+    lambda: stats.impute(np.ones(5)), lambda: stats.impute(np.full((9, 2), np.nan)),
+    lambda: stats.impute([[1, 2], [np.inf, np.nan], [3, 4]]), lambda: stats.impute(np.ones((3, 2)), -1)])
+def test_what_has_no_robust_answer_is_a_value_error(call):
+    with pytest.raises(ValueError):
+        call()
 
 
 # ---- Summaries

@@ -136,7 +136,7 @@ class Distributions:
         dtype = type_of(dtype, REALS, "multivariate_normal")
         if (cov is None) == (factor is None):
             raise ValueError("one of cov and factor is needed")
-        mean = np.ascontiguousarray(mean, dtype)
+        mean = np.require(mean, dtype, ["C", "A"])
         if mean.ndim != 1:
             raise ValueError("mean must be 1 dimensional")
         matrix = np.asarray(cov if factor is None else factor, np.float64)
@@ -188,6 +188,72 @@ class Distributions:
         if min(ngood, nbad, nsample) < 0 or nsample > ngood + nbad:
             raise ValueError("ngood + nbad < nsample, or a count is negative")
         return self._integer("hypergeometric", size, dtype, out, _int32(ngood + nbad, "ngood + nbad"), nsample, ngood)
+
+    def negative_binomial(self, n, p, size=None, dtype=np.int32, out=None):
+        """Failures before `n` successes of probability `p`; n is a number above 0, not only an integer."""
+        return self._integer("negative_binomial", size, dtype, out, float(n), float(p))
+
+    def poisson(self, lam=1.0, size=None, dtype=np.int32, out=None, *, method="rejection"):
+        """Poisson numbers of mean `lam`, above 0.
+
+        Parameters
+        ----------
+        lam : float or array_like
+            One mean, or one for each number, broadcast to `size`; means of their own are drawn by the quantile.
+        method : {"rejection", "normal"}, optional
+            Of one mean: by a table or rejection, or by a normal number and the quantile as a polynomial in it.
+
+        Examples
+        --------
+        >>> from orvik.random import PHILOX4X32X10
+        >>> PHILOX4X32X10(1).poisson([1.0, 1000.0], size=(5, 2)).shape
+        (5, 2)
+        """
+        if method not in ("rejection", "normal"):
+            raise ValueError(f"no such method: {method!r}")
+        if np.ndim(lam) == 0:
+            return self._integer("poisson", size, dtype, out, float(lam), int(method == "normal"))
+        lam = np.asarray(lam, np.float64)
+        shape = out.shape if size is None and isinstance(out, np.ndarray) else lam.shape if size is None else size
+        array = array_for(shape, type_of(dtype, INTEGERS, "poisson"), out)
+        if not array.flags.c_contiguous:
+            raise ValueError("an output for means of their own must be in C order")
+        means = np.ascontiguousarray(np.broadcast_to(lam, array.shape))
+        with self.lock:
+            self._stream.poissons(array, means)
+        return array
+
+    def multinomial(self, n, pvals, size=None, dtype=np.int32, out=None, *, method="sequential"):
+        """Counts of outcomes in `n` trials.
+
+        Parameters
+        ----------
+        n : int
+        pvals : array_like of shape (k,)
+            Probabilities; their sum is 1 to three digits.
+        method : {"sequential", "poisson"}, optional
+            Outcome by outcome a binomial number of what is left; or Poisson numbers, corrected to the sum. The first
+            cannot be interrupted.
+
+        Returns
+        -------
+        ndarray of shape size + (k,)
+
+        Examples
+        --------
+        >>> from orvik.random import PHILOX4X32X10
+        >>> PHILOX4X32X10(1).multinomial(20, [0.2, 0.3, 0.5], size=4).sum(axis=1)
+        array([20, 20, 20, 20])
+        """
+        if method not in ("sequential", "poisson"):
+            raise ValueError(f"no such method: {method!r}")
+        pvals = np.require(pvals, np.float64, ["C", "A"])
+        if np.ndim(pvals) != 1 or pvals.size == 0:
+            raise ValueError("pvals must be a vector of one probability or more")
+        array = array_for(size, type_of(dtype, INTEGERS, "multinomial"), out, pvals.shape)
+        with self.lock:
+            self._stream.multinomial(array, _int32(n, "n"), pvals, int(method == "poisson"))
+        return array
 
     def words(self, size=None, out=None):
         """Words of 32 good bits, uint32: those that `random_raw` gives, drawn by whole arrays."""

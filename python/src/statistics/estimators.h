@@ -48,6 +48,35 @@ Array<T> weighted_median(const Array<T>& x, const Array<T>& weights) {
   return r;
 }
 
+// 1 for each outlier.
+template <class T>
+pybind11::array_t<int8_t> outliers(const Array<T>& x, T alpha) {
+  const Observations<T> data(x);
+  pybind11::array_t<int8_t> r(data.n);
+  int8_t* const to = r.mutable_data();
+  run([&] { return FRONT(T, outliers)(data.n, data.p, data.x, data.layout, alpha, to); });
+  return r;
+}
+
+template <class T>
+pybind11::tuple robust_covariance(const Array<T>& x) {
+  const Observations<T> data(x);
+  Array<T> mean({data.p}), covariance({data.p, data.p});
+  T *const m = mean.mutable_data(), *const c = covariance.mutable_data();
+  run([&] { return FRONT(T, robust_covariance)(data.n, data.p, data.x, data.layout, m, c); });
+  return pybind11::make_tuple(mean, covariance);
+}
+
+// Completed tables, each in the layout of x.
+template <class T>
+void impute(const Array<T>& x, Array<T>& r) {
+  const Observations<T> data(x);
+  if (r.ndim() != 1 || x.size() == 0 || r.size() % x.size() != 0) raise(PyExc_ValueError, "the result does not fit");
+  const int64_t sets = r.size() / x.size();
+  T* const to = r.mutable_data();
+  run([&] { return FRONT(T, impute)(data.n, data.p, data.x, data.layout, sets, to); });
+}
+
 // Sorts in place.
 template <class T>
 void sort(Array<T>& x) {

@@ -47,6 +47,9 @@ void define(py::module_& module, const std::string& suffix) {
   module.def("quantiles", &quantiles<T>, plain, plain);
   module.def("mad", &mad<T>, plain);
   module.def("weighted_median", &weighted_median<T>, plain, plain);
+  module.def("outliers", &outliers<T>, plain, py::arg());
+  module.def("robust_covariance", &robust_covariance<T>, plain);
+  module.def("impute", &impute<T>, plain, plain);
   module.def("sort", &sort<T>, plain);
   module.def("holds_nan", &holds_nan<T>, plain);
 }

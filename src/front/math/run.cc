@@ -41,7 +41,7 @@ constexpr int64_t kCostOfNanosecond = 5 * 64;  // in 64ths
 // Below this a second thread does not pay; each is worth that much work.
 constexpr int64_t kAloneNanoseconds = 20000, kNanosecondsOfThread = 10000;
 constexpr int64_t kSurelyLong = int64_t{1} << 24;  // whatever the cost; below it products fit in 64 bits
-constexpr int32_t kBlocksOfThread = 4;
+constexpr int32_t kBlocksOfThread = 16;  // so that one that comes late, or is held up, keeps nobody waiting
 constexpr int32_t kMostBlocks = kMostThreads;
 
 // A cost in 64ths, from the bits of the float: arithmetic in floating point would raise flags that are the caller's.
@@ -89,12 +89,41 @@ bool same_array(const Result& r, const void* x, int64_t x_step, bool same_type) 
   return same_type && r.start == x && r.step == x_step;
 }
 
+// Arrays of unit stride: the same in fewer steps, since most calls are of this kind and many are short.
+constexpr int64_t kMostOfUnitStride = int64_t{1} << 40;
+
+orvik_status check_unit_arrays(const Row& row, const Operands& o, int64_t n) {
+  const uint64_t in = static_cast<uint64_t>(n * row.input_bytes), out = static_cast<uint64_t>(n * row.result_bytes);
+  const auto at = [](const void* x) { return reinterpret_cast<uint64_t>(x); };
+  const auto meets = [&](const Result& r, const void* x, uint64_t bytes) {
+    return at(x) < at(r.start) + out && at(r.start) < at(x) + bytes;
+  };
+  const auto clash = [&](const Result& r, const Input& x) {
+    return meets(r, x.start, in) && !(r.start == x.start && row.same_type);
+  };
+  const auto wraps = [&](const void* x, uint64_t bytes) { return at(x) + bytes < bytes; };
+  if (wraps(o.a.start, in) || wraps(o.r1.start, out)) return ORVIK_ERROR_BAD_LENGTH;
+  if (clash(o.r1, o.a)) return ORVIK_ERROR_OVERLAP;
+  if (row.second_array) {
+    if (wraps(o.b.start, in)) return ORVIK_ERROR_BAD_LENGTH;
+    if (clash(o.r1, o.b)) return ORVIK_ERROR_OVERLAP;
+  }
+  if (row.second_result) {
+    if (wraps(o.r2.start, out)) return ORVIK_ERROR_BAD_LENGTH;
+    if (clash(o.r2, o.a) || meets(o.r2, o.r1.start, out) || (row.second_array && clash(o.r2, o.b))) {
+      return ORVIK_ERROR_OVERLAP;
+    }
+  }
+  return ORVIK_SUCCESS;
+}
+
 orvik_status check_arrays(const Row& row, const Operands& o, int64_t n) {
   const bool has_b = row.second_array;
   if (o.a.start == nullptr || o.r1.start == nullptr || (has_b && o.b.start == nullptr) ||
       (row.second_result && o.r2.start == nullptr)) {
     return ORVIK_ERROR_NULL_POINTER;
   }
+  if (!o.strided && n <= kMostOfUnitStride) return check_unit_arrays(row, o, n);
   Extent a, b{}, r1, r2{};
   if (!find_extent(o.a.start, o.a.step, row.input_bytes, n, &a) ||
       !find_extent(o.r1.start, o.r1.step, row.result_bytes, n, &r1) ||
@@ -235,21 +264,25 @@ orvik_status run(const Row& row, const Operands& o, int64_t n, orvik_math_option
     found.complex = row.complex;
     found.second_argument = row.second_argument;
     found.second_result = row.second_result;
-    int32_t blocks = threads;
-    if (threads == 0 &&
+    int32_t blocks = 1;
+    if (threads != 1 &&
         (n >= kSurelyLong || n * cost_in_64ths(row.costs[level]) >= kAloneNanoseconds * kCostOfNanosecond)) {
       const int64_t work = nanoseconds_of(n, row.costs[level]);
       const int64_t limit = thread_limit(), worth = work / kNanosecondsOfThread;
-      threads = static_cast<int32_t>(worth < limit ? worth : limit);
+      if (threads == 0) threads = static_cast<int32_t>(worth < limit ? worth : limit);
       const int64_t most = work / kAloneNanoseconds, wanted = int64_t{kBlocksOfThread} * threads;
       blocks = static_cast<int32_t>(most < wanted ? most : wanted);
-      if (blocks < threads) blocks = threads;
     }
+    if (blocks < threads) blocks = threads;
     if (threads > kMostThreads) threads = kMostThreads;
     if (blocks > kMostBlocks) blocks = kMostBlocks;
     if (threads <= 1 || !run_blocks(row, o, level, n, threads, blocks, &found)) {
       const KernelState state(&found, row.reports);
-      run_block(row, o, level, 0, n, &found);
+      if (!o.strided && n <= kMostElements) {
+        row.invoke(row.unit[level], o, false, 0, static_cast<int32_t>(n));
+      } else {
+        run_block(row, o, level, 0, n, &found);
+      }
     }
   }
   if (options != nullptr) options->report_count = found.count;

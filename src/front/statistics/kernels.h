@@ -29,6 +29,8 @@ struct Statistics;
     static constexpr auto mad = _qor##d##SSMAD;                            \
     static constexpr auto weighted_median = _qor##d##SSWMedian;            \
     static constexpr auto sort = _qor##d##SSSort;                          \
+    static constexpr auto outliers = _qor##d##SSOutliersDetection;         \
+    static constexpr auto robust_covariance = _qor##d##SSRobustCovariance; \
   };
 ORVIK_FRONT_KERNELS(double, d, 64)
 ORVIK_FRONT_KERNELS(float, s, 32)
@@ -75,12 +77,25 @@ class Task {
   int32_t status_ = 0;
 };
 
-// The front's pool as the kernels' threads. Only for estimators that work variable by variable, whose bits do not
-// depend on it.
+// The front's pool as the kernels' threads. Only for estimators that work variable by variable or set by set, whose
+// bits do not depend on it.
 extern const OrvikThreading kThreading;
+// The same in as many parts on any number of threads, for estimators that add up what their parts give.
+extern const OrvikThreading kPartsThreading;
 
 // Data of n observations of p variables: negative counts, and products that fit in no memory, are bad lengths.
 orvik_status check_data(int64_t n, int64_t p, const void* x, int32_t layout, int32_t bytes);
+// The checks that estimators of arrays have in common; results are `rows` times `columns` elements.
+template <class T>
+orvik_status check_call(int64_t n, int64_t p, const T* x, int32_t layout, const void* r, int64_t rows, int64_t columns,
+                        int64_t bytes = sizeof(T)) {
+  if (const orvik_status status = check_data(n, p, x, layout, sizeof(T)); status != ORVIK_SUCCESS) return status;
+  if (n == 0 || columns < 0 || (columns > 0 && rows > kAddressSpace / 8 / columns)) return ORVIK_ERROR_BAD_LENGTH;
+  if (columns > 0 && r == nullptr) return ORVIK_ERROR_NULL_POINTER;
+  return meet(x, n * p * static_cast<int64_t>(sizeof(T)), r, rows * columns * bytes) ? ORVIK_ERROR_OVERLAP
+                                                                                     : ORVIK_SUCCESS;
+}
+
 template <class T>
 bool orders_sound(int64_t m, const T* orders) {
   for (int64_t k = 0; k < m; ++k) {

@@ -5,7 +5,8 @@ from collections import namedtuple
 # One comparison: its name, what goes into one group of ratios, how many numbers a call makes, our calls by label, the peer's name and call.
 # A call with an attribute `prepare` has that called first, which is not timed.
 Case = namedtuple("Case", "name group n ours peer theirs")
-Timed = namedtuple("Timed", "case ours theirs")  # nanoseconds of a number: by label, of the peer
+# Nanoseconds of a number: of ours by label, of the peer. The case is without its calls, which hold arrays.
+Timed = namedtuple("Timed", "case ours theirs")
 
 ROUND_NANOSECONDS = 150_000  # of many short calls
 
@@ -29,4 +30,4 @@ def measure(case, rounds=15):
     for _ in range(rounds if case.n < 1_000_000 else max(5, rounds // 2)):
         for label, call in calls.items():
             best[label] = min(best[label], once(call, repetitions[label]))
-    return Timed(case, {label: best[label] / case.n for label in case.ours}, best[case.peer] / case.n)
+    return Timed(case._replace(ours=None, theirs=None), {label: best[label] / case.n for label in case.ours}, best[case.peer] / case.n)

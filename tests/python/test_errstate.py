@@ -160,3 +160,17 @@ def test_complex_elements():
         orvik.sin(np.array([np.inf + 1j]))
     with np.errstate(all="raise"):
         orvik.exp(np.full(3000, 0.5 + 0.25j))
+
+
+@pytest.mark.parametrize("dtype", [np.complex64, np.complex128])
+@pytest.mark.parametrize("step", [1, 2])
+def test_complex_quotients_by_zero(dtype, step):
+    a, b = np.full(200, 1 + 2j, dtype)[::step], np.full(200, 3 - 1j, dtype)[::step]
+    assert raised(orvik.divide, a, b) == set()
+    b[50] = 0
+    assert raised(orvik.divide, a, b) == raised(np.divide, a, b) == {"divide by zero"}
+    assert raised(orvik.divide, a, b.copy(), out=a.copy()) == {"divide by zero"}
+    mine = b.copy()
+    assert raised(orvik.divide, a, mine, out=mine) == {"divide by zero"}
+    a[50] = 0
+    assert raised(orvik.divide, a, b) == raised(np.divide, a, b) == {"invalid value"}

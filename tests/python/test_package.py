@@ -97,6 +97,7 @@ def test_the_table_of_names_is_up_to_date(tmp_path):
     assert copy.read_text() == page.read_text(), "run tools/rows/python.py names docs/python.md"
 
 
+@pytest.mark.filterwarnings("ignore::DeprecationWarning")  # pickle looks through all modules, deprecated names included
 @pytest.mark.parametrize("name", UFUNCS)
 def test_ufuncs_are_pickled_by_name(name):
     assert pickle.loads(pickle.dumps(getattr(orvik, name))) is getattr(orvik, name)

@@ -233,12 +233,10 @@ def make_source():
         loops = [f"Of<{rows.front_name(row, 0)}, {rows.front_name(row, 1)}>::loop" for row in own]
         if own[0].shape == "bessel":
             loops += [f"real_order({loop})" for loop in loops]
-        if function in EXCHANGED:
-            loops = [f"exchanged({loop})" for loop in loops]
-        if name.identity != "none":
-            loops = [f"reordering({loop})" for loop in loops]
-        if function in SELECTING:
-            loops = [f"selecting({loop})" for loop in loops]
+        for prop, held in (("swapped", function in EXCHANGED), ("selects", function in SELECTING), ("reorders", name.identity != "none")):
+            loops = [f"with({loop}, &Loop::{prop})" if held else loop for loop in loops]
+        if function == "Div":
+            loops = [f"with({loop}, &Loop::divides)" if row.precision in "cz" else loop for loop, row in zip(loops, own)]
         out.append(f"constexpr Loop {name.name}_loops[] = {{{', '.join(loops)}}};")
         table.append(f"    {{\"{name.name}\", {IDENTITIES[name.identity]}, R\"({docstring(name, function, own)})\", {name.name}_loops, "
                      f"{len(loops)}}},")

@@ -57,12 +57,37 @@ uint32_t flags_of_all(const Loop& loop, int64_t n, char* const* at, const int64_
   return flags;
 }
 
+// Whether a number that is not 0 is divided by 0.
+template <class C>
+bool divides_by_zero(int64_t n, char* const* at, const int64_t* increments) {
+  const auto *a = reinterpret_cast<const C*>(at[0]), *b = reinterpret_cast<const C*>(at[1]);
+  const int64_t inc_a = increments == nullptr ? 1 : increments[0], inc_b = increments == nullptr ? 1 : increments[1];
+  if (increments == nullptr) {  // mostly no part of any divisor is 0, which is soon seen
+    const auto* const parts = &b[0].re;
+    unsigned some = 0;
+    for (int64_t i = 0; i < 2 * n; ++i) some |= static_cast<unsigned>(parts[i] == 0);
+    if (some == 0) return false;
+  }
+  for (int64_t i = 0; i < n; ++i) {
+    const C &x = a[i * inc_a], &y = b[i * inc_b];
+    if (y.re == 0 && y.im == 0 && (std::fabs(x.re) > 0 || std::fabs(x.im) > 0)) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 orvik_status call_with_flags(const Loop& loop, int64_t n, char* const* at, const int64_t* increments,
                              const void* parameters) {
   orvik_report reports[kReports];
   orvik_math_options options = {accuracy, 0, reports, kReports, 0};
+  uint32_t zeros = 0;  // found beforehand: results may take the place of divisors
+  if (loop.divides) {
+    const bool wide = loop.bytes[0] == sizeof(ZymComplexDouble);
+    const bool found = wide ? divides_by_zero<ZymComplexDouble>(n, at, increments)
+                            : divides_by_zero<ZymComplexFloat>(n, at, increments);
+    zeros = found ? kDivideByZeroFlag : 0;
+  }
   const uint32_t before = loop.selects ? read_control() : 0;
   const orvik_status status = loop.call(n, at, increments, parameters, &options);
   if (status > 0) [[unlikely]] {
@@ -70,6 +95,7 @@ orvik_status call_with_flags(const Loop& loop, int64_t n, char* const* at, const
     if (options.report_count > kReports) flags |= flags_of_all(loop, n, at, increments, parameters, options);
     write_control(read_control() | flags);
   }
+  if (zeros != 0) write_control(read_control() | zeros);
   if (loop.selects) write_control((read_control() & ~kInvalidFlag) | (before & kInvalidFlag));
   return status;
 }

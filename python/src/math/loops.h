@@ -25,9 +25,10 @@ struct Loop {
   uint8_t bytes[kMostArrays];  // of an element
   char types[kMostOperands];   // NumPy's characters of all operands as the ufunc has them
   Parameters parameters;
-  bool swapped;   // the results the other way round
-  bool selects;   // hands numbers on: a NaN raises nothing, as in NumPy
-  bool reorders;  // a reduction may be computed in any order
+  bool swapped = false;   // the results the other way round
+  bool selects = false;   // hands numbers on: a NaN raises nothing, as in NumPy
+  bool divides = false;   // a quotient of complex numbers: the kernels do not tell of divisions by zero
+  bool reorders = false;  // a reduction may be computed in any order
 };
 
 // The level of this thread's calls.
@@ -58,8 +59,7 @@ struct Of<unit, strided> {
     auto* const r = reinterpret_cast<R*>(at[1]);
     return inc == nullptr ? unit(n, a, r, o) : strided(n, a, inc[0], r, inc[1], o);
   }
-  static constexpr Loop loop = {call,  1,     1,    {sizeof(A), sizeof(R)}, {kType<A>, kType<R>}, Parameters::kNone,
-                                false, false, false};
+  static constexpr Loop loop = {call, 1, 1, {sizeof(A), sizeof(R)}, {kType<A>, kType<R>}, Parameters::kNone};
 };
 
 template <class T, orvik_status (*unit)(int64_t, const T*, const T*, T*, orvik_math_options*), auto strided>
@@ -70,8 +70,7 @@ struct Of<unit, strided> {
     return inc == nullptr ? unit(n, a, b, r, o) : strided(n, a, inc[0], b, inc[1], r, inc[2], o);
   }
   static constexpr char t = kType<T>;
-  static constexpr Loop loop = {call,  2,     1,    {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone,
-                                false, false, false};
+  static constexpr Loop loop = {call, 2, 1, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone};
 };
 
 template <class T, orvik_status (*unit)(int64_t, const T*, T*, T*, orvik_math_options*), auto strided>
@@ -82,8 +81,7 @@ struct Of<unit, strided> {
     return inc == nullptr ? unit(n, a, r1, r2, o) : strided(n, a, inc[0], r1, inc[1], r2, inc[2], o);
   }
   static constexpr char t = kType<T>;
-  static constexpr Loop loop = {call,  1,     2,    {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone,
-                                false, false, false};
+  static constexpr Loop loop = {call, 1, 2, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t}, Parameters::kNone};
 };
 
 template <class T, orvik_status (*unit)(int64_t, int32_t, const T*, T*, orvik_math_options*), auto strided>
@@ -95,8 +93,7 @@ struct Of<unit, strided> {
     return inc == nullptr ? unit(n, k, a, r, o) : strided(n, k, a, inc[0], r, inc[1], o);
   }
   static constexpr char t = kType<T>;
-  static constexpr Loop loop = {call,  1,     1,    {sizeof(T), sizeof(T)}, {'l', t, t}, Parameters::kOrder,
-                                false, false, false};
+  static constexpr Loop loop = {call, 1, 1, {sizeof(T), sizeof(T)}, {'l', t, t}, Parameters::kOrder};
 };
 
 template <class T, orvik_status (*unit)(int64_t, const T*, const T*, T, T, T, T, T*, orvik_math_options*), auto strided>
@@ -110,26 +107,18 @@ struct Of<unit, strided> {
   }
   static constexpr char t = kType<T>;
   static constexpr Loop loop = {
-      call, 2, 1, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t, t, t, t, t}, Parameters::kFraction, false, false, false};
+      call, 2, 1, {sizeof(T), sizeof(T), sizeof(T)}, {t, t, t, t, t, t, t}, Parameters::kFraction};
 };
 
-// The same loop with orders as floating-point numbers; with its two results exchanged; of a function that may be
-// reordered; of one that selects.
+// The same loop with orders as floating-point numbers.
 constexpr Loop real_order(Loop loop) {
   loop.types[0] = loop.types[1];
   loop.parameters = Parameters::kRealOrder;
   return loop;
 }
-constexpr Loop exchanged(Loop loop) {
-  loop.swapped = true;
-  return loop;
-}
-constexpr Loop reordering(Loop loop) {
-  loop.reorders = true;
-  return loop;
-}
-constexpr Loop selecting(Loop loop) {
-  loop.selects = true;
+// With one of the properties above.
+constexpr Loop with(Loop loop, bool Loop::*property) {
+  loop.*property = true;
   return loop;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 
 #include "lanes/control.h"
 
@@ -57,16 +58,30 @@ uint32_t flags_of_all(const Loop& loop, int64_t n, char* const* at, const int64_
   return flags;
 }
 
+template <class E>
+bool any_part_is_zero(const E* parts, int64_t count) {
+  typedef E Pack __attribute__((vector_size(16)));
+  constexpr int64_t kWidth = 16 / sizeof(E);
+  decltype(Pack{} == Pack{}) some = {};
+  int64_t i = 0;
+  for (; i + kWidth <= count; i += kWidth) {
+    Pack pack;
+    std::memcpy(&pack, parts + i, sizeof pack);
+    some |= pack == E(0);
+  }
+  bool found = false;
+  for (int64_t k = 0; k < kWidth; ++k) found = found || some[k] != 0;
+  for (; i < count; ++i) found = found || parts[i] == 0;
+  return found;
+}
+
 // Whether a number that is not 0 is divided by 0.
 template <class C>
 bool divides_by_zero(int64_t n, char* const* at, const int64_t* increments) {
   const auto *a = reinterpret_cast<const C*>(at[0]), *b = reinterpret_cast<const C*>(at[1]);
   const int64_t inc_a = increments == nullptr ? 1 : increments[0], inc_b = increments == nullptr ? 1 : increments[1];
   if (increments == nullptr) {  // mostly no part of any divisor is 0, which is soon seen
-    const auto* const parts = &b[0].re;
-    unsigned some = 0;
-    for (int64_t i = 0; i < 2 * n; ++i) some |= static_cast<unsigned>(parts[i] == 0);
-    if (some == 0) return false;
+    if (!any_part_is_zero(&b[0].re, 2 * n)) return false;
   }
   for (int64_t i = 0; i < n; ++i) {
     const C &x = a[i * inc_a], &y = b[i * inc_b];

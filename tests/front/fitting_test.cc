@@ -172,6 +172,38 @@ TEST(Splines, BitsDoNotDependOnTheNumberOfThreads) {
   orvik_set_num_threads(0);
 }
 
+TEST(Splines, SitesInOrderGiveTheBitsAndCellsOfSitesWithoutOrder) {
+  std::mt19937_64 random(5);
+  std::uniform_real_distribution<double> step(0.01, 1), place(-2, 130);
+  std::vector<double> x(257), y(257), t(200003);
+  for (size_t i = 1; i < x.size(); ++i) x[i] = x[i - 1] + step(random);
+  for (double& v : y) v = step(random);
+  for (double& v : t) v = place(random);
+  std::copy(x.begin(), x.end(), t.begin());
+  t[300] = kInf, t[301] = -kInf;
+  std::vector<double> ordered = t;
+  std::sort(ordered.begin(), ordered.end());
+  const int64_t n = static_cast<int64_t>(t.size());
+  for (const int32_t kind : {ORVIK_NATURAL, ORVIK_QUADRATIC}) {
+    const Spline s(x, y, kind);
+    for (const int32_t threads : {1, 3}) {
+      orvik_set_num_threads(threads);
+      std::vector<double> in_order(t.size()), without(t.size());
+      std::vector<int64_t> cells(t.size());
+      ASSERT_EQ(orvik_d_spline_evaluate(s.s, n, ordered.data(), in_order.data(), 0), ORVIK_SUCCESS);
+      ASSERT_EQ(orvik_d_search(257, x.data(), n, ordered.data(), cells.data()), ORVIK_SUCCESS);
+      std::vector<double> last_first(ordered.rbegin(), ordered.rend());
+      ASSERT_EQ(orvik_d_spline_evaluate(s.s, n, last_first.data(), without.data(), 0), ORVIK_SUCCESS);
+      std::reverse(without.begin(), without.end());
+      EXPECT_EQ(std::memcmp(in_order.data(), without.data(), t.size() * sizeof(double)), 0) << kind << " " << threads;
+      for (size_t i = 0; i < t.size(); ++i) {
+        ASSERT_EQ(cells[i], std::upper_bound(x.begin(), x.end(), ordered[i]) - x.begin()) << ordered[i];
+      }
+    }
+  }
+  orvik_set_num_threads(0);
+}
+
 TEST(Splines, BadArgumentsGetTheirStatus) {
   const auto y = values([](double x) { return x; });
   const auto made = [&](const std::vector<double>& x, int32_t kind = ORVIK_NATURAL,

@@ -212,6 +212,8 @@ def test_search_is_searchsorted(dtype, data):
     t = data.draw(hnp.arrays(dtype, st.integers(0, 60), elements=st.floats(width=width)))
     t = np.concatenate([t, x])
     np.testing.assert_array_equal(search(x, t), np.searchsorted(x, t, side="right"))
+    t = np.sort(t)
+    np.testing.assert_array_equal(search(x, t), np.searchsorted(x, t, side="right"))
 
 
 @pytest.mark.parametrize("x, error", [([1.0], ValueError), ([], ValueError), ([1, 1], ValueError), ([0, np.nan], ValueError),

@@ -157,7 +157,8 @@ def test_members_are_sequences_of_their_own():
 
 
 @pytest.mark.parametrize("dimension, error", [(0, ValueError), (41, ValueError), (-1, ValueError), (1 << 40, ValueError),
-                                              (2.5, TypeError), ([3, 1, -2], ValueError)])
+                                              (2.5, TypeError), ([3, 1, -2], ValueError), ([1 << 80], ValueError),
+                                              ([[3]], TypeError)])
 def test_dimensions_out_of_range_are_refused(dimension, error):
     with pytest.raises(error):
         SOBOL(dimension)
@@ -273,8 +274,9 @@ def test_a_generator_at_the_end_of_the_points_warns_and_goes_on():
     with pytest.warns(RuntimeWarning):
         assert np.isfinite(rng.standard_normal(100)).all()
     assert rng.integers(3, size=1000).max() == 2  # rejection comes to an end
-    with pytest.raises(RuntimeError):
-        stream.uniform()
+    for call in (stream.uniform, stream.random_raw, stream.words):
+        with pytest.raises(RuntimeError):
+            call()
     stream.state = SOBOL(1).state
     assert stream.uniform() == 0.5
 
@@ -389,6 +391,21 @@ def test_no_damaged_image_is_taken(kind):
         with pytest.raises(ValueError):
             stream.state = {"bit_generator": kind.__name__, "image": image[:length]}
     assert stream.state == kind(2).state
+
+
+@pytest.mark.parametrize("damage", [{"generation": -1}, {"generation": 9}, {"spawned": -1}, {"sequence": 5}])
+def test_damaged_histories_are_refused(damage):
+    stream = PHILOX4X32X10(1)
+    with pytest.raises(ValueError):
+        stream.state = PHILOX4X32X10(2).state | damage
+    assert stream.state == PHILOX4X32X10(1).state
+
+
+def test_raw_words_at_the_end_of_the_points_raise():
+    stream = SOBOL(1)
+    stream.skip((1 << 32) - 5)
+    with pytest.warns(RuntimeWarning), pytest.raises(RuntimeError):
+        stream.random_raw(100)
 
 
 def test_a_damaged_pickle_raises():

@@ -3,6 +3,7 @@ import operator
 import threading
 
 import numpy as np
+from numpy.random.bit_generator import ISeedSequence
 
 from .. import _random
 from ._distributions import Distributions
@@ -84,6 +85,8 @@ class BitGenerator(Distributions, np.random.BitGenerator):
             raise ValueError("state holds no image")
         generation, spawned = (operator.index(value.get(key, 0)) for key in ("generation", "spawned"))
         sequence = value.get("sequence", self._sequence)
+        if not (0 <= generation <= len(self._distances) and spawned >= 0 and isinstance(sequence, ISeedSequence)):
+            raise ValueError("state is damaged")
         with self.lock:
             self._stream.restore(image)
             self._generation, self._spawned, self._sequence = generation, spawned, sequence

@@ -174,10 +174,10 @@ class Points(BitGenerator):
         try:
             stream = _random.Stream.make(self._number, _dimension(dimension))
         except TypeError:
-            words = np.array([operator.index(word) for word in dimension], dtype=np.int64)
-            if words.ndim != 1 or (words < 0).any() or (words > 0xFFFFFFFF).any():
+            words = [operator.index(word) for word in dimension]
+            if not all(0 <= word < 1 << 32 for word in words):
                 raise ValueError("numbers of points must be below 2**32") from None
-            stream = _random.Stream.make_seeds(self._number, words.astype(np.uint32))
+            stream = _random.Stream.make_seeds(self._number, np.array(words, dtype=np.uint32))
         self._adopt(stream, sequence)
 
     def _children(self, n):

@@ -7,15 +7,20 @@ namespace orvik::python {
 namespace {
 
 // The front's function for the type of the numbers.
-#define FRONT(T, name) ([](auto... a) { \
-  if constexpr (std::is_same_v<T, double>) return orvik_d_##name(a...); else return orvik_s_##name(a...); })
+#define FRONT(T, name)                       \
+  ([](auto... a) {                           \
+    if constexpr (std::is_same_v<T, double>) \
+      return orvik_d_##name(a...);           \
+    else                                     \
+      return orvik_s_##name(a...);           \
+  })
 #define UNPACK(...) __VA_ARGS__
 
-#define DRAW(name, piece, function, parameters, arguments)                                                     \
-  stream.def(#name, [](Stream& s, py::array out, UNPACK parameters) {                                          \
-    draw_real(s, out, 1, piece, [&]<class T>(orvik_stream* from, int64_t n, T* r) {                            \
-      return FRONT(T, function)(from, n, r, UNPACK arguments);                                                 \
-    });                                                                                                        \
+#define DRAW(name, piece, function, parameters, arguments)                          \
+  stream.def(#name, [](Stream& s, py::array out, UNPACK parameters) {               \
+    draw_real(s, out, 1, piece, [&]<class T>(orvik_stream* from, int64_t n, T* r) { \
+      return FRONT(T, function)(from, n, r, UNPACK arguments);                      \
+    });                                                                             \
   })
 #define SPLIT(name, parameters, arguments) DRAW(name, kSplitPiece, name##_threads, parameters, arguments)
 #define PLAIN(name, parameters, arguments) DRAW(name, kPlainPiece, name, parameters, arguments)
@@ -29,8 +34,9 @@ int64_t vectors_of_piece(int64_t dimension) {
 
 void multivariate_normal(Stream& s, py::array out, const py::array& mean, const py::array& factor, uint32_t method) {
   const int64_t dimension = mean.size();
-  if (dimension < 1 || dimension > INT32_MAX || factor.size() != dimension * dimension || !mean.dtype().equal(out.dtype()) ||
-      !factor.dtype().equal(out.dtype()) || (mean.flags() & factor.flags() & py::array::c_style) == 0) {
+  if (dimension < 1 || dimension > INT32_MAX || factor.size() != dimension * dimension ||
+      !mean.dtype().equal(out.dtype()) || !factor.dtype().equal(out.dtype()) ||
+      (mean.flags() & factor.flags() & py::array::c_style) == 0) {
     raise(PyExc_ValueError, "mean and factor do not fit");
   }
   draw_real(s, out, dimension, vectors_of_piece(dimension), [&]<class T>(orvik_stream* from, int64_t n, T* r) {

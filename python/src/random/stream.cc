@@ -89,8 +89,7 @@ void Stream::skip(uint64_t count) {
 }
 
 void Stream::skip_long(const py::array_t<uint64_t>& count) {
-  const orvik_status status =
-      orvik_stream_skip_long(words_.settle(), static_cast<int32_t>(count.size()), count.data());
+  const orvik_status status = orvik_stream_skip_long(words_.settle(), static_cast<int32_t>(count.size()), count.data());
   if (status < 0) cannot(status, generator());
 }
 

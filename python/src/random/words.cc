@@ -31,8 +31,8 @@ void Words::refill() {
   if (size == size_ && size_ < kMost) size_ *= 2;
 }
 
-// NumPy's callers cannot be told: they get numbers of a mixed counter (Steele, Lea, Flood 2014), on which no rejection loops
-// for ever, and the user a warning.
+// NumPy's callers cannot be told: they get numbers of a mixed counter (Steele, Lea, Flood 2014), on which no rejection
+// loops for ever, and the user a warning.
 void Words::fail(orvik_status status) {
   end_ = 1;
   uint64_t z = stand_in_ += 0x9E3779B97F4A7C15;

@@ -1,5 +1,5 @@
-// The words that NumPy's generators draw from a stream, one at a time: drawn by blocks, yet the stream can always be had as if
-// only those handed out had been drawn.
+// The words that NumPy's generators draw from a stream, one at a time: drawn by blocks, yet the stream can always be
+// had as if only those handed out had been drawn.
 #pragma once
 
 #include <cstdint>

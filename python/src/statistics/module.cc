@@ -9,15 +9,14 @@ namespace py = pybind11;
 namespace orvik::python {
 namespace {
 
-#define MEMBER(kind, name) \
-  def(#name, [](const Summary<T>& s) { return s.kind(FRONT_POINTER(name)); })
-#define FRONT_POINTER(name)                                 \
-  ([] {                                                     \
-    if constexpr (std::is_same_v<T, double>) {              \
-      return orvik_d_summary_##name;                        \
-    } else {                                                \
-      return orvik_s_summary_##name;                        \
-    }                                                       \
+#define MEMBER(kind, name) def(#name, [](const Summary<T>& s) { return s.kind(FRONT_POINTER(name)); })
+#define FRONT_POINTER(name)                    \
+  ([] {                                        \
+    if constexpr (std::is_same_v<T, double>) { \
+      return orvik_d_summary_##name;           \
+    } else {                                   \
+      return orvik_s_summary_##name;           \
+    }                                          \
   }())
 
 // `suffix` tells the element type; arrays are taken as they are or not at all.

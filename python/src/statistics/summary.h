@@ -19,7 +19,8 @@ class Summary {
 
   void update(const Array<T>& x, const std::optional<Array<T>>& weights) {
     const Observations<T> data(x);
-    if (data.p != dimension()) raise(PyExc_ValueError, "the block has not as many columns as the summary has variables");
+    if (data.p != dimension())
+      raise(PyExc_ValueError, "the block has not as many columns as the summary has variables");
     const T* const w = vector_of(weights, data.n);
     orvik_status status;
     {

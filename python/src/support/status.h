@@ -42,8 +42,8 @@ inline std::string text_of(orvik_status status, bool of_fitting) {
   const std::string text = orvik_status_text(status), streams = "Of a stream: ", fitting = " Of data fitting: ";
   const size_t second = text.find(fitting);
   if (!text.starts_with(streams) || second == std::string::npos) return text;
-  std::string one = of_fitting ? text.substr(second + fitting.size())
-                               : text.substr(streams.size(), second - streams.size());
+  std::string one =
+      of_fitting ? text.substr(second + fitting.size()) : text.substr(streams.size(), second - streams.size());
   one[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(one[0])));
   return one;
 }

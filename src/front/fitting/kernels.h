@@ -52,6 +52,22 @@ bool ascends(int64_t nx, const T* x) {
   return true;
 }
 
+// Sites in order are merged with the breakpoints instead of looked up, where they are as many; the cells are the same.
+inline constexpr int64_t kAscendingSites = 64;
+
+template <class T>
+int64_t hint_of(int64_t nx, int64_t n, const T* t) {
+  if (n < nx) return 0;
+  constexpr int64_t kBlock = 512;
+  for (int64_t begin = 1; begin < n; begin += kBlock) {
+    const int64_t end = n - begin < kBlock ? n : begin + kBlock;
+    bool ordered = true;
+    for (int64_t i = begin; i < end; ++i) ordered &= t[i - 1] <= t[i];
+    if (!ordered) return 0;
+  }
+  return kAscendingSites;
+}
+
 inline orvik_status fitting_status(int32_t status) { return status == DFS_NO_MEMORY ? ORVIK_ERROR_NO_MEMORY : status; }
 
 }  // namespace orvik::front

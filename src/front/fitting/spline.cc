@@ -188,21 +188,6 @@ orvik_status check_sites(const Spline<T>* s, int64_t n, const T* a, const T* b, 
                                                                                           : ORVIK_SUCCESS;
 }
 
-// Sites in order are merged with the breakpoints instead of looked up; the cells are the same.
-constexpr int64_t kAscendingSites = 64;
-
-template <class T>
-int64_t hint_of(int64_t n, const T* t) {
-  constexpr int64_t kBlock = 512;
-  for (int64_t begin = 1; begin < n; begin += kBlock) {
-    const int64_t end = n - begin < kBlock ? n : begin + kBlock;
-    bool ordered = true;
-    for (int64_t i = begin; i < end; ++i) ordered &= t[i - 1] <= t[i];
-    if (!ordered) return 0;
-  }
-  return n > 1 ? kAscendingSites : 0;
-}
-
 template <class T>
 orvik_status evaluate(const void* handle, int64_t n, const T* t, T* r, int32_t derivative) {
   const Spline<T>* const s = spline_of<T>(handle);
@@ -216,9 +201,9 @@ orvik_status evaluate(const void* handle, int64_t n, const T* t, T* r, int32_t d
   const KeepErrno keep;
   int64_t orders[4] = {};
   orders[derivative] = 1;
-  return fitting_status(Fitting<T>::interpolate(s->task, 1, 0, n, t, hint_of(n, t), derivative + 1, orders, nullptr, r,
-                                                DF_STORAGE_ROWS, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                                                nullptr, nullptr, nullptr, &kServices));
+  return fitting_status(Fitting<T>::interpolate(s->task, 1, 0, n, t, hint_of(s->nx, n, t), derivative + 1, orders,
+                                                nullptr, r, DF_STORAGE_ROWS, nullptr, nullptr, nullptr, nullptr,
+                                                nullptr, nullptr, nullptr, nullptr, nullptr, &kServices));
 }
 
 template <class T>

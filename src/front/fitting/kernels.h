@@ -37,19 +37,13 @@ ORVIK_FRONT_KERNELS(float, s, 32)
 // The front's pool as the kernels' threads; sites are computed one by one, so that bits do not depend on it.
 extern const OrvikDFServices kServices;
 
-inline bool sites_meet(const void* a, int64_t a_bytes, const void* b, int64_t b_bytes) {
-  const auto x = reinterpret_cast<uint64_t>(a), y = reinterpret_cast<uint64_t>(b);
-  return x < y + static_cast<uint64_t>(b_bytes) && y < x + static_cast<uint64_t>(a_bytes);
-}
-
 // x ascends strictly and holds no NaN; at least two.
 template <class T>
 bool ascends(int64_t nx, const T* x) {
   if (nx < 2) return false;
-  for (int64_t i = 1; i < nx; ++i) {
-    if (!(x[i - 1] < x[i])) return false;
-  }
-  return true;
+  bool sound = true;
+  for (int64_t i = 1; i < nx; ++i) sound &= x[i - 1] < x[i];
+  return sound;
 }
 
 inline orvik_status fitting_status(int32_t status) { return status == DFS_NO_MEMORY ? ORVIK_ERROR_NO_MEMORY : status; }

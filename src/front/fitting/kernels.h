@@ -41,9 +41,10 @@ extern const OrvikDFServices kServices;
 template <class T>
 bool ascends(int64_t nx, const T* x) {
   if (nx < 2) return false;
-  bool sound = true;
-  for (int64_t i = 1; i < nx; ++i) sound &= x[i - 1] < x[i];
-  return sound;
+  for (int64_t i = 1; i < nx; ++i) {
+    if (!(x[i - 1] < x[i])) return false;
+  }
+  return true;
 }
 
 inline orvik_status fitting_status(int32_t status) { return status == DFS_NO_MEMORY ? ORVIK_ERROR_NO_MEMORY : status; }

@@ -161,16 +161,11 @@ struct alignas(64) Block {
 };
 
 // Cuts n elements into at most `wanted` blocks that end where a cache line of the first result ends; returns how many.
-// The lanes of complex rows may raise a flag or not by what stands beside an element, so that they are cut where a
-// kernel's own blocks and pieces end, counted from the start of the call: flags are then those of one call.
-constexpr int64_t kPiece =
-    512;  // a multiple of every kernel's blocks, and of the 2 KB in which strided arrays are gathered
-
+// The flags of a block are those of its elements, so that a cut changes none.
 int32_t cut(const Row& row, const Operands& o, int64_t n, int32_t wanted, Block* blocks) {
-  const bool whole_pieces = row.complex || row.input_bytes != row.result_bytes;
-  const int64_t line = whole_pieces ? kPiece : 64 / row.result_bytes;
+  const int64_t line = 64 / row.result_bytes;
   int64_t lead = 0;  // elements before the first whole line
-  if (o.r1.step == 1 && !whole_pieces) {
+  if (o.r1.step == 1) {
     const auto beyond = static_cast<int64_t>(reinterpret_cast<uint64_t>(o.r1.start) % 64);
     if (beyond % row.result_bytes == 0) lead = (64 - beyond) % 64 / row.result_bytes;
   }

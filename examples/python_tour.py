@@ -84,8 +84,8 @@ keep("nile")
 # %% [markdown]
 # ## Air quality in New York, 1973
 #
-# Ozone, radiation, wind, temperature; some days have holes, which are left out here. A summary of each month merges into that of the
-# summer.
+# Ozone, radiation, wind, temperature. A summary of each month's whole days merges into that of the summer; then the holes are filled by
+# draws of what may have been there, five times, and the days are searched for outliers.
 
 # %%
 table = np.genfromtxt(HERE / "data" / "airquality.csv", delimiter=",", skip_header=1)
@@ -102,6 +102,15 @@ for m in range(5, 10):
 correlation = summer.correlation
 assert np.allclose(correlation, stats.corrcoef(days[whole]))
 print(f"  {summer.count} days; correlation of ozone and temperature {correlation[0, 3]:.2f}, of ozone and wind {correlation[0, 2]:.2f}")
+completed = stats.impute(days, 5)
+means = completed[:, :, 0].mean(axis=1)
+print(f"  mean ozone of whole days {summer.mean[0]:.1f}, of {len(days)} days with drawn values {means.min():.1f} to {means.max():.1f}")
+assert np.array_equal(completed[0][whole], days[whole])
+logs = np.log(days[whole][:, :1])
+robust = stats.robust_cov(logs)
+far = stats.outliers(logs)
+print(f"  days whose logarithm of ozone lies out: {far.sum()}, with {days[whole][far, 0].astype(int).tolist()} parts per billion; "
+      f"robust centre of the others {float(np.exp(robust.mean[0])):.1f}")
 plt.figure(figsize=(4, 3.4))
 plt.imshow(correlation, vmin=-1, vmax=1, cmap="RdBu")
 plt.xticks(range(4), names, rotation=30)

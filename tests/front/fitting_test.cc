@@ -131,6 +131,30 @@ TEST(Splines, OwnWhatTheyNeedAndHoldSeveralFunctions) {
   }
 }
 
+TEST(Splines, OfEveryKindReadNothingOfTheCallersLater) {
+  for (int32_t kind = ORVIK_LINEAR; kind <= ORVIK_QUADRATIC; ++kind) {
+    auto x = kX, y = values([](double v) { return v * v * v; });
+    std::vector<double> internal(x.size() - 2, 1.5);
+    const bool inner = kind == ORVIK_HERMITE || kind == ORVIK_DEFAULT;
+    const Spline s(x, y, kind, nullptr, inner ? internal.data() : nullptr);
+    ASSERT_EQ(s.status, ORVIK_SUCCESS) << kind;
+    const double t[] = {-1, 0.7, 1.1, 4, 90}, from[] = {0, 0.3, 2, 1, 1};
+    double before[3][5], after[3][5];
+    const auto evaluate = [&](double(*r)[5]) {
+      ASSERT_EQ(orvik_d_spline_evaluate(s.s, 5, t, r[0], 0), ORVIK_SUCCESS);
+      ASSERT_EQ(orvik_d_spline_evaluate(s.s, 5, t, r[1], 1), ORVIK_SUCCESS);
+      ASSERT_EQ(orvik_d_spline_integrate(s.s, 5, from, t, r[2]), ORVIK_SUCCESS);
+    };
+    evaluate(before);
+    for (auto* gone : {&x, &y, &internal}) {
+      std::fill(gone->begin(), gone->end(), kNan);
+      std::vector<double>().swap(*gone);
+    }
+    evaluate(after);
+    EXPECT_EQ(std::memcmp(before, after, sizeof before), 0) << kind;
+  }
+}
+
 TEST(Splines, TheSmallestPartitions) {
   const std::vector<double> two = {1, 3}, y = {5, 9};
   const Spline line(two, y, ORVIK_LINEAR), natural(two, y, ORVIK_NATURAL);

@@ -1,6 +1,8 @@
 """The example of work beyond one machine, on a local cluster of two processes."""
 import os
 import pathlib
+import re
+import subprocess
 import sys
 
 import numpy as np
@@ -9,7 +11,7 @@ import pytest
 pytest.importorskip("dask.array")
 distributed = pytest.importorskip("distributed")
 
-EXAMPLES = pathlib.Path(os.environ.get("ORVIK_EXAMPLES_DIR", pathlib.Path(__file__).resolve().parents[2] / "examples"))
+EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
 N, P = 100003, 3
 
 
@@ -73,3 +75,13 @@ def test_summaries_merged_in_a_tree_are_those_of_the_whole_to_the_last_digits(cl
 def test_merging_leaves_its_arguments(example):
     a, b = example.summary_of(np.ones((3, 1))), example.summary_of(np.zeros((2, 1)))
     assert example.merged(a, b).count == 5 and (a.count, b.count) == (3, 2)
+
+
+def test_the_script_says_the_same_twice():
+    done = subprocess.run([sys.executable, EXAMPLES / "dask_summary.py", "20000", "2"], capture_output=True, text=True, timeout=300)
+    assert done.returncode == 0, done.stderr
+    said = [[float(number) for number in re.findall(r"[\d.e+-]+\d", line.partition("mean")[2])]
+            for line in done.stdout.splitlines() if "chunks of" in line]
+    assert len(said) == 2 and len(said[0]) == 6
+    np.testing.assert_allclose(said[0], said[1], rtol=1e-7)  # as many digits as are printed
+    np.testing.assert_allclose(said[0][:3], np.exp(0.25**2 / 2), rtol=0.02)

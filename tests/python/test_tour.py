@@ -43,6 +43,9 @@ def test_what_it_says_is_so(tour):
     assert number(said, r"difference (\S+);") == round(means[0] - means[1], 1)
     assert number(said, r"difference (\S+);") > 1.5 * number(said, r"and (\S+)\n  plot: nile")
     assert number(said, r"(\d+) days; correlation") == 111
+    ozone = number(said, r"whole days (\S+),")
+    assert 0.8 * ozone < number(said, r"drawn values (\S+) to") <= number(said, r"drawn values \S+ to (\S+)") < 1.2 * ozone
+    assert 1 <= number(said, r"ozone lies out: (\d+),") < 10
     assert number(said, r"Sobol's (\S+)") < number(said, r"points: random (\S+),")
     assert number(said, r"natural: swings (\S+) ") > 0.05
     assert number(said, r"hyman: swings (\S+) ") == 0

@@ -37,11 +37,6 @@ ORVIK_FRONT_KERNELS(float, s, 32)
 // The front's pool as the kernels' threads; sites are computed one by one, so that bits do not depend on it.
 extern const OrvikDFServices kServices;
 
-inline bool sites_meet(const void* a, int64_t a_bytes, const void* b, int64_t b_bytes) {
-  const auto x = reinterpret_cast<uint64_t>(a), y = reinterpret_cast<uint64_t>(b);
-  return x < y + static_cast<uint64_t>(b_bytes) && y < x + static_cast<uint64_t>(a_bytes);
-}
-
 // x ascends strictly and holds no NaN; at least two.
 template <class T>
 bool ascends(int64_t nx, const T* x) {

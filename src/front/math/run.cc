@@ -40,8 +40,9 @@ constexpr int64_t kMostElements = int64_t{1} << 30;
 constexpr int64_t kCostOfNanosecond = 5 * 64;  // in 64ths
 // Below this a second thread does not pay; each is worth that much work.
 constexpr int64_t kAloneNanoseconds = 20000, kNanosecondsOfThread = 10000;
-constexpr int64_t kSurelyLong = int64_t{1} << 24;  // whatever the cost; below it products fit in 64 bits
-constexpr int32_t kBlocksOfThread = 16;  // so that one that comes late, or is held up, keeps nobody waiting
+constexpr int64_t kSurelyShort = 16;               // whatever the cost: no element takes a microsecond
+constexpr int64_t kSurelyLong = int64_t{1} << 24;  // the same; below it products fit in 64 bits
+constexpr int32_t kBlocksOfThread = 16;            // so that one that comes late, or is held up, keeps nobody waiting
 constexpr int32_t kMostBlocks = kMostThreads;
 
 // A cost in 64ths, from the bits of the float: arithmetic in floating point would raise flags that are the caller's.
@@ -58,6 +59,17 @@ int64_t nanoseconds_of(int64_t n, float cost) {
   constexpr __int128 kLongest = int64_t{1} << 44;
   const __int128 time = static_cast<__int128>(n) * cost_in_64ths(cost) / kCostOfNanosecond;
   return static_cast<int64_t>(time < kLongest ? time : kLongest);
+}
+
+// Kernels that memory alone limits write large results past the caches; a block must be large for that, too.
+constexpr int64_t kPastCaches = (int64_t{8} << 20) + 4096;  // bytes, and what the ends of blocks are rounded by
+constexpr int64_t kCheapByte = 10;                          // cost of a byte of results in 64ths, where memory limits
+
+int32_t whole_streams(const Row& row, const Operands& o, int64_t n, int level, int32_t blocks) {
+  if (blocks <= 1 || o.strided || n > kMostElements) return blocks;
+  const int64_t most = n * row.result_bytes / kPastCaches;
+  if (most == 0 || cost_in_64ths(row.costs[level]) >= kCheapByte * row.result_bytes) return blocks;
+  return most < blocks ? static_cast<int32_t>(most) : blocks;
 }
 
 bool fits_kernel(int64_t step) { return step >= INT32_MIN && step <= INT32_MAX; }
@@ -149,16 +161,11 @@ struct alignas(64) Block {
 };
 
 // Cuts n elements into at most `wanted` blocks that end where a cache line of the first result ends; returns how many.
-// The lanes of complex rows may raise a flag or not by what stands beside an element, so that they are cut where a
-// kernel's own blocks and pieces end, counted from the start of the call: flags are then those of one call.
-constexpr int64_t kPiece =
-    512;  // a multiple of every kernel's blocks, and of the 2 KB in which strided arrays are gathered
-
+// The flags of a block are those of its elements, so that a cut changes none.
 int32_t cut(const Row& row, const Operands& o, int64_t n, int32_t wanted, Block* blocks) {
-  const bool whole_pieces = row.complex || row.input_bytes != row.result_bytes;
-  const int64_t line = whole_pieces ? kPiece : 64 / row.result_bytes;
+  const int64_t line = 64 / row.result_bytes;
   int64_t lead = 0;  // elements before the first whole line
-  if (o.r1.step == 1 && !whole_pieces) {
+  if (o.r1.step == 1) {
     const auto beyond = static_cast<int64_t>(reinterpret_cast<uint64_t>(o.r1.start) % 64);
     if (beyond % row.result_bytes == 0) lead = (64 - beyond) % 64 / row.result_bytes;
   }
@@ -265,7 +272,7 @@ orvik_status run(const Row& row, const Operands& o, int64_t n, orvik_math_option
     found.second_argument = row.second_argument;
     found.second_result = row.second_result;
     int32_t blocks = 1;
-    if (threads != 1 &&
+    if (threads != 1 && n > kSurelyShort &&
         (n >= kSurelyLong || n * cost_in_64ths(row.costs[level]) >= kAloneNanoseconds * kCostOfNanosecond)) {
       const int64_t work = nanoseconds_of(n, row.costs[level]);
       const int64_t limit = thread_limit(), worth = work / kNanosecondsOfThread;
@@ -274,6 +281,7 @@ orvik_status run(const Row& row, const Operands& o, int64_t n, orvik_math_option
       blocks = static_cast<int32_t>(most < wanted ? most : wanted);
     }
     if (blocks < threads) blocks = threads;
+    blocks = whole_streams(row, o, n, level, blocks);
     if (threads > kMostThreads) threads = kMostThreads;
     if (blocks > kMostBlocks) blocks = kMostBlocks;
     if (threads <= 1 || !run_blocks(row, o, level, n, threads, blocks, &found)) {

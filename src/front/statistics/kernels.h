@@ -22,6 +22,7 @@ struct Statistics;
     static constexpr Kind kStreamQuantiles = Kind::kStreamQuantiles##bits; \
     static constexpr auto new_task = __qor##d##SSNewTask;                  \
     static constexpr auto edit = __qor##d##SSEditTask;                     \
+    static constexpr auto edit_sums = __qor##d##SSEditSums;                \
     static constexpr auto basic = _qor##d##SSBasic;                        \
     static constexpr auto minmax = _qor##d##SSMinmax;                      \
     static constexpr auto quantiles = _qor##d##SSQuantiles;                \
@@ -59,6 +60,10 @@ class Task {
   Task& set(int32_t id, const T* values) {
     if (status_ == 0) status_ = S::edit(task_, id, values);
     return *this;
+  }
+  Task& set_central_sums(T* mean, T* second, T* third, T* fourth) {
+    if (status_ == 0) status_ = S::edit_sums(task_, nullptr, nullptr, nullptr, nullptr, second, third, fourth);
+    return set(OrvikSS_mean, mean);
   }
   Task& set_integer(int32_t id, const int64_t* value) {
     if (status_ == 0) status_ = __qoriSSEditTask(task_, id, value);

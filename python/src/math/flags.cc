@@ -9,7 +9,7 @@
 namespace orvik::python {
 namespace {
 
-constexpr int64_t kReports = 64;
+constexpr int64_t kReports = 16;
 
 // The flag of an exceptional element as NumPy has it: poles of powers, which the kernels count as outside the domain or
 // as overflow, divide by zero; 0 / 0, a pole to them, is invalid; a NaN that an argument brought raises nothing.

@@ -9,6 +9,7 @@ import numpy as np
 import pytest
 
 from orvik import stats
+from orvik._summaries import _summary_of
 from orvik.interpolate import Spline, search
 from orvik.random import MT2203, MT19937, NIEDERREITER, PHILOX4X32X10
 
@@ -64,7 +65,7 @@ def refused_statistics():
     refused(s.update, X[:, :3])
     refused(s.update, X, -np.ones(300))
     refused(s.merge, stats.Summary(3))
-    refused(stats._summary_of, "<f8", s.__reduce__()[1][1][:-1])
+    refused(_summary_of, "<f8", s.__reduce__()[1][1][:-1])
     refused(stats.quantile, X, 2.0)
     refused(stats.cov, X, np.full(300, np.nan))
     refused(stats.StreamQuantiles, 1, -1.0)

@@ -12,7 +12,7 @@ import orvik
 
 FOLDER = pathlib.Path(orvik.__file__).parent
 MODULES = {"random": "random/__init__.pyi", "stats": "stats.pyi", "interpolate": "interpolate.pyi"}
-DOCUMENTED = ["random", "random._bit_generator", "random._distributions", "random._generators", "stats", "interpolate"]
+DOCUMENTED = ["random", "random._bit_generator", "random._distributions", "random._generators", "stats", "_summaries", "interpolate"]
 
 
 def parameters(function):

@@ -20,7 +20,10 @@ class Distributions:
     """
 
     def _real(self, name, size, dtype, out, *parameters):
-        array = array_for(size, type_of(dtype, REALS, name), out)
+        if dtype is np.float64 and size is None and type(out) is np.ndarray and out.dtype is REALS[0] and out.flags.carray:
+            array = out  # the commonest call, whose checks are a part of the time of short ones
+        else:
+            array = array_for(size, type_of(dtype, REALS, name), out)
         draw = getattr(self._stream, name)
         with self.lock:
             draw(array, *parameters)

@@ -17,8 +17,6 @@ def type_of(dtype, types, name):
 
 def array_for(size, dtype, out, last=()):
     """The array to fill: `out` after checks, or a new one of `size` (one number for None) and the dimensions `last`."""
-    if out is not None and size is None and type(out) is np.ndarray and out.dtype is dtype and not last and out.flags.carray:
-        return out  # as most are
     if out is None:
         if type(size) is int and not last:
             return np.empty(size, dtype)

@@ -1,6 +1,6 @@
 # Debian packages by `cpack --preset release` or `cmake --build ... --target package`: liborvik2 with the shared libraries, liborvik-dev with what
-# programs are built with. Their layout is Debian's whatever the build tree's own prefix is, so that one tree serves both.
-set(ORVIK_PACKAGES OFF PARENT_SCOPE)
+# programs are built with, python3-orvik with the Python package where it is built. Their layout is Debian's whatever the build tree's own prefix is, so that one tree serves both.
+set(ORVIK_PACKAGES OFF CACHE INTERNAL "Whether Debian packages can be made")
 foreach(tool dpkg dpkg-shlibdeps file gzip)
   find_program(ORVIK_PACKAGES_${tool} ${tool})
   mark_as_advanced(ORVIK_PACKAGES_${tool})
@@ -9,7 +9,7 @@ foreach(tool dpkg dpkg-shlibdeps file gzip)
     return()
   endif()
 endforeach()
-set(ORVIK_PACKAGES ON PARENT_SCOPE)  # for the tests
+set(ORVIK_PACKAGES ON CACHE INTERNAL "Whether Debian packages can be made")  # for the Python package and the tests
 
 set(ORVIK_PACKAGE_RELEASE 1 CACHE STRING "Debian's revision of the packages")
 set(ORVIK_PACKAGE_MAINTAINER "orvik-kernel maintainers <maintainers@orvik-kernel.example>" CACHE STRING
@@ -17,6 +17,9 @@ set(ORVIK_PACKAGE_MAINTAINER "orvik-kernel maintainers <maintainers@orvik-kernel
 
 set(soversion ${PROJECT_VERSION_MAJOR})
 set(debian_packages debian_runtime liborvik${soversion} debian_development liborvik-dev)
+if(ORVIK_PYTHON_FOUND)
+  list(APPEND debian_packages debian_python python3-orvik)
+endif()
 
 orvik_install_layout(debian lib/${CMAKE_LIBRARY_ARCHITECTURE} include debian_runtime debian_development EXCLUDE_FROM_ALL)
 orvik_install_pages(share/doc/liborvik-dev COMPONENT debian_development EXCLUDE_FROM_ALL)
@@ -49,6 +52,9 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_COMPONENTS_ALL debian_runtime debian_development)
+if(ORVIK_PYTHON_FOUND)
+  list(APPEND CPACK_COMPONENTS_ALL debian_python)
+endif()
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_VERBATIM_VARIABLES ON)
 
@@ -84,5 +90,23 @@ processors with AVX2 and FMA.
 .
 This package has the headers, the static libraries, the files for CMake and
 pkg-config, and the user's pages.")
+
+# One series of Python, whose number the extensions' names have; the versions of libraries that the extensions need are found in them.
+if(ORVIK_PYTHON_FOUND)
+  execute_process(COMMAND ${ORVIK_PYTHON} -c "import sys; print(f'python3 (>= 3.{sys.version_info.minor}~), python3 (<< 3.{sys.version_info.minor + 1})', end='')"
+    OUTPUT_VARIABLE python COMMAND_ERROR_IS_FATAL ANY)
+  set(CPACK_DEBIAN_DEBIAN_PYTHON_PACKAGE_SECTION python)
+  set(CPACK_DEBIAN_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS ON)
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/lib)
+  set(CPACK_DEBIAN_DEBIAN_PYTHON_PACKAGE_DEPENDS
+    "liborvik${soversion} (= ${orvik_debian_version}), ${python}, python3-numpy (>= 1:1.22), python3-numpy-abi9")
+  set(CPACK_DEBIAN_DEBIAN_PYTHON_PACKAGE_SUGGESTS "python3-dask")
+  set(CPACK_DEBIAN_DEBIAN_PYTHON_DESCRIPTION "numeric kernels over arrays: Python package
+Vector mathematics as ufuncs of NumPy at three levels of accuracy, random
+generators and distributions, summary statistics, and splines, for
+processors with AVX2 and FMA.
+.
+This package has the Python package orvik.")
+endif()
 
 include(CPack)

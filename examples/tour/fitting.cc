@@ -1,10 +1,9 @@
 // Curves through a column with gaps: three cubic splines with their derivatives, drawn as an SVG, and their integrals
 // by month.
-#include <orvik/df.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <orvik/front.hpp>
 #include <string>
 #include <vector>
 
@@ -20,14 +19,13 @@ struct Kind {
   const char* name;
   const char* note;
   const char* colour;
-  int64_t type, ends;
-  int32_t (*construct)(OrvikDFTask, int64_t, int64_t, const OrvikDFServices*);
+  orvik::Kind kind;
 };
 
 const Kind kKinds[] = {
-    {"Natural", "two continuous derivatives", "#c2410c", 2, DFB_FREE_END, orvik_df_kernel_dDFNaturalCubicSpline1D},
-    {"Akima", "local, few wiggles", "#0f766e", 4, DFB_NONE, orvik_df_kernel_dDFAkimaCubicSpline1D},
-    {"Hyman", "as monotone as the data", "#4338ca", 9, DFB_FREE_END, orvik_df_kernel_dDFHymanCubicSpline1D},
+    {"Natural", "two continuous derivatives", "#c2410c", orvik::Kind::Natural},
+    {"Akima", "local, few wiggles", "#0f766e", orvik::Kind::Akima},
+    {"Hyman", "as monotone as the data", "#4338ca", orvik::Kind::Hyman},
 };
 
 // A curve at evenly spaced sites.
@@ -50,51 +48,14 @@ Points present_points(const Column& column) {
   return points;
 }
 
-// A spline through points: a task, one construction. It keeps no copy of the points.
-class Spline {
- public:
-  Spline(const Kind& kind, const Points& points) : coefficients_(4 * points.row.size()) {
-    status_ = orvik_df_kernel_dNewTask1D(&task_, static_cast<int64_t>(points.row.size()), points.row.data(),
-                                         DF_PARTITION_NON_UNIFORM, 1, points.value.data(), DF_STORAGE_ROWS, 0);
-    if (status_ == 0) {
-      status_ = orvik_df_kernel_dEditPPSpline1D(task_, 4, kind.type, kind.ends, nullptr, 0, nullptr,
-                                                coefficients_.data(), DF_STORAGE_ROWS);
-    }
-    if (status_ == 0) status_ = kind.construct(task_, 0, 0, nullptr);
+// The spline and its first derivative at `count` even sites from `a` to `b`.
+Curve trace(const orvik::Spline<double>& spline, double a, double b, size_t count) {
+  std::vector<double> sites;
+  for (size_t k = 0; k < count; ++k) {
+    sites.push_back(a + static_cast<double>(k) * (b - a) / static_cast<double>(count - 1));
   }
-  Spline(const Spline&) = delete;
-  Spline& operator=(const Spline&) = delete;
-  ~Spline() {
-    if (task_ != nullptr) orvik_df_kernel_DeleteTask(&task_);
-  }
-  int32_t status() const { return status_; }
-
-  // Value and first derivative at `count` even sites from `a` to `b`.
-  int32_t trace(double a, double b, size_t count, Curve* curve) const {
-    std::vector<double> both(2 * count);
-    const double ends[] = {a, b};
-    const int32_t orders[] = {1, 1};
-    const int32_t status = orvik_df_kernel_dDFInterpolate1D(
-        task_, 1, 0, static_cast<int64_t>(count), ends, 4, 2, orders, nullptr, both.data(), DF_STORAGE_COLUMNS, nullptr,
-        nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
-    curve->value.assign(both.begin(), both.begin() + static_cast<std::ptrdiff_t>(count));
-    curve->slope.assign(both.begin() + static_cast<std::ptrdiff_t>(count), both.end());
-    return status;
-  }
-
-  // The integrals from each left limit to its right one; both ascend.
-  int32_t integrate(const std::vector<double>& left, const std::vector<double>& right, std::vector<double>* r) const {
-    r->resize(left.size());
-    return orvik_df_kernel_dDFIntegrate1D(task_, 0, static_cast<int64_t>(left.size()), left.data(), 64, right.data(),
-                                          64, nullptr, nullptr, r->data(), DF_STORAGE_ROWS, nullptr, nullptr, nullptr,
-                                          nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
-  }
-
- private:
-  OrvikDFTask task_ = nullptr;
-  int32_t status_ = 0;
-  std::vector<double> coefficients_;
-};
+  return {spline.evaluate(sites), spline.evaluate(sites, 1)};
+}
 
 // The runs of equal numbers in a column: each as a stretch of the axis, half a row beyond its first and last row.
 struct Runs {
@@ -235,14 +196,10 @@ void show_fitting(const Table& table) {
   std::vector<Curve> curves(std::size(kKinds));
   std::vector<std::vector<double>> integrals(std::size(kKinds));
   for (size_t k = 0; k < curves.size(); ++k) {
-    const Spline spline(kKinds[k], points);
-    int32_t status = spline.status();
-    if (status == 0) status = spline.trace(a, b, 1200, &curves[k]);
-    if (status == 0) status = spline.integrate(runs.from, runs.to, &integrals[k]);
-    if (status != 0) {
-      std::printf("  %s: status %d\n", kKinds[k].name, status);
-      return;
-    }
+    const orvik::Spline<double> spline(points.row, points.value, kKinds[k].kind);
+    curves[k] = trace(spline, a, b, 1200);
+    integrals[k].resize(runs.from.size());
+    spline.integrate(runs.from, runs.to, integrals[k]);
     const auto [least, most] = std::minmax_element(curves[k].value.begin(), curves[k].value.end());
     double steepest = 0;
     for (double slope : curves[k].slope) steepest = std::max(steepest, std::abs(slope));

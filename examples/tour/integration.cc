@@ -1,6 +1,4 @@
 // The mean of a function of six normal numbers, by pseudo-random and by quasi-random points: how the error falls.
-#include <orvik/qor.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -23,25 +21,23 @@ double exact() { return std::exp(kDimensions * kWeight * kWeight / 2); }
 
 // Means of the first 2^6, 2^7, ... points. Numbers come by the inverse of the distribution function, one of each
 // uniform, so that a coordinate of a point stays one.
-bool means(int32_t brng, uint32_t seed, std::vector<double>* r) {
-  const Stream stream(brng, seed);
-  if (!stream.ok()) return false;
+std::vector<double> means(orvik::Generator generator, uint32_t seed) {
+  orvik::Stream stream = stream_of(generator, seed);
   constexpr int32_t kPoints = 64;
   std::vector<double> z(static_cast<size_t>(kPoints) * kDimensions);
+  std::vector<double> r;
   double sum = 0;
-  r->clear();
   for (int64_t done = 0; done < int64_t{1} << kLast;) {
-    if (_qordRngGaussian(ORVIK_GAUSSIAN_INVERSE, stream.get(), kPoints * kDimensions, z.data(), 0, kWeight) < 0)
-      return false;
+    orvik::normal(stream, z, 0, kWeight);
     for (size_t i = 0; i < z.size(); i += kDimensions) {
       double exponent = 0;
       for (size_t j = 0; j < kDimensions; ++j) exponent += z[i + j];
       sum += std::exp(exponent);
     }
     done += kPoints;
-    if ((done & (done - 1)) == 0) r->push_back(sum / static_cast<double>(done));
+    if ((done & (done - 1)) == 0) r.push_back(sum / static_cast<double>(done));
   }
-  return true;
+  return r;
 }
 
 struct Line {
@@ -52,20 +48,17 @@ struct Line {
 };
 
 // The root of the mean square over streams of several seeds.
-bool pseudo_random(Line* line) {
-  line->error.assign(kLast - kFirst + 1, 0);
+void pseudo_random(Line& line) {
+  line.error.assign(kLast - kFirst + 1, 0);
   for (uint32_t seed = 1; seed <= kSeeds; ++seed) {
-    std::vector<double> r;
-    if (!means(ORVIK_BRNG_MT19937, seed, &r)) return false;
-    for (size_t k = 0; k < r.size(); ++k) line->error[k] += std::pow(r[k] - exact(), 2) / kSeeds;
+    const std::vector<double> r = means(orvik::Generator::MT19937, seed);
+    for (size_t k = 0; k < r.size(); ++k) line.error[k] += std::pow(r[k] - exact(), 2) / kSeeds;
   }
-  for (double& e : line->error) e = std::sqrt(e);
-  return true;
+  for (double& e : line.error) e = std::sqrt(e);
 }
-bool quasi_random(int32_t brng, Line* line) {
-  if (!means(brng, kDimensions, &line->error)) return false;
-  for (double& e : line->error) e = std::fabs(e - exact());
-  return true;
+void quasi_random(orvik::Generator generator, Line& line) {
+  line.error = means(generator, kDimensions);
+  for (double& e : line.error) e = std::fabs(e - exact());
 }
 
 bool draw(const std::vector<Line>& lines) {
@@ -108,11 +101,9 @@ void show_integration(const Table&) {
   std::vector<Line> lines = {{"MT19937", "mean of 16 seeds", "#c2410c", {}},
                              {"Sobol", "", "#0f766e", {}},
                              {"Niederreiter", "", "#4338ca", {}}};
-  if (!pseudo_random(&lines[0]) || !quasi_random(ORVIK_BRNG_SOBOL, &lines[1]) ||
-      !quasi_random(ORVIK_BRNG_NIEDERREITER, &lines[2])) {
-    std::puts("  a stream failed");
-    return;
-  }
+  pseudo_random(lines[0]);
+  quasi_random(orvik::Generator::SOBOL, lines[1]);
+  quasi_random(orvik::Generator::NIEDERREITER, lines[2]);
   std::printf("  error of the mean of exp((z1 + ... + z6) / 4), exactly %.6f\n  %10s", exact(), "points");
   for (const Line& line : lines) std::printf(" %12s", line.name);
   std::puts("");

@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <string>
 
+#include "attempt.h"
 #include "csv.h"
 #include "sections.h"
 
@@ -18,7 +19,7 @@ int main(int argc, char** argv) {
   }
   for (const tour::Section& section : tour::kSections) {
     std::printf("\n%s\n%s\n", section.title, std::string(std::string(section.title).size(), '=').c_str());
-    section.show(table);
+    tour::attempt(section.title, [&] { section.show(table); });
   }
   return 0;
 }

@@ -1,8 +1,7 @@
-#include <orvik/zym.h>
-
 #include <cmath>
 #include <cstdio>
 #include <numbers>
+#include <orvik/front.hpp>
 #include <vector>
 
 #include "sections.h"
@@ -11,30 +10,29 @@ namespace tour {
 namespace {
 
 // Deviations from the mean, as complex numbers; a missing value counts as the mean.
-std::vector<ZymComplexDouble> deviations(const Column& column) {
+std::vector<std::complex<double>> deviations(const Column& column) {
   double sum = 0;
   const std::vector<double> present = column.present();
   for (double value : present) sum += value;
   const double mean = sum / static_cast<double>(present.size());
-  std::vector<ZymComplexDouble> z;
-  for (double value : column.values) z.push_back({std::isnan(value) ? 0 : value - mean, 0});
+  std::vector<std::complex<double>> z;
+  for (double value : column.values) z.emplace_back(std::isnan(value) ? 0 : value - mean);
   return z;
 }
 
 // |1/n sum of z[t] e^(-2 pi i k t / n)| for k = 1 .. n/2.
-std::vector<double> amplitudes(const std::vector<ZymComplexDouble>& z) {
+std::vector<double> amplitudes(const std::vector<std::complex<double>>& z) {
   const size_t n = z.size();
-  const auto count = static_cast<int32_t>(n);
-  std::vector<double> angle(n), length(n / 2);
-  std::vector<ZymComplexDouble> wave(n), product(n), line(n / 2);
+  const auto count = static_cast<double>(n);
+  std::vector<double> angle(n);
+  std::vector<std::complex<double>> wave(n), product(n), line(n / 2);
   for (size_t k = 1; k <= n / 2; ++k) {
     for (size_t t = 0; t < n; ++t) angle[t] = 2 * std::numbers::pi * static_cast<double>(k * t % n) / count;
-    _zymzCIS(count, angle.data(), wave.data());
-    _zymzMulByConj(count, z.data(), wave.data(), product.data());
-    for (const ZymComplexDouble& p : product) line[k - 1].re += p.re / count, line[k - 1].im += p.im / count;
+    orvik::cis(angle, wave);
+    orvik::mulbyconj(z, wave, product);
+    for (const std::complex<double>& p : product) line[k - 1] += p / count;
   }
-  _zymzAbs(static_cast<int32_t>(n / 2), line.data(), length.data());
-  return length;
+  return orvik::abs(line);
 }
 
 }  // namespace

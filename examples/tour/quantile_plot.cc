@@ -1,9 +1,8 @@
-#include <orvik/zym.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <orvik/front.hpp>
 #include <string>
 #include <vector>
 
@@ -21,7 +20,7 @@ struct QuantilePlot {
     std::sort(value.begin(), value.end());
     const auto n = static_cast<double>(value.size());
     for (size_t i = 0; i < value.size(); ++i) normal[i] = (static_cast<double>(i) + 0.625) / (n + 0.25);
-    _zymdCdfNormInv(static_cast<int32_t>(value.size()), normal.data(), normal.data());
+    orvik::cdfnorminv(normal, normal);
   }
 
   // Mean and slope of the straight line through the points by least squares; how well it fits.

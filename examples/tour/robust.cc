@@ -1,14 +1,14 @@
 // Statistics of data that are not clean: outliers by name, a covariance that they do not move, and what may have stood
 // where values are missing, with intervals, drawn as an SVG.
-#include <orvik/ss.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <orvik/front.hpp>
 #include <string>
 #include <vector>
 
+#include "attempt.h"
 #include "drawing.h"
 #include "sections.h"
 
@@ -16,12 +16,7 @@ namespace tour {
 namespace {
 
 constexpr const char* kFile = "tour-missing.svg";
-constexpr int32_t kSets = 100, kDraws = 100;  // imputed sets, steps of augmentation before each
-
-bool done(int32_t status, const char* what) {
-  if (status != 0) std::printf("  %s: status %d\n", what, status);
-  return status == 0;
-}
+constexpr int32_t kSets = 100;  // imputed sets
 
 const Column* find(const Table& table, const char* name) {
   for (const Column& c : table.columns) {
@@ -66,15 +61,13 @@ struct Complete {
   }
 };
 
-void show_outliers(const Table& table, const std::vector<const Column*>& columns, const Complete& complete,
-                   OrvikSSTask task) {
-  std::vector<double> good(complete.row.size());
-  __qordSSEditOutDetect(task, nullptr, nullptr, good.data());
-  if (!done(_qordSSOutliersDetection(task, 0, ORVIK_SS_METHOD_BACON, nullptr), "outliers")) return;
+void show_outliers(const Table& table, const std::vector<const Column*>& columns, const Complete& complete) {
+  const auto n = static_cast<std::int64_t>(complete.row.size()), p = static_cast<std::int64_t>(columns.size());
+  const auto outlier = orvik::outliers(complete.x, n, p, orvik::Layout::Columns);
   std::printf("  outliers among %zu complete rows:", complete.row.size());
-  if (std::find(good.begin(), good.end(), 0.0) == good.end()) std::printf(" none");
-  for (size_t k = 0; k < good.size(); ++k) {
-    if (good[k] != 0) continue;
+  if (std::find(outlier.begin(), outlier.end(), 1) == outlier.end()) std::printf(" none");
+  for (size_t k = 0; k < outlier.size(); ++k) {
+    if (outlier[k] == 0) continue;
     std::printf("\n    %s:", row_name(table, complete.row[k]).c_str());
     for (size_t j = 0; j < columns.size(); ++j) {
       std::printf(" %s %g", columns[j]->name.c_str(), complete.x[k * columns.size() + j]);
@@ -83,14 +76,14 @@ void show_outliers(const Table& table, const std::vector<const Column*>& columns
   std::printf("\n");
 }
 
-void show_correlations(const std::vector<const Column*>& columns, OrvikSSTask task) {
+void show_correlations(const std::vector<const Column*>& columns, const Complete& complete) {
   const auto p = columns.size();
-  const int32_t full = ORVIK_SS_MATRIX_FULL;
-  std::vector<double> mean(p), classical(p * p), robust_mean(p), robust(p * p);
-  __qordSSEditCovCor(task, mean.data(), classical.data(), &full, nullptr, nullptr);
-  __qordSSEditRCov(task, &full, nullptr, nullptr, robust_mean.data(), robust.data());
-  if (!done(_qordSSBasic(task, ORVIK_SS_COVARIANCE, ORVIK_SS_METHOD_ONE_PASS, nullptr), "covariance")) return;
-  if (!done(_qordSSRobustCovariance(task, 0, ORVIK_SS_METHOD_ROBUST, nullptr), "robust covariance")) return;
+  const auto n = static_cast<std::int64_t>(complete.row.size());
+  orvik::Summary<double> summary(static_cast<std::int64_t>(p));
+  summary.update(complete.x, n, orvik::Layout::Columns);
+  const auto mean = summary.mean(), classical = summary.covariance();
+  const auto [robust_mean, robust] =
+      orvik::robust_covariance(complete.x, n, static_cast<std::int64_t>(p), orvik::Layout::Columns);
   std::printf("\n  %-10s %9s %9s %9s %9s   correlations, classical | robust\n", "", "mean", "robust", "deviation",
               "robust");
   for (size_t i = 0; i < p; ++i) {
@@ -114,37 +107,19 @@ struct Imputed {
 
 // Imputations of all missing values of the table, those of `columns[which]` returned.
 std::vector<Imputed> impute(const Table& table, const std::vector<const Column*>& columns, size_t which) {
-  const auto p = static_cast<int32_t>(columns.size()), n = static_cast<int32_t>(table.rows);
-  std::vector<double> x;  // variable by variable; the library's mark of a missing value is a NaN with the sign set
-  int32_t missing = 0, before = 0;
-  for (size_t j = 0; j < columns.size(); ++j) {
-    if (j == which) before = missing;
-    for (double v : columns[j]->values) {
-      x.push_back(std::isnan(v) ? std::copysign(v, -1.0) : v);
-      missing += std::isnan(v);
-    }
-  }
-  const int32_t storage = ORVIK_SS_STORAGE_ROWS, five = 5, values = kSets * missing;
-  const double parameters[5] = {500, kDraws, 1e-6, kSets, static_cast<double>(missing)};
-  std::vector<double> simulated(static_cast<size_t>(values));
-  OrvikSSTask task;
-  if (!done(__qordSSNewTask(&task, &p, &n, &storage, x.data(), nullptr, nullptr, 0), "new task")) return {};
-  __qordSSEditMissingVals(task, &five, parameters, nullptr, nullptr, nullptr, nullptr, &values, simulated.data(),
-                          nullptr, nullptr);
-  const bool fine = done(_qordSSMissingValues(task, 0, ORVIK_SS_METHOD_IMPUTATION, nullptr), "missing values");
-  __qorSSDeleteTask(&task);
+  const auto p = static_cast<std::int64_t>(columns.size()), n = static_cast<std::int64_t>(table.rows);
+  std::vector<double> x;  // variable by variable
+  for (const Column* c : columns) x.insert(x.end(), c->values.begin(), c->values.end());
+  const std::vector<double> sets = orvik::impute(x, n, p, orvik::Layout::Rows, kSets);
   std::vector<Imputed> result;
-  if (!fine) return result;
-  size_t k = static_cast<size_t>(before);
   for (size_t i = 0; i < table.rows; ++i) {
     if (!std::isnan(columns[which]->values[i])) continue;
     std::vector<double> draws;
-    for (size_t set = 0; set < kSets; ++set) draws.push_back(simulated[set * static_cast<size_t>(missing) + k]);
+    for (size_t set = 0; set < kSets; ++set) draws.push_back(sets[set * x.size() + which * table.rows + i]);
     std::sort(draws.begin(), draws.end());
     double sum = 0;
     for (double v : draws) sum += v;
     result.push_back({i, draws[kSets / 20], sum / kSets, draws[kSets - 1 - kSets / 20]});
-    ++k;
   }
   return result;
 }
@@ -192,7 +167,6 @@ void show_missing(const Table& table, const std::vector<const Column*>& columns)
     return;
   }
   const std::vector<Imputed> imputed = impute(table, columns, which);
-  if (imputed.empty()) return;
   double present = 0, completed = 0;
   for (double v : column.present()) present += v;
   for (const Imputed& v : imputed) completed += v.middle;
@@ -219,13 +193,9 @@ void show_robust(const Table& table) {
     std::printf("  too few complete rows\n");
     return;
   }
-  const int32_t storage = ORVIK_SS_STORAGE_COLUMNS;
-  OrvikSSTask task;
-  if (!done(__qordSSNewTask(&task, &p, &n, &storage, complete.x.data(), nullptr, nullptr, 0), "new task")) return;
-  show_outliers(table, columns, complete, task);
-  show_correlations(columns, task);
-  __qorSSDeleteTask(&task);
-  show_missing(table, columns);
+  attempt("outliers", [&] { show_outliers(table, columns, complete); });
+  attempt("covariance", [&] { show_correlations(columns, complete); });
+  attempt("missing values", [&] { show_missing(table, columns); });
 }
 
 }  // namespace tour

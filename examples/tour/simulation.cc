@@ -1,7 +1,5 @@
 // Each column against random numbers of four distributions with its mean and deviation; the histogram of the most
 // skewed column beside that of the numbers that come nearest, in the terminal and as an SVG.
-#include <orvik/qor.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -40,31 +38,28 @@ struct Sample {
 struct Model {
   const char* name;
   bool positive;  // for positive values only
-  int32_t (*draw)(OrvikStream stream, int32_t n, double* r, const Sample& sample);
+  void (*draw)(orvik::Stream& stream, std::vector<double>& r, const Sample& sample);
 };
 
 const std::array<Model, 4> kModels = {{
     {"Gaussian", false,
-     [](OrvikStream s, int32_t n, double* r, const Sample& x) {
-       return _qordRngGaussian(ORVIK_GAUSSIAN_INVERSE, s, n, r, x.mean, x.deviation);
-     }},
+     [](orvik::Stream& s, std::vector<double>& r, const Sample& x) { orvik::normal(s, r, x.mean, x.deviation); }},
     {"Gumbel", false,  // turned round, since the library's has its long tail below
-     [](OrvikStream s, int32_t n, double* r, const Sample& x) {
+     [](orvik::Stream& s, std::vector<double>& r, const Sample& x) {
        constexpr double kEuler = 0.5772156649015329, kRootSix = 2.449489742783178, kPi = 3.141592653589793;
        const double beta = x.deviation * kRootSix / kPi, a = x.mean - kEuler * beta;
-       const int32_t status = _qordRngGumbel(0, s, n, r, -a, beta);
-       std::transform(r, r + n, r, [](double v) { return -v; });
-       return status;
+       orvik::gumbel(s, r, -a, beta);
+       std::transform(r.begin(), r.end(), r.begin(), [](double v) { return -v; });
      }},
     {"Lognormal", true,
-     [](OrvikStream s, int32_t n, double* r, const Sample& x) {
+     [](orvik::Stream& s, std::vector<double>& r, const Sample& x) {
        const double variance = std::log1p(std::pow(x.deviation / x.mean, 2));
-       return _qordRngLognormal(0, s, n, r, std::log(x.mean) - variance / 2, std::sqrt(variance), 0, 1);
+       orvik::lognormal(s, r, std::log(x.mean) - variance / 2, std::sqrt(variance));
      }},
     {"Gamma", true,
-     [](OrvikStream s, int32_t n, double* r, const Sample& x) {
+     [](orvik::Stream& s, std::vector<double>& r, const Sample& x) {
        const double beta = x.deviation * x.deviation / x.mean;
-       return _qordRngGamma(0, s, n, r, x.mean / beta, 0, beta);
+       orvik::gamma(s, r, x.mean / beta, 0, beta);
      }},
 }};
 
@@ -95,12 +90,9 @@ Fit nearest(const Sample& sample) {
       std::printf(" %10s", "-");
       continue;
     }
-    const Stream stream(ORVIK_BRNG_PHILOX4X32X10, kSeed);
+    orvik::Stream stream = stream_of(orvik::Generator::PHILOX4X32X10, kSeed);
     std::vector<double> numbers(kNumbers);
-    if (!stream.ok() || model.draw(stream.get(), kNumbers, numbers.data(), sample) < 0) {
-      std::printf(" %10s", "failed");
-      continue;
-    }
+    model.draw(stream, numbers, sample);
     std::sort(numbers.begin(), numbers.end());
     const double d = distance(sample.sorted, numbers);
     std::printf(" %10.3f", d);

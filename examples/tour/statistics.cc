@@ -1,22 +1,16 @@
-#include <orvik/ss.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <orvik/front.hpp>
 #include <vector>
 
+#include "attempt.h"
 #include "sections.h"
 
 namespace tour {
 namespace {
-
-// Prints the status of a call that failed; the tour goes on.
-bool done(int32_t status, const char* what) {
-  if (status != 0) std::printf("  %s: status %d\n", what, status);
-  return status == 0;
-}
 
 // Every estimate of one column.
 void summarize(const Column& column) {
@@ -25,25 +19,13 @@ void summarize(const Column& column) {
     std::printf("  %-10s %6d\n", column.name.c_str(), 0);
     return;
   }
-  const int32_t one = 1, n = static_cast<int32_t>(x.size()), storage = ORVIK_SS_STORAGE_ROWS, orders = 3;
-  const double quartile_orders[3] = {0.25, 0.5, 0.75};
-  double mean = 0, raw[3] = {}, central[3] = {}, skewness = 0, kurtosis = 0, quartiles[3] = {}, low = x[0], high = x[0];
-  OrvikSSTask task;
-  if (!done(__qordSSNewTask(&task, &one, &n, &storage, x.data(), nullptr, nullptr, 0), "new task")) return;
-  __qordSSEditMoments(task, &mean, &raw[0], &raw[1], &raw[2], &central[0], &central[1], &central[2]);
-  __qordSSEditTask(task, OrvikSS_skewness, &skewness);
-  __qordSSEditTask(task, OrvikSS_kurtosis, &kurtosis);
-  __qordSSEditTask(task, OrvikSS_minimum, &low);
-  __qordSSEditTask(task, OrvikSS_maximum, &high);
-  __qordSSEditQuantiles(task, &orders, quartile_orders, quartiles, nullptr, nullptr);
-  const bool fine =
-      done(_qordSSBasic(task, ORVIK_SS_SKEWNESS | ORVIK_SS_KURTOSIS, ORVIK_SS_METHOD_ONE_PASS, nullptr), "moments") &&
-      done(_qordSSMinmax(task, ORVIK_SS_MINIMUM | ORVIK_SS_MAXIMUM, ORVIK_SS_METHOD_ONE_PASS), "extremes") &&
-      done(_qordSSQuantiles(task, ORVIK_SS_QUANTILES, ORVIK_SS_METHOD_FAST, nullptr), "quartiles");
-  __qorSSDeleteTask(&task);
-  if (!fine) return;
-  std::printf("  %-10s %6d %9.4g %9.4g %8.4g %8.4g %8.4g %8.4g %8.4g %9.3f %9.3f\n", column.name.c_str(), n, mean,
-              std::sqrt(central[0]), low, quartiles[0], quartiles[1], quartiles[2], high, skewness, kurtosis);
+  const auto n = static_cast<std::int64_t>(x.size());
+  orvik::Summary<double> s(1);
+  s.update(x, n, orvik::Layout::Rows);
+  const auto quartiles = orvik::quantiles(x, n, 1, orvik::Layout::Rows, std::vector<double>{0.25, 0.5, 0.75});
+  std::printf("  %-10s %6d %9.4g %9.4g %8.4g %8.4g %8.4g %8.4g %8.4g %9.3f %9.3f\n", column.name.c_str(),
+              static_cast<int>(n), s.mean()[0], std::sqrt(s.variance()[0]), s.min()[0], quartiles[0], quartiles[1],
+              quartiles[2], s.max()[0], s.skewness()[0], s.kurtosis()[0]);
 }
 
 // Correlation over the rows without a missing value.
@@ -60,15 +42,9 @@ void correlate(const Table& table) {
     std::printf("\n  no row is complete: no correlation\n");
     return;
   }
-  const int32_t storage = ORVIK_SS_STORAGE_COLUMNS, full = ORVIK_SS_MATRIX_FULL;
-  std::vector<double> mean(p), correlation(static_cast<size_t>(p) * p);
-  OrvikSSTask task;
-  if (!done(__qordSSNewTask(&task, &p, &n, &storage, x.data(), nullptr, nullptr, 0), "new task")) return;
-  __qordSSEditCovCor(task, mean.data(), nullptr, nullptr, correlation.data(), &full);
-  const bool fine =
-      done(_qordSSBasic(task, ORVIK_SS_CORRELATION, ORVIK_SS_METHOD_ONE_PASS, nullptr), "correlation");
-  __qorSSDeleteTask(&task);
-  if (!fine) return;
+  orvik::Summary<double> s(p);
+  s.update(x, n, orvik::Layout::Columns);
+  const std::vector<double> correlation = s.correlation();
   std::printf("\n  correlation over the %d complete rows:\n  %-10s", n, "");
   for (const Column& c : table.columns) std::printf(" %9.9s", c.name.c_str());
   std::printf("\n");
@@ -102,36 +78,31 @@ int64_t stream_length() {
 void watch_stream() {
   constexpr int32_t kBlock = 1 << 18;
   const int64_t total = stream_length();
-  const int32_t one = 1, storage = ORVIK_SS_STORAGE_ROWS, count = 5;
-  const double orders[5] = {0.01, 0.25, 0.5, 0.75, 0.99}, epsilon = 0.001;
-  double quantiles[5] = {};
+  const std::vector<double> orders = {0.01, 0.25, 0.5, 0.75, 0.99};
+  const double epsilon = 0.001;
   std::vector<double> block(kBlock);
-  int32_t n = kBlock;
-  OrvikSSTask task;
-  if (!done(__qordSSNewTask(&task, &one, &n, &storage, block.data(), nullptr, nullptr, 0), "new task")) return;
-  __qordSSEditStreamQuantiles(task, &count, orders, quantiles, &one, &epsilon);
+  orvik::StreamQuantiles<double> stream(1, epsilon);
   std::printf("\n  quantiles of a stream of %lld squares of uniform numbers, ranks within %g of all\n",
               static_cast<long long>(total), epsilon);
   Squares next;
-  bool fine = true;
   int shown = 0;
-  for (int64_t seen = 0; fine && seen < total;) {
-    n = static_cast<int32_t>(std::min<int64_t>(kBlock, total - seen));
-    std::generate(block.begin(), block.begin() + n, [&] { return next(); });
-    fine = done(_qordSSStreamQuantiles(task, 0, 0, nullptr), "stream quantiles");
-    seen += n;
+  for (int64_t seen = 0; seen < total;) {
+    const auto n = static_cast<size_t>(std::min<int64_t>(kBlock, total - seen));
+    const std::span<double> now(block.data(), n);
+    std::generate(now.begin(), now.end(), [&] { return next(); });
+    stream.update(now, static_cast<int64_t>(n), orvik::Layout::Rows);
+    seen += static_cast<int64_t>(n);
     if (const int tenths = static_cast<int>(10 * seen / total); tenths > shown) {
       shown = tenths;
-      std::printf("    %3d %%  median so far %.6f\n", 10 * tenths, quantiles[2]);
+      std::printf("    %3d %%  median so far %.6f\n", 10 * tenths, stream.quantile(0.5)[0]);
       std::fflush(stdout);
     }
   }
-  for (int k = 0; fine && k < count; ++k) {
+  const std::vector<double> quantiles = stream.quantile(orders);
+  for (size_t k = 0; k < orders.size(); ++k) {
     std::printf("    order %.2f: %.6f, rank off by %.6f\n", orders[k], quantiles[k],
                 std::fabs(std::sqrt(quantiles[k]) - orders[k]));
   }
-  __qorSQuantilesFreeBuffers(task);
-  __qorSSDeleteTask(&task);
 }
 
 }  // namespace
@@ -139,9 +110,9 @@ void watch_stream() {
 void show_statistics(const Table& table) {
   std::printf("  %-10s %6s %9s %9s %8s %8s %8s %8s %8s %9s %9s\n", "column", "values", "mean", "deviation", "least",
               "1st qu.", "median", "3rd qu.", "largest", "skewness", "kurtosis");
-  for (const Column& column : table.columns) summarize(column);
-  correlate(table);
-  watch_stream();
+  for (const Column& column : table.columns) attempt(column.name.c_str(), [&] { summarize(column); });
+  attempt("correlation", [&] { correlate(table); });
+  attempt("stream quantiles", [] { watch_stream(); });
 }
 
 }  // namespace tour

@@ -1,27 +1,16 @@
 #ifndef ORVIK_EXAMPLES_TOUR_STREAM_H
 #define ORVIK_EXAMPLES_TOUR_STREAM_H
 
-#include <orvik/qor.h>
+#include <cstdint>
+#include <orvik/front.hpp>
+#include <span>
 
 namespace tour {
 
-// A stream that deletes itself.
-class Stream {
- public:
-  // `seed`: of generators of points, the dimension.
-  Stream(int32_t brng, uint32_t seed) { ok_ = __qorNewStreamEx(&stream_, brng, 1, &seed) == 0; }
-  ~Stream() {
-    if (stream_) __qorDeleteStream(&stream_);
-  }
-  Stream(const Stream&) = delete;
-  Stream& operator=(const Stream&) = delete;
-  bool ok() const { return ok_; }
-  OrvikStream get() const { return stream_; }
-
- private:
-  OrvikStream stream_ = nullptr;
-  bool ok_;
-};
+// A stream of one seed word; of generators of points, the dimension.
+inline orvik::Stream stream_of(orvik::Generator generator, std::uint32_t seed) {
+  return orvik::Stream(generator, std::span(&seed, 1));
+}
 
 }  // namespace tour
 

@@ -1,9 +1,8 @@
-#include <orvik/qor.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <vector>
 
+#include "attempt.h"
 #include "sections.h"
 #include "stream.h"
 
@@ -16,49 +15,39 @@ constexpr uint32_t kSeed = 20240607;
 // Numbers of (0, 1) for all resamples: each takes as many as the column has values.
 using Uniforms = std::vector<double>;
 
-bool whole(size_t count, Uniforms* u) {
-  u->resize(count);
-  const Stream stream(ORVIK_BRNG_MCG59, kSeed);
-  return stream.ok() && __qordBRngMCG59(stream.get(), static_cast<int32_t>(count), u->data(), 0, 1) == 0;
+void whole(Uniforms& u) {
+  orvik::Stream stream = stream_of(orvik::Generator::MCG59, kSeed);
+  orvik::uniform(stream, u);
 }
 
 // Stream k takes a quarter of the sequence, behind those of the streams before it.
-bool by_skip_ahead(size_t count, Uniforms* u) {
-  u->resize(count);
-  const size_t part = count / kStreams;
+void by_skip_ahead(Uniforms& u) {
+  const size_t part = u.size() / kStreams;
   for (size_t k = 0; k < kStreams; ++k) {
-    const Stream stream(ORVIK_BRNG_MCG59, kSeed);
-    if (!stream.ok() || __qorSkipAheadStream(stream.get(), k * part) != 0 ||
-        __qordBRngMCG59(stream.get(), static_cast<int32_t>(part), u->data() + k * part, 0, 1) != 0)
-      return false;
+    orvik::Stream stream = stream_of(orvik::Generator::MCG59, kSeed);
+    stream.skip(k * part);
+    orvik::uniform(stream, std::span(u).subspan(k * part, part));
   }
-  return true;
 }
 
 // Stream k takes members k, k + 4, k + 8 ...
-bool by_leapfrog(size_t count, Uniforms* u) {
-  u->resize(count);
-  Uniforms part(count / kStreams);
+void by_leapfrog(Uniforms& u) {
+  Uniforms part(u.size() / kStreams);
   for (int k = 0; k < kStreams; ++k) {
-    const Stream stream(ORVIK_BRNG_MCG59, kSeed);
-    if (!stream.ok() || __qorLeapfrogStream(stream.get(), k, kStreams) != 0 ||
-        __qordBRngMCG59(stream.get(), static_cast<int32_t>(part.size()), part.data(), 0, 1) != 0)
-      return false;
-    for (size_t i = 0; i < part.size(); ++i) (*u)[static_cast<size_t>(k) + kStreams * i] = part[i];
+    orvik::Stream stream = stream_of(orvik::Generator::MCG59, kSeed);
+    stream.leapfrog(k, kStreams);
+    orvik::uniform(stream, part);
+    for (size_t i = 0; i < part.size(); ++i) u[static_cast<size_t>(k) + kStreams * i] = part[i];
   }
-  return true;
 }
 
 // Stream k is a generator of its own, a member of a family.
-bool by_members(size_t count, Uniforms* u) {
-  u->resize(count);
-  const size_t part = count / kStreams;
+void by_members(Uniforms& u) {
+  const size_t part = u.size() / kStreams;
   for (size_t k = 0; k < kStreams; ++k) {
-    const Stream stream(ORVIK_BRNG_MT2203 + static_cast<int32_t>(k), kSeed);
-    if (!stream.ok() || __qordBRngMT2203(stream.get(), static_cast<int32_t>(part), u->data() + k * part, 0, 1) != 0)
-      return false;
+    orvik::Stream stream = stream_of(orvik::member(orvik::Generator::MT2203, static_cast<int>(k)), kSeed);
+    orvik::uniform(stream, std::span(u).subspan(k * part, part));
   }
-  return true;
 }
 
 // Means of the resamples, ascending.
@@ -84,7 +73,7 @@ void show_streams(const Table& table) {
     return a.present().size() < b.present().size();
   });
   const std::vector<double> values = longest->present();
-  constexpr size_t kMost = 10000;  // values; the numbers drawn must fit a 32-bit count
+  constexpr size_t kMost = 10000;  // values: some hundred megabytes of numbers
   if (values.empty() || values.size() > kMost) {
     std::printf("  %s has %zu values: no resampling\n", longest->name.c_str(), values.size());
     return;
@@ -96,7 +85,7 @@ void show_streams(const Table& table) {
 
   struct Way {
     const char* name;
-    bool (*draw)(size_t, Uniforms*);
+    void (*draw)(Uniforms&);
     bool same_sequence;
   };
   const Way ways[] = {{"one stream of MCG59", whole, false},
@@ -105,11 +94,8 @@ void show_streams(const Table& table) {
                       {"members of MT2203", by_members, false}};
   std::vector<double> reference;
   for (const Way& way : ways) {
-    Uniforms u;
-    if (!way.draw(kResamples * values.size(), &u)) {
-      std::printf("    %-22s failed\n", way.name);
-      continue;
-    }
+    Uniforms u(kResamples * values.size());
+    if (!attempt(way.name, [&] { way.draw(u); })) continue;
     const std::vector<double> means = resampled_means(values, u);
     if (reference.empty()) reference = means;
     std::printf("    %-22s %.6g to %.6g", way.name, means[kResamples / 40], means[kResamples - 1 - kResamples / 40]);

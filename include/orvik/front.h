@@ -122,7 +122,8 @@ int32_t orvik_stream_generator(const orvik_stream* s);
 
 /* `n` numbers to `r`. Parameters outside the domain, NaN or infinite: ORVIK_ERROR_BAD_PARAMETER, the stream untouched.
  * docs/distributions.md has the formulas. `method` of Gaussian and the multivariate normal: ORVIK_GAUSSIAN_...; of lognormal: 0
- * by pairs, 1 by the inverse. The forms with threads (0: as many as pay) draw the same numbers and leave the same stream: parts
+ * by pairs, 1 by the inverse; of Poisson and the multinomial distribution: ORVIK_POISSON_..., ORVIK_MULTINOMIAL_... Arrays of
+ * parameters may not overlap the results. The forms with threads (0: as many as pay) draw the same numbers and leave the same stream: parts
  * of the request skip ahead. They stay on the caller's thread where the generator cannot skip, or where half a pair of
  * normal numbers may be waiting in the stream. */
 #define ORVIK_FRONT_DRAWS(d, real)                                                                                      \
@@ -176,6 +177,14 @@ orvik_status orvik_i_geometric(orvik_stream* s, int64_t n, int32_t* r, double p)
 orvik_status orvik_i_geometric_threads(orvik_stream* s, int64_t n, int32_t* r, double p, int32_t threads);
 orvik_status orvik_i_binomial(orvik_stream* s, int64_t n, int32_t* r, int32_t ntrial, double p);
 orvik_status orvik_i_hypergeometric(orvik_stream* s, int64_t n, int32_t* r, int32_t l, int32_t sample, int32_t marked);
+/* a > 0, 2^-54 < p <= 1, the mean a (1 - p) / p finite. */
+orvik_status orvik_i_negbinomial(orvik_stream* s, int64_t n, int32_t* r, double a, double p);
+/* Means above 0, below 2^31: one for all, one for each number. */
+orvik_status orvik_i_poisson(orvik_stream* s, int64_t n, int32_t* r, double lambda, uint32_t method);
+orvik_status orvik_i_poissonv(orvik_stream* s, int64_t n, int32_t* r, const double* lambda);
+/* `n` rows of `k` counts that sum to `ntrial`; probabilities whose sum is 1 to three digits. */
+orvik_status orvik_i_multinomial(orvik_stream* s, int64_t n, int32_t* r, int32_t ntrial, int32_t k, const double* p,
+                                 uint32_t method);
 
 /* ---- Statistics ---------------------------------------------------------------------------------------------------- */
 
@@ -226,7 +235,16 @@ enum { ORVIK_ROWS = 0, ORVIK_COLUMNS = 1 };
   orvik_status orvik_##d##_weighted_median(int64_t n, int64_t p, const real* x, int32_t layout, const real* weights,    \
                                            real* r);                                                                    \
   /* Median of the absolute deviations from the median. */                                                              \
-  orvik_status orvik_##d##_mad(int64_t n, int64_t p, const real* x, int32_t layout, real* r);
+  orvik_status orvik_##d##_mad(int64_t n, int64_t p, const real* x, int32_t layout, real* r);                           \
+  /* Flags of the n observations, 1 for an outlier, else 0. `alpha`, 0 to 1: the probability that a clean sample has one. At \
+   * least 5 p observations; a NaN or an infinity makes an outlier. */                                                  \
+  orvik_status orvik_##d##_outliers(int64_t n, int64_t p, const real* x, int32_t layout, real alpha, int8_t* r);        \
+  /* Mean and covariance that outliers do not move, of more than 2 p observations. */                                   \
+  orvik_status orvik_##d##_robust_covariance(int64_t n, int64_t p, const real* x, int32_t layout, real* mean,           \
+                                             real* covariance);                                                         \
+  /* m completed data sets to r, each in the layout of x: NaN is missing, and what stands for it is drawn, differently in each \
+   * set. The draws are fixed: set k is the same in each call, whatever m is. r may be x where m is 1. */               \
+  orvik_status orvik_##d##_impute(int64_t n, int64_t p, const real* x, int32_t layout, int64_t m, real* r);
 
 ORVIK_FRONT_STATISTICS(d, double)
 ORVIK_FRONT_STATISTICS(s, float)

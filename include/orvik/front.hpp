@@ -133,14 +133,22 @@ struct C;
     static constexpr auto normal = orvik_##d##_normal;                                   \
     static constexpr auto normal_threads = orvik_##d##_normal_threads;                   \
     static constexpr auto gaussian = orvik_##d##_gaussian;                               \
+    static constexpr auto gaussian_threads = orvik_##d##_gaussian_threads;               \
     static constexpr auto multivariate_normal = orvik_##d##_multivariate_normal;         \
     static constexpr auto cauchy = orvik_##d##_cauchy;                                   \
+    static constexpr auto cauchy_threads = orvik_##d##_cauchy_threads;                   \
     static constexpr auto exponential = orvik_##d##_exponential;                         \
+    static constexpr auto exponential_threads = orvik_##d##_exponential_threads;         \
     static constexpr auto gumbel = orvik_##d##_gumbel;                                   \
+    static constexpr auto gumbel_threads = orvik_##d##_gumbel_threads;                   \
     static constexpr auto laplace = orvik_##d##_laplace;                                 \
+    static constexpr auto laplace_threads = orvik_##d##_laplace_threads;                 \
     static constexpr auto rayleigh = orvik_##d##_rayleigh;                               \
+    static constexpr auto rayleigh_threads = orvik_##d##_rayleigh_threads;               \
     static constexpr auto weibull = orvik_##d##_weibull;                                 \
+    static constexpr auto weibull_threads = orvik_##d##_weibull_threads;                 \
     static constexpr auto lognormal = orvik_##d##_lognormal;                             \
+    static constexpr auto lognormal_threads = orvik_##d##_lognormal_threads;             \
     static constexpr auto gamma = orvik_##d##_gamma;                                     \
     static constexpr auto beta = orvik_##d##_beta;                                       \
     static constexpr auto chisquare = orvik_##d##_chisquare;                             \
@@ -168,6 +176,9 @@ struct C;
     static constexpr auto sort = orvik_##d##_sort;                                       \
     static constexpr auto weighted_median = orvik_##d##_weighted_median;                 \
     static constexpr auto mad = orvik_##d##_mad;                                         \
+    static constexpr auto outliers = orvik_##d##_outliers;                               \
+    static constexpr auto robust_covariance = orvik_##d##_robust_covariance;             \
+    static constexpr auto impute = orvik_##d##_impute;                                   \
     static constexpr auto spline_new = orvik_##d##_spline_new;                           \
     static constexpr auto spline_new_uniform = orvik_##d##_spline_new_uniform;           \
     static constexpr auto spline_evaluate = orvik_##d##_spline_evaluate;                 \
@@ -289,35 +300,36 @@ concept Results = requires(R& r) {
     detail::check(detail::C<T>::name(s.get(), detail::length(to.size()), to.data(), __VA_ARGS__)); \
   }
 #define ORVIK_FRONT_LIST(...) __VA_ARGS__
+#define ORVIK_FRONT_SPLIT(name, parameters, ...)  \
+  ORVIK_FRONT_DRAW(name, parameters, __VA_ARGS__) \
+  ORVIK_FRONT_DRAW(name##_threads, (ORVIK_FRONT_LIST parameters, int threads = 0), __VA_ARGS__, threads)
 using std::type_identity_t;
 // Fills r with numbers of the distribution: orvik_d_... and orvik_s_... of that name in orvik/front.h.
-ORVIK_FRONT_DRAW(uniform, (type_identity_t<T> a = 0, type_identity_t<T> b = 1), a, b)
-ORVIK_FRONT_DRAW(normal, (type_identity_t<T> mean = 0, type_identity_t<T> sigma = 1), mean, sigma)
-ORVIK_FRONT_DRAW(gaussian,
-                 (type_identity_t<T> mean = 0, type_identity_t<T> sigma = 1,
-                  std::uint32_t method = ORVIK_GAUSSIAN_BOX_MULLER_PAIRS),
-                 mean, sigma, method)
-ORVIK_FRONT_DRAW(cauchy, (type_identity_t<T> a = 0, type_identity_t<T> beta = 1), a, beta)
-ORVIK_FRONT_DRAW(exponential, (type_identity_t<T> a = 0, type_identity_t<T> beta = 1), a, beta)
-ORVIK_FRONT_DRAW(gumbel, (type_identity_t<T> a = 0, type_identity_t<T> beta = 1), a, beta)
-ORVIK_FRONT_DRAW(laplace, (type_identity_t<T> a = 0, type_identity_t<T> beta = 1), a, beta)
-ORVIK_FRONT_DRAW(rayleigh, (type_identity_t<T> a = 0, type_identity_t<T> beta = 1), a, beta)
-ORVIK_FRONT_DRAW(weibull, (type_identity_t<T> alpha, type_identity_t<T> a = 0, type_identity_t<T> beta = 1), alpha, a,
-                 beta)
-ORVIK_FRONT_DRAW(lognormal,
-                 (type_identity_t<T> a = 0, type_identity_t<T> sigma = 1, type_identity_t<T> b = 0,
-                  type_identity_t<T> beta = 1, std::uint32_t method = 0),
-                 a, sigma, b, beta, method)
+// Over threads, 0: as many as pay, the forms with threads give the same numbers and leave the same stream.
+ORVIK_FRONT_SPLIT(uniform, (type_identity_t<T> a = 0, type_identity_t<T> b = 1), a, b)
+ORVIK_FRONT_SPLIT(normal, (type_identity_t<T> mean = 0, type_identity_t<T> sigma = 1), mean, sigma)
+ORVIK_FRONT_SPLIT(gaussian,
+                  (type_identity_t<T> mean = 0, type_identity_t<T> sigma = 1,
+                   std::uint32_t method = ORVIK_GAUSSIAN_BOX_MULLER_PAIRS),
+                  mean, sigma, method)
+ORVIK_FRONT_SPLIT(cauchy, (type_identity_t<T> a = 0, type_identity_t<T> beta = 1), a, beta)
+ORVIK_FRONT_SPLIT(exponential, (type_identity_t<T> a = 0, type_identity_t<T> beta = 1), a, beta)
+ORVIK_FRONT_SPLIT(gumbel, (type_identity_t<T> a = 0, type_identity_t<T> beta = 1), a, beta)
+ORVIK_FRONT_SPLIT(laplace, (type_identity_t<T> a = 0, type_identity_t<T> beta = 1), a, beta)
+ORVIK_FRONT_SPLIT(rayleigh, (type_identity_t<T> a = 0, type_identity_t<T> beta = 1), a, beta)
+ORVIK_FRONT_SPLIT(weibull, (type_identity_t<T> alpha, type_identity_t<T> a = 0, type_identity_t<T> beta = 1), alpha, a,
+                  beta)
+ORVIK_FRONT_SPLIT(lognormal,
+                  (type_identity_t<T> a = 0, type_identity_t<T> sigma = 1, type_identity_t<T> b = 0,
+                   type_identity_t<T> beta = 1, std::uint32_t method = 0),
+                  a, sigma, b, beta, method)
 ORVIK_FRONT_DRAW(gamma, (type_identity_t<T> alpha, type_identity_t<T> a = 0, type_identity_t<T> beta = 1), alpha, a,
                  beta)
 ORVIK_FRONT_DRAW(beta,
                  (type_identity_t<T> p, type_identity_t<T> q, type_identity_t<T> a = 0, type_identity_t<T> scale = 1),
                  p, q, a, scale)
 ORVIK_FRONT_DRAW(chisquare, (int v), v)
-// Over threads, 0: as many as pay, with the same numbers and the same stream afterwards.
-ORVIK_FRONT_DRAW(uniform_threads, (type_identity_t<T> a = 0, type_identity_t<T> b = 1, int threads = 0), a, b, threads)
-ORVIK_FRONT_DRAW(normal_threads, (type_identity_t<T> mean = 0, type_identity_t<T> sigma = 1, int threads = 0), mean,
-                 sigma, threads)
+#undef ORVIK_FRONT_SPLIT
 #undef ORVIK_FRONT_LIST
 #undef ORVIK_FRONT_DRAW
 
@@ -346,6 +358,18 @@ inline void words(Stream& s, std::span<std::uint32_t> r) {
 inline void uniform(Stream& s, std::span<std::int32_t> r, std::int32_t a, std::int32_t b) {
   detail::check(orvik_i_uniform(s.get(), detail::length(r.size()), r.data(), a, b));
 }
+inline void words_threads(Stream& s, std::span<std::uint32_t> r, int threads = 0) {
+  detail::check(orvik_i_words_threads(s.get(), detail::length(r.size()), r.data(), threads));
+}
+inline void uniform_threads(Stream& s, std::span<std::int32_t> r, std::int32_t a, std::int32_t b, int threads = 0) {
+  detail::check(orvik_i_uniform_threads(s.get(), detail::length(r.size()), r.data(), a, b, threads));
+}
+inline void bernoulli_threads(Stream& s, std::span<std::int32_t> r, double p, int threads = 0) {
+  detail::check(orvik_i_bernoulli_threads(s.get(), detail::length(r.size()), r.data(), p, threads));
+}
+inline void geometric_threads(Stream& s, std::span<std::int32_t> r, double p, int threads = 0) {
+  detail::check(orvik_i_geometric_threads(s.get(), detail::length(r.size()), r.data(), p, threads));
+}
 inline void bernoulli(Stream& s, std::span<std::int32_t> r, double p) {
   detail::check(orvik_i_bernoulli(s.get(), detail::length(r.size()), r.data(), p));
 }
@@ -358,6 +382,24 @@ inline void binomial(Stream& s, std::span<std::int32_t> r, std::int32_t ntrial, 
 inline void hypergeometric(Stream& s, std::span<std::int32_t> r, std::int32_t l, std::int32_t sample,
                            std::int32_t marked) {
   detail::check(orvik_i_hypergeometric(s.get(), detail::length(r.size()), r.data(), l, sample, marked));
+}
+inline void negbinomial(Stream& s, std::span<std::int32_t> r, double a, double p) {
+  detail::check(orvik_i_negbinomial(s.get(), detail::length(r.size()), r.data(), a, p));
+}
+inline void poisson(Stream& s, std::span<std::int32_t> r, double lambda,
+                    std::uint32_t method = ORVIK_POISSON_REJECTION) {
+  detail::check(orvik_i_poisson(s.get(), detail::length(r.size()), r.data(), lambda, method));
+}
+inline void poissonv(Stream& s, std::span<std::int32_t> r, std::span<const double> lambda) {
+  detail::check(orvik_i_poissonv(s.get(), detail::same_size(r.size(), lambda.size()), r.data(), lambda.data()));
+}
+// As many rows of p.size() counts as fit r.
+inline void multinomial(Stream& s, std::span<std::int32_t> r, std::int32_t ntrial, std::span<const double> p,
+                        std::uint32_t method = ORVIK_MULTINOMIAL_SEQUENTIAL) {
+  const std::size_t k = p.size();
+  if (k == 0 || k > 0x7FFFFFFF || r.size() % k != 0) throw Error(ORVIK_ERROR_BAD_LENGTH);
+  detail::check(orvik_i_multinomial(s.get(), detail::length(r.size() / k), r.data(), ntrial,
+                                    static_cast<std::int32_t>(k), p.data(), method));
 }
 
 // ---- Statistics
@@ -468,15 +510,59 @@ std::vector<T> mad(std::span<const T> x, std::int64_t n, std::int64_t p, Layout 
   detail::check(detail::C<T>::mad(n, p, x.data(), static_cast<std::int32_t>(layout), r.data()));
   return r;
 }
-#define ORVIK_FRONT_OF_VECTOR(name)                                                                                  \
-  template <Real T, class... More>                                                                                   \
-  std::vector<T> name(const std::vector<T>& x, std::int64_t n, std::int64_t p, Layout layout, const More&... more) { \
-    return name<T>(std::span<const T>(x), n, p, layout, std::span<const T>(more)...);                                \
+// 1 for an outlier, else 0.
+template <Real T>
+std::vector<std::int8_t> outliers(std::span<const T> x, std::int64_t n, std::int64_t p, Layout layout,
+                                  std::type_identity_t<T> alpha = T(0.05)) {
+  detail::check_data(x, n, p);
+  std::vector<std::int8_t> r(static_cast<std::size_t>(n));
+  detail::check(detail::C<T>::outliers(n, p, x.data(), static_cast<std::int32_t>(layout), alpha, r.data()));
+  return r;
+}
+// What robust_covariance gives.
+template <Real T>
+struct MeanAndCovariance {
+  std::vector<T> mean;        // p
+  std::vector<T> covariance;  // p * p
+};
+template <Real T>
+MeanAndCovariance<T> robust_covariance(std::span<const T> x, std::int64_t n, std::int64_t p, Layout layout) {
+  detail::check_data(x, n, p);
+  const auto size = static_cast<std::size_t>(n > 2 * p ? p : 1);  // no room for what is refused
+  MeanAndCovariance<T> r = {std::vector<T>(size), std::vector<T>(size * size)};
+  detail::check(detail::C<T>::robust_covariance(n, p, x.data(), static_cast<std::int32_t>(layout), r.mean.data(),
+                                                r.covariance.data()));
+  return r;
+}
+// Completed data, set after set.
+template <Real T>
+std::vector<T> impute(std::span<const T> x, std::int64_t n, std::int64_t p, Layout layout, std::int64_t sets = 1) {
+  detail::check_data(x, n, p);
+  constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max() / 16;  // bytes of r can be counted
+  if (sets < 0 || (!x.empty() && sets > most / detail::length(x.size()))) throw Error(ORVIK_ERROR_BAD_LENGTH);
+  std::vector<T> r(x.size() * static_cast<std::size_t>(sets));
+  detail::check(detail::C<T>::impute(n, p, x.data(), static_cast<std::int32_t>(layout), sets, r.data()));
+  return r;
+}
+template <Real T>
+std::vector<std::int8_t> outliers(const std::vector<T>& x, std::int64_t n, std::int64_t p, Layout layout,
+                                  std::type_identity_t<T> alpha = T(0.05)) {
+  return outliers<T>(std::span<const T>(x), n, p, layout, alpha);
+}
+template <Real T>
+std::vector<T> impute(const std::vector<T>& x, std::int64_t n, std::int64_t p, Layout layout, std::int64_t sets = 1) {
+  return impute<T>(std::span<const T>(x), n, p, layout, sets);
+}
+#define ORVIK_FRONT_OF_VECTOR(name)                                                                        \
+  template <Real T, class... More>                                                                         \
+  auto name(const std::vector<T>& x, std::int64_t n, std::int64_t p, Layout layout, const More&... more) { \
+    return name<T>(std::span<const T>(x), n, p, layout, std::span<const T>(more)...);                      \
   }
 ORVIK_FRONT_OF_VECTOR(quantiles)
 ORVIK_FRONT_OF_VECTOR(sort)
 ORVIK_FRONT_OF_VECTOR(weighted_median)
 ORVIK_FRONT_OF_VECTOR(mad)
+ORVIK_FRONT_OF_VECTOR(robust_covariance)
 #undef ORVIK_FRONT_OF_VECTOR
 
 // Quantiles of what is fed block by block, ranks off by epsilon n at most.

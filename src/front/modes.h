@@ -28,11 +28,11 @@ extern constinit thread_local Collector* collector;
 int32_t collect(ZymErrorContext* context);
 
 // The thread's mode while kernels run: denormals are kept; reported elements go to the collector and nowhere else,
-// since the callback says of each that it has been handled. A row that never reports needs only the first.
+// since the callback says of each that it has been handled; so errno stays as it was. A row that never reports needs
+// only the first.
 class KernelState {
  public:
-  KernelState(Collector* c, bool reports)
-      : errno_(&errno), saved_errno_(*errno_), reports_(reports), mode_(_zymGetMode()) {
+  KernelState(Collector* c, bool reports) : reports_(reports), mode_(_zymGetMode()) {
     flushes_ = (mode_ & kDenormalField) == ZYM_FLUSH_DENORMALS;
     if (reports) {
       status_ = _zymGetErrStatus();
@@ -53,14 +53,11 @@ class KernelState {
       if (collected_->count != 0) _zymSetErrStatus(status_);
     }
     if (reports_ || flushes_) _zymSetMode(mode_);
-    *errno_ = saved_errno_;
   }
   KernelState(const KernelState&) = delete;
   KernelState& operator=(const KernelState&) = delete;
 
  private:
-  int* errno_;
-  int saved_errno_;
   bool reports_, flushes_;
   uint32_t mode_;
   int32_t status_ = 0;

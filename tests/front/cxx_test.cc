@@ -131,7 +131,15 @@ TEST(CxxStream, DrawsAllDistributions) {
       orvik::beta(s, d, 2, 3);
   orvik::chisquare(s, d, 4);
   orvik::uniform(s, i, 0, 10), orvik::bernoulli(s, i, 0.5), orvik::geometric(s, i, 0.5), orvik::binomial(s, i, 10, 0.5);
-  orvik::hypergeometric(s, i, 10, 5, 5), orvik::words(s, w);
+  orvik::hypergeometric(s, i, 10, 5, 5), orvik::words(s, w), orvik::negbinomial(s, i, 2.5, 0.5);
+  orvik::poisson(s, i, 4), orvik::poisson(s, i, 4, ORVIK_POISSON_NORMAL);
+  orvik::poissonv(s, i, std::vector<double>(100, 4.0));
+  EXPECT_EQ(thrown([&] { orvik::poissonv(s, i, std::vector<double>(99, 4.0)); }), ORVIK_ERROR_BAD_LENGTH);
+  const std::vector<double> outcomes = {0.2, 0.3, 0.1, 0.4};
+  orvik::multinomial(s, i, 30, outcomes);
+  for (auto row = i.begin(); row != i.end(); row += 4) EXPECT_EQ(std::accumulate(row, row + 4, 0), 30);
+  orvik::multinomial(s, i, 30, outcomes, ORVIK_MULTINOMIAL_POISSON);
+  EXPECT_EQ(thrown([&] { orvik::multinomial(s, std::span(i).first(99), 30, outcomes); }), ORVIK_ERROR_BAD_LENGTH);
   EXPECT_EQ(thrown([&] { orvik::normal(s, d, 0, -1); }), ORVIK_ERROR_BAD_PARAMETER);
   orvik::Stream other = s.copy();
   std::vector<double> e(2000);
@@ -144,6 +152,47 @@ TEST(CxxStream, DrawsAllDistributions) {
   EXPECT_EQ(d[1], 20);
   EXPECT_NE(d[0], d[2]);
   EXPECT_EQ(thrown([&] { orvik::multivariate_normal(s, d, mean, deviations); }), ORVIK_ERROR_BAD_LENGTH);
+}
+
+// A distribution and its form for threads, over one stream each.
+#define EXPECT_SAME_OVER_THREADS(name, ...)                                                     \
+  do {                                                                                          \
+    orvik::Stream one(orvik::Generator::MRG32K3A, 3), many = one.copy();                        \
+    orvik::name(one, want __VA_OPT__(, ) __VA_ARGS__);                                          \
+    orvik::name##_threads(many, got __VA_OPT__(, ) __VA_ARGS__, 3);                             \
+    EXPECT_EQ(want, got) << #name;                                                              \
+    EXPECT_EQ(one(), many()) << #name;                                                          \
+    EXPECT_EQ(thrown([&] { orvik::name##_threads(many, got __VA_OPT__(, ) __VA_ARGS__, -1); }), \
+              ORVIK_ERROR_BAD_PARAMETER);                                                       \
+  } while (false)
+
+template <class T>
+void real_draws_over_threads() {
+  std::vector<T> want(1000), got(1000);
+  EXPECT_SAME_OVER_THREADS(uniform, 1, 2);
+  EXPECT_SAME_OVER_THREADS(normal, 1, 2);
+  EXPECT_SAME_OVER_THREADS(gaussian, 1, 2, ORVIK_GAUSSIAN_BOX_MULLER);
+  EXPECT_SAME_OVER_THREADS(cauchy, 1, 2);
+  EXPECT_SAME_OVER_THREADS(exponential, 1, 2);
+  EXPECT_SAME_OVER_THREADS(gumbel, 1, 2);
+  EXPECT_SAME_OVER_THREADS(laplace, 1, 2);
+  EXPECT_SAME_OVER_THREADS(rayleigh, 1, 2);
+  EXPECT_SAME_OVER_THREADS(weibull, 2, 1, 2);
+  EXPECT_SAME_OVER_THREADS(lognormal, 1, 2, 0, 1, 1u);
+}
+
+TEST(CxxStream, DrawsTheSameOverThreads) {
+  real_draws_over_threads<double>();
+  real_draws_over_threads<float>();
+  std::vector<std::int32_t> want(1000), got(1000);
+  EXPECT_SAME_OVER_THREADS(uniform, 1, 20);
+  EXPECT_SAME_OVER_THREADS(bernoulli, 0.4);
+  EXPECT_SAME_OVER_THREADS(geometric, 0.4);
+}
+
+TEST(CxxStream, DrawsTheSameWordsOverThreads) {
+  std::vector<std::uint32_t> want(1000), got(1000);
+  EXPECT_SAME_OVER_THREADS(words);
 }
 
 TEST(CxxSummary, FeedsMergesAndSaves) {
@@ -178,6 +227,34 @@ TEST(CxxEstimators, AreThere) {
   q.update(x, 4, orvik::Layout::Rows);
   EXPECT_EQ(q.quantile(1.0)[0], 4);
   EXPECT_EQ(thrown([&] { orvik::mad(x, 5, 1, orvik::Layout::Rows); }), ORVIK_ERROR_BAD_LENGTH);
+}
+
+TEST(CxxEstimators, OfDataThatAreNotClean) {
+  std::vector<double> x(200);
+  orvik::Stream s;
+  orvik::normal(s, x);
+  x[7] = 50;
+  const auto flags = orvik::outliers(x, 100, 2, orvik::Layout::Rows);
+  EXPECT_EQ(std::accumulate(flags.begin(), flags.end(), 0), 1);
+  EXPECT_EQ(flags[7], 1);
+  EXPECT_EQ(orvik::outliers(x, 100, 2, orvik::Layout::Rows, 0.0)[7], 0);
+  const auto robust = orvik::robust_covariance(x, 100, 2, orvik::Layout::Rows);
+  EXPECT_NEAR(robust.mean[0], 0, 0.5);
+  EXPECT_NEAR(robust.covariance[3], 1, 0.6);
+  EXPECT_EQ(robust.covariance[1], robust.covariance[2]);
+  x[7] = std::numeric_limits<double>::quiet_NaN();
+  const auto sets = orvik::impute(x, 100, 2, orvik::Layout::Rows, 2);
+  ASSERT_EQ(sets.size(), 400u);
+  EXPECT_LT(std::abs(sets[7]), 10);
+  EXPECT_NE(sets[7], sets[207]);
+  EXPECT_EQ(sets[8], x[8]);
+  EXPECT_EQ(orvik::impute(x, 100, 2, orvik::Layout::Rows)[7], sets[7]);
+  EXPECT_EQ(thrown([&] { orvik::outliers(x, 99, 2, orvik::Layout::Rows); }), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(thrown([&] { orvik::outliers(x, 20, 10, orvik::Layout::Rows); }), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(thrown([&] { orvik::robust_covariance(x, 20, 10, orvik::Layout::Rows); }), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(thrown([&] { orvik::impute(x, 100, 2, orvik::Layout::Rows, -1); }), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(thrown([&] { orvik::impute(x, 100, 2, orvik::Layout::Rows, std::numeric_limits<std::int64_t>::max()); }),
+            ORVIK_ERROR_BAD_LENGTH);
 }
 
 TEST(CxxSpline, EvaluatesAndIntegrates) {

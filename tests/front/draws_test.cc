@@ -11,8 +11,12 @@
 
 #include "orvik/front.h"
 #include "orvik/qor.h"
+#include "serv/memory.h"
 
 namespace {
+
+using orvik::serv::fail_allocation_after;
+using orvik::serv::live_allocations;
 
 constexpr double kInf = std::numeric_limits<double>::infinity(), kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr int32_t kGenerators[] = {ORVIK_MCG31M1,     ORVIK_R250,      ORVIK_MRG32K3A, ORVIK_MCG59,
@@ -77,18 +81,44 @@ struct Forms;
                                     : orvik_##d##_##name##_threads(s, n, as(r), __VA_ARGS__, threads);                   \
                } \
   }
-#define PLAIN(d, name, ...)                                                                     \
-  Distribution {                                                                                \
-#d "_" #name, [as](orvik_stream * s, int64_t n, void* r,                                    \
-                       int32_t) { return orvik_##d##_##name(s, n, as(r), __VA_ARGS__); }, false \
+#define PLAIN(d, name, ...)                                                                                      \
+  Distribution {                                                                                                 \
+#d "_" #name " " #__VA_ARGS__, [as](orvik_stream * s, int64_t n, void* r,                                    \
+                                        int32_t) { return orvik_##d##_##name(s, n, as(r), __VA_ARGS__); }, false \
   }
 FORMS(double, d)
 FORMS(float, s)
 
+constexpr int64_t kMost = 4000;  // numbers of a request
+constexpr double kOutcomes[] = {0.25, 0.75};
+
+// From small ones, each of which takes one uniform, to large ones, that take some.
+const double* means() {
+  static const std::vector<double> all = [] {
+    std::vector<double> lambda(kMost);
+    for (size_t k = 0; k < lambda.size(); ++k) lambda[k] = std::exp2(static_cast<double>(k % 40) / 2 - 4);
+    return lambda;
+  }();
+  return all.data();
+}
+
 std::vector<Distribution> integers() {
   const auto as = [](void* r) { return static_cast<int32_t*>(r); };
-  std::vector<Distribution> all = {SPLIT(i, uniform, -5, 1000), SPLIT(i, bernoulli, 0.3), SPLIT(i, geometric, 0.2),
-                                   PLAIN(i, binomial, 100, 0.4), PLAIN(i, hypergeometric, 100, 30, 40)};
+  std::vector<Distribution> all = {SPLIT(i, uniform, -5, 1000),
+                                   SPLIT(i, bernoulli, 0.3),
+                                   SPLIT(i, geometric, 0.2),
+                                   PLAIN(i, binomial, 100, 0.4),
+                                   PLAIN(i, hypergeometric, 100, 30, 40),
+                                   PLAIN(i, negbinomial, 2.5, 0.3),
+                                   PLAIN(i, negbinomial, 3, 0.001),
+                                   PLAIN(i, negbinomial, 1e5, 1e-3),
+                                   PLAIN(i, poisson, 3, 0u),
+                                   PLAIN(i, poisson, 300, 0u),
+                                   PLAIN(i, poisson, 3, 1u),
+                                   PLAIN(i, poisson, 300, 1u),
+                                   PLAIN(i, poissonv, means()),
+                                   PLAIN(i, multinomial, 50, 2, kOutcomes, 0u),
+                                   PLAIN(i, multinomial, 50, 2, kOutcomes, 1u)};
   all.push_back({"i_words", [](orvik_stream* s, int64_t n, void* r, int32_t threads) {
                    auto* const words = static_cast<uint32_t*>(r);
                    return threads < 0 ? orvik_i_words(s, n, words) : orvik_i_words_threads(s, n, words, threads);
@@ -128,6 +158,53 @@ TEST(Draws, AnyNumberOfThreadsDrawsTheSameNumbersAndLeavesTheSameStream) {
   }
 }
 
+TEST(Draws, WithoutAFormForThreadsTheirNumberChangesNothing) {
+  constexpr int64_t n = 1500;
+  for (const Distribution& d : everything()) {
+    std::vector<double> want, got(n);
+    for (const int32_t threads : {1, 2, 3, 7}) {
+      ASSERT_EQ(orvik_set_num_threads(threads), ORVIK_SUCCESS);
+      Owned s;
+      got.assign(n, -7);
+      ASSERT_EQ(d.draw(s, n, got.data(), -1), ORVIK_SUCCESS) << d.name;
+      if (threads == 1) want = got;
+      ASSERT_EQ(std::memcmp(want.data(), got.data(), n * sizeof(double)), 0) << d.name << ", " << threads << " threads";
+    }
+  }
+  orvik_set_num_threads(0);
+}
+
+TEST(Draws, FailingAllocationsLeaveNothingBehind) {
+  constexpr int64_t n = 700;
+  for (const Distribution& d : everything()) {
+    Owned s;
+    std::vector<double> want(n, -7), got(n, -7);
+    {
+      Owned once;
+      ASSERT_EQ(d.draw(once, n, want.data(), -1), ORVIK_SUCCESS) << d.name;
+    }
+    for (int64_t fail = 1;; ++fail) {
+      ASSERT_LT(fail, 100) << d.name;
+      const int64_t before = live_allocations();
+      orvik_stream* again = nullptr;
+      ASSERT_EQ(orvik_stream_copy(&again, s), ORVIK_SUCCESS);
+      fail_allocation_after(fail);
+      const orvik_status status = d.draw(again, n, got.data(), -1);
+      fail_allocation_after(0);
+      if (status != ORVIK_SUCCESS) {
+        EXPECT_EQ(status, ORVIK_QOR_NO_MEMORY) << d.name;
+        EXPECT_EQ(got, std::vector<double>(n, -7)) << d.name;
+        EXPECT_EQ(d.draw(again, n, got.data(), -1), ORVIK_SUCCESS) << d.name;  // no number was lost
+      }
+      EXPECT_EQ(std::memcmp(want.data(), got.data(), n * sizeof(double)), 0) << d.name << ", allocation " << fail;
+      got.assign(n, -7);
+      orvik_stream_delete(again);
+      EXPECT_EQ(live_allocations(), before) << d.name;
+      if (status == ORVIK_SUCCESS) break;
+    }
+  }
+}
+
 TEST(Draws, AWaitingNumberOfAPairIsNotLostToThreads) {
   Owned one, many;
   std::vector<double> want(1003), got(1003);
@@ -154,6 +231,24 @@ TEST(Draws, AreTheKernels) {
   ASSERT_EQ(_qoriRngUniformBits32(0, kernel, 100, kernel_words), 0);
   ASSERT_EQ(orvik_i_words(s, 100, words), ORVIK_SUCCESS);
   EXPECT_EQ(std::memcmp(words, kernel_words, sizeof words), 0);
+  int32_t counts[100], kernel_counts[100];
+  ASSERT_EQ(_qoriRngNegbinomial(0, kernel, 100, kernel_counts, 2.5, 0.3), 0);
+  ASSERT_EQ(orvik_i_negbinomial(s, 100, counts, 2.5, 0.3), ORVIK_SUCCESS);
+  EXPECT_EQ(std::memcmp(counts, kernel_counts, sizeof counts), 0);
+  for (const uint32_t method : {ORVIK_POISSON_REJECTION, ORVIK_POISSON_NORMAL}) {
+    ASSERT_EQ(_qoriRngPoisson(method, kernel, 100, kernel_counts, 50), 0);
+    ASSERT_EQ(orvik_i_poisson(s, 100, counts, 50, method), ORVIK_SUCCESS);
+    EXPECT_EQ(std::memcmp(counts, kernel_counts, sizeof counts), 0);
+  }
+  ASSERT_EQ(_qoriRngPoissonV(0, kernel, 100, kernel_counts, means()), 0);
+  ASSERT_EQ(orvik_i_poissonv(s, 100, counts, means()), ORVIK_SUCCESS);
+  EXPECT_EQ(std::memcmp(counts, kernel_counts, sizeof counts), 0);
+  for (const uint32_t method : {ORVIK_MULTINOMIAL_SEQUENTIAL, ORVIK_MULTINOMIAL_POISSON}) {
+    ASSERT_EQ(_qoriRngMultinomial(method, kernel, 50, kernel_counts, 30, 2, kOutcomes), 0);
+    ASSERT_EQ(orvik_i_multinomial(s, 50, counts, 30, 2, kOutcomes, method), ORVIK_SUCCESS);
+    EXPECT_EQ(std::memcmp(counts, kernel_counts, sizeof counts), 0);
+    for (int row = 0; row < 50; ++row) ASSERT_EQ(counts[2 * row] + counts[2 * row + 1], 30);
+  }
   __qorDeleteStream(&kernel);
 }
 
@@ -239,6 +334,23 @@ TEST(Draws, BadParametersLeaveTheStreamUntouched) {
   EXPECT_REFUSED(orvik_i_hypergeometric(s, 4, i, 10, 11, 0));
   EXPECT_REFUSED(orvik_i_hypergeometric(s, 4, i, 10, 0, 11));
   EXPECT_REFUSED(orvik_i_hypergeometric(s, 4, i, 10, -1, 0));
+  for (const double a : bad_scale) EXPECT_REFUSED(orvik_i_negbinomial(s, 4, i, a, 0.5));
+  for (const double p : {-0.1, 0.0, 0x1p-54, 1.1, kNan, kInf}) EXPECT_REFUSED(orvik_i_negbinomial(s, 4, i, 1, p));
+  EXPECT_REFUSED(orvik_i_negbinomial(s, 4, i, 1e300, 1e-10));  // its mean has no number
+  for (const double lambda : {0.0, -1.0, 0x1p31, kNan, kInf}) {
+    const double lambdas[] = {1, 2, 3, lambda};
+    EXPECT_REFUSED(orvik_i_poisson(s, 4, i, lambda, 0));
+    EXPECT_REFUSED(orvik_i_poissonv(s, 4, i, lambdas));
+  }
+  EXPECT_REFUSED(orvik_i_poisson(s, 4, i, 1, 2));
+  for (const double p : {-0.1, 0.247, 0.253, kNan, kInf}) {
+    const double outcomes[] = {0.5, 0.25, p};
+    EXPECT_REFUSED(orvik_i_multinomial(s, 1, i, 10, 3, outcomes, 0));
+  }
+  EXPECT_REFUSED(orvik_i_multinomial(s, 1, i, -1, 2, kOutcomes, 0));
+  EXPECT_REFUSED(orvik_i_multinomial(s, 1, i, 10, 0, kOutcomes, 0));
+  EXPECT_REFUSED(orvik_i_multinomial(s, 1, i, 10, -1, kOutcomes, 0));
+  EXPECT_REFUSED(orvik_i_multinomial(s, 1, i, 10, 2, kOutcomes, 2));
   const double mean[] = {0, 0}, factor[] = {1, 0, kNan, 1}, good[] = {1, 0, 0.5, 1};
   EXPECT_REFUSED(orvik_d_multivariate_normal(s, 2, r, 2, ORVIK_FACTOR_FULL, mean, factor, 0));
   EXPECT_REFUSED(orvik_d_multivariate_normal(s, 2, r, 2, 3, mean, good, 0));
@@ -259,6 +371,16 @@ TEST(Draws, BadLengthsNullArraysAndStreams) {
   const double mean[] = {0, 0};
   EXPECT_EQ(orvik_d_multivariate_normal(s, 1, r, 2, 0, mean, nullptr, 0), ORVIK_ERROR_NULL_POINTER);
   EXPECT_EQ(orvik_d_multivariate_normal(s, 1, r, 2, 0, nullptr, mean, 0), ORVIK_ERROR_NULL_POINTER);
+  EXPECT_EQ(orvik_d_multivariate_normal(s, 1, r, 2, 0, mean, r, 0), ORVIK_ERROR_OVERLAP);
+  EXPECT_EQ(orvik_d_multivariate_normal(s, 1, r, 2, 2, r + 1, mean, 0), ORVIK_ERROR_OVERLAP);
+  auto* const i = reinterpret_cast<int32_t*>(r);
+  EXPECT_EQ(orvik_i_poissonv(s, 2, i, nullptr), ORVIK_ERROR_NULL_POINTER);
+  EXPECT_EQ(orvik_i_poissonv(s, 0, i, nullptr), ORVIK_SUCCESS);
+  EXPECT_EQ(orvik_i_poissonv(s, INT64_MAX, i, mean), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(orvik_i_poissonv(s, 2, i, r), ORVIK_ERROR_OVERLAP);
+  EXPECT_EQ(orvik_i_multinomial(s, 1, i, 5, 2, nullptr, 0), ORVIK_ERROR_NULL_POINTER);
+  EXPECT_EQ(orvik_i_multinomial(s, 1, i, 5, 2, r, 0), ORVIK_ERROR_OVERLAP);
+  EXPECT_EQ(orvik_i_multinomial(s, INT64_MAX / 2, i, 5, 2, kOutcomes, 0), ORVIK_ERROR_BAD_LENGTH);
   for (const Distribution& d : everything()) {
     for (const int32_t threads : {-1, 2}) {
       EXPECT_EQ(d.draw(nullptr, 2, r, threads), ORVIK_ERROR_BAD_STREAM) << d.name;

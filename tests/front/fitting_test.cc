@@ -131,6 +131,30 @@ TEST(Splines, OwnWhatTheyNeedAndHoldSeveralFunctions) {
   }
 }
 
+TEST(Splines, OfEveryKindReadNothingOfTheCallersLater) {
+  for (int32_t kind = ORVIK_LINEAR; kind <= ORVIK_QUADRATIC; ++kind) {
+    auto x = kX, y = values([](double v) { return v * v * v; });
+    std::vector<double> internal(x.size() - 2, 1.5);
+    const bool inner = kind == ORVIK_HERMITE || kind == ORVIK_DEFAULT;
+    const Spline s(x, y, kind, nullptr, inner ? internal.data() : nullptr);
+    ASSERT_EQ(s.status, ORVIK_SUCCESS) << kind;
+    const double t[] = {-1, 0.7, 1.1, 4, 90}, from[] = {0, 0.3, 2, 1, 1};
+    double before[3][5], after[3][5];
+    const auto evaluate = [&](double(*r)[5]) {
+      ASSERT_EQ(orvik_d_spline_evaluate(s.s, 5, t, r[0], 0), ORVIK_SUCCESS);
+      ASSERT_EQ(orvik_d_spline_evaluate(s.s, 5, t, r[1], 1), ORVIK_SUCCESS);
+      ASSERT_EQ(orvik_d_spline_integrate(s.s, 5, from, t, r[2]), ORVIK_SUCCESS);
+    };
+    evaluate(before);
+    for (auto* gone : {&x, &y, &internal}) {
+      std::fill(gone->begin(), gone->end(), kNan);
+      std::vector<double>().swap(*gone);
+    }
+    evaluate(after);
+    EXPECT_EQ(std::memcmp(before, after, sizeof before), 0) << kind;
+  }
+}
+
 TEST(Splines, TheSmallestPartitions) {
   const std::vector<double> two = {1, 3}, y = {5, 9};
   const Spline line(two, y, ORVIK_LINEAR), natural(two, y, ORVIK_NATURAL);
@@ -167,6 +191,38 @@ TEST(Splines, BitsDoNotDependOnTheNumberOfThreads) {
       if (threads == 1) want = got, want_cells = cells;
       EXPECT_EQ(got, want) << kind << " " << threads;
       EXPECT_EQ(cells, want_cells);
+    }
+  }
+  orvik_set_num_threads(0);
+}
+
+TEST(Splines, SitesInOrderGiveTheBitsAndCellsOfSitesWithoutOrder) {
+  std::mt19937_64 random(5);
+  std::uniform_real_distribution<double> step(0.01, 1), place(-2, 130);
+  std::vector<double> x(257), y(257), t(200003);
+  for (size_t i = 1; i < x.size(); ++i) x[i] = x[i - 1] + step(random);
+  for (double& v : y) v = step(random);
+  for (double& v : t) v = place(random);
+  std::copy(x.begin(), x.end(), t.begin());
+  t[300] = kInf, t[301] = -kInf;
+  std::vector<double> ordered = t;
+  std::sort(ordered.begin(), ordered.end());
+  const int64_t n = static_cast<int64_t>(t.size());
+  for (const int32_t kind : {ORVIK_NATURAL, ORVIK_QUADRATIC}) {
+    const Spline s(x, y, kind);
+    for (const int32_t threads : {1, 3}) {
+      orvik_set_num_threads(threads);
+      std::vector<double> in_order(t.size()), without(t.size());
+      std::vector<int64_t> cells(t.size());
+      ASSERT_EQ(orvik_d_spline_evaluate(s.s, n, ordered.data(), in_order.data(), 0), ORVIK_SUCCESS);
+      ASSERT_EQ(orvik_d_search(257, x.data(), n, ordered.data(), cells.data()), ORVIK_SUCCESS);
+      std::vector<double> last_first(ordered.rbegin(), ordered.rend());
+      ASSERT_EQ(orvik_d_spline_evaluate(s.s, n, last_first.data(), without.data(), 0), ORVIK_SUCCESS);
+      std::reverse(without.begin(), without.end());
+      EXPECT_EQ(std::memcmp(in_order.data(), without.data(), t.size() * sizeof(double)), 0) << kind << " " << threads;
+      for (size_t i = 0; i < t.size(); ++i) {
+        ASSERT_EQ(cells[i], std::upper_bound(x.begin(), x.end(), ordered[i]) - x.begin()) << ordered[i];
+      }
     }
   }
   orvik_set_num_threads(0);

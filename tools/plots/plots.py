@@ -8,6 +8,7 @@ Without names all of them:
     errors       error against input of four rows at their levels, measured here
     speed        time per element against the length, beside peers: runs zym_bench, wants a machine that does nothing else
     generators   speed of the generators, the figures of docs/performance-streams.md
+    python       ufuncs beside NumPy's and SciPy's, the figures of docs/performance-python.md
     spline       one set of points, three kinds of ends, and what lies beyond them
 
 --build: default build/release. Before: cmake --build --preset release --target orvik_kernel zym_bench"""
@@ -180,6 +181,29 @@ def generators(plotter):
                  f'"" using 3 linecolor "#d6d3d1" title "fastest peer of that form"\n')
 
 
+def python(plotter):
+    page = (ROOT / "docs" / "performance-python.md").read_text(encoding="utf-8")
+    header = next((line for line in page.splitlines() if line.startswith("| what | peer | n = 100: peer, ns")), "")
+    cells = header.split(" | ")
+    if "n = 10^4: LA" not in cells:
+        sys.exit("docs/performance-python.md has another form")
+    column, ratios = cells.index("n = 10^4: LA"), {}
+    for line in page[page.index(header):].splitlines()[2:]:
+        found = re.match(r"\| (\w+), (float32|float64) \|", line)
+        if found:
+            ratios.setdefault(found[1], {})[found[2]] = float(line.split(" | ")[column])
+        if not line.startswith("|"):
+            break
+    rows = sorted(((name, of.get("float32"), of.get("float64")) for name, of in ratios.items()), key=lambda row: row[2] or 0)
+    file = plotter.scratch / "python.dat"
+    file.write_text("".join(f'"{name}" {single or "nan"} {double or "nan"}\n' for name, single, double in rows), encoding="utf-8")
+    plotter.draw("python", 'set logscale y\nset xtics rotate by -60 font ",10"\nset key top left\n'
+                 'set ylabel "times as fast as NumPy or SciPy, LA, 10,000 numbers"\n'
+                 f'plot 1 linecolor "{COLOURS[-1]}" dashtype 2 notitle, '
+                 f'"{file}" using 0:2:xtic(1) with points pointtype 7 pointsize 0.6 linecolor "{COLOURS[0]}" title "float32", '
+                 f'"" using 0:3 with points pointtype 5 pointsize 0.6 linecolor "{COLOURS[2]}" title "float64"\n', width=1100)
+
+
 # ---- A spline and its ends ------------------------------------------------------------------------------------------
 
 POINTS_X = (0.0, 1.0, 2.0, 3.5, 4.5, 6.0, 7.0, 8.0)
@@ -233,7 +257,7 @@ def spline(plotter):
         f'plot {", ".join(lines)}, "{points}" using 1:2 with points pointtype 7 pointsize 0.7 linecolor "#1c1917" title "the points"', ""]))
 
 
-PLOTS = {"errors": errors, "speed": speed, "generators": generators, "spline": spline}
+PLOTS = {"errors": errors, "speed": speed, "generators": generators, "python": python, "spline": spline}
 
 
 def main():

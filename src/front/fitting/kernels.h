@@ -37,11 +37,6 @@ ORVIK_FRONT_KERNELS(float, s, 32)
 // The front's pool as the kernels' threads; sites are computed one by one, so that bits do not depend on it.
 extern const OrvikDFServices kServices;
 
-inline bool sites_meet(const void* a, int64_t a_bytes, const void* b, int64_t b_bytes) {
-  const auto x = reinterpret_cast<uint64_t>(a), y = reinterpret_cast<uint64_t>(b);
-  return x < y + static_cast<uint64_t>(b_bytes) && y < x + static_cast<uint64_t>(a_bytes);
-}
-
 // x ascends strictly and holds no NaN; at least two.
 template <class T>
 bool ascends(int64_t nx, const T* x) {
@@ -50,6 +45,22 @@ bool ascends(int64_t nx, const T* x) {
     if (!(x[i - 1] < x[i])) return false;
   }
   return true;
+}
+
+// Sites in order are merged with the breakpoints instead of looked up, where they are as many; the cells are the same.
+inline constexpr int64_t kAscendingSites = 64;
+
+template <class T>
+int64_t hint_of(int64_t nx, int64_t n, const T* t) {
+  if (n < nx) return 0;
+  constexpr int64_t kBlock = 512;
+  for (int64_t begin = 1; begin < n; begin += kBlock) {
+    const int64_t end = n - begin < kBlock ? n : begin + kBlock;
+    bool ordered = true;
+    for (int64_t i = begin; i < end; ++i) ordered &= t[i - 1] <= t[i];
+    if (!ordered) return 0;
+  }
+  return kAscendingSites;
 }
 
 inline orvik_status fitting_status(int32_t status) { return status == DFS_NO_MEMORY ? ORVIK_ERROR_NO_MEMORY : status; }

@@ -16,7 +16,7 @@ orvik_status search(int64_t nx, const T* x, int64_t n, const T* t, int64_t* cell
   if (!ascends(nx, x)) return ORVIK_ERROR_NOT_SORTED;
   if (n == 0) return ORVIK_SUCCESS;
   const int64_t bytes = sizeof(T), cells = n * int64_t{sizeof(int64_t)};
-  if (sites_meet(t, n * bytes, cell, cells) || sites_meet(x, nx * bytes, cell, cells)) return ORVIK_ERROR_OVERLAP;
+  if (meet(t, n * bytes, cell, cells) || meet(x, nx * bytes, cell, cells)) return ORVIK_ERROR_OVERLAP;
   const KeepErrno keep;
   if (!std::isfinite(x[nx - 1] - x[0])) {  // the kernels' table needs a length
     for (int64_t i = 0; i < n; ++i) cell[i] = std::isnan(t[i]) ? nx : std::upper_bound(x, x + nx, t[i]) - x;
@@ -25,7 +25,8 @@ orvik_status search(int64_t nx, const T* x, int64_t n, const T* t, int64_t* cell
   constexpr int32_t kWideCells = 3;
   OrvikDFTask task = nullptr;
   int32_t status = Fitting<T>::new_task(&task, nx, x, DF_PARTITION_NON_UNIFORM, 0, nullptr, 0, kWideCells);
-  if (status == 0) status = Fitting<T>::search(task, 0, n, t, 0, nullptr, cell, nullptr, nullptr, &kServices);
+  const int64_t hint = hint_of(nx, n, t);
+  if (status == 0) status = Fitting<T>::search(task, 0, n, t, hint, nullptr, cell, nullptr, nullptr, &kServices);
   if (task != nullptr) orvik_df_kernel_DeleteTask(&task);
   for (int64_t i = 0; status == 0 && i < n; ++i) {
     if (!(t[i] < x[nx - 1])) cell[i] = nx;

@@ -43,7 +43,7 @@ struct Spline {
   OrvikDFTask task = nullptr;
   int64_t nx, ny, order, pieces;
   T ends[2];
-  const T *x, *y, *internal;
+  const T* x;
   T* coefficients;
 
   ~Spline() {
@@ -110,30 +110,23 @@ orvik_status check(const Wanted<T>& w) {
   return ORVIK_SUCCESS;
 }
 
-// One block: the object, breakpoints, values, inner derivatives, coefficients.
+// One block: the object, breakpoints, coefficients. Values and inner derivatives are read while the coefficients are
+// made and never again.
 template <class T>
 Spline<T>* copy(const Wanted<T>& w) {
   const KindOf& kind = kKinds[w.kind];
   const int64_t pieces = kind.type == 1 ? w.nx : w.nx - 1;
-  const int64_t internal = w.kind == ORVIK_HERMITE || w.kind == ORVIK_DEFAULT ? w.nx - 2 : 0;
-  const int64_t numbers = w.given + w.ny * w.nx + internal + w.ny * pieces * kind.order;
+  const int64_t numbers = w.given + w.ny * pieces * kind.order;
   void* const block = new_block(sizeof(Spline<T>) + static_cast<uint64_t>(numbers) * sizeof(T));
   if (block == nullptr) return nullptr;
   auto* const s = new (block) Spline<T>;
   s->nx = w.nx, s->ny = w.ny, s->order = kind.order, s->pieces = pieces;
   s->ends[0] = w.ends != nullptr ? static_cast<T>(w.ends->left) : 0;
   s->ends[1] = w.ends != nullptr ? static_cast<T>(w.ends->right) : 0;
-  T* next = reinterpret_cast<T*>(s + 1);
-  const auto take = [&](const T* from, int64_t count) {
-    T* const place = next;
-    if (count > 0) std::memcpy(place, from, static_cast<size_t>(count) * sizeof(T));
-    next += count;
-    return place;
-  };
-  s->x = take(w.x, w.given);
-  s->y = take(w.y, w.ny * w.nx);
-  s->internal = internal > 0 ? take(w.internal, internal) : nullptr;
-  s->coefficients = next;
+  T* const x = reinterpret_cast<T*>(s + 1);
+  std::memcpy(x, w.x, static_cast<size_t>(w.given) * sizeof(T));
+  s->x = x;
+  s->coefficients = x + w.given;
   return s;
 }
 
@@ -141,11 +134,11 @@ template <class T>
 int32_t construct(Spline<T>* s, const Wanted<T>& w) {
   using F = Fitting<T>;
   const int64_t hint = w.given == w.nx && w.nx > 2 ? DF_PARTITION_NON_UNIFORM : DF_PARTITION_UNIFORM;
-  int32_t status = F::new_task(&s->task, s->nx, s->x, hint, s->ny, s->y, DF_STORAGE_ROWS, 1);
+  int32_t status = F::new_task(&s->task, s->nx, s->x, hint, s->ny, w.y, DF_STORAGE_ROWS, 1);
   if (status != 0) return status;
-  const int64_t internal = s->internal != nullptr ? 1 : 0;
-  status = F::edit_spline(s->task, s->order, kKinds[w.kind].type, boundary(w.kind, w.ends), s->ends, internal,
-                          s->internal, s->coefficients, DF_STORAGE_DEFAULT);
+  const bool inner = w.kind == ORVIK_HERMITE || w.kind == ORVIK_DEFAULT;
+  status = F::edit_spline(s->task, s->order, kKinds[w.kind].type, boundary(w.kind, w.ends), s->ends, inner,
+                          inner ? w.internal : nullptr, s->coefficients, DF_STORAGE_DEFAULT);
   if (status == 0 && w.kind == ORVIK_QUADRATIC) {
     status = orvik_df_kernel_iEditVal(s->task, DFP_INTERNAL_TYPE, kKnotsOfItsOwn);
   }
@@ -184,8 +177,7 @@ orvik_status check_sites(const Spline<T>* s, int64_t n, const T* a, const T* b, 
   if (n == 0) return ORVIK_SUCCESS;
   if (a == nullptr || b == nullptr || r == nullptr) return ORVIK_ERROR_NULL_POINTER;
   const int64_t bytes = n * static_cast<int64_t>(sizeof(T));
-  return sites_meet(a, bytes, r, bytes * s->ny) || sites_meet(b, bytes, r, bytes * s->ny) ? ORVIK_ERROR_OVERLAP
-                                                                                          : ORVIK_SUCCESS;
+  return meet(a, bytes, r, bytes * s->ny) || meet(b, bytes, r, bytes * s->ny) ? ORVIK_ERROR_OVERLAP : ORVIK_SUCCESS;
 }
 
 template <class T>
@@ -201,9 +193,9 @@ orvik_status evaluate(const void* handle, int64_t n, const T* t, T* r, int32_t d
   const KeepErrno keep;
   int64_t orders[4] = {};
   orders[derivative] = 1;
-  return fitting_status(Fitting<T>::interpolate(s->task, 1, 0, n, t, 0, derivative + 1, orders, nullptr, r,
-                                                DF_STORAGE_ROWS, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                                                nullptr, nullptr, nullptr, &kServices));
+  return fitting_status(Fitting<T>::interpolate(s->task, 1, 0, n, t, hint_of(s->nx, n, t), derivative + 1, orders,
+                                                nullptr, r, DF_STORAGE_ROWS, nullptr, nullptr, nullptr, nullptr,
+                                                nullptr, nullptr, nullptr, nullptr, nullptr, &kServices));
 }
 
 template <class T>

@@ -14,6 +14,11 @@ struct Extent {
   bool meets(const Extent& other) const { return low < other.high && other.low < high; }
 };
 
+inline bool meet(const void* x, int64_t x_bytes, const void* r, int64_t r_bytes) {
+  const auto a = reinterpret_cast<uint64_t>(x), b = reinterpret_cast<uint64_t>(r);
+  return Extent{a, a + static_cast<uint64_t>(x_bytes)}.meets({b, b + static_cast<uint64_t>(r_bytes)});
+}
+
 // False where n elements of that size and step fit in no memory. n > 0.
 inline bool find_extent(const void* start, int64_t step, int32_t size, int64_t n, Extent* extent) {
   if (n > kAddressSpace || step > kAddressSpace || step < -kAddressSpace) {

@@ -40,8 +40,9 @@ constexpr int64_t kMostElements = int64_t{1} << 30;
 constexpr int64_t kCostOfNanosecond = 5 * 64;  // in 64ths
 // Below this a second thread does not pay; each is worth that much work.
 constexpr int64_t kAloneNanoseconds = 20000, kNanosecondsOfThread = 10000;
-constexpr int64_t kSurelyLong = int64_t{1} << 24;  // whatever the cost; below it products fit in 64 bits
-constexpr int32_t kBlocksOfThread = 4;
+constexpr int64_t kSurelyShort = 16;               // whatever the cost: no element takes a microsecond
+constexpr int64_t kSurelyLong = int64_t{1} << 24;  // the same; below it products fit in 64 bits
+constexpr int32_t kBlocksOfThread = 16;            // so that one that comes late, or is held up, keeps nobody waiting
 constexpr int32_t kMostBlocks = kMostThreads;
 
 // A cost in 64ths, from the bits of the float: arithmetic in floating point would raise flags that are the caller's.
@@ -58,6 +59,17 @@ int64_t nanoseconds_of(int64_t n, float cost) {
   constexpr __int128 kLongest = int64_t{1} << 44;
   const __int128 time = static_cast<__int128>(n) * cost_in_64ths(cost) / kCostOfNanosecond;
   return static_cast<int64_t>(time < kLongest ? time : kLongest);
+}
+
+// Kernels that memory alone limits write large results past the caches; a block must be large for that, too.
+constexpr int64_t kPastCaches = (int64_t{8} << 20) + 4096;  // bytes, and what the ends of blocks are rounded by
+constexpr int64_t kCheapByte = 10;                          // cost of a byte of results in 64ths, where memory limits
+
+int32_t whole_streams(const Row& row, const Operands& o, int64_t n, int level, int32_t blocks) {
+  if (blocks <= 1 || o.strided || n > kMostElements) return blocks;
+  const int64_t most = n * row.result_bytes / kPastCaches;
+  if (most == 0 || cost_in_64ths(row.costs[level]) >= kCheapByte * row.result_bytes) return blocks;
+  return most < blocks ? static_cast<int32_t>(most) : blocks;
 }
 
 bool fits_kernel(int64_t step) { return step >= INT32_MIN && step <= INT32_MAX; }
@@ -89,12 +101,41 @@ bool same_array(const Result& r, const void* x, int64_t x_step, bool same_type) 
   return same_type && r.start == x && r.step == x_step;
 }
 
+// Arrays of unit stride: the same in fewer steps, since most calls are of this kind and many are short.
+constexpr int64_t kMostOfUnitStride = int64_t{1} << 40;
+
+orvik_status check_unit_arrays(const Row& row, const Operands& o, int64_t n) {
+  const uint64_t in = static_cast<uint64_t>(n * row.input_bytes), out = static_cast<uint64_t>(n * row.result_bytes);
+  const auto at = [](const void* x) { return reinterpret_cast<uint64_t>(x); };
+  const auto meets = [&](const Result& r, const void* x, uint64_t bytes) {
+    return at(x) < at(r.start) + out && at(r.start) < at(x) + bytes;
+  };
+  const auto clash = [&](const Result& r, const Input& x) {
+    return meets(r, x.start, in) && !(r.start == x.start && row.same_type);
+  };
+  const auto wraps = [&](const void* x, uint64_t bytes) { return at(x) + bytes < bytes; };
+  if (wraps(o.a.start, in) || wraps(o.r1.start, out)) return ORVIK_ERROR_BAD_LENGTH;
+  if (clash(o.r1, o.a)) return ORVIK_ERROR_OVERLAP;
+  if (row.second_array) {
+    if (wraps(o.b.start, in)) return ORVIK_ERROR_BAD_LENGTH;
+    if (clash(o.r1, o.b)) return ORVIK_ERROR_OVERLAP;
+  }
+  if (row.second_result) {
+    if (wraps(o.r2.start, out)) return ORVIK_ERROR_BAD_LENGTH;
+    if (clash(o.r2, o.a) || meets(o.r2, o.r1.start, out) || (row.second_array && clash(o.r2, o.b))) {
+      return ORVIK_ERROR_OVERLAP;
+    }
+  }
+  return ORVIK_SUCCESS;
+}
+
 orvik_status check_arrays(const Row& row, const Operands& o, int64_t n) {
   const bool has_b = row.second_array;
   if (o.a.start == nullptr || o.r1.start == nullptr || (has_b && o.b.start == nullptr) ||
       (row.second_result && o.r2.start == nullptr)) {
     return ORVIK_ERROR_NULL_POINTER;
   }
+  if (!o.strided && n <= kMostOfUnitStride) return check_unit_arrays(row, o, n);
   Extent a, b{}, r1, r2{};
   if (!find_extent(o.a.start, o.a.step, row.input_bytes, n, &a) ||
       !find_extent(o.r1.start, o.r1.step, row.result_bytes, n, &r1) ||
@@ -120,16 +161,11 @@ struct alignas(64) Block {
 };
 
 // Cuts n elements into at most `wanted` blocks that end where a cache line of the first result ends; returns how many.
-// The lanes of complex rows may raise a flag or not by what stands beside an element, so that they are cut where a
-// kernel's own blocks and pieces end, counted from the start of the call: flags are then those of one call.
-constexpr int64_t kPiece =
-    512;  // a multiple of every kernel's blocks, and of the 2 KB in which strided arrays are gathered
-
+// The flags of a block are those of its elements, so that a cut changes none.
 int32_t cut(const Row& row, const Operands& o, int64_t n, int32_t wanted, Block* blocks) {
-  const bool whole_pieces = row.complex || row.input_bytes != row.result_bytes;
-  const int64_t line = whole_pieces ? kPiece : 64 / row.result_bytes;
+  const int64_t line = 64 / row.result_bytes;
   int64_t lead = 0;  // elements before the first whole line
-  if (o.r1.step == 1 && !whole_pieces) {
+  if (o.r1.step == 1) {
     const auto beyond = static_cast<int64_t>(reinterpret_cast<uint64_t>(o.r1.start) % 64);
     if (beyond % row.result_bytes == 0) lead = (64 - beyond) % 64 / row.result_bytes;
   }
@@ -235,21 +271,26 @@ orvik_status run(const Row& row, const Operands& o, int64_t n, orvik_math_option
     found.complex = row.complex;
     found.second_argument = row.second_argument;
     found.second_result = row.second_result;
-    int32_t blocks = threads;
-    if (threads == 0 &&
+    int32_t blocks = 1;
+    if (threads != 1 && n > kSurelyShort &&
         (n >= kSurelyLong || n * cost_in_64ths(row.costs[level]) >= kAloneNanoseconds * kCostOfNanosecond)) {
       const int64_t work = nanoseconds_of(n, row.costs[level]);
       const int64_t limit = thread_limit(), worth = work / kNanosecondsOfThread;
-      threads = static_cast<int32_t>(worth < limit ? worth : limit);
+      if (threads == 0) threads = static_cast<int32_t>(worth < limit ? worth : limit);
       const int64_t most = work / kAloneNanoseconds, wanted = int64_t{kBlocksOfThread} * threads;
       blocks = static_cast<int32_t>(most < wanted ? most : wanted);
-      if (blocks < threads) blocks = threads;
     }
+    if (blocks < threads) blocks = threads;
+    blocks = whole_streams(row, o, n, level, blocks);
     if (threads > kMostThreads) threads = kMostThreads;
     if (blocks > kMostBlocks) blocks = kMostBlocks;
     if (threads <= 1 || !run_blocks(row, o, level, n, threads, blocks, &found)) {
       const KernelState state(&found, row.reports);
-      run_block(row, o, level, 0, n, &found);
+      if (!o.strided && n <= kMostElements) {
+        row.invoke(row.unit[level], o, false, 0, static_cast<int32_t>(n));
+      } else {
+        run_block(row, o, level, 0, n, &found);
+      }
     }
   }
   if (options != nullptr) options->report_count = found.count;

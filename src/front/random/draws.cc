@@ -12,6 +12,16 @@ orvik_status check(const Request& q, const void* r, int32_t bytes, OrvikStream* 
   return r == nullptr ? ORVIK_ERROR_NULL_POINTER : kProceed;
 }
 
+orvik_status check_inputs(std::initializer_list<Input> inputs, const void* r, int64_t bytes) {
+  for (const Input& input : inputs) {
+    if (input.start == nullptr) return ORVIK_ERROR_NULL_POINTER;
+  }
+  for (const Input& input : inputs) {
+    if (meet(input.start, input.count * input.bytes, r, bytes)) return ORVIK_ERROR_OVERLAP;
+  }
+  return kProceed;
+}
+
 Parts::Parts(OrvikStream stream, int64_t n, int64_t uniforms, int64_t grain, int32_t threads) : own_(stream) {
   const int64_t grains = n / grain;
   if (threads > kMostThreads) threads = kMostThreads;

@@ -3,6 +3,7 @@
 
 #include <climits>
 #include <cmath>
+#include <initializer_list>
 
 #include "front/math/extents.h"
 #include "front/modes.h"
@@ -20,7 +21,7 @@ inline constexpr int64_t kMostNumbers = int64_t{1} << 30;
 template <class T, class Draw>
 orvik_status draw_all(OrvikStream stream, int64_t n, T* r, int64_t room, const Draw& draw) {
   orvik_status last = ORVIK_SUCCESS;
-  const int64_t most = kMostNumbers / room;
+  const int64_t most = room < kMostNumbers ? kMostNumbers / room : 1;
   while (n > 0) {
     const auto part = static_cast<int32_t>(n < most ? n : most);
     const orvik_status status = draw(stream, part, r);
@@ -47,6 +48,25 @@ template <class T, class Draw>
 orvik_status draw(const Request& q, T* r, const Draw& kernel) {
   OrvikStream stream;
   if (const orvik_status status = check(q, r, sizeof(T), &stream); status != kProceed) return status;
+  const KeepErrno keep;
+  return draw_all(stream, q.n, r, q.room, kernel);
+}
+
+// The same of a distribution with arrays for parameters, which are looked at once all else is in order.
+struct Input {
+  const void* start;
+  int64_t count, bytes;  // elements, bytes of an element
+};
+orvik_status check_inputs(std::initializer_list<Input> inputs, const void* r, int64_t bytes);
+
+template <class T, class Sound, class Draw>
+orvik_status draw_from(const Request& q, T* r, std::initializer_list<Input> inputs, const Sound& sound,
+                       const Draw& kernel) {
+  OrvikStream stream;
+  orvik_status status = check(q, r, sizeof(T), &stream);
+  if (status == kProceed) status = check_inputs(inputs, r, q.n * q.room * static_cast<int64_t>(sizeof(T)));
+  if (status != kProceed) return status;
+  if (!sound()) return ORVIK_ERROR_BAD_PARAMETER;
   const KeepErrno keep;
   return draw_all(stream, q.n, r, q.room, kernel);
 }

@@ -5,6 +5,29 @@ using namespace orvik::front;
 
 namespace {
 
+// Means of counts, which a number of 31 bits must hold.
+bool sound_mean(double lambda) { return lambda > 0 && lambda < 0x1p31; }
+bool sound_means(int64_t n, const double* lambda) {
+  bool sound = true;
+  for (int64_t i = 0; i < n; ++i) sound &= sound_mean(lambda[i]);
+  return sound;
+}
+
+// Failures have a mean; where 1 - p rounds to 1 their probabilities would never end.
+bool sound_failures(double a, double p) {
+  return positive(a) && p > 0 && p <= 1 && 1 - p < 1 && finite(a * ((1 - p) / p));
+}
+
+// None negative, their sum 1 up to what the kernel makes good.
+bool sound_outcomes(int32_t k, const double* p) {
+  double sum = 0;
+  for (int32_t j = 0; j < k; ++j) {
+    if (!(p[j] >= 0)) return false;
+    sum += p[j];
+  }
+  return sum >= 1 - 0.001 && sum <= 1 + 0.001;
+}
+
 bool probability(double p) { return p >= 0 && p <= 1; }
 
 // How a generator's words of 32 good bits are made: its own, or from the high bits of uniforms.
@@ -93,5 +116,32 @@ SPLIT(geometric, Geometric, (double p), (p), p > 0 && p < 1)
 PLAIN(binomial, Binomial, (int32_t ntrial, double p), (ntrial, p), ntrial >= 0 && probability(p))
 PLAIN(hypergeometric, Hypergeometric, (int32_t l, int32_t sample, int32_t marked), (l, sample, marked),
       l >= 0 && sample >= 0 && sample <= l && marked >= 0 && marked <= l)
+PLAIN(negbinomial, Negbinomial, (double a, double p), (a, p), sound_failures(a, p))
+
+orvik_status orvik_i_poisson(orvik_stream* s, int64_t n, int32_t* r, double lambda, uint32_t method) {
+  return draw<int32_t>(
+      {s, n, sound_mean(lambda) && method <= ORVIK_POISSON_NORMAL}, r,
+      [&](OrvikStream stream, int32_t m, int32_t* to) { return _qoriRngPoisson(method, stream, m, to, lambda); });
+}
+
+orvik_status orvik_i_poissonv(orvik_stream* s, int64_t n, int32_t* r, const double* lambda) {
+  const auto bytes = static_cast<int64_t>(sizeof(double));
+  return draw_from<int32_t>(
+      {s, n, true}, r, {{lambda, n, bytes}}, [&] { return sound_means(n, lambda); },
+      [&](OrvikStream stream, int32_t m, int32_t* to) {
+        return _qoriRngPoissonV(0, stream, m, to, lambda + (to - r));
+      });
+}
+
+orvik_status orvik_i_multinomial(orvik_stream* s, int64_t n, int32_t* r, int32_t ntrial, int32_t k, const double* p,
+                                 uint32_t method) {
+  const bool valid = ntrial >= 0 && k >= 1 && method <= ORVIK_MULTINOMIAL_POISSON;
+  const int64_t outcomes = valid ? k : 1, bytes = sizeof(double);
+  return draw_from<int32_t>(
+      {s, n, valid, outcomes}, r, {{p, outcomes, bytes}}, [&] { return sound_outcomes(k, p); },
+      [&](OrvikStream stream, int32_t m, int32_t* to) {
+        return _qoriRngMultinomial(method, stream, m, to, ntrial, k, p);
+      });
+}
 
 }  // extern "C"

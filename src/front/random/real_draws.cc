@@ -10,7 +10,6 @@ constexpr int32_t kMostDimension = 1 << 20;
 // Mean and factor of a multivariate normal: finite, and deviations not negative. The upper triangle is not read.
 template <class T>
 bool sound_factor(int64_t dimen, int32_t storage, const T* a, const T* t) {
-  if (a == nullptr || t == nullptr) return true;  // another status
   for (int64_t j = 0; j < dimen; ++j) {
     if (!finite(a[j])) return false;
     if (storage == ORVIK_FACTOR_DIAGONAL && !(t[j] >= 0 && finite(t[j]))) return false;

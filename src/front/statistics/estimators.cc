@@ -6,24 +6,9 @@
 namespace orvik::front {
 namespace {
 
-bool meet(const void* x, int64_t x_bytes, const void* r, int64_t r_bytes) {
-  const auto a = reinterpret_cast<uint64_t>(x), b = reinterpret_cast<uint64_t>(r);
-  return a < b + static_cast<uint64_t>(r_bytes) && b < a + static_cast<uint64_t>(x_bytes);
-}
-
-// The checks that all have in common; results of `values` numbers a variable.
-template <class T>
-orvik_status check_call(int64_t n, int64_t p, const T* x, int32_t layout, const T* r, int64_t values) {
-  if (const orvik_status status = check_data(n, p, x, layout, sizeof(T)); status != ORVIK_SUCCESS) return status;
-  if (n == 0 || values < 0 || (values > 0 && p > kAddressSpace / 8 / values)) return ORVIK_ERROR_BAD_LENGTH;
-  if (values > 0 && r == nullptr) return ORVIK_ERROR_NULL_POINTER;
-  const auto bytes = static_cast<int64_t>(sizeof(T));
-  return meet(x, n * p * bytes, r, values * p * bytes) ? ORVIK_ERROR_OVERLAP : ORVIK_SUCCESS;
-}
-
 template <class T>
 orvik_status quantiles(int64_t n, int64_t p, const T* x, int32_t layout, int64_t m, const T* orders, T* r) {
-  if (const orvik_status status = check_call(n, p, x, layout, r, m); status != ORVIK_SUCCESS) return status;
+  if (const orvik_status status = check_call(n, p, x, layout, r, p, m); status != ORVIK_SUCCESS) return status;
   if (m == 0) return ORVIK_SUCCESS;
   if (orders == nullptr) return ORVIK_ERROR_NULL_POINTER;
   if (!orders_sound(m, orders)) return ORVIK_ERROR_BAD_PARAMETER;
@@ -41,7 +26,7 @@ orvik_status quantiles(int64_t n, int64_t p, const T* x, int32_t layout, int64_t
 template <class T>
 orvik_status sort(int64_t n, int64_t p, const T* x, int32_t layout, T* r) {
   const bool in_place = x == r;
-  if (const orvik_status status = check_call<T>(n, p, x, layout, in_place ? nullptr : r, in_place ? 0 : n);
+  if (const orvik_status status = check_call(n, p, x, layout, in_place ? nullptr : r, p, in_place ? 0 : n);
       status != ORVIK_SUCCESS) {
     return n == 0 && status == ORVIK_ERROR_BAD_LENGTH && p >= 1 ? ORVIK_SUCCESS : status;
   }
@@ -57,7 +42,7 @@ orvik_status sort(int64_t n, int64_t p, const T* x, int32_t layout, T* r) {
 
 template <class T>
 orvik_status weighted_median(int64_t n, int64_t p, const T* x, int32_t layout, const T* weights, T* r) {
-  if (const orvik_status status = check_call(n, p, x, layout, r, 1); status != ORVIK_SUCCESS) return status;
+  if (const orvik_status status = check_call(n, p, x, layout, r, p, 1); status != ORVIK_SUCCESS) return status;
   if (weights == nullptr) return ORVIK_ERROR_NULL_POINTER;
   for (int64_t i = 0; i < n; ++i) {
     if (!(weights[i] >= 0)) return ORVIK_ERROR_BAD_PARAMETER;
@@ -73,7 +58,7 @@ orvik_status weighted_median(int64_t n, int64_t p, const T* x, int32_t layout, c
 
 template <class T>
 orvik_status mad(int64_t n, int64_t p, const T* x, int32_t layout, T* r) {
-  if (const orvik_status status = check_call(n, p, x, layout, r, 1); status != ORVIK_SUCCESS) return status;
+  if (const orvik_status status = check_call(n, p, x, layout, r, p, 1); status != ORVIK_SUCCESS) return status;
   const KeepErrno keep;
   Task<T> task;
   int32_t status = task.make(p, n, layout, x);

@@ -22,6 +22,7 @@ struct Statistics;
     static constexpr Kind kStreamQuantiles = Kind::kStreamQuantiles##bits; \
     static constexpr auto new_task = __qor##d##SSNewTask;                  \
     static constexpr auto edit = __qor##d##SSEditTask;                     \
+    static constexpr auto edit_sums = __qor##d##SSEditSums;                \
     static constexpr auto basic = _qor##d##SSBasic;                        \
     static constexpr auto minmax = _qor##d##SSMinmax;                      \
     static constexpr auto quantiles = _qor##d##SSQuantiles;                \
@@ -29,6 +30,8 @@ struct Statistics;
     static constexpr auto mad = _qor##d##SSMAD;                            \
     static constexpr auto weighted_median = _qor##d##SSWMedian;            \
     static constexpr auto sort = _qor##d##SSSort;                          \
+    static constexpr auto outliers = _qor##d##SSOutliersDetection;         \
+    static constexpr auto robust_covariance = _qor##d##SSRobustCovariance; \
   };
 ORVIK_FRONT_KERNELS(double, d, 64)
 ORVIK_FRONT_KERNELS(float, s, 32)
@@ -58,6 +61,10 @@ class Task {
     if (status_ == 0) status_ = S::edit(task_, id, values);
     return *this;
   }
+  Task& set_central_sums(T* mean, T* second, T* third, T* fourth) {
+    if (status_ == 0) status_ = S::edit_sums(task_, nullptr, nullptr, nullptr, nullptr, second, third, fourth);
+    return set(OrvikSS_mean, mean);
+  }
   Task& set_integer(int32_t id, const int64_t* value) {
     if (status_ == 0) status_ = __qoriSSEditTask(task_, id, value);
     return *this;
@@ -75,12 +82,25 @@ class Task {
   int32_t status_ = 0;
 };
 
-// The front's pool as the kernels' threads. Only for estimators that work variable by variable, whose bits do not
-// depend on it.
+// The front's pool as the kernels' threads. Only for estimators that work variable by variable or set by set, whose
+// bits do not depend on it.
 extern const OrvikThreading kThreading;
+// The same in as many parts on any number of threads, for estimators that add up what their parts give.
+extern const OrvikThreading kPartsThreading;
 
 // Data of n observations of p variables: negative counts, and products that fit in no memory, are bad lengths.
 orvik_status check_data(int64_t n, int64_t p, const void* x, int32_t layout, int32_t bytes);
+// The checks that estimators of arrays have in common; results are `rows` times `columns` elements.
+template <class T>
+orvik_status check_call(int64_t n, int64_t p, const T* x, int32_t layout, const void* r, int64_t rows, int64_t columns,
+                        int64_t bytes = sizeof(T)) {
+  if (const orvik_status status = check_data(n, p, x, layout, sizeof(T)); status != ORVIK_SUCCESS) return status;
+  if (n == 0 || columns < 0 || (columns > 0 && rows > kAddressSpace / 8 / columns)) return ORVIK_ERROR_BAD_LENGTH;
+  if (columns > 0 && r == nullptr) return ORVIK_ERROR_NULL_POINTER;
+  return meet(x, n * p * static_cast<int64_t>(sizeof(T)), r, rows * columns * bytes) ? ORVIK_ERROR_OVERLAP
+                                                                                     : ORVIK_SUCCESS;
+}
+
 template <class T>
 bool orders_sound(int64_t m, const T* orders) {
   for (int64_t k = 0; k < m; ++k) {

@@ -18,17 +18,22 @@ constexpr int64_t kMostVariables = int64_t{1} << 22;
 constexpr int64_t kBlockValues = int64_t{1} << 18, kLeastBlock = 1024;
 constexpr int32_t kTogether = 64;  // blocks whose states are held at a time
 
+template <class T>
 struct Summary {
   int64_t p;
-  double memory[];  // of the state
+  Task<T> task = {};  // for updates of one block without weights: making one takes as long as hundreds of observations
+  double memory[];    // of the state
   Moments state() { return {p, memory}; }
 };
 
-uint64_t bytes_of(int64_t p) { return sizeof(Summary) + static_cast<uint64_t>(Moments::size(p)) * sizeof(double); }
+template <class T>
+uint64_t bytes_of(int64_t p) {
+  return sizeof(Summary<T>) + static_cast<uint64_t>(Moments::size(p)) * sizeof(double);
+}
 
 template <class T>
-Summary* summary_of(const void* s) {
-  return object_of<Summary>(s, Statistics<T>::kSummary);
+Summary<T>* summary_of(const void* s) {
+  return object_of<Summary<T>>(s, Statistics<T>::kSummary);
 }
 
 template <class T>
@@ -37,14 +42,32 @@ orvik_status make(void** s, int64_t p) {
   *s = nullptr;
   if (!cpu_serves()) return ORVIK_ERROR_CPU;
   if (p < 1 || p > kMostVariables) return ORVIK_ERROR_BAD_LENGTH;
-  auto* const made = static_cast<Summary*>(new_block(bytes_of(p)));
-  if (made == nullptr) return ORVIK_ERROR_NO_MEMORY;
-  made->p = p;
+  void* const block = new_block(bytes_of<T>(p));
+  if (block == nullptr) return ORVIK_ERROR_NO_MEMORY;
+  auto* const made = new (block) Summary<T>{.p = p};
   made->state().clear();
   *s = new_handle(Statistics<T>::kSummary, made);
   if (*s == nullptr) free_block(made);
   return *s != nullptr ? ORVIK_SUCCESS : ORVIK_ERROR_NO_MEMORY;
 }
+
+// Working memory of an update: of few variables without an allocation.
+template <class T>
+class Room {
+ public:
+  explicit Room(int64_t count)
+      : large_(count > kFew ? serv::Block<T>(static_cast<uint64_t>(count)) : serv::Block<T>()) {
+    memory_ = count > kFew ? large_.get() : few_;
+  }
+  explicit operator bool() const { return memory_ != nullptr; }
+  T* get() const { return memory_; }
+
+ private:
+  static constexpr int64_t kFew = 256;
+  T few_[kFew];
+  serv::Block<T> large_;
+  T* memory_;
+};
 
 // Room for the kernels' results of one block, in the element type.
 template <class T>
@@ -71,9 +94,9 @@ struct Part {
   const T* weights;
 };
 
-// The state of one part, whose rows stand side by side.
+// The state of one part, whose rows stand side by side. `task`: one that is made or is made here.
 template <class T>
-int32_t summarise(const Part<T>& part, T* memory, Moments state) {
+int32_t summarise(const Part<T>& part, T* memory, Moments state, Task<T>& task) {
   using S = Statistics<T>;
   state.clear();
   if (part.n == 0) return 0;  // no weight at all
@@ -83,11 +106,14 @@ int32_t summarise(const Part<T>& part, T* memory, Moments state) {
   const T* const weights = part.weights != nullptr ? part.weights + part.first : nullptr;
   static constexpr int64_t kFull = ORVIK_SS_MATRIX_FULL;
   uint64_t estimates = ORVIK_SS_MEAN | ORVIK_SS_CENTRAL_SUM2 | ORVIK_SS_CENTRAL_SUM3 | ORVIK_SS_CENTRAL_SUM4;
-  Task<T> task;
-  int32_t status = task.make(part.p, part.n, part.layout, x, weights);
-  if (status != 0) return status;
-  task.set(OrvikSS_mean, r.mean).set(OrvikSS_centralSum2, r.second).set(OrvikSS_centralSum3, r.third);
-  task.set(OrvikSS_centralSum4, r.fourth).set(OrvikSS_accumulatedWeights, r.weights);
+  int32_t status = 0;
+  if (task.get() == nullptr) {
+    status = task.make(part.p, part.n, part.layout, x, weights);
+    if (status != 0) return status;
+  } else {
+    task.set_data(part.n, part.layout, x);
+  }
+  task.set_central_sums(r.mean, r.second, r.third, r.fourth).set(OrvikSS_accumulatedWeights, r.weights);
   task.set(OrvikSS_minimum, r.low).set(OrvikSS_maximum, r.high);
   if (part.p > 1) {
     estimates |= ORVIK_SS_CROSS_PRODUCT;
@@ -134,6 +160,10 @@ Part<T> packed(const Part<T>& part, T* room) {
   }
   for (int64_t j = 0; j < part.p; ++j) {
     T* to = room + j * kept;
+    if (kept == part.n && part.layout == ORVIK_ROWS) {
+      std::memcpy(to, part.x + j * part.all + part.first, static_cast<size_t>(kept) * sizeof(T));
+      continue;
+    }
     for (int64_t i = 0; i < part.n; ++i) {
       if (weights == nullptr || weights[i] != 0) *to++ = at(i, j);
     }
@@ -153,7 +183,7 @@ bool weights_sound(int64_t n, const T* weights, bool* zeros) {
 
 template <class T>
 orvik_status update(void* s, int64_t n, const T* x, int32_t layout, const T* weights) {
-  Summary* const summary = summary_of<T>(s);
+  Summary<T>* const summary = summary_of<T>(s);
   if (summary == nullptr) return ORVIK_ERROR_BAD_OBJECT;
   const int64_t p = summary->p;
   if (const orvik_status status = check_data(n, p, x, layout, sizeof(T)); status != ORVIK_SUCCESS) return status;
@@ -169,21 +199,24 @@ orvik_status update(void* s, int64_t n, const T* x, int32_t layout, const T* wei
   const int64_t state_size = Moments::size(p), results = Results<T>::size(p);
   const bool pack = zeros || (layout == ORVIK_ROWS && p > 1 && blocks > 1);
   const int64_t room_of_one = results + (pack ? (p + 1) * block : 0);
-  const serv::Block<double> states(static_cast<uint64_t>(state_size * (together + 1)));
-  const serv::Block<T> scratch(static_cast<uint64_t>(room_of_one * together));
+  const Room<double> states(state_size * (together + 1));
+  // A room a thread, which stays in its cache.
+  const int32_t limit = thread_limit(), threads = together < limit ? together : limit;
+  const Room<T> scratch(room_of_one * threads);
   if (!states || !scratch) return ORVIK_ERROR_NO_MEMORY;
   Moments whole(p, states.get() + together * state_size);
   whole.clear();
   for (int64_t done = 0; done < blocks; done += together) {
     const auto now = static_cast<int32_t>(blocks - done < together ? blocks - done : together);
     int32_t statuses[kTogether];
-    for_each_item(now, thread_limit(), [&](int32_t k) {
+    for_each_item(now, threads, [&](int32_t k, int32_t participant) {
       const int64_t first = (done + k) * block;
       Part<T> part = {n, p, first, n - first < block ? n - first : block, x, layout, weights};
-      T* const room = scratch.get() + k * room_of_one;
+      T* const room = scratch.get() + participant * room_of_one;
       if (pack) part = packed(part, room + results);
       Moments state(p, states.get() + k * state_size);
-      statuses[k] = summarise(part, room, state);
+      Task<T> own;
+      statuses[k] = summarise(part, room, state, blocks == 1 && part.weights == nullptr ? summary->task : own);
       *state.count = n - first < block ? n - first : block;
     });
     for (int32_t k = 0; k < now; ++k) {
@@ -197,7 +230,7 @@ orvik_status update(void* s, int64_t n, const T* x, int32_t layout, const T* wei
 
 template <class T>
 orvik_status merge(void* s, const void* other) {
-  Summary *const to = summary_of<T>(s), *const from = summary_of<T>(other);
+  Summary<T>*const to = summary_of<T>(s), *const from = summary_of<T>(other);
   if (to == nullptr || from == nullptr) return ORVIK_ERROR_BAD_OBJECT;
   if (to->p != from->p) return ORVIK_ERROR_BAD_LENGTH;
   if (to != from) {
@@ -221,7 +254,7 @@ double unbiased(const double* weights) {
 // A result of p values or p * p: value(state, j).
 template <class T, class Value>
 orvik_status read(const void* s, T* r, bool matrix, const Value& value) {
-  Summary* const summary = summary_of<T>(s);
+  Summary<T>* const summary = summary_of<T>(s);
   if (summary == nullptr) return ORVIK_ERROR_BAD_OBJECT;
   if (r == nullptr) return ORVIK_ERROR_NULL_POINTER;
   const Moments state = summary->state();
@@ -259,7 +292,7 @@ double correlation(const Moments& m, int64_t k) {
 
 template <class T>
 orvik_status save(const void* s, void* memory, int64_t* size) {
-  Summary* const summary = summary_of<T>(s);
+  Summary<T>* const summary = summary_of<T>(s);
   if (summary == nullptr) return ORVIK_ERROR_BAD_OBJECT;
   const uint64_t numbers = static_cast<uint64_t>(Moments::size(summary->p)) * sizeof(double);
   const int64_t head[2] = {static_cast<int64_t>(sizeof(T)), summary->p};
@@ -293,9 +326,10 @@ orvik_status load(void** s, const void* memory, int64_t size) {
 
 template <class T>
 void remove(void* s) {
-  Summary* const summary = summary_of<T>(s);
+  Summary<T>* const summary = summary_of<T>(s);
   if (summary == nullptr) return;
   free_handle(static_cast<Handle*>(s));
+  summary->~Summary<T>();
   free_block(summary);
 }
 
@@ -305,6 +339,13 @@ const OrvikThreading kThreading = {
     [] { return thread_limit(); },
     [](int32_t threads, void* context, void (*routine)(int32_t, int32_t, int32_t, void*)) {
       for_each_item(threads, threads, [&](int32_t k) { routine(k, 0, threads, context); });
+      return int32_t{0};
+    }};
+constexpr int32_t kParts = 16;
+const OrvikThreading kPartsThreading = {
+    [] { return kParts; },
+    [](int32_t parts, void* context, void (*routine)(int32_t, int32_t, int32_t, void*)) {
+      for_each_item(parts, thread_limit(), [&](int32_t k) { routine(k, 0, parts, context); });
       return int32_t{0};
     }};
 
@@ -331,14 +372,14 @@ using namespace orvik::front;
     return merge<T>(s, other);                                                                           \
   }                                                                                                      \
   orvik_status orvik_##d##_summary_count(const orvik_##d##_summary* s, int64_t* n) {                     \
-    Summary* const summary = summary_of<T>(s);                                                           \
+    Summary<T>* const summary = summary_of<T>(s);                                                        \
     if (summary == nullptr) return ORVIK_ERROR_BAD_OBJECT;                                               \
     if (n == nullptr) return ORVIK_ERROR_NULL_POINTER;                                                   \
     *n = *summary->state().count;                                                                        \
     return ORVIK_SUCCESS;                                                                                \
   }                                                                                                      \
   orvik_status orvik_##d##_summary_dimension(const orvik_##d##_summary* s, int64_t* p) {                 \
-    Summary* const summary = summary_of<T>(s);                                                           \
+    Summary<T>* const summary = summary_of<T>(s);                                                        \
     if (summary == nullptr) return ORVIK_ERROR_BAD_OBJECT;                                               \
     if (p == nullptr) return ORVIK_ERROR_NULL_POINTER;                                                   \
     *p = summary->p;                                                                                     \

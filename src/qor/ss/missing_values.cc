@@ -165,7 +165,8 @@ class Imputation {
     const int64_t p = data_.p, size = p + packed(p);
     serv::Block<double> prior_memory(static_cast<uint64_t>(p + p * p));
     simulated_ = serv::Block<T>(static_cast<uint64_t>(std::max<int64_t>(request_.sets * request_.missing, 1)));
-    estimates_ = serv::Block<T>(static_cast<uint64_t>(request_.sets * request_.blocks() * size));
+    const bool asked = task_.estimates != nullptr;
+    estimates_ = serv::Block<T>(static_cast<uint64_t>(asked ? request_.sets * request_.blocks() * size : 1));
     Chain first;
     if (!prior_memory || !simulated_ || !estimates_ || !first.allocate(incomplete_)) return kNoMemory;
     read_prior(prior_memory.get());
@@ -237,6 +238,7 @@ class Imputation {
         status = draw_parameters(incomplete_, prior_, chain->x, stream.get(), chain->theta, &chain->scratch);
       }
       if (status != kDone) return status;
+      if (task_.estimates == nullptr) continue;
       write_estimates(incomplete_, chain->theta, estimates_.get() + (set * request_.blocks() + k) * size);
     }
     incomplete_.write_missing(data_, chain->x, simulated_.get() + set * request_.missing);

@@ -10,7 +10,8 @@ import shutil
 import subprocess
 import sys
 
-RUNTIME, DEVELOPMENT = r"liborvik(\d+)", r"liborvik-dev"
+RUNTIME, DEVELOPMENT, PYTHON = r"liborvik(\d+)", r"liborvik-dev", "python3-orvik"
+PYTHONDIR = "usr/lib/python3/dist-packages/orvik"
 LIBDIR = r"usr/lib/[\w-]+-linux-gnu"
 # What a package must have; nothing but the directories of those may be in it.
 FILES = {
@@ -22,11 +23,16 @@ FILES = {
                     rf"{LIBDIR}/cmake/orvik/orvikTargets\.cmake", r"usr/share/doc/liborvik-dev/copyright",
                     r"usr/share/doc/liborvik-dev/changelog\.Debian\.gz", r"usr/share/doc/liborvik-dev/README\.md",
                     r"usr/share/doc/liborvik-dev/docs/install\.md"],
+    "python": [rf"{PYTHONDIR}/__init__\.py", rf"{PYTHONDIR}/__init__\.pyi", rf"{PYTHONDIR}/py\.typed",
+               rf"{PYTHONDIR}/_math\.cpython-\d+-[\w-]+\.so", r"usr/share/doc/python3-orvik/copyright",
+               r"usr/share/doc/python3-orvik/changelog\.gz", r"usr/share/doc/python3-orvik/changelog\.Debian\.gz"],
 }
 ALLOWED = {
     "runtime": rf"{LIBDIR}/liborvik_\w+\.so\.[\d.]+|usr/share/doc/liborvik\d+/.*|usr/share/lintian/overrides/.*",
     "development": rf"usr/include/orvik/\w+\.(h|hpp)|{LIBDIR}/(liborvik_\w+\.(so|a)|pkgconfig/orvik[\w-]*\.pc|cmake/orvik/.*)|"
                    r"usr/share/doc/liborvik-dev/.*|usr/share/lintian/overrides/.*",
+    "python": rf"{PYTHONDIR}/(\w+/)*(\w+\.pyi?|py\.typed|_\w+\.cpython-\d+-[\w-]+\.so)|usr/share/doc/python3-orvik/.*|"
+              r"usr/share/lintian/overrides/.*",
 }
 
 
@@ -62,6 +68,9 @@ def make(build, folder):
     runtime = next((name for name in found if re.fullmatch(RUNTIME, name)), None)
     expect(f"the packages are {sorted(found)}", runtime and "liborvik-dev" in found)
     by_kind = {"runtime": found[runtime], "development": found["liborvik-dev"]}
+    if (build / "python" / "orvik").exists():
+        expect("there is a Python package", PYTHON in found)
+        by_kind["python"] = found[PYTHON]
 
     about = {kind: fields(package) for kind, package in by_kind.items()}
     version = about["runtime"]["Version"]
@@ -78,6 +87,11 @@ def make(build, folder):
     expect("the library needs the runtimes of C, C++ and OpenMP",
            all(name in about["runtime"]["Depends"] for name in ("libc6", "libstdc++6", "libgomp1")))
     expect("the headers need the library of their version", about["development"]["Depends"] == f"{runtime} (= {version})")
+    if "python" in by_kind:
+        expect("section of the Python package", about["python"]["Section"] == "python")
+        needed = re.split(r", ", about["python"]["Depends"])
+        expect(f"the Python package needs {needed}", {f"{runtime} (= {version})", "python3-numpy-abi9"} <= set(needed))
+        expect("and one series of Python", sum(bool(re.fullmatch(r"python3 \((>=|<<) 3\.\d+~?\)", one)) for one in needed) == 2)
     expect("shlibs", re.search(rf"^liborvik_kernel {soname} {runtime} \(>= \S+\)$", control(by_kind["runtime"], "shlibs"), re.MULTILINE))
     expect("trigger of the loader's cache", control(by_kind["runtime"], "triggers").strip() == "activate-noawait ldconfig")
 
@@ -86,7 +100,7 @@ def make(build, folder):
         run("dpkg", "-x", package, root / kind)
         have = {str(path.relative_to(root / kind)) for path in (root / kind).rglob("*") if not path.is_dir()}
         front = (build / "lib" / "liborvik_front.so").exists()
-        for wanted in FILES[kind] + (FRONT[kind] if front else []):
+        for wanted in FILES[kind] + (FRONT.get(kind, []) if front else []):
             expect(f"{wanted} is not in the package {kind}", any(re.fullmatch(wanted, name) for name in have))
         for name in have:
             expect(f"{name} in the package {kind}", re.fullmatch(ALLOWED[kind], name))

@@ -138,7 +138,7 @@ void draws(Bytes& in) {
                m = static_cast<int32_t>(in.integer());
     const auto method = static_cast<uint32_t>(in.take<uint8_t>() % 4);
     orvik_stream* const u = in.take<uint8_t>() % 32 == 0 ? nullptr : s;
-    switch (in.take<uint8_t>() % 26) {
+    switch (in.take<uint8_t>() % 30) {
       case 0:
         orvik_d_uniform_threads(u, n, r, a, b, threads);
         break;
@@ -227,6 +227,21 @@ void draws(Bytes& in) {
         orvik_stream_copy(&t, u);
         std::swap(s, t);
         break;
+      case 26:
+        // Rejection takes the more candidates the smaller both are.
+        if (a > 1e-3 || b > 1e-3) orvik_i_negbinomial(u, n, i, a, b);
+        break;
+      case 27:
+        orvik_i_poisson(u, n, i, a, method);
+        break;
+      case 28:
+        orvik_i_poissonv(u, n, i, in.take<uint8_t>() % 2 == 0 ? arrays.a.get() : arrays.b.get());
+        break;
+      case 29:
+        for (int64_t j = 0; j < 4; ++j) arrays.q[j] = (j + 1) * 0.1;
+        orvik_i_multinomial(u, fit(n, 16), i, k, in.take<uint8_t>() % 2 == 0 ? 4 : l % 5,
+                            in.take<uint8_t>() % 4 == 0 ? arrays.a.get() : arrays.q.get(), method);
+        break;
     }
   }
   orvik_stream_delete(s);
@@ -246,6 +261,13 @@ void statistics(Bytes& in) {
   if (n <= kRoom && p < 4) orvik_d_sort(n, p, x, layout, in.take<uint8_t>() % 2 == 0 ? r : arrays.a.get());
   orvik_d_mad(n, p, x, layout, r);
   orvik_d_weighted_median(n, p, x, layout, weights, r);
+  if (n <= kRoom && p < 4) {
+    auto* const flags = reinterpret_cast<int8_t*>(arrays.q.get());
+    orvik_d_outliers(n, p, x, layout, in.number(), flags);
+    orvik_d_robust_covariance(n, p, x, layout, r, in.take<uint8_t>() % 8 == 0 ? r : r + 8);
+    const int64_t sets = fit(in.integer(), 4) % 5;
+    if (n <= 21) orvik_d_impute(n, p, x, layout, sets, in.take<uint8_t>() % 4 == 0 ? arrays.a.get() : r);
+  }
   orvik_d_summary *s = nullptr, *t = nullptr;
   orvik_d_summary_new(&s, p);
   orvik_d_summary_update(s, n, x, layout, weights);
@@ -296,7 +318,8 @@ void fitting(Bytes& in) {
     orvik_d_spline_evaluate(s, n, arrays.a.get(), r, derivative);
     orvik_d_spline_integrate(s, n, arrays.a.get(), arrays.b.get(), r);
   }
-  int64_t count = fit(in.integer(), 4 * kRoom);
+  int64_t count = in.integer();
+  if (count > 4 * kRoom) count %= 4 * kRoom;
   orvik_d_spline_coefficients(s, r, &count);
   orvik_d_spline_delete(s);
   static_assert(sizeof(int64_t) == sizeof(double));

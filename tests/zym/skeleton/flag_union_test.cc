@@ -9,13 +9,20 @@
 #include <type_traits>
 #include <vector>
 
+#include "lanes/control.h"
 #include "orvik/zym.h"
 #include "support/row_calls.h"
 
 namespace orvik::test {
 namespace {
 
-constexpr int kWatched = FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW | FE_UNDERFLOW;
+// With the flag of denormal arguments, which the C library does not know. Real rows may raise the inexact flag by what
+// fills up their lanes, and are watched without it.
+constexpr int kDenormal = 0x2;
+constexpr int kOfReals = FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW | FE_UNDERFLOW | kDenormal;
+template <class In>
+constexpr int kWatched = std::is_arithmetic_v<In> ? kOfReals : kOfReals | FE_INEXACT;
+constexpr uint32_t kClear = 0x1F80;
 
 template <class P>
 std::vector<P> parts() {
@@ -46,8 +53,9 @@ int flags_of(const Row& row, int level, bool strided, const In* a, const In* b, 
   Call<In, Out> c;
   c.n = n, c.a = a, c.b = b, c.r1 = r1.data(), c.r2 = r2.data();
   std::feclearexcept(FE_ALL_EXCEPT);
+  write_control(kClear);
   EXPECT_TRUE((call_row<In, Out>(row, level, strided, c)));
-  return std::fetestexcept(kWatched);
+  return (std::fetestexcept(FE_ALL_EXCEPT) | static_cast<int>(read_control())) & kWatched<In>;
 }
 
 // Usual elements with three others among them.

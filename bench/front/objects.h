@@ -1,0 +1,4 @@
+// Objects of the front beside the kernels that they call: a table in Markdown.
+#pragma once
+
+void compare_objects(double seconds);

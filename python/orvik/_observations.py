@@ -1,0 +1,64 @@
+"""Observations as the library takes them: two-dimensional, float64 or float32, along axis 0."""
+import math
+
+import numpy as np
+
+_DOUBLE = np.dtype(np.float64)
+
+
+def numbers(x, dtype=None):
+    """An array of float64 or float32; what is neither becomes float64, and what is not real is refused."""
+    array = np.asarray(x)
+    given = array.dtype
+    if given is _DOUBLE and dtype is None:
+        return array
+    if given.kind not in "fiub":
+        raise TypeError(f"observations must be real numbers, not {given}")
+    if dtype is None:
+        dtype = np.float32 if given.newbyteorder("=") in (np.float32, np.float16) else np.float64
+    return np.asarray(array, dtype)
+
+
+def _plain(array):
+    """In C or Fortran order and aligned, as it is where it can be."""
+    flags = array.flags
+    if flags.aligned and (flags.c_contiguous or flags.f_contiguous):
+        return array
+    # Copied as it lies: by columns if those are nearer together.
+    by_columns = array.ndim == 2 and abs(array.strides[0]) < abs(array.strides[1])
+    return np.array(array, order="F" if by_columns else "C", subok=False)
+
+
+def table(x, dtype=None):
+    """(n, p) of x of one or two dimensions, and the shape of a result for a variable."""
+    array = numbers(x, dtype)
+    if array.ndim == 1:
+        return _plain(array)[:, np.newaxis], ()
+    if array.ndim != 2:
+        raise ValueError(f"observations must have one or two dimensions, not {array.ndim}")
+    return _plain(array), (array.shape[1],)
+
+
+def table_along(x, axis):
+    """(n, p) of x with its observations along an axis (None: all of it), and the shape of what remains."""
+    array = numbers(x)
+    if axis is None or array.ndim == 0:
+        if axis not in (None, 0, -1):
+            raise np.AxisError(axis, array.ndim)
+        return _plain(array.reshape(-1, 1)), ()
+    if axis != 0:
+        array = np.moveaxis(array, axis, 0)
+    rest = array.shape[1:]
+    if array.ndim != 2:
+        array = array.reshape(array.shape[0], math.prod(rest))
+    return _plain(array), rest
+
+
+def weights_for(weights, n, dtype):
+    """The weights of n observations, or None."""
+    if weights is None:
+        return None
+    array = np.ascontiguousarray(numbers(weights, dtype))
+    if array.shape != (n,):
+        raise ValueError(f"weights must be one for each of {n} observations")
+    return array

@@ -1,0 +1,19 @@
+from typing import Any, Literal
+
+import numpy as np
+from numpy.typing import ArrayLike, NDArray
+
+_Kind = Literal["natural", "linear", "hermite", "bessel", "akima", "hyman", "default", "quadratic"]
+_Ends = Literal["free", "not-a-knot", "periodic"] | tuple[Literal["first", "second"], float, float]
+
+class Spline:
+    def __init__(self, x: ArrayLike, y: ArrayLike, kind: _Kind = "natural", ends: _Ends = "free",
+                 internal: ArrayLike | None = None) -> None: ...
+    @property
+    def x(self) -> NDArray[Any]: ...
+    @property
+    def c(self) -> NDArray[Any]: ...
+    def __call__(self, t: ArrayLike, derivative: int = 0) -> Any: ...
+    def integrate(self, a: ArrayLike, b: ArrayLike) -> Any: ...
+
+def search(x: ArrayLike, t: ArrayLike) -> NDArray[np.int64] | np.int64: ...

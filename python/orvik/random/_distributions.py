@@ -1,0 +1,280 @@
+"""The library's distributions as methods, under NumPy's names and with NumPy's parameters."""
+import math
+import operator
+
+import numpy as np
+
+from ._output import INTEGERS, REALS, array_for, type_of
+
+_METHODS = {"box-muller": 0, "box-muller-pairs": 1, "inverse": 2}
+
+
+class Distributions:
+    """Draws of a stream, whole arrays at a time.
+
+    All take `size` (int or tuple of ints; None for one number), `dtype` and `out` (an array to fill, of that type and size) and
+    return the array, or a number where neither size nor out is given. Parameters are numbers, not arrays; outside their domain
+    they raise ValueError, and the stream stays where it is. Draws run without the interpreter's lock, on as many threads as pay
+    where the generator can skip, with the same numbers for any count of threads. An interrupt (Ctrl-C) ends a long draw between
+    pieces of up to 2^24 numbers.
+    """
+
+    def _real(self, name, size, dtype, out, *parameters):
+        if dtype is np.float64 and size is None and type(out) is np.ndarray and out.dtype is REALS[0] and out.flags.carray:
+            array = out  # the commonest call, whose checks are a part of the time of short ones
+        else:
+            array = array_for(size, type_of(dtype, REALS, name), out)
+        draw = getattr(self._stream, name)
+        with self.lock:
+            draw(array, *parameters)
+        return array if out is not None or size is not None else array.item()
+
+    def _integer(self, name, size, dtype, out, *parameters):
+        array = array_for(size, type_of(dtype, INTEGERS, name), out)
+        draw = getattr(self._stream, name)
+        with self.lock:
+            draw(array, *parameters)
+        return array if out is not None or size is not None else array.item()
+
+    # ---- Real numbers
+
+    def uniform(self, low=0.0, high=1.0, size=None, dtype=np.float64, out=None):
+        """Numbers evenly between `low` and `high`: low + (high - low) u. A float32 can round up to `high`.
+
+        Examples
+        --------
+        >>> from orvik.random import PHILOX4X32X10
+        >>> x = PHILOX4X32X10(1).uniform(-1.0, 1.0, size=(2, 3))
+        >>> bool((abs(x) <= 1).all())
+        True
+        """
+        return self._real("uniform", size, dtype, out, float(low), float(high))
+
+    def normal(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None, *, method="inverse"):
+        """Normal numbers of mean `loc` and deviation `scale`.
+
+        Parameters
+        ----------
+        method : {"inverse", "box-muller", "box-muller-pairs"}, optional
+            By the inverse of the distribution function, a uniform a number; by Box and Muller, one number of each pair
+            of uniforms, or both (the second number of a pair that a call leaves over begins the next call).
+
+        Examples
+        --------
+        >>> from orvik.random import PHILOX4X32X10
+        >>> x = PHILOX4X32X10(1).normal(size=100000)
+        >>> bool(abs(x.mean()) < 0.02 and abs(x.std() - 1) < 0.02)
+        True
+        """
+        return self._real("gaussian", size, dtype, out, float(loc), float(scale), _method(method))
+
+    def lognormal(self, mean=0.0, sigma=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0,
+                  method="inverse"):
+        """loc + scale exp(z), z normal of mean `mean` and deviation `sigma`, by "inverse" or "box-muller-pairs"."""
+        if method not in ("inverse", "box-muller-pairs"):
+            raise ValueError(f"no such method: {method!r}")
+        return self._real("lognormal", size, dtype, out, float(mean), float(sigma), float(loc), float(scale),
+                          1 if method == "inverse" else 0)
+
+    def exponential(self, scale=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0):
+        """loc + scale E, E exponential of mean 1."""
+        return self._real("exponential", size, dtype, out, float(loc), float(scale))
+
+    def laplace(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None):
+        """Numbers of density exp(-|x - loc| / scale) / (2 scale)."""
+        return self._real("laplace", size, dtype, out, float(loc), float(scale))
+
+    def cauchy(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None):
+        """loc + scale tan(pi (u - 1/2))."""
+        return self._real("cauchy", size, dtype, out, float(loc), float(scale))
+
+    def gumbel(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None):
+        """loc - scale ln E, E exponential: maxima, as NumPy's. Minima are -gumbel(-loc, scale)."""
+        return self._real("gumbel", size, dtype, out, float(loc), float(scale))
+
+    def rayleigh(self, scale=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0):
+        """loc + scale sqrt(2 E), E exponential: the length of two normal numbers of deviation `scale`."""
+        return self._real("rayleigh", size, dtype, out, float(loc), float(scale) * math.sqrt(2))
+
+    def weibull(self, a, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0):
+        """loc + scale E^(1/a), E exponential."""
+        return self._real("weibull", size, dtype, out, float(a), float(loc), float(scale))
+
+    def gamma(self, shape, scale=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0):
+        """loc + scale G, G of density y^(shape - 1) exp(-y) / Gamma(shape)."""
+        return self._real("gamma", size, dtype, out, float(shape), float(loc), float(scale))
+
+    def beta(self, a, b, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0):
+        """loc + scale B, B of density proportional to y^(a - 1) (1 - y)^(b - 1)."""
+        return self._real("beta", size, dtype, out, float(a), float(b), float(loc), float(scale))
+
+    def chisquare(self, df, size=None, dtype=np.float64, out=None):
+        """Sums of `df` squares of normal numbers; df is an int."""
+        return self._real("chisquare", size, dtype, out, _int32(df, "df"))
+
+    def multivariate_normal(self, mean, cov=None, size=None, dtype=np.float64, out=None, *, factor=None,
+                            method="inverse"):
+        """Normal vectors: mean + L z, L the lower triangular factor of the covariance.
+
+        Parameters
+        ----------
+        mean : array_like of shape (N,)
+        cov : array_like of shape (N, N)
+            Positive definite. Its lower triangle counts.
+        factor : array_like of shape (N, N), optional
+            L instead of `cov`; its lower triangle counts.
+        method : {"inverse", "box-muller", "box-muller-pairs"}, optional
+            Of the normal numbers.
+
+        Returns
+        -------
+        ndarray of shape size + (N,)
+
+        Examples
+        --------
+        >>> from orvik.random import PHILOX4X32X10
+        >>> PHILOX4X32X10(1).multivariate_normal([0, 1], [[2, 1], [1, 2]], size=5).shape
+        (5, 2)
+        """
+        dtype = type_of(dtype, REALS, "multivariate_normal")
+        if (cov is None) == (factor is None):
+            raise ValueError("one of cov and factor is needed")
+        mean = np.require(mean, dtype, ["C", "A"])
+        if mean.ndim != 1:
+            raise ValueError("mean must be 1 dimensional")
+        matrix = np.asarray(cov if factor is None else factor, np.float64)
+        if matrix.shape != (mean.size, mean.size):
+            raise ValueError("mean and cov must have same length")
+        if factor is None:
+            try:
+                matrix = np.linalg.cholesky(matrix)
+            except np.linalg.LinAlgError:
+                raise ValueError("covariance is not positive definite") from None
+        array = array_for(size, dtype, out, mean.shape)
+        with self.lock:
+            self._stream.multivariate_normal(array, mean, np.ascontiguousarray(matrix, dtype), _method(method))
+        return array
+
+    # ---- Integers: int32, or int64
+
+    def integers(self, low, high=None, size=None, dtype=np.int32, out=None):
+        """Integers from `low` to `high` - 1, or from 0 to `low` - 1. Both lie within 32 bits.
+
+        Examples
+        --------
+        >>> from orvik.random import PHILOX4X32X10
+        >>> x = PHILOX4X32X10(1).integers(1, 7, size=1000)
+        >>> int(x.min()), int(x.max())
+        (1, 6)
+        """
+        low, high = (0, low) if high is None else (low, high)
+        low, high = _int32(low, "low"), _int32(high, "high")
+        if low >= high:
+            raise ValueError("low >= high")
+        return self._integer("integers", size, dtype, out, low, high)
+
+    def bernoulli(self, p, size=None, dtype=np.int32, out=None):
+        """1 with probability `p`, else 0."""
+        return self._integer("bernoulli", size, dtype, out, float(p))
+
+    def geometric(self, p, size=None, dtype=np.int32, out=None):
+        """Trials up to the first success, 1 or more."""
+        return self._integer("geometric", size, dtype, out, float(p))
+
+    def binomial(self, n, p, size=None, dtype=np.int32, out=None):
+        """Successes of `n` trials of probability `p`."""
+        return self._integer("binomial", size, dtype, out, _int32(n, "n"), float(p))
+
+    def hypergeometric(self, ngood, nbad, nsample, size=None, dtype=np.int32, out=None):
+        """Good ones in a sample of `nsample` from `ngood` good and `nbad` bad ones."""
+        ngood, nbad, nsample = (_int32(v, name) for v, name in ((ngood, "ngood"), (nbad, "nbad"), (nsample, "nsample")))
+        if min(ngood, nbad, nsample) < 0 or nsample > ngood + nbad:
+            raise ValueError("ngood + nbad < nsample, or a count is negative")
+        return self._integer("hypergeometric", size, dtype, out, _int32(ngood + nbad, "ngood + nbad"), nsample, ngood)
+
+    def negative_binomial(self, n, p, size=None, dtype=np.int32, out=None):
+        """Failures before `n` successes of probability `p`; n is a number above 0, not only an integer."""
+        return self._integer("negative_binomial", size, dtype, out, float(n), float(p))
+
+    def poisson(self, lam=1.0, size=None, dtype=np.int32, out=None, *, method="rejection"):
+        """Poisson numbers of mean `lam`, above 0.
+
+        Parameters
+        ----------
+        lam : float or array_like
+            One mean, or one for each number, broadcast to `size`; means of their own are drawn by the quantile.
+        method : {"rejection", "normal"}, optional
+            Of one mean: by a table or rejection, or by a normal number and the quantile as a polynomial in it.
+
+        Examples
+        --------
+        >>> from orvik.random import PHILOX4X32X10
+        >>> PHILOX4X32X10(1).poisson([1.0, 1000.0], size=(5, 2)).shape
+        (5, 2)
+        """
+        if method not in ("rejection", "normal"):
+            raise ValueError(f"no such method: {method!r}")
+        if np.ndim(lam) == 0:
+            return self._integer("poisson", size, dtype, out, float(lam), int(method == "normal"))
+        lam = np.asarray(lam, np.float64)
+        shape = out.shape if size is None and isinstance(out, np.ndarray) else lam.shape if size is None else size
+        array = array_for(shape, type_of(dtype, INTEGERS, "poisson"), out)
+        if not array.flags.c_contiguous:
+            raise ValueError("an output for means of their own must be in C order")
+        means = np.ascontiguousarray(np.broadcast_to(lam, array.shape))
+        with self.lock:
+            self._stream.poissons(array, means)
+        return array
+
+    def multinomial(self, n, pvals, size=None, dtype=np.int32, out=None, *, method="sequential"):
+        """Counts of outcomes in `n` trials.
+
+        Parameters
+        ----------
+        n : int
+        pvals : array_like of shape (k,)
+            Probabilities; their sum is 1 to three digits.
+        method : {"sequential", "poisson"}, optional
+            Outcome by outcome a binomial number of what is left; or Poisson numbers, corrected to the sum. The first
+            cannot be interrupted.
+
+        Returns
+        -------
+        ndarray of shape size + (k,)
+
+        Examples
+        --------
+        >>> from orvik.random import PHILOX4X32X10
+        >>> PHILOX4X32X10(1).multinomial(20, [0.2, 0.3, 0.5], size=4).sum(axis=1)
+        array([20, 20, 20, 20])
+        """
+        if method not in ("sequential", "poisson"):
+            raise ValueError(f"no such method: {method!r}")
+        pvals = np.require(pvals, np.float64, ["C", "A"])
+        if np.ndim(pvals) != 1 or pvals.size == 0:
+            raise ValueError("pvals must be a vector of one probability or more")
+        array = array_for(size, type_of(dtype, INTEGERS, "multinomial"), out, pvals.shape)
+        with self.lock:
+            self._stream.multinomial(array, _int32(n, "n"), pvals, int(method == "poisson"))
+        return array
+
+    def words(self, size=None, out=None):
+        """Words of 32 good bits, uint32: those that `random_raw` gives, drawn by whole arrays."""
+        array = array_for(size, np.dtype(np.uint32), out)
+        with self.lock:
+            self._stream.words(array)
+        return array if out is not None or size is not None else array.item()
+
+
+def _method(name):
+    try:
+        return _METHODS[name]
+    except (KeyError, TypeError):
+        raise ValueError(f"no such method: {name!r}") from None
+
+
+def _int32(value, name):
+    value = operator.index(value)
+    if not -(1 << 31) <= value < 1 << 31:
+        raise ValueError(f"{name} has more than 32 bits")
+    return value

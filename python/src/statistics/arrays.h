@@ -1,0 +1,57 @@
+// Arrays of observations as the front takes them.
+#pragma once
+
+#include <pybind11/numpy.h>
+
+#include <optional>
+#include <type_traits>
+
+#include "support/status.h"
+
+namespace orvik::python {
+
+template <class T>
+using Array = pybind11::array_t<T, 0>;
+
+// The front's function for an element type: FRONT(T, name)(arguments).
+#define FRONT(T, name)                         \
+  ([](auto... a) {                             \
+    if constexpr (std::is_same_v<T, double>) { \
+      return orvik_d_##name(a...);             \
+    } else {                                   \
+      return orvik_s_##name(a...);             \
+    }                                          \
+  })
+
+// n observations of p variables, in rows of observations (C order) or columns (Fortran order).
+template <class T>
+struct Observations {
+  int64_t n, p;
+  const T* x;
+  int32_t layout;
+
+  explicit Observations(const Array<T>& a) {
+    if (a.ndim() != 2) raise(PyExc_ValueError, "observations must have two dimensions");
+    n = a.shape(0), p = a.shape(1), x = a.data();
+    const int flags = a.flags();
+    if ((flags & pybind11::array::c_style) != 0) {
+      layout = ORVIK_COLUMNS;
+    } else if ((flags & pybind11::array::f_style) != 0) {
+      layout = ORVIK_ROWS;
+    } else {
+      raise(PyExc_ValueError, "observations must be contiguous");
+    }
+  }
+};
+
+// A vector of n numbers, null where there is none.
+template <class T>
+const T* vector_of(const std::optional<Array<T>>& a, int64_t n) {
+  if (!a) return nullptr;
+  if (a->ndim() != 1 || a->shape(0) != n || (a->flags() & pybind11::array::c_style) == 0) {
+    raise(PyExc_ValueError, "weights must be one for each observation");
+  }
+  return a->data();
+}
+
+}  // namespace orvik::python

@@ -1,0 +1,94 @@
+// Summaries, and quantiles of what comes block by block, as objects.
+#pragma once
+
+#include "statistics/arrays.h"
+#include "support/images.h"
+
+namespace orvik::python {
+
+template <class T>
+class Summary {
+ public:
+  explicit Summary(int64_t p) { check(FRONT(T, summary_new)(&s_, p)); }
+  explicit Summary(const pybind11::bytes& image) {
+    check(FRONT(T, summary_load)(&s_, PyBytes_AS_STRING(image.ptr()), int64_t{PyBytes_GET_SIZE(image.ptr())}));
+  }
+  ~Summary() { FRONT(T, summary_delete)(s_); }
+  Summary(const Summary&) = delete;
+  Summary& operator=(const Summary&) = delete;
+
+  void update(const Array<T>& x, const std::optional<Array<T>>& weights) {
+    const Observations<T> data(x);
+    if (data.p != dimension())
+      raise(PyExc_ValueError, "the block has not as many columns as the summary has variables");
+    const T* const w = vector_of(weights, data.n);
+    orvik_status status;
+    {
+      const pybind11::gil_scoped_release released;
+      status = FRONT(T, summary_update)(s_, data.n, data.x, data.layout, w);
+    }
+    check(status);
+  }
+  void merge(const Summary& other) { check(FRONT(T, summary_merge)(s_, other.s_)); }
+  int64_t count() const {
+    int64_t n = 0;
+    check(FRONT(T, summary_count)(s_, &n));
+    return n;
+  }
+  int64_t dimension() const {
+    int64_t p = 0;
+    check(FRONT(T, summary_dimension)(s_, &p));
+    return p;
+  }
+  pybind11::bytes image() const {
+    return image_of([&](void* memory, int64_t* size) { return FRONT(T, summary_save)(s_, memory, size); });
+  }
+
+  using Handle = std::conditional_t<std::is_same_v<T, double>, orvik_d_summary, orvik_s_summary>;
+  // What `read` says of each variable, or of each pair.
+  Array<T> values(orvik_status (*read)(const Handle*, T*)) const {
+    Array<T> r({dimension()});
+    check(read(s_, r.mutable_data()));
+    return r;
+  }
+  Array<T> matrix(orvik_status (*read)(const Handle*, T*)) const {
+    Array<T> r({dimension(), dimension()});
+    check(read(s_, r.mutable_data()));
+    return r;
+  }
+
+ private:
+  Handle* s_ = nullptr;
+};
+
+template <class T>
+class StreamQuantiles {
+ public:
+  StreamQuantiles(int64_t p, T epsilon) : p_(p) { check(FRONT(T, stream_quantiles_new)(&s_, p, epsilon)); }
+  ~StreamQuantiles() { FRONT(T, stream_quantiles_delete)(s_); }
+  StreamQuantiles(const StreamQuantiles&) = delete;
+  StreamQuantiles& operator=(const StreamQuantiles&) = delete;
+
+  void update(const Array<T>& x) {
+    const Observations<T> data(x);
+    if (data.p != p_) raise(PyExc_ValueError, "the block has not as many columns as there are variables");
+    orvik_status status;
+    {
+      const pybind11::gil_scoped_release released;
+      status = FRONT(T, stream_quantiles_update)(s_, data.n, data.x, data.layout);
+    }
+    check(status);
+  }
+  // One row a variable.
+  Array<T> query(const Array<T>& orders) {
+    Array<T> r({p_, int64_t{orders.size()}});
+    check(FRONT(T, stream_quantiles_query)(s_, int64_t{orders.size()}, orders.data(), r.mutable_data()));
+    return r;
+  }
+
+ private:
+  std::conditional_t<std::is_same_v<T, double>, orvik_d_stream_quantiles, orvik_s_stream_quantiles>* s_ = nullptr;
+  int64_t p_;
+};
+
+}  // namespace orvik::python

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "lanes/lanes.h"
+#include "lanes/sums.h"
 #include "qor/ss/chi_square.h"
 #include "qor/ss/kernels.h"
 

@@ -8,19 +8,19 @@
 namespace orvik::ss {
 
 // Puts the running results of a task with `old` weights into the first thread's accumulators, by the one-pass method.
-template <class T>
-void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, Accumulators<T>* acc);
+template <class T, class S>
+void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, Accumulators<T, S>* acc);
 
 // Write the results of a pass whose accumulators have the weights with those of the pass. Where they are all zero,
 // sums are zero and moments no numbers. `old_mean` is the user's mean of the block before, null if there is none.
-template <class T>
-void finish_fast(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const Accumulators<T>& acc);
-template <class T>
+template <class T, class S>
+void finish_fast(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const Accumulators<T, S>& acc);
+template <class T, class S>
 void finish_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
-                     const Accumulators<T>& acc);
-template <class T>
+                     const Accumulators<T, S>& acc);
+template <class T, class S>
 void finish_user_mean(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
-                      const Accumulators<T>& acc, const T* old_mean);
+                      const Accumulators<T, S>& acc, const T* old_mean);
 
 // The fast method's mean, and its matrix about it.
 template <class T>

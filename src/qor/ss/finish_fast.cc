@@ -17,12 +17,12 @@ void center_matrix(const Task& task, const Data<T>& d, const Weights& old, const
   if (total != 0) acc.cross.add_outer(-total, acc.outer);
 }
 
-template <class T>
-void finish_fast(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const Accumulators<T>& acc) {
+template <class T, class S>
+void finish_fast(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const Accumulators<T, S>& acc) {
   const Results<T> rows(task, plan);
   const Weights& total = acc.weights;
   const double factor = unbiased(total), pass = total.sum - old.sum;
-  const int order = plan.power;
+  const int order = S::power(plan);
   for (int64_t j = 0; j < d.p; ++j) {
     if (!d.selected(j)) continue;
     double s[5] = {pass}, r[5] = {}, sums[5] = {};
@@ -34,7 +34,10 @@ void finish_fast(const Task& task, const Data<T>& d, const Plan& plan, const Wei
     }
     if (old.sum != 0) rows.add_run(j, old.sum, order, s);
     for (int k = 1; k <= order; ++k) r[k] = s[k] / total.sum;
-    const double mean = acc.mean == nullptr ? r[1] : acc.mean[j];
+    double mean = r[1];
+    if constexpr (!S::kOne) {
+      if (acc.mean != nullptr) mean = acc.mean[j];
+    }
     // One observation does not deviate from its mean; a mean that is no number still spreads.
     for (int k = 2; k <= order; ++k) {
       sums[k] = total.sum == 0            ? 0.0
@@ -46,6 +49,12 @@ void finish_fast(const Task& task, const Data<T>& d, const Plan& plan, const Wei
   }
 }
 
+#define ORVIK_INSTANTIATE(T, K, states) \
+  template void finish_fast(const Task&, const Data<T>&, const Plan&, const Weights&, \
+                            const Accumulators<T, One<K, states>>&);
+ORVIK_SS_ORDERS(ORVIK_INSTANTIATE, float, false)
+ORVIK_SS_ORDERS(ORVIK_INSTANTIATE, double, false)
+#undef ORVIK_INSTANTIATE
 #define ORVIK_INSTANTIATE(T)                                                                                  \
   template void center_matrix(const Task&, const Data<T>&, const Weights&, const Accumulators<T>&);           \
   template void finish_fast(const Task&, const Data<T>&, const Plan&, const Weights&, const Accumulators<T>&);

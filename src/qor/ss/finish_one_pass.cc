@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <limits>
 
 #include "qor/ss/finish.h"
@@ -22,8 +23,8 @@ Home home_of(const Task& task, const Plan& plan, int k) {
 
 }  // namespace
 
-template <class T>
-void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, Accumulators<T>* acc) {
+template <class T, class S>
+void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, Accumulators<T, S>* acc) {
   const int order = plan.central;
   if (order == 0) return;
   const Results<T> rows(task, plan);
@@ -54,15 +55,15 @@ void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const W
   }
 }
 
-template <class T>
+template <class T, class S>
 void finish_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
-                     const Accumulators<T>& acc) {
+                     const Accumulators<T, S>& acc) {
   const Results<T> rows(task, plan);
   const Weights& total = acc.weights;
   const double factor = unbiased(total);
-  const int power = plan.power, central = plan.central;
+  const int power = S::power(plan), central = S::central(plan);
   T* unasked[5] = {};
-  for (int k = 2; k <= central; ++k) {
+  for (int k = 2; k <= plan.central; ++k) {
     if (home_of(task, plan, k) == Home::Unasked) unasked[k] = real<T>(central_sum_field(task, k));
   }
   for (int64_t j = 0; j < d.p; ++j) {
@@ -80,13 +81,20 @@ void finish_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const
       for (int k = 2; k <= central; ++k) c[k] = sums[k] / total.sum, r[k] = raw_from_central(k, mean, c);
     }
     rows.set(kMean, j, mean);
-    rows.put(j, plan.order(), mean, factor, s, r, sums, total.sum);
-    for (int k = 2; k <= central; ++k) {
+    rows.put(j, std::max(power, central), mean, factor, s, r, sums, total.sum);
+    for (int k = 2; k <= plan.central; ++k) {
       if (unasked[k] != nullptr) unasked[k][j] = static_cast<T>(sums[k]);
     }
   }
 }
 
+#define ORVIK_INSTANTIATE(T, K, states) \
+  template void seed_one_pass(const Task&, const Data<T>&, const Plan&, const Weights&, \
+                              Accumulators<T, One<K, states>>*);                        \
+  template void finish_one_pass(const Task&, const Data<T>&, const Plan&, const Weights&, \
+                                const Accumulators<T, One<K, states>>&);
+ORVIK_SS_ONES(ORVIK_INSTANTIATE)
+#undef ORVIK_INSTANTIATE
 #define ORVIK_INSTANTIATE(T)                                                                                      \
   template void seed_one_pass(const Task&, const Data<T>&, const Plan&, const Weights&, Accumulators<T>*);        \
   template void finish_one_pass(const Task&, const Data<T>&, const Plan&, const Weights&, const Accumulators<T>&);

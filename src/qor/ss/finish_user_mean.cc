@@ -18,14 +18,14 @@ double rebase(int k, double weight, double delta, const double* c) {
 
 }  // namespace
 
-template <class T>
+template <class T, class S>
 void finish_user_mean(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
-                      const Accumulators<T>& acc, const T* old_mean) {
+                      const Accumulators<T, S>& acc, const T* old_mean) {
   const Results<T> rows(task, plan);
   const Weights& total = acc.weights;
   const bool running = old.sum != 0;
   const double factor = unbiased(total), old_factor = running ? unbiased(old) : 1.0;
-  const int order = plan.power;
+  const int order = S::power(plan);
   for (int64_t j = 0; j < d.p; ++j) {
     if (!d.selected(j)) continue;
     const double mean = rows.get(kMean, j);
@@ -47,6 +47,12 @@ void finish_user_mean(const Task& task, const Data<T>& d, const Plan& plan, cons
   }
 }
 
+#define ORVIK_INSTANTIATE(T, K, states) \
+  template void finish_user_mean(const Task&, const Data<T>&, const Plan&, const Weights&, \
+                                 const Accumulators<T, One<K, states>>&, const T*);
+ORVIK_SS_ORDERS(ORVIK_INSTANTIATE, float, false)
+ORVIK_SS_ORDERS(ORVIK_INSTANTIATE, double, false)
+#undef ORVIK_INSTANTIATE
 #define ORVIK_INSTANTIATE(T)                                                                                       \
   template void finish_user_mean(const Task&, const Data<T>&, const Plan&, const Weights&, const Accumulators<T>&, \
                                  const T*);

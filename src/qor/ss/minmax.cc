@@ -3,8 +3,7 @@
 #include <limits>
 
 #include "orvik/ss.h"
-#include "qor/ss/rows.h"
-#include "qor/unroll.h"
+#include "qor/ss/segment.h"
 
 namespace orvik::ss {
 namespace {
@@ -55,17 +54,17 @@ void take_lanes(const Extremes<T>& e, int64_t j, const Result<T>& result) {
 
 template <class T>
 void scan_contiguous(int64_t n, const T* x, int64_t j, const Result<T>& result) {
-  constexpr int kUnroll = 4;
-  Extremes<T> e[kUnroll];
-  int64_t i = 0;
-  for (; i + kUnroll * kWidth<VectorOf<T>> <= n; i += kUnroll * kWidth<VectorOf<T>>) {
-#pragma GCC unroll 4
-    for (int r = 0; r < kUnroll; ++r) e[r].take(load<VectorOf<T>>(x + i + r * kWidth<VectorOf<T>>));
-  }
-  for (; i + kWidth<VectorOf<T>> <= n; i += kWidth<VectorOf<T>>) e[0].take(load<VectorOf<T>>(x + i));
-  for (int r = 1; r < kUnroll; ++r) e[0].take(e[r]);
+  using V = VectorOf<T>;
+  constexpr int kCount = 4;
+  Extremes<T> e[kCount];
+  for_streams<V, kCount, 1>(
+      n, [&](int64_t i, auto r) __attribute__((always_inline)) { e[r].take(load<V>(x + i)); },
+      [&](int64_t i) __attribute__((always_inline)) { e[0].take(load<V>(x + i)); },
+      [&](int64_t i, int64_t lanes) {
+        for (int64_t k = i; k < i + lanes; ++k) result.take(j, x[k], x[k], x[k] != x[k]);
+      });
+  for (int r = 1; r < kCount; ++r) e[0].take(e[r]);
   take_lanes(e[0], j, result);
-  for (; i < n; ++i) result.take(j, x[i], x[i], x[i] != x[i]);
 }
 
 // Running extremes of a row of values, in memory.

@@ -40,14 +40,18 @@ int32_t run_threads(const OrvikThreading* table, int32_t threads, Body&& body) {
   return context.finished.load() == threads ? kDone : kNoMemory;
 }
 
-// Chunks of a loop over n items whose sums are to be the same on any number of threads: they depend on n alone, and
-// what they give is added up in their order.
+// Chunks of a loop over n items whose sums are to be the same on any number of threads: they depend on the data's shape
+// alone, and what they give is added up in their order.
 struct Chunks {
   static constexpr int32_t kMost = 64;
   int64_t n;
   int32_t count;
 
-  explicit Chunks(int64_t items) : n(items), count(static_cast<int32_t>(std::clamp<int64_t>(n / 4096, 1, kMost))) {}
+  explicit Chunks(int64_t items) : Chunks(items, items / 4096) {}
+  Chunks(int64_t items, int64_t wanted)
+      : n(items), count(static_cast<int32_t>(std::clamp<int64_t>(wanted, 1, kMost))) {}
+
+  int64_t first(int32_t chunk) const { return n / count * chunk + n % count * chunk / count; }
 
   // body(chunk, first, end) for all of them.
   template <class Body>
@@ -55,7 +59,24 @@ struct Chunks {
     const int32_t threads = std::min(max_threads(table), count);
     return run_threads(table, threads, [&](int32_t thread) {
       for (int32_t k = count * thread / threads; k < count * (thread + 1) / threads; ++k) {
-        body(k, n * k / count, n * (k + 1) / count);
+        body(k, first(k), first(k + 1));
+      }
+      return int32_t{kDone};
+    });
+  }
+
+  // body(thread, first, end) for all of them, each by the thread that is free; after each join(thread), one at a time and in the order
+  // of the chunks. A chunk's turn comes, since those before it have been begun.
+  template <class Body, class Join>
+  int32_t run_in_order(const OrvikThreading* table, int32_t threads, Body&& body, Join&& join) const {
+    std::atomic<int32_t> next{0}, joined{0};
+    return run_threads(table, threads, [&](int32_t thread) {
+      for (int32_t k; (k = next.fetch_add(1)) < count;) {
+        body(thread, first(k), first(k + 1));
+        for (int32_t done; (done = joined.load(std::memory_order_acquire)) != k;) joined.wait(done);
+        join(thread);
+        joined.store(k + 1, std::memory_order_release);
+        joined.notify_all();
       }
       return int32_t{kDone};
     });

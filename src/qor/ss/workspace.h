@@ -1,4 +1,4 @@
-// Working memory of a pass: what its threads accumulate.
+// Working memory of a pass: what its chunks accumulate.
 #pragma once
 
 #include <algorithm>
@@ -12,28 +12,43 @@
 
 namespace orvik::ss {
 
-// Threads of a pass: enough work for each, the more with a matrix.
-inline int32_t pass_threads(int64_t p, int64_t n, bool matrix, const OrvikThreading* threading) {
-  if (threading == nullptr) return 1;
-  const double work = static_cast<double>(p) * static_cast<double>(n) * (matrix ? static_cast<double>(p) : 1.0) / 8192.0;
-  const int64_t by_work = static_cast<int64_t>(std::min(work, 1e9));
-  return static_cast<int32_t>(std::max<int64_t>(1, std::min({by_work, int64_t{max_threads(threading)}, n >> 4})));
+// Chunks of a pass: enough values in each for a thread, and so many observations that joining what they give costs little beside
+// them: a matrix has p values for each of its p rows.
+inline Chunks pass_chunks(int64_t p, int64_t n, bool matrix) {
+  const double values = static_cast<double>(p) * static_cast<double>(n) / 8192.0;
+  const int64_t by_values = static_cast<int64_t>(std::min(values, 1e9));
+  return {n, std::min(by_values, n / (matrix ? std::max<int64_t>(512, p / 2) : 256))};
 }
 
-// The rows of all threads, their matrices and the scratch of the matrix kernel in one block; few values live on the frame.
+// Accumulators of a pass by so many threads: what joins all, and beside it one of each thread where there is more than one chunk.
+struct Sets {
+  Chunks chunks;
+  int32_t threads;
+  int32_t count;
+
+  Sets(const Chunks& all, const OrvikThreading* threading)
+      : chunks(all),
+        threads(all.count == 1 ? 1 : std::min(max_threads(threading), all.count)),
+        count(all.count == 1 ? 1 : threads + 1) {}
+};
+
+// The rows of all accumulators, their matrices and the scratch of the matrix kernel in one block; few values live on the
+// frame.
 template <class T>
 class Workspace {
  public:
-  // The first thread's matrix is the caller's where it is `in_place`. False when memory is exhausted.
-  bool allocate(int64_t p, int64_t n, bool weighted, const Plan& plan, int32_t threads, bool in_place) {
+  // The first matrix is the caller's where it is `in_place`. False when memory is exhausted.
+  bool allocate(int64_t p, bool weighted, const Plan& plan, const Sets& sets, bool in_place) {
     p_ = p;
     weighted_ = weighted;
-    int64_t cleared = threads * double_rows(plan) * bytes<double>(p) + (threads * real_rows(plan) + 2) * bytes<T>(p);
+    threads_ = sets.threads;
+    int64_t cleared =
+        sets.count * double_rows(plan) * bytes<double>(p) + (sets.count * real_rows(plan) + 2) * bytes<T>(p);
     int64_t size = cleared;
     if (plan.matrix()) {
-      longest_ = threads == 1 ? n : n / threads + n % threads;
-      cleared += (in_place ? 0 : bytes<T>(p * p)) + bytes<T>((threads - 1) * p * p);
-      size = cleared + threads * bytes<T>(CrossProduct<T>::scratch_size(p, longest_, weighted_));
+      longest_ = sets.chunks.n / sets.chunks.count + 1;
+      cleared += (in_place ? 0 : bytes<T>(p * p)) + bytes<T>((sets.count - 1) * p * p);
+      size = cleared + threads_ * bytes<T>(CrossProduct<T>::scratch_size(p, longest_, weighted_));
     }
     next_ = frame_;
     if (size > kFrame) {
@@ -58,14 +73,17 @@ class Workspace {
   }
   T* matrix() { return take<T>(p_ * p_); }
 
-  // Accumulators of all threads, the first with the matrix `in_place`, if that is not null.
-  void share_out(const Plan& plan, int32_t threads, T* in_place, Accumulators<T>* parts) {
-    for (int32_t k = 0; k < threads; ++k) fill(plan, new (parts + k) Accumulators<T>);
+  // The first accumulators have the matrix `in_place`, if that is not null. They take the scratch of a thread where they are
+  // fed themselves.
+  void share_out(const Plan& plan, const Sets& sets, T* in_place, Accumulators<T>* parts) {
+    for (int32_t k = 0; k < sets.count; ++k) fill(plan, new (parts + k) Accumulators<T>);
     if (!plan.matrix()) return;
     T* const own = in_place != nullptr ? in_place : matrix();
-    T* const others = take<T>((threads - 1) * p_ * p_);
-    for (int32_t k = 0; k < threads; ++k) {
-      parts[k].cross = cross_product(k == 0 ? own : others + (k - 1) * p_ * p_);
+    T* const others = take<T>((sets.count - 1) * p_ * p_);
+    const int64_t scratch = bytes<T>(CrossProduct<T>::scratch_size(p_, longest_, weighted_));
+    for (int32_t k = 0; k < sets.count; ++k) {
+      T* const to = reinterpret_cast<T*>(next_ + std::max(k - 1, 0) * scratch);
+      parts[k].cross = CrossProduct<T>(p_, longest_, weighted_, k == 0 ? own : others + (k - 1) * p_ * p_, to);
     }
   }
 
@@ -89,10 +107,6 @@ class Workspace {
     for (int k = 0; k < 4; ++k) to[k] = reinterpret_cast<double*>(next_ + k * step);
     next_ += count * step;
   }
-  CrossProduct<T> cross_product(T* matrix) {
-    T* scratch = take<T>(CrossProduct<T>::scratch_size(p_, longest_, weighted_));
-    return CrossProduct<T>(p_, longest_, weighted_, matrix, scratch);
-  }
 
   template <class V>
   static int64_t bytes(int64_t count) {
@@ -109,8 +123,26 @@ class Workspace {
   serv::Block<char> block_;
   char* next_ = nullptr;
   int64_t p_ = 0;
-  int64_t longest_ = 0;  // with a matrix: observations of a thread's longest run
+  int32_t threads_ = 1;
+  int64_t longest_ = 0;  // with a matrix: observations of the longest chunk, at least
   bool weighted_ = false;
 };
+
+// Feeds all chunks, feed(thread, first, end, accumulators), and joins them to the first of the sets.
+template <class T, class Feed>
+int32_t run_chunks(const Sets& sets, int64_t p, const Plan& plan, const OrvikThreading* threading, Accumulators<T>* parts,
+                   Feed&& feed) {
+  if (sets.chunks.count == 1) {
+    feed(0, 0, sets.chunks.n, parts);
+    return kDone;
+  }
+  return sets.chunks.run_in_order(
+      threading, sets.threads,
+      [&](int32_t thread, int64_t i, int64_t end) {
+        clear(p, plan, parts + 1 + thread);
+        feed(thread, i, end, parts + 1 + thread);
+      },
+      [&](int32_t thread) { merge(p, plan, parts, parts[1 + thread]); });
+}
 
 }  // namespace orvik::ss

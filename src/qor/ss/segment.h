@@ -1,0 +1,91 @@
+// Sums over contiguous values of one variable.
+#pragma once
+
+#include "lanes/lanes.h"
+#include "lanes/sums.h"
+#include "qor/ss/rows.h"
+#include "qor/unroll.h"
+
+namespace orvik::ss {
+
+// s[k] += w d^(k + 1) for K powers.
+template <int K, bool Weighted, class V>
+inline __attribute__((always_inline)) void add_powers(V d, V w, V (&s)[K]) {
+  if constexpr (Weighted) d = drop(w == V(0), d);
+  const V wd = Weighted ? w * d : d;
+  s[0] = s[0] + wd;
+  if constexpr (K >= 2) s[1] = fma(wd, d, s[1]);
+  if constexpr (K >= 3) {
+    const V d2 = d * d;
+    s[2] = fma(wd, d2, s[2]);
+    if constexpr (K >= 4) s[3] = fma(Weighted ? wd * d : d2, d2, s[3]);
+  }
+}
+
+// step(i, r) for the whole steps of kEach vectors in each of kCount streams, i the place of vector r of kCount * kEach;
+// then vector(i) for whole vectors, then part(i, lanes) for what is left. The streams are equal parts of the values: memory is read faster in several
+// places at once, as the hardware foresees each.
+template <class V, int kCount, int kEach, class Step, class Vector, class Part>
+inline __attribute__((always_inline)) void for_streams(int64_t n, Step&& step, Vector&& vector, Part&& part) {
+  constexpr int64_t kStep = kEach * kWidth<V>;
+  const int64_t apart = n / (kCount * kStep) * kStep;
+  for (int64_t i = 0; i < apart; i += kStep) {
+    unroll<kCount * kEach>([&](auto r) __attribute__((always_inline)) {
+      step(i + r / kEach * apart + r % kEach * kWidth<V>, r);
+    });
+  }
+  int64_t i = kCount * apart;
+  for (; i + kWidth<V> <= n; i += kWidth<V>) vector(i);
+  if (i < n) part(i, n - i);
+}
+
+template <int K, bool Weighted, bool Shifted, class T>
+inline void add_segment(int64_t n, const T* x, const T* w, T shift, double (&sums)[K]) {
+  using V = VectorOf<T>;
+  // As many accumulators as the registers hold.
+  constexpr int kCount = K <= 2 ? 4 : 3, kEach = K == 1 ? 2 : 1;
+  const V u = V(shift);
+  V s[kCount * kEach][K];
+  for (auto& row : s) {
+    for (auto& v : row) v = V(T(0));
+  }
+  const auto deviation = [u](V v) __attribute__((always_inline)) {
+    if constexpr (!Shifted) return v;
+    // The same to the last bit, by a unit that additions leave idle.
+    if constexpr (K == 1) return fms(v, V(T(1)), u);
+    return v - u;
+  };
+  for_streams<V, kCount, kEach>(
+      n,
+      [&](int64_t i, auto r) __attribute__((always_inline)) {
+        add_powers<K, Weighted>(deviation(load<V>(x + i)), Weighted ? load<V>(w + i) : u, s[r]);
+      },
+      [&](int64_t i) __attribute__((always_inline)) {
+        add_powers<K, Weighted>(deviation(load<V>(x + i)), Weighted ? load<V>(w + i) : u, s[0]);
+      },
+      [&](int64_t i, int64_t lanes) __attribute__((always_inline)) {
+        const auto mask = first_lanes<V>(lanes);
+        V d = load(x + i, mask);
+        if constexpr (Shifted) d = keep(mask, d - u);
+        add_powers<K, Weighted>(d, Weighted ? load(w + i, mask) : u, s[kCount * kEach - 1]);
+      });
+  unroll<K>([&](auto k) __attribute__((always_inline)) {
+    V total = s[0][k];
+    unroll<kCount * kEach - 1>([&](auto r) __attribute__((always_inline)) { total = total + s[r + 1][k]; });
+    sums[k] += static_cast<double>(horizontal_sum(total));
+  });
+}
+
+// sums[k] += sum of w (x - shift)^(k + 1). Without weights (null) w is 1, without a shift it is zero.
+template <int K, class T>
+inline void add_segment(int64_t n, const T* x, const T* w, const T* shift, double (&sums)[K]) {
+  if (w != nullptr) {
+    shift != nullptr ? add_segment<K, true, true>(n, x, w, *shift, sums)
+                     : add_segment<K, true, false>(n, x, w, T{0}, sums);
+  } else {
+    shift != nullptr ? add_segment<K, false, true>(n, x, w, *shift, sums)
+                     : add_segment<K, false, false>(n, x, w, T{0}, sums);
+  }
+}
+
+}  // namespace orvik::ss

@@ -1,7 +1,7 @@
 // Sums over lanes, and single precision taken as double.
 #pragma once
 
-#include "lanes/memory.h"
+#include "lanes/vectors.h"
 
 namespace orvik {
 
@@ -20,10 +20,5 @@ inline float horizontal_sum(F32 a) {
 // widening half a register takes.
 inline F64 load_wide(const double* p) { return _mm256_loadu_pd(p); }
 inline F64 load_wide(const float* p) { return _mm256_cvtps_pd(_mm_loadu_ps(p)); }
-// The first up to three of them, zeros behind.
-inline F64 load_wide(const double* p, FirstLanes<F64> first) { return load(p, first); }
-inline F64 load_wide(const float* p, FirstLanes<F32> first) {
-  return _mm256_cvtps_pd(_mm_maskload_ps(p, _mm256_castsi256_si128(first.v)));
-}
 
 }  // namespace orvik

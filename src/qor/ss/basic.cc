@@ -4,7 +4,8 @@
 #include <utility>
 
 #include "orvik/ss.h"
-#include "qor/ss/finish.h"
+#include "qor/ss/call.h"
+#include "qor/ss/one_variable.h"
 #include "qor/ss/plan.h"
 #include "qor/ss/workspace.h"
 #include "serv/blas.h"
@@ -53,46 +54,6 @@ int32_t reserve_mean_scratch(Task* task, int64_t p, const Weights& old, const T*
   return task->meanScratch == nullptr ? kNoMemory : kDone;
 }
 
-// The point of a call: the mean so far, at first the first observation that has weight.
-template <class T>
-void find_point(const Task& task, const Data<T>& d, const Weights& old, T* to) {
-  int64_t i = 0;
-  while (d.weights != nullptr && i < d.n && d.weights[i] == 0) ++i;
-  for (int64_t j = 0; j < d.p; ++j) {
-    if (!d.selected(j) || (old.sum == 0 && i == d.n)) continue;
-    const T x = old.sum != 0 ? real<T>(task.mean)[j] : d.x[i * d.observation_step() + j * d.variable_step()];
-    to[j] = finite_or_zero(x);
-  }
-}
-
-// The accumulators take over what the run before has left.
-template <class T, class S>
-void seed(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const T* old_mean,
-          Accumulators<T, S>* acc) {
-  acc->weights = old;
-  if (plan.method == Method::OnePass && old.sum != 0) seed_one_pass(task, d, plan, old, acc);
-  if constexpr (!S::kOne) {
-    if (!plan.matrix()) return;
-    seed_matrix(task, d, plan, old, acc->cross.matrix());
-    if (old.sum == 0 || plan.method == Method::OnePass) return;
-    // What came before, about the point of this pass.
-    const T* from = plan.method == Method::Fast ? real<T>(task.mean) : old_mean;
-    if (from == nullptr) return;
-    for (int64_t j = 0; j < d.p; ++j) acc->outer[j] = d.selected(j) ? from[j] - acc->shift[j] : T{0};
-    acc->cross.add_outer(old.sum, acc->outer);
-  }
-}
-
-template <class T, class S>
-void finish(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const T* old_mean,
-            const Accumulators<T, S>& acc) {
-  if (S::kStates || plan.method == Method::OnePass) return finish_one_pass(task, d, plan, old, acc);
-  if constexpr (!S::kStates) {
-    plan.method == Method::Fast ? finish_fast(task, d, plan, old, acc)
-                                : finish_user_mean(task, d, plan, old, acc, old_mean);
-  }
-}
-
 // A pass whose deviations are from `shift`. `total` gets the sums of weights.
 template <class T>
 int32_t run_many(const Task& task, const Data<T>& d, const Plan& plan, const Chunks& chunks, const Weights& old,
@@ -132,44 +93,6 @@ int32_t run_many(const Task& task, const Data<T>& d, const Plan& plan, const Chu
   return kDone;
 }
 
-// The same for one variable in one chunk, by one of the kinds that are compiled for it.
-template <class S, class T>
-void run_one(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const T* user_mean,
-             const T* old_mean, Weights* total) {
-  Accumulators<T, S> acc;
-  for (int k = 0; k < S::kOrder; ++k) acc.power[k][0] = acc.central[k][0] = 0;
-  T point = 0;
-  acc.shift = user_mean;
-  if (plan.central != 0) {
-    find_point(task, d, old, &point);
-    acc.shift = &point;
-  }
-  seed(task, d, plan, old, old_mean, &acc);
-  run_pass(d, plan, 0, d.n, &acc);
-  finish(task, d, plan, old, old_mean, acc);
-  *total = acc.weights;
-}
-template <int K, class T>
-void run_one(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const T* user_mean,
-             const T* old_mean, Weights* total) {
-  plan.central != 0 ? run_one<One<K, true>>(task, d, plan, old, user_mean, old_mean, total)
-                    : run_one<One<K, false>>(task, d, plan, old, user_mean, old_mean, total);
-}
-template <class T>
-void run_one(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const T* user_mean,
-             const T* old_mean, Weights* total) {
-  switch (plan.order()) {
-    case 1:
-      return run_one<1>(task, d, plan, old, user_mean, old_mean, total);
-    case 2:
-      return run_one<2>(task, d, plan, old, user_mean, old_mean, total);
-    case 3:
-      return run_one<3>(task, d, plan, old, user_mean, old_mean, total);
-    default:
-      return run_one<4>(task, d, plan, old, user_mean, old_mean, total);
-  }
-}
-
 template <class T>
 int32_t basic(OrvikSSTask handle, uint64_t estimates, uint64_t method, const OrvikThreading* threading) {
   if (handle == nullptr) return kNoTask;
@@ -193,7 +116,7 @@ int32_t basic(OrvikSSTask handle, uint64_t estimates, uint64_t method, const Orv
   Weights total;
   const bool one = d.p == 1 && d.selected(0) && !plan.matrix() && chunks.count == 1 && plan.order() != 0;
   if (one) {
-    run_one(task, d, plan, old, user_mean, old_mean, &total);
+    total = run_one(task, d, plan, old, user_mean, old_mean);
   } else if (const int32_t status = run_many(task, d, plan, chunks, old, user_mean, old_mean, threading, &total);
              status != kDone) {
     if (first_block) orvik_serv_deallocate(std::exchange(task.meanScratch, nullptr));  // it holds no mean yet

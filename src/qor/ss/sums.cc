@@ -116,30 +116,48 @@ void add(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const
   }
 }
 
+// Sums of m weights and of their squares, in lanes of the weights' precision.
+template <class T>
+void add_weights(const T* w, int64_t m, double* sum, double* squares) {
+  using V = VectorOf<T>;
+  constexpr int kCount = 4;
+  V s[kCount], q[kCount];
+  for (int k = 0; k < kCount; ++k) s[k] = q[k] = V(T(0));
+  const auto take = [&](V v, int k) __attribute__((always_inline)) {
+    s[k] = s[k] + v;
+    q[k] = fma(v, v, q[k]);
+  };
+  for_streams<V, kCount, 1>(
+      m, [&](int64_t i, auto r) __attribute__((always_inline)) { take(load<V>(w + i), r); },
+      [&](int64_t i) __attribute__((always_inline)) { take(load<V>(w + i), 0); },
+      [&](int64_t i, int64_t lanes) __attribute__((always_inline)) {
+        take(load(w + i, first_lanes<V>(lanes)), kCount - 1);
+      });
+  *sum += static_cast<double>(horizontal_sum((s[0] + s[1]) + (s[2] + s[3])));
+  *squares += static_cast<double>(horizontal_sum((q[0] + q[1]) + (q[2] + q[3])));
+}
+
 }  // namespace
 
 template <class T>
 Weights weigh(const T* w, int64_t m) {
-  constexpr int kCount = 4;
-  F64 sum[kCount], squares[kCount];
-  for (int k = 0; k < kCount; ++k) sum[k] = squares[k] = F64(0.0);
-  const auto take = [&](F64 v, int k) __attribute__((always_inline)) {
-    sum[k] = sum[k] + v;
-    squares[k] = fma(v, v, squares[k]);
-  };
-  for_streams<F64, kCount, 1>(
-      m, [&](int64_t i, auto r) __attribute__((always_inline)) { take(load_wide(w + i), r); },
-      [&](int64_t i) __attribute__((always_inline)) { take(load_wide(w + i), 0); },
-      [&](int64_t i, int64_t lanes) __attribute__((always_inline)) {
-        take(load_wide(w + i, first_lanes<VectorOf<T>>(lanes)), kCount - 1);
-      });
-  for (int k = 1; k < kCount; ++k) {
-    sum[0] = sum[0] + sum[k];
-    squares[0] = squares[0] + squares[k];
+  // In single precision few enough at once that rounding stays below that of a result.
+  constexpr int64_t kRun = sizeof(T) == 4 ? 2048 : INT64_MAX;
+  Weights total{0, 0, m};
+  for (int64_t i = 0; i < m; i += std::min(kRun, m - i)) {
+    add_weights(w + i, std::min(kRun, m - i), &total.sum, &total.squares);
   }
-  Weights total{horizontal_sum(sum[0]), horizontal_sum(squares[0]), m};
+  // Squares that single precision does not hold.
+  if (sizeof(T) == 4 && !(total.squares >= static_cast<double>(m) * 0x1p-100 && total.squares <= 0x1p127)) {
+    total = {0, 0, m};
+    for (int64_t i = 0; i < m; ++i) {
+      const auto x = static_cast<double>(w[i]);
+      total.sum += x;
+      total.squares += x * x;
+    }
+  }
   // The square of the sum says that there are several, beyond what rounding may; otherwise they are counted.
-  if (!(total.sum * total.sum > total.squares * (1 + 0x1p-30) && total.squares > 0)) {
+  if (!(total.sum * total.sum > total.squares * (1 + 0x1p-10) && total.squares > 0)) {
     total.observations = std::count_if(w, w + m, [](T x) { return !(x == 0); });
   }
   return total;

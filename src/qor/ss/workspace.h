@@ -15,9 +15,7 @@ namespace orvik::ss {
 // Chunks of a pass: enough values in each for a thread, and so many observations that joining what they give costs little beside
 // them: a matrix has p values for each of its p rows.
 inline Chunks pass_chunks(int64_t p, int64_t n, bool matrix) {
-  const double values = static_cast<double>(p) * static_cast<double>(n) / 8192.0;
-  const int64_t by_values = static_cast<int64_t>(std::min(values, 1e9));
-  return {n, std::min(by_values, n / (matrix ? std::max<int64_t>(512, p / 2) : 256))};
+  return {n, std::min(p * n >> 13, matrix ? n / std::max<int64_t>(512, p / 2) : n >> 8)};
 }
 
 // Accumulators of a pass by so many threads: what joins all, and beside it one of each thread where there is more than one chunk.

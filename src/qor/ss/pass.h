@@ -87,15 +87,16 @@ inline bool has_matrix(const Accumulators<T, S>& acc) {
   }
 }
 
-// add_power_sums, of a constant order where there is one.
-template <int K, class S, class T, class Rows>
+// add_power_sums, to what the rows hold or to nothing; of a constant order where there is one.
+template <int K, class S, bool Fresh, class T, class Rows>
 inline void add_sums(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, int order, const T* shift,
                      Rows& sums) {
   if constexpr (S::kOne) {
-    double segment[K] = {};
+    double segment[K];
     add_segment(i1 - i0, d.x + i0, d.weights != nullptr ? d.weights + i0 : nullptr, shift, segment);
-    for (int k = 0; k < K; ++k) sums[k][0] += segment[k];
+    for (int k = 0; k < K; ++k) sums[k][0] = Fresh ? segment[k] : sums[k][0] + segment[k];
   } else {
+    for (int k = 0; k < order && Fresh; ++k) std::fill(sums[k] + j0, sums[k] + j1, 0.0);
     add_power_sums(d, i0, i1, j0, j1, order, shift, sums);
   }
 }
@@ -158,8 +159,7 @@ inline void find_pivot(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int
     const Weights beginning = weigh(d, i0, kBeginning);
     if (beginning.sum >= kPart * weight) i1 = i0 + kBeginning, weight = beginning.sum;
   }
-  std::fill(acc->block[0] + j0, acc->block[0] + j1, 0.0);
-  add_sums<1, S>(d, i0, i1, j0, j1, 1, acc->pivot, acc->block);
+  add_sums<1, S, true>(d, i0, i1, j0, j1, 1, acc->pivot, acc->block);
   for (int64_t j = j0; j < j1; ++j) {
     const T m = static_cast<T>(static_cast<double>(acc->pivot[j]) + acc->block[0][j] / weight);
     if (finite_or_zero(m) == m) acc->pivot[j] = m;
@@ -201,8 +201,7 @@ inline void add_block(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1
   } else {
     find_pivot(d, i0, i1, j0, j1, w.sum, order > 1 || has_matrix(*acc), acc);
   }
-  for (int k = 0; k < order; ++k) std::fill(acc->block[k] + j0, acc->block[k] + j1, 0.0);
-  add_sums<S::kOrder, S>(d, i0, i1, j0, j1, order, acc->pivot, acc->block);
+  add_sums<S::kOrder, S, true>(d, i0, i1, j0, j1, order, acc->pivot, acc->block);
   to_states(plan, j0, j1, w.sum, acc);
 }
 
@@ -236,7 +235,7 @@ inline void run_pass(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1,
       if (by_states) {
         pass::add_block(d, plan, i, end, j0, j1, w, acc);
       } else if (power != 0) {
-        pass::add_sums<S::kOrder, S>(d, i, end, j0, j1, power, acc->shift, acc->power);
+        pass::add_sums<S::kOrder, S, false>(d, i, end, j0, j1, power, acc->shift, acc->power);
       }
     });
     if constexpr (!S::kOne) {

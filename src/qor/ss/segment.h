@@ -23,10 +23,10 @@ inline __attribute__((always_inline)) void add_powers(V d, V w, V (&s)[K]) {
 }
 
 // step(i, r) for the whole steps of kEach vectors in each of kCount streams, i the place of vector r of kCount * kEach;
-// then vector(i) for whole vectors, then part(i, lanes) for what is left. The streams are equal parts of the values: memory is read faster in several
+// then step(i, r) for the whole vectors that are left, then part(i, lanes) for the rest. The streams are equal parts of the values: memory is read faster in several
 // places at once, as the hardware foresees each.
-template <class V, int kCount, int kEach, class Step, class Vector, class Part>
-inline __attribute__((always_inline)) void for_streams(int64_t n, Step&& step, Vector&& vector, Part&& part) {
+template <class V, int kCount, int kEach, class Step, class Part>
+inline __attribute__((always_inline)) void for_streams(int64_t n, Step&& step, Part&& part) {
   constexpr int64_t kStep = kEach * kWidth<V>;
   const int64_t apart = n / (kCount * kStep) * kStep;
   for (int64_t i = 0; i < apart; i += kStep) {
@@ -35,7 +35,11 @@ inline __attribute__((always_inline)) void for_streams(int64_t n, Step&& step, V
     });
   }
   int64_t i = kCount * apart;
-  for (; i + kWidth<V> <= n; i += kWidth<V>) vector(i);
+  unroll<kCount * kEach - 1>([&](auto r) __attribute__((always_inline)) {
+    if (i + kWidth<V> > n) return;
+    step(i, r);
+    i += kWidth<V>;
+  });
   if (i < n) part(i, n - i);
 }
 
@@ -60,9 +64,6 @@ inline void add_segment(int64_t n, const T* x, const T* w, T shift, double (&sum
       [&](int64_t i, auto r) __attribute__((always_inline)) {
         add_powers<K, Weighted>(deviation(load<V>(x + i)), Weighted ? load<V>(w + i) : u, s[r]);
       },
-      [&](int64_t i) __attribute__((always_inline)) {
-        add_powers<K, Weighted>(deviation(load<V>(x + i)), Weighted ? load<V>(w + i) : u, s[0]);
-      },
       [&](int64_t i, int64_t lanes) __attribute__((always_inline)) {
         const auto mask = first_lanes<V>(lanes);
         V d = load(x + i, mask);
@@ -70,13 +71,17 @@ inline void add_segment(int64_t n, const T* x, const T* w, T shift, double (&sum
         add_powers<K, Weighted>(d, Weighted ? load(w + i, mask) : u, s[kCount * kEach - 1]);
       });
   unroll<K>([&](auto k) __attribute__((always_inline)) {
-    V total = s[0][k];
-    unroll<kCount * kEach - 1>([&](auto r) __attribute__((always_inline)) { total = total + s[r + 1][k]; });
-    sums[k] += static_cast<double>(horizontal_sum(total));
+    // In pairs, and pairs of these: short chains of additions.
+    unroll<kCount * kEach / 2>([&](auto r) __attribute__((always_inline)) { s[r][k] = s[2 * r][k] + s[2 * r + 1][k]; });
+    constexpr int kOdd = kCount * kEach / 2 * 2;
+    if constexpr (kOdd < kCount * kEach) s[1][k] = s[kOdd][k];
+    constexpr int kLeft = (kCount * kEach + 1) / 2;
+    if constexpr (kLeft == 4) s[0][k] = s[0][k] + s[1][k], s[1][k] = s[2][k] + s[3][k];
+    sums[k] = static_cast<double>(horizontal_sum(s[0][k] + s[1][k]));
   });
 }
 
-// sums[k] += sum of w (x - shift)^(k + 1). Without weights (null) w is 1, without a shift it is zero.
+// sums[k] = sum of w (x - shift)^(k + 1). Without weights (null) w is 1, without a shift it is zero.
 template <int K, class T>
 inline void add_segment(int64_t n, const T* x, const T* w, const T* shift, double (&sums)[K]) {
   if (w != nullptr) {

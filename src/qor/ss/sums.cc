@@ -102,7 +102,7 @@ template <class T, int K>
 void add(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const T* shift, double* const sums[4]) {
   if (d.contiguous_variables) {
     for (int64_t j = j0; j < j1; ++j) {
-      double segment[K] = {};
+      double segment[K];
       add_segment(i1 - i0, d.x + j * d.n + i0, d.weights != nullptr ? d.weights + i0 : nullptr,
                   shift != nullptr ? shift + j : nullptr, segment);
       for (int k = 0; k < K; ++k) sums[k][j] += segment[k];
@@ -129,7 +129,6 @@ void add_weights(const T* w, int64_t m, double* sum, double* squares) {
   };
   for_streams<V, kCount, 1>(
       m, [&](int64_t i, auto r) __attribute__((always_inline)) { take(load<V>(w + i), r); },
-      [&](int64_t i) __attribute__((always_inline)) { take(load<V>(w + i), 0); },
       [&](int64_t i, int64_t lanes) __attribute__((always_inline)) {
         take(load(w + i, first_lanes<V>(lanes)), kCount - 1);
       });

@@ -33,7 +33,7 @@ int32_t finish_only(const Task& task, const Plan& plan) {
   T* in_place = plan.matrix() ? matrix_in_place(task, d, plan) : nullptr;
   Plan matrix_only = plan;
   matrix_only.work &= 1u << kCovariance | 1u << kCorrelation | 1u << kCrossProduct;
-  if (!work.allocate(d.p, false, matrix_only, Sets({d.n, 1}, nullptr), in_place != nullptr)) return kNoMemory;
+  if (!work.allocate(d.p, false, matrix_only, Shares(d.n), in_place != nullptr)) return kNoMemory;
   finish_held(task, d, plan, total);
   if (plan.matrix()) {
     T* cross = in_place != nullptr ? in_place : work.matrix();
@@ -56,33 +56,32 @@ int32_t reserve_mean_scratch(Task* task, int64_t p, const Weights& old, const T*
 
 // A pass whose deviations are from `shift`. `total` gets the sums of weights.
 template <class T>
-int32_t run_many(const Task& task, const Data<T>& d, const Plan& plan, const Chunks& chunks, const Weights& old,
+int32_t run_many(const Task& task, const Data<T>& d, const Plan& plan, const Shares& shares, const Weights& old,
                  const T* user_mean, const T* old_mean, const OrvikThreading* threading, Weights* total) {
-  const Sets sets(chunks, threading);
   T* const in_place = plan.matrix() ? matrix_in_place(task, d, plan) : nullptr;
   Workspace<T> work;
-  if (!work.allocate(d.p, d.weights != nullptr, plan, sets, in_place != nullptr)) return kNoMemory;
+  if (!work.allocate(d.p, d.weights != nullptr, plan, shares, in_place != nullptr)) return kNoMemory;
   Accumulators<T> alone;
   serv::Block<Accumulators<T>> several;
-  if (sets.count > 1) {
-    several = serv::Block<Accumulators<T>>(static_cast<uint64_t>(sets.count));
+  if (shares.sets > 1) {
+    several = serv::Block<Accumulators<T>>(static_cast<uint64_t>(shares.sets));
     if (!several) return kNoMemory;
   }
-  Accumulators<T>* const parts = sets.count > 1 ? several.get() : &alone;
+  Accumulators<T>* const parts = shares.sets > 1 ? several.get() : &alone;
 
   T* const scratch = work.template row<T>();
   T* const point = work.template row<T>();
-  work.share_out(plan, sets, in_place, parts);
+  work.share_out(plan, shares, in_place, parts);
   Accumulators<T>& first = parts[0];
   const T* shift = user_mean;
   if (plan.central != 0 || (plan.method == Method::Fast && plan.matrix())) {
     find_point(task, d, old, point);
     shift = point;
   }
-  for (int32_t k = 0; k < sets.count; ++k) parts[k].shift = shift;
+  for (int32_t k = 0; k < shares.sets; ++k) parts[k].shift = shift;
   seed(task, d, plan, old, old_mean, &first);
   const int32_t status =
-      run_chunks(sets, d.p, plan, threading, parts, [&](int32_t, int64_t i, int64_t end, Accumulators<T>* acc) {
+      run_chunks(shares, d.p, plan, threading, parts, [&](int32_t, int64_t i, int64_t end, Accumulators<T>* acc) {
         run_pass(d, plan, i, end, acc);
       });
   if (status != kDone) return status;
@@ -104,7 +103,7 @@ int32_t basic(OrvikSSTask handle, uint64_t estimates, uint64_t method, const Orv
 
   const Data<T> d = data_of<T>(task);
   const Weights old = weights_so_far<T>(task);
-  const Chunks chunks = pass_chunks(d.p, d.n, plan.matrix());
+  const Shares shares(d.p, d.n, plan.matrix(), threading);
   if (plan.matrix() && !serv::blas::load()) return kNoMemory;
   const bool user = plan.method == Method::UserMean && plan.has(kMean);
   const T* user_mean = user ? real<T>(task.mean) : nullptr;
@@ -114,10 +113,10 @@ int32_t basic(OrvikSSTask handle, uint64_t estimates, uint64_t method, const Orv
     if (const int32_t status = reserve_mean_scratch(&task, d.p, old, &old_mean); status != kDone) return status;
   }
   Weights total;
-  const bool one = d.p == 1 && d.selected(0) && !plan.matrix() && chunks.count == 1 && plan.order() != 0;
+  const bool one = d.p == 1 && d.selected(0) && !plan.matrix() && shares.sets == 1 && plan.order() != 0;
   if (one) {
     total = run_one(task, d, plan, old, user_mean, old_mean);
-  } else if (const int32_t status = run_many(task, d, plan, chunks, old, user_mean, old_mean, threading, &total);
+  } else if (const int32_t status = run_many(task, d, plan, shares, old, user_mean, old_mean, threading, &total);
              status != kDone) {
     if (first_block) orvik_serv_deallocate(std::exchange(task.meanScratch, nullptr));  // it holds no mean yet
     return status;

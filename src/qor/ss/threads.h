@@ -65,16 +65,18 @@ struct Chunks {
     });
   }
 
-  // body(thread, first, end) for all of them, each by the thread that is free; after each join(thread), one at a time and in the order
-  // of the chunks. A chunk's turn comes, since those before it have been begun.
+  // body(place, first, end) for all of them, each by the thread that is free, and after it join(place), one at a time and in
+  // the order of the chunks; a place belongs to one thread. A chunk's turn comes, since those before it have been begun.
   template <class Body, class Join>
   int32_t run_in_order(const OrvikThreading* table, int32_t threads, Body&& body, Join&& join) const {
-    std::atomic<int32_t> next{0}, joined{0};
-    return run_threads(table, threads, [&](int32_t thread) {
+    std::atomic<int32_t> next{0}, places{0}, joined{0};
+    return run_threads(table, threads, [&](int32_t) {
+      int32_t place = -1;
       for (int32_t k; (k = next.fetch_add(1)) < count;) {
-        body(thread, first(k), first(k + 1));
+        if (place < 0) place = places.fetch_add(1);
+        body(place, first(k), first(k + 1));
         for (int32_t done; (done = joined.load(std::memory_order_acquire)) != k;) joined.wait(done);
-        join(thread);
+        join(place);
         joined.store(k + 1, std::memory_order_release);
         joined.notify_all();
       }

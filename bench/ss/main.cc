@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "ss/rounds.h"
+
 namespace orvik::bench {
 void moments();
 void covariance();
@@ -39,4 +41,6 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) wanted = wanted || strcmp(argv[i], part.name) == 0;
     if (wanted) part.run();
   }
+  every_library.print("every library");
+  fastest_library.print("the fastest library of each line");
 }

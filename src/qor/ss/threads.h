@@ -53,10 +53,13 @@ struct Chunks {
 
   int64_t first(int32_t chunk) const { return n / count * chunk + n % count * chunk / count; }
 
-  // body(chunk, first, end) for all of them.
+  // body(chunk, first, end) for all of them, for bodies of a few steps an item: below so many items a thread takes longer to
+  // wake than to work.
   template <class Body>
   int32_t run(const OrvikThreading* table, Body&& body) const {
-    const int32_t threads = std::min(max_threads(table), count);
+    constexpr int64_t kWorthAThread = 16384;
+    const auto worth = static_cast<int32_t>(std::clamp<int64_t>(n / kWorthAThread, 1, count));
+    const int32_t threads = std::min(max_threads(table), worth);
     return run_threads(table, threads, [&](int32_t thread) {
       for (int32_t k = count * thread / threads; k < count * (thread + 1) / threads; ++k) {
         body(k, first(k), first(k + 1));

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include "qor/ss/biweight.h"
 #include "qor/ss/chi_square.h"
@@ -233,17 +234,95 @@ struct Robust {
   }
 };
 
+// The translated biweight's weight and psi' as published (Rocke 1996), and what asymptotic theory makes of them for normal data
+// (Davies 1987, Lopuhaa 1989): the variance of location, and of the covariance of two variables s1 (V_ii V_jj + V_ij^2) + s2 V_ij^2.
+// Both are 1 and 0 for the classical estimates.
+double published_weight(const Biweight& b, double u) {
+  if (u <= b.m) return 1;
+  const double t = (u - b.m) / b.c;
+  return t < 1 ? std::pow(1 - t * t, 2) : 0;
+}
+struct Asymptotic {
+  double location, s1, s2;
+
+  Asymptotic(double p, const Biweight& b) {
+    double squares = 0, slope = 0, fourth = 0, bend = 0, losses = 0, second = 0;
+    const double step = 1e-4, expected = expected_loss(b, p);
+    for (double u = step / 2; u < 30; u += step) {
+      const double density = 2 * u * chi_square_density(p, u * u) * step;
+      const double w = published_weight(b, u), t = (u - b.m) / b.c;
+      const double derivative = w + (u > b.m && t < 1 ? -4 * u * t * (1 - t * t) / b.c : 0);
+      squares += w * w * u * u * density;
+      slope += ((1 - 1 / p) * w + derivative / p) * density;
+      fourth += w * w * u * u * u * u * density;
+      bend += (derivative + (p + 1) * w) * u * u * density;
+      losses += std::pow(b.rho(u) - expected, 2) * density;
+      second += w * u * u * density;
+    }
+    location = squares / p / (slope * slope);
+    s1 = p * (p + 2) * fourth / (bend * bend);
+    s2 = -2 / p * s1 + 4 * losses / (second * second);
+  }
+};
+
+TEST(RobustCovariance, AsymptoticsAreThoseOfTheLiterature) {
+  // Efficiency of location at a breakdown of one half (Rousseeuw and Yohai 1984).
+  EXPECT_NEAR(1 / Asymptotic(1, {0, 1.547}).location, 0.287, 1e-3);
+  const Asymptotic all(3, {20, 1});
+  EXPECT_NEAR(all.location, 1, 1e-6);
+  EXPECT_NEAR(all.s1, 1, 1e-6);
+  EXPECT_NEAR(all.s2, 0, 1e-6);
+}
+
+// The estimate is that of the 61 good cases, widened: the 14 others, each of which has the largest loss, leave them less of the expected
+// mean loss. What it may differ by is what its efficiency leaves, three deviations of it.
 TEST(RobustCovariance, OfHawkinsBraduAndKassIsThatOfTheGoodCases) {
-  Robust<double> r(3, 75, 0x20000, kHawkinsBraduKass.data());
+  constexpr int kBad = 14, kAll = 75, kGood = kAll - kBad;
+  Robust<double> r(3, kAll, 0x20000, kHawkinsBraduKass.data());
   ASSERT_EQ(r.run(), 0);
   const double means[3] = {1.5377049, 1.7803279, 1.6868852};
-  for (int j = 0; j < 3; ++j) {
-    EXPECT_NEAR(r.mean[j], means[j], 0.15) << j;
-    EXPECT_NEAR(r.at(j, j), 1.5, 0.5) << j << ", in units in which a sixth of outliers widens it";
+  Robust<double> classical(3, kAll, 0x20000, kHawkinsBraduKass.data());
+  std::copy(means, means + 3, classical.mean.begin());
+  for (int k = 0; k < 9; ++k) {
+    double sum = 0;
+    for (int i = kBad; i < kAll; ++i) {
+      sum += (kHawkinsBraduKass[i * 3 + k / 3] - means[k / 3]) * (kHawkinsBraduKass[i * 3 + k % 3] - means[k % 3]);
+    }
+    classical.covariance[k] = sum / (kGood - 1);
   }
-  const auto d = r.distances(kHawkinsBraduKass.data(), 75);
-  const double cutoff = std::sqrt(chi_square_quantile(0.9999, 3));
-  for (int i = 0; i < 75; ++i) EXPECT_EQ(d[i] > cutoff, i < 14) << i << " " << d[i];
+  const auto near = classical.distances(kHawkinsBraduKass.data(), kAll);
+  const Biweight b = find_biweight(3, (kAll - 3) / (2.0 * kAll), 0.001);
+  double low = 1, high = 10;
+  while (high - low > 1e-9) {
+    const double scale = (low + high) / 2;
+    double loss = kBad * b.ceiling();
+    for (int i = kBad; i < kAll; ++i) loss += b.rho(near[i] / scale);
+    (loss / kAll > expected_loss(b, 3) ? low : high) = scale;
+  }
+  const Asymptotic theory(3, b);
+  for (int j = 0; j < 3; ++j) {
+    const double variance = classical.at(j, j), location = std::sqrt((theory.location - 1) * variance / kGood);
+    EXPECT_NEAR(r.mean[j], means[j], 3 * location) << j;
+    const double relative = std::sqrt((2 * theory.s1 + theory.s2 - 2) / kGood);
+    EXPECT_NEAR(r.at(j, j) / (low * low * variance), 1, 3 * relative) << j;
+  }
+  // Rousseeuw and van Zomeren 1990, with their cutoff.
+  const auto d = r.distances(kHawkinsBraduKass.data(), kAll);
+  const double cutoff = std::sqrt(chi_square_quantile(0.975, 3));
+  for (int i = 0; i < kAll; ++i) EXPECT_EQ(d[i] > cutoff, i < kBad) << i << " " << d[i];
+}
+
+// Rousseeuw and van Zomeren 1990: days 1, 2, 3 and 21 lie off in the three explanatory variables.
+TEST(RobustCovariance, TheFarthestDaysOfTheStackLossDataAreThePublishedOnes) {
+  Robust<double> r(3, 21, 0x20000, kStackLoss.data());
+  ASSERT_EQ(r.run(), 0);
+  const auto d = r.distances(kStackLoss.data(), 21);
+  std::vector<int> days(21);
+  std::iota(days.begin(), days.end(), 1);
+  std::sort(days.begin(), days.end(), [&](int a, int b) { return d[a - 1] > d[b - 1]; });
+  days.resize(4);
+  std::sort(days.begin(), days.end());
+  EXPECT_EQ(days, (std::vector<int>{1, 2, 3, 21}));
 }
 
 // A fixed point of the iteration solves them: mean loss, weighted mean, weighted covariance.
@@ -279,11 +358,17 @@ TEST(RobustCovariance, OfGoodDataIsCloseToTheTruth) {
     const Contaminated c(p, 20000, 0, 0, 4);
     Robust<double> r(p, 20000, 0x10000, c.sample.rows.data());
     ASSERT_EQ(r.run(), 0);
+    // Four deviations: there are 102 numbers in all.
+    const Asymptotic theory(static_cast<double>(p),
+                            find_biweight(static_cast<double>(p), (20000.0 - static_cast<double>(p)) / 40000, 0.001));
     for (int64_t i = 0; i < p; ++i) {
       const double unit = Contaminated::deviation(i);
-      EXPECT_NEAR((r.mean[i] - 10) / unit, 0, 0.05) << p;
+      EXPECT_NEAR((r.mean[i] - 10) / unit, 0, 4 * std::sqrt(theory.location / 20000)) << p;
       for (int64_t j = 0; j < p; ++j) {
-        EXPECT_NEAR(r.at(i, j) / (unit * Contaminated::deviation(j)), i == j ? 1 : 0.5, 0.08) << p;
+        const double wanted = i == j ? 1 : 0.5, square = wanted * wanted;
+        EXPECT_NEAR(r.at(i, j) / (unit * Contaminated::deviation(j)), wanted,
+                    4 * std::sqrt((theory.s1 * (1 + square) + theory.s2 * square) / 20000))
+            << p;
       }
     }
   }
@@ -305,20 +390,121 @@ void expect_found(int64_t p, double share, double far, double spread, uint64_t s
   EXPECT_LE(alarms, 30);
 }
 
-// A cloud of 40 percent must be farther off. The estimate is the least scale at determinant 1: in 20 variables, 12
-// deviations of one direction stretch a matrix that takes the cloud in by less than leaving it out widens the scale.
 TEST(RobustCovariance, SimulatedContaminationMovesItLittle) {
   for (int64_t p : {2, 5, 10, 20}) {
-    for (double share : {0.0, 0.05, 0.2, 0.4}) {
+    for (double share : {0.0, 0.05, 0.2}) {
       for (double spread : {0.1, 1.0}) {
         for (uint64_t seed : {11, 12}) {
-          const double far = share > 0.3 ? 100 : 12;
           SCOPED_TRACE(::testing::Message() << p << " variables, " << share << " far, spread " << spread);
-          expect_found(p, share, far, spread, seed);
+          expect_found(p, share, 12, spread, seed);
         }
       }
     }
   }
+}
+
+// The estimator in plain loops, from a start of one's own to the fixed point: the logarithm of the determinant, which the
+// estimate is to make least.
+class PlainEstimate {
+ public:
+  PlainEstimate(int64_t p, const std::vector<double>& x)
+      : p_(p), n_(static_cast<int64_t>(x.size()) / p), x_(x), start_(p, n_, 0x20000, x.data()) {
+    const auto variables = static_cast<double>(p), count = static_cast<double>(n_);
+    b_ = find_biweight(variables, (count - variables) / (2 * count), 0.001);
+    loss_ = expected_loss(b_, variables);
+  }
+
+  // From the mean and covariance of the observations [first, n).
+  double log_determinant_from(int64_t first) {
+    weigh(first, std::vector<double>(n_, 1.0), 0);
+    for (int round = 0; round < 500; ++round) {
+      auto d = start_.distances(x_.data(), n_);
+      double low = 1e-3, high = 1e3;
+      while (high - low > 1e-10 * low) {
+        const double scale = std::sqrt(low * high);
+        double loss = 0;
+        for (double u : d) loss += b_.rho(u / scale);
+        (loss / static_cast<double>(n_) > loss_ ? low : high) = scale;
+      }
+      double squares = 0;
+      for (double& u : d) {
+        const double w = published_weight(b_, u / low);
+        squares += w * u * u / (low * low);
+        u = w;
+      }
+      weigh(0, d, squares / static_cast<double>(p_));
+    }
+    return log_determinant(start_.covariance);
+  }
+
+  // By Cholesky's factor.
+  double log_determinant(std::vector<double> a) const {
+    double sum = 0;
+    for (int64_t j = 0; j < p_; ++j) {
+      for (int64_t i = j; i < p_; ++i) {
+        for (int64_t k = 0; k < j; ++k) a[i * p_ + j] -= a[i * p_ + k] * a[j * p_ + k];
+        a[i * p_ + j] = i == j ? std::sqrt(a[i * p_ + j]) : a[i * p_ + j] / a[j * p_ + j];
+      }
+      sum += 2 * std::log(a[j * p_ + j]);
+    }
+    return sum;
+  }
+
+ private:
+  // Weighted mean and covariance of the observations from `first` on, divided by `by`; by their number, if that is 0.
+  void weigh(int64_t first, const std::vector<double>& w, double by) {
+    double total = 0;
+    std::vector<double> mean(p_), sums(p_ * p_);
+    for (int64_t i = first; i < n_; ++i) {
+      total += w[i];
+      for (int64_t j = 0; j < p_; ++j) mean[j] += w[i] * x_[i * p_ + j];
+    }
+    for (double& m : mean) m /= total;
+    for (int64_t i = first; i < n_; ++i) {
+      for (int64_t j = 0; j < p_; ++j) {
+        const double d = w[i] * (x_[i * p_ + j] - mean[j]);
+        for (int64_t k = 0; k < p_; ++k) sums[j * p_ + k] += d * (x_[i * p_ + k] - mean[k]);
+      }
+    }
+    for (double& v : sums) v /= by > 0 ? by : total;
+    start_.mean = mean;
+    start_.covariance = sums;
+  }
+
+  int64_t p_, n_;
+  const std::vector<double>& x_;
+  Robust<double> start_;
+  Biweight b_ = {0, 0};
+  double loss_ = 0;
+};
+
+// Of a cloud of 40 percent the definition decides: the estimate has the least determinant, whether that takes the cloud in or leaves it
+// out, and so none above those that the good observations and all of them lead to. Where leaving it out is less, it is found.
+TEST(RobustCovariance, ACloudOfFortyPercentIsLeftOutWhereThatMakesTheDeterminantLess) {
+  int left_out = 0, taken_in = 0;
+  for (int64_t p : {2, 5, 10}) {
+    for (double far : {12.0, 30.0, 100.0}) {
+      for (double spread : {0.1, 1.0}) {
+        SCOPED_TRACE(::testing::Message() << p << " variables, " << far << " deviations off, spread " << spread);
+        constexpr int64_t kCount = 500;
+        const Contaminated c(p, kCount, 0.4, far, 11, spread);
+        const auto bad = static_cast<int64_t>(0.4 * kCount);
+        PlainEstimate plain(p, c.sample.columns);
+        const double out = plain.log_determinant_from(bad), in = plain.log_determinant_from(0);
+        Robust<double> r(p, kCount, 0x20000, c.sample.columns.data());
+        ASSERT_EQ(r.with({0.5, 0.001, 1e-9, 2000}).run(), 0);
+        const double found = plain.log_determinant(r.covariance);
+        EXPECT_LE(found, std::min(in, out) + 1e-4) << "in " << in << ", out " << out;
+        (found < in - 1e-2 ? left_out : taken_in) += 1;
+        if (out >= in - 1e-2) continue;
+        const auto d = r.distances(c.sample.columns.data(), kCount);
+        const double cutoff = std::sqrt(chi_square_quantile(0.99, static_cast<double>(p)));
+        for (int64_t i = 0; i < bad; ++i) EXPECT_GT(d[i], cutoff) << i;
+      }
+    }
+  }
+  EXPECT_GT(left_out, 0);
+  EXPECT_GT(taken_in, 0);
 }
 
 // The start as its definition says, by sorting and Jacobi rotations.

@@ -57,8 +57,9 @@ void scan_contiguous(int64_t n, const T* x, int64_t j, const Result<T>& result) 
   using V = VectorOf<T>;
   constexpr int kCount = 4;
   Extremes<T> e[kCount];
+  const auto vector = [&](int64_t i, auto r) __attribute__((always_inline)) { e[r].take(load<V>(x + i)); };
   for_streams<V, kCount, 1>(
-      n, [&](int64_t i, auto r) __attribute__((always_inline)) { e[r].take(load<V>(x + i)); },
+      n, vector, vector,
       [&](int64_t i, int64_t lanes) {
         for (int64_t k = i; k < i + lanes; ++k) result.take(j, x[k], x[k], x[k] != x[k]);
       });

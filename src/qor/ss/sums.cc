@@ -127,8 +127,9 @@ void add_weights(const T* w, int64_t m, double* sum, double* squares) {
     s[k] = s[k] + v;
     q[k] = fma(v, v, q[k]);
   };
+  const auto vector = [&](int64_t i, auto r) __attribute__((always_inline)) { take(load<V>(w + i), r); };
   for_streams<V, kCount, 1>(
-      m, [&](int64_t i, auto r) __attribute__((always_inline)) { take(load<V>(w + i), r); },
+      m, vector, vector,
       [&](int64_t i, int64_t lanes) __attribute__((always_inline)) {
         take(load(w + i, first_lanes<V>(lanes)), kCount - 1);
       });

@@ -33,7 +33,17 @@ add_library(orvik_any_processor_flags INTERFACE)
 target_link_libraries(orvik_any_processor_flags INTERFACE orvik_common_flags)
 target_compile_options(orvik_any_processor_flags INTERFACE ${ORVIK_LIBRARY_OPTIONS} ${ORVIK_ANY_PROCESSOR})
 
+# Sources that are compiled a second time for registers of 512 bits (src/lanes).
+set(ORVIK_WIDE_INSTRUCTIONS avx512f avx512dq avx512bw avx512vl)
+list(TRANSFORM ORVIK_WIDE_INSTRUCTIONS PREPEND -m OUTPUT_VARIABLE ORVIK_WIDE_LEVEL)
+add_library(orvik_wide_flags INTERFACE)
+# g++ 12 takes the undefined sources of its own intrinsics for uninitialised variables; its unique symbols cannot be made local.
+target_compile_options(orvik_wide_flags INTERFACE ${ORVIK_WIDE_LEVEL}
+  $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique -Wno-uninitialized -Wno-maybe-uninitialized>)
+target_compile_definitions(orvik_wide_flags INTERFACE ORVIK_REGISTER_BITS=512)
+
 set_property(GLOBAL PROPERTY ORVIK_MODULES "")
+set_property(GLOBAL PROPERTY ORVIK_JOINED "")
 set_property(GLOBAL PROPERTY ORVIK_EXPORTS "")
 
 # orvik_module(NAME SOURCES ... [EXPORTS exports.txt ...] [ANY_PROCESSOR]): one folder of the library as an object library.
@@ -55,11 +65,27 @@ function(orvik_module name)
   endforeach()
 endfunction()
 
-# orvik_test(NAME SOURCES ... [LABELS ...] [LIBRARIES ...] [TIMEOUT s]): one GoogleTest program and one CTest entry of
+# orvik_join_objects(NAME TARGET objects SHOW pattern): all objects of an object library as one file of the library, in which every
+# symbol is local but those of the pattern. What the compiler made for any file to share (inline functions, templates) thus stays
+# with the files that have their instructions.
+function(orvik_join_objects name)
+  cmake_parse_arguments(arg "" "TARGET;SHOW" "" ${ARGN})
+  set(joined ${PROJECT_BINARY_DIR}/joined/${name}.o)
+  add_custom_command(OUTPUT ${joined}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/joined
+    COMMAND ${CMAKE_CXX_COMPILER} -nostdlib -r -Wl,--force-group-allocation -o ${joined} $<TARGET_OBJECTS:${arg_TARGET}>
+    COMMAND ${CMAKE_OBJCOPY} --wildcard "--keep-global-symbol=${arg_SHOW}" ${joined}
+    DEPENDS ${arg_TARGET} $<TARGET_OBJECTS:${arg_TARGET}> COMMAND_EXPAND_LISTS VERBATIM)
+  add_custom_target(orvik_${name} DEPENDS ${joined})
+  set_property(GLOBAL APPEND PROPERTY ORVIK_JOINED orvik_${name})
+  set_property(TARGET orvik_${name} PROPERTY ORVIK_OBJECT ${joined})
+endfunction()
+
+# orvik_test(NAME SOURCES ... [LABELS ...] [LIBRARIES ...] [TIMEOUT s] [LAUNCHER program]): one GoogleTest program and one CTest entry of
 # its own. Tests link the library's objects statically, so that they reach internals as well as exports.
 # The label "threads" marks what the thread sanitizer runs.
 function(orvik_test name)
-  cmake_parse_arguments(arg "" "TIMEOUT;SHARDS" "SOURCES;LABELS;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(arg "" "TIMEOUT;SHARDS;LAUNCHER" "SOURCES;LABELS;LIBRARIES" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE orvik_flags orvik_internal GTest::gtest GTest::gmock ${arg_LIBRARIES}
@@ -67,7 +93,7 @@ function(orvik_test name)
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 300)
   endif()
-  add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
+  add_test(NAME ${name} COMMAND ${arg_LAUNCHER} $<TARGET_FILE:${name}> --gtest_brief=1)
   set(tests ${name})
   if(arg_SHARDS)  # one program, its cases dealt out to as many tests as may run side by side
     set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT GTEST_TOTAL_SHARDS=${arg_SHARDS} GTEST_SHARD_INDEX=0)

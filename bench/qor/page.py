@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
 """page.py MACHINE: runs build/release/bin/bench_streams on one core; docs/performance-streams.md on standard output."""
+import os
 import pathlib
 import sys
 
@@ -8,7 +9,18 @@ sys.path.append(str(root / "bench/support"))
 import table  # noqa: E402
 
 machine = sys.argv[1]
-rows = table.rows(["taskset", "-c", "1", str(root / "build/release/bin/bench_streams"), "0.2"])
+command = ["taskset", "-c", "1", str(root / "build/release/bin/bench_streams"), "0.2"]
+rows = table.rows(command)
+narrow = {what: ours for what, ours, *_ in table.rows(command, {**os.environ, "ORVIK_REGISTERS": "256"})[1:]}
+
+
+def widths():
+    """What is made in registers of 512 bits, where the process has such, beside those of 256: longer requests."""
+    lines = [[what.split(", beside")[0], narrow[what], ours, f"{float(narrow[what]) / float(ours):.2f}"]
+             for what, ours, *_ in rows[1:]
+             if what.split(",")[0] in ("MRG32K3A", "MT19937", "MT2203", "PHILOX4X32X10", "ARS5") and "n = 1000" in what]
+    return table.markdown([["what", "256 bits, ns", "512 bits, ns", "256 / 512"], *lines])
+
 
 NANOSECONDS = {"ns": 1, "ms": 1e6}
 misses = []
@@ -32,6 +44,8 @@ print("\n".join([
     "Times are the least of many turns, per number (or per call, in the lines that say so), in nanoseconds. The last column is",
     "the goal for the column before it, or for the time where there is no peer. Points have ten dimensions.", "",
     *table.markdown(rows), "", *table.shortfalls(misses), "",
+    "Registers of 512 bits, from a second run with `ORVIK_REGISTERS=256` (one column of times where the processor has none):", "",
+    *widths(), "",
     "What limits them:", "",
     "- A 59-bit product of MCG59 takes seven operations to become a double, rounded once; to become a float, which is rounded",
     "  by way of the double, it takes four more. Making it takes four.",

@@ -26,11 +26,11 @@ void fill(const rows::Row& row, void* to, int32_t count, double low, double high
 
 }  // namespace
 
-Operands::Operands(const rows::Row& row, int32_t n, int32_t step) : row_(row), n_(n), step_(step) {
+Operands::Operands(const rows::Row& row, int32_t n, int32_t step, size_t beyond) : row_(row), n_(n), step_(step) {
   const auto make = [&](int bytes) {
-    auto& block = memory_.emplace_back(static_cast<size_t>(n) * step * bytes + kAlign);
+    auto& block = memory_.emplace_back(static_cast<size_t>(n) * step * bytes + kAlign + beyond);
     const uintptr_t address = reinterpret_cast<uintptr_t>(block.data());
-    return block.data() + (kAlign - address % kAlign) % kAlign;
+    return block.data() + (kAlign - address % kAlign) % kAlign + beyond;
   };
   const rows::Domain& domain = rows::domain(row);
   unsigned char* a = make(row.input_bytes());

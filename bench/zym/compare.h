@@ -10,10 +10,10 @@
 
 namespace orvik::bench {
 
-// Aligned arrays of a row, inputs drawn from the function's domain.
+// Arrays of a row, `beyond` bytes behind multiples of 64, inputs drawn from the function's domain.
 class Operands {
  public:
-  Operands(const rows::Row& row, int32_t n, int32_t step);
+  Operands(const rows::Row& row, int32_t n, int32_t step, size_t beyond = 0);
   Arrays arrays() const { return arrays_; }
   rows::Call call() const;
   // Puts `value` into every `every`-th element of the first input.

@@ -12,6 +12,16 @@ std::vector<Peer> all_peers() {
 #ifdef ORVIK_BENCH_LIBMVEC
   take(libmvec_peers());
 #endif
+#ifdef ORVIK_BENCH_WIDE
+  if (__builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq")) {
+#ifdef ORVIK_BENCH_SLEEF
+    take(sleef_wide_peers());
+#endif
+#ifdef ORVIK_BENCH_LIBMVEC
+    take(libmvec_wide_peers());
+#endif
+  }
+#endif
 #ifdef ORVIK_BENCH_EIGEN
   take(eigen_peers());
 #endif

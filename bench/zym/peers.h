@@ -34,6 +34,8 @@ inline constexpr int32_t kOrder = 3;
 std::span<const Peer> loop_peers();     // plain loops over the language's operators and the C library's functions
 std::span<const Peer> sleef_peers();    // these where the package is there
 std::span<const Peer> libmvec_peers();
+std::span<const Peer> sleef_wide_peers();  // of 512 bits, for processors that have such registers
+std::span<const Peer> libmvec_wide_peers();
 std::span<const Peer> eigen_peers();
 std::span<const Peer> boost_peers();
 std::span<const Peer> gsl_peers();

@@ -1,12 +1,27 @@
 // The C library's vector functions, by the names of the vector function interface; their documented bound is 4 ulp.
 #include "zym/vector_peer.h"
 
+#if ORVIK_REGISTER_BITS == 512
+#define SOURCE "libmvec 512"
+#define PEERS libmvec_wide_peers
+#define SINGLE(arguments, stem) _ZGVeN16##arguments##_##stem##f
+#define DOUBLE(arguments, stem) _ZGVeN8##arguments##_##stem
+#define FLOATS __m512
+#define DOUBLES __m512d
+#else
+#define SOURCE "libmvec"
+#define PEERS libmvec_peers
+#define SINGLE(arguments, stem) _ZGVdN8##arguments##_##stem##f
+#define DOUBLE(arguments, stem) _ZGVdN4##arguments##_##stem
+#define FLOATS __m256
+#define DOUBLES __m256d
+#endif
 #define NAMES1(Function, stem)              \
-  __m256 _ZGVdN8v_##stem##f(__m256) noexcept; \
-  __m256d _ZGVdN4v_##stem(__m256d) noexcept;
-#define NAMES2(Function, stem)                       \
-  __m256 _ZGVdN8vv_##stem##f(__m256, __m256) noexcept; \
-  __m256d _ZGVdN4vv_##stem(__m256d, __m256d) noexcept;
+  FLOATS SINGLE(v, stem)(FLOATS) noexcept; \
+  DOUBLES DOUBLE(v, stem)(DOUBLES) noexcept;
+#define NAMES2(Function, stem)                      \
+  FLOATS SINGLE(vv, stem)(FLOATS, FLOATS) noexcept; \
+  DOUBLES DOUBLE(vv, stem)(DOUBLES, DOUBLES) noexcept;
 #define ALL(ONE, TWO)                                                                                                 \
   ONE(Exp, exp) ONE(Exp2, exp2) ONE(Exp10, exp10) ONE(Expm1, expm1) ONE(Ln, log) ONE(Log10, log10) ONE(Log2, log2)    \
   ONE(Log1p, log1p) ONE(Sin, sin) ONE(Cos, cos) ONE(Tan, tan) ONE(Asin, asin) ONE(Acos, acos) ONE(Atan, atan)         \
@@ -20,21 +35,16 @@ ALL(NAMES1, NAMES2)
 namespace orvik::bench {
 namespace {
 
-#define PEER1(Function, stem)                                                                                    \
-  {"s" #Function, "libmvec", 4, vector1<float, _ZGVdN8v_##stem##f, false>, vector1<float, _ZGVdN8v_##stem##f, true>}, \
-      {"d" #Function, "libmvec", 4, vector1<double, _ZGVdN4v_##stem, false>, vector1<double, _ZGVdN4v_##stem, true>},
-#define PEER2(Function, stem)                                                                                      \
-  {"s" #Function, "libmvec", 4, vector2<float, _ZGVdN8vv_##stem##f, false>, vector2<float, _ZGVdN8vv_##stem##f, true>}, \
-      {"d" #Function, "libmvec", 4, vector2<double, _ZGVdN4vv_##stem, false>, vector2<double, _ZGVdN4vv_##stem, true>},
+#define PEER(Function, call, arguments, stem)                                                                              \
+  {"s" #Function, SOURCE, 4, call<float, SINGLE(arguments, stem), false>, call<float, SINGLE(arguments, stem), true>},     \
+      {"d" #Function, SOURCE, 4, call<double, DOUBLE(arguments, stem), false>, call<double, DOUBLE(arguments, stem), true>},
+#define PEER1(Function, stem) PEER(Function, vector1, v, stem)
+#define PEER2(Function, stem) PEER(Function, vector2, vv, stem)
 
-constexpr Peer kPeers[] = {
-    ALL(PEER1, PEER2) PEER2(Powr, pow)
-    {"sPowx", "libmvec", 4, vector_scalar<float, _ZGVdN8vv_powf, false>, vector_scalar<float, _ZGVdN8vv_powf, true>},
-    {"dPowx", "libmvec", 4, vector_scalar<double, _ZGVdN4vv_pow, false>, vector_scalar<double, _ZGVdN4vv_pow, true>},
-};
+constexpr Peer kPeers[] = {ALL(PEER1, PEER2) PEER2(Powr, pow) PEER(Powx, vector_scalar, vv, pow)};
 
 }  // namespace
 
-std::span<const Peer> libmvec_peers() { return kPeers; }
+std::span<const Peer> PEERS() { return kPeers; }
 
 }  // namespace orvik::bench

@@ -8,12 +8,23 @@ namespace {
 #define VECTORS(call, Function, source, ulp, f, d)                                             \
   {"s" #Function, source, ulp, call<float, f, false>, call<float, f, true>},                   \
       {"d" #Function, source, ulp, call<double, d, false>, call<double, d, true>},
+#if ORVIK_REGISTER_BITS == 512
+#define WIDTH " 512"
+#define PEERS sleef_wide_peers
+#define SINGLE(stem, bound) Sleef_##stem##f16_##bound##avx512f
+#define DOUBLE(stem, bound) Sleef_##stem##d8_##bound##avx512f
+#else
+#define WIDTH
+#define PEERS sleef_peers
+#define SINGLE(stem, bound) Sleef_##stem##f8_##bound##avx2
+#define DOUBLE(stem, bound) Sleef_##stem##d4_##bound##avx2
+#endif
 // The names carry the bound: u10 is 1.0 ulp.
-#define U05(call, Function, stem) VECTORS(call, Function, "sleef u05", 0.51, Sleef_##stem##f8_u05avx2, Sleef_##stem##d4_u05avx2)
-#define U10(call, Function, stem) VECTORS(call, Function, "sleef u10", 1.0, Sleef_##stem##f8_u10avx2, Sleef_##stem##d4_u10avx2)
-#define U15(call, Function, stem) VECTORS(call, Function, "sleef u15", 1.5, Sleef_##stem##f8_u15avx2, Sleef_##stem##d4_u15avx2)
-#define U35(call, Function, stem) VECTORS(call, Function, "sleef u35", 3.5, Sleef_##stem##f8_u35avx2, Sleef_##stem##d4_u35avx2)
-#define EXACT(call, Function, stem) VECTORS(call, Function, "sleef", 0.5, Sleef_##stem##f8_avx2, Sleef_##stem##d4_avx2)
+#define U05(call, Function, stem) VECTORS(call, Function, "sleef u05" WIDTH, 0.51, SINGLE(stem, u05), DOUBLE(stem, u05))
+#define U10(call, Function, stem) VECTORS(call, Function, "sleef u10" WIDTH, 1.0, SINGLE(stem, u10), DOUBLE(stem, u10))
+#define U15(call, Function, stem) VECTORS(call, Function, "sleef u15" WIDTH, 1.5, SINGLE(stem, u15), DOUBLE(stem, u15))
+#define U35(call, Function, stem) VECTORS(call, Function, "sleef u35" WIDTH, 3.5, SINGLE(stem, u35), DOUBLE(stem, u35))
+#define EXACT(call, Function, stem) VECTORS(call, Function, "sleef" WIDTH, 0.5, SINGLE(stem, ), DOUBLE(stem, ))
 
 constexpr Peer kPeers[] = {
     EXACT(vector1, Abs, fabs) EXACT(vector1, Ceil, ceil) EXACT(vector1, Floor, floor) EXACT(vector1, Trunc, trunc)
@@ -39,6 +50,6 @@ constexpr Peer kPeers[] = {
 
 }  // namespace
 
-std::span<const Peer> sleef_peers() { return kPeers; }
+std::span<const Peer> PEERS() { return kPeers; }
 
 }  // namespace orvik::bench

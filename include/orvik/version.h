@@ -26,6 +26,10 @@ extern "C" {
  * instruction, so ask first where that can happen. */
 int32_t orvik_cpu_supported(void);
 
+/* Bits of the registers that the vector functions use: 512 where processor and operating system have them and the
+ * environment variable ORVIK_REGISTERS is not 256 when the library is loaded, else 256. Results are the same. */
+int32_t orvik_register_bits(void);
+
 /* ORVIK_VERSION_STRING of the library that is loaded, such as "2.0.0". Runs on every x86-64 processor as well. */
 const char* orvik_version(void);
 

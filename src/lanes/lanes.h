@@ -4,14 +4,16 @@
 
 #include "lanes/generic.h"
 #include "lanes/head_tail.h"
-#include "lanes/indices.h"
 #include "lanes/memory.h"
-#include "lanes/native.h"
 #include "lanes/round.h"
-#include "lanes/rows.h"
 #include "lanes/scalar.h"
-#include "lanes/strided.h"
 #include "lanes/tables.h"
-#include "lanes/transpose.h"
 #include "lanes/types.h"
 #include "lanes/vectors.h"
+#if ORVIK_REGISTER_BITS != 512  // what no vector function is written over
+#include "lanes/indices.h"
+#include "lanes/native.h"
+#include "lanes/rows.h"
+#include "lanes/strided.h"
+#include "lanes/transpose.h"
+#endif

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "lanes/twice.h"
-#include "lanes/types.h"
+#include "lanes/vectors.h"
 
 namespace orvik {
 
@@ -20,11 +20,11 @@ enum class Inexact : int { raised = 0, hidden = _MM_FROUND_NO_EXC };
 
 template <Direction D, Inexact I = Inexact::hidden>
 inline F32 round(F32 a) {
-  return _mm256_round_ps(a.v, static_cast<int>(D) | static_cast<int>(I));
+  return round_by<static_cast<int>(D) | static_cast<int>(I)>(a);
 }
 template <Direction D, Inexact I = Inexact::hidden>
 inline F64 round(F64 a) {
-  return _mm256_round_pd(a.v, static_cast<int>(D) | static_cast<int>(I));
+  return round_by<static_cast<int>(D) | static_cast<int>(I)>(a);
 }
 template <Direction D, Inexact I = Inexact::hidden, class V>
 inline Twice<V> round(Twice<V> a) {

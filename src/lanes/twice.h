@@ -94,8 +94,8 @@ template <class M, class T>
 inline Twice<T> drop(Twice<M> mask, Twice<T> a) {
   return {drop(mask.low, a.low), drop(mask.high, a.high)};
 }
-inline uint32_t lane_bits(Twice<M32> mask) { return lane_bits(mask.low) | lane_bits(mask.high) << 8; }
-inline uint32_t lane_bits(Twice<M64> mask) { return lane_bits(mask.low) | lane_bits(mask.high) << 4; }
+inline uint32_t lane_bits(Twice<M32> mask) { return lane_bits(mask.low) | lane_bits(mask.high) << kWidth<F32>; }
+inline uint32_t lane_bits(Twice<M64> mask) { return lane_bits(mask.low) | lane_bits(mask.high) << kWidth<F64>; }
 template <class M>
 inline bool none(Twice<M> mask) {
   return none(mask.low | mask.high);
@@ -117,7 +117,7 @@ inline Twice<T> multiply_high16(Twice<T> a, uint16_t b) {
   return {multiply_high16(a.low, b), multiply_high16(a.high, b)};
 }
 
-// Halves in the order of the elements: the low half of sixteen lanes are the first eight.
+// Halves in the order of the elements: the low half of sixteen lanes is the first eight.
 inline Twice<F64> widen_low(Twice<F32> a) { return {widen_low(a.low), widen_high(a.low)}; }
 inline Twice<F64> widen_high(Twice<F32> a) { return {widen_low(a.high), widen_high(a.high)}; }
 inline Twice<F32> narrow(Twice<F64> low, Twice<F64> high) {

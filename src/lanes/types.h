@@ -1,8 +1,9 @@
-// Lane types: thin wrappers around the 256-bit registers, so that a lane computation reads like the mathematics and
+// Lane types: thin wrappers around vector registers, so that a lane computation reads like the mathematics and
 // compiles to exactly the instructions that it names. Nothing is contracted or reassociated: a fused step is an fma().
 //
-// What is written over a lane type V compiles for F32 (eight floats), F64 (four doubles), a pair Twice<V> of either,
-// and for a plain float or double as the lane type of one element. Integers of lanes have no sign of their own:
+// What is written over a lane type V compiles for F32 (floats), F64 (half as many doubles), a pair Twice<V> of either,
+// and for a plain float or double as the lane type of one element. Registers have 256 bits, or 512 in sources that are
+// compiled with ORVIK_REGISTER_BITS=512 and those instructions; what is written over them does not see which. Integers of lanes have no sign of their own:
 // operations say how they read them. Masks hold one answer a lane.
 #pragma once
 
@@ -13,54 +14,13 @@
 #include <cstdint>
 #include <type_traits>
 
+#if ORVIK_REGISTER_BITS == 512
+#include "lanes/wide/types.h"
+#else
+#include "lanes/narrow/types.h"
+#endif
+
 namespace orvik {
-
-struct I32 {  // eight 32-bit integers
-  __m256i v;
-  I32() = default;
-  I32(__m256i x) : v(x) {}
-  explicit I32(int32_t x) : v(_mm256_set1_epi32(x)) {}
-  explicit I32(uint32_t x) : v(_mm256_set1_epi32(std::bit_cast<int32_t>(x))) {}
-};
-struct I64 {  // four 64-bit integers
-  __m256i v;
-  I64() = default;
-  I64(__m256i x) : v(x) {}
-  explicit I64(int64_t x) : v(_mm256_set1_epi64x(x)) {}
-  explicit I64(uint64_t x) : v(_mm256_set1_epi64x(std::bit_cast<int64_t>(x))) {}
-};
-struct I32Half {  // four 32-bit integers: one for each lane of an F64
-  __m128i v;
-  I32Half() = default;
-  I32Half(__m128i x) : v(x) {}
-  explicit I32Half(int32_t x) : v(_mm_set1_epi32(x)) {}
-};
-
-// Masks: comparisons fill whole lanes; tests of words and of signs answer in the lane's sign bit alone. select(),
-// none() and lane_bits() read the sign bit, keep() and drop() need whole lanes.
-struct M32 {
-  __m256 v;
-  M32() = default;
-  explicit M32(__m256 x) : v(x) {}
-};
-struct M64 {
-  __m256d v;
-  M64() = default;
-  explicit M64(__m256d x) : v(x) {}
-};
-
-struct F32 {
-  __m256 v;
-  F32() = default;
-  F32(__m256 x) : v(x) {}
-  F32(float x) : v(_mm256_set1_ps(x)) {}
-};
-struct F64 {
-  __m256d v;
-  F64() = default;
-  F64(__m256d x) : v(x) {}
-  F64(double x) : v(_mm256_set1_pd(x)) {}
-};
 
 // Two of them side by side: lanes of twice the width, and what else comes one a vector (indices, masks).
 template <class T>
@@ -120,7 +80,7 @@ struct LaneTraits<F32> {
   using Integer = I32;
   using Mask = M32;
   using Index = I32;
-  static constexpr int width = 8;
+  static constexpr int width = sizeof(F32) / sizeof(float);
 };
 template <>
 struct LaneTraits<F64> {
@@ -128,7 +88,7 @@ struct LaneTraits<F64> {
   using Integer = I64;
   using Mask = M64;
   using Index = I32Half;
-  static constexpr int width = 4;
+  static constexpr int width = sizeof(F64) / sizeof(double);
 };
 template <class V>
 struct LaneTraits<Twice<V>> {
@@ -181,6 +141,18 @@ using VectorOf = std::conditional_t<std::is_same_v<E, float>, F32, F64>;
 // A pair of lanes: the results of a function of two, real and imaginary parts.
 template <class V>
 struct Pair {
+  V first, second;
+};
+
+// Four of them: the columns of a table of rows of four.
+template <class V>
+struct Quad {
+  V c[4];
+};
+
+// Parts as they lie in memory, of as many elements as a pair of lanes holds: real and imaginary ones alternate.
+template <class V>
+struct Stored {
   V first, second;
 };
 

@@ -1,142 +1,16 @@
-// Vectors of whole numbers as generators use them: eight 32-bit words, four 64-bit words, and halves of four 32-bit
-// words. Words have no sign unless a name says so.
+// Vectors of whole numbers as generators use them: 32-bit and 64-bit words that fill a register, halves of it. Words
+// have no sign unless a name says so. What is said of quarters of 128 bits are the halves of a register of 256.
 #pragma once
 
-#include <cstdint>
-
-#include "lanes/memory.h"
-#include "lanes/types.h"
-#include "lanes/vectors.h"
+#if ORVIK_REGISTER_BITS == 512
+#include "lanes/wide/words.h"
+#else
+#include "lanes/narrow/words.h"
+#endif
 
 namespace orvik {
 
-// ---- memory --------------------------------------------------------------------------------------------------------
-
-inline I32 load_words(const uint32_t* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
-inline I64 load_words(const uint64_t* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
-inline I32Half load_half(const uint32_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
-inline void store(uint32_t* p, I32 w) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), w.v); }
-inline void store(uint64_t* p, I64 w) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), w.v); }
-inline void store(uint32_t* p, I32Half w) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), w.v); }
-
-// Lanes 0 to count - 1 set, of eight 32-bit lanes.
-inline I32 first_lanes(int count) {
-  return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(kLaneMasks32 + 8 - count));
-}
-// Four of them as 64-bit lanes.
-inline I64 first_long_lanes(int count) {
-  return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(kLaneMasks64 + 4 - count));
-}
-// The first lanes only: the rest of memory is not touched. One instruction each, with no branch on the count.
-inline I32 load_some(const uint32_t* p, int count) {
-  return _mm256_maskload_epi32(reinterpret_cast<const int*>(p), first_lanes(count).v);
-}
-inline void store_some(uint32_t* p, I32 w, int count) {
-  _mm256_maskstore_epi32(reinterpret_cast<int*>(p), first_lanes(count).v, w.v);
-}
-inline void store_some(float* p, F32 x, int count) { _mm256_maskstore_ps(p, first_lanes(count).v, x.v); }
-inline void store_some(double* p, F64 x, int count) { _mm256_maskstore_pd(p, first_long_lanes(count).v, x.v); }
-inline void store_low_half(float* p, F32 x) { _mm_storeu_ps(p, _mm256_castps256_ps128(x.v)); }
-
-// ---- arithmetic ----------------------------------------------------------------------------------------------------
-
-inline I32Half operator^(I32Half a, I32Half b) { return _mm_xor_si128(a.v, b.v); }
-// 32-bit words.
-inline I64 smaller_unsigned(I64 a, I64 b) { return _mm256_min_epu32(a.v, b.v); }
-inline I32 clear_bits(I32 bits, I32 a) { return _mm256_andnot_si256(bits.v, a.v); }
-// Two 64-bit words each.
-inline I32Half add_long(I32Half a, I32Half b) { return _mm_add_epi64(a.v, b.v); }
-inline I32Half long_pair(uint64_t low, uint64_t high) {
-  return _mm_set_epi64x(static_cast<long long>(high), static_cast<long long>(low));
-}
-inline I64 long_words(uint64_t a, uint64_t b, uint64_t c, uint64_t d) {
-  return _mm256_setr_epi64x(static_cast<long long>(a), static_cast<long long>(b), static_cast<long long>(c),
-                            static_cast<long long>(d));
-}
-// `positive` where the top bit of the lane of x is clear, `negative` where it is set.
-inline I64 by_sign(I64 x, I64 positive, I64 negative) {
-  return _mm256_castpd_si256(
-      _mm256_blendv_pd(_mm256_castsi256_pd(positive.v), _mm256_castsi256_pd(negative.v), _mm256_castsi256_pd(x.v)));
-}
-template <int Count>
-inline I32Half shift_left(I32Half a) {
-  return _mm_slli_epi32(a.v, Count);
-}
-template <int Count>
-inline I32Half shift_right(I32Half a) {
-  return _mm_srli_epi32(a.v, Count);
-}
-// The 128 bits as one number, by whole bytes.
-template <int Bytes>
-inline I32Half shift_left_bytes(I32Half a) {
-  return _mm_slli_si128(a.v, Bytes);
-}
-template <int Bytes>
-inline I32Half shift_right_bytes(I32Half a) {
-  return _mm_srli_si128(a.v, Bytes);
-}
-
-// ---- order of lanes ------------------------------------------------------------------------------------------------
-
-// Odd 32-bit lanes of `odd`, even ones of `even`.
-inline I32 interleave_words(I32 even, I32 odd) { return _mm256_blend_epi32(even.v, odd.v, 0xAA); }
-inline I64 with_high_words(I64 low, I64 high) { return _mm256_blend_epi32(low.v, high.v, 0xAA); }
-// 16-bit halves: the high ones of `high`, the low ones of `low`.
-inline I32 with_high_halves(I32 low, I32 high) { return _mm256_blend_epi16(low.v, high.v, 0xAA); }
-// In each half of the register: the first (second) 64-bit words, first (last two) 32-bit words of both in turns.
-inline I64 first_words(I64 a, I64 b) { return _mm256_unpacklo_epi64(a.v, b.v); }
-inline I64 second_words(I64 a, I64 b) { return _mm256_unpackhi_epi64(a.v, b.v); }
-inline I32 first_two_words(I32 a, I32 b) { return _mm256_unpacklo_epi32(a.v, b.v); }
-inline I32 last_two_words(I32 a, I32 b) { return _mm256_unpackhi_epi32(a.v, b.v); }
-// 64-bit words 0, 2, 1, 3.
-inline I32 cross_middle(I32 a) { return _mm256_permute4x64_epi64(a.v, 0xD8); }
-// The low words of a and b in each half of the register: a0 a1 b0 b1, a2 a3 b2 b3.
-inline I32 low_words_by_halves(I64 a, I64 b) {
-  return _mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0x88));
-}
-inline I32 low_halves(I32 a, I32 b) { return _mm256_permute2x128_si256(a.v, b.v, 0x20); }
-inline I32 high_halves(I32 a, I32 b) { return _mm256_permute2x128_si256(a.v, b.v, 0x31); }
-inline I32 widen_to_words(I32Half a) { return _mm256_castsi128_si256(a.v); }  // the high half is unset
-inline I64 widen_unsigned(I32Half a) { return _mm256_cvtepu32_epi64(a.v); }
-
-// Row r of eight vectors becomes lane r of each.
-inline void transpose(I32 (&w)[8]) {
-  I32 a[8], b[8];
-  for (int k = 0; k < 8; k += 2) {
-    a[k] = first_two_words(w[k], w[k + 1]);
-    a[k + 1] = last_two_words(w[k], w[k + 1]);
-  }
-  for (int k = 0; k < 8; k += 4) {
-    b[k] = as_words(first_words(as_long_words(a[k]), as_long_words(a[k + 2])));
-    b[k + 1] = as_words(second_words(as_long_words(a[k]), as_long_words(a[k + 2])));
-    b[k + 2] = as_words(first_words(as_long_words(a[k + 1]), as_long_words(a[k + 3])));
-    b[k + 3] = as_words(second_words(as_long_words(a[k + 1]), as_long_words(a[k + 3])));
-  }
-  for (int k = 0; k < 4; ++k) {
-    w[k] = low_halves(b[k], b[k + 4]);
-    w[k + 4] = high_halves(b[k], b[k + 4]);
-  }
-}
-inline void transpose(F64 (&x)[4]) {
-  const __m256d a = _mm256_unpacklo_pd(x[0].v, x[1].v), b = _mm256_unpackhi_pd(x[0].v, x[1].v);
-  const __m256d c = _mm256_unpacklo_pd(x[2].v, x[3].v), d = _mm256_unpackhi_pd(x[2].v, x[3].v);
-  x[0] = _mm256_permute2f128_pd(a, c, 0x20);
-  x[1] = _mm256_permute2f128_pd(b, d, 0x20);
-  x[2] = _mm256_permute2f128_pd(a, c, 0x31);
-  x[3] = _mm256_permute2f128_pd(b, d, 0x31);
-}
-
-// ---- conversions ---------------------------------------------------------------------------------------------------
-
-inline F64 load_doubles(const double* p) { return _mm256_loadu_pd(p); }
-// The sum of the lanes, added one to the other from the first.
-inline double sum_in_order(F64 x) {
-  const __m128d low = _mm256_castpd256_pd128(x.v), high = _mm256_extractf128_pd(x.v, 1);
-  const __m128d sum = _mm_add_sd(_mm_add_sd(low, _mm_unpackhi_pd(low, low)), high);
-  return _mm_cvtsd_f64(_mm_add_sd(sum, _mm_unpackhi_pd(high, high)));
-}
-inline F64 truncated(F64 x) { return _mm256_round_pd(x.v, _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC); }
-inline I32Half truncated_words(F64 x) { return _mm256_cvttpd_epi32(x.v); }
-inline F32 narrow(F64 x) { return _mm256_castps128_ps256(_mm256_cvtpd_ps(x.v)); }  // the high half is unset
+// How many words of 32 bits a register holds.
+inline constexpr int kWords = sizeof(I32) / sizeof(uint32_t);
 
 }  // namespace orvik

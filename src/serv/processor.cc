@@ -67,10 +67,10 @@ uint32_t ask() {
 }  // namespace
 
 ProcessorWords read_processor() {
-  ProcessorWords words = {0, 0, 0, 0};
+  ProcessorWords words = {0, 0, 0, 0, 0};
   uint32_t a, b, c, d;
   if (__get_cpuid(1, &a, &b, &c, &d) != 0) words.leaf1_ecx = c;
-  if (__get_cpuid_count(7, 0, &a, &b, &c, &d) != 0) words.leaf7_ebx = b;
+  if (__get_cpuid_count(7, 0, &a, &b, &c, &d) != 0) words.leaf7_ebx = b, words.leaf7_ecx = c;
   if (__get_cpuid(0x80000001u, &a, &b, &c, &d) != 0) words.extended_leaf1_ecx = c;
   if ((words.leaf1_ecx & kOsxsave) != 0) {
     uint32_t low, high;
@@ -87,6 +87,18 @@ uint32_t missing_features(const ProcessorWords& words) {
     if ((words.*feature.word & feature.bits) != feature.bits) missing |= 1u << i;
   }
   return missing;
+}
+
+bool has_wide_registers(const ProcessorWords& words) {
+  constexpr uint32_t kInstructions = 1u << 16 | 1u << 17 | 1u << 30 | 1u << 31;  // AVX-512 F, DQ, BW, VL
+  // Beside the two of AVX: mask registers, upper halves of the first sixteen registers, the second sixteen.
+  constexpr uint32_t kSaved = 0xE6;
+  return missing_features(words) == 0 && (words.leaf7_ebx & kInstructions) == kInstructions &&
+         (words.xcr0 & kSaved) == kSaved;
+}
+
+bool has_wide_aes(const ProcessorWords& words) {
+  return has_wide_registers(words) && (words.leaf7_ecx & 1u << 9) != 0;  // VAES
 }
 
 int32_t describe_missing(uint32_t missing, char line[kMissingLineSize]) {

@@ -11,12 +11,19 @@ struct ProcessorWords {
   uint32_t leaf7_ebx;           // subleaf 0
   uint32_t extended_leaf1_ecx;  // leaf 0x80000001
   uint32_t xcr0;
+  uint32_t leaf7_ecx;
 };
 
 ProcessorWords read_processor();
 
 // One bit for each thing that is missing; 0: the processor serves.
 uint32_t missing_features(const ProcessorWords& words);
+
+// Whether registers of 512 bits may be used: the instructions of ORVIK_WIDE_INSTRUCTIONS (cmake/OrvikModule.cmake), and an
+// operating system that saves these registers.
+bool has_wide_registers(const ProcessorWords& words);
+// Whether these registers hold four blocks for rounds of AES.
+bool has_wide_aes(const ProcessorWords& words);
 
 // The line that a program sees at load, with its newline and a final NUL. Returns its length.
 constexpr int32_t kMissingLineSize = 256;

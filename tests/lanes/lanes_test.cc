@@ -1,6 +1,7 @@
 // The vector layer against the same operations on single elements.
 #include "lanes/lanes.h"
 
+#include <immintrin.h>
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -11,6 +12,7 @@
 #include <cstring>
 #include <vector>
 
+#include "lanes/strided.h"
 #include "support/guarded.h"
 
 namespace orvik {
@@ -132,11 +134,12 @@ TEST(Strided, DoublesFollowTheStep) {
     std::vector<double> x(200), r(200);
     for (size_t i = 0; i < x.size(); ++i) x[i] = static_cast<double>(i);
     const double* p = x.data() + 100;
-    double row[4];
+    constexpr int kCount = kWidth<F64>;
+    double row[kCount];
     store(row, load_strided<F64>(p, step));
-    for (int i = 0; i < 4; ++i) ASSERT_EQ(row[i], p[i * step]);
+    for (int i = 0; i < kCount; ++i) ASSERT_EQ(row[i], p[i * step]);
     store_strided(r.data() + 100, step, load<F64>(x.data()));
-    for (int i = 0; i < 4; ++i) ASSERT_EQ(r[static_cast<size_t>(100 + i * step)], step == 0 ? 3 : i);
+    for (int i = 0; i < kCount; ++i) ASSERT_EQ(r[static_cast<size_t>(100 + i * step)], step == 0 ? kCount - 1 : i);
   }
 }
 
@@ -169,7 +172,7 @@ TYPED_TEST(LanesTest, PairsComeApartAndTogetherInOrder) {
   using E = Element<V>;
   E x[2 * kWidth<V>], re[kWidth<V>], im[kWidth<V>], back[2 * kWidth<V>];
   for (int i = 0; i < 2 * kWidth<V>; ++i) x[i] = E(i);
-  const Pair<V> pair = load_pairs(x);
+  const Pair<V> pair = load_pairs<V>(x);
   store(re, pair.first), store(im, pair.second), store_pairs(back, pair);
   for (int i = 0; i < kWidth<V>; ++i) {
     EXPECT_EQ(re[i], E(2 * i));
@@ -197,28 +200,79 @@ TEST(Gathers, TakeTheRowsThatTheIndicesName) {
     for (int j = 0; j < 2; ++j) pairs[i][j] = 10 * i + j;
     for (int j = 0; j < 4; ++j) quads[i][j] = 10 * i + j;
   }
-  const int64_t rows[4] = {63, 0, 17, 5};
-  alignas(32) double index_bits[4];
-  for (int i = 0; i < 4; ++i) index_bits[i] = std::bit_cast<double>(rows[i]);
+  constexpr int kCount = kWidth<F64>;
+  const int64_t rows[8] = {63, 0, 17, 5, 1, 62, 5, 33};
+  double index_bits[kCount];
+  for (int i = 0; i < kCount; ++i) index_bits[i] = std::bit_cast<double>(rows[i]);
   const Indices k = indices(as_bits(load<F64>(index_bits)));
-  double got[4], got2[4];
+  double got[kCount], got2[kCount];
   store(got, gather(single, k));
-  for (int i = 0; i < 4; ++i) EXPECT_EQ(got[i], static_cast<double>(rows[i]));
+  for (int i = 0; i < kCount; ++i) EXPECT_EQ(got[i], static_cast<double>(rows[i]));
   const Pair<F64> pair = gather(pairs, k);
   store(got, pair.first), store(got2, pair.second);
-  for (int i = 0; i < 4; ++i) {
+  for (int i = 0; i < kCount; ++i) {
     EXPECT_EQ(got[i], 10.0 * static_cast<double>(rows[i]));
     EXPECT_EQ(got2[i], got[i] + 1);
   }
   const Quad<F64> quad = gather(quads, k);
   for (int j = 0; j < 4; ++j) {
     store(got, quad.c[j]);
-    for (int i = 0; i < 4; ++i) EXPECT_EQ(got[i], 10.0 * static_cast<double>(rows[i]) + j);
+    for (int i = 0; i < kCount; ++i) EXPECT_EQ(got[i], 10.0 * static_cast<double>(rows[i]) + j);
   }
-  float eight[8];
-  const float numbers[8] = {3, 60, 0, 7, 12, 33, 1, 63};
-  store(eight, gather(floats, to_integer(load<F32>(numbers))));
-  for (int i = 0; i < 8; ++i) EXPECT_EQ(eight[i], numbers[i]);
+  float taken[kWidth<F32>];
+  const float numbers[16] = {3, 60, 0, 7, 12, 33, 1, 63, 2, 2, 41, 0, 9, 62, 5, 18};
+  store(taken, gather(floats, to_integer(load<F32>(numbers))));
+  for (int i = 0; i < kWidth<F32>; ++i) EXPECT_EQ(taken[i], numbers[i]);
+}
+
+TEST(Tables, InRegistersAreReadByTheLowBitsOfTheIndex) {
+  const float quad[4] = {1, 2, 3, 4}, octet[8] = {1, 2, 3, 4, 5, 6, 7, 8};
+  const uint32_t words[8] = {1, 2, 3, 4, 5, 6, 7, 8};
+  float sixteen[16];
+  for (int i = 0; i < 16; ++i) sixteen[i] = static_cast<float>(100 + i);
+  constexpr int kCount = kWidth<F32>;
+  for (int first = 0; first < 40; ++first) {
+    float index[kCount], got[kCount];
+    for (int i = 0; i < kCount; ++i) index[i] = static_cast<float>(first + 3 * i);
+    const I32 k = to_integer(load<F32>(index));
+    store(got, select_in_quad(quad_table<F32>(quad), k));
+    for (int i = 0; i < kCount; ++i) ASSERT_EQ(got[i], quad[(first + 3 * i) % 4]);
+    store(got, look_up(octet_table<F32>(octet), k));
+    for (int i = 0; i < kCount; ++i) ASSERT_EQ(got[i], octet[(first + 3 * i) % 8]);
+    store(got, look_up_16<F32>(sixteen, k));
+    for (int i = 0; i < kCount; ++i) ASSERT_EQ(got[i], sixteen[(first + 3 * i) % 16]);
+    store(got, to_float(look_up(octet_table<F32>(words), k)));
+    for (int i = 0; i < kCount; ++i) ASSERT_EQ(got[i], octet[(first + 3 * i) % 8]);
+  }
+}
+
+// One table of estimates on a processor, whatever the width: results that start from them have the same bits.
+TEST(Estimates, AreThoseOfOneElement) {
+  std::mt19937_64 random(3);
+  for (int round = 0; round < 100000; ++round) {
+    float x[kWidth<F32>], reciprocal[kWidth<F32>], root[kWidth<F32>];
+    double y[kWidth<F64>], reciprocal64[kWidth<F64>];
+    for (float& v : x) v = std::ldexp(static_cast<float>(1 + random() % (1 << 24)), static_cast<int>(random() % 100) - 60);
+    for (int i = 0; i < kWidth<F64>; ++i) y[i] = x[i];
+    store(reciprocal, reciprocal_estimate(load<F32>(x)));
+    store(root, inverse_root_estimate(load<F32>(x)));
+    store(reciprocal64, reciprocal_estimate(load<F64>(y)));
+    for (int i = 0; i < kWidth<F32>; ++i) {
+      ASSERT_EQ(reciprocal[i], _mm_cvtss_f32(_mm_rcp_ss(_mm_set_ss(x[i]))));
+      ASSERT_EQ(root[i], _mm_cvtss_f32(_mm_rsqrt_ss(_mm_set_ss(x[i]))));
+    }
+    for (int i = 0; i < kWidth<F64>; ++i) ASSERT_EQ(reciprocal64[i], static_cast<double>(reciprocal[i]));
+  }
+}
+
+TYPED_TEST(LanesTest, TestsOfWordsAnswerByTheHighWord) {
+  using V = TypeParam;
+  this->expect_same(
+      "words_above", [](V a, V) { return select(words_above(as_bits(a), 0x3FF00000), V(Element<V>(1)), V(Element<V>(0))); },
+      [](Element<V> a, Element<V>) {
+        const auto high = static_cast<int32_t>(bits_of(a) >> (sizeof(a) == 8 ? 32 : 0));
+        return Element<V>(high > 0x3FF00000 ? 1 : 0);
+      });
 }
 
 }  // namespace

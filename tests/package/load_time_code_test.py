@@ -1,7 +1,8 @@
-"""What runs while the library is loaded runs on any x86-64 processor: only the file that looks at the processor has start-up
-code, nothing is resolved by a function at load, and that file holds no instruction of a later level.
+"""What runs while the library is loaded runs on any x86-64 processor: only the file that looks at the processor, and that which
+chooses kernels for it, have start-up code, nothing is resolved by a function at load, and these files hold no instruction of a
+later level.
 
-    load_time_code_test.py --readelf R --objdump O --archive LIBRARY.a --first OBJECT"""
+    load_time_code_test.py --readelf R --objdump O --archive LIBRARY.a --first OBJECT..."""
 
 import argparse
 import os
@@ -37,23 +38,26 @@ def mnemonics(disassembly):
 
 def main():
     parser = argparse.ArgumentParser()
-    for name in ("--readelf", "--objdump", "--archive", "--first"):
+    for name in ("--readelf", "--objdump", "--archive"):
         parser.add_argument(name, required=True)
+    parser.add_argument("--first", required=True, nargs="+")  # that which looks at the processor before the others
     arguments = parser.parse_args()
-    first = os.path.basename(arguments.first)
+    first = {os.path.basename(path) for path in arguments.first}
 
     starting = {member for member, line in by_member(run(arguments.readelf, "-SW", arguments.archive)) if START.search(line)}
     resolved = {member for member, line in by_member(run(arguments.readelf, "-sW", arguments.archive)) if " IFUNC " in line}
-    found = list(mnemonics(run(arguments.objdump, "-d", "--no-show-raw-insn", arguments.first)))
-    faults = [f"{member} has start-up code" for member in sorted(starting - {first})]
+    faults = [f"{member} has start-up code" for member in sorted(starting - first)]
     faults += [f"{member} is resolved by a function at load" for member in sorted(resolved)]
-    faults += [f"{first} uses {name}" for name in sorted(set(filter(LATER.match, found)))]
-    if first not in starting:
-        faults.append(f"{first} has no start-up code")
-    for needed in ("cpuid", "xgetbv"):
-        if needed not in found:
-            faults.append(f"{first} has no {needed} among its {len(found)} instructions")
-    print("\n".join(faults) if faults else f"{first}: {len(found)} instructions, none of a later level")
+    faults += [f"{member} has no start-up code" for member in sorted(first - starting)]
+    counts = []
+    for path in arguments.first:
+        found = list(mnemonics(run(arguments.objdump, "-d", "--no-show-raw-insn", path)))
+        counts.append(len(found))
+        faults += [f"{os.path.basename(path)} uses {name}" for name in sorted(set(filter(LATER.match, found)))]
+        for needed in ("cpuid", "xgetbv") if path == arguments.first[0] else ():
+            if needed not in found:
+                faults.append(f"{os.path.basename(path)} has no {needed} among its {len(found)} instructions")
+    print("\n".join(faults) if faults else f"{', '.join(sorted(first))}: {counts} instructions, none of a later level")
     sys.exit(1 if faults else 0)
 
 

@@ -33,7 +33,7 @@ const std::vector<Bit> kBits = {
 
 // Words with the bits of `set` (an index into kBits each), the others as in `rest`.
 ProcessorWords words_with(uint32_t set, uint32_t rest) {
-  ProcessorWords words = {rest, rest, rest, rest};
+  ProcessorWords words = {rest, rest, rest, rest, rest};
   for (size_t i = 0; i < kBits.size(); ++i) {
     words.*kBits[i].word &= ~(1u << kBits[i].bit);
     if ((set >> i & 1) != 0) words.*kBits[i].word |= 1u << kBits[i].bit;
@@ -81,8 +81,33 @@ TEST(Processor, EveryCombinationOfFeaturesIsJudgedAndNamed) {
   }
 }
 
+// AVX-512 F, DQ, BW, VL; masks, upper halves of the first sixteen registers, the second sixteen.
+TEST(Processor, WideRegistersNeedTheirInstructionsAndAnOperatingSystemThatSavesThem) {
+  const std::vector<Bit> bits = {
+      {"F", &ProcessorWords::leaf7_ebx, 16},   {"DQ", &ProcessorWords::leaf7_ebx, 17}, {"BW", &ProcessorWords::leaf7_ebx, 30},
+      {"VL", &ProcessorWords::leaf7_ebx, 31},  {"masks", &ProcessorWords::xcr0, 5},    {"halves", &ProcessorWords::xcr0, 6},
+      {"the others", &ProcessorWords::xcr0, 7}};
+  const uint32_t all = (1u << bits.size()) - 1;
+  for (const uint32_t rest : {0u, ~0u}) {
+    for (uint32_t set = 0; set <= all; ++set) {
+      ProcessorWords words = words_with((1u << kBits.size()) - 1, rest);
+      for (size_t i = 0; i < bits.size(); ++i) {
+        words.*bits[i].word &= ~(1u << bits[i].bit);
+        if ((set >> i & 1) != 0) words.*bits[i].word |= 1u << bits[i].bit;
+      }
+      EXPECT_EQ(has_wide_registers(words), set == all) << set;
+      words.leaf7_ecx = ~(1u << 9);
+      EXPECT_FALSE(has_wide_aes(words)) << set;
+      words.leaf7_ecx = 1u << 9;
+      EXPECT_EQ(has_wide_aes(words), set == all) << set;
+      words.leaf1_ecx &= ~(1u << 12);  // what the narrow ones need as well
+      EXPECT_FALSE(has_wide_registers(words)) << set;
+    }
+  }
+}
+
 TEST(Processor, TheLineIsOneLine) {
-  const std::string line = line_of({0, 0, 0, 0});
+  const std::string line = line_of({0, 0, 0, 0, 0});
   EXPECT_THAT(line, StartsWith("orvik_kernel: "));
   EXPECT_THAT(line, EndsWith("\n"));
   EXPECT_THAT(line.substr(0, line.size() - 1), Not(HasSubstr("\n")));
@@ -96,6 +121,10 @@ TEST(Processor, TheProcessorOfThisTestServesOrIsToldAsTheCompilersLibrarySees) {
                       __builtin_cpu_supports("bmi2") && __builtin_cpu_supports("popcnt");
   EXPECT_EQ(missing_features(read_processor()) == 0, serves);
   EXPECT_EQ(orvik_cpu_supported(), serves ? 1 : 0);
+  const bool wide = __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
+                    __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl");
+  EXPECT_EQ(has_wide_registers(read_processor()), serves && wide);
+  EXPECT_EQ(has_wide_aes(read_processor()), serves && wide && __builtin_cpu_supports("vaes"));
 }
 
 }  // namespace

@@ -4,9 +4,8 @@
 //   Vector                    eight words, the blocks of counters c and c + 1, as its sinks take them
 //   Keys                      what it makes of the key once per request
 //   kFew, make(c, keys, w)    makes kFew vectors of consecutive blocks, carrying through all words of the counter
-//   Run(c), deliver(keys, sink, i)
-//                             makes and delivers Run::kVectors vectors after the other while the low half of the
-//                             counter does not wrap
+//   Run, runs                 whole blocks while the low half of the counter does not wrap (counter_runs.h)
+//   wide_runs()               the same of 512 bits where they are used, or null
 //   kAhead                    whether a block is always made ahead
 //   kShort, kLong             how its jumps land
 //   ready(real32)             0, or why it cannot run here
@@ -17,6 +16,7 @@
 
 #include <type_traits>
 
+#include "qor/brng/counter_runs.h"
 #include "qor/brng/entries.h"
 #include "qor/brng/sinks.h"
 
@@ -52,8 +52,8 @@ struct CounterGenerator {
   using Vector = typename B::Vector;
   using Keys = typename B::Keys;
   using Raw = RawSink;
-  using Float = FloatSink<ToFloats<Signed, FromMiddle>>;
-  using Double = DoubleSink<ToDoubles<Signed, FromMiddle>>;
+  using Float = CounterFloats;
+  using Double = CounterDoubles;
 
   template <SinkOf<Vector> Sink>
   static int32_t fill(OrvikStream stream, int32_t n, const Sink& sink) {
@@ -65,12 +65,13 @@ struct CounterGenerator {
     Counter128 counter = load_counter(state.counter);
     // A low half that cannot wrap within a request needs no carry.
     if (state.counter[1] != 0xFFFFFFFF) {
-      constexpr ptrdiff_t kWords = 8 * B::Run::kVectors;
-      if (i + kWords <= n) {
-        const Sink own = sink;  // a copy: for all the compiler knows the results might overlap it
-        typename B::Run run(counter);
-        for (; i + kWords <= n; i += kWords, counter += kWords / 4) run.deliver(keys, own, i);
+      const ptrdiff_t before = i;
+      const auto low = static_cast<uint64_t>(counter), high = static_cast<uint64_t>(counter >> 64);
+      if (WideRuns* const wide = n - i >= kWideRunWords ? B::wide_runs() : nullptr; wide != nullptr) {
+        i = wide(Sink::kForm, state.key, low, high, i, n, sink.target());
       }
+      i = deliver_runs<typename B::Run>(keys, low + static_cast<uint64_t>(i - before) / 4, high, i, n, sink);
+      counter += static_cast<uint64_t>(i - before) / 4;
     }
     Vector w[B::kFew];
     for (; i + 8 * B::kFew <= n; i += 8 * B::kFew, counter += 2 * B::kFew) {

@@ -16,6 +16,8 @@ constexpr uint32_t kMrgFirst[3] = {0, 1403580, kMrgModulus1 - 810728};
 constexpr uint32_t kMrgSecond[3] = {527612, 0, kMrgModulus2 - 1370589};
 
 // The 2^i-th powers of the two companion matrices.
+constexpr PowerTable kMrgPowers1 = make_powers(kMrgFirst, kMrgModulus1),
+                     kMrgPowers2 = make_powers(kMrgSecond, kMrgModulus2);
 extern const PowerTable Mrg32k3aPowers1, Mrg32k3aPowers2;
 
 }  // namespace orvik::qor

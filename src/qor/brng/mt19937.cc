@@ -1,5 +1,7 @@
 #include "qor/brng/mt19937.h"
 
+#include "qor/brng/twister.h"
+
 namespace orvik::qor {
 
 const uint32_t kMt19937Polynomial[kMt19937Terms] = {

@@ -3,7 +3,8 @@
 
 #include <stdint.h>
 
-#include "qor/brng/twister.h"
+#include "qor/brng/twister_rows.h"
+#include "serv/registers.h"
 
 namespace orvik::qor {
 
@@ -17,6 +18,13 @@ struct Mt19937Parameters {
   };
 
   static uint32_t matrix(const State&) { return kMatrix; }
+
+  static WideTwister* wide_rows(Form) {
+#if ORVIK_WIDE_REGISTERS
+    if (serv::wide_registers) return &orvik_qor_wide_mt19937;
+#endif
+    return nullptr;
+  }
 
   struct Tempering {
     explicit Tempering(const State&) {}

@@ -21,19 +21,30 @@ concept SinkOf = requires(const Sink& sink, ptrdiff_t i, const Vector (&one)[1],
   sink.some(i, one[0], count);
 };
 
-// The same vector once more, as an array.
+// One vector, as an array.
 template <class Sink, class Vector>
 void put_one(const Sink& sink, ptrdiff_t i, Vector w) {
   const Vector group[1] = {w};
   sink.group(i, group);
 }
 
-// Eight words in two halves.
+// A register of words in two halves.
 struct Halves {
   I32Half low, high;
 };
 
+// What a sink of registers of one width tells one of another.
+enum class Form : int32_t { none, raw, floats, doubles, quick_doubles };
+struct Target {
+  void* r;
+  double scale, origin;  // of a conversion; a float's are floats
+};
+
 struct NullSink {
+  static constexpr Form kForm = Form::none;
+  NullSink() = default;
+  explicit NullSink(const Target&) {}
+  Target target() const { return {nullptr, 0, 0}; }
   template <class Vector, int N>
   void group(ptrdiff_t, const Vector (&)[N]) const {}
   template <class Vector>
@@ -42,16 +53,19 @@ struct NullSink {
 
 class RawSink {
  public:
+  static constexpr Form kForm = Form::raw;
   explicit RawSink(void* r) : r_(static_cast<uint32_t*>(r)) {}
+  explicit RawSink(const Target& target) : RawSink(target.r) {}
+  Target target() const { return {r_, 0, 0}; }
   template <int N>
   void group(ptrdiff_t i, const I32 (&w)[N]) const {
-    unroll<N>([&](auto k) __attribute__((always_inline)) { store(r_ + i + 8 * k, w[k]); });
+    unroll<N>([&](auto k) __attribute__((always_inline)) { store(r_ + i + kWords * k, w[k]); });
   }
   template <int N>
   void group(ptrdiff_t i, const Halves (&w)[N]) const {
     unroll<N>([&](auto k) __attribute__((always_inline)) {
-      store(r_ + i + 8 * k, w[k].low);
-      store(r_ + i + 8 * k + 4, w[k].high);
+      store(r_ + i + kWords * k, w[k].low);
+      store(r_ + i + kWords * k + kWords / 2, w[k].high);
     });
   }
   void some(ptrdiff_t i, I32 w, int count) const { store_some(r_ + i, w, count); }
@@ -159,6 +173,8 @@ template <class Reading, class Interval>
 class ToFloats {
  public:
   ToFloats(float a, float b) : scale_(Interval::scale(a, b)), origin_(Interval::origin(a, b)) {}
+  explicit ToFloats(const Target& t) : scale_(static_cast<float>(t.scale)), origin_(static_cast<float>(t.origin)) {}
+  Target target(void* r) const { return {r, double{first_lane(scale_)}, double{first_lane(origin_)}}; }
   template <int N>
   void operator()(const I32 (&w)[N], F32 (&x)[N]) const {
     Reading::to_floats(w, x);
@@ -172,6 +188,8 @@ template <class Reading, class Interval>
 class ToDoubles {
  public:
   ToDoubles(double a, double b) : scale_(Interval::scale(a, b)), origin_(Interval::origin(a, b)) {}
+  explicit ToDoubles(const Target& t) : scale_(t.scale), origin_(t.origin) {}
+  Target target(void* r) const { return {r, first_lane(scale_), first_lane(origin_)}; }
   void operator()(I32 w, F64& low, F64& high) const {
     Reading::to_doubles(w, low, high);
     low = fma(scale_, low, origin_);
@@ -189,6 +207,8 @@ template <class Unit>
 class ToDoublesBiased {
  public:
   ToDoublesBiased(double a, double b) : scale_((b - a) * Unit::kUnit), origin_(a - bias(a, b)) {}
+  explicit ToDoublesBiased(const Target& t) : scale_(t.scale), origin_(t.origin) {}
+  Target target(void* r) const { return {r, first_lane(scale_), first_lane(origin_)}; }
   // Whether the subtraction is exact (Knuth 1969); false for what is not finite.
   static bool applies(double a, double b) {
     const double s = -bias(a, b), sum = a + s, back = sum - a;
@@ -230,12 +250,15 @@ class ToFloatsByDoubles {
 template <FloatConversion Conversion>
 class FloatSink {
  public:
+  static constexpr Form kForm = Form::floats;
   FloatSink(float* r, float a, float b) : r_(r), convert_(a, b) {}
+  explicit FloatSink(const Target& target) : r_(static_cast<float*>(target.r)), convert_(target) {}
+  Target target() const { return convert_.target(r_); }
   template <int N>
   void group(ptrdiff_t i, const I32 (&w)[N]) const {
     F32 x[N];
     convert_(w, x);
-    unroll<N>([&](auto k) __attribute__((always_inline)) { store(r_ + i + 8 * k, x[k]); });
+    unroll<N>([&](auto k) __attribute__((always_inline)) { store(r_ + i + kWords * k, x[k]); });
   }
   template <int N>
   void group(ptrdiff_t i, const Halves (&w)[N]) const {
@@ -259,28 +282,33 @@ class FloatSink {
 template <DoubleConversion Conversion>
 class DoubleSink {
  public:
+  static constexpr Form kForm = requires { Conversion::applies(0.0, 0.0); }
+  ? Form::quick_doubles : Form::doubles;
   static bool applies(double a, double b) { return Conversion::applies(a, b); }
   DoubleSink(double* r, double a, double b) : r_(r), convert_(a, b) {}
+  explicit DoubleSink(const Target& target) : r_(static_cast<double*>(target.r)), convert_(target) {}
+  Target target() const { return convert_.target(r_); }
   template <int N>
   void group(ptrdiff_t i, const I32 (&w)[N]) const {  // one after the other: registers are short
     unroll<N>([&](auto k) __attribute__((always_inline)) {
       F64 low, high;
       convert_(w[k], low, high);
-      store(r_ + i + 8 * k, low);
-      store(r_ + i + 8 * k + 4, high);
+      store(r_ + i + kWords * k, low);
+      store(r_ + i + kWords * k + kWords / 2, high);
     });
   }
   template <int N>
   void group(ptrdiff_t i, const Halves (&w)[N]) const {
     unroll<N>([&](auto k) __attribute__((always_inline)) {
-      store(r_ + i + 8 * k, convert_(w[k].low));
-      store(r_ + i + 8 * k + 4, convert_(w[k].high));
+      store(r_ + i + kWords * k, convert_(w[k].low));
+      store(r_ + i + kWords * k + kWords / 2, convert_(w[k].high));
     });
   }
   void some(ptrdiff_t i, I32 w, int count) const { some(i, Halves{low_half(w), high_half(w)}, count); }
   void some(ptrdiff_t i, Halves w, int count) const {
-    store_some(r_ + i, convert_(w.low), count < 4 ? count : 4);
-    if (count > 4) store_some(r_ + i + 4, convert_(w.high), count - 4);
+    constexpr int kHalf = kWords / 2;
+    store_some(r_ + i, convert_(w.low), count < kHalf ? count : kHalf);
+    if (count > kHalf) store_some(r_ + i + kHalf, convert_(w.high), count - kHalf);
   }
 
  private:

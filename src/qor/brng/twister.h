@@ -1,5 +1,5 @@
-// Twisted generalised feedback shift registers (Matsumoto, Nishimura 1998). One class over the parameters: `P` names N,
-// M, the low bits that come from the second word, the state, and the four tempering steps.
+// Twisted generalised feedback shift registers (Matsumoto, Nishimura 1998). One class over the parameters: `P` names
+// those of the recurrence (twister_rows.h) and wide_rows(), which is null where registers of 512 bits are not used.
 //
 // Words are made in a linear buffer that holds the last N raw words in front of the new ones: word k + N follows from
 // words k, k + 1 and k + M, so that eight are made at a time with no seam, whatever N is.
@@ -9,74 +9,42 @@
 #include <string.h>
 
 #include "qor/brng/entries.h"
-#include "qor/brng/sinks.h"
+#include "qor/brng/twister_rows.h"
 
 namespace orvik::qor {
-
-// Steps of tempering: y ^= y >> S, y ^= (y << S) & mask.
-template <int S, int G>
-void temper_right(I32 (&y)[G]) {
-  unroll<G>([&](auto g) __attribute__((always_inline)) { y[g] = y[g] ^ shift_right<S>(y[g]); });
-}
-template <int S, int G>
-void temper_left(I32 (&y)[G], I32 mask) {
-  unroll<G>([&](auto g) __attribute__((always_inline)) { y[g] = y[g] ^ (shift_left<S>(y[g]) & mask); });
-}
 
 template <class P>
 struct Twister : NoJumps {
   using State = typename P::State;
   using Raw = RawSink;
   using Vector = I32;
-  using Float = FloatSink<ToFloats<Unsigned, FromLow<Words32>>>;
-  using Double = DoubleSink<ToDoubles<Unsigned, FromLow<Words32>>>;
-  using QuickDouble = DoubleSink<ToDoublesBiased<Words32>>;
+  using Float = TwisterFloats;
+  using Double = TwisterDoubles;
+  using QuickDouble = TwisterQuickDoubles;
   using Tempering = typename P::Tempering;
+  using Rows = TwisterRows<P>;
 
   static constexpr int kN = P::kN, kM = P::kM;
   static constexpr int kGenerations = P::kGenerations;  // made in one pass over the buffer, about 8 KB
-  static constexpr int kGroup = 4;                      // vectors that are made together
-  static_assert(kM + 8 * kGroup <= kN && kN - kM >= 8 * kGroup);
 
   static uint32_t next(uint32_t w0, uint32_t w1, uint32_t wm, uint32_t matrix) {
     const uint32_t y = (w0 & ~P::kLow) | (w1 & P::kLow);
     return wm ^ y >> 1 ^ (y & 1 ? matrix : 0);
   }
 
-  // Eight words for each of G vectors, every step for all of them.
-  template <int G>
-  static void next(const uint32_t* x, I32 matrix, I32 (&w)[G]) {
-    const I32 low(P::kLow);
-    I32 twist[G];
-    unroll<G>([&](auto g) __attribute__((always_inline)) {
-      const I32 w1 = load_words(x + 8 * g + 1);
-      w[g] = clear_bits(low, load_words(x + 8 * g)) | (w1 & low);
-      twist[g] = shift_left<31>(w1);
-    });
-    unroll<G>([&](auto g) __attribute__((always_inline)) { twist[g] = shift_right_arithmetic<31>(twist[g]); });
-    unroll<G>([&](auto g) __attribute__((always_inline)) { w[g] = shift_right<1>(w[g]); });
-    unroll<G>([&](auto g)
-                  __attribute__((always_inline)) { w[g] = load_words(x + kM + 8 * g) ^ w[g] ^ (twist[g] & matrix); });
-  }
-
   // Appends `count` words to the N at x and hands them on from index i. Writes up to a multiple of eight.
   template <SinkOf<Vector> Sink>
-  static void advance(uint32_t* x, int count, const State& state, const Tempering& tempering, const Sink& target,
+  static void advance(uint32_t* x, int count, const State& state, const Tempering& temper, const Sink& sink,
                       ptrdiff_t i) {
-    const I32 matrix(P::matrix(state));
-    const Tempering temper = tempering;  // copies: for all the compiler knows the results might overlap them
-    const Sink sink = target;
     int k = 0;
-    for (; k + 8 * kGroup <= count; k += 8 * kGroup) {
-      I32 w[kGroup];
-      next(x + k, matrix, w);
-      unroll<kGroup>([&](auto g) __attribute__((always_inline)) { store(x + kN + k + 8 * g, w[g]); });
-      temper(w);
-      sink.group(i + k, w);
+    if (WideTwister* const wide = P::wide_rows(Sink::kForm); wide != nullptr) {
+      k = wide(Sink::kForm, x, k, count, &state, sink.target(), i);
     }
+    k = Rows::advance(x, k, count, state, sink, i);
+    const I32 matrix(P::matrix(state));
     for (; k < count; k += 8) {
       I32 w[1];
-      next(x + k, matrix, w);
+      Rows::next(x + k, matrix, w);
       store(x + kN + k, w[0]);
       temper(w);
       k + 8 <= count ? sink.group(i + k, w) : sink.some(i + k, w[0], count - k);

@@ -20,7 +20,7 @@ struct alignas(64) Row {  // a block's elements side by side
 
 // By whole vectors as they are read next: smaller stores would have to reach the cache before.
 void copy_bytes(char* to, const void* from, int bytes) {
-  constexpr int kVector = 32;
+  constexpr int kVector = sizeof(F32);
   const char* at = static_cast<const char*>(from);
   for (; bytes >= kVector; bytes -= kVector, at += kVector, to += kVector) {
     store(reinterpret_cast<float*>(to), load<F32>(reinterpret_cast<const float*>(at)));
@@ -176,7 +176,7 @@ void run_strided(const Body& body, int64_t n, const Operands& o, const void* par
 template <int In, int Out>
 void run_strided_short(const Body& body, int64_t first, int64_t n, const Operands& o, const void* params) {
   if (first == 0 && !arrays_apart(body, o, n, In, Out)) return run_overlapping(body, n, o, params);
-  alignas(32) char in[2][kMaxBlock * In], out[2][kMaxBlock * Out];
+  alignas(64) char in[2][kMaxBlock * In], out[2][kMaxBlock * Out];
   const int count = static_cast<int>(n - first);
   gather_row<In>(o.in[0] + first * o.in_step[0], o.in_step[0], in[0], count);
   const void* b = o.in[1];

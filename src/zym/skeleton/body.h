@@ -9,6 +9,13 @@
 
 namespace orvik::zym {
 
+// The name of a kernel: sources are compiled once for each width of the registers.
+#if ORVIK_REGISTER_BITS == 512
+#define ORVIK_KERNEL(name) orvik_zym_wide_##name
+#else
+#define ORVIK_KERNEL(name) orvik_zym_##name
+#endif
+
 inline constexpr int kMaxBlock = 32;    // elements: the bits of a block's special lanes fit a word
 inline constexpr int kRowBytes = 2048;  // that strided arrays are gathered into
 

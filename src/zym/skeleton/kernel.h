@@ -38,7 +38,9 @@ struct Kernel {
   static constexpr bool kScalarB = S.b == Kind::scalar || S.b == Kind::complex_scalar;
   static constexpr bool kTwoResults = S.results == 2;
   static constexpr Knobs kKnobs = Traits::knobs;
-  static constexpr int kVectors = kKnobs.vectors;
+  // Of 512 bits two vectors are a whole block, and twice the registers hold what goes with them.
+  static constexpr bool kWide = sizeof(V) == 64;
+  static constexpr int kVectors = kWide ? 2 : kKnobs.vectors;
   static constexpr int kBlock = kVectors * kWidth<V> > kMaxBlock ? kMaxBlock : kVectors* kWidth<V>;
 
   using Registers = ControlRegisters<kKnobs.stray>;
@@ -56,7 +58,7 @@ struct Kernel {
     if constexpr (std::is_same_v<T, E>) {
       return load<V>(p);
     } else {
-      return load_pairs(reinterpret_cast<const E*>(p));
+      return load_pairs<V>(reinterpret_cast<const E*>(p));
     }
   }
   template <class T>
@@ -64,10 +66,7 @@ struct Kernel {
     if constexpr (std::is_same_v<T, E>) {
       return load_first(p, k, V(E(kKnobs.filler)));
     } else {
-      alignas(64) E buffer[2 * kWidth<V>];
-      for (int i = 0; i < 2 * kWidth<V>; ++i) buffer[i] = E(kKnobs.filler);
-      __builtin_memcpy(buffer, p, static_cast<size_t>(k) * sizeof(T));
-      return load_pairs(buffer);
+      return load_first_pairs(reinterpret_cast<const E*>(p), k, V(E(kKnobs.filler)));
     }
   }
   template <class T>
@@ -83,9 +82,7 @@ struct Kernel {
     if constexpr (std::is_same_v<T, E>) {
       store_first(p, k, x);
     } else {
-      alignas(64) E buffer[2 * kWidth<V>];
-      store_pairs(buffer, x);
-      __builtin_memcpy(p, buffer, static_cast<size_t>(k) * sizeof(T));
+      store_first_pairs(reinterpret_cast<E*>(p), k, x);
     }
   }
   static LanesOf<B> broadcast(const B* p) {
@@ -173,9 +170,10 @@ struct Kernel {
     }
   }
 
-  // --- the order of complex elements in the hot loop, which needs none: as they lie in memory, where the family has lanes
-  // for them so, or as they come apart most cheaply --------------------------------------------------------------------
+  // --- complex elements in the hot loop -----------------------------------------------------------------------------
 
+  // It needs no order: as they lie in memory, where the family has lanes for them so, or as they come apart most
+  // cheaply.
   static constexpr bool kComplex = S.a == Kind::complex || S.b == Kind::complex || S.r == Kind::complex;
   static constexpr bool kStored = [] {
     if constexpr (kBinary) {
@@ -184,7 +182,8 @@ struct Kernel {
       return requires { Fn::lanes(Stored<V>{}); };
     }
   }();
-  static_assert(!kStored || (kComplex && !kTested && !kScalarB), "stored parts: complex arrays, no special lanes by input");
+  static_assert(!kStored || (kComplex && !kTested && !kScalarB),
+                "stored parts: complex arrays, no special lanes by input");
 
   struct StoredInputs {
     Stored<V> a;
@@ -435,6 +434,10 @@ struct Kernel {
 
   // --- whole calls --------------------------------------------------------------------------------------------------
 
+  // Calls that the narrow kernel serves in place of the wide one: no shorter call takes wide registers into use.
+  static constexpr bool is_short(int64_t n) { return kWide && n < kBlock; }
+  static constexpr bool is_short_strided(int64_t n) { return kWide && n <= kMaxBlock; }
+
   static Operands unit_operands(const A* a, const B* b, R* r1, R* r2) {
     return {{reinterpret_cast<const char*>(a), kBinary ? reinterpret_cast<const char*>(b) : nullptr},
             {sizeof(A), kScalarB ? 0 : sizeof(B)},
@@ -477,8 +480,8 @@ struct Kernel {
 
   // Out of line: the hot loop's pointers must not escape.
   [[gnu::noinline, gnu::cold]] static void special_block(const Body& body, uint32_t mode, const A* a, const B* b, R* r1,
-                                                         R* r2, int64_t i, int count, Params params,
-                                                         uint32_t* kept, Piece* piece) {
+                                                         R* r2, int64_t i, int count, Params params, uint32_t* kept,
+                                                         Piece* piece) {
     const Operands operands = unit_operands(a, b, r1, r2);
     run_special_block({body, mode, operands, address_of(params), kept, piece}, i, count);
   }
@@ -637,8 +640,13 @@ struct Kernel {
           }
         }
       }
-      if (!plain) [[unlikely]]
+      if (!plain) [[unlikely]] {
+        // A call of its own, whose flags are of its results: those of the lanes before it are out of its way, and what
+        // it leaves stays.
+        if constexpr (kKnobs.stray != 0) clear_stray(kKnobs.stray & ~*registers.kept());
         run_strided_short<sizeof(A), sizeof(R)>(body, i, i + kStep, operands, address_of(params));
+        if constexpr (kKnobs.stray != 0) keep_stray(kKnobs.stray, registers.kept());
+      }
       r1 += kStep * incR1;
       if constexpr (kTwoResults) r2 += kStep * incR2;
     }

@@ -8,7 +8,8 @@ import pathlib
 import shutil
 import sys
 
-REUSED = ("orvik/src/zym/kernels/", "orvik/src/qor/", "orvik/src/df/")
+REUSED = ("orvik/src/zym/CMakeFiles/orvik_zym_kernels.dir/", "orvik/src/zym/CMakeFiles/orvik_zym_wide_kernels.dir/",
+          "orvik/src/zym/kernels/", "orvik/src/qor/", "orvik/src/df/")
 
 
 def main():

@@ -20,9 +20,24 @@ constexpr int kWatched = FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW | FE_UNDERFLOW;
 template <class P>
 std::vector<P> parts() {
   using L = std::numeric_limits<P>;
-  return {P(0),         P(-0.0), P(1),          P(-1.5),        L::denorm_min() * 1000, L::min() * 4,
-          L::max() / 2, P(100),  L::infinity(), -L::infinity(), L::quiet_NaN(),         P(1e5),
-          P(50),        P(0.5),  P(0.25),       P(-2)};
+  return {P(0),
+          P(-0.0),
+          P(1),
+          P(-1.5),
+          L::denorm_min() * 1000,
+          L::min() * 4,
+          L::max() / 2,
+          P(100),
+          L::infinity(),
+          -L::infinity(),
+          L::quiet_NaN(),
+          P(1e5),
+          P(50),
+          P(0.5),
+          P(0.25),
+          P(-2),
+          L::max(),
+          L::signaling_NaN()};
 }
 
 template <class In, class Out>

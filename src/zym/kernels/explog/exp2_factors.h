@@ -7,17 +7,11 @@
 
 namespace orvik::zym {
 
-// Eight and sixteen rows by the low bits of the index.
+// Eight rows by the low bits of the index.
 template <Single V>
 V look_up_8(const float* table, Integer<V> index) {
   return look_up(octet_table<V>(table), index);
 }
-template <Single V>
-V look_up_16(const float* table, Integer<V> index) {
-  const V upper = as_float(shift_left<28>(index));
-  return select(sign_decides(upper), look_up_8<V>(table + 8, index), look_up_8<V>(table, index));
-}
-
 // (head + low) (1 + tail), where head + low is the exact product of both rows.
 template <Single V>
 struct Exp2Row {

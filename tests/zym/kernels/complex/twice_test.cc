@@ -121,15 +121,15 @@ TYPED_TEST(ComplexLanes, PartsAsTheyLieInMemoryGiveTheSameBits) {
       store(lying, as_stored);
       EXPECT_EQ(std::memcmp(pairs, lying, sizeof pairs), 0);
     };
-    check(complex::Conj<V, Level::HA>::lanes(load_pairs(a)), complex::Conj<V, Level::HA>::lanes(load_stored<V>(a)));
-    check(complex::Add<V, Level::HA>::lanes(load_pairs(a), load_pairs(b)).value,
+    check(complex::Conj<V, Level::HA>::lanes(load_pairs<V>(a)), complex::Conj<V, Level::HA>::lanes(load_stored<V>(a)));
+    check(complex::Add<V, Level::HA>::lanes(load_pairs<V>(a), load_pairs<V>(b)).value,
           complex::Add<V, Level::HA>::lanes(load_stored<V>(a), load_stored<V>(b)).value);
-    check(complex::Sub<V, Level::HA>::lanes(load_pairs(a), load_pairs(b)).value,
+    check(complex::Sub<V, Level::HA>::lanes(load_pairs<V>(a), load_pairs<V>(b)).value,
           complex::Sub<V, Level::HA>::lanes(load_stored<V>(a), load_stored<V>(b)).value);
     // The cheap order, and back.
     store(back, stored(load_mixed_pairs(a)));
     EXPECT_EQ(std::memcmp(back, a, sizeof back), 0);
-    const Pair<V> ordered = load_pairs(a), cheap = load_mixed_pairs(a);
+    const Pair<V> ordered = load_pairs<V>(a), cheap = load_mixed_pairs(a);
     store(lying, mixed(cheap.first)), store(lying + width, mixed(cheap.second));
     store(pairs, ordered.first), store(pairs + width, ordered.second);
     EXPECT_EQ(std::memcmp(pairs, lying, sizeof pairs), 0);

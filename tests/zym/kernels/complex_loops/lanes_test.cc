@@ -58,7 +58,7 @@ class LanesOfLoops : public testing::Test {
  protected:
   using E = Element<V>;
   using C = Complex<E>;
-  static Pair<V> load_at(const C* p) { return load_pairs(reinterpret_cast<const E*>(p)); }
+  static Pair<V> load_at(const C* p) { return load_pairs<V>(reinterpret_cast<const E*>(p)); }
   static Pair<Twice<V>> join(Pair<V> low, Pair<V> high) {
     return {{low.first, high.first}, {low.second, high.second}};
   }

@@ -1,0 +1,108 @@
+#!/usr/bin/env python3
+"""registers_page.py CSV MACHINE: docs/performance-registers.md from what `zym_widths` printed, on standard output.
+registers_page.py --narrow CSV...: the marks that rows.def should have by these runs, a line for each row whose mark would change."""
+import csv
+import math
+import sys
+from collections import defaultdict
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools" / "rows"))
+import rows as rows_tool  # noqa: E402
+
+LENGTHS = ("1", "16", "1000", "10000")
+# A wide kernel earns its place by being no slower at any of the longer lengths, whatever the arrays' place: what differs by less than a run
+# from the next does not tell.
+NO_SLOWER = 0.98
+
+
+def read(path):
+    """Ratio narrow/wide by kernel, length and place; times of the scalar loop."""
+    ratios, loops, families = defaultdict(dict), {}, {}
+    for r in csv.DictReader(open(path, encoding="ascii")):
+        if r["row"].startswith("scalar loop"):
+            loops[r["row"]] = (float(r["narrow"]), float(r["wide"]))
+        else:
+            ratios[r["row"], r["level"]][r["n"], r["beyond"]] = float(r["narrow"]) / float(r["wide"])
+            families[r["row"], r["level"]] = r["family"]
+    return ratios, loops, families
+
+
+def marked_wide():
+    return {(rows_tool.row_name(row), level) for row in rows_tool.unit_rows() for level in row.wide}
+
+
+def mean(values):
+    return math.exp(sum(map(math.log, values)) / len(values))
+
+
+def long_ratios(of_kernel):
+    return [ratio for (n, _), ratio in of_kernel.items() if int(n) >= 1000]
+
+
+def propose(paths):
+    least = defaultdict(lambda: math.inf)
+    for path in paths:
+        for kernel, of_kernel in read(path)[0].items():
+            least[kernel] = min(least[kernel], *long_ratios(of_kernel))
+    for row in rows_tool.unit_rows():
+        name = rows_tool.row_name(row)
+        known = {level for level in ("LA", "HA", "EP") if (name, level) in least}
+        now = {level for level in known if level not in row.wide}
+        want = {level for level in known if least[name, level] < NO_SLOWER}
+        if want != now:
+            figures = " ".join(f"{level} {least[name, level]:.2f}" for level in sorted(known))
+            print(name, "narrow" if want == known and want else "narrow_" + "_".join(sorted(want)) if want else "wide", figures)
+
+
+def page(path, machine):
+    ratios, loops, families = read(path)
+    wide = marked_wide()
+    out = ["# Registers of 512 bits", "",
+           "Generated from one run; do not edit. The vector functions have kernels for registers of 512 bits beside those of 256, with the same",
+           "results; [architecture.md](architecture.md) says how. `zym_widths` times both side by side, each kernel's fastest turn of some ten",
+           "microseconds, arguments from the functions' domains. To repeat it, with the kernels that stay narrow in rows.def among them:", "",
+           "```", "cmake --preset release -B build/both -DORVIK_WIDE_ALL=ON && cmake --build build/both --target zym_widths",
+           "taskset -c 1 build/both/bin/zym_widths > widths.csv",
+           f"bench/zym/registers_page.py widths.csv \"{machine}\" > docs/performance-registers.md", "```", "",
+           f"Machine: {machine}. No AMD processor has been measured.", "",
+           "Ratio of the time of the narrow kernel to that of the wide one, in geometric mean over the kernels that are wide, and the least of one,",
+           "of arrays at multiples of 64 bytes and (+16) behind them by 16 bytes, as `malloc` gives long ones:", "",
+           "| family | kernels | n = 1 | n = 16 | n = 1,000 | least | +16 | least | n = 10,000 | least | +16 | least |",
+           "|---|---|---|---|---|---|---|---|---|---|---|---|"]
+    groups = defaultdict(list)
+    for kernel in ratios:
+        if kernel in wide:
+            groups["all"].append(kernel)
+            groups[families[kernel]].append(kernel)
+    for family in ["all"] + sorted(set(groups) - {"all"}):
+        cells = []
+        for key in (("1", "0"), ("16", "0"), ("1000", "0"), ("1000", "16"), ("10000", "0"), ("10000", "16")):
+            some = [ratios[kernel][key] for kernel in groups[family]]
+            cells.append(f"{mean(some):.2f}")
+            if int(key[0]) >= 1000:
+                cells.append(f"{min(some):.2f}")
+        out.append(f"| {family} | {len(groups[family])} | {' | '.join(cells)} |")
+    out += ["", "Calls of less than a block (32 floats, 16 doubles; strided ones of 32 elements or fewer) are the narrow kernel's, after one comparison.",
+            "", "## Neighbours", "", "A chain of dependent scalar additions and products, 40,000 of each, behind one call of 64 elements, microseconds:", "",
+            "| behind one call of | narrow | wide | narrow/wide |", "|---|---|---|---|"]
+    out += [f"| `{name.split()[-1]}` LA | {a / 1000:.1f} | {b / 1000:.1f} | {a / b:.3f} |" for name, (a, b) in loops.items()]
+    narrow = [kernel for kernel in ratios if kernel not in wide]
+    out += ["", "## What stays narrow", "",
+            "`narrow` in `src/zym/frame/rows.def`, by `registers_page.py --narrow` over three runs: a kernel whose wide form was slower than the narrow one by more",
+            f"than {100 * (1 - NO_SLOWER):.0f}% in one of them, at n = 1,000 or 10,000, aligned or not. Two reasons:", "",
+            "- **Memory.** A 64-byte access crosses a cache line wherever the array is not aligned to 64 bytes, a 32-byte one every other time. Rows",
+            "  whose time is loads and stores lose by it at n = 10,000, whatever they gain at 1,000.",
+            "- **Division and root instructions** give as many elements in a unit of time at either width.", "",
+            "| row | kernel | n = 1,000 | +16 | n = 10,000 | +16 |", "|---|---|---|---|---|---|"]
+    for row, level in narrow:
+        of_kernel = ratios[row, level]
+        cells = " | ".join(f"{of_kernel[key]:.2f}" for key in (("1000", "0"), ("1000", "16"), ("10000", "0"), ("10000", "16")))
+        out.append(f"| `{row}` | {level} | {cells} |")
+    print("\n".join(out))
+
+
+if sys.argv[1] == "--narrow":
+    propose(sys.argv[2:])
+else:
+    page(sys.argv[1], sys.argv[2])

@@ -1,0 +1,79 @@
+// Whole blocks of generators in registers of 512 bits. Compiled for these; serv/registers.h tells whether they may be
+// called.
+#include "qor/brng/ars5_rounds.h"
+#include "qor/brng/counter_runs.h"
+#include "qor/brng/mrg32k3a_blocks.h"
+#include "qor/brng/mt19937.h"
+#include "qor/brng/mt2203.h"
+#include "qor/brng/philox_rounds.h"
+
+namespace orvik::qor {
+namespace {
+
+template <class Run>
+ptrdiff_t runs(Form form, const uint32_t* key, uint64_t low, uint64_t high, ptrdiff_t i, ptrdiff_t n,
+               const Target& target) {
+  const typename Run::Keys keys(key);
+  switch (form) {
+    case Form::raw:
+      return deliver_runs<Run>(keys, low, high, i, n, RawSink(target));
+    case Form::floats:
+      return deliver_runs<Run>(keys, low, high, i, n, CounterFloats(target));
+    case Form::doubles:
+      return deliver_runs<Run>(keys, low, high, i, n, CounterDoubles(target));
+    default:
+      return i;
+  }
+}
+
+template <class P>
+int rows(Form form, uint32_t* x, int k, int count, const void* kept, const Target& target, ptrdiff_t i) {
+  const auto& state = *static_cast<const typename P::State*>(kept);
+  switch (form) {
+    case Form::none:
+      return TwisterRows<P>::advance(x, k, count, state, NullSink(target), i);
+    case Form::raw:
+      return TwisterRows<P>::advance(x, k, count, state, RawSink(target), i);
+    case Form::floats:
+      return TwisterRows<P>::advance(x, k, count, state, TwisterFloats(target), i);
+    case Form::doubles:
+      return TwisterRows<P>::advance(x, k, count, state, TwisterDoubles(target), i);
+    case Form::quick_doubles:
+      return TwisterRows<P>::advance(x, k, count, state, TwisterQuickDoubles(target), i);
+  }
+  return k;
+}
+
+}  // namespace
+
+extern "C" ptrdiff_t orvik_qor_wide_philox(Form form, const uint32_t* key, uint64_t low, uint64_t high, ptrdiff_t i,
+                                           ptrdiff_t n, const Target& target) {
+  return runs<PhiloxRun>(form, key, low, high, i, n, target);
+}
+extern "C" ptrdiff_t orvik_qor_wide_ars5(Form form, const uint32_t* key, uint64_t low, uint64_t high, ptrdiff_t i,
+                                         ptrdiff_t n, const Target& target) {
+  return runs<Ars5Run>(form, key, low, high, i, n, target);
+}
+extern "C" int orvik_qor_wide_mt19937(Form form, uint32_t* x, int k, int count, const void* state, const Target& target,
+                                      ptrdiff_t i) {
+  return rows<Mt19937Parameters>(form, x, k, count, state, target, i);
+}
+extern "C" int orvik_qor_wide_mt2203(Form form, uint32_t* x, int k, int count, const void* state, const Target& target,
+                                     ptrdiff_t i) {
+  return rows<Mt2203Parameters>(form, x, k, count, state, target, i);
+}
+extern "C" ptrdiff_t orvik_qor_wide_mrg32k3a(Form form, Mrg32k3aState& state, ptrdiff_t i, ptrdiff_t n,
+                                             const Target& target) {
+  switch (form) {
+    case Form::raw:
+      return MrgBlocks::deliver(state, i, n, RawSink(target));
+    case Form::floats:
+      return MrgBlocks::deliver(state, i, n, MrgFloats(target));
+    case Form::doubles:
+      return MrgBlocks::deliver(state, i, n, MrgDoubles(target));
+    default:
+      return i;
+  }
+}
+
+}  // namespace orvik::qor

@@ -1,0 +1,77 @@
+// Registers of 512 bits, where the processor has them and they are built in, make the numbers of the narrow ones;
+// elsewhere there is one width and the streams are the same.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+#include "qor/support/stream.h"
+#include "serv/registers.h"
+
+namespace {
+
+using orvik::testing::Generator;
+using orvik::testing::Stream;
+using namespace orvik;
+
+class WidthsTest : public ::testing::TestWithParam<Generator> {};
+
+// With narrow registers alone while it lives.
+class Narrow {
+ public:
+  Narrow() { serv::wide_registers = serv::wide_aes = false; }
+  ~Narrow() { serv::wide_registers = wide_, serv::wide_aes = aes_; }
+
+ private:
+  const bool wide_ = serv::wide_registers, aes_ = serv::wide_aes;
+};
+
+template <class T>
+void append(std::vector<uint8_t>& bytes, const std::vector<T>& x) {
+  const size_t at = bytes.size();
+  bytes.resize(at + x.size() * sizeof(T));
+  if (!x.empty()) std::memcpy(bytes.data() + at, x.data(), x.size() * sizeof(T));
+}
+
+// All forms one after the other, the quicker doubles among them, and what follows.
+std::vector<uint8_t> numbers(const Stream& s, int32_t before, int32_t n) {
+  std::vector<uint8_t> bytes;
+  append(bytes, s.outputs(before));
+  append(bytes, s.outputs(n));
+  append(bytes, s.floats(n, -0.75f, 1.5f));
+  append(bytes, s.doubles(n, -0.75, 1.5));
+  append(bytes, s.doubles(n));
+  append(bytes, s.outputs(700));
+  return bytes;
+}
+
+TEST_P(WidthsTest, RegistersOfBothWidthsGiveTheSameNumbers) {
+  for (const int32_t before : {0, 1, 7, 100}) {
+    for (const int32_t n : {1, 64, 100, 127, 128, 129, 191, 255, 256, 624, 1000, 1872, 2048, 4099, 12345}) {
+      const Stream a(GetParam().brng, GetParam().seeds), b(GetParam().brng, GetParam().seeds);
+      const std::vector<uint8_t> got = numbers(a, before, n);
+      const Narrow narrow;
+      ASSERT_EQ(got, numbers(b, before, n)) << before << " + " << n;
+    }
+  }
+}
+INSTANTIATE_TEST_SUITE_P(Brng, WidthsTest, ::testing::ValuesIn(orvik::testing::seeded_generators()),
+                         orvik::testing::name_of);
+
+// Where the low half of a counter comes to its end no wide run may begin.
+TEST(Widths, CountersThatCarryGiveTheSameNumbers) {
+  for (const int32_t brng : {ORVIK_BRNG_PHILOX4X32X10, ORVIK_BRNG_ARS5}) {
+    std::vector<uint32_t> seeds(brng == ORVIK_BRNG_ARS5 ? 4 : 2, 11);
+    for (const uint32_t high : {0u, 0xFFFFFFFEu, 0xFFFFFFFFu}) {
+      std::vector<uint32_t> all = seeds;
+      all.insert(all.end(), {0xFFFFFFE0, high, 0xFFFFFFFF, 1});
+      const Stream a(brng, all), b(brng, all);
+      const std::vector<uint8_t> got = numbers(a, 3, 1000);
+      const Narrow narrow;
+      EXPECT_EQ(got, numbers(b, 3, 1000)) << brng << ' ' << high;
+    }
+  }
+}
+
+}  // namespace

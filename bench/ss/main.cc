@@ -24,17 +24,10 @@ int main(int argc, char** argv) {
   const struct {
     const char* name;
     void (*run)();
-  } parts[] = {{"moments", moments},
-               {"covariance", covariance},
-               {"sorting", sorting},
-               {"robust", robust},
-               {"threads", two_threads},
-               {"robust_threads", robust_threads},
-               {"stream", stream},
-               {"quartiles", quartiles},
-               {"short", short_data},
-               {"shapes", all_shapes},
-               {"cliffs", all_cliffs}};
+  } parts[] = {{"moments", moments},   {"covariance", covariance}, {"sorting", sorting},
+               {"robust", robust},     {"threads", two_threads},   {"robust_threads", robust_threads},
+               {"stream", stream},     {"quartiles", quartiles},   {"short", short_data},
+               {"shapes", all_shapes}, {"cliffs", all_cliffs}};
   printf("| what | orvik, ns | peer | peer, ns | peer / orvik |\n|---|---|---|---|---|\n");
   for (const auto& part : parts) {
     bool wanted = argc == 1;

@@ -64,26 +64,31 @@ void moments() {
       compare("minimum, maximum" + shape, kCount,
               {{"", [&] { _qordSSMinmax(task.get(), ORVIK_SS_MINIMUM | ORVIK_SS_MAXIMUM, 1); }},
                {"reading memory", [&] { read(x); }}});
-      compare("four moments, fast" + shape, kCount,
-              {{"", [&] { task.basic(kFour, 1); }},
+      compare(
+          "four moments, fast" + shape, kCount,
+          {
+              {"", [&] { task.basic(kFour, 1); }},
 #ifdef ORVIK_HAVE_BOOST
-               {"Boost accumulators", [&] { boost_moments<acc::tag::mean, acc::tag::variance, acc::tag::skewness, acc::tag::kurtosis>(x); }},
+              {"Boost accumulators",
+               [&] { boost_moments<acc::tag::mean, acc::tag::variance, acc::tag::skewness, acc::tag::kurtosis>(x); }},
 #endif
 #ifdef ORVIK_HAVE_GSL
-               {"GSL", [&] {
-                  const double m = gsl_stats_mean(x.data(), 1, x.size()), sd = gsl_stats_sd_m(x.data(), 1, x.size(), m);
-                  sink = gsl_stats_skew_m_sd(x.data(), 1, x.size(), m, sd) +
-                         gsl_stats_kurtosis_m_sd(x.data(), 1, x.size(), m, sd);
-                }},
+              {"GSL",
+               [&] {
+                 const double m = gsl_stats_mean(x.data(), 1, x.size()), sd = gsl_stats_sd_m(x.data(), 1, x.size(), m);
+                 sink = gsl_stats_skew_m_sd(x.data(), 1, x.size(), m, sd) +
+                        gsl_stats_kurtosis_m_sd(x.data(), 1, x.size(), m, sd);
+               }},
 #endif
-              },
-              5);
+          },
+          5);
 #ifdef ORVIK_HAVE_BOOST
-      compare("mean, variance, one pass" + shape, kCount,
-              {{"", [&] { task.basic(kVariance, 2); }},
-               {"Boost accumulators, variance", [&] { boost_moments<acc::tag::mean, acc::tag::variance>(x); }},
-               {"Boost accumulators, lazy variance", [&] { boost_moments<acc::tag::mean, acc::tag::lazy_variance>(x); }}},
-              9);
+      compare(
+          "mean, variance, one pass" + shape, kCount,
+          {{"", [&] { task.basic(kVariance, 2); }},
+           {"Boost accumulators, variance", [&] { boost_moments<acc::tag::mean, acc::tag::variance>(x); }},
+           {"Boost accumulators, lazy variance", [&] { boost_moments<acc::tag::mean, acc::tag::lazy_variance>(x); }}},
+          9);
       for (const auto& [method, name] : {std::pair<uint64_t, const char*>{1, ", fast"}, {2, ", one pass"}}) {
         compare(std::string("weighted mean, variance") + name + shape, kCount,
                 {{"", [&, method = method] { weighted.basic(kVariance, method); }},
@@ -92,7 +97,8 @@ void moments() {
       }
       compare("four moments, one pass" + shape, kCount,
               {{"", [&] { task.basic(kFour, 2); }},
-               {"Boost accumulators", [&] { boost_moments<acc::tag::mean, acc::tag::variance, acc::tag::skewness, acc::tag::kurtosis>(x); }}},
+               {"Boost accumulators",
+                [&] { boost_moments<acc::tag::mean, acc::tag::variance, acc::tag::skewness, acc::tag::kurtosis>(x); }}},
               9);
 #endif
     }

@@ -10,8 +10,6 @@
 namespace orvik::bench {
 namespace {
 
-
-
 // Reads the values from `begin` to `end` and keeps what the compiler cannot drop.
 void read(const double* begin, const double* end) {
   __m256d s[8] = {};
@@ -43,7 +41,8 @@ void two_threads() {
     const std::function<void(int32_t)> part = [&](int32_t k) { read(parts[k], parts[k + 1]); };
     if (t == nullptr) return read(begin, end);
     auto* context = const_cast<std::function<void(int32_t)>*>(&part);
-    t->run(2, context, [](int32_t k, int32_t, int32_t, void* c) { (*static_cast<std::function<void(int32_t)>*>(c))(k); });
+    t->run(2, context,
+           [](int32_t k, int32_t, int32_t, void* c) { (*static_cast<std::function<void(int32_t)>*>(c))(k); });
   });
   pair("two threads: mean, variance, fast", [&](const OrvikThreading* t) { task.basic(kVariance, 1, t); });
   pair("two threads: four moments, one pass", [&](const OrvikThreading* t) { task.basic(kFour, 2, t); });

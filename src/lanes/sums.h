@@ -16,8 +16,8 @@ inline float horizontal_sum(F32 a) {
   return _mm_cvtss_f32(_mm_add_ss(two, _mm_movehdup_ps(two)));
 }
 
-// Four elements as doubles: of single precision they are widened on their way from memory, which spares the shuffle that
-// widening half a register takes.
+// Four elements as doubles: of single precision they are widened on their way from memory, which spares the shuffle
+// that widening half a register takes.
 inline F64 load_wide(const double* p) { return _mm256_loadu_pd(p); }
 inline F64 load_wide(const float* p) { return _mm256_cvtps_pd(_mm_loadu_ps(p)); }
 

@@ -81,9 +81,8 @@ int32_t run_many(const Task& task, const Data<T>& d, const Plan& plan, const Sha
   for (int32_t k = 0; k < shares.sets; ++k) parts[k].shift = shift;
   seed(task, d, plan, old, old_mean, &first);
   const int32_t status =
-      run_chunks(shares, d.p, plan, threading, parts, [&](int32_t, int64_t i, int64_t end, Accumulators<T>* acc) {
-        run_pass(d, plan, i, end, acc);
-      });
+      run_chunks(shares, d.p, plan, threading, parts,
+                 [&](int32_t, int64_t i, int64_t end, Accumulators<T>* acc) { run_pass(d, plan, i, end, acc); });
   if (status != kDone) return status;
   if (first.mean != nullptr) center_matrix(task, d, old, first);
   finish(task, d, plan, old, old_mean, first);

@@ -1,4 +1,5 @@
-// Before and after the pass of a call for moments: the point of its deviations, what the run before has left, the results.
+// Before and after the pass of a call for moments: the point of its deviations, what the run before has left, the
+// results.
 #pragma once
 
 #include "qor/ss/finish.h"
@@ -23,7 +24,7 @@ inline void find_point(const Task& task, const Data<T>& d, const Weights& old, T
 // The accumulators take over what the run before has left.
 template <class T, class S>
 inline void seed(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const T* old_mean,
-          Accumulators<T, S>* acc) {
+                 Accumulators<T, S>* acc) {
   acc->weights = old;
   if (plan.method == Method::OnePass && old.sum != 0) seed_one_pass(task, d, plan, old, acc);
   if constexpr (!S::kOne) {
@@ -40,7 +41,7 @@ inline void seed(const Task& task, const Data<T>& d, const Plan& plan, const Wei
 
 template <class T, class S>
 inline void finish(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const T* old_mean,
-            const Accumulators<T, S>& acc) {
+                   const Accumulators<T, S>& acc) {
   if (S::kStates || plan.method == Method::OnePass) return finish_one_pass(task, d, plan, old, acc);
   if constexpr (!S::kStates) {
     plan.method == Method::Fast ? finish_fast(task, d, plan, old, acc)

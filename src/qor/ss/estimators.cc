@@ -131,7 +131,8 @@ int32_t scatter(const Observations<T>& o, const OrvikThreading* threading, T* me
   const Shares shares(p, o.n, true, threading);
   const int64_t block = o.index == nullptr ? 0 : std::clamp<int64_t>(65536 / p, 256, std::max<int64_t>(o.n, 256));
   Workspace<T> work;
-  const serv::Block<T> copies(static_cast<uint64_t>(std::max<int64_t>(std::max(shares.sets - 1, 1) * block * (p + 1), 1)));
+  const serv::Block<T> copies(
+      static_cast<uint64_t>(std::max<int64_t>(std::max(shares.sets - 1, 1) * block * (p + 1), 1)));
   const serv::Block<Accumulators<T>> parts(static_cast<uint64_t>(shares.sets));
   if (!work.allocate(p, o.weights != nullptr, plan, shares, true) || !copies || !parts) return kNoMemory;
   T* const point = work.template row<T>();

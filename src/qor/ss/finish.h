@@ -1,4 +1,5 @@
-// From what a pass has accumulated, or from what the task holds, to the caller's results. For what depends on the method of the pass: finish_fast.h, finish_one_pass.h, finish_user_mean.h.
+// From what a pass has accumulated, or from what the task holds, to the caller's results. For what depends on the
+// method of the pass: finish_fast.h, finish_one_pass.h, finish_user_mean.h.
 #pragma once
 
 #include "qor/ss/pass.h"

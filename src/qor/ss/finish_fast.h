@@ -7,7 +7,8 @@
 namespace orvik::ss {
 
 template <class T, class S>
-inline void finish_fast(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const Accumulators<T, S>& acc) {
+inline void finish_fast(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
+                        const Accumulators<T, S>& acc) {
   const Results<T> rows(task, plan);
   const Weights& total = acc.weights;
   const double factor = unbiased(total), pass = total.sum - old.sum;
@@ -29,9 +30,7 @@ inline void finish_fast(const Task& task, const Data<T>& d, const Plan& plan, co
     }
     // One observation does not deviate from its mean; a mean that is no number still spreads.
     for (int k = 2; k <= order; ++k) {
-      sums[k] = total.sum == 0            ? 0.0
-                : total.observations <= 1 ? mean - mean
-                                          : central_from_raw(k, mean, r) * total.sum;
+      sums[k] = total.sum == 0 ? 0.0 : total.observations <= 1 ? mean - mean : central_from_raw(k, mean, r) * total.sum;
     }
     rows.set(kMean, j, mean);
     rows.put(j, order, mean, factor, s, r, sums, total.sum);

@@ -107,10 +107,10 @@ void finish_matrix(const Task& task, const Data<T>& d, const Plan& plan, const W
   }
 }
 
-#define ORVIK_INSTANTIATE(T)                                                               \
-  template T* matrix_in_place(const Task&, const Data<T>&, const Plan&);                   \
+#define ORVIK_INSTANTIATE(T)                                                                        \
+  template T* matrix_in_place(const Task&, const Data<T>&, const Plan&);                            \
   template void center_matrix(const Task&, const Data<T>&, const Weights&, const Accumulators<T>&); \
-  template void seed_matrix(const Task&, const Data<T>&, const Plan&, const Weights&, T*); \
+  template void seed_matrix(const Task&, const Data<T>&, const Plan&, const Weights&, T*);          \
   template void finish_matrix(const Task&, const Data<T>&, const Plan&, const Weights&, T*, T*);
 ORVIK_INSTANTIATE(float)
 ORVIK_INSTANTIATE(double)

@@ -1,4 +1,5 @@
-// Results of the one-pass method, and what they are between the blocks of a run. Where all weights are zero, sums are zero and moments no numbers.
+// Results of the one-pass method, and what they are between the blocks of a run. Where all weights are zero, sums are
+// zero and moments no numbers.
 #pragma once
 
 #include <algorithm>
@@ -29,7 +30,8 @@ inline Home home_of(const Task& task, const Plan& plan, int k) {
 
 // The running results of a task with `old` weights as accumulators.
 template <class T, class S>
-inline void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, Accumulators<T, S>* acc) {
+inline void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
+                          Accumulators<T, S>* acc) {
   const int order = plan.central;
   if (order == 0) return;
   const Results<T> rows(task, plan);
@@ -62,14 +64,15 @@ inline void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, 
 
 template <class T, class S>
 inline void finish_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
-                     const Accumulators<T, S>& acc) {
+                            const Accumulators<T, S>& acc) {
   const Results<T> rows(task, plan);
   const Weights& total = acc.weights;
   const double factor = unbiased(total);
   const int power = S::power(plan), central = S::central(plan);
   T* unasked[5] = {};
   for (int k = 2; k <= plan.central; ++k) {
-    if (one_pass::home_of(task, plan, k) == one_pass::Home::Unasked) unasked[k] = real<T>(one_pass::central_sum_field(task, k));
+    if (one_pass::home_of(task, plan, k) == one_pass::Home::Unasked)
+      unasked[k] = real<T>(one_pass::central_sum_field(task, k));
   }
   for (int64_t j = 0; j < d.p; ++j) {
     if (!d.selected(j)) continue;

@@ -21,7 +21,7 @@ inline double rebase(int k, double weight, double delta, const double* c) {
 // `old_mean` is the user's mean of the block before, null if there is none.
 template <class T, class S>
 inline void finish_user_mean(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
-                      const Accumulators<T, S>& acc, const T* old_mean) {
+                             const Accumulators<T, S>& acc, const T* old_mean) {
   const Results<T> rows(task, plan);
   const Weights& total = acc.weights;
   const bool running = old.sum != 0;

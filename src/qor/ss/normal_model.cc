@@ -74,8 +74,8 @@ void predict(int64_t p, const Pattern& pattern, const Normal& theta, int64_t m, 
 
 namespace {
 
-// Patterns with as many rows as variables, or more: their sums of present values, taken once, say all that an expectation needs of the
-// rows.
+// Patterns with as many rows as variables, or more: their sums of present values, taken once, say all that an
+// expectation needs of the rows.
 class PresentSums {
  public:
   static bool holds(int64_t p, const Pattern& pattern) { return pattern.present > 0 && pattern.rows >= p; }
@@ -116,9 +116,9 @@ class PresentSums {
   serv::Block<double> memory_;
 };
 
-// Adds the expected sums of a pattern's rows to s->sums, from those of the present values: with x = a + B' y of the missing given the
-// present values y, and s and S the sums of y and y y', those of x are n a + B' s, of y x' s a' + S B, of x x'
-// n a a' + a (B' s)' + (B' s) a' + B' S B.
+// Adds the expected sums of a pattern's rows to s->sums, from those of the present values: with x = a + B' y of the
+// missing given the present values y, and s and S the sums of y and y y', those of x are n a + B' s, of y x' s a' + S
+// B, of x x' n a a' + a (B' s)' + (B' s) a' + B' S B.
 void add_expected(int64_t p, const Pattern& pattern, const Normal& theta, const double* present, ModelScratch* s) {
   const int64_t q = pattern.present, r = p - q;
   const auto known = order_of(q), lacking = order_of(r);

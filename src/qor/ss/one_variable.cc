@@ -8,7 +8,7 @@ namespace {
 // Each kind is a function without calls but for those of sums, from the accumulators to the results.
 template <class S, class T>
 [[gnu::noinline, gnu::flatten]] Weights run(const Task& task, const Data<T>& data, const Plan& plan, const Weights& old,
-                              const T* user_mean, const T* old_mean) {
+                                            const T* user_mean, const T* old_mean) {
   Data<T> d = data;
   d.p = 1;
   d.contiguous_variables = true;
@@ -51,7 +51,7 @@ Weights run_one(const Task& task, const Data<T>& d, const Plan& plan, const Weig
   }
 }
 
-#define ORVIK_INSTANTIATE(T)                                                                                     \
+#define ORVIK_INSTANTIATE(T) \
   template Weights run_one(const Task&, const Data<T>&, const Plan&, const Weights&, const T*, const T*);
 ORVIK_INSTANTIATE(float)
 ORVIK_INSTANTIATE(double)

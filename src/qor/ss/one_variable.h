@@ -6,8 +6,8 @@
 
 namespace orvik::ss {
 
-// The plan has an order above 0 and no matrix. `user_mean` and `old_mean` are the user's means of this block and of the one
-// before, null if there are none. Returns the sums of weights.
+// The plan has an order above 0 and no matrix. `user_mean` and `old_mean` are the user's means of this block and of the
+// one before, null if there are none. Returns the sums of weights.
 template <class T>
 Weights run_one(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const T* user_mean,
                 const T* old_mean);

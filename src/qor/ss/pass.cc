@@ -35,9 +35,9 @@ void merge(int64_t p, const Plan& plan, Accumulators<T>* into, const Accumulator
   into->weights.add(from.weights);
 }
 
-#define ORVIK_INSTANTIATE(T)                                                                \
-  template void run_pass(const Data<T>&, const Plan&, int64_t, int64_t, Accumulators<T>*);  \
-  template void clear(int64_t, const Plan&, Accumulators<T>*);                              \
+#define ORVIK_INSTANTIATE(T)                                                               \
+  template void run_pass(const Data<T>&, const Plan&, int64_t, int64_t, Accumulators<T>*); \
+  template void clear(int64_t, const Plan&, Accumulators<T>*);                             \
   template void merge(int64_t, const Plan&, Accumulators<T>*, const Accumulators<T>&);
 ORVIK_INSTANTIATE(float)
 ORVIK_INSTANTIATE(double)

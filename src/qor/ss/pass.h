@@ -2,10 +2,10 @@
 //
 // All methods add sums of powers of deviations from a point of each variable, block by block. The fast method takes
 // deviations from zero (with a matrix from the mean so far or the first observation, so that a variable that does not
-// vary has zeros all along), the user mean method from the user's mean. The one-pass method takes them from the running mean, makes a state
-// of each block and joins it to the running one (means as distances from a point of the call, so that one far from zero
-// keeps its digits): what a block has less than half of the weight for costs no digits. A
-// block that weighs more than all before it is about its own mean, which a sweep of its own finds.
+// vary has zeros all along), the user mean method from the user's mean. The one-pass method takes them from the running
+// mean, makes a state of each block and joins it to the running one (means as distances from a point of the call, so
+// that one far from zero keeps its digits): what a block has less than half of the weight for costs no digits. A block
+// that weighs more than all before it is about its own mean, which a sweep of its own finds.
 #pragma once
 
 #include <algorithm>
@@ -33,8 +33,8 @@ struct Many {
   static int power(const Plan& plan) { return plan.power; }
   static int central(const Plan& plan) { return plan.central; }
 };
-// One: a single variable without a matrix. Its rows are in place and its order is a constant, so that a call over few values
-// is not all preparations; what a lower order would have done for power or central sums is done to this one.
+// One: a single variable without a matrix. Its rows are in place and its order is a constant, so that a call over few
+// values is not all preparations; what a lower order would have done for power or central sums is done to this one.
 template <int K, bool States>
 struct One {
   static constexpr bool kOne = true;
@@ -58,12 +58,13 @@ struct NoMatrix {};
 // What a chunk accumulates: rows of p values, as many as the plan needs; the others mean nothing.
 template <class T, class S = Many>
 struct Accumulators : std::conditional_t<S::kOne, NoMatrix, MatrixPart<T>> {
-  Weights weights;                             // with the seed in the first ones
-  typename S::template Row<double> power[4];   // sums of powers, never seeded: about `shift`, or about zero by one pass
-  typename S::template Row<double> central[4]; // one pass: running mean, as its distance from `shift`, and central sums
-  typename S::template Row<double> block[4];   // one pass: the same of a block
-  const T* shift = nullptr;                    // the point of the call; null is zero
-  typename S::template Row<T> pivot;           // one pass: the point of a block
+  Weights weights;                            // with the seed in the first ones
+  typename S::template Row<double> power[4];  // sums of powers, never seeded: about `shift`, or about zero by one pass
+  typename S::template Row<double>
+      central[4];                             // one pass: running mean, as its distance from `shift`, and central sums
+  typename S::template Row<double> block[4];  // one pass: the same of a block
+  const T* shift = nullptr;                   // the point of the call; null is zero
+  typename S::template Row<T> pivot;          // one pass: the point of a block
 };
 
 // A point that deviations can be taken from.
@@ -149,7 +150,7 @@ inline int64_t first_with_weight(const Data<T>& d, int64_t i) {
 // where all the rest lies far from it.
 template <class T, class S>
 inline void find_pivot(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, double weight, bool mean,
-                Accumulators<T, S>* acc) {
+                       Accumulators<T, S>* acc) {
   constexpr int64_t kBeginning = 64;
   constexpr double kPart = 1.0 / 16;
   const T* x = d.x + first_with_weight(d, i0) * d.observation_step();
@@ -187,8 +188,8 @@ inline void to_states(const Plan& plan, int64_t j0, int64_t j1, double weight, A
 
 // A block of the one-pass method.
 template <class T, class S>
-inline void add_block(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const Weights& w,
-               Accumulators<T, S>* acc) {
+inline void add_block(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1, int64_t j0, int64_t j1,
+                      const Weights& w, Accumulators<T, S>* acc) {
   const int order = std::max(S::power(plan), S::central(plan));
   const double before = acc->weights.sum;
   // The mean of all before, where it is the better half of the new one.

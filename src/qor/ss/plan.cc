@@ -41,14 +41,26 @@ constexpr Row kRows[] = {
 };
 
 // Statuses at compute time of results without a field; that of `sum` is its own here.
-constexpr int32_t kMissing[] = {
-    missing_field::mean,           missing_field::rawMoment2,     missing_field::rawMoment3,
-    missing_field::rawMoment4,     missing_field::centralMoment2, missing_field::centralMoment3,
-    missing_field::centralMoment4, missing_field::covariance,     missing_field::correlation,
-    missing_field::kurtosis,       missing_field::skewness,       missing_field::variation,
-    kNoSum,                        missing_field::rawSum2,        missing_field::rawSum3,
-    missing_field::rawSum4,        missing_field::centralSum2,    missing_field::centralSum3,
-    missing_field::centralSum4,    missing_field::crossProduct};
+constexpr int32_t kMissing[] = {missing_field::mean,
+                                missing_field::rawMoment2,
+                                missing_field::rawMoment3,
+                                missing_field::rawMoment4,
+                                missing_field::centralMoment2,
+                                missing_field::centralMoment3,
+                                missing_field::centralMoment4,
+                                missing_field::covariance,
+                                missing_field::correlation,
+                                missing_field::kurtosis,
+                                missing_field::skewness,
+                                missing_field::variation,
+                                kNoSum,
+                                missing_field::rawSum2,
+                                missing_field::rawSum3,
+                                missing_field::rawSum4,
+                                missing_field::centralSum2,
+                                missing_field::centralSum3,
+                                missing_field::centralSum4,
+                                missing_field::crossProduct};
 static_assert(std::size(kMissing) == std::size(kOutputs));
 
 bool find_method(uint64_t word, Method* method) {
@@ -107,7 +119,8 @@ int32_t check_data(const Task& task) {
 }
 
 int32_t check_sums(const Task& task) {
-  return task.accumulatedWeights == nullptr && task.observationCount == nullptr ? missing_field::accumulatedWeights : kDone;
+  return task.accumulatedWeights == nullptr && task.observationCount == nullptr ? missing_field::accumulatedWeights
+                                                                                : kDone;
 }
 
 int32_t check_matrix_storages(const Task& task, const Plan& plan) {

@@ -29,8 +29,8 @@ class Results {
     }
   }
 
-  // All rows of a variable but the mean, up to an order: plain sums, raw moments, central sums, and the averages c[k] of
-  // powers of deviations from the mean.
+  // All rows of a variable but the mean, up to an order: plain sums, raw moments, central sums, and the averages c[k]
+  // of powers of deviations from the mean.
   void put(int64_t j, int order, double mean, double factor, const double* s, const double* r, const double* sums,
            double weight) const {
     set(kSum, j, s[1]);

@@ -95,8 +95,8 @@ class Start {
       const T *xs = sample(i), *ys = sample(j);
       const auto scale = [&](auto&& combine) {
         return static_cast<double>(sampled_deviation(
-            n, [=](int64_t k) { return combine(x[k], y[k]); }, [=](int64_t k) { return combine(xs[k], ys[k]); }, scratch,
-            static_cast<T*>(nullptr)));
+            n, [=](int64_t k) { return combine(x[k], y[k]); }, [=](int64_t k) { return combine(xs[k], ys[k]); },
+            scratch, static_cast<T*>(nullptr)));
       };
       const double sum = scale([](T a, T b) { return a + b; });
       const double difference = scale([](T a, T b) { return a - b; });

@@ -53,8 +53,8 @@ struct Bracket {
 
 inline constexpr int64_t kSample = 2048;
 
-// Whether n values are so many that a sample is taken, and where its k-th value is: every so many-th, in steps that no small
-// period shares.
+// Whether n values are so many that a sample is taken, and where its k-th value is: every so many-th, in steps that no
+// small period shares.
 inline bool is_sampled(int64_t n) { return n >= 4 * kSample; }
 inline int64_t place_in_sample(int64_t n, int64_t k) {
   const int64_t step = (n / kSample) | 1, i = k * step;

@@ -26,9 +26,9 @@ inline __attribute__((always_inline)) void add_powers(V d, V w, V (&s)[K]) {
   }
 }
 
-// step(i, r) for whole steps of kEach vectors from place i on in stream r of kCount; then vector(i, r) for the whole vectors
-// that are left, then part(i, lanes) for the rest. The streams are equal parts of the values: memory is read faster in several
-// places at once, as the hardware foresees each.
+// step(i, r) for whole steps of kEach vectors from place i on in stream r of kCount; then vector(i, r) for the whole
+// vectors that are left, then part(i, lanes) for the rest. The streams are equal parts of the values: memory is read
+// faster in several places at once, as the hardware foresees each.
 template <class V, int kCount, int kEach, class Step, class Vector, class Part>
 inline __attribute__((always_inline)) void for_streams(int64_t n, Step&& step, Vector&& vector, Part&& part) {
   constexpr int64_t kStep = kEach * kWidth<V>;
@@ -38,15 +38,15 @@ inline __attribute__((always_inline)) void for_streams(int64_t n, Step&& step, V
   }
   int64_t i = kCount * apart;
   unroll<kCount * kEach - 1>([&](auto r) __attribute__((always_inline)) {
-    if (i + kWidth<V> > n) return;
+    if (i + kWidth < V >> n) return;
     vector(i, r);
     i += kWidth<V>;
   });
   if (i < n) part(i, n - i);
 }
 
-// Paired: deviations of two values at once from twice the point, which takes fewer operations. Equal values still have none,
-// rounding of a pair is that of a result, but its sum may overflow.
+// Paired: deviations of two values at once from twice the point, which takes fewer operations. Equal values still have
+// none, rounding of a pair is that of a result, but its sum may overflow.
 template <int K, bool Weighted, bool Shifted, bool Paired, class T>
 [[gnu::noinline]] void add_segment(int64_t n, const T* x, const T* w, T shift, double (&sums)[K]) {
   static_assert(!Paired || (K == 1 && Shifted && !Weighted));
@@ -75,8 +75,7 @@ template <int K, bool Weighted, bool Shifted, bool Paired, class T>
     }
   };
   for_streams<V, kCount, kEach>(
-      n, step, vector,
-      [&](int64_t i, int64_t lanes) __attribute__((always_inline)) {
+      n, step, vector, [&](int64_t i, int64_t lanes) __attribute__((always_inline)) {
         const auto mask = first_lanes<V>(lanes);
         V d = load(x + i, mask);
         if constexpr (Shifted) d = keep(mask, d - u);

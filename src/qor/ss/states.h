@@ -30,8 +30,8 @@ inline void join_states(int64_t count, double a, double b, Rows& into, const Row
       if constexpr (K >= 3) {
         const double a3 = into[2][j], b3 = from[2][j];
         if constexpr (K >= 4) {
-          into[3][j] += from[3][j] + 4 * d * (pa * b3 - pb * a3) + 6 * d2 * (pa * pa * b2 + pb * pb * a2) +
-                        fourth * d2 * d2;
+          into[3][j] +=
+              from[3][j] + 4 * d * (pa * b3 - pb * a3) + 6 * d2 * (pa * pa * b2 + pb * pb * a2) + fourth * d2 * d2;
         }
         into[2][j] = a3 + b3 + 3 * d * (pa * b2 - pb * a2) + cube * d2 * d;
       }

@@ -38,20 +38,21 @@ class RowSums {
     if constexpr (Weighted) {
       for (int s = 0; s < N; ++s) one[s] = V(weights_[i + s * apart]);
     }
-    for_vectors<V>(length, [&](int64_t j, auto vector) __attribute__((always_inline)) {
-      V s[K];
-      unroll<K>([&](auto k) __attribute__((always_inline)) { s[k] = load<V>(sums_ + k * kStep + j); });
-      V u = V(T(0));
-      if constexpr (Shifted) u = load<V>(shift_ + j);
-      unroll<N>([&](auto stream) __attribute__((always_inline)) {
-        V d = vector.load(x + stream * apart * p + j);
-        if constexpr (Shifted) d = drop_behind(vector, d - u);
-        V w = u;
-        if constexpr (Weighted) w = spread ? load<V>(spread_[stream] + j) : one[stream];
-        add_powers<K, Weighted>(d, w, s);
-      });
-      unroll<K>([&](auto k) __attribute__((always_inline)) { store(sums_ + k * kStep + j, s[k]); });
-    });
+    for_vectors<V>(
+        length, [&](int64_t j, auto vector) __attribute__((always_inline)) {
+          V s[K];
+          unroll<K>([&](auto k) __attribute__((always_inline)) { s[k] = load<V>(sums_ + k * kStep + j); });
+          V u = V(T(0));
+          if constexpr (Shifted) u = load<V>(shift_ + j);
+          unroll<N>([&](auto stream) __attribute__((always_inline)) {
+            V d = vector.load(x + stream * apart * p + j);
+            if constexpr (Shifted) d = drop_behind(vector, d - u);
+            V w = u;
+            if constexpr (Weighted) w = spread ? load<V>(spread_[stream] + j) : one[stream];
+            add_powers<K, Weighted>(d, w, s);
+          });
+          unroll<K>([&](auto k) __attribute__((always_inline)) { store(sums_ + k * kStep + j, s[k]); });
+        });
   }
 
   void put(int64_t length, int64_t width, int64_t first, double* const sums[4]) const {
@@ -91,9 +92,10 @@ template <class T, int K, bool Weighted, bool Shifted>
     const int64_t width = std::min(Rows::kPlaces, j1 - first);
     const int64_t length = fold.observations > 1 ? fold.length : width;
     Rows rows(d.weights, Shifted ? shift + first : nullptr, width, length);
-    for_rows(d, i0, i1, first, width, fold,
-             [&](auto streams, int64_t size, const T* x, int64_t apart, int64_t i, int64_t observations)
-                 __attribute__((always_inline)) { rows.add(streams, size, x, d.p, apart, i, observations); });
+    for_rows(
+        d, i0, i1, first, width, fold,
+        [&](auto streams, int64_t size, const T* x, int64_t apart, int64_t i, int64_t observations)
+            __attribute__((always_inline)) { rows.add(streams, size, x, d.p, apart, i, observations); });
     rows.put(length, width, first, sums);
   }
 }
@@ -129,8 +131,7 @@ void add_weights(const T* w, int64_t m, double* sum, double* squares) {
   };
   const auto vector = [&](int64_t i, auto r) __attribute__((always_inline)) { take(load<V>(w + i), r); };
   for_streams<V, kCount, 1>(
-      m, vector, vector,
-      [&](int64_t i, int64_t lanes) __attribute__((always_inline)) {
+      m, vector, vector, [&](int64_t i, int64_t lanes) __attribute__((always_inline)) {
         take(load(w + i, first_lanes<V>(lanes)), kCount - 1);
       });
   *sum += static_cast<double>(horizontal_sum((s[0] + s[1]) + (s[2] + s[3])));
@@ -180,8 +181,8 @@ void add_power_sums(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_
   }
 }
 
-#define ORVIK_INSTANTIATE(T)                                                                                 \
-  template Weights weigh(const T*, int64_t);                                                                 \
+#define ORVIK_INSTANTIATE(T)                 \
+  template Weights weigh(const T*, int64_t); \
   template void add_power_sums(const Data<T>&, int64_t, int64_t, int64_t, int64_t, int, const T*, double* const[4]);
 ORVIK_INSTANTIATE(float)
 ORVIK_INSTANTIATE(double)

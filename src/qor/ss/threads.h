@@ -53,8 +53,8 @@ struct Chunks {
 
   int64_t first(int32_t chunk) const { return n / count * chunk + n % count * chunk / count; }
 
-  // body(chunk, first, end) for all of them, for bodies of a few steps an item: below so many items a thread takes longer to
-  // wake than to work.
+  // body(chunk, first, end) for all of them, for bodies of a few steps an item: below so many items a thread takes
+  // longer to wake than to work.
   template <class Body>
   int32_t run(const OrvikThreading* table, Body&& body) const {
     constexpr int64_t kWorthAThread = 16384;
@@ -68,8 +68,9 @@ struct Chunks {
     });
   }
 
-  // body(place, first, end) for all of them, each by the thread that is free, and after it join(place), one at a time and in
-  // the order of the chunks; a place belongs to one thread. A chunk's turn comes, since those before it have been begun.
+  // body(place, first, end) for all of them, each by the thread that is free, and after it join(place), one at a time
+  // and in the order of the chunks; a place belongs to one thread. A chunk's turn comes, since those before it have
+  // been begun.
   template <class Body, class Join>
   int32_t run_in_order(const OrvikThreading* table, int32_t threads, Body&& body, Join&& join) const {
     std::atomic<int32_t> next{0}, places{0}, joined{0};

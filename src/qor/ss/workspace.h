@@ -12,12 +12,13 @@
 
 namespace orvik::ss {
 
-// How the observations of a pass are shared out: in chunks, which the data's shape alone decides, to threads. There may be more
-// threads than chunks, where observations are few.
+// How the observations of a pass are shared out: in chunks, which the data's shape alone decides, to threads. There may
+// be more threads than chunks, where observations are few.
 struct Shares {
   Chunks chunks;
   int32_t threads;
-  int32_t sets = 1;  // of accumulators: those of the chunks under way, and before these what joins all, if there are several
+  int32_t sets =
+      1;  // of accumulators: those of the chunks under way, and before these what joins all, if there are several
 
   // Enough work for each thread, the more with a matrix. A chunk has so many observations that joining what it gives
   // costs little beside them: a matrix has p values for each of its p rows.
@@ -33,8 +34,8 @@ struct Shares {
   explicit Shares(int64_t n) : chunks(n, 1), threads(1) {}
 };
 
-// The rows of all accumulators, their matrices and the scratch of the matrix kernel in one block; few values live on the
-// frame.
+// The rows of all accumulators, their matrices and the scratch of the matrix kernel in one block; few values live on
+// the frame.
 template <class T>
 class Workspace {
  public:
@@ -74,8 +75,8 @@ class Workspace {
   }
   T* matrix() { return take<T>(p_ * p_); }
 
-  // The first accumulators have the matrix `in_place`, if that is not null. They take the scratch of a thread where they are
-  // fed themselves.
+  // The first accumulators have the matrix `in_place`, if that is not null. They take the scratch of a thread where
+  // they are fed themselves.
   void share_out(const Plan& plan, const Shares& shares, T* in_place, Accumulators<T>* parts) {
     for (int32_t k = 0; k < shares.sets; ++k) fill(plan, new (parts + k) Accumulators<T>);
     if (!plan.matrix()) return;
@@ -128,8 +129,8 @@ class Workspace {
   bool weighted_ = false;
 };
 
-// Feeds all chunks, feed(place, first, end, accumulators) with the place among those under way, and joins them to the first
-// set.
+// Feeds all chunks, feed(place, first, end, accumulators) with the place among those under way, and joins them to the
+// first set.
 template <class T, class Feed>
 int32_t run_chunks(const Shares& shares, int64_t p, const Plan& plan, const OrvikThreading* threading,
                    Accumulators<T>* sets, Feed&& feed) {

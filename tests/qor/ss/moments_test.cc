@@ -216,7 +216,7 @@ TYPED_TEST(Moments, ByOnePassKeepTheDigitsOfUnevenData) {
   for (int kind = 0; kind < 4; ++kind) {
     const Sample<T> s(1, kN, [kind](int64_t i, int64_t) {
       const double noise = std::sin(static_cast<double>(i * i % 1009));
-      return kind == 0 ? (i < 100 ? 4000.0 : 0.0) + noise
+      return kind == 0   ? (i < 100 ? 4000.0 : 0.0) + noise
              : kind == 1 ? static_cast<double>(i) + noise
              : kind == 2 ? static_cast<double>(i / 1536) * 1000 + noise
                          : (i == 0 ? 30000.0 : 100.0 + noise);
@@ -296,8 +296,9 @@ TYPED_TEST(Moments, OfOneVariableHaveTheBitsThatTheyHaveAmongOthers) {
   for (int64_t n : {1, 2, 7, 100, 255, 257, 1000, 1536, 1537, 5000}) {
     const auto sample = random_sample<T>(2, n);
     for (uint64_t method : kMethods) {
-      for (const uint64_t estimates : {kAllEstimates, kMomentsOnly, uint64_t{ORVIK_SS_MEAN}, uint64_t{ORVIK_SS_RAW_SUM3},
-                                       ORVIK_SS_MEAN | ORVIK_SS_RAW_MOMENT4, uint64_t{ORVIK_SS_CENTRAL_SUM2}}) {
+      for (const uint64_t estimates :
+           {kAllEstimates, kMomentsOnly, uint64_t{ORVIK_SS_MEAN}, uint64_t{ORVIK_SS_RAW_SUM3},
+            ORVIK_SS_MEAN | ORVIK_SS_RAW_MOMENT4, uint64_t{ORVIK_SS_CENTRAL_SUM2}}) {
         for (bool weighted : {false, true}) {
           // Weights of several variables come in shorter blocks.
           if (weighted && n > 2048) continue;

@@ -233,9 +233,9 @@ struct Robust {
   }
 };
 
-// The translated biweight's weight and psi' as published (Rocke 1996), and what asymptotic theory makes of them for normal data
-// (Davies 1987, Lopuhaa 1989): the variance of location, and of the covariance of two variables s1 (V_ii V_jj + V_ij^2) + s2 V_ij^2.
-// Both are 1 and 0 for the classical estimates.
+// The translated biweight's weight and psi' as published (Rocke 1996), and what asymptotic theory makes of them for
+// normal data (Davies 1987, Lopuhaa 1989): the variance of location, and of the covariance of two variables s1 (V_ii
+// V_jj + V_ij^2) + s2 V_ij^2. Both are 1 and 0 for the classical estimates.
 double published_weight(const Biweight& b, double u) {
   if (u <= b.m) return 1;
   const double t = (u - b.m) / b.c;
@@ -273,8 +273,8 @@ TEST(RobustCovariance, AsymptoticsAreThoseOfTheLiterature) {
   EXPECT_NEAR(all.s2, 0, 1e-6);
 }
 
-// The estimate is that of the 61 good cases, widened: the 14 others, each of which has the largest loss, leave them less of the expected
-// mean loss. What it may differ by is what its efficiency leaves, three deviations of it.
+// The estimate is that of the 61 good cases, widened: the 14 others, each of which has the largest loss, leave them
+// less of the expected mean loss. What it may differ by is what its efficiency leaves, three deviations of it.
 TEST(RobustCovariance, OfHawkinsBraduAndKassIsThatOfTheGoodCases) {
   constexpr int kBad = 14, kAll = 75, kGood = kAll - kBad;
   Robust<double> r(3, kAll, 0x20000, kHawkinsBraduKass.data());
@@ -389,7 +389,8 @@ TEST(RobustCovariance, SimulatedContaminationMovesItLittle) {
   }
 }
 
-// The estimator's iteration in plain loops with the published weights, from the start that the library gives: the estimate in `at`.
+// The estimator's iteration in plain loops with the published weights, from the start that the library gives: the
+// estimate in `at`.
 class PlainIteration {
  public:
   PlainIteration(int64_t p, const std::vector<double>& x)
@@ -440,7 +441,8 @@ class PlainIteration {
   Biweight b_;
 };
 
-// So many outliers move the start too, and where the iteration ends depends on how far they lie: the plain one says where.
+// So many outliers move the start too, and where the iteration ends depends on how far they lie: the plain one says
+// where.
 TEST(RobustCovariance, ACloudOfFortyPercentIsJudgedAsThePlainIterationJudgesIt) {
   int left_out = 0, taken_in = 0;
   for (int64_t p : {2, 5, 10}) {

@@ -27,12 +27,11 @@ template <class T>
 }
 
 // All bodies on the calling thread, the last one first.
-const OrvikThreading kBackwards = {
-    [] { return int32_t{5}; },
-    [](int32_t count, void* context, void (*routine)(int32_t, int32_t, int32_t, void*)) {
-      for (int32_t k = count - 1; k >= 0; --k) routine(k, 0, count, context);
-      return int32_t{0};
-    }};
+const OrvikThreading kBackwards = {[] { return int32_t{5}; },
+                                   [](int32_t count, void* context, void (*routine)(int32_t, int32_t, int32_t, void*)) {
+                                     for (int32_t k = count - 1; k >= 0; --k) routine(k, 0, count, context);
+                                     return int32_t{0};
+                                   }};
 
 // run(task, threading) of a task over a sample; the arrays of `results` are given to the fields of `ids`.
 template <class T>
@@ -153,11 +152,13 @@ TYPED_TEST(ThreadIndependence, OfExtremes) {
 TYPED_TEST(ThreadIndependence, OfEstimatorsByVariable) {
   using T = TypeParam;
   Case<T> c{"by variable", kP, kN, true, {}, {}, {}, {}};
-  c.results = {{OrvikSS_quantiles, 2 * kP},         {OrvikSS_orderStatistics, kP * kN},
-               {OrvikSS_medianAbsDeviation, kP},    {OrvikSS_meanAbsDeviation, kP},
+  c.results = {{OrvikSS_quantiles, 2 * kP},           {OrvikSS_orderStatistics, kP * kN},
+               {OrvikSS_medianAbsDeviation, kP},      {OrvikSS_meanAbsDeviation, kP},
                {OrvikSS_sortedObservations, kP * kN}, {OrvikSS_streamQuantiles, 2 * kP}};
-  c.integers = {{OrvikSS_quantileOrderCount, 2}, {OrvikSS_orderStatisticsStorage, 0x10000},
-                {OrvikSS_sortedStorage, 0x20000}, {OrvikSS_streamOrderCount, 2},
+  c.integers = {{OrvikSS_quantileOrderCount, 2},
+                {OrvikSS_orderStatisticsStorage, 0x10000},
+                {OrvikSS_sortedStorage, 0x20000},
+                {OrvikSS_streamOrderCount, 2},
                 {OrvikSS_streamParameterCount, 1}};
   c.reals = {{OrvikSS_quantileOrders, {T(0.25), T(0.7)}},
              {OrvikSS_streamOrders, {T(0.25), T(0.7)}},
@@ -170,7 +171,8 @@ TYPED_TEST(ThreadIndependence, OfEstimatorsByVariable) {
     return *std::min_element(std::begin(statuses), std::end(statuses));
   };
   expect_same_on_all_threads(c);
-  Case<T> medians{"weighted medians", kP, kN, true, {{OrvikSS_quantiles, kP}, {OrvikSS_accumulatedWeights, 2}}, {}, {}, {}};
+  Case<T> medians{
+      "weighted medians", kP, kN, true, {{OrvikSS_quantiles, kP}, {OrvikSS_accumulatedWeights, 2}}, {}, {}, {}};
   medians.run = [](OrvikSSTask t, const OrvikThreading* threading, std::vector<T>*) {
     return Entries<T>::weighted_median(t, 0, 0, threading);
   };

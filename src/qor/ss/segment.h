@@ -48,7 +48,7 @@ inline __attribute__((always_inline)) void for_streams(int64_t n, Step&& step, V
 // Paired: deviations of two values at once from twice the point, which takes fewer operations. Equal values still have
 // none, rounding of a pair is that of a result, but its sum may overflow.
 template <int K, bool Weighted, bool Shifted, bool Paired, class T>
-[[gnu::noinline]] void add_segment(int64_t n, const T* x, const T* w, T shift, double (&sums)[K]) {
+inline void add_segment(int64_t n, const T* x, const T* w, T shift, double (&sums)[K]) {
   static_assert(!Paired || (K == 1 && Shifted && !Weighted));
   using V = VectorOf<T>;
   // As many accumulators as the registers hold.

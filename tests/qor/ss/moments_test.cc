@@ -334,9 +334,9 @@ TYPED_TEST(Moments, ByOnePassTheMeanOfHugeValuesDoesNotOverflow) {
       ASSERT_EQ(task.make(1, n, 0x10000, x.data()), 0);
       ASSERT_EQ(task.set(OrvikSS_mean, mean), 0);
       ASSERT_EQ(Entries<T>::basic(task.get(), ORVIK_SS_MEAN, ORVIK_SS_METHOD_ONE_PASS, nullptr), 0);
-      double want = 0;
-      for (T v : x) want += static_cast<double>(v) / static_cast<double>(n);
-      EXPECT_NEAR(static_cast<double>(mean[0]) / want, 1, 4 * std::numeric_limits<T>::epsilon()) << n;
+      long double want = 0;
+      for (T v : x) want += static_cast<long double>(v) / static_cast<long double>(n);
+      EXPECT_NEAR(static_cast<double>(mean[0] / want), 1, 4 * std::numeric_limits<T>::epsilon()) << n;
     }
   }
 }

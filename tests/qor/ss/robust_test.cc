@@ -460,7 +460,7 @@ TEST(RobustCovariance, ACloudOfFortyPercentIsJudgedAsThePlainIterationJudgesIt) 
         const double cutoff = std::sqrt(chi_square_quantile(0.99, static_cast<double>(p)));
         int64_t found = 0, bad = 0;
         for (int64_t i = 0; i < kCount; ++i) bad += c.bad[i], found += c.bad[i] && d[i] > cutoff;
-        EXPECT_TRUE(found == 0 || found == bad) << found;
+        EXPECT_TRUE(found <= bad / 20 || found == bad) << found << ", of those taken in nominally one in a hundred";
         (found == bad ? left_out : taken_in) += 1;
         if (far == 100) {
           EXPECT_EQ(found, bad);

@@ -151,7 +151,7 @@ inline int64_t first_with_weight(const Data<T>& d, int64_t i) {
 template <class T, class S>
 inline void find_pivot(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, double weight, bool mean,
                        Accumulators<T, S>* acc) {
-  constexpr int64_t kBeginning = 64;
+  constexpr int64_t kBeginning = 128;
   constexpr double kPart = 1.0 / 16;
   const T* x = d.x + first_with_weight(d, i0) * d.observation_step();
   for (int64_t j = j0; j < j1; ++j) acc->pivot[j] = finite_or_zero(x[j * d.variable_step()]);

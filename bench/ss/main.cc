@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "ss/rounds.h"
+
 namespace orvik::bench {
 void moments();
 void covariance();
@@ -22,21 +24,16 @@ int main(int argc, char** argv) {
   const struct {
     const char* name;
     void (*run)();
-  } parts[] = {{"moments", moments},
-               {"covariance", covariance},
-               {"sorting", sorting},
-               {"robust", robust},
-               {"threads", two_threads},
-               {"robust_threads", robust_threads},
-               {"stream", stream},
-               {"quartiles", quartiles},
-               {"short", short_data},
-               {"shapes", all_shapes},
-               {"cliffs", all_cliffs}};
+  } parts[] = {{"moments", moments},   {"covariance", covariance}, {"sorting", sorting},
+               {"robust", robust},     {"threads", two_threads},   {"robust_threads", robust_threads},
+               {"stream", stream},     {"quartiles", quartiles},   {"short", short_data},
+               {"shapes", all_shapes}, {"cliffs", all_cliffs}};
   printf("| what | orvik, ns | peer | peer, ns | peer / orvik |\n|---|---|---|---|---|\n");
   for (const auto& part : parts) {
     bool wanted = argc == 1;
     for (int i = 1; i < argc; ++i) wanted = wanted || strcmp(argv[i], part.name) == 0;
     if (wanted) part.run();
   }
+  every_library.print("every library");
+  fastest_library.print("the fastest library of each line");
 }

@@ -40,18 +40,23 @@ void boost_moments(const std::vector<double>& x) {
   for (double v : x) set(v);
   sink = acc::mean(set);
 }
+void boost_weighted(const std::vector<double>& x, const std::vector<double>& w) {
+  acc::accumulator_set<double, acc::stats<acc::tag::weighted_mean, acc::tag::weighted_variance>, double> set;
+  for (size_t i = 0; i < x.size(); ++i) set(x[i], acc::weight = w[i]);
+  sink = acc::weighted_mean(set) + acc::weighted_variance(set);
+}
 #endif
 
 }  // namespace
 
 void moments() {
   constexpr int64_t kCount = 10'000'000;
-  const auto x = normal_values(kCount);
+  const auto x = normal_values(kCount), w = normal_values(kCount, 2);
   constexpr uint64_t kVariance = ORVIK_SS_MEAN | ORVIK_SS_CENTRAL_MOMENT2;
   constexpr uint64_t kFour = kVariance | ORVIK_SS_SKEWNESS | ORVIK_SS_KURTOSIS;
   for (int64_t p : {1, 10, 100}) {
     for (int64_t storage : {ORVIK_SS_STORAGE_ROWS, ORVIK_SS_STORAGE_COLUMNS}) {
-      Task task(p, kCount / p, storage, x.data());
+      Task task(p, kCount / p, storage, x.data()), weighted(p, kCount / p, storage, x.data(), w.data());
       const std::string shape =
           ", p = " + std::to_string(p) + (storage == ORVIK_SS_STORAGE_ROWS ? ", rows" : ", columns");
       compare("mean, variance, fast" + shape, kCount,
@@ -59,29 +64,41 @@ void moments() {
       compare("minimum, maximum" + shape, kCount,
               {{"", [&] { _qordSSMinmax(task.get(), ORVIK_SS_MINIMUM | ORVIK_SS_MAXIMUM, 1); }},
                {"reading memory", [&] { read(x); }}});
-      compare("four moments, fast" + shape, kCount,
-              {{"", [&] { task.basic(kFour, 1); }},
+      compare(
+          "four moments, fast" + shape, kCount,
+          {
+              {"", [&] { task.basic(kFour, 1); }},
 #ifdef ORVIK_HAVE_BOOST
-               {"Boost accumulators", [&] { boost_moments<acc::tag::mean, acc::tag::variance, acc::tag::skewness, acc::tag::kurtosis>(x); }},
+              {"Boost accumulators",
+               [&] { boost_moments<acc::tag::mean, acc::tag::variance, acc::tag::skewness, acc::tag::kurtosis>(x); }},
 #endif
 #ifdef ORVIK_HAVE_GSL
-               {"GSL", [&] {
-                  const double m = gsl_stats_mean(x.data(), 1, x.size()), sd = gsl_stats_sd_m(x.data(), 1, x.size(), m);
-                  sink = gsl_stats_skew_m_sd(x.data(), 1, x.size(), m, sd) +
-                         gsl_stats_kurtosis_m_sd(x.data(), 1, x.size(), m, sd);
-                }},
+              {"GSL",
+               [&] {
+                 const double m = gsl_stats_mean(x.data(), 1, x.size()), sd = gsl_stats_sd_m(x.data(), 1, x.size(), m);
+                 sink = gsl_stats_skew_m_sd(x.data(), 1, x.size(), m, sd) +
+                        gsl_stats_kurtosis_m_sd(x.data(), 1, x.size(), m, sd);
+               }},
 #endif
-              },
-              5);
+          },
+          5);
 #ifdef ORVIK_HAVE_BOOST
-      compare("mean, variance, one pass" + shape, kCount,
-              {{"", [&] { task.basic(kVariance, 2); }},
-               {"Boost accumulators, variance", [&] { boost_moments<acc::tag::mean, acc::tag::variance>(x); }},
-               {"Boost accumulators, lazy variance", [&] { boost_moments<acc::tag::mean, acc::tag::lazy_variance>(x); }}},
-              9);
+      compare(
+          "mean, variance, one pass" + shape, kCount,
+          {{"", [&] { task.basic(kVariance, 2); }},
+           {"Boost accumulators, variance", [&] { boost_moments<acc::tag::mean, acc::tag::variance>(x); }},
+           {"Boost accumulators, lazy variance", [&] { boost_moments<acc::tag::mean, acc::tag::lazy_variance>(x); }}},
+          9);
+      for (const auto& [method, name] : {std::pair<uint64_t, const char*>{1, ", fast"}, {2, ", one pass"}}) {
+        compare(std::string("weighted mean, variance") + name + shape, kCount,
+                {{"", [&, method = method] { weighted.basic(kVariance, method); }},
+                 {"Boost accumulators", [&] { boost_weighted(x, w); }}},
+                3);
+      }
       compare("four moments, one pass" + shape, kCount,
               {{"", [&] { task.basic(kFour, 2); }},
-               {"Boost accumulators", [&] { boost_moments<acc::tag::mean, acc::tag::variance, acc::tag::skewness, acc::tag::kurtosis>(x); }}},
+               {"Boost accumulators",
+                [&] { boost_moments<acc::tag::mean, acc::tag::variance, acc::tag::skewness, acc::tag::kurtosis>(x); }}},
               9);
 #endif
     }

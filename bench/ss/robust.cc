@@ -4,7 +4,7 @@
 
 #include "ss/rounds.h"
 #include "ss/task.h"
-#include "support/threading.h"
+#include "ss/two_threads.h"
 
 namespace orvik::bench {
 namespace {
@@ -100,7 +100,7 @@ void robust() {
 }
 
 void robust_threads() {
-  const OrvikThreading* two = test::threads<2>();
+  const OrvikThreading* two = pair_of_threads();
   for (const auto& [storage, form] : kStorages) {
     Calls calls(storage);
     compare(std::string("two threads, outlier detection, p = 10") + form, kCells,
@@ -110,7 +110,7 @@ void robust_threads() {
   }
   Imputation large(100'000);
   compare("two threads, imputation", large.cells(),
-          {{"", [&] { large.run(test::threads<2>()); }}, {"one thread", [&] { large.run(); }}}, 5);
+          {{"", [&] { large.run(pair_of_threads()); }}, {"one thread", [&] { large.run(); }}}, 5);
 }
 
 }  // namespace orvik::bench

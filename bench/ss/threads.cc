@@ -1,16 +1,14 @@
 // Two threads against one, where work goes parallel; stream quantiles. Units: one value.
 #include <immintrin.h>
 
-#include <thread>
+#include <functional>
 
 #include "ss/rounds.h"
 #include "ss/task.h"
-#include "support/threading.h"
+#include "ss/two_threads.h"
 
 namespace orvik::bench {
 namespace {
-
-const OrvikThreading* const kTwo = test::threads<2>();
 
 // Reads the values from `begin` to `end` and keeps what the compiler cannot drop.
 void read(const double* begin, const double* end) {
@@ -27,22 +25,34 @@ void read(const double* begin, const double* end) {
 void two_threads() {
   constexpr int64_t kCount = 10'000'000, kP = 10;
   const auto x = normal_values(kCount);
+  // A part that stays in the caches, where memory does not limit two threads.
+  constexpr int64_t kPart = 200'000, kCalls = kCount / kPart;
+  Task task_in_cache(kP, kPart / kP, ORVIK_SS_STORAGE_COLUMNS, x.data());
   Task task(kP, kCount / kP, ORVIK_SS_STORAGE_COLUMNS, x.data());
   constexpr uint64_t kVariance = ORVIK_SS_MEAN | ORVIK_SS_CENTRAL_MOMENT2;
   constexpr uint64_t kFour = ORVIK_SS_SKEWNESS | ORVIK_SS_KURTOSIS;
   auto pair = [&](const char* what, auto run) {
-    compare(what, kCount, {{"", [&] { run(kTwo); }}, {"one thread", [&] { run(nullptr); }}}, 9);
+    compare(what, kCount, {{"", [&] { run(pair_of_threads()); }}, {"one thread", [&] { run(nullptr); }}}, 9);
   };
   // What the memory itself gives to two threads.
   pair("two threads: reading memory", [&](const OrvikThreading* t) {
     const double *begin = x.data(), *end = begin + kCount, *middle = t == nullptr ? end : begin + kCount / 2;
-    std::thread other([&] { read(middle, end); });
-    read(begin, middle);
-    other.join();
+    const double* const parts[] = {begin, middle, end};
+    const std::function<void(int32_t)> part = [&](int32_t k) { read(parts[k], parts[k + 1]); };
+    if (t == nullptr) return read(begin, end);
+    auto* context = const_cast<std::function<void(int32_t)>*>(&part);
+    t->run(2, context,
+           [](int32_t k, int32_t, int32_t, void* c) { (*static_cast<std::function<void(int32_t)>*>(c))(k); });
   });
   pair("two threads: mean, variance, fast", [&](const OrvikThreading* t) { task.basic(kVariance, 1, t); });
   pair("two threads: four moments, one pass", [&](const OrvikThreading* t) { task.basic(kFour, 2, t); });
   pair("two threads: four moments, fast", [&](const OrvikThreading* t) { task.basic(kFour, 1, t); });
+  const auto repeat = [&](uint64_t estimates, uint64_t method, const OrvikThreading* t) {
+    for (int64_t k = 0; k < kCalls; ++k) task_in_cache.basic(estimates, method, t);
+  };
+  pair("two threads: mean, variance, fast, in cache", [&](const OrvikThreading* t) { repeat(kVariance, 1, t); });
+  pair("two threads: four moments, one pass, in cache", [&](const OrvikThreading* t) { repeat(kFour, 2, t); });
+  pair("two threads: four moments, fast, in cache", [&](const OrvikThreading* t) { repeat(kFour, 1, t); });
   pair("two threads: covariance", [&](const OrvikThreading* t) { task.basic(ORVIK_SS_COVARIANCE, 1, t); });
   pair("two threads: medians",
        [&](const OrvikThreading* t) { _qordSSQuantiles(task.get(), ORVIK_SS_QUANTILES, 1, t); });

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "lanes/lanes.h"
+#include "lanes/sums.h"
 #include "qor/ss/chi_square.h"
 #include "qor/ss/kernels.h"
 
@@ -121,8 +122,8 @@ void add_losses(const Biweight& b, double inverse, int64_t n, const T* d, double
   const double reach = b.m + b.c, c = b.c > 0 ? 1 / b.c : 0;
   const V ceiling = V(b.ceiling()), inner = V(0.5 * b.m * b.m), cm = V(b.c * b.m), cc = V(b.c * b.c);
   V sum = V(0.0), slope = V(0.0);
-  const auto add = [&](const double* distances) __attribute__((always_inline)) {
-    const V u = load<V>(distances) * V(inverse), u2 = u * u;
+  const auto add = [&](V distances) __attribute__((always_inline)) {
+    const V u = distances * V(inverse), u2 = u * u;
     const auto near = u <= V(b.m), within = u < V(reach);
     // As Biweight::rho and weight, all three cases at once.
     const V t = (u - V(b.m)) * V(c), s = t * t, bend = V(1.0) - s;
@@ -133,13 +134,10 @@ void add_losses(const Biweight& b, double inverse, int64_t n, const T* d, double
     slope = slope + select(near, u2, keep(within, bend * bend * u2));
   };
   int64_t i = 0;
-  for (double lanes[kLanes]; i + kLanes <= n; i += kLanes) {
-    for (int64_t k = 0; k < kLanes; ++k) lanes[k] = static_cast<double>(d[i + k]);
-    add(lanes);
-  }
+  for (; i + kLanes <= n; i += kLanes) add(load_wide(d + i));
   double rest[kLanes] = {};  // a distance of 0 has no loss
   for (int64_t k = 0; i + k < n; ++k) rest[k] = static_cast<double>(d[i + k]);
-  add(rest);
+  add(load<V>(rest));
   *loss = horizontal_sum(sum);
   *squares = horizontal_sum(slope);
 }

@@ -128,31 +128,28 @@ int32_t scatter(const Observations<T>& o, const OrvikThreading* threading, T* me
   plan.work = 1u << kMean | 1u << kCrossProduct;
   plan.central = 1;
   const int64_t p = o.p;
-  const int32_t threads = pass_threads(p, o.n, true, threading);
+  const Shares shares(p, o.n, true, threading);
   const int64_t block = o.index == nullptr ? 0 : std::clamp<int64_t>(65536 / p, 256, std::max<int64_t>(o.n, 256));
   Workspace<T> work;
-  const serv::Block<T> copies(static_cast<uint64_t>(std::max<int64_t>(threads * block * (p + 1), 1)));
-  const serv::Block<Accumulators<T>> parts(static_cast<uint64_t>(threads));
-  if (!work.allocate(p, o.n, o.weights != nullptr, plan, threads, true) || !copies || !parts) return kNoMemory;
+  const serv::Block<T> copies(
+      static_cast<uint64_t>(std::max<int64_t>(std::max(shares.sets - 1, 1) * block * (p + 1), 1)));
+  const serv::Block<Accumulators<T>> parts(static_cast<uint64_t>(shares.sets));
+  if (!work.allocate(p, o.weights != nullptr, plan, shares, true) || !copies || !parts) return kNoMemory;
   T* const point = work.template row<T>();
-  work.share_out(plan, threads, products, parts.get());
+  work.share_out(plan, shares, products, parts.get());
   int64_t first = 0;
   while (first < o.n && o.weight(first) == 0) ++first;
   for (int64_t j = 0; first < o.n && j < p; ++j) point[j] = finite_or_zero(o.at(first, j));
-  for (int32_t t = 0; t < threads; ++t) parts[static_cast<uint64_t>(t)].shift = point;
+  for (int32_t k = 0; k < shares.sets; ++k) parts[static_cast<uint64_t>(k)].shift = point;
   std::fill(products, products + p * p, T{0});
-  const int32_t status = run_threads(threading, threads, [&](int32_t thread) {
-    const int64_t chunk = o.n / threads, i0 = thread * chunk, i1 = thread == threads - 1 ? o.n : i0 + chunk;
-    Accumulators<T>* const acc = parts.get() + thread;
+  const auto feed = [&](int32_t place, int64_t i, int64_t end, Accumulators<T>* acc) {
     if (o.index == nullptr) {
-      run_pass(as_data(o), plan, i0, i1, acc);
+      run_pass(as_data(o), plan, i, end, acc);
     } else {
-      run_pass_over_index(o, plan, i0, i1, block, copies.get() + thread * block * (p + 1), acc);
+      run_pass_over_index(o, plan, i, end, block, copies.get() + place * block * (p + 1), acc);
     }
-    return int32_t{kDone};
-  });
-  if (status != kDone) return status;
-  for (int32_t t = 1; t < threads; ++t) merge(p, plan, parts.get(), parts[static_cast<uint64_t>(t)]);
+  };
+  if (const int32_t status = run_chunks(shares, p, plan, threading, parts.get(), feed); status != kDone) return status;
   *total = parts[0].weights;
   const bool none = total->observations == 0;
   for (int64_t j = 0; j < p; ++j) {

@@ -1,4 +1,5 @@
-// From what a pass has accumulated, or from what the task holds, to the caller's results. A file for each method.
+// From what a pass has accumulated, or from what the task holds, to the caller's results. For what depends on the
+// method of the pass: finish_fast.h, finish_one_pass.h, finish_user_mean.h.
 #pragma once
 
 #include "qor/ss/pass.h"
@@ -6,21 +7,6 @@
 #include "qor/ss/task.h"
 
 namespace orvik::ss {
-
-// Puts the running results of a task with `old` weights into the first thread's accumulators, by the one-pass method.
-template <class T>
-void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, Accumulators<T>* acc);
-
-// Write the results of a pass whose accumulators have the weights with those of the pass. Where they are all zero,
-// sums are zero and moments no numbers. `old_mean` is the user's mean of the block before, null if there is none.
-template <class T>
-void finish_fast(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, const Accumulators<T>& acc);
-template <class T>
-void finish_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
-                     const Accumulators<T>& acc);
-template <class T>
-void finish_user_mean(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
-                      const Accumulators<T>& acc, const T* old_mean);
 
 // The fast method's mean, and its matrix about it.
 template <class T>

@@ -44,6 +44,20 @@ T* matrix_in_place(const Task& task, const Data<T>& d, const Plan& plan) {
 }
 
 template <class T>
+void center_matrix(const Task& task, const Data<T>& d, const Weights& old, const Accumulators<T>& acc) {
+  const double total = acc.weights.sum;
+  for (int64_t j = 0; j < d.p; ++j) {
+    const auto u = static_cast<double>(acc.shift[j]);
+    const double before =
+        old.sum == 0 || !d.selected(j) ? 0.0 : old.sum * (static_cast<double>(real<T>(task.mean)[j]) - u);
+    const double about = (before + acc.power[0][j]) / total;
+    acc.mean[j] = u + about;
+    acc.outer[j] = static_cast<T>(about);
+  }
+  if (total != 0) acc.cross.add_outer(-total, acc.outer);
+}
+
+template <class T>
 void seed_matrix(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, T* cross) {
   const bool from_sums = plan.has(kCrossProduct);
   if ((old.sum == 0 && plan.method != Method::Finish) || (!from_sums && !plan.has(kCovariance))) {
@@ -93,9 +107,10 @@ void finish_matrix(const Task& task, const Data<T>& d, const Plan& plan, const W
   }
 }
 
-#define ORVIK_INSTANTIATE(T)                                                               \
-  template T* matrix_in_place(const Task&, const Data<T>&, const Plan&);                   \
-  template void seed_matrix(const Task&, const Data<T>&, const Plan&, const Weights&, T*); \
+#define ORVIK_INSTANTIATE(T)                                                                        \
+  template T* matrix_in_place(const Task&, const Data<T>&, const Plan&);                            \
+  template void center_matrix(const Task&, const Data<T>&, const Weights&, const Accumulators<T>&); \
+  template void seed_matrix(const Task&, const Data<T>&, const Plan&, const Weights&, T*);          \
   template void finish_matrix(const Task&, const Data<T>&, const Plan&, const Weights&, T*, T*);
 ORVIK_INSTANTIATE(float)
 ORVIK_INSTANTIATE(double)

@@ -3,8 +3,7 @@
 #include <limits>
 
 #include "orvik/ss.h"
-#include "qor/ss/rows.h"
-#include "qor/unroll.h"
+#include "qor/ss/segment.h"
 
 namespace orvik::ss {
 namespace {
@@ -55,17 +54,15 @@ void take_lanes(const Extremes<T>& e, int64_t j, const Result<T>& result) {
 
 template <class T>
 void scan_contiguous(int64_t n, const T* x, int64_t j, const Result<T>& result) {
-  constexpr int kUnroll = 4;
-  Extremes<T> e[kUnroll];
-  int64_t i = 0;
-  for (; i + kUnroll * kWidth<VectorOf<T>> <= n; i += kUnroll * kWidth<VectorOf<T>>) {
-#pragma GCC unroll 4
-    for (int r = 0; r < kUnroll; ++r) e[r].take(load<VectorOf<T>>(x + i + r * kWidth<VectorOf<T>>));
-  }
-  for (; i + kWidth<VectorOf<T>> <= n; i += kWidth<VectorOf<T>>) e[0].take(load<VectorOf<T>>(x + i));
-  for (int r = 1; r < kUnroll; ++r) e[0].take(e[r]);
+  using V = VectorOf<T>;
+  constexpr int kCount = 4;
+  Extremes<T> e[kCount];
+  const auto vector = [&](int64_t i, auto r) __attribute__((always_inline)) { e[r].take(load<V>(x + i)); };
+  for_streams<V, kCount, 1>(n, vector, vector, [&](int64_t i, int64_t lanes) {
+    for (int64_t k = i; k < i + lanes; ++k) result.take(j, x[k], x[k], x[k] != x[k]);
+  });
+  for (int r = 1; r < kCount; ++r) e[0].take(e[r]);
   take_lanes(e[0], j, result);
-  for (; i < n; ++i) result.take(j, x[i], x[i], x[i] != x[i]);
 }
 
 // Running extremes of a row of values, in memory.
@@ -85,16 +82,18 @@ struct RowExtremes {
     std::fill(nan, nan + length, T{0});
   }
 
-  // One row of each of N streams, `apart` values from one to the next. Behind a row the places may belong to a longer one.
+  // One row of each of N streams, `apart` values from one to the next. Behind a row the places may belong to a longer
+  // one.
   template <int N>
   void take(std::integral_constant<int, N>, int64_t length, const T* x, int64_t apart) {
-    for_vectors<VectorOf<T>>(length, [&](int64_t j, auto vector) __attribute__((always_inline)) {
-      Extremes<T> e{vector.load(low + j), vector.load(high + j), vector.load(nan + j)};
-      unroll<N>([&](auto stream) __attribute__((always_inline)) { e.take(vector.load(x + stream * apart + j)); });
-      vector.store(low + j, e.low);
-      vector.store(high + j, e.high);
-      vector.store(nan + j, e.nan);
-    });
+    for_vectors<VectorOf<T>>(
+        length, [&](int64_t j, auto vector) __attribute__((always_inline)) {
+          Extremes<T> e{vector.load(low + j), vector.load(high + j), vector.load(nan + j)};
+          unroll<N>([&](auto stream) __attribute__((always_inline)) { e.take(vector.load(x + stream * apart + j)); });
+          vector.store(low + j, e.low);
+          vector.store(high + j, e.high);
+          vector.store(nan + j, e.nan);
+        });
   }
 
   // The value at place j belongs to variable base + j mod p.
@@ -111,9 +110,10 @@ void scan_observations(const Data<T>& d, int64_t j0, int64_t j1, const Result<T>
     const int64_t width = std::min(RowExtremes<T>::kLength, j1 - first);
     const int64_t length = fold.observations > 1 ? fold.length : width;
     extremes.clear(length);
-    for_rows(d, 0, d.n, first, width, fold,
-             [&](auto streams, int64_t size, const T* x, int64_t apart, int64_t, int64_t)
-                 __attribute__((always_inline)) { extremes.take(streams, size, x, apart * d.p); });
+    for_rows(
+        d, 0, d.n, first, width, fold,
+        [&](auto streams, int64_t size, const T* x, int64_t apart, int64_t, int64_t)
+            __attribute__((always_inline)) { extremes.take(streams, size, x, apart * d.p); });
     extremes.put(length, width, first, result);
   }
 }

@@ -63,8 +63,8 @@ void for_blocks(const Pattern& pattern, Body&& body) {
 }
 
 // Maximises the likelihood from `theta`, up to `iterations` steps or until no element of mean and covariance, in units
-// of the deviations, changes by as much as `accuracy`. `x`, here and below: a copy of the data's rows, whose missing
-// values it fills.
+// of the deviations, changes by as much as `accuracy`. `x`: a copy of the data's rows, whose missing values are working
+// memory, as below.
 int32_t maximize(const IncompleteData& data, int64_t iterations, double accuracy, double* x, const Normal& theta,
                  ModelScratch* scratch);
 

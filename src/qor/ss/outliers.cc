@@ -54,7 +54,7 @@ class Bacon {
  public:
   Bacon(const Data<T>& d, const OrvikThreading* threading)
       : all_(d), threading_(d.n * d.p >= 10000 ? threading : nullptr) {
-    for (int64_t i = 0; i < d.n; ++i) counted_ += all_.weight(i) != 0;
+    counted_ = d.weights == nullptr ? d.n : d.n - std::count(d.weights, d.weights + d.n, T{0});
   }
 
   // Observations with a weight.
@@ -71,7 +71,7 @@ class Bacon {
     mean_ = copy_ + n;
     matrix_ = mean_ + p;
     if (const int32_t status = first_distances(parameters); status != kDone) return status;
-    choose_nearest(5 * p);
+    if (const int32_t status = choose_nearest(5 * p); status != kDone) return status;
     const double enough = parameters.beta * static_cast<double>(n);
     for (int round = 0; round < kRounds; ++round) {
       if (const int32_t status = measure(all_.weighed(nullptr).subset(members_.get(), size_)); status != kDone) {
@@ -108,11 +108,24 @@ class Bacon {
   }
 
   // The first subset: the m nearest, of equally near ones those that come first.
-  void choose_nearest(int64_t m) {
+  int32_t choose_nearest(int64_t m) {
     const int64_t n = all_.n;
+    // The m least distances are among the m least of each chunk.
+    const Chunks chunks(n);
+    int64_t kept[Chunks::kMost];
+    const int32_t status = chunks.run(threading_, [&](int32_t chunk, int64_t begin, int64_t end) {
+      int64_t count = 0;
+      for (int64_t i = begin; i < end; ++i) {
+        if (counts(i) && distances_[i] == distances_[i]) copy_[begin + count++] = distances_[i];
+      }
+      if (count > m) select(copy_, begin, begin + count - 1, begin + m - 1);
+      kept[chunk] = std::min(count, m);
+    });
+    if (status != kDone) return status;
     int64_t numbers = 0;
-    for (int64_t i = 0; i < n; ++i) {
-      if (counts(i) && distances_[i] == distances_[i]) copy_[numbers++] = distances_[i];
+    for (int32_t k = 0; k < chunks.count; ++k) {
+      std::copy(copy_ + chunks.first(k), copy_ + chunks.first(k) + kept[k], copy_ + numbers);
+      numbers += kept[k];
     }
     const bool enough = m <= numbers;
     T limit = INFINITY;
@@ -129,6 +142,7 @@ class Bacon {
       inside_[static_cast<uint64_t>(i)] = in;
       if (in) members_[static_cast<uint64_t>(size_++)] = i;
     }
+    return kDone;
   }
 
   // All that are nearer than `limit`; `moved`: how many moved in or out. What has no weight is judged, but no member.

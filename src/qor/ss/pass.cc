@@ -1,109 +1,6 @@
 #include "qor/ss/pass.h"
 
-#include <algorithm>
-
-#include "qor/ss/moments.h"
-#include "qor/ss/states.h"
-#include "qor/ss/sums.h"
-
 namespace orvik::ss {
-namespace {
-
-// Observations of the next block: short ones first by one pass, which must know the mean before the long ones. What is kept by place in
-// a block is of the precision of the data, which bounds its length.
-template <class T>
-int64_t block_length(const Data<T>& d, const Plan& plan, int64_t done) {
-  constexpr int64_t kFirst = 1536, kValues = 65536;
-  int64_t longest = std::clamp<int64_t>(kValues / d.p, 256, 4096);
-  if (d.contiguous_variables) longest = d.weights == nullptr || d.p == 1 ? 16384 : 2048;
-  return plan.method == Method::OnePass ? std::min(std::max(done, kFirst), longest) : longest;
-}
-
-template <class T>
-int64_t first_with_weight(const Data<T>& d, int64_t i) {
-  while (d.weights != nullptr && d.weights[i] == 0) ++i;
-  return i;
-}
-
-// A point near the values of a block: the first one, or the mean of its beginning by way of deviations from that one.
-// The mean of equal values is that value. A beginning of a part f of the weight may cost log2(1 / f) bits, 4 at most,
-// where all the rest lies far from it.
-template <class T>
-void find_pivot(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, double weight, bool mean,
-                Accumulators<T>* acc) {
-  constexpr int64_t kBeginning = 128;
-  constexpr double kPart = 1.0 / 16;
-  const T* x = d.x + first_with_weight(d, i0) * d.observation_step();
-  for (int64_t j = j0; j < j1; ++j) acc->pivot[j] = finite_or_zero(x[j * d.variable_step()]);
-  if (!mean) return;
-  if (i1 - i0 > 2 * kBeginning) {
-    const Weights beginning = weigh(d, i0, kBeginning);
-    if (beginning.sum >= kPart * weight) i1 = i0 + kBeginning, weight = beginning.sum;
-  }
-  std::fill(acc->block[0] + j0, acc->block[0] + j1, 0.0);
-  add_power_sums(d, i0, i1, j0, j1, 1, acc->pivot, acc->block);
-  for (int64_t j = j0; j < j1; ++j) {
-    const T m = static_cast<T>(static_cast<double>(acc->pivot[j]) + acc->block[0][j] / weight);
-    if (finite_or_zero(m) == m) acc->pivot[j] = m;
-  }
-}
-
-// From sums about the pivot to a state; plain sums as a by-product.
-template <class T>
-void to_states(const Plan& plan, int64_t j0, int64_t j1, double weight, Accumulators<T>* acc) {
-  const int power = plan.power, central = plan.central;
-  for (int64_t j = j0; j < j1; ++j) {
-    double s[5] = {weight, 0, 0, 0, 0};
-    for (int k = 1; k <= plan.order(); ++k) s[k] = acc->block[k - 1][j];
-    const auto u = static_cast<double>(acc->pivot[j]);
-    if (power != 0) {
-      double plain[5];
-      plain_sums(u, s, plain);
-      for (int k = 1; k <= power; ++k) acc->power[k - 1][j] += plain[k];
-    }
-    if (central == 0) continue;
-    acc->block[0][j] = (u - static_cast<double>(acc->shift[j])) + s[1] / weight;
-    for (int k = 2; k <= central; ++k) acc->block[k - 1][j] = central_sum(k, s);
-  }
-}
-
-// A block of the one-pass method.
-template <class T>
-void add_block(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const Weights& w,
-               Accumulators<T>* acc) {
-  const int order = plan.order();
-  const double before = acc->weights.sum;
-  // The mean of all before, where it is the better half of the new one.
-  const bool known = before >= w.sum;
-  if (known) {
-    for (int64_t j = j0; j < j1; ++j) {
-      const T m = static_cast<T>(static_cast<double>(acc->shift[j]) + acc->central[0][j]);
-      acc->pivot[j] = finite_or_zero(m);
-    }
-  } else {
-    find_pivot(d, i0, i1, j0, j1, w.sum, order > 1 || acc->cross.matrix() != nullptr, acc);
-  }
-  for (int k = 0; k < order; ++k) std::fill(acc->block[k] + j0, acc->block[k] + j1, 0.0);
-  add_power_sums(d, i0, i1, j0, j1, order, acc->pivot, acc->block);
-  to_states(plan, j0, j1, w.sum, acc);
-}
-
-// The products about the pivots join those about the running mean, which the block has not joined yet.
-template <class T>
-void add_products(const Data<T>& d, int64_t i0, int64_t i1, const Weights& w, Accumulators<T>* acc) {
-  acc->cross.add(Observations<T>(d), i0, i1, acc->pivot);
-  const double before = acc->weights.sum;
-  for (int64_t j = 0; j < d.p; ++j) {
-    const double pivot = static_cast<double>(acc->pivot[j]) - static_cast<double>(acc->shift[j]);
-    acc->outer[j] = static_cast<T>(acc->block[0][j] - pivot);
-  }
-  acc->cross.add_outer(-w.sum, acc->outer);
-  if (before == 0) return;
-  for (int64_t j = 0; j < d.p; ++j) acc->outer[j] = static_cast<T>(acc->block[0][j] - acc->central[0][j]);
-  acc->cross.add_outer(before * (w.sum / (before + w.sum)), acc->outer);
-}
-
-}  // namespace
 
 int double_rows(const Plan& plan) {
   const int mean = plan.matrix() && plan.method == Method::Fast ? 1 : 0;
@@ -113,26 +10,11 @@ int double_rows(const Plan& plan) {
 int real_rows(const Plan& plan) { return (plan.central != 0 ? 1 : 0) + (plan.matrix() ? 1 : 0); }
 
 template <class T>
-void run_pass(const Data<T>& d, const Plan& plan, int64_t i0, int64_t i1, Accumulators<T>* acc) {
-  const int power = plan.power, central = plan.central;
-  const bool by_states = central != 0;
-  for (int64_t i = i0, end; i < i1; i = end) {
-    end = i1 - i <= 1536 ? i1 : std::min(i1, i + block_length(d, plan, i - i0));
-    const Weights w = weigh(d, i, end - i);
-    if (w.observations == 0) continue;
-    for_selected_ranges(d, [&](int64_t j0, int64_t j1) {
-      if (by_states) {
-        add_block(d, plan, i, end, j0, j1, w, acc);
-      } else if (power != 0) {
-        add_power_sums(d, i, end, j0, j1, power, acc->shift, acc->power);
-      }
-    });
-    if (acc->cross.matrix() != nullptr) {
-      by_states ? add_products(d, i, end, w, acc) : acc->cross.add(Observations<T>(d), i, end, acc->shift);
-    }
-    if (by_states) join_states(d.p, central, acc->weights.sum, w.sum, acc->central, acc->block);
-    acc->weights.add(w);
-  }
+void clear(int64_t p, const Plan& plan, Accumulators<T>* acc) {
+  acc->weights = {};
+  for (int k = 0; k < plan.power; ++k) std::fill(acc->power[k], acc->power[k] + p, 0.0);
+  for (int k = 0; k < plan.central; ++k) std::fill(acc->central[k], acc->central[k] + p, 0.0);
+  if (T* c = acc->cross.matrix(); c != nullptr) std::fill(c, c + p * p, T{0});
 }
 
 template <class T>
@@ -149,15 +31,15 @@ void merge(int64_t p, const Plan& plan, Accumulators<T>* into, const Accumulator
       into->cross.add_outer(a * (b / (a + b)), into->outer);
     }
   }
-  if (plan.central != 0) join_states(p, plan.central, a, b, into->central, from.central);
+  if (plan.central != 0) pass::join<Many>(p, plan.central, a, b, into->central, from.central);
   into->weights.add(from.weights);
 }
 
-#define ORVIK_INSTANTIATE(T)                                                                \
-  template void run_pass(const Data<T>&, const Plan&, int64_t, int64_t, Accumulators<T>*);  \
+#define ORVIK_INSTANTIATE(T)                                                               \
+  template void run_pass(const Data<T>&, const Plan&, int64_t, int64_t, Accumulators<T>*); \
+  template void clear(int64_t, const Plan&, Accumulators<T>*);                             \
   template void merge(int64_t, const Plan&, Accumulators<T>*, const Accumulators<T>&);
 ORVIK_INSTANTIATE(float)
 ORVIK_INSTANTIATE(double)
 #undef ORVIK_INSTANTIATE
-
 }  // namespace orvik::ss

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <iterator>
 
 #include "qor/ss/matrix.h"
 
@@ -39,36 +40,28 @@ constexpr Row kRows[] = {
     {ORVIK_SS_CROSS_PRODUCT, 0x80001, 0x80001, 0x100000},
 };
 
-struct Output {
-  void* Task::*field;
-  int32_t missing;  // status at compute time; that of `sum` is its own here
-};
-
-#define ORVIK_OUTPUT(name) \
-  { &Task::name, missing_field::name }
-constexpr Output kOutputs[] = {
-    ORVIK_OUTPUT(mean),
-    ORVIK_OUTPUT(rawMoment2),
-    ORVIK_OUTPUT(rawMoment3),
-    ORVIK_OUTPUT(rawMoment4),
-    ORVIK_OUTPUT(centralMoment2),
-    ORVIK_OUTPUT(centralMoment3),
-    ORVIK_OUTPUT(centralMoment4),
-    ORVIK_OUTPUT(covariance),
-    ORVIK_OUTPUT(correlation),
-    ORVIK_OUTPUT(kurtosis),
-    ORVIK_OUTPUT(skewness),
-    ORVIK_OUTPUT(variation),
-    {&Task::sum, kNoSum},
-    ORVIK_OUTPUT(rawSum2),
-    ORVIK_OUTPUT(rawSum3),
-    ORVIK_OUTPUT(rawSum4),
-    ORVIK_OUTPUT(centralSum2),
-    ORVIK_OUTPUT(centralSum3),
-    ORVIK_OUTPUT(centralSum4),
-    ORVIK_OUTPUT(crossProduct),
-};
-#undef ORVIK_OUTPUT
+// Statuses at compute time of results without a field; that of `sum` is its own here.
+constexpr int32_t kMissing[] = {missing_field::mean,
+                                missing_field::rawMoment2,
+                                missing_field::rawMoment3,
+                                missing_field::rawMoment4,
+                                missing_field::centralMoment2,
+                                missing_field::centralMoment3,
+                                missing_field::centralMoment4,
+                                missing_field::covariance,
+                                missing_field::correlation,
+                                missing_field::kurtosis,
+                                missing_field::skewness,
+                                missing_field::variation,
+                                kNoSum,
+                                missing_field::rawSum2,
+                                missing_field::rawSum3,
+                                missing_field::rawSum4,
+                                missing_field::centralSum2,
+                                missing_field::centralSum3,
+                                missing_field::centralSum4,
+                                missing_field::crossProduct};
+static_assert(std::size(kMissing) == std::size(kOutputs));
 
 bool find_method(uint64_t word, Method* method) {
   switch (word & (ORVIK_SS_METHOD_FAST | ORVIK_SS_METHOD_ONE_PASS | ORVIK_SS_METHOD_USER_MEAN)) {
@@ -114,7 +107,7 @@ int32_t check_outputs(const Task& task, uint32_t work) {
   for (; work != 0; work &= work - 1) {
     const int bit = std::countr_zero(work);
     if (bit == kNotAllowed) return kBadMethod;
-    if (output(task, bit) == nullptr) return kOutputs[bit].missing;
+    if (output(task, bit) == nullptr) return kMissing[bit];
   }
   return kDone;
 }
@@ -126,7 +119,8 @@ int32_t check_data(const Task& task) {
 }
 
 int32_t check_sums(const Task& task) {
-  return task.accumulatedWeights == nullptr && task.observationCount == nullptr ? missing_field::accumulatedWeights : kDone;
+  return task.accumulatedWeights == nullptr && task.observationCount == nullptr ? missing_field::accumulatedWeights
+                                                                                : kDone;
 }
 
 int32_t check_matrix_storages(const Task& task, const Plan& plan) {
@@ -164,8 +158,6 @@ int power_order(const Plan& plan) {
 }
 
 }  // namespace
-
-void* output(const Task& task, int bit) { return task.*kOutputs[bit].field; }
 
 int32_t make_plan(const Task& task, uint64_t estimates, uint64_t method, Plan* plan) {
   if (!find_method(method, &plan->method)) return kBadMethod;

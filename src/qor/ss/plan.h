@@ -48,11 +48,16 @@ struct Plan {
 // Fills the plan and makes every check of the task, in order.
 int32_t make_plan(const Task& task, uint64_t estimates, uint64_t method, Plan* plan);
 
-// The field that holds the result of an internal estimate.
-void* output(const Task& task, int bit);
+// The fields of the results, by internal estimate.
+inline constexpr void* Task::*kOutputs[] = {
+    &Task::mean,           &Task::rawMoment2,     &Task::rawMoment3,  &Task::rawMoment4,  &Task::centralMoment2,
+    &Task::centralMoment3, &Task::centralMoment4, &Task::covariance,  &Task::correlation, &Task::kurtosis,
+    &Task::skewness,       &Task::variation,      &Task::sum,         &Task::rawSum2,     &Task::rawSum3,
+    &Task::rawSum4,        &Task::centralSum2,    &Task::centralSum3, &Task::centralSum4, &Task::crossProduct};
+inline void* output(const Task& task, int bit) { return task.*kOutputs[bit]; }
 
-// The sums of weights so far, zero for a fresh run. `observations` tells none (0) and one (1) that has weight from several,
-// and no more.
+// The sums of weights so far, zero for a fresh run. `observations` tells none (0) and one (1) that has weight from
+// several, and no more.
 struct Weights {
   double sum = 0;
   double squares = 0;

@@ -1,7 +1,6 @@
 // The caller's rows as numbers in double: zero where the work list does not have the row, and nothing written.
 #pragma once
 
-#include <bit>
 #include <cmath>
 
 #include "qor/ss/moments.h"
@@ -13,17 +12,12 @@ namespace orvik::ss {
 template <class T>
 class Results {
  public:
-  Results(const Task& task, const Plan& plan) : work_(plan.work) {
-    for (uint32_t work = plan.work; work != 0; work &= work - 1) {
-      const int bit = std::countr_zero(work);
-      rows_[bit] = real<T>(output(task, bit));
-    }
-  }
+  Results(const Task& task, const Plan& plan) : task_(task), work_(plan.work) {}
 
   bool has(int bit) const { return (work_ >> bit & 1) != 0; }
-  double get(int bit, int64_t j) const { return has(bit) ? static_cast<double>(rows_[bit][j]) : 0.0; }
+  double get(int bit, int64_t j) const { return has(bit) ? static_cast<double>(row(bit)[j]) : 0.0; }
   void set(int bit, int64_t j, double value) const {
-    if (has(bit)) rows_[bit][j] = static_cast<T>(value);
+    if (has(bit)) row(bit)[j] = static_cast<T>(value);
   }
 
   // Plain sums s[k] of a pass with those of the run before it; raw moments r[k] of all.
@@ -35,8 +29,8 @@ class Results {
     }
   }
 
-  // All rows of a variable but the mean, up to an order: plain sums, raw moments, central sums, and the averages c[k] of
-  // powers of deviations from the mean.
+  // All rows of a variable but the mean, up to an order: plain sums, raw moments, central sums, and the averages c[k]
+  // of powers of deviations from the mean.
   void put(int64_t j, int order, double mean, double factor, const double* s, const double* r, const double* sums,
            double weight) const {
     set(kSum, j, s[1]);
@@ -60,8 +54,10 @@ class Results {
   }
 
  private:
+  T* row(int bit) const { return real<T>(output(task_, bit)); }
+
+  const Task& task_;
   uint32_t work_;
-  T* rows_[kNotAllowed];  // of the bits of the work list; filling the others would take a call's time
 };
 
 }  // namespace orvik::ss

@@ -28,9 +28,10 @@ class Start {
     const int64_t p = o_.p, n = o_.n;
     threads_ = static_cast<int32_t>(std::min<int64_t>(max_threads(threading_), std::max<int64_t>(p, 1)));
     scaled_ = serv::Block<T>(static_cast<uint64_t>(n * p));
+    samples_ = serv::Block<T>(static_cast<uint64_t>(is_sampled(n) ? kSample * p : 1));
     scratch_ = serv::Block<T>(static_cast<uint64_t>(2 * n * threads_));
     small_ = serv::Block<double>(static_cast<uint64_t>(4 * p + 2 * p * p + p * (p + 1) / 2));
-    if (!scaled_ || !scratch_ || !small_) return kNoMemory;
+    if (!scaled_ || !samples_ || !scratch_ || !small_) return kNoMemory;
     location_ = small_.get();
     scale_ = location_ + p;
     values_ = scale_ + p;
@@ -48,6 +49,7 @@ class Start {
 
  private:
   T* column(int64_t j) const { return scaled_.get() + j * o_.n; }
+  T* sample(int64_t j) const { return samples_.get() + j * kSample; }
 
   // Calls body(item, scratch), a status, for the items in turn, whatever thread is free.
   template <class Body>
@@ -73,6 +75,7 @@ class Start {
       location_[j] = static_cast<double>(median);
       scale_[j] = static_cast<double>(deviation);
       for (int64_t i = 0; i < o_.n; ++i) y[i] = (y[i] - median) / deviation;
+      for (int64_t k = 0; k < kSample && is_sampled(o_.n); ++k) sample(j)[k] = y[place_in_sample(o_.n, k)];
       return int32_t{kDone};
     });
   }
@@ -89,11 +92,14 @@ class Start {
       while (i * (i + 1) / 2 <= pair) ++i;
       const int64_t j = pair - i * (i - 1) / 2;
       const T *x = column(i), *y = column(j);
+      const T *xs = sample(i), *ys = sample(j);
       const auto scale = [&](auto&& combine) {
-        return static_cast<double>(sampled_deviation<T>(n, combine, scratch, nullptr));
+        return static_cast<double>(sampled_deviation(
+            n, [=](int64_t k) { return combine(x[k], y[k]); }, [=](int64_t k) { return combine(xs[k], ys[k]); },
+            scratch, static_cast<T*>(nullptr)));
       };
-      const double sum = scale([x, y](int64_t k) { return x[k] + y[k]; });
-      const double difference = scale([x, y](int64_t k) { return x[k] - y[k]; });
+      const double sum = scale([](T a, T b) { return a + b; });
+      const double difference = scale([](T a, T b) { return a - b; });
       pairs_[place(i, j)] = 0.25 * (sum * sum - difference * difference);
       return std::isfinite(pairs_[place(i, j)]) ? int32_t{kDone} : int32_t{kSingular};
     });
@@ -153,6 +159,7 @@ class Start {
   const OrvikThreading* threading_;
   int32_t threads_ = 1;
   serv::Block<T> scaled_;   // the variables, scaled, one after the other
+  serv::Block<T> samples_;  // their samples, gathered once for all pairs
   serv::Block<T> scratch_;  // two variables for each thread
   serv::Block<double> small_;
   double *location_ = nullptr, *scale_ = nullptr;    // of the variables

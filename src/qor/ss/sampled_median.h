@@ -51,24 +51,28 @@ struct Bracket {
   }
 };
 
-// value(i) is the i-th of n values; scratch holds n.
-template <class T, class F>
-T sampled_median(int64_t n, F&& value, T* scratch) {
-  constexpr int64_t kShort = 8192, kSample = 2048, kBlock = 512;
+inline constexpr int64_t kSample = 2048;
+
+// Whether n values are so many that a sample is taken, and where its k-th value is: every so many-th, in steps that no
+// small period shares.
+inline bool is_sampled(int64_t n) { return n >= 4 * kSample; }
+inline int64_t place_in_sample(int64_t n, int64_t k) {
+  const int64_t step = (n / kSample) | 1, i = k * step;
+  return i < n ? i : i - n;
+}
+
+// value(i) is the i-th of n values, sample(k) the k-th of the sample; scratch holds n.
+template <class T, class F, class Sample>
+T sampled_median(int64_t n, F&& value, Sample&& sample, T* scratch) {
+  constexpr int64_t kBlock = 512;
   constexpr int64_t kMargin = 70;  // ranks of the sample: three deviations, sqrt(kSample) / 2 each
   auto all = [&] {
     for (int64_t i = 0; i < n; ++i) scratch[i] = value(i);
     return median_of(n, scratch);
   };
-  if (n < kShort) return all();
+  if (!is_sampled(n)) return all();
 
-  // Every so many-th value, in steps that no small period shares.
-  const int64_t step = (n / kSample) | 1;
-  for (int64_t k = 0, i = 0; k < kSample; ++k) {
-    scratch[k] = value(i);
-    i += step;
-    if (i >= n) i -= n;
-  }
+  for (int64_t k = 0; k < kSample; ++k) scratch[k] = sample(k);
   if (move_nans(scratch, kSample) != kSample) return all();
   select(scratch, 0, kSample - 1, kSample / 2 - kMargin);
   select(scratch, kSample / 2 - kMargin + 1, kSample - 1, kSample / 2 + kMargin);
@@ -88,12 +92,19 @@ T sampled_median(int64_t n, F&& value, T* scratch) {
 }
 
 // Median absolute deviation from the median, which is returned as well.
-template <class T, class F>
-T sampled_deviation(int64_t n, F&& value, T* scratch, T* median) {
-  const T m = sampled_median(n, value, scratch);
+template <class T, class F, class Sample>
+T sampled_deviation(int64_t n, F&& value, Sample&& sample, T* scratch, T* median) {
+  const T m = sampled_median(n, value, sample, scratch);
   if (median != nullptr) *median = m;
   return sampled_median(
-      n, [&](int64_t i) { return std::fabs(value(i) - m); }, scratch);
+      n, [&](int64_t i) { return std::fabs(value(i) - m); }, [&](int64_t k) { return std::fabs(sample(k) - m); },
+      scratch);
+}
+// Of values whose sample is not at hand.
+template <class T, class F>
+T sampled_deviation(int64_t n, F&& value, T* scratch, T* median) {
+  return sampled_deviation(
+      n, value, [&](int64_t k) { return value(place_in_sample(n, k)); }, scratch, median);
 }
 
 }  // namespace orvik::ss

@@ -3,62 +3,10 @@
 #include <algorithm>
 #include <type_traits>
 
-#include "qor/ss/rows.h"
-#include "qor/unroll.h"
+#include "qor/ss/segment.h"
 
 namespace orvik::ss {
 namespace {
-
-// s[k] += w d^(k + 1) for K powers.
-template <int K, bool Weighted, class V>
-inline __attribute__((always_inline)) void add_powers(V d, V w, V (&s)[K]) {
-  if constexpr (Weighted) d = drop(w == V(0), d);
-  const V wd = Weighted ? w * d : d;
-  s[0] = s[0] + wd;
-  if constexpr (K >= 2) s[1] = fma(wd, d, s[1]);
-  if constexpr (K >= 3) {
-    const V d2 = d * d;
-    s[2] = fma(wd, d2, s[2]);
-    if constexpr (K >= 4) s[3] = fma(Weighted ? wd * d : d2, d2, s[3]);
-  }
-}
-
-// One variable, its observations contiguous.
-template <class T, int K, bool Weighted, bool Shifted>
-void add_segment(int64_t n, const T* x, const T* w, T shift, double* const sums[4], int64_t j) {
-  using V = VectorOf<T>;
-  constexpr int kUnroll = K == 1 ? 8 : K == 2 ? 4 : 3;
-  constexpr int64_t kStep = kUnroll * kWidth<V>;
-  const V u = V(shift);
-  V s[kUnroll][K];
-  for (auto& row : s) {
-    for (auto& v : row) v = V(T(0));
-  }
-  int64_t i = 0;
-  for (; i + kStep <= n; i += kStep) {
-    unroll<kUnroll>([&](auto r) __attribute__((always_inline)) {
-      V d = load<V>(x + i + r * kWidth<V>);
-      if constexpr (Shifted) d = d - u;
-      add_powers<K, Weighted>(d, Weighted ? load<V>(w + i + r * kWidth<V>) : u, s[r]);
-    });
-  }
-  for (; i + kWidth<V> <= n; i += kWidth<V>) {
-    V d = load<V>(x + i);
-    if constexpr (Shifted) d = d - u;
-    add_powers<K, Weighted>(d, Weighted ? load<V>(w + i) : u, s[0]);
-  }
-  if (i < n) {
-    const auto mask = first_lanes<V>(n - i);
-    V d = load(x + i, mask);
-    if constexpr (Shifted) d = keep(mask, d - u);
-    add_powers<K, Weighted>(d, Weighted ? load(w + i, mask) : u, s[kUnroll - 1]);
-  }
-  unroll<K>([&](auto k) __attribute__((always_inline)) {
-    V total = s[0][k];
-    unroll<kUnroll - 1>([&](auto r) __attribute__((always_inline)) { total = total + s[r + 1][k]; });
-    sums[k][j] += static_cast<double>(horizontal_sum(total));
-  });
-}
 
 // Rows of contiguous observations into accumulators by place and order.
 template <class T, int K, bool Weighted, bool Shifted>
@@ -90,20 +38,21 @@ class RowSums {
     if constexpr (Weighted) {
       for (int s = 0; s < N; ++s) one[s] = V(weights_[i + s * apart]);
     }
-    for_vectors<V>(length, [&](int64_t j, auto vector) __attribute__((always_inline)) {
-      V s[K];
-      unroll<K>([&](auto k) __attribute__((always_inline)) { s[k] = load<V>(sums_ + k * kStep + j); });
-      V u = V(T(0));
-      if constexpr (Shifted) u = load<V>(shift_ + j);
-      unroll<N>([&](auto stream) __attribute__((always_inline)) {
-        V d = vector.load(x + stream * apart * p + j);
-        if constexpr (Shifted) d = drop_behind(vector, d - u);
-        V w = u;
-        if constexpr (Weighted) w = spread ? load<V>(spread_[stream] + j) : one[stream];
-        add_powers<K, Weighted>(d, w, s);
-      });
-      unroll<K>([&](auto k) __attribute__((always_inline)) { store(sums_ + k * kStep + j, s[k]); });
-    });
+    for_vectors<V>(
+        length, [&](int64_t j, auto vector) __attribute__((always_inline)) {
+          V s[K];
+          unroll<K>([&](auto k) __attribute__((always_inline)) { s[k] = load<V>(sums_ + k * kStep + j); });
+          V u = V(T(0));
+          if constexpr (Shifted) u = load<V>(shift_ + j);
+          unroll<N>([&](auto stream) __attribute__((always_inline)) {
+            V d = vector.load(x + stream * apart * p + j);
+            if constexpr (Shifted) d = drop_behind(vector, d - u);
+            V w = u;
+            if constexpr (Weighted) w = spread ? load<V>(spread_[stream] + j) : one[stream];
+            add_powers<K, Weighted>(d, w, s);
+          });
+          unroll<K>([&](auto k) __attribute__((always_inline)) { store(sums_ + k * kStep + j, s[k]); });
+        });
   }
 
   void put(int64_t length, int64_t width, int64_t first, double* const sums[4]) const {
@@ -143,65 +92,73 @@ template <class T, int K, bool Weighted, bool Shifted>
     const int64_t width = std::min(Rows::kPlaces, j1 - first);
     const int64_t length = fold.observations > 1 ? fold.length : width;
     Rows rows(d.weights, Shifted ? shift + first : nullptr, width, length);
-    for_rows(d, i0, i1, first, width, fold,
-             [&](auto streams, int64_t size, const T* x, int64_t apart, int64_t i, int64_t observations)
-                 __attribute__((always_inline)) { rows.add(streams, size, x, d.p, apart, i, observations); });
+    for_rows(
+        d, i0, i1, first, width, fold,
+        [&](auto streams, int64_t size, const T* x, int64_t apart, int64_t i, int64_t observations)
+            __attribute__((always_inline)) { rows.add(streams, size, x, d.p, apart, i, observations); });
     rows.put(length, width, first, sums);
-  }
-}
-
-template <class T, int K, bool Weighted, bool Shifted>
-void add(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const T* shift, double* const sums[4]) {
-  if (!d.contiguous_variables) return add_rows<T, K, Weighted, Shifted>(d, i0, i1, j0, j1, shift, sums);
-  for (int64_t j = j0; j < j1; ++j) {
-    add_segment<T, K, Weighted, Shifted>(i1 - i0, d.x + j * d.n + i0, Weighted ? d.weights + i0 : nullptr,
-                                         Shifted ? shift[j] : T{0}, sums, j);
   }
 }
 
 template <class T, int K>
 void add(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const T* shift, double* const sums[4]) {
-  if (d.weights != nullptr) {
-    shift != nullptr ? add<T, K, true, true>(d, i0, i1, j0, j1, shift, sums)
-                     : add<T, K, true, false>(d, i0, i1, j0, j1, shift, sums);
+  if (d.contiguous_variables) {
+    for (int64_t j = j0; j < j1; ++j) {
+      double segment[K];
+      add_segment(i1 - i0, d.x + j * d.n + i0, d.weights != nullptr ? d.weights + i0 : nullptr,
+                  shift != nullptr ? shift + j : nullptr, segment);
+      for (int k = 0; k < K; ++k) sums[k][j] += segment[k];
+    }
+  } else if (d.weights != nullptr) {
+    shift != nullptr ? add_rows<T, K, true, true>(d, i0, i1, j0, j1, shift, sums)
+                     : add_rows<T, K, true, false>(d, i0, i1, j0, j1, shift, sums);
   } else {
-    shift != nullptr ? add<T, K, false, true>(d, i0, i1, j0, j1, shift, sums)
-                     : add<T, K, false, false>(d, i0, i1, j0, j1, shift, sums);
+    shift != nullptr ? add_rows<T, K, false, true>(d, i0, i1, j0, j1, shift, sums)
+                     : add_rows<T, K, false, false>(d, i0, i1, j0, j1, shift, sums);
   }
 }
 
-// Sums in double of weights and of their squares.
-inline void add_weights(F64 w, F64* sum, F64* squares) {
-  *sum = *sum + w;
-  *squares = fma(w, w, *squares);
-}
-inline void add_weights(F32 w, F64* sum, F64* squares) {
-  add_weights(widen_low(w), sum, squares);
-  add_weights(widen_high(w), sum + 1, squares + 1);
+// Sums of m weights and of their squares, in lanes of the weights' precision.
+template <class T>
+void add_weights(const T* w, int64_t m, double* sum, double* squares) {
+  using V = VectorOf<T>;
+  constexpr int kCount = 4;
+  V s[kCount], q[kCount];
+  for (int k = 0; k < kCount; ++k) s[k] = q[k] = V(T(0));
+  const auto take = [&](V v, int k) __attribute__((always_inline)) {
+    s[k] = s[k] + v;
+    q[k] = fma(v, v, q[k]);
+  };
+  const auto vector = [&](int64_t i, auto r) __attribute__((always_inline)) { take(load<V>(w + i), r); };
+  for_streams<V, kCount, 1>(
+      m, vector, vector, [&](int64_t i, int64_t lanes) __attribute__((always_inline)) {
+        take(load(w + i, first_lanes<V>(lanes)), kCount - 1);
+      });
+  *sum += static_cast<double>(horizontal_sum((s[0] + s[1]) + (s[2] + s[3])));
+  *squares += static_cast<double>(horizontal_sum((q[0] + q[1]) + (q[2] + q[3])));
 }
 
 }  // namespace
 
 template <class T>
 Weights weigh(const T* w, int64_t m) {
-  using V = VectorOf<T>;
-  constexpr int kUnroll = 4;
-  F64 sum[2 * kUnroll], squares[2 * kUnroll];
-  for (int k = 0; k < 2 * kUnroll; ++k) sum[k] = squares[k] = F64(0.0);
-  int64_t r = 0;
-  auto take = [&](V v, int k) __attribute__((always_inline)) { add_weights(v, sum + 2 * k, squares + 2 * k); };
-  for (; r + kUnroll * kWidth<V> <= m; r += kUnroll * kWidth<V>) {
-    unroll<kUnroll>([&](auto k) __attribute__((always_inline)) { take(load<V>(w + r + k * kWidth<V>), k); });
+  // In single precision few enough at once that rounding stays below that of a result.
+  constexpr int64_t kRun = sizeof(T) == 4 ? 2048 : INT64_MAX;
+  Weights total{0, 0, m};
+  for (int64_t i = 0; i < m; i += std::min(kRun, m - i)) {
+    add_weights(w + i, std::min(kRun, m - i), &total.sum, &total.squares);
   }
-  for (; r + kWidth<V> <= m; r += kWidth<V>) take(load<V>(w + r), 0);
-  if (r < m) take(load(w + r, first_lanes<V>(m - r)), 0);
-  for (int k = 1; k < 2 * kUnroll; ++k) {
-    sum[0] = sum[0] + sum[k];
-    squares[0] = squares[0] + squares[k];
+  // Squares that single precision does not hold.
+  if (sizeof(T) == 4 && !(total.squares >= static_cast<double>(m) * 0x1p-100 && total.squares <= 0x1p127)) {
+    total = {0, 0, m};
+    for (int64_t i = 0; i < m; ++i) {
+      const auto x = static_cast<double>(w[i]);
+      total.sum += x;
+      total.squares += x * x;
+    }
   }
-  Weights total{horizontal_sum(sum[0]), horizontal_sum(squares[0]), m};
   // The square of the sum says that there are several, beyond what rounding may; otherwise they are counted.
-  if (!(total.sum * total.sum > total.squares * (1 + 0x1p-30) && total.squares > 0)) {
+  if (!(total.sum * total.sum > total.squares * (1 + 0x1p-10) && total.squares > 0)) {
     total.observations = std::count_if(w, w + m, [](T x) { return !(x == 0); });
   }
   return total;
@@ -224,8 +181,8 @@ void add_power_sums(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_
   }
 }
 
-#define ORVIK_INSTANTIATE(T)                                                                                 \
-  template Weights weigh(const T*, int64_t);                                                                 \
+#define ORVIK_INSTANTIATE(T)                 \
+  template Weights weigh(const T*, int64_t); \
   template void add_power_sums(const Data<T>&, int64_t, int64_t, int64_t, int64_t, int, const T*, double* const[4]);
 ORVIK_INSTANTIATE(float)
 ORVIK_INSTANTIATE(double)

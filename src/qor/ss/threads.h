@@ -40,22 +40,49 @@ int32_t run_threads(const OrvikThreading* table, int32_t threads, Body&& body) {
   return context.finished.load() == threads ? kDone : kNoMemory;
 }
 
-// Chunks of a loop over n items whose sums are to be the same on any number of threads: they depend on n alone, and
-// what they give is added up in their order.
+// Chunks of a loop over n items whose sums are to be the same on any number of threads: they depend on the data's shape
+// alone, and what they give is added up in their order.
 struct Chunks {
   static constexpr int32_t kMost = 64;
   int64_t n;
   int32_t count;
 
-  explicit Chunks(int64_t items) : n(items), count(static_cast<int32_t>(std::clamp<int64_t>(n / 4096, 1, kMost))) {}
+  explicit Chunks(int64_t items) : Chunks(items, items / 4096) {}
+  Chunks(int64_t items, int64_t wanted)
+      : n(items), count(static_cast<int32_t>(std::clamp<int64_t>(wanted, 1, kMost))) {}
 
-  // body(chunk, first, end) for all of them.
+  int64_t first(int32_t chunk) const { return n / count * chunk + n % count * chunk / count; }
+
+  // body(chunk, first, end) for all of them, for bodies of a few steps an item: below so many items a thread takes
+  // longer to wake than to work.
   template <class Body>
   int32_t run(const OrvikThreading* table, Body&& body) const {
-    const int32_t threads = std::min(max_threads(table), count);
+    constexpr int64_t kWorthAThread = 16384;
+    const auto worth = static_cast<int32_t>(std::clamp<int64_t>(n / kWorthAThread, 1, count));
+    const int32_t threads = std::min(max_threads(table), worth);
     return run_threads(table, threads, [&](int32_t thread) {
       for (int32_t k = count * thread / threads; k < count * (thread + 1) / threads; ++k) {
-        body(k, n * k / count, n * (k + 1) / count);
+        body(k, first(k), first(k + 1));
+      }
+      return int32_t{kDone};
+    });
+  }
+
+  // body(place, first, end) for all of them, each by the thread that is free, and after it join(place), one at a time
+  // and in the order of the chunks; a place belongs to one thread. A chunk's turn comes, since those before it have
+  // been begun.
+  template <class Body, class Join>
+  int32_t run_in_order(const OrvikThreading* table, int32_t threads, Body&& body, Join&& join) const {
+    std::atomic<int32_t> next{0}, places{0}, joined{0};
+    return run_threads(table, threads, [&](int32_t) {
+      int32_t place = -1;
+      for (int32_t k; (k = next.fetch_add(1)) < count;) {
+        if (place < 0) place = places.fetch_add(1);
+        body(place, first(k), first(k + 1));
+        for (int32_t done; (done = joined.load(std::memory_order_acquire)) != k;) joined.wait(done);
+        join(place);
+        joined.store(k + 1, std::memory_order_release);
+        joined.notify_all();
       }
       return int32_t{kDone};
     });

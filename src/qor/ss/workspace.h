@@ -1,4 +1,4 @@
-// Working memory of a pass: what its threads accumulate.
+// Working memory of a pass: what its chunks accumulate.
 #pragma once
 
 #include <algorithm>
@@ -12,28 +12,45 @@
 
 namespace orvik::ss {
 
-// Threads of a pass: enough work for each, the more with a matrix.
-inline int32_t pass_threads(int64_t p, int64_t n, bool matrix, const OrvikThreading* threading) {
-  if (threading == nullptr) return 1;
-  const double work = static_cast<double>(p) * static_cast<double>(n) * (matrix ? static_cast<double>(p) : 1.0) / 8192.0;
-  const int64_t by_work = static_cast<int64_t>(std::min(work, 1e9));
-  return static_cast<int32_t>(std::max<int64_t>(1, std::min({by_work, int64_t{max_threads(threading)}, n >> 4})));
-}
+// How the observations of a pass are shared out: in chunks, which the data's shape alone decides, to threads. There may
+// be more threads than chunks, where observations are few.
+struct Shares {
+  Chunks chunks;
+  int32_t threads;
+  int32_t sets =
+      1;  // of accumulators: those of the chunks under way, and before these what joins all, if there are several
 
-// The rows of all threads, their matrices and the scratch of the matrix kernel in one block; few values live on the frame.
+  // Enough work for each thread, the more with a matrix. A chunk has so many observations that joining what it gives
+  // costs little beside them: a matrix has p values for each of its p rows.
+  Shares(int64_t p, int64_t n, bool matrix, const OrvikThreading* threading) : chunks(n, 1), threads(1) {
+    const double work = static_cast<double>(p * n) * (matrix ? static_cast<double>(p) : 1.0) / 8192.0;
+    if (work < 2 || n < 32) return;
+    const int64_t most = std::min(static_cast<int64_t>(std::min(work, 1e9)), n >> 4);
+    chunks = Chunks(n, std::min(most, matrix ? n / std::max<int64_t>(512, p / 2) : n >> 8));
+    threads = static_cast<int32_t>(std::min<int64_t>(most, max_threads(threading)));
+    if (chunks.count > 1) sets = 1 + std::min(threads, chunks.count);
+  }
+  // One chunk for one thread.
+  explicit Shares(int64_t n) : chunks(n, 1), threads(1) {}
+};
+
+// The rows of all accumulators, their matrices and the scratch of the matrix kernel in one block; few values live on
+// the frame.
 template <class T>
 class Workspace {
  public:
-  // The first thread's matrix is the caller's where it is `in_place`. False when memory is exhausted.
-  bool allocate(int64_t p, int64_t n, bool weighted, const Plan& plan, int32_t threads, bool in_place) {
+  // The first matrix is the caller's where it is `in_place`. False when memory is exhausted.
+  bool allocate(int64_t p, bool weighted, const Plan& plan, const Shares& shares, bool in_place) {
     p_ = p;
     weighted_ = weighted;
-    int64_t cleared = threads * double_rows(plan) * bytes<double>(p) + (threads * real_rows(plan) + 2) * bytes<T>(p);
+    const int64_t under_way = std::max(shares.sets - 1, 1);
+    int64_t cleared =
+        shares.sets * double_rows(plan) * bytes<double>(p) + (shares.sets * real_rows(plan) + 2) * bytes<T>(p);
     int64_t size = cleared;
     if (plan.matrix()) {
-      longest_ = threads == 1 ? n : n / threads + n % threads;
-      cleared += (in_place ? 0 : bytes<T>(p * p)) + bytes<T>((threads - 1) * p * p);
-      size = cleared + threads * bytes<T>(CrossProduct<T>::scratch_size(p, longest_, weighted_));
+      longest_ = shares.chunks.n / shares.chunks.count + 1;
+      cleared += (in_place ? 0 : bytes<T>(p * p)) + bytes<T>((shares.sets - 1) * p * p);
+      size = cleared + under_way * bytes<T>(CrossProduct<T>::scratch_size(p, longest_, weighted_));
     }
     next_ = frame_;
     if (size > kFrame) {
@@ -58,14 +75,17 @@ class Workspace {
   }
   T* matrix() { return take<T>(p_ * p_); }
 
-  // Accumulators of all threads, the first with the matrix `in_place`, if that is not null.
-  void share_out(const Plan& plan, int32_t threads, T* in_place, Accumulators<T>* parts) {
-    for (int32_t k = 0; k < threads; ++k) fill(plan, new (parts + k) Accumulators<T>);
+  // The first accumulators have the matrix `in_place`, if that is not null. They take the scratch of a thread where
+  // they are fed themselves.
+  void share_out(const Plan& plan, const Shares& shares, T* in_place, Accumulators<T>* parts) {
+    for (int32_t k = 0; k < shares.sets; ++k) fill(plan, new (parts + k) Accumulators<T>);
     if (!plan.matrix()) return;
     T* const own = in_place != nullptr ? in_place : matrix();
-    T* const others = take<T>((threads - 1) * p_ * p_);
-    for (int32_t k = 0; k < threads; ++k) {
-      parts[k].cross = cross_product(k == 0 ? own : others + (k - 1) * p_ * p_);
+    T* const others = take<T>((shares.sets - 1) * p_ * p_);
+    const int64_t scratch = bytes<T>(CrossProduct<T>::scratch_size(p_, longest_, weighted_));
+    for (int32_t k = 0; k < shares.sets; ++k) {
+      T* const to = reinterpret_cast<T*>(next_ + std::max(k - 1, 0) * scratch);
+      parts[k].cross = CrossProduct<T>(p_, longest_, weighted_, k == 0 ? own : others + (k - 1) * p_ * p_, to);
     }
   }
 
@@ -89,10 +109,6 @@ class Workspace {
     for (int k = 0; k < 4; ++k) to[k] = reinterpret_cast<double*>(next_ + k * step);
     next_ += count * step;
   }
-  CrossProduct<T> cross_product(T* matrix) {
-    T* scratch = take<T>(CrossProduct<T>::scratch_size(p_, longest_, weighted_));
-    return CrossProduct<T>(p_, longest_, weighted_, matrix, scratch);
-  }
 
   template <class V>
   static int64_t bytes(int64_t count) {
@@ -109,8 +125,26 @@ class Workspace {
   serv::Block<char> block_;
   char* next_ = nullptr;
   int64_t p_ = 0;
-  int64_t longest_ = 0;  // with a matrix: observations of a thread's longest run
+  int64_t longest_ = 0;  // with a matrix: observations of the longest chunk, at least
   bool weighted_ = false;
 };
+
+// Feeds all chunks, feed(place, first, end, accumulators) with the place among those under way, and joins them to the
+// first set.
+template <class T, class Feed>
+int32_t run_chunks(const Shares& shares, int64_t p, const Plan& plan, const OrvikThreading* threading,
+                   Accumulators<T>* sets, Feed&& feed) {
+  const bool alone = shares.sets == 1;
+  return shares.chunks.run_in_order(
+      threading, shares.threads,
+      [&](int32_t place, int64_t i, int64_t end) {
+        if (alone) return feed(place, i, end, sets);
+        clear(p, plan, sets + 1 + place);
+        feed(place, i, end, sets + 1 + place);
+      },
+      [&](int32_t place) {
+        if (!alone) merge(p, plan, sets, sets[1 + place]);
+      });
+}
 
 }  // namespace orvik::ss

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 #include "qor/ss/reference.h"
@@ -215,7 +216,7 @@ TYPED_TEST(Moments, ByOnePassKeepTheDigitsOfUnevenData) {
   for (int kind = 0; kind < 4; ++kind) {
     const Sample<T> s(1, kN, [kind](int64_t i, int64_t) {
       const double noise = std::sin(static_cast<double>(i * i % 1009));
-      return kind == 0 ? (i < 100 ? 4000.0 : 0.0) + noise
+      return kind == 0   ? (i < 100 ? 4000.0 : 0.0) + noise
              : kind == 1 ? static_cast<double>(i) + noise
              : kind == 2 ? static_cast<double>(i / 1536) * 1000 + noise
                          : (i == 0 ? 30000.0 : 100.0 + noise);
@@ -285,6 +286,57 @@ TYPED_TEST(Moments, OfTwoHalvesInTwoCallsAreThoseOfOneCall) {
     }
     for (int64_t k = 0; k < kP * kP; ++k) {
       EXPECT_NEAR(covariance[1][k], covariance[0][k], 1000 * eps * (std::fabs(covariance[0][k]) + 1));
+    }
+  }
+}
+
+// A lone variable is handled by what is compiled for one; it is the same code.
+TYPED_TEST(Moments, OfOneVariableHaveTheBitsThatTheyHaveAmongOthers) {
+  using T = TypeParam;
+  for (int64_t n : {1, 2, 7, 100, 255, 257, 1000, 1536, 1537, 5000}) {
+    const auto sample = random_sample<T>(2, n);
+    for (uint64_t method : kMethods) {
+      for (const uint64_t estimates :
+           {kAllEstimates, kMomentsOnly, uint64_t{ORVIK_SS_MEAN}, uint64_t{ORVIK_SS_RAW_SUM3},
+            ORVIK_SS_MEAN | ORVIK_SS_RAW_MOMENT4, uint64_t{ORVIK_SS_CENTRAL_SUM2}}) {
+        for (bool weighted : {false, true}) {
+          // Weights of several variables come in shorter blocks.
+          if (weighted && n > 2048) continue;
+          Results<T> results[2] = {Results<T>(1), Results<T>(2)};
+          for (int p : {1, 2}) {
+            TaskOver<T> task;
+            ASSERT_EQ(task.make(p, n, 0x10000, sample.rows.data(), weighted ? sample.weights.data() : nullptr), 0);
+            results[p - 1].attach(&task);
+            for (int32_t id : kIds) results[p - 1].of[id].assign(p, T{1});  // the user's mean among them
+            for (int call = 0; call < 2; ++call) {
+              ASSERT_EQ(Entries<T>::basic(task.get(), estimates, method, nullptr), 0);
+            }
+          }
+          for (int32_t id : kIds) {
+            EXPECT_EQ(std::memcmp(&results[0].of[id][0], &results[1].of[id][0], sizeof(T)), 0)
+                << n << " method " << method << " estimates " << estimates << " id " << id << ": "
+                << results[0].of[id][0] << " and " << results[1].of[id][0];
+          }
+        }
+      }
+    }
+  }
+}
+
+TYPED_TEST(Moments, ByOnePassTheMeanOfHugeValuesDoesNotOverflow) {
+  using T = TypeParam;
+  const T huge = std::numeric_limits<T>::max();
+  for (int64_t n : {1, 63, 64, 1000, 20000}) {
+    std::vector<T> equal(n, huge * T(0.9)), two(equal), mean(1);  // deviations from which do not overflow either
+    for (int64_t i = 0; i < n; i += 2) two[i] = huge * T(0.9 - 0x1p-16);
+    for (const auto& x : {equal, two}) {
+      TaskOver<T> task;
+      ASSERT_EQ(task.make(1, n, 0x10000, x.data()), 0);
+      ASSERT_EQ(task.set(OrvikSS_mean, mean), 0);
+      ASSERT_EQ(Entries<T>::basic(task.get(), ORVIK_SS_MEAN, ORVIK_SS_METHOD_ONE_PASS, nullptr), 0);
+      long double want = 0;
+      for (T v : x) want += static_cast<long double>(v) / static_cast<long double>(n);
+      EXPECT_NEAR(static_cast<double>(mean[0] / want), 1, 4 * std::numeric_limits<T>::epsilon()) << n;
     }
   }
 }

@@ -1,17 +1,23 @@
+// Results of the one-pass method, and what they are between the blocks of a run. Where all weights are zero, sums are
+// zero and moments no numbers.
+#pragma once
+
+#include <algorithm>
 #include <limits>
 
-#include "qor/ss/finish.h"
+#include "qor/ss/pass.h"
 #include "qor/ss/results.h"
 
 namespace orvik::ss {
-namespace {
 
-void* central_sum_field(const Task& task, int k) { return output(task, kCentralSum2 + k - 2); }
+namespace one_pass {
+
+inline void* central_sum_field(const Task& task, int k) { return output(task, kCentralSum2 + k - 2); }
 
 // Where a running central sum that the pass needs lives between the blocks of a run.
 enum class Home { Sum, Moment, Raw, Unasked, None };
 
-Home home_of(const Task& task, const Plan& plan, int k) {
+inline Home home_of(const Task& task, const Plan& plan, int k) {
   if (plan.has(kCentralSum2 + k - 2)) return Home::Sum;
   if (plan.has(kCentral2 + k - 2)) return Home::Moment;
   bool raw = true;
@@ -20,10 +26,12 @@ Home home_of(const Task& task, const Plan& plan, int k) {
   return central_sum_field(task, k) != nullptr ? Home::Unasked : Home::None;
 }
 
-}  // namespace
+}  // namespace one_pass
 
-template <class T>
-void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old, Accumulators<T>* acc) {
+// The running results of a task with `old` weights as accumulators.
+template <class T, class S>
+inline void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
+                          Accumulators<T, S>* acc) {
   const int order = plan.central;
   if (order == 0) return;
   const Results<T> rows(task, plan);
@@ -35,18 +43,18 @@ void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const W
     const double r[5] = {1, m, rows.get(kRaw2, j), rows.get(kRaw3, j), rows.get(kRaw4, j)};
     for (int k = 2; k <= order; ++k) {
       double c = 0;
-      switch (home_of(task, plan, k)) {
-        case Home::Sum:
-        case Home::Unasked:
-          c = real<T>(central_sum_field(task, k))[j];
+      switch (one_pass::home_of(task, plan, k)) {
+        case one_pass::Home::Sum:
+        case one_pass::Home::Unasked:
+          c = real<T>(one_pass::central_sum_field(task, k))[j];
           break;
-        case Home::Moment:
+        case one_pass::Home::Moment:
           c = rows.get(kCentral2 + k - 2, j) * old.sum / (k == 2 ? factor : 1.0);
           break;
-        case Home::Raw:
+        case one_pass::Home::Raw:
           c = central_from_raw(k, m, r) * old.sum;
           break;
-        case Home::None:
+        case one_pass::Home::None:
           break;
       }
       acc->central[k - 1][j] = c;
@@ -54,16 +62,17 @@ void seed_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const W
   }
 }
 
-template <class T>
-void finish_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
-                     const Accumulators<T>& acc) {
+template <class T, class S>
+inline void finish_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
+                            const Accumulators<T, S>& acc) {
   const Results<T> rows(task, plan);
   const Weights& total = acc.weights;
   const double factor = unbiased(total);
-  const int power = plan.power, central = plan.central;
+  const int power = S::power(plan), central = S::central(plan);
   T* unasked[5] = {};
-  for (int k = 2; k <= central; ++k) {
-    if (home_of(task, plan, k) == Home::Unasked) unasked[k] = real<T>(central_sum_field(task, k));
+  for (int k = 2; k <= plan.central; ++k) {
+    if (one_pass::home_of(task, plan, k) == one_pass::Home::Unasked)
+      unasked[k] = real<T>(one_pass::central_sum_field(task, k));
   }
   for (int64_t j = 0; j < d.p; ++j) {
     if (!d.selected(j)) continue;
@@ -80,18 +89,11 @@ void finish_one_pass(const Task& task, const Data<T>& d, const Plan& plan, const
       for (int k = 2; k <= central; ++k) c[k] = sums[k] / total.sum, r[k] = raw_from_central(k, mean, c);
     }
     rows.set(kMean, j, mean);
-    rows.put(j, plan.order(), mean, factor, s, r, sums, total.sum);
-    for (int k = 2; k <= central; ++k) {
+    rows.put(j, std::max(power, central), mean, factor, s, r, sums, total.sum);
+    for (int k = 2; k <= plan.central; ++k) {
       if (unasked[k] != nullptr) unasked[k][j] = static_cast<T>(sums[k]);
     }
   }
 }
-
-#define ORVIK_INSTANTIATE(T)                                                                                      \
-  template void seed_one_pass(const Task&, const Data<T>&, const Plan&, const Weights&, Accumulators<T>*);        \
-  template void finish_one_pass(const Task&, const Data<T>&, const Plan&, const Weights&, const Accumulators<T>&);
-ORVIK_INSTANTIATE(float)
-ORVIK_INSTANTIATE(double)
-#undef ORVIK_INSTANTIATE
 
 }  // namespace orvik::ss

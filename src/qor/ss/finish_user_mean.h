@@ -1,11 +1,13 @@
-#include "qor/ss/finish.h"
+// Results of the user's mean. Where all weights are zero, sums are zero and moments no numbers.
+#pragma once
+
+#include "qor/ss/pass.h"
 #include "qor/ss/results.h"
 
 namespace orvik::ss {
-namespace {
 
 // A central sum about `mean`, given one about `mean` + `delta` whose own first-order sum is zero.
-double rebase(int k, double weight, double delta, const double* c) {
+inline double rebase(int k, double weight, double delta, const double* c) {
   switch (k) {
     case 2:
       return c[2] + weight * delta * delta;
@@ -16,16 +18,15 @@ double rebase(int k, double weight, double delta, const double* c) {
   }
 }
 
-}  // namespace
-
-template <class T>
-void finish_user_mean(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
-                      const Accumulators<T>& acc, const T* old_mean) {
+// `old_mean` is the user's mean of the block before, null if there is none.
+template <class T, class S>
+inline void finish_user_mean(const Task& task, const Data<T>& d, const Plan& plan, const Weights& old,
+                             const Accumulators<T, S>& acc, const T* old_mean) {
   const Results<T> rows(task, plan);
   const Weights& total = acc.weights;
   const bool running = old.sum != 0;
   const double factor = unbiased(total), old_factor = running ? unbiased(old) : 1.0;
-  const int order = plan.power;
+  const int order = S::power(plan);
   for (int64_t j = 0; j < d.p; ++j) {
     if (!d.selected(j)) continue;
     const double mean = rows.get(kMean, j);
@@ -46,12 +47,5 @@ void finish_user_mean(const Task& task, const Data<T>& d, const Plan& plan, cons
     rows.put(j, order, mean, factor, s, r, sums, total.sum);
   }
 }
-
-#define ORVIK_INSTANTIATE(T)                                                                                       \
-  template void finish_user_mean(const Task&, const Data<T>&, const Plan&, const Weights&, const Accumulators<T>&, \
-                                 const T*);
-ORVIK_INSTANTIATE(float)
-ORVIK_INSTANTIATE(double)
-#undef ORVIK_INSTANTIATE
 
 }  // namespace orvik::ss

@@ -82,11 +82,8 @@ class Task {
   int32_t status_ = 0;
 };
 
-// The front's pool as the kernels' threads. Only for estimators that work variable by variable or set by set, whose
-// bits do not depend on it.
+// The front's pool as the kernels' threads, on which no bit of their results depends.
 extern const OrvikThreading kThreading;
-// The same in as many parts on any number of threads, for estimators that add up what their parts give.
-extern const OrvikThreading kPartsThreading;
 
 // Data of n observations of p variables: negative counts, and products that fit in no memory, are bad lengths.
 orvik_status check_data(int64_t n, int64_t p, const void* x, int32_t layout, int32_t bytes);

@@ -25,7 +25,7 @@ orvik_status outliers(int64_t n, int64_t p, const T* x, int32_t layout, T alpha,
   task.set(OrvikSS_outlierWeights, good.get());
   task.set(OrvikSS_outlierParameters, parameters).set_integer(OrvikSS_outlierParameterCount, &count);
   if (status == 0) status = task.status();
-  if (status == 0) status = Statistics<T>::outliers(task.get(), 0, ORVIK_SS_METHOD_BACON, &kPartsThreading);
+  if (status == 0) status = Statistics<T>::outliers(task.get(), 0, ORVIK_SS_METHOD_BACON, &kThreading);
   if (status != 0) return memory_status(status);
   for (int64_t i = 0; i < n; ++i) r[i] = good[static_cast<uint64_t>(i)] == 0;
   return ORVIK_SUCCESS;
@@ -47,7 +47,7 @@ orvik_status robust_covariance(int64_t n, int64_t p, const T* x, int32_t layout,
   task.set(OrvikSS_robustMean, mean).set(OrvikSS_robustCovariance, covariance);
   task.set_integer(OrvikSS_robustCovarianceStorage, &kFull);
   if (status == 0) status = task.status();
-  if (status == 0) status = Statistics<T>::robust_covariance(task.get(), 0, ORVIK_SS_METHOD_ROBUST, &kPartsThreading);
+  if (status == 0) status = Statistics<T>::robust_covariance(task.get(), 0, ORVIK_SS_METHOD_ROBUST, &kThreading);
   return memory_status(status);
 }
 

@@ -341,13 +341,6 @@ const OrvikThreading kThreading = {
       for_each_item(threads, threads, [&](int32_t k) { routine(k, 0, threads, context); });
       return int32_t{0};
     }};
-constexpr int32_t kParts = 16;
-const OrvikThreading kPartsThreading = {
-    [] { return kParts; },
-    [](int32_t parts, void* context, void (*routine)(int32_t, int32_t, int32_t, void*)) {
-      for_each_item(parts, thread_limit(), [&](int32_t k) { routine(k, 0, parts, context); });
-      return int32_t{0};
-    }};
 
 orvik_status check_data(int64_t n, int64_t p, const void* x, int32_t layout, int32_t bytes) {
   if (!cpu_serves()) return ORVIK_ERROR_CPU;

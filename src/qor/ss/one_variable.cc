@@ -5,10 +5,16 @@
 namespace orvik::ss {
 namespace {
 
-// Each kind is a function without calls but for those of sums, from the accumulators to the results.
+// Each kind is a function without calls but for those of sums, from the accumulators to the results. (Not under a
+// sanitizer, whose checks in functions of this size take the compiler minutes.)
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#define ORVIK_ONE_FUNCTION gnu::noinline
+#else
+#define ORVIK_ONE_FUNCTION gnu::noinline, gnu::flatten
+#endif
 template <class S, class T>
-[[gnu::noinline, gnu::flatten]] Weights run(const Task& task, const Data<T>& data, const Plan& plan, const Weights& old,
-                                            const T* user_mean, const T* old_mean) {
+[[ORVIK_ONE_FUNCTION]] Weights run(const Task& task, const Data<T>& data, const Plan& plan, const Weights& old,
+                                   const T* user_mean, const T* old_mean) {
   Data<T> d = data;
   d.p = 1;
   d.contiguous_variables = true;

@@ -1,8 +1,10 @@
-// Two threads as a caller has them: a second one that sleeps between calls, not made anew for each.
+// Two threads as a caller has them: a second one that is there for the next call. It looks for work for some hundred
+// microseconds before it sleeps, as runtimes of parallel loops do.
 #pragma once
 
-#include <condition_variable>
-#include <mutex>
+#include <immintrin.h>
+
+#include <atomic>
 #include <thread>
 
 #include "orvik/ss.h"
@@ -15,7 +17,7 @@ class Helper {
 
   Helper() : thread_([this] { work(); }) {}
   ~Helper() {
-    set(nullptr, nullptr, true);
+    give(nullptr, nullptr);
     thread_.join();
   }
   Helper(const Helper&) = delete;
@@ -23,38 +25,39 @@ class Helper {
 
   // routine(1) on the other thread, routine(0) on this one.
   void run(Routine routine, void* context) {
-    set(routine, context, false);
+    const uint32_t turn = give(routine, context);
     routine(0, 0, 2, context);
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [&] { return routine_ == nullptr; });
+    wait_for(done_, turn);
   }
 
  private:
-  void set(Routine routine, void* context, bool end) {
-    {
-      const std::lock_guard lock(mutex_);
-      routine_ = routine, context_ = context, end_ = end;
+  uint32_t give(Routine routine, void* context) {
+    routine_ = routine, context_ = context;
+    const uint32_t turn = given_.load(std::memory_order_relaxed) + 1;
+    given_.store(turn, std::memory_order_release);
+    given_.notify_one();
+    return turn;
+  }
+  static void wait_for(const std::atomic<uint32_t>& count, uint32_t turn) {
+    for (int i = 0; i < 4000; ++i) {
+      if (count.load(std::memory_order_acquire) == turn) return;
+      _mm_pause();
     }
-    changed_.notify_all();
+    for (uint32_t seen; (seen = count.load(std::memory_order_acquire)) != turn;) count.wait(seen);
   }
   void work() {
-    std::unique_lock lock(mutex_);
-    for (;;) {
-      changed_.wait(lock, [&] { return routine_ != nullptr || end_; });
-      if (end_) return;
-      lock.unlock();
+    for (uint32_t turn = 1;; ++turn) {
+      wait_for(given_, turn);
+      if (routine_ == nullptr) return;
       routine_(1, 0, 2, context_);
-      lock.lock();
-      routine_ = nullptr;
-      changed_.notify_all();
+      done_.store(turn, std::memory_order_release);
+      done_.notify_one();
     }
   }
 
-  std::mutex mutex_;
-  std::condition_variable changed_;
+  std::atomic<uint32_t> given_{0}, done_{0};
   Routine routine_ = nullptr;
   void* context_ = nullptr;
-  bool end_ = false;
   std::thread thread_;
 };
 

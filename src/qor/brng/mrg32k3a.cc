@@ -34,7 +34,8 @@ struct Mrg32k3a {
     const Sink sink = target;  // copies: for all the compiler knows the results might overlap them
     ptrdiff_t i = 0;
 #if ORVIK_WIDE_REGISTERS
-    if (serv::wide_registers) i = orvik_qor_wide_mrg32k3a(Sink::kForm, state, i, n, sink.target());
+    if (n >= kWideMrgWords && serv::wide_registers)
+      i = orvik_qor_wide_mrg32k3a(Sink::kForm, state, i, n, sink.target());
 #endif
     i = MrgBlocks::deliver(state, i, n, sink);
     alignas(32) uint32_t few[16];

@@ -168,5 +168,7 @@ struct MrgBlocks {
 // The same, compiled for registers of 512 bits.
 using WideMrg = ptrdiff_t(Form form, Mrg32k3aState& state, ptrdiff_t i, ptrdiff_t n, const Target& target);
 extern "C" WideMrg orvik_qor_wide_mrg32k3a;
+// The least of its blocks.
+inline constexpr ptrdiff_t kWideMrgWords = 256;
 
 }  // namespace orvik::qor

@@ -36,10 +36,11 @@ namespace {
 // Kernels count on 32 bits. A multiple of every block and cache line.
 constexpr int64_t kMostElements = int64_t{1} << 30;
 
-// The cost 1 of a dispatch table is about a fifth of a nanosecond: the float exponential of lower accuracy has 1.046.
-constexpr int64_t kCostOfNanosecond = 5 * 64;  // in 64ths
+// The cost 1 of a dispatch table is about a fifth of a nanosecond, a seventh in registers of 512 bits: the float exponential of
+// lower accuracy has 1.046.
+constexpr int64_t kCostOfNanosecond = 5 * 64, kWideCostOfNanosecond = 7 * 64;  // in 64ths
 // Below this a second thread does not pay; each is worth that much work.
-constexpr int64_t kAloneNanoseconds = 20000, kNanosecondsOfThread = 10000;
+constexpr int64_t kAloneNanoseconds = 20000, kNanosecondsOfThread = 15000;
 constexpr int64_t kSurelyShort = 16;               // whatever the cost: no element takes a microsecond
 constexpr int64_t kSurelyLong = int64_t{1} << 24;  // the same; below it products fit in 64 bits
 constexpr int32_t kBlocksOfThread = 16;            // so that one that comes late, or is held up, keeps nobody waiting
@@ -57,7 +58,8 @@ int64_t cost_in_64ths(float cost) {
 // About how long n elements take one thread, at most some hours.
 int64_t nanoseconds_of(int64_t n, float cost) {
   constexpr __int128 kLongest = int64_t{1} << 44;
-  const __int128 time = static_cast<__int128>(n) * cost_in_64ths(cost) / kCostOfNanosecond;
+  const int64_t unit = orvik_register_bits() == 512 ? kWideCostOfNanosecond : kCostOfNanosecond;
+  const __int128 time = static_cast<__int128>(n) * cost_in_64ths(cost) / unit;
   return static_cast<int64_t>(time < kLongest ? time : kLongest);
 }
 
@@ -278,7 +280,7 @@ orvik_status run(const Row& row, const Operands& o, int64_t n, orvik_math_option
       const int64_t limit = thread_limit(), worth = work / kNanosecondsOfThread;
       if (threads == 0) threads = static_cast<int32_t>(worth < limit ? worth : limit);
       const int64_t most = work / kAloneNanoseconds, wanted = int64_t{kBlocksOfThread} * threads;
-      blocks = static_cast<int32_t>(most < wanted ? most : wanted);
+      blocks = most < 1 ? 1 : static_cast<int32_t>(most < wanted ? most : wanted);
     }
     if (blocks < threads) blocks = threads;
     blocks = whole_streams(row, o, n, level, blocks);

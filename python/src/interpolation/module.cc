@@ -1,28 +1,14 @@
 // orvik._interpolation: what orvik.interpolate stands on, for float64 and float32.
-#include <pybind11/numpy.h>
 #include <pybind11/stl.h>
 
 #include <optional>
-#include <type_traits>
 
-#include "support/status.h"
+#include "support/precision.h"
 
 namespace py = pybind11;
 
 namespace orvik::python {
 namespace {
-
-template <class T>
-using Array = py::array_t<T, 0>;
-
-#define FRONT(T, name)                         \
-  ([](auto... a) {                             \
-    if constexpr (std::is_same_v<T, double>) { \
-      return orvik_d_##name(a...);             \
-    } else {                                   \
-      return orvik_s_##name(a...);             \
-    }                                          \
-  })
 
 // Arrays come contiguous from orvik.interpolate; others are refused.
 template <class T>

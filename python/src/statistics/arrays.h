@@ -1,27 +1,11 @@
 // Arrays of observations as the front takes them.
 #pragma once
 
-#include <pybind11/numpy.h>
-
 #include <optional>
-#include <type_traits>
 
-#include "support/status.h"
+#include "support/precision.h"
 
 namespace orvik::python {
-
-template <class T>
-using Array = pybind11::array_t<T, 0>;
-
-// The front's function for an element type: FRONT(T, name)(arguments).
-#define FRONT(T, name)                         \
-  ([](auto... a) {                             \
-    if constexpr (std::is_same_v<T, double>) { \
-      return orvik_d_##name(a...);             \
-    } else {                                   \
-      return orvik_s_##name(a...);             \
-    }                                          \
-  })
 
 // n observations of p variables, in rows of observations (C order) or columns (Fortran order).
 template <class T>

@@ -147,11 +147,14 @@ def speed(plotter):
                    check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     with open(figures, encoding="utf-8") as file:
         rows = [row for row in csv.DictReader(file) if row["strided"] == "0"]
+    variants = {row["what"] for row in rows}
     panels = []
     for name in SPEED_ROWS:
         lines = []
         curves = [("ours", level, f"ours, {level}") for level in SPEED_LEVELS]
-        curves += [(peer, SPEED_LEVELS[0], title) for peer, title in PEERS.items()]
+        for peer, title in PEERS.items():  # as the processor has registers
+            wide = f"{peer} 512"
+            curves.append((wide if wide in variants else peer, SPEED_LEVELS[0], title))
         for place, (what, level, title) in enumerate(curves):
             points = [(int(row["n"]), float(row["ns"])) for row in rows
                       if (row["row"], row["what"], row["level"]) == (name, what, level)]

@@ -34,17 +34,6 @@ inline void store(Element<V>* p, Twice<V> a) {
 }
 inline void finish_past_cache() { _mm_sfence(); }
 
-// The sum of all lanes, pairwise.
-template <class V>
-inline Element<V> horizontal_sum(V a) {
-  Element<V> lane[kWidth<V>];
-  store(lane, a);
-  for (int half = kWidth<V> / 2; half > 0; half /= 2) {
-    for (int i = 0; i < half; ++i) lane[i] += lane[i + half];
-  }
-  return lane[0];
-}
-
 template <class V>
 inline Stored<V> load_stored(const Element<V>* p) {
   return {load<V>(p), load<V>(p + kWidth<V>)};

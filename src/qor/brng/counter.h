@@ -4,7 +4,7 @@
 //   Vector                    eight words, the blocks of counters c and c + 1, as its sinks take them
 //   Keys                      what it makes of the key once per request
 //   kFew, make(c, keys, w)    makes kFew vectors of consecutive blocks, carrying through all words of the counter
-//   Run, runs                 whole blocks while the low half of the counter does not wrap (counter_runs.h)
+//   Run                       whole blocks while the low half of the counter does not wrap (counter_runs.h)
 //   wide_runs()               the same of 512 bits where they are used, or null
 //   kAhead                    whether a block is always made ahead
 //   kShort, kLong             how its jumps land

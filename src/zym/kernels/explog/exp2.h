@@ -44,6 +44,20 @@ int32_t power_element(E x, E* r, E above, E below, ExpParts (*parts_of)(double))
   return *r < std::numeric_limits<E>::min() ? zymErrorUnderflow : 0;
 }
 
+// head b^(r + rest), b^x = 1 + x p(x).
+template <Double V, size_t N>
+V from_row(ExactRow<V> row, V r, const double (&p)[N]) {
+  const V x = r + row.rest;
+  return fma(row.head, x * horner(x, p), row.head);
+}
+// head (1 + fine) b^(r + rest)
+template <Single V, size_t N>
+V from_row(FineRow<V> row, V r, const float (&p)[N]) {
+  const V x = r + row.rest;
+  const V q = x * horner(x, p);
+  return fma(row.head, fma(row.fine + V(1.0f), q, row.fine), row.head);
+}
+
 template <class V, Level>
 struct Exp2;
 
@@ -57,13 +71,10 @@ struct Exp2<V, L> {
   static int32_t element(const float* x, float* r) { return power_element(*x, r, 128.0f, -150.0f, exp2_parts); }
 
   static V lanes(V x) {
-    const V shifter = kShifter32 / 64;
+    const V shifter = kShifter32 / 64 + 4.0f / 64;
     const V t = x + shifter;
     const V r = x - (t - shifter);
-    const Exp2Row<V> row = Exp2Row<V>::of_64(as_bits(t));
-    const V q = fma(horner(r, kExp2Single), r, row.tail);
-    const V y = row.head + fma(row.head, q, row.low);
-    return as_float(as_bits(y) + exponent_bits<6>(t));
+    return from_row(exp2_row_of_64(t), r, kExp2Single);
   }
 };
 
@@ -80,9 +91,7 @@ struct Exp2<V, L> {
     const V shifter = kShifter64 / 64;
     const V t = x + shifter;
     const V r = x - (t - shifter);
-    const auto row = gather(kExp2Frac64, indices(as_bits(t) & Integer<V>(int64_t{63})));
-    const V p = fma(r, horner(r, kExp2Double), row.second);
-    return scale_by_row<6>(fma(row.first, p, row.first), t);
+    return from_row(exact_row(t, kExp2EighthsRest64, kExp2Lower64, kExp2Rows64), r, kExp2Double);
   }
 };
 
@@ -97,12 +106,9 @@ struct Exp10<V, L> {
   static int32_t element(const float* x, float* r) { return power_element(*x, r, 39.0f, -46.0f, exp10_parts); }
 
   static V lanes(V x) {
-    const auto [t, n] = shift_round(x, V(k128OverLog10Of2In32));
+    const auto [t, n] = shift_round(x, V(k128OverLog10Of2In32), V(kShifter32 + 4));
     const V r = fnma(n, V(kLog10Of2Over128Tail32), fnma(n, V(kLog10Of2Over128Head32), x));
-    const Exp2Row<V> row = Exp2Row<V>::of_128(as_bits(t));
-    const V q = fma(horner(r, kExp10Single), r, row.tail);
-    const V y = row.head + fma(row.head, q, row.low);
-    return as_float(as_bits(y) + exponent_bits<7>(t));
+    return from_row(exp10_row_of_128(t), r, kExp10Single);
   }
 };
 
@@ -116,9 +122,7 @@ struct Exp10<V, L> {
   static V lanes(V x) {
     const auto [t, n] = shift_round(x, V(k64OverLog10Of2));
     const V r = fnma(n, V(kLog10Of2Over64Tail), fnma(n, V(kLog10Of2Over64Head), x));
-    const auto row = gather(kExp2Frac64, indices(as_bits(t) & Integer<V>(int64_t{63})));
-    const V p = fma(r, horner(r, kExp10Double), row.second);
-    return scale_by_row<6>(fma(row.first, p, row.first), t);
+    return from_row(exact_row(t, kExp10EighthsRest64, kExp10Lower64, kExp10Rows64), r, kExp10Double);
   }
 };
 

@@ -82,6 +82,9 @@ inline constexpr double kLn2ElementTail = 0x1.ef35793c7673p-45;  //: = log(2) - 
 // Heads on a grid so coarse that their multiples by a quotient are exact; tails.
 inline constexpr double kLog10Of2Head = 0x1.34413509fp-2;  //: = grid(log10(2), 2^-38)
 inline constexpr double kLog10Of2Tail = 0x1.e7fbcc47c4acdp-40;  //: = log10(2) - kLog10Of2Head
+// So short that 384 of them are exact.
+inline constexpr double kLn2Short = 0x1.62e42fefa39fp-1;  //: = bits(log(2), 51)
+inline constexpr double kLog10Of2Short = 0x1.34413509f7ap-2;  //: = bits(log10(2), 51)
 inline constexpr double kLn2Over128Head = 0x1.62e42fef8p-8;  //: = trunc_bits(log(2)/128, 35)
 inline constexpr double kLn2Over128Tail = 0x1.1cf79abc9e3b4p-43;  //: = log(2)/128 - kLn2Over128Head
 inline constexpr double kLog10Of2Over64Head = 0x1.3441350ap-8;  //: = grid(log10(2)/64, 2^-42)

@@ -20,7 +20,7 @@ struct LogSingle {
   }
   static V lanes(V x) {
     if constexpr (L == Level::HA) {
-      return wide_log<Base>(WideKey<V>(x));
+      return wide_log<Base>(x);
     } else {
       const CentredSingle<V> c(x);
       V p;

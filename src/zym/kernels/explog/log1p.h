@@ -81,18 +81,22 @@ struct Log1p<V, L> {
   }
 
  private:
-  // With c = 2^-e rc/128, an approximation of 1/(1 + x), r = c (1 + x) - 1 = c x + (c - 1).
-  static V wide_lanes(V x) {
-    using W = Wide<V>;
-    const WideKey<V> k(x + V(1.0f));
-    const V c = as_float(as_bits(to_float(k.rc)) - shift_left<23>(k.e + Integer<V>(7)));
-    const auto half = [](W c, W x, Index<W> e, Index<W> rc) {
-      return wide_log<BaseE>(fma(c, x, c - W(1.0)), to_double(e), rc);
-    };
-    const V y = narrow(half(widen_low(c), widen_low(x), low_half(k.e), low_half(k.rc)),
-                       half(widen_high(c), widen_high(x), high_half(k.e), high_half(k.rc)));
+  // With c near 1/(1 + x), r = c (1 + x) - 1 = c x + (c - 1).
+  [[gnu::always_inline]] static F32 wide_lanes(F32 x) {
+    const WideKey k(x + F32(1.0f));
+    const I32 c = as_bits(look_up_16<F32>(kReciprocalSixteenths, k.row)) - k.field;
+    // Above c the row, whose bits are lost. Below the exponent the row again.
+    const Pair<I64> wide_c = unpack(I32(0u), c), e = unpack(I32(0u), k.exponent());
+    const auto rows = look_up_in_16(kLnSixteenths, k.row, unpack(k.row, k.row));
+    const F32 ordered = unpacked_order(x);
+    // A float's bits are 2^-896 too small.
+    const Halves factor =
+        as_float(shift_right<3>(Twice<I64>{wide_c.first, wide_c.second}) + Twice<I64>(I64(int64_t{896} << 52)));
+    const Halves r = fma(factor, Halves{widen_low(ordered), widen_high(ordered)}, factor - Halves(1.0));
+    const F32 y = wide_log<BaseE>(r, halves(e), {rows.first.second, rows.second.second});
     return join_sign(y, x);  // +0 for -0 otherwise
   }
+  static Twice<F32> wide_lanes(Twice<F32> x) { return {wide_lanes(x.low), wide_lanes(x.high)}; }
 };
 
 // --- 64 bits --------------------------------------------------------------------------------------------------------

@@ -114,15 +114,34 @@ extern const double kLog2Heads[513];
 //: = i < 724 ? -log10(i/512) : -log10(i/1024)
 extern const double kLog10Heads[513];
 
-// Logarithms of i/128.
-//: i from 96
-//: = -log(i/128)
-extern const double kLnShort[97];
-//: i from 96
-//: = -log2(i/128)
-extern const double kLog2Short[97];
-//: i from 96
-//: = -log10(i/128)
-extern const double kLog10Short[97];
+// Of floats m from bits 0x3F52AAAB (0.82), a sixteenth of an octave a row: c near 1/m in twelve bits, 1 in the row of 1, by 2^896; its
+// logarithm with the other sign, less 384 log(2).
+//: let below = i/16 - 0x2d5555p0 / 2^23
+//: let above = below + 1/16
+//: let middle = ((below < 0 ? 1 + below/2 : 1 + below) + (above < 0 ? 1 + above/2 : 1 + above)) / 2
+//: let c = bits(1 / middle, 12)
+//: scaled = 2^896 * c
+//: log = -log(c) - 384 * bits(log(2), 51)
+extern const double kLnSixteenths[16][2];
+//: let below = i/16 - 0x2d5555p0 / 2^23
+//: let above = below + 1/16
+//: let middle = ((below < 0 ? 1 + below/2 : 1 + below) + (above < 0 ? 1 + above/2 : 1 + above)) / 2
+//: let c = bits(1 / middle, 12)
+//: scaled = 2^896 * c
+//: log = -log2(c) - 384
+extern const double kLog2Sixteenths[16][2];
+//: let below = i/16 - 0x2d5555p0 / 2^23
+//: let above = below + 1/16
+//: let middle = ((below < 0 ? 1 + below/2 : 1 + below) + (above < 0 ? 1 + above/2 : 1 + above)) / 2
+//: let c = bits(1 / middle, 12)
+//: scaled = 2^896 * c
+//: log = -log10(c) - 384 * bits(log10(2), 51)
+extern const double kLog10Sixteenths[16][2];
+// c of these.
+//: let below = i/16 - 0x2d5555p0 / 2^23
+//: let above = below + 1/16
+//: let middle = ((below < 0 ? 1 + below/2 : 1 + below) + (above < 0 ? 1 + above/2 : 1 + above)) / 2
+//: = bits(1 / middle, 12)
+extern const float kReciprocalSixteenths[16];
 
 }  // namespace orvik::zym

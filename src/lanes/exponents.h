@@ -1,5 +1,5 @@
-// Exponents of positive normal numbers as numbers: by an instruction where there is one, else by integers (64 bits: by way of
-// the bits of 2^52).
+// Exponents of positive normal numbers as numbers: by an instruction where there is one, else by integers (64 bits: by
+// way of the bits of 2^52).
 #pragma once
 
 #include "lanes/generic.h"

@@ -1,5 +1,5 @@
-// Tables of doubles in registers: lanes of 512 bits permute eight or sixteen of them. Where kHasPermutes64 is false the same
-// numbers are to come from memory.
+// Tables of doubles in registers: lanes of 512 bits permute eight or sixteen of them. Where kHasPermutes64 is false the
+// same numbers are to come from memory.
 #pragma once
 
 #include "lanes/tables.h"

@@ -21,7 +21,8 @@ inline F32 narrow_unpacked(F64 first, F64 second) {
   return _mm512_castpd_ps(_mm512_permutex2var_pd(a, _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11), b));
 }
 
-// The columns of sixteen rows, for both halves, by the low four bits of the index, which is unpacked in `keys` as the low words.
+// The columns of sixteen rows, for both halves, by the low four bits of the index, which is unpacked in `keys` as the
+// low words.
 inline Pair<Pair<F64>> look_up_in_16(const double (*table)[2], I32, Pair<I64> keys) {
   const auto column = [&](int first, const __m512i& order) {
     return _mm512_permutex2var_pd(_mm512_loadu_pd(table[first]), order, _mm512_loadu_pd(table[first + 4]));

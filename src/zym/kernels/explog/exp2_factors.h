@@ -36,8 +36,8 @@ V exp2_of_32(Integer<V> i) {
   return look_up_8<V>(kExp2Eighths[0], shift_right<2>(i)) * select_in_quad(octet_table<V>(kExp2In32[0]), i);
 }
 
-// The upper factors as bits less the number of the row where those of an index that is shifted to the exponent have it: the
-// sum is the factor times 2^k.
+// The upper factors as bits less the number of the row where those of an index that is shifted to the exponent have it:
+// the sum is the factor times 2^k.
 template <class E, int Rows>
 struct RowFields {
   static constexpr int kShift = FloatFormat<E>::mantissa_bits - std::bit_width(unsigned{Rows - 1});
@@ -51,8 +51,8 @@ inline constexpr RowFields kExp2EighthFields32(kExp2UpperEighths);
 inline constexpr RowFields kExp2SixteenthFields32(kExp2UpperSixteenths);
 inline constexpr RowFields kExp2EighthFields64(kExp2ShortEighths64);
 
-// b^r 2^(n/N): the upper factor with 2^k, 1 + fine the lower one, and what the upper one lacks as an addend of r. n + 4 stands
-// in the low bits of t.
+// b^r 2^(n/N): the upper factor with 2^k, 1 + fine the lower one, and what the upper one lacks as an addend of r. n + 4
+// stands in the low bits of t.
 template <Single V>
 struct FineRow {
   V head, fine, rest;
@@ -70,8 +70,8 @@ FineRow<V> exp10_row_of_128(V t) {
           look_up_8<V>(kExp10LowerLess1, as_bits(t)), look_up_16<V>(kExp10SixteenthsRest32, upper)};
 }
 
-// b^r 2^(n/N) = head b^(r + rest), head the exact product of two short factors and 2^k: n stands in the low bits of t, the
-// upper ones of its rows' number first.
+// b^r 2^(n/N) = head b^(r + rest), head the exact product of two short factors and 2^k: n stands in the low bits of t,
+// the upper ones of its rows' number first.
 template <Double V>
 struct ExactRow {
   V head, rest;

@@ -48,17 +48,17 @@ V expm1_sum(V s, V r, AddRest add_rest) {
   return head + (add_rest(product_lost) + lost);
 }
 
-// LA and EP: with p = e^r - 1 and less = 1 - 2^(i/N), i about 0, what e^x is scaled from is 1 + u, u = p (1 - less) - less, and
-// 2^k (1 + u) - 1 loses nothing where it is small. The differences are those that give -0 for -0.
+// LA and EP: with p = e^r - 1 and less = 1 - 2^(i/N), i about 0, what e^x is scaled from is 1 + u, u = p (1 - less) -
+// less, and 2^k (1 + u) - 1 loses nothing where it is small. The differences are those that give -0 for -0.
 template <class V>
 V expm1_scaled(V p, V less, V scale) {
   const V one = V(Element<V>(1));
   return fms(scale, fms(one - less, p, less), one - scale);
 }
-// Added to the shifter: the bias of the exponent above the row's bits; half a period and half of the lower factor's eight
-// rows, which make the rows those about 0.
+// Added to the shifter: the bias of the exponent above the row's bits; half a period and half of the lower factor's
+// eight rows, which make the rows those about 0.
 template <class V, int N>
-inline constexpr Element<V> kCentredBias = Format<V>::bias * N + N / 2 + 4;
+inline constexpr Element<V> kCentredBias = Format<V>::bias* N + N / 2 + 4;
 
 template <class V, Level L>
 struct Expm1;

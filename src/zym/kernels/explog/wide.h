@@ -1,5 +1,5 @@
-// Logarithms of 32-bit numbers in 64-bit arithmetic: x = 2^e m, c near 1/m from sixteen rows by the upper bits of m, and a
-// polynomial in r = c m - 1. No lane is converted: exponent and m become doubles by words and a shift.
+// Logarithms of 32-bit numbers in 64-bit arithmetic: x = 2^e m, c near 1/m from sixteen rows by the upper bits of m,
+// and a polynomial in r = c m - 1. No lane is converted: exponent and m become doubles by words and a shift.
 #pragma once
 
 #include "lanes/scalar.h"

@@ -56,7 +56,7 @@ inline constexpr float kExp2Quarters[2][4] = {
     {0x1p0f, 0x1.306fep0f, 0x1.6a09e6p0f, 0x1.ae89fap0f}, {0.0f, 0x1.125002p-25f, 0x1.26055cp-26f, -0x1.f9c304p-27f}
 };
 
-// Upper factors of 2^(i/64) and 2^(i/128); the last in so few bits that the product with the lower one (tables.h) is exact.
+// Upper factors of 2^(i/64) and 2^(i/128), for registers.
 //: = 2^(i/8)
 inline constexpr float kExp2UpperEighths[8] = {
     0x1p0f, 0x1.172b84p0f, 0x1.306fep0f, 0x1.4bfdaep0f, 0x1.6a09e6p0f, 0x1.8ace54p0f, 0x1.ae89fap0f, 0x1.d5818ep0f
@@ -66,10 +66,6 @@ inline constexpr float kExp2UpperSixteenths[16] = {
     0x1p0f, 0x1.0b5586p0f, 0x1.172b84p0f, 0x1.2387a6p0f, 0x1.306fep0f, 0x1.3dea64p0f, 0x1.4bfdaep0f, 0x1.5ab07ep0f,
     0x1.6a09e6p0f, 0x1.7a1148p0f, 0x1.8ace54p0f, 0x1.9c4918p0f, 0x1.ae89fap0f, 0x1.c199bep0f, 0x1.d5818ep0f,
     0x1.ea4afap0f
-};
-//: = bits(2^(i/8), 26)
-inline constexpr double kExp2ShortEighths64[8] = {
-    0x1p0, 0x1.172b84p0, 0x1.306fe08p0, 0x1.4bfdad8p0, 0x1.6a09e68p0, 0x1.8ace54p0, 0x1.ae89f98p0, 0x1.d5818ep0
 };
 
 // Of the 64-bit logarithms: the exponent's multiples of the head and of the tail are exact.

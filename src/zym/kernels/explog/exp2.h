@@ -45,12 +45,6 @@ int32_t power_element(E x, E* r, E above, E below, ExpParts (*parts_of)(double))
   return *r < std::numeric_limits<E>::min() ? zymErrorUnderflow : 0;
 }
 
-// head b^(r + rest), b^x = 1 + x p(x).
-template <Double V, size_t N>
-V from_row(ExactRow<V> row, V r, const double (&p)[N]) {
-  const V x = r + row.rest;
-  return fma(row.head, x * horner(x, p), row.head);
-}
 // head (1 + fine) b^(r + rest)
 template <Single V, size_t N>
 V from_row(FineRow<V> row, V r, const float (&p)[N]) {
@@ -92,7 +86,9 @@ struct Exp2<V, L> {
     const V shifter = kShifter64 / 64;
     const V t = x + shifter;
     const V r = x - (t - shifter);
-    return from_row(exact_row(t, kExp2EighthsRest64, kExp2Lower64, kExp2Rows64), r, kExp2Double);
+    const auto row = gather(kExp2Frac64, indices(as_bits(t) & Integer<V>(int64_t{63})));
+    const V p = fma(r, horner(r, kExp2Double), row.second);
+    return scale_by_row<6>(fma(row.first, p, row.first), t);
   }
 };
 
@@ -123,7 +119,9 @@ struct Exp10<V, L> {
   static V lanes(V x) {
     const auto [t, n] = shift_round(x, V(k64OverLog10Of2));
     const V r = fnma(n, V(kLog10Of2Over64Tail), fnma(n, V(kLog10Of2Over64Head), x));
-    return from_row(exact_row(t, kExp10EighthsRest64, kExp10Lower64, kExp10Rows64), r, kExp10Double);
+    const auto row = gather(kExp2Frac64, indices(as_bits(t) & Integer<V>(int64_t{63})));
+    const V p = fma(r, horner(r, kExp10Double), row.second);
+    return scale_by_row<6>(fma(row.first, p, row.first), t);
   }
 };
 

@@ -4,9 +4,7 @@
 
 #include <bit>
 
-#include "lanes/register_tables.h"
 #include "zym/kernels/explog/constants.h"
-#include "zym/kernels/explog/exp.h"
 #include "zym/kernels/explog/tables.h"
 #include "zym/skeleton/family.h"
 
@@ -49,7 +47,6 @@ struct RowFields {
 };
 inline constexpr RowFields kExp2EighthFields32(kExp2UpperEighths);
 inline constexpr RowFields kExp2SixteenthFields32(kExp2UpperSixteenths);
-inline constexpr RowFields kExp2EighthFields64(kExp2ShortEighths64);
 
 // b^r 2^(n/N): the upper factor with 2^k, 1 + fine the lower one, and what the upper one lacks as an addend of r. n + 4
 // stands in the low bits of t.
@@ -68,28 +65,6 @@ FineRow<V> exp10_row_of_128(V t) {
   const Integer<V> upper = shift_right<3>(as_bits(t));
   return {as_float(as_bits(look_up_16<V>(kExp2SixteenthFields32.bits, upper)) + shift_left<19>(upper)),
           look_up_8<V>(kExp10LowerLess1, as_bits(t)), look_up_16<V>(kExp10SixteenthsRest32, upper)};
-}
-
-// b^r 2^(n/N) = head b^(r + rest), head the exact product of two short factors and 2^k: n stands in the low bits of t,
-// the upper ones of its rows' number first.
-template <Double V>
-struct ExactRow {
-  V head, rest;
-};
-// In 64 bits of 64 rows, from registers where they hold the factors.
-template <Double V>
-ExactRow<V> exact_row(V t, const double* upper_rest, const double (*lower_rows)[8], const double (*rows)[2]) {
-  const Integer<V> lower = as_bits(t);
-  if constexpr (kHasPermutes64<V>) {
-    const Integer<V> upper = shift_right<3>(lower);
-    const V factor = look_up_in_8(kExp2EighthFields64.bits, upper);
-    const V scaled = as_float(as_bits(factor) + shift_left<decltype(kExp2EighthFields64)::kShift>(upper));
-    return {scaled * look_up_in_8(lower_rows[0], lower),
-            look_up_in_8(upper_rest, upper) + look_up_in_8(lower_rows[1], lower)};
-  } else {
-    const auto row = gather(rows, indices(lower & Integer<V>(int64_t{63})));
-    return {scale_by_row<6>(row.first, t), row.second};
-  }
 }
 
 // 2^k as bits to add to a float's: k stands in t above `RowBits` bits of row number.

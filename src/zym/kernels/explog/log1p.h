@@ -115,23 +115,27 @@ struct Log1p<V, L> {
   }
 
   static V lanes(V x) {
-    const V sum = x + V(1.0);
-    const KeyedDouble<V> k(sum);
-    // c = rc 2^(-e - 10), an approximation of 1/(1 + x): c (1 + x) - 1 = c x + (c - 1), whatever the sum lost.
-    const V c = as_float(as_bits(k.rc) - (as_bits(sum) - as_bits(k.m)));
     if constexpr (L == Level::HA) {
+      const OnePlus<V> s(x);
+      const KeyedDouble<V> k(s.sum);
+      // rc 2^(-e - 10), an approximation of 1/s.
+      const V scale =
+          as_float(Integer<V>(int64_t{1023 + 1023 - 10} << 52) - (as_bits(s.sum) & Integer<V>(int64_t{0x7FF} << 52)));
+      const V correction = k.rc * scale * s.lost;
       const V e = k.exponent();
       const auto log = gather<512>(kLnPairs, indices(k.key));
       const V table = fma(e, V(kLn2Head64), log.first);
-      const V product = c * x;
-      const V r = product + (c - V(1.0));  // exact
-      const V r_low = fms(c, x, product);
-      const V head = table + r;
-      const V lost = r - (head - table);
-      const V p = fma(r * r, ln_polynomial(r), r_low);
+      const V head = table + k.r;
+      const V lost = k.r - (head - table);
+      // ln(1 + r + c) = ln(1 + r) + c (1 - r) but for terms below 2^-70.
+      const V p = fma(k.r * k.r, ln_polynomial(k.r), fnma(correction, k.r, correction));
       const V y = head + (fma(e, V(kLn2Tail64), log.second) + (p + lost));
       return join_sign(y, x);  // +0 for -0 otherwise
     } else {
+      const V sum = x + V(1.0);
+      const KeyedDouble<V> k(sum);
+      // c = rc 2^(-e - 10), an approximation of 1/(1 + x): c (1 + x) - 1 = c x + (c - 1), whatever the sum lost.
+      const V c = as_float(as_bits(k.rc) - (as_bits(sum) - as_bits(k.m)));
       const V e = k.centred_exponent();
       const V r = fma(c, x, c - V(1.0));
       V p;

@@ -41,31 +41,6 @@ extern const float kExp10SixteenthsRest32[16];
 extern const float kExp2LowerLess1[8];
 //: = 2^((i - 4)/128) - 1
 extern const float kExp10LowerLess1[8];
-// The same in 64 bits, with lower factors so short that the products are exact.
-//: = i/8 - log2(bits(2^(i/8), 26))
-extern const double kExp2EighthsRest64[8];
-//: planes
-//: head = bits(2^(i/64), 27)
-//: rest = i/64 - log2(head)
-extern const double kExp2Lower64[2][8];
-//: = log10(2) * i/8 - log10(bits(2^(i/8), 26))
-extern const double kExp10EighthsRest64[8];
-//: planes
-//: head = bits(2^(i/64), 27)
-//: rest = log10(2) * i/64 - log10(head)
-extern const double kExp10Lower64[2][8];
-// What the last tables give, in memory.
-//: let upper = bits(2^(floor(i/8)/8), 26)
-//: let lower = bits(2^(mod(i, 8)/64), 27)
-//: head = upper * lower
-//: rest = double(floor(i/8)/8 - log2(upper)) + double(mod(i, 8)/64 - log2(lower))
-extern const double kExp2Rows64[64][2];
-//: let upper = bits(2^(floor(i/8)/8), 26)
-//: let lower = bits(2^(mod(i, 8)/64), 27)
-//: head = upper * lower
-//: rest = double(log10(2) * floor(i/8)/8 - log10(upper)) + double(log10(2) * mod(i, 8)/64 - log10(lower))
-extern const double kExp10Rows64[64][2];
-
 // 1 - 2^(n/64) and 1 - 2^(n/128), n about 0, from two factors that fit registers: with a = 1 - 2^(j/8) of the upper bits of n and
 // b = 1 - 2^(l/64) of the lower ones, l from -4 to 3, 1 - (1 - a) (1 - b) = a + (1 - a) b.
 //: = 1 - 2^((i - 4)/8)

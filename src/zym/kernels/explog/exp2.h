@@ -56,7 +56,7 @@ V from_row(FineRow<V> row, V r, const float (&p)[N]) {
 template <class V, Level>
 struct Exp2;
 
-// sExp2 HA: 0.6221 ulp at -0x1.002ef4p-7
+// sExp2 HA: 0.6613 ulp at -0x1.107a48p-4
 template <Single V, Level L>
 struct Exp2<V, L> {
   static auto special(V x) { return magnitude_above<std::bit_cast<uint32_t>(126.0f)>(x); }
@@ -95,7 +95,7 @@ struct Exp2<V, L> {
 template <class V, Level>
 struct Exp10;
 
-// sExp10 HA: 0.5255 ulp at 0x1.1746ap+5
+// sExp10 HA: 0.5515 ulp at 0x1.f4c10ap+4
 template <Single V, Level L>
 struct Exp10<V, L> {
   static auto special(V x) { return magnitude_above<std::bit_cast<uint32_t>(kExp10Bound32) - 1>(x); }

@@ -11,12 +11,9 @@ namespace orvik::df {
 // Where sites lie: the number of the piece and the coordinate in it, of several sites or of one. Several ways to know
 // it.
 
-enum class SpotKind { kCells, kEvenCells, kRuns, kGrid, kStored };
-
 // By cells; numbers and coordinates stay in registers.
 template <class Real, bool kEven>
 struct CellSpots {
-  static constexpr SpotKind kKind = kEven ? SpotKind::kEvenCells : SpotKind::kCells;
   static constexpr bool kScattered = false, kRuns = false;
   Partition<Real, kEven> x;
   const Real* site;
@@ -38,7 +35,6 @@ struct CellSpots {
 // The same where many sites follow each other in each piece: its coefficients and its left end are the same for all.
 template <class Real>
 struct RunSpots : CellSpots<Real, false> {
-  static constexpr SpotKind kKind = SpotKind::kRuns;
   static constexpr bool kRuns = true;
 
   // The piece, where it is that of all; else -1.
@@ -55,7 +51,6 @@ struct RunSpots : CellSpots<Real, false> {
 // inside. Sound where the position of x[1] cannot be rounded by a whole step.
 template <class Real>
 struct GridSpots {
-  static constexpr SpotKind kKind = SpotKind::kGrid;
   static constexpr bool kScattered = true, kRuns = false;
   Partition<Real, true> x;
   Lookup<Real> lookup;
@@ -82,7 +77,6 @@ struct GridSpots {
 // Found before, for all functions of a task or by pieces that are not intervals.
 template <class Real>
 struct StoredSpots {
-  static constexpr SpotKind kKind = SpotKind::kStored;
   static constexpr bool kScattered = false, kRuns = false;
   const int64_t* index;
   const Real* t;

@@ -1,4 +1,4 @@
-// Vectors of 32-bit indices beside lanes of 512 bits: sixteen beside an F32, eight beside an F64.
+// Vectors of eight 32-bit indices beside an F64 of 512 bits.
 #pragma once
 
 #include <cstdint>
@@ -7,24 +7,17 @@
 
 namespace orvik {
 
-inline I32 min(I32 a, I32 b) { return _mm512_min_epi32(a.v, b.v); }
-inline I32 max(I32 a, I32 b) { return _mm512_max_epi32(a.v, b.v); }
 inline I32Half min(I32Half a, I32Half b) { return _mm256_min_epi32(a.v, b.v); }
 inline I32Half max(I32Half a, I32Half b) { return _mm256_max_epi32(a.v, b.v); }
 
 template <class I>
 inline I load_indices(const int32_t* p) {
-  if constexpr (std::is_same_v<I, I32>) {
-    return _mm512_loadu_si512(p);
-  } else {
-    return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
-  }
+  static_assert(std::is_same_v<I, I32Half>);
+  return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
 }
 
 // Lanes that are indices: truncated to them, and back.
-inline I32 truncated(F32 a) { return _mm512_cvttps_epi32(a.v); }
 inline I32Half truncated(F64 a) { return _mm512_cvttpd_epi32(a.v); }
-inline F32 to_lanes(I32 a) { return to_float(a); }
 inline F64 to_lanes(I32Half a) { return to_double(a); }
 
 // As 64-bit integers in scalar registers; not negative. By way of memory, which takes none of the units that the rows'
@@ -34,12 +27,7 @@ inline void spread(I32Half index, int64_t* out) {
   _mm256_store_si256(reinterpret_cast<__m256i*>(each), index.v);
   for (int k = 0; k < 8; ++k) asm("movl %1, %k0" : "=r"(out[k]) : "m"(each[k]));
 }
-inline void spread(I32 index, int64_t* out) {
-  spread(low_half(index), out);
-  spread(high_half(index), out + 8);
-}
 
 inline bool all_equal(I32Half a, int32_t b) { return _mm256_cmpeq_epi32_mask(a.v, _mm256_set1_epi32(b)) == 0xFF; }
-inline bool all_equal(I32 a, int32_t b) { return _mm512_cmpeq_epi32_mask(a.v, _mm512_set1_epi32(b)) == 0xFFFF; }
 
 }  // namespace orvik

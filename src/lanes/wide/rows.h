@@ -13,9 +13,6 @@ inline __m512d join_quarters(__m128d a, __m128d b, __m128d c, __m128d d) {
   const __m256d high = _mm256_insertf128_pd(_mm256_castpd128_pd256(c), d, 1);
   return _mm512_insertf64x4(_mm512_castpd256_pd512(low), high, 1);
 }
-inline __m512 join_quarters(__m128 a, __m128 b, __m128 c, __m128 d) {
-  return _mm512_castpd_ps(join_quarters(_mm_castps_pd(a), _mm_castps_pd(b), _mm_castps_pd(c), _mm_castps_pd(d)));
-}
 
 // Element `at` of the rows.
 template <int kLength, class Index>
@@ -24,15 +21,6 @@ template <int kLength, class Index>
   const auto two = [&](int k) { return _mm_loadh_pd(_mm_load_sd(row(k)), row(k + 1)); };
   return join_quarters(two(0), two(2), two(4), two(6));
 }
-template <int kLength, class Index>
-[[gnu::always_inline]] inline F32 load_column(const float* c, const Index* i, int at) {
-  const auto single = [&](int k) { return _mm_load_ss(c + kLength * static_cast<int64_t>(i[k]) + at); };
-  const auto four = [&](int k) {
-    return _mm_movelh_ps(_mm_unpacklo_ps(single(k), single(k + 1)), _mm_unpacklo_ps(single(k + 2), single(k + 3)));
-  };
-  return join_quarters(four(0), four(4), four(8), four(12));
-}
-
 template <int kLength, class Index>
 [[gnu::always_inline]] inline void load_columns(const double* c, const Index* i, F64* out) {
   const auto at = [&](int k) { return c + kLength * static_cast<int64_t>(i[k]); };
@@ -57,39 +45,13 @@ template <int kLength, class Index>
     const __m512d even = rows(0), odd = rows(1);
     out[0] = _mm512_unpacklo_pd(even, odd);
     out[1] = _mm512_unpackhi_pd(even, odd);
-    if constexpr (kLength == 3) out[2] = load_column<3>(c, i, 2);
-  }
-}
-
-template <int kLength, class Index>
-[[gnu::always_inline]] inline void load_columns(const float* c, const Index* i, F32* out) {
-  const auto at = [&](int k) { return c + kLength * static_cast<int64_t>(i[k]); };
-  if constexpr (kLength == 4) {
-    const auto rows = [&](int k) {  // every fourth
-      return join_quarters(_mm_loadu_ps(at(k)), _mm_loadu_ps(at(k + 4)), _mm_loadu_ps(at(k + 8)),
-                           _mm_loadu_ps(at(k + 12)));
-    };
-    const __m512 r0 = rows(0), r1 = rows(1), r2 = rows(2), r3 = rows(3);
-    const __m512 a = _mm512_unpacklo_ps(r0, r1), b = _mm512_unpackhi_ps(r0, r1);
-    const __m512 d = _mm512_unpacklo_ps(r2, r3), e = _mm512_unpackhi_ps(r2, r3);
-    out[0] = _mm512_shuffle_ps(a, d, 0x44);
-    out[1] = _mm512_shuffle_ps(a, d, 0xEE);
-    out[2] = _mm512_shuffle_ps(b, e, 0x44);
-    out[3] = _mm512_shuffle_ps(b, e, 0xEE);
-  } else {
-    const auto pair = [&](int k) { return _mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(at(k)))); };
-    const auto two = [&](int k) { return _mm_unpacklo_ps(pair(k), pair(k + 1)); };
-    const auto pairs = [&](int k) { return join_quarters(two(k), two(k + 4), two(k + 8), two(k + 12)); };
-    const __m512 a = pairs(0), b = pairs(2);
-    out[0] = _mm512_shuffle_ps(a, b, 0x44);
-    out[1] = _mm512_shuffle_ps(a, b, 0xEE);
-    if constexpr (kLength == 3) out[2] = load_column<3>(c, i, 2);
+    static_assert(kLength == 2);
   }
 }
 
 // One way serves for rows that are far from each other as well: half as many loads are made as of half rows.
-template <int kLength, class E, class V>
-[[gnu::always_inline]] inline void load_scattered_columns(const E* c, const int64_t* i, V* out) {
+template <int kLength>
+[[gnu::always_inline]] inline void load_scattered_columns(const double* c, const int64_t* i, F64* out) {
   load_columns<kLength>(c, i, out);
 }
 
@@ -109,20 +71,6 @@ inline void store_rows(double* out, F64 c0, F64 c1, F64 c2, F64 c3) {
   };
   put(low);
   put(high);
-}
-inline void store_rows(float* out, F32 c0, F32 c1, F32 c2, F32 c3) {
-  const __m512 a = _mm512_unpacklo_ps(c0.v, c1.v), b = _mm512_unpackhi_ps(c0.v, c1.v);
-  const __m512 c = _mm512_unpacklo_ps(c2.v, c3.v), d = _mm512_unpackhi_ps(c2.v, c3.v);
-  const auto put = [&](int k, __m512 rows) {  // k and every fourth behind it
-    _mm_storeu_ps(out + 4 * k, _mm512_castps512_ps128(rows));
-    _mm_storeu_ps(out + 4 * k + 16, _mm512_extractf32x4_ps(rows, 1));
-    _mm_storeu_ps(out + 4 * k + 32, _mm512_extractf32x4_ps(rows, 2));
-    _mm_storeu_ps(out + 4 * k + 48, _mm512_extractf32x4_ps(rows, 3));
-  };
-  put(0, _mm512_shuffle_ps(a, c, 0x44));
-  put(1, _mm512_shuffle_ps(a, c, 0xEE));
-  put(2, _mm512_shuffle_ps(b, d, 0x44));
-  put(3, _mm512_shuffle_ps(b, d, 0xEE));
 }
 
 }  // namespace orvik

@@ -18,8 +18,10 @@ inline bool wide_extremes_pay(const Data<T>& d, int64_t n, int64_t j0, int64_t j
 }
 template <class T>
 inline bool wide_sums_pay(const Data<T>& d, int64_t n, int64_t j0, int64_t j1, int order) {
+  constexpr int64_t kFew = 32 / sizeof(T);
   const bool folded = d.p < Fold::kRow;
-  return (order > 2 || (folded && d.weights != nullptr)) && wide_extremes_pay(d, n, j0, j1);
+  const bool pays = (folded && d.weights != nullptr) || (order > 2 && d.p >= kFew);
+  return pays && wide_extremes_pay(d, n, j0, j1);
 }
 
 template <class T>

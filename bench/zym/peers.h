@@ -46,7 +46,7 @@ std::span<const Peer> numpy_peers();  // starts an interpreter
 
 std::vector<Peer> all_peers();
 
-// Which NumPy is among the peers, and with which loops; empty where none is.
+// Which NumPy is among the peers; empty where none is.
 std::string numpy_description();
 
 }  // namespace orvik::bench

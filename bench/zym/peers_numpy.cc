@@ -11,7 +11,9 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <string>
+#include <vector>
 
 #include "zym/peers.h"
 
@@ -86,14 +88,13 @@ void call(int32_t n, const Arrays& arrays) {
   UFUNC("c" #Function, ulp_c, name, form, NPY_COMPLEX64, NPY_COMPLEX64) \
   UFUNC("z" #Function, ulp_z, name, form, NPY_COMPLEX128, NPY_COMPLEX128)
 
-constexpr Peer kPeers[] = {
+// NumPy has loops over vectors for these, of 512 bits where the processor has AVX512_SKX, as it calls the set.
+constexpr Peer kVectorLoops[] = {
     REAL(unary, Abs, 0.5, 0.5, "absolute") REAL(unary, Sqr, 0.5, 0.5, "square") REAL(unary, Inv, 0.5, 0.5, "reciprocal")
     REAL(unary, Sqrt, 0.5, 0.5, "sqrt") REAL(unary, Ceil, 0.5, 0.5, "ceil") REAL(unary, Floor, 0.5, 0.5, "floor")
-    REAL(unary, Trunc, 0.5, 0.5, "trunc") REAL(unary, Rint, 0.5, 0.5, "rint") REAL(pair, Modf, 0.5, 0.5, "modf")
-    REAL(binary, Add, 0.5, 0.5, "add") REAL(binary, Sub, 0.5, 0.5, "subtract") REAL(binary, Mul, 0.5, 0.5, "multiply")
-    REAL(binary, Div, 0.5, 0.5, "divide") REAL(binary, Fmax, 0.5, 0.5, "fmax") REAL(binary, Fmin, 0.5, 0.5, "fmin")
-    REAL(binary, CopySign, 0.5, 0.5, "copysign") REAL(binary, NextAfter, 0.5, 0.5, "nextafter")
-    REAL(binary, Fmod, 0.5, 0.5, "fmod") REAL(binary, Hypot, 1, 1, "hypot")
+    REAL(unary, Trunc, 0.5, 0.5, "trunc") REAL(unary, Rint, 0.5, 0.5, "rint") REAL(binary, Add, 0.5, 0.5, "add")
+    REAL(binary, Sub, 0.5, 0.5, "subtract") REAL(binary, Mul, 0.5, 0.5, "multiply") REAL(binary, Div, 0.5, 0.5, "divide")
+    REAL(binary, Fmax, 0.5, 0.5, "fmax") REAL(binary, Fmin, 0.5, 0.5, "fmin")
     REAL(unary, Cbrt, 4, 4, "cbrt") REAL(unary, Exp, 4, 4, "exp") REAL(unary, Exp2, 4, 4, "exp2")
     REAL(unary, Expm1, 4, 4, "expm1") REAL(unary, Ln, 4, 4, "log") REAL(unary, Log2, 4, 4, "log2")
     REAL(unary, Log10, 4, 4, "log10") REAL(unary, Log1p, 4, 4, "log1p") REAL(unary, Sin, 4, 4, "sin")
@@ -102,16 +103,23 @@ constexpr Peer kPeers[] = {
     REAL(unary, Cosh, 4, 4, "cosh") REAL(unary, Tanh, 4, 4, "tanh") REAL(unary, Asinh, 4, 4, "arcsinh")
     REAL(unary, Acosh, 4, 4, "arccosh") REAL(unary, Atanh, 4, 4, "arctanh") REAL(binary, Atan2, 4, 4, "arctan2")
     REAL(binary, Pow, 4, 4, "power") REAL(scalar, Powx, 4, 4, "power")
-    UFUNC("cAbs", 1, "absolute", unary, NPY_COMPLEX64, NPY_FLOAT32)
-    UFUNC("zAbs", 1, "absolute", unary, NPY_COMPLEX128, NPY_FLOAT64)
+    UFUNC("cAbs", 2, "absolute", unary, NPY_COMPLEX64, NPY_FLOAT32)
+    UFUNC("zAbs", 2, "absolute", unary, NPY_COMPLEX128, NPY_FLOAT64)
     COMPLEX(unary, Conj, 0.5, 0.5, "conjugate") COMPLEX(binary, Add, 0.5, 0.5, "add")
-    COMPLEX(binary, Sub, 0.5, 0.5, "subtract") COMPLEX(binary, Mul, 2, 2, "multiply") COMPLEX(binary, Div, 3, 3, "divide")
-    COMPLEX(unary, Sqrt, 2, 2, "sqrt") COMPLEX(unary, Exp, 1, 1, "exp") COMPLEX(unary, Ln, 1, 1, "log")
-    COMPLEX(unary, Log10, 1, 1, "log10") COMPLEX(unary, Sin, 1, 1, "sin") COMPLEX(unary, Cos, 1, 1, "cos")
-    COMPLEX(unary, Tan, 1, 1, "tan") COMPLEX(unary, Sinh, 1, 1, "sinh") COMPLEX(unary, Cosh, 1, 1, "cosh")
-    COMPLEX(unary, Tanh, 1, 1, "tanh") COMPLEX(unary, Asin, 1, 1, "arcsin") COMPLEX(unary, Acos, 1, 1, "arccos")
-    COMPLEX(unary, Atan, 1, 1, "arctan") COMPLEX(unary, Asinh, 1, 1, "arcsinh") COMPLEX(unary, Acosh, 1, 1, "arccosh")
-    COMPLEX(unary, Atanh, 1, 1, "arctanh") COMPLEX(binary, Pow, 1, 1, "power") COMPLEX(scalar, Powx, 1, 1, "power")
+    COMPLEX(binary, Sub, 0.5, 0.5, "subtract") COMPLEX(binary, Mul, 2, 2, "multiply")
+};
+
+// The others call the C library element by element.
+constexpr Peer kElementLoops[] = {
+    REAL(pair, Modf, 0.5, 0.5, "modf") REAL(binary, CopySign, 0.5, 0.5, "copysign")
+    REAL(binary, NextAfter, 0.5, 0.5, "nextafter") REAL(binary, Fmod, 0.5, 0.5, "fmod") REAL(binary, Hypot, 1, 1, "hypot")
+    COMPLEX(binary, Div, 3, 3, "divide") COMPLEX(unary, Sqrt, 2, 2, "sqrt") COMPLEX(unary, Exp, 1, 1, "exp")
+    COMPLEX(unary, Ln, 1, 1, "log") COMPLEX(unary, Log10, 1, 1, "log10") COMPLEX(unary, Sin, 1, 1, "sin")
+    COMPLEX(unary, Cos, 1, 1, "cos") COMPLEX(unary, Tan, 1, 1, "tan") COMPLEX(unary, Sinh, 1, 1, "sinh")
+    COMPLEX(unary, Cosh, 1, 1, "cosh") COMPLEX(unary, Tanh, 1, 1, "tanh") COMPLEX(unary, Asin, 1, 1, "arcsin")
+    COMPLEX(unary, Acos, 1, 1, "arccos") COMPLEX(unary, Atan, 1, 1, "arctan") COMPLEX(unary, Asinh, 1, 1, "arcsinh")
+    COMPLEX(unary, Acosh, 1, 1, "arccosh") COMPLEX(unary, Atanh, 1, 1, "arctanh") COMPLEX(binary, Pow, 1, 1, "power")
+    COMPLEX(scalar, Powx, 1, 1, "power")
 };
 
 // An interpreter of its own kind: no signal handlers, no environment, no packages of the user's. False, the reason on standard
@@ -138,26 +146,35 @@ bool start() {
   return before != nullptr;
 }
 
-// "NumPy 1.24.2", and whether its loops of 512 bits serve here.
-std::string describe() {
-  PyObject* const named = PyRun_String(
-      "(lambda n, m: f'NumPy {n.__version__}, vector loops of ' + ('512' if m.__cpu_features__.get('AVX512_SKX') else '256') + ' bits')"
-      "(__import__('numpy'), __import__('numpy.core._multiarray_umath', fromlist=['x']))",
-      Py_eval_input, PyModule_GetDict(PyImport_AddModule("__main__")), nullptr);
-  const char* const text = named != nullptr ? PyUnicode_AsUTF8(named) : nullptr;
-  std::string copy = text != nullptr ? text : "NumPy";
+// The value of an expression of Python's over `numpy` as a text; empty where it has none.
+std::string text_of(const char* expression) {
+  PyObject* const names = PyDict_New();
+  if (names == nullptr || PyDict_SetItemString(names, "numpy", module) < 0) fail("a name");
+  PyObject* const value = PyRun_String(expression, Py_eval_input, names, names);
+  const char* const text = value != nullptr ? PyUnicode_AsUTF8(value) : nullptr;
+  const std::string copy = text != nullptr ? text : "";
   PyErr_Clear();
-  Py_XDECREF(named);
+  Py_XDECREF(value);
+  Py_DECREF(names);
   return copy;
+}
+
+std::vector<Peer> peers() {
+  if (!start()) return {};
+  const bool wide = text_of("str(numpy.core._multiarray_umath.__cpu_features__['AVX512_SKX'])") == "True";
+  std::vector<Peer> all(std::begin(kVectorLoops), std::end(kVectorLoops));
+  for (Peer& peer : all) peer.source = wide ? "numpy 512" : "numpy";
+  all.insert(all.end(), std::begin(kElementLoops), std::end(kElementLoops));
+  return all;
 }
 
 }  // namespace
 
 std::span<const Peer> numpy_peers() {
-  static const bool started = start();
-  return started ? std::span<const Peer>(kPeers) : std::span<const Peer>();
+  static const std::vector<Peer> all = peers();
+  return all;
 }
 
-std::string numpy_description() { return numpy_peers().empty() ? "" : describe(); }
+std::string numpy_description() { return numpy_peers().empty() ? "" : "NumPy " + text_of("numpy.__version__"); }
 
 }  // namespace orvik::bench

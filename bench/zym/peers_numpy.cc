@@ -103,23 +103,23 @@ constexpr Peer kVectorLoops[] = {
     REAL(unary, Cosh, 4, 4, "cosh") REAL(unary, Tanh, 4, 4, "tanh") REAL(unary, Asinh, 4, 4, "arcsinh")
     REAL(unary, Acosh, 4, 4, "arccosh") REAL(unary, Atanh, 4, 4, "arctanh") REAL(binary, Atan2, 4, 4, "arctan2")
     REAL(binary, Pow, 4, 4, "power") REAL(scalar, Powx, 4, 4, "power")
-    UFUNC("cAbs", 2, "absolute", unary, NPY_COMPLEX64, NPY_FLOAT32)
-    UFUNC("zAbs", 2, "absolute", unary, NPY_COMPLEX128, NPY_FLOAT64)
+    UFUNC("cAbs", 1.9, "absolute", unary, NPY_COMPLEX64, NPY_FLOAT32)
+    UFUNC("zAbs", 1.8, "absolute", unary, NPY_COMPLEX128, NPY_FLOAT64)
     COMPLEX(unary, Conj, 0.5, 0.5, "conjugate") COMPLEX(binary, Add, 0.5, 0.5, "add")
-    COMPLEX(binary, Sub, 0.5, 0.5, "subtract") COMPLEX(binary, Mul, 2, 2, "multiply")
+    COMPLEX(binary, Sub, 0.5, 0.5, "subtract") COMPLEX(binary, Mul, 1.4, 1.4, "multiply")
 };
 
 // The others call the C library element by element.
 constexpr Peer kElementLoops[] = {
     REAL(pair, Modf, 0.5, 0.5, "modf") REAL(binary, CopySign, 0.5, 0.5, "copysign")
-    REAL(binary, NextAfter, 0.5, 0.5, "nextafter") REAL(binary, Fmod, 0.5, 0.5, "fmod") REAL(binary, Hypot, 1, 1, "hypot")
-    COMPLEX(binary, Div, 3, 3, "divide") COMPLEX(unary, Sqrt, 2, 2, "sqrt") COMPLEX(unary, Exp, 1, 1, "exp")
-    COMPLEX(unary, Ln, 1, 1, "log") COMPLEX(unary, Log10, 1, 1, "log10") COMPLEX(unary, Sin, 1, 1, "sin")
-    COMPLEX(unary, Cos, 1, 1, "cos") COMPLEX(unary, Tan, 1, 1, "tan") COMPLEX(unary, Sinh, 1, 1, "sinh")
-    COMPLEX(unary, Cosh, 1, 1, "cosh") COMPLEX(unary, Tanh, 1, 1, "tanh") COMPLEX(unary, Asin, 1, 1, "arcsin")
-    COMPLEX(unary, Acos, 1, 1, "arccos") COMPLEX(unary, Atan, 1, 1, "arctan") COMPLEX(unary, Asinh, 1, 1, "arcsinh")
-    COMPLEX(unary, Acosh, 1, 1, "arccosh") COMPLEX(unary, Atanh, 1, 1, "arctanh") COMPLEX(binary, Pow, 1, 1, "power")
-    COMPLEX(scalar, Powx, 1, 1, "power")
+    REAL(binary, NextAfter, 0.5, 0.5, "nextafter") REAL(binary, Fmod, 0.5, 0.5, "fmod") REAL(binary, Hypot, 0.51, 0.55, "hypot")
+    COMPLEX(binary, Div, 2.8, 2.4, "divide") COMPLEX(unary, Sqrt, 1.4, 1.4, "sqrt") COMPLEX(unary, Exp, 1.5, 1.6, "exp")
+    COMPLEX(unary, Ln, 1.4, 1.3, "log") COMPLEX(unary, Log10, 2.1, 1.8, "log10") COMPLEX(unary, Sin, 1.9, 2, "sin")
+    COMPLEX(unary, Cos, 1.8, 1.8, "cos") COMPLEX(unary, Tan, 4.9, 5.3, "tan") COMPLEX(unary, Sinh, 1.8, 1.9, "sinh")
+    COMPLEX(unary, Cosh, 2, 1.9, "cosh") COMPLEX(unary, Tanh, 5.6, 4.7, "tanh") COMPLEX(unary, Asin, 2.1, 2.6, "arcsin")
+    COMPLEX(unary, Acos, 2.3, 1.5, "arccos") COMPLEX(unary, Atan, 3.8, 2, "arctan") COMPLEX(unary, Asinh, 2.8, 2.5, "arcsinh")
+    COMPLEX(unary, Acosh, 2.3, 1.5, "arccosh") COMPLEX(unary, Atanh, 4, 1.6, "arctanh") COMPLEX(binary, Pow, 24, 27, "power")
+    COMPLEX(scalar, Powx, 17, 17, "power")
 };
 
 // An interpreter of its own kind: no signal handlers, no environment, no packages of the user's. False, the reason on standard

@@ -9,7 +9,8 @@
 namespace orvik::python {
 namespace {
 
-constexpr int64_t kReports = 16;
+constexpr int64_t kFewReports = 16;             // that most calls have room for
+constexpr int64_t kMostReports = int64_t{1} << 16;  // of a thread's own room, 4 MiB
 
 // The flag of an exceptional element as NumPy has it: poles of powers, which the kernels count as outside the domain or
 // as overflow, divide by zero; 0 / 0, a pole to them, is invalid; a NaN that an argument brought raises nothing.
@@ -38,24 +39,80 @@ uint32_t flags_of(const orvik_report* reports, int64_t count) {
   return flags;
 }
 
-// Those of all elements where more were reported than fitted: the call once more, with room for all of them. Its
-// arguments are gone where a result took their place; then those of the first have to do.
-uint32_t flags_of_all(const Loop& loop, int64_t n, char* const* at, const int64_t* increments, const void* parameters,
-                      orvik_math_options options) {
-  for (int k = 0; k < loop.inputs; ++k) {
-    for (int r = loop.inputs; r < loop.inputs + loop.results; ++r) {
-      if (at[k] == at[r]) return 0;
+// A thread's room for many reports, kept for its next call; what is not written takes no memory.
+class Room {
+ public:
+  Room() = default;
+  ~Room() { std::free(reports_); }
+  Room(const Room&) = delete;
+  Room& operator=(const Room&) = delete;
+
+  // For `wanted` reports, or for as many as there is memory for: at least a few.
+  orvik_report* take(int64_t wanted, int64_t* got) {
+    if (wanted > kMostReports) wanted = kMostReports;
+    if (wanted > capacity_) {
+      std::free(reports_);
+      capacity_ = 2 * wanted < kMostReports ? 2 * wanted : kMostReports;
+      reports_ = static_cast<orvik_report*>(std::malloc(static_cast<size_t>(capacity_) * sizeof(orvik_report)));
+      if (reports_ == nullptr) capacity_ = 0;
+    }
+    *got = capacity_ > 0 ? capacity_ : kFewReports;
+    return capacity_ > 0 ? reports_ : few_;
+  }
+
+ private:
+  orvik_report* reports_ = nullptr;
+  int64_t capacity_ = 0;
+  orvik_report few_[kFewReports];
+};
+
+// The call in parts, none of which can have more exceptional elements than there is room for.
+orvik_status call_in_parts(const Loop& loop, int64_t n, char* const* at, const int64_t* increments,
+                           const void* parameters, uint32_t* flags) {
+  static thread_local Room room;
+  orvik_math_options options = {accuracy, 0, nullptr, 0, 0};
+  options.reports = room.take(n, &options.report_capacity);
+  const int64_t most = options.report_capacity;
+  char* part_at[kMostArrays];
+  orvik_status least = 0;
+  for (int64_t first = 0; first < n; first += most) {
+    const int64_t part = n - first < most ? n - first : most;
+    for (int k = 0; k < loop.inputs + loop.results; ++k) {
+      part_at[k] = at[k] + first * loop.bytes[k] * (increments != nullptr ? increments[k] : 1);
+    }
+    const orvik_status status = loop.call(part, part_at, increments, parameters, &options);
+    if (status < 0) return status;
+    if (status > 0) {
+      *flags |= flags_of(options.reports, options.report_count);
+      if (least == 0 || status < least) least = status;
     }
   }
-  const int64_t capacity = options.report_count;
-  auto* const reports = static_cast<orvik_report*>(std::malloc(static_cast<size_t>(capacity) * sizeof(orvik_report)));
-  if (reports == nullptr) return 0;
-  options.reports = reports;
-  options.report_capacity = capacity;
-  uint32_t flags = 0;
-  if (loop.call(n, at, increments, parameters, &options) > 0) flags = flags_of(reports, capacity);
-  std::free(reports);
-  return flags;
+  return least;
+}
+
+// Whether a result takes the place of an argument, which is gone when the exceptional elements are known.
+bool in_place(const Loop& loop, char* const* at) {
+  for (int k = 0; k < loop.inputs; ++k) {
+    for (int r = loop.inputs; r < loop.inputs + loop.results; ++r) {
+      if (at[k] == at[r]) return true;
+    }
+  }
+  return false;
+}
+
+// All flags of a call's reports: at once where the few first are all, else once more in parts.
+orvik_status call_and_classify(const Loop& loop, int64_t n, char* const* at, const int64_t* increments,
+                               const void* parameters, uint32_t* flags) {
+  if (loop.reports && n > kFewReports && in_place(loop, at)) {
+    return call_in_parts(loop, n, at, increments, parameters, flags);
+  }
+  orvik_report reports[kFewReports];
+  orvik_math_options options = {accuracy, 0, reports, kFewReports, 0};
+  const orvik_status status = loop.call(n, at, increments, parameters, &options);
+  if (status <= 0) [[likely]] return status;
+  if (options.report_count > kFewReports) return call_in_parts(loop, n, at, increments, parameters, flags);
+  *flags = flags_of(reports, options.report_count);
+  return status;
 }
 
 template <class E>
@@ -94,8 +151,6 @@ bool divides_by_zero(int64_t n, char* const* at, const int64_t* increments) {
 
 orvik_status call_with_flags(const Loop& loop, int64_t n, char* const* at, const int64_t* increments,
                              const void* parameters) {
-  orvik_report reports[kReports];
-  orvik_math_options options = {accuracy, 0, reports, kReports, 0};
   uint32_t zeros = 0;  // found beforehand: results may take the place of divisors
   if (loop.divides) {
     const bool wide = loop.bytes[0] == sizeof(ZymComplexDouble);
@@ -104,12 +159,9 @@ orvik_status call_with_flags(const Loop& loop, int64_t n, char* const* at, const
     zeros = found ? kDivideByZeroFlag : 0;
   }
   const uint32_t before = loop.selects ? read_control() : 0;
-  const orvik_status status = loop.call(n, at, increments, parameters, &options);
-  if (status > 0) [[unlikely]] {
-    uint32_t flags = flags_of(reports, options.report_count < kReports ? options.report_count : kReports);
-    if (options.report_count > kReports) flags |= flags_of_all(loop, n, at, increments, parameters, options);
-    write_control(read_control() | flags);
-  }
+  uint32_t flags = 0;
+  const orvik_status status = call_and_classify(loop, n, at, increments, parameters, &flags);
+  if (flags != 0) [[unlikely]] write_control(read_control() | flags);
   if (zeros != 0) write_control(read_control() | zeros);
   if (loop.selects) write_control((read_control() & ~kInvalidFlag) | (before & kInvalidFlag));
   return status;

@@ -4,6 +4,7 @@ import operator
 
 import numpy as np
 
+from .._random import short_draw
 from ._output import INTEGERS, REALS, array_for, type_of
 
 _METHODS = {"box-muller": 0, "box-muller-pairs": 1, "inverse": 2}
@@ -38,6 +39,7 @@ class Distributions:
 
     # ---- Real numbers
 
+    @short_draw
     def uniform(self, low=0.0, high=1.0, size=None, dtype=np.float64, out=None):
         """Numbers evenly between `low` and `high`: low + (high - low) u. A float32 can round up to `high`.
 
@@ -50,6 +52,7 @@ class Distributions:
         """
         return self._real("uniform", size, dtype, out, float(low), float(high))
 
+    @short_draw
     def normal(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None, *, method="inverse"):
         """Normal numbers of mean `loc` and deviation `scale`.
 
@@ -76,14 +79,17 @@ class Distributions:
         return self._real("lognormal", size, dtype, out, float(mean), float(sigma), float(loc), float(scale),
                           1 if method == "inverse" else 0)
 
+    @short_draw
     def exponential(self, scale=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0):
         """loc + scale E, E exponential of mean 1."""
         return self._real("exponential", size, dtype, out, float(loc), float(scale))
 
+    @short_draw
     def laplace(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None):
         """Numbers of density exp(-|x - loc| / scale) / (2 scale)."""
         return self._real("laplace", size, dtype, out, float(loc), float(scale))
 
+    @short_draw
     def cauchy(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None):
         """loc + scale tan(pi (u - 1/2))."""
         return self._real("cauchy", size, dtype, out, float(loc), float(scale))

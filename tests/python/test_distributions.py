@@ -1,6 +1,9 @@
 """Distributions as methods: the library's numbers, NumPy's conventions, long draws in pieces."""
 import ctypes
+import inspect
+import re
 import signal
+import threading
 import time
 
 import numpy as np
@@ -411,3 +414,68 @@ def test_a_draw_goes_on_where_an_interrupted_one_ended(kind):
     a = stream.uniform(size=1 << 20)
     b = stream.uniform(size=100)
     np.testing.assert_array_equal(np.concatenate([a, b]), kind(1).uniform(size=(1 << 20) + 100))
+
+
+SHORT = {"uniform": (-1.0, 2.0), "normal": (3.0, 0.5), "exponential": (2.0,), "laplace": (1.0, 2.0), "cauchy": (1.0, 2.0)}
+
+
+@pytest.mark.parametrize("name", SHORT)
+def test_plain_calls_are_what_the_method_in_python_does(name):
+    """The commonest calls are served past the checks; the numbers and the stream's place are the same."""
+    short = getattr(MT19937, name)
+    slow = short.__wrapped__
+    parameters = SHORT[name]
+    calls = [((), {}), (parameters, {}), (parameters, {"size": 7}), ((*parameters, 7), {}), ((), {"size": 0}), ((), {"size": 2000}),
+             ((*parameters, 7, np.float64), {}), ((), {"size": (2, 3)}), ((), {"size": 5, "dtype": np.float32}),
+             ((1, *parameters[1:]), {"size": None}), ((np.float64(1.5), *parameters[1:]), {"size": 3})]
+    for arguments, named in calls:
+        a, b = MT19937(5), MT19937(5)
+        got, wanted = short(a, *arguments, **named), slow(b, *arguments, **named)
+        assert type(got) is type(wanted)
+        np.testing.assert_array_equal(got, wanted)
+        assert a.state["image"] == b.state["image"]
+    for shape in ((10,), (3, 4), (), (700_000,)):
+        a, b, mine, theirs = MT19937(5), MT19937(5), np.empty(shape), np.empty(shape)
+        assert short(a, *parameters, out=mine) is mine
+        slow(b, *parameters, out=theirs)
+        np.testing.assert_array_equal(mine, theirs)
+        assert a.uniform() == b.uniform()
+
+
+@pytest.mark.parametrize("arguments, named", [
+    ((), {"size": -1}), ((0.0, 1.0, -1), {}), (("x",), {}), ((), {"out": [1.0]}), ((), {"out": np.empty(3, np.float32)}),
+    ((), {"out": np.empty(6)[::2]}), ((), {"size": 3, "out": np.empty(4)}), ((), {"oops": 1}), ((0.0,), {"low": 1.0}),
+    ((1.0, 1.0), {"size": 3}), ((np.nan, 1.0, 3), {}), ((), {"dtype": np.int32}), ((0.0, 1.0, 3, None, None, None), {}), ((10**400,), {}),
+])
+def test_refused_plain_calls_are_refused_by_the_method_in_python(arguments, named):
+    a = MT19937(5)
+    before = a.state["image"]
+    with pytest.raises(Exception) as wanted:
+        MT19937.uniform.__wrapped__(a, *arguments, **named)
+    with pytest.raises(wanted.type, match=re.escape(str(wanted.value))):
+        a.uniform(*arguments, **named)
+    assert a.state["image"] == before
+
+
+def test_methods_with_a_short_way_look_like_methods():
+    assert inspect.signature(MT19937.normal) == inspect.signature(MT19937.normal.__wrapped__)
+    assert list(inspect.signature(MT19937(1).normal).parameters)[0] == "loc"
+    assert MT19937.normal.__name__ == "normal" and MT19937.normal.__doc__.startswith("Normal numbers")
+    assert callable(MT19937(1).normal) and inspect.isroutine(MT19937.normal)
+    with pytest.raises(AttributeError):
+        MT19937.uniform("not a generator")
+    with pytest.raises(TypeError):
+        MT19937.uniform()
+
+
+def test_a_short_draw_waits_for_the_lock():
+    stream, done = MT19937(5), threading.Event()
+    wanted = MT19937(5).uniform(size=3)
+    got = []
+    with stream.lock:
+        thread = threading.Thread(target=lambda: (got.append(stream.uniform(size=3)), done.set()))
+        thread.start()
+        assert not done.wait(0.1)
+    assert done.wait(10)
+    thread.join()
+    np.testing.assert_array_equal(got[0], wanted)

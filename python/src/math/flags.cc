@@ -10,7 +10,7 @@ namespace orvik::python {
 namespace {
 
 constexpr int64_t kFewReports = 16;             // that most calls have room for
-constexpr int64_t kMostReports = int64_t{1} << 16;  // of a thread's own room, 4 MiB
+constexpr int64_t kMostReports = int64_t{1} << 16;  // of a thread's own room, 5 MiB
 
 // The flag of an exceptional element as NumPy has it: poles of powers, which the kernels count as outside the domain or
 // as overflow, divide by zero; 0 / 0, a pole to them, is invalid; a NaN that an argument brought raises nothing.
@@ -39,48 +39,82 @@ uint32_t flags_of(const orvik_report* reports, int64_t count) {
   return flags;
 }
 
-// A thread's room for many reports, kept for its next call; what is not written takes no memory.
+// A thread's room for the reports of many elements and for a copy of an argument, kept for its next call; what is not
+// written takes no memory.
 class Room {
  public:
   Room() = default;
-  ~Room() { std::free(reports_); }
+  ~Room() { std::free(memory_); }
   Room(const Room&) = delete;
   Room& operator=(const Room&) = delete;
 
-  // For `wanted` reports, or for as many as there is memory for: at least a few.
-  orvik_report* take(int64_t wanted, int64_t* got) {
+  // Grows to `wanted` elements, or as far as there is memory for: at least to a few.
+  void grow(int64_t wanted) {
     if (wanted > kMostReports) wanted = kMostReports;
-    if (wanted > capacity_) {
-      std::free(reports_);
-      capacity_ = 2 * wanted < kMostReports ? 2 * wanted : kMostReports;
-      reports_ = static_cast<orvik_report*>(std::malloc(static_cast<size_t>(capacity_) * sizeof(orvik_report)));
-      if (reports_ == nullptr) capacity_ = 0;
-    }
-    *got = capacity_ > 0 ? capacity_ : kFewReports;
-    return capacity_ > 0 ? reports_ : few_;
+    if (wanted <= capacity_) return;
+    std::free(memory_);
+    const int64_t twice = 2 * wanted < kMostReports ? 2 * wanted : kMostReports;
+    memory_ = static_cast<char*>(std::malloc(static_cast<size_t>(twice) * (sizeof(orvik_report) + kWidest)));
+    capacity_ = memory_ != nullptr ? twice : kFewReports;
   }
+  int64_t elements() const { return capacity_; }
+  char* copy() { return memory_ != nullptr ? memory_ : few_; }
+  orvik_report* reports() { return reinterpret_cast<orvik_report*>(copy() + capacity_ * kWidest); }
 
  private:
-  orvik_report* reports_ = nullptr;
+  static constexpr int kWidest = sizeof(ZymComplexDouble);  // the alignment of reports divides it
+
+  char* memory_ = nullptr;
   int64_t capacity_ = 0;
-  orvik_report few_[kFewReports];
+  alignas(orvik_report) char few_[kFewReports * (sizeof(orvik_report) + kWidest)];
 };
 
-// The call in parts, none of which can have more exceptional elements than there is room for.
+void pack(int bytes, int64_t n, char* to, const char* from, int64_t step) {
+  if (step == bytes) {
+    std::memcpy(to, from, static_cast<size_t>(n * bytes));
+    return;
+  }
+  for (int64_t i = 0; i < n; ++i) std::memcpy(to + i * bytes, from + i * step, static_cast<size_t>(bytes));
+}
+
+// The argument whose place a result takes element by element, -1: none does. When the exceptional elements are known it
+// is gone, and their reports have results where arguments should be.
+int overwritten(const Loop& loop, char* const* at, const int64_t* increments) {
+  for (int k = 0; k < loop.inputs; ++k) {
+    for (int r = loop.inputs; r < loop.inputs + loop.results; ++r) {
+      const bool same_step = loop.bytes[k] == loop.bytes[r] && (increments == nullptr || increments[k] == increments[r]);
+      if (at[k] == at[r] && same_step) return k;
+    }
+  }
+  return -1;
+}
+
+// The call in parts, none of which can have more exceptional elements than there is room for, with a copy of the
+// argument that is overwritten.
 orvik_status call_in_parts(const Loop& loop, int64_t n, char* const* at, const int64_t* increments,
-                           const void* parameters, uint32_t* flags) {
+                           const void* parameters, int gone, uint32_t* flags) {
   static thread_local Room room;
-  orvik_math_options options = {accuracy, 0, nullptr, 0, 0};
-  options.reports = room.take(n, &options.report_capacity);
-  const int64_t most = options.report_capacity;
+  room.grow(n);
+  const int64_t most = room.elements();
+  orvik_math_options options = {accuracy, 0, room.reports(), most, 0};
+  const auto step = [&](int k) { return increments != nullptr ? increments[k] : 1; };
+  int64_t part_increments[kMostArrays];
+  bool copied[kMostArrays] = {};  // of two arguments in one place both are
+  for (int k = 0; k < loop.inputs + loop.results; ++k) {
+    copied[k] = gone >= 0 && k < loop.inputs && at[k] == at[gone] && step(k) == step(gone);
+    part_increments[k] = copied[k] ? 1 : step(k);
+  }
   char* part_at[kMostArrays];
   orvik_status least = 0;
   for (int64_t first = 0; first < n; first += most) {
     const int64_t part = n - first < most ? n - first : most;
     for (int k = 0; k < loop.inputs + loop.results; ++k) {
-      part_at[k] = at[k] + first * loop.bytes[k] * (increments != nullptr ? increments[k] : 1);
+      char* const from = at[k] + first * step(k) * loop.bytes[k];
+      part_at[k] = copied[k] ? room.copy() : from;
+      if (k == gone) pack(loop.bytes[k], part, room.copy(), from, step(k) * loop.bytes[k]);
     }
-    const orvik_status status = loop.call(part, part_at, increments, parameters, &options);
+    const int64_t* const inc = increments != nullptr ? part_increments : nullptr;
+    const orvik_status status = loop.call(part, part_at, inc, parameters, &options);
     if (status < 0) return status;
     if (status > 0) {
       *flags |= flags_of(options.reports, options.report_count);
@@ -90,27 +124,17 @@ orvik_status call_in_parts(const Loop& loop, int64_t n, char* const* at, const i
   return least;
 }
 
-// Whether a result takes the place of an argument, which is gone when the exceptional elements are known.
-bool in_place(const Loop& loop, char* const* at) {
-  for (int k = 0; k < loop.inputs; ++k) {
-    for (int r = loop.inputs; r < loop.inputs + loop.results; ++r) {
-      if (at[k] == at[r]) return true;
-    }
-  }
-  return false;
-}
-
 // All flags of a call's reports: at once where the few first are all, else once more in parts.
 orvik_status call_and_classify(const Loop& loop, int64_t n, char* const* at, const int64_t* increments,
                                const void* parameters, uint32_t* flags) {
-  if (loop.reports && n > kFewReports && in_place(loop, at)) {
-    return call_in_parts(loop, n, at, increments, parameters, flags);
+  if (const int gone = loop.reports ? overwritten(loop, at, increments) : -1; gone >= 0) {
+    return call_in_parts(loop, n, at, increments, parameters, gone, flags);
   }
   orvik_report reports[kFewReports];
   orvik_math_options options = {accuracy, 0, reports, kFewReports, 0};
   const orvik_status status = loop.call(n, at, increments, parameters, &options);
   if (status <= 0) [[likely]] return status;
-  if (options.report_count > kFewReports) return call_in_parts(loop, n, at, increments, parameters, flags);
+  if (options.report_count > kFewReports) return call_in_parts(loop, n, at, increments, parameters, -1, flags);
   *flags = flags_of(reports, options.report_count);
   return status;
 }

@@ -1,5 +1,6 @@
 """The package as a whole: names, documentation, stubs."""
 import ast
+import copy
 import doctest
 import pathlib
 import pickle
@@ -97,10 +98,23 @@ def test_the_table_of_names_is_up_to_date(tmp_path):
     assert copy.read_text() == page.read_text(), "run tools/rows/python.py names docs/python.md"
 
 
-@pytest.mark.filterwarnings("ignore::DeprecationWarning")  # pickle looks through all modules, deprecated names included
+@pytest.mark.filterwarnings("error")  # a search through all modules would meet deprecated names
 @pytest.mark.parametrize("name", UFUNCS)
 def test_ufuncs_are_pickled_by_name(name):
-    assert pickle.loads(pickle.dumps(getattr(orvik, name))) is getattr(orvik, name)
+    for protocol in range(pickle.HIGHEST_PROTOCOL + 1):
+        assert pickle.loads(pickle.dumps(getattr(orvik, name), protocol)) is getattr(orvik, name)
+    assert copy.deepcopy(getattr(orvik, name)) is getattr(orvik, name)
+
+
+def test_damaged_names_of_ufuncs_are_refused():
+    with pytest.raises(ValueError, match="not a ufunc of orvik"):
+        pickle.loads(pickle.dumps(orvik.expm1).replace(b"expm1", b"exqm1"))
+
+
+@pytest.mark.filterwarnings("ignore::DeprecationWarning")  # NumPy's way looks through all modules, deprecated names included
+def test_numpys_ufuncs_are_pickled_as_before():
+    assert pickle.loads(pickle.dumps(np.exp)) is np.exp
+    assert b"orvik" not in pickle.dumps(np.arctan2)
 
 
 def test_star_import_gives_the_names_without_touching_others():

@@ -351,7 +351,7 @@ def test_parameters_outside_their_domain_are_value_errors_and_leave_the_stream(n
     assert stream.state == PHILOX4X32X10(1).state
 
 
-@pytest.mark.parametrize("name, arguments", [("uniform", ("a",)), ("normal", ([0, 1], 1)), ("chisquare", (1.5,)),
+@pytest.mark.parametrize("name, arguments", [("uniform", ("a",)), ("integers", ([0, 1], 5)), ("chisquare", (1.5,)),
                                              ("integers", (1.5,)), ("binomial", (1.5, 0.5)), ("gamma", (None,)),
                                              ("uniform", (1j,))])
 def test_parameters_of_other_types_are_errors(name, arguments):
@@ -479,3 +479,83 @@ def test_a_short_draw_waits_for_the_lock():
     assert done.wait(10)
     thread.join()
     np.testing.assert_array_equal(got[0], wanted)
+
+
+SHIFTED = [("uniform", {}, ("low", "high"), (-1.3, 2.9)), ("normal", {}, ("loc", "scale"), (0.7, 2.3)),
+           ("normal", {"method": "box-muller-pairs"}, ("loc", "scale"), (0.7, 2.3)), ("exponential", {}, ("loc", "scale"), (0.3, 2.3)),
+           ("laplace", {}, ("loc", "scale"), (0.7, 2.3)), ("cauchy", {}, ("loc", "scale"), (0.7, 2.3)),
+           ("gumbel", {}, ("loc", "scale"), (0.7, 2.3)), ("rayleigh", {}, ("loc", "scale"), (0.7, 2.3)),
+           ("gamma", {"shape": 0.7}, ("loc", "scale"), (0.7, 2.3)), ("weibull", {"a": 1.7}, ("loc", "scale"), (0.7, 2.3))]
+GROUPED = [("gamma", {}, ("shape", "scale"), (0.7, 2.3)), ("weibull", {}, ("a", "scale"), (1.7, 2.0)), ("beta", {}, ("a", "b"), (0.7, 2.3)),
+           ("chisquare", {}, ("df",), (3,)), ("bernoulli", {}, ("p",), (0.3,)), ("geometric", {}, ("p",), (0.3,)),
+           ("binomial", {}, ("n", "p"), (20, 0.3)), ("negative_binomial", {}, ("n", "p"), (2.5, 0.3))]
+
+
+@pytest.mark.parametrize("name, more, names, values", SHIFTED + GROUPED)
+@pytest.mark.parametrize("dtype", [0, 1])
+def test_constant_arrays_of_parameters_draw_as_numbers_do(name, more, names, values, dtype):
+    kinds = (np.int32, np.int64) if name in ("bernoulli", "geometric", "binomial", "negative_binomial") else (np.float64, np.float32)
+    a, b = MT19937(9), MT19937(9)
+    wanted = getattr(a, name)(**more, **dict(zip(names, values)), size=(50, 21), dtype=kinds[dtype])
+    arrays = {n: np.full(21 if k else (50, 1), v) for k, (n, v) in enumerate(zip(names, values))}
+    np.testing.assert_array_equal(getattr(b, name)(**more, **arrays, size=(50, 21), dtype=kinds[dtype]), wanted)
+    assert a.state["image"] == b.state["image"]
+    out = np.empty((50, 21), kinds[dtype])
+    assert getattr(MT19937(9), name)(**more, **arrays, dtype=kinds[dtype], out=out) is out
+    np.testing.assert_array_equal(out, wanted)
+
+
+@pytest.mark.parametrize("name, more, names, values", SHIFTED + GROUPED)
+def test_each_number_has_its_own_parameters(name, more, names, values):
+    """Rows of two different sets of parameters have the laws of these."""
+    other = tuple(v * 3 if v >= 1 else v * 0.5 for v in values)
+    arrays = {n: np.array([[v], [w]]) for n, v, w in zip(names, values, other)}
+    got = getattr(MT19937(9), name)(**more, **arrays, size=(2, 4000))
+    for row, numbers in zip(got, (values, other)):
+        alone = getattr(MT19937(77), name)(**more, **dict(zip(names, numbers)), size=4000)
+        assert scipy.stats.ks_2samp(row, alone).pvalue > 1e-4
+
+
+def test_parameters_broadcast_as_numpys_do():
+    s, rng = MT19937(1), np.random.default_rng(1)
+    for name, arguments in (("normal", ([0.0, 1.0], [[1.0], [2.0], [3.0]])), ("uniform", ([0.0, 1.0], 5.0)), ("exponential", ([1.0, 2.0],)),
+                            ("gamma", ([1.0, 2.0], 3.0)), ("binomial", ([5, 6], 0.5)), ("poisson", ([1.0, 2.0],)), ("normal", ([], 1.0))):
+        assert getattr(s, name)(*arguments).shape == getattr(rng, name)(*arguments).shape
+        for size in ((3, 2), (4, 3, 2), (2, 3), 5):
+            try:
+                shape = getattr(rng, name)(*arguments, size=size).shape
+            except ValueError:
+                with pytest.raises(ValueError):
+                    getattr(s, name)(*arguments, size=size)
+            else:
+                assert getattr(s, name)(*arguments, size=size).shape == shape
+
+
+@pytest.mark.parametrize("name, arguments", [
+    ("normal", ([0.0, 1.0], [1.0, -1.0])), ("normal", ([0.0, np.nan], 1.0)), ("uniform", ([0.0, 2.0], 1.0)), ("uniform", (0.0, [1.0, np.inf])),
+    ("uniform", ([0.0, -1.7e308], 1.7e308)), ("exponential", ([1.0, 0.0],)), ("gamma", ([1.0, -1.0],)), ("gamma", (1.0, [1.0, 0.0])),
+    ("binomial", ([5, 6], [0.5, 1.5])), ("binomial", ([5, 1 << 40], 0.5)), ("beta", ([1.0, 0.0], 1.0)), ("chisquare", ([3, 0],)),
+    ("weibull", ([1.0, np.nan],)), ("bernoulli", ([0.5, -0.5],)), ("geometric", ([0.5, 0.0],)), ("laplace", (0.0, [1.0, np.inf])),
+])
+def test_one_parameter_outside_its_domain_leaves_the_stream(name, arguments):
+    s = MT19937(9)
+    before = s.state["image"]
+    with pytest.raises(ValueError):
+        getattr(s, name)(*arguments)
+    assert s.state["image"] == before
+
+
+def test_arrays_that_parameters_cannot_be():
+    s = MT19937(9)
+    with pytest.raises(TypeError, match="integers"):
+        s.binomial([2.5, 3.0], 0.5)
+    with pytest.raises(ValueError, match="box-muller"):
+        s.normal([0.0, 1.0], 1.0, method="box-muller")
+    with pytest.raises(ValueError, match="C order"):
+        s.normal([0.0, 1.0], 1.0, out=np.empty((3, 2), order="F"))
+    with pytest.raises((TypeError, ValueError)):
+        s.normal(["a", "b"], 1.0)
+    unaligned = np.frombuffer(b"x" + np.array([1.0, 2.0, 3.0]).tobytes(), np.uint8)[1:].view(np.float64)
+    assert not unaligned.flags.aligned
+    np.testing.assert_array_equal(MT19937(9).poisson(unaligned), MT19937(9).poisson([1.0, 2.0, 3.0]))
+    np.testing.assert_array_equal(MT19937(9).normal(unaligned, 1.0), MT19937(9).normal([1.0, 2.0, 3.0], 1.0))

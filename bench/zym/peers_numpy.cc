@@ -1,8 +1,9 @@
-// NumPy's ufuncs, called by CPython's C API in the bench's thread with arrays around its memory: what a caller of Python
-// pays for `f(a, out=r)` but for the interpreter's part. NumPy's loops of 512 bits serve where the processor has them.
+// NumPy's ufuncs, called by CPython's C API in the bench's thread with arrays around its memory: what a caller of
+// Python pays for `f(a, out=r)` but for the interpreter's part. NumPy's loops of 512 bits serve where the processor has
+// them.
 //
-// Bounds in ulp: 4 is what NumPy promises of its vector loops; those of loops that call the C library, and of complex ones,
-// are the largest errors that `zym_bench --section peers` finds, rounded up.
+// Bounds in ulp: 4 is what NumPy promises of its vector loops; those of loops that call the C library, and of complex
+// ones, are the largest errors that `zym_bench --section peers` finds, rounded up.
 #include <Python.h>
 
 #define NPY_NO_DEPRECATED_API NPY_1_22_API_VERSION
@@ -48,7 +49,8 @@ PyObject* wrap(const void* data, int32_t n, int32_t step, int type) {
   return array;
 }
 
-void prepare(Ready& ready, const char* name, Form form, int in, int out, bool strided, int32_t n, const Arrays& arrays) {
+void prepare(Ready& ready, const char* name, Form form, int in, int out, bool strided, int32_t n,
+             const Arrays& arrays) {
   for (PyObject*& old : ready.operands) Py_CLEAR(old);
   if (ready.ufunc == nullptr) ready.ufunc = PyObject_GetAttrString(module, name);
   if (ready.ufunc == nullptr) fail(name);
@@ -81,49 +83,54 @@ void call(int32_t n, const Arrays& arrays) {
 
 #define UFUNC(row, ulp, name, form, in, out) \
   {row, "numpy", ulp, call<name, Form::form, in, out, false>, call<name, Form::form, in, out, true>},
-#define REAL(form, Function, ulp_s, ulp_d, name)                  \
+#define REAL(form, Function, ulp_s, ulp_d, name)                    \
   UFUNC("s" #Function, ulp_s, name, form, NPY_FLOAT32, NPY_FLOAT32) \
   UFUNC("d" #Function, ulp_d, name, form, NPY_FLOAT64, NPY_FLOAT64)
-#define COMPLEX(form, Function, ulp_c, ulp_z, name)                   \
+#define COMPLEX(form, Function, ulp_c, ulp_z, name)                     \
   UFUNC("c" #Function, ulp_c, name, form, NPY_COMPLEX64, NPY_COMPLEX64) \
   UFUNC("z" #Function, ulp_z, name, form, NPY_COMPLEX128, NPY_COMPLEX128)
 
 // NumPy has loops over vectors for these, of 512 bits where the processor has AVX512_SKX, as it calls the set.
 constexpr Peer kVectorLoops[] = {
     REAL(unary, Abs, 0.5, 0.5, "absolute") REAL(unary, Sqr, 0.5, 0.5, "square") REAL(unary, Inv, 0.5, 0.5, "reciprocal")
-    REAL(unary, Sqrt, 0.5, 0.5, "sqrt") REAL(unary, Ceil, 0.5, 0.5, "ceil") REAL(unary, Floor, 0.5, 0.5, "floor")
-    REAL(unary, Trunc, 0.5, 0.5, "trunc") REAL(unary, Rint, 0.5, 0.5, "rint") REAL(binary, Add, 0.5, 0.5, "add")
-    REAL(binary, Sub, 0.5, 0.5, "subtract") REAL(binary, Mul, 0.5, 0.5, "multiply") REAL(binary, Div, 0.5, 0.5, "divide")
-    REAL(binary, Fmax, 0.5, 0.5, "fmax") REAL(binary, Fmin, 0.5, 0.5, "fmin")
-    REAL(unary, Cbrt, 4, 4, "cbrt") REAL(unary, Exp, 4, 4, "exp") REAL(unary, Exp2, 4, 4, "exp2")
-    REAL(unary, Expm1, 4, 4, "expm1") REAL(unary, Ln, 4, 4, "log") REAL(unary, Log2, 4, 4, "log2")
-    REAL(unary, Log10, 4, 4, "log10") REAL(unary, Log1p, 4, 4, "log1p") REAL(unary, Sin, 4, 4, "sin")
-    REAL(unary, Cos, 4, 4, "cos") REAL(unary, Tan, 4, 4, "tan") REAL(unary, Asin, 4, 4, "arcsin")
-    REAL(unary, Acos, 4, 4, "arccos") REAL(unary, Atan, 4, 4, "arctan") REAL(unary, Sinh, 4, 4, "sinh")
-    REAL(unary, Cosh, 4, 4, "cosh") REAL(unary, Tanh, 4, 4, "tanh") REAL(unary, Asinh, 4, 4, "arcsinh")
-    REAL(unary, Acosh, 4, 4, "arccosh") REAL(unary, Atanh, 4, 4, "arctanh") REAL(binary, Atan2, 4, 4, "arctan2")
-    REAL(binary, Pow, 4, 4, "power") REAL(scalar, Powx, 4, 4, "power")
-    UFUNC("cAbs", 1.9, "absolute", unary, NPY_COMPLEX64, NPY_FLOAT32)
-    UFUNC("zAbs", 1.8, "absolute", unary, NPY_COMPLEX128, NPY_FLOAT64)
-    COMPLEX(unary, Conj, 0.5, 0.5, "conjugate") COMPLEX(binary, Add, 0.5, 0.5, "add")
-    COMPLEX(binary, Sub, 0.5, 0.5, "subtract") COMPLEX(binary, Mul, 1.4, 1.4, "multiply")
-};
+        REAL(unary, Sqrt, 0.5, 0.5, "sqrt") REAL(unary, Ceil, 0.5, 0.5, "ceil") REAL(unary, Floor, 0.5, 0.5, "floor")
+            REAL(unary, Trunc, 0.5, 0.5, "trunc") REAL(unary, Rint, 0.5, 0.5, "rint") REAL(binary, Add, 0.5, 0.5, "add")
+                REAL(binary, Sub, 0.5, 0.5, "subtract") REAL(binary, Mul, 0.5, 0.5, "multiply")
+                    REAL(binary, Div, 0.5, 0.5, "divide") REAL(binary, Fmax, 0.5, 0.5, "fmax") REAL(
+                        binary, Fmin, 0.5, 0.5, "fmin") REAL(unary, Cbrt, 4, 4, "cbrt") REAL(unary, Exp, 4, 4, "exp")
+                        REAL(unary, Exp2, 4, 4, "exp2") REAL(unary, Expm1, 4, 4, "expm1") REAL(unary, Ln, 4, 4, "log")
+                            REAL(unary, Log2, 4, 4, "log2") REAL(unary, Log10, 4, 4, "log10") REAL(
+                                unary, Log1p, 4, 4, "log1p") REAL(unary, Sin, 4, 4, "sin") REAL(unary, Cos, 4, 4, "cos")
+                                REAL(unary, Tan, 4, 4, "tan") REAL(unary, Asin, 4, 4, "arcsin")
+                                    REAL(unary, Acos, 4, 4, "arccos") REAL(unary, Atan, 4, 4, "arctan") REAL(
+                                        unary, Sinh, 4, 4, "sinh") REAL(unary, Cosh, 4, 4, "cosh")
+                                        REAL(unary, Tanh, 4, 4, "tanh") REAL(unary, Asinh, 4, 4, "arcsinh") REAL(
+                                            unary, Acosh, 4, 4, "arccosh") REAL(unary, Atanh, 4, 4, "arctanh")
+                                            REAL(binary, Atan2, 4, 4, "arctan2") REAL(binary, Pow, 4, 4, "power")
+                                                REAL(scalar, Powx, 4, 4, "power") UFUNC(
+                                                    "cAbs", 1.9, "absolute", unary, NPY_COMPLEX64, NPY_FLOAT32)
+                                                    UFUNC("zAbs", 1.8, "absolute", unary, NPY_COMPLEX128, NPY_FLOAT64)
+                                                        COMPLEX(unary, Conj, 0.5, 0.5, "conjugate")
+                                                            COMPLEX(binary, Add, 0.5, 0.5, "add")
+                                                                COMPLEX(binary, Sub, 0.5, 0.5, "subtract")
+                                                                    COMPLEX(binary, Mul, 1.4, 1.4, "multiply")};
 
 // The others call the C library element by element.
 constexpr Peer kElementLoops[] = {
-    REAL(pair, Modf, 0.5, 0.5, "modf") REAL(binary, CopySign, 0.5, 0.5, "copysign")
-    REAL(binary, NextAfter, 0.5, 0.5, "nextafter") REAL(binary, Fmod, 0.5, 0.5, "fmod") REAL(binary, Hypot, 0.51, 0.55, "hypot")
-    COMPLEX(binary, Div, 2.8, 2.4, "divide") COMPLEX(unary, Sqrt, 1.4, 1.4, "sqrt") COMPLEX(unary, Exp, 1.5, 1.6, "exp")
-    COMPLEX(unary, Ln, 1.4, 1.3, "log") COMPLEX(unary, Log10, 2.1, 1.8, "log10") COMPLEX(unary, Sin, 1.9, 2, "sin")
-    COMPLEX(unary, Cos, 1.8, 1.8, "cos") COMPLEX(unary, Tan, 4.9, 5.3, "tan") COMPLEX(unary, Sinh, 1.8, 1.9, "sinh")
-    COMPLEX(unary, Cosh, 2, 1.9, "cosh") COMPLEX(unary, Tanh, 5.6, 4.7, "tanh") COMPLEX(unary, Asin, 2.1, 2.6, "arcsin")
-    COMPLEX(unary, Acos, 2.3, 1.5, "arccos") COMPLEX(unary, Atan, 3.8, 2, "arctan") COMPLEX(unary, Asinh, 2.8, 2.5, "arcsinh")
-    COMPLEX(unary, Acosh, 2.3, 1.5, "arccosh") COMPLEX(unary, Atanh, 4, 1.6, "arctanh") COMPLEX(binary, Pow, 24, 27, "power")
-    COMPLEX(scalar, Powx, 17, 17, "power")
-};
+    REAL(pair, Modf, 0.5, 0.5, "modf") REAL(binary, CopySign, 0.5, 0.5, "copysign") REAL(
+        binary, NextAfter, 0.5, 0.5, "nextafter") REAL(binary, Fmod, 0.5, 0.5, "fmod")
+        REAL(binary, Hypot, 0.51, 0.55, "hypot") COMPLEX(binary, Div, 2.8, 2.4, "divide") COMPLEX(
+            unary, Sqrt, 1.4, 1.4, "sqrt") COMPLEX(unary, Exp, 1.5, 1.6, "exp") COMPLEX(unary, Ln, 1.4, 1.3, "log")
+            COMPLEX(unary, Log10, 2.1, 1.8, "log10") COMPLEX(unary, Sin, 1.9, 2, "sin") COMPLEX(
+                unary, Cos, 1.8, 1.8, "cos") COMPLEX(unary, Tan, 4.9, 5.3, "tan") COMPLEX(unary, Sinh, 1.8, 1.9, "sinh")
+                COMPLEX(unary, Cosh, 2, 1.9, "cosh") COMPLEX(unary, Tanh, 5.6, 4.7, "tanh")
+                    COMPLEX(unary, Asin, 2.1, 2.6, "arcsin") COMPLEX(unary, Acos, 2.3, 1.5, "arccos")
+                        COMPLEX(unary, Atan, 3.8, 2, "arctan") COMPLEX(unary, Asinh, 2.8, 2.5, "arcsinh")
+                            COMPLEX(unary, Acosh, 2.3, 1.5, "arccosh") COMPLEX(unary, Atanh, 4, 1.6, "arctanh")
+                                COMPLEX(binary, Pow, 24, 27, "power") COMPLEX(scalar, Powx, 17, 17, "power")};
 
-// An interpreter of its own kind: no signal handlers, no environment, no packages of the user's. False, the reason on standard
-// error: none to be had.
+// An interpreter of its own kind: no signal handlers, no environment, no packages of the user's. False, the reason on
+// standard error: none to be had.
 bool start() {
   setenv("OPENBLAS_NUM_THREADS", "1", 0);  // NumPy's BLAS would start threads of its own
   PyConfig config;
@@ -132,7 +139,8 @@ bool start() {
   if (PyStatus_Exception(status) == 0) status = Py_InitializeFromConfig(&config);
   PyConfig_Clear(&config);
   if (PyStatus_Exception(status) != 0) {
-    std::fprintf(stderr, "no NumPy among the peers: %s\n", status.err_msg != nullptr ? status.err_msg : "no interpreter");
+    std::fprintf(stderr, "no NumPy among the peers: %s\n",
+                 status.err_msg != nullptr ? status.err_msg : "no interpreter");
     return false;
   }
   module = PyImport_ImportModule("numpy");

@@ -9,7 +9,7 @@
 namespace orvik::python {
 namespace {
 
-constexpr int64_t kFewReports = 16;             // that most calls have room for
+constexpr int64_t kFewReports = 16;                 // that most calls have room for
 constexpr int64_t kMostReports = int64_t{1} << 16;  // of a thread's own room, 5 MiB
 
 // The flag of an exceptional element as NumPy has it: poles of powers, which the kernels count as outside the domain or
@@ -82,7 +82,8 @@ void pack(int bytes, int64_t n, char* to, const char* from, int64_t step) {
 int overwritten(const Loop& loop, char* const* at, const int64_t* increments) {
   for (int k = 0; k < loop.inputs; ++k) {
     for (int r = loop.inputs; r < loop.inputs + loop.results; ++r) {
-      const bool same_step = loop.bytes[k] == loop.bytes[r] && (increments == nullptr || increments[k] == increments[r]);
+      const bool same_step =
+          loop.bytes[k] == loop.bytes[r] && (increments == nullptr || increments[k] == increments[r]);
       if (at[k] == at[r] && same_step) return k;
     }
   }
@@ -133,7 +134,8 @@ orvik_status call_and_classify(const Loop& loop, int64_t n, char* const* at, con
   orvik_report reports[kFewReports];
   orvik_math_options options = {accuracy, 0, reports, kFewReports, 0};
   const orvik_status status = loop.call(n, at, increments, parameters, &options);
-  if (status <= 0) [[likely]] return status;
+  if (status <= 0) [[likely]]
+    return status;
   if (options.report_count > kFewReports) return call_in_parts(loop, n, at, increments, parameters, -1, flags);
   *flags = flags_of(reports, options.report_count);
   return status;
@@ -185,7 +187,8 @@ orvik_status call_with_flags(const Loop& loop, int64_t n, char* const* at, const
   const uint32_t before = loop.selects ? read_control() : 0;
   uint32_t flags = 0;
   const orvik_status status = call_and_classify(loop, n, at, increments, parameters, &flags);
-  if (flags != 0) [[unlikely]] write_control(read_control() | flags);
+  if (flags != 0) [[unlikely]]
+    write_control(read_control() | flags);
   if (zeros != 0) write_control(read_control() | zeros);
   if (loop.selects) write_control((read_control() & ~kInvalidFlag) | (before & kInvalidFlag));
   return status;

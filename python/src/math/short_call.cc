@@ -95,7 +95,8 @@ struct Call {
       }
       if (!PyArray_CheckExact(given[r])) return false;
       auto* const result = reinterpret_cast<PyArrayObject*>(given[r]);
-      if (PyArray_TYPE(result) != types_[inputs + r] || !PyArray_ISCARRAY(result) || !same_shape(arrays[0], result)) return false;
+      if (PyArray_TYPE(result) != types_[inputs + r] || !PyArray_ISCARRAY(result) || !same_shape(arrays[0], result))
+        return false;
       for (int k = 0; k < inputs; ++k) {
         if (!may_write(result, arrays[k])) return false;
       }

@@ -29,27 +29,46 @@ struct Distribution {
   orvik_status (*draw)(orvik_stream* s, int64_t n, double* r, const double* p);
 };
 constexpr Distribution kDistributions[] = {
-    {"uniform", 2, {"low", "high"}, {0, 1}, [](orvik_stream* s, int64_t n, double* r, const double* p) {
+    {"uniform",
+     2,
+     {"low", "high"},
+     {0, 1},
+     [](orvik_stream* s, int64_t n, double* r, const double* p) {
        return orvik_d_uniform_threads(s, n, r, p[0], p[1], 0);
      }},
-    {"normal", 2, {"loc", "scale"}, {0, 1}, [](orvik_stream* s, int64_t n, double* r, const double* p) {
+    {"normal",
+     2,
+     {"loc", "scale"},
+     {0, 1},
+     [](orvik_stream* s, int64_t n, double* r, const double* p) {
        return orvik_d_gaussian_threads(s, n, r, p[0], p[1], ORVIK_GAUSSIAN_INVERSE, 0);
      }},
-    {"exponential", 1, {"scale"}, {1}, [](orvik_stream* s, int64_t n, double* r, const double* p) {
+    {"exponential",
+     1,
+     {"scale"},
+     {1},
+     [](orvik_stream* s, int64_t n, double* r, const double* p) {
        return orvik_d_exponential_threads(s, n, r, 0, p[0], 0);
      }},
-    {"laplace", 2, {"loc", "scale"}, {0, 1}, [](orvik_stream* s, int64_t n, double* r, const double* p) {
+    {"laplace",
+     2,
+     {"loc", "scale"},
+     {0, 1},
+     [](orvik_stream* s, int64_t n, double* r, const double* p) {
        return orvik_d_laplace_threads(s, n, r, p[0], p[1], 0);
      }},
-    {"cauchy", 2, {"loc", "scale"}, {0, 1}, [](orvik_stream* s, int64_t n, double* r, const double* p) {
+    {"cauchy",
+     2,
+     {"loc", "scale"},
+     {0, 1},
+     [](orvik_stream* s, int64_t n, double* r, const double* p) {
        return orvik_d_cauchy_threads(s, n, r, p[0], p[1], 0);
      }},
 };
 
 // A method of a class: a descriptor like a function's, with the function's attributes.
 struct ShortDraw {
-  PyObject_HEAD
-  vectorcallfunc vectorcall;
+  PyObject_HEAD vectorcallfunc vectorcall;
   PyObject* function;
   const Distribution* distribution;
 };
@@ -180,7 +199,8 @@ PyObject* short_draw(const Distribution& d, PyObject* const* arguments, Py_ssize
     if (n > kMostNumbers) return nullptr;
     Py_INCREF(result);
   }
-  if (fill(generator, d, request.parameters, n, static_cast<double*>(PyArray_DATA(reinterpret_cast<PyArrayObject*>(result)))))
+  if (fill(generator, d, request.parameters, n,
+           static_cast<double*>(PyArray_DATA(reinterpret_cast<PyArrayObject*>(result)))))
     return result;
   Py_DECREF(result);
   return nullptr;
@@ -189,8 +209,9 @@ PyObject* short_draw(const Distribution& d, PyObject* const* arguments, Py_ssize
 PyObject* call(PyObject* self, PyObject* const* arguments, size_t flags, PyObject* names) {
   const auto* const draw = reinterpret_cast<ShortDraw*>(self);
   PyObject* const result = short_draw(*draw->distribution, arguments, PyVectorcall_NARGS(flags), names);
-  return result != nullptr || PyErr_Occurred() != nullptr ? result
-                                                          : PyObject_Vectorcall(draw->function, arguments, flags, names);
+  return result != nullptr || PyErr_Occurred() != nullptr
+             ? result
+             : PyObject_Vectorcall(draw->function, arguments, flags, names);
 }
 
 PyObject* bind(PyObject* self, PyObject* object, PyObject*) {

@@ -8,6 +8,7 @@
 #include <numpy/ndarrayobject.h>
 
 #include <cstring>
+#include <iterator>
 
 #include "random/stream.h"
 
@@ -73,6 +74,8 @@ struct ShortDraw {
   const Distribution* distribution;
 };
 
+// Of a distribution's arguments by place.
+PyObject* names_of[std::size(kDistributions)][kMostParameters + 3];
 PyObject *place_name = nullptr, *lock_name = nullptr, *acquire_name = nullptr, *release_name = nullptr;
 
 // What a call asks for.
@@ -97,12 +100,12 @@ struct Request {
 
  private:
   static int place_of(const Distribution& d, PyObject* name) {
-    static constexpr const char* kOthers[] = {"size", "dtype", "out"};
-    for (int k = 2; k >= 0; --k) {
-      if (PyUnicode_CompareWithASCIIString(name, kOthers[k]) == 0) return d.count + k;
+    PyObject* const* const own = names_of[&d - kDistributions];
+    for (int k = d.count + 2; k >= 0; --k) {  // a caller's names are interned as well, as a rule
+      if (name == own[k]) return k;
     }
-    for (int k = 0; k < d.count; ++k) {
-      if (PyUnicode_CompareWithASCIIString(name, d.parameters[k]) == 0) return k;
+    for (int k = 0; k < d.count + 3; ++k) {
+      if (PyUnicode_Compare(name, own[k]) == 0) return k;
     }
     return -1;
   }
@@ -275,6 +278,15 @@ void define_short_draw(py::module_& module) {
   release_name = PyUnicode_InternFromString("release");
   if (place_name == nullptr || lock_name == nullptr || acquire_name == nullptr || release_name == nullptr) {
     throw py::error_already_set();
+  }
+  for (size_t k = 0; k < std::size(kDistributions); ++k) {
+    static constexpr const char* kOthers[] = {"size", "dtype", "out"};
+    const int count = kDistributions[k].count;
+    for (int p = 0; p < count + 3; ++p) {
+      const char* const text = p < count ? kDistributions[k].parameters[p] : kOthers[p - count];
+      names_of[k][p] = PyUnicode_InternFromString(text);
+      if (names_of[k][p] == nullptr) throw py::error_already_set();
+    }
   }
   module.def("short_draw", make);
 }

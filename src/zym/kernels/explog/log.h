@@ -97,7 +97,7 @@ struct Log2<V, L> : LogDouble<Base2, V, L> {};
 template <class V, Level L>
 struct Log10;
 // sLog10 LA: 2.8251 ulp at 0x1.5558aap+0
-// sLog10 HA: 0.5005 ulp at 0x1.fdf73ap-1
+// sLog10 HA: 0.5041 ulp at 0x1.fb8a06p-1
 // sLog10 EP: 14.04 bits at 0x1.555576p+0
 template <Single V, Level L>
 struct Log10<V, L> : LogSingle<Base10, V, L> {};

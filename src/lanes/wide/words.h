@@ -34,6 +34,8 @@ inline I64 by_sign(I64 x, I64 positive, I64 negative) {
 
 // Odd 32-bit lanes of `high`, even ones of `low`.
 inline I64 with_high_words(I64 low, I64 high) { return _mm512_mask_blend_epi32(0xAAAA, low.v, high.v); }
+// The halves of each 64-bit lane change places.
+inline I64 swap_words(I64 a) { return _mm512_shuffle_epi32(a.v, _MM_PERM_CDAB); }
 // 16-bit halves: the high ones of `high`, the low ones of `low`.
 inline I32 with_high_halves(I32 low, I32 high) { return _mm512_mask_blend_epi16(0xAAAAAAAA, low.v, high.v); }
 // In each quarter of the register: the first (second) 64-bit words of both.

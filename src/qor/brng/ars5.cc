@@ -8,10 +8,9 @@ namespace orvik::qor {
 
 struct Ars5Blocks {
   static constexpr int kKeyWords = 4, kFew = 1;
-  static constexpr bool kAhead = true;
   static constexpr Landing kShort = Landing::ahead, kLong = Landing::ahead;
   using Vector = Halves;
-  using Run = Ars5Run;
+  using Runs = Ars5Runs;
   using Keys = Ars5Keys;
 
   // The float form has no test: it relies on an earlier refusal.

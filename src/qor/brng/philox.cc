@@ -7,11 +7,10 @@ namespace orvik::qor {
 
 struct PhiloxBlocks {
   static constexpr int kKeyWords = 2, kFew = 2;
-  static constexpr bool kAhead = false;
   // A short jump to a block's end holds that block, a long one does not.
   static constexpr Landing kShort = Landing::in_block, kLong = Landing::exact;
   using Vector = I32;
-  using Run = PhiloxRun;
+  using Runs = PhiloxRuns;
   using Keys = PhiloxKeys;
 
   static int32_t ready(bool) { return ORVIK_QOR_OK; }

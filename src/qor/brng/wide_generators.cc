@@ -10,20 +10,12 @@
 namespace orvik::qor {
 namespace {
 
-template <class Run>
-ptrdiff_t runs(Form form, const uint32_t* key, uint64_t low, uint64_t high, ptrdiff_t i, ptrdiff_t n,
-               const Target& target) {
-  const typename Run::Keys keys(key);
-  switch (form) {
-    case Form::raw:
-      return deliver_runs<Run>(keys, low, high, i, n, RawSink(target));
-    case Form::floats:
-      return deliver_runs<Run>(keys, low, high, i, n, CounterFloats(target));
-    case Form::doubles:
-      return deliver_runs<Run>(keys, low, high, i, n, CounterDoubles(target));
-    default:
-      return i;
-  }
+template <class Runs>
+void runs(Form form, const uint32_t* key, uint64_t low, uint64_t high, ptrdiff_t i, ptrdiff_t n, const Target& target,
+          uint32_t* block) {
+  if (form == Form::raw) deliver_all<Runs>(key, low, high, i, n, RawSink(target), block);
+  if (form == Form::floats) deliver_all<Runs>(key, low, high, i, n, CounterFloats(target), block);
+  if (form == Form::doubles) deliver_all<Runs>(key, low, high, i, n, CounterDoubles(target), block);
 }
 
 template <class P>
@@ -46,13 +38,13 @@ int rows(Form form, uint32_t* x, int k, int count, const void* kept, const Targe
 
 }  // namespace
 
-extern "C" ptrdiff_t orvik_qor_wide_philox(Form form, const uint32_t* key, uint64_t low, uint64_t high, ptrdiff_t i,
-                                           ptrdiff_t n, const Target& target) {
-  return runs<PhiloxRun>(form, key, low, high, i, n, target);
+extern "C" void orvik_qor_wide_philox(Form form, const uint32_t* key, uint64_t low, uint64_t high, ptrdiff_t i,
+                                      ptrdiff_t n, const Target& target, uint32_t* block) {
+  runs<PhiloxRuns>(form, key, low, high, i, n, target, block);
 }
-extern "C" ptrdiff_t orvik_qor_wide_ars5(Form form, const uint32_t* key, uint64_t low, uint64_t high, ptrdiff_t i,
-                                         ptrdiff_t n, const Target& target) {
-  return runs<Ars5Run>(form, key, low, high, i, n, target);
+extern "C" void orvik_qor_wide_ars5(Form form, const uint32_t* key, uint64_t low, uint64_t high, ptrdiff_t i,
+                                    ptrdiff_t n, const Target& target, uint32_t* block) {
+  runs<Ars5Runs>(form, key, low, high, i, n, target, block);
 }
 extern "C" int orvik_qor_wide_mt19937(Form form, uint32_t* x, int k, int count, const void* state, const Target& target,
                                       ptrdiff_t i) {

@@ -4,7 +4,7 @@
 #include <stdint.h>
 
 #include "qor/brng/twister_rows.h"
-#include "serv/registers.h"
+#include "qor/brng/wide.h"
 
 namespace orvik::qor {
 
@@ -27,11 +27,8 @@ struct Mt2203Parameters {
   static uint32_t matrix(const State& state) { return state.matrix_a; }
 
   // Words alone wait for those just stored, in registers of any width.
-  static WideTwister* wide_rows([[maybe_unused]] Form form) {
-#if ORVIK_WIDE_REGISTERS
-    if (serv::wide_registers && form != Form::raw && form != Form::none) return &orvik_qor_wide_mt2203;
-#endif
-    return nullptr;
+  static WideTwister* wide_rows(Form form) {
+    return form != Form::raw && form != Form::none ? ORVIK_QOR_WIDE(orvik_qor_wide_mt2203) : nullptr;
   }
 
   struct Tempering {

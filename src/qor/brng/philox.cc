@@ -1,7 +1,7 @@
 // PHILOX4X32X10: ten rounds of Philox-4x32 (Salmon, Moraes, Dror, Shaw 2011).
 #include "qor/brng/counter.h"
 #include "qor/brng/philox_rounds.h"
-#include "serv/registers.h"
+#include "qor/brng/wide.h"
 
 namespace orvik::qor {
 
@@ -15,12 +15,7 @@ struct PhiloxBlocks {
 
   static int32_t ready(bool) { return ORVIK_QOR_OK; }
 
-  static WideRuns* wide_runs() {
-#if ORVIK_WIDE_REGISTERS
-    if (serv::wide_registers) return &orvik_qor_wide_philox;
-#endif
-    return nullptr;
-  }
+  static WideRuns* wide_runs() { return ORVIK_QOR_WIDE(orvik_qor_wide_philox); }
 
   static void lanes(Counter128 counter, I64& low, I64& high) {
     const uint64_t l = static_cast<uint64_t>(counter), h = static_cast<uint64_t>(counter >> 64);

@@ -2,10 +2,13 @@
 // called.
 #include "qor/brng/ars5_rounds.h"
 #include "qor/brng/counter_runs.h"
+#include "qor/brng/mcg_run.h"
 #include "qor/brng/mrg32k3a_blocks.h"
 #include "qor/brng/mt19937.h"
 #include "qor/brng/mt2203.h"
 #include "qor/brng/philox_rounds.h"
+#include "qor/brng/sfmt19937.h"
+#include "qor/brng/wh_run.h"
 
 namespace orvik::qor {
 namespace {
@@ -16,6 +19,13 @@ void runs(Form form, const uint32_t* key, uint64_t low, uint64_t high, ptrdiff_t
   if (form == Form::raw) deliver_all<Runs>(key, low, high, i, n, RawSink(target), block);
   if (form == Form::floats) deliver_all<Runs>(key, low, high, i, n, CounterFloats(target), block);
   if (form == Form::doubles) deliver_all<Runs>(key, low, high, i, n, CounterDoubles(target), block);
+}
+
+template <class Modulus>
+void members(Form form, uint64_t* lanes, McgPowers powers, int32_t n, const Target& target) {
+  if (form == Form::raw) run_lanes<Modulus>(lanes, powers, n, RawLongs<Modulus>(target));
+  if (form == Form::floats) run_lanes<Modulus>(lanes, powers, n, FloatLongs<Modulus>(target));
+  if (form == Form::doubles) run_lanes<Modulus>(lanes, powers, n, DoubleLongs<Modulus>(target));
 }
 
 template <class P>
@@ -53,6 +63,32 @@ extern "C" int orvik_qor_wide_mt19937(Form form, uint32_t* x, int k, int count, 
 extern "C" int orvik_qor_wide_mt2203(Form form, uint32_t* x, int k, int count, const void* state, const Target& target,
                                      ptrdiff_t i) {
   return rows<Mt2203Parameters>(form, x, k, count, state, target, i);
+}
+extern "C" void orvik_qor_wide_mcg31m1(Form form, uint64_t* lanes, McgPowers powers, int32_t n, const Target& target) {
+  members<Mod2P31M1>(form, lanes, powers, n, target);
+}
+extern "C" void orvik_qor_wide_mcg59(Form form, uint64_t* lanes, McgPowers powers, int32_t n, const Target& target) {
+  members<Mod2P59>(form, lanes, powers, n, target);
+}
+extern "C" void orvik_qor_wide_wh(Form form, WhState& state, const uint32_t* moduli, const double* reciprocals,
+                                  int32_t n, const Target& target) {
+  const Moduli m(moduli, reciprocals);
+  if (form == Form::raw) run_wh(state, m, n, WhWords(target));
+  if (form == Form::floats) run_wh(state, m, n, WhFloats(target));
+  if (form == Form::doubles) run_wh(state, m, n, WhDoubles(target));
+}
+extern "C" void orvik_qor_wide_sfmt_generations(Form form, uint32_t* word, int count, const Target& target,
+                                                ptrdiff_t i) {
+  if (form == Form::none) SfmtBlocks::generations(word, count, NullSink(), i);
+  if (form == Form::raw) SfmtBlocks::generations(word, count, RawSink(target), i);
+  if (form == Form::floats) SfmtBlocks::generations(word, count, SfmtFloats(target), i);
+  if (form == Form::doubles) SfmtBlocks::generations(word, count, SfmtDoubles(target), i);
+}
+extern "C" void orvik_qor_wide_sfmt_deliver(Form form, const uint32_t* word, int count, const Target& target,
+                                            ptrdiff_t i) {
+  if (form == Form::raw) SfmtBlocks::deliver(word, count, RawSink(target), i);
+  if (form == Form::floats) SfmtBlocks::deliver(word, count, SfmtFloats(target), i);
+  if (form == Form::doubles) SfmtBlocks::deliver(word, count, SfmtDoubles(target), i);
 }
 extern "C" ptrdiff_t orvik_qor_wide_mrg32k3a(Form form, Mrg32k3aState& state, ptrdiff_t i, ptrdiff_t n,
                                              const Target& target) {

@@ -21,6 +21,8 @@ struct Mt19937Parameters {
 
   static WideTwister* wide_rows(Form) { return ORVIK_QOR_WIDE(orvik_qor_wide_mt19937); }
 
+  static WideTempering* wide_tempering() { return ORVIK_QOR_WIDE(orvik_qor_wide_mt19937_tempering); }
+
   struct Tempering {
     explicit Tempering(const State&) {}
     template <int G>

@@ -31,6 +31,8 @@ struct Mt2203Parameters {
     return form != Form::raw && form != Form::none ? ORVIK_QOR_WIDE(orvik_qor_wide_mt2203) : nullptr;
   }
 
+  static WideTempering* wide_tempering() { return ORVIK_QOR_WIDE(orvik_qor_wide_mt2203_tempering); }
+
   struct Tempering {
     explicit Tempering(const State& state) : b(I32(state.mask_b)), c(I32(state.mask_c)) {}
     template <int G>

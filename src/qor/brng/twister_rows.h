@@ -63,10 +63,33 @@ struct TwisterRows {
     }
     return k;
   }
+
+  // Words that are made already.
+  template <class Sink>
+  static void deliver(const uint32_t* word, int count, const typename P::State& state, const Sink& target,
+                      ptrdiff_t i) {
+    const typename P::Tempering temper(state);
+    const Sink sink = target;
+    int k = 0;
+    for (; k + kWords <= count; k += kWords) {
+      I32 w[1] = {load_words(word + k)};
+      temper(w);
+      sink.group(i + k, w);
+    }
+    if (k == count) return;
+    I32 w[1] = {load_some(word + k, count - k)};
+    temper(w);
+    sink.some(i + k, w[0], count - k);
+  }
 };
 
 // The same, compiled for registers of 512 bits: to words, floats, doubles and doubles by the quicker way.
 using WideTwister = int(Form form, uint32_t* x, int k, int count, const void* state, const Target& target, ptrdiff_t i);
 extern "C" WideTwister orvik_qor_wide_mt19937, orvik_qor_wide_mt2203;
+using WideTempering = void(Form form, const uint32_t* word, int count, const void* state, const Target& target,
+                           ptrdiff_t i);
+extern "C" WideTempering orvik_qor_wide_mt19937_tempering, orvik_qor_wide_mt2203_tempering;
+// From so many words in hand on it pays.
+inline constexpr int kWideTemperingWords = 32;
 
 }  // namespace orvik::qor

@@ -46,6 +46,15 @@ int rows(Form form, uint32_t* x, int k, int count, const void* kept, const Targe
   return k;
 }
 
+template <class P>
+void tempered(Form form, const uint32_t* word, int count, const void* kept, const Target& target, ptrdiff_t i) {
+  const auto& state = *static_cast<const typename P::State*>(kept);
+  if (form == Form::raw) TwisterRows<P>::deliver(word, count, state, RawSink(target), i);
+  if (form == Form::floats) TwisterRows<P>::deliver(word, count, state, TwisterFloats(target), i);
+  if (form == Form::doubles) TwisterRows<P>::deliver(word, count, state, TwisterDoubles(target), i);
+  if (form == Form::quick_doubles) TwisterRows<P>::deliver(word, count, state, TwisterQuickDoubles(target), i);
+}
+
 }  // namespace
 
 extern "C" void orvik_qor_wide_philox(Form form, const uint32_t* key, uint64_t low, uint64_t high, ptrdiff_t i,
@@ -63,6 +72,14 @@ extern "C" int orvik_qor_wide_mt19937(Form form, uint32_t* x, int k, int count, 
 extern "C" int orvik_qor_wide_mt2203(Form form, uint32_t* x, int k, int count, const void* state, const Target& target,
                                      ptrdiff_t i) {
   return rows<Mt2203Parameters>(form, x, k, count, state, target, i);
+}
+extern "C" void orvik_qor_wide_mt19937_tempering(Form form, const uint32_t* word, int count, const void* state,
+                                                 const Target& target, ptrdiff_t i) {
+  tempered<Mt19937Parameters>(form, word, count, state, target, i);
+}
+extern "C" void orvik_qor_wide_mt2203_tempering(Form form, const uint32_t* word, int count, const void* state,
+                                                const Target& target, ptrdiff_t i) {
+  tempered<Mt2203Parameters>(form, word, count, state, target, i);
 }
 extern "C" void orvik_qor_wide_mcg31m1(Form form, uint64_t* lanes, McgPowers powers, int32_t n, const Target& target) {
   members<Mod2P31M1>(form, lanes, powers, n, target);

@@ -159,6 +159,20 @@ bool apart(const Body& body, const Operands& o, int64_t n) {
   return arrays_apart(body, o, n, body.in_bytes[0], body.out_bytes[0]);
 }
 
+int64_t run_to_aligned(const Call& call, int64_t n, int bytes) {
+  const Body& body = call.body;
+  const Operands& o = call.operands;
+  const auto before = static_cast<int>(-reinterpret_cast<uintptr_t>(o.out[0]) % static_cast<uintptr_t>(bytes));
+  if (before == 0 || before % body.out_bytes[0] != 0 || !apart(body, o, n)) return 0;
+  const int count = before / body.out_bytes[0];
+  if (body.redo != nullptr) {
+    run_special_block(call, 0, count);
+  } else {
+    body.run(o.in[0], o.in[1], o.out[0], o.out[1], count, call.params);
+  }
+  return count;
+}
+
 void run_strided(const Body& body, int64_t n, const Operands& o, const void* params) {
   if (!apart(body, o, n)) return run_overlapping(body, n, o, params);
   if (side_by_side(body, o)) return body.unit(body, n, o.in[0], o.in[1], o.out[0], o.out[1], params, nullptr);

@@ -79,6 +79,11 @@ void report_element(const Call& call, int32_t code, int64_t index, void* r1, voi
 // The cold end of a kernel of unit stride: a block, or what is left of a call, with special elements.
 void run_special_block(const Call& call, int64_t index, int count);
 
+// The elements of a call of unit stride before the first whole register of results that is aligned to so many bytes;
+// none where an array of results meets one of inputs, since blocks from the first element on are an order that can be
+// seen there. Returns their number.
+int64_t run_to_aligned(const Call& call, int64_t n, int bytes);
+
 // A call with any increments. Where arrays meet, a block is read whole before any of it is stored, and what is left
 // behind the last block goes one element a round; apart, nobody can tell, and larger pieces are quicker.
 void run_strided(const Body& body, int64_t n, const Operands& operands, const void* params);

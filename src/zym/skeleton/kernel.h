@@ -515,9 +515,14 @@ struct Kernel {
     const uint32_t mode = current_mode();
     Registers registers(mode);
     int64_t i = 0;
-    if constexpr (kKnobs.streams && !kTwoResults) {
-      if (n >= kStreamBytes / static_cast<int64_t>(sizeof(R)) && disjoint(n, a, b, r1)) [[unlikely]] {
-        i = past_cache(body, mode, n, a, b, r1, params, registers.kept());
+    if (begins_apart(n, r1)) [[unlikely]] {
+      if constexpr (kSpecial) {
+        i = first_elements(body, n, a, b, r1, r2, params, mode, registers.kept(), piece);
+      } else {
+        i = first_elements(body, n, a, b, r1, r2, params);
+      }
+      if constexpr (kMayPassCaches) {
+        if (past_caches(n)) i += past_cache(n - i, a + i, kBinary && !kScalarB ? b + i : b, r1 + i, params);
       }
     }
     for (;;) {
@@ -658,6 +663,33 @@ struct Kernel {
   // on most machines; past it, a streaming store saves reading the line that it replaces).
   static constexpr int64_t kStreamBytes = int64_t{8} << 20;
 
+  static constexpr bool kMayPassCaches = kKnobs.streams && !kTwoResults;
+  static constexpr bool past_caches(int64_t n) {
+    return kMayPassCaches && n >= kStreamBytes / static_cast<int64_t>(sizeof(R));
+  }
+
+  // A store that crosses a cache line costs as much as two; fewer blocks than these do not repay what aligns them.
+  static constexpr int64_t kAlignedBlocks = kKnobs.streams && !kSpecial ? 8 : 128;
+
+  static bool begins_apart(int64_t n, const R* r1) {
+    return n >= kAlignedBlocks * kBlock && (reinterpret_cast<uintptr_t>(r1) % sizeof(V) != 0 || past_caches(n));
+  }
+
+  // Out of line, as special_block. Where no element is special, nothing of the call is needed but its arrays.
+  template <class... OfCall>
+  [[gnu::noinline, gnu::cold]] static int64_t first_elements(const Body& body, int64_t n, const A* a, const B* b, R* r1,
+                                                             R* r2, Params params, OfCall... of_call) {
+    const Operands operands = unit_operands(a, b, r1, r2);
+    if constexpr (kSpecial) {
+      const auto with = [&](uint32_t mode, uint32_t* kept, Piece* piece) {
+        return run_to_aligned({body, mode, operands, address_of(params), kept, piece}, n, sizeof(V));
+      };
+      return with(of_call...);
+    } else {
+      return run_to_aligned({body, 0, operands, address_of(params), nullptr, nullptr}, n, sizeof(V));
+    }
+  }
+
   // Whether the result shares no memory with an input: in place, its lines are in the cache already.
   static bool disjoint(int64_t n, const A* a, const B* b, const R* r) {
     const auto apart = [&](const void* p) {
@@ -668,17 +700,13 @@ struct Kernel {
     return apart(a) && (!kBinary || kScalarB || apart(b));
   }
 
-  [[gnu::noinline]] static int64_t past_cache(const Body& body, uint32_t mode, int64_t n, const A* a, const B* b, R* r,
-                                              Params params, uint32_t* kept) {
-    const uintptr_t misaligned = reinterpret_cast<uintptr_t>(r) % sizeof(V);
-    if (misaligned % sizeof(R) != 0) return 0;
-    const int64_t first = misaligned != 0 ? static_cast<int64_t>((sizeof(V) - misaligned) / sizeof(R)) : 0;
-    tail(body, mode, first, a, b, r, nullptr, 0, params, kept, nullptr);
+  [[gnu::noinline]] static int64_t past_cache(int64_t n, const A* a, const B* b, R* r, Params params) {
+    if (reinterpret_cast<uintptr_t>(r) % sizeof(V) != 0 || !disjoint(n, a, b, r)) return 0;
     const int64_t done = plain_blocks(
-        n - first, params, [&](int64_t at) { return load_loop_inputs(a, b, first + at); },
-        [&](int64_t at, const auto& x) { store_past_cache(reinterpret_cast<E*>(r + first + at), loop_result(x)); });
+        n, params, [&](int64_t at) { return load_loop_inputs(a, b, at); },
+        [&](int64_t at, const auto& x) { store_past_cache(reinterpret_cast<E*>(r + at), loop_result(x)); });
     finish_past_cache();
-    return first + done;
+    return done;
   }
 };
 

@@ -2,6 +2,7 @@
 // called.
 #include "qor/brng/ars5_rounds.h"
 #include "qor/brng/counter_runs.h"
+#include "qor/brng/digital_points.h"
 #include "qor/brng/mcg_run.h"
 #include "qor/brng/mrg32k3a_blocks.h"
 #include "qor/brng/mt19937.h"
@@ -106,6 +107,20 @@ extern "C" void orvik_qor_wide_sfmt_deliver(Form form, const uint32_t* word, int
   if (form == Form::raw) SfmtBlocks::deliver(word, count, RawSink(target), i);
   if (form == Form::floats) SfmtBlocks::deliver(word, count, SfmtFloats(target), i);
   if (form == Form::doubles) SfmtBlocks::deliver(word, count, SfmtDoubles(target), i);
+}
+extern "C" void orvik_qor_wide_dense_points(Form form, const Neighbours& s, uint32_t index, int32_t points,
+                                            const Target& target, ptrdiff_t i) {
+  if (form == Form::raw) deliver_dense(s, index, points, RawSink(target), i);
+  if (form == Form::floats) deliver_dense(s, index, points, DigitalFloats(target), i);
+  if (form == Form::doubles) deliver_dense(s, index, points, DigitalDoubles(target), i);
+  if (form == Form::quick_doubles) deliver_dense(s, index, points, DigitalQuickDoubles(target), i);
+}
+extern "C" void orvik_qor_wide_plain_points(Form form, const Neighbours& s, uint32_t index, int32_t points,
+                                            const Target& target, ptrdiff_t i, ptrdiff_t width) {
+  if (form == Form::raw) deliver_plain(s, index, points, RawSink(target), i, width);
+  if (form == Form::floats) deliver_plain(s, index, points, DigitalFloats(target), i, width);
+  if (form == Form::doubles) deliver_plain(s, index, points, DigitalDoubles(target), i, width);
+  if (form == Form::quick_doubles) deliver_plain(s, index, points, DigitalQuickDoubles(target), i, width);
 }
 extern "C" ptrdiff_t orvik_qor_wide_mrg32k3a(Form form, Mrg32k3aState& state, ptrdiff_t i, ptrdiff_t n,
                                              const Target& target) {

@@ -232,6 +232,8 @@ template <class Reading, class Interval>
 class ToFloatsByDoubles {
  public:
   ToFloatsByDoubles(float a, float b) : doubles_(static_cast<double>(a), static_cast<double>(b)) {}
+  explicit ToFloatsByDoubles(const Target& t) : doubles_(t) {}
+  Target target(void* r) const { return doubles_.target(r); }
   template <int N>
   void operator()(const I32 (&w)[N], F32 (&x)[N]) const {
     unroll<N>([&](auto k) __attribute__((always_inline)) {

@@ -8,6 +8,7 @@
 #include "qor/brng/mt19937.h"
 #include "qor/brng/mt2203.h"
 #include "qor/brng/philox_rounds.h"
+#include "qor/brng/r250_run.h"
 #include "qor/brng/sfmt19937.h"
 #include "qor/brng/wh_run.h"
 
@@ -121,6 +122,12 @@ extern "C" void orvik_qor_wide_plain_points(Form form, const Neighbours& s, uint
   if (form == Form::floats) deliver_plain(s, index, points, DigitalFloats(target), i, width);
   if (form == Form::doubles) deliver_plain(s, index, points, DigitalDoubles(target), i, width);
   if (form == Form::quick_doubles) deliver_plain(s, index, points, DigitalQuickDoubles(target), i, width);
+}
+extern "C" void orvik_qor_wide_r250(Form form, uint32_t* x, int count, const Target& target, ptrdiff_t i) {
+  if (form == Form::raw) run_r250(x, count, RawSink(target), i);
+  if (form == Form::floats) run_r250(x, count, R250Floats(target), i);
+  if (form == Form::doubles) run_r250(x, count, R250Doubles(target), i);
+  if (form == Form::quick_doubles) run_r250(x, count, R250QuickDoubles(target), i);
 }
 extern "C" ptrdiff_t orvik_qor_wide_mrg32k3a(Form form, Mrg32k3aState& state, ptrdiff_t i, ptrdiff_t n,
                                              const Target& target) {

@@ -24,7 +24,9 @@ struct Neighbours {
   ptrdiff_t row_stride;
 
   const uint32_t* row(int c) const { return rows + c * row_stride; }
-  I32 load(const uint32_t* p, int k) const { return dims - k >= kWords ? load_words(p + k) : load_some(p + k, dims - k); }
+  I32 load(const uint32_t* p, int k) const {
+    return dims - k >= kWords ? load_words(p + k) : load_some(p + k, dims - k);
+  }
 };
 
 // Point after point, `width` elements of the output apart.
@@ -93,7 +95,8 @@ class Sixteen {
   void deliver(uint32_t index, const Sink& sink, ptrdiff_t i) {
     for (int v = 0; v < vectors_; v += period_)
       for (int p = 0; p < period_; ++p)
-        put_one(sink, i + kWords * (v + p), load_words(first_ + kWords * p) ^ load_words(difference_ + kWords * (v + p)));
+        put_one(sink, i + kWords * (v + p),
+                load_words(first_ + kWords * p) ^ load_words(difference_ + kWords * (v + p)));
     move_on(index);
   }
 
@@ -112,7 +115,8 @@ class Sixteen {
   void move_on(uint32_t index) {
     const int c = next_row(index / kPoints);
     if (!(built_ >> c & 1)) build(c);
-    for (int p = 0; p < period_; ++p) store(first_ + kWords * p, load_words(first_ + kWords * p) ^ load_words(move_[c] + kWords * p));
+    for (int p = 0; p < period_; ++p)
+      store(first_ + kWords * p, load_words(first_ + kWords * p) ^ load_words(move_[c] + kWords * p));
   }
 
   // The point in hand becomes number `place` of its sixteen.
@@ -175,9 +179,10 @@ void deliver_dense(const Neighbours& s, uint32_t index, int32_t points, const Si
 }
 
 // The same, compiled for registers of 512 bits.
-using WideDense = void(Form form, const Neighbours& s, uint32_t index, int32_t points, const Target& target, ptrdiff_t i);
-using WidePlain = void(Form form, const Neighbours& s, uint32_t index, int32_t points, const Target& target, ptrdiff_t i,
-                       ptrdiff_t width);
+using WideDense = void(Form form, const Neighbours& s, uint32_t index, int32_t points, const Target& target,
+                       ptrdiff_t i);
+using WidePlain = void(Form form, const Neighbours& s, uint32_t index, int32_t points, const Target& target,
+                       ptrdiff_t i, ptrdiff_t width);
 extern "C" WideDense orvik_qor_wide_dense_points;
 extern "C" WidePlain orvik_qor_wide_plain_points;
 // From so many words on they pay.

@@ -26,7 +26,8 @@ struct PhiloxKeys {
 // order. `high` holds words 2 and 3 of the counters. Every step is done for all G, since ten rounds in a row are longer
 // than the processor looks ahead.
 template <int G>
-__attribute__((always_inline)) inline void philox_blocks(const I64 (&low)[G], const I64 (&high)[G], const PhiloxKeys& keys, I32 (&words)[2 * G]) {
+__attribute__((always_inline)) inline void philox_blocks(const I64 (&low)[G], const I64 (&high)[G],
+                                                         const PhiloxKeys& keys, I32 (&words)[2 * G]) {
   const I64 m0(uint64_t{0xD2511F53}), m1(uint64_t{0xCD9E8D57});
   // Only the low half of a 64-bit lane counts in c0 to c3; products bring junk into the high halves. Halves change
   // places by a shuffle, since shifts compete with the products.

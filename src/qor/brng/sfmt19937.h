@@ -30,9 +30,7 @@ struct SfmtBlocks {
     return a ^ shift_left_bytes<1>(a) ^ (shift_right<11>(b) & mask);
   }
   // And to the last two: blocks wait for these alone, one behind the other.
-  static Quarter next(Quarter far, Quarter c, Quarter d) {
-    return far ^ shift_right_bytes<1>(c) ^ shift_left<18>(d);
-  }
+  static Quarter next(Quarter far, Quarter c, Quarter d) { return far ^ shift_right_bytes<1>(c) ^ shift_left<18>(d); }
 
   template <int N>
   static auto vector(const Quarter (&q)[N]) {

@@ -382,7 +382,9 @@ class FloatLongs {
   static constexpr Form kForm = Form::floats;
   FloatLongs(float* r, float a, float b) : r_(r), scale_((b - a) * Loader::kFloatScale), a_(a) {}
   explicit FloatLongs(const Target& target)
-      : r_(static_cast<float*>(target.r)), scale_(static_cast<float>(target.scale)), a_(static_cast<float>(target.origin)) {}
+      : r_(static_cast<float*>(target.r)),
+        scale_(static_cast<float>(target.scale)),
+        a_(static_cast<float>(target.origin)) {}
   Target target() const { return {r_, double{first_lane(scale_)}, double{first_lane(a_)}}; }
   template <int N>
   void group(ptrdiff_t i, const Vector (&w)[N]) const {
@@ -419,8 +421,9 @@ class RoundedLongs {
   void group(ptrdiff_t i, const Vector (&w)[N]) const {
     F64 x[N];
     Loader::to_doubles(w, x);
-    unroll<N>([&](auto k)
-                  __attribute__((always_inline)) { store_low_half(r_ + i + kLongs * k, narrow(fma(scale_, x[k], a_))); });
+    unroll<N>([&](auto k) __attribute__((always_inline)) {
+      store_low_half(r_ + i + kLongs * k, narrow(fma(scale_, x[k], a_)));
+    });
   }
   void some(ptrdiff_t i, Vector w, int count) const {
     const Vector words[1] = {w};

@@ -1,6 +1,6 @@
 // Twisted generalised feedback shift registers (Matsumoto, Nishimura 1998). One class over the parameters: `P` names
-// those of the recurrence (twister_rows.h), wide_rows() and wide_tempering(), which are null where registers of 512 bits
-// are not used.
+// those of the recurrence (twister_rows.h), wide_rows() and wide_tempering(), which are null where registers of 512
+// bits are not used.
 //
 // Words are made in a linear buffer that holds the last N raw words in front of the new ones: word k + N follows from
 // words k, k + 1 and k + M, so that eight are made at a time with no seam, whatever N is.
@@ -69,7 +69,8 @@ struct Twister : NoJumps {
     if (k < kN) store_some(to + k, load_some(from + k, kN - k), kN - k);
   }
 
-  // `count` words from a generation's beginning on, tempered on their way out; the state keeps the last generation, raw.
+  // `count` words from a generation's beginning on, tempered on their way out; the state keeps the last generation,
+  // raw.
   template <SinkOf<Vector> Sink>
   static void deliver_generations(State& state, int count, const Sink& sink, ptrdiff_t i) {
     const Tempering temper(state);

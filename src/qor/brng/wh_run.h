@@ -63,9 +63,9 @@ struct Moduli {
   F64 modulus, reciprocal;
 };
 
-// n elements, at least a register's of each of four, from the state on; `m` are its moduli. Products stay below 2^48; the
-// moduli are prime and no member is 0, so that no product comes close enough to a multiple of its modulus for the truncated
-// quotient to be wrong.
+// n elements, at least a register's of each of four, from the state on; `m` are its moduli. Products stay below 2^48;
+// the moduli are prime and no member is 0, so that no product comes close enough to a multiple of its modulus for the
+// truncated quotient to be wrong.
 template <class Sink>
 void run_wh(WhState& state, const Moduli& m, int32_t n, const Sink& target) {
   const Sink sink = target;  // a copy: for all the compiler knows the results might overlap it

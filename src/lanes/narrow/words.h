@@ -115,6 +115,12 @@ inline I32 first_two_words(I32 a, I32 b) { return _mm256_unpacklo_epi32(a.v, b.v
 inline I32 last_two_words(I32 a, I32 b) { return _mm256_unpackhi_epi32(a.v, b.v); }
 // 64-bit words 0, 2, 1, 3.
 inline I32 cross_middle(I32 a) { return _mm256_permute4x64_epi64(a.v, 0xD8); }
+// Words S, S + 1 ... of a followed by b.
+template <int S>
+inline I32 words_from(I32 a, I32 b) {
+  const __m256i middle = _mm256_permute2x128_si256(a.v, b.v, 0x21);
+  return S < 4 ? _mm256_alignr_epi8(middle, a.v, 4 * S % 16) : _mm256_alignr_epi8(b.v, middle, 4 * S % 16);
+}
 // The low words of a and b in each half of the register: a0 a1 b0 b1, a2 a3 b2 b3.
 inline I32 low_words_by_halves(I64 a, I64 b) {
   return _mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0x88));

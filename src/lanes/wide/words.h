@@ -100,6 +100,11 @@ inline I64 widen_unsigned(I32Half a) { return _mm512_cvtepu32_epi64(a.v); }
 // Numbers of the quarters that first_words fills, and then those of second_words, as they stand in the lanes.
 inline I64 quarter_numbers() { return _mm512_setr_epi64(0, 4, 1, 5, 2, 6, 3, 7); }
 
+// Words S, S + 1 ... of a followed by b.
+template <int S>
+inline I32 words_from(I32 a, I32 b) {
+  return _mm512_alignr_epi32(b.v, a.v, S);
+}
 // The low words of a and b in each quarter of the register: a0 a1 b0 b1, a2 a3 b2 b3 ...
 inline I32 low_words_by_halves(I64 a, I64 b) {
   return _mm512_castps_si512(_mm512_shuffle_ps(_mm512_castsi512_ps(a.v), _mm512_castsi512_ps(b.v), 0x88));

@@ -26,10 +26,7 @@ struct Mt2203Parameters {
 
   static uint32_t matrix(const State& state) { return state.matrix_a; }
 
-  // Words alone wait for those just stored, in registers of any width.
-  static WideTwister* wide_rows(Form form) {
-    return form != Form::raw && form != Form::none ? ORVIK_QOR_WIDE(orvik_qor_wide_mt2203) : nullptr;
-  }
+  static WideTwister* wide_rows(Form) { return ORVIK_QOR_WIDE(orvik_qor_wide_mt2203); }
 
   static WideTempering* wide_tempering() { return ORVIK_QOR_WIDE(orvik_qor_wide_mt2203_tempering); }
 

@@ -74,7 +74,10 @@ struct Twister : NoJumps {
   template <SinkOf<Vector> Sink>
   static void deliver_generations(State& state, int count, const Sink& sink, ptrdiff_t i) {
     const Tempering temper(state);
-    alignas(64) uint32_t x[kN * (1 + kGenerations) + 8];
+    constexpr int kBefore = 16;  // advance() reads there
+    alignas(64) uint32_t buffer[kBefore + kN * (1 + kGenerations) + 8];
+    uint32_t* const x = buffer + kBefore;
+    memset(buffer, 0, 4 * kBefore);
     copy(x, state.mt);
     while (count > 0) {
       const int most = kGenerations * kN, wanted = count < most ? count : most, whole = wanted / kN * kN;

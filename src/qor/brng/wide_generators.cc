@@ -1,5 +1,4 @@
-// Whole blocks of generators in registers of 512 bits. Compiled for these; serv/registers.h tells whether they may be
-// called.
+// The loops of generators in registers of 512 bits. Compiled for these; wide.h tells whether they may be called.
 #include "qor/brng/ars5_rounds.h"
 #include "qor/brng/counter_runs.h"
 #include "qor/brng/digital_points.h"

@@ -4,10 +4,8 @@
 #include <cstddef>
 
 #include "lanes/lanes.h"
-#include "zym/kernels/error/coefficients.h"
-#include "zym/kernels/error/constants.h"
 
-namespace orvik::zym::error {
+namespace orvik::zym {
 
 // A register for each power, highest first, of polynomials that stand in rows, times `scale`. Row i is number i + first,
 // modulo 8.
@@ -30,4 +28,4 @@ template <Single V, size_t N>
   return sum;
 }
 
-}  // namespace orvik::zym::error
+}  // namespace orvik::zym

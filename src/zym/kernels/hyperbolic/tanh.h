@@ -1,0 +1,128 @@
+// Hyperbolic tangent. In 32 bits a polynomial on eight intervals, its coefficients in registers. In 64 bits the nearest
+// r = i/32 with d = |x| - r and the slope s = 1 - tanh(r)^2, by the sum of arguments without its division:
+//   tanh(r + d) = tanh(r) + s w / (1 + u),  w = tanh(d),  u = tanh(r) w,  |u| <= 1/64,
+//   1 / (1 + u) = (1 - u) (1 + u^2) (1 + u^4) within 2^-48.
+#pragma once
+
+#include "orvik/zym_types.h"
+#include "zym/kernels/hyperbolic/coefficients.h"
+#include "zym/kernels/hyperbolic/tables.h"
+#include "zym/kernels/shared/corrections.h"
+#include "zym/kernels/shared/octets.h"
+#include "zym/skeleton/family.h"
+
+namespace orvik::zym {
+namespace hyperbolic {
+
+// Rows about the centres; the first, x + x^2 p(x), has its lowest coefficients, slope and value, from elsewhere.
+template <size_t N>
+constexpr Octets<N> tanh_octets(const float (&first)[N - 2], float slope, const float (&rest)[7][N]) {
+  float rows[8][N] = {};
+  for (size_t k = 0; k < N - 2; ++k) rows[0][k] = first[k];
+  rows[0][N - 2] = slope;
+  for (size_t i = 1; i < 8; ++i) {
+    for (size_t k = 0; k < N; ++k) rows[i][k] = rest[i - 1][k];
+  }
+  return Octets<N>(rows, 6);  // the octave from 1 on has an odd exponent field
+}
+inline constexpr Octets kTanhEP = tanh_octets(kTanhFirstEP, 1, kTanhRowsEP);
+inline constexpr Octets kTanhLA = tanh_octets(kTanhFirstLA, 1, kTanhRowsLA);
+inline constexpr Octets kTanhHA = tanh_octets(kTanhFirstHA, 0, kTanhRowsHA);
+inline constexpr Octets kTanhLineOctets(kTanhLines, 6);
+inline constexpr Octets<1> kTanhCentreOctets = [] {
+  float rows[8][1] = {};
+  for (size_t i = 0; i < 8; ++i) rows[i][0] = kTanhCentres[i];
+  return Octets<1>(rows, 6);
+}();
+
+}  // namespace hyperbolic
+
+template <class V, Level L>
+struct Tanh;
+
+// sTanh LA: 2.5326 ulp at 0x1.ffca44p-5
+// sTanh HA: 0.5621 ulp at 0x1.649f6ap-5
+// sTanh EP: 15.34 bits at 0x1.62e53p-3
+template <Single V, Level L>
+struct Tanh<V, L> {
+  static auto special(V x) { return magnitude_above<0x7F800000u>(x); }
+
+  static V lanes(V x) {
+    using namespace hyperbolic;
+    const V a = min(V(kLast), magnitude(x));
+    const Integer<V> row = shift_right<22>(as_bits(fma(a, V(53.0f / 32), V(1.0f))));
+    const auto of_row = [&](const float (&power)[8]) { return look_up(octet_table<V>(power), row); };
+    const V r = a - of_row(kTanhCentreOctets.power[0]);
+    if constexpr (L == Level::EP) return join_sign(octet_polynomial(r, kTanhEP, row), x);
+    if constexpr (L == Level::LA) return join_sign(octet_polynomial(r, kTanhLA, row), x);
+    if constexpr (L == Level::HA) {
+      // The line's head and what it lost; the rest in r without what is far below its last place, since products with
+      // that would underflow.
+      const V slope = of_row(kTanhLineOctets.power[0]), value = of_row(kTanhLineOctets.power[1]);
+      const V head = fma(slope, r, value);
+      const V lost = fma(slope, r, value - head);
+      const V s = (r + V(kFlush)) - V(kFlush);
+      V sum = of_row(kTanhHA.power[0]);
+      for (size_t k = 1; k + 1 < std::size(kTanhHA.power); ++k) sum = fma(sum, s, of_row(kTanhHA.power[k]));
+      const V tail = of_row(kTanhHA.power[std::size(kTanhHA.power) - 1]) + lost;
+      return join_sign(head + fma(sum, s, tail), x);
+    }
+  }
+
+  static int32_t element(const float* px, float* r) {  // NaNs
+    *r = *px + *px;
+    return 0;
+  }
+
+ private:
+  static constexpr float kLast = 9.02f;  // 1 to the last bit from there on
+  static constexpr float kFlush = 0x1.8p-13f;
+};
+
+// dTanh LA: 2.0985 ulp at 0x1.bb125c68a22cp-3
+// dTanh HA: 0.5357 ulp at -0x1.abfe3565d5443p-5
+template <Double V, Level L>
+struct Tanh<V, L> {
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4};
+  static auto special(V x) { return not_finite(x); }
+
+  static V lanes(V x) {
+    using namespace hyperbolic;
+    const V a = min(magnitude(x), V(20.0));  // 1 to the last bit from there on
+    const V shifter = V(kShifter64 / 32), one = V(1.0);
+    const V sum = a + shifter;
+    const V d = a - (sum - shifter);
+    const auto index = indices(as_bits(sum) & Integer<V>(uint64_t{1023}));
+    const auto inverse = [&](V u) __attribute__((always_inline)) {  // 1 / (1 + u)
+      const V less = one - u, u2 = u * u;
+      const V more = fma(less, u2, less);
+      return fma(more, u2 * u2, more);
+    };
+    const V z = safe_square<L == Level::HA>(d);
+    const V bend = z * horner(z, kTanhSmall);  // w / d - 1
+    if constexpr (L != Level::HA) {
+      const auto row = gather(kTanhSteps, index);
+      const V w = fma(d, bend, d);
+      return join_sign(fma(row.second * w, inverse(row.first * w), row.first), x);
+    } else {
+      const auto row = gather(kTanhStepPairs, index);
+      const V value = row.c[0], slope = row.c[1], value_tail = row.c[2], slope_tail = row.c[3];
+      const V line = value * d;
+      const V u = fma(line, bend, line);
+      const V v = u * inverse(u);  // 1 - 1 / (1 + u)
+      const V p = slope * d;
+      const HeadTail<V> head = fast_two_sum(value, p);
+      const V lost = fma(slope_tail, d, fms(slope, d, p)) + value_tail;
+      const V factor = bend - fma(bend, v, v);  // w / (d (1 + u)) - 1
+      return join_sign(head.head + (head.tail + fma(p, factor, lost)), x);
+    }
+  }
+
+  static int32_t element(const double* px, double* r) {
+    const double x = *px;
+    *r = is_nan(x) ? x + x : join_sign(1.0, x);
+    return 0;
+  }
+};
+
+}  // namespace orvik::zym

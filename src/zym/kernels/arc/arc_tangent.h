@@ -9,6 +9,7 @@
 #include "orvik/zym_types.h"
 #include "zym/kernels/arc/coefficients.h"
 #include "zym/kernels/arc/constants.h"
+#include "zym/kernels/shared/octets.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym {
@@ -19,7 +20,6 @@ constexpr const auto& tangent_coefficients() {
   constexpr bool kRadian = U == Unit::radian;
   if constexpr (Single<V> && L == Level::EP) return kRadian ? kAtanSingleEP : kAtanpiSingleEP;
   if constexpr (Single<V> && L == Level::LA) return kRadian ? kAtanSingleLA : kAtanpiSingleLA;
-  if constexpr (Single<V> && L == Level::HA) return kRadian ? kAtanSingleHA : kAtanpiSingleHA;
   if constexpr (Double<V> && L == Level::EP) return kRadian ? kAtanDoubleEP : kAtanpiDoubleEP;
   if constexpr (Double<V> && L == Level::LA) return kRadian ? kAtanDoubleLA : kAtanpiDoubleLA;
   if constexpr (Double<V> && L == Level::HA) return kRadian ? kAtanDoubleHA : kAtanpiDoubleHA;
@@ -42,6 +42,20 @@ template <class V, Level L, Unit U>
   return base + fma(t, z * p, t);
 }
 
+// atan(w) in the unit, w in head and tail from 0 to 1, by its polynomials about multiples of 137/1024.
+inline constexpr OctetLines<6> kAtanOctets(kAtanLines, kAtanRows, kAtanFirst, 0);
+inline constexpr OctetLines<6> kAtanpiOctets(kAtanpiLines, kAtanpiRows, kAtanpiFirst, kInversePiLow32);
+template <Unit U, Single V>
+[[gnu::always_inline]] inline HeadTail<V> octant_by_rows(HeadTail<V> w) {
+  constexpr float kPerStep = 1024.0f / 137;  // a constant: the compiler leaves inexact quotients in code to the processor
+  const auto [t, n] = shift_round(w.head, V(kPerStep));
+  const V x = fnma(n, V(137.0f / 1024), w.head);  // exact
+  const auto& octets = U == Unit::radian ? kAtanOctets : kAtanpiOctets;
+  const HeadTail<V> angle = octet_sum<U == Unit::half_turn>(x, octets, as_bits(t));
+  const V slope = look_up(octet_table<V>(octets.lines.power[0]), as_bits(t));
+  return {angle.head, fma(slope, w.tail, angle.tail)};
+}
+
 // atan(n/d), 0 <= n <= d; a tail at HA only.
 template <class V, Level L, Unit U>
 [[gnu::always_inline]] inline HeadTail<V> first_octant(V n, V d) {
@@ -51,6 +65,9 @@ template <class V, Level L, Unit U>
   const V zero = V(E(0));
   if constexpr (Single<V> && L == Level::EP) {
     return {small_angle<V, L, U>(n / d, zero), zero};
+  } else if constexpr (Single<V> && L == Level::HA) {
+    const V w = n / d;
+    return octant_by_rows<U>(HeadTail<V>{w, fnma(w, d, n) * rough_reciprocal(d)});
   } else {
     const Mask<V> pivot = n > V(E(9.0 / 32)) * d;
     const V c = keep(pivot, V(E(9.0 / 16)));
@@ -111,7 +128,14 @@ struct ArcTangent {
     if constexpr (Single<V> && L == Level::LA) return flip_sign(by_quarters(a), x);
     const Mask<V> steep = a > one;
     const V right = keep(steep, V(kHalfTurn<E, U> / 2)), right_low = keep(steep, V(kHalfTurnLow<E, U> / 2));
-    const HeadTail<V> angle = first_octant<V, L, U>(min(a, one), max(a, one));
+    const V n = min(a, one), d = max(a, one);
+    HeadTail<V> angle;
+    if constexpr (Single<V> && L == Level::HA) {
+      const V w = n / d;  // 1/d, or exact
+      angle = octant_by_rows<U>(HeadTail<V>{w, fnma(w, d, n) * w});
+    } else {
+      angle = first_octant<V, L, U>(n, d);
+    }
     return flip_sign(turned<L>(angle, right, right_low, minus_where<V>(steep)), x);
   }
 

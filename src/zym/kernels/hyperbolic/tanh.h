@@ -14,25 +14,14 @@
 namespace orvik::zym {
 namespace hyperbolic {
 
-// Rows about the centres; the first, x + x^2 p(x), has its lowest coefficients, slope and value, from elsewhere.
-template <size_t N>
-constexpr Octets<N> tanh_octets(const float (&first)[N - 2], float slope, const float (&rest)[7][N]) {
-  float rows[8][N] = {};
-  for (size_t k = 0; k < N - 2; ++k) rows[0][k] = first[k];
-  rows[0][N - 2] = slope;
-  for (size_t i = 1; i < 8; ++i) {
-    for (size_t k = 0; k < N; ++k) rows[i][k] = rest[i - 1][k];
-  }
-  return Octets<N>(rows, 6);  // the octave from 1 on has an odd exponent field
-}
-inline constexpr Octets kTanhEP = tanh_octets(kTanhFirstEP, 1, kTanhRowsEP);
-inline constexpr Octets kTanhLA = tanh_octets(kTanhFirstLA, 1, kTanhRowsLA);
-inline constexpr Octets kTanhHA = tanh_octets(kTanhFirstHA, 0, kTanhRowsHA);
-inline constexpr Octets kTanhLineOctets(kTanhLines, 6);
+inline constexpr size_t kTanhFirstRow = 6;  // the octave from 1 on has an odd exponent field
+inline constexpr Octets<4> kTanhEP(kTanhFirstEP, 1, kTanhRowsEP, kTanhFirstRow);
+inline constexpr Octets<7> kTanhLA(kTanhFirstLA, 1, kTanhRowsLA, kTanhFirstRow);
+inline constexpr OctetLines<9> kTanhHA(kTanhLines, kTanhRowsHA, kTanhFirstHA, 0, kTanhFirstRow);
 inline constexpr Octets<1> kTanhCentreOctets = [] {
   float rows[8][1] = {};
   for (size_t i = 0; i < 8; ++i) rows[i][0] = kTanhCentres[i];
-  return Octets<1>(rows, 6);
+  return Octets<1>(rows, kTanhFirstRow);
 }();
 
 }  // namespace hyperbolic
@@ -51,21 +40,12 @@ struct Tanh<V, L> {
     using namespace hyperbolic;
     const V a = min(V(kLast), magnitude(x));
     const Integer<V> row = shift_right<22>(as_bits(fma(a, V(53.0f / 32), V(1.0f))));
-    const auto of_row = [&](const float (&power)[8]) { return look_up(octet_table<V>(power), row); };
-    const V r = a - of_row(kTanhCentreOctets.power[0]);
+    const V r = a - look_up(octet_table<V>(kTanhCentreOctets.power[0]), row);
     if constexpr (L == Level::EP) return join_sign(octet_polynomial(r, kTanhEP, row), x);
     if constexpr (L == Level::LA) return join_sign(octet_polynomial(r, kTanhLA, row), x);
     if constexpr (L == Level::HA) {
-      // The line's head and what it lost; the rest in r without what is far below its last place, since products with
-      // that would underflow.
-      const V slope = of_row(kTanhLineOctets.power[0]), value = of_row(kTanhLineOctets.power[1]);
-      const V head = fma(slope, r, value);
-      const V lost = fma(slope, r, value - head);
-      const V s = (r + V(kFlush)) - V(kFlush);
-      V sum = of_row(kTanhHA.power[0]);
-      for (size_t k = 1; k + 1 < std::size(kTanhHA.power); ++k) sum = fma(sum, s, of_row(kTanhHA.power[k]));
-      const V tail = of_row(kTanhHA.power[std::size(kTanhHA.power) - 1]) + lost;
-      return join_sign(head + fma(sum, s, tail), x);
+      const HeadTail<V> sum = octet_sum<false>(r, kTanhHA, row);
+      return join_sign(sum.head + sum.tail, x);
     }
   }
 
@@ -76,7 +56,6 @@ struct Tanh<V, L> {
 
  private:
   static constexpr float kLast = 9.02f;  // 1 to the last bit from there on
-  static constexpr float kFlush = 0x1.8p-13f;
 };
 
 // dTanh LA: 2.0985 ulp at 0x1.bb125c68a22cp-3

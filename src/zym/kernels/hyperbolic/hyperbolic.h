@@ -49,12 +49,12 @@ V half_times_power(Integer<V> shifted_exponent, bool negative) {
   return as_float(negative ? half - shifted_exponent : half + shifted_exponent);
 }
 
-// Tables of 2^(i/4) in a register. The exponent is added as n << (mantissa bits - 2), row bits and all, so that each
+// Tables of 2^(i/4) / 2 in a register. The exponent is added as n << (mantissa bits - 2), row bits and all, so that each
 // row is entered without them.
 struct QuarterHeads {
   float v[4];
   constexpr QuarterHeads() : v{} {
-    for (uint32_t i = 0; i < 4; ++i) v[i] = f32(std::bit_cast<uint32_t>(kQuarter32[i]) - (i << 21));
+    for (uint32_t i = 0; i < 4; ++i) v[i] = f32(std::bit_cast<uint32_t>(kQuarter32[i] / 2) - (i << 21));
   }
 };
 template <class E>
@@ -66,10 +66,10 @@ struct QuarterRows<float> {
 struct WordTable {
   alignas(32) uint32_t words[8];
 };
-constexpr WordTable words_of(const double (&table)[4], uint64_t step) {
+constexpr WordTable words_of(const double (&table)[4], double factor, uint64_t step) {
   WordTable t = {};
   for (uint64_t i = 0; i < 4; ++i) {
-    const uint64_t bits = std::bit_cast<uint64_t>(table[i]) - i * step;
+    const uint64_t bits = std::bit_cast<uint64_t>(table[i] * factor) - i * step;
     t.words[2 * i] = static_cast<uint32_t>(bits);
     t.words[2 * i + 1] = static_cast<uint32_t>(bits >> 32);
   }
@@ -77,12 +77,13 @@ constexpr WordTable words_of(const double (&table)[4], uint64_t step) {
 }
 template <>
 struct QuarterRows<double> {
-  static constexpr WordTable heads = words_of(kQuarter64, uint64_t{1} << 50), tails = words_of(kQuarterLow64, 0);
+  static constexpr WordTable heads = words_of(kQuarter64, 0.5, uint64_t{1} << 50),
+                             tails = words_of(kQuarterLow64, 1, 0);
 };
 
-// 2^(n/4) and 2^(-n/4), head and tail; n in the low bits of `sum`. From n = 320 on the second is that of 320: nothing
+// 2^(n/4) / 2 and 2^(-n/4) / 2, head and tail; n in the low bits of `sum`. From n = 320 on the second is that of 320: nothing
 // beside the first, and far from underflow.
-template <class V, bool Both>
+template <class V>
 struct Quarters {
   HeadTail<V> up, down;
 
@@ -96,7 +97,7 @@ struct Quarters {
         return {head, head * select_in_quad(tails, n)};
       };
       up = row(sum);
-      if constexpr (Both) down = row(Integer<V>(uint32_t{0}) - capped);
+      down = row(Integer<V>(uint32_t{0}) - capped);
     } else {
       // A row is two words; `twice` is 2n in both words of a lane.
       const Integer<V> heads = octet_table<V>(QuarterRows<double>::heads.words);
@@ -105,17 +106,14 @@ struct Quarters {
       const Integer<V> to_up = Integer<V>(uint64_t{1} << 32) + twice(sum);
       const V up_head = as_float(look_up(heads, to_up) + shift_left<50>(sum));
       up = {up_head, up_head * as_float(look_up(tails, to_up))};
-      if constexpr (Both) {
-        const Integer<V> to_down = Integer<V>((uint64_t{1} << 32) + 8) - twice(capped);  // no borrow between the words
-        const V down_head = as_float(look_up(heads, to_down) - shift_left<50>(capped));
-        down = {down_head, down_head * as_float(look_up(tails, to_down))};
-      }
+      const Integer<V> to_down = Integer<V>((uint64_t{1} << 32) + 8) - twice(capped);  // no borrow between the words
+      const V down_head = as_float(look_up(heads, to_down) - shift_left<50>(capped));
+      down = {down_head, down_head * as_float(look_up(tails, to_down))};
     }
   }
 };
 
-// |x| in parts for the sum of two exponentials: the sum p = a + b and the difference m = a - b. At HA with tails, and
-// twice as large.
+// |x| in parts for the sum of two exponentials: the sum p = a + b and the difference m = a - b. At HA with tails.
 template <class V, Level L>
 struct Parts {
   using E = Element<V>;
@@ -137,13 +135,11 @@ struct Parts {
       p_low = m_low = r_low = V(E(0));
     } else {
       r_low = fnma(n, V(K::ln2_tail / kSteps), upper - r);
-      const Quarters<V, true> q(sum);  // twice a and b
-      const HeadTail<V> plus = fast_two_sum(q.up.head, q.down.head);
-      const HeadTail<V> minus = fast_two_sum(q.up.head, flip_sign(q.down.head, V(E(-1))));
-      p = plus.head;
-      m = minus.head;
-      p_low = plus.tail + (q.up.tail + q.down.tail);
-      m_low = minus.tail + (q.up.tail - q.down.tail);
+      const Quarters<V> q(sum);
+      p = q.up.head + q.down.head;
+      m = q.up.head - q.down.head;
+      p_low = (q.down.head - (p - q.up.head)) + (q.up.tail + q.down.tail);
+      m_low = ((q.up.head - m) - q.down.head) + (q.up.tail - q.down.tail);
     }
   }
 
@@ -158,7 +154,7 @@ struct Parts {
       const V lost = fma(other, k.r, one - head);
       const V s = fma(k.r * k.z, sine, k.r_low);
       const V rest = fma(other, s, one * (k.z * cosine));
-      return (head + (rest + (lost + fma(other_low, k.r, one_low)))) * V(E(0.5));
+      return head + (rest + (lost + fma(other_low, k.r, one_low)));
     }
   }
   V cosine() const { return joined(*this, p, p_low, m, m_low); }

@@ -12,27 +12,12 @@
 
 #include "serv/processor.h"
 #include "tools/rows/list.h"
+#include "zym/both_widths.h"
 #include "zym/compare.h"
-#include "zym/frame/registers.h"
 
 namespace {
 
 using namespace orvik;
-
-const zym::WideRow* wide_row(const rows::Row& row) {
-  for (const zym::WideRow* wide = zym::orvik_zym_wide_rows; wide->slots != nullptr; ++wide) {
-    if (wide->slots == rows::table_row(row.index)) return wide;
-  }
-  return nullptr;
-}
-
-// The entry of a level with this kernel in its slot.
-std::function<void(int64_t)> with_kernel(void** slot, void* kernel, std::function<void(int64_t)> entry) {
-  return [=](int64_t turns) {
-    *slot = kernel;
-    entry(turns);
-  };
-}
 
 // A chain of dependent steps of a hundred microseconds: its time is the clock's.
 double scalar_loop(double x) {
@@ -84,7 +69,7 @@ int main(int argc, char** argv) {
   }
   std::printf("row,level,family,n,beyond,narrow,wide\n");
   for (const rows::Row& row : rows::all()) {
-    const zym::WideRow* wide = rows::matches(patterns, row.name) ? wide_row(row) : nullptr;
+    const zym::WideRow* wide = rows::matches(patterns, row.name) ? bench::wide_row(row) : nullptr;
     if (wide == nullptr) continue;
     for (int level = 0; level < rows::kLevels; ++level) {
       if (row.kernel(level) != level || wide->wide[level] == wide->narrow[level]) continue;
@@ -94,8 +79,8 @@ int main(int argc, char** argv) {
           const bench::Operands operands(row, n, 1, beyond);
           const auto entry = bench::repeat_entry(row, row.entries[0][level], false, operands, n);
           bench::Paired paired;
-          paired.add("256", with_kernel(&wide->slots[level], wide->narrow[level], entry));
-          paired.add("512", with_kernel(&wide->slots[level], wide->wide[level], entry));
+          paired.add("256", bench::with_kernel(&wide->slots[level], wide->narrow[level], entry));
+          paired.add("512", bench::with_kernel(&wide->slots[level], wide->wide[level], entry));
           const std::vector<double> times = paired.measure(seconds);
           std::printf("%s,%s,%s,%d,%zu,%.4f,%.4f\n", std::string(row.name).c_str(), rows::kLevelNames[level],
                       std::string(row.family).c_str(), n, beyond, times[0] / n, times[1] / n);

@@ -61,6 +61,7 @@ rows::Row plain_row(char precision, std::string_view function, rows::Shape shape
           .family = "plain",
           .description = "of a test",
           .costs = {1, 1, 1},
+          .wide_costs = {1, 1, 1},
           .input_arrays = shape == rows::Shape::binary ? 2 : 1,
           .output_arrays = 1,
           .input_parts = complex && shape != rows::Shape::from_real ? 2 : 1,

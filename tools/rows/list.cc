@@ -16,10 +16,10 @@ namespace {
 #define ADDRESS(name) reinterpret_cast<void*>(&name)
 #define LIST(...) \
   { __VA_ARGS__ }
-#define ROW_OF(precision, function, name, shape, sharing, kernels, reports, family, description, costs, inputs, outputs, \
-               input_parts, output_parts, unit, strided)                                                                \
-  Row{precision, function, name,   shape,   sharing,     kernels,      reports,        family,                          \
-      description, costs,  inputs, outputs, input_parts, output_parts, {unit, strided}},
+#define ROW_OF(precision, function, name, shape, sharing, kernels, reports, family, description, costs, wide_costs, \
+               inputs, outputs, input_parts, output_parts, unit, strided)                                           \
+  Row{precision,   function, name,       shape,  sharing, kernels,     reports,      family,                        \
+      description, costs,    wide_costs, inputs, outputs, input_parts, output_parts, {unit, strided}},
 const auto& list() {
   static const auto rows = [] {
     std::array made = {

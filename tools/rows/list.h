@@ -24,7 +24,7 @@ struct Row {
   bool reports;
   std::string_view family;       // folder under src/zym/kernels/; none: not built
   std::string_view description;  // what it computes
-  float costs[kLevels];
+  float costs[kLevels], wide_costs[kLevels];  // in registers of 256 and of 512 bits
   int input_arrays, output_arrays;
   int input_parts, output_parts;  // real numbers that an element is made of: 2 if complex
   void* entries[2][kLevels];      // [strided][level]; null: not exported

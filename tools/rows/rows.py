@@ -14,7 +14,8 @@
 
 and, the other way round:
 
-    rows.py costs    IN    puts measured costs (lines "row LA HA EP", as the program costs prints them) into rows.def
+    rows.py costs    IN    puts measured costs (lines "row LA HA EP" or, of both widths, "row LA HA EP LA HA EP", as the
+                           program costs prints them) into rows.def
 
 With --all-wide behind, rows that rows.def marks narrow have wide kernels too, to be measured.
 """
@@ -27,7 +28,7 @@ ROOT = Path(__file__).resolve().parents[2]
 ROWS = ROOT / "src" / "zym" / "frame" / "rows.def"
 ALL_WIDE = "--all-wide" in sys.argv
 
-Row = namedtuple("Row", "precision function shape sharing reports family costs wide strided")
+Row = namedtuple("Row", "precision function shape sharing reports family costs wide_costs wide strided")
 
 # Kernel of each level index (LA, HA, EP) by sharing.
 LEVELS = {
@@ -132,16 +133,18 @@ def wide_levels(sharing, narrow):
 
 
 def unit_rows():
-    pattern = re.compile(r"^ROW\((\w), (\w+), (\w+), (\w+), (\w+), ([\w/]+), ([^,]+), ([^,]+), ([^,)]+)(?:, (narrow\w*))?\)$")
+    pattern = re.compile(r"^ROW\((\w), (\w+), (\w+), (\w+), (\w+), ([\w/]+), "
+                         r"([\d.]+), ([\d.]+), ([\d.]+)((?:, [\d.]+){3})?(?:, (narrow\w*))?\)$")
     rows = []
     for line in ROWS.read_text().splitlines():
         if line.startswith("ROW("):
             m = pattern.match(line)
             if not m:
                 sys.exit(f"rows.def: cannot read: {line}")
-            p, f, shape, sharing, reports, family, *costs, narrow = m.groups()
+            p, f, shape, sharing, reports, family, *costs, of_wide, narrow = m.groups()
+            wide_costs = tuple(of_wide[2:].split(", ")) if of_wide else tuple(costs)
             wide = () if family in ("none", "pack") else wide_levels(sharing, None if ALL_WIDE else narrow)
-            rows.append(Row(p, f, shape, sharing, reports == "reports", family, tuple(costs), wide, False))
+            rows.append(Row(p, f, shape, sharing, reports == "reports", family, tuple(costs), wide_costs, wide, False))
     return rows
 
 
@@ -209,7 +212,8 @@ def wide_rows():
             narrow = [kernel(row, level) for level in LEVELS[row.sharing]]
             wide = [(wide_kernel if level in row.wide else kernel)(row, level) for level in LEVELS[row.sharing]]
             out.append(f"\t.quad orvik_zym_kernel_{row_name(row)}_ttab, {', '.join(narrow + wide)}")
-    return out + ["\t.zero 56", "\t.size orvik_zym_wide_rows, .-orvik_zym_wide_rows", "#endif"]
+            out.append(f"\t.float {', '.join(row.wide_costs)}\n\t.zero 4")
+    return out + ["\t.zero 72", "\t.size orvik_zym_wide_rows, .-orvik_zym_wide_rows", "#endif"]
 
 
 def make_table():
@@ -459,7 +463,7 @@ def make_row_list():
         kernels = ", ".join(str(order.index(level)) for level in LEVELS[row.sharing])
         out.append(f"ROW_OF('{row.precision}', \"{row.function}\", \"{row_name(row)}\", Shape::{row.shape}, "
                    f"Sharing::{row.sharing}, LIST({kernels}), {str(row.reports).lower()}, \"{row.family.split('/')[0]}\", "
-                   f"\"{TEXT[row.function]}\", LIST({', '.join(row.costs)}), {len(inputs)}, {len(results)}, "
+                   f"\"{TEXT[row.function]}\", LIST({', '.join(row.costs)}), LIST({', '.join(row.wide_costs)}), {len(inputs)}, {len(results)}, "
                    f"{parts[inputs[0]]}, {parts[results[0]]}, LIST({', '.join(entries[0])}), LIST({', '.join(entries[1])}))")
     return "\n".join(out + ["#endif"]) + "\n"
 
@@ -661,19 +665,22 @@ MAKERS = {"table": make_table, "exports": make_exports, "header": make_header,
 
 
 def take_costs(path):
-    """Only the three figures of the rows that were measured change; comments, order and all else stay."""
+    """Only the figures of the rows that were measured change; comments, order and all else stay."""
     measured = {}
     for line in Path(path).read_text().splitlines():
         name, *costs = line.split()
-        if len(costs) != 3 or not all(0 < float(c) < 1e6 for c in costs):
+        if len(costs) not in (3, 6) or not all(0 < float(c) < 1e6 for c in costs):
             sys.exit(f"{path}: cannot read: {line}")
-        if name != "sExp":  # the row that the unit is fixed by: its figures stand
-            measured[name] = [f"{float(c):.3f}" for c in costs]
+        measured[name] = [f"{float(c):.3f}" for c in costs]
     lines = []
     for line in ROWS.read_text().splitlines():
-        m = re.match(r"^(ROW\((\w), (\w+), .*?), [^,]+, [^,]+, [^,]+?(, narrow\w*)?\)$", line)
+        m = re.match(r"^(ROW\((\w), (\w+), .*?), ([\d.]+, [\d.]+, [\d.]+)((?:, [\d.]+){3})?(, narrow\w*)?\)$", line)
         if m and m.group(2) + m.group(3) in measured:
-            line = f"{m.group(1)}, {', '.join(measured.pop(m.group(2) + m.group(3)))}{m.group(4) or ''})"
+            costs = measured.pop(m.group(2) + m.group(3))
+            # sExp fixes the unit: its figures of 256 bits stand.
+            narrow = m.group(4) if m.group(2) + m.group(3) == "sExp" else ", ".join(costs[:3])
+            of_wide = "".join(f", {c}" for c in costs[3:]) or m.group(5) or ""
+            line = f"{m.group(1)}, {narrow}{of_wide}{m.group(6) or ''})"
         lines.append(line)
     if measured:
         sys.exit(f"{path}: no such rows: {' '.join(measured)}")

@@ -36,9 +36,9 @@ namespace {
 // Kernels count on 32 bits. A multiple of every block and cache line.
 constexpr int64_t kMostElements = int64_t{1} << 30;
 
-// The cost 1 of a dispatch table is about a fifth of a nanosecond, a seventh in registers of 512 bits: the float exponential of
-// lower accuracy has 1.046.
-constexpr int64_t kCostOfNanosecond = 5 * 64, kWideCostOfNanosecond = 7 * 64;  // in 64ths
+// The cost 1 of a dispatch table is about a fifth of a nanosecond: the float exponential of lower accuracy has 1.046 in
+// registers of 256 bits. (The table has the costs of the kernels in use.)
+constexpr int64_t kCostOfNanosecond = 5 * 64;  // in 64ths
 // Below this a second thread does not pay; each is worth that much work.
 constexpr int64_t kAloneNanoseconds = 20000, kNanosecondsOfThread = 15000;
 constexpr int64_t kSurelyShort = 16;               // whatever the cost: no element takes a microsecond
@@ -58,8 +58,7 @@ int64_t cost_in_64ths(float cost) {
 // About how long n elements take one thread, at most some hours.
 int64_t nanoseconds_of(int64_t n, float cost) {
   constexpr __int128 kLongest = int64_t{1} << 44;
-  const int64_t unit = orvik_register_bits() == 512 ? kWideCostOfNanosecond : kCostOfNanosecond;
-  const __int128 time = static_cast<__int128>(n) * cost_in_64ths(cost) / unit;
+  const __int128 time = static_cast<__int128>(n) * cost_in_64ths(cost) / kCostOfNanosecond;
   return static_cast<int64_t>(time < kLongest ? time : kLongest);
 }
 

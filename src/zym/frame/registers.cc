@@ -1,4 +1,4 @@
-// The kernels that the dispatch table holds: of 256 bits as it is linked, of 512 from the load on where these are chosen
+// The kernels that the dispatch table holds, and their costs: of 256 bits as it is linked, of 512 from the load on where these are chosen
 // (serv/registers.h). What lists both (registers.h) refers to this file, so that it comes with the table also out of a static
 // library. This file is compiled for any x86-64 processor; see serv/processor.cc.
 #include "zym/frame/registers.h"
@@ -11,6 +11,8 @@ extern "C" [[gnu::constructor(103)]] void orvik_zym_choose_kernels() {
   if (!orvik::serv::wide_registers) return;
   for (const auto* row = orvik::zym::orvik_zym_wide_rows; row->slots != nullptr; ++row) {
     for (int level = 0; level < 3; ++level) row->slots[level] = row->wide[level];
+    auto* costs = reinterpret_cast<float*>(row->slots + 3);
+    for (int level = 0; level < 3; ++level) costs[level] = row->costs[level];
   }
 }
 #endif

@@ -6,7 +6,8 @@ namespace orvik::zym {
 struct WideRow {
   void** slots;  // of the dispatch table; null behind the last row
   void* narrow[3];
-  void* wide[3];  // the narrow one where wider registers gain nothing
+  void* wide[3];   // the narrow one where wider registers gain nothing
+  float costs[3];  // of the wide ones
 };
 extern "C" const WideRow orvik_zym_wide_rows[];
 

@@ -9,6 +9,7 @@
 #include <bit>
 #include <cstring>
 #include <limits>
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -336,6 +337,66 @@ TYPED_TEST(EveryRow, UnalignedArraysGiveTheSameBits) {
       expect_results(tested, want, c, false, 70, "unaligned");
     }
   });
+}
+
+// Long calls begin with the elements before the first aligned store, where there are some and the arrays do not meet.
+TYPED_TEST(EveryRow, LongCallsGiveTheSameBitsAtEveryPlace) {
+  using E = typename TypeParam::E;
+  constexpr int32_t kLong = 4200, kShort = 75;  // above and below what begins so
+  constexpr size_t kNumbers = 2 * kLong, kAround = 48;
+  const auto a = mixed_inputs<E>(kNumbers, 13), b = mixed_inputs<E>(kNumbers, 14);
+  for_each_kernel<TypeParam>([&](const Tested& tested) {
+    const Form in{tested.in()}, out{tested.out()};
+    Result<E> want{std::vector<E>(kNumbers), std::vector<E>(kNumbers)};
+    for (int32_t i = 0; i < kLong; i += kShort) {
+      const auto at = static_cast<size_t>(i);
+      tested.call(false, Numbers<E>{.n = kShort,
+                                    .a = &a[in.at(at, 0)],
+                                    .b = &b[in.at(at, 0)],
+                                    .r1 = &want.r1[out.at(at, 0)],
+                                    .r2 = &want.r2[out.at(at, 0)]});
+    }
+    const auto aligned = [](std::vector<E>& x) {
+      void* p = x.data();
+      size_t space = x.size() * sizeof(E);
+      return static_cast<E*>(std::align(64, 1, p, space));
+    };
+    for (size_t shift : {0, 1, 4, 7}) {
+      Result<E> memory{std::vector<E>(kNumbers + kAround, E(7)), std::vector<E>(kNumbers + kAround, E(7))};
+      E* const r1 = aligned(memory.r1) + shift;
+      const Numbers<E> c{.n = kLong, .a = a.data(), .b = b.data(), .r1 = r1, .r2 = aligned(memory.r2) + 3};
+      tested.call(false, c);
+      expect_results(tested, want, c, false, kLong, "apart");
+      for (const E* x = memory.r1.data(); x < r1; ++x) ASSERT_EQ(*x, E(7)) << "before the results";
+      for (const E* x = r1 + out.at(kLong, 0); x <= &memory.r1.back(); ++x) ASSERT_EQ(*x, E(7)) << "behind the results";
+      if (tested.in() != tested.out()) continue;
+      std::copy(a.begin(), a.end(), r1);
+      const Numbers<E> same{.n = kLong, .a = r1, .b = b.data(), .r1 = r1, .r2 = c.r2};
+      tested.call(false, same);
+      expect_results(tested, want, same, false, kLong, "in place");
+    }
+  });
+}
+
+std::vector<int32_t> reported;
+int32_t keep_index(ZymErrorContext* context) {
+  reported.push_back(context->index);
+  return 0;
+}
+
+TEST(LongCalls, ReportsCountFromTheFirstElement) {
+  constexpr int32_t kLong = 5000;
+  std::vector<double> a(kLong, 2.0), r(kLong + 16);
+  for (size_t i : {0, 1, 2, 3, 4000, 4999}) a[i] = -1;
+  _zymSetMode(ZYM_ERRMODE_CALLBACK);
+  _zymSetErrorCallBack(keep_index);
+  for (size_t shift = 0; shift < 8; ++shift) {
+    reported.clear();
+    _zymdLn(kLong, a.data(), r.data() + shift);
+    EXPECT_EQ(reported, (std::vector<int32_t>{0, 1, 2, 3, 4000, 4999})) << shift;
+  }
+  _zymClearErrorCallBack();
+  _zymSetMode(ZYM_ERRMODE_DEFAULT);
 }
 
 }  // namespace

@@ -90,10 +90,9 @@ def page(path, machine):
     narrow = [kernel for kernel in ratios if kernel not in wide]
     out += ["", "## What stays narrow", "",
             "`narrow` in `src/zym/frame/rows.def`, by `registers_page.py --narrow` over several runs: a kernel whose wide form gained less than",
-            f"{100 * (GAIN - 1):.0f}% over n = 1,000 and 10,000, aligned or not, or lost more than {100 * (1 - NO_SLOWER):.0f}% at one of them. Two reasons, and one more for the sums of",
-            "complex numbers: of two NaNs the compiler's order of the operands decides which is the result.", "",
-            "- **Memory.** A 64-byte access crosses a cache line wherever the array is not aligned to 64 bytes, a 32-byte one every other time. Rows",
-            "  whose time is loads and stores lose by it at n = 10,000, whatever they gain at 1,000.",
+            f"{100 * (GAIN - 1):.0f}% over n = 1,000 and 10,000, aligned or not, or lost more than {100 * (1 - NO_SLOWER):.0f}% at one of them. Two reasons:", "",
+            "- **Memory.** A 64-byte load crosses a cache line wherever the array is not aligned to 64 bytes, a 32-byte one every other time. (Long",
+            "  calls align their stores.) Rows that take many loads and few steps lose by it at n = 10,000, whatever they gain at 1,000.",
             "- **Division and root instructions** give as many elements in a unit of time at either width.", "",
             "| row | kernel | n = 1,000 | +16 | n = 10,000 | +16 |", "|---|---|---|---|---|---|"]
     for row, level in narrow:

@@ -1,5 +1,8 @@
+#include <bit>
 #include <cmath>
 #include <limits>
+#include <string>
+#include <vector>
 
 #include "support/row_calls.h"
 
@@ -32,6 +35,32 @@ TYPED_TEST(Arithmetic, OverflowAndNanGoTheWayOfTheHardwareWithoutReport) {
   expect_element<E>(row_of<E>("Mul"), E(0), this->inf, this->nan);
   expect_element<E>(row_of<E>("Mul"), E(-0.0), E(2), E(-0.0));
   expect_element<E>(row_of<E>("Mul"), std::numeric_limits<E>::denorm_min(), E(0.25), E(0));
+}
+
+// As the instructions have it, whatever order of the operands suits the compiler, in blocks and behind them.
+TYPED_TEST(Arithmetic, OfTwoNansTheFirstIsTheResult) {
+  using E = TypeParam;
+  using Bits = std::conditional_t<sizeof(E) == 4, uint32_t, uint64_t>;
+  const auto nan = [](Bits payload) {
+    return std::bit_cast<E>(static_cast<Bits>(std::bit_cast<Bits>(std::numeric_limits<E>::quiet_NaN()) | payload));
+  };
+  constexpr int32_t kMost = 70;
+  const std::vector<E> a(2 * kMost, nan(3)), b(2 * kMost, nan(5));
+  const char complex = sizeof(E) == 4 ? 'c' : 'z';
+  for (const std::string& name : {row_of<E>("Add"), row_of<E>("Sub"), row_of<E>("Mul"), complex + std::string("Add")}) {
+    const rows::Row* row = rows::find(name);
+    ASSERT_NE(row, nullptr) << name;
+    for (int level = 0; level < rows::kLevels; ++level) {
+      for (int32_t n = 1; n <= kMost; ++n) {
+        std::vector<E> r(2 * kMost);
+        const rows::Call call{.a = a.data(), .b = b.data(), .r1 = r.data()};
+        rows::with_call(*row, row->entries[0][level], false, call, [&](auto function) { function(n); });
+        for (int32_t i = 0; i < n * row->output_parts; ++i) {
+          ASSERT_EQ(std::bit_cast<Bits>(r[static_cast<size_t>(i)]), std::bit_cast<Bits>(nan(3))) << name << ' ' << n;
+        }
+      }
+    }
+  }
 }
 
 TYPED_TEST(Arithmetic, LinearFractionIsTwoFusedStepsAndADivision) {

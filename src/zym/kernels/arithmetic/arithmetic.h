@@ -1,6 +1,7 @@
 // Exact machine operations without special elements: Abs, Sqr, Add, Sub, Mul, and the linear fraction.
 #pragma once
 
+#include "lanes/ordered.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym {
@@ -21,7 +22,7 @@ struct Sqr {
 template <class V, Level>
 struct Add {
   static constexpr Knobs knobs = {.streams = true};
-  static V lanes(V a, V b) { return a + b; }
+  static V lanes(V a, V b) { return ordered_sum(a, b); }
 };
 
 template <class V, Level>
@@ -33,7 +34,7 @@ struct Sub {
 template <class V, Level>
 struct Mul {
   static constexpr Knobs knobs = {.streams = true};
-  static V lanes(V a, V b) { return a * b; }
+  static V lanes(V a, V b) { return ordered_product(a, b); }
 };
 
 template <class V, Level>

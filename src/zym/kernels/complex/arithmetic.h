@@ -1,13 +1,14 @@
 // Sums, differences and conjugates of complex numbers: plain operations on the parts, as they lie in memory.
 #pragma once
 
+#include "lanes/ordered.h"
 #include "orvik/zym_types.h"
 #include "zym/kernels/complex/parts.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym::complex {
 
-// Parts that overflow are reported, and special for nothing else.
+// Parts that overflow are reported, and special for nothing else: the lanes' result stands.
 template <class V, template <class> class Parts>
 auto checked(Parts<V> r) {
   return Masked{r, not_finite(r.first) | not_finite(r.second)};
@@ -16,29 +17,23 @@ auto checked(Parts<V> r) {
 template <class V, Level>
 struct Add {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.streams = true};
+  static constexpr Knobs knobs = {.streams = true, .lanes_stand = true};
   template <template <class> class Parts>
   static auto lanes(Parts<V> a, Parts<V> b) {
-    return checked(Parts<V>{a.first + b.first, a.second + b.second});
+    return checked(Parts<V>{ordered_sum(a.first, b.first), ordered_sum(a.second, b.second)});
   }
-  static int32_t element(const Complex<E>* a, const Complex<E>* b, Complex<E>* r) {
-    *r = {a->re + b->re, a->im + b->im};
-    return overflow_code(*a, *b, *r);
-  }
+  static int32_t element(const Complex<E>* a, const Complex<E>* b, Complex<E>* r) { return overflow_code(*a, *b, *r); }
 };
 
 template <class V, Level>
 struct Sub {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.streams = true};
+  static constexpr Knobs knobs = {.streams = true, .lanes_stand = true};
   template <template <class> class Parts>
   static auto lanes(Parts<V> a, Parts<V> b) {
     return checked(Parts<V>{a.first - b.first, a.second - b.second});
   }
-  static int32_t element(const Complex<E>* a, const Complex<E>* b, Complex<E>* r) {
-    *r = {a->re - b->re, a->im - b->im};
-    return overflow_code(*a, *b, *r);
-  }
+  static int32_t element(const Complex<E>* a, const Complex<E>* b, Complex<E>* r) { return overflow_code(*a, *b, *r); }
 };
 
 // No arithmetic: a NaN keeps its payload and raises no flag.

@@ -1,5 +1,5 @@
-// 1/sqrt(a) of doubles as floats estimate it, within 1.5 * 2^-12 and the narrowing: what is no normal float is out of range.
-// The bits differ between processor makers.
+// 1/sqrt(a) of doubles as floats estimate it, within 1.5 * 2^-12 and the narrowing: what is no normal float is out of
+// range. The bits differ between processor makers.
 #pragma once
 
 #include "lanes/types.h"

@@ -27,8 +27,8 @@ constexpr const auto& sine_coefficients() {
   if constexpr (Double<V> && L == Level::HA) return kRadian ? kAsinDoubleHA : kAsinpiDoubleHA;
 }
 
-// sqrt(s), 2^-54 <= s <= 1/2. Estimated, of doubles: within 2^-34, by fewer cycles than the root instruction's, which leaves
-// other instructions more of them.
+// sqrt(s), 2^-54 <= s <= 1/2. Estimated, of doubles: within 2^-34, by fewer cycles than the root instruction's, which
+// leaves other instructions more of them.
 template <bool Estimated, class V>
 [[gnu::always_inline]] inline V half_angle_root(V s) {
   if constexpr (Estimated) {

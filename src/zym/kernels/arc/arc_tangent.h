@@ -47,7 +47,8 @@ inline constexpr OctetLines<6> kAtanOctets(kAtanLines, kAtanRows, kAtanFirst, 0)
 inline constexpr OctetLines<6> kAtanpiOctets(kAtanpiLines, kAtanpiRows, kAtanpiFirst, kInversePiLow32);
 template <Unit U, Single V>
 [[gnu::always_inline]] inline HeadTail<V> octant_by_rows(HeadTail<V> w) {
-  constexpr float kPerStep = 1024.0f / 137;  // a constant: the compiler leaves inexact quotients in code to the processor
+  constexpr float kPerStep =
+      1024.0f / 137;  // a constant: the compiler leaves inexact quotients in code to the processor
   const auto [t, n] = shift_round(w.head, V(kPerStep));
   const V x = fnma(n, V(137.0f / 1024), w.head);  // exact
   const auto& octets = U == Unit::radian ? kAtanOctets : kAtanpiOctets;
@@ -160,9 +161,8 @@ struct ArcTangent {
     struct Pivots {
       float p[4], q[4], base[4];
     };
-    static constexpr Pivots kPivots = {{1, 0, 9.0f / 16, 1},
-                                       {0, 1, 1, 9.0f / 16},
-                                       {0, K::pi[kUnit] / 2, K::far_pivot[kUnit], K::pivot[kUnit]}};
+    static constexpr Pivots kPivots = {
+        {1, 0, 9.0f / 16, 1}, {0, 1, 1, 9.0f / 16}, {0, K::pi[kUnit] / 2, K::far_pivot[kUnit], K::pivot[kUnit]}};
     const auto above = [&](float bound) { return minus_one(a > V(bound)); };
     constexpr float kFar = 32.0f / 9;  // a constant: the compiler leaves inexact quotients in code to the processor
     const Integer<V> row = above(9.0f / 32) + above(1) + above(kFar);

@@ -49,8 +49,8 @@ V half_times_power(Integer<V> shifted_exponent, bool negative) {
   return as_float(negative ? half - shifted_exponent : half + shifted_exponent);
 }
 
-// Tables of 2^(i/4) / 2 in a register. The exponent is added as n << (mantissa bits - 2), row bits and all, so that each
-// row is entered without them.
+// Tables of 2^(i/4) / 2 in a register. The exponent is added as n << (mantissa bits - 2), row bits and all, so that
+// each row is entered without them.
 struct QuarterHeads {
   float v[4];
   constexpr QuarterHeads() : v{} {
@@ -81,8 +81,8 @@ struct QuarterRows<double> {
                              tails = words_of(kQuarterLow64, 1, 0);
 };
 
-// 2^(n/4) / 2 and 2^(-n/4) / 2, head and tail; n in the low bits of `sum`. From n = 320 on the second is that of 320: nothing
-// beside the first, and far from underflow.
+// 2^(n/4) / 2 and 2^(-n/4) / 2, head and tail; n in the low bits of `sum`. From n = 320 on the second is that of 320:
+// nothing beside the first, and far from underflow.
 template <class V>
 struct Quarters {
   HeadTail<V> up, down;

@@ -8,8 +8,8 @@
 
 namespace orvik::zym {
 
-// A register for each power, highest first, of polynomials that stand in rows, times `scale`. Row i is number i + first,
-// modulo 8.
+// A register for each power, highest first, of polynomials that stand in rows, times `scale`. Row i is number i +
+// first, modulo 8.
 template <size_t N>
 struct Octets {
   alignas(32) float power[N][8];
@@ -20,7 +20,8 @@ struct Octets {
     }
   }
   // Row 0 is x slope + x^2 p(x).
-  constexpr Octets(const float (&p)[N > 2 ? N - 2 : 1], float slope, const float (&others)[7][N], size_t first) : power{} {
+  constexpr Octets(const float (&p)[N > 2 ? N - 2 : 1], float slope, const float (&others)[7][N], size_t first)
+      : power{} {
     for (size_t k = 0; k < N; ++k) {
       power[k][first] = k < N - 2 ? p[k] : k == N - 2 ? slope : 0;
       for (size_t i = 1; i < 8; ++i) power[k][(i + first) % 8] = others[i - 1][k];
@@ -36,8 +37,8 @@ template <Single V, size_t N>
   return sum;
 }
 
-// Eight polynomials in all their digits: slope and value of a line each, and a polynomial with the rests of both as its last
-// coefficients. Of the first row, x + x^2 p(x) or nearly so, the others are a function's about their centres.
+// Eight polynomials in all their digits: slope and value of a line each, and a polynomial with the rests of both as its
+// last coefficients. Of the first row, x + x^2 p(x) or nearly so, the others are a function's about their centres.
 template <size_t N>
 struct OctetLines {
   Octets<2> lines;
@@ -48,11 +49,11 @@ struct OctetLines {
       : lines(given, first), rests(p, slope_rest, rows, first) {}
 };
 
-// Its sum about x as head and tail, the first row's x without an error. Where the first slope has no rest, what is far below
-// the last place of x leaves the tail: products with it would underflow.
+// Its sum about x as head and tail, the first row's x without an error. Where the first slope has no rest, what is far
+// below the last place of x leaves the tail: products with it would underflow.
 template <bool FirstRest, Single V, size_t N>
 [[gnu::always_inline]] inline HeadTail<V> octet_sum(V x, const OctetLines<N>& c, Integer<V> row) {
-  const auto of_row = [&](const float (&power)[8]) __attribute__((always_inline)) {
+  const auto of_row = [&](const float(&power)[8]) __attribute__((always_inline)) {
     return look_up(octet_table<V>(power), row);
   };
   const V slope = of_row(c.lines.power[0]), value = of_row(c.lines.power[1]);

@@ -170,7 +170,7 @@ struct ArcCosine {
 // sAsin EP: 13.69 bits at 0x1.000032p-1
 // dAsin LA: 2.0931 ulp at -0x1.0703ae4ea1966p-1
 // dAsin HA: 0.5685 ulp at -0x1.e3e7e6ee106a4p-2
-// dAsin EP: 26.62 bits at 0x1.000000000000ap-1
+// dAsin EP: 26.61 bits at -0x1.0001ec3b19d4cp-1
 template <class V, Level L>
 struct Asin : arc::ArcSine<V, L, Unit::radian> {};
 // sAsinpi LA: 2.9371 ulp at 0x1.177efep-1
@@ -178,7 +178,7 @@ struct Asin : arc::ArcSine<V, L, Unit::radian> {};
 // sAsinpi EP: 13.69 bits at -0x1.00007p-1
 // dAsinpi LA: 2.6615 ulp at -0x1.153bbf117a1a8p-1
 // dAsinpi HA: 0.6650 ulp at -0x1.58b04d16c2569p-1021
-// dAsinpi EP: 26.62 bits at 0x1.000000000000ep-1
+// dAsinpi EP: 26.61 bits at -0x1.0001ec3b19d4cp-1
 template <class V, Level L>
 struct Asinpi : arc::ArcSine<V, L, Unit::half_turn> {};
 // sAcos LA: 1.2612 ulp at -0x1.003818p-1

@@ -1,8 +1,8 @@
 // Arc tangent of one number and of a point, also in half turns. With n <= d the smaller and the larger of the two
 // magnitudes (of x and 1, or of x and y), c = 9/16 where n/d is above 9/32 and 0 below,
 //   atan(n/d) = atan(c) + atan(t),  t = (n - c d) / (d + c n),  |t| <= 0.2813,  atan(t) = t + t z P(z), z = t^2;
-// the octant then says what to take it from: the result is base +- atan(n/d). At EP in 32 bits c is always 0; at HA in 32
-// bits the quotient itself is the argument of polynomials on eight intervals.
+// the octant then says what to take it from: the result is base +- atan(n/d). At EP in 32 bits c is always 0; at HA in
+// 32 bits the quotient itself is the argument of polynomials on eight intervals.
 #pragma once
 
 #include <iterator>

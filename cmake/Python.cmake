@@ -1,18 +1,30 @@
 # The Python that the package `orvik` is built for: the system's, whatever stands first in PATH, unless ORVIK_PYTHON names another.
-# Sets ORVIK_PYTHON_FOUND, ORVIK_PYTHON_INCLUDE, ORVIK_PYTHON_NUMPY, ORVIK_PYTHON_SUFFIX, and ORVIK_PYTHON_TESTS where the tests can run.
+# Sets ORVIK_PYTHON_INCLUDE, ORVIK_PYTHON_NUMPY, ORVIK_PYTHON_SUFFIX where it has NumPy and headers, ORVIK_PYTHON_LIBRARY where it can be
+# embedded too; ORVIK_PYTHON_FOUND where the package is built, and ORVIK_PYTHON_TESTS where its tests can run.
 set(ORVIK_PYTHON /usr/bin/python3 CACHE FILEPATH "The Python that the package is built for")
 set(ORVIK_INSTALL_PYTHONDIR lib/python3/dist-packages CACHE STRING "Where the package is installed, below the prefix")
 set(ORVIK_PYTHON_FOUND OFF)
 set(ORVIK_PYTHON_TESTS OFF)
-if(NOT ORVIK_BUILD_PYTHON)
+if(NOT ORVIK_BUILD_PYTHON AND NOT ORVIK_BUILD_BENCH)
   return()
 endif()
 execute_process(COMMAND ${ORVIK_PYTHON} -c [[
 import sysconfig, numpy, pathlib
 include = sysconfig.get_path("include")
 if not (pathlib.Path(include) / "Python.h").exists(): raise SystemExit("no headers of Python in " + include)
-print(include, numpy.get_include(), sysconfig.get_config_var("EXT_SUFFIX"), sep=";", end="")
+library = pathlib.Path(sysconfig.get_config_var("LIBDIR"), sysconfig.get_config_var("LDLIBRARY"))
+print(include, numpy.get_include(), sysconfig.get_config_var("EXT_SUFFIX"), library if library.suffix == ".so" and library.exists() else "",
+      sep=";", end="")
 ]] OUTPUT_VARIABLE answer ERROR_VARIABLE error RESULT_VARIABLE result)
+if(result EQUAL 0)
+  list(GET answer 0 ORVIK_PYTHON_INCLUDE)
+  list(GET answer 1 ORVIK_PYTHON_NUMPY)
+  list(GET answer 2 ORVIK_PYTHON_SUFFIX)
+  list(GET answer 3 ORVIK_PYTHON_LIBRARY)
+endif()
+if(NOT ORVIK_BUILD_PYTHON)
+  return()
+endif()
 find_path(ORVIK_PYBIND11 pybind11/pybind11.h)
 mark_as_advanced(ORVIK_PYBIND11)
 if(NOT result EQUAL 0)
@@ -20,9 +32,6 @@ if(NOT result EQUAL 0)
 elseif(NOT ORVIK_PYBIND11)
   message(STATUS "No Python package here: pybind11 is missing")
 else()
-  list(GET answer 0 ORVIK_PYTHON_INCLUDE)
-  list(GET answer 1 ORVIK_PYTHON_NUMPY)
-  list(GET answer 2 ORVIK_PYTHON_SUFFIX)
   set(ORVIK_PYTHON_FOUND ON)
   execute_process(COMMAND ${ORVIK_PYTHON} -c "import pytest, hypothesis, scipy" RESULT_VARIABLE result ERROR_QUIET)
   set(ORVIK_PYTHON_TESTS ON)

@@ -66,6 +66,8 @@ print("\n".join([
     "foresees each of them. Of contiguous observations, running results are loaded and stored once for four rows. Tiles of rows that",
     "keep the results in registers are slower from memory, since the hardware does not foresee their order and prefetch instructions alone",
     "bring a third of the bandwidth.", "",
+    "Rows of observations are added up in registers of 512 bits where the processor has them and a row is long (`ss_widths` times",
+    "both widths); peers that are compiled here have those of the library's own level, 256 bits.", "",
     "Two threads gain no more from sums of powers from memory than memory gives to two, which is the line of a plain read; the lines",
     "\"in cache\" have data that stay in the caches.", "",
     "The geometric means are of all lines whose peer is another library, and of the fastest library of each.", "",

@@ -24,8 +24,8 @@ out = ["# Speed of the vector functions", "",
        f"bench/zym/page.py zym.csv narrow.csv \"{machine}\" > docs/performance-vector.md", "```", "",
        f"Machine: {machine}. Nanoseconds, fastest of many interleaved turns; a ratio is peer over ours, so that above 1 ours",
        "is faster. The rival of a level is the fastest peer that is at least as accurate (HA: 1 ulp; LA: 4 ulp; EP: any)",
-       "among SLEEF, the C library's vector functions, Eigen, and loops over operators and the C library, in registers of 512 bits",
-       "where the processor has them and the peer a variant for them. Our time of 256 bits is of the second run.", ""]
+       "among SLEEF, the C library's vector functions, Eigen, NumPy, and loops over operators and the C library, in registers of",
+       "512 bits where the processor has them and the peer a variant for them. Our time of 256 bits is of the second run.", ""]
 ours = {(r["row"], r["level"], r["n"]): float(r["ns"]) for r in pick("rows") if r["what"] == "ours"}
 rival = {(r["row"], r["level"], r["n"]): (r["what"], float(r["ns"]), float(r["ratio"])) for r in pick("summary")}
 
@@ -43,6 +43,21 @@ for level in LIMIT:
             # A level that shares its kernel with another one has no line of its own.
             widths = [narrow[row, level] / ours[row, level, "1000"] for row in some if (row, level) in narrow]
             out.append(f"| {level} | {what} | {len(some)} | {mean(some.values()):.2f} | {some[least]:.2f} `{least}` | {f'{mean(widths):.2f}' if widths else ''} |")
+beside = [r for r in pick("beside") if r["what"] in ("numpy", "numpy 512")]
+if beside:
+    about = next(r["what"] for r in pick("about"))
+    out += ["", "## Beside NumPy", "",
+            f"{about}: its ufuncs with the output given, called through CPython's C API without an interpreter's loop around them. All functions",
+            "that both have, whatever the accuracy of NumPy's (4 ulp where it has vector loops); and those of which it has loops of 512 bits.", "",
+            "| level | NumPy's loops | n | rows | geometric mean | least | next | rows below 1 |", "|---|---|---|---|---|---|---|---|"]
+    for level in ("LA", "HA"):
+        for what, keep in (("all", ""), ("of 512 bits", "512")):
+            for n in ("1000", "10000", "100000"):
+                some = {r["row"]: float(r["ratio"]) for r in beside if r["level"] == level and r["n"] == n and keep in r["what"]}
+                if some:
+                    least = " | ".join(f"{some[row]:.2f} `{row}`" for row in sorted(some, key=some.get)[:2])
+                    out.append(f"| {level} | {what} | {int(n):,} | {len(some)} | {mean(some.values()):.2f} | {least} | "
+                               f"{sum(x < 1 for x in some.values())} |")
 out += ["", "## In cache, unit stride", "",
         "| row | kernel | n = 100 | n = 1,000 | n = 100,000 | 256 bits, 1,000 | rival at 1,000 | ratio at 100 | 1,000 | 100,000 |",
         "|---|---|---|---|---|---|---|---|---|---|"]

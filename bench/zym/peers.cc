@@ -31,7 +31,14 @@ std::vector<Peer> all_peers() {
 #ifdef ORVIK_BENCH_GSL
   take(gsl_peers());
 #endif
+#ifdef ORVIK_BENCH_NUMPY
+  take(numpy_peers());
+#endif
   return all;
 }
+
+#ifndef ORVIK_BENCH_NUMPY
+std::string numpy_description() { return ""; }
+#endif
 
 }  // namespace orvik::bench

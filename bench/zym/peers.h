@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -15,6 +16,8 @@ struct Arrays {
   void* r1;
   void* r2;
   int32_t incA, incB, incR1, incR2;  // strided calls
+
+  friend bool operator==(const Arrays&, const Arrays&) = default;
 };
 using PeerFunction = void (*)(int32_t n, const Arrays& arrays);
 
@@ -39,7 +42,11 @@ std::span<const Peer> libmvec_wide_peers();
 std::span<const Peer> eigen_peers();
 std::span<const Peer> boost_peers();
 std::span<const Peer> gsl_peers();
+std::span<const Peer> numpy_peers();  // starts an interpreter
 
 std::vector<Peer> all_peers();
+
+// Which NumPy is among the peers; empty where none is.
+std::string numpy_description();
 
 }  // namespace orvik::bench

@@ -45,10 +45,10 @@ constexpr Peer kPeers[] = {
     EIGEN2(Sub, 0.5, 0.5, a - b) EIGEN2(Mul, 0.5, 0.5, a * b) EIGEN2(Div, 0.5, 0.5, a / b)
     EIGEN1(Inv, 0.5, 0.5, a.inverse()) EIGEN1(Ceil, 0.5, 0.5, a.ceil()) EIGEN1(Floor, 0.5, 0.5, a.floor())
     EIGEN1(Rint, 0.5, 0.5, a.rint()) EIGEN1(Round, 0.5, 0.5, a.round()) EIGEN2(Fmax, 0.5, 0.5, a.max(b))
-    EIGEN2(Fmin, 0.5, 0.5, a.min(b)) EIGEN1(Sqrt, 0.5, 0.5, a.sqrt()) EIGEN1(InvSqrt, 4, 4, a.rsqrt())
+    EIGEN2(Fmin, 0.5, 0.5, a.min(b)) EIGEN1(Sqrt, 3.2, 0.5, a.sqrt()) EIGEN1(InvSqrt, 4, 4, a.rsqrt())
     EIGEN1(Exp, 4, 4, a.exp()) EIGEN1(Expm1, 4, 4, a.expm1()) EIGEN1(Ln, 4, 4, a.log()) EIGEN1(Log2, 4, 4, a.log2())
     EIGEN1(Log10, 4, 4, a.log10()) EIGEN1(Log1p, 4, 4, a.log1p()) EIGEN1(Sin, 4, 4, a.sin()) EIGEN1(Cos, 4, 4, a.cos())
-    EIGEN1(Tanh, 4, 4, a.tanh()) EIGEN2(Pow, 4, 4, a.pow(b)) EIGEN1(CdfNormInv, 8, 5, a.ndtri())
+    EIGEN1(Tanh, 4.3, 4, a.tanh()) EIGEN2(Pow, 4, 4, a.pow(b)) EIGEN1(CdfNormInv, 8, 5, a.ndtri())
 };
 
 }  // namespace

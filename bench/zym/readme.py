@@ -14,6 +14,7 @@ import sys
 IN_CACHE = ["sExp", "sLn", "dExp", "dLn", "sCbrt", "dInvSqrt", "sDiv", "sAdd", "dMul", "sAbs", "dFloor", "sRound"]
 IN_MEMORY = ["sAdd", "dMul", "sAbs", "dFloor", "sRound"]
 LEVELS = ["HA", "LA", "EP"]
+BESIDE = ["1,000", "10,000", "100,000"]  # elements a call, of NumPy's ufuncs
 
 
 def fail(what):
@@ -46,8 +47,16 @@ def figures(page):
         if not any(kernels):
             fail(f"the page has no row {name}")
         out.append(f"| `{name}` | " + " | ".join(f"{k['n = 1,000']} | {k['rival at 1,000']}" if k else " | " for k in kernels) + " |")
-    out += ["", "An empty place: the level shares its kernel with another one.", "",
-            "| n = 10,000,000 | ours | `memcpy` of the same bytes | ratio |", "|---" * 4 + "|"]
+    out += ["", "An empty place: the level shares its kernel with another one.", ""]
+    if "\n## Beside NumPy\n" in page:  # where the machine had it
+        rows_beside = {(row["NumPy's loops"], row["level"], row["n"]): f"{row['geometric mean']}, {row['least'].replace('`', '')}" for row in table(page, "Beside NumPy")}
+        out += ["Beside NumPy's ufuncs, all functions that both have, and those of which NumPy has loops of 512 bits: geometric mean and least.", "",
+                "| NumPy's loops | level | " + " | ".join(f"n = {n}" for n in BESIDE) + " |", "|---" * (2 + len(BESIDE)) + "|"]
+        for what, level in dict.fromkeys(key[:2] for key in rows_beside):
+            cells = [rows_beside.get((what, level, n)) or fail(f"the page has no n of {n} beside NumPy") for n in BESIDE]
+            out.append(f"| {what} | {level} | " + " | ".join(cells) + " |")
+        out.append("")
+    out += ["| n = 10,000,000 | ours | `memcpy` of the same bytes | ratio |", "|---" * 4 + "|"]
     for name in IN_MEMORY:
         row = memory.get(name) or fail(f"the page has no row {name} of ten million elements")
         out.append(f"| `{name}` | {row['ns per element']} | {row['memcpy, same traffic']} | {row['memcpy/ours']} |")

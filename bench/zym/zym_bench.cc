@@ -8,6 +8,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <tuple>
 
 #include "orvik/zym.h"
 #include "zym/compare.h"
@@ -23,7 +24,7 @@ constexpr const char* kUsage = R"(zym_bench [options]
 
   --rows FILTER      names with wildcards, such as "sExp*,dLn" (default: every row that is built)
   --levels LIST      of LA,HA,EP (default: all)
-  --sizes LIST       lengths (default: 1,16,100,1000,100000)
+  --sizes LIST       lengths (default: 1,16,100,1000,10000,100000)
   --section LIST     of rows,strided,overhead,large,special,memory,summary,peers (default: all but peers)
   --time MS          milliseconds per comparison (default: 12)
   --csv FILE         every figure
@@ -35,13 +36,14 @@ overhead       ns of a call with 1 and with 16 elements above that of a plain fu
 large          an array of large arguments, of all sizes, against a plain one: functions that reduce them
 special        an array with one special element in a hundred against a plain one, errors off
 memory         rows that memory bandwidth limits at 10^7 elements, against memcpy of the same traffic
-summary        geometric mean by family and level of the ratio to the fastest peer that is as accurate, and the worst row
+summary        geometric mean by family and level of the ratio to the fastest peer that is as accurate, and the worst row;
+               the same of each peer by itself, whatever its accuracy, by level and length
 peers          the largest error found of each peer
 )";
 
 struct Options {
   std::string rows, levels = "LA,HA,EP", sections = "rows,strided,overhead,large,special,memory,summary", csv, peer_page;
-  std::vector<int32_t> sizes = {1, 16, 100, 1000, 100000};
+  std::vector<int32_t> sizes = {1, 16, 100, 1000, 10000, 100000};
   double seconds = 0.012;
 };
 
@@ -94,6 +96,9 @@ class Run {
       }
       std::fputs("section,row,level,strided,n,what,ns,ratio\n", csv_);
     }
+    const std::string numpy = numpy_description();
+    std::printf("%s\n", numpy.empty() ? "No NumPy among the peers." : ("Among the peers: " + numpy).c_str());
+    if (csv_ != nullptr && !numpy.empty()) std::fprintf(csv_, "about,,,0,0,\"%s\",0,0\n", numpy.c_str());
     for (const rows::Row& row : rows::all()) {
       if (row.built() && row.shape != rows::Shape::pack && rows::matches(o.rows, row.name)) rows_.push_back(&row);
     }
@@ -282,41 +287,71 @@ class Run {
     }
   }
 
+  // The geometric mean of some ratios, and the least.
+  struct Mean {
+    double logs = 0;
+    int count = 0;
+    double worst = std::numeric_limits<double>::infinity();
+    std::string worst_row;
+
+    void add(double ratio, const std::string& row) {
+      logs += std::log(ratio);
+      ++count;
+      if (ratio < worst) {
+        worst = ratio;
+        worst_row = row;
+      }
+    }
+    double value() const { return std::exp(logs / count); }
+  };
+
   void summary() {
-    struct Mean {
-      double logs = 0;
-      int count = 0, alone = 0;
-      double worst = std::numeric_limits<double>::infinity();
-      std::string worst_row;
-    };
     std::map<std::pair<std::string, int>, Mean> means;
+    std::map<std::pair<std::string, int>, int> alone;
     for (const Point& p : points_) {
       if (p.n < 100) continue;
       for (int level = 0; level < rows::kLevels; ++level) {
         if (!wants_level(level)) continue;
-        Mean& mean = means[{text(p.row->family), level}];
+        const auto key = std::pair(text(p.row->family), level);
         const Point::Other* rival = p.rival(level);
         if (rival == nullptr) {
-          ++mean.alone;
+          ++alone[key];
           continue;
         }
         const double ratio = rival->time / p.ours[level];
-        mean.logs += std::log(ratio);
-        ++mean.count;
         record("summary", *p.row, rows::kLevelNames[level], false, p.n, text(rival->peer->source), rival->time, ratio);
-        if (ratio < mean.worst) {
-          mean.worst = ratio;
-          mean.worst_row = text(p.row->name) + " at " + std::to_string(p.n) + " against " + text(rival->peer->source);
-        }
+        means[key].add(ratio, text(p.row->name) + " at " + std::to_string(p.n) + " against " + text(rival->peer->source));
       }
     }
     std::printf("\n## Ratio of the fastest peer that is as accurate to ours, n of 100 and more, unit stride\n");
     for (const auto& [key, mean] : means) {
-      if (mean.count == 0) continue;
       std::printf("%-12s %s  geometric mean %.2f over %d, worst %.2f: %s", key.first.c_str(), rows::kLevelNames[key.second],
-                  std::exp(mean.logs / mean.count), mean.count, mean.worst, mean.worst_row.c_str());
-      if (mean.alone > 0) std::printf(" (%d without a peer)", mean.alone);
+                  mean.value(), mean.count, mean.worst, mean.worst_row.c_str());
+      if (alone[key] > 0) std::printf(" (%d without a peer)", alone[key]);
       std::printf("\n");
+    }
+    beside();
+  }
+
+  void beside() {
+    std::map<std::tuple<std::string, int, int32_t>, Mean> means;
+    for (const Point& p : points_) {
+      if (p.n < 100) continue;
+      for (int level = 0; level < rows::kLevels; ++level) {
+        if (!wants_level(level)) continue;
+        for (const Point::Other& other : p.others) {
+          const double ratio = other.time / p.ours[level];
+          const std::string source = text(other.peer->source);
+          record("beside", *p.row, rows::kLevelNames[level], false, p.n, source, other.time, ratio);
+          means[{source, level, p.n}].add(ratio, text(p.row->name));
+        }
+      }
+    }
+    std::printf("\n## Ratio of each peer to ours, unit stride\n");
+    for (const auto& [key, mean] : means) {
+      const auto& [source, level, n] = key;
+      std::printf("%-14s %s  n=%-7d geometric mean %.2f over %d, worst %.2f: %s\n", source.c_str(), rows::kLevelNames[level], n,
+                  mean.value(), mean.count, mean.worst, mean.worst_row.c_str());
     }
   }
 

@@ -6,6 +6,7 @@ Functions of numbers are ufuncs under NumPy's and SciPy's names (`orvik.exp`, `o
 """
 import importlib as _importlib
 
+from . import _pickling  # noqa: F401  (tells pickle of the ufuncs)
 from ._accuracy import accuracy, get_accuracy, set_accuracy
 from ._math import *  # noqa: F401,F403  (the ufuncs)
 from ._math import __all__ as _ufuncs

@@ -58,7 +58,7 @@ def weights_for(weights, n, dtype):
     """The weights of n observations, or None."""
     if weights is None:
         return None
-    array = np.ascontiguousarray(numbers(weights, dtype))
+    array = np.require(np.ascontiguousarray(numbers(weights, dtype)), requirements=["C", "A"])
     if array.shape != (n,):
         raise ValueError(f"weights must be one for each of {n} observations")
     return array

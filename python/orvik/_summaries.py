@@ -151,6 +151,9 @@ def _summary_of(dtype, image):
 class StreamQuantiles:
     """Quantiles of any number of blocks of observations, of which few are kept.
 
+    An object stays in its process: what it keeps cannot be saved, and it can be neither pickled nor copied. Between
+    processes, send quantiles of a common set of orders, or a `Summary`.
+
     Parameters
     ----------
     p : int
@@ -181,6 +184,9 @@ class StreamQuantiles:
     def p(self):
         """Number of variables."""
         return self._p
+
+    def __reduce__(self):
+        raise TypeError("cannot pickle StreamQuantiles: the observations that it keeps have no image")
 
     def update(self, block):
         """Adds observations, of shape (n, p), or (n,) where p is 1."""

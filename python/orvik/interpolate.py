@@ -68,7 +68,7 @@ class Spline:
     def __init__(self, x, y, kind="natural", ends="free", internal=None):
         x, y = _real(x, "x"), _real(y, "y")
         dtype = np.float32 if x.dtype == y.dtype == np.float32 else np.float64
-        x, y = np.array(x, dtype, order="C"), np.ascontiguousarray(y, dtype)
+        x, y = np.array(x, dtype, order="C"), _plain(y, dtype)
         if x.ndim != 1:
             raise ValueError("x must be one-dimensional")
         if y.ndim not in (1, 2) or y.shape[-1] != x.size:
@@ -79,7 +79,7 @@ class Spline:
         if kind in ("hermite", "default"):
             if internal is None:
                 raise ValueError(f"a spline of kind {kind!r} needs internal derivatives")
-            internal = np.ascontiguousarray(_real(internal, "internal"), dtype)
+            internal = _plain(_real(internal, "internal"), dtype)
             if internal.shape != (max(x.size - 2, 0),):
                 raise ValueError(f"internal must have shape ({max(x.size - 2, 0)},), not {internal.shape}")
         elif internal is not None:
@@ -138,6 +138,11 @@ class Spline:
 
     def __reduce__(self):
         return Spline, self._arguments
+
+
+def _plain(array, dtype):
+    """In C order, and aligned, which `ascontiguousarray` does not look at."""
+    return np.require(np.ascontiguousarray(array, dtype), requirements=["C", "A"])
 
 
 def search(x, t):

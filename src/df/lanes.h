@@ -3,11 +3,8 @@
 #define ORVIK_DF_LANES_H
 
 #include "lanes/generic.h"
-#include "lanes/indices.h"
 #include "lanes/memory.h"
-#include "lanes/native.h"
-#include "lanes/rows.h"
-#include "lanes/transpose.h"
+#include "lanes/table_rows.h"
 
 namespace orvik::df {
 

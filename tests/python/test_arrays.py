@@ -260,3 +260,43 @@ def test_orders_of_bessel_functions():
             assert np.isnan(orvik.jn(bad, x)).all()
         with np.errstate(invalid="raise"), pytest.raises(FloatingPointError):
             orvik.jn(bad, x)
+
+
+@pytest.mark.parametrize("name", ["modf", "sincos", "sincospi"])
+@pytest.mark.parametrize("dtype", [np.float32, np.float64])
+@pytest.mark.parametrize("n", [1, 100, 40_000])
+def test_two_results_by_every_way_of_giving_outputs(name, dtype, n):
+    f, x = getattr(orvik, name), np.random.default_rng(3).uniform(-9, 9, n).astype(dtype)
+    wanted = f(x[::-1])  # NumPy's way
+    wanted = [w[::-1] for w in wanted]
+    first, second = np.empty_like(x), np.empty_like(x)
+    for got in (f(x), f(x, first, second), f(x, out=(first, second)), f(x, None, second), f(x, first), f(x, out=(first, None))):
+        assert type(got) is tuple
+        for g, w in zip(got, wanted):
+            np.testing.assert_array_equal(g, w)
+    got = f(x, first, second)
+    assert got[0] is first and got[1] is second
+    mine = x.copy()
+    np.testing.assert_array_equal(f(mine, mine, second)[0], wanted[0])
+    mine = x.copy()
+    np.testing.assert_array_equal(f(mine, first, mine)[1], wanted[1])
+
+
+def test_two_results_in_one_array_are_as_with_numpys_functions():
+    """NumPy computes into copies where they meet, which go back one after the other."""
+    x, ours, theirs = np.linspace(0, 9, 50), np.empty(51), np.empty(51)
+    orvik.modf(x, ours[:50], ours[1:])
+    np.modf(x, theirs[:50], theirs[1:])
+    np.testing.assert_array_equal(ours, theirs)
+
+
+def test_in_place_is_what_a_new_array_has():
+    for n in (1, 100, 5000, 100_000):
+        x = np.random.default_rng(n).uniform(0.5, 2, n)
+        for f, more in ((orvik.exp, ()), (orvik.power, (x[::-1].copy(),)), (orvik.floor, ())):
+            mine = x.copy()
+            assert f(mine, *more, mine) is mine
+            np.testing.assert_array_equal(mine, f(x, *more))
+    z = np.array([3 + 4j] * 20)
+    narrow = z.view(np.float64)[:20]  # lies within its argument, with another size of element
+    np.testing.assert_array_equal(orvik.absolute(z, narrow), np.full(20, 5.0))

@@ -29,7 +29,7 @@ def streams():
     stream = MT19937(7)
     rng = np.random.Generator(stream)
     rng.random(100)
-    stream.normal(size=1000)
+    stream.normal(size=1000), stream.uniform(0, 1, 5), stream.exponential(), stream.normal(out=np.empty(9))
     copied = stream.copy()
     copied.state = stream.state
     stream.spawn(1), NIEDERREITER(100).words(100), MT2203(1, 3).jumped
@@ -43,6 +43,7 @@ def refused_streams():
     refused(setattr, stream, "state", {"bit_generator": "MT19937", "image": MT2203(1).state["image"]})
     refused(stream.uniform, 1, 0, size=1000)
     refused(stream.uniform, out=np.zeros(10)[::2])
+    refused(stream.normal, 0.0, -1.0, 7), refused(stream.uniform, oops=1), refused(MT19937.uniform)
     refused(stream.gamma, -1, size=1000)
     refused(MT2203(1).skip, 5)
     refused(MT19937, -1)

@@ -1,6 +1,9 @@
 """Distributions as methods: the library's numbers, NumPy's conventions, long draws in pieces."""
 import ctypes
+import inspect
+import re
 import signal
+import threading
 import time
 
 import numpy as np
@@ -348,7 +351,7 @@ def test_parameters_outside_their_domain_are_value_errors_and_leave_the_stream(n
     assert stream.state == PHILOX4X32X10(1).state
 
 
-@pytest.mark.parametrize("name, arguments", [("uniform", ("a",)), ("normal", ([0, 1], 1)), ("chisquare", (1.5,)),
+@pytest.mark.parametrize("name, arguments", [("uniform", ("a",)), ("integers", ([0, 1], 5)), ("chisquare", (1.5,)),
                                              ("integers", (1.5,)), ("binomial", (1.5, 0.5)), ("gamma", (None,)),
                                              ("uniform", (1j,))])
 def test_parameters_of_other_types_are_errors(name, arguments):
@@ -411,3 +414,148 @@ def test_a_draw_goes_on_where_an_interrupted_one_ended(kind):
     a = stream.uniform(size=1 << 20)
     b = stream.uniform(size=100)
     np.testing.assert_array_equal(np.concatenate([a, b]), kind(1).uniform(size=(1 << 20) + 100))
+
+
+SHORT = {"uniform": (-1.0, 2.0), "normal": (3.0, 0.5), "exponential": (2.0,), "laplace": (1.0, 2.0), "cauchy": (1.0, 2.0)}
+
+
+@pytest.mark.parametrize("name", SHORT)
+def test_plain_calls_are_what_the_method_in_python_does(name):
+    """The commonest calls are served past the checks; the numbers and the stream's place are the same."""
+    short = getattr(MT19937, name)
+    slow = short.__wrapped__
+    parameters = SHORT[name]
+    calls = [((), {}), (parameters, {}), (parameters, {"size": 7}), ((*parameters, 7), {}), ((), {"size": 0}), ((), {"size": 2000}),
+             ((*parameters, 7, np.float64), {}), ((), {"size": (2, 3)}), ((), {"size": 5, "dtype": np.float32}),
+             ((1, *parameters[1:]), {"size": None}), ((np.float64(1.5), *parameters[1:]), {"size": 3})]
+    for arguments, named in calls:
+        a, b = MT19937(5), MT19937(5)
+        got, wanted = short(a, *arguments, **named), slow(b, *arguments, **named)
+        assert type(got) is type(wanted)
+        np.testing.assert_array_equal(got, wanted)
+        assert a.state["image"] == b.state["image"]
+    for shape in ((10,), (3, 4), (), (700_000,)):
+        a, b, mine, theirs = MT19937(5), MT19937(5), np.empty(shape), np.empty(shape)
+        assert short(a, *parameters, out=mine) is mine
+        slow(b, *parameters, out=theirs)
+        np.testing.assert_array_equal(mine, theirs)
+        assert a.uniform() == b.uniform()
+
+
+@pytest.mark.parametrize("arguments, named", [
+    ((), {"size": -1}), ((0.0, 1.0, -1), {}), (("x",), {}), ((), {"out": [1.0]}), ((), {"out": np.empty(3, np.float32)}),
+    ((), {"out": np.empty(6)[::2]}), ((), {"size": 3, "out": np.empty(4)}), ((), {"oops": 1}), ((0.0,), {"low": 1.0}),
+    ((1.0, 1.0), {"size": 3}), ((np.nan, 1.0, 3), {}), ((), {"dtype": np.int32}), ((0.0, 1.0, 3, None, None, None), {}), ((10**400,), {}),
+])
+def test_refused_plain_calls_are_refused_by_the_method_in_python(arguments, named):
+    a = MT19937(5)
+    before = a.state["image"]
+    with pytest.raises(Exception) as wanted:
+        MT19937.uniform.__wrapped__(a, *arguments, **named)
+    with pytest.raises(wanted.type, match=re.escape(str(wanted.value))):
+        a.uniform(*arguments, **named)
+    assert a.state["image"] == before
+
+
+def test_methods_with_a_short_way_look_like_methods():
+    assert inspect.signature(MT19937.normal) == inspect.signature(MT19937.normal.__wrapped__)
+    assert list(inspect.signature(MT19937(1).normal).parameters)[0] == "loc"
+    assert MT19937.normal.__name__ == "normal" and MT19937.normal.__doc__.startswith("Normal numbers")
+    assert callable(MT19937(1).normal) and inspect.isroutine(MT19937.normal)
+    with pytest.raises(AttributeError):
+        MT19937.uniform("not a generator")
+    with pytest.raises(TypeError):
+        MT19937.uniform()
+
+
+def test_a_short_draw_waits_for_the_lock():
+    stream, done = MT19937(5), threading.Event()
+    wanted = MT19937(5).uniform(size=3)
+    got = []
+    with stream.lock:
+        thread = threading.Thread(target=lambda: (got.append(stream.uniform(size=3)), done.set()))
+        thread.start()
+        assert not done.wait(0.1)
+    assert done.wait(10)
+    thread.join()
+    np.testing.assert_array_equal(got[0], wanted)
+
+
+SHIFTED = [("uniform", {}, ("low", "high"), (-1.3, 2.9)), ("normal", {}, ("loc", "scale"), (0.7, 2.3)),
+           ("normal", {"method": "box-muller-pairs"}, ("loc", "scale"), (0.7, 2.3)), ("exponential", {}, ("loc", "scale"), (0.3, 2.3)),
+           ("laplace", {}, ("loc", "scale"), (0.7, 2.3)), ("cauchy", {}, ("loc", "scale"), (0.7, 2.3)),
+           ("gumbel", {}, ("loc", "scale"), (0.7, 2.3)), ("rayleigh", {}, ("loc", "scale"), (0.7, 2.3)),
+           ("gamma", {"shape": 0.7}, ("loc", "scale"), (0.7, 2.3)), ("weibull", {"a": 1.7}, ("loc", "scale"), (0.7, 2.3))]
+GROUPED = [("gamma", {}, ("shape", "scale"), (0.7, 2.3)), ("weibull", {}, ("a", "scale"), (1.7, 2.0)), ("beta", {}, ("a", "b"), (0.7, 2.3)),
+           ("chisquare", {}, ("df",), (3,)), ("bernoulli", {}, ("p",), (0.3,)), ("geometric", {}, ("p",), (0.3,)),
+           ("binomial", {}, ("n", "p"), (20, 0.3)), ("negative_binomial", {}, ("n", "p"), (2.5, 0.3))]
+
+
+@pytest.mark.parametrize("name, more, names, values", SHIFTED + GROUPED)
+@pytest.mark.parametrize("dtype", [0, 1])
+def test_constant_arrays_of_parameters_draw_as_numbers_do(name, more, names, values, dtype):
+    kinds = (np.int32, np.int64) if name in ("bernoulli", "geometric", "binomial", "negative_binomial") else (np.float64, np.float32)
+    a, b = MT19937(9), MT19937(9)
+    wanted = getattr(a, name)(**more, **dict(zip(names, values)), size=(50, 21), dtype=kinds[dtype])
+    arrays = {n: np.full(21 if k else (50, 1), v) for k, (n, v) in enumerate(zip(names, values))}
+    np.testing.assert_array_equal(getattr(b, name)(**more, **arrays, size=(50, 21), dtype=kinds[dtype]), wanted)
+    assert a.state["image"] == b.state["image"]
+    out = np.empty((50, 21), kinds[dtype])
+    assert getattr(MT19937(9), name)(**more, **arrays, dtype=kinds[dtype], out=out) is out
+    np.testing.assert_array_equal(out, wanted)
+
+
+@pytest.mark.parametrize("name, more, names, values", SHIFTED + GROUPED)
+def test_each_number_has_its_own_parameters(name, more, names, values):
+    """Rows of two different sets of parameters have the laws of these."""
+    other = tuple(v * 3 if v >= 1 else v * 0.5 for v in values)
+    arrays = {n: np.array([[v], [w]]) for n, v, w in zip(names, values, other)}
+    got = getattr(MT19937(9), name)(**more, **arrays, size=(2, 4000))
+    for row, numbers in zip(got, (values, other)):
+        alone = getattr(MT19937(77), name)(**more, **dict(zip(names, numbers)), size=4000)
+        assert scipy.stats.ks_2samp(row, alone).pvalue > 1e-4
+
+
+def test_parameters_broadcast_as_numpys_do():
+    s, rng = MT19937(1), np.random.default_rng(1)
+    for name, arguments in (("normal", ([0.0, 1.0], [[1.0], [2.0], [3.0]])), ("uniform", ([0.0, 1.0], 5.0)), ("exponential", ([1.0, 2.0],)),
+                            ("gamma", ([1.0, 2.0], 3.0)), ("binomial", ([5, 6], 0.5)), ("poisson", ([1.0, 2.0],)), ("normal", ([], 1.0))):
+        assert getattr(s, name)(*arguments).shape == getattr(rng, name)(*arguments).shape
+        for size in ((3, 2), (4, 3, 2), (2, 3), 5):
+            try:
+                shape = getattr(rng, name)(*arguments, size=size).shape
+            except ValueError:
+                with pytest.raises(ValueError):
+                    getattr(s, name)(*arguments, size=size)
+            else:
+                assert getattr(s, name)(*arguments, size=size).shape == shape
+
+
+@pytest.mark.parametrize("name, arguments", [
+    ("normal", ([0.0, 1.0], [1.0, -1.0])), ("normal", ([0.0, np.nan], 1.0)), ("uniform", ([0.0, 2.0], 1.0)), ("uniform", (0.0, [1.0, np.inf])),
+    ("uniform", ([0.0, -1.7e308], 1.7e308)), ("exponential", ([1.0, 0.0],)), ("gamma", ([1.0, -1.0],)), ("gamma", (1.0, [1.0, 0.0])),
+    ("binomial", ([5, 6], [0.5, 1.5])), ("binomial", ([5, 1 << 40], 0.5)), ("beta", ([1.0, 0.0], 1.0)), ("chisquare", ([3, 0],)),
+    ("weibull", ([1.0, np.nan],)), ("bernoulli", ([0.5, -0.5],)), ("geometric", ([0.5, 0.0],)), ("laplace", (0.0, [1.0, np.inf])),
+])
+def test_one_parameter_outside_its_domain_leaves_the_stream(name, arguments):
+    s = MT19937(9)
+    before = s.state["image"]
+    with pytest.raises(ValueError):
+        getattr(s, name)(*arguments)
+    assert s.state["image"] == before
+
+
+def test_arrays_that_parameters_cannot_be():
+    s = MT19937(9)
+    with pytest.raises(TypeError, match="integers"):
+        s.binomial([2.5, 3.0], 0.5)
+    with pytest.raises(ValueError, match="box-muller"):
+        s.normal([0.0, 1.0], 1.0, method="box-muller")
+    with pytest.raises(ValueError, match="C order"):
+        s.normal([0.0, 1.0], 1.0, out=np.empty((3, 2), order="F"))
+    with pytest.raises((TypeError, ValueError)):
+        s.normal(["a", "b"], 1.0)
+    unaligned = np.frombuffer(b"x" + np.array([1.0, 2.0, 3.0]).tobytes(), np.uint8)[1:].view(np.float64)
+    assert not unaligned.flags.aligned
+    np.testing.assert_array_equal(MT19937(9).poisson(unaligned), MT19937(9).poisson([1.0, 2.0, 3.0]))
+    np.testing.assert_array_equal(MT19937(9).normal(unaligned, 1.0), MT19937(9).normal([1.0, 2.0, 3.0], 1.0))

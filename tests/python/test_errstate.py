@@ -116,6 +116,53 @@ def test_a_kind_that_comes_behind_many_of_another(n):
     assert raised(orvik.log, x.astype("f")) == {"divide by zero", "invalid value"}
 
 
+@pytest.mark.parametrize("n", [17, 1000, 70_000, 200_000])
+@pytest.mark.parametrize("step", [1, 2])
+def test_a_kind_behind_many_of_another_counts_in_place_too(n, step):
+    """The arguments are gone when the call is over: each part of it must have had room for all its reports."""
+    for name, many, last, kinds in (("exp", 1e4, -1e4, {"overflow", "underflow"}), ("log", -1.0, 0.0, {"divide by zero", "invalid value"}),
+                                    ("gamma", -1.0, 0.0, {"divide by zero", "invalid value"})):
+        for dtype in REAL:
+            x = np.full(n * step, many, dtype)[::step]
+            x[-1] = last
+            f = getattr(orvik, name)
+            with np.errstate(all="ignore"):
+                wanted = f(x)
+            assert raised(f, x, out=x) == kinds
+            np.testing.assert_array_equal(x, wanted)
+
+
+def test_a_kind_behind_many_of_another_in_place_of_the_second_argument():
+    a, b = np.full(1000, -2.0), np.full(1000, 0.5)
+    a[-1], b[-1] = 0.0, -1.0
+    assert raised(orvik.power, a, b, out=b) == {"divide by zero", "invalid value"}
+
+
+def test_a_raising_call_in_place_has_written_its_results():
+    x = np.array([1.0, 0.0, 2.0])
+    with np.errstate(all="raise"), pytest.raises(FloatingPointError, match="divide by zero encountered in log"):
+        orvik.log(x, out=x)
+    np.testing.assert_allclose(x, [0, -np.inf, np.log(2)])
+
+
+def test_functions_and_logs_of_errstate_are_called():
+    class Log:
+        lines = []
+
+        def write(self, line):
+            self.lines.append(line)
+
+    with np.errstate(all="log", call=Log()):
+        orvik.log(np.zeros(100))
+    assert Log.lines == ["Warning: divide by zero encountered in log\n"]
+
+    def fail(kind, _):
+        raise KeyError(kind)
+
+    with np.errstate(all="call", call=fail), pytest.raises(KeyError, match="divide by zero"):
+        orvik.log(np.zeros(100))
+
+
 @pytest.mark.parametrize("place", [0, 777777, 1999999])
 def test_elements_that_other_threads_compute_count(place):
     x = np.full(2000000, 0.5)

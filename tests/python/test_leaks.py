@@ -33,6 +33,15 @@ def many_exceptional():
         orvik.log(np.full(1000, -1.0))
 
 
+def in_place():
+    x = np.full(1000, -1.0)
+    with np.errstate(all="ignore"):
+        orvik.log(x, out=x)
+    x = np.full(1000, -1.0)
+    with np.errstate(all="raise"):
+        refused(lambda: orvik.log(x, x))
+
+
 def level():
     with orvik.accuracy("LA"):
         orvik.exp(X)
@@ -40,7 +49,9 @@ def level():
 
 CALLS = {
     "short": lambda: orvik.exp(X), "short into an array": lambda: orvik.exp(X, OUT), "out=": lambda: orvik.exp(X, out=OUT),
-    "two arguments": lambda: orvik.power(X, X), "two results": lambda: orvik.sincos(X), "a number": lambda: orvik.exp(0.5),
+    "two arguments": lambda: orvik.power(X, X), "two results": lambda: orvik.sincos(X),
+    "two results, given": lambda: orvik.modf(X, out=(OUT, X.copy())), "one of two results": lambda: orvik.modf(X, OUT),
+    "in place": lambda: orvik.exp(OUT[:0], OUT[:0]), "in place, exceptional": in_place, "a number": lambda: orvik.exp(0.5),
     "a list": lambda: orvik.exp([0.5, 1]), "strides": lambda: orvik.exp(X[::-2]), "records": lambda: orvik.exp(RECORDS["z"]),
     "long": lambda: orvik.exp(np.ones(200_000)), "cast": lambda: orvik.exp(np.arange(50)), "reduce": lambda: orvik.add.reduce(X),
     "accumulate": lambda: orvik.add.accumulate(X), "outer": lambda: orvik.hypot.outer(X, X), "orders": lambda: orvik.jn([1, 2], 3.0),

@@ -448,3 +448,10 @@ def test_an_empty_stream_has_no_quantiles():
 def test_bad_errors_of_stream_quantiles(epsilon):
     with pytest.raises(ValueError):
         StreamQuantiles(1, epsilon)
+
+
+def test_a_stream_of_quantiles_is_neither_pickled_nor_copied():
+    s = stats.StreamQuantiles(1, 0.01)
+    for call in (pickle.dumps, copy.copy, copy.deepcopy):
+        with pytest.raises(TypeError, match="cannot pickle StreamQuantiles"):
+            call(s)

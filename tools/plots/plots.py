@@ -28,7 +28,7 @@ import sys
 import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-COLOURS = ["#c2410c", "#0f766e", "#4338ca", "#a16207", "#be185d", "#57534e"]
+COLOURS = ["#c2410c", "#0f766e", "#4338ca", "#a16207", "#be185d", "#0369a1", "#57534e"]
 HEAD = """set terminal svg size {width},{height} font "sans-serif,13" background "#ffffff"
 set output "{out}"
 set border 3 linecolor "#57534e"
@@ -129,7 +129,7 @@ def errors(plotter):
 SPEED_ROWS = ("sExp", "dLn", "dSin", "dPow")
 SIZES = (1, 2, 4, 8, 16, 32, 64, 128, 256, 512, 1000, 4000, 16000, 64000, 250000, 1000000)
 SPEED_LEVELS = ("HA", "LA")
-PEERS = {"libm": "libm", "sleef u10": "sleef, 1 ulp", "libmvec": "libmvec, 4 ulp", "eigen": "eigen"}
+PEERS = {"libm": "libm", "sleef u10": "sleef, 1 ulp", "libmvec": "libmvec, 4 ulp", "eigen": "eigen", "numpy": "NumPy"}
 
 
 def processor():

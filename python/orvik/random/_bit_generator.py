@@ -29,7 +29,7 @@ class BitGenerator(Distributions, np.random.BitGenerator):
         the generator makes use of.
     """
 
-    __slots__ = ("lock",)  # reentrant; NumPy's own is not
+    __slots__ = ("lock", "_place")  # reentrant, NumPy's own is not; where short draws find the stream
 
     _number = None  # of the generator in the library
     _words = 8  # of a seed sequence, those that seed a stream
@@ -54,6 +54,7 @@ class BitGenerator(Distributions, np.random.BitGenerator):
         super().__init__(sequence)
         self.lock = threading.RLock()
         self._stream = stream
+        self._place = stream.place()
         self._sequence = sequence
         self._generation = generation
         self._spawned = spawned

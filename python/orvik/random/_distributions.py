@@ -4,6 +4,7 @@ import operator
 
 import numpy as np
 
+from .._random import short_draw
 from ._output import INTEGERS, REALS, array_for, type_of
 
 _METHODS = {"box-muller": 0, "box-muller-pairs": 1, "inverse": 2}
@@ -12,9 +13,16 @@ _METHODS = {"box-muller": 0, "box-muller-pairs": 1, "inverse": 2}
 class Distributions:
     """Draws of a stream, whole arrays at a time.
 
-    All take `size` (int or tuple of ints; None for one number), `dtype` and `out` (an array to fill, of that type and size) and
-    return the array, or a number where neither size nor out is given. Parameters are numbers, not arrays; outside their domain
-    they raise ValueError, and the stream stays where it is. Draws run without the interpreter's lock, on as many threads as pay
+    All take `size` (int or tuple of ints; None for one number, or for the shape of the parameters), `dtype` and `out` (an array to
+    fill, of that type and size) and return the array, or a number where neither size nor out is given and no parameter is an array.
+    Parameters outside their domain raise ValueError, and the stream stays where it is.
+
+    Parameters may be arrays that broadcast to `size` (an output is then in C order), but for `integers`, `hypergeometric`,
+    `multinomial`, `lognormal` and the vectors. Locations and scales of `uniform`, `normal`, `exponential`, `laplace`, `cauchy`,
+    `gumbel` and `rayleigh` make one draw, whose numbers are those of one call where they are constant. Of the other
+    distributions each set of equal parameters is a draw of its own, in ascending order of the sets: quick for few of them, a
+    microsecond and more a number where all differ.
+ Draws run without the interpreter's lock, on as many threads as pay
     where the generator can skip, with the same numbers for any count of threads. An interrupt (Ctrl-C) ends a long draw between
     pieces of up to 2^24 numbers.
     """
@@ -36,8 +44,56 @@ class Distributions:
             draw(array, *parameters)
         return array if out is not None or size is not None else array.item()
 
+    def _array_of(self, name, size, dtype, types, out, shape):
+        """The array that parameters of a shape broadcast to."""
+        size = out.shape if size is None and isinstance(out, np.ndarray) else shape if size is None else size
+        array = array_for(size, type_of(dtype, types, name), out)
+        if not array.flags.c_contiguous:
+            raise ValueError("an output for parameters of their own must be in C order")
+        if np.broadcast_shapes(shape, array.shape) != array.shape:
+            raise ValueError(f"Output size {array.shape} is not compatible with broadcast dimensions of inputs {shape}.")
+        return array
+
+    def _shifted(self, name, size, dtype, out, pair, parts, standard, parameters):
+        """One draw of standard numbers x, then loc + factor x, where (loc, factor) are parts(*pair, type). `parameters(*pair)` are
+        those of a draw with numbers, whose checks refuse what is outside the domain."""
+        pair = [np.asarray(v, np.float64) for v in pair]
+        array = self._array_of(name, size, dtype, REALS, out, np.broadcast_shapes(*(v.shape for v in pair)))
+        pair = [np.broadcast_to(v, array.shape) for v in pair]
+        with np.errstate(all="ignore"):
+            loc, factor = (np.require(v, requirements=["C", "A"]) for v in parts(*pair, array.dtype.type))
+            sound = np.isfinite(loc) & np.isfinite(factor) & (factor > 0)
+        draw = getattr(self._stream, name)
+        with self.lock:
+            if not sound.all():
+                first = np.unravel_index(np.argmin(sound), sound.shape)
+                draw(np.empty(0, array.dtype), *parameters(*(float(v[first]) for v in pair)))
+                raise ValueError("a parameter is outside its domain")
+            draw(array, *standard)
+            self._stream.shift_and_scale(array, loc, factor)
+        return array
+
+    def _grouped(self, name, size, dtype, types, out, *parameters):
+        """A draw for each set of equal parameters, in ascending order."""
+        parameters = [np.asarray(p) for p in parameters]
+        array = self._array_of(name, size, dtype, types, out, np.broadcast_shapes(*(p.shape for p in parameters)))
+        table = np.stack([np.broadcast_to(p, array.shape).reshape(-1) for p in parameters], axis=-1, dtype=np.float64, casting="unsafe")
+        sets, which = np.unique(table, axis=0, return_inverse=True)
+        sets = [[int(v) if p.dtype.kind in "iu" else v for v, p in zip(row, parameters)] for row in sets.tolist()]
+        counts = np.bincount(which.reshape(-1), minlength=len(sets))
+        draw, numbers, first = getattr(self._stream, name), np.empty(array.size, array.dtype), 0
+        with self.lock:
+            for row in sets:
+                draw(numbers[:0], *row)  # the checks of all before the first number
+            for row, count in zip(sets, counts.tolist()):
+                draw(numbers[first:first + count], *row)
+                first += count
+        array.reshape(-1)[np.argsort(which.reshape(-1), kind="stable")] = numbers
+        return array
+
     # ---- Real numbers
 
+    @short_draw
     def uniform(self, low=0.0, high=1.0, size=None, dtype=np.float64, out=None):
         """Numbers evenly between `low` and `high`: low + (high - low) u. A float32 can round up to `high`.
 
@@ -48,8 +104,12 @@ class Distributions:
         >>> bool((abs(x) <= 1).all())
         True
         """
+        if _any_array(low, high):
+            return self._shifted("uniform", size, dtype, out, (low, high), lambda a, b, t: (a.astype(t), b.astype(t) - a.astype(t)),
+                                 (0.0, 1.0), lambda a, b: (a, b))
         return self._real("uniform", size, dtype, out, float(low), float(high))
 
+    @short_draw
     def normal(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None, *, method="inverse"):
         """Normal numbers of mean `loc` and deviation `scale`.
 
@@ -66,6 +126,13 @@ class Distributions:
         >>> bool(abs(x.mean()) < 0.02 and abs(x.std() - 1) < 0.02)
         True
         """
+        if _any_array(loc, scale):
+            number = _method(method)
+            if method == "box-muller":
+                raise ValueError("method 'box-muller' takes numbers as parameters")
+            factor, standard = _NORMAL[type_of(dtype, REALS, "normal").type] if method == "inverse" else (1, 1.0)
+            return self._shifted("gaussian", size, dtype, out, (loc, scale), lambda a, b, t: (a.astype(t), b.astype(t) * t(factor)),
+                                 (0.0, standard, number), lambda a, b: (a, b, number))
         return self._real("gaussian", size, dtype, out, float(loc), float(scale), _method(method))
 
     def lognormal(self, mean=0.0, sigma=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0,
@@ -76,40 +143,68 @@ class Distributions:
         return self._real("lognormal", size, dtype, out, float(mean), float(sigma), float(loc), float(scale),
                           1 if method == "inverse" else 0)
 
+    @short_draw
     def exponential(self, scale=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0):
         """loc + scale E, E exponential of mean 1."""
+        if _any_array(loc, scale):
+            return self._shifted("exponential", size, dtype, out, (loc, scale), _plain_parts, (0.0, 1.0), lambda a, b: (a, b))
         return self._real("exponential", size, dtype, out, float(loc), float(scale))
 
+    @short_draw
     def laplace(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None):
         """Numbers of density exp(-|x - loc| / scale) / (2 scale)."""
+        if _any_array(loc, scale):
+            return self._shifted("laplace", size, dtype, out, (loc, scale), _plain_parts, (0.0, 1.0), lambda a, b: (a, b))
         return self._real("laplace", size, dtype, out, float(loc), float(scale))
 
+    @short_draw
     def cauchy(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None):
         """loc + scale tan(pi (u - 1/2))."""
+        if _any_array(loc, scale):
+            return self._shifted("cauchy", size, dtype, out, (loc, scale), _plain_parts, (0.0, 1.0), lambda a, b: (a, b))
         return self._real("cauchy", size, dtype, out, float(loc), float(scale))
 
     def gumbel(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None):
         """loc - scale ln E, E exponential: maxima, as NumPy's. Minima are -gumbel(-loc, scale)."""
+        if _any_array(loc, scale):
+            return self._shifted("gumbel", size, dtype, out, (loc, scale), _plain_parts, (0.0, 1.0), lambda a, b: (a, b))
         return self._real("gumbel", size, dtype, out, float(loc), float(scale))
 
     def rayleigh(self, scale=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0):
         """loc + scale sqrt(2 E), E exponential: the length of two normal numbers of deviation `scale`."""
+        if _any_array(loc, scale):
+            return self._shifted("rayleigh", size, dtype, out, (loc, scale), lambda a, b, t: (a.astype(t), (b * math.sqrt(2)).astype(t)),
+                                 (0.0, 1.0), lambda a, b: (a, b * math.sqrt(2)))
         return self._real("rayleigh", size, dtype, out, float(loc), float(scale) * math.sqrt(2))
 
     def weibull(self, a, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0):
         """loc + scale E^(1/a), E exponential."""
+        if _any_array(a, loc, scale):
+            if np.ndim(a) != 0:
+                return self._grouped("weibull", size, dtype, REALS, out, _reals(a), _reals(loc), _reals(scale))
+            a = float(a)
+            return self._shifted("weibull", size, dtype, out, (loc, scale), _plain_parts, (a, 0.0, 1.0), lambda b, c: (a, b, c))
         return self._real("weibull", size, dtype, out, float(a), float(loc), float(scale))
 
     def gamma(self, shape, scale=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0):
         """loc + scale G, G of density y^(shape - 1) exp(-y) / Gamma(shape)."""
+        if _any_array(shape, loc, scale):
+            if np.ndim(shape) != 0:
+                return self._grouped("gamma", size, dtype, REALS, out, _reals(shape), _reals(loc), _reals(scale))
+            shape = float(shape)
+            return self._shifted("gamma", size, dtype, out, (loc, scale), _plain_parts, (shape, 0.0, 1.0), lambda b, c: (shape, b, c))
         return self._real("gamma", size, dtype, out, float(shape), float(loc), float(scale))
 
     def beta(self, a, b, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0):
         """loc + scale B, B of density proportional to y^(a - 1) (1 - y)^(b - 1)."""
+        if _any_array(a, b, loc, scale):
+            return self._grouped("beta", size, dtype, REALS, out, *map(_reals, (a, b, loc, scale)))
         return self._real("beta", size, dtype, out, float(a), float(b), float(loc), float(scale))
 
     def chisquare(self, df, size=None, dtype=np.float64, out=None):
         """Sums of `df` squares of normal numbers; df is an int."""
+        if _any_array(df):
+            return self._grouped("chisquare", size, dtype, REALS, out, _int32s(df, "df"))
         return self._real("chisquare", size, dtype, out, _int32(df, "df"))
 
     def multivariate_normal(self, mean, cov=None, size=None, dtype=np.float64, out=None, *, factor=None,
@@ -152,7 +247,7 @@ class Distributions:
                 raise ValueError("covariance is not positive definite") from None
         array = array_for(size, dtype, out, mean.shape)
         with self.lock:
-            self._stream.multivariate_normal(array, mean, np.ascontiguousarray(matrix, dtype), _method(method))
+            self._stream.multivariate_normal(array, mean, np.require(matrix, dtype, ["C", "A"]), _method(method))
         return array
 
     # ---- Integers: int32, or int64
@@ -175,14 +270,20 @@ class Distributions:
 
     def bernoulli(self, p, size=None, dtype=np.int32, out=None):
         """1 with probability `p`, else 0."""
+        if _any_array(p):
+            return self._grouped("bernoulli", size, dtype, INTEGERS, out, _reals(p))
         return self._integer("bernoulli", size, dtype, out, float(p))
 
     def geometric(self, p, size=None, dtype=np.int32, out=None):
         """Trials up to the first success, 1 or more."""
+        if _any_array(p):
+            return self._grouped("geometric", size, dtype, INTEGERS, out, _reals(p))
         return self._integer("geometric", size, dtype, out, float(p))
 
     def binomial(self, n, p, size=None, dtype=np.int32, out=None):
         """Successes of `n` trials of probability `p`."""
+        if _any_array(n, p):
+            return self._grouped("binomial", size, dtype, INTEGERS, out, _int32s(n, "n"), _reals(p))
         return self._integer("binomial", size, dtype, out, _int32(n, "n"), float(p))
 
     def hypergeometric(self, ngood, nbad, nsample, size=None, dtype=np.int32, out=None):
@@ -194,6 +295,8 @@ class Distributions:
 
     def negative_binomial(self, n, p, size=None, dtype=np.int32, out=None):
         """Failures before `n` successes of probability `p`; n is a number above 0, not only an integer."""
+        if _any_array(n, p):
+            return self._grouped("negative_binomial", size, dtype, INTEGERS, out, _reals(n), _reals(p))
         return self._integer("negative_binomial", size, dtype, out, float(n), float(p))
 
     def poisson(self, lam=1.0, size=None, dtype=np.int32, out=None, *, method="rejection"):
@@ -221,7 +324,7 @@ class Distributions:
         array = array_for(shape, type_of(dtype, INTEGERS, "poisson"), out)
         if not array.flags.c_contiguous:
             raise ValueError("an output for means of their own must be in C order")
-        means = np.ascontiguousarray(np.broadcast_to(lam, array.shape))
+        means = np.require(np.broadcast_to(lam, array.shape), requirements=["C", "A"])
         with self.lock:
             self._stream.poissons(array, means)
         return array
@@ -264,6 +367,34 @@ class Distributions:
         with self.lock:
             self._stream.words(array)
         return array if out is not None or size is not None else array.item()
+
+
+_NUMBERS = (float, int)
+# By the inverse of the distribution function, normal numbers are loc + (scale sqrt(2)) y: the type's root of 2, and the deviation
+# whose product with it is 1, at which a draw gives y itself.
+_NORMAL = {np.float64: (math.sqrt(2), 1 / math.sqrt(2)),
+           np.float32: (float(np.float32(math.sqrt(2))), float(np.nextafter(np.float32(1) / np.float32(math.sqrt(2)), np.float32(1))))}
+
+
+def _any_array(*parameters):
+    return any(type(p) not in _NUMBERS and np.ndim(p) != 0 for p in parameters)
+
+
+def _plain_parts(loc, scale, kind):
+    return loc.astype(kind), scale.astype(kind)
+
+
+def _reals(values):
+    return np.asarray(values, np.float64)
+
+
+def _int32s(values, name):
+    array = np.asarray(values)
+    if array.dtype.kind not in "iu":
+        raise TypeError(f"{name} must be integers")
+    if array.size and not (-(1 << 31) <= int(array.min()) and int(array.max()) < 1 << 31):
+        raise ValueError(f"{name} has more than 32 bits")
+    return array
 
 
 def _method(name):

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 #include "lanes/control.h"
 #include "math/error.h"
@@ -90,9 +91,10 @@ orvik_status through_memory(const Loop& loop, int64_t n, Arrays x, const void* p
 orvik_status reduce(const Loop& loop, int64_t n, const Arrays& x) {
   const int bytes = loop.bytes[0];
   const int64_t block = std::min(n, kBlock);
-  alignas(64) char running[kBlock * kWidest], next[kBlock * kWidest];
-  const auto join = [&](char* a, char* b, int64_t count) {  // to a
-    char* const at[] = {a, b, a};
+  alignas(64) char memory[3][kBlock * kWidest];
+  char *running = memory[0], *joined = memory[1], *const next = memory[2];
+  const auto join = [&](char* a, char* b, int64_t count, char* to) {
+    char* const at[] = {a, b, to};
     return call_with_flags(loop, count, at, nullptr, nullptr);
   };
   copy(bytes, block, running, bytes, x.at[1], x.step[1]);
@@ -104,13 +106,15 @@ orvik_status reduce(const Loop& loop, int64_t n, const Arrays& x) {
       copy(bytes, count, next, bytes, more, x.step[1]);
       more = next;
     }
-    status = join(running, more, count);
+    status = join(running, more, count, joined);  // not in place, where reports need a copy
+    if (count < block) std::memcpy(joined + count * bytes, running + count * bytes, size_t((block - count) * bytes));
+    std::swap(running, joined);
   }
   for (int64_t left = block; left > 1 && status >= 0; left -= left / 2) {
     const int64_t half = left / 2;
-    status = join(running, running + (left - half) * bytes, half);
+    status = join(running, running + (left - half) * bytes, half, running);
   }
-  return status < 0 ? status : join(x.at[2], running, 1);
+  return status < 0 ? status : join(x.at[2], running, 1, x.at[2]);
 }
 
 orvik_status run(const Loop& loop, int64_t n, const Arrays& x, const void* parameters) {

@@ -29,6 +29,8 @@ struct Loop {
   bool selects = false;   // hands numbers on: a NaN raises nothing, as in NumPy
   bool divides = false;   // a quotient of complex numbers: the kernels do not tell of divisions by zero
   bool reorders = false;  // a reduction may be computed in any order
+  bool reports = false;   // elements can be exceptional
+  int32_t locked = 500;   // elements up to which a call keeps the interpreter's lock: some microseconds
 };
 
 // The level of this thread's calls.
@@ -119,6 +121,11 @@ constexpr Loop real_order(Loop loop) {
 // With one of the properties above.
 constexpr Loop with(Loop loop, bool Loop::*property) {
   loop.*property = true;
+  return loop;
+}
+// With the length up to which the lock is kept.
+constexpr Loop locked(Loop loop, int32_t elements) {
+  loop.locked = elements;
   return loop;
 }
 

@@ -1,4 +1,4 @@
-// Calls of ufuncs with short arrays that are as they should be.
+// Calls of ufuncs with arrays that are as they should be.
 #pragma once
 
 #include "math/numpy.h"

@@ -1,4 +1,5 @@
 // orvik._random: streams for the bit generators of orvik.random, which hold the lock.
+#include "random/short_draw.h"
 #include "random/stream.h"
 
 namespace py = pybind11;
@@ -11,6 +12,7 @@ PYBIND11_MODULE(_random, module) {
       .def_static("make_seeds", &Stream::make_seeds)
       .def("copy", &Stream::copy)
       .def("serve", &Stream::serve)
+      .def("place", &Stream::place)
       .def("image", &Stream::image)
       .def("restore", &Stream::restore)
       .def("generator", &Stream::generator)
@@ -20,6 +22,7 @@ PYBIND11_MODULE(_random, module) {
       .def("raw", &Stream::raw, py::arg().noconvert());
   orvik::python::define_real_draws(stream);
   orvik::python::define_integer_draws(stream);
+  orvik::python::define_short_draw(module);
 #define GENERATOR(name) module.attr(#name) = int32_t{ORVIK_##name}
   GENERATOR(MCG31M1);
   GENERATOR(R250);

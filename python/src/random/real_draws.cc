@@ -1,4 +1,6 @@
 // Distributions of real numbers.
+#include <cmath>
+
 #include "random/draws.h"
 
 namespace py = pybind11;
@@ -46,6 +48,27 @@ void multivariate_normal(Stream& s, py::array out, const py::array& mean, const 
   });
 }
 
+// loc + scale r, fused as in the draws, for locations and scales of their own.
+template <class T>
+void shift(py::array& out, const py::array& loc, const py::array& scale) {
+  T* const r = static_cast<T*>(out.mutable_data());
+  const T *const a = static_cast<const T*>(loc.data()), *const b = static_cast<const T*>(scale.data());
+  const int64_t n = out.size();
+  const py::gil_scoped_release released;
+  for (int64_t i = 0; i < n; ++i) r[i] = std::fma(r[i], b[i], a[i]);
+}
+
+void shift_and_scale(py::array out, const py::array& loc, const py::array& scale) {
+  for (const py::array* x : {static_cast<const py::array*>(&out), &loc, &scale}) {
+    if (!x->dtype().equal(out.dtype()) || x->size() != out.size() || (x->flags() & py::array::c_style) == 0) {
+      raise(PyExc_ValueError, "locations and scales do not fit");
+    }
+  }
+  if (py::isinstance<py::array_t<double>>(out)) return shift<double>(out, loc, scale);
+  if (py::isinstance<py::array_t<float>>(out)) return shift<float>(out, loc, scale);
+  raise(PyExc_TypeError, "the array is neither of float64 nor of float32");
+}
+
 }  // namespace
 
 void define_real_draws(py::class_<Stream>& stream) {
@@ -70,6 +93,7 @@ void define_real_draws(py::class_<Stream>& stream) {
     });
   });
   stream.def("multivariate_normal", multivariate_normal);
+  stream.def_static("shift_and_scale", shift_and_scale);
 }
 
 }  // namespace orvik::python

@@ -2,6 +2,7 @@
 
 #include <numpy/random/bitgen.h>
 
+#include "random/short_draw.h"
 #include "support/images.h"
 
 namespace py = pybind11;
@@ -63,6 +64,8 @@ void Stream::serve(const py::capsule& capsule) {
   if (bitgen == nullptr) throw py::error_already_set();
   *bitgen = {&words_, next_uint64, next_uint32, next_double, next_raw};
 }
+
+py::capsule Stream::place() { return py::capsule(this, kPlace); }
 
 py::bytes Stream::image() {
   const orvik_stream* const s = words_.settle();

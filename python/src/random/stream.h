@@ -29,8 +29,12 @@ class Stream {
   void leapfrog(int32_t k, int32_t nstreams);
   void raw(pybind11::array_t<uint64_t> out);
 
-  // The front's stream for a draw, or the failure that a draw by NumPy met.
+  // This object for short draws (short_draw.h), which must live as long.
+  pybind11::capsule place();
+
+  // The front's stream for a draw, or the failure that a draw by NumPy met: an exception, or null.
   orvik_stream* exact();
+  orvik_stream* exact_or_null() { return words_.failure() == 0 ? words_.settle() : nullptr; }
 
  private:
   Words words_;

@@ -1,6 +1,6 @@
 #include "df/interpolate/block.h"
 
-#include "df/interpolate/evaluate.h"
+#include "df/interpolate/wide_evaluate.h"
 #include "df/pieces/steps.h"
 #include "df/pieces/values.h"
 #include "df/search/sites.h"
@@ -69,11 +69,11 @@ class BlockRun {
     if constexpr (sizeof(Index) == 4) {
       if (task_.ny == 1 && q_.polynomials_only()) {
         if (in_runs()) {
-          evaluate(q_, 0, count_, RunSpots<Real>{{Partition<Real, false>(task_), site_, cell_}}, at(0));
+          evaluate_in_width(q_, 0, count_, RunSpots<Real>{{Partition<Real, false>(task_), site_, cell_}}, at(0));
         } else {
           with_partition<Real>(task_, [&](const auto& x) {
             using Spots = CellSpots<Real, std::decay_t<decltype(x)>::kIsEven>;
-            evaluate(q_, 0, count_, Spots{x, site_, cell_}, at(0));
+            evaluate_in_width(q_, 0, count_, Spots{x, site_, cell_}, at(0));
           });
         }
         return 0;
@@ -148,7 +148,7 @@ class BlockRun {
         return one_by_one(f, [&](int64_t j, int64_t k) { return k == 0 ? y[room_.index[j]] : Real(0); });
       }
       default:
-        evaluate(q_, f, count_, StoredSpots<Real>{room_.index, room_.t}, at(f));
+        evaluate_in_width(q_, f, count_, StoredSpots<Real>{room_.index, room_.t}, at(f));
         return true;
     }
   }

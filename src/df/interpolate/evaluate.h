@@ -8,7 +8,8 @@
 
 namespace orvik::df {
 
-// Where sites lie: the number of the piece and the coordinate in it, of several sites or of one. Three ways to know it.
+// Where sites lie: the number of the piece and the coordinate in it, of several sites or of one. Several ways to know
+// it.
 
 // By cells; numbers and coordinates stay in registers.
 template <class Real, bool kEven>

@@ -1,7 +1,7 @@
 // The interpolation call: tests of arguments, then the path that the size of the call deserves.
 #include "df/interpolate/block.h"
-#include "df/interpolate/evaluate.h"
 #include "df/interpolate/one_site.h"
+#include "df/interpolate/wide_evaluate.h"
 #include "df/services.h"
 #include "orvik/serv.h"
 
@@ -23,7 +23,7 @@ bool evaluate_on_grid(const Request<Real>& q, int64_t first, int64_t n) {
     return false;
   }
   const GridSpots<Real> spots{Partition<Real, true>(q.task), lookup, q.site + first};
-  evaluate(q, 0, n, spots, q.r + first * q.layout.site);
+  evaluate_in_width(q, 0, n, spots, q.r + first * q.layout.site);
   return true;
 }
 

@@ -11,8 +11,8 @@ inline void finish_fast(const Task& task, const Data<T>& d, const Plan& plan, co
                         const Accumulators<T, S>& acc) {
   const Results<T> rows(task, plan);
   const Weights& total = acc.weights;
-  const double factor = unbiased(total), pass = total.sum - old.sum;
   const int order = S::power(plan);
+  const double factor = order < 2 ? 1.0 : unbiased(total), pass = total.sum - old.sum;
   for (int64_t j = 0; j < d.p; ++j) {
     if (!d.selected(j)) continue;
     double s[5] = {pass}, r[5] = {}, sums[5] = {};

@@ -67,8 +67,8 @@ inline void finish_one_pass(const Task& task, const Data<T>& d, const Plan& plan
                             const Accumulators<T, S>& acc) {
   const Results<T> rows(task, plan);
   const Weights& total = acc.weights;
-  const double factor = unbiased(total);
   const int power = S::power(plan), central = S::central(plan);
+  const double factor = std::max(power, central) < 2 ? 1.0 : unbiased(total);
   T* unasked[5] = {};
   for (int k = 2; k <= plan.central; ++k) {
     if (one_pass::home_of(task, plan, k) == one_pass::Home::Unasked)

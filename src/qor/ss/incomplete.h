@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstdint>
 
+#include "orvik/ss.h"
 #include "qor/ss/task.h"
 #include "serv/memory.h"
 
@@ -36,7 +37,7 @@ class IncompleteData {
  public:
   // Status of the data itself: no number among it, a variable without values or without spread.
   template <class T>
-  int32_t load(const Data<T>& d);
+  int32_t load(const Data<T>& d, const OrvikThreading* threading);
 
   int64_t p() const { return p_; }
   int64_t missing() const { return missing_; }
@@ -55,19 +56,25 @@ class IncompleteData {
 
   // Writes what stands in `x`, completed, for the missing values: variable by variable, in the order of observations.
   template <class T>
-  void write_missing(const Data<T>& d, const double* x, T* to) const;
+  void write_missing(const double* x, T* to) const;
 
  private:
   template <class T>
-  int32_t measure(const Data<T>& d);
+  int32_t measure(const Data<T>& d, const OrvikThreading* threading);
   template <class T>
-  int32_t sort_rows(const Data<T>& d);
+  int32_t measure_variable(const Data<T>& d, int64_t j);
+  template <class T>
+  int32_t sort_rows(const Data<T>& d, const OrvikThreading* threading);
   int32_t find_patterns();
+  template <class T>
+  int32_t find_missing(const Data<T>& d, const int64_t* row_of, const OrvikThreading* threading);
 
   int64_t p_ = 0, missing_ = 0, rows_ = 0, empty_ = 0, pattern_count_ = 0, words_ = 0;
   serv::Block<double> centre_, scale_, sums_, values_;
-  serv::Block<uint64_t> masks_;   // of the incomplete rows as sorted, `words_` each: a bit for each missing variable
-  serv::Block<int64_t> sources_;  // observation of each incomplete row, then row of each observation (-1: complete)
+  serv::Block<uint64_t> masks_;  // of the incomplete rows as sorted, `words_` each: a bit for each missing variable
+  serv::Block<int64_t>
+      lacking_;                  // of each variable: the number of missing values before it, and in all behind the last
+  serv::Block<int64_t> places_;  // in `x`, of the missing values in the order of write_missing
   serv::Block<Pattern> patterns_;
   serv::Block<int32_t> orders_;
   Sums complete_;

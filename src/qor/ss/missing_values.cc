@@ -160,7 +160,7 @@ class Imputation {
   Imputation(const Task& task, const Request& request) : task_(task), request_(request), data_(data_of<T>(task)) {}
 
   int32_t run(const OrvikThreading* threading) {
-    if (const int32_t status = incomplete_.load(data_); status != kDone) return status;
+    if (const int32_t status = incomplete_.load(data_, threading); status != kDone) return status;
     if (incomplete_.missing() != request_.missing) return kBadMissingCount;
     const int64_t p = data_.p, size = p + packed(p);
     serv::Block<double> prior_memory(static_cast<uint64_t>(p + p * p));
@@ -241,7 +241,7 @@ class Imputation {
       if (task_.estimates == nullptr) continue;
       write_estimates(incomplete_, chain->theta, estimates_.get() + (set * request_.blocks() + k) * size);
     }
-    incomplete_.write_missing(data_, chain->x, simulated_.get() + set * request_.missing);
+    incomplete_.write_missing(chain->x, simulated_.get() + set * request_.missing);
     return kDone;
   }
 

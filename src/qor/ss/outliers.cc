@@ -135,14 +135,34 @@ class Bacon {
       limit = copy_[m - 1];
       for (int64_t i = 0; i < m; ++i) nearer += copy_[i] < limit;
     }
-    size_ = 0;
-    int64_t ties = enough ? m - nearer : 0;
-    for (int64_t i = 0; i < n; ++i) {
-      const bool in = counts(i) && (distances_[i] < limit || (distances_[i] == limit && ties-- > 0));
-      inside_[static_cast<uint64_t>(i)] = in;
-      if (in) members_[static_cast<uint64_t>(size_++)] = i;
+    // Of each chunk those that are nearer, then of those as near as many as are left to it.
+    int64_t members[Chunks::kMost + 1], ties[Chunks::kMost];
+    const int32_t counted = chunks.run(threading_, [&](int32_t chunk, int64_t i, int64_t end) {
+      int64_t below = 0, equal = 0;
+      for (; i < end; ++i) {
+        below += counts(i) && distances_[i] < limit;
+        equal += counts(i) && distances_[i] == limit;
+      }
+      members[chunk + 1] = below;
+      ties[chunk] = equal;
+    });
+    if (counted != kDone) return counted;
+    members[0] = 0;
+    int64_t left = enough ? m - nearer : 0;
+    for (int32_t k = 0; k < chunks.count; ++k) {
+      ties[k] = std::min(ties[k], left);
+      left -= ties[k];
+      members[k + 1] += members[k] + ties[k];
     }
-    return kDone;
+    size_ = members[chunks.count];
+    return chunks.run(threading_, [&](int32_t chunk, int64_t i, int64_t end) {
+      int64_t at = members[chunk], equal = ties[chunk];
+      for (; i < end; ++i) {
+        const bool in = counts(i) && (distances_[i] < limit || (distances_[i] == limit && equal-- > 0));
+        inside_[static_cast<uint64_t>(i)] = in;
+        if (in) members_[static_cast<uint64_t>(at++)] = i;
+      }
+    });
   }
 
   // All that are nearer than `limit`; `moved`: how many moved in or out. What has no weight is judged, but no member.

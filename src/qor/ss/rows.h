@@ -3,6 +3,7 @@
 
 #include <type_traits>
 
+#include "lanes/first_lanes.h"
 #include "lanes/lanes.h"
 #include "qor/ss/fold.h"
 #include "qor/ss/task.h"

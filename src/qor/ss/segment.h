@@ -7,24 +7,11 @@
 
 #include "lanes/lanes.h"
 #include "lanes/sums.h"
+#include "qor/ss/powers.h"
 #include "qor/ss/rows.h"
 #include "qor/unroll.h"
 
 namespace orvik::ss {
-
-// s[k] += w d^(k + 1) for K powers.
-template <int K, bool Weighted, class V>
-inline __attribute__((always_inline)) void add_powers(V d, V w, V (&s)[K]) {
-  if constexpr (Weighted) d = drop(w == V(0), d);
-  const V wd = Weighted ? w * d : d;
-  s[0] = s[0] + wd;
-  if constexpr (K >= 2) s[1] = fma(wd, d, s[1]);
-  if constexpr (K >= 3) {
-    const V d2 = d * d;
-    s[2] = fma(wd, d2, s[2]);
-    if constexpr (K >= 4) s[3] = fma(Weighted ? wd * d : d2, d2, s[3]);
-  }
-}
 
 // step(i, r) for whole steps of kEach vectors from place i on in stream r of kCount; then vector(i, r) for the whole
 // vectors that are left, then part(i, lanes) for the rest. The streams are equal parts of the values: memory is read
@@ -55,9 +42,8 @@ inline void add_segment(int64_t n, const T* x, const T* w, T shift, double (&sum
   constexpr int kCount = K <= 2 ? 4 : 3, kEach = K == 1 ? 2 : 1;
   const V u = V(shift);
   V s[kCount * kEach][K];
-  for (auto& row : s) {
-    for (auto& v : row) v = V(T(0));
-  }
+  // One by one: a loop over all of them becomes a store of zeros to memory, which takes longer than a short sum.
+  unroll<kCount * kEach * K>([&](auto i) __attribute__((always_inline)) { s[i / K][i % K] = V(T(0)); });
   const auto vector = [&](int64_t i, auto r) __attribute__((always_inline)) {
     V d = load<V>(x + i);
     if constexpr (Shifted) d = d - u;

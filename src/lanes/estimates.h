@@ -11,9 +11,5 @@ inline F64 inverse_root_estimate(F64 a) { return _mm512_cvtps_pd(_mm256_rsqrt_ps
 #else
 inline F64 inverse_root_estimate(F64 a) { return _mm256_cvtps_pd(_mm_rsqrt_ps(_mm256_cvtpd_ps(a.v))); }
 #endif
-inline double inverse_root_estimate(double a) {  // one element
-  const __m128 narrow = _mm_cvtsd_ss(_mm_setzero_ps(), _mm_set_sd(a));
-  return _mm_cvtsd_f64(_mm_cvtss_sd(_mm_setzero_pd(), _mm_rsqrt_ss(narrow)));
-}
 
 }  // namespace orvik

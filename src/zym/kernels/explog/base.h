@@ -9,8 +9,8 @@ namespace orvik::zym {
 
 struct BaseE {
   static constexpr const auto& wide = kLnWide;
-  static constexpr const auto& table = kLnShort;
-  static constexpr double of2 = kLn2Head64 + kLn2Tail64;
+  static constexpr const auto& rows = kLnSixteenths;
+  static constexpr double of2_short = kLn2Short;
 };
 
 struct Base2 {
@@ -20,7 +20,8 @@ struct Base2 {
   static constexpr float of2_single = 1.0f;
   // 64-bit arithmetic for results of 32.
   static constexpr const auto& wide = kLog2Wide;
-  static constexpr const auto& table = kLog2Short;
+  static constexpr const auto& rows = kLog2Sixteenths;
+  static constexpr double of2_short = 1.0;
   // 64 bits.
   static constexpr const auto& double_ep = kLog2DoubleEP;
   static constexpr const auto& double_la = kLog2DoubleLA;
@@ -37,7 +38,8 @@ struct Base10 {
   static constexpr const auto& single_la = kLog10SingleLA;
   static constexpr float of2_single = kLog10Of2In32;
   static constexpr const auto& wide = kLog10Wide;
-  static constexpr const auto& table = kLog10Short;
+  static constexpr const auto& rows = kLog10Sixteenths;
+  static constexpr double of2_short = kLog10Of2Short;
   static constexpr const auto& double_ep = kLog10DoubleEP;
   static constexpr const auto& double_la = kLog10DoubleLA;
   static constexpr const auto& double_ha = kLog10DoubleHA;

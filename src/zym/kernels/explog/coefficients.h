@@ -43,22 +43,21 @@ inline constexpr float kLog10SingleLA[9] = {
     -0x1.bcb78ap-3f, 0x1.bcb7b2p-2f
 };
 
-// x = m rc/128 - 1, m up to 4/3, rc the integer nearest to an estimate of 128/m within 1.5 * 2^-12: |x| below
-// 1/192 + 1.5 * 2^-12 = 0.0056. Fitted a little wider.
-//: p(x) = log(1 + x) / x on [-0.0062, 0.0062], relative error 2^-34.6
+// Within half a row of kLnSixteenths and its like: |x| below 0.0299.
+//: p(x) = log(1 + x) / x on [-0.0302, 0.0302], relative error 2^-31.8
 //: fit explog/coefficients.sollya
-inline constexpr double kLnWide[4] = {
-    -0x1.000203f2cd622p-2, 0x1.5557594790d16p-2, -0x1.fffffffed6217p-2, 0x1.ffffffffaec37p-1
+inline constexpr double kLnWide[5] = {
+    0x1.99fd4d023378fp-3, -0x1.0031d861f877dp-2, 0x1.5555512ce0644p-2, -0x1.fffffd16fe726p-2, 0x1.00000000031b7p0
 };
-//: p(x) = log2(1 + x) / x on [-0.0062, 0.0062], relative error 2^-34.6
+//: p(x) = log2(1 + x) / x on [-0.0302, 0.0302], relative error 2^-31.8
 //: fit explog/coefficients.sollya
-inline constexpr double kLog2Wide[4] = {
-    -0x1.71575eadd2baep-2, 0x1.ec73861dea9abp-2, -0x1.71547651e151fp-1, 0x1.715476527d966p0
+inline constexpr double kLog2Wide[5] = {
+    0x1.27beb04a5a66bp-2, -0x1.719c5fa9f96e3p-2, 0x1.ec7097c3f1a7ap-2, -0x1.715474394faaep-1, 0x1.71547652bcab7p0
 };
-//: p(x) = log10(1 + x) / x on [-0.0062, 0.0062], relative error 2^-34.6
+//: p(x) = log10(1 + x) / x on [-0.0302, 0.0302], relative error 2^-31.8
 //: fit explog/coefficients.sollya
-inline constexpr double kLog10Wide[4] = {
-    -0x1.bcbb319db5c28p-4, 0x1.287c365c1829cp-3, -0x1.bcb7b1516b971p-3, 0x1.bcb7b15227c14p-2
+inline constexpr double kLog10Wide[5] = {
+    0x1.641cc0cb2c0eap-4, -0x1.bd0e48608deadp-4, 0x1.287a729a6175bp-3, -0x1.bcb7aecb53aep-3, 0x1.bcb7b15273b6bp-2
 };
 
 // 64 bits: x = m rc/1024 - 1, m below 2, the estimate as above: |x| below 2^-10 + 1.5 * 2^-12 = 0.00135.

@@ -56,6 +56,18 @@ inline constexpr float kExp2Quarters[2][4] = {
     {0x1p0f, 0x1.306fep0f, 0x1.6a09e6p0f, 0x1.ae89fap0f}, {0.0f, 0x1.125002p-25f, 0x1.26055cp-26f, -0x1.f9c304p-27f}
 };
 
+// Upper factors of 2^(i/64) and 2^(i/128), for registers.
+//: = 2^(i/8)
+inline constexpr float kExp2UpperEighths[8] = {
+    0x1p0f, 0x1.172b84p0f, 0x1.306fep0f, 0x1.4bfdaep0f, 0x1.6a09e6p0f, 0x1.8ace54p0f, 0x1.ae89fap0f, 0x1.d5818ep0f
+};
+//: = 2^(i/16)
+inline constexpr float kExp2UpperSixteenths[16] = {
+    0x1p0f, 0x1.0b5586p0f, 0x1.172b84p0f, 0x1.2387a6p0f, 0x1.306fep0f, 0x1.3dea64p0f, 0x1.4bfdaep0f, 0x1.5ab07ep0f,
+    0x1.6a09e6p0f, 0x1.7a1148p0f, 0x1.8ace54p0f, 0x1.9c4918p0f, 0x1.ae89fap0f, 0x1.c199bep0f, 0x1.d5818ep0f,
+    0x1.ea4afap0f
+};
+
 // Of the 64-bit logarithms: the exponent's multiples of the head and of the tail are exact.
 inline constexpr double kLn2Head64 = 0x1.62e42fefap-1;  //: = grid(log(2), 2^-38)
 inline constexpr double kLn2Tail64 = 0x1.cf79abc9ep-40;  //: = bits(log(2) - kLn2Head64, 38)
@@ -66,12 +78,15 @@ inline constexpr double kLn2ElementTail = 0x1.ef35793c7673p-45;  //: = log(2) - 
 // Heads on a grid so coarse that their multiples by a quotient are exact; tails.
 inline constexpr double kLog10Of2Head = 0x1.34413509fp-2;  //: = grid(log10(2), 2^-38)
 inline constexpr double kLog10Of2Tail = 0x1.e7fbcc47c4acdp-40;  //: = log10(2) - kLog10Of2Head
-inline constexpr double kLn2Over128Head = 0x1.62e42fefcp-8;  //: = grid(log(2)/128, 2^-42)
-inline constexpr double kLn2Over128Tail = -0x1.c610ca86c3899p-44;  //: = log(2)/128 - kLn2Over128Head
+// So short that 384 of them are exact.
+inline constexpr double kLn2Short = 0x1.62e42fefa39fp-1;  //: = bits(log(2), 51)
+inline constexpr double kLog10Of2Short = 0x1.34413509f7ap-2;  //: = bits(log10(2), 51)
+inline constexpr double kLn2Over128Head = 0x1.62e42fef8p-8;  //: = trunc_bits(log(2)/128, 35)
+inline constexpr double kLn2Over128Tail = 0x1.1cf79abc9e3b4p-43;  //: = log(2)/128 - kLn2Over128Head
 inline constexpr double kLog10Of2Over64Head = 0x1.3441350ap-8;  //: = grid(log10(2)/64, 2^-42)
 inline constexpr double kLog10Of2Over64Tail = -0x1.0c0219dc1da99p-45;  //: = log10(2)/64 - kLog10Of2Over64Head
-inline constexpr float kLn2Over64Head32 = 0x1.63p-7f;  //: = grid(log(2)/64, 2^-17)
-inline constexpr float kLn2Over64Tail32 = -0x1.bd0106p-19f;  //: = log(2)/64 - kLn2Over64Head32
+inline constexpr float kLn2Over64Head32 = 0x1.62cp-7f;  //: = trunc_bits(log(2)/64, 11)
+inline constexpr float kLn2Over64Tail32 = 0x1.217f7ep-18f;  //: = log(2)/64 - kLn2Over64Head32
 inline constexpr float kLog10Of2Head32 = 0x1.3442p-2f;  //: = grid(log10(2), 2^-17)
 inline constexpr float kLog10Of2Tail32 = -0x1.95ec1p-19f;  //: = log10(2) - kLog10Of2Head32
 

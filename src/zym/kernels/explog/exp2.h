@@ -1,5 +1,6 @@
-// 2^x and 10^x, one kernel for all levels: the method of e^x with tables of head and tail. What the base sets: the step
-// of the rounding, the reduction in units of the exponent (so that it is exact up to its last part), the polynomial.
+// 2^x and 10^x, one kernel for all levels: the method of e^x with two factors of 2^(n/N) from registers, and what these
+// lack added to the reduced argument. What the base sets: the step of the rounding, the reduction in units of the
+// exponent (so that it is exact up to its last part), the polynomial.
 #pragma once
 
 #include "zym/kernels/explog/coefficients.h"
@@ -44,10 +45,18 @@ int32_t power_element(E x, E* r, E above, E below, ExpParts (*parts_of)(double))
   return *r < std::numeric_limits<E>::min() ? zymErrorUnderflow : 0;
 }
 
+// head (1 + fine) b^(r + rest)
+template <Single V, size_t N>
+V from_row(FineRow<V> row, V r, const float (&p)[N]) {
+  const V x = r + row.rest;
+  const V q = x * horner(x, p);
+  return fma(row.head, fma(row.fine + V(1.0f), q, row.fine), row.head);
+}
+
 template <class V, Level>
 struct Exp2;
 
-// sExp2 HA: 0.6221 ulp at -0x1.002ef4p-7
+// sExp2 HA: 0.6613 ulp at -0x1.107a48p-4
 template <Single V, Level L>
 struct Exp2<V, L> {
   static auto special(V x) { return magnitude_above<std::bit_cast<uint32_t>(126.0f)>(x); }
@@ -57,13 +66,10 @@ struct Exp2<V, L> {
   static int32_t element(const float* x, float* r) { return power_element(*x, r, 128.0f, -150.0f, exp2_parts); }
 
   static V lanes(V x) {
-    const V shifter = kShifter32 / 64;
+    const V shifter = kShifter32 / 64 + 4.0f / 64;
     const V t = x + shifter;
     const V r = x - (t - shifter);
-    const Exp2Row<V> row = Exp2Row<V>::of_64(as_bits(t));
-    const V q = fma(horner(r, kExp2Single), r, row.tail);
-    const V y = row.head + fma(row.head, q, row.low);
-    return as_float(as_bits(y) + exponent_bits<6>(t));
+    return from_row(exp2_row_of_64(t), r, kExp2Single);
   }
 };
 
@@ -89,7 +95,7 @@ struct Exp2<V, L> {
 template <class V, Level>
 struct Exp10;
 
-// sExp10 HA: 0.5255 ulp at 0x1.1746ap+5
+// sExp10 HA: 0.5515 ulp at 0x1.f4c10ap+4
 template <Single V, Level L>
 struct Exp10<V, L> {
   static auto special(V x) { return magnitude_above<std::bit_cast<uint32_t>(kExp10Bound32) - 1>(x); }
@@ -97,12 +103,9 @@ struct Exp10<V, L> {
   static int32_t element(const float* x, float* r) { return power_element(*x, r, 39.0f, -46.0f, exp10_parts); }
 
   static V lanes(V x) {
-    const auto [t, n] = shift_round(x, V(k128OverLog10Of2In32));
+    const auto [t, n] = shift_round(x, V(k128OverLog10Of2In32), V(kShifter32 + 4));
     const V r = fnma(n, V(kLog10Of2Over128Tail32), fnma(n, V(kLog10Of2Over128Head32), x));
-    const Exp2Row<V> row = Exp2Row<V>::of_128(as_bits(t));
-    const V q = fma(horner(r, kExp10Single), r, row.tail);
-    const V y = row.head + fma(row.head, q, row.low);
-    return as_float(as_bits(y) + exponent_bits<7>(t));
+    return from_row(exp10_row_of_128(t), r, kExp10Single);
   }
 };
 

@@ -2,6 +2,9 @@
 // of i and one by the lower.
 #pragma once
 
+#include <bit>
+
+#include "zym/kernels/explog/constants.h"
 #include "zym/kernels/explog/tables.h"
 #include "zym/skeleton/family.h"
 
@@ -16,18 +19,12 @@ V look_up_8(const float* table, Integer<V> index) {
 template <Single V>
 struct Exp2Row {
   V head, low, tail;
-  Exp2Row(V coarse, V fine, V coarse_tail, V fine_tail)
-      : head(coarse * fine), low(fms(coarse, fine, head)), tail(coarse_tail + fine_tail) {}
-
-  static Exp2Row of_64(Integer<V> i) {
+  explicit Exp2Row(Integer<V> i) {  // of 64
     const Integer<V> upper = shift_right<3>(i);
-    return {look_up_8<V>(kExp2Eighths[0], upper), look_up_8<V>(kExp2In64[0], i), look_up_8<V>(kExp2Eighths[1], upper),
-            look_up_8<V>(kExp2In64[1], i)};
-  }
-  static Exp2Row of_128(Integer<V> i) {
-    const Integer<V> upper = shift_right<3>(i);
-    return {look_up_16<V>(kExp2Sixteenths[0], upper), look_up_8<V>(kExp2In128[0], i),
-            look_up_16<V>(kExp2Sixteenths[1], upper), look_up_8<V>(kExp2In128[1], i)};
+    const V coarse = look_up_8<V>(kExp2Eighths[0], upper), fine = look_up_8<V>(kExp2In64[0], i);
+    head = coarse * fine;
+    low = fms(coarse, fine, head);
+    tail = look_up_8<V>(kExp2Eighths[1], upper) + look_up_8<V>(kExp2In64[1], i);
   }
 };
 
@@ -35,6 +32,39 @@ struct Exp2Row {
 template <Single V>
 V exp2_of_32(Integer<V> i) {
   return look_up_8<V>(kExp2Eighths[0], shift_right<2>(i)) * select_in_quad(octet_table<V>(kExp2In32[0]), i);
+}
+
+// The upper factors as bits less the number of the row where those of an index that is shifted to the exponent have it:
+// the sum is the factor times 2^k.
+template <class E, int Rows>
+struct RowFields {
+  static constexpr int kShift = FloatFormat<E>::mantissa_bits - std::bit_width(unsigned{Rows - 1});
+  E bits[Rows];
+  explicit constexpr RowFields(const E (&heads)[Rows]) : bits{} {
+    using Bits = typename FloatFormat<E>::Bits;
+    for (Bits i = 0; i < Rows; ++i) bits[i] = std::bit_cast<E>(std::bit_cast<Bits>(heads[i]) - (i << kShift));
+  }
+};
+inline constexpr RowFields kExp2EighthFields32(kExp2UpperEighths);
+inline constexpr RowFields kExp2SixteenthFields32(kExp2UpperSixteenths);
+
+// b^r 2^(n/N): the upper factor with 2^k, 1 + fine the lower one, and what the upper one lacks as an addend of r. n + 4
+// stands in the low bits of t.
+template <Single V>
+struct FineRow {
+  V head, fine, rest;
+};
+template <Single V>
+FineRow<V> exp2_row_of_64(V t) {
+  const Integer<V> upper = shift_right<3>(as_bits(t));
+  return {as_float(as_bits(look_up_8<V>(kExp2EighthFields32.bits, upper)) + shift_left<20>(upper)),
+          look_up_8<V>(kExp2LowerLess1, as_bits(t)), look_up_8<V>(kExp2EighthsRest32, upper)};
+}
+template <Single V>
+FineRow<V> exp10_row_of_128(V t) {
+  const Integer<V> upper = shift_right<3>(as_bits(t));
+  return {as_float(as_bits(look_up_16<V>(kExp2SixteenthFields32.bits, upper)) + shift_left<19>(upper)),
+          look_up_8<V>(kExp10LowerLess1, as_bits(t)), look_up_16<V>(kExp10SixteenthsRest32, upper)};
 }
 
 // 2^k as bits to add to a float's: k stands in t above `RowBits` bits of row number.

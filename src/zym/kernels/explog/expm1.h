@@ -1,6 +1,7 @@
 // e^x - 1 = (s - 1) + s (e^r - 1), s = 2^(n/N). The result has the sign of x, also where it is zero.
 #pragma once
 
+#include "lanes/register_tables.h"
 #include "zym/kernels/explog/coefficients.h"
 #include "zym/kernels/explog/exp.h"
 #include "zym/kernels/explog/exp2_factors.h"
@@ -47,12 +48,24 @@ V expm1_sum(V s, V r, AddRest add_rest) {
   return head + (add_rest(product_lost) + lost);
 }
 
+// LA and EP: with p = e^r - 1 and less = 1 - 2^(i/N), i about 0, what e^x is scaled from is 1 + u, u = p (1 - less) -
+// less, and 2^k (1 + u) - 1 loses nothing where it is small. The differences are those that give -0 for -0.
+template <class V>
+V expm1_scaled(V p, V less, V scale) {
+  const V one = V(Element<V>(1));
+  return fms(scale, fms(one - less, p, less), one - scale);
+}
+// Added to the shifter: the bias of the exponent above the row's bits; half a period and half of the lower factor's
+// eight rows, which make the rows those about 0.
+template <class V, int N>
+inline constexpr Element<V> kCentredBias = Format<V>::bias* N + N / 2 + 4;
+
 template <class V, Level L>
 struct Expm1;
 
-// sExpm1 LA: 1.5507 ulp at -0x1.ff61e8p-7
-// sExpm1 HA: 0.5185 ulp at 0x1.20554ap+6
-// sExpm1 EP: 15.33 bits at 0x1.62e4d8p-7
+// sExpm1 LA: 2.6924 ulp at 0x1.3b98fcp-2
+// sExpm1 HA: 0.5576 ulp at 0x1.5a8378p+6
+// sExpm1 EP: 15.33 bits at 0x1.62e47ap-7
 template <Single V, Level L>
 struct Expm1<V, L> {
   // A little below 125 ln 2, and 1021 ln 2 in 64 bits: no product with s leaves the finite numbers.
@@ -61,34 +74,35 @@ struct Expm1<V, L> {
   static int32_t element(const float* x, float* r) { return expm1_element(*x, r, kExpOverflow32); }
 
   static V lanes(V x) {
-    V y;
     if constexpr (L == Level::EP) {
       const auto [t, n] = shift_round(x, V(k32OverLn2In32));
       const V r = fnma(n, V(kLn2Over32In32), x);
       const V s = as_float(as_bits(exp2_of_32<V>(as_bits(t))) + exponent_bits<5>(t));
-      y = fma(s, fma(r * r, V(kExpm1SingleEP[0]), r), s - V(1.0f));
+      return fms(s, r * fma(V(kExpm1SingleEP[0]), r, V(1.0f)), V(1.0f) - s);
+    } else if constexpr (L == Level::LA) {
+      const auto [t, n] = shift_round(x, V(k64OverLn2In32), V(kShifter32 + kCentredBias<V, 64>));
+      const V r = fnma(n, V(kLn2Over64Tail32), fnma(n, V(kLn2Over64Head32), x));
+      const V p = r * fma(horner(r, kExpm1SingleLA), r, V(1.0f));
+      const V a = look_up_8<V>(kLessExp2Eighths, shift_right<3>(as_bits(t)));
+      const V less = fma(V(1.0f) - a, look_up_8<V>(kLessExp2In64, as_bits(t)), a);
+      return expm1_scaled(p, less, as_float(exponent_bits<6>(t)));
     } else {
       const auto [t, n] = shift_round(x, V(k64OverLn2In32));
       const V upper = fnma(n, V(kLn2Over64Head32), x);
       const V r = fnma(n, V(kLn2Over64Tail32), upper);
-      const Exp2Row<V> row = Exp2Row<V>::of_64(as_bits(t));
+      const Exp2Row<V> row(as_bits(t));
       const Integer<V> exponent = exponent_bits<6>(t);
       const V s = as_float(as_bits(row.head) + exponent);
       const V scale = as_float(as_bits(V(1.0f)) + exponent);
-      if constexpr (L == Level::LA) {
-        const V rest = fma(row.head, fma(r * r, horner(r, kExpm1SingleLA), r) + row.tail, row.low);
-        y = fma(scale, rest, s - V(1.0f));
-      } else {
-        const V r_low = fnma(n, V(kLn2Over64Tail32), upper - r);
-        const V rest = fma(r * r, horner(r, kExpm1SingleHA), r_low + fma(row.tail, r, row.tail));
-        y = expm1_sum(s, r, [&](V lost) { return fma(scale, fma(row.low, r, row.low), fma(s, rest, lost)); });
-      }
+      const V r_low = fnma(n, V(kLn2Over64Tail32), upper - r);
+      const V rest = fma(r * r, horner(r, kExpm1SingleHA), r_low + fma(row.tail, r, row.tail));
+      const V y = expm1_sum(s, r, [&](V lost) { return fma(scale, fma(row.low, r, row.low), fma(s, rest, lost)); });
+      return join_sign(y, x);  // +0 for -0 otherwise
     }
-    return join_sign(y, x);  // +0 for -0 otherwise
   }
 };
 
-// dExpm1 LA: 2.0817 ulp at 0x1.8c7fed10336fep-9
+// dExpm1 LA: 3.0525 ulp at 0x1.a9152dec31deep-9
 // dExpm1 HA: 0.6566 ulp at -0x1.f546b6b882d76p-10
 // dExpm1 EP: 31.17 bits at 0x1.62f72fc2e1666p-9
 template <Double V, Level L>
@@ -98,26 +112,38 @@ struct Expm1<V, L> {
   static int32_t element(const double* x, double* r) { return expm1_element(*x, r, kExpOverflow64); }
 
   static V lanes(V x) {
-    const auto [t, n] = shift_round(x, V(k128OverLn2));
-    const V upper = fnma(n, V(kLn2Over128Head), x);
-    const V r = fnma(n, V(kLn2Over128Tail), upper);
-    const auto index = indices(as_bits(t) & Integer<V>(int64_t{127}));
-    V y;
-    if constexpr (L == Level::EP) {
-      const V s = scale_by_row<7>(gather(kExp2Frac128, index), t);
-      y = fma(s, fma(r * r, horner(r, kExpm1DoubleEP), r), s - V(1.0));
-    } else {
-      const auto row = gather(kExp2Pairs128, index);
+    if constexpr (L == Level::HA) {
+      const auto [t, n] = shift_round(x, V(k128OverLn2));
+      const V upper = fnma(n, V(kLn2Over128Head), x);
+      const V r = fnma(n, V(kLn2Over128Tail), upper);
+      const auto row = gather(kExp2Pairs128, indices(as_bits(t) & Integer<V>(int64_t{127})));
       const V s = scale_by_row<7>(row.first, t);
-      if constexpr (L == Level::LA) {
-        y = fma(s, fma(r * r, horner(r, kExpm1DoubleLA), r) + row.second, s - V(1.0));
+      const V r_low = fnma(n, V(kLn2Over128Tail), upper - r);
+      const V rest = fma(r * r, horner(r, kExpm1DoubleLA), r_low + fma(row.second, r, row.second));
+      return join_sign(expm1_sum(s, r, [&](V lost) { return fma(s, rest, lost); }), x);  // +0 for -0 otherwise
+    } else {
+      const auto [t, n] = shift_round(x, V(k128OverLn2), V(kShifter64 + kCentredBias<V, 128>));
+      const V r = fnma(n, V(kLn2Over128Tail), fnma(n, V(kLn2Over128Head), x));
+      V p;
+      if constexpr (L == Level::EP) {
+        p = r * fma(horner(r, kExpm1DoubleEP), r, V(1.0));
       } else {
-        const V r_low = fnma(n, V(kLn2Over128Tail), upper - r);
-        const V rest = fma(r * r, horner(r, kExpm1DoubleLA), r_low + fma(row.second, r, row.second));
-        y = expm1_sum(s, r, [&](V lost) { return fma(s, rest, lost); });
+        p = r * fma(horner(r, kExpm1DoubleLA), r, V(1.0));
       }
+      const Integer<V> exponent = shift_left<52 - 7>(as_bits(t)) & Integer<V>(uint64_t{0xFFF0000000000000});
+      return expm1_scaled(p, less_exp2_of_128(as_bits(t)), as_float(exponent));
     }
-    return join_sign(y, x);  // +0 for -0 otherwise
+  }
+
+ private:
+  // 1 - 2^(n/128), |n| up to 68, of which the low bits of t are the row.
+  static V less_exp2_of_128(Integer<V> t) {
+    if constexpr (kHasPermutes64<V>) {
+      const V a = look_up_in_16(kLessExp2Sixteenths, shift_right<3>(t));
+      return fma(V(1.0) - a, look_up_in_8(kLessExp2In128, t), a);
+    } else {
+      return gather(kLessExp2Rows128, indices(t & Integer<V>(int64_t{127})));
+    }
   }
 };
 

@@ -2,6 +2,7 @@
 // of 1/m as an integer, and a short polynomial in r = rc m - 1, which is exact.
 #pragma once
 
+#include "lanes/exponents.h"
 #include "zym/kernels/explog/coefficients.h"
 #include "zym/kernels/explog/constants.h"
 #include "zym/kernels/explog/ln_element.h"
@@ -72,19 +73,19 @@ template <Double V>
 struct KeyedDouble {
   Index<V> key;  // rc
   V rc, r;
-  Integer<V> biased;  // the exponent field at the low end of the bits of 2^52
+  V m;
+  Exponents<V> e;
 
-  explicit KeyedDouble(V x) {
+  explicit KeyedDouble(V x) : e(x) {
     using I = Integer<V>;
-    biased = shift_right<52>(as_bits(x)) | as_bits(V(0x1p52));
-    const V m = as_float((as_bits(x) & I(int64_t{0x000FFFFFFFFFFFFF})) | I(int64_t{0x3F50000000000000}));
+    m = as_float((as_bits(x) & I(int64_t{0x000FFFFFFFFFFFFF})) | I(int64_t{0x3F50000000000000}));
     key = integer_reciprocal(m);
     rc = to_double(key);
     r = fms(rc, m, V(1.0));
   }
-  V exponent() const { return as_float(biased) - V(0x1p52 + 1023); }
+  V exponent() const { return e.numbers(); }
   // On the scale of the tables of heads, where rows below 724 belong to [1/2, 1).
-  V centred_exponent() const { return as_float(biased - minus_one(rc < V(724.0))) - V(0x1p52 + 1023); }
+  V centred_exponent() const { return e.one_more(rc < V(724.0)); }
 };
 
 // (ln(1 + r) - r) / r^2, in two halves.

@@ -81,25 +81,29 @@ struct Log1p<V, L> {
   }
 
  private:
-  // With c = 2^-e rc/128, an approximation of 1/(1 + x), r = c (1 + x) - 1 = c x + (c - 1).
-  static V wide_lanes(V x) {
-    using W = Wide<V>;
-    const WideKey<V> k(x + V(1.0f));
-    const V c = as_float(as_bits(to_float(k.rc)) - shift_left<23>(k.e + Integer<V>(7)));
-    const auto half = [](W c, W x, Index<W> e, Index<W> rc) {
-      return wide_log<BaseE>(fma(c, x, c - W(1.0)), to_double(e), rc);
-    };
-    const V y = narrow(half(widen_low(c), widen_low(x), low_half(k.e), low_half(k.rc)),
-                       half(widen_high(c), widen_high(x), high_half(k.e), high_half(k.rc)));
+  // With c near 1/(1 + x), r = c (1 + x) - 1 = c x + (c - 1).
+  [[gnu::always_inline]] static F32 wide_lanes(F32 x) {
+    const WideKey k(x + F32(1.0f));
+    const I32 c = as_bits(look_up_16<F32>(kReciprocalSixteenths, k.row)) - k.field;
+    // Above c the row, whose bits are lost. Below the exponent the row again.
+    const Pair<I64> wide_c = unpack(I32(0u), c), e = unpack(I32(0u), k.exponent());
+    const auto rows = look_up_in_16(kLnSixteenths, k.row, unpack(k.row, k.row));
+    const F32 ordered = unpacked_order(x);
+    // A float's bits are 2^-896 too small.
+    const Halves factor =
+        as_float(shift_right<3>(Twice<I64>{wide_c.first, wide_c.second}) + Twice<I64>(I64(int64_t{896} << 52)));
+    const Halves r = fma(factor, Halves{widen_low(ordered), widen_high(ordered)}, factor - Halves(1.0));
+    const F32 y = wide_log<BaseE>(r, halves(e), {rows.first.second, rows.second.second});
     return join_sign(y, x);  // +0 for -0 otherwise
   }
+  static Twice<F32> wide_lanes(Twice<F32> x) { return {wide_lanes(x.low), wide_lanes(x.high)}; }
 };
 
 // --- 64 bits --------------------------------------------------------------------------------------------------------
 
 // dLog1p LA: 1.9427 ulp at 0x1.c49579dd6f172p-9
 // dLog1p HA: 0.7278 ulp at -0x1.fcd814296f17fp-11
-// dLog1p EP: 31.48 bits at -0x1.1ffcd0c2921edp-10
+// dLog1p EP: 31.99 bits at -0x1.fffffffffffffp-11
 template <Double V, Level L>
 struct Log1p<V, L> {
   // From 2^1000 on 2^-e nears the end of the normal numbers.
@@ -111,13 +115,13 @@ struct Log1p<V, L> {
   }
 
   static V lanes(V x) {
-    const OnePlus<V> s(x);
-    const KeyedDouble<V> k(s.sum);
-    // rc 2^(-e - 10), an approximation of 1/s.
-    const V scale =
-        as_float(Integer<V>(int64_t{1023 + 1023 - 10} << 52) - (as_bits(s.sum) & Integer<V>(int64_t{0x7FF} << 52)));
-    const V correction = k.rc * scale * s.lost;
     if constexpr (L == Level::HA) {
+      const OnePlus<V> s(x);
+      const KeyedDouble<V> k(s.sum);
+      // rc 2^(-e - 10), an approximation of 1/s.
+      const V scale =
+          as_float(Integer<V>(int64_t{1023 + 1023 - 10} << 52) - (as_bits(s.sum) & Integer<V>(int64_t{0x7FF} << 52)));
+      const V correction = k.rc * scale * s.lost;
       const V e = k.exponent();
       const auto log = gather<512>(kLnPairs, indices(k.key));
       const V table = fma(e, V(kLn2Head64), log.first);
@@ -128,8 +132,12 @@ struct Log1p<V, L> {
       const V y = head + (fma(e, V(kLn2Tail64), log.second) + (p + lost));
       return join_sign(y, x);  // +0 for -0 otherwise
     } else {
+      const V sum = x + V(1.0);
+      const KeyedDouble<V> k(sum);
+      // c = rc 2^(-e - 10), an approximation of 1/(1 + x): c (1 + x) - 1 = c x + (c - 1), whatever the sum lost.
+      const V c = as_float(as_bits(k.rc) - (as_bits(sum) - as_bits(k.m)));
       const V e = k.centred_exponent();
-      const V r = k.r + correction;
+      const V r = fma(c, x, c - V(1.0));
       V p;
       if constexpr (L == Level::EP) {
         p = horner(r, kLnDoubleEP);

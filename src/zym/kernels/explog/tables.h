@@ -15,16 +15,12 @@ extern const double kExp2Frac128[128];
 //: = 2^(i/1024)
 extern const double kExp2Frac1024[1024];
 
-// Factors of 2^(i/n) that fit registers: heads, then what each lacks relative to it. 2^(i/8), 2^(i/16), and 2^(i/n) for
-// as many i as fill the step of one of those.
+// Factors of 2^(i/n) that fit registers: heads, then what each lacks relative to it. 2^(i/8), and 2^(i/n) for as many i as
+// fill the step of that.
 //: planes
 //: head = 2^(i/8)
 //: tail = (2^(i/8) - head) / head
 extern const float kExp2Eighths[2][8];
-//: planes
-//: head = 2^(i/16)
-//: tail = (2^(i/16) - head) / head
-extern const float kExp2Sixteenths[2][16];
 // Four rows twice.
 //: planes
 //: head = 2^(mod(i, 4)/32)
@@ -34,10 +30,32 @@ extern const float kExp2In32[2][8];
 //: head = 2^(i/64)
 //: tail = (2^(i/64) - head) / head
 extern const float kExp2In64[2][8];
-//: planes
-//: head = 2^(i/128)
-//: tail = (2^(i/128) - head) / head
-extern const float kExp2In128[2][8];
+
+// What the upper factors (constants.h) lack as an exponent of the base that uses them.
+//: = i/8 - log2(float(2^(i/8)))
+extern const float kExp2EighthsRest32[8];
+//: = log10(2) * i/16 - log10(float(2^(i/16)))
+extern const float kExp10SixteenthsRest32[16];
+// The lower factors, about 1, less 1.
+//: = 2^((i - 4)/64) - 1
+extern const float kExp2LowerLess1[8];
+//: = 2^((i - 4)/128) - 1
+extern const float kExp10LowerLess1[8];
+// 1 - 2^(n/64) and 1 - 2^(n/128), n about 0, from two factors that fit registers: with a = 1 - 2^(j/8) of the upper bits of n and
+// b = 1 - 2^(l/64) of the lower ones, l from -4 to 3, 1 - (1 - a) (1 - b) = a + (1 - a) b.
+//: = 1 - 2^((i - 4)/8)
+extern const float kLessExp2Eighths[8];
+//: = 1 - 2^((i - 4)/64)
+extern const float kLessExp2In64[8];
+//: = 1 - 2^((i - 8)/16)
+extern const double kLessExp2Sixteenths[16];
+//: = 1 - 2^((i - 4)/128)
+extern const double kLessExp2In128[8];
+// What the last two give, in memory.
+//: let a = double(1 - 2^((floor(i/8) - 8)/16))
+//: let b = double(1 - 2^((mod(i, 8) - 4)/128))
+//: = a + double(1 - a) * b
+extern const double kLessExp2Rows128[128];
 
 // c near 1 / (1 + i/64) in ten bits, and -ln(c): head on a grid on which multiples of a head of ln 2 add exactly (the last
 // row is that head), rest.
@@ -71,15 +89,34 @@ extern const double kLog2Heads[513];
 //: = i < 724 ? -log10(i/512) : -log10(i/1024)
 extern const double kLog10Heads[513];
 
-// Logarithms of i/128.
-//: i from 96
-//: = -log(i/128)
-extern const double kLnShort[97];
-//: i from 96
-//: = -log2(i/128)
-extern const double kLog2Short[97];
-//: i from 96
-//: = -log10(i/128)
-extern const double kLog10Short[97];
+// Of floats m from bits 0x3F52AAAB (0.82), a sixteenth of an octave a row: c near 1/m in twelve bits, 1 in the row of 1, by 2^896; its
+// logarithm with the other sign, less 384 log(2).
+//: let below = i/16 - 0x2d5555p0 / 2^23
+//: let above = below + 1/16
+//: let middle = ((below < 0 ? 1 + below/2 : 1 + below) + (above < 0 ? 1 + above/2 : 1 + above)) / 2
+//: let c = bits(1 / middle, 12)
+//: scaled = 2^896 * c
+//: log = -log(c) - 384 * bits(log(2), 51)
+extern const double kLnSixteenths[16][2];
+//: let below = i/16 - 0x2d5555p0 / 2^23
+//: let above = below + 1/16
+//: let middle = ((below < 0 ? 1 + below/2 : 1 + below) + (above < 0 ? 1 + above/2 : 1 + above)) / 2
+//: let c = bits(1 / middle, 12)
+//: scaled = 2^896 * c
+//: log = -log2(c) - 384
+extern const double kLog2Sixteenths[16][2];
+//: let below = i/16 - 0x2d5555p0 / 2^23
+//: let above = below + 1/16
+//: let middle = ((below < 0 ? 1 + below/2 : 1 + below) + (above < 0 ? 1 + above/2 : 1 + above)) / 2
+//: let c = bits(1 / middle, 12)
+//: scaled = 2^896 * c
+//: log = -log10(c) - 384 * bits(log10(2), 51)
+extern const double kLog10Sixteenths[16][2];
+// c of these.
+//: let below = i/16 - 0x2d5555p0 / 2^23
+//: let above = below + 1/16
+//: let middle = ((below < 0 ? 1 + below/2 : 1 + below) + (above < 0 ? 1 + above/2 : 1 + above)) / 2
+//: = bits(1 / middle, 12)
+extern const float kReciprocalSixteenths[16];
 
 }  // namespace orvik::zym

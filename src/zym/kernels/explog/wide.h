@@ -1,10 +1,9 @@
-// Logarithms of 32-bit numbers in 64-bit arithmetic: a table of -log(rc/128), rc the estimate of 1/m as an integer, and
-// a short polynomial in r = rc m - 1.
+// Logarithms of 32-bit numbers in 64-bit arithmetic: x = 2^e m, c near 1/m from sixteen rows by the upper bits of m,
+// and a polynomial in r = c m - 1. No lane is converted: exponent and m become doubles by words and a shift.
 #pragma once
 
-#include <cmath>
-
 #include "lanes/scalar.h"
+#include "lanes/unpacked.h"
 #include "zym/kernels/explog/base.h"
 #include "zym/kernels/explog/constants.h"
 #include "zym/kernels/explog/tables.h"
@@ -12,47 +11,54 @@
 
 namespace orvik::zym {
 
-// x = 2^e 128 m with 128 m in [2/3, 4/3); rc from 96 to 192.
-template <Single V>
+// x = 2^e m, m in [0.82, 1.65).
 struct WideKey {
-  Integer<V> e, rc;
-  V m;
-  explicit WideKey(V x) {
-    using I = Integer<V>;
-    const I u = as_bits(x) - I(0x3F2AAAABu);
-    e = shift_right_arithmetic<23>(u);
-    m = as_float((u & I(0x007FFFFFu)) + I(0x3F2AAAABu - (7u << 23)));
-    rc = to_integer(reciprocal_estimate(m));
+  I32 field, row;  // of e; in the low four bits
+  explicit WideKey(F32 x) {
+    const I32 u = as_bits(x) - I32(0x3F52AAABu);
+    field = u & I32(0xFF800000u);
+    row = shift_right<19>(u);
   }
+  // The high words of the doubles 384 + e.
+  I32 exponent() const { return shift_right_arithmetic<11>(field) + I32(0x40780000u); }
 };
 
-// 64-bit lanes: r and the exponent as doubles, the table's rows.
-template <class Base, Double V>
-V wide_log(V r, V e, Index<V> rc) {
-  const V row = gather<96>(Base::table, indices(rc));
-  const V table = Base::of2 == 1.0 ? e + row : fma(e, V(Base::of2), row);
-  return fma(r, horner(r, Base::wide), table);
+// Both halves of a vector of floats, in the order of unpacking; step by step, since one chain alone would wait.
+using Halves = Twice<F64>;
+inline Halves halves(Pair<I64> a) { return {as_float(a.first), as_float(a.second)}; }
+
+template <class Base>
+[[gnu::always_inline]] inline F32 wide_log(Halves r, Halves exponent, Halves row) {
+  const Halves table = Base::of2_short == 1.0 ? exponent + row : fma(exponent, Halves(Base::of2_short), row);
+  const Halves y = fma(r, horner(r, Base::wide), table);
+  return narrow_unpacked(y.low, y.high);
 }
 
-template <class Base, Single V>
-V wide_log(const WideKey<V>& k) {
-  using W = Wide<V>;
-  const auto half = [&](Index<W> rc, Index<W> e, W m) {
-    return wide_log<Base>(fms(to_double(rc), m, W(1.0)), to_double(e), rc);
-  };
-  return narrow(half(low_half(k.rc), low_half(k.e), widen_low(k.m)),
-                half(high_half(k.rc), high_half(k.e), widen_high(k.m)));
+template <class Base>
+[[gnu::always_inline]] inline F32 wide_log(F32 x) {
+  const WideKey k(x);
+  // Below m the row, of which three bits are shifted out: the fourth is 0 in the rows about 1 and 2^-52 elsewhere.
+  const Pair<I64> m = unpack(k.row, as_bits(x) - k.field), e = unpack(I32(0u), k.exponent());
+  const auto rows = look_up_in_16(Base::rows, k.row, m);
+  const Halves c = {rows.first.first, rows.second.first}, log = {rows.first.second, rows.second.second};
+  const Halves r = fms(c, as_float(shift_right<3>(Twice<I64>{m.first, m.second})), Halves(1.0));
+  return wide_log<Base>(r, halves(e), log);
+}
+template <class Base, class V>
+Twice<V> wide_log(Twice<V> x) {
+  return {wide_log<Base>(x.low), wide_log<Base>(x.high)};
 }
 
 // One positive finite number, denormal or not.
 template <class Base>
 double wide_log(float x) {
-  const uint64_t u = bits_of(static_cast<double>(x)) - bits_of(2.0 / 3.0);
+  constexpr uint64_t kLeast = (uint64_t{0x3F52AAABu} << 29) + (uint64_t{1023 - 127} << 52);
+  const uint64_t u = bits_of(static_cast<double>(x)) - kLeast;
   const double e = static_cast<double>(static_cast<int64_t>(u) >> 52);
-  const double m = float_of<double>((u & 0x000FFFFFFFFFFFFF) + bits_of(2.0 / 3.0));
-  const int rc = static_cast<int>(128.0 / m + 0.5);
-  const double r = std::fma(rc / 128.0, m, -1.0);
-  return std::fma(r, horner(r, Base::wide), std::fma(e, Base::of2, Base::table[rc - 96]));
+  const double m = float_of<double>((u & 0x000FFFFFFFFFFFFF) + kLeast);
+  const double* row = Base::rows[u >> 48 & 15];
+  const double r = std::fma(row[0] * 0x1p-896, m, -1.0);
+  return std::fma(r, horner(r, Base::wide), std::fma(e + 384.0, Base::of2_short, row[1]));
 }
 
 }  // namespace orvik::zym

@@ -76,8 +76,7 @@ struct Pow<V, Level::LA> : PowSingle<V> {
     using I = Integer<V>;
     const I c = (as_bits(reciprocal_estimate(x)) + I(0x00080000u)) & I(0xFFF00000u);
     const V r = fms(as_float(c), x, V(1.0f));
-    const V e = to_float(I(127) - shift_right<23>(c));
-    const V table = e + look_up(octet_table<V>(kLog2Octet[0]), shift_right<20>(c));
+    const V table = look_up(octet_table<V>(kLog2Octet[0]), shift_right<20>(c)) - Exponents<V>(as_float(c)).numbers();
     const V table_rest = look_up(octet_table<V>(kLog2Octet[1]), shift_right<20>(c));
 
     const V q = r * V(kPowLead32);
@@ -98,10 +97,10 @@ struct Pow<V, Level::LA> : PowSingle<V> {
     // 1.5 * 2^20 and the exponent's bias: eighths in the low three bits, above them the exponent field. The rows take
     // the eighths off again.
     const V shifter = 1572991.0f;
-    const V sum = drop(beyond, t) + shifter;
+    const V sum = t + shifter;
     const V f = drop(beyond, (product - (sum - shifter)) + product_tail);
-    const I row = look_up(octet_table<V>(kExp2OctetFields), as_bits(sum));
-    const V power = as_float(row + shift_left<20>(as_bits(sum)));
+    const I eighths = as_bits(drop(beyond, sum));
+    const V power = as_float(look_up(octet_table<V>(kExp2OctetFields), eighths) + shift_left<20>(eighths));
     return Masked{fma(power, f * horner(f, kPowExp2Single), power), beyond};
   }
 };

@@ -1,0 +1,49 @@
+// Exponents of positive normal numbers as numbers: by an instruction where there is one, else by integers (64 bits: by
+// way of the bits of 2^52).
+#pragma once
+
+#include "lanes/generic.h"
+
+namespace orvik {
+
+template <class V>
+struct Exponents;
+
+template <Double V>
+struct Exponents<V> {
+  Integer<V> biased;  // the exponent field at the low end of the bits of 2^52
+  explicit Exponents(V x) : biased(shift_right<52>(as_bits(x)) | as_bits(V(0x1p52))) {}
+  V numbers() const { return as_float(biased) - V(0x1p52 + 1023); }
+  V one_more(Mask<V> where) const { return as_float(biased - minus_one(where)) - V(0x1p52 + 1023); }
+};
+template <Single V>
+struct Exponents<V> {
+  Integer<V> biased;
+  explicit Exponents(V x) : biased(shift_right<23>(as_bits(x))) {}
+  V numbers() const { return to_float(biased - Integer<V>(127)); }
+};
+
+#if ORVIK_REGISTER_BITS == 512
+template <>
+struct Exponents<F64> {
+  F64 e;
+  explicit Exponents(F64 x) : e(_mm512_getexp_pd(x.v)) {}
+  F64 numbers() const { return e; }
+  F64 one_more(M64 where) const { return _mm512_mask_add_pd(e.v, where.v, e.v, _mm512_set1_pd(1.0)); }
+};
+template <>
+struct Exponents<F32> {
+  F32 e;
+  explicit Exponents(F32 x) : e(_mm512_getexp_ps(x.v)) {}
+  F32 numbers() const { return e; }
+};
+template <>
+struct Exponents<Twice<F64>> {
+  Exponents<F64> low, high;
+  explicit Exponents(Twice<F64> x) : low(x.low), high(x.high) {}
+  Twice<F64> numbers() const { return {low.e, high.e}; }
+  Twice<F64> one_more(Twice<M64> where) const { return {low.one_more(where.low), high.one_more(where.high)}; }
+};
+#endif
+
+}  // namespace orvik

@@ -1,0 +1,36 @@
+// Written by tools/approx from the rule in zym/kernels/explog/tables.h; do not edit.
+#include "zym/kernels/explog/tables.h"
+
+// clang-format off
+namespace orvik::zym {
+
+alignas(64) const double kLessExp2Rows128[128] = {
+    0x1.3b7029f8b54f7p-2, 0x1.37973966679c1p-2, 0x1.33b8efb55bbb7p-2, 0x1.2fd545766ad1ap-2, 0x1.2bec333018867p-2,
+    0x1.27fdb15e84a82p-2, 0x1.2409b8735cba2p-2, 0x1.201040d5cd6f9p-2, 0x1.1c1142e274118p-2, 0x1.180cb6eb4fd18p-2,
+    0x1.14029537b306ep-2, 0x1.0ff2d60434581p-2, 0x1.0bdd71829fcf2p-2, 0x1.07c25fd9e7d9bp-2, 0x1.03a199261633cp-2,
+    0x1.fef62af0797b9p-3, 0x1.f69d99accc7b6p-3, 0x1.ee396e770e14dp-3, 0x1.e5c9992edb44ep-3, 0x1.dd4e099d6659bp-3,
+    0x1.d4c6af7557c93p-3, 0x1.cc337a52aedd1p-3, 0x1.c39459baa2328p-3, 0x1.bae93d1b800eap-3, 0x1.b23213cc8e86dp-3,
+    0x1.a96ecd0deb7c5p-3, 0x1.a09f58086c6c2p-3, 0x1.97c3a3cd7e11ap-3, 0x1.8edb9f5703dcp-3, 0x1.85e7398737374p-3,
+    0x1.7ce6612886a6ep-3, 0x1.73d904ed74b33p-3, 0x1.6abf137076a8ep-3, 0x1.61987b33d329fp-3, 0x1.58652aa180903p-3,
+    0x1.4f25100b03219p-3, 0x1.45d819a94b14bp-3, 0x1.3c7e359c9266ap-3, 0x1.331751ec3a815p-3, 0x1.29a35c86a9b1ap-3,
+    0x1.20224341286e4p-3, 0x1.1693f3d7be6dap-3, 0x1.0cf85bed0f8b7p-3, 0x1.034f690a387dep-3, 0x1.f332113d56b1fp-4,
+    0x1.dfaa500017c2dp-4, 0x1.cc0768d4175a6p-4, 0x1.b84935fc8c258p-4, 0x1.a46f918837cb7p-4, 0x1.907a55511e032p-4,
+    0x1.7c695afc3b424p-4, 0x1.683c7bf93b074p-4, 0x1.53f391822dbc7p-4, 0x1.3f8e749b3e342p-4, 0x1.2b0cfe1266bd5p-4,
+    0x1.166f067f25cfep-4, 0x1.01b466423250ap-4, 0x1.d9b9eb0a5ed76p-5, 0x1.afd11874c009ep-5, 0x1.85ae0438b37ccp-5,
+    0x1.5b505d5b6f268p-5, 0x1.30b7d271980f7p-5, 0x1.05e4119ea5d89p-5, 0x1.b5a991288ad17p-6, 0x1.5f134923757f3p-6,
+    0x1.0804a4c683d8fp-6, 0x1.60f9f985bc9f4p-7, 0x1.61eea3847077bp-8, 0.0, -0x1.63da9fb33356ep-8, -0x1.64d1f3bc03077p-7,
+    -0x1.0c57a1b9fe12fp-6, -0x1.66c34c5615d0fp-6, -0x1.c1aca777db771p-6, -0x1.0e8a30eb37901p-5, -0x1.3c7d958de7068p-5,
+    -0x1.6ab0d9f3121ecp-5, -0x1.992456e48fee8p-5, -0x1.c7d865a7a344p-5, -0x1.f6cd5ffda635ep-5, -0x1.1301d0125b50ap-4,
+    -0x1.2abdc06c31ccp-4, -0x1.429aaea92ddfbp-4, -0x1.5a98c8a58e512p-4, -0x1.72b83c7d517aep-4, -0x1.8af9388c8de9cp-4,
+    -0x1.a35beb6fcb754p-4, -0x1.bbe084045cd3ap-4, -0x1.d4873168b9aa7p-4, -0x1.ed5022fcd91cbp-4, -0x1.031dc431466b2p-3,
+    -0x1.0fa4c8beee4b1p-3, -0x1.1c3d373ab11c3p-3, -0x1.28e727d9531f9p-3, -0x1.35a2b2f13e6e9p-3, -0x1.426ff0fab1c04p-3,
+    -0x1.4f4efa8fef709p-3, -0x1.5c3fe86d6cc8p-3, -0x1.6942d3720185ap-3, -0x1.7657d49f17abp-3, -0x1.837f0518db8a9p-3,
+    -0x1.90b87e266c189p-3, -0x1.9e0459320b7fap-3, -0x1.ab62afc94ff86p-3, -0x1.b8d39b9d54e56p-3, -0x1.c6573682ec32dp-3,
+    -0x1.d3ed9a72cffb8p-3, -0x1.e196e189d4724p-3, -0x1.ef5326091a112p-3, -0x1.fd228256400ddp-3, -0x1.0582887dcb8a8p-2,
+    -0x1.0c7d76542a25cp-2, -0x1.13821818624b4p-2, -0x1.1a907b474015dp-2, -0x1.21a8ad704f34p-2, -0x1.28cabc35f4f79p-2,
+    -0x1.2ff6b54d8a89cp-2, -0x1.372ca67f77435p-2, -0x1.3e6c9da74b29ap-2, -0x1.45b6a8b3d9907p-2, -0x1.4d0ad5a753e07p-2,
+    -0x1.546932976483bp-2, -0x1.5bd1cdad49f69p-2, -0x1.6344b525f1ff4p-2, -0x1.6ac1f752150a5p-2, -0x1.7249a29651adcp-2,
+    -0x1.79dbc56b48521p-2, -0x1.81786e5db7022p-2
+};
+
+}  // namespace orvik::zym

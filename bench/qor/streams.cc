@@ -138,15 +138,19 @@ void compare(const Generator& g, Form form, int32_t n) {
         fastest > 0 ? goal : "");
 }
 
-void single(const Generator& g) {
-  Stream s(g);
+// Calls for few numbers, whole calls.
+void short_calls(const Generator& g) {
   for (const Form form : {Form::words, Form::floats, Form::doubles}) {
-    Paired paired;
-    paired.add("ours", [&](int64_t turns) {
-      for (; turns > 0; --turns) draw(s, form, 1);
-    });
-    print(std::string(g.name) + ", a call for one of the " + kForms[static_cast<int>(form)], paired.measure(seconds)[0],
-          0, "", g.brng == ORVIK_BRNG_TRNG ? "" : "<= 20 ns");
+    for (const int32_t n : {1, 4, 16, 100}) {
+      Stream s(g);
+      Paired paired;
+      paired.add("ours", [&](int64_t turns) {
+        for (; turns > 0; --turns) draw(s, form, n);
+      });
+      const std::string what = std::string(g.name) + ", a call for " + (n == 1 ? "one" : std::to_string(n)) +
+                               " of the " + kForms[static_cast<int>(form)];
+      print(what, paired.measure(seconds)[0], 0, "", n == 1 && g.brng != ORVIK_BRNG_TRNG ? "<= 20 ns" : "");
+    }
   }
 }
 
@@ -195,7 +199,7 @@ int main(int argc, char** argv) {
     if (!Stream(g).ok()) continue;  // the processor lacks what it needs
     for (const Form form : {Form::words, Form::floats, Form::doubles})
       for (const int32_t n : {1000, 100000}) compare(g, form, n);
-    single(g);
+    short_calls(g);
     if (g.points) points_beside_memset(g);
     const std::string name = g.name;
     if (name == "MT19937" || name == "SFMT19937") jump(g, "<= 10 ms");

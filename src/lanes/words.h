@@ -10,7 +10,8 @@
 
 namespace orvik {
 
-// How many words of 32 bits a register holds.
+// How many words of 32 and of 64 bits a register holds.
 inline constexpr int kWords = sizeof(I32) / sizeof(uint32_t);
+inline constexpr int kLongs = kWords / 2;
 
 }  // namespace orvik

@@ -13,10 +13,19 @@ namespace orvik {
 
 inline I32 load_words(const uint32_t* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
 inline I64 load_words(const uint64_t* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
+// Four words again and again.
+inline I64 load_fours(const uint64_t* p) { return load_words(p); }
+inline I32Half load_fours(const uint32_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
+inline F64 load_fours(const double* p) { return _mm256_loadu_pd(p); }
 inline I32Half load_half(const uint32_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
 inline void store(uint32_t* p, I32 w) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), w.v); }
 inline void store(uint64_t* p, I64 w) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), w.v); }
 inline void store(uint32_t* p, I32Half w) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), w.v); }
+// Every four words of a half, `step` words apart.
+inline void store_fours(uint32_t* p, ptrdiff_t, I32Half w) { store(p, w); }
+
+// The first four words.
+inline void store_four(uint64_t* p, I64 w) { store(p, w); }
 
 // Lanes 0 to count - 1 set, of eight 32-bit lanes.
 inline I32 first_lanes(int count) {
@@ -36,6 +45,15 @@ inline void store_some(uint32_t* p, I32 w, int count) {
 inline void store_some(float* p, F32 x, int count) { _mm256_maskstore_ps(p, first_lanes(count).v, x.v); }
 inline void store_some(double* p, F64 x, int count) { _mm256_maskstore_pd(p, first_long_lanes(count).v, x.v); }
 inline void store_low_half(float* p, F32 x) { _mm_storeu_ps(p, _mm256_castps256_ps128(x.v)); }
+
+// Blocks of 128 bits: two a register.
+using Quarter = I32Half;
+inline Quarter load_quarter(const uint32_t* p) { return load_half(p); }
+inline I32 in_quarters(const uint32_t* p) { return _mm256_broadcastsi128_si256(load_half(p).v); }
+template <int K>
+inline Quarter quarter(I32 w) {
+  return K == 0 ? low_half(w) : high_half(w);
+}
 
 // ---- arithmetic ----------------------------------------------------------------------------------------------------
 
@@ -65,7 +83,11 @@ template <int Count>
 inline I32Half shift_right(I32Half a) {
   return _mm_srli_epi32(a.v, Count);
 }
-// The 128 bits as one number, by whole bytes.
+// Blocks as one number each, by whole bytes.
+template <int Bytes>
+inline I32 shift_left_bytes(I32 a) {
+  return _mm256_slli_si256(a.v, Bytes);
+}
 template <int Bytes>
 inline I32Half shift_left_bytes(I32Half a) {
   return _mm_slli_si128(a.v, Bytes);
@@ -80,6 +102,8 @@ inline I32Half shift_right_bytes(I32Half a) {
 // Odd 32-bit lanes of `odd`, even ones of `even`.
 inline I32 interleave_words(I32 even, I32 odd) { return _mm256_blend_epi32(even.v, odd.v, 0xAA); }
 inline I64 with_high_words(I64 low, I64 high) { return _mm256_blend_epi32(low.v, high.v, 0xAA); }
+// The halves of each 64-bit lane change places.
+inline I64 swap_words(I64 a) { return _mm256_shuffle_epi32(a.v, 0xB1); }
 // 16-bit halves: the high ones of `high`, the low ones of `low`.
 inline I32 with_high_halves(I32 low, I32 high) { return _mm256_blend_epi16(low.v, high.v, 0xAA); }
 // In each half of the register: the first (second) 64-bit words, first (last two) 32-bit words of both in turns.
@@ -91,10 +115,21 @@ inline I32 first_two_words(I32 a, I32 b) { return _mm256_unpacklo_epi32(a.v, b.v
 inline I32 last_two_words(I32 a, I32 b) { return _mm256_unpackhi_epi32(a.v, b.v); }
 // 64-bit words 0, 2, 1, 3.
 inline I32 cross_middle(I32 a) { return _mm256_permute4x64_epi64(a.v, 0xD8); }
+// Words S, S + 1 ... of a followed by b.
+template <int S>
+inline I32 words_from(I32 a, I32 b) {
+  const __m256i middle = _mm256_permute2x128_si256(a.v, b.v, 0x21);
+  return S < 4 ? _mm256_alignr_epi8(middle, a.v, 4 * S % 16) : _mm256_alignr_epi8(b.v, middle, 4 * S % 16);
+}
 // The low words of a and b in each half of the register: a0 a1 b0 b1, a2 a3 b2 b3.
 inline I32 low_words_by_halves(I64 a, I64 b) {
   return _mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0x88));
 }
+// The low words of a and then those of b.
+inline I32 pack_low_words(I64 a, I64 b) { return cross_middle(low_words_by_halves(a, b)); }
+// The first four lanes of `first`, and the others, of which there are none.
+inline I64 four_and_others(I64 first, I64) { return first; }
+inline F64 four_and_others(F64 first, F64) { return first; }
 inline I32 low_halves(I32 a, I32 b) { return _mm256_permute2x128_si256(a.v, b.v, 0x20); }
 inline I32 high_halves(I32 a, I32 b) { return _mm256_permute2x128_si256(a.v, b.v, 0x31); }
 inline I32 widen_to_words(I32Half a) { return _mm256_castsi128_si256(a.v); }  // the high half is unset
@@ -118,6 +153,7 @@ inline void transpose(I32 (&w)[8]) {
     w[k + 4] = high_halves(b[k], b[k + 4]);
   }
 }
+// Squares of four.
 inline void transpose(F64 (&x)[4]) {
   const __m256d a = _mm256_unpacklo_pd(x[0].v, x[1].v), b = _mm256_unpackhi_pd(x[0].v, x[1].v);
   const __m256d c = _mm256_unpacklo_pd(x[2].v, x[3].v), d = _mm256_unpackhi_pd(x[2].v, x[3].v);
@@ -129,9 +165,8 @@ inline void transpose(F64 (&x)[4]) {
 
 // ---- conversions ---------------------------------------------------------------------------------------------------
 
-inline F64 load_doubles(const double* p) { return _mm256_loadu_pd(p); }
-// The sum of the lanes, added one to the other from the first.
-inline double sum_in_order(F64 x) {
+// The sum of the first four lanes, added one to the other from the first.
+inline double sum_of_four(F64 x) {
   const __m128d low = _mm256_castpd256_pd128(x.v), high = _mm256_extractf128_pd(x.v, 1);
   const __m128d sum = _mm_add_sd(_mm_add_sd(low, _mm_unpackhi_pd(low, low)), high);
   return _mm_cvtsd_f64(_mm_add_sd(sum, _mm_unpackhi_pd(high, high)));

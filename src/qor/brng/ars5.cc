@@ -1,28 +1,22 @@
 // ARS5: five AES rounds under a Weyl key schedule (Salmon, Moraes, Dror, Shaw 2011). Built with AES instructions.
 #include "qor/brng/ars5_rounds.h"
 #include "qor/brng/counter.h"
+#include "qor/brng/wide.h"
 #include "qor/stream/restore.h"
-#include "serv/registers.h"
 
 namespace orvik::qor {
 
 struct Ars5Blocks {
   static constexpr int kKeyWords = 4, kFew = 1;
-  static constexpr bool kAhead = true;
   static constexpr Landing kShort = Landing::ahead, kLong = Landing::ahead;
   using Vector = Halves;
-  using Run = Ars5Run;
+  using Runs = Ars5Runs;
   using Keys = Ars5Keys;
 
   // The float form has no test: it relies on an earlier refusal.
   static int32_t ready(bool floats) { return floats || __qorCPUisAES() ? ORVIK_QOR_OK : ORVIK_QOR_NO_AES; }
 
-  static WideRuns* wide_runs() {
-#if ORVIK_WIDE_REGISTERS
-    if (serv::wide_aes) return &orvik_qor_wide_ars5;
-#endif
-    return nullptr;
-  }
+  static WideRuns* wide_runs() { return serv::wide_aes ? ORVIK_QOR_WIDE(orvik_qor_wide_ars5) : nullptr; }
 
   static Blocks lanes(Counter128 c) { return in_blocks(static_cast<uint64_t>(c), static_cast<uint64_t>(c >> 64)); }
 

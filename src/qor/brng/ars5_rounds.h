@@ -4,6 +4,8 @@
 #include <stddef.h>
 #include <stdint.h>
 
+#include <type_traits>
+
 #include "lanes/aes.h"
 #include "qor/brng/sinks.h"
 
@@ -25,29 +27,38 @@ inline Blocks ars5_blocks(Blocks counter, const Ars5Keys& keys) {
   return aes_last_round(x, keys.k[5]);
 }
 
-// Whole blocks (counter_runs.h).
+// Eight registers at a time (counter_runs.h).
 struct Ars5Run {
   using Keys = Ars5Keys;
+  using Vector = std::conditional_t<sizeof(Blocks) == sizeof(I32), I32, Halves>;
   static constexpr int kRegisters = 8, kVectors = kRegisters * kBlocks * 4 / kWords;
   Ars5Run(uint64_t low, uint64_t high) {
     for (int k = 0; k < kRegisters; ++k)
       c[k] = add_long(in_blocks(low + static_cast<uint64_t>(kBlocks * k), high), block_numbers());
   }
+  void make(const Keys& keys, Vector (&words)[kVectors]) const {
+    unroll<kVectors>([&](auto v) __attribute__((always_inline)) { words[v] = vector(c, v, keys); });
+  }
   template <class Sink>
   void deliver(const Keys& keys, const Sink& sink, ptrdiff_t i) {
     const Blocks stride = in_blocks(kRegisters * kBlocks, 0);
-    unroll<kVectors>([&](auto v) __attribute__((always_inline)) { put_one(sink, i + kWords * v, words(c, v, keys)); });
+    unroll<kVectors>([&](auto v) __attribute__((always_inline)) { put_one(sink, i + kWords * v, vector(c, v, keys)); });
     for (Blocks& counter : c) counter = add_long(counter, stride);
   }
-  // The words of vector v.
   template <class B>
-  static auto words(const B (&c)[kRegisters], int v, const Keys& keys) {
+  static auto vector(const B (&c)[kRegisters], int v, const Keys& keys) {
     if constexpr (sizeof(B) == sizeof(I32))
       return ars5_blocks(c[v], keys);
     else
       return Halves{ars5_blocks(c[2 * v], keys), ars5_blocks(c[2 * v + 1], keys)};
   }
   Blocks c[kRegisters];
+};
+struct Ars5Runs {
+  using Keys = Ars5Keys;
+  static constexpr bool kAhead = true;
+  using Long = Ars5Run;
+  using Short = Ars5Run;
 };
 
 }  // namespace orvik::qor

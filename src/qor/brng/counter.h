@@ -4,9 +4,8 @@
 //   Vector                    eight words, the blocks of counters c and c + 1, as its sinks take them
 //   Keys                      what it makes of the key once per request
 //   kFew, make(c, keys, w)    makes kFew vectors of consecutive blocks, carrying through all words of the counter
-//   Run                       whole blocks while the low half of the counter does not wrap (counter_runs.h)
+//   Runs                      blocks while the low half of the counter does not wrap (counter_runs.h)
 //   wide_runs()               the same of 512 bits where they are used, or null
-//   kAhead                    whether a block is always made ahead
 //   kShort, kLong             how its jumps land
 //   ready(real32)             0, or why it cannot run here
 #pragma once
@@ -59,44 +58,8 @@ struct CounterGenerator {
   static int32_t fill(OrvikStream stream, int32_t n, const Sink& sink) {
     if (const int32_t status = B::ready(std::is_same_v<Sink, Float>); status < 0) return status;
     State& state = state_of<State>(stream);
-    ptrdiff_t i = deliver_block(state, n, sink);
-    if (i >= n) return ORVIK_QOR_OK;
-    const Keys keys(state.key);
-    Counter128 counter = load_counter(state.counter);
-    // A low half that cannot wrap within a request needs no carry.
-    if (state.counter[1] != 0xFFFFFFFF) {
-      const ptrdiff_t before = i;
-      const auto low = static_cast<uint64_t>(counter), high = static_cast<uint64_t>(counter >> 64);
-      if (WideRuns* const wide = n - i >= kWideRunWords ? B::wide_runs() : nullptr; wide != nullptr) {
-        i = wide(Sink::kForm, state.key, low, high, i, n, sink.target());
-      }
-      i = deliver_runs<typename B::Run>(keys, low + static_cast<uint64_t>(i - before) / 4, high, i, n, sink);
-      counter += static_cast<uint64_t>(i - before) / 4;
-    }
-    Vector w[B::kFew];
-    for (; i + 8 * B::kFew <= n; i += 8 * B::kFew, counter += 2 * B::kFew) {
-      B::make(counter, keys, w);
-      sink.group(i, w);
-    }
-    const int rest = static_cast<int>(n - i);
-    if (rest > 0 || B::kAhead) {
-      B::make(counter, keys, w);
-      unroll<B::kFew>([&](auto k) __attribute__((always_inline)) {
-        const int left = rest - 8 * k;
-        if (left >= 8)
-          put_one(sink, i + 8 * k, w[k]);
-        else if (left > 0)
-          sink.some(i + 8 * k, w[k], left);
-      });
-      const int block = rest / 4;
-      counter += static_cast<uint32_t>(block);
-      if (B::kAhead || rest % 4 != 0) {
-        keep_block(state, w, block);
-        state.left = 4 - static_cast<uint32_t>(rest % 4);
-        ++counter;
-      }
-    }
-    store_counter(state.counter, counter);
+    const int32_t i = deliver_block(state, n, sink);
+    if (i < n) deliver_blocks(state, i, n, sink);
     return ORVIK_QOR_OK;
   }
 
@@ -138,6 +101,53 @@ struct CounterGenerator {
       sink.some(0, words, count);
     state.left = left - static_cast<uint32_t>(count);
     return count;
+  }
+
+  // What follows the block in hand, apart from it so that calls that end there do not pay for it.
+  template <class Sink>
+  [[gnu::noinline]] static void deliver_blocks(State& state, ptrdiff_t i, ptrdiff_t n, const Sink& sink) {
+    Counter128 counter = load_counter(state.counter);
+    // A low half that cannot wrap within a request needs no carry.
+    const bool carries = state.counter[1] == 0xFFFFFFFF;
+    const auto low = static_cast<uint64_t>(counter), high = static_cast<uint64_t>(counter >> 64);
+    if (WideRuns* const wide = n - i >= kWideRunWords && !carries ? B::wide_runs() : nullptr; wide != nullptr) {
+      wide(Sink::kForm, state.key, low, high, i, n, sink.target(), state.block);
+      finish(state, counter, n - i);
+      return;
+    }
+    const Keys keys(state.key);
+    if (!carries) {
+      const ptrdiff_t before = i;
+      i = deliver_runs<typename B::Runs::Long>(keys, low, high, i, n, sink);
+      counter += static_cast<uint64_t>(i - before) / 4;
+    }
+    Vector w[B::kFew];
+    for (; i + 8 * B::kFew <= n; i += 8 * B::kFew, counter += 2 * B::kFew) {
+      B::make(counter, keys, w);
+      sink.group(i, w);
+    }
+    const int rest = static_cast<int>(n - i);
+    if (rest > 0 || B::Runs::kAhead) {
+      B::make(counter, keys, w);
+      unroll<B::kFew>([&](auto k) __attribute__((always_inline)) {
+        const int left = rest - 8 * k;
+        if (left >= 8)
+          put_one(sink, i + 8 * k, w[k]);
+        else if (left > 0)
+          sink.some(i + 8 * k, w[k], left);
+      });
+      if (B::Runs::kAhead || rest % 4 != 0) keep_block(state, w, rest / 4);
+    }
+    finish(state, counter, rest);
+  }
+  // The counter behind `words` more, and behind the block in hand.
+  static void finish(State& state, Counter128 counter, ptrdiff_t words) {
+    counter += static_cast<uint64_t>(words) / 4;
+    if (B::Runs::kAhead || words % 4 != 0) {
+      state.left = 4 - static_cast<uint32_t>(words % 4);
+      ++counter;
+    }
+    store_counter(state.counter, counter);
   }
 
   static I32Half low_block(I32 w) { return low_half(w); }

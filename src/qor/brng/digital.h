@@ -6,8 +6,10 @@
 #include <stdint.h>
 
 #include "orvik/serv.h"
+#include "qor/brng/digital_points.h"
 #include "qor/brng/entries.h"
 #include "qor/brng/sinks.h"
+#include "qor/brng/wide.h"
 
 namespace orvik::qor {
 
@@ -43,168 +45,25 @@ struct DigitalView {
 };
 
 inline uint32_t gray(uint32_t index) { return index ^ index >> 1; }
-// Which row moves point `index` on.
-inline int next_row(uint32_t index) { return __builtin_ctz(~index); }
 
 // ---- delivery ------------------------------------------------------------------------------------------------------
 
-// Up to 32 neighbouring coordinates: the points in hand, and the rows that move them.
-struct Neighbours {
-  static constexpr int kMost = 32;
-  int dims;
-  uint32_t* x;
-  const uint32_t* rows;
-  ptrdiff_t row_stride;
-
-  const uint32_t* row(int c) const { return rows + c * row_stride; }
-  I32 load(const uint32_t* p, int k) const { return dims - k >= 8 ? load_words(p + k) : load_some(p + k, dims - k); }
-};
-
-// Point after point, `width` elements of the output apart.
+// By registers of either width: points with nothing between them, and points `width` elements apart.
 template <class Sink>
-void deliver_plain(const Neighbours& s, uint32_t index, int32_t points, const Sink& sink, ptrdiff_t i,
-                   ptrdiff_t width) {
-  if (s.dims == Neighbours::kMost) {
-    I32 x[4];
-    for (int k = 0; k < 4; ++k) x[k] = load_words(s.x + 8 * k);
-    for (; points > 0; --points, ++index, i += width) {
-      sink.group(i, x);
-      const uint32_t* const row = s.row(next_row(index));
-      unroll<4>([&](auto k) __attribute__((always_inline)) { x[k] = x[k] ^ load_words(row + 8 * k); });
-    }
-    for (int k = 0; k < 4; ++k) store(s.x + 8 * k, x[k]);
-    return;
-  }
-  I32 x[4];
-  const int whole = s.dims / 8, rest = s.dims % 8;
-  for (int k = 0; k < s.dims; k += 8) x[k / 8] = s.load(s.x, k);
-  for (; points > 0; --points, ++index, i += width) {
-    const uint32_t* const row = s.row(next_row(index));
-    for (int k = 0; k < whole; ++k) {
-      put_one(sink, i + 8 * k, x[k]);
-      x[k] = x[k] ^ load_words(row + 8 * k);
-    }
-    if (rest != 0) {
-      sink.some(i + 8 * whole, x[whole], rest);
-      x[whole] = x[whole] ^ load_some(row + 8 * whole, rest);
-    }
-  }
-  for (int k = 0; k < whole; ++k) store(s.x + 8 * k, x[k]);
-  if (rest != 0) store_some(s.x + 8 * whole, x[whole], rest);
+void put_dense(const Neighbours& s, uint32_t index, int32_t points, const Sink& sink, ptrdiff_t i) {
+  WideDense* const wide = ORVIK_QOR_WIDE(orvik_qor_wide_dense_points);
+  if (wide != nullptr && int64_t{points} * s.dims >= kWidePointWords)
+    wide(Sink::kForm, s, index, points, sink.target(), i);
+  else
+    deliver_dense(s, index, points, sink, i);
 }
-
-// A few dimensions: sixteen points at a time. From an index that is a multiple of 16 on, point t of sixteen differs
-// from the first by what depends on t alone; so the output is one pattern, the differences, combined with the first
-// point laid side by side until it ends at a vector's end.
-class Sixteen {
- public:
-  static constexpr int kPoints = 16, kLeast = 40;  // fewer points are quicker one by one
-
-  // The point in hand is number `place` of its sixteen.
-  Sixteen(const Neighbours& s, int place) : s_(s), vectors_(2 * s.dims) {
-    int common = s.dims & -s.dims;
-    common = common < 8 ? common : 8;
-    period_ = s.dims / common;
-    while (period_ < 4 && vectors_ % (2 * period_) == 0) period_ *= 2;
-    for (int k = last_vector(); k >= 0; k -= 8) {
-      I32 row[4];  // those that the sixteen need, by the trailing zeros of a point's number
-      for (int c = 0; c < 4; ++c) row[c] = s_.load(s_.row(c), k);
-      I32 w = I32(0);
-      uint32_t* to = difference_ + k;
-      store(to, w);
-      unroll<kPoints - 1>([&](auto t) __attribute__((always_inline)) {
-        w = w ^ row[__builtin_ctz(t + 1)];
-        store(to += s_.dims, w);
-      });
-    }
-    const uint32_t* const from_first = difference_ + place * s.dims;
-    lay(first_, [&](int k) { return s_.load(s_.x, k) ^ load_words(from_first + k); });
-  }
-
-  // Sixteen points, and moves on by as many.
-  template <class Sink>
-  void deliver(uint32_t index, const Sink& sink, ptrdiff_t i) {
-    for (int v = 0; v < vectors_; v += period_)
-      for (int p = 0; p < period_; ++p)
-        put_one(sink, i + 8 * (v + p), load_words(first_ + 8 * p) ^ load_words(difference_ + 8 * (v + p)));
-    move_on(index);
-  }
-
-  // Points `from` to `to` - 1 of sixteen.
-  template <class Sink>
-  void deliver_some(int from, int to, const Sink& sink, ptrdiff_t i) const {
-    alignas(32) uint32_t words[kPoints * Neighbours::kMost + 8];
-    const int begin = from * s_.dims, end = to * s_.dims;
-    for (int v = begin / 8; 8 * v < end; ++v)
-      store(words + 8 * v, load_words(first_ + 8 * (v % period_)) ^ load_words(difference_ + 8 * v));
-    int k = begin;
-    for (; k + 8 <= end; k += 8) put_one(sink, i + k - begin, load_words(words + k));
-    if (k < end) sink.some(i + k - begin, load_words(words + k), end - k);
-  }
-
-  void move_on(uint32_t index) {
-    const int c = next_row(index / kPoints);
-    if (!(built_ >> c & 1)) build(c);
-    for (int p = 0; p < period_; ++p) store(first_ + 8 * p, load_words(first_ + 8 * p) ^ load_words(move_[c] + 8 * p));
-  }
-
-  // The point in hand becomes number `place` of its sixteen.
-  void finish(int place) const {
-    for (int d = 0; d < s_.dims; ++d) s_.x[d] = first_[d] ^ difference_[place * s_.dims + d];
-  }
-
- private:
-  static constexpr int kWords = 8 * Neighbours::kMost + 8;
-
-  // Rows of s_.dims words lie side by side. They are written from the last vector of a row to the first, so that what a
-  // vector writes too much is overwritten.
-  int last_vector() const { return (s_.dims - 1) / 8 * 8; }
-  // One row again and again, as long as the period.
-  template <class Row>
-  void lay(uint32_t* to, Row row) const {
-    for (int k = last_vector(); k >= 0; k -= 8) {
-      const I32 w = row(k);
-      for (int at = k; at < 8 * period_; at += s_.dims) store(to + at, w);
-    }
-  }
-  // From one group of sixteen to the next the Gray code changes in bit 3 and in one bit above.
-  void build(int c) {
-    lay(move_[c], [&](int k) { return s_.load(s_.row(3), k) ^ s_.load(s_.row(4 + c), k); });
-    built_ |= 1u << c;
-  }
-
-  Neighbours s_;
-  int vectors_, period_;
-  uint32_t built_ = 0;
-  alignas(32) uint32_t difference_[kPoints * Neighbours::kMost + 8];
-  alignas(32) uint32_t first_[kWords];
-  alignas(32) uint32_t move_[28][kWords];
-};
-
-// Points that follow each other in the output with nothing between them.
 template <class Sink>
-void deliver_dense(const Neighbours& s, uint32_t index, int32_t points, const Sink& sink, ptrdiff_t i) {
-  constexpr int kPoints = Sixteen::kPoints;
-  if (points < Sixteen::kLeast) {
-    deliver_plain(s, index, points, sink, i, s.dims);
-    return;
-  }
-  const Sink own = sink;  // a copy: for all the compiler knows the results might overlap it
-  const int place = static_cast<int>(index % kPoints);
-  Sixteen block(s, place);
-  if (place != 0) {
-    block.deliver_some(place, kPoints, own, i);
-    block.move_on(index);
-    index += static_cast<uint32_t>(kPoints - place);
-    i += (kPoints - place) * static_cast<ptrdiff_t>(s.dims);
-    points -= kPoints - place;
-  }
-  for (; points >= kPoints; points -= kPoints, index += kPoints) {
-    block.deliver(index, own, i);
-    i += kPoints * static_cast<ptrdiff_t>(s.dims);
-  }
-  block.deliver_some(0, points, own, i);
-  block.finish(points);
+void put_plain(const Neighbours& s, uint32_t index, int32_t points, const Sink& sink, ptrdiff_t i, ptrdiff_t width) {
+  WidePlain* const wide = ORVIK_QOR_WIDE(orvik_qor_wide_plain_points);
+  if (wide != nullptr && int64_t{points} * s.dims >= kWidePointWords)
+    wide(Sink::kForm, s, index, points, sink.target(), i, width);
+  else
+    deliver_plain(s, index, points, sink, i, width);
 }
 
 // Many dimensions, in groups of neighbours.
@@ -223,7 +82,7 @@ class Groups {
     const int dims = dim - first < Neighbours::kMost ? static_cast<int>(dim - first) : Neighbours::kMost;
     if (view_.vt) {
       const Neighbours s = {dims, view_.x + first, view_.vt + first, view_.vt_stride};
-      deliver_plain(s, index_, points_, sink_, i_ + first, dim);
+      put_plain(s, index_, points_, sink_, i_ + first, dim);
       return;
     }
     uint32_t x[Neighbours::kMost];
@@ -234,7 +93,7 @@ class Groups {
       x[d] = home[d * view_.x_stride];
       for (int j = 0; j < 32; ++j) rows[j][d] = v[d * view_.v_stride + j];
     }
-    deliver_plain({dims, x, rows[0], Neighbours::kMost}, index_, points_, sink_, i_ + first, dim);
+    put_plain({dims, x, rows[0], Neighbours::kMost}, index_, points_, sink_, i_ + first, dim);
     for (int d = 0; d < dims; ++d) home[d * view_.x_stride] = x[d];
   }
 
@@ -295,7 +154,7 @@ void deliver_points(const DigitalView& view, int32_t points, const Sink& sink, p
     return;
   }
   if (view.vt && dim <= Neighbours::kMost) {
-    deliver_dense({static_cast<int>(dim), view.x, view.vt, view.vt_stride}, index, points, sink, i);
+    put_dense({static_cast<int>(dim), view.x, view.vt, view.vt_stride}, index, points, sink, i);
     view.head->index += static_cast<uint32_t>(points);
     return;
   }
@@ -333,7 +192,7 @@ int32_t fill_points(const DigitalView& view, int32_t n, const Sink& sink) {
   const uint32_t dim = head.dim;
   if (head.selected != kNoneSelected) {
     const ptrdiff_t k = head.selected;
-    deliver_dense({1, view.x + k * view.x_stride, view.v + k * view.v_stride, 1}, head.index, n, sink, 0);
+    put_dense({1, view.x + k * view.x_stride, view.v + k * view.v_stride, 1}, head.index, n, sink, 0);
     head.index += static_cast<uint32_t>(n);
     return ORVIK_QOR_OK;
   }
@@ -429,9 +288,9 @@ struct DigitalGenerator {
   static constexpr bool kSkipReadsItsLength = true;
   using Vector = I32;
   using Raw = RawSink;
-  using Float = FloatSink<ToFloats<Unsigned, InDouble<FromLow<Words32>>>>;
-  using Double = DoubleSink<ToDoubles<Unsigned, FromLow<Words32>>>;
-  using QuickDouble = DoubleSink<ToDoublesBiased<Words32>>;
+  using Float = DigitalFloats;
+  using Double = DigitalDoubles;
+  using QuickDouble = DigitalQuickDoubles;
 
   template <SinkOf<Vector> Sink>
   static int32_t fill(OrvikStream stream, int32_t n, const Sink& sink) {

@@ -7,7 +7,9 @@
 #include "orvik/serv.h"
 #include "qor/brng/entries.h"
 #include "qor/brng/mcg_lanes.h"
+#include "qor/brng/mcg_run.h"
 #include "qor/brng/sinks.h"
+#include "qor/brng/wide.h"
 #include "qor/stream/record.h"
 
 namespace orvik::qor {
@@ -16,9 +18,9 @@ template <class Modulus>
 struct Mcg {
   using Element = typename Modulus::Element;
   using Vector = typename Modulus::Vector;
-  using Raw = RawFours<Modulus>;
-  using Float = FloatFours<Modulus>;
-  using Double = DoubleFours<Modulus>;
+  using Raw = RawLongs<Modulus>;
+  using Float = FloatLongs<Modulus>;
+  using Double = DoubleLongs<Modulus>;
 
   struct State {
     Element x;  // the next member to deliver
@@ -34,21 +36,30 @@ struct Mcg {
     return result;
   }
 
+  // Requests of fewer words are made one by one.
+  static constexpr int32_t kFew = Modulus::kFew;
+
   // ---- lanes
 
   static void fill_lanes(uint64_t* lane, uint64_t x, uint64_t a) {
+    const uint64_t a2 = Modulus::multiply(a, a);
     lane[0] = x;
-    for (int k = 1; k < 4; ++k) lane[k] = Modulus::multiply(lane[k - 1], a);
+    lane[1] = Modulus::multiply(x, a);
+    lane[2] = Modulus::multiply(x, a2);
+    lane[3] = Modulus::multiply(lane[1], a2);
   }
-  static void fill_powers(uint64_t (*power)[4], uint64_t a) {
-    const uint64_t a2 = Modulus::multiply(a, a), a4 = Modulus::multiply(a2, a2);
-    uint64_t p = a4;
-    for (int j = 0; j < 8; ++j, p = Modulus::multiply(p, a4)) store(power[j], I64(p));
+  // A^4, A^8 ... A^32, with few products one behind the other.
+  static void fill_powers(uint64_t (&power)[8], uint64_t a) {
+    const uint64_t a2 = Modulus::multiply(a, a);
+    power[0] = Modulus::multiply(a2, a2);
+    for (int j = 1; j < 8; ++j) power[j] = Modulus::multiply(power[j / 2], power[(j - 1) / 2]);
   }
   static void rebuild(McgLanes& lanes, uint64_t x, uint64_t a) {
     if (a == 0) a = Modulus::kMultiplier;
     fill_lanes(lanes.lane, x, a);
-    fill_powers(lanes.power, a);
+    uint64_t power[8];
+    fill_powers(power, a);
+    for (int j = 0; j < 8; ++j) store(lanes.power[j], I64(power[j]));
   }
 
   // The stream's side block, unless it is missing or too small to be one. A block that an image brought and that does
@@ -66,51 +77,15 @@ struct Mcg {
     rebuild(lanes, Modulus::residue(lanes.lane[0]), Modulus::residue(a));
   }
 
-  // Delivers n members from the four lanes on; returns the lanes behind them.
+  // Delivers n members from the four lanes on and moves these behind them.
   template <SinkOf<Vector> Sink>
-  static I64 run(I64 members, const uint64_t (*power)[4], int32_t n, const Sink& sink) {
-    using Factor = typename Modulus::Factor;
-    constexpr int kGroup = 2;  // products that are made together
-    auto lane = Modulus::enter(members);
-    ptrdiff_t i = 0;
-    if (n >= 32) {
-      const Sink own = sink;  // a copy: for all the compiler knows the results might overlap it
-      Factor factor[8];
-      for (int j = 0; j < 8; ++j) factor[j] = Factor(load_words(power[j]));
-      for (; i + 32 <= n; i += 32) {
-        unroll<8 / kGroup>([&](auto g) __attribute__((always_inline)) {
-          Vector w[kGroup];
-          if constexpr (g == 0) {
-            Vector behind[kGroup - 1];
-            Modulus::multiply(lane, factor, behind);
-            w[0] = Modulus::unit(lane);
-            unroll<kGroup - 1>([&](auto k) __attribute__((always_inline)) { w[k + 1] = behind[k]; });
-          } else {
-            Modulus::multiply(lane, factor + g * kGroup - 1, w);
-          }
-          own.group(i + 4 * kGroup * g, w);
-        });
-        Vector next[1];
-        Modulus::multiply(lane, factor + 7, next);
-        lane = Modulus::lanes(next[0]);
-      }
-    }
-    const Factor next(load_words(power[0]));
-    Vector w[1] = {Modulus::unit(lane)}, after[1];
-    for (; i + 4 <= n; i += 4) {
-      sink.group(i, w);
-      Modulus::multiply(lane, &next, after);
-      lane = Modulus::lanes(after[0]);
-      w[0] = Modulus::unit(lane);
-    }
-    const int rest = static_cast<int>(n - i);
-    if (rest <= 0) return Modulus::leave(lane);
-    sink.some(i, w[0], rest);
-    Modulus::multiply(lane, &next, after);
-    uint64_t member[8];  // the lanes stay four consecutive members
-    store(member, Modulus::leave(lane));
-    store(member + 4, Modulus::leave(Modulus::lanes(after[0])));
-    return load_words(member + rest);
+  static void run(uint64_t* members, McgPowers powers, int32_t n, const Sink& sink) {
+    WideMcg* const wide =
+        Modulus::kRow == Mod2P59::kRow ? ORVIK_QOR_WIDE(orvik_qor_wide_mcg59) : ORVIK_QOR_WIDE(orvik_qor_wide_mcg31m1);
+    if (n >= kWideMcgMembers && wide != nullptr)
+      wide(Sink::kForm, members, powers, n, sink.target());
+    else
+      run_lanes<Modulus>(members, powers, n, sink);
   }
 
   // ---- the generator's functions
@@ -118,16 +93,16 @@ struct Mcg {
   // Reads and moves the stream's own member only: the lanes stay where the last real request left them.
   static int32_t fill(OrvikStream stream, int32_t n, const Raw& sink) {
     State& state = state_of<State>(stream);
-    if (n < 64) {
+    if (n < kFew) {
       uint64_t x = state.x;
       for (ptrdiff_t i = 0; i < n; ++i, x = Modulus::multiply(x, state.a)) sink.one(i, x);
       state.x = static_cast<Element>(x);
       return ORVIK_QOR_OK;
     }
-    uint64_t lane[4], power[8][4];
+    uint64_t lane[4], power[8];
     fill_lanes(lane, state.x, state.a);
     fill_powers(power, state.a);
-    store(lane, run(load_words(lane), power, n, sink));
+    run(lane, {power, 1}, n, sink);
     sink.one(0, state.x);  // an image may hold bits above the modulus: delivered as they are, whatever the request
     state.x = static_cast<Element>(lane[0]);
     return ORVIK_QOR_OK;
@@ -138,8 +113,7 @@ struct Mcg {
   static int32_t fill(OrvikStream stream, int32_t n, const Sink& sink) {
     McgLanes* const lanes = find_lanes(stream);
     if (!lanes) return ORVIK_QOR_NO_MEMORY;
-    const I64 lane = run(load_words(lanes->lane), lanes->power, n, sink);
-    store(lanes->lane, lane);
+    run(lanes->lane, {lanes->power[0], 4}, n, sink);
     state_of<State>(stream).x = static_cast<Element>(lanes->lane[0]);
     return ORVIK_QOR_OK;
   }

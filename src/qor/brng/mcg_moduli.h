@@ -10,6 +10,7 @@ namespace orvik::qor {
 struct Mod2P31M1 {
   using Element = uint32_t;
   static constexpr uint32_t kRow = 0;
+  static constexpr int32_t kFew = 12;
   static constexpr uint64_t kMultiplier = 1132489760, kModulus = 0x7FFFFFFF;
   // The float scale is rounded to a power of two, the double one is not.
   static constexpr float kFloatScale = 0x1p-31f;
@@ -23,13 +24,13 @@ struct Mod2P31M1 {
     const uint64_t product = x * a, sum = (product & kModulus) + (product >> 31);
     return sum >= kModulus ? sum - kModulus : sum;
   }
-  // A multiplier of four lanes.
+  // A multiplier of the lanes.
   struct Factor {
     Factor() = default;
     explicit Factor(I64 power) : a(power) {}
     I64 a;
   };
-  // Four members and what one comes from.
+  // Members, one a lane, and what they come from.
   using Lanes = I64;
   using Vector = I64;
   static Lanes enter(I64 x) { return x; }
@@ -43,7 +44,7 @@ struct Mod2P31M1 {
     unroll<N>([&](auto k) __attribute__((always_inline)) { r[k] = (r[k] & m) + shift_right<31>(r[k]); });
     unroll<N>([&](auto k) __attribute__((always_inline)) { r[k] = smaller_unsigned(r[k], r[k] - m); });
   }
-  static void store_four(uint32_t* r, Vector w) { store(r, low_words(w)); }
+  static void store_all(uint32_t* r, Vector w) { store(r, low_words(w)); }
   static void store_first(uint32_t* r, Vector w, int count) { store_some(r, widen_to_words(low_words(w)), count); }
   template <int N>
   static void to_doubles(const Vector (&w)[N], F64 (&x)[N]) {
@@ -56,7 +57,7 @@ struct Mod2P31M1 {
   static void to_floats(const Vector (&w)[N], F32 (&x)[(N + 1) / 2]) {
     unroll<(N + 1) / 2>([&](auto k) __attribute__((always_inline)) {
       constexpr int kOther = 2 * k + 1 < N ? 2 * k + 1 : 2 * k;
-      x[k] = orvik::to_float(cross_middle(low_words_by_halves(w[2 * k], w[kOther])));
+      x[k] = orvik::to_float(pack_low_words(w[2 * k], w[kOther]));
     });
   }
 };
@@ -64,6 +65,7 @@ struct Mod2P31M1 {
 struct Mod2P59 {
   using Element = uint64_t;
   static constexpr uint32_t kRow = 1;
+  static constexpr int32_t kFew = 24;
   static constexpr uint64_t kMultiplier = 302875106592253, kMask = (uint64_t{1} << 59) - 1;
   static constexpr float kFloatScale = 0x1p-59f;
   static constexpr double kDoubleScale = 0x1p-59;
@@ -100,7 +102,7 @@ struct Mod2P59 {
     });
     unroll<N>([&](auto k) __attribute__((always_inline)) { r[k].high = r[k].high + cross[k]; });
   }
-  static void store_four(uint64_t* r, Vector w) { store(r, leave(lanes(w))); }
+  static void store_all(uint64_t* r, Vector w) { store(r, leave(lanes(w))); }
   static void store_first(uint64_t* r, Vector w, int count) {
     store_some(reinterpret_cast<uint32_t*>(r), as_words(leave(lanes(w))), 2 * count);
   }

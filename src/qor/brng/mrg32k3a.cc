@@ -6,8 +6,8 @@
 #include "qor/brng/entries.h"
 #include "qor/brng/mrg32k3a_blocks.h"
 #include "qor/brng/sinks.h"
+#include "qor/brng/wide.h"
 #include "qor/stream/restore.h"
-#include "serv/registers.h"
 
 namespace orvik::qor {
 
@@ -33,10 +33,8 @@ struct Mrg32k3a {
     State state = kept;
     const Sink sink = target;  // copies: for all the compiler knows the results might overlap them
     ptrdiff_t i = 0;
-#if ORVIK_WIDE_REGISTERS
-    if (n >= kWideMrgWords && serv::wide_registers)
-      i = orvik_qor_wide_mrg32k3a(Sink::kForm, state, i, n, sink.target());
-#endif
+    if (WideMrg* const wide = n >= kWideMrgWords ? ORVIK_QOR_WIDE(orvik_qor_wide_mrg32k3a) : nullptr; wide != nullptr)
+      i = wide(Sink::kForm, state, i, n, sink.target());
     i = MrgBlocks::deliver(state, i, n, sink);
     alignas(32) uint32_t few[16];
     while (i < n) {

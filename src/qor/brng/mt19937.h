@@ -4,7 +4,7 @@
 #include <stdint.h>
 
 #include "qor/brng/twister_rows.h"
-#include "serv/registers.h"
+#include "qor/brng/wide.h"
 
 namespace orvik::qor {
 
@@ -19,12 +19,9 @@ struct Mt19937Parameters {
 
   static uint32_t matrix(const State&) { return kMatrix; }
 
-  static WideTwister* wide_rows(Form) {
-#if ORVIK_WIDE_REGISTERS
-    if (serv::wide_registers) return &orvik_qor_wide_mt19937;
-#endif
-    return nullptr;
-  }
+  static WideTwister* wide_rows(Form) { return ORVIK_QOR_WIDE(orvik_qor_wide_mt19937); }
+
+  static WideTempering* wide_tempering() { return ORVIK_QOR_WIDE(orvik_qor_wide_mt19937_tempering); }
 
   struct Tempering {
     explicit Tempering(const State&) {}

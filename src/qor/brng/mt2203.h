@@ -4,7 +4,7 @@
 #include <stdint.h>
 
 #include "qor/brng/twister_rows.h"
-#include "serv/registers.h"
+#include "qor/brng/wide.h"
 
 namespace orvik::qor {
 
@@ -26,13 +26,9 @@ struct Mt2203Parameters {
 
   static uint32_t matrix(const State& state) { return state.matrix_a; }
 
-  // Words alone wait for those just stored, in registers of any width.
-  static WideTwister* wide_rows([[maybe_unused]] Form form) {
-#if ORVIK_WIDE_REGISTERS
-    if (serv::wide_registers && form != Form::raw && form != Form::none) return &orvik_qor_wide_mt2203;
-#endif
-    return nullptr;
-  }
+  static WideTwister* wide_rows(Form) { return ORVIK_QOR_WIDE(orvik_qor_wide_mt2203); }
+
+  static WideTempering* wide_tempering() { return ORVIK_QOR_WIDE(orvik_qor_wide_mt2203_tempering); }
 
   struct Tempering {
     explicit Tempering(const State& state) : b(I32(state.mask_b)), c(I32(state.mask_c)) {}

@@ -1,27 +1,21 @@
 // PHILOX4X32X10: ten rounds of Philox-4x32 (Salmon, Moraes, Dror, Shaw 2011).
 #include "qor/brng/counter.h"
 #include "qor/brng/philox_rounds.h"
-#include "serv/registers.h"
+#include "qor/brng/wide.h"
 
 namespace orvik::qor {
 
 struct PhiloxBlocks {
   static constexpr int kKeyWords = 2, kFew = 2;
-  static constexpr bool kAhead = false;
   // A short jump to a block's end holds that block, a long one does not.
   static constexpr Landing kShort = Landing::in_block, kLong = Landing::exact;
   using Vector = I32;
-  using Run = PhiloxRun;
+  using Runs = PhiloxRuns;
   using Keys = PhiloxKeys;
 
   static int32_t ready(bool) { return ORVIK_QOR_OK; }
 
-  static WideRuns* wide_runs() {
-#if ORVIK_WIDE_REGISTERS
-    if (serv::wide_registers) return &orvik_qor_wide_philox;
-#endif
-    return nullptr;
-  }
+  static WideRuns* wide_runs() { return ORVIK_QOR_WIDE(orvik_qor_wide_philox); }
 
   static void lanes(Counter128 counter, I64& low, I64& high) {
     const uint64_t l = static_cast<uint64_t>(counter), h = static_cast<uint64_t>(counter >> 64);

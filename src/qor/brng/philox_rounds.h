@@ -26,15 +26,17 @@ struct PhiloxKeys {
 // order. `high` holds words 2 and 3 of the counters. Every step is done for all G, since ten rounds in a row are longer
 // than the processor looks ahead.
 template <int G>
-void philox_blocks(const I64 (&low)[G], const I64 (&high)[G], const PhiloxKeys& keys, I32 (&words)[2 * G]) {
+__attribute__((always_inline)) inline void philox_blocks(const I64 (&low)[G], const I64 (&high)[G],
+                                                         const PhiloxKeys& keys, I32 (&words)[2 * G]) {
   const I64 m0(uint64_t{0xD2511F53}), m1(uint64_t{0xCD9E8D57});
-  // Only the low half of a 64-bit lane counts in c0 to c3; products bring junk into the high halves.
+  // Only the low half of a 64-bit lane counts in c0 to c3; products bring junk into the high halves. Halves change
+  // places by a shuffle, since shifts compete with the products.
   I64 c0[G], c1[G], c2[G], c3[G];
   unroll<G>([&](auto g) __attribute__((always_inline)) {
     c0[g] = low[g];
-    c1[g] = shift_right<32>(low[g]);
+    c1[g] = swap_words(low[g]);
     c2[g] = high[g];
-    c3[g] = shift_right<32>(high[g]);
+    c3[g] = swap_words(high[g]);
   });
   unroll<kPhiloxRounds>([&](auto r) __attribute__((always_inline)) {
     I64 p0[G], p1[G];
@@ -43,39 +45,51 @@ void philox_blocks(const I64 (&low)[G], const I64 (&high)[G], const PhiloxKeys& 
       p1[g] = multiply_low_words(c2[g], m1);
     });
     unroll<G>([&](auto g) __attribute__((always_inline)) {
-      c0[g] = shift_right<32>(p1[g]) ^ (c1[g] ^ keys.k0[r]);
-      c2[g] = shift_right<32>(p0[g]) ^ (c3[g] ^ keys.k1[r]);
+      c0[g] = swap_words(p1[g]) ^ (c1[g] ^ keys.k0[r]);
+      c2[g] = swap_words(p0[g]) ^ (c3[g] ^ keys.k1[r]);
       c1[g] = p1[g];
       c3[g] = p0[g];
     });
   });
   unroll<G>([&](auto g) __attribute__((always_inline)) {
-    const I64 words01 = with_high_words(c0[g], shift_left<32>(c1[g]));
-    const I64 words23 = with_high_words(c2[g], shift_left<32>(c3[g]));
+    const I64 words01 = with_high_words(c0[g], swap_words(c1[g]));
+    const I64 words23 = with_high_words(c2[g], swap_words(c3[g]));
     words[2 * g] = as_words(first_words(words01, words23));
     words[2 * g + 1] = as_words(second_words(words01, words23));
   });
 }
 
-// Whole blocks (counter_runs.h).
+// G pairs of registers at a time (counter_runs.h).
+template <int G>
 struct PhiloxRun {
   using Keys = PhiloxKeys;
-  static constexpr int kGroup = 2, kVectors = 2 * kGroup;
+  using Vector = I32;
+  static constexpr int kVectors = 2 * G;
   PhiloxRun(uint64_t low, uint64_t high) : low_(low), high_(high) { low_ = low_ + quarter_numbers(); }
-  template <class Sink>
-  void deliver(const Keys& keys, const Sink& sink, ptrdiff_t i) {
+  __attribute__((always_inline)) void make(const Keys& keys, Vector (&words)[kVectors]) {
     constexpr uint64_t kBlocks = kWords / 2;  // of a pair of registers
-    I64 low[kGroup], high[kGroup];
-    unroll<kGroup>([&](auto g) __attribute__((always_inline)) {
+    I64 low[G], high[G];
+    unroll<G>([&](auto g) __attribute__((always_inline)) {
       low[g] = low_ + I64(kBlocks * g);
       high[g] = high_;
     });
-    I32 words[kVectors];
     philox_blocks(low, high, keys, words);
+    low_ = low_ + I64(kBlocks * G);
+  }
+  template <class Sink>
+  void deliver(const Keys& keys, const Sink& sink, ptrdiff_t i) {
+    Vector words[kVectors];
+    make(keys, words);
     sink.group(i, words);
-    low_ = low_ + I64(kBlocks * kGroup);
   }
   I64 low_, high_;
+};
+struct PhiloxRuns {
+  using Keys = PhiloxKeys;
+  static constexpr bool kAhead = false;
+  // As many as hide the latency of a product.
+  using Long = PhiloxRun<kWords == 16 ? 4 : 2>;
+  using Short = PhiloxRun<kWords == 16 ? 2 : 1>;
 };
 
 }  // namespace orvik::qor

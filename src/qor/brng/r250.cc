@@ -2,12 +2,17 @@
 #include <string.h>
 
 #include "qor/brng/entries.h"
+#include "qor/brng/r250_run.h"
 #include "qor/brng/sinks.h"
+#include "qor/brng/wide.h"
 
 namespace orvik::qor {
 
 struct R250 : NoJumps {
-  static constexpr int kWords = 250, kDistance = 103;
+  static constexpr int kWords = kR250Words, kDistance = kR250Distance;
+  // Requests of so many words run in a linear buffer, up to kLinear of them in one pass: registers of 512 bits are the
+  // sooner worth the copies.
+  static constexpr int kLong = 4096, kWideLong = 256, kLinear = 2048;
 
   struct State {
     uint32_t r[kWords];
@@ -16,9 +21,9 @@ struct R250 : NoJumps {
 
   using Vector = I32;
   using Raw = RawSink;
-  using Float = FloatSink<ToFloatsByDoubles<Unsigned, FromLow<Words32>>>;
-  using Double = DoubleSink<ToDoubles<Unsigned, FromLow<Words32>>>;
-  using QuickDouble = DoubleSink<ToDoublesBiased<Words32>>;
+  using Float = R250Floats;
+  using Double = R250Doubles;
+  using QuickDouble = R250QuickDoubles;
 
   // `count` words in place, none of which is read after it was written: eight at a time.
   template <class Sink>
@@ -44,13 +49,41 @@ struct R250 : NoJumps {
     sink.some(i + k, w, count - k);
   }
 
+  // n words from place p on, with the other place kDistance ahead.
+  template <class Sink>
+  static void run_linear(State& state, int p, WideR250* wide, ptrdiff_t n, const Sink& sink) {
+    alignas(64) uint32_t x[kWords + kLinear + orvik::kWords * 2];
+    const auto rotated = [](int place) { return place < kWords ? place : place - kWords; };
+    memcpy(x, state.r + p, 4 * static_cast<size_t>(kWords - p));
+    memcpy(x + kWords - p, state.r, 4 * static_cast<size_t>(p));
+    for (ptrdiff_t i = 0; i < n;) {
+      const int count = n - i < kLinear ? static_cast<int>(n - i) : kLinear;
+      if (wide != nullptr)
+        wide(Sink::kForm, x, count, sink.target(), i);
+      else
+        run_r250(x, count, sink, i);
+      memmove(x, x + count, sizeof state.r);
+      p = rotated(p + count % kWords);
+      i += count;
+    }
+    memcpy(state.r + p, x, 4 * static_cast<size_t>(kWords - p));
+    memcpy(state.r, x + kWords - p, 4 * static_cast<size_t>(p));
+    state.p = p;
+    state.q = rotated(p + kDistance);
+  }
+
   template <SinkOf<Vector> Sink>
   static int32_t fill(OrvikStream stream, int32_t n, const Sink& sink) {
     State& state = state_of<State>(stream);
     const auto inside = [](int32_t place) { return static_cast<uint32_t>(place) < kWords ? place : 0; };
     int p = inside(state.p), q = inside(state.q);  // an image may hold anything
-    // A run ends where either place wraps, or where it would read what it has just written.
     const int ahead = q > p ? q - p : q - p + kWords, behind = kWords - ahead;
+    WideR250* const wide = ORVIK_QOR_WIDE(orvik_qor_wide_r250);
+    if (n >= (wide != nullptr ? kWideLong : kLong) && ahead == kDistance) {
+      run_linear(state, p, wide, n, sink);
+      return ORVIK_QOR_OK;
+    }
+    // A run ends where either place wraps, or where it would read what it has just written.
     const int longest = p == q ? 1 : ahead < behind ? ahead : behind;
     for (ptrdiff_t i = 0; i < n;) {
       const int to_end = kWords - (p > q ? p : q), most = to_end < longest ? to_end : longest;

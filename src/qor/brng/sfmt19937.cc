@@ -5,6 +5,7 @@
 
 #include "qor/brng/entries.h"
 #include "qor/brng/sinks.h"
+#include "qor/brng/wide.h"
 
 namespace orvik::qor {
 
@@ -13,50 +14,30 @@ const uint32_t kSfmtPolynomial[kSfmtTerms] = {
 };
 
 struct Sfmt19937 : NoJumps {
-  static constexpr int kN = kSfmtWords, kBlocks = kSfmtBlocks, kPosition = 122;
+  static constexpr int kN = kSfmtWords, kBlocks = kSfmtBlocks, kPosition = SfmtBlocks::kPosition;
   // Jumps up to here take the plainer method.
   static constexpr int64_t kShortJump = 19967;
 
   using State = SfmtState;
   using Vector = Halves;
   using Raw = RawSink;
-  using Float = FloatSink<ToFloats<Signed, InDouble<FromMiddle>>>;
-  using Double = DoubleSink<ToDoubles<Signed, FromMiddle>>;
+  using Float = SfmtFloats;
+  using Double = SfmtDoubles;
 
-  alignas(16) static constexpr uint32_t kMask[4] = {0xDFFFFFEF, 0xDDFECB7F, 0xBFFAFFFF, 0xBFFFFFF6};
-
-  // The block that follows d, from the block it replaces, the one 122 on, and the last two.
-  static I32Half next(I32Half a, I32Half b, I32Half c, I32Half d, I32Half mask) {
-    return a ^ shift_left_bytes<1>(a) ^ (shift_right<11>(b) & mask) ^ shift_right_bytes<1>(c) ^ shift_left<18>(d);
-  }
-
-  // A whole generation in place, handed on from index i.
   template <class Sink>
-  static void generate(State& state, const Sink& target, ptrdiff_t i) {
-    uint32_t* const w = state.word;
-    const Sink sink = target;  // a copy: for all the compiler knows the results might overlap it
-    const I32Half mask = load_half(kMask);
-    I32Half c = load_half(w + kN - 8), d = load_half(w + kN - 4);
-    const auto run = [&](int from, int to, int distance) __attribute__((always_inline)) {
-      for (int k = from; k < to; k += 8) {
-        c = next(load_half(w + k), load_half(w + k + distance), c, d, mask);
-        store(w + k, c);
-        d = next(load_half(w + k + 4), load_half(w + k + 4 + distance), d, c, mask);
-        store(w + k + 4, d);
-        put_one(sink, i + k, Halves{c, d});
-      }
-    };
-    run(0, kN - 4 * kPosition, 4 * kPosition);
-    run(kN - 4 * kPosition, kN, 4 * kPosition - kN);
+  static void generate(State& state, int count, const Sink& sink, ptrdiff_t i) {
+    if (WideSfmtGenerations* const wide = ORVIK_QOR_WIDE(orvik_qor_wide_sfmt_generations); wide != nullptr)
+      wide(Sink::kForm, state.word, count, sink.target(), i);
+    else
+      SfmtBlocks::generations(state.word, count, sink, i);
   }
-
   template <class Sink>
   static void deliver(const uint32_t* word, int count, const Sink& sink, ptrdiff_t i) {
-    int k = 0;
-    for (; k + 8 <= count; k += 8) put_one(sink, i + k, Halves{load_half(word + k), load_half(word + k + 4)});
-    if (k == count) return;
-    const I32 w = load_some(word + k, count - k);
-    sink.some(i + k, Halves{low_half(w), high_half(w)}, count - k);
+    WideSfmtDeliver* const wide = ORVIK_QOR_WIDE(orvik_qor_wide_sfmt_deliver);
+    if (count >= kWideSfmtWords && wide != nullptr)
+      wide(Sink::kForm, word, count, sink.target(), i);
+    else
+      SfmtBlocks::deliver(word, count, sink, i);
   }
 
   // Moves the index on by `count` words of the generation in hand; what is left of a block that is cut goes to the
@@ -102,9 +83,12 @@ struct Sfmt19937 : NoJumps {
       i += count;
     };
     if (i < n && state.index < kN) in_hand();
-    for (; i + kN <= n; i += kN) generate(state, sink, i);
+    if (const int whole = static_cast<int>(n - i) / kN; whole > 0) {
+      generate(state, whole, sink, i);
+      i += whole * kN;
+    }
     if (i < n) {
-      generate(state, NullSink(), 0);
+      generate(state, 1, NullSink(), 0);
       state.index = 0;
       in_hand();
     }
@@ -201,7 +185,8 @@ struct Sfmt19937 : NoJumps {
       return load_half(state.word + (at < kN ? at : at - kN));
     };
     orvik::store(state.word + k,
-                 next(block(0), block(kPosition), block(kBlocks - 2), block(kBlocks - 1), load_half(kMask)));
+                 SfmtBlocks::next(SfmtBlocks::from_far(block(0), block(kPosition), load_half(SfmtBlocks::kMask)),
+                                  block(kBlocks - 2), block(kBlocks - 1)));
     state.index = k + 4;
   }
   static void store_back(void* stream, void* record, int32_t offset) {

@@ -232,6 +232,8 @@ template <class Reading, class Interval>
 class ToFloatsByDoubles {
  public:
   ToFloatsByDoubles(float a, float b) : doubles_(static_cast<double>(a), static_cast<double>(b)) {}
+  explicit ToFloatsByDoubles(const Target& t) : doubles_(t) {}
+  Target target(void* r) const { return doubles_.target(r); }
   template <int N>
   void operator()(const I32 (&w)[N], F32 (&x)[N]) const {
     unroll<N>([&](auto k) __attribute__((always_inline)) {
@@ -316,19 +318,22 @@ class DoubleSink {
   Conversion convert_;
 };
 
-// ---- sinks of four elements a vector -------------------------------------------------------------------------------
+// ---- sinks of a vector of elements of 64 bits -----------------------------------------------------------------------
 
-// A loader of fours: `Vector`; `Element`, `store(r, w)` and `store_some(r, w, count)` for the raw form;
-// `to_doubles(w, x)`, and `kDoubleScale` where a unit apart is not 1.
+// A loader of such: `Vector`, of kLongs elements; `Element`, `store_all(r, w)` and `store_first(r, w, count)` for the
+// raw form; `to_doubles(w, x)`, and `kDoubleScale` where a unit apart is not 1.
 template <class Loader>
-class RawFours {
+class RawLongs {
  public:
   using Vector = typename Loader::Vector;
   using Element = typename Loader::Element;
-  explicit RawFours(void* r) : r_(static_cast<Element*>(r)) {}
+  static constexpr Form kForm = Form::raw;
+  explicit RawLongs(void* r) : r_(static_cast<Element*>(r)) {}
+  explicit RawLongs(const Target& target) : RawLongs(target.r) {}
+  Target target() const { return {r_, 0, 0}; }
   template <int N>
   void group(ptrdiff_t i, const Vector (&w)[N]) const {
-    unroll<N>([&](auto k) __attribute__((always_inline)) { Loader::store_four(r_ + i + 4 * k, w[k]); });
+    unroll<N>([&](auto k) __attribute__((always_inline)) { Loader::store_all(r_ + i + kLongs * k, w[k]); });
   }
   void some(ptrdiff_t i, Vector w, int count) const { Loader::store_first(r_ + i, w, count); }
   void one(ptrdiff_t i, uint64_t w) const { r_[i] = static_cast<Element>(w); }
@@ -339,15 +344,19 @@ class RawFours {
 };
 
 template <class Loader>
-class DoubleFours {
+class DoubleLongs {
  public:
   using Vector = typename Loader::Vector;
-  DoubleFours(double* r, double a, double b) : r_(r), scale_((b - a) * Loader::kDoubleScale), a_(a) {}
+  static constexpr Form kForm = Form::doubles;
+  DoubleLongs(double* r, double a, double b) : r_(r), scale_((b - a) * Loader::kDoubleScale), a_(a) {}
+  explicit DoubleLongs(const Target& target)
+      : r_(static_cast<double*>(target.r)), scale_(target.scale), a_(target.origin) {}
+  Target target() const { return {r_, first_lane(scale_), first_lane(a_)}; }
   template <int N>
   void group(ptrdiff_t i, const Vector (&w)[N]) const {
     F64 x[N];
     Loader::to_doubles(w, x);
-    unroll<N>([&](auto k) __attribute__((always_inline)) { store(r_ + i + 4 * k, fma(scale_, x[k], a_)); });
+    unroll<N>([&](auto k) __attribute__((always_inline)) { store(r_ + i + kLongs * k, fma(scale_, x[k], a_)); });
   }
   void some(ptrdiff_t i, Vector w, int count) const {
     const Vector words[1] = {w};
@@ -367,17 +376,23 @@ class DoubleFours {
 
 // Floats from a loader that makes them, two vectors to one of floats, in one fused step.
 template <class Loader>
-class FloatFours {
+class FloatLongs {
  public:
   using Vector = typename Loader::Vector;
-  FloatFours(float* r, float a, float b) : r_(r), scale_((b - a) * Loader::kFloatScale), a_(a) {}
+  static constexpr Form kForm = Form::floats;
+  FloatLongs(float* r, float a, float b) : r_(r), scale_((b - a) * Loader::kFloatScale), a_(a) {}
+  explicit FloatLongs(const Target& target)
+      : r_(static_cast<float*>(target.r)),
+        scale_(static_cast<float>(target.scale)),
+        a_(static_cast<float>(target.origin)) {}
+  Target target() const { return {r_, double{first_lane(scale_)}, double{first_lane(a_)}}; }
   template <int N>
   void group(ptrdiff_t i, const Vector (&w)[N]) const {
     F32 x[(N + 1) / 2];
     Loader::to_floats(w, x);
     unroll<(N + 1) / 2>([&](auto k) __attribute__((always_inline)) { x[k] = fma(scale_, x[k], a_); });
-    unroll<N / 2>([&](auto k) __attribute__((always_inline)) { store(r_ + i + 8 * k, x[k]); });
-    if constexpr (N % 2 == 1) store_low_half(r_ + i + 4 * (N - 1), x[N / 2]);
+    unroll<N / 2>([&](auto k) __attribute__((always_inline)) { store(r_ + i + kWords * k, x[k]); });
+    if constexpr (N % 2 == 1) store_low_half(r_ + i + kLongs * (N - 1), x[N / 2]);
   }
   void some(ptrdiff_t i, Vector w, int count) const {
     const Vector words[1] = {w};
@@ -393,17 +408,22 @@ class FloatFours {
 
 // Floats that are the double results, rounded once more.
 template <class Loader>
-class RoundedFours {
+class RoundedLongs {
  public:
   using Vector = typename Loader::Vector;
-  RoundedFours(float* r, float a, float b)
+  static constexpr Form kForm = Form::floats;
+  RoundedLongs(float* r, float a, float b)
       : r_(r), scale_((static_cast<double>(b) - static_cast<double>(a)) * Loader::kDoubleScale), a_(double{a}) {}
+  explicit RoundedLongs(const Target& target)
+      : r_(static_cast<float*>(target.r)), scale_(target.scale), a_(target.origin) {}
+  Target target() const { return {r_, first_lane(scale_), first_lane(a_)}; }
   template <int N>
   void group(ptrdiff_t i, const Vector (&w)[N]) const {
     F64 x[N];
     Loader::to_doubles(w, x);
-    unroll<N>([&](auto k)
-                  __attribute__((always_inline)) { store_low_half(r_ + i + 4 * k, narrow(fma(scale_, x[k], a_))); });
+    unroll<N>([&](auto k) __attribute__((always_inline)) {
+      store_low_half(r_ + i + kLongs * k, narrow(fma(scale_, x[k], a_)));
+    });
   }
   void some(ptrdiff_t i, Vector w, int count) const {
     const Vector words[1] = {w};

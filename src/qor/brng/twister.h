@@ -1,5 +1,6 @@
 // Twisted generalised feedback shift registers (Matsumoto, Nishimura 1998). One class over the parameters: `P` names
-// those of the recurrence (twister_rows.h) and wide_rows(), which is null where registers of 512 bits are not used.
+// those of the recurrence (twister_rows.h), wide_rows() and wide_tempering(), which are null where registers of 512
+// bits are not used.
 //
 // Words are made in a linear buffer that holds the last N raw words in front of the new ones: word k + N follows from
 // words k, k + 1 and k + M, so that eight are made at a time with no seam, whatever N is.
@@ -32,11 +33,11 @@ struct Twister : NoJumps {
     return wm ^ y >> 1 ^ (y & 1 ? matrix : 0);
   }
 
-  // Appends `count` words to the N at x and hands them on from index i. Writes up to a multiple of eight.
+  // Appends `count` words to the N at x and hands them on from index i. Writes up to a multiple of eight. Returns how
+  // many words that makes.
   template <SinkOf<Vector> Sink>
-  static void advance(uint32_t* x, int count, const State& state, const Tempering& temper, const Sink& sink,
-                      ptrdiff_t i) {
-    int k = 0;
+  static int advance(uint32_t* x, int k, int count, const State& state, const Tempering& temper, const Sink& sink,
+                     ptrdiff_t i) {
     if (WideTwister* const wide = P::wide_rows(Sink::kForm); wide != nullptr) {
       k = wide(Sink::kForm, x, k, count, &state, sink.target(), i);
     }
@@ -49,50 +50,63 @@ struct Twister : NoJumps {
       temper(w);
       k + 8 <= count ? sink.group(i + k, w) : sink.some(i + k, w[0], count - k);
     }
+    return k;
   }
 
   template <SinkOf<Vector> Sink>
-  static void deliver(const uint32_t* word, int count, const Tempering& temper, const Sink& sink, ptrdiff_t i) {
-    for (int k = 0; k < count; k += 8) {
-      I32 w[1] = {k + 8 <= count ? load_words(word + k) : load_some(word + k, count - k)};
-      temper(w);
-      k + 8 <= count ? sink.group(i + k, w) : sink.some(i + k, w[0], count - k);
-    }
+  static void deliver(const State& state, const uint32_t* word, int count, const Sink& sink, ptrdiff_t i) {
+    WideTempering* const wide = count >= kWideTemperingWords ? P::wide_tempering() : nullptr;
+    if (wide != nullptr)
+      wide(Sink::kForm, word, count, &state, sink.target(), i);
+    else
+      Rows::deliver(word, count, state, sink, i);
   }
 
-  // Whole generations, tempered on their way out; the state keeps the last one, raw.
+  // A generation, read in the vectors that it was written in: memcpy's own would wait for these.
+  static void copy(uint32_t* to, const uint32_t* from) {
+    int k = 0;
+    for (; k + 8 <= kN; k += 8) store(to + k, load_words(from + k));
+    if (k < kN) store_some(to + k, load_some(from + k, kN - k), kN - k);
+  }
+
+  // `count` words from a generation's beginning on, tempered on their way out; the state keeps the last generation,
+  // raw.
   template <SinkOf<Vector> Sink>
-  static void deliver_generations(State& state, int count, const Tempering& temper, const Sink& sink, ptrdiff_t i) {
-    alignas(32) uint32_t x[kN * (1 + kGenerations) + 8];
-    memcpy(x, state.mt, sizeof state.mt);
+  static void deliver_generations(State& state, int count, const Sink& sink, ptrdiff_t i) {
+    const Tempering temper(state);
+    constexpr int kBefore = 16;  // advance() reads there
+    alignas(64) uint32_t buffer[kBefore + kN * (1 + kGenerations) + 8];
+    uint32_t* const x = buffer + kBefore;
+    memset(buffer, 0, 4 * kBefore);
+    copy(x, state.mt);
     while (count > 0) {
-      const int made = (count < kGenerations ? count : kGenerations) * kN;
-      advance(x, made, state, temper, sink, i);
-      memmove(x, x + made, sizeof state.mt);
-      i += made;
-      count -= made / kN;
+      const int most = kGenerations * kN, wanted = count < most ? count : most, whole = wanted / kN * kN;
+      const int k = advance(x, 0, whole, state, temper, sink, i), made = whole < wanted ? whole + kN : whole;
+      if (whole < wanted) {  // the last generation is not all delivered
+        advance(x, k, made, state, temper, NullSink(), 0);
+        deliver(state, x + kN + whole, wanted - whole, sink, i + whole);
+      }
+      if (count == wanted)
+        copy(state.mt, x + made);
+      else
+        copy(x, x + made);
+      i += wanted;
+      count -= wanted;
     }
-    memcpy(state.mt, x, sizeof state.mt);
   }
 
   template <SinkOf<Vector> Sink>
   static int32_t fill(OrvikStream stream, int32_t n, const Sink& sink) {
     State& state = state_of<State>(stream);
-    const Tempering temper(state);
     if (n <= 0) return ORVIK_QOR_OK;
     if (static_cast<uint32_t>(state.index) > kN) state.index = kN;  // an image may hold anything
     const int in_hand = kN - state.index, first = n < in_hand ? n : in_hand;
-    deliver(state.mt + state.index, first, temper, sink, 0);
+    deliver(state, state.mt + state.index, first, sink, 0);
     state.index += first;
     n -= first;
     if (n == 0) return ORVIK_QOR_OK;
-    const int whole = n / kN, rest = n % kN;
-    if (whole > 0) deliver_generations(state, whole, temper, sink, first);
-    if (rest > 0) {
-      deliver_generations(state, 1, temper, NullSink(), 0);
-      deliver(state.mt, rest, temper, sink, first + whole * kN);
-      state.index = rest;
-    }
+    deliver_generations(state, n, sink, first);
+    state.index = (n - 1) % kN + 1;
     return ORVIK_QOR_OK;
   }
 

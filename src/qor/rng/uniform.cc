@@ -13,7 +13,7 @@ template <class T>
 void clamp(int32_t n, T* r, T a, T b) {
   transform(n, r, [=](T x) {
     const T least = a > x ? a : x;
-    return least > b || x < a ? (least > b ? b : least) : x;
+    return least > b ? b : least;
   });
 }
 

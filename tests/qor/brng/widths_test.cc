@@ -34,21 +34,29 @@ void append(std::vector<uint8_t>& bytes, const std::vector<T>& x) {
   if (!x.empty()) std::memcpy(bytes.data() + at, x.data(), x.size() * sizeof(T));
 }
 
-// All forms one after the other, the quicker doubles among them, and what follows.
+void append_state(std::vector<uint8_t>& bytes, const Stream& s) {
+  const auto* const state = s.state<uint8_t>();
+  bytes.insert(bytes.end(), state, state + s.row().StreamStateSize - 16);
+}
+
+// All forms one after the other, the quicker doubles among them, what states they leave, and what follows.
 std::vector<uint8_t> numbers(const Stream& s, int32_t before, int32_t n) {
   std::vector<uint8_t> bytes;
   append(bytes, s.outputs(before));
   append(bytes, s.outputs(n));
+  append_state(bytes, s);
   append(bytes, s.floats(n, -0.75f, 1.5f));
+  append_state(bytes, s);
   append(bytes, s.doubles(n, -0.75, 1.5));
   append(bytes, s.doubles(n));
+  append_state(bytes, s);
   append(bytes, s.outputs(700));
   return bytes;
 }
 
 TEST_P(WidthsTest, RegistersOfBothWidthsGiveTheSameNumbers) {
   for (const int32_t before : {0, 1, 7, 100}) {
-    for (const int32_t n : {1, 64, 100, 127, 128, 129, 191, 255, 256, 624, 1000, 1872, 2048, 4099, 12345}) {
+    for (const int32_t n : {1, 64, 100, 127, 128, 129, 191, 255, 256, 624, 1000, 1872, 2047, 2048, 4099, 12345}) {
       const Stream a(GetParam().brng, GetParam().seeds), b(GetParam().brng, GetParam().seeds);
       const std::vector<uint8_t> got = numbers(a, before, n);
       const Narrow narrow;
@@ -58,6 +66,71 @@ TEST_P(WidthsTest, RegistersOfBothWidthsGiveTheSameNumbers) {
 }
 INSTANTIATE_TEST_SUITE_P(Brng, WidthsTest, ::testing::ValuesIn(orvik::testing::seeded_generators()),
                          orvik::testing::name_of);
+
+// Every length of the last registers of a request.
+TEST_P(WidthsTest, RequestsOfAnyLengthGiveTheSameNumbers) {
+  for (int32_t n = 2; n <= 300; ++n) {
+    const Stream a(GetParam().brng, GetParam().seeds), b(GetParam().brng, GetParam().seeds);
+    const std::vector<uint8_t> got = numbers(a, n % 11, n);
+    const Narrow narrow;
+    ASSERT_EQ(got, numbers(b, n % 11, n)) << n;
+  }
+}
+
+TEST(Widths, LeapedStreamsGiveTheSameNumbers) {
+  for (const Generator& g : orvik::testing::seeded_generators()) {
+    if (!g.leapfrogs) continue;
+    const Stream a(g.brng, g.seeds), b(g.brng, g.seeds);
+    ASSERT_EQ(a.leapfrog(3, 7), 0);
+    ASSERT_EQ(b.leapfrog(3, 7), 0);
+    const std::vector<uint8_t> got = numbers(a, 5, 1000);
+    const Narrow narrow;
+    EXPECT_EQ(got, numbers(b, 5, 1000)) << g.name;
+  }
+}
+
+// Registers hold several points, one, or a part of one; more than 32 dimensions go in groups.
+TEST(Widths, PointsOfAnyDimensionGiveTheSameNumbers) {
+  for (const int32_t brng : {ORVIK_BRNG_SOBOL, ORVIK_BRNG_NIEDERREITER}) {
+    for (uint32_t dim = 1; dim <= 40; ++dim) {
+      for (const int32_t points : {3, 17, 39, 40, 41, 100}) {
+        const Stream a(brng, {dim}), b(brng, {dim});
+        const int32_t n = points * static_cast<int32_t>(dim);
+        const std::vector<uint8_t> got = numbers(a, 7, n);
+        const Narrow narrow;
+        ASSERT_EQ(got, numbers(b, 7, n)) << brng << ' ' << dim << ' ' << points;
+      }
+    }
+  }
+}
+
+TEST(Widths, TheSelectedDimensionGivesTheSameNumbers) {
+  for (const int32_t brng : {ORVIK_BRNG_SOBOL, ORVIK_BRNG_NIEDERREITER}) {
+    const Stream a(brng, {20}), b(brng, {20});
+    ASSERT_EQ(a.leapfrog(13, 0x7FFFFFFF), 0);
+    ASSERT_EQ(b.leapfrog(13, 0x7FFFFFFF), 0);
+    const std::vector<uint8_t> got = numbers(a, 9, 1234);
+    const Narrow narrow;
+    EXPECT_EQ(got, numbers(b, 9, 1234)) << brng;
+  }
+}
+
+// A linear buffer serves the usual distance of the two places alone, wherever they are.
+TEST(Widths, PlacesOfR250AreWhereTheyWere) {
+  struct State {
+    uint32_t r[250];
+    int32_t p, q;
+  };
+  for (const int32_t distance : {103, 1, 102, 104, 147, 249}) {
+    for (const int32_t p : {0, 1, 146, 147, 249}) {
+      const Stream a(ORVIK_BRNG_R250), b(ORVIK_BRNG_R250);
+      for (const Stream* s : {&a, &b}) s->state<State>()->p = p, s->state<State>()->q = (p + distance) % 250;
+      const std::vector<uint8_t> got = numbers(a, 3, 5000);
+      const Narrow narrow;
+      EXPECT_EQ(got, numbers(b, 3, 5000)) << distance << ' ' << p;
+    }
+  }
+}
 
 // Where the low half of a counter comes to its end no wide run may begin.
 TEST(Widths, CountersThatCarryGiveTheSameNumbers) {

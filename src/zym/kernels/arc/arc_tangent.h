@@ -1,7 +1,8 @@
 // Arc tangent of one number and of a point, also in half turns. With n <= d the smaller and the larger of the two
 // magnitudes (of x and 1, or of x and y), c = 9/16 where n/d is above 9/32 and 0 below,
 //   atan(n/d) = atan(c) + atan(t),  t = (n - c d) / (d + c n),  |t| <= 0.2813,  atan(t) = t + t z P(z), z = t^2;
-// the octant then says what to take it from: the result is base +- atan(n/d). At EP in 32 bits c is always 0.
+// the octant then says what to take it from: the result is base +- atan(n/d). At EP in 32 bits c is always 0; at HA in
+// 32 bits the quotient itself is the argument of polynomials on eight intervals.
 #pragma once
 
 #include <iterator>
@@ -9,6 +10,7 @@
 #include "orvik/zym_types.h"
 #include "zym/kernels/arc/coefficients.h"
 #include "zym/kernels/arc/constants.h"
+#include "zym/kernels/shared/octets.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym {
@@ -19,7 +21,6 @@ constexpr const auto& tangent_coefficients() {
   constexpr bool kRadian = U == Unit::radian;
   if constexpr (Single<V> && L == Level::EP) return kRadian ? kAtanSingleEP : kAtanpiSingleEP;
   if constexpr (Single<V> && L == Level::LA) return kRadian ? kAtanSingleLA : kAtanpiSingleLA;
-  if constexpr (Single<V> && L == Level::HA) return kRadian ? kAtanSingleHA : kAtanpiSingleHA;
   if constexpr (Double<V> && L == Level::EP) return kRadian ? kAtanDoubleEP : kAtanpiDoubleEP;
   if constexpr (Double<V> && L == Level::LA) return kRadian ? kAtanDoubleLA : kAtanpiDoubleLA;
   if constexpr (Double<V> && L == Level::HA) return kRadian ? kAtanDoubleHA : kAtanpiDoubleHA;
@@ -42,6 +43,21 @@ template <class V, Level L, Unit U>
   return base + fma(t, z * p, t);
 }
 
+// atan(w) in the unit, w in head and tail from 0 to 1, by its polynomials about multiples of 137/1024.
+inline constexpr OctetLines<6> kAtanOctets(kAtanLines, kAtanRows, kAtanFirst, 0);
+inline constexpr OctetLines<6> kAtanpiOctets(kAtanpiLines, kAtanpiRows, kAtanpiFirst, kInversePiLow32);
+template <Unit U, Single V>
+[[gnu::always_inline]] inline HeadTail<V> octant_by_rows(HeadTail<V> w) {
+  constexpr float kPerStep =
+      1024.0f / 137;  // a constant: the compiler leaves inexact quotients in code to the processor
+  const auto [t, n] = shift_round(w.head, V(kPerStep));
+  const V x = fnma(n, V(137.0f / 1024), w.head);  // exact
+  const auto& octets = U == Unit::radian ? kAtanOctets : kAtanpiOctets;
+  const HeadTail<V> angle = octet_sum<U == Unit::half_turn>(x, octets, as_bits(t));
+  const V slope = look_up(octet_table<V>(octets.lines.power[0]), as_bits(t));
+  return {angle.head, fma(slope, w.tail, angle.tail)};
+}
+
 // atan(n/d), 0 <= n <= d; a tail at HA only.
 template <class V, Level L, Unit U>
 [[gnu::always_inline]] inline HeadTail<V> first_octant(V n, V d) {
@@ -51,6 +67,9 @@ template <class V, Level L, Unit U>
   const V zero = V(E(0));
   if constexpr (Single<V> && L == Level::EP) {
     return {small_angle<V, L, U>(n / d, zero), zero};
+  } else if constexpr (Single<V> && L == Level::HA) {
+    const V w = n / d;
+    return octant_by_rows<U>(HeadTail<V>{w, fnma(w, d, n) * rough_reciprocal(d)});
   } else {
     const Mask<V> pivot = n > V(E(9.0 / 32)) * d;
     const V c = keep(pivot, V(E(9.0 / 16)));
@@ -111,7 +130,14 @@ struct ArcTangent {
     if constexpr (Single<V> && L == Level::LA) return flip_sign(by_quarters(a), x);
     const Mask<V> steep = a > one;
     const V right = keep(steep, V(kHalfTurn<E, U> / 2)), right_low = keep(steep, V(kHalfTurnLow<E, U> / 2));
-    const HeadTail<V> angle = first_octant<V, L, U>(min(a, one), max(a, one));
+    const V n = min(a, one), d = max(a, one);
+    HeadTail<V> angle;
+    if constexpr (Single<V> && L == Level::HA) {
+      const V w = n / d;  // 1/d, or exact
+      angle = octant_by_rows<U>(HeadTail<V>{w, fnma(w, d, n) * w});
+    } else {
+      angle = first_octant<V, L, U>(n, d);
+    }
     return flip_sign(turned<L>(angle, right, right_low, minus_where<V>(steep)), x);
   }
 
@@ -136,9 +162,8 @@ struct ArcTangent {
     struct Pivots {
       float p[4], q[4], base[4];
     };
-    static constexpr Pivots kPivots = {{1, 0, 9.0f / 16, 1},
-                                       {0, 1, 1, 9.0f / 16},
-                                       {0, K::pi[kUnit] / 2, K::far_pivot[kUnit], K::pivot[kUnit]}};
+    static constexpr Pivots kPivots = {
+        {1, 0, 9.0f / 16, 1}, {0, 1, 1, 9.0f / 16}, {0, K::pi[kUnit] / 2, K::far_pivot[kUnit], K::pivot[kUnit]}};
     const auto above = [&](float bound) { return minus_one(a > V(bound)); };
     constexpr float kFar = 32.0f / 9;  // a constant: the compiler leaves inexact quotients in code to the processor
     const Integer<V> row = above(9.0f / 32) + above(1) + above(kFar);
@@ -150,7 +175,7 @@ struct ArcTangent {
 }  // namespace arc
 
 // sAtan LA: 2.2308 ulp at -0x1.4be0cp-2
-// sAtan HA: 0.5536 ulp at 0x1.22badp-2
+// sAtan HA: 0.5456 ulp at 0x1.1240b2p-4
 // sAtan EP: 14.79 bits at 0x1.1ecb64p-1
 // dAtan LA: 1.7980 ulp at -0x1.0630337f5ef9p+0
 // dAtan HA: 0.5229 ulp at 0x1.f6d448cd2be4p-3
@@ -158,8 +183,8 @@ struct ArcTangent {
 template <class V, Level L>
 struct Atan : arc::ArcTangent<V, L, Unit::radian> {};
 // sAtanpi LA: 2.3050 ulp at 0x1.3e74cp-2
-// sAtanpi HA: 0.5562 ulp at -0x1.20cba4p-2
-// sAtanpi EP: 13.88 bits at 0x1.e5f5bap-1
+// sAtanpi HA: 0.5620 ulp at 0x1.1202fap-4
+// sAtanpi EP: 13.88 bits at -0x1.e5f5bap-1
 // dAtanpi LA: 1.7475 ulp at -0x1.708f706a04c6p-2
 // dAtanpi HA: 0.6650 ulp at -0x1.58b04d16c2569p-1021
 // dAtanpi EP: 30.46 bits at -0x1.2ed68dc05c5ep-2

@@ -77,7 +77,7 @@ struct PointAngle {
 }  // namespace arc
 
 // sAtan2 LA: 2.0640 ulp at -0x1.2decc6p+1, 0x1.a2d434p+2
-// sAtan2 HA: 0.5530 ulp at -0x1.b94aeap+0, 0x1.b011e6p+2
+// sAtan2 HA: 0.5294 ulp at -0x1.43a3eap-1, 0x1.42b892p+2
 // sAtan2 EP: 14.79 bits at 0x1.f11fb8p-1, 0x1.d7d9cep+1
 // dAtan2 LA: 2.0118 ulp at 0x1.1b0621d0a37cbp+0, 0x1.e0107d313217cp+1
 // dAtan2 HA: 0.5528 ulp at 0x1.bc5a802ad15e8p+0, 0x1.7a68a88e62b84p+2
@@ -85,7 +85,7 @@ struct PointAngle {
 template <class V, Level L>
 struct Atan2 : arc::PointAngle<V, L, Unit::radian> {};
 // sAtan2pi LA: 2.1496 ulp at 0x1.65d7d4p-15, 0x1.cb30dcp-4
-// sAtan2pi HA: 0.5461 ulp at 0x1.21a80ap+1, 0x1.ceca26p+2
+// sAtan2pi HA: 0.5520 ulp at 0x1.f727f2p-2, 0x1.aa6c4cp+2
 // sAtan2pi EP: 13.88 bits at -0x1.eb8c48p+1, 0x1.02f926p+2
 // dAtan2pi LA: 2.1274 ulp at -0x1.6b85ef93b0a1ap-16, 0x1.fffffffeb4224p+2
 // dAtan2pi HA: 0.7323 ulp at 0x0.0000000940ep-1022, 0x1.c8fbbf42e13a9p-31

@@ -24,11 +24,9 @@ inline constexpr double kThreeQuarters64 = 0x1.2d97c7f3321d2p1;  //: = 3 * pi/4
 
 // The angle whose tangent is 9/16.
 inline constexpr float kPivot32 = 0x1.0657eap-1f;               //: = atan(9/16)
-inline constexpr float kPivotLow32 = -0x1.6499e6p-26f;          //: = atan(9/16) - kPivot32
 inline constexpr double kPivot64 = 0x1.0657e94db30dp-1;         //: = atan(9/16)
 inline constexpr double kPivotLow64 = -0x1.d5b495f6349e6p-56;   //: = atan(9/16) - kPivot64
 inline constexpr float kPivotpi32 = 0x1.4e06a8p-3f;             //: = atan(9/16)/pi
-inline constexpr float kPivotpiLow32 = -0x1.570e08p-29f;        //: = atan(9/16)/pi - kPivotpi32
 inline constexpr double kPivotpi64 = 0x1.4e06a7aa3c7dep-3;      //: = atan(9/16)/pi
 inline constexpr double kPivotpiLow64 = -0x1.1d27868a9336p-59;  //: = atan(9/16)/pi - kPivotpi64
 // The angle whose tangent is 16/9.
@@ -46,7 +44,7 @@ template <>
 struct Constants<float> {
   static constexpr float inverse_pi = kInversePi32, inverse_pi_low = kInversePiLow32;
   static constexpr ByUnit<float> pi = {kPi32, 1}, pi_low = {kPiLow32, 0};
-  static constexpr ByUnit<float> pivot = {kPivot32, kPivotpi32}, pivot_low = {kPivotLow32, kPivotpiLow32};
+  static constexpr ByUnit<float> pivot = {kPivot32, kPivotpi32};
   static constexpr ByUnit<float> far_pivot = {kFarPivot32, kFarPivotpi32};
   static constexpr ByUnit<float> three_quarters = {kThreeQuarters32, 0.75f};
 };

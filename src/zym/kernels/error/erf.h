@@ -4,8 +4,10 @@
 // Taylor's series with the Hermite polynomials as its coefficients (Abramowitz, Stegun 1964, 7.1.19).
 #pragma once
 
-#include "zym/kernels/error/octets.h"
+#include "zym/kernels/error/coefficients.h"
+#include "zym/kernels/error/constants.h"
 #include "zym/kernels/error/tables.h"
+#include "zym/kernels/shared/octets.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym {
@@ -34,17 +36,17 @@ struct Erf<V, L> {
     if constexpr (L == Level::EP) {
       const V a = min(V(kLastEP), magnitude(x));
       const auto [t, n] = shift_round(a, V(2.5f));
-      y = a * error::octet_polynomial(fnma(n, V(0.4f), a), error::kErfEP, as_bits(t));
+      y = a * octet_polynomial(fnma(n, V(0.4f), a), error::kErfEP, as_bits(t));
     } else if constexpr (L == Level::LA) {
       const V a = min(V(kLastLA), magnitude(x));
       const V b = a - V(0.25f);
       const auto [t, n] = shift_round(b, V(2.0f));
-      y = a * error::octet_polynomial(fnma(n, V(0.5f), b), error::kErfLA, as_bits(t));
+      y = a * octet_polynomial(fnma(n, V(0.5f), b), error::kErfLA, as_bits(t));
     } else {
       const V a = min(V(kLastHA), magnitude(x));
       constexpr float kPerStep = 32.0f / 17;
       const auto [t, n] = shift_round(a, V(kPerStep));
-      const V rest = a * error::octet_polynomial(fnma(n, V(17.0f / 32), a), error::kErfHA, as_bits(t));
+      const V rest = a * octet_polynomial(fnma(n, V(17.0f / 32), a), error::kErfHA, as_bits(t));
       // Computed 2^40 too high, as the coefficients are: denormal results would be rounded by both steps.
       y = fma(a, look_up(octet_table<V>(kErfHeads), as_bits(t)), rest) * V(0x1p-40f);
     }

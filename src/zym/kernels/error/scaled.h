@@ -4,9 +4,11 @@
 #pragma once
 
 #include "lanes/lanes.h"
-#include "zym/kernels/error/octets.h"
+#include "zym/kernels/error/coefficients.h"
+#include "zym/kernels/error/constants.h"
 #include "zym/kernels/error/tables.h"
 #include "zym/kernels/explog/exp.h"
+#include "zym/kernels/shared/octets.h"
 
 namespace orvik::zym::error {
 

@@ -89,32 +89,122 @@ inline constexpr double kCoshDoubleHA[4] = {
     0x1.a02f7c09da5c1p-16, 0x1.6c16c0e3426acp-10, 0x1.5555555557fd3p-5, 0x1.fffffffffffffp-2
 };
 
-//: x + x^2 * p(x) = expm1(x) on [-log(2)/2, log(2)/2], relative error 2^-15.5
-//: fit arc/coefficients.sollya
-inline constexpr float kTanhSingleEP[3] = {0x1.54de0cp-5f, 0x1.57089cp-3f, 0x1.00022cp-1f};
-
-//: x + x^2 * p(x) = expm1(x) on [-log(2)/2, log(2)/2], relative error 2^-26.0
-//: fit arc/coefficients.sollya
-inline constexpr float kTanhSingleLA[5] = {
-    0x1.6b7376p-10f, 0x1.12279ep-7f, 0x1.555716p-5f, 0x1.5554bp-3f, 0x1.fffffep-2f
+// The hyperbolic tangent of floats on half octaves of v = 1 + |x| 53/32 from 1 to 16, about their centres; the first about 0.
+//: = i == 0 ? 0 : (2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53
+inline constexpr float kTanhCentres[8] = {
+    0.0f, 0x1.cfb2b8p-2f, 0x1.cfb2b8p-1f, 0x1.826a44p0f, 0x1.3521dp1f, 0x1.cfb2b8p1f, 0x1.5bc60ap2f, 0x1.f656f2p2f
+};
+//: p(x) = tanh(float((2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53) + x)
+//:   on [-2^floor(i/2)*8/53, 2^floor(i/2)*8/53], relative error 2^-12.2
+//: fit chebyshev
+//: i from 1
+inline constexpr float kTanhRowsEP[7][4] = {
+    {-0x1.02182ep-3f, -0x1.604dc4p-2f, 0x1.a3dbbep-1f, 0x1.b2649p-2f},
+    {0x1.56ab38p-4f, -0x1.5ea846p-2f, 0x1.eea0b4p-2f, 0x1.701f22p-1f},
+    {0x1.62ddc2p-4f, -0x1.4e7fd8p-3f, 0x1.6bd1f6p-3f, 0x1.d05078p-1f},
+    {0x1.5a8c82p-6f, -0x1.1a0942p-5f, 0x1.01150ep-5f, 0x1.f7f846p-1f},
+    {0x1.0a419cp-9f, -0x1.a3da4p-9f, 0x1.74ba0ep-9f, 0x1.ff473cp-1f},
+    {0x1.1b5c6p-14f, -0x1.f804a2p-14f, 0x1.32bfccp-14f, 0x1.fffc14p-1f},
+    {0x1.21b6dcp-21f, -0x1.01a24ap-20f, 0x1.3985dep-21f, 0x1.fffff8p-1f}
 };
 
-//: x + x^2/2 + x^3 * p(x) = expm1(x) on [-log(2)/8, log(2)/8], relative error 2^-29.9
-//: fit arc/coefficients.sollya
-inline constexpr float kTanhSingleHA[3] = {0x1.10b44p-7f, 0x1.55685cp-5f, 0x1.55556p-3f};
+//: x + x^2 * p(x) = tanh(x) on [2^-20, 16/53], relative error 2^-11.8
+//: fit chebyshev
+inline constexpr float kTanhFirstEP[2] = {-0x1.4abb62p-2f, -0x1.d3e004p-12f};
 
-//: x + x^2 * p(x) = expm1(x) on [-log(2)/2, log(2)/2], relative error 2^-55.5
-//: fit arc/coefficients.sollya
-inline constexpr double kTanhDoubleLA[10] = {
-    0x1.ae77aa79097b3p-26, 0x1.28a2a1b4380c2p-22, 0x1.71de80fa2ab51p-19, 0x1.a019a6914bad5p-16, 0x1.a01a0177f3ccbp-13,
-    0x1.6c16c17f336c1p-10, 0x1.1111111118834p-7, 0x1.5555555552101p-5, 0x1.555555555553bp-3, 0x1.0000000000005p-1
+//: p(x) = tanh(float((2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53) + x)
+//:   on [-2^floor(i/2)*8/53, 2^floor(i/2)*8/53], relative error 2^-23.0
+//: fit chebyshev
+//: i from 1
+inline constexpr float kTanhRowsLA[7][7] = {
+    {
+        -0x1.e08d9ep-5f, -0x1.5f4706p-7f, 0x1.5abd46p-3f, -0x1.01982p-3f, -0x1.6439fep-2f, 0x1.a3dba6p-1f,
+        0x1.b2676cp-2f
+    },
+    {
+        0x1.c75eecp-7f, -0x1.c0d0e8p-5f, 0x1.aa468cp-5f, 0x1.6b1edap-4f, -0x1.639df2p-2f, 0x1.ee91d2p-2f, 0x1.702662p-1f
+    },
+    {
+        0x1.ca51dep-8f, -0x1.79cc9ep-9f, -0x1.9b09fep-6f, 0x1.63f134p-4f, -0x1.49ebc2p-3f, 0x1.6bd05ep-3f,
+        0x1.d04d24p-1f
+    },
+    {
+        -0x1.73f876p-11f, 0x1.a9e11ep-9f, -0x1.3259b8p-7f, 0x1.47245p-6f, -0x1.fae17ap-6f, 0x1.018646p-5f,
+        0x1.f7e35cp-1f
+    },
+    {
+        -0x1.07fd8ep-13f, 0x1.9c6c4p-12f, -0x1.eca9eep-11f, 0x1.eeed2ap-10f, -0x1.750918p-9f, 0x1.759624p-9f,
+        0x1.ff4516p-1f
+    },
+    {
+        -0x1.0fceb4p-18f, 0x1.b05f88p-17f, -0x1.a1e4ecp-16f, 0x1.9920cep-15f, -0x1.40215cp-14f, 0x1.4156e6p-14f,
+        0x1.fffbp-1f
+    },
+    {
+        -0x1.16606ep-25f, 0x1.ba713ap-24f, -0x1.ab326ap-23f, 0x1.a22a54p-22f, -0x1.473a0cp-21f, 0x1.487418p-21f,
+        0x1.fffff6p-1f
+    },
 };
 
-//: x + x^2/2 + x^3 * p(x) = expm1(x) on [-log(2)/8, log(2)/8], relative error 2^-68.2
-//: fit arc/coefficients.sollya
-inline constexpr double kTanhDoubleHA[8] = {
-    0x1.27f3825771ec7p-22, 0x1.71ef234cbf8dcp-19, 0x1.a01a011a5883fp-16, 0x1.a01a0127fc07ap-13, 0x1.6c16c16c18c31p-10,
-    0x1.11111111126fp-7, 0x1.5555555555555p-5, 0x1.5555555555555p-3
+//: x + x^2 * p(x) = tanh(x) on [2^-20, 16/53], relative error 2^-23.9
+//: fit chebyshev
+inline constexpr float kTanhFirstLA[5] = {
+    -0x1.34086ep-5f, 0x1.24a032p-3f, -0x1.08519cp-10f, -0x1.554b76p-2f, -0x1.e7660cp-23f
 };
+
+// HA: slope and value at the centres in 24 bits; their rests are the last coefficients.
+//: slope = i == 0 ? 1 : 1 - tanh(float((2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53))^2
+//: value = i == 0 ? 0 : tanh(float((2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53))
+inline constexpr float kTanhLines[8][2] = {
+    {0x1p0f, 0.0f}, {0x1.a3dba6p-1f, 0x1.b2676cp-2f}, {0x1.ee919ep-2f, 0x1.702662p-1f},
+    {0x1.6bd088p-3f, 0x1.d04d24p-1f}, {0x1.01861cp-5f, 0x1.f7e35cp-1f}, {0x1.759022p-9f, 0x1.ff4516p-1f},
+    {0x1.3fc276p-14f, 0x1.fffbp-1f}, {0x1.46d536p-21f, 0x1.fffff6p-1f}
+};
+//: float(1 - tanh(float((2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53))^2) * x
+//:   + float(tanh(float((2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53))) + p(x)
+//:   = tanh(float((2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53) + x)
+//:   on [-2^floor(i/2)*8/53, 2^floor(i/2)*8/53], relative error 2^-28.4
+//: fit chebyshev
+//: i from 1
+inline constexpr float kTanhRowsHA[7][9] = {
+    {
+        0x1.c4efeep-7f, 0x1.85a376p-6f, -0x1.e51176p-5f, -0x1.7e5ceep-7f, 0x1.5ac09p-3f, -0x1.019274p-3f,
+        -0x1.6439fep-2f, -0x1.028648p-26f, 0x1.fa7c14p-32f
+    },
+    {
+        -0x1.2b3732p-7f, 0x1.2aa97cp-7f, 0x1.f71e46p-7f, -0x1.ccb706p-5f, 0x1.a9bb3p-5f, 0x1.6b642cp-4f,
+        -0x1.639dbep-2f, 0x1.1f25b6p-27f, 0x1.16e21ep-26f
+    },
+    {
+        0x1.f99d12p-11f, -0x1.f8a02ap-9f, 0x1.c03a8ap-8f, -0x1.294dc8p-9f, -0x1.9aec84p-6f, 0x1.63d3dap-4f,
+        -0x1.49ebccp-3f, 0x1.0d4e9ap-29f, 0x1.2730ccp-26f
+    },
+    {
+        0x1.558254p-14f, 0x1.90762cp-18f, -0x1.8f1fd6p-11f, 0x1.a953bep-9f, -0x1.320ae2p-7f, 0x1.4728p-6f,
+        -0x1.fae342p-6f, 0x1.ea3aa8p-26f, -0x1.c23cfap-28f
+    },
+    {
+        -0x1.f8fd48p-18f, 0x1.1d692p-15f, -0x1.fbd976p-14f, 0x1.85ac98p-12f, -0x1.ed1f52p-11f, 0x1.eff658p-10f,
+        -0x1.7507c2p-9f, -0x1.7e456ep-31f, -0x1.7d853cp-28f
+    },
+    {
+        -0x1.2a26dcp-22f, 0x1.35ec72p-20f, -0x1.c0b8f4p-19f, 0x1.4dc9d6p-17f, -0x1.aa837cp-16f, 0x1.ab05e2p-15f,
+        -0x1.3fbd5ep-14f, -0x1.462bc2p-27f, 0x1.dfd168p-26f
+    },
+    {
+        -0x1.3300fcp-29f, 0x1.3e0f22p-27f, -0x1.cb0c56p-26f, 0x1.5545d2p-24f, -0x1.b4123cp-23f, 0x1.b4874ep-22f,
+        -0x1.46d31cp-21f, -0x1.522fbap-34f, -0x1.b54e16p-28f
+    },
+};
+
+//: x + x^2 * p(x) = tanh(x) on [2^-20, 16/53], relative error 2^-29.7
+//: fit chebyshev
+inline constexpr float kTanhFirstHA[7] = {
+    0x1.4c295ap-6f, -0x1.fa7a98p-5f, 0x1.972b42p-10f, 0x1.10bd26p-3f, 0x1.0a2916p-17f, -0x1.55556p-2f, 0x1.f64bcep-32f
+};
+
+//: x + x^3 * p(x^2) = tanh(x) on [2^-20, 1/64], relative error 2^-60.2
+//: fit arc/coefficients.sollya
+inline constexpr double kTanhSmall[3] = {-0x1.ba0620aee60c3p-5, 0x1.111110df3660dp-3, -0x1.555555555513ap-2};
 
 }  // namespace orvik::zym

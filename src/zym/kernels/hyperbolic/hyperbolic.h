@@ -1,7 +1,7 @@
-// Hyperbolic sine, cosine and tangent. |x| = n ln(2) + r; with a = 2^n / 2, b = 2^-n / 2, C = cosh r, S = sinh r:
+// Hyperbolic sine and cosine. |x| = n ln(2) + r; with a = 2^n / 2, b = 2^-n / 2, C = cosh r, S = sinh r:
 //   cosh x = (a + b) C + (a - b) S,  sinh x = (a - b) C + (a + b) S:
 // for n = 0 the sine is S itself, so that it needs no branch of its own. At HA in steps of ln(2)/4, and in head and
-// tail. tanh x = (e^2x - 1) / (e^2x + 1), the difference from the polynomial of e^r - 1.
+// tail.
 #pragma once
 
 #include <iterator>
@@ -49,12 +49,12 @@ V half_times_power(Integer<V> shifted_exponent, bool negative) {
   return as_float(negative ? half - shifted_exponent : half + shifted_exponent);
 }
 
-// Tables of 2^(i/4) in a register. The exponent is added as n << (mantissa bits - 2), row bits and all, so that each
-// row is entered without them.
+// Tables of 2^(i/4) / 2 in a register. The exponent is added as n << (mantissa bits - 2), row bits and all, so that
+// each row is entered without them.
 struct QuarterHeads {
   float v[4];
   constexpr QuarterHeads() : v{} {
-    for (uint32_t i = 0; i < 4; ++i) v[i] = f32(std::bit_cast<uint32_t>(kQuarter32[i]) - (i << 21));
+    for (uint32_t i = 0; i < 4; ++i) v[i] = f32(std::bit_cast<uint32_t>(kQuarter32[i] / 2) - (i << 21));
   }
 };
 template <class E>
@@ -66,10 +66,10 @@ struct QuarterRows<float> {
 struct WordTable {
   alignas(32) uint32_t words[8];
 };
-constexpr WordTable words_of(const double (&table)[4], uint64_t step) {
+constexpr WordTable words_of(const double (&table)[4], double factor, uint64_t step) {
   WordTable t = {};
   for (uint64_t i = 0; i < 4; ++i) {
-    const uint64_t bits = std::bit_cast<uint64_t>(table[i]) - i * step;
+    const uint64_t bits = std::bit_cast<uint64_t>(table[i] * factor) - i * step;
     t.words[2 * i] = static_cast<uint32_t>(bits);
     t.words[2 * i + 1] = static_cast<uint32_t>(bits >> 32);
   }
@@ -77,12 +77,13 @@ constexpr WordTable words_of(const double (&table)[4], uint64_t step) {
 }
 template <>
 struct QuarterRows<double> {
-  static constexpr WordTable heads = words_of(kQuarter64, uint64_t{1} << 50), tails = words_of(kQuarterLow64, 0);
+  static constexpr WordTable heads = words_of(kQuarter64, 0.5, uint64_t{1} << 50),
+                             tails = words_of(kQuarterLow64, 1, 0);
 };
 
-// 2^(n/4) and 2^(-n/4), head and tail; n in the low bits of `sum`. From n = 320 on the second is that of 320: nothing
-// beside the first, and far from underflow.
-template <class V, bool Both>
+// 2^(n/4) / 2 and 2^(-n/4) / 2, head and tail; n in the low bits of `sum`. From n = 320 on the second is that of 320:
+// nothing beside the first, and far from underflow.
+template <class V>
 struct Quarters {
   HeadTail<V> up, down;
 
@@ -96,7 +97,7 @@ struct Quarters {
         return {head, head * select_in_quad(tails, n)};
       };
       up = row(sum);
-      if constexpr (Both) down = row(Integer<V>(uint32_t{0}) - capped);
+      down = row(Integer<V>(uint32_t{0}) - capped);
     } else {
       // A row is two words; `twice` is 2n in both words of a lane.
       const Integer<V> heads = octet_table<V>(QuarterRows<double>::heads.words);
@@ -105,17 +106,14 @@ struct Quarters {
       const Integer<V> to_up = Integer<V>(uint64_t{1} << 32) + twice(sum);
       const V up_head = as_float(look_up(heads, to_up) + shift_left<50>(sum));
       up = {up_head, up_head * as_float(look_up(tails, to_up))};
-      if constexpr (Both) {
-        const Integer<V> to_down = Integer<V>((uint64_t{1} << 32) + 8) - twice(capped);  // no borrow between the words
-        const V down_head = as_float(look_up(heads, to_down) - shift_left<50>(capped));
-        down = {down_head, down_head * as_float(look_up(tails, to_down))};
-      }
+      const Integer<V> to_down = Integer<V>((uint64_t{1} << 32) + 8) - twice(capped);  // no borrow between the words
+      const V down_head = as_float(look_up(heads, to_down) - shift_left<50>(capped));
+      down = {down_head, down_head * as_float(look_up(tails, to_down))};
     }
   }
 };
 
-// |x| in parts for the sum of two exponentials: the sum p = a + b and the difference m = a - b. At HA with tails, and
-// twice as large.
+// |x| in parts for the sum of two exponentials: the sum p = a + b and the difference m = a - b. At HA with tails.
 template <class V, Level L>
 struct Parts {
   using E = Element<V>;
@@ -137,13 +135,11 @@ struct Parts {
       p_low = m_low = r_low = V(E(0));
     } else {
       r_low = fnma(n, V(K::ln2_tail / kSteps), upper - r);
-      const Quarters<V, true> q(sum);  // twice a and b
-      const HeadTail<V> plus = fast_two_sum(q.up.head, q.down.head);
-      const HeadTail<V> minus = fast_two_sum(q.up.head, flip_sign(q.down.head, V(E(-1))));
-      p = plus.head;
-      m = minus.head;
-      p_low = plus.tail + (q.up.tail + q.down.tail);
-      m_low = minus.tail + (q.up.tail - q.down.tail);
+      const Quarters<V> q(sum);
+      p = q.up.head + q.down.head;
+      m = q.up.head - q.down.head;
+      p_low = (q.down.head - (p - q.up.head)) + (q.up.tail + q.down.tail);
+      m_low = ((q.up.head - m) - q.down.head) + (q.up.tail - q.down.tail);
     }
   }
 
@@ -158,7 +154,7 @@ struct Parts {
       const V lost = fma(other, k.r, one - head);
       const V s = fma(k.r * k.z, sine, k.r_low);
       const V rest = fma(other, s, one * (k.z * cosine));
-      return (head + (rest + (lost + fma(other_low, k.r, one_low)))) * V(E(0.5));
+      return head + (rest + (lost + fma(other_low, k.r, one_low)));
     }
   }
   V cosine() const { return joined(*this, p, p_low, m, m_low); }
@@ -249,83 +245,6 @@ struct Sinh {
     const Mask<V> above = magnitude(x) > V(hyperbolic::kOverflow<E>);
     r = select(above, join_sign(V(infinity<E>), x), r);
     return andnot(above, mask);
-  }
-};
-
-// sTanh LA: 2.5326 ulp at 0x1.ffca44p-5
-// sTanh HA: 0.5621 ulp at 0x1.649f6ap-5
-// sTanh EP: 15.34 bits at 0x1.62e53p-3
-// dTanh LA: 2.0985 ulp at 0x1.bb125c68a22cp-3
-// dTanh HA: 0.5357 ulp at -0x1.abfe3565d5443p-5
-template <class V, Level L>
-struct Tanh {
-  using E = Element<V>;
-  using K = hyperbolic::Constants<E>;
-  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4};
-  static auto special(V x) { return magnitude_above < Single<V> ? 0x7F7FFFFFu : 0x7FEFFFFFu > (x); }
-
-  static V lanes(V x) {
-    const V a = min(magnitude(x), V(E(Single<V> ? 10 : 20)));  // 1 to the last bit from there on
-    const V one = V(E(1));
-    if constexpr (L != Level::HA) {
-      // With 2x = n log(2) + 2h: all is half of what e^2x - 1 takes, which saves the doubling.
-      const auto [sum, n] = shift_round(a, V(2 * K::log2e));
-      const V h = fnma(n, V(K::ln2_tail / 2), fnma(n, V(K::ln2_head / 2), a));
-      const V s = as_float(as_bits(one) + shift_left<Format<V>::mantissa_bits>(as_bits(sum)));
-      static constexpr auto kHalves = halves();
-      // The added number keeps the product from underflow; below as well.
-      const V q = fma(h, fma(h, horner(h, kHalves.k), V(E(0x1p-100))), h);
-      const V num = fma(s, q, fma(s, V(E(0.5)), V(E(-0.5))));  // (e^2x - 1) / 2
-      return join_sign(num / (num + one), x);
-    } else {
-      const V twice = a + a, two = V(E(2));
-      const auto [sum, n] = shift_round(twice, V(K::log2e * 4));
-      const V upper = fnma(n, V(K::ln2_head / 4), twice);
-      const V r = fnma(n, V(K::ln2_tail / 4), upper);
-      const V r_low = fnma(n, V(K::ln2_tail / 4), upper - r);
-      const HeadTail<V> s = hyperbolic::Quarters<V, false>(sum).up;
-      const HeadTail<V> less = fast_two_sum(s.head, V(E(-1)));
-      const V head = fma(s.head, r, less.head);
-      const V lost = fma(s.head, r, less.head - head);
-      // What is beside 1 below the last bit would underflow in products.
-      const Mask<V> counts = twice > V(E(Single<V> ? 0x1p-40 : 0x1p-100));
-      const V counted = keep(counts, r), z = counted * counted;
-      const V cubic = fma(r, horner(r, coefficients()), V(E(0x1p-100)));
-      const V smallest = fma(s.head, fma(z, cubic, r_low), fma(s.tail, r, s.tail));
-      const V rest = fma(s.head * V(E(0.5)), z, smallest + (lost + less.tail));
-      const HeadTail<V> num = fast_two_sum(head, rest);
-      HeadTail<V> den = two_sum(num.head, two);
-      den.tail = keep(counts, den.tail + num.tail);
-      const V y = num.head / den.head;
-      const V left = fnma(y, den.tail, fnma(y, den.head, num.head) + num.tail);
-      return join_sign(fma(left, rough_reciprocal(den.head), y), x);
-    }
-  }
-
-  static int32_t element(const E* px, E* r) {
-    const E x = *px;
-    *r = is_nan(x) ? x + x : join_sign(E(1), x);
-    return 0;
-  }
-
- private:
-  // (e^r - 1 - r) / r^2; HA: (e^r - 1 - r - r^2 / 2) / r^3.
-  static constexpr const auto& coefficients() {
-    if constexpr (Single<V> && L == Level::EP) return kTanhSingleEP;
-    if constexpr (Single<V> && L == Level::LA) return kTanhSingleLA;
-    if constexpr (Single<V> && L == Level::HA) return kTanhSingleHA;
-    if constexpr (Double<V> && L != Level::HA) return kTanhDoubleLA;
-    if constexpr (Double<V> && L == Level::HA) return kTanhDoubleHA;
-  }
-  // 2 p(2h) in place of p(r), for h = r / 2.
-  static constexpr auto halves() {
-    constexpr const auto& k = coefficients();
-    struct {
-      E k[std::size(coefficients())];
-    } scaled = {};
-    E scale = 2;
-    for (size_t i = std::size(k); i-- > 0; scale *= 2) scaled.k[i] = k[i] * scale;
-    return scaled;
   }
 };
 

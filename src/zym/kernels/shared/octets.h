@@ -1,0 +1,71 @@
+// Polynomials on eight intervals, in registers: one look-up a coefficient.
+#pragma once
+
+#include <cstddef>
+
+#include "lanes/lanes.h"
+#include "zym/kernels/shared/corrections.h"
+
+namespace orvik::zym {
+
+// A register for each power, highest first, of polynomials that stand in rows, times `scale`. Row i is number i +
+// first, modulo 8.
+template <size_t N>
+struct Octets {
+  alignas(32) float power[N][8];
+
+  explicit constexpr Octets(const float (&rows)[8][N], size_t first = 0, float scale = 1) : power{} {
+    for (size_t k = 0; k < N; ++k) {
+      for (size_t i = 0; i < 8; ++i) power[k][(i + first) % 8] = rows[i][k] * scale;
+    }
+  }
+  // Row 0 is x slope + x^2 p(x).
+  constexpr Octets(const float (&p)[N > 2 ? N - 2 : 1], float slope, const float (&others)[7][N], size_t first)
+      : power{} {
+    for (size_t k = 0; k < N; ++k) {
+      power[k][first] = k < N - 2 ? p[k] : k == N - 2 ? slope : 0;
+      for (size_t i = 1; i < 8; ++i) power[k][(i + first) % 8] = others[i - 1][k];
+    }
+  }
+};
+
+// The polynomial whose number is in the low three bits of `row`.
+template <Single V, size_t N>
+[[gnu::always_inline]] inline V octet_polynomial(V x, const Octets<N>& c, Integer<V> row) {
+  V sum = look_up(octet_table<V>(c.power[0]), row);
+  for (size_t k = 1; k < N; ++k) sum = fma(sum, x, look_up(octet_table<V>(c.power[k]), row));
+  return sum;
+}
+
+// Eight polynomials in all their digits: slope and value of a line each, and a polynomial with the rests of both as its
+// last coefficients. Of the first row, x + x^2 p(x) or nearly so, the others are a function's about their centres.
+template <size_t N>
+struct OctetLines {
+  Octets<2> lines;
+  Octets<N> rests;
+
+  constexpr OctetLines(const float (&given)[8][2], const float (&rows)[7][N], const float (&p)[N - 2], float slope_rest,
+                       size_t first = 0)
+      : lines(given, first), rests(p, slope_rest, rows, first) {}
+};
+
+// Its sum about x as head and tail, the first row's x without an error. Where the first slope has no rest, what is far
+// below the last place of x leaves the tail: products with it would underflow.
+template <bool FirstRest, Single V, size_t N>
+[[gnu::always_inline]] inline HeadTail<V> octet_sum(V x, const OctetLines<N>& c, Integer<V> row) {
+  const auto of_row = [&](const float(&power)[8]) __attribute__((always_inline)) {
+    return look_up(octet_table<V>(power), row);
+  };
+  const V slope = of_row(c.lines.power[0]), value = of_row(c.lines.power[1]);
+  const V head = fma(slope, x, value);
+  const V lost = fma(slope, x, value - head) + of_row(c.rests.power[N - 1]);
+  const V flush = V(0x1.8p-13f);
+  const V s = (x + flush) - flush;
+  V sum = of_row(c.rests.power[0]);
+  for (size_t k = 1; k + 2 < N; ++k) sum = fma(sum, s, of_row(c.rests.power[k]));
+  const V slope_rest = of_row(c.rests.power[N - 2]);
+  if constexpr (FirstRest) return {head, fma(sum * s, s, fma(slope_rest, x, lost))};
+  return {head, fma(fma(sum, s, slope_rest), s, lost)};
+}
+
+}  // namespace orvik::zym

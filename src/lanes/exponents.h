@@ -1,5 +1,6 @@
-// Exponents of positive normal numbers as numbers: by an instruction where there is one, else by integers (64 bits: by
-// way of the bits of 2^52).
+// Exponents of positive normal numbers as numbers. What is none has any finite one, without a flag, by integers (64
+// bits: by way of the bits of 2^52). NormalExponents have an instruction where there is one, which gives zeros and
+// infinities infinite ones and tells signalling NaNs: for arguments that are known to be normal.
 #pragma once
 
 #include "lanes/generic.h"
@@ -23,24 +24,29 @@ struct Exponents<V> {
   V numbers() const { return to_float(biased - Integer<V>(127)); }
 };
 
+template <class V>
+struct NormalExponents : Exponents<V> {
+  using Exponents<V>::Exponents;
+};
+
 #if ORVIK_REGISTER_BITS == 512
 template <>
-struct Exponents<F64> {
+struct NormalExponents<F64> {
   F64 e;
-  explicit Exponents(F64 x) : e(_mm512_getexp_pd(x.v)) {}
+  explicit NormalExponents(F64 x) : e(_mm512_getexp_pd(x.v)) {}
   F64 numbers() const { return e; }
   F64 one_more(M64 where) const { return _mm512_mask_add_pd(e.v, where.v, e.v, _mm512_set1_pd(1.0)); }
 };
 template <>
-struct Exponents<F32> {
+struct NormalExponents<F32> {
   F32 e;
-  explicit Exponents(F32 x) : e(_mm512_getexp_ps(x.v)) {}
+  explicit NormalExponents(F32 x) : e(_mm512_getexp_ps(x.v)) {}
   F32 numbers() const { return e; }
 };
 template <>
-struct Exponents<Twice<F64>> {
-  Exponents<F64> low, high;
-  explicit Exponents(Twice<F64> x) : low(x.low), high(x.high) {}
+struct NormalExponents<Twice<F64>> {
+  NormalExponents<F64> low, high;
+  explicit NormalExponents(Twice<F64> x) : low(x.low), high(x.high) {}
   Twice<F64> numbers() const { return {low.e, high.e}; }
   Twice<F64> one_more(Twice<M64> where) const { return {low.one_more(where.low), high.one_more(where.high)}; }
 };

@@ -87,7 +87,7 @@ template <class V, Level L>
 struct Ln;
 
 // cLn LA: 1.9406 ulp norm at 0x1.eb8518p-1, 0x1.1eb852p-2
-// cLn HA: 0.7055 ulp norm at -0x1.d1c24p+2, 0x1.d95302p+1
+// cLn HA: 0.7056 ulp norm at -0x1.d1c24p+2, 0x1.d95302p+1
 // cLn EP: 14.79 bits norm at 0x1.eee8ap-1, -0x1.065ea8p-2
 template <Single V, Level L>
 struct Ln<V, L> : LnElement<float> {

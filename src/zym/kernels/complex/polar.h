@@ -25,8 +25,8 @@ struct Abs {
 };
 
 // cArg LA: 2.3591 ulp at 0x1.fbf9a6p+2, -0x1.336264p+1
-// cArg HA: 0.5606 ulp at 0x1.9ee532p+2, -0x1.a0d496p+0
-// cArg EP: 14.79 bits at 0x1.f5c33p+2, 0x1.06137ap+1
+// cArg HA: 0.5378 ulp at 0x1.e18404p+2, 0x1.6fd39ap-1
+// cArg EP: 14.79 bits at 0x1.fffc42p+2, 0x1.1eea18p+2
 // zArg LA: 2.0586 ulp at 0x1.562f7d109b5dp+2, -0x1.658866b21cf14p+2
 // zArg HA: 0.5716 ulp at 0x1.2f3a1421c8a34p+2, 0x1.34110e75520cp+0
 // zArg EP: 30.83 bits at 0x1.984545d22d62ap+2, -0x1.06f265a154c26p+0

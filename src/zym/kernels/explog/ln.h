@@ -69,12 +69,12 @@ struct Ln<V, Level::HA> : LnSingle<V> {
 // --- 64 bits --------------------------------------------------------------------------------------------------------
 
 // x = 2^e m' with m' = 1024 m in [1, 2); rc is the integer nearest to an estimate of 1/m, r = rc m - 1, exact.
-template <Double V>
+template <Double V, template <class> class Exponent = Exponents>
 struct KeyedDouble {
   Index<V> key;  // rc
   V rc, r;
   V m;
-  Exponents<V> e;
+  Exponent<V> e;
 
   explicit KeyedDouble(V x) : e(x) {
     using I = Integer<V>;
@@ -88,6 +88,9 @@ struct KeyedDouble {
   V centred_exponent() const { return e.one_more(rc < V(724.0)); }
 };
 
+template <Double V>
+using KeyedNormal = KeyedDouble<V, NormalExponents>;  // of x that is known to be normal
+
 // (ln(1 + r) - r) / r^2, in two halves.
 template <Double V>
 V ln_polynomial(V r) {
@@ -96,9 +99,9 @@ V ln_polynomial(V r) {
 }
 
 // For any finite positive x, whose exponent is `added` less. As head and tail: |tail| is below 2^-9, its error 2^-70.
-template <Double V>
+template <Double V, class Keyed = KeyedDouble<V>>
 [[gnu::always_inline]] inline HeadTail<V> ln_head_tail(V x, double added) {
-  const KeyedDouble<V> k(x);
+  const Keyed k(x);
   const V e = added == 0.0 ? k.exponent() : k.exponent() - V(added);
   const auto log = gather<512>(kLnPairs, indices(k.key));
   const V p = k.r * k.r * ln_polynomial(k.r);
@@ -108,9 +111,9 @@ template <Double V>
   const V lost = k.r - (head - table);
   return {head, fma(e, V(kLn2Tail64), log.second) + (p + lost)};
 }
-template <Double V>
+template <Double V, class Keyed = KeyedDouble<V>>
 V ln_pairs(V x, double added) {
-  const HeadTail<V> ln = ln_head_tail(x, added);
+  const HeadTail<V> ln = ln_head_tail<V, Keyed>(x, added);
   return ln.head + ln.tail;
 }
 
@@ -131,15 +134,15 @@ struct LnDouble {
 // dLn HA: 0.5760 ulp at 0x1.ffeb443c69461p-1
 template <Double V>
 struct Ln<V, Level::HA> : LnDouble<V> {
-  static V lanes(V x) { return ln_pairs(x, 0.0); }
+  static V lanes(V x) { return ln_pairs<V, KeyedNormal<V>>(x, 0.0); }
 };
 
-// dLn LA: 1.5938 ulp at 0x1.388d5d8039ea4p-1
-// dLn EP: 31.91 bits at 0x1.ff7d884debee7p-1
+// dLn LA: 1.6195 ulp at 0x1.8f49f6cf960efp+0
+// dLn EP: 31.99 bits at 0x1.ff7ffffffffe9p-1
 template <Double V, Level L>
 struct Ln<V, L> : LnDouble<V> {
   static V lanes(V x) {
-    const KeyedDouble<V> k(x);
+    const KeyedNormal<V> k(x);
     const V e = k.centred_exponent();
     V p;
     if constexpr (L == Level::EP) {

@@ -41,7 +41,7 @@ struct LogSingle {
 // HA: r / ln(b) in two parts, the sums as in ln_pairs. The exponent is `added` less.
 template <class Base, Double V>
 V log_pairs(V x, double added) {
-  const KeyedDouble<V> k(x);
+  const KeyedNormal<V> k(x);
   const V e = added == 0.0 ? k.exponent() : k.exponent() - V(added);
   const auto log = gather<512>(Base::pairs, indices(k.key));
   const V q = k.r * V(Base::of_e);
@@ -66,7 +66,7 @@ struct LogDouble {
     if constexpr (L == Level::HA) {
       return log_pairs<Base>(x, 0.0);
     } else {
-      const KeyedDouble<V> k(x);
+      const KeyedNormal<V> k(x);
       const V e = k.centred_exponent();
       const V row = gather<512>(Base::heads, indices(k.key));
       V p;

@@ -117,7 +117,7 @@ struct Log1p<V, L> {
   static V lanes(V x) {
     if constexpr (L == Level::HA) {
       const OnePlus<V> s(x);
-      const KeyedDouble<V> k(s.sum);
+      const KeyedNormal<V> k(s.sum);
       // rc 2^(-e - 10), an approximation of 1/s.
       const V scale =
           as_float(Integer<V>(int64_t{1023 + 1023 - 10} << 52) - (as_bits(s.sum) & Integer<V>(int64_t{0x7FF} << 52)));
@@ -133,7 +133,7 @@ struct Log1p<V, L> {
       return join_sign(y, x);  // +0 for -0 otherwise
     } else {
       const V sum = x + V(1.0);
-      const KeyedDouble<V> k(sum);
+      const KeyedNormal<V> k(sum);
       // c = rc 2^(-e - 10), an approximation of 1/(1 + x): c (1 + x) - 1 = c x + (c - 1), whatever the sum lost.
       const V c = as_float(as_bits(k.rc) - (as_bits(sum) - as_bits(k.m)));
       const V e = k.centred_exponent();

@@ -46,7 +46,7 @@ struct LogPlace {
 // below.
 template <Double V>
 V rest_of_reflection(V a) {
-  const V sine = Ln<V, Level::HA>::lanes(magnitude(Sinpi<V, Level::LA>::lanes(a)));
+  const V sine = ln_pairs(magnitude(Sinpi<V, Level::LA>::lanes(a)), 0.0);  // quietly of 0, too
   const V s = Row<V>(V(kStirlingRow - kGammaFirst)).template value<kRest>(V(1.0) / min(a, V(0x1p60)));
   return sine + (s + V(kOneLessLogOfPi));
 }

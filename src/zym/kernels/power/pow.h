@@ -76,7 +76,7 @@ struct Pow<V, Level::LA> : PowSingle<V> {
     using I = Integer<V>;
     const I c = (as_bits(reciprocal_estimate(x)) + I(0x00080000u)) & I(0xFFF00000u);
     const V r = fms(as_float(c), x, V(1.0f));
-    const V table = look_up(octet_table<V>(kLog2Octet[0]), shift_right<20>(c)) - Exponents<V>(as_float(c)).numbers();
+    const V table = look_up(octet_table<V>(kLog2Octet[0]), shift_right<20>(c)) - NormalExponents<V>(as_float(c)).numbers();
     const V table_rest = look_up(octet_table<V>(kLog2Octet[1]), shift_right<20>(c));
 
     const V q = r * V(kPowLead32);
@@ -156,7 +156,7 @@ struct PowDouble {
 template <Double V>
 struct Pow<V, Level::EP> : PowDouble<V> {
   static auto lanes(V x, V y) {
-    const KeyedDouble<V> k(x);
+    const KeyedNormal<V> k(x);
     const V e = k.centred_exponent();
     const V head = fma(e, V(kLn2Head64), gather<512>(kLnHeads, indices(k.key))) + k.r;
     const V ln = head + fma(e, V(kLn2Tail64), k.r * k.r * horner(k.r, kPowLnDouble));
@@ -186,7 +186,7 @@ struct Pow<V, Level::LA> : PowDouble<V> {
 
   static auto lanes(V x, V y) {
     using I = Integer<V>;
-    const KeyedDouble<V> k(x);
+    const KeyedNormal<V> k(x);
     const auto row = gather<512>(kLog2Pairs, indices(k.key));
     const V q = k.r * V(kPowLead64);
     const V q_tail = fma(k.r, V(kPowLeadTail64), fms(k.r, V(kPowLead64), q));
@@ -206,7 +206,7 @@ struct Pow<V, Level::LA> : PowDouble<V> {
 // log2(x) of a normal x, within 2^-72 or 2^-67 of itself.
 template <Double V>
 [[gnu::always_inline]] inline HeadTail<V> log2_lanes(V x) {
-  const KeyedDouble<V> k(x);
+  const KeyedNormal<V> k(x);
   const auto row = gather<512>(kLog2Pairs, indices(k.key));
   // log2(1 + r) = r (c1 + c2 r + ...): the sum of the first two with its rest, the product with its.
   const V factor = fma(k.r, V(kPowSecond64), V(kLog2E64));

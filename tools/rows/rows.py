@@ -142,6 +142,8 @@ def unit_rows():
             if not m:
                 sys.exit(f"rows.def: cannot read: {line}")
             p, f, shape, sharing, reports, family, *costs, of_wide, narrow = m.groups()
+            if of_wide and narrow == "narrow":
+                sys.exit(f"rows.def: costs of 512 bits without kernels of them: {line}")
             wide_costs = tuple(of_wide[2:].split(", ")) if of_wide else tuple(costs)
             wide = () if family in ("none", "pack") else wide_levels(sharing, None if ALL_WIDE else narrow)
             rows.append(Row(p, f, shape, sharing, reports == "reports", family, tuple(costs), wide_costs, wide, False))
@@ -679,7 +681,7 @@ def take_costs(path):
             costs = measured.pop(m.group(2) + m.group(3))
             # sExp fixes the unit: its figures of 256 bits stand.
             narrow = m.group(4) if m.group(2) + m.group(3) == "sExp" else ", ".join(costs[:3])
-            of_wide = "".join(f", {c}" for c in costs[3:]) or m.group(5) or ""
+            of_wide = "".join(f", {c}" for c in costs[3:]) or m.group(5) or ""  # those of before, where none are measured
             line = f"{m.group(1)}, {narrow}{of_wide}{m.group(6) or ''})"
         lines.append(line)
     if measured:

@@ -18,7 +18,6 @@ struct Sqr {
   static V lanes(V x) { return x * x; }
 };
 
-// Three arrays keep all address units busy: one vector in flight ran faster than four.
 template <class V, Level>
 struct Add {
   static constexpr Knobs knobs = {.streams = true};

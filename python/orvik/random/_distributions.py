@@ -17,14 +17,13 @@ class Distributions:
     fill, of that type and size) and return the array, or a number where neither size nor out is given and no parameter is an array.
     Parameters outside their domain raise ValueError, and the stream stays where it is.
 
-    Parameters may be arrays that broadcast to `size` (an output is then in C order), but for `integers`, `hypergeometric`,
-    `multinomial`, `lognormal` and the vectors. Locations and scales of `uniform`, `normal`, `exponential`, `laplace`, `cauchy`,
-    `gumbel` and `rayleigh` make one draw, whose numbers are those of one call where they are constant. Of the other
-    distributions each set of equal parameters is a draw of its own, in ascending order of the sets: quick for few of them, a
-    microsecond and more a number where all differ.
- Draws run without the interpreter's lock, on as many threads as pay
-    where the generator can skip, with the same numbers for any count of threads. An interrupt (Ctrl-C) ends a long draw between
-    pieces of up to 2^24 numbers.
+    Parameters may be arrays that broadcast to `size` (an output is then in C order). Those of `uniform`, `normal`, `lognormal`,
+    `exponential`, `laplace`, `cauchy`, `gumbel`, `rayleigh` and `integers` make one draw, whose numbers are those of one call where
+    they are constant (of `uniform` and `integers` before the last rounding). Of the other distributions each set of equal parameters is a draw of its own, in ascending order of the
+    sets: quickest for few of them.
+
+    Draws run without the interpreter's lock, on as many threads as pay where the generator can skip, with the same numbers for
+    any count of threads. An interrupt (Ctrl-C) ends a long draw between pieces of up to 2^24 numbers.
     """
 
     def _real(self, name, size, dtype, out, *parameters):
@@ -50,45 +49,50 @@ class Distributions:
         array = array_for(size, type_of(dtype, types, name), out)
         if not array.flags.c_contiguous:
             raise ValueError("an output for parameters of their own must be in C order")
-        if np.broadcast_shapes(shape, array.shape) != array.shape:
-            raise ValueError(f"Output size {array.shape} is not compatible with broadcast dimensions of inputs {shape}.")
+        _check_rows(array.shape, shape)
         return array
 
     def _shifted(self, name, size, dtype, out, pair, parts, standard, parameters):
         """One draw of standard numbers x, then loc + factor x, where (loc, factor) are parts(*pair, type). `parameters(*pair)` are
         those of a draw with numbers, whose checks refuse what is outside the domain."""
-        pair = [np.asarray(v, np.float64) for v in pair]
+        pair = [_reals(v) for v in pair]
         array = self._array_of(name, size, dtype, REALS, out, np.broadcast_shapes(*(v.shape for v in pair)))
-        pair = [np.broadcast_to(v, array.shape) for v in pair]
-        with np.errstate(all="ignore"):
-            loc, factor = (np.require(v, requirements=["C", "A"]) for v in parts(*pair, array.dtype.type))
-            sound = np.isfinite(loc) & np.isfinite(factor) & (factor > 0)
         draw = getattr(self._stream, name)
+        loc, factor, unsound = _affine(pair, parts, array)
         with self.lock:
-            if not sound.all():
-                first = np.unravel_index(np.argmin(sound), sound.shape)
-                draw(np.empty(0, array.dtype), *parameters(*(float(v[first]) for v in pair)))
+            if unsound is not None:
+                draw(np.empty(0, array.dtype), *parameters(*unsound))
                 raise ValueError("a parameter is outside its domain")
             draw(array, *standard)
             self._stream.shift_and_scale(array, loc, factor)
+        return array
+
+    def _lognormals(self, size, dtype, out, normal, outer, method):
+        """`normal` and `outer`: locations and scales before and behind the exponential function, which is the draw's own."""
+        normal, outer = [_reals(v) for v in normal], [_reals(v) for v in outer]
+        array = self._array_of("lognormal", size, dtype, REALS, out, np.broadcast_shapes(*(v.shape for v in normal + outer)))
+        factor, standard = _NORMAL[array.dtype.type] if method == _METHODS["inverse"] else (1, 1.0)
+        mean, sigma, unsound = _affine(normal, lambda a, b, t: (a.astype(t), b.astype(t) * t(factor)), array)
+        loc, scale, outer_unsound = _affine(outer, _plain_parts, array)
+        if unsound is not None or outer_unsound is not None:
+            raise ValueError("a parameter is outside its domain")
+        with self.lock:
+            self._stream.gaussian(array, 0.0, standard, method)
+            self._stream.shift_and_scale(array, mean, sigma)
+            self._stream.exponentiate(array)
+            self._stream.shift_and_scale(array, loc, scale)
         return array
 
     def _grouped(self, name, size, dtype, types, out, *parameters):
         """A draw for each set of equal parameters, in ascending order."""
         parameters = [np.asarray(p) for p in parameters]
         array = self._array_of(name, size, dtype, types, out, np.broadcast_shapes(*(p.shape for p in parameters)))
-        table = np.stack([np.broadcast_to(p, array.shape).reshape(-1) for p in parameters], axis=-1, dtype=np.float64, casting="unsafe")
-        sets, which = np.unique(table, axis=0, return_inverse=True)
-        sets = [[int(v) if p.dtype.kind in "iu" else v for v, p in zip(row, parameters)] for row in sets.tolist()]
-        counts = np.bincount(which.reshape(-1), minlength=len(sets))
-        draw, numbers, first = getattr(self._stream, name), np.empty(array.size, array.dtype), 0
+        order, counts, table = _sets([np.broadcast_to(p, array.shape).reshape(-1) for p in parameters])
+        numbers = np.empty(array.size, array.dtype if types is REALS else np.int32)
+        draw = getattr(self._stream, name + "_sets")
         with self.lock:
-            for row in sets:
-                draw(numbers[:0], *row)  # the checks of all before the first number
-            for row, count in zip(sets, counts.tolist()):
-                draw(numbers[first:first + count], *row)
-                first += count
-        array.reshape(-1)[np.argsort(which.reshape(-1), kind="stable")] = numbers
+            draw(numbers, counts, table)
+        array.reshape(-1)[order] = numbers
         return array
 
     # ---- Real numbers
@@ -137,9 +141,18 @@ class Distributions:
 
     def lognormal(self, mean=0.0, sigma=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0,
                   method="inverse"):
-        """loc + scale exp(z), z normal of mean `mean` and deviation `sigma`, by "inverse" or "box-muller-pairs"."""
+        """loc + scale exp(z), z normal of mean `mean` and deviation `sigma`, by "inverse" or "box-muller-pairs".
+
+        Examples
+        --------
+        >>> from orvik.random import PHILOX4X32X10
+        >>> PHILOX4X32X10(1).lognormal([0.0, 1.0], [[0.5], [1.0], [2.0]]).shape
+        (3, 2)
+        """
         if method not in ("inverse", "box-muller-pairs"):
             raise ValueError(f"no such method: {method!r}")
+        if _any_array(mean, sigma, loc, scale):
+            return self._lognormals(size, dtype, out, (mean, sigma), (loc, scale), _METHODS[method])
         return self._real("lognormal", size, dtype, out, float(mean), float(sigma), float(loc), float(scale),
                           1 if method == "inverse" else 0)
 
@@ -252,8 +265,17 @@ class Distributions:
 
     # ---- Integers: int32, or int64
 
-    def integers(self, low, high=None, size=None, dtype=np.int32, out=None):
-        """Integers from `low` to `high` - 1, or from 0 to `low` - 1. Both lie within 32 bits.
+    def integers(self, low, high=None, size=None, dtype=np.int32, out=None, *, endpoint=False):
+        """Integers from `low` to `high` - 1, or from 0 to `low` - 1.
+
+        Parameters
+        ----------
+        low, high : int or array_like of ints
+            Within `dtype`, at most 2^32 integers between them.
+        dtype : dtype, optional
+            Any type of integers, or bool.
+        endpoint : bool, optional
+            True: up to `high`, or from 0 to `low`.
 
         Examples
         --------
@@ -261,12 +283,21 @@ class Distributions:
         >>> x = PHILOX4X32X10(1).integers(1, 7, size=1000)
         >>> int(x.min()), int(x.max())
         (1, 6)
+        >>> PHILOX4X32X10(1).integers([0, 100], [[10], [200]], size=(2, 2), dtype=np.uint8, endpoint=True).dtype
+        dtype('uint8')
         """
-        low, high = (0, low) if high is None else (low, high)
-        low, high = _int32(low, "low"), _int32(high, "high")
-        if low >= high:
-            raise ValueError("low >= high")
-        return self._integer("integers", size, dtype, out, low, high)
+        dtype = _integer_type(dtype)
+        if not endpoint and dtype in INTEGERS and not (_any_array(low) if high is None else _any_array(low, high)):
+            least, most = (0, operator.index(low)) if high is None else (operator.index(low), operator.index(high))
+            if -(1 << 31) <= least < most < 1 << 31:
+                return self._integer("integers", size, dtype, out, least, most)
+        first, span = _intervals(low, high, dtype, endpoint)
+        shape = np.broadcast_shapes(first.shape, span.shape)
+        array = self._array_of("integers", size, dtype, (dtype,), out, shape)
+        first, span = (np.require(np.broadcast_to(v, array.shape) if shape else v, requirements=["C", "A"]) for v in (first, span))
+        with self.lock:
+            self._stream.integers_between(array, first, span)
+        return array if out is not None or size is not None or shape else array.item()
 
     def bernoulli(self, p, size=None, dtype=np.int32, out=None):
         """1 with probability `p`, else 0."""
@@ -288,10 +319,21 @@ class Distributions:
 
     def hypergeometric(self, ngood, nbad, nsample, size=None, dtype=np.int32, out=None):
         """Good ones in a sample of `nsample` from `ngood` good and `nbad` bad ones."""
-        ngood, nbad, nsample = (_int32(v, name) for v, name in ((ngood, "ngood"), (nbad, "nbad"), (nsample, "nsample")))
-        if min(ngood, nbad, nsample) < 0 or nsample > ngood + nbad:
-            raise ValueError("ngood + nbad < nsample, or a count is negative")
-        return self._integer("hypergeometric", size, dtype, out, _int32(ngood + nbad, "ngood + nbad"), nsample, ngood)
+        names = ("ngood", "nbad", "nsample")
+        if not _any_array(ngood, nbad, nsample):
+            ngood, nbad, nsample = (_int32(v, name) for v, name in zip((ngood, nbad, nsample), names))
+            if min(ngood, nbad, nsample) < 0 or nsample > ngood + nbad:
+                raise ValueError("ngood + nbad < nsample, or a count is negative")
+            return self._integer("hypergeometric", size, dtype, out, _int32(ngood + nbad, "ngood + nbad"), nsample, ngood)
+        counts = [_int32s(v, name).astype(np.int64) for v, name in zip((ngood, nbad, nsample), names)]
+        for v, name in zip(counts, names):
+            if (v < 0).any():
+                raise ValueError(f"{name} < 0")
+        ngood, nbad, nsample = counts
+        both = _int32s(ngood + nbad, "ngood + nbad")
+        if (both < nsample).any():
+            raise ValueError("ngood + nbad < nsample")
+        return self._grouped("hypergeometric", size, dtype, INTEGERS, out, both, nsample, ngood)
 
     def negative_binomial(self, n, p, size=None, dtype=np.int32, out=None):
         """Failures before `n` successes of probability `p`; n is a number above 0, not only an integer."""
@@ -330,15 +372,15 @@ class Distributions:
         return array
 
     def multinomial(self, n, pvals, size=None, dtype=np.int32, out=None, *, method="sequential"):
-        """Counts of outcomes in `n` trials.
+        """How often each of k outcomes comes in `n` trials.
 
         Parameters
         ----------
-        n : int
-        pvals : array_like of shape (k,)
-            Probabilities; their sum is 1 to three digits.
+        n : int or array_like of ints
+        pvals : array_like of shape (..., k)
+            Probabilities. The last one is what the others leave, whatever stands there. `n` broadcasts with the dimensions before it.
         method : {"sequential", "poisson"}, optional
-            Outcome by outcome a binomial number of what is left; or Poisson numbers, corrected to the sum. The first
+            Binomial numbers of what is left, or Poisson numbers that are corrected to the sum. The sequential method
             cannot be interrupted.
 
         Returns
@@ -350,15 +392,33 @@ class Distributions:
         >>> from orvik.random import PHILOX4X32X10
         >>> PHILOX4X32X10(1).multinomial(20, [0.2, 0.3, 0.5], size=4).sum(axis=1)
         array([20, 20, 20, 20])
+        >>> PHILOX4X32X10(1).multinomial([[20], [30]], [[0.2, 0.8], [0.5, 0.5]]).shape
+        (2, 2, 2)
         """
         if method not in ("sequential", "poisson"):
             raise ValueError(f"no such method: {method!r}")
-        pvals = np.require(pvals, np.float64, ["C", "A"])
-        if np.ndim(pvals) != 1 or pvals.size == 0:
-            raise ValueError("pvals must be a vector of one probability or more")
-        array = array_for(size, type_of(dtype, INTEGERS, "multinomial"), out, pvals.shape)
+        method = int(method == "poisson")
+        pvals = _outcomes(pvals)
+        if not _any_array(n) and pvals.ndim == 1:
+            array = array_for(size, type_of(dtype, INTEGERS, "multinomial"), out, pvals.shape)
+            with self.lock:
+                self._stream.multinomial(array, _int32(n, "n"), pvals, method)
+            return array
+        n = _int32s(n, "n")
+        if (n < 0).any():
+            raise ValueError("n < 0")
+        shape, last = np.broadcast_shapes(n.shape, pvals.shape[:-1]), pvals.shape[-1:]
+        if out is not None and size is None:
+            size = out.shape[:-1] if isinstance(out, np.ndarray) else shape
+        array = array_for(shape if size is None else size, type_of(dtype, INTEGERS, "multinomial"), out, last)
+        rows = array.shape[:-1]
+        _check_rows(rows, shape)
+        columns = [np.broadcast_to(v, rows).reshape(-1) for v in (n, *np.moveaxis(pvals, -1, 0))]
+        order, counts, table = _sets(columns)
+        numbers = np.empty((order.size, *last), np.int32)
         with self.lock:
-            self._stream.multinomial(array, _int32(n, "n"), pvals, int(method == "poisson"))
+            self._stream.multinomial_sets(numbers, counts, table, method)
+        array.reshape(-1, *last)[order] = numbers
         return array
 
     def words(self, size=None, out=None):
@@ -388,11 +448,124 @@ def _reals(values):
     return np.asarray(values, np.float64)
 
 
+def _check_rows(size, shape):
+    """Whether parameters of a shape broadcast to a size."""
+    both = np.broadcast_shapes(shape, size)
+    if both != size:
+        raise ValueError(f"Output size {size} is not compatible with broadcast dimensions of inputs {both}.")
+
+
+def _affine(pair, parts, array):
+    """(loc, factor) of parts(*pair, type) for each number of an array, and the first pair that is outside its domain, or None."""
+    pair = [np.broadcast_to(v, array.shape) for v in pair]
+    with np.errstate(all="ignore"):
+        loc, factor = (np.require(v, requirements=["C", "A"]) for v in parts(*pair, array.dtype.type))
+        sound = np.isfinite(loc) & np.isfinite(factor) & (factor > 0)
+    if sound.all():
+        return loc, factor, None
+    first = np.unravel_index(np.argmin(sound), sound.shape)
+    return loc, factor, [float(v[first]) for v in pair]
+
+
+def _sets(columns):
+    """Of parameters as columns of equal length: the order that puts equal sets side by side, ascending, how many there are of each,
+    and the sets as rows."""
+    n = columns[0].size
+    if n == 0:
+        return np.empty(0, np.intp), np.empty(0, np.int64), np.empty((0, len(columns)))
+    varying = [c for c in columns if c.strides[0] != 0 and (c[1:] != c[:-1]).any()]
+    if len(varying) == 1:
+        order = np.argsort(varying[0], kind="stable")
+    else:
+        order = np.lexsort(varying[::-1]) if varying else np.arange(n)
+    begins = np.ones(n, bool)
+    begins[1:] = False
+    for column in varying:
+        ordered = column[order]
+        begins[1:] |= ordered[1:] != ordered[:-1]
+    first = np.flatnonzero(begins)
+    table = np.stack([c[order[first]] for c in columns], axis=-1).astype(np.float64)
+    return order, np.diff(first, append=n).astype(np.int64), table
+
+
+def _integer_type(dtype):
+    if dtype is np.int32:
+        return INTEGERS[0]
+    dtype = np.dtype(dtype)
+    if dtype.kind not in "iub":
+        raise TypeError(f"Unsupported dtype {dtype!r} for integers")
+    if not dtype.isnative:
+        raise ValueError("Providing a dtype with a non-native byteorder is not supported. If you require platform-independent "
+                         "byteorder, call byteswap when required.")
+    return dtype
+
+
+def _whole(values, name):
+    """Integers as an array: of int64 where they fit, else of Python's."""
+    array = np.asarray(values)
+    if array.dtype.kind == "O":
+        array = np.array([operator.index(v) for v in array.reshape(-1)], object).reshape(array.shape)
+    elif array.size == 0:
+        return array.astype(np.int64)
+    elif array.dtype.kind not in "iub":
+        raise TypeError(f"{name} must be integers")
+    elif array.dtype == np.uint64:
+        array = array.astype(object)
+    else:
+        return array.astype(np.int64)
+    fits = all(-(1 << 63) <= v < 1 << 63 for v in array.reshape(-1))
+    return array.astype(np.int64) if fits else array
+
+
+def _intervals(low, high, dtype, endpoint):
+    """First integers, modulo 2^64 as int64, and how many there are beyond them, as uint32."""
+    alone = high is None
+    low, high = _whole(0 if alone else low, "low"), _whole(low if alone else high, "high")
+    if low.size and high.size:
+        least, most = (0, 1) if dtype.kind == "b" else (np.iinfo(dtype).min, np.iinfo(dtype).max)
+        if int(low.min()) < least:
+            raise ValueError(f"low is out of bounds for {dtype.name}")
+        if int(high.max()) > most + (not endpoint):
+            raise ValueError(f"high is out of bounds for {dtype.name}")
+        if (low > high).any() if endpoint else (low >= high).any():
+            limit = "<" if endpoint else "<="
+            raise ValueError(f"high {limit} 0" if alone else "low > high" if endpoint else "low >= high")
+    if low.dtype == object or high.dtype == object:
+        span = np.asarray(high.astype(object) - low.astype(object) - (not endpoint), object)
+        low = np.asarray(low.astype(object) & (1 << 64) - 1, object).astype(np.uint64).view(np.int64)
+    else:
+        span = high.view(np.uint64) - low.view(np.uint64) - np.uint64(not endpoint)
+    if span.size and int(span.max()) >> 32:
+        raise ValueError("more than 2^32 integers between low and high")
+    return low, span.astype(np.uint32)
+
+
+def _outcomes(pvals):
+    """Probabilities as NumPy takes them: the last of a row is what the others leave. The library, which wants sums of 1, has the
+    caller's own where they are as good."""
+    pvals = np.require(pvals, np.float64, ["C", "A"])
+    if pvals.ndim == 0 or pvals.shape[-1] == 0:
+        raise ValueError("pvals must have at least 1 dimension and the last dimension of pvals must be greater than 0.")
+    if not ((pvals >= 0) & (pvals <= 1)).all():
+        raise ValueError("pvals < 0, pvals > 1 or pvals contains NaNs")
+    others = pvals[..., :-1].sum(axis=-1)
+    if (others > 1 + 1e-12).any():
+        raise ValueError("sum(pvals[:-1]) > 1.0" if pvals.ndim == 1 else "sum(pvals[...,:-1]) > 1.0")
+    last = np.maximum(1 - others, 0)
+    off = abs(pvals[..., -1] - last) > 1e-12
+    if off.any():
+        pvals = pvals.copy()
+        pvals[..., -1] = np.where(off, last, pvals[..., -1])
+    return pvals
+
+
 def _int32s(values, name):
     array = np.asarray(values)
+    if array.size == 0:
+        return array.astype(np.int64)
     if array.dtype.kind not in "iu":
         raise TypeError(f"{name} must be integers")
-    if array.size and not (-(1 << 31) <= int(array.min()) and int(array.max()) < 1 << 31):
+    if not (-(1 << 31) <= int(array.min()) and int(array.max()) < 1 << 31):
         raise ValueError(f"{name} has more than 32 bits")
     return array
 

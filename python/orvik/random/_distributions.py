@@ -283,7 +283,7 @@ class Distributions:
         >>> x = PHILOX4X32X10(1).integers(1, 7, size=1000)
         >>> int(x.min()), int(x.max())
         (1, 6)
-        >>> PHILOX4X32X10(1).integers([0, 100], [[10], [200]], size=(2, 2), dtype=np.uint8, endpoint=True).dtype
+        >>> PHILOX4X32X10(1).integers([0, 90], [[100], [200]], size=(2, 2), dtype=np.uint8, endpoint=True).dtype
         dtype('uint8')
         """
         dtype = _integer_type(dtype)

@@ -59,11 +59,12 @@ void write(const StreamVariable& v, Writer& to) {
 }
 
 // Whether entries may be those of a summary of `total` values: ascending, with ranks that ascend and lie among these.
+// (Of equal values that were sorted into each other's places the greatest rank may be below the least.)
 template <class T>
 bool sound(const Ranked<T>* entries, int64_t used, int64_t total) {
   for (int64_t i = 0; i < used; ++i) {
     const Ranked<T>& e = entries[i];
-    if (e.min < 1 || e.max < e.min || e.max > total) return false;
+    if (e.min < 1 || e.min > total || e.max < 1 || e.max > total) return false;
     if (i > 0 && (e < entries[i - 1] || e.min < entries[i - 1].min || e.max < entries[i - 1].max)) return false;
   }
   return true;

@@ -170,6 +170,26 @@ struct Kernel {
     }
   }
 
+  // --- two vectors side by side -------------------------------------------------------------------------------------
+
+  static constexpr bool kTogether = kWide && kKnobs.together && S.a == Kind::real && S.r == Kind::real;
+  struct InputsTogether {
+    Twice<V> a;
+    [[no_unique_address]] std::conditional_t<kBinary, Twice<V>, NoParams> b;
+  };
+  [[gnu::always_inline]] static auto lanes_together(const Inputs& low, const Inputs& high, const Params& params) {
+    InputsTogether x;
+    x.a = {low.a, high.a};
+    if constexpr (kBinary) x.b = {low.b, high.b};
+    return apply(
+        [](const auto&... y) __attribute__((always_inline)) { return Rebound<Fn, Twice<V>>::type::lanes(y...); }, x,
+        params);
+  }
+  static Result low_of(const Twice<V>& x) { return x.low; }
+  static Result high_of(const Twice<V>& x) { return x.high; }
+  static Result low_of(const Pair<Twice<V>>& x) { return {x.first.low, x.second.low}; }
+  static Result high_of(const Pair<Twice<V>>& x) { return {x.first.high, x.second.high}; }
+
   // --- complex elements in the hot loop -----------------------------------------------------------------------------
 
   // It needs no order: as they lie in memory, where the family has lanes for them so, or as they come apart most
@@ -462,18 +482,28 @@ struct Kernel {
         if (!none(mask)) [[unlikely]]
           return i;
       }
-      decltype(lanes(x[0], params)) r[N];
+      if constexpr (kTogether) {
+        const auto r = lanes_together(x[0], x[1], params);
+        if constexpr (kMasked) {
+          if (!none(r.special)) [[unlikely]]
+            return i;
+        }
+        store_at(i, low_of(value_of(r)));
+        store_at(i + kWidth<V>, high_of(value_of(r)));
+      } else {
+        decltype(lanes(x[0], params)) r[N];
 #pragma GCC unroll 8
-      for (int v = 0; v < N; ++v) r[v] = lanes(x[v], params);
-      if constexpr (kMasked) {
-        auto mask = r[0].special;
+        for (int v = 0; v < N; ++v) r[v] = lanes(x[v], params);
+        if constexpr (kMasked) {
+          auto mask = r[0].special;
 #pragma GCC unroll 8
-        for (int v = 1; v < N; ++v) mask = mask | r[v].special;
-        if (!none(mask)) [[unlikely]]
-          return i;
+          for (int v = 1; v < N; ++v) mask = mask | r[v].special;
+          if (!none(mask)) [[unlikely]]
+            return i;
+        }
+#pragma GCC unroll 8
+        for (int v = 0; v < N; ++v) store_at(i + v * kWidth<V>, value_of(r[v]));
       }
-#pragma GCC unroll 8
-      for (int v = 0; v < N; ++v) store_at(i + v * kWidth<V>, value_of(r[v]));
     }
     return i;
   }

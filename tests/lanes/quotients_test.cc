@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cfenv>
 #include <cmath>
+#include <limits>
 #include <random>
 #include <vector>
 
@@ -26,6 +28,12 @@ E opaque_quotient(E a, E b) {
   return opaque(a) / opaque(b);
 }
 
+double lane(F64 x, int k) {
+  double all[kWidth<F64>];
+  store(all, x);
+  return all[k];
+}
+
 // Quotients by vectors of V, one after the other, the last one filled up with ones.
 template <class V>
 void expect_quotients(Pairs<Element<V>> pairs) {
@@ -33,12 +41,15 @@ void expect_quotients(Pairs<Element<V>> pairs) {
   while (pairs.a.size() % kWidth<V> != 0) pairs.add(1, 1);
   int64_t wrong = 0;
   for (size_t i = 0; i < pairs.a.size(); i += kWidth<V>) {
-    E q[kWidth<V>];
+    E q[kWidth<V>], exact[kWidth<V>];
     const V a = load<V>(pairs.a.data() + i), b = load<V>(pairs.b.data() + i);
     store(q, divided(a, b));
+    store(exact, divided_exactly(a, b));
     for (int k = 0; k < kWidth<V>; ++k) {
       const E expected = opaque_quotient(pairs.a[i + k], pairs.b[i + k]);
-      if (q[k] != expected && wrong++ < 5) ADD_FAILURE() << pairs.a[i + k] << " / " << pairs.b[i + k];
+      if ((q[k] != expected || exact[k] != expected) && wrong++ < 5) {
+        ADD_FAILURE() << pairs.a[i + k] << " / " << pairs.b[i + k];
+      }
     }
   }
   EXPECT_EQ(wrong, 0);
@@ -103,12 +114,84 @@ TEST(Quotients, OfAllMagnitudesAndOfZeroRoundAsTheInstructionDoes) {
   expect_quotients<F32>(floats);
 }
 
+// Bits and flags of one quotient in the first lane, beside quotients that raise nothing.
+template <class V>
+void expect_exactly(Element<V> a, Element<V> b) {
+  using E = Element<V>;
+  std::feclearexcept(FE_ALL_EXCEPT);
+  const E expected = opaque(opaque_quotient(a, b));
+  const int flags = std::fetestexcept(FE_ALL_EXCEPT);
+  E x[kWidth<V>], y[kWidth<V>], q[kWidth<V>];
+  std::fill_n(x, kWidth<V>, E(6));
+  std::fill_n(y, kWidth<V>, E(3));
+  x[0] = opaque(a), y[0] = opaque(b);
+  const V dividend = load<V>(x), divisor = load<V>(y);
+  std::feclearexcept(FE_ALL_EXCEPT);
+  store(q, divided_exactly(dividend, divisor));
+  opaque(q[0]);
+  EXPECT_EQ(std::fetestexcept(FE_ALL_EXCEPT), flags) << a << " / " << b;
+  EXPECT_EQ(bits_of(q[0]), bits_of(expected)) << a << " / " << b;
+  for (int k = 1; k < kWidth<V>; ++k) EXPECT_EQ(q[k], 2);
+}
+template <class V>
+void expect_all_kinds() {
+  using E = Element<V>;
+  using Limits = std::numeric_limits<E>;
+  std::vector<E> numbers = {0,
+                            1,
+                            2,
+                            3,
+                            5,
+                            6,
+                            7,
+                            9,
+                            E(0.1),
+                            E(1) / 3,
+                            Limits::max(),
+                            Limits::min(),
+                            Limits::denorm_min(),
+                            Limits::epsilon(),
+                            Limits::infinity(),
+                            Limits::quiet_NaN(),
+                            Limits::signaling_NaN(),
+                            E(2) - Limits::epsilon()};
+  for (int e = 0; e < Limits::max_exponent; e += Limits::max_exponent / 32) {
+    for (const int sign : {-1, 1}) {
+      numbers.push_back(std::ldexp(E(1), sign * e));
+      numbers.push_back(std::ldexp(E(1.9), sign * e));
+    }
+  }
+  for (const E a : numbers) {
+    for (const E b : numbers) {
+      expect_exactly<V>(a, b);
+      expect_exactly<V>(-a, b);
+    }
+  }
+}
+TEST(Quotients, OfAnyOperandsHaveBitsSignAndFlagsOfTheInstruction) {
+  expect_all_kinds<F64>();
+  expect_all_kinds<F32>();
+}
+TEST(Quotients, OfProductsAreExactAndRaiseNothing) {
+  std::mt19937_64 random(3);
+  for (int k = 0; k < 100000; ++k) {
+    const double b = static_cast<double>(random() >> 38), q = static_cast<double>(random() >> 38);
+    if (b != 0) expect_exactly<F64>(b * q, b);
+    const float c = static_cast<float>(random() >> 53), r = static_cast<float>(random() >> 53);
+    if (c != 0) expect_exactly<F32>(c * r, c);
+  }
+}
+
 TEST(Quotients, OfTwoVectorsAreThoseOfEach) {
   double a[2 * kWidth<F64>], b[2 * kWidth<F64>], q[2 * kWidth<F64>], s[2 * kWidth<F64>];
   for (int k = 0; k < 2 * kWidth<F64>; ++k) a[k] = 1 + k, b[k] = 7 + 3 * k;
   const Twice<F64> x = {load<F64>(a), load<F64>(a + kWidth<F64>)}, y = {load<F64>(b), load<F64>(b + kWidth<F64>)};
-  const Twice<F64> quotient = divided(x, y), square_root = root(x);
+  const Twice<F64> quotient = divided(x, y), exact = divided_exactly(x, y), square_root = root(x);
   store(q, quotient.low), store(q + kWidth<F64>, quotient.high);
+  for (int k = 0; k < kWidth<F64>; ++k) {
+    EXPECT_EQ(lane(exact.low, k), lane(quotient.low, k));
+    EXPECT_EQ(lane(exact.high, k), lane(quotient.high, k));
+  }
   store(s, square_root.low), store(s + kWidth<F64>, square_root.high);
   for (int k = 0; k < 2 * kWidth<F64>; ++k) {
     EXPECT_EQ(q[k], opaque_quotient(a[k], b[k]));

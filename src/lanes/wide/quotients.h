@@ -33,6 +33,19 @@ struct Quotient64 {
 
 inline F64 divided(F64 a, F64 b) { return Quotient64(a, b).q; }
 
+// Any operands: near 1 by steps, the others by the instruction. What is left of a raises inexact where it is not 0.
+inline F64 divided_exactly(F64 a, F64 b) {
+  // Magnitudes from 2^-255 to 2^257: bits 61 and 62 of the sum are 0.
+  const __m512i move = _mm512_set1_epi64(-(int64_t{3} << 60)), far = _mm512_set1_epi64(int64_t{3} << 61);
+  const __m512i ta = _mm512_add_epi64(_mm512_castpd_si512(a.v), move),
+                tb = _mm512_add_epi64(_mm512_castpd_si512(b.v), move);
+  const __mmask8 outside = _mm512_test_epi64_mask(_mm512_or_si512(ta, tb), far);
+  if (_kortestz_mask8_u8(outside, outside) == 0) [[unlikely]]
+    return a / b;
+  const Quotient64 r(a, b);
+  return _mm512_fmadd_pd(_mm512_fnmadd_round_pd(r.b, r.q, r.a, kQuietly), _mm512_set1_pd(0x1p-300), r.q);
+}
+
 struct Quotient32 {
   __m512 a, b, y, q;
   Quotient32(F32 dividend, F32 divisor) : a(dividend.v), b(divisor.v) {
@@ -49,6 +62,18 @@ struct Quotient32 {
 };
 
 inline F32 divided(F32 a, F32 b) { return Quotient32(a, b).q; }
+
+// Magnitudes from 2^-31 to 2^33.
+inline F32 divided_exactly(F32 a, F32 b) {
+  const __m512i move = _mm512_set1_epi32(-(3 << 28)), far = _mm512_set1_epi32(3 << 29);
+  const __m512i ta = _mm512_add_epi32(_mm512_castps_si512(a.v), move),
+                tb = _mm512_add_epi32(_mm512_castps_si512(b.v), move);
+  const __mmask16 outside = _mm512_test_epi32_mask(_mm512_or_si512(ta, tb), far);
+  if (_kortestz_mask16_u8(outside, outside) == 0) [[unlikely]]
+    return a / b;
+  const Quotient32 r(a, b);
+  return _mm512_fmadd_ps(_mm512_fnmadd_round_ps(r.b, r.q, r.a, kQuietly), _mm512_set1_ps(0x1p-40f), r.q);
+}
 
 inline F64 root(F64 a) {
   const __m512d half = _mm512_set1_pd(0.5);

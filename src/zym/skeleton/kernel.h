@@ -170,26 +170,6 @@ struct Kernel {
     }
   }
 
-  // --- two vectors side by side -------------------------------------------------------------------------------------
-
-  static constexpr bool kTogether = kWide && kKnobs.together && S.a == Kind::real && S.r == Kind::real;
-  struct InputsTogether {
-    Twice<V> a;
-    [[no_unique_address]] std::conditional_t<kBinary, Twice<V>, NoParams> b;
-  };
-  [[gnu::always_inline]] static auto lanes_together(const Inputs& low, const Inputs& high, const Params& params) {
-    InputsTogether x;
-    x.a = {low.a, high.a};
-    if constexpr (kBinary) x.b = {low.b, high.b};
-    return apply(
-        [](const auto&... y) __attribute__((always_inline)) { return Rebound<Fn, Twice<V>>::type::lanes(y...); }, x,
-        params);
-  }
-  static Result low_of(const Twice<V>& x) { return x.low; }
-  static Result high_of(const Twice<V>& x) { return x.high; }
-  static Result low_of(const Pair<Twice<V>>& x) { return {x.first.low, x.second.low}; }
-  static Result high_of(const Pair<Twice<V>>& x) { return {x.first.high, x.second.high}; }
-
   // --- complex elements in the hot loop -----------------------------------------------------------------------------
 
   // It needs no order: as they lie in memory, where the family has lanes for them so, or as they come apart most
@@ -250,6 +230,35 @@ struct Kernel {
       store(reinterpret_cast<E*>(r1 + i), loop_result(r));
     }
   }
+
+  // --- two vectors side by side -------------------------------------------------------------------------------------
+
+  static constexpr bool kTogether = kWide && kKnobs.together && !kStored;
+  static Twice<V> together(const V& low, const V& high) { return {low, high}; }
+  static Pair<Twice<V>> together(const Pair<V>& low, const Pair<V>& high) {
+    return {{low.first, high.first}, {low.second, high.second}};
+  }
+  [[gnu::always_inline]] static auto lanes_together(const Inputs& low, const Inputs& high, const Params& params) {
+    const auto both = [&](const auto&... y) __attribute__((always_inline)) {
+      return Rebound<Fn, Twice<V>>::type::lanes(y...);
+    };
+    if constexpr (kBinary) {
+      struct {
+        decltype(together(low.a, high.a)) a;
+        decltype(together(low.b, high.b)) b;
+      } const x = {together(low.a, high.a), together(low.b, high.b)};
+      return apply(both, x, params);
+    } else {
+      struct {
+        decltype(together(low.a, high.a)) a;
+      } const x = {together(low.a, high.a)};
+      return apply(both, x, params);
+    }
+  }
+  static V low_of(const Twice<V>& x) { return x.low; }
+  static V high_of(const Twice<V>& x) { return x.high; }
+  static Pair<V> low_of(const Pair<Twice<V>>& x) { return {x.first.low, x.second.low}; }
+  static Pair<V> high_of(const Pair<Twice<V>>& x) { return {x.first.high, x.second.high}; }
 
   template <class L>
   static L filled(Mask<V> mask, const L& x) {

@@ -6,8 +6,8 @@ import numpy as np
 
 from .._random import short_draw
 from ._output import INTEGERS, REALS, array_for, type_of
-
-_METHODS = {"box-muller": 0, "box-muller-pairs": 1, "inverse": 2}
+from ._parameters import (METHODS, NORMAL, affine, any_array, check_rows, int32, int32s, integer_type, intervals, method_number, outcomes,
+                          plain_parts, reals, sets_of)
 
 
 class Distributions:
@@ -49,16 +49,16 @@ class Distributions:
         array = array_for(size, type_of(dtype, types, name), out)
         if not array.flags.c_contiguous:
             raise ValueError("an output for parameters of their own must be in C order")
-        _check_rows(array.shape, shape)
+        check_rows(array.shape, shape)
         return array
 
     def _shifted(self, name, size, dtype, out, pair, parts, standard, parameters):
         """One draw of standard numbers x, then loc + factor x, where (loc, factor) are parts(*pair, type). `parameters(*pair)` are
         those of a draw with numbers, whose checks refuse what is outside the domain."""
-        pair = [_reals(v) for v in pair]
+        pair = [reals(v) for v in pair]
         array = self._array_of(name, size, dtype, REALS, out, np.broadcast_shapes(*(v.shape for v in pair)))
         draw = getattr(self._stream, name)
-        loc, factor, unsound = _affine(pair, parts, array)
+        loc, factor, unsound = affine(pair, parts, array)
         with self.lock:
             if unsound is not None:
                 draw(np.empty(0, array.dtype), *parameters(*unsound))
@@ -69,11 +69,11 @@ class Distributions:
 
     def _lognormals(self, size, dtype, out, normal, outer, method):
         """`normal` and `outer`: locations and scales before and behind the exponential function, which is the draw's own."""
-        normal, outer = [_reals(v) for v in normal], [_reals(v) for v in outer]
+        normal, outer = [reals(v) for v in normal], [reals(v) for v in outer]
         array = self._array_of("lognormal", size, dtype, REALS, out, np.broadcast_shapes(*(v.shape for v in normal + outer)))
-        factor, standard = _NORMAL[array.dtype.type] if method == _METHODS["inverse"] else (1, 1.0)
-        mean, sigma, unsound = _affine(normal, lambda a, b, t: (a.astype(t), b.astype(t) * t(factor)), array)
-        loc, scale, outer_unsound = _affine(outer, _plain_parts, array)
+        factor, standard = NORMAL[array.dtype.type] if method == METHODS["inverse"] else (1, 1.0)
+        mean, sigma, unsound = affine(normal, lambda a, b, t: (a.astype(t), b.astype(t) * t(factor)), array)
+        loc, scale, outer_unsound = affine(outer, plain_parts, array)
         if unsound is not None or outer_unsound is not None:
             raise ValueError("a parameter is outside its domain")
         with self.lock:
@@ -87,7 +87,7 @@ class Distributions:
         """A draw for each set of equal parameters, in ascending order."""
         parameters = [np.asarray(p) for p in parameters]
         array = self._array_of(name, size, dtype, types, out, np.broadcast_shapes(*(p.shape for p in parameters)))
-        order, counts, table = _sets([np.broadcast_to(p, array.shape).reshape(-1) for p in parameters])
+        order, counts, table = sets_of([np.broadcast_to(p, array.shape).reshape(-1) for p in parameters])
         numbers = np.empty(array.size, array.dtype if types is REALS else np.int32)
         draw = getattr(self._stream, name + "_sets")
         with self.lock:
@@ -108,7 +108,7 @@ class Distributions:
         >>> bool((abs(x) <= 1).all())
         True
         """
-        if _any_array(low, high):
+        if any_array(low, high):
             return self._shifted("uniform", size, dtype, out, (low, high), lambda a, b, t: (a.astype(t), b.astype(t) - a.astype(t)),
                                  (0.0, 1.0), lambda a, b: (a, b))
         return self._real("uniform", size, dtype, out, float(low), float(high))
@@ -130,14 +130,14 @@ class Distributions:
         >>> bool(abs(x.mean()) < 0.02 and abs(x.std() - 1) < 0.02)
         True
         """
-        if _any_array(loc, scale):
-            number = _method(method)
+        if any_array(loc, scale):
+            number = method_number(method)
             if method == "box-muller":
                 raise ValueError("method 'box-muller' takes numbers as parameters")
-            factor, standard = _NORMAL[type_of(dtype, REALS, "normal").type] if method == "inverse" else (1, 1.0)
+            factor, standard = NORMAL[type_of(dtype, REALS, "normal").type] if method == "inverse" else (1, 1.0)
             return self._shifted("gaussian", size, dtype, out, (loc, scale), lambda a, b, t: (a.astype(t), b.astype(t) * t(factor)),
                                  (0.0, standard, number), lambda a, b: (a, b, number))
-        return self._real("gaussian", size, dtype, out, float(loc), float(scale), _method(method))
+        return self._real("gaussian", size, dtype, out, float(loc), float(scale), method_number(method))
 
     def lognormal(self, mean=0.0, sigma=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0,
                   method="inverse"):
@@ -151,74 +151,74 @@ class Distributions:
         """
         if method not in ("inverse", "box-muller-pairs"):
             raise ValueError(f"no such method: {method!r}")
-        if _any_array(mean, sigma, loc, scale):
-            return self._lognormals(size, dtype, out, (mean, sigma), (loc, scale), _METHODS[method])
+        if any_array(mean, sigma, loc, scale):
+            return self._lognormals(size, dtype, out, (mean, sigma), (loc, scale), METHODS[method])
         return self._real("lognormal", size, dtype, out, float(mean), float(sigma), float(loc), float(scale),
                           1 if method == "inverse" else 0)
 
     @short_draw
     def exponential(self, scale=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0):
         """loc + scale E, E exponential of mean 1."""
-        if _any_array(loc, scale):
-            return self._shifted("exponential", size, dtype, out, (loc, scale), _plain_parts, (0.0, 1.0), lambda a, b: (a, b))
+        if any_array(loc, scale):
+            return self._shifted("exponential", size, dtype, out, (loc, scale), plain_parts, (0.0, 1.0), lambda a, b: (a, b))
         return self._real("exponential", size, dtype, out, float(loc), float(scale))
 
     @short_draw
     def laplace(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None):
         """Numbers of density exp(-|x - loc| / scale) / (2 scale)."""
-        if _any_array(loc, scale):
-            return self._shifted("laplace", size, dtype, out, (loc, scale), _plain_parts, (0.0, 1.0), lambda a, b: (a, b))
+        if any_array(loc, scale):
+            return self._shifted("laplace", size, dtype, out, (loc, scale), plain_parts, (0.0, 1.0), lambda a, b: (a, b))
         return self._real("laplace", size, dtype, out, float(loc), float(scale))
 
     @short_draw
     def cauchy(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None):
         """loc + scale tan(pi (u - 1/2))."""
-        if _any_array(loc, scale):
-            return self._shifted("cauchy", size, dtype, out, (loc, scale), _plain_parts, (0.0, 1.0), lambda a, b: (a, b))
+        if any_array(loc, scale):
+            return self._shifted("cauchy", size, dtype, out, (loc, scale), plain_parts, (0.0, 1.0), lambda a, b: (a, b))
         return self._real("cauchy", size, dtype, out, float(loc), float(scale))
 
     def gumbel(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None):
         """loc - scale ln E, E exponential: maxima, as NumPy's. Minima are -gumbel(-loc, scale)."""
-        if _any_array(loc, scale):
-            return self._shifted("gumbel", size, dtype, out, (loc, scale), _plain_parts, (0.0, 1.0), lambda a, b: (a, b))
+        if any_array(loc, scale):
+            return self._shifted("gumbel", size, dtype, out, (loc, scale), plain_parts, (0.0, 1.0), lambda a, b: (a, b))
         return self._real("gumbel", size, dtype, out, float(loc), float(scale))
 
     def rayleigh(self, scale=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0):
         """loc + scale sqrt(2 E), E exponential: the length of two normal numbers of deviation `scale`."""
-        if _any_array(loc, scale):
+        if any_array(loc, scale):
             return self._shifted("rayleigh", size, dtype, out, (loc, scale), lambda a, b, t: (a.astype(t), (b * math.sqrt(2)).astype(t)),
                                  (0.0, 1.0), lambda a, b: (a, b * math.sqrt(2)))
         return self._real("rayleigh", size, dtype, out, float(loc), float(scale) * math.sqrt(2))
 
     def weibull(self, a, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0):
         """loc + scale E^(1/a), E exponential."""
-        if _any_array(a, loc, scale):
+        if any_array(a, loc, scale):
             if np.ndim(a) != 0:
-                return self._grouped("weibull", size, dtype, REALS, out, _reals(a), _reals(loc), _reals(scale))
+                return self._grouped("weibull", size, dtype, REALS, out, reals(a), reals(loc), reals(scale))
             a = float(a)
-            return self._shifted("weibull", size, dtype, out, (loc, scale), _plain_parts, (a, 0.0, 1.0), lambda b, c: (a, b, c))
+            return self._shifted("weibull", size, dtype, out, (loc, scale), plain_parts, (a, 0.0, 1.0), lambda b, c: (a, b, c))
         return self._real("weibull", size, dtype, out, float(a), float(loc), float(scale))
 
     def gamma(self, shape, scale=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0):
         """loc + scale G, G of density y^(shape - 1) exp(-y) / Gamma(shape)."""
-        if _any_array(shape, loc, scale):
+        if any_array(shape, loc, scale):
             if np.ndim(shape) != 0:
-                return self._grouped("gamma", size, dtype, REALS, out, _reals(shape), _reals(loc), _reals(scale))
+                return self._grouped("gamma", size, dtype, REALS, out, reals(shape), reals(loc), reals(scale))
             shape = float(shape)
-            return self._shifted("gamma", size, dtype, out, (loc, scale), _plain_parts, (shape, 0.0, 1.0), lambda b, c: (shape, b, c))
+            return self._shifted("gamma", size, dtype, out, (loc, scale), plain_parts, (shape, 0.0, 1.0), lambda b, c: (shape, b, c))
         return self._real("gamma", size, dtype, out, float(shape), float(loc), float(scale))
 
     def beta(self, a, b, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0):
         """loc + scale B, B of density proportional to y^(a - 1) (1 - y)^(b - 1)."""
-        if _any_array(a, b, loc, scale):
-            return self._grouped("beta", size, dtype, REALS, out, *map(_reals, (a, b, loc, scale)))
+        if any_array(a, b, loc, scale):
+            return self._grouped("beta", size, dtype, REALS, out, *map(reals, (a, b, loc, scale)))
         return self._real("beta", size, dtype, out, float(a), float(b), float(loc), float(scale))
 
     def chisquare(self, df, size=None, dtype=np.float64, out=None):
         """Sums of `df` squares of normal numbers; df is an int."""
-        if _any_array(df):
-            return self._grouped("chisquare", size, dtype, REALS, out, _int32s(df, "df"))
-        return self._real("chisquare", size, dtype, out, _int32(df, "df"))
+        if any_array(df):
+            return self._grouped("chisquare", size, dtype, REALS, out, int32s(df, "df"))
+        return self._real("chisquare", size, dtype, out, int32(df, "df"))
 
     def multivariate_normal(self, mean, cov=None, size=None, dtype=np.float64, out=None, *, factor=None,
                             method="inverse"):
@@ -260,7 +260,7 @@ class Distributions:
                 raise ValueError("covariance is not positive definite") from None
         array = array_for(size, dtype, out, mean.shape)
         with self.lock:
-            self._stream.multivariate_normal(array, mean, np.require(matrix, dtype, ["C", "A"]), _method(method))
+            self._stream.multivariate_normal(array, mean, np.require(matrix, dtype, ["C", "A"]), method_number(method))
         return array
 
     # ---- Integers: int32, or int64
@@ -286,12 +286,12 @@ class Distributions:
         >>> PHILOX4X32X10(1).integers([0, 90], [[100], [200]], size=(2, 2), dtype=np.uint8, endpoint=True).dtype
         dtype('uint8')
         """
-        dtype = _integer_type(dtype)
-        if not endpoint and dtype in INTEGERS and not (_any_array(low) if high is None else _any_array(low, high)):
+        dtype = integer_type(dtype)
+        if not endpoint and dtype in INTEGERS and not (any_array(low) if high is None else any_array(low, high)):
             least, most = (0, operator.index(low)) if high is None else (operator.index(low), operator.index(high))
             if -(1 << 31) <= least < most < 1 << 31:
                 return self._integer("integers", size, dtype, out, least, most)
-        first, span = _intervals(low, high, dtype, endpoint)
+        first, span = intervals(low, high, dtype, endpoint)
         shape = np.broadcast_shapes(first.shape, span.shape)
         array = self._array_of("integers", size, dtype, (dtype,), out, shape)
         first, span = (np.require(np.broadcast_to(v, array.shape) if shape else v, requirements=["C", "A"]) for v in (first, span))
@@ -301,44 +301,44 @@ class Distributions:
 
     def bernoulli(self, p, size=None, dtype=np.int32, out=None):
         """1 with probability `p`, else 0."""
-        if _any_array(p):
-            return self._grouped("bernoulli", size, dtype, INTEGERS, out, _reals(p))
+        if any_array(p):
+            return self._grouped("bernoulli", size, dtype, INTEGERS, out, reals(p))
         return self._integer("bernoulli", size, dtype, out, float(p))
 
     def geometric(self, p, size=None, dtype=np.int32, out=None):
         """Trials up to the first success, 1 or more."""
-        if _any_array(p):
-            return self._grouped("geometric", size, dtype, INTEGERS, out, _reals(p))
+        if any_array(p):
+            return self._grouped("geometric", size, dtype, INTEGERS, out, reals(p))
         return self._integer("geometric", size, dtype, out, float(p))
 
     def binomial(self, n, p, size=None, dtype=np.int32, out=None):
         """Successes of `n` trials of probability `p`."""
-        if _any_array(n, p):
-            return self._grouped("binomial", size, dtype, INTEGERS, out, _int32s(n, "n"), _reals(p))
-        return self._integer("binomial", size, dtype, out, _int32(n, "n"), float(p))
+        if any_array(n, p):
+            return self._grouped("binomial", size, dtype, INTEGERS, out, int32s(n, "n"), reals(p))
+        return self._integer("binomial", size, dtype, out, int32(n, "n"), float(p))
 
     def hypergeometric(self, ngood, nbad, nsample, size=None, dtype=np.int32, out=None):
         """Good ones in a sample of `nsample` from `ngood` good and `nbad` bad ones."""
         names = ("ngood", "nbad", "nsample")
-        if not _any_array(ngood, nbad, nsample):
-            ngood, nbad, nsample = (_int32(v, name) for v, name in zip((ngood, nbad, nsample), names))
+        if not any_array(ngood, nbad, nsample):
+            ngood, nbad, nsample = (int32(v, name) for v, name in zip((ngood, nbad, nsample), names))
             if min(ngood, nbad, nsample) < 0 or nsample > ngood + nbad:
                 raise ValueError("ngood + nbad < nsample, or a count is negative")
-            return self._integer("hypergeometric", size, dtype, out, _int32(ngood + nbad, "ngood + nbad"), nsample, ngood)
-        counts = [_int32s(v, name).astype(np.int64) for v, name in zip((ngood, nbad, nsample), names)]
+            return self._integer("hypergeometric", size, dtype, out, int32(ngood + nbad, "ngood + nbad"), nsample, ngood)
+        counts = [int32s(v, name).astype(np.int64) for v, name in zip((ngood, nbad, nsample), names)]
         for v, name in zip(counts, names):
             if (v < 0).any():
                 raise ValueError(f"{name} < 0")
         ngood, nbad, nsample = counts
-        both = _int32s(ngood + nbad, "ngood + nbad")
+        both = int32s(ngood + nbad, "ngood + nbad")
         if (both < nsample).any():
             raise ValueError("ngood + nbad < nsample")
         return self._grouped("hypergeometric", size, dtype, INTEGERS, out, both, nsample, ngood)
 
     def negative_binomial(self, n, p, size=None, dtype=np.int32, out=None):
         """Failures before `n` successes of probability `p`; n is a number above 0, not only an integer."""
-        if _any_array(n, p):
-            return self._grouped("negative_binomial", size, dtype, INTEGERS, out, _reals(n), _reals(p))
+        if any_array(n, p):
+            return self._grouped("negative_binomial", size, dtype, INTEGERS, out, reals(n), reals(p))
         return self._integer("negative_binomial", size, dtype, out, float(n), float(p))
 
     def poisson(self, lam=1.0, size=None, dtype=np.int32, out=None, *, method="rejection"):
@@ -398,13 +398,13 @@ class Distributions:
         if method not in ("sequential", "poisson"):
             raise ValueError(f"no such method: {method!r}")
         method = int(method == "poisson")
-        pvals = _outcomes(pvals)
-        if not _any_array(n) and pvals.ndim == 1:
+        pvals = outcomes(pvals)
+        if not any_array(n) and pvals.ndim == 1:
             array = array_for(size, type_of(dtype, INTEGERS, "multinomial"), out, pvals.shape)
             with self.lock:
-                self._stream.multinomial(array, _int32(n, "n"), pvals, method)
+                self._stream.multinomial(array, int32(n, "n"), pvals, method)
             return array
-        n = _int32s(n, "n")
+        n = int32s(n, "n")
         if (n < 0).any():
             raise ValueError("n < 0")
         shape, last = np.broadcast_shapes(n.shape, pvals.shape[:-1]), pvals.shape[-1:]
@@ -412,9 +412,9 @@ class Distributions:
             size = out.shape[:-1] if isinstance(out, np.ndarray) else shape
         array = array_for(shape if size is None else size, type_of(dtype, INTEGERS, "multinomial"), out, last)
         rows = array.shape[:-1]
-        _check_rows(rows, shape)
+        check_rows(rows, shape)
         columns = [np.broadcast_to(v, rows).reshape(-1) for v in (n, *np.moveaxis(pvals, -1, 0))]
-        order, counts, table = _sets(columns)
+        order, counts, table = sets_of(columns)
         numbers = np.empty((order.size, *last), np.int32)
         with self.lock:
             self._stream.multinomial_sets(numbers, counts, table, method)
@@ -427,158 +427,3 @@ class Distributions:
         with self.lock:
             self._stream.words(array)
         return array if out is not None or size is not None else array.item()
-
-
-_NUMBERS = (float, int)
-# By the inverse of the distribution function, normal numbers are loc + (scale sqrt(2)) y: the type's root of 2, and the deviation
-# whose product with it is 1, at which a draw gives y itself.
-_NORMAL = {np.float64: (math.sqrt(2), 1 / math.sqrt(2)),
-           np.float32: (float(np.float32(math.sqrt(2))), float(np.nextafter(np.float32(1) / np.float32(math.sqrt(2)), np.float32(1))))}
-
-
-def _any_array(*parameters):
-    return any(type(p) not in _NUMBERS and np.ndim(p) != 0 for p in parameters)
-
-
-def _plain_parts(loc, scale, kind):
-    return loc.astype(kind), scale.astype(kind)
-
-
-def _reals(values):
-    return np.asarray(values, np.float64)
-
-
-def _check_rows(size, shape):
-    """Whether parameters of a shape broadcast to a size."""
-    both = np.broadcast_shapes(shape, size)
-    if both != size:
-        raise ValueError(f"Output size {size} is not compatible with broadcast dimensions of inputs {both}.")
-
-
-def _affine(pair, parts, array):
-    """(loc, factor) of parts(*pair, type) for each number of an array, and the first pair that is outside its domain, or None."""
-    pair = [np.broadcast_to(v, array.shape) for v in pair]
-    with np.errstate(all="ignore"):
-        loc, factor = (np.require(v, requirements=["C", "A"]) for v in parts(*pair, array.dtype.type))
-        sound = np.isfinite(loc) & np.isfinite(factor) & (factor > 0)
-    if sound.all():
-        return loc, factor, None
-    first = np.unravel_index(np.argmin(sound), sound.shape)
-    return loc, factor, [float(v[first]) for v in pair]
-
-
-def _sets(columns):
-    """Of parameters as columns of equal length: the order that puts equal sets side by side, ascending, how many there are of each,
-    and the sets as rows."""
-    n = columns[0].size
-    if n == 0:
-        return np.empty(0, np.intp), np.empty(0, np.int64), np.empty((0, len(columns)))
-    varying = [c for c in columns if c.strides[0] != 0 and (c[1:] != c[:-1]).any()]
-    if len(varying) == 1:
-        order = np.argsort(varying[0], kind="stable")
-    else:
-        order = np.lexsort(varying[::-1]) if varying else np.arange(n)
-    begins = np.ones(n, bool)
-    begins[1:] = False
-    for column in varying:
-        ordered = column[order]
-        begins[1:] |= ordered[1:] != ordered[:-1]
-    first = np.flatnonzero(begins)
-    table = np.stack([c[order[first]] for c in columns], axis=-1).astype(np.float64)
-    return order, np.diff(first, append=n).astype(np.int64), table
-
-
-def _integer_type(dtype):
-    if dtype is np.int32:
-        return INTEGERS[0]
-    dtype = np.dtype(dtype)
-    if dtype.kind not in "iub":
-        raise TypeError(f"Unsupported dtype {dtype!r} for integers")
-    if not dtype.isnative:
-        raise ValueError("Providing a dtype with a non-native byteorder is not supported. If you require platform-independent "
-                         "byteorder, call byteswap when required.")
-    return dtype
-
-
-def _whole(values, name):
-    """Integers as an array: of int64 where they fit, else of Python's."""
-    array = np.asarray(values)
-    if array.dtype.kind == "O":
-        array = np.array([operator.index(v) for v in array.reshape(-1)], object).reshape(array.shape)
-    elif array.size == 0:
-        return array.astype(np.int64)
-    elif array.dtype.kind not in "iub":
-        raise TypeError(f"{name} must be integers")
-    elif array.dtype == np.uint64:
-        array = array.astype(object)
-    else:
-        return array.astype(np.int64)
-    fits = all(-(1 << 63) <= v < 1 << 63 for v in array.reshape(-1))
-    return array.astype(np.int64) if fits else array
-
-
-def _intervals(low, high, dtype, endpoint):
-    """First integers, modulo 2^64 as int64, and how many there are beyond them, as uint32."""
-    alone = high is None
-    low, high = _whole(0 if alone else low, "low"), _whole(low if alone else high, "high")
-    if low.size and high.size:
-        least, most = (0, 1) if dtype.kind == "b" else (np.iinfo(dtype).min, np.iinfo(dtype).max)
-        if int(low.min()) < least:
-            raise ValueError(f"low is out of bounds for {dtype.name}")
-        if int(high.max()) > most + (not endpoint):
-            raise ValueError(f"high is out of bounds for {dtype.name}")
-        if (low > high).any() if endpoint else (low >= high).any():
-            limit = "<" if endpoint else "<="
-            raise ValueError(f"high {limit} 0" if alone else "low > high" if endpoint else "low >= high")
-    if low.dtype == object or high.dtype == object:
-        span = np.asarray(high.astype(object) - low.astype(object) - (not endpoint), object)
-        low = np.asarray(low.astype(object) & (1 << 64) - 1, object).astype(np.uint64).view(np.int64)
-    else:
-        span = high.view(np.uint64) - low.view(np.uint64) - np.uint64(not endpoint)
-    if span.size and int(span.max()) >> 32:
-        raise ValueError("more than 2^32 integers between low and high")
-    return low, span.astype(np.uint32)
-
-
-def _outcomes(pvals):
-    """Probabilities as NumPy takes them: the last of a row is what the others leave. The library, which wants sums of 1, has the
-    caller's own where they are as good."""
-    pvals = np.require(pvals, np.float64, ["C", "A"])
-    if pvals.ndim == 0 or pvals.shape[-1] == 0:
-        raise ValueError("pvals must have at least 1 dimension and the last dimension of pvals must be greater than 0.")
-    if not ((pvals >= 0) & (pvals <= 1)).all():
-        raise ValueError("pvals < 0, pvals > 1 or pvals contains NaNs")
-    others = pvals[..., :-1].sum(axis=-1)
-    if (others > 1 + 1e-12).any():
-        raise ValueError("sum(pvals[:-1]) > 1.0" if pvals.ndim == 1 else "sum(pvals[...,:-1]) > 1.0")
-    last = np.maximum(1 - others, 0)
-    off = abs(pvals[..., -1] - last) > 1e-12
-    if off.any():
-        pvals = pvals.copy()
-        pvals[..., -1] = np.where(off, last, pvals[..., -1])
-    return pvals
-
-
-def _int32s(values, name):
-    array = np.asarray(values)
-    if array.size == 0:
-        return array.astype(np.int64)
-    if array.dtype.kind not in "iu":
-        raise TypeError(f"{name} must be integers")
-    if not (-(1 << 31) <= int(array.min()) and int(array.max()) < 1 << 31):
-        raise ValueError(f"{name} has more than 32 bits")
-    return array
-
-
-def _method(name):
-    try:
-        return _METHODS[name]
-    except (KeyError, TypeError):
-        raise ValueError(f"no such method: {name!r}") from None
-
-
-def _int32(value, name):
-    value = operator.index(value)
-    if not -(1 << 31) <= value < 1 << 31:
-        raise ValueError(f"{name} has more than 32 bits")
-    return value

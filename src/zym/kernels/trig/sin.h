@@ -1,8 +1,9 @@
 // sin(x) and cos(x). |x| = n pi + r, or (n - 1/2) pi + r for the cosine, which makes it a sine of r; the sign changes
-// with every n. The highest level of doubles takes steps of pi/256 and the sum of angles. Larger arguments are reduced
+// with every n. The highest level of doubles takes steps of pi/16 and the sum of angles (circle.h). Larger arguments are reduced
 // exactly in a second vector form (reduce.h); the lowest level of doubles has a routine of its own for them.
 #pragma once
 
+#include "zym/kernels/trig/circle.h"
 #include "zym/kernels/trig/element.h"
 #include "zym/kernels/trig/reduce.h"
 #include "zym/kernels/trig/sin_element.h"
@@ -132,20 +133,20 @@ struct SineDouble : NotFiniteElement<V> {
 template <bool Cosine, Double V>
 struct SineDouble<Cosine, Level::HA, V> : NotFiniteElement<V> {
   static constexpr Knobs knobs = knobs_of(2);
-  static constexpr double kQuarterTurn = Cosine ? 128.0 : 0.0;
+  static constexpr double kQuarterTurn = Cosine ? 8.0 : 0.0;
 
   static auto special(V x) { return magnitude_above<0x40EFFFFFu>(x); }  // from 65536 on
 
   static V lanes(V x) {
     const V a = magnitude(x);
-    const auto [t, n] = shift_round(a, V(k256OverPi), V(kShifter64 + kQuarterTurn));
-    const V s = grid_sine(GridPoint<V>(t), reduce_by_grid(a, n));
+    const auto [t, n] = shift_round(a, V(k16OverPi<V>), V(kShifter64 + kQuarterTurn));
+    const V s = circle_sine(CirclePoint<V>(t), reduce_by_sixteenths(a, n));
     return Cosine ? s : flip_sign(s, x);
   }
 
   static Masked<V, Mask<V>> wide(V x) {
-    const auto [t, r] = reduce_large<256>(magnitude(x), V(kQuarterTurn / 256));
-    const V s = grid_sine(GridPoint<V>(t), r);
+    const auto [t, r] = reduce_large<16>(magnitude(x), V(kQuarterTurn / 16));
+    const V s = circle_sine(CirclePoint<V>(t), r);
     return {Cosine ? s : flip_sign(s, x), not_finite(x)};
   }
 };

@@ -2,6 +2,7 @@
 // exact: sines with the sign of x, cosines +0.
 #pragma once
 
+#include "zym/kernels/trig/circle.h"
 #include "zym/kernels/trig/element.h"
 #include "zym/kernels/trig/sine.h"
 #include "zym/kernels/trig/units.h"
@@ -49,13 +50,10 @@ struct SineOfUnit : NotFiniteElement<V> {
     } else {
       // The cosine's grid runs backwards from a quarter turn: its zeros are +0.
       const V g = Cosine ? magnitude(f) : folded<Unit>(f);
-      constexpr double steps = 256 / Unit::kHalfTurn, step = 1 / steps;
-      const auto [t, n] = Cosine ? shift_round(g, V(-steps), V(kShifter64 + 128)) : shift_round(g, V(steps));
-      const V w = Cosine ? fma(n, V(step), g) : fnma(n, V(step), g);
-      const double sign = Cosine ? -1.0 : 1.0;
-      HeadTail<V> r = two_prod(w, V(sign * Unit::kRadians));
-      r.tail = fma(w, V(sign * Unit::kRadiansTail), r.tail);
-      const V s = grid_sine(GridPoint<V>(t), r);
+      constexpr double steps = 16 / Unit::kHalfTurn, step = Unit::kHalfTurn / 16;
+      const auto [t, n] = Cosine ? shift_round(g, V(-steps), V(kShifter64 + 8)) : shift_round(g, V(steps));
+      const V w = Cosine ? fms(n, V(-step), g) : fnma(n, V(step), g);
+      const V s = circle_sine(CirclePoint<V>(t), in_radians<Unit>(w));
       return Cosine ? s : unless_tiny<Unit>(s, g);
     }
   }

@@ -86,6 +86,11 @@ struct Degrees {
   }
 };
 
+template <class Unit, Double V>
+[[gnu::always_inline]] inline HeadTail<V> in_radians(V w) {
+  const HeadTail<V> r = two_prod(w, V(Unit::kRadians));
+  return {r.head, fma(w, V(Unit::kRadiansTail), r.tail)};
+}
 // s, or the angle itself in radians where it is so small that products' tails would be denormal.
 template <class Unit, Double V>
 V unless_tiny(V s, V f) {

@@ -42,7 +42,8 @@ Real in_format(const Real& x, bool single, mpfr_rnd_t rounding) {
   return single ? Real(static_cast<double>(mpfr_get_flt(x.get(), rounding))) : Real(mpfr_get_d(x.get(), rounding));
 }
 
-// The number of so many bits nearest to x, x from 1 to 2, whose reciprocal is one too to within 2^-extra of a last place.
+// The number of so many bits nearest to x, x from 1 to 2, whose reciprocal is one too to within 2^-extra of a last
+// place.
 Real with_reciprocal(const Real& x, long bits, long extra) {
   const Real step = apply(mpfr_exp2, Real(static_cast<double>(1 - bits)).get());
   const Real bound = apply(mpfr_exp2, Real(static_cast<double>(-extra)).get());

@@ -1,7 +1,7 @@
 // Hyperbolic sine and cosine. |x| = n ln(2) + r; with a = 2^n / 2, b = 2^-n / 2, C = cosh r, S = sinh r:
 //   cosh x = (a + b) C + (a - b) S,  sinh x = (a - b) C + (a + b) S:
-// for n = 0 the sine is S itself, so that it needs no branch of its own. At HA in steps of ln(2)/16, with a table for a and b,
-// and with what sums lose.
+// for n = 0 the sine is S itself, so that it needs no branch of its own. At HA in steps of ln(2)/16, with a table for a
+// and b, and with what sums lose.
 #pragma once
 
 #include <iterator>
@@ -50,8 +50,8 @@ V half_times_power(Integer<V> shifted_exponent, bool negative) {
   return as_float(negative ? half - shifted_exponent : half + shifted_exponent);
 }
 
-// 2^(i/16) / 2 and 2^(-i/16) / 2, nearly, and what the logarithms of these have beyond i ln(2)/16. The exponents of both are
-// added as n << (mantissa bits - 4), row bits and all, so that each row is entered without them.
+// 2^(i/16) / 2 and 2^(-i/16) / 2, nearly, and what the logarithms of these have beyond i ln(2)/16. The exponents of
+// both are added as n << (mantissa bits - 4), row bits and all, so that each row is entered without them.
 template <class E>
 constexpr SixteenRows<E, 3> sixteenths(const E (&t)[3][16]) {
   using Bits = typename FloatFormat<E>::Bits;

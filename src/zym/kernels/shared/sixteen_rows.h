@@ -1,5 +1,5 @@
-// Tables of sixteen rows and up to four columns, found by the low four bits of an index: a permutation of registers a column
-// where lanes have one, else rows of memory.
+// Tables of sixteen rows and up to four columns, found by the low four bits of an index: a permutation of registers a
+// column where lanes have one, else rows of memory.
 #pragma once
 
 #include <cstddef>

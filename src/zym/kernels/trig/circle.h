@@ -1,6 +1,6 @@
-// sin, cos and tan of n pi/16 + r: the sine and cosine of sixteen points from registers, short polynomials of r and the sum
-// of angles, with what its leading sums lose. Where the point's sine (cosine) is 0 the result is r with a relative error;
-// else the sum's head is rounded once and keeps what it lost.
+// sin, cos and tan of n pi/16 + r: the sine and cosine of sixteen points from registers, short polynomials of r and the
+// sum of angles, with what its leading sums lose. Where the point's sine (cosine) is 0 the result is r with a relative
+// error; else the sum's head is rounded once and keeps what it lost.
 #pragma once
 
 #include "lanes/lanes.h"
@@ -13,9 +13,11 @@ namespace orvik::zym::trig {
 
 // Floats of 2^19 are off by a tenth of a step.
 template <class V>
-inline constexpr Element<V> k16OverPi = Single<V> ? Element<V>(16 * 0.31830987334251404f) : Element<V>(5.092958178940651);
+inline constexpr Element<V> k16OverPi = Single<V> ? Element<V>(16 * 0.31830987334251404f)
+                                                  : Element<V>(5.092958178940651);
 
-// |x| = n pi/16 + r. pi in parts: n times the first is exact with x while n has 23 bits (19 of doubles: those of pi/256).
+// |x| = n pi/16 + r. pi in parts: n times the first is exact with x while n has 23 bits (19 of doubles: those of
+// pi/256).
 template <Double V>
 [[gnu::always_inline]] inline HeadTail<V> reduce_by_sixteenths(V a, V n) {
   const V r = fnma(n, V(16 * 0.012271846302610356), a);

@@ -1,6 +1,7 @@
 // sin(x) and cos(x). |x| = n pi + r, or (n - 1/2) pi + r for the cosine, which makes it a sine of r; the sign changes
-// with every n. The highest level of doubles takes steps of pi/16 and the sum of angles (circle.h). Larger arguments are reduced
-// exactly in a second vector form (reduce.h); the lowest level of doubles has a routine of its own for them.
+// with every n. The highest level of doubles takes steps of pi/16 and the sum of angles (circle.h). Larger arguments
+// are reduced exactly in a second vector form (reduce.h); the lowest level of doubles has a routine of its own for
+// them.
 #pragma once
 
 #include "zym/kernels/trig/circle.h"

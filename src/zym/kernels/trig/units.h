@@ -61,7 +61,8 @@ struct Degrees {
   }
   template <class V>
   static V within_turn(V a) {
-    constexpr Element<V> kTurns(1.0 / 360);  // a constant: the compiler leaves inexact quotients in code to the processor
+    constexpr Element<V> kTurns(1.0 /
+                                360);  // a constant: the compiler leaves inexact quotients in code to the processor
     const auto [t, n] = shift_round(a, V(kTurns));
     return fnma(n, V(Element<V>(360)), a);
   }

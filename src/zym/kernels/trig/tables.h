@@ -47,10 +47,10 @@ extern const double kTwoOverPiChunks[80][4];
 extern const double kSinCos256[256][4];
 
 // The same of i pi/16, as rows and as columns. Sums of angles leave the product of the other tail and the angle out; where it
-// counts, at the points next to a zero and on its side, the tail of doubles has it of the angle 0.08.
+// counts, at the points next to a zero and on its side, the tail of doubles has it of the angle 0.045.
 //: let a = pi * i / 16
-//: let sine_taken = i == 1 ? -0.08 : (i == 15 ? 0.08 : 0)
-//: let cosine_taken = i == 7 ? -0.08 : (i == 9 ? 0.08 : 0)
+//: let sine_taken = i == 1 ? -0.045 : (i == 15 ? 0.045 : 0)
+//: let cosine_taken = i == 7 ? -0.045 : (i == 9 ? 0.045 : 0)
 //: sine = sin(a)
 //: sine_tail = sin(a) - sine + sine_taken * (cos(a) - double(cos(a)))
 //: cosine = i == 8 ? 0 : cos(a)
@@ -58,8 +58,8 @@ extern const double kSinCos256[256][4];
 extern const double kSinCos16[16][4];
 //: planes
 //: let a = pi * i / 16
-//: let sine_taken = i == 1 ? -0.08 : (i == 15 ? 0.08 : 0)
-//: let cosine_taken = i == 7 ? -0.08 : (i == 9 ? 0.08 : 0)
+//: let sine_taken = i == 1 ? -0.045 : (i == 15 ? 0.045 : 0)
+//: let cosine_taken = i == 7 ? -0.045 : (i == 9 ? 0.045 : 0)
 //: sine = sin(a)
 //: sine_tail = sin(a) - sine + sine_taken * (cos(a) - double(cos(a)))
 //: cosine = i == 8 ? 0 : cos(a)

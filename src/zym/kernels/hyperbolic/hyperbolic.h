@@ -147,11 +147,11 @@ E overflowed(E x) {
 
 }  // namespace hyperbolic
 
-// sCosh LA: 2.6562 ulp at 0x1.009662p+3
-// sCosh HA: 0.5150 ulp at -0x1.4ce1bp+0
-// sCosh EP: 12.81 bits at 0x1.fe280cp+2
-// dCosh LA: 2.0654 ulp at 0x1.2904a05479a85p+4
-// dCosh HA: 0.5072 ulp at -0x1.1e3c4860b5f8cp+5
+// sCosh LA: 2.5286 ulp at -0x1.ffc94p+2
+// sCosh HA: 0.5559 ulp at 0x1.4c7feap+5
+// sCosh EP: 12.81 bits at -0x1.127c7ep+5
+// dCosh LA: 2.2702 ulp at 0x1.25e551f70ec18p+4
+// dCosh HA: 0.5493 ulp at -0x1.6c4548b838816p+4
 template <class V, Level L>
 struct Cosh {
   using E = Element<V>;
@@ -180,11 +180,11 @@ struct Cosh {
 };
 
 // sSinh LA: 2.4625 ulp at -0x1.93141ep-2
-// sSinh HA: 0.5277 ulp at 0x1.721d1p-4
+// sSinh HA: 0.5883 ulp at 0x1.636f6cp-6
 // sSinh EP: 12.29 bits at 0x1.62e52ep-2
-// dSinh LA: 2.3078 ulp at 0x1.26b5ecdc69e8cp+4
-// dSinh HA: 0.5072 ulp at -0x1.1e3c4860b5f8cp+5
-// dSinh EP: 33.37 bits at -0x1.7e2a58b48d1p-2
+// dSinh LA: 2.5961 ulp at 0x1.c40c7f76026p-2
+// dSinh HA: 0.5143 ulp at -0x1.6c28dd5489c84p-6
+// dSinh EP: 33.34 bits at -0x1.62f64cd64731ap-2
 template <class V, Level L>
 struct Sinh {
   using E = Element<V>;

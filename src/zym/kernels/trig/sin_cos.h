@@ -153,17 +153,17 @@ struct BothOf<Level::HA, V> : CircleBoth<V> {};
 }  // namespace trig
 
 // sSinCos LA: 1.5626 ulp at -0x1.c43ebap+18
-// sSinCos HA: 0.5036 ulp at 0x1.e4fde8p+18
+// sSinCos HA: 0.5138 ulp at 0x1.f77bb6p+5
 // sSinCos EP: 13.88 bits at -0x1.f9cbe2p+7 (second result)
-// dSinCos LA: 2.1403 ulp at -0x1.eaf39beb3de7ap+555 (second result)
-// dSinCos HA: 0.5017 ulp at 0x1.60c09a739a4e4p-8
-// dSinCos EP: 27.97 bits at 0x1.921fb54442d08p-1
+// dSinCos LA: 2.2485 ulp at 0x1.06890f3d6b8cdp+631 (second result)
+// dSinCos HA: 0.5819 ulp at -0x1.4d675041e5851p+6 (second result)
+// dSinCos EP: 27.97 bits at -0x1.ee70df66fcd55p+754 (second result)
 template <class V, Level L>
 struct SinCos : trig::BothOf<L, V> {};
 
 // One kernel for all levels: the highest.
 // sSinCospi HA: 0.5004 ulp at 0x1.1064e6p-6 (second result)
-// dSinCospi HA: 0.7719 ulp at -0x0.83dcc317f2488p-1022
+// dSinCospi HA: 0.7975 ulp at -0x0.94a9114d689dbp-1022
 template <class V, Level L>
 struct SinCospi : trig::NotFinitePair<V> {
   static constexpr Knobs knobs = trig::knobs_of(Single<V> ? 2 : 1);

@@ -177,27 +177,27 @@ struct TangentOf<Level::HA, V> : CircleTangent<V> {};
 }  // namespace trig
 
 // sTan LA: 3.6507 ulp at 0x1.5149dp+0
-// sTan HA: 0.5024 ulp at -0x1.1b5d38p+57
+// sTan HA: 0.5277 ulp at -0x1.f165f8p+2
 // sTan EP: 13.88 bits at 0x1.f9cbe2p+12
-// dTan LA: 2.9664 ulp at -0x1.1bc232278c8e1p+6
-// dTan HA: 0.5114 ulp at -0x1.85ecd482624cp+1
+// dTan LA: 3.1583 ulp at -0x1.0799040a8b9b8p+4
+// dTan HA: 0.5999 ulp at 0x1.3767aa65958ecp+6
 // dTan EP: 32.71 bits at 0x1.9eb0b2ee64e81p+5
 template <class V, Level L>
 struct Tan : trig::TangentOf<L, V> {};
 // sTanpi LA: 2.8534 ulp at -0x1.fdf1bep-3
 // sTanpi HA: 0.5004 ulp at 0x1.fa0cbap-2
 // sTanpi EP: 13.45 bits at -0x1.6ccf36p-3
-// dTanpi LA: 2.6635 ulp at 0x1.13ea82fdc1d6p+5
-// dTanpi HA: 0.7719 ulp at -0x0.83dcc317f2488p-1022
-// dTanpi EP: 27.99 bits at -0x1.8fffffffada71p+6
+// dTanpi LA: 2.9092 ulp at 0x1.70299ccff4c7p+3
+// dTanpi HA: 0.7975 ulp at -0x0.94a9114d689dbp-1022
+// dTanpi EP: 27.99 bits at -0x1.4c262993d16ebp-20
 template <class V, Level L>
 struct Tanpi : trig::TangentOfUnit<trig::Turns, L, V> {};
 // sTand LA: 2.9727 ulp at -0x1.627aa2p+5
 // sTand HA: 0.5004 ulp at 0x1.c588eep-1
 // sTand EP: 13.45 bits at 0x1.2c7598p-3
 // dTand LA: 3.0514 ulp at 0x1.5933d371d1bep+5
-// dTand HA: 0.5338 ulp at -0x1.f77de542ae65bp-1016
-// dTand EP: 27.99 bits at 0x1.1bf64bdf4cc5dp-13
+// dTand HA: 0.6364 ulp at 0x1.aeacba80b0496p-1015
+// dTand EP: 27.99 bits at 0x1.14bd00254f9b4p+7
 template <class V, Level L>
 struct Tand : trig::TangentOfDegrees<L, V> {};
 

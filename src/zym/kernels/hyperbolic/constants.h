@@ -8,8 +8,8 @@
 
 namespace orvik::zym::hyperbolic {
 
-// Numbers near 2^(i/16) whose reciprocals are in the format too, but for 2^-8 of a last place (after Gal and Bachelis 1991):
-// with one correction of the argument, the logarithm's rest, they serve e^x and e^-x in all digits. Near sqrt(2) the errors of
+// Numbers near 2^(i/16) whose reciprocals are in the format too, but for 2^-8 of a last place (Gal and Bachelis 1991):
+// with a correction of the argument, the logarithm's rest, they serve e^x and e^-x in all digits. At sqrt(2) errors of
 // both move together, so that the double stands a little apart from it.
 //: planes
 //: up = with_reciprocal(2^(i/16), 24, 8)

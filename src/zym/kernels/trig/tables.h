@@ -46,7 +46,7 @@ extern const double kTwoOverPiChunks[80][4];
 //: cosine_tail = i == 128 ? 0 : cos(a) - cosine
 extern const double kSinCos256[256][4];
 
-// The same of i pi/16, as rows and as columns. Sums of angles leave the product of the other tail and the angle out; where it
+// The same of i pi/16, as rows and columns. Sums of angles leave the product of the other tail and the angle out; where it
 // counts, at the points next to a zero and on its side, the tail of doubles has it of the angle 0.045.
 //: let a = pi * i / 16
 //: let sine_taken = i == 1 ? -0.045 : (i == 15 ? 0.045 : 0)

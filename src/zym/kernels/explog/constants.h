@@ -91,6 +91,9 @@ inline constexpr float kLog10Of2Head32 = 0x1.3442p-2f;  //: = grid(log10(2), 2^-
 inline constexpr float kLog10Of2Tail32 = -0x1.95ec1p-19f;  //: = log10(2) - kLog10Of2Head32
 
 // 1 / ln(b), rounded, and what that lacks.
+inline constexpr float kLog2ETail32 = 0x1.4ae0cp-26f;  //: = 1/log(2) - kLog2E32
+inline constexpr float kLog10E32 = 0x1.bcb7b2p-2f;  //: = 1/log(10)
+inline constexpr float kLog10ETail32 = -0x1.5b235ep-27f;  //: = 1/log(10) - kLog10E32
 inline constexpr double kLog2E64 = 0x1.71547652b82fep0;  //: = 1/log(2)
 inline constexpr double kLog2ETail64 = 0x1.777d0ffda0d24p-56;  //: = 1/log(2) - kLog2E64
 inline constexpr double kLog10E64 = 0x1.bcb7b1526e50ep-2;  //: = 1/log(10)

@@ -3,6 +3,7 @@
 
 #include "zym/kernels/explog/coefficients.h"
 #include "zym/kernels/explog/constants.h"
+#include "zym/kernels/explog/octave_coefficients.h"
 #include "zym/kernels/explog/octave_tables.h"
 #include "zym/kernels/explog/tables.h"
 

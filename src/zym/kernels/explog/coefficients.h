@@ -31,77 +31,6 @@ inline constexpr float kLog2SingleEP[5] = {
     0x1.4d736p-2f, -0x1.96cd6ap-2f, 0x1.eae082p-2f, -0x1.70cb38p-1f, 0x1.715508p0f
 };
 
-// Within a row of kLnOctave32 and its like.
-//: p(x) = log2(1 + x) / x on [-0.0352, 0.0625], relative error 2^-22.5
-//: fit explog/coefficients.sollya
-inline constexpr float kLog2OctaveLA32[4] = {-0x1.630e0cp-2f, 0x1.ecde14p-2f, -0x1.71565cp-1f, 0x1.715474p0f};
-//: p(x) = (log2(1 + x) - x / log(2)) / x^2 on [-0.0352, 0.0625], relative error 2^-22.0
-//: fit explog/coefficients.sollya
-inline constexpr float kLog2OctaveHA32[4] = {0x1.1ae99ap-2f, -0x1.71a3fcp-2f, 0x1.ec73e6p-2f, -0x1.715474p-1f};
-//: p(x) = log10(1 + x) / x on [-0.0352, 0.0625], relative error 2^-22.7
-//: fit explog/coefficients.sollya
-inline constexpr float kLog10OctaveLA32[4] = {-0x1.aa4264p-4f, 0x1.28b15ap-3f, -0x1.bcba18p-3f, 0x1.bcb7bp-2f};
-//: p(x) = (log10(1 + x) - x / log(10)) / x^2 on [-0.0352, 0.0625], relative error 2^-21.9
-//: fit explog/coefficients.sollya
-inline constexpr float kLog10OctaveHA32[4] = {0x1.54de7cp-4f, -0x1.bd1b48p-4f, 0x1.287c6cp-3f, -0x1.bcb7aep-3f};
-//: p(x) = log(1 + x) / x on [-0.0352, 0.0625], relative error 2^-22.8
-//: fit explog/coefficients.sollya
-inline constexpr float kLnOctaveLA32[4] = {-0x1.eb3056p-3f, 0x1.55982ap-2f, -0x1.00015cp-1f, 0x1.fffffep-1f};
-//: p(x) = (log(1 + x) - x) / x^2 on [-0.0352, 0.0625], relative error 2^-21.9
-//: fit explog/coefficients.sollya
-inline constexpr float kLnOctaveHA32[4] = {0x1.8888bap-3f, -0x1.003a08p-2f, 0x1.555794p-2f, -0x1.fffffcp-2f};
-//: p(x) = log2(1 + x) / x on [-0.0352, 0.0625], relative error 2^-28.4
-//: fit explog/coefficients.sollya
-inline constexpr double kLog2OctaveEP64[5] = {
-    0x1.17e908510fda9p-2, -0x1.719d7c7204b3dp-2, 0x1.ec7655b36d234p-2, -0x1.715473dab4715p-1, 0x1.715476420fb6cp0
-};
-//: p(x) = log2(1 + x) / x on [-0.0352, 0.0625], relative error 2^-55.9
-//: fit explog/coefficients.sollya
-inline constexpr double kLog2OctaveLA64[10] = {
-    -0x1.0678e98d8b049p-3, 0x1.47ccd21e640b6p-3, -0x1.716a64fc0b291p-3, 0x1.a61811018d55bp-3, -0x1.ec7098fa8ef7ep-3,
-    0x1.2776c4f8971f7p-2, -0x1.71547652ebaa2p-2, 0x1.ec709dc3a1fdcp-2, -0x1.71547652b82f3p-1, 0x1.71547652b82fep0
-};
-//: p(x) = (log2(1 + x) - x / log(2)) / x^2 on [-0.0352, 0.0625], relative error 2^-55.2
-//: fit explog/coefficients.sollya
-inline constexpr double kLog2OctaveHA64[10] = {
-    0x1.dd47745342c7fp-4, -0x1.2708addf05a24p-3, 0x1.485ee242cb924p-3, -0x1.71550eadcf359p-3, 0x1.a6175e5972544p-3,
-    -0x1.ec709d9da87a3p-3, 0x1.2776c50f284dcp-2, -0x1.71547652b98d5p-2, 0x1.ec709dc3a03e9p-2, -0x1.71547652b82fep-1
-};
-//: p(x) = log10(1 + x) / x on [-0.0352, 0.0625], relative error 2^-28.4
-//: fit explog/coefficients.sollya
-inline constexpr double kLog10OctaveEP64[5] = {
-    0x1.510baa2b0067ep-4, -0x1.bd0f9f49c5d9p-4, 0x1.287de797a6eeep-3, -0x1.bcb7ae5968d39p-3, 0x1.bcb7b13e5f60fp-2
-};
-//: p(x) = log10(1 + x) / x on [-0.0352, 0.0625], relative error 2^-55.1
-//: fit explog/coefficients.sollya
-inline constexpr double kLog10OctaveLA64[10] = {
-    -0x1.3b3d1b50b0731p-5, 0x1.8aa1c7e0a09fap-5, -0x1.bcd29ab986a18p-5, 0x1.fc408d41ec9aep-5, -0x1.287a73529fd31p-4,
-    0x1.63c627565292fp-4, -0x1.bcb7b152a9506p-4, 0x1.287a7636f5887p-3, -0x1.bcb7b1526e503p-3, 0x1.bcb7b1526e50ep-2
-};
-//: p(x) = (log10(1 + x) - x / log(10)) / x^2 on [-0.0352, 0.0625], relative error 2^-55.0
-//: fit explog/coefficients.sollya
-inline constexpr double kLog10OctaveHA64[10] = {
-    0x1.1efea7343bbbfp-5, -0x1.63394c398793dp-5, 0x1.8b66172993313p-5, -0x1.bcb8726101299p-5, 0x1.fc3fa0d8adaefp-5,
-    -0x1.287a761e3ecd1p-4, 0x1.63c627755cc4fp-4, -0x1.bcb7b152703acp-4, 0x1.287a7636f4353p-3, -0x1.bcb7b1526e50ep-3
-};
-//: p(x) = log(1 + x) / x on [-0.0352, 0.0625], relative error 2^-28.4
-//: fit explog/coefficients.sollya
-inline constexpr double kLnOctaveEP64[5] = {
-    0x1.8409bd7605bf6p-3, -0x1.00329dc734f4dp-2, 0x1.55594c0e93712p-2, -0x1.fffffc93d7784p-2, 0x1.ffffffe8e82f6p-1
-};
-//: p(x) = log(1 + x) / x on [-0.0352, 0.0625], relative error 2^-55.8
-//: fit explog/coefficients.sollya
-inline constexpr double kLnOctaveLA64[10] = {
-    -0x1.6ceb13e6d1514p-4, 0x1.c6862dda45d6ap-4, -0x1.000ec8602de39p-3, 0x1.2492b3d85f5cfp-3, -0x1.55555215d7952p-3,
-    0x1.9999997ffa881p-3, -0x1.000000002453bp-2, 0x1.555555555625cp-2, -0x1.fffffffffffefp-2, 0x1p0
-};
-//: p(x) = (log(1 + x) - x) / x^2 on [-0.0352, 0.0625], relative error 2^-54.9
-//: fit explog/coefficients.sollya
-inline constexpr double kLnOctaveHA64[10] = {
-    0x1.4b5ff5cd5ba82p-4, -0x1.990e3f4cd1655p-4, 0x1.c73781899db95p-4, -0x1.000062482ee86p-3, 0x1.2492462e7b81fp-3,
-    -0x1.5555553dc2c92p-3, 0x1.99999999db728p-3, -0x1.0000000000bfbp-2, 0x1.5555555555546p-2, -0x1p-1
-};
-
 // 64 bits: x = m rc/1024 - 1, m below 2, the estimate as above: |x| below 2^-10 + 1.5 * 2^-12 = 0.00135.
 //: x + x^2 * p(x) = log(1 + x) on [-0.0014, 0.0014], relative error 2^-30.4
 inline constexpr double kLnDoubleEP[2] = {0x1.55555555543c5p-2, -0x1.ffffffffff81fp-2};
@@ -165,12 +94,6 @@ inline constexpr double kExp10Double[5] = {
 //: p(x) = (exp(x) - 1 - x) / x^2 on [-0.01084, 0.01084], relative error 2^-8.1
 //: fit explog/coefficients.sollya
 inline constexpr float kExpm1SingleEP[1] = {0x1.ffff92p-2f};
-//: p(x) = (exp(x) - 1 - x) / x^2 on [-0.00542, 0.00542], relative error 2^-19.6
-//: fit explog/coefficients.sollya
-inline constexpr float kExpm1SingleLA[2] = {0x1.55555ap-3f, 0x1.000014p-1f};
-//: p(x) = (exp(x) - 1 - x) / x^2 on [-0.00542, 0.00542], relative error 2^-30.4
-//: fit explog/coefficients.sollya
-inline constexpr float kExpm1SingleHA[3] = {0x1.555562p-5f, 0x1.55556ep-3f, 0x1p-1f};
 //: p(x) = (exp(x) - 1 - x) / x^2 on [-0.00271, 0.00271], relative error 2^-21.6
 //: fit explog/coefficients.sollya
 inline constexpr double kExpm1DoubleEP[2] = {0x1.555556b3cea57p-3, 0x1.00000522471bap-1};

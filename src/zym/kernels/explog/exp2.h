@@ -1,11 +1,12 @@
-// 2^x and 10^x, one kernel for all levels: the method of e^x with two factors of 2^(n/N) from registers, and what these
-// lack added to the reduced argument. What the base sets: the step of the rounding, the reduction in units of the
+// 2^x and 10^x, one kernel for all levels: the method of e^x with 2^(n/N) from registers, of floats as two factors, and what
+// these lack added to the reduced argument. What the base sets: the step of the rounding, the reduction in units of the
 // exponent (so that it is exact up to its last part), the polynomial.
 #pragma once
 
 #include "zym/kernels/explog/coefficients.h"
 #include "zym/kernels/explog/exp.h"
 #include "zym/kernels/explog/exp2_factors.h"
+#include "zym/kernels/explog/exp2_sixteenths.h"
 #include "zym/kernels/explog/exp_element.h"
 #include "zym/skeleton/family.h"
 
@@ -83,12 +84,11 @@ struct Exp2<V, L> {
   static int32_t element(const double* x, double* r) { return power_element(*x, r, 1024.0, -1075.0, exp2_parts); }
 
   static V lanes(V x) {
-    const V shifter = kShifter64 / 64;
+    const V shifter = kShifter64 / 16;
     const V t = x + shifter;
     const V r = x - (t - shifter);
-    const auto row = gather(kExp2Frac64, indices(as_bits(t) & Integer<V>(int64_t{63})));
-    const V p = fma(r, horner(r, kExp2Double), row.second);
-    return scale_by_row<6>(fma(row.first, p, row.first), t);
+    const auto [head, tail] = exp2_of_16(t);
+    return fma(head, fma(r, horner(r, kExp2Sixteenth), tail), head);
   }
 };
 
@@ -117,11 +117,10 @@ struct Exp10<V, L> {
   static int32_t element(const double* x, double* r) { return power_element(*x, r, 308.3, -324.0, exp10_parts); }
 
   static V lanes(V x) {
-    const auto [t, n] = shift_round(x, V(k64OverLog10Of2));
-    const V r = fnma(n, V(kLog10Of2Over64Tail), fnma(n, V(kLog10Of2Over64Head), x));
-    const auto row = gather(kExp2Frac64, indices(as_bits(t) & Integer<V>(int64_t{63})));
-    const V p = fma(r, horner(r, kExp10Double), row.second);
-    return scale_by_row<6>(fma(row.first, p, row.first), t);
+    const auto [t, n] = shift_round(x, V(k16OverLog10Of2));
+    const V r = fnma(n, V(kLog10Of2Over16Tail), fnma(n, V(kLog10Of2Over16Head), x));
+    const auto [head, tail] = exp2_of_16(t);
+    return fma(head, fma(r, horner(r, kExp10Sixteenth), tail), head);
   }
 };
 

@@ -13,7 +13,13 @@ struct Log {
   using E = Element<V>;
   using Octave = typename Base::template Octave<E>;
 
-  static auto special(V x) { return not_positive_normal(x); }
+  static auto special(V x) {
+    if constexpr (L == Level::HA || (Single<V> && L == Level::EP)) {
+      return not_positive_normal(x);
+    } else {
+      return outside < Single<V> ? 0x00800000u : 0x00100000u, Single<V> ? 0x7F3FFFFFu : 0x7FE7FFFFu > (x);
+    }
+  }
   // Of floats in 64 bits, where a denormal is a normal number.
   static int32_t element(const E* px, E* r) {
     int32_t code;
@@ -21,7 +27,7 @@ struct Log {
     if constexpr (Single<V>) {
       *r = static_cast<float>(octave_log_in_two<Base>(static_cast<double>(*px)));
     } else {
-      *r = octave_log_in_two<Base>(*px * 0x1p54, 54.0);
+      *r = *px < 1 ? octave_log_in_two<Base>(*px * 0x1p54, 54.0) : octave_log_in_two<Base>(*px);
     }
     return code;
   }

@@ -67,16 +67,16 @@ struct Log1pCommon {
     const auto row = octave_row<BaseE::Octave<E>::rows, V>(k.row());
     const V c = k.scaled(row.first);
     const V r = fma(c, x, c - V(E(1)));
-    return join_sign(fma(r, horner(r, p), octave_log<BaseE>(k.e, row.second)), x);
+    return join_sign(fma(r, horner(r, p), octave_log<BaseE>(k.centred_e(), row.second)), x);
   }
   [[gnu::always_inline]] static V in_two(V x) {
     const OctaveKey<V> k(x + V(E(1)));
     const V c = k.scaled(octave_row<BaseE::Octave<E>::rows, V>(k.row()).first);
     const V less = c - V(E(1));
     const V r = fma(c, x, less);
-    const HeadTail<V> table = octave_parts<BaseE>(k.e, k.row());
+    const HeadTail<V> table = octave_parts<BaseE>(k.e(), k.row());
     const V head = table.head + r;
-    const V lost = fma(c, x, less - (head - table.head));  // of r and of this sum
+    const V lost = r - (head - table.head);
     return join_sign(head + fma(r * horner(r, BaseE::Octave<E>::ha), r, lost + table.tail), x);
   }
 };

@@ -1,6 +1,7 @@
 // Logarithms by sixteen rows of an octave, which fit registers: x = 2^e m with m in [1, 2), c near 1/m by the upper four
 // bits of m, r = c m - 1, log(x) = (e log(2) - log(c)) + log(1 + r). c is 1 in the first row and 1/2 in the last: on both
-// sides of x = 1 the first sum is 0, and r, which is exact, all that counts.
+// sides of x = 1 the first sum is 0, and r, which is exact, all that counts. At LA and EP, where that sum rounds, e is one
+// more from m = 3/2 on, so that it is not a small difference.
 #pragma once
 
 #include "lanes/exponents.h"
@@ -31,8 +32,10 @@ struct OctaveKey {
   static constexpr Bits<V> kOne = Bits<V>{Format<V>::bias} << kBits;
 
   I bits;
-  V e;
-  explicit OctaveKey(V x) : bits(as_bits(x)), e(NormalExponents<V>(x).numbers()) {}
+  explicit OctaveKey(V x) : bits(as_bits(x)) {}
+  V e() const { return NormalExponents<V>(as_float(bits)).numbers(); }
+  // One more from m = 3/2 on; of x below 3/4 of what would overflow.
+  V centred_e() const { return NormalExponents<V>(as_float(bits + I(Bits<V>{1} << (kBits - 1)))).numbers(); }
   I row() const { return shift_right<kBits - 4>(bits); }
   V m() const { return as_float((bits & I((Bits<V>{1} << kBits) - 1)) | I(kOne)); }
   // 2^-e c.
@@ -63,7 +66,7 @@ template <class Base, class V, size_t N>
   const OctaveKey<V> k(x);
   const auto row = octave_row<B::rows, V>(k.row());
   const V r = fms(row.first, k.m(), V(Element<V>(1)));
-  return fma(r, horner(r, p), octave_log<Base>(k.e, row.second));
+  return fma(r, horner(r, p), octave_log<Base>(k.centred_e(), row.second));
 }
 
 // HA. The exponent is `added` less.
@@ -72,7 +75,7 @@ template <class Base, class V>
   using B = typename Base::template Octave<Element<V>>;
   const OctaveKey<V> k(x);
   const V r = fms(octave_row<B::rows, V>(k.row()).first, k.m(), V(Element<V>(1)));
-  const HeadTail<V> table = octave_parts<Base>(added == 0 ? k.e : k.e - V(added), k.row());
+  const HeadTail<V> table = octave_parts<Base>(added == 0 ? k.e() : k.e() - V(added), k.row());
   // The rounding error of the first sum, which is small against r only where the table's part is 0.
   const V head = fma(r, V(B::of_e), table.head);
   const V lost = fma(r, V(B::of_e), table.head - head);

@@ -6,61 +6,64 @@
 
 namespace orvik::zym {
 
-// c near 1/m, 1 in the first row and 1/2 in the last, and its logarithm with the other sign. With an m of 24 or 53 bits
-// c m - 1 is exact: c has six bits, five where c m - 1 may exceed 1/32.
+// c near 1/m, 1 in the first row and 1/2 in the last, and its logarithm with the other sign; from m = 3/2 on that of 2 c,
+// since e is taken one more there. With an m of 24 or 53 bits c m - 1 is exact: c has six bits, five where c m - 1 may
+// exceed 1/32.
 //: c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
-//: log = 0 - log2(c)
+//: log = 0 - log2(i < 8 ? c : 2 * c)
 inline constexpr float kLog2Octave32[16][2] = {
     {0x1p0f, 0.0f}, {0x1.ep-1f, 0x1.7d604ap-4f}, {0x1.cp-1f, 0x1.8a898p-3f}, {0x1.ap-1f, 0x1.32bfeep-2f},
     {0x1.9p-1f, 0x1.6cb0f6p-2f}, {0x1.8p-1f, 0x1.a8ff98p-2f}, {0x1.7p-1f, 0x1.e7df6p-2f}, {0x1.6p-1f, 0x1.14c56p-1f},
-    {0x1.5p-1f, 0x1.37222cp-1f}, {0x1.4p-1f, 0x1.5b2c3ep-1f}, {0x1.38p-1f, 0x1.6ddfc2p-1f},
-    {0x1.28p-1f, 0x1.94c288p-1f}, {0x1.2p-1f, 0x1.a8ff98p-1f}, {0x1.18p-1f, 0x1.bdce9ep-1f},
-    {0x1.1p-1f, 0x1.d33812p-1f}, {0x1p-1f, 0x1p0f}
+    {0x1.5p-1f, -0x1.91bba8p-2f}, {0x1.4p-1f, -0x1.49a784p-2f}, {0x1.38p-1f, -0x1.24407ap-2f},
+    {0x1.28p-1f, -0x1.acf5e2p-3f}, {0x1.2p-1f, -0x1.5c01a4p-3f}, {0x1.18p-1f, -0x1.08c588p-3f},
+    {0x1.1p-1f, -0x1.663f7p-4f}, {0x1p-1f, 0.0f}
 };
 //: c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
-//: log = 0 - log10(c)
+//: log = 0 - log10(i < 8 ? c : 2 * c)
 inline constexpr float kLog10Octave32[16][2] = {
     {0x1p0f, 0.0f}, {0x1.ep-1f, 0x1.cb38fcp-6f}, {0x1.cp-1f, 0x1.db11eep-5f}, {0x1.ap-1f, 0x1.715d0cp-4f},
     {0x1.9p-1f, 0x1.b721cep-4f}, {0x1.8p-1f, 0x1.ffbfc2p-4f}, {0x1.7p-1f, 0x1.25ba82p-3f}, {0x1.6p-1f, 0x1.4d43f8p-3f},
-    {0x1.5p-1f, 0x1.76a45cp-3f}, {0x1.4p-1f, 0x1.a209a8p-3f}, {0x1.38p-1f, 0x1.b88e68p-3f},
-    {0x1.28p-1f, 0x1.e76124p-3f}, {0x1.2p-1f, 0x1.ffbfc2p-3f}, {0x1.18p-1f, 0x1.0c6712p-2f},
-    {0x1.1p-1f, 0x1.194b3cp-2f}, {0x1p-1f, 0x1.344136p-2f}
+    {0x1.5p-1f, -0x1.e3bc1ap-4f}, {0x1.4p-1f, -0x1.8cf184p-4f}, {0x1.38p-1f, -0x1.5fe804p-4f},
+    {0x1.28p-1f, -0x1.02428cp-4f}, {0x1.2p-1f, -0x1.a30a9ep-5f}, {0x1.18p-1f, -0x1.3ed11ap-5f},
+    {0x1.1p-1f, -0x1.af5f92p-6f}, {0x1p-1f, 0.0f}
 };
-//: c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
-//: log = 0 - log(c)
+// Of ln(1 + x), whose c (1 + x) - 1 is rounded: c has twelve bits, so that it is small, and less than 2^-5 in the second row.
+//: c = i == 0 ? 1 : i == 1 ? 3755 * 2^-12 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-12)
+//: log = 0 - log(i < 8 ? c : 2 * c)
 inline constexpr float kLnOctave32[16][2] = {
-    {0x1p0f, 0.0f}, {0x1.ep-1f, 0x1.08598cp-4f}, {0x1.cp-1f, 0x1.1178e8p-3f}, {0x1.ap-1f, 0x1.a93ed4p-3f},
-    {0x1.9p-1f, 0x1.f991c6p-3f}, {0x1.8p-1f, 0x1.269622p-2f}, {0x1.7p-1f, 0x1.522aep-2f}, {0x1.6p-1f, 0x1.7fafa4p-2f},
-    {0x1.5p-1f, 0x1.af5296p-2f}, {0x1.4p-1f, 0x1.e148a2p-2f}, {0x1.38p-1f, 0x1.fb358ap-2f},
-    {0x1.28p-1f, 0x1.188ee4p-1f}, {0x1.2p-1f, 0x1.269622p-1f}, {0x1.18p-1f, 0x1.35028ap-1f}, {0x1.1p-1f, 0x1.43dap-1f},
-    {0x1p-1f, 0x1.62e43p-1f}
+    {0x1p0f, 0.0f}, {0x1.d56p-1f, 0x1.6408f4p-4f}, {0x1.bacp-1f, 0x1.299d3p-3f}, {0x1.a42p-1f, 0x1.9509aap-3f},
+    {0x1.8fap-1f, 0x1.fb7d86p-3f}, {0x1.7dp-1f, 0x1.2e9e2cp-2f}, {0x1.6c2p-1f, 0x1.5d01dcp-2f},
+    {0x1.5cap-1f, 0x1.898d38p-2f}, {0x1.4e6p-1f, -0x1.117ee8p-2f}, {0x1.414p-1f, -0x1.d0fb8p-3f},
+    {0x1.352p-1f, -0x1.823016p-3f}, {0x1.29ep-1f, -0x1.3643cap-3f}, {0x1.1f8p-1f, -0x1.db527p-4f},
+    {0x1.15cp-1f, -0x1.4e011p-4f}, {0x1.0cap-1f, -0x1.8a5a9cp-5f}, {0x1p-1f, 0.0f}
 };
 //: c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
-//: log = 0 - log2(c)
+//: log = 0 - log2(i < 8 ? c : 2 * c)
 inline constexpr double kLog2Octave64[16][2] = {
     {0x1p0, 0.0}, {0x1.ep-1, 0x1.7d60496cfbb4cp-4}, {0x1.cp-1, 0x1.8a8980abfbd32p-3}, {0x1.ap-1, 0x1.32bfee370ee68p-2},
     {0x1.9p-1, 0x1.6cb0f6865c8eap-2}, {0x1.8p-1, 0x1.a8ff971810a5ep-2}, {0x1.7p-1, 0x1.e7df5fe538ab3p-2},
-    {0x1.6p-1, 0x1.14c560fe68af9p-1}, {0x1.5p-1, 0x1.37222bb70747cp-1}, {0x1.4p-1, 0x1.5b2c3da19723bp-1},
-    {0x1.38p-1, 0x1.6ddfc2a78fc63p-1}, {0x1.28p-1, 0x1.94c287492c4dbp-1}, {0x1.2p-1, 0x1.a8ff971810a5ep-1},
-    {0x1.18p-1, 0x1.bdce9dcc96187p-1}, {0x1.1p-1, 0x1.d338120a6dd9dp-1}, {0x1p-1, 0x1p0}
+    {0x1.6p-1, 0x1.14c560fe68af9p-1}, {0x1.5p-1, -0x1.91bba891f1709p-2}, {0x1.4p-1, -0x1.49a784bcd1b8bp-2},
+    {0x1.38p-1, -0x1.24407ab0e073ap-2}, {0x1.28p-1, -0x1.acf5e2db4ec94p-3}, {0x1.2p-1, -0x1.5c01a39fbd688p-3},
+    {0x1.18p-1, -0x1.08c588cda79e4p-3}, {0x1.1p-1, -0x1.663f6fac91316p-4}, {0x1p-1, 0.0}
 };
 //: c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
-//: log = 0 - log10(c)
+//: log = 0 - log10(i < 8 ? c : 2 * c)
 inline constexpr double kLog10Octave64[16][2] = {
     {0x1p0, 0.0}, {0x1.ep-1, 0x1.cb38fccd8bfdbp-6}, {0x1.cp-1, 0x1.db11ed766abf4p-5}, {0x1.ap-1, 0x1.715d0ce367afcp-4},
     {0x1.9p-1, 0x1.b721cd17157e3p-4}, {0x1.8p-1, 0x1.ffbfc2bbc7803p-4}, {0x1.7p-1, 0x1.25ba8215af7fcp-3},
-    {0x1.6p-1, 0x1.4d43f8275a483p-3}, {0x1.5p-1, 0x1.76a45cbb7e6ffp-3}, {0x1.4p-1, 0x1.a209a84fbcff8p-3},
-    {0x1.38p-1, 0x1.b88e67cf9798p-3}, {0x1.28p-1, 0x1.e76124046b3f3p-3}, {0x1.2p-1, 0x1.ffbfc2bbc7803p-3},
-    {0x1.18p-1, 0x1.0c6711d6abd7ap-2}, {0x1.1p-1, 0x1.194b3bdef6b9ep-2}, {0x1p-1, 0x1.34413509f79ffp-2}
+    {0x1.6p-1, 0x1.4d43f8275a483p-3}, {0x1.5p-1, -0x1.e3bc1ab0e19fep-4}, {0x1.4p-1, -0x1.8cf183886480dp-4},
+    {0x1.38p-1, -0x1.5fe80488af4fdp-4}, {0x1.28p-1, -0x1.02428c1f08016p-4}, {0x1.2p-1, -0x1.a30a9d609efeap-5},
+    {0x1.18p-1, -0x1.3ed1199a5e425p-5}, {0x1.1p-1, -0x1.af5f92b00e61p-6}, {0x1p-1, 0.0}
 };
-//: c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
-//: log = 0 - log(c)
+//: c = i == 0 ? 1 : i == 1 ? 3755 * 2^-12 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-12)
+//: log = 0 - log(i < 8 ? c : 2 * c)
 inline constexpr double kLnOctave64[16][2] = {
-    {0x1p0, 0.0}, {0x1.ep-1, 0x1.08598b59e3a07p-4}, {0x1.cp-1, 0x1.1178e8227e47cp-3}, {0x1.ap-1, 0x1.a93ed3c8ad9e3p-3},
-    {0x1.9p-1, 0x1.f991c6cb3b379p-3}, {0x1.8p-1, 0x1.269621134db92p-2}, {0x1.7p-1, 0x1.522ae0738a3d8p-2},
-    {0x1.6p-1, 0x1.7fafa3bd8151cp-2}, {0x1.5p-1, 0x1.af5295248cddp-2}, {0x1.4p-1, 0x1.e148a1a2726cep-2},
-    {0x1.38p-1, 0x1.fb358af7a4884p-2}, {0x1.28p-1, 0x1.188ee40f23ca6p-1}, {0x1.2p-1, 0x1.269621134db92p-1},
-    {0x1.18p-1, 0x1.35028ad9d8c86p-1}, {0x1.1p-1, 0x1.43d9ff2f923c5p-1}, {0x1p-1, 0x1.62e42fefa39efp-1}
+    {0x1p0, 0.0}, {0x1.d56p-1, 0x1.6408f471c82a6p-4}, {0x1.bacp-1, 0x1.299d30c606ea7p-3},
+    {0x1.a42p-1, 0x1.9509aa0044f8fp-3}, {0x1.8fap-1, 0x1.fb7d86eee3b9p-3}, {0x1.7dp-1, 0x1.2e9e2bce12286p-2},
+    {0x1.6c2p-1, 0x1.5d01dc49ff2e8p-2}, {0x1.5cap-1, 0x1.898d38a89347ep-2}, {0x1.4e6p-1, -0x1.117ee81dfe4c4p-2},
+    {0x1.414p-1, -0x1.d0fb7f2255e51p-3}, {0x1.352p-1, -0x1.8230164c1a332p-3}, {0x1.29ep-1, -0x1.3643cad0588f1p-3},
+    {0x1.1f8p-1, -0x1.db5270187d927p-4}, {0x1.15cp-1, -0x1.4e01108a35ae6p-4}, {0x1.0cap-1, -0x1.8a5a9cc614ca4p-5},
+    {0x1p-1, 0.0}
 };
 
 // The same logarithms in two parts: a head on the grid of that of log(2), so that it adds exactly to its multiples, and
@@ -85,15 +88,15 @@ inline constexpr float kLog10OctaveParts32[16][2] = {
     {0x1.b89p-3f, -0x1.983068p-19f}, {0x1.e76p-3f, 0x1.24046cp-19f}, {0x1.ffcp-3f, -0x1.ea21c4p-22f},
     {0x1.0c68p-2f, -0x1.dc52a8p-19f}, {0x1.194cp-2f, -0x1.884212p-19f}, {0x1.3442p-2f, -0x1.95ec1p-19f}
 };
-//: let c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
+//: let c = i == 0 ? 1 : i == 1 ? 3755 * 2^-12 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-12)
 //: head = grid(0 - log(c), 2^-17)
 //: tail = 0 - log(c) - head
 inline constexpr float kLnOctaveParts32[16][2] = {
-    {0.0f, 0.0f}, {0x1.0858p-4f, 0x1.8b59e4p-20f}, {0x1.1178p-3f, 0x1.d044fcp-20f}, {0x1.a94p-3f, -0x1.2c3752p-19f},
-    {0x1.f99p-3f, 0x1.c6cb3cp-19f}, {0x1.2696p-2f, 0x1.089a6ep-21f}, {0x1.522ap-2f, 0x1.c0e714p-19f},
-    {0x1.7fbp-2f, -0x1.7109fap-20f}, {0x1.af52p-2f, 0x1.2a491ap-19f}, {0x1.e148p-2f, 0x1.4344e4p-19f},
-    {0x1.fb36p-2f, -0x1.d4216ep-20f}, {0x1.188fp-1f, -0x1.bf0dc4p-21f}, {0x1.2696p-1f, 0x1.089a6ep-20f},
-    {0x1.3503p-1f, -0x1.d4989cp-19f}, {0x1.43dap-1f, -0x1.a0db88p-26f}, {0x1.62e4p-1f, 0x1.7f7d1cp-20f}
+    {0.0f, 0.0f}, {0x1.6408p-4f, 0x1.e8e39p-21f}, {0x1.299cp-3f, 0x1.30c606p-19f}, {0x1.9508p-3f, 0x1.aa0044p-19f},
+    {0x1.fb7cp-3f, 0x1.86eee4p-19f}, {0x1.2e9ep-2f, 0x1.5e7092p-21f}, {0x1.5d02p-2f, -0x1.1db006p-21f},
+    {0x1.898ep-2f, -0x1.8eaedap-19f}, {0x1.b44ap-2f, -0x1.107d6ep-19f}, {0x1.dd4ap-2f, 0x1.409c38p-19f},
+    {0x1.0258p-1f, 0x1.52e4e8p-20f}, {0x1.1553p-1f, 0x1.e9dc6cp-20f}, {0x1.277ap-1f, -0x1.e136c2p-21f},
+    {0x1.3924p-1f, 0x1.bbcb9ep-22f}, {0x1.4a3fp-1f, -0x1.e772f6p-19f}, {0x1.62e4p-1f, 0x1.7f7d1cp-20f}
 };
 //: let c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
 //: head = grid(0 - log2(c), 2^-38)
@@ -120,17 +123,17 @@ inline constexpr double kLog10OctaveParts64[16][2] = {
     {0x1.0c6711d6bp-2, -0x1.0a16b572cf3edp-40}, {0x1.194b3bdefp-2, 0x1.ae77e29042117p-40},
     {0x1.34413509fp-2, 0x1.e7fbcc47c4acdp-40}
 };
-//: let c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
+//: let c = i == 0 ? 1 : i == 1 ? 3755 * 2^-12 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-12)
 //: head = grid(0 - log(c), 2^-38)
 //: tail = i == 15 ? bits(log(2) - head, 38) : 0 - log(c) - head
 inline constexpr double kLnOctaveParts64[16][2] = {
-    {0.0, 0.0}, {0x1.08598b5ap-4, -0x1.c5f9775c02641p-40}, {0x1.1178e8228p-3, -0x1.b8421cc74be04p-43},
-    {0x1.a93ed3c8ap-3, 0x1.b3c6de57d4ef5p-40}, {0x1.f991c6cb4p-3, -0x1.321a099af9906p-41},
-    {0x1.269621135p-2, -0x1.236c3e20a44c5p-41}, {0x1.522ae0739p-2, -0x1.70a0c7bf4d9c5p-40},
-    {0x1.7fafa3bd8p-2, 0x1.51bede6fdb533p-42}, {0x1.af5295249p-2, -0x1.917cc55277446p-41},
-    {0x1.e148a1a27p-2, 0x1.366ca6fc66eb6p-41}, {0x1.fb358af7ap-2, 0x1.2210bf4782c92p-40},
-    {0x1.188ee40f2p-1, 0x1.e53313be2ad19p-40}, {0x1.269621135p-1, -0x1.236c3e20a44c5p-40},
-    {0x1.35028ad9d8p-1, 0x1.90b83f9527e6bp-42}, {0x1.43d9ff2f9p-1, 0x1.1e267b0b7efaep-40},
+    {0.0, 0.0}, {0x1.6408f471cp-4, 0x1.054cd33e024c9p-41}, {0x1.299d30c6p-3, 0x1.ba9a00f3b811bp-41},
+    {0x1.9509aa004p-3, 0x1.3e3cceb69a6b9p-41}, {0x1.fb7d86eeep-3, 0x1.dc7f3c648fed1p-42},
+    {0x1.2e9e2bce1p-2, 0x1.14300c128d1dcp-41}, {0x1.5d01dc4ap-2, -0x1.a2fd51cc1684bp-43},
+    {0x1.898d38a89p-2, 0x1.a3eccc0e3c5ebp-41}, {0x1.b44977c15p-2, -0x1.c395cbc04ad92p-40},
+    {0x1.dd4aa04e2p-2, -0x1.da4f5da41fcap-41}, {0x1.02582a5cap-1, -0x1.76e9c9d8b38f4p-40},
+    {0x1.15533d3b9p-1, -0x1.4267e3574f2c4p-40}, {0x1.2779e1ec9p-1, 0x1.f6523373359b8p-40},
+    {0x1.39240dde6p-1, -0x1.8b6c241548a75p-40}, {0x1.4a3e86234p-1, 0x1.2927d4c9fbc23p-40},
     {0x1.62e42fefap-1, 0x1.cf79abc9ep-40}
 };
 

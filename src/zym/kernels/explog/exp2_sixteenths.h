@@ -59,6 +59,13 @@ inline constexpr double kExp2SixteenthTails64[16] = {
     0x1.db72fc1f0eab4p-55, 0x1.1affc2b91ce27p-56, 0x1.c1a7792cb3387p-55, 0x1.36eae30af0cb3p-56, 0x1.4a385a63d07a7p-56,
     -0x1.ff7128fd391fp-55
 };
+//: let head = float(2^(i/16))
+//: = (2^(i/16) - head) / head
+inline constexpr float kExp2SixteenthTails32[16] = {
+    0.0f, 0x1.8d96d4p-25f, -0x1.9c0c22p-27f, 0x1.964904p-25f, 0x1.125002p-25f, 0x1.370be4p-25f, -0x1.0a355p-25f,
+    -0x1.00d8acp-27f, 0x1.26055cp-26f, -0x1.05cb44p-25f, 0x1.67a1cap-28f, 0x1.a3b5e4p-28f, -0x1.f9c304p-27f,
+    -0x1.6961b4p-28f, -0x1.a5217cp-28f, 0x1.61428ep-28f
+};
 
 // Heads by their bits less the number of the row where a shifted index has it; tails.
 struct Exp2SixteenthRows {

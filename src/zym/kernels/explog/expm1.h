@@ -45,7 +45,7 @@ template <class V, size_t N>
   const V r = fnma(n, step_head, x);
   const V rounded = fnma(n, step_tail, r);
   const auto [s, tail] = exp2_of_16(t);
-  const V rest = fma(rounded * rounded, horner(rounded, p), fnma(n, step_tail, tail));
+  const V rest = fma(rounded * rounded, horner(rounded, p), fnma(n, step_tail, fma(tail, r, tail)));
   const V less = s - one_exactly;
   const V one = s - less;
   const V lost = (s - (less + one)) + (one - one_exactly);

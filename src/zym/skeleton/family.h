@@ -58,8 +58,9 @@ struct Knobs {
   uint32_t stray = 0;        // flags (kUnderflowFlag ...) that lanes may raise though the results do not: squares of tiny
                              // arguments, quotients that are cut. Then only element routines raise them.
   bool lanes_stand = false;  // special lanes compute as they are, and the element routine may leave what they gave
-  bool together = false;     // of 512 bits: the two vectors of a block side by side, step by step (lanes over Twice<V>),
-                             // where each step waits for the one before, or one vector divides while the other multiplies
+  bool together = true;      // of 512 bits: the two vectors of a block side by side, step by step (lanes over Twice<V>),
+                             // so that one goes on while the other waits, and divides while the other multiplies; false
+                             // where both have too many numbers for the registers
 };
 
 // The same function over another lane type.

@@ -96,7 +96,7 @@ struct Div;
 // cDiv HA: 0.7072 ulp norm at -0x0p+0, 0x1.7a6ap-131, -0x1p+3, -0x1p+3
 template <Single V>
 struct Div<V, Level::HA> : DivElement<float> {
-  static constexpr Knobs knobs = {.vectors = 1};
+  static constexpr Knobs knobs = {.vectors = 1, .together = false};
   static Mask<V> special(Pair<V> x, Pair<V> y) { return not_finite(x) | not_finite(y) | zero(y); }
   static auto lanes(Pair<V> x, Pair<V> y) {
     const Pair<V> r = by_halves(

@@ -94,7 +94,7 @@ struct Sqrt;
 // cSqrt HA: 0.7075 ulp norm at 0x1.06bc2p-101, 0x1.50c4d6p+123
 template <Single V>
 struct Sqrt<V, Level::HA> : SqrtElement<float> {
-  static constexpr Knobs knobs = {.vectors = 1};
+  static constexpr Knobs knobs = {.vectors = 1, .together = false};
   static Mask<V> special(Pair<V> z) { return not_finite(z) | zero(z); }
   // Roots of 35 bits; squares of floats are within the range of doubles.
   static Pair<V> lanes(Pair<V> z) {

@@ -54,7 +54,7 @@ int32_t hypot_element(E a, E b, E* r, Finite finite) {
 // sHypot EP: 11.58 bits at -0x1.5p+4, 0x1.2p+3
 template <Single V, Level L>
 struct Hypot<V, L> {
-  static constexpr Knobs knobs = {.vectors = 2, .stray = kHypotStray};
+  static constexpr Knobs knobs = {.vectors = 2, .stray = kHypotStray, .together = L != Level::EP};
 
   static HypotLanes<V> lanes(V a, V b) {
     if constexpr (L == Level::HA) {
@@ -83,7 +83,7 @@ struct Hypot<V, L> {
 // dHypot EP: 34.92 bits at -0x0.00000058be6c9p-1022, -0x1.0570baca74e78p+7
 template <Double V, Level L>
 struct Hypot<V, L> {
-  static constexpr Knobs knobs = {.vectors = 2, .stray = kHypotStray, .together = L == Level::HA};
+  static constexpr Knobs knobs = {.vectors = 2, .stray = kHypotStray, .together = L != Level::EP};
 
   static HypotLanes<V> lanes(V a, V b) {
     if constexpr (L == Level::HA) {

@@ -77,6 +77,8 @@ struct Exp2<V, L> {
 // dExp2 HA: 0.5212 ulp at -0x1.50ed51d00f2d7p+5
 template <Double V, Level L>
 struct Exp2<V, L> {
+  static constexpr Knobs knobs = {.together = false};
+
   static auto special(V x) { return magnitude_above<high_word(1022.0) - 1>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) {
     return repair_exp<V>(x, r, mask, std::nextafter(1024.0, 0.0), std::nextafter(-1075.0, 0.0));
@@ -112,6 +114,8 @@ struct Exp10<V, L> {
 // dExp10 HA: 0.5233 ulp at 0x1.50f8cec5c0357p+4
 template <Double V, Level L>
 struct Exp10<V, L> {
+  static constexpr Knobs knobs = {.together = false};
+
   static auto special(V x) { return magnitude_above<high_word(kExp10Bound64) - 1>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) { return repair_exp<V>(x, r, mask, 308.3, -324.0); }
   static int32_t element(const double* x, double* r) { return power_element(*x, r, 308.3, -324.0, exp10_parts); }

@@ -12,6 +12,7 @@ template <class Base, class V, Level L>
 struct Log {
   using E = Element<V>;
   using Octave = typename Base::template Octave<E>;
+  static constexpr Knobs knobs = {.together = false};  // rows and coefficients of two vectors are too many
 
   static auto special(V x) {
     if constexpr (L == Level::HA || (Single<V> && L == Level::EP)) {

@@ -15,9 +15,10 @@ struct BaseE {
 };
 template <>
 struct BaseE::Octave<float> {
-  static constexpr const auto& rows = kLnOctave32;
+  static constexpr const auto& rows = kLnEighths32;
+  static constexpr const auto& reciprocals = kLn1pOctaveReciprocals32;
   static constexpr const auto& parts = kLnOctaveParts32;
-  static constexpr const auto& la = kLnOctaveLA32;
+  static constexpr const auto& la = kLnEighthLA32;
   static constexpr const auto& ha = kLnOctaveHA32;
   static constexpr float of2 = kLn2Whole32, of2_head = kLn2Head32, of2_tail = kLn2Tail32;
 };
@@ -39,9 +40,10 @@ struct Base2 {
 };
 template <>
 struct Base2::Octave<float> {
-  static constexpr const auto& rows = kLog2Octave32;
+  static constexpr const auto& rows = kLog2Eighths32;
+  static constexpr const auto& reciprocals = kOctaveReciprocals32;
   static constexpr const auto& parts = kLog2OctaveParts32;
-  static constexpr const auto& la = kLog2OctaveLA32;
+  static constexpr const auto& la = kLog2EighthLA32;
   static constexpr const auto& ha = kLog2OctaveHA32;
   static constexpr float of2 = 1, of_e = kLog2E32, of_e_tail = kLog2ETail32;
 };
@@ -63,9 +65,10 @@ struct Base10 {
 };
 template <>
 struct Base10::Octave<float> {
-  static constexpr const auto& rows = kLog10Octave32;
+  static constexpr const auto& rows = kLog10Eighths32;
+  static constexpr const auto& reciprocals = kOctaveReciprocals32;
   static constexpr const auto& parts = kLog10OctaveParts32;
-  static constexpr const auto& la = kLog10OctaveLA32;
+  static constexpr const auto& la = kLog10EighthLA32;
   static constexpr const auto& ha = kLog10OctaveHA32;
   static constexpr float of2 = kLog10Of2In32, of2_head = kLog10Of2Head32, of2_tail = kLog10Of2Tail32;
   static constexpr float of_e = kLog10E32, of_e_tail = kLog10ETail32;

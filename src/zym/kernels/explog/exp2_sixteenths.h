@@ -13,6 +13,9 @@ inline constexpr double k16OverLog10Of2 = 0x1.a934f0979a371p5;  //: = 16/log10(2
 inline constexpr double kLog10Of2Over16Head = 0x1.34413509fp-6;  //: = grid(log10(2)/16, 2^-42)
 inline constexpr double kLog10Of2Over16Tail = 0x1.e7fbcc47c4acdp-44;  //: = log10(2)/16 - kLog10Of2Over16Head
 
+inline constexpr float k8OverLn2In32 = 0x1.715476p3f;  //: = 8/log(2)
+inline constexpr float kLn2Over8Head32 = 0x1.62ep-4f;  //: = trunc_bits(log(2)/8, 13)
+inline constexpr float kLn2Over8Tail32 = 0x1.0bfbe8p-18f;  //: = log(2)/8 - kLn2Over8Head32
 inline constexpr float k16OverLn2In32 = 0x1.715476p4f;  //: = 16/log(2)
 inline constexpr float kLn2Over16Head32 = 0x1.62ep-5f;  //: = trunc_bits(log(2)/16, 13)
 inline constexpr float kLn2Over16Tail32 = 0x1.0bfbe8p-19f;  //: = log(2)/16 - kLn2Over16Head32
@@ -33,7 +36,10 @@ inline constexpr double kExp10Sixteenth[6] = {
     0x1.26bb1bbb55521p1
 };
 
-// The ends are log(2)/32 and a little.
+// The ends are log(2)/16 and log(2)/32 and a little.
+//: x + x^2 * p(x) = expm1(x) on [-0.04333, 0.04333], relative error 2^-27.5
+//: fit explog/coefficients.sollya
+inline constexpr float kExpm1Eighth32[3] = {0x1.555a56p-5f, 0x1.555c22p-3f, 0x1p-1f};
 //: x + x^2 * p(x) = expm1(x) on [-0.02168, 0.02168], relative error 2^-31.5
 //: fit explog/coefficients.sollya
 inline constexpr float kExpm1Sixteenth32[3] = {0x1.555662p-5f, 0x1.555708p-3f, 0x1p-1f};

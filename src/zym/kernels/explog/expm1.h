@@ -86,10 +86,12 @@ struct Expm1<V, L> {
       const V s = as_float(as_bits(exp2_of_32<V>(as_bits(t))) + exponent_bits<5>(t));
       return fms(s, r * fma(V(kExpm1SingleEP[0]), r, V(1.0f)), V(1.0f) - s);
     } else if constexpr (L == Level::LA) {
-      const auto [t, n] = shift_round(x, V(k16OverLn2In32));
-      const V r = fnma(n, V(kLn2Over16Tail32), fnma(n, V(kLn2Over16Head32), x));
-      const auto [s, tail] = exp2_of_16(t);
-      const V p = r + fma(r * r, horner(r, kExpm1Sixteenth32), tail);
+      const auto [t, n] = shift_round(x, V(k8OverLn2In32));
+      const V r = fnma(n, V(kLn2Over8Tail32), fnma(n, V(kLn2Over8Head32), x));
+      const V row = look_up_8<V>(kExp2EighthFields32.bits, as_bits(t));
+      const V s = as_float(as_bits(row) + shift_left<20>(as_bits(t)));
+      const V tail = look_up_8<V>(kExp2Eighths[1], as_bits(t));
+      const V p = r + fma(r * r, horner(r, kExpm1Eighth32), tail);
       return join_sign(fma(s, p, s - V(1.0f)), x);  // +0 for -0 otherwise
     } else {
       return expm1_in_two(x, V(k16OverLn2In32), V(kLn2Over16Head32), V(kLn2Over16Tail32), kExpm1Sixteenth32);

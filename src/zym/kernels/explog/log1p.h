@@ -64,14 +64,15 @@ struct Log1pCommon {
   template <size_t N>
   [[gnu::always_inline]] static V in_one(V x, const E (&p)[N]) {
     const OctaveKey<V> k(x + V(E(1)));
-    const auto row = octave_row<BaseE::Octave<E>::rows, V>(k.row());
+    using B = BaseE::Octave<E>;
+    const auto row = octave_row<B::rows, V>(k.template row<std::size(B::rows)>());
     const V c = k.scaled(row.first);
     const V r = fma(c, x, c - V(E(1)));
     return join_sign(fma(r, horner(r, p), octave_log<BaseE>(k.centred_e(), row.second)), x);
   }
   [[gnu::always_inline]] static V in_two(V x) {
     const OctaveKey<V> k(x + V(E(1)));
-    const V c = k.scaled(octave_row<BaseE::Octave<E>::rows, V>(k.row()).first);
+    const V c = k.scaled(octave_reciprocal<BaseE, V>(k.row()));
     const V less = c - V(E(1));
     const V r = fma(c, x, less);
     const HeadTail<V> table = octave_parts<BaseE>(k.e(), k.row());
@@ -91,7 +92,7 @@ template <Single V, Level L>
 struct Log1p<V, L> : Log1pCommon<V, L> {
   static V lanes(V x) {
     if constexpr (L == Level::HA) return Log1pCommon<V, L>::in_two(x);
-    if constexpr (L == Level::LA) return Log1pCommon<V, L>::in_one(x, kLnOctaveLA32);
+    if constexpr (L == Level::LA) return Log1pCommon<V, L>::in_one(x, kLnEighthLA32);
     const OnePlus<V> s(x);
     const Integer<V> u = as_bits(s.sum) - Integer<V>(0x3F2AAAABu);
     const V e = to_float(shift_right_arithmetic<23>(u));

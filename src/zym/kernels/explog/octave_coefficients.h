@@ -10,21 +10,27 @@ inline constexpr float kLog2ETail32 = 0x1.4ae0cp-26f;  //: = 1/log(2) - kLog2E32
 inline constexpr float kLog10E32 = 0x1.bcb7b2p-2f;  //: = 1/log(10)
 inline constexpr float kLog10ETail32 = -0x1.5b235ep-27f;  //: = 1/log(10) - kLog10E32
 
-//: x * p(x) = log2(1 + x) on [-0.0352, 0.0625], relative error 2^-22.5
+//: x * p(x) = log2(1 + x) on [-0.0625, 0.125], relative error 2^-23.3
 //: fit explog/coefficients.sollya
-inline constexpr float kLog2OctaveLA32[4] = {-0x1.630e0cp-2f, 0x1.ecde14p-2f, -0x1.71565cp-1f, 0x1.715474p0f};
+inline constexpr float kLog2EighthLA32[5] = {
+    0x1.05c4fep-2f, -0x1.71d14ap-2f, 0x1.ec9c7p-2f, -0x1.715486p-1f, 0x1.715474p0f
+};
 //: x / log(2) + x^2 * p(x) = log2(1 + x) on [-0.0352, 0.0625], relative error 2^-28.0
 //: fit explog/coefficients.sollya
 inline constexpr float kLog2OctaveHA32[4] = {0x1.18cb4p-2f, -0x1.719a46p-2f, 0x1.ec7516p-2f, -0x1.715474p-1f};
-//: x * p(x) = log10(1 + x) on [-0.0352, 0.0625], relative error 2^-22.7
+//: x * p(x) = log10(1 + x) on [-0.0625, 0.125], relative error 2^-23.7
 //: fit explog/coefficients.sollya
-inline constexpr float kLog10OctaveLA32[4] = {-0x1.aa4264p-4f, 0x1.28b15ap-3f, -0x1.bcba18p-3f, 0x1.bcb7bp-2f};
+inline constexpr float kLog10EighthLA32[5] = {
+    0x1.3c0578p-4f, -0x1.bd3826p-4f, 0x1.28914p-3f, -0x1.bcb7c4p-3f, 0x1.bcb7bp-2f
+};
 //: x / log(10) + x^2 * p(x) = log10(1 + x) on [-0.0352, 0.0625], relative error 2^-28.0
 //: fit explog/coefficients.sollya
 inline constexpr float kLog10OctaveHA32[4] = {0x1.524edp-4f, -0x1.bd0f46p-4f, 0x1.287d22p-3f, -0x1.bcb7aep-3f};
-//: x * p(x) = log(1 + x) on [-0.0352, 0.0625], relative error 2^-22.8
+//: x * p(x) = log(1 + x) on [-0.0625, 0.125], relative error 2^-23.7
 //: fit explog/coefficients.sollya
-inline constexpr float kLnOctaveLA32[4] = {-0x1.eb3056p-3f, 0x1.55982ap-2f, -0x1.00015cp-1f, 0x1.fffffep-1f};
+inline constexpr float kLnEighthLA32[5] = {
+    0x1.6b6f7cp-3f, -0x1.004b1p-2f, 0x1.5570c4p-2f, -0x1.00000cp-1f, 0x1.fffffep-1f
+};
 //: x + x^2 * p(x) = log(1 + x) on [-0.0352, 0.0625], relative error 2^-28.0
 //: fit explog/coefficients.sollya
 inline constexpr float kLnOctaveHA32[4] = {0x1.859166p-3f, -0x1.003306p-2f, 0x1.555866p-2f, -0x1.fffffcp-2f};

@@ -1,4 +1,4 @@
-// Rows of sixteenths of an octave, m in [1 + i/16, 1 + (i + 1)/16), for registers. Numbers by tools/approx from the lines
+// Rows of an octave by the upper bits of m in [1, 2), for registers. Numbers by tools/approx from the lines
 // marked //:.
 #pragma once
 
@@ -6,36 +6,39 @@
 
 namespace orvik::zym {
 
-// c near 1/m, 1 in the first row and 1/2 in the last, and its logarithm with the other sign; from m = 3/2 on that of 2 c,
-// since e is taken one more there. With an m of 24 or 53 bits c m - 1 is exact: c has six bits, five where c m - 1 may
-// exceed 1/32.
-//: c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
-//: log = 0 - log2(i < 8 ? c : 2 * c)
-inline constexpr float kLog2Octave32[16][2] = {
-    {0x1p0f, 0.0f}, {0x1.ep-1f, 0x1.7d604ap-4f}, {0x1.cp-1f, 0x1.8a898p-3f}, {0x1.ap-1f, 0x1.32bfeep-2f},
-    {0x1.9p-1f, 0x1.6cb0f6p-2f}, {0x1.8p-1f, 0x1.a8ff98p-2f}, {0x1.7p-1f, 0x1.e7df6p-2f}, {0x1.6p-1f, 0x1.14c56p-1f},
-    {0x1.5p-1f, -0x1.91bba8p-2f}, {0x1.4p-1f, -0x1.49a784p-2f}, {0x1.38p-1f, -0x1.24407ap-2f},
-    {0x1.28p-1f, -0x1.acf5e2p-3f}, {0x1.2p-1f, -0x1.5c01a4p-3f}, {0x1.18p-1f, -0x1.08c588p-3f},
-    {0x1.1p-1f, -0x1.663f7p-4f}, {0x1p-1f, 0.0f}
+// c near 1/m, 1 in the first row and 1/2 in the last. With an m of 24 or 53 bits c m - 1 is exact: c has six bits, five
+// where c m - 1 may exceed 1/32.
+//: = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
+inline constexpr float kOctaveReciprocals32[16] = {
+    0x1p0f, 0x1.ep-1f, 0x1.cp-1f, 0x1.ap-1f, 0x1.9p-1f, 0x1.8p-1f, 0x1.7p-1f, 0x1.6p-1f, 0x1.5p-1f, 0x1.4p-1f,
+    0x1.38p-1f, 0x1.28p-1f, 0x1.2p-1f, 0x1.18p-1f, 0x1.1p-1f, 0x1p-1f
 };
-//: c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
-//: log = 0 - log10(i < 8 ? c : 2 * c)
-inline constexpr float kLog10Octave32[16][2] = {
-    {0x1p0f, 0.0f}, {0x1.ep-1f, 0x1.cb38fcp-6f}, {0x1.cp-1f, 0x1.db11eep-5f}, {0x1.ap-1f, 0x1.715d0cp-4f},
-    {0x1.9p-1f, 0x1.b721cep-4f}, {0x1.8p-1f, 0x1.ffbfc2p-4f}, {0x1.7p-1f, 0x1.25ba82p-3f}, {0x1.6p-1f, 0x1.4d43f8p-3f},
-    {0x1.5p-1f, -0x1.e3bc1ap-4f}, {0x1.4p-1f, -0x1.8cf184p-4f}, {0x1.38p-1f, -0x1.5fe804p-4f},
-    {0x1.28p-1f, -0x1.02428cp-4f}, {0x1.2p-1f, -0x1.a30a9ep-5f}, {0x1.18p-1f, -0x1.3ed11ap-5f},
-    {0x1.1p-1f, -0x1.af5f92p-6f}, {0x1p-1f, 0.0f}
+// Of ln(1 + x), whose c (1 + x) - 1 is rounded: twelve bits, so that it is small, and less than 2^-5 in the second row.
+//: = i == 0 ? 1 : i == 1 ? 3755 * 2^-12 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-12)
+inline constexpr float kLn1pOctaveReciprocals32[16] = {
+    0x1p0f, 0x1.d56p-1f, 0x1.bacp-1f, 0x1.a42p-1f, 0x1.8fap-1f, 0x1.7dp-1f, 0x1.6c2p-1f, 0x1.5cap-1f, 0x1.4e6p-1f,
+    0x1.414p-1f, 0x1.352p-1f, 0x1.29ep-1f, 0x1.1f8p-1f, 0x1.15cp-1f, 0x1.0cap-1f, 0x1p-1f
 };
-// Of ln(1 + x), whose c (1 + x) - 1 is rounded: c has twelve bits, so that it is small, and less than 2^-5 in the second row.
-//: c = i == 0 ? 1 : i == 1 ? 3755 * 2^-12 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-12)
-//: log = 0 - log(i < 8 ? c : 2 * c)
-inline constexpr float kLnOctave32[16][2] = {
-    {0x1p0f, 0.0f}, {0x1.d56p-1f, 0x1.6408f4p-4f}, {0x1.bacp-1f, 0x1.299d3p-3f}, {0x1.a42p-1f, 0x1.9509aap-3f},
-    {0x1.8fap-1f, 0x1.fb7d86p-3f}, {0x1.7dp-1f, 0x1.2e9e2cp-2f}, {0x1.6c2p-1f, 0x1.5d01dcp-2f},
-    {0x1.5cap-1f, 0x1.898d38p-2f}, {0x1.4e6p-1f, -0x1.117ee8p-2f}, {0x1.414p-1f, -0x1.d0fb8p-3f},
-    {0x1.352p-1f, -0x1.823016p-3f}, {0x1.29ep-1f, -0x1.3643cap-3f}, {0x1.1f8p-1f, -0x1.db527p-4f},
-    {0x1.15cp-1f, -0x1.4e011p-4f}, {0x1.0cap-1f, -0x1.8a5a9cp-5f}, {0x1p-1f, 0.0f}
+
+// c, and its logarithm with the other sign; from m = 3/2 on that of 2 c, since e is taken one more there. Of floats rows of
+// eighths serve.
+//: c = i == 0 ? 1 : i == 7 ? 1/2 : grid(1 / (1 + (2*i + 1)/16), 2^-8)
+//: log = 0 - log2(i < 4 ? c : 2 * c)
+inline constexpr float kLog2Eighths32[8][2] = {
+    {0x1p0f, 0.0f}, {0x1.bp-1f, 0x1.f5fd8ap-3f}, {0x1.86p-1f, 0x1.9218p-2f}, {0x1.64p-1f, 0x1.0c6caap-1f},
+    {0x1.48p-1f, -0x1.6e221cp-2f}, {0x1.3p-1f, -0x1.fbc16cp-3f}, {0x1.1ap-1f, -0x1.1dcd1ap-3f}, {0x1p-1f, 0.0f}
+};
+//: c = i == 0 ? 1 : i == 7 ? 1/2 : grid(1 / (1 + (2*i + 1)/16), 2^-8)
+//: log = 0 - log10(i < 4 ? c : 2 * c)
+inline constexpr float kLog10Eighths32[8][2] = {
+    {0x1p0f, 0.0f}, {0x1.bp-1f, 0x1.2e3a74p-4f}, {0x1.86p-1f, 0x1.e42b4cp-4f}, {0x1.64p-1f, 0x1.43371cp-3f},
+    {0x1.48p-1f, -0x1.b8de4ep-4f}, {0x1.3p-1f, -0x1.31b306p-4f}, {0x1.1ap-1f, -0x1.58238ep-5f}, {0x1p-1f, 0.0f}
+};
+//: c = i == 0 ? 1 : i == 7 ? 1/2 : grid(1 / (1 + (2*i + 1)/16), 2^-8)
+//: log = 0 - log(i < 4 ? c : 2 * c)
+inline constexpr float kLnEighths32[8][2] = {
+    {0x1p0f, 0.0f}, {0x1.bp-1f, 0x1.5bf406p-3f}, {0x1.86p-1f, 0x1.16b5ccp-2f}, {0x1.64p-1f, 0x1.741d88p-2f},
+    {0x1.48p-1f, -0x1.fb9186p-3f}, {0x1.3p-1f, -0x1.5ff308p-3f}, {0x1.1ap-1f, -0x1.8c345ep-4f}, {0x1p-1f, 0.0f}
 };
 //: c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
 //: log = 0 - log2(i < 8 ? c : 2 * c)

@@ -40,14 +40,7 @@ template <class V>
 // of 0 may be.
 template <int Range, class V>
 Mask<V> far_from_1(Pair<V> x, Pair<V> y) {
-  constexpr int kBias = Format<V>::bias, kShift = Single<V> ? 23 : 20;
-  constexpr uint32_t kFirst = static_cast<uint32_t>(kBias - Range) << kShift,
-                     kLast = (static_cast<uint32_t>(kBias + Range) << kShift) - 1;
-  constexpr uint32_t kMove = 0x80000000u - kFirst;
-  const auto far = [](Pair<V> z) {
-    return Mask<V>(Above<V, static_cast<int32_t>(kLast + kMove)>{add_to_words(larger_part(z), kMove)});
-  };
-  return far(y) | andnot(zero(x), far(x));
+  return far_from_1<Range>(y) | andnot(zero(x), far_from_1<Range>(x));
 }
 
 template <class E>

@@ -68,7 +68,8 @@ struct Log1pCommon {
     const auto row = octave_row<B::rows, V>(k.template row<std::size(B::rows)>());
     const V c = k.scaled(row.first);
     const V r = fma(c, x, c - V(E(1)));
-    return join_sign(fma(r, horner(r, p), octave_log<BaseE>(k.centred_e(), row.second)), x);
+    const V slope = fma(r, horner(r, p), V(E(1)));  // 1 for tiny x, whose result is x
+    return join_sign(fma(r, slope, octave_log<BaseE>(k.centred_e(), row.second)), x);
   }
   [[gnu::always_inline]] static V in_two(V x) {
     const OctaveKey<V> k(x + V(E(1)));

@@ -26,11 +26,9 @@ inline constexpr float kLog10EighthLA32[5] = {
 //: x / log(10) + x^2 * p(x) = log10(1 + x) on [-0.0352, 0.0625], relative error 2^-28.0
 //: fit explog/coefficients.sollya
 inline constexpr float kLog10OctaveHA32[4] = {0x1.524edp-4f, -0x1.bd0f46p-4f, 0x1.287d22p-3f, -0x1.bcb7aep-3f};
-//: x * p(x) = log(1 + x) on [-0.0625, 0.125], relative error 2^-23.7
+//: x + x^2 * p(x) = log(1 + x) on [-0.0625, 0.125], relative error 2^-23.4
 //: fit explog/coefficients.sollya
-inline constexpr float kLnEighthLA32[5] = {
-    0x1.6b6f7cp-3f, -0x1.004b1p-2f, 0x1.5570c4p-2f, -0x1.00000cp-1f, 0x1.fffffep-1f
-};
+inline constexpr float kLnEighthLA32[4] = {0x1.6dd63cp-3f, -0x1.004f16p-2f, 0x1.556b4ep-2f, -0x1.000004p-1f};
 //: x + x^2 * p(x) = log(1 + x) on [-0.0352, 0.0625], relative error 2^-28.0
 //: fit explog/coefficients.sollya
 inline constexpr float kLnOctaveHA32[4] = {0x1.859166p-3f, -0x1.003306p-2f, 0x1.555866p-2f, -0x1.fffffcp-2f};
@@ -68,16 +66,16 @@ inline constexpr double kLog10OctaveHA64[10] = {
     0x1.1b9b08d17e299p-5, -0x1.62ed118e100b9p-5, 0x1.8b6946efa8b2ap-5, -0x1.bcb8d05c5a67p-5, 0x1.fc3fa01e1963ep-5,
     -0x1.287a760b5373bp-4, 0x1.63c627755ecdep-4, -0x1.bcb7b152731c3p-4, 0x1.287a7636f4356p-3, -0x1.bcb7b1526e50dp-3
 };
-//: x * p(x) = log(1 + x) on [-0.0352, 0.0625], relative error 2^-28.4
+//: x + x^2 * p(x) = log(1 + x) on [-0.0352, 0.0625], relative error 2^-28.0
 //: fit explog/coefficients.sollya
-inline constexpr double kLnOctaveEP64[5] = {
-    0x1.8409bd7605bf6p-3, -0x1.00329dc734f4dp-2, 0x1.55594c0e93712p-2, -0x1.fffffc93d7784p-2, 0x1.ffffffe8e82f6p-1
+inline constexpr double kLnOctaveEP64[4] = {
+    0x1.856ae5df74e94p-3, -0x1.0031b85920dbp-2, 0x1.55586a22887b9p-2, -0x1.fffffc62c40bap-2
 };
-//: x * p(x) = log(1 + x) on [-0.0352, 0.0625], relative error 2^-55.8
+//: x + x^2 * p(x) = log(1 + x) on [-0.0352, 0.0625], relative error 2^-55.9
 //: fit explog/coefficients.sollya
-inline constexpr double kLnOctaveLA64[10] = {
-    -0x1.6ceb13e6d1514p-4, 0x1.c6862dda45d6ap-4, -0x1.000ec8602de39p-3, 0x1.2492b3d85f5cfp-3, -0x1.55555215d7952p-3,
-    0x1.9999997ffa881p-3, -0x1.000000002453bp-2, 0x1.555555555625cp-2, -0x1.fffffffffffefp-2, 0x1p0
+inline constexpr double kLnOctaveLA64[9] = {
+    -0x1.6cbecb02a6ae6p-4, 0x1.c67d5deb52b55p-4, -0x1.000e93fff3014p-3, 0x1.2492b5c49e756p-3, -0x1.5555523f81a94p-3,
+    0x1.9999997fe2b15p-3, -0x1.000000001fa83p-2, 0x1.555555555622ep-2, -0x1.ffffffffffff4p-2
 };
 //: x + x^2 * p(x) = log(1 + x) on [-0.0352, 0.0625], relative error 2^-61.6
 //: fit explog/coefficients.sollya

@@ -1,6 +1,6 @@
-// 2^x and 10^x, one kernel for all levels: the method of e^x with 2^(n/N) from registers, of floats as two factors, and what
-// these lack added to the reduced argument. What the base sets: the step of the rounding, the reduction in units of the
-// exponent (so that it is exact up to its last part), the polynomial.
+// 2^x and 10^x, one kernel for all levels: the method of e^x with 2^(n/N) from registers, of floats as two factors, and
+// what these lack added to the reduced argument. What the base sets: the step of the rounding, the reduction in units
+// of the exponent (so that it is exact up to its last part), the polynomial.
 #pragma once
 
 #include "zym/kernels/explog/coefficients.h"

@@ -36,8 +36,8 @@ Mask<V> repair_expm1(V x, V& r, Mask<V> mask, V overflow) {
   return andnot(above | below, mask);
 }
 
-// HA: (s - 1) + s r and the rest, where s - 1 is taken with its rounding error (two-sum), the sum with s r with its own, and
-// only the last sum rounds in the result. r, the argument less multiples of the head of log(2)/16, is exact.
+// HA: (s - 1) + s r and the rest, where s - 1 is taken with its rounding error (two-sum), the sum with s r with its
+// own, and only the last sum rounds in the result. r, the argument less multiples of the head of log(2)/16, is exact.
 template <class V, size_t N>
 [[gnu::always_inline]] inline V expm1_in_two(V x, V scale, V step_head, V step_tail, const Element<V> (&p)[N]) {
   const V one_exactly = V(Element<V>(1));
@@ -54,8 +54,8 @@ template <class V, size_t N>
   return join_sign(head + (fma(s, rest, product_lost) + lost), x);  // +0 for -0 otherwise
 }
 
-// Doubles at LA and EP: with p = e^r - 1 and less = 1 - 2^(i/N), i about 0, what e^x is scaled from is 1 + u, u = p (1 - less) -
-// less, and 2^k (1 + u) - 1 loses nothing where it is small. The differences are those that give -0 for -0.
+// Doubles at LA and EP: with p = e^r - 1 and less = 1 - 2^(i/N), i about 0, what e^x is scaled from is 1 + u, u = p (1
+// - less) - less, and 2^k (1 + u) - 1 loses nothing where it is small. The differences are those that give -0 for -0.
 template <class V>
 V expm1_scaled(V p, V less, V scale) {
   const V one = V(Element<V>(1));

@@ -1,6 +1,6 @@
 // ln(1 + x): s = 1 + x, rounded, gives exponent and row of an octave, c 2^-e an approximation c' of 1/s, and
-// r = c' (1 + x) - 1 = c' x + (c' - 1) is that of 1 + x, whatever the sum lost. Floats at EP: ln of s by one polynomial, and
-// the loss as a correction. The result has the sign of x, also where it is zero.
+// r = c' (1 + x) - 1 = c' x + (c' - 1) is that of 1 + x, whatever the sum lost. Floats at EP: ln of s by one
+// polynomial, and the loss as a correction. The result has the sign of x, also where it is zero.
 #pragma once
 
 #include <cmath>

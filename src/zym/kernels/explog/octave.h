@@ -1,7 +1,7 @@
 // Logarithms by rows of an octave, which fit registers: x = 2^e m with m in [1, 2), c near 1/m by the upper bits of m,
 // r = c m - 1, log(x) = (e log(2) - log(c)) + log(1 + r). c is 1 in the first row and 1/2 in the last: on both
-// sides of x = 1 the first sum is 0, and r, which is exact, all that counts. At LA and EP, where that sum rounds, e is one
-// more from m = 3/2 on, so that it is not a small difference.
+// sides of x = 1 the first sum is 0, and r, which is exact, all that counts. At LA and EP, where that sum rounds, e is
+// one more from m = 3/2 on, so that it is not a small difference.
 #pragma once
 
 #include <bit>

@@ -51,27 +51,27 @@ struct Log {
 
 template <class V, Level L>
 struct Log2;
-// sLog2 LA: 1.7521 ulp at 0x1.556b74p+0
-// sLog2 HA: 0.5042 ulp at 0x1.02adc4p+0
+// sLog2 LA: 2.7539 ulp at 0x1.0162ccp+0
+// sLog2 HA: 0.5712 ulp at 0x1.f53442p-1
 // sLog2 EP: 13.81 bits at 0x1.55556ap+0
 template <Single V, Level L>
 struct Log2<V, L> : Log<Base2, V, L> {};
-// dLog2 LA: 1.3893 ulp at 0x1.ffa86a3d4859bp-1
-// dLog2 HA: 0.5000 ulp at 0x1.73a33feec0431p-18
-// dLog2 EP: 32.44 bits at 0x1.ffa86a3d4859bp-1
+// dLog2 LA: 1.7169 ulp at 0x1.ef5431f5d1e9p-1
+// dLog2 HA: 0.5086 ulp at 0x1.f104cf9419f1cp-1
+// dLog2 EP: 28.44 bits at 0x1.0d9a0f21fef43p+0
 template <Double V, Level L>
 struct Log2<V, L> : Log<Base2, V, L> {};
 
 template <class V, Level L>
 struct Log10;
-// sLog10 LA: 2.8251 ulp at 0x1.5558aap+0
-// sLog10 HA: 0.5041 ulp at 0x1.fb8a06p-1
+// sLog10 LA: 3.3055 ulp at 0x1.7ff454p-1
+// sLog10 HA: 0.5840 ulp at 0x1.0ffeeep+0
 // sLog10 EP: 14.04 bits at 0x1.555576p+0
 template <Single V, Level L>
 struct Log10<V, L> : Log<Base10, V, L> {};
-// dLog10 LA: 1.5258 ulp at 0x1.002292f30f543p+0
-// dLog10 HA: 0.5000 ulp at 0x1.d4fdb8c6dde08p+8
-// dLog10 EP: 32.44 bits at 0x1.ffa86a3d4859bp-1
+// dLog10 LA: 1.2861 ulp at 0x1.ee9cd70c85e77p-1
+// dLog10 HA: 0.5017 ulp at 0x1.1f0fd86148146p+0
+// dLog10 EP: 28.44 bits at 0x1.0d9a0f21fef43p+0
 template <Double V, Level L>
 struct Log10<V, L> : Log<Base10, V, L> {};
 

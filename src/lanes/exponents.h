@@ -43,12 +43,12 @@ struct NormalExponents<F32> {
   explicit NormalExponents(F32 x) : e(_mm512_getexp_ps(x.v)) {}
   F32 numbers() const { return e; }
 };
-template <>
-struct NormalExponents<Twice<F64>> {
-  NormalExponents<F64> low, high;
-  explicit NormalExponents(Twice<F64> x) : low(x.low), high(x.high) {}
-  Twice<F64> numbers() const { return {low.e, high.e}; }
-  Twice<F64> one_more(Twice<M64> where) const { return {low.one_more(where.low), high.one_more(where.high)}; }
+template <class V>
+struct NormalExponents<Twice<V>> {
+  NormalExponents<V> low, high;
+  explicit NormalExponents(Twice<V> x) : low(x.low), high(x.high) {}
+  Twice<V> numbers() const { return {low.e, high.e}; }
+  Twice<V> one_more(Twice<Mask<V>> where) const { return {low.one_more(where.low), high.one_more(where.high)}; }
 };
 #endif
 

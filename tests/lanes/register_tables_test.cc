@@ -1,4 +1,4 @@
-// Small tables of doubles, floats as doubles in the order of unpacking, exponents: against single elements.
+// Small tables of doubles, exponents: against single elements.
 #include "lanes/register_tables.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,6 @@
 
 #include "lanes/exponents.h"
 #include "lanes/lanes.h"
-#include "lanes/unpacked.h"
 
 namespace orvik {
 namespace {
@@ -35,43 +34,6 @@ TEST(Exponents, AreThoseOfOneElementAndOneMoreWhereAsked) {
     numbers<F32>(y, step);
     store(single, Exponents<F32>(load<F32>(y)).numbers());
     for (int k = 0; k < kWidth<F32>; ++k) EXPECT_EQ(single[k], std::logb(y[k])) << y[k];
-  }
-}
-
-TEST(Unpacked, HalvesComeBackInOrder) {
-  float x[kWidth<F32>], same[kWidth<F32>];
-  numbers<F32>(x, 1.5);
-  const F32 ordered = unpacked_order(load<F32>(x));
-  store(same, narrow_unpacked(widen_low(ordered), widen_high(ordered)));
-  for (int k = 0; k < kWidth<F32>; ++k) EXPECT_EQ(same[k], x[k]);
-}
-
-TEST(Unpacked, WordsOfFloatsAreDoublesByAShift) {
-  float x[kWidth<F32>], same[kWidth<F32>];
-  numbers<F32>(x, 0.7);
-  const Pair<I64> wide = unpack(I32(0u), as_bits(load<F32>(x)));
-  const F64 scale = 0x1p896;
-  store(same,
-        narrow_unpacked(as_float(shift_right<3>(wide.first)) * scale, as_float(shift_right<3>(wide.second)) * scale));
-  for (int k = 0; k < kWidth<F32>; ++k) EXPECT_EQ(same[k], x[k]);
-}
-
-TEST(Unpacked, RowsOfSixteenAreReadByTheLowFourBits) {
-  alignas(64) double table[16][2];
-  for (int i = 0; i < 16; ++i) table[i][0] = i + 0.5, table[i][1] = -i;
-  for (uint32_t first = 0; first < 48; ++first) {
-    float lane[kWidth<F32>];
-    numbers<F32>(lane, 1);
-    const I32 index = to_integer(load<F32>(lane)) * I32(7u) + I32(first);
-    const auto rows = look_up_in_16(table, index, unpack(index, index));
-    float left[kWidth<F32>], right[kWidth<F32>];
-    store(left, narrow_unpacked(rows.first.first, rows.second.first));
-    store(right, narrow_unpacked(rows.first.second, rows.second.second));
-    for (uint32_t k = 0; k < kWidth<F32>; ++k) {
-      const uint32_t row = ((k + 1) * 7 + first) % 16;
-      EXPECT_EQ(left[k], static_cast<float>(table[row][0]));
-      EXPECT_EQ(right[k], static_cast<float>(table[row][1]));
-    }
   }
 }
 

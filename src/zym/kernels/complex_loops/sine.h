@@ -93,7 +93,7 @@ struct CircularCosine : OfFactors<CircularCosine, true> {
   static Point special(double x, double y) { return HyperbolicCosine::special(-y, x); }
 };
 
-// cSin HA: 0.5000 ulp at 0x1.325f78p+4, 0x1.33a39ep+4 (second result)
+// cSin HA: 0.5000 ulp at 0x1.28282p+4, -0x1.de974ap+1
 // zSin HA: 0.7479 ulp at 0x1.62e42feba39efp+6, 0x1p-1022 (second result)
 template <class V, Level L>
 struct Sin : Loop<CircularSine, V> {};
@@ -101,11 +101,11 @@ struct Sin : Loop<CircularSine, V> {};
 // zCos HA: 0.7196 ulp at 0x1.e52c21e166903p-869, 0x1.10859c7478a06p-155 (second result)
 template <class V, Level L>
 struct Cos : Loop<CircularCosine, V> {};
-// cSinh HA: 0.5000 ulp at 0x1.777ae4p-2, 0x1.8d8f74p+2
+// cSinh HA: 0.5000 ulp at -0x1.76ed74p+3, 0x1.8ee2ep+2 (second result)
 // zSinh HA: 0.7479 ulp at 0x1p-1022, 0x1.62e42feba39efp+6
 template <class V, Level L>
 struct Sinh : Loop<HyperbolicSine, V> {};
-// cCosh HA: 0.5000 ulp at -0x1.c6a9f6p+0, -0x1.9c3dfcp-25 (second result)
+// cCosh HA: 0.5000 ulp at -0x1.75d6c2p-6, 0x1.2b51fp+2 (second result)
 // zCosh HA: 0.7196 ulp at 0x1.e52c21e166903p-869, 0x1.10859c7478a06p-155 (second result)
 template <class V, Level L>
 struct Cosh : Loop<HyperbolicCosine, V> {};

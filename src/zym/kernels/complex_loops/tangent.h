@@ -90,11 +90,11 @@ struct CircularTangent {
   static Point special(double x, double y) { return turned_back(HyperbolicTangent::special(-y, x)); }
 };
 
-// cTan HA: 0.5000 ulp at -0x1.a895a4p+2, 0x1.188104p-4
+// cTan HA: 0.5000 ulp at -0x1.7b3686p+2, 0x1.95b62p+1 (second result)
 // zTan HA: 0.7256 ulp at -0x1.1500429644f42p-1021, -0x1.008ef73ed9306p+0
 template <class V, Level L>
 struct Tan : Loop<CircularTangent, V> {};
-// cTanh HA: 0.5000 ulp at -0x1.9caac4p+0, 0x1.439c5cp+1
+// cTanh HA: 0.5000 ulp at 0x1.1090ep+2, 0x1.930a3ep+2
 // zTanh HA: 0.6325 ulp at 0x1.4p-4, 0x1p-1022 (second result)
 template <class V, Level L>
 struct Tanh : Loop<HyperbolicTangent, V> {};

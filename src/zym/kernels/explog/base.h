@@ -3,50 +3,84 @@
 
 #include "zym/kernels/explog/coefficients.h"
 #include "zym/kernels/explog/constants.h"
+#include "zym/kernels/explog/octave_coefficients.h"
+#include "zym/kernels/explog/octave_tables.h"
 #include "zym/kernels/explog/tables.h"
 
 namespace orvik::zym {
 
 struct BaseE {
-  static constexpr const auto& wide = kLnWide;
-  static constexpr const auto& rows = kLnSixteenths;
-  static constexpr double of2_short = kLn2Short;
+  template <class E>
+  struct Octave;
+};
+template <>
+struct BaseE::Octave<float> {
+  static constexpr const auto& rows = kLnEighths32;
+  static constexpr const auto& reciprocals = kLn1pOctaveReciprocals32;
+  static constexpr const auto& parts = kLnOctaveParts32;
+  static constexpr const auto& la = kLnEighthLA32;
+  static constexpr const auto& ha = kLnOctaveHA32;
+  static constexpr float of2 = kLn2Whole32, of2_head = kLn2Head32, of2_tail = kLn2Tail32;
+};
+template <>
+struct BaseE::Octave<double> {
+  static constexpr const auto& rows = kLnOctave64;
+  static constexpr const auto& parts = kLnOctaveParts64;
+  static constexpr const auto& ep = kLnOctaveEP64;
+  static constexpr const auto& la = kLnOctaveLA64;
+  static constexpr const auto& ha = kLnOctaveHA64;
+  static constexpr double of2 = kLn2Head64 + kLn2Tail64, of2_head = kLn2Head64, of2_tail = kLn2Tail64;
 };
 
 struct Base2 {
-  // 32 bits.
   static constexpr const auto& single_ep = kLog2SingleEP;
-  static constexpr const auto& single_la = kLog2SingleLA;
   static constexpr float of2_single = 1.0f;
-  // 64-bit arithmetic for results of 32.
-  static constexpr const auto& wide = kLog2Wide;
-  static constexpr const auto& rows = kLog2Sixteenths;
-  static constexpr double of2_short = 1.0;
-  // 64 bits.
-  static constexpr const auto& double_ep = kLog2DoubleEP;
-  static constexpr const auto& double_la = kLog2DoubleLA;
-  static constexpr const auto& double_ha = kLog2DoubleHA;
-  static constexpr const auto& pairs = kLog2Pairs;
-  static constexpr const auto& heads = kLog2Heads;
-  static constexpr double of2 = 1.0;
-  static constexpr double of2_head = 1.0, of2_tail = 0.0;
-  static constexpr double of_e = kLog2E64, of_e_tail = kLog2ETail64;
+  template <class E>
+  struct Octave;
+};
+template <>
+struct Base2::Octave<float> {
+  static constexpr const auto& rows = kLog2Eighths32;
+  static constexpr const auto& reciprocals = kOctaveReciprocals32;
+  static constexpr const auto& parts = kLog2OctaveParts32;
+  static constexpr const auto& la = kLog2EighthLA32;
+  static constexpr const auto& ha = kLog2OctaveHA32;
+  static constexpr float of2 = 1, of_e = kLog2E32, of_e_tail = kLog2ETail32;
+};
+template <>
+struct Base2::Octave<double> {
+  static constexpr const auto& rows = kLog2Octave64;
+  static constexpr const auto& parts = kLog2OctaveParts64;
+  static constexpr const auto& ep = kLog2OctaveEP64;
+  static constexpr const auto& la = kLog2OctaveLA64;
+  static constexpr const auto& ha = kLog2OctaveHA64;
+  static constexpr double of2 = 1, of_e = kLog2E64, of_e_tail = kLog2ETail64;
 };
 
 struct Base10 {
   static constexpr const auto& single_ep = kLog10SingleEP;
-  static constexpr const auto& single_la = kLog10SingleLA;
   static constexpr float of2_single = kLog10Of2In32;
-  static constexpr const auto& wide = kLog10Wide;
-  static constexpr const auto& rows = kLog10Sixteenths;
-  static constexpr double of2_short = kLog10Of2Short;
-  static constexpr const auto& double_ep = kLog10DoubleEP;
-  static constexpr const auto& double_la = kLog10DoubleLA;
-  static constexpr const auto& double_ha = kLog10DoubleHA;
-  static constexpr const auto& pairs = kLog10Pairs;
-  static constexpr const auto& heads = kLog10Heads;
-  static constexpr double of2 = kLog10Of2Head + kLog10Of2Tail;
-  static constexpr double of2_head = kLog10Of2Head, of2_tail = kLog10Of2Tail;
+  template <class E>
+  struct Octave;
+};
+template <>
+struct Base10::Octave<float> {
+  static constexpr const auto& rows = kLog10Eighths32;
+  static constexpr const auto& reciprocals = kOctaveReciprocals32;
+  static constexpr const auto& parts = kLog10OctaveParts32;
+  static constexpr const auto& la = kLog10EighthLA32;
+  static constexpr const auto& ha = kLog10OctaveHA32;
+  static constexpr float of2 = kLog10Of2In32, of2_head = kLog10Of2Head32, of2_tail = kLog10Of2Tail32;
+  static constexpr float of_e = kLog10E32, of_e_tail = kLog10ETail32;
+};
+template <>
+struct Base10::Octave<double> {
+  static constexpr const auto& rows = kLog10Octave64;
+  static constexpr const auto& parts = kLog10OctaveParts64;
+  static constexpr const auto& ep = kLog10OctaveEP64;
+  static constexpr const auto& la = kLog10OctaveLA64;
+  static constexpr const auto& ha = kLog10OctaveHA64;
+  static constexpr double of2 = kLog10Of2Head + kLog10Of2Tail, of2_head = kLog10Of2Head, of2_tail = kLog10Of2Tail;
   static constexpr double of_e = kLog10E64, of_e_tail = kLog10ETail64;
 };
 

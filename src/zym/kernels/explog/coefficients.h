@@ -30,35 +30,6 @@ inline constexpr float kLog10SingleEP[5] = {
 inline constexpr float kLog2SingleEP[5] = {
     0x1.4d736p-2f, -0x1.96cd6ap-2f, 0x1.eae082p-2f, -0x1.70cb38p-1f, 0x1.715508p0f
 };
-//: p(x) = log2(1 + x) / x on [-1/3, 1/3], relative error 2^-24.7
-//: fit explog/coefficients.sollya
-inline constexpr float kLog2SingleLA[9] = {
-    0x1.95a2acp-3f, -0x1.c6faf6p-3f, 0x1.9fb0f6p-3f, -0x1.e4f75ep-3f, 0x1.278a7p-2f, -0x1.717298p-2f, 0x1.ec70c6p-2f,
-    -0x1.715456p-1f, 0x1.715476p0f
-};
-//: p(x) = log10(1 + x) / x on [-1/3, 1/3], relative error 2^-24.5
-//: fit explog/coefficients.sollya
-inline constexpr float kLog10SingleLA[9] = {
-    0x1.00a40ep-4f, -0x1.11f9ccp-4f, 0x1.ee5948p-5f, -0x1.23f7d8p-4f, 0x1.641fa2p-4f, -0x1.bcdc26p-4f, 0x1.28798cp-3f,
-    -0x1.bcb78ap-3f, 0x1.bcb7b2p-2f
-};
-
-// Within half a row of kLnSixteenths and its like: |x| below 0.0299.
-//: p(x) = log(1 + x) / x on [-0.0302, 0.0302], relative error 2^-31.8
-//: fit explog/coefficients.sollya
-inline constexpr double kLnWide[5] = {
-    0x1.99fd4d023378fp-3, -0x1.0031d861f877dp-2, 0x1.5555512ce0644p-2, -0x1.fffffd16fe726p-2, 0x1.00000000031b7p0
-};
-//: p(x) = log2(1 + x) / x on [-0.0302, 0.0302], relative error 2^-31.8
-//: fit explog/coefficients.sollya
-inline constexpr double kLog2Wide[5] = {
-    0x1.27beb04a5a66bp-2, -0x1.719c5fa9f96e3p-2, 0x1.ec7097c3f1a7ap-2, -0x1.715474394faaep-1, 0x1.71547652bcab7p0
-};
-//: p(x) = log10(1 + x) / x on [-0.0302, 0.0302], relative error 2^-31.8
-//: fit explog/coefficients.sollya
-inline constexpr double kLog10Wide[5] = {
-    0x1.641cc0cb2c0eap-4, -0x1.bd0e48608deadp-4, 0x1.287a729a6175bp-3, -0x1.bcb7aecb53aep-3, 0x1.bcb7b15273b6bp-2
-};
 
 // 64 bits: x = m rc/1024 - 1, m below 2, the estimate as above: |x| below 2^-10 + 1.5 * 2^-12 = 0.00135.
 //: x + x^2 * p(x) = log(1 + x) on [-0.0014, 0.0014], relative error 2^-30.4
@@ -66,32 +37,6 @@ inline constexpr double kLnDoubleEP[2] = {0x1.55555555543c5p-2, -0x1.ffffffffff8
 //: x + x^2 * p(x) = log(1 + x) on [-0.0014, 0.0014], relative error 2^-52.0
 inline constexpr double kLnDoubleLA[4] = {
     0x1.9999cacdb4d0ap-3, -0x1.0000148058ee1p-2, 0x1.55555555543c5p-2, -0x1.ffffffffff81fp-2
-};
-//: p(x) = log2(1 + x) / x on [-0.0014, 0.0014], relative error 2^-32.4
-//: fit explog/coefficients.sollya
-inline constexpr double kLog2DoubleEP[3] = {0x1.ec70c158785b8p-2, -0x1.7154881d0685p-1, 0x1.71547652b812ap0};
-//: p(x) = log2(1 + x) / x on [-0.0014, 0.0014], relative error 2^-53.7
-//: fit explog/coefficients.sollya
-inline constexpr double kLog2DoubleLA[5] = {
-    0x1.2772787581ec3p-2, -0x1.71549ddb7dec7p-2, 0x1.ec709dc4557fdp-2, -0x1.71547652b78d6p-1, 0x1.71547652b82fep0
-};
-//: p(x) = (log2(1 + x) - x / log(2)) / x^2 on [-0.0014, 0.0014], relative error 2^-53.0
-//: fit explog/coefficients.sollya
-inline constexpr double kLog2DoubleHA[5] = {
-    -0x1.ec6c6a94cd58cp-3, 0x1.2776e6f203b41p-2, -0x1.7154765312676p-2, 0x1.ec709dc39f294p-2, -0x1.71547652b82fep-1
-};
-//: p(x) = log10(1 + x) / x on [-0.0014, 0.0014], relative error 2^-32.4
-//: fit explog/coefficients.sollya
-inline constexpr double kLog10DoubleEP[3] = {0x1.287a8ba273eacp-3, -0x1.bcb7c6be5c9ccp-3, 0x1.bcb7b1526e2dbp-2};
-//: p(x) = log10(1 + x) / x on [-0.0014, 0.0014], relative error 2^-53.5
-//: fit explog/coefficients.sollya
-inline constexpr double kLog10DoubleLA[5] = {
-    0x1.63bcbc7706d6ep-4, -0x1.bcb7e0ed7e655p-4, 0x1.287a7637b87fbp-3, -0x1.bcb7b1526d8d3p-3, 0x1.bcb7b1526e50ep-2
-};
-//: p(x) = (log10(1 + x) - x / log(10)) / x^2 on [-0.0014, 0.0014], relative error 2^-52.9
-//: fit explog/coefficients.sollya
-inline constexpr double kLog10DoubleHA[5] = {
-    -0x1.2875d005704f4p-4, 0x1.63c65043196b6p-4, -0x1.bcb7b153321cdp-4, 0x1.287a7636f38e3p-3, -0x1.bcb7b1526e50ep-3
 };
 
 // Of element routines: 1 + x within 1/64 of a row of kLnReciprocal64, or of 1.
@@ -149,12 +94,6 @@ inline constexpr double kExp10Double[5] = {
 //: p(x) = (exp(x) - 1 - x) / x^2 on [-0.01084, 0.01084], relative error 2^-8.1
 //: fit explog/coefficients.sollya
 inline constexpr float kExpm1SingleEP[1] = {0x1.ffff92p-2f};
-//: p(x) = (exp(x) - 1 - x) / x^2 on [-0.00542, 0.00542], relative error 2^-19.6
-//: fit explog/coefficients.sollya
-inline constexpr float kExpm1SingleLA[2] = {0x1.55555ap-3f, 0x1.000014p-1f};
-//: p(x) = (exp(x) - 1 - x) / x^2 on [-0.00542, 0.00542], relative error 2^-30.4
-//: fit explog/coefficients.sollya
-inline constexpr float kExpm1SingleHA[3] = {0x1.555562p-5f, 0x1.55556ep-3f, 0x1p-1f};
 //: p(x) = (exp(x) - 1 - x) / x^2 on [-0.00271, 0.00271], relative error 2^-21.6
 //: fit explog/coefficients.sollya
 inline constexpr double kExpm1DoubleEP[2] = {0x1.555556b3cea57p-3, 0x1.00000522471bap-1};

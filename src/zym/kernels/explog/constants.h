@@ -33,7 +33,6 @@ inline constexpr float kLn2Over4Head32 = 0x1.62ep-3f;  //: = grid(log(2)/4, 2^-1
 inline constexpr float kLn2Over4Tail32 = 0x1.0bfbe8p-17f;  //: = log(2)/4 - kLn2Over4Head32
 inline constexpr float k32OverLn2In32 = 0x1.715476p5f;  //: = 32/log(2)
 inline constexpr float kLn2Over32In32 = 0x1.62e43p-6f;  //: = log(2)/32
-inline constexpr float k64OverLn2In32 = 0x1.715476p6f;  //: = 64/log(2)
 inline constexpr float k128OverLog10Of2In32 = 0x1.a934fp8f;  //: = 128/log10(2)
 inline constexpr float kLog10Of2Over128Head32 = 0x1.348p-9f;  //: = grid(log10(2)/128, 2^-18)
 inline constexpr float kLog10Of2Over128Tail32 = -0x1.f657bp-20f;  //: = log10(2)/128 - kLog10Of2Over128Head32
@@ -78,15 +77,10 @@ inline constexpr double kLn2ElementTail = 0x1.ef35793c7673p-45;  //: = log(2) - 
 // Heads on a grid so coarse that their multiples by a quotient are exact; tails.
 inline constexpr double kLog10Of2Head = 0x1.34413509fp-2;  //: = grid(log10(2), 2^-38)
 inline constexpr double kLog10Of2Tail = 0x1.e7fbcc47c4acdp-40;  //: = log10(2) - kLog10Of2Head
-// So short that 384 of them are exact.
-inline constexpr double kLn2Short = 0x1.62e42fefa39fp-1;  //: = bits(log(2), 51)
-inline constexpr double kLog10Of2Short = 0x1.34413509f7ap-2;  //: = bits(log10(2), 51)
 inline constexpr double kLn2Over128Head = 0x1.62e42fef8p-8;  //: = trunc_bits(log(2)/128, 35)
 inline constexpr double kLn2Over128Tail = 0x1.1cf79abc9e3b4p-43;  //: = log(2)/128 - kLn2Over128Head
 inline constexpr double kLog10Of2Over64Head = 0x1.3441350ap-8;  //: = grid(log10(2)/64, 2^-42)
 inline constexpr double kLog10Of2Over64Tail = -0x1.0c0219dc1da99p-45;  //: = log10(2)/64 - kLog10Of2Over64Head
-inline constexpr float kLn2Over64Head32 = 0x1.62cp-7f;  //: = trunc_bits(log(2)/64, 11)
-inline constexpr float kLn2Over64Tail32 = 0x1.217f7ep-18f;  //: = log(2)/64 - kLn2Over64Head32
 inline constexpr float kLog10Of2Head32 = 0x1.3442p-2f;  //: = grid(log10(2), 2^-17)
 inline constexpr float kLog10Of2Tail32 = -0x1.95ec1p-19f;  //: = log10(2) - kLog10Of2Head32
 

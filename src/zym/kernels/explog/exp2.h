@@ -1,11 +1,12 @@
-// 2^x and 10^x, one kernel for all levels: the method of e^x with two factors of 2^(n/N) from registers, and what these
-// lack added to the reduced argument. What the base sets: the step of the rounding, the reduction in units of the
-// exponent (so that it is exact up to its last part), the polynomial.
+// 2^x and 10^x, one kernel for all levels: the method of e^x with 2^(n/N) from registers, of floats as two factors, and
+// what these lack added to the reduced argument. What the base sets: the step of the rounding, the reduction in units
+// of the exponent (so that it is exact up to its last part), the polynomial.
 #pragma once
 
 #include "zym/kernels/explog/coefficients.h"
 #include "zym/kernels/explog/exp.h"
 #include "zym/kernels/explog/exp2_factors.h"
+#include "zym/kernels/explog/exp2_sixteenths.h"
 #include "zym/kernels/explog/exp_element.h"
 #include "zym/skeleton/family.h"
 
@@ -73,9 +74,11 @@ struct Exp2<V, L> {
   }
 };
 
-// dExp2 HA: 0.5212 ulp at -0x1.50ed51d00f2d7p+5
+// dExp2 HA: 0.5902 ulp at 0x1.dfba97cfd4fb8p+5
 template <Double V, Level L>
 struct Exp2<V, L> {
+  static constexpr Knobs knobs = {.together = false};
+
   static auto special(V x) { return magnitude_above<high_word(1022.0) - 1>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) {
     return repair_exp<V>(x, r, mask, std::nextafter(1024.0, 0.0), std::nextafter(-1075.0, 0.0));
@@ -83,12 +86,11 @@ struct Exp2<V, L> {
   static int32_t element(const double* x, double* r) { return power_element(*x, r, 1024.0, -1075.0, exp2_parts); }
 
   static V lanes(V x) {
-    const V shifter = kShifter64 / 64;
+    const V shifter = kShifter64 / 16;
     const V t = x + shifter;
     const V r = x - (t - shifter);
-    const auto row = gather(kExp2Frac64, indices(as_bits(t) & Integer<V>(int64_t{63})));
-    const V p = fma(r, horner(r, kExp2Double), row.second);
-    return scale_by_row<6>(fma(row.first, p, row.first), t);
+    const auto [head, tail] = exp2_of_16(t);
+    return fma(head, fma(r, horner(r, kExp2Sixteenth), tail), head);
   }
 };
 
@@ -109,19 +111,20 @@ struct Exp10<V, L> {
   }
 };
 
-// dExp10 HA: 0.5233 ulp at 0x1.50f8cec5c0357p+4
+// dExp10 HA: 0.5876 ulp at 0x1.5742858c97d6p+1
 template <Double V, Level L>
 struct Exp10<V, L> {
+  static constexpr Knobs knobs = {.together = false};
+
   static auto special(V x) { return magnitude_above<high_word(kExp10Bound64) - 1>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) { return repair_exp<V>(x, r, mask, 308.3, -324.0); }
   static int32_t element(const double* x, double* r) { return power_element(*x, r, 308.3, -324.0, exp10_parts); }
 
   static V lanes(V x) {
-    const auto [t, n] = shift_round(x, V(k64OverLog10Of2));
-    const V r = fnma(n, V(kLog10Of2Over64Tail), fnma(n, V(kLog10Of2Over64Head), x));
-    const auto row = gather(kExp2Frac64, indices(as_bits(t) & Integer<V>(int64_t{63})));
-    const V p = fma(r, horner(r, kExp10Double), row.second);
-    return scale_by_row<6>(fma(row.first, p, row.first), t);
+    const auto [t, n] = shift_round(x, V(k16OverLog10Of2));
+    const V r = fnma(n, V(kLog10Of2Over16Tail), fnma(n, V(kLog10Of2Over16Head), x));
+    const auto [head, tail] = exp2_of_16(t);
+    return fma(head, fma(r, horner(r, kExp10Sixteenth), tail), head);
   }
 };
 

@@ -15,20 +15,7 @@ template <Single V>
 V look_up_8(const float* table, Integer<V> index) {
   return look_up(octet_table<V>(table), index);
 }
-// (head + low) (1 + tail), where head + low is the exact product of both rows.
-template <Single V>
-struct Exp2Row {
-  V head, low, tail;
-  explicit Exp2Row(Integer<V> i) {  // of 64
-    const Integer<V> upper = shift_right<3>(i);
-    const V coarse = look_up_8<V>(kExp2Eighths[0], upper), fine = look_up_8<V>(kExp2In64[0], i);
-    head = coarse * fine;
-    low = fms(coarse, fine, head);
-    tail = look_up_8<V>(kExp2Eighths[1], upper) + look_up_8<V>(kExp2In64[1], i);
-  }
-};
-
-// The product alone, of 32 rows.
+// 2^(i/32) as the product of both heads.
 template <Single V>
 V exp2_of_32(Integer<V> i) {
   return look_up_8<V>(kExp2Eighths[0], shift_right<2>(i)) * select_in_quad(octet_table<V>(kExp2In32[0]), i);

@@ -5,6 +5,7 @@
 #include "zym/kernels/explog/coefficients.h"
 #include "zym/kernels/explog/exp.h"
 #include "zym/kernels/explog/exp2_factors.h"
+#include "zym/kernels/explog/exp2_sixteenths.h"
 #include "zym/kernels/explog/exp_element.h"
 #include "zym/skeleton/family.h"
 
@@ -35,21 +36,26 @@ Mask<V> repair_expm1(V x, V& r, Mask<V> mask, V overflow) {
   return andnot(above | below, mask);
 }
 
-// HA: (s - 1) + s r and what `add_rest` adds, where s - 1 is taken with its rounding error (two-sum), the product's
-// leading part with its own, and only the last sum rounds in the result.
-template <class V, class AddRest>
-V expm1_sum(V s, V r, AddRest add_rest) {
-  using E = Element<V>;
-  const V less = s - V(E(1));
+// HA: (s - 1) + s r and the rest, where s - 1 is taken with its rounding error (two-sum), the sum with s r with its
+// own, and only the last sum rounds in the result. r, the argument less multiples of the head of log(2)/16, is exact.
+template <class V, size_t N>
+[[gnu::always_inline]] inline V expm1_in_two(V x, V scale, V step_head, V step_tail, const Element<V> (&p)[N]) {
+  const V one_exactly = V(Element<V>(1));
+  const auto [t, n] = shift_round(x, scale);
+  const V r = fnma(n, step_head, x);
+  const V rounded = fnma(n, step_tail, r);
+  const auto [s, tail] = exp2_of_16(t);
+  const V rest = fma(rounded * rounded, horner(rounded, p), fnma(n, step_tail, fma(tail, r, tail)));
+  const V less = s - one_exactly;
   const V one = s - less;
-  const V lost = (s - (less + one)) + (one - V(E(1)));
+  const V lost = (s - (less + one)) + (one - one_exactly);
   const V head = fma(s, r, less);
   const V product_lost = fma(s, r, less - head);
-  return head + (add_rest(product_lost) + lost);
+  return join_sign(head + (fma(s, rest, product_lost) + lost), x);  // +0 for -0 otherwise
 }
 
-// LA and EP: with p = e^r - 1 and less = 1 - 2^(i/N), i about 0, what e^x is scaled from is 1 + u, u = p (1 - less) -
-// less, and 2^k (1 + u) - 1 loses nothing where it is small. The differences are those that give -0 for -0.
+// Doubles at LA and EP: with p = e^r - 1 and less = 1 - 2^(i/N), i about 0, what e^x is scaled from is 1 + u, u = p (1
+// - less) - less, and 2^k (1 + u) - 1 loses nothing where it is small. The differences are those that give -0 for -0.
 template <class V>
 V expm1_scaled(V p, V less, V scale) {
   const V one = V(Element<V>(1));
@@ -63,8 +69,8 @@ inline constexpr Element<V> kCentredBias = Format<V>::bias* N + N / 2 + 4;
 template <class V, Level L>
 struct Expm1;
 
-// sExpm1 LA: 2.6924 ulp at 0x1.3b98fcp-2
-// sExpm1 HA: 0.5576 ulp at 0x1.5a8378p+6
+// sExpm1 LA: 1.2861 ulp at 0x1.ab317ep-5
+// sExpm1 HA: 0.5203 ulp at -0x1.0145dep-6
 // sExpm1 EP: 15.33 bits at 0x1.62e47ap-7
 template <Single V, Level L>
 struct Expm1<V, L> {
@@ -80,31 +86,22 @@ struct Expm1<V, L> {
       const V s = as_float(as_bits(exp2_of_32<V>(as_bits(t))) + exponent_bits<5>(t));
       return fms(s, r * fma(V(kExpm1SingleEP[0]), r, V(1.0f)), V(1.0f) - s);
     } else if constexpr (L == Level::LA) {
-      const auto [t, n] = shift_round(x, V(k64OverLn2In32), V(kShifter32 + kCentredBias<V, 64>));
-      const V r = fnma(n, V(kLn2Over64Tail32), fnma(n, V(kLn2Over64Head32), x));
-      const V p = r * fma(horner(r, kExpm1SingleLA), r, V(1.0f));
-      const V a = look_up_8<V>(kLessExp2Eighths, shift_right<3>(as_bits(t)));
-      const V less = fma(V(1.0f) - a, look_up_8<V>(kLessExp2In64, as_bits(t)), a);
-      return expm1_scaled(p, less, as_float(exponent_bits<6>(t)));
+      const auto [t, n] = shift_round(x, V(k8OverLn2In32));
+      const V r = fnma(n, V(kLn2Over8Tail32), fnma(n, V(kLn2Over8Head32), x));
+      const V row = look_up_8<V>(kExp2EighthFields32.bits, as_bits(t));
+      const V s = as_float(as_bits(row) + shift_left<20>(as_bits(t)));
+      const V tail = look_up_8<V>(kExp2Eighths[1], as_bits(t));
+      const V p = r + fma(r * r, horner(r, kExpm1Eighth32), tail);
+      return join_sign(fma(s, p, s - V(1.0f)), x);  // +0 for -0 otherwise
     } else {
-      const auto [t, n] = shift_round(x, V(k64OverLn2In32));
-      const V upper = fnma(n, V(kLn2Over64Head32), x);
-      const V r = fnma(n, V(kLn2Over64Tail32), upper);
-      const Exp2Row<V> row(as_bits(t));
-      const Integer<V> exponent = exponent_bits<6>(t);
-      const V s = as_float(as_bits(row.head) + exponent);
-      const V scale = as_float(as_bits(V(1.0f)) + exponent);
-      const V r_low = fnma(n, V(kLn2Over64Tail32), upper - r);
-      const V rest = fma(r * r, horner(r, kExpm1SingleHA), r_low + fma(row.tail, r, row.tail));
-      const V y = expm1_sum(s, r, [&](V lost) { return fma(scale, fma(row.low, r, row.low), fma(s, rest, lost)); });
-      return join_sign(y, x);  // +0 for -0 otherwise
+      return expm1_in_two(x, V(k16OverLn2In32), V(kLn2Over16Head32), V(kLn2Over16Tail32), kExpm1Sixteenth32);
     }
   }
 };
 
-// dExpm1 LA: 3.0525 ulp at 0x1.a9152dec31deep-9
-// dExpm1 HA: 0.6566 ulp at -0x1.f546b6b882d76p-10
-// dExpm1 EP: 31.17 bits at 0x1.62f72fc2e1666p-9
+// dExpm1 LA: 3.0128 ulp at 0x1.a21ac5cb46e64p-9
+// dExpm1 HA: 0.5135 ulp at 0x1.b5f6b38208544p-6
+// dExpm1 EP: 31.17 bits at -0x1.62cce5da5ap-9
 template <Double V, Level L>
 struct Expm1<V, L> {
   static auto special(V x) { return magnitude_above<high_word(707.7)>(x); }
@@ -113,14 +110,7 @@ struct Expm1<V, L> {
 
   static V lanes(V x) {
     if constexpr (L == Level::HA) {
-      const auto [t, n] = shift_round(x, V(k128OverLn2));
-      const V upper = fnma(n, V(kLn2Over128Head), x);
-      const V r = fnma(n, V(kLn2Over128Tail), upper);
-      const auto row = gather(kExp2Pairs128, indices(as_bits(t) & Integer<V>(int64_t{127})));
-      const V s = scale_by_row<7>(row.first, t);
-      const V r_low = fnma(n, V(kLn2Over128Tail), upper - r);
-      const V rest = fma(r * r, horner(r, kExpm1DoubleLA), r_low + fma(row.second, r, row.second));
-      return join_sign(expm1_sum(s, r, [&](V lost) { return fma(s, rest, lost); }), x);  // +0 for -0 otherwise
+      return expm1_in_two(x, V(k16OverLn2), V(kLn2Over16Head), V(kLn2Over16Tail), kExpm1Sixteenth64);
     } else {
       const auto [t, n] = shift_round(x, V(k128OverLn2), V(kShifter64 + kCentredBias<V, 128>));
       const V r = fnma(n, V(kLn2Over128Tail), fnma(n, V(kLn2Over128Head), x));

@@ -1,110 +1,78 @@
-// Logarithms to base 2 and 10: the methods of ln x with polynomials and tables of the base.
+// Logarithms to base 2 and 10: by rows of an octave; floats at EP by one polynomial, as ln x.
 #pragma once
 
 #include "zym/kernels/explog/base.h"
 #include "zym/kernels/explog/ln.h"
-#include "zym/kernels/explog/wide.h"
+#include "zym/kernels/explog/octave.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym {
 
-// --- 32 bits --------------------------------------------------------------------------------------------------------
+template <class Base, class V, Level L>
+struct Log {
+  using E = Element<V>;
+  using Octave = typename Base::template Octave<E>;
+  static constexpr Knobs knobs = {.together = false};  // rows and coefficients of two vectors are too many
 
-template <class Base, Single V, Level L>
-struct LogSingle {
-  static auto special(V x) { return not_positive_normal(x); }
-  static int32_t element(const float* px, float* r) {
-    int32_t code;
-    if (!log_special(*px, r, &code)) *r = static_cast<float>(wide_log<Base>(*px));
-    return code;
-  }
-  static V lanes(V x) {
-    if constexpr (L == Level::HA) {
-      return wide_log<Base>(x);
+  static auto special(V x) {
+    if constexpr (L == Level::HA || (Single<V> && L == Level::EP)) {
+      return not_positive_normal(x);
     } else {
-      const CentredSingle<V> c(x);
-      V p;
-      if constexpr (L == Level::EP) {
-        p = horner(c.f, Base::single_ep);
-      } else {
-        p = horner(c.f, Base::single_la);
-      }
-      if constexpr (Base::of2_single == 1.0f) return fma(p, c.f, c.e);
-      if constexpr (L == Level::EP) return fma(c.e, V(Base::of2_single), p * c.f);
-      return fma(c.e, V(kLog10Of2Head32), fma(c.e, V(kLog10Of2Tail32), p * c.f));
+      return outside < Single<V> ? 0x00800000u : 0x00100000u, Single<V> ? 0x7F3FFFFFu : 0x7FE7FFFFu > (x);
     }
   }
-};
-
-// --- 64 bits --------------------------------------------------------------------------------------------------------
-
-// HA: r / ln(b) in two parts, the sums as in ln_pairs. The exponent is `added` less.
-template <class Base, Double V>
-V log_pairs(V x, double added) {
-  const KeyedNormal<V> k(x);
-  const V e = added == 0.0 ? k.exponent() : k.exponent() - V(added);
-  const auto log = gather<512>(Base::pairs, indices(k.key));
-  const V q = k.r * V(Base::of_e);
-  const V q_low = fma(k.r, V(Base::of_e_tail), fms(k.r, V(Base::of_e), q));
-  const V p = k.r * k.r * horner(k.r, Base::double_ha);
-  const V table = fma(e, V(Base::of2_head), log.first);
-  const V head = table + q;
-  const V lost = q - (head - table);
-  const V tail = Base::of2_tail == 0.0 ? log.second : fma(e, V(Base::of2_tail), log.second);
-  return head + (tail + (p + (lost + q_low)));
-}
-
-template <class Base, Double V, Level L>
-struct LogDouble {
-  static auto special(V x) { return not_positive_normal(x); }
-  static int32_t element(const double* px, double* r) {
+  // Of floats in 64 bits, where a denormal is a normal number.
+  static int32_t element(const E* px, E* r) {
     int32_t code;
-    if (!log_special(*px, r, &code)) *r = first_lane(log_pairs<Base>(F64(*px * 0x1p54), 54.0));
+    if (log_special(*px, r, &code)) return code;
+    if constexpr (Single<V>) {
+      *r = static_cast<float>(octave_log_in_two<Base>(static_cast<double>(*px)));
+    } else {
+      *r = *px < 1 ? octave_log_in_two<Base>(*px * 0x1p54, 54.0) : octave_log_in_two<Base>(*px);
+    }
     return code;
   }
+
   static V lanes(V x) {
     if constexpr (L == Level::HA) {
-      return log_pairs<Base>(x, 0.0);
+      return octave_log_in_two<Base>(x);
+    } else if constexpr (L == Level::LA) {
+      return octave_log_in_one<Base>(x, Octave::la);
+    } else if constexpr (Double<V>) {
+      return octave_log_in_one<Base>(x, Octave::ep);
     } else {
-      const KeyedNormal<V> k(x);
-      const V e = k.centred_exponent();
-      const V row = gather<512>(Base::heads, indices(k.key));
-      V p;
-      if constexpr (L == Level::EP) {
-        p = horner(k.r, Base::double_ep);
-      } else {
-        p = horner(k.r, Base::double_la);
-      }
-      const V table = Base::of2 == 1.0 ? e + row : fma(e, V(Base::of2), row);
-      return fma(k.r, p, table);
+      const CentredSingle<V> c(x);
+      const V p = horner(c.f, Base::single_ep);
+      if constexpr (Base::of2_single == 1.0f) return fma(p, c.f, c.e);
+      if constexpr (Base::of2_single != 1.0f) return fma(c.e, V(Base::of2_single), p * c.f);
     }
   }
 };
 
 template <class V, Level L>
 struct Log2;
-// sLog2 LA: 1.7521 ulp at 0x1.556b74p+0
-// sLog2 HA: 0.5042 ulp at 0x1.02adc4p+0
+// sLog2 LA: 2.7539 ulp at 0x1.0162ccp+0
+// sLog2 HA: 0.5712 ulp at 0x1.f53442p-1
 // sLog2 EP: 13.81 bits at 0x1.55556ap+0
 template <Single V, Level L>
-struct Log2<V, L> : LogSingle<Base2, V, L> {};
-// dLog2 LA: 1.3893 ulp at 0x1.ffa86a3d4859bp-1
-// dLog2 HA: 0.5000 ulp at 0x1.73a33feec0431p-18
-// dLog2 EP: 32.44 bits at 0x1.ffa86a3d4859bp-1
+struct Log2<V, L> : Log<Base2, V, L> {};
+// dLog2 LA: 1.7169 ulp at 0x1.ef5431f5d1e9p-1
+// dLog2 HA: 0.5086 ulp at 0x1.f104cf9419f1cp-1
+// dLog2 EP: 28.44 bits at 0x1.0d9a0f21fef43p+0
 template <Double V, Level L>
-struct Log2<V, L> : LogDouble<Base2, V, L> {};
+struct Log2<V, L> : Log<Base2, V, L> {};
 
 template <class V, Level L>
 struct Log10;
-// sLog10 LA: 2.8251 ulp at 0x1.5558aap+0
-// sLog10 HA: 0.5041 ulp at 0x1.fb8a06p-1
+// sLog10 LA: 3.3055 ulp at 0x1.7ff454p-1
+// sLog10 HA: 0.5840 ulp at 0x1.0ffeeep+0
 // sLog10 EP: 14.04 bits at 0x1.555576p+0
 template <Single V, Level L>
-struct Log10<V, L> : LogSingle<Base10, V, L> {};
-// dLog10 LA: 1.5258 ulp at 0x1.002292f30f543p+0
-// dLog10 HA: 0.5000 ulp at 0x1.d4fdb8c6dde08p+8
-// dLog10 EP: 32.44 bits at 0x1.ffa86a3d4859bp-1
+struct Log10<V, L> : Log<Base10, V, L> {};
+// dLog10 LA: 1.2861 ulp at 0x1.ee9cd70c85e77p-1
+// dLog10 HA: 0.5017 ulp at 0x1.1f0fd86148146p+0
+// dLog10 EP: 28.44 bits at 0x1.0d9a0f21fef43p+0
 template <Double V, Level L>
-struct Log10<V, L> : LogDouble<Base10, V, L> {};
+struct Log10<V, L> : Log<Base10, V, L> {};
 
 }  // namespace orvik::zym

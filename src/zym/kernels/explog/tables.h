@@ -15,8 +15,7 @@ extern const double kExp2Frac128[128];
 //: = 2^(i/1024)
 extern const double kExp2Frac1024[1024];
 
-// Factors of 2^(i/n) that fit registers: heads, then what each lacks relative to it. 2^(i/8), and 2^(i/n) for as many i as
-// fill the step of that.
+// Factors of 2^(i/32) that fit registers: heads, then what each lacks relative to it.
 //: planes
 //: head = 2^(i/8)
 //: tail = (2^(i/8) - head) / head
@@ -26,10 +25,6 @@ extern const float kExp2Eighths[2][8];
 //: head = 2^(mod(i, 4)/32)
 //: tail = (2^(mod(i, 4)/32) - head) / head
 extern const float kExp2In32[2][8];
-//: planes
-//: head = 2^(i/64)
-//: tail = (2^(i/64) - head) / head
-extern const float kExp2In64[2][8];
 
 // What the upper factors (constants.h) lack as an exponent of the base that uses them.
 //: = i/8 - log2(float(2^(i/8)))
@@ -41,12 +36,8 @@ extern const float kExp10SixteenthsRest32[16];
 extern const float kExp2LowerLess1[8];
 //: = 2^((i - 4)/128) - 1
 extern const float kExp10LowerLess1[8];
-// 1 - 2^(n/64) and 1 - 2^(n/128), n about 0, from two factors that fit registers: with a = 1 - 2^(j/8) of the upper bits of n and
-// b = 1 - 2^(l/64) of the lower ones, l from -4 to 3, 1 - (1 - a) (1 - b) = a + (1 - a) b.
-//: = 1 - 2^((i - 4)/8)
-extern const float kLessExp2Eighths[8];
-//: = 1 - 2^((i - 4)/64)
-extern const float kLessExp2In64[8];
+// 1 - 2^(n/128), n about 0, from two factors that fit registers: with a = 1 - 2^(j/16) of the upper bits of n and
+// b = 1 - 2^(l/128) of the lower ones, l from -4 to 3, 1 - (1 - a) (1 - b) = a + (1 - a) b.
 //: = 1 - 2^((i - 8)/16)
 extern const double kLessExp2Sixteenths[16];
 //: = 1 - 2^((i - 4)/128)
@@ -64,7 +55,7 @@ extern const double kLessExp2Rows128[128];
 //: rest = -log(c) - head
 extern const double kLnReciprocal64[65][3];
 
-// Logarithms of k/1024 by base. Pairs: head on a grid of 2^-38, so that it adds exactly to a multiple of the head of
+// Logarithms of k/1024. Pairs: head on a grid of 2^-38, so that it adds exactly to a multiple of the head of
 // log(2), rest; in row 512 both are those that the lanes multiply by the exponent, so that they cancel.
 //: i from 512
 //: head = grid(-log(i/1024), 2^-38)
@@ -74,49 +65,9 @@ extern const double kLnPairs[513][2];
 //: head = grid(-log2(i/1024), 2^-38)
 //: tail = -log2(i/1024) - head
 extern const double kLog2Pairs[513][2];
-//: i from 512
-//: head = grid(-log10(i/1024), 2^-38)
-//: tail = -log10(i/1024) - head
-extern const double kLog10Pairs[513][2];
 // The same rounded; below row 724 of i/512, so that the rows on both sides of 1 are small.
 //: i from 512
 //: = i < 724 ? -log(i/512) : -log(i/1024)
 extern const double kLnHeads[513];
-//: i from 512
-//: = i < 724 ? -log2(i/512) : -log2(i/1024)
-extern const double kLog2Heads[513];
-//: i from 512
-//: = i < 724 ? -log10(i/512) : -log10(i/1024)
-extern const double kLog10Heads[513];
-
-// Of floats m from bits 0x3F52AAAB (0.82), a sixteenth of an octave a row: c near 1/m in twelve bits, 1 in the row of 1, by 2^896; its
-// logarithm with the other sign, less 384 log(2).
-//: let below = i/16 - 0x2d5555p0 / 2^23
-//: let above = below + 1/16
-//: let middle = ((below < 0 ? 1 + below/2 : 1 + below) + (above < 0 ? 1 + above/2 : 1 + above)) / 2
-//: let c = bits(1 / middle, 12)
-//: scaled = 2^896 * c
-//: log = -log(c) - 384 * bits(log(2), 51)
-extern const double kLnSixteenths[16][2];
-//: let below = i/16 - 0x2d5555p0 / 2^23
-//: let above = below + 1/16
-//: let middle = ((below < 0 ? 1 + below/2 : 1 + below) + (above < 0 ? 1 + above/2 : 1 + above)) / 2
-//: let c = bits(1 / middle, 12)
-//: scaled = 2^896 * c
-//: log = -log2(c) - 384
-extern const double kLog2Sixteenths[16][2];
-//: let below = i/16 - 0x2d5555p0 / 2^23
-//: let above = below + 1/16
-//: let middle = ((below < 0 ? 1 + below/2 : 1 + below) + (above < 0 ? 1 + above/2 : 1 + above)) / 2
-//: let c = bits(1 / middle, 12)
-//: scaled = 2^896 * c
-//: log = -log10(c) - 384 * bits(log10(2), 51)
-extern const double kLog10Sixteenths[16][2];
-// c of these.
-//: let below = i/16 - 0x2d5555p0 / 2^23
-//: let above = below + 1/16
-//: let middle = ((below < 0 ? 1 + below/2 : 1 + below) + (above < 0 ? 1 + above/2 : 1 + above)) / 2
-//: = bits(1 / middle, 12)
-extern const float kReciprocalSixteenths[16];
 
 }  // namespace orvik::zym

@@ -3,6 +3,7 @@
 // z = 2^k m in [1, 8), and d = 1 - z w^3 leads to the last place.
 #pragma once
 
+#include "lanes/exponents.h"
 #include "lanes/scalar.h"
 #include "orvik/zym_types.h"
 #include "zym/kernels/roots/coefficients.h"
@@ -14,24 +15,27 @@ namespace roots {
 template <class V>
 struct Thirds;
 
+// With k in {-1, 0, 1} here, which changes no bits: q is the third of the exponent, rounded.
 template <Single V>
 struct Thirds<V> {
   using I = Integer<V>;
   I shift;  // q, in the exponent field
-  V z, m;
+  V m;
 
   explicit Thirds(V x) {
-    const I bits = as_bits(magnitude(x)) + I(2 << 23);  // 127 + 2 is a multiple of 3
-    const I third = shift_left<23>(multiply_high16(shift_right<23>(bits), 0x5556));
-    shift = third - I(43 << 23);
-    k_ = bits - (third + shift_left<1>(third));
-    z = as_float(k_ + I(127 << 23));
-    m = as_float((k_ & I(0x007FFFFF)) | I(0x3F800000));
+    const V a = magnitude(x);
+    const V e = NormalExponents<V>(a).numbers();
+    const auto [t, q] = shift_round(e, V(kThird));
+    shift = shift_left<23>(as_bits(t));
+    k_ = as_bits(fnma(q, V(3.0f), e) + V(kShifter32));
+    m = as_float((as_bits(x) & I(0x007FFFFFu)) | I(0x3F800000u));
   }
-  V power(const float (&table)[8]) const { return look_up(octet_table<V>(table), shift_right<23>(k_)); }
+  V z() const { return as_float(as_bits(m) + shift_left<23>(k_)); }
+  V power(const float (&table)[8]) const { return look_up(octet_table<V>(table), k_); }
 
  private:
-  I k_;  // k in the exponent field, the fraction below
+  static constexpr float kThird = 1.0f / 3;
+  I k_;  // k in the low bits
 };
 
 // The high words do the work; what stands in the low words of k is the fraction.
@@ -39,16 +43,16 @@ template <Double V>
 struct Thirds<V> {
   using I = Integer<V>;
   I shift;
-  V z, m;
+  V m;
 
   explicit Thirds(V x) {
     const I bits = as_bits(magnitude(x));
     const I third = shift_left<52>(multiply_high16(shift_right<52>(bits), 0x5556));
     shift = third - I(uint64_t{341} << 52);
     k_ = bits - (third + shift_left<1>(third));
-    z = as_float(k_ + I(uint64_t{1023} << 52));
     m = as_float((k_ & I(uint64_t{0x000FFFFFFFFFFFFF})) | I(uint64_t{0x3FF0000000000000}));
   }
+  V z() const { return as_float(k_ + I(uint64_t{1023} << 52)); }
   // The powers at 21 bits: w is an estimate.
   V power(const uint32_t (&table)[8]) const {
     const I index = as_long_words(shift_right<20>(as_words(k_)));
@@ -143,14 +147,14 @@ struct Cbrt : CbrtElement<Cbrt<V, L>, V> {
     if constexpr (L == Level::LA) return t.power(roots::kThirdRoots) * horner(t.m - V(1.5f), roots::kCbrtLow);
     // The rounding of y counts a third: 0.5 + 0.17 ulp.
     const V w = roots::truncated(roots::inverse_cube_root<L>(t));
-    const V y = t.z * (w * w);
+    const V y = t.z() * (w * w);
     const V d = fnma(y, w, V(1.0f));
     return fma(y, d * horner(d, roots::kCbrtTail), y);
   }
   static V positive(const roots::Thirds<V>& t) requires Double<V> {
     V w = roots::inverse_cube_root<L>(t);
     if constexpr (L == Level::HA) w = roots::truncated(w);
-    const V y = t.z * (w * w);
+    const V y = t.z() * (w * w);
     const V d = fnma(y, w, V(1.0));
     if constexpr (L == Level::EP) return y * horner(d, roots::kCbrtTail64Short);
     return fma(y, d * horner(d, roots::kCbrtTail64), y);
@@ -196,17 +200,17 @@ struct InvCbrt : InvCbrtElement<InvCbrt<V, L>, V> {
     if constexpr (L == Level::EP) return roots::inverse_cube_root<L>(t);
     if constexpr (L == Level::LA) return t.power(roots::kInverseThirdRoots) * horner(t.m - V(1.5f), roots::kInvCbrtLow);
     const V w = roots::truncated(roots::inverse_cube_root<L>(t));
-    const V d = roots::cubic_residue(t.z, w);
+    const V d = roots::cubic_residue(t.z(), w);
     return fma(w, d * horner(d, roots::kInvCbrtTail), w);
   }
   static V positive(const roots::Thirds<V>& t) requires Double<V> {
     V w = roots::inverse_cube_root<L>(t);
     if constexpr (L == Level::HA) {
       w = roots::truncated(w);
-      const V d = roots::cubic_residue(t.z, w);
+      const V d = roots::cubic_residue(t.z(), w);
       return fma(w, d * horner(d, roots::kInvCbrtTail64), w);
     }
-    const V d = fnma(t.z * (w * w), w, V(1.0));
+    const V d = fnma(t.z() * (w * w), w, V(1.0));
     if constexpr (L == Level::EP) return w * horner(d, roots::kInvCbrtTail64Short);
     return fma(w, d * horner(d, roots::kInvCbrtTail64), w);
   }
@@ -251,8 +255,8 @@ struct Pow2o3 : Pow2o3Element<Pow2o3<V, L>, V> {
     if constexpr (L == Level::EP) return t.power(roots::kTwoThirdRoots) * horner(t.m, roots::kPow2o3Short);
     if constexpr (L == Level::LA) return t.power(roots::kTwoThirdRoots) * horner(t.m - V(1.5f), roots::kPow2o3Low);
     const V w = roots::truncated(roots::inverse_cube_root<L>(t));
-    const V g = t.z * w;
-    const V low = fms(t.z, w, g);
+    const V g = t.z() * w;
+    const V low = fms(t.z(), w, g);
     const V w2 = w * w;
     const V d = fnma(low, w2, fnma(g, w2, V(1.0f)));
     return g + fma(g, d * horner(d, roots::kInvCbrtTail), low);
@@ -260,12 +264,12 @@ struct Pow2o3 : Pow2o3Element<Pow2o3<V, L>, V> {
   static V positive(const roots::Thirds<V>& t) requires Double<V> {
     V w = roots::inverse_cube_root<L>(t);
     if constexpr (L == Level::HA) w = roots::truncated(w);
-    const V g = t.z * w;
+    const V g = t.z() * w;
     const V w2 = w * w;
     const V d = fnma(g, w2, V(1.0));
     if constexpr (L == Level::EP) return g * horner(d, roots::kInvCbrtTail64Short);
     if constexpr (L == Level::LA) return fma(g, d * horner(d, roots::kInvCbrtTail64), g);
-    const V low = fms(t.z, w, g);
+    const V low = fms(t.z(), w, g);
     const V rest = fnma(low, w2, d);
     return g + fma(g, rest * horner(rest, roots::kInvCbrtTail64), low);
   }

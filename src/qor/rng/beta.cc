@@ -9,6 +9,7 @@
 #include "orvik/qor.h"
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/uniforms.h"
@@ -195,14 +196,9 @@ int32_t beta(uint32_t method, OrvikStream stream, int32_t n, T* r, T p, T q, T a
 }  // namespace
 }  // namespace orvik::qor
 
-extern "C" {
-
-int32_t _qordRngBeta(uint32_t method, OrvikStream stream, int32_t n, double* r, double p, double q, double a,
-                     double beta) {
-  return orvik::qor::beta(method, stream, n, r, p, q, a, beta);
-}
-int32_t _qorsRngBeta(uint32_t method, OrvikStream stream, int32_t n, float* r, float p, float q, float a, float beta) {
-  return orvik::qor::beta(method, stream, n, r, p, q, a, beta);
-}
-
-}  // extern "C"
+ORVIK_QOR_ENTRY(_qordRngBeta, beta,
+                (uint32_t method, OrvikStream stream, int32_t n, double* r, double p, double q, double a, double beta),
+                (method, stream, n, r, p, q, a, beta))
+ORVIK_QOR_ENTRY(_qorsRngBeta, beta,
+                (uint32_t method, OrvikStream stream, int32_t n, float* r, float p, float q, float a, float beta),
+                (method, stream, n, r, p, q, a, beta))

@@ -7,6 +7,7 @@
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
 #include "qor/rng/cumulative.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/hat.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
@@ -126,7 +127,7 @@ struct Target {
   }
 };
 
-int32_t binomial(OrvikStream stream, int32_t n, int32_t* r, int32_t trials, double p) {
+int32_t binomial(uint32_t, OrvikStream stream, int32_t n, int32_t* r, int32_t trials, double p) {
   if (trials == 0) {
     std::fill_n(r, n > 0 ? n : 0, 0);
     return ORVIK_QOR_OK;
@@ -156,6 +157,6 @@ int32_t restore_binomial(OrvikStream stream) {
 
 }  // namespace orvik::qor
 
-extern "C" int32_t _qoriRngBinomial(uint32_t, OrvikStream stream, int32_t n, int32_t* r, int32_t ntrial, double p) {
-  return orvik::qor::binomial(stream, n, r, ntrial, p);
-}
+ORVIK_QOR_ENTRY(_qoriRngBinomial, binomial,
+                (uint32_t method, OrvikStream stream, int32_t n, int32_t* r, int32_t ntrial, double p),
+                (method, stream, n, r, ntrial, p))

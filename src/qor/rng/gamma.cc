@@ -9,6 +9,7 @@
 
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/exponential.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
@@ -178,13 +179,9 @@ template int32_t gamma(uint32_t, OrvikStream, int32_t, float*, float, float, flo
 
 }  // namespace orvik::qor
 
-extern "C" {
-
-int32_t _qordRngGamma(uint32_t method, OrvikStream stream, int32_t n, double* r, double alpha, double a, double beta) {
-  return orvik::qor::gamma(method, stream, n, r, alpha, a, beta);
-}
-int32_t _qorsRngGamma(uint32_t method, OrvikStream stream, int32_t n, float* r, float alpha, float a, float beta) {
-  return orvik::qor::gamma(method, stream, n, r, alpha, a, beta);
-}
-
-}  // extern "C"
+ORVIK_QOR_ENTRY(_qordRngGamma, gamma,
+                (uint32_t method, OrvikStream stream, int32_t n, double* r, double alpha, double a, double beta),
+                (method, stream, n, r, alpha, a, beta))
+ORVIK_QOR_ENTRY(_qorsRngGamma, gamma,
+                (uint32_t method, OrvikStream stream, int32_t n, float* r, float alpha, float a, float beta),
+                (method, stream, n, r, alpha, a, beta))

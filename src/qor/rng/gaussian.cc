@@ -6,6 +6,7 @@
 
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/setup.h"
@@ -132,13 +133,9 @@ template int32_t gaussian(uint32_t, OrvikStream, int32_t, float*, float, float);
 
 }  // namespace orvik::qor
 
-extern "C" {
-
-int32_t _qordRngGaussian(uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double sigma) {
-  return orvik::qor::gaussian(method, stream, n, r, a, sigma);
-}
-int32_t _qorsRngGaussian(uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float sigma) {
-  return orvik::qor::gaussian(method, stream, n, r, a, sigma);
-}
-
-}  // extern "C"
+ORVIK_QOR_ENTRY(_qordRngGaussian, gaussian,
+                (uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double sigma),
+                (method, stream, n, r, a, sigma))
+ORVIK_QOR_ENTRY(_qorsRngGaussian, gaussian,
+                (uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float sigma),
+                (method, stream, n, r, a, sigma))

@@ -7,6 +7,7 @@
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
 #include "qor/rng/cumulative.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/mountain.h"
@@ -174,7 +175,9 @@ int32_t by_rejection(OrvikStream stream, int32_t n, int32_t* r, const Setup& s) 
   return uniforms.status();
 }
 
-int32_t hypergeometric(OrvikStream stream, int32_t n, int32_t* r, const Setup::Key& key) {
+int32_t hypergeometric(uint32_t, OrvikStream stream, int32_t n, int32_t* r, int32_t lot, int32_t sample,
+                       int32_t marked) {
+  const Setup::Key key = {lot, sample, marked};
   const EntryBracket bracket(ln_of_zero<double>);
   int32_t status;
   const Setup* const s = cached<Setup>(stream, kChunk, key, &status, build);
@@ -194,7 +197,6 @@ int32_t restore_hypergeometric(OrvikStream stream) {
 
 }  // namespace orvik::qor
 
-extern "C" int32_t _qoriRngHypergeometric(uint32_t, OrvikStream stream, int32_t n, int32_t* r, int32_t l, int32_t s,
-                                          int32_t m) {
-  return orvik::qor::hypergeometric(stream, n, r, {l, s, m});
-}
+ORVIK_QOR_ENTRY(_qoriRngHypergeometric, hypergeometric,
+                (uint32_t method, OrvikStream stream, int32_t n, int32_t* r, int32_t l, int32_t s, int32_t m),
+                (method, stream, n, r, l, s, m))

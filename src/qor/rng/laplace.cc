@@ -2,6 +2,7 @@
 #include "orvik/qor.h"
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/uniforms.h"
@@ -22,7 +23,7 @@ bool block(Uniforms<T>& uniforms, int32_t n, T* r, T a, T beta) {
 
 // Whole blocks, then what is left, even when it is nothing: the last status counts.
 template <class T>
-int32_t laplace(OrvikStream stream, int32_t n, T* r, T a, T beta) {
+int32_t laplace(uint32_t, OrvikStream stream, int32_t n, T* r, T a, T beta) {
   const EntryBracket bracket(always_ln_of_zero<T>);
   Uniforms<T> uniforms(stream);
   for (; n >= kBlock; n -= kBlock, r += kBlock)
@@ -34,13 +35,9 @@ int32_t laplace(OrvikStream stream, int32_t n, T* r, T a, T beta) {
 }  // namespace
 }  // namespace orvik::qor
 
-extern "C" {
-
-int32_t _qordRngLaplace(uint32_t, OrvikStream stream, int32_t n, double* r, double a, double beta) {
-  return orvik::qor::laplace(stream, n, r, a, beta);
-}
-int32_t _qorsRngLaplace(uint32_t, OrvikStream stream, int32_t n, float* r, float a, float beta) {
-  return orvik::qor::laplace(stream, n, r, a, beta);
-}
-
-}  // extern "C"
+ORVIK_QOR_ENTRY(_qordRngLaplace, laplace,
+                (uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double beta),
+                (method, stream, n, r, a, beta))
+ORVIK_QOR_ENTRY(_qorsRngLaplace, laplace,
+                (uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float beta),
+                (method, stream, n, r, a, beta))

@@ -10,6 +10,7 @@
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
 #include "qor/rng/cumulative.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/gamma.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
@@ -218,12 +219,13 @@ int32_t by_mixture(OrvikStream stream, int32_t n, int32_t* r, const Key& key) {
   double lambda[kBlock];
   for_each_block(n, [&](int32_t first, int32_t count) {
     return uniforms.took(gamma<double>(0, stream, count, lambda, key.a, 0, key.t())) &&
-           uniforms.took(poisson_v(stream, count, r + first, lambda));
+           uniforms.took(poisson_v(0, stream, count, r + first, lambda));
   });
   return uniforms.status();
 }
 
-int32_t negbinomial(OrvikStream stream, int32_t n, int32_t* r, const Key& key) {
+int32_t negbinomial(uint32_t, OrvikStream stream, int32_t n, int32_t* r, double a, double p) {
+  const Key key = {a, p};
   const EntryBracket bracket(ln_of_zero<double>);
   int32_t status;
   const Setup* const s = cached<Setup>(stream, kChunk, key, &status, build);
@@ -248,6 +250,6 @@ int32_t restore_negbinomial(OrvikStream stream) {
 
 }  // namespace orvik::qor
 
-extern "C" int32_t _qoriRngNegbinomial(uint32_t, OrvikStream stream, int32_t n, int32_t* r, double a, double p) {
-  return orvik::qor::negbinomial(stream, n, r, {a, p});
-}
+ORVIK_QOR_ENTRY(_qoriRngNegbinomial, negbinomial,
+                (uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double a, double p),
+                (method, stream, n, r, a, p))

@@ -8,6 +8,7 @@
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
 #include "qor/rng/cumulative.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/gaussian.h"
 #include "qor/rng/hat.h"
 #include "qor/rng/kernels.h"
@@ -140,6 +141,5 @@ int32_t restore_poisson(OrvikStream stream) {
 
 }  // namespace orvik::qor
 
-extern "C" int32_t _qoriRngPoisson(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double lambda) {
-  return orvik::qor::poisson(method, stream, n, r, lambda);
-}
+ORVIK_QOR_ENTRY(_qoriRngPoisson, poisson, (uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double lambda),
+                (method, stream, n, r, lambda))

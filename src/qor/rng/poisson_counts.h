@@ -26,6 +26,6 @@ void probabilities_below(int32_t n, const int32_t* open, const double* lambda, c
 [[nodiscard]] bool counts_of_drawn_normals(Uniforms<double>& uniforms, int32_t n, const double* lambda, int32_t* r);
 
 // PoissonV, for distributions that are built on it.
-int32_t poisson_v(OrvikStream stream, int32_t n, int32_t* r, const double* lambda);
+int32_t poisson_v(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, const double* lambda);
 
 }  // namespace orvik::qor

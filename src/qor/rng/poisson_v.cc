@@ -6,6 +6,7 @@
 #include "orvik/qor.h"
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/poisson_counts.h"
@@ -85,7 +86,7 @@ bool block(Uniforms<double>& uniforms, int32_t n, int32_t* r, const double* lamb
 
 }  // namespace
 
-int32_t poisson_v(OrvikStream stream, int32_t n, int32_t* r, const double* lambda) {
+int32_t poisson_v(uint32_t, OrvikStream stream, int32_t n, int32_t* r, const double* lambda) {
   const EntryBracket bracket(gaussian_limits<double>);
   Uniforms<double> uniforms(stream);
   for_each_block<kCounts>(
@@ -95,6 +96,6 @@ int32_t poisson_v(OrvikStream stream, int32_t n, int32_t* r, const double* lambd
 
 }  // namespace orvik::qor
 
-extern "C" int32_t _qoriRngPoissonV(uint32_t, OrvikStream stream, int32_t n, int32_t* r, const double* lambda) {
-  return orvik::qor::poisson_v(stream, n, r, lambda);
-}
+ORVIK_QOR_ENTRY(_qoriRngPoissonV, poisson_v,
+                (uint32_t method, OrvikStream stream, int32_t n, int32_t* r, const double* lambda),
+                (method, stream, n, r, lambda))

@@ -14,6 +14,7 @@
 #include "qor/rng/setup.h"
 #include "qor/rng/stirling.h"
 #include "qor/rng/uniforms.h"
+#include "qor/rng/vectors.h"
 #include "qor/stream/restore.h"
 
 namespace orvik::qor {
@@ -109,21 +110,24 @@ struct Target {
   // ln of m! (n - m)! / (y! (n - y)!) odds^(y - m)
   void log_ratio(int32_t count, const double* y, double* r) const {
     constexpr int32_t kMost = 1024;
+    using V = F64;
     double a[kMost], b[kMost], c[kMost];
     const double f1 = m + 1, z1 = n - m + 1;
-    for (int32_t i = 0; i < count; ++i) {
-      const double x1 = y[i] + 1, w1 = n - y[i] + 1;
-      a[i] = f1 / x1;
-      b[i] = z1 / w1;
-      c[i] = w1 * odds / x1;
-    }
+    for_each_vector<V>(count, [&](auto at) {
+      const V x1 = at.load(y) + V(1), w1 = V(n) - at.load(y) + V(1);
+      at.store(a, V(f1) / x1);
+      at.store(b, V(z1) / w1);
+      at.store(c, w1 * V(odds) / x1);
+    });
     kernels::ln.call(Level::high, count, a, a);
     kernels::ln.call(Level::high, count, b, b);
     kernels::ln.call(Level::high, count, c, c);
     const double rest = stirling_rest(f1) + stirling_rest(z1);
-    for (int32_t i = 0; i < count; ++i)
-      r[i] = (m + 0.5) * a[i] + (n - m + 0.5) * b[i] + (y[i] - m) * c[i] + rest - stirling_rest(y[i] + 1) -
-             stirling_rest(n - y[i] + 1);
+    for_each_vector<V>(count, [&](auto at) {
+      const V k = at.load(y);
+      const V sum = V(m + 0.5) * at.load(a) + V(n - m + 0.5) * at.load(b) + (k - V(m)) * at.load(c) + V(rest);
+      at.store(r, sum - stirling_rest(k + V(1)) - stirling_rest(V(n) - k + V(1)));
+    });
   }
 };
 

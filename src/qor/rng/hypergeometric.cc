@@ -14,6 +14,7 @@
 #include "qor/rng/setup.h"
 #include "qor/rng/stirling.h"
 #include "qor/rng/uniforms.h"
+#include "qor/rng/vectors.h"
 #include "qor/stream/restore.h"
 
 namespace orvik::qor {
@@ -61,19 +62,24 @@ class LogRatio {
   // ln of the ratio of four factorials each; their first orders cancel.
   void operator()(int32_t n, const double* y, double* r) const {
     constexpr int32_t kMost = 1024;
+    using V = F64;
     double q[kMost], odds[kMost];
-    for (int32_t i = 0; i < n; ++i) {
-      r[i] = 0;
-      odds[i] = (factor(0, y[i]) / factor(1, y[i])) * (factor(3, y[i]) / factor(2, y[i]));
-    }
+    for_each_vector<V>(n, [&](auto at) {
+      const V k = at.load(y);
+      at.store(odds, (factor(0, k) / factor(1, k)) * (factor(3, k) / factor(2, k)));
+      at.store(r, V(0));
+    });
     kernels::ln.call(Level::high, n, odds, odds);
     for (int part = 0; part < 4; ++part) {
       const double at_mode = factor(part, m_), rest = stirling_rest(at_mode);
-      for (int32_t i = 0; i < n; ++i) q[i] = at_mode / factor(part, y[i]);
+      for_each_vector<V>(n, [&](auto at) { at.store(q, V(at_mode) / factor(part, at.load(y))); });
       kernels::ln.call(Level::high, n, q, q);
-      for (int32_t i = 0; i < n; ++i) r[i] += (at_mode - 0.5) * q[i] + rest - stirling_rest(factor(part, y[i]));
+      for_each_vector<V>(n, [&](auto at) {
+        const V beyond = V(at_mode - 0.5) * at.load(q) + V(rest) - stirling_rest(factor(part, at.load(y)));
+        at.store(r, at.load(r) + beyond);
+      });
     }
-    for (int32_t i = 0; i < n; ++i) r[i] += (m_ - y[i]) * odds[i];
+    for_each_vector<V>(n, [&](auto at) { at.store(r, at.load(r) + (V(m_) - at.load(y)) * at.load(odds)); });
   }
   double one(double y) const {
     double r;
@@ -83,16 +89,17 @@ class LogRatio {
 
  private:
   // Arguments of the gamma functions in the denominator of the probability.
-  double factor(int part, double y) const {
+  template <class V>
+  V factor(int part, V y) const {
     switch (part) {
       case 0:
-        return y + 1;
+        return y + V(1);
       case 1:
-        return h_.rare - y + 1;
+        return V(h_.rare) - y + V(1);
       case 2:
-        return h_.drawn - y + 1;
+        return V(h_.drawn) - y + V(1);
       default:
-        return h_.common() - h_.drawn + y + 1;
+        return V(h_.common() - h_.drawn) + y + V(1);
     }
   }
   Reduced h_;

@@ -6,6 +6,7 @@
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/uniforms.h"
+#include "qor/rng/vectors.h"
 
 namespace orvik::qor {
 namespace {

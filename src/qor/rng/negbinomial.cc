@@ -19,6 +19,7 @@
 #include "qor/rng/setup.h"
 #include "qor/rng/stirling.h"
 #include "qor/rng/uniforms.h"
+#include "qor/rng/vectors.h"
 #include "qor/stream/restore.h"
 
 namespace orvik::qor {
@@ -124,20 +125,24 @@ class LogRatio {
   explicit LogRatio(const Setup& s) : s_(s), mode_(s.mountain.hat.mode) {}
 
   void operator()(int32_t n, const double* y, double* r) const {
+    using V = F64;
     double x[kCandidates], k[kCandidates];
     const double a = s_.key.a, x0 = mode_ + a, k0 = mode_ + 1;
-    for (int32_t i = 0; i < n; ++i) {
-      x[i] = (y[i] + a) / x0;
-      k[i] = (y[i] + 1) / k0;
-      r[i] = s_.key.q() * (y[i] + a) / (y[i] + 1);
-    }
+    for_each_vector<V>(n, [&](auto at) {
+      const V number = at.load(y), beyond = number + V(a), next = number + V(1);
+      at.store(x, beyond / V(x0));
+      at.store(k, next / V(k0));
+      at.store(r, V(s_.key.q()) * beyond / next);
+    });
     kernels::ln.call(Level::high, n, x, x);
     kernels::ln.call(Level::high, n, k, k);
     kernels::ln.call(Level::high, n, r, r);
-    const double at_mode = rest(mode_) - stirling_rest(k0);
-    for (int32_t i = 0; i < n; ++i)
-      r[i] = (x0 - 0.5) * x[i] - (k0 - 0.5) * k[i] + (y[i] - mode_) * r[i] + rest(y[i]) - stirling_rest(y[i] + 1) -
-             at_mode;
+    const double at_mode = first_lane(rest(F64(mode_))) - stirling_rest(k0);
+    for_each_vector<V>(n, [&](auto at) {
+      const V number = at.load(y), sum = V(x0 - 0.5) * at.load(x) - V(k0 - 0.5) * at.load(k) +
+                                         (number - V(mode_)) * at.load(r) + rest(number);
+      at.store(r, sum - stirling_rest(number + V(1)) - V(at_mode));
+    });
   }
   double one(double y) const {
     double r;
@@ -146,8 +151,10 @@ class LogRatio {
   }
 
  private:
-  double rest(double y) const {
-    return y < kRests ? s_.mountain.rest[static_cast<int32_t>(y)] : stirling_rest(y + s_.key.a);
+  F64 rest(F64 y) const {
+    const M64 few = y < F64(kRests);
+    const F64 far = stirling_rest(y + F64(s_.key.a));
+    return none(few) ? far : select(few, gather(s_.mountain.rest, Indices(to_integer(keep(few, y)))), far);
   }
   const Setup& s_;
   double mode_;

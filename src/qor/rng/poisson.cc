@@ -17,6 +17,7 @@
 #include "qor/rng/setup.h"
 #include "qor/rng/stirling.h"
 #include "qor/rng/uniforms.h"
+#include "qor/rng/vectors.h"
 #include "qor/stream/restore.h"
 
 namespace orvik::qor {
@@ -74,16 +75,20 @@ struct Target {
   // ln of m! / y! lambda^(y - m)
   void log_ratio(int32_t count, const double* y, double* r) const {
     constexpr int32_t kMost = 1024;
+    using V = F64;
     double a[kMost], b[kMost];
-    for (int32_t i = 0; i < count; ++i) {
-      a[i] = (m + 1) / (y[i] + 1);
-      b[i] = lambda / (y[i] + 1);
-    }
+    for_each_vector<V>(count, [&](auto at) {
+      const V next = at.load(y) + V(1);
+      at.store(a, V(m + 1) / next);
+      at.store(b, V(lambda) / next);
+    });
     kernels::ln.call(Level::high, count, a, a);
     kernels::ln.call(Level::high, count, b, b);
     const double rest = stirling_rest(m + 1);
-    for (int32_t i = 0; i < count; ++i)
-      r[i] = (m + 0.5) * a[i] + (y[i] - m) * (b[i] + 1) + rest - stirling_rest(y[i] + 1);
+    for_each_vector<V>(count, [&](auto at) {
+      const V k = at.load(y), sum = V(m + 0.5) * at.load(a) + (k - V(m)) * (at.load(b) + V(1)) + V(rest);
+      at.store(r, sum - stirling_rest(k + V(1)));
+    });
   }
 };
 

@@ -36,7 +36,7 @@ struct Setup {
   // Inversion: probabilities f0, f0 (g / 1 - r), ... by a walk, and their table.
   double f0, r, g;
   int32_t last;
-  CumulativeTable<kWalkEnd + 1> table;
+  CumulativeTable<kWalkEnd + 2> table;
   TriangleHat hat;
 
   bool by_inversion() const { return key.trials * p < kInversionBelow; }
@@ -54,6 +54,7 @@ void build(Setup& s, const Setup::Key& key) {
     s.last = n < kWalkEnd ? static_cast<int32_t>(n) : kWalkEnd;
     double f = s.f0;
     s.table.fill(s.last, [&](int32_t k) { return k == 0 ? f : f *= s.g / k - s.r; });
+    s.table.end_at(s.last + 1);
     return;
   }
   const double ffm = n * p + p, m = std::floor(ffm), variance = n * p * q;
@@ -76,27 +77,32 @@ int32_t walk(const Setup& s, double u) {
   return k;
 }
 
-// The same by the table. Where u is within the walk's rounding errors of an entry the walk itself decides.
-int32_t invert(const Setup& s, double u) {
+// The same by the table: found(i, k). Where u is within the walk's rounding errors of an entry the walk itself decides.
+template <class Found>
+void invert(const Setup& s, int32_t n, const double* u, Found found) {
   constexpr double kNear = 1e-13;
-  const int32_t k = s.table.find(u, s.last);
-  const double* const c = s.table.below_or_at;
-  const bool near = (k <= s.last && c[k] - u < kNear) || (k > 0 && u - c[k - 1] < kNear);
-  return near ? walk(s, u) : k;
+  s.table.find(n, u, [&](int32_t i, int32_t k) {
+    const double* const c = s.table.below_or_at;
+    const bool near = (c[k] - u[i] < kNear) | (u[i] - c[k > 0 ? k - 1 : 0] < (k > 0 ? kNear : 0));
+    found(i, near ? walk(s, u[i]) : k);
+  });
 }
 
 void inversion(Uniforms<float>& uniforms, const Setup& s, int32_t n, int32_t* r) {
-  float u[kBlock];
+  float w[kBlock];
+  double u[kBlock];
+  int32_t k[kBlock];
   for_each_block(n, [&](int32_t first, int32_t count) {
-    if (!uniforms.draw(count, u)) return false;
+    if (!uniforms.draw(count, w)) return false;
+    for (int32_t i = 0; i < count; ++i) u[i] = static_cast<double>(w[i]);
+    invert(s, count, u, [&](int32_t i, int32_t found) { k[i] = found; });
     for (int32_t i = 0; i < count; ++i) {
-      int32_t k = invert(s, static_cast<double>(u[i]));
-      while (k > s.last) {
+      while (k[i] > s.last) {
         double again;
         if (!uniforms.took(fill_uniform(uniforms.stream(), 1, &again, 0.0, 1.0))) return false;
-        k = invert(s, again);
+        invert(s, 1, &again, [&](int32_t, int32_t found) { k[i] = found; });
       }
-      r[first + i] = k;
+      r[first + i] = k[i];
     }
     return true;
   });

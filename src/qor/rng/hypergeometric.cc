@@ -118,7 +118,7 @@ void build_table(Setup& s, const Reduced& h) {
     const double before = k - 1;
     return f *= (h.rare - before) * (h.drawn - before) / (k * (h.common() - h.drawn + k));
   });
-  s.table.below_or_at[s.last] = 1;  // whatever the sum was rounded to, every uniform has its number
+  s.table.end_at(s.last);
 }
 
 void build_hat(Setup& s, const Reduced& h) {
@@ -169,7 +169,7 @@ int32_t by_table(OrvikStream stream, int32_t n, int32_t* r, const Setup& s) {
   double u[kBlock];
   for_each_block(n, [&](int32_t first, int32_t count) {
     if (!uniforms.draw(count, u)) return false;
-    for (int32_t i = 0; i < count; ++i) r[first + i] = std::min(s.table.find(u[i], s.last), s.last);
+    s.table.find(count, u, [&](int32_t i, int32_t k) { r[first + i] = k; });
     return true;
   });
   return uniforms.status();

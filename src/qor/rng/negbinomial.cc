@@ -42,7 +42,10 @@ struct Key {
 };
 
 // P(k + 1) / P(k)
-double step(const Key& key, double k) { return key.q() * (key.a + k) / (k + 1); }
+template <class V>
+V step(const Key& key, V k) {
+  return V(key.q()) * (V(key.a) + k) / (k + V(1));
+}
 
 // Sums of probabilities at every `stride`-th number from `low` on, and the probabilities there.
 struct Walk {
@@ -52,19 +55,32 @@ struct Walk {
   CumulativeTable<kEntries, kEntries, uint16_t> table;
   double probability[kEntries];
 
-  int32_t find(const Key& key, double u) const {
-    const int32_t entry = std::min(table.find(u, last), last);
-    double k = low + entry * stride;
-    if (stride == 1 || entry == 0) return static_cast<int32_t>(k);
-    const double end = k;
-    double sum = table.below_or_at[entry - 1], f = probability[entry - 1];
-    k -= stride;
-    do {
-      f *= step(key, k);
-      sum += f;
-      ++k;
-    } while (u > sum && k < end);
-    return static_cast<int32_t>(k);
+  // Of at most kBlock uniforms.
+  void find(const Key& key, int32_t n, const double* u, int32_t* r) const {
+    using V = F64;
+    double end[kBlock], sum[kBlock], f[kBlock];
+    table.find(n, u, [&](int32_t i, int32_t entry) {
+      const int32_t before = std::max(entry - 1, 0);
+      end[i] = low + entry * stride;
+      sum[i] = table.below_or_at[before];
+      f[i] = probability[before];
+    });
+    for_each_vector<V>(n, [&](auto at) {
+      const V high = at.load(end);
+      V k = high;
+      if (stride > 1) {  // from the entry before on
+        V probability_at_k = at.load(f), below_or_at_k = at.load(sum);
+        Mask<V> lanes = high > V(low);
+        k = select(lanes, high - V(stride), high);
+        do {
+          probability_at_k = probability_at_k * step(key, k);
+          below_or_at_k = below_or_at_k + probability_at_k;
+          k = k + keep(lanes, V(1));
+          lanes = lanes & (at.load(u) > below_or_at_k) & (k < high);
+        } while (!none(lanes));
+      }
+      at.store(r, k);
+    });
   }
 };
 
@@ -106,7 +122,7 @@ void build_walk(Walk& walk, const Key& key) {
     walk.probability[entry] = f;
     return sum;
   });
-  walk.table.below_or_at[walk.last] = 1;  // whatever the sum was rounded to, every uniform has its number
+  walk.table.end_at(walk.last);
 }
 
 // What ln Gamma(x) has beyond (x - 1/2) ln x - x + ln(2 pi) / 2, for any x > 0: by that at a larger number.
@@ -208,7 +224,7 @@ int32_t by_walk(OrvikStream stream, int32_t n, int32_t* r, const Setup& s) {
   double u[kBlock];
   for_each_block(n, [&](int32_t first, int32_t count) {
     if (!uniforms.draw(count, u)) return false;
-    for (int32_t i = 0; i < count; ++i) r[first + i] = s.walk.find(s.key, u[i]);
+    s.walk.find(s.key, count, u, r + first);
     return true;
   });
   return uniforms.status();

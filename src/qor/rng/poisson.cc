@@ -47,7 +47,7 @@ void build(Setup& s, const Setup::Key& key) {
   if (lambda < kTableBelow) {
     double f = kernels::exp.high(-lambda);
     s.table.fill(kTableEnd, [&](int32_t k) { return k == 0 ? f : f *= lambda / k; });
-    s.table.below_or_at[kTableEnd] = 1;  // whatever the sum was rounded to, every uniform has its number
+    s.table.end_at(kTableEnd);
     return;
   }
   const double m = std::floor(lambda), half = std::floor(2.195 * kernels::sqrt.high(lambda) - 2.2) + 0.5;
@@ -57,13 +57,11 @@ void build(Setup& s, const Setup::Key& key) {
   s.hat.set_near([&](double k) { return lambda / (k + 1); });
 }
 
-int32_t find(const Setup& s, double u) { return std::min(s.table.find(u, kTableEnd), kTableEnd); }
-
 bool by_table(Uniforms<double>& uniforms, const Setup& s, int32_t n, int32_t* r) {
   double u[kBlock];
   return for_each_block(n, [&](int32_t first, int32_t count) {
     if (!uniforms.draw(count, u)) return false;
-    for (int32_t i = 0; i < count; ++i) r[first + i] = find(s, u[i]);
+    s.table.find(count, u, [&](int32_t i, int32_t k) { r[first + i] = k; });
     return true;
   });
 }
@@ -101,22 +99,26 @@ int32_t by_rejection(OrvikStream stream, const Setup& s, int32_t n, int32_t* r) 
 
 // Normal numbers back to uniforms, for the table.
 bool by_normals_and_table(Uniforms<double>& uniforms, const Setup& s, int32_t n, int32_t* r) {
-  float z[kCounts];
-  double u[kCounts];
-  return for_each_block<kCounts>(n, [&](int32_t first, int32_t count) {
+  float z[kBlock];
+  double u[kBlock];
+  return for_each_block(n, [&](int32_t first, int32_t count) {
     if (!uniforms.took(gaussian<float>(kInverse, uniforms.stream(), count, z, 0, 1))) return false;
     for (int32_t i = 0; i < count; ++i) u[i] = static_cast<double>(z[i]) / Precision<double>::kSqrtTwo;
     kernels::erf.call(Level::low, count, u, u);
-    for (int32_t i = 0; i < count; ++i) r[first + i] = find(s, 0.5 + 0.5 * u[i]);
+    transform(count, u, [](double x) { return 0.5 + 0.5 * x; });
+    s.table.find(count, u, [&](int32_t i, int32_t k) { r[first + i] = k; });
     return true;
   });
 }
 
 bool by_normals(Uniforms<double>& uniforms, double mean, int32_t n, int32_t* r) {
-  double lambda[kCounts];
-  std::fill_n(lambda, std::clamp(n, 0, kCounts), mean);
-  return for_each_block<kCounts>(
-      n, [&](int32_t first, int32_t count) { return counts_of_drawn_normals(uniforms, count, lambda, r + first); });
+  double means[kCounts], counts[kCounts];
+  std::fill_n(means, std::clamp(n, 0, kCounts), mean);
+  return for_each_block<kCounts>(n, [&](int32_t first, int32_t count) {
+    if (!counts_of_drawn_normals(uniforms, count, means, counts)) return false;
+    for_each_vector<F64>(count, [&](auto at) { at.store(r + first, at.load(counts)); });
+    return true;
+  });
 }
 
 int32_t poisson(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double lambda) {

@@ -17,6 +17,7 @@ struct Whole {
 
   V load(const Element<V>* p) const { return orvik::load<V>(p + first); }
   void store(Element<V>* p, V x) const { put(p + first, x); }
+  void store(int32_t* p, F64 whole) const { put(p + first, whole); }
   Pair<V> load_pairs(const Element<V>* p) const { return orvik::load_pairs<V>(p + 2 * first); }
   void put(Element<V>* p, V x) const { orvik::store(p, x); }
   void put(int32_t* p, F64 whole) const { orvik::store(p, to_integer(whole)); }
@@ -30,6 +31,7 @@ struct Rest {
 
   V load(const Element<V>* p) const { return load_first(p + first, count, V(1)); }
   void store(Element<V>* p, V x) const { put(p + first, x); }
+  void store(int32_t* p, F64 whole) const { put(p + first, whole); }
   Pair<V> load_pairs(const Element<V>* p) const { return load_first_pairs(p + 2 * first, count, V(1)); }
   void put(Element<V>* p, V x) const { store_first(p, count, x); }
   void put(int32_t* p, F64 whole) const {

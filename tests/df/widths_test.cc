@@ -18,7 +18,7 @@ template <class Real>
 void expect_same(Call<Real>& call, OrvikDFTask task, const std::vector<Real>& sites, const char* what) {
   const std::vector<Real> wide = call(task, sites);
   ASSERT_EQ(call.status, 0) << what;
-  const test::Narrow narrow;
+  const orvik::test::Narrow narrow;
   const std::vector<Real> expected = call(task, sites);
   for (size_t k = 0; k < wide.size(); ++k) {
     ASSERT_EQ(memcmp(&wide[k], &expected[k], sizeof(Real)), 0)

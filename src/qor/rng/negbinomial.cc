@@ -1,7 +1,8 @@
 // Negbinomial, a method for each region of t = (1 - p) / p:
 //   mean a t from 2^31 / 200 on   Poisson numbers whose means are Gamma numbers
 //   t below 100                   inversion by a walk over sums of probabilities
-//   t above                       rejection under a table mountain
+//   t above                       rejection under a table mountain; a up to 1 has its peak at 0 and a table of another
+//   kind
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -15,6 +16,7 @@
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/mountain.h"
+#include "qor/rng/peak.h"
 #include "qor/rng/poisson_counts.h"
 #include "qor/rng/setup.h"
 #include "qor/rng/stirling.h"
@@ -84,11 +86,15 @@ struct Walk {
   }
 };
 
-// What the mountain has to know about a: what ln Gamma has beyond its first orders at a, a + 1, ...
+// Rejection: what ln Gamma has beyond its first orders at a, a + 1, ... and the hat.
 constexpr int32_t kRests = 16;
-struct Mountain {
-  TableMountain hat;
+struct Rejection {
+  double mode;
   double rest[kRests];
+  union {
+    TableMountain mountain;
+    PowerPeak peak;
+  };
 };
 
 struct Setup {
@@ -96,7 +102,7 @@ struct Setup {
   Key key;
   union {
     Walk walk;
-    Mountain mountain;
+    Rejection rejection;
   };
 };
 
@@ -138,17 +144,17 @@ double gamma_rest(double x) {
 // Logarithms of the probability of y by that of the mode.
 class LogRatio {
  public:
-  explicit LogRatio(const Setup& s) : s_(s), mode_(s.mountain.hat.mode) {}
+  LogRatio(const Key& key, const Rejection& rejection) : key_(key), rejection_(rejection), mode_(rejection.mode) {}
 
   void operator()(int32_t n, const double* y, double* r) const {
     using V = F64;
     double x[kCandidates], k[kCandidates];
-    const double a = s_.key.a, x0 = mode_ + a, k0 = mode_ + 1;
+    const double a = key_.a, x0 = mode_ + a, k0 = mode_ + 1;
     for_each_vector<V>(n, [&](auto at) {
       const V number = at.load(y), beyond = number + V(a), next = number + V(1);
       at.store(x, beyond / V(x0));
       at.store(k, next / V(k0));
-      at.store(r, V(s_.key.q()) * beyond / next);
+      at.store(r, V(key_.q()) * beyond / next);
     });
     kernels::ln.call(Level::high, n, x, x);
     kernels::ln.call(Level::high, n, k, k);
@@ -169,35 +175,47 @@ class LogRatio {
  private:
   F64 rest(F64 y) const {
     const M64 few = y < F64(kRests);
-    const F64 far = stirling_rest(y + F64(s_.key.a));
-    return none(few) ? far : select(few, gather(s_.mountain.rest, Indices(to_integer(keep(few, y)))), far);
+    const F64 far = stirling_rest(y + F64(key_.a));
+    return none(few) ? far : select(few, gather(rejection_.rest, Indices(to_integer(keep(few, y)))), far);
   }
-  const Setup& s_;
+  const Key& key_;
+  const Rejection& rejection_;
   double mode_;
 };
 
-// Above a = 1 the ratio of neighbours falls towards q, below it rises towards q, and the mode is a peak at 0: then the
-// rectangle ends where both its area and the tail's are small.
-void build_mountain(Setup& s, const Key& key) {
-  for (int32_t k = 0; k < kRests; ++k) s.mountain.rest[k] = gamma_rest(key.a + k);
-  TableMountain& hat = s.mountain.hat;
-  hat.mode = key.mode();
+// Above a = 1 the ratio of neighbours falls towards q.
+void build_mountain(Rejection& rejection, const Key& key) {
+  TableMountain& hat = rejection.mountain = {};
+  hat.mode = rejection.mode;
   hat.highest = std::numeric_limits<int32_t>::max();
-  const LogRatio log_ratio(s);
-  double left = 0, left_height = 0, right = -kernels::ln.high(key.q());
-  if (key.a > 1) {
-    const double half = std::floor(1.5 * kernels::sqrt.high(key.mean() / key.p));
-    hat.xl = std::max(hat.mode - half, 0.0);
-    hat.xr = hat.mode + half + 1;
-    right = -kernels::ln.high(step(key, hat.xr - 1));
-    if (hat.xl > 0) {
-      left = kernels::ln.high(step(key, hat.xl - 1));
-      left_height = kernels::exp.high(log_ratio.one(hat.xl));
-    }
-  } else {
-    hat.xr = std::floor(kernels::powx.high((1 - key.a) * key.mean(), 1 / (2 - key.a))) + 1;
+  const LogRatio log_ratio(key, rejection);
+  const double half = std::floor(1.5 * kernels::sqrt.high(key.mean() / key.p));
+  hat.xl = std::max(hat.mode - half, 0.0);
+  hat.xr = hat.mode + half + 1;
+  double left = 0, left_height = 0;
+  if (hat.xl > 0) {
+    left = kernels::ln.high(step(key, hat.xl - 1));
+    left_height = kernels::exp.high(log_ratio.one(hat.xl));
   }
+  const double right = -kernels::ln.high(step(key, hat.xr - 1));
   hat.set(left, left_height, right, kernels::exp.high(log_ratio.one(hat.xr - 1)));
+}
+
+// Up to a = 1 it rises towards q, and k!/Gamma(a + k) is above k^(1 - a) (Gautschi 1959), so that a power bounds the
+// probabilities from 1 on. The table ends next to where the areas of table and tail together are least.
+void build_peak(Rejection& rejection, const Key& key) {
+  const double end = std::max(std::floor(0.8 * kernels::sqrt.high(1 - key.a) / key.p), 1.0);
+  rejection.peak = {};
+  rejection.peak.set(key.a, end, key.a * key.q(), -kernels::lgamma.high(key.a + 1), -kernels::ln.high(key.q()));
+}
+
+void build_rejection(Rejection& rejection, const Key& key) {
+  rejection.mode = key.mode();
+  for (int32_t k = 0; k < kRests; ++k) rejection.rest[k] = gamma_rest(key.a + k);
+  if (key.a > 1)
+    build_mountain(rejection, key);
+  else
+    build_peak(rejection, key);
 }
 
 enum class Region { mixture, walk, mountain };
@@ -215,7 +233,7 @@ void build(Setup& s, const Key& key) {
     case Region::walk:
       return build_walk(s.walk, key);
     case Region::mountain:
-      return build_mountain(s, key);
+      return build_rejection(s.rejection, key);
   }
 }
 
@@ -232,8 +250,12 @@ int32_t by_walk(OrvikStream stream, int32_t n, int32_t* r, const Setup& s) {
 
 int32_t by_rejection(OrvikStream stream, int32_t n, int32_t* r, const Setup& s) {
   Uniforms<double> uniforms(stream);  // floats are coarser than a wide mountain
-  until_accepted(n, r, kCandidates,
-                 MountainBatch<double, kCandidates, LogRatio>(uniforms, s.mountain.hat, LogRatio(s)));
+  const LogRatio log_ratio(s.key, s.rejection);
+  if (s.key.a > 1)
+    until_accepted(n, r, kCandidates,
+                   MountainBatch<double, kCandidates, LogRatio>(uniforms, s.rejection.mountain, log_ratio));
+  else
+    until_accepted(n, r, kCandidates, PeakBatch<kCandidates, LogRatio>(uniforms, s.rejection.peak, log_ratio));
   return uniforms.status();
 }
 

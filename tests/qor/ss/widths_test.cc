@@ -66,7 +66,7 @@ void expect_same(const Data<T>& data, const std::string& what) {
       for (const int32_t* selected : {static_cast<const int32_t*>(nullptr), static_cast<const int32_t*>(some.data())}) {
         if (selected != nullptr && data.p == 1) continue;
         const std::vector<T> wide = results(data, weighted, storage, selected);
-        const test::Narrow narrow;
+        const orvik::test::Narrow narrow;
         const std::vector<T> expected = results(data, weighted, storage, selected);
         ASSERT_EQ(wide.size(), expected.size());
         for (size_t k = 0; k < wide.size(); ++k) {

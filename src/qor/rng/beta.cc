@@ -50,7 +50,7 @@ void by_powers(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q) {
         const int32_t k = std::countr_zero(bits), i = at.first + k;
         share[k] = share_of_logarithms(w[2 * i], w[2 * i + 1]);
       }
-      kept += gather_chosen(at, at.bits(accepted), orvik::load<V>(share), out + kept);
+      kept += give_chosen(at, at.bits(accepted), orvik::load<V>(share), out + kept);
     });
     return kept;
   });
@@ -144,9 +144,9 @@ void by_log_logistic(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q, bool comp
       const uint32_t open = at.bits(andnot(accepted, finite));
       decision.set(at, accepted, open);
       at.store(x, (complement ? V(q) : product) / sum);
-      gather_chosen(at, open, z, open_z + opened);
-      gather_chosen(at, open, V(alpha) / sum, open_x + opened);
-      opened += gather_chosen(at, open, ratio, open_v + opened);
+      gather_chosen(open, z, open_z + opened);
+      gather_chosen(open, V(alpha) / sum, open_x + opened);
+      opened += gather_chosen(open, ratio, open_v + opened);
     });
     kernels::ln(opened, open_z, open_z);
     kernels::ln(opened, open_x, open_x);

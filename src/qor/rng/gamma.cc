@@ -90,9 +90,9 @@ void from_normals(Uniforms<T>& uniforms, int32_t n, T* r, T alpha, PendingPair<T
       const uint32_t open = at.bits(andnot(accepted, possible));
       decision.set(at, accepted, open);
       at.store(x, V(d) * v);
-      gather_chosen(at, open, normal, open_z + opened);
-      gather_chosen(at, open, at.load(u), open_u + opened);
-      opened += gather_chosen(at, open, v, open_v + opened);
+      gather_chosen(open, normal, open_z + opened);
+      gather_chosen(open, at.load(u), open_u + opened);
+      opened += gather_chosen(open, v, open_v + opened);
     });
     if (opened > 0) {  // as for one number: these few decide by logarithms of high accuracy
       kernels::ln.call(Level::high, opened, open_u, open_u);
@@ -122,7 +122,7 @@ void in_two_branches(Uniforms<T>& uniforms, int32_t n, T* r, T alpha) {
       const V u = at.load(x);
       const uint32_t bits = at.bits(complement(u < V(b)));
       in_tail.set(at, bits);
-      in_tails += gather_chosen(at, bits, (V(1) - u) / V(alpha), tails + in_tails);
+      in_tails += gather_chosen(bits, (V(1) - u) / V(alpha), tails + in_tails);
     });
     kernels::ln(in_tails, tails, tails);
     negate(in_tails, tails);

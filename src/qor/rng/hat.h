@@ -74,8 +74,8 @@ class HatBatch {
       const uint32_t open = at.bits(complement(accepted));
       decision.set(at, accepted, open);
       at.store(y, round<Direction::down>(V(hat_.xm) - V(hat_.p1) * second + place));
-      gather_chosen(at, open, place, u + leaving);
-      leaving += gather_chosen(at, open, second, v + leaving);
+      gather_chosen(open, place, u + leaving);
+      leaving += gather_chosen(open, second, v + leaving);
     });
     if (leaving > 0) decide(leaving, u, v, open_y, answers);
     return decision.compress(count, y, open_y, answers, out);
@@ -97,8 +97,8 @@ class HatBatch {
       at.store(y, round<Direction::down>(x));
       const uint32_t bits = at.bits(complement(place <= V(hat_.p2)));
       tails.set(at, bits);
-      gather_chosen(at, bits, place, tail_u + in_tails);
-      in_tails += gather_chosen(at, bits, second, tail_v + in_tails);
+      gather_chosen(bits, place, tail_u + in_tails);
+      in_tails += gather_chosen(bits, second, tail_v + in_tails);
     });
     place_in_tails(in_tails, tail_u, tail_v, tail_places, tail_heights);
     Expander<V> place_in_tail(tail_places), height_in_tail(tail_heights);
@@ -116,8 +116,8 @@ class HatBatch {
       at.store(y, place);
       const uint32_t bits = at.bits(andnot(near, possible));
       far.set(at, bits);
-      gather_chosen(at, bits, place, far_places + remaining);
-      remaining += gather_chosen(at, bits, tall, far_heights + remaining);
+      gather_chosen(bits, place, far_places + remaining);
+      remaining += gather_chosen(bits, tall, far_heights + remaining);
     });
     if (remaining == 0) return;
     decide_far(remaining, far_places, far_heights, far_answers);
@@ -145,8 +145,8 @@ class HatBatch {
       at.store(answers, as_answer<V>(accepts));
       const uint32_t bits = at.bits(complement(decided));
       open.set(at, bits);
-      gather_chosen(at, bits, at.load(place), open_places + opened);
-      opened += gather_chosen(at, bits, height_logarithm, open_logarithms + opened);
+      gather_chosen(bits, at.load(place), open_places + opened);
+      opened += gather_chosen(bits, height_logarithm, open_logarithms + opened);
     });
     if (opened == 0) return;
     target_.log_ratio(opened, open_places, open_answers);
@@ -162,6 +162,7 @@ class HatBatch {
 
   void place_in_tails(int32_t n, const double* u, const double* v, double* place, double* height) {
     double logarithm[kCandidates];
+    if (n == 0) return;
     kernels::ln.call(Level::high, n, v, logarithm);
     for_each_vector<V>(n, [&](auto at) {
       const Mask<V> to_left = at.load(u) <= V(hat_.p3);

@@ -82,9 +82,9 @@ class LogRatio {
     for_each_vector<V>(n, [&](auto at) { at.store(r, at.load(r) + (V(m_) - at.load(y)) * at.load(odds)); });
   }
   double one(double y) const {
-    double r;
-    (*this)(1, &y, &r);
-    return r;
+    double r[kWidth<F64>];
+    (*this)(1, &y, r);
+    return r[0];
   }
 
  private:

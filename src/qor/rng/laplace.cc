@@ -13,11 +13,11 @@ namespace {
 
 template <class T>
 bool block(Uniforms<T>& uniforms, int32_t n, T* r, T a, T beta) {
-  T w[2 * kBlock], selector[kBlock];
+  T w[2 * kBlock], u[kBlock], selector[kBlock];
   if (!uniforms.draw(2 * n, w)) return false;
   if (n < 0) return true;
-  split(n, w, r, selector);
-  kernels::ln(n, r, r);
+  split(n, w, u, selector);
+  kernels::ln(n, u, r);
   for (int32_t i = 0; i < n; ++i) r[i] = std::fma(selector[i] <= T(0.5) ? -beta : beta, r[i], a);
   return true;
 }

@@ -53,11 +53,11 @@ class MountainBatch {
       const uint32_t bits = at.bits(at_u > V(hat_.p1));
       tails.set(at, bits);
       at.store(y, V(hat_.xl) + at_u);
-      gather_chosen(at, bits, at_u, tail_u + in_tails);
-      in_tails += gather_chosen(at, bits, at.load(v), tail_v + in_tails);
+      gather_chosen(bits, at_u, tail_u + in_tails);
+      in_tails += gather_chosen(bits, at.load(v), tail_v + in_tails);
     });
     // In a tail the height of a candidate has a part of its own.
-    kernels::ln.call(Level::high, in_tails, tail_v, logarithm);
+    if (in_tails > 0) kernels::ln.call(Level::high, in_tails, tail_v, logarithm);
     for_each_vector<V>(in_tails, [&](auto at) {
       const Mask<V> to_left = at.load(tail_u) <= V(hat_.p2);
       const V rate = select(to_left, V(hat_.left), V(hat_.right)), beyond = at.load(logarithm) / rate;
@@ -79,7 +79,7 @@ class MountainBatch {
     int32_t kept = 0;
     for_each_vector<V>(count, [&](auto at) {
       const uint32_t accepted = at.bits(at.load(v) <= at.load(ratio)) & ~impossible(at);
-      kept += gather_chosen(at, accepted, at.load(y), out + kept);
+      kept += give_chosen(at, accepted, at.load(y), out + kept);
     });
     return kept;
   }

@@ -81,7 +81,7 @@ struct Walk {
           lanes = lanes & (at.load(u) > below_or_at_k) & (k < high);
         } while (!none(lanes));
       }
-      at.store(r, k);
+      at.give(r + at.first, k);
     });
   }
 };
@@ -167,9 +167,9 @@ class LogRatio {
     });
   }
   double one(double y) const {
-    double r;
-    (*this)(1, &y, &r);
-    return r;
+    double r[kWidth<F64>];
+    (*this)(1, &y, r);
+    return r[0];
   }
 
  private:

@@ -62,8 +62,8 @@ class PeakBatch {
       const uint32_t open = at.bits(complement(accepted));
       decision.set(at, accepted, open);
       at.store(y, select(place <= V(hat_.p1), V(0), V(1)));
-      gather_chosen(at, open, place, u + opened);
-      opened += gather_chosen(at, open, second, v + opened);
+      gather_chosen(open, place, u + opened);
+      opened += gather_chosen(open, second, v + opened);
     });
     if (opened > 0) decide(opened, u, v, open_y, answers);
     return decision.compress(count, y, open_y, answers, out);

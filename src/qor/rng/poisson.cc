@@ -116,7 +116,7 @@ bool by_normals(Uniforms<double>& uniforms, double mean, int32_t n, int32_t* r) 
   std::fill_n(means, std::clamp(n, 0, kCounts), mean);
   return for_each_block<kCounts>(n, [&](int32_t first, int32_t count) {
     if (!counts_of_drawn_normals(uniforms, count, means, counts)) return false;
-    for_each_vector<F64>(count, [&](auto at) { at.store(r + first, at.load(counts)); });
+    for_each_vector<F64>(count, [&](auto at) { at.give(r + first + at.first, at.load(counts)); });
     return true;
   });
 }

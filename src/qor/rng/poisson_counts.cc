@@ -66,7 +66,7 @@ void probabilities_below(int32_t n, const double* mean, const double* counts, do
 
 void OpenCounts::take(int32_t all, const double* x, double* list) const {
   int32_t taken = 0;
-  for_each_vector<V>(all, [&](auto at) { taken += gather_chosen(at, places(at), at.load(x), list + taken); });
+  for_each_vector<V>(all, [&](auto at) { taken += gather_chosen(places(at), at.load(x), list + taken); });
 }
 
 void OpenCounts::settle(const double* u) {
@@ -91,9 +91,9 @@ void counts_of_normals(int32_t n, const double* z, const double* mean, double er
     at.store(counts, k);
     const uint32_t bits = at.bits((k > low) & (k >= V(1)) & (k < V(kMostCount)));
     open.places.set(at, bits);
-    gather_chosen(at, bits, w, open.z + open.n);
-    gather_chosen(at, bits, lambda, open.mean + open.n);
-    open.n += gather_chosen(at, bits, k, open.count + open.n);
+    gather_chosen(bits, w, open.z + open.n);
+    gather_chosen(bits, lambda, open.mean + open.n);
+    open.n += gather_chosen(bits, k, open.count + open.n);
   });
 }
 

@@ -46,8 +46,8 @@ void direct(int32_t n, const double* u, const double* mean, double* counts) {
     at.store(counts, by_series(uniform, lambda, at.load(f), small));
     const uint32_t bits = at.bits(complement(small));
     larger.set(at, bits);
-    gather_chosen(at, bits, uniform, larger_u + many);
-    many += gather_chosen(at, bits, lambda, larger_mean + many);
+    gather_chosen(bits, uniform, larger_u + many);
+    many += gather_chosen(bits, lambda, larger_mean + many);
   });
   if (many == 0) return;
   constexpr double kError = 0x1p-24;  // of the inverse at enhanced performance
@@ -78,8 +78,8 @@ bool block(Uniforms<double>& uniforms, int32_t n, int32_t* r, const double* mean
     const V lambda = at.load(mean);
     const Mask<V> below = lambda < V(kDirectBelow);
     small.set(at, at.bits(below));
-    few += gather_chosen(at, at.bits(below), lambda, small_mean + few);
-    many += gather_chosen(at, at.bits(complement(below)), lambda, large_mean + many);
+    few += gather_chosen(at.bits(below), lambda, small_mean + few);
+    many += gather_chosen(at.bits(complement(below)), lambda, large_mean + many);
   });
   Expander<V> small_counts(small_count), large_counts(large_count);
   if (few > 0) {
@@ -94,7 +94,7 @@ bool block(Uniforms<double>& uniforms, int32_t n, int32_t* r, const double* mean
   }
   for_each_vector<V>(n, [&](auto at) {
     const uint32_t bits = small(at), others = at.bits(chosen<V>(~bits));
-    at.store(r, select(chosen<V>(bits), small_counts(bits), large_counts(others)));
+    at.give(r + at.first, select(chosen<V>(bits), small_counts(bits), large_counts(others)));
   });
   return true;
 }

@@ -9,32 +9,34 @@
 
 namespace orvik::qor {
 
-// The lanes of a vector at the elements from `first` on of as many arrays as a loop goes over.
+// The lanes of a vector at the elements from `first` on of as many arrays as a loop goes over. What it stores goes to
+// working arrays, whose sizes are multiples of the width; what it gives, to those of the caller.
 template <class V>
 struct Whole {
   static constexpr int32_t count = kWidth<V>;
   int32_t first;
 
   V load(const Element<V>* p) const { return orvik::load<V>(p + first); }
-  void store(Element<V>* p, V x) const { put(p + first, x); }
-  void store(int32_t* p, F64 whole) const { put(p + first, whole); }
   Pair<V> load_pairs(const Element<V>* p) const { return orvik::load_pairs<V>(p + 2 * first); }
-  void put(Element<V>* p, V x) const { orvik::store(p, x); }
-  void put(int32_t* p, F64 whole) const { orvik::store(p, to_integer(whole)); }
+  void store(Element<V>* p, V x) const { orvik::store(p + first, x); }
+  void store(int32_t* p, F64 whole) const { orvik::store(p + first, to_integer(whole)); }
+  void give(Element<V>* p, V x) const { orvik::store(p, x); }
+  void give(int32_t* p, F64 whole) const { orvik::store(p, to_integer(whole)); }
   uint32_t bits(Mask<V> mask) const { return lane_bits(mask); }
 };
 
-// What is left of the arrays; the other lanes hold 1.
+// What is left of the arrays; the other lanes hold 1. They are stored with the rest: a load soon after takes a whole
+// vector from the store before it and not from the cache.
 template <class V>
 struct Rest {
   int32_t first, count;
 
   V load(const Element<V>* p) const { return load_first(p + first, count, V(1)); }
-  void store(Element<V>* p, V x) const { put(p + first, x); }
-  void store(int32_t* p, F64 whole) const { put(p + first, whole); }
   Pair<V> load_pairs(const Element<V>* p) const { return load_first_pairs(p + 2 * first, count, V(1)); }
-  void put(Element<V>* p, V x) const { store_first(p, count, x); }
-  void put(int32_t* p, F64 whole) const {
+  void store(Element<V>* p, V x) const { orvik::store(p + first, x); }
+  void store(int32_t* p, F64 whole) const { orvik::store(p + first, to_integer(whole)); }
+  void give(Element<V>* p, V x) const { store_first(p, count, x); }
+  void give(int32_t* p, F64 whole) const {
     int32_t each[kWidth<F64>];
     orvik::store(each, to_integer(whole));
     for (int32_t k = 0; k < count; ++k) p[k] = each[k];
@@ -50,11 +52,17 @@ template <class V, class Body>
   if (i < n) body(Rest<V>{i, n - i});
 }
 
-// The chosen lanes one after the other to p, which may be what the vectors before have chosen: what follows them there
-// ends where the loop's arrays end. How many.
+// The chosen lanes of x behind those of the vectors before, to a list as long as a working array; how many. Lists may
+// take the place of an array that has been read.
+template <class V>
+[[gnu::always_inline]] inline int32_t gather_chosen(uint32_t bits, V x, Element<V>* p) {
+  store(p, compress(x, bits));
+  return how_many(bits);
+}
+// The same to the caller's results, which are at least as many as the loop goes over.
 template <class V, class At, class E>
-[[gnu::always_inline]] inline int32_t gather_chosen(At at, uint32_t bits, V x, E* p) {
-  at.put(p, compress(x, bits));
+[[gnu::always_inline]] inline int32_t give_chosen(At at, uint32_t bits, V x, E* r) {
+  at.give(r, compress(x, bits));
   return how_many(bits);
 }
 
@@ -133,7 +141,7 @@ class Decision {
     int32_t kept = 0;
     for_each_vector<V>(n, [&](auto at) {
       const uint32_t open = open_(at), accepted = accepted_(at) | (open & lane_bits(answer(open) > V(0)));
-      kept += gather_chosen(at, accepted, number(at, open), r + kept);
+      kept += give_chosen(at, accepted, number(at, open), r + kept);
     });
     return kept;
   }
@@ -147,12 +155,12 @@ template <class V, class Accepted>
   int32_t kept = 0;
   for_each_vector<V>(n, [&](auto at) {
     const V y = at.load(x);
-    kept += gather_chosen(at, at.bits(accepted(at, y)), y, r + kept);
+    kept += give_chosen(at, at.bits(accepted(at, y)), y, r + kept);
   });
   return kept;
 }
 
-// Pairs apart.
+// Pairs apart, to working arrays.
 template <class T>
 void split(int32_t pairs, const T* w, T* even, T* odd) {
   using V = VectorOf<T>;

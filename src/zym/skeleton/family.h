@@ -58,6 +58,17 @@ struct Knobs {
   uint32_t stray = 0;        // flags (kUnderflowFlag ...) that lanes may raise though the results do not: squares of tiny
                              // arguments, quotients that are cut. Then only element routines raise them.
   bool lanes_stand = false;  // special lanes compute as they are, and the element routine may leave what they gave
+  bool together = true;      // of 512 bits: the two vectors of a block side by side, step by step (lanes over Twice<V>),
+                             // so that one goes on while the other waits, and divides while the other multiplies; false
+                             // where both have too many numbers for the registers
+};
+
+// The same function over another lane type.
+template <class Fn, class W>
+struct Rebound;
+template <template <class, Level> class Fn, class V, Level L, class W>
+struct Rebound<Fn<V, L>, W> {
+  using type = Fn<W, L>;
 };
 
 // What a family struct has, by the names of its members, so that an overloaded or misspelt one is an error and not
@@ -80,6 +91,7 @@ struct FamilyTraits {
   ORVIK_HAS(filler)
   ORVIK_HAS(streams)
   ORVIK_HAS(lanes_stand)
+  ORVIK_HAS(together)
 #undef ORVIK_HAS
 
   static constexpr Knobs knobs = [] {
@@ -93,7 +105,8 @@ struct FamilyTraits {
   static_assert(has_lanes || has_element, "a family has lanes, or an element routine to loop over");
   static_assert(!has_special || has_element, "special lanes need an element routine");
   static_assert(!has_wide || has_special, "the second tier serves special lanes");
-  static_assert(!has_vectors && !has_filler && !has_streams && !has_lanes_stand, "knobs stand in `knobs`");
+  static_assert(!has_vectors && !has_filler && !has_streams && !has_lanes_stand && !has_together,
+                "knobs stand in `knobs`");
 };
 
 }  // namespace orvik::zym

@@ -231,6 +231,35 @@ struct Kernel {
     }
   }
 
+  // --- two vectors side by side -------------------------------------------------------------------------------------
+
+  static constexpr bool kTogether = kWide && kKnobs.together && !kStored;
+  static Twice<V> together(const V& low, const V& high) { return {low, high}; }
+  static Pair<Twice<V>> together(const Pair<V>& low, const Pair<V>& high) {
+    return {{low.first, high.first}, {low.second, high.second}};
+  }
+  [[gnu::always_inline]] static auto lanes_together(const Inputs& low, const Inputs& high, const Params& params) {
+    const auto both = [&](const auto&... y) __attribute__((always_inline)) {
+      return Rebound<Fn, Twice<V>>::type::lanes(y...);
+    };
+    if constexpr (kBinary) {
+      struct {
+        decltype(together(low.a, high.a)) a;
+        decltype(together(low.b, high.b)) b;
+      } const x = {together(low.a, high.a), together(low.b, high.b)};
+      return apply(both, x, params);
+    } else {
+      struct {
+        decltype(together(low.a, high.a)) a;
+      } const x = {together(low.a, high.a)};
+      return apply(both, x, params);
+    }
+  }
+  static V low_of(const Twice<V>& x) { return x.low; }
+  static V high_of(const Twice<V>& x) { return x.high; }
+  static Pair<V> low_of(const Pair<Twice<V>>& x) { return {x.first.low, x.second.low}; }
+  static Pair<V> high_of(const Pair<Twice<V>>& x) { return {x.first.high, x.second.high}; }
+
   template <class L>
   static L filled(Mask<V> mask, const L& x) {
     const V filler = V(E(kKnobs.filler));
@@ -462,18 +491,28 @@ struct Kernel {
         if (!none(mask)) [[unlikely]]
           return i;
       }
-      decltype(lanes(x[0], params)) r[N];
+      if constexpr (kTogether) {
+        const auto r = lanes_together(x[0], x[1], params);
+        if constexpr (kMasked) {
+          if (!none(r.special)) [[unlikely]]
+            return i;
+        }
+        store_at(i, low_of(value_of(r)));
+        store_at(i + kWidth<V>, high_of(value_of(r)));
+      } else {
+        decltype(lanes(x[0], params)) r[N];
 #pragma GCC unroll 8
-      for (int v = 0; v < N; ++v) r[v] = lanes(x[v], params);
-      if constexpr (kMasked) {
-        auto mask = r[0].special;
+        for (int v = 0; v < N; ++v) r[v] = lanes(x[v], params);
+        if constexpr (kMasked) {
+          auto mask = r[0].special;
 #pragma GCC unroll 8
-        for (int v = 1; v < N; ++v) mask = mask | r[v].special;
-        if (!none(mask)) [[unlikely]]
-          return i;
+          for (int v = 1; v < N; ++v) mask = mask | r[v].special;
+          if (!none(mask)) [[unlikely]]
+            return i;
+        }
+#pragma GCC unroll 8
+        for (int v = 0; v < N; ++v) store_at(i + v * kWidth<V>, value_of(r[v]));
       }
-#pragma GCC unroll 8
-      for (int v = 0; v < N; ++v) store_at(i + v * kWidth<V>, value_of(r[v]));
     }
     return i;
   }

@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "lanes/estimates.h"
+#include "lanes/quotients.h"
 #include "orvik/zym_types.h"
 #include "zym/kernels/arc/coefficients.h"
 #include "zym/kernels/arc/constants.h"
@@ -28,15 +29,16 @@ constexpr const auto& sine_coefficients() {
 }
 
 // sqrt(s), 2^-54 <= s <= 1/2. Estimated, of doubles: within 2^-34, by fewer cycles than the root instruction's, which
-// leaves other instructions more of them.
-template <bool Estimated, class V>
+// leaves other instructions more of them. HA has so much else to do that the instruction costs nothing.
+template <bool Estimated, Level L, class V>
 [[gnu::always_inline]] inline V half_angle_root(V s) {
   if constexpr (Estimated) {
     const V y = inverse_root_estimate(s);
     const V root = s * y;
     return root * horner(fnma(root, y, V(1.0)), roots::kInverseRootShort);
   } else {
-    return sqrt(s);
+    if constexpr (L == Level::HA) return sqrt(s);
+    return orvik::root(s);
   }
 }
 
@@ -53,7 +55,7 @@ struct HalfAngle {
     const V half = V(E(0.5));
     wide = a > half;
     const V s = fnma(a, half, half);
-    const V root = half_angle_root<Estimated>(s);
+    const V root = half_angle_root<Estimated, L>(s);
     const V w = min(root, a);
     const V z = min(safe_square<L == Level::HA>(a), s);
     const auto& c = sine_coefficients<V, L, U>();
@@ -172,7 +174,9 @@ struct ArcCosine {
 // dAsin HA: 0.5685 ulp at -0x1.e3e7e6ee106a4p-2
 // dAsin EP: 26.61 bits at -0x1.0001ec3b19d4cp-1
 template <class V, Level L>
-struct Asin : arc::ArcSine<V, L, Unit::radian> {};
+struct Asin : arc::ArcSine<V, L, Unit::radian> {
+  static constexpr Knobs knobs = {.together = Double<V> && L != Level::EP};
+};
 // sAsinpi LA: 2.9371 ulp at 0x1.177efep-1
 // sAsinpi HA: 0.5751 ulp at -0x1.14d188p-1
 // sAsinpi EP: 13.69 bits at -0x1.00007p-1
@@ -180,7 +184,9 @@ struct Asin : arc::ArcSine<V, L, Unit::radian> {};
 // dAsinpi HA: 0.6650 ulp at -0x1.58b04d16c2569p-1021
 // dAsinpi EP: 26.61 bits at -0x1.0001ec3b19d4cp-1
 template <class V, Level L>
-struct Asinpi : arc::ArcSine<V, L, Unit::half_turn> {};
+struct Asinpi : arc::ArcSine<V, L, Unit::half_turn> {
+  static constexpr Knobs knobs = {.together = Double<V> && L == Level::LA};
+};
 // sAcos LA: 1.2612 ulp at -0x1.003818p-1
 // sAcos HA: 0.5641 ulp at 0x1.2306dp-1
 // sAcos EP: 14.69 bits at 0x1.41affap-1
@@ -188,7 +194,9 @@ struct Asinpi : arc::ArcSine<V, L, Unit::half_turn> {};
 // dAcos HA: 0.5498 ulp at 0x1.2c848eefb7846p-1
 // dAcos EP: 27.62 bits at 0x1.10f222059ebcep-1
 template <class V, Level L>
-struct Acos : arc::ArcCosine<V, L, Unit::radian> {};
+struct Acos : arc::ArcCosine<V, L, Unit::radian> {
+  static constexpr Knobs knobs = {.together = Double<V> && L != Level::HA};
+};
 // sAcospi LA: 2.4558 ulp at 0x1.6de6e2p-1
 // sAcospi HA: 0.5366 ulp at 0x1.92102cp-1
 // sAcospi EP: 14.69 bits at 0x1.421394p-1
@@ -196,6 +204,8 @@ struct Acos : arc::ArcCosine<V, L, Unit::radian> {};
 // dAcospi HA: 0.5315 ulp at 0x1.90c4b7c93a8b6p-1
 // dAcospi EP: 27.62 bits at 0x1.10f222059ebcep-1
 template <class V, Level L>
-struct Acospi : arc::ArcCosine<V, L, Unit::half_turn> {};
+struct Acospi : arc::ArcCosine<V, L, Unit::half_turn> {
+  static constexpr Knobs knobs = {.together = Double<V> && L != Level::HA};
+};
 
 }  // namespace orvik::zym

@@ -181,7 +181,9 @@ struct ArcTangent {
 // dAtan HA: 0.5229 ulp at 0x1.f6d448cd2be4p-3
 // dAtan EP: 30.83 bits at -0x1.119a4a59aba8p-2
 template <class V, Level L>
-struct Atan : arc::ArcTangent<V, L, Unit::radian> {};
+struct Atan : arc::ArcTangent<V, L, Unit::radian> {
+  static constexpr Knobs knobs = {.together = L == Level::HA};
+};
 // sAtanpi LA: 2.3050 ulp at 0x1.3e74cp-2
 // sAtanpi HA: 0.5620 ulp at 0x1.1202fap-4
 // sAtanpi EP: 13.88 bits at -0x1.e5f5bap-1
@@ -189,6 +191,8 @@ struct Atan : arc::ArcTangent<V, L, Unit::radian> {};
 // dAtanpi HA: 0.6650 ulp at -0x1.58b04d16c2569p-1021
 // dAtanpi EP: 30.46 bits at -0x1.2ed68dc05c5ep-2
 template <class V, Level L>
-struct Atanpi : arc::ArcTangent<V, L, Unit::half_turn> {};
+struct Atanpi : arc::ArcTangent<V, L, Unit::half_turn> {
+  static constexpr Knobs knobs = {.together = L == Level::HA};
+};
 
 }  // namespace orvik::zym

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "lanes/ordered.h"
+#include "lanes/quotients.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym {
@@ -38,9 +39,9 @@ struct Mul {
 
 template <class V, Level>
 struct LinearFrac {
-  static constexpr Knobs knobs = {.streams = true};
+  static constexpr Knobs knobs = {.streams = true, .together = true};
   static V lanes(V a, V b, const Fraction<Element<V>>& f) {
-    return fma(a, V(f.scaleA), V(f.shiftA)) / fma(b, V(f.scaleB), V(f.shiftB));
+    return divided_exactly(fma(a, V(f.scaleA), V(f.shiftA)), fma(b, V(f.scaleB), V(f.shiftB)));
   }
 };
 

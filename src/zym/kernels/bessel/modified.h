@@ -65,7 +65,7 @@ template <int Order, class V>
 struct Modified {
   using E = Element<V>;
   using Of = ModifiedOf<Order>;
-  static constexpr Knobs knobs = {.vectors = 2, .stray = kUnderflowFlag};
+  static constexpr Knobs knobs = {.vectors = 2, .stray = kUnderflowFlag, .together = Double<V>};
   static constexpr E kOverflow = Single<V> ? E(Of::overflow32) : E(Of::overflow64);
 
   static auto special(V x) { return magnitude_above < Single<V> ? 0x41FDFFFFu : 0x403FBFFFu > (x); }

@@ -207,7 +207,7 @@ inline bool changes_sign(Order p) { return p.order < 0 && p.order % 2 != 0; }
 // dJn HA: 0.6667 ulp at order 3, 0x1.0000000000001p-339
 template <class V, Level L>
 struct Jn {
-  static constexpr Knobs knobs = {.vectors = 1, .stray = kUnderflowFlag};
+  static constexpr Knobs knobs = {.vectors = 1, .stray = kUnderflowFlag, .together = false};
   using E = Element<V>;
 
   static auto special(V x, Order) { return not_finite(x); }

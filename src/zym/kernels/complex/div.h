@@ -40,14 +40,7 @@ template <class V>
 // of 0 may be.
 template <int Range, class V>
 Mask<V> far_from_1(Pair<V> x, Pair<V> y) {
-  constexpr int kBias = Format<V>::bias, kShift = Single<V> ? 23 : 20;
-  constexpr uint32_t kFirst = static_cast<uint32_t>(kBias - Range) << kShift,
-                     kLast = (static_cast<uint32_t>(kBias + Range) << kShift) - 1;
-  constexpr uint32_t kMove = 0x80000000u - kFirst;
-  const auto far = [](Pair<V> z) {
-    return Mask<V>(Above<V, static_cast<int32_t>(kLast + kMove)>{add_to_words(larger_part(z), kMove)});
-  };
-  return far(y) | andnot(zero(x), far(x));
+  return far_from_1<Range>(y) | andnot(zero(x), far_from_1<Range>(x));
 }
 
 template <class E>
@@ -96,7 +89,7 @@ struct Div;
 // cDiv HA: 0.7072 ulp norm at -0x0p+0, 0x1.7a6ap-131, -0x1p+3, -0x1p+3
 template <Single V>
 struct Div<V, Level::HA> : DivElement<float> {
-  static constexpr Knobs knobs = {.vectors = 1};
+  static constexpr Knobs knobs = {.vectors = 1, .together = false};
   static Mask<V> special(Pair<V> x, Pair<V> y) { return not_finite(x) | not_finite(y) | zero(y); }
   static auto lanes(Pair<V> x, Pair<V> y) {
     const Pair<V> r = by_halves(

@@ -91,7 +91,7 @@ struct Ln;
 // cLn EP: 14.79 bits norm at 0x1.eee8ap-1, -0x1.065ea8p-2
 template <Single V, Level L>
 struct Ln<V, L> : LnElement<float> {
-  static constexpr Knobs knobs = {.vectors = 1, .stray = kUnderflowFlag};
+  static constexpr Knobs knobs = {.vectors = 1, .stray = kUnderflowFlag, .together = false};
   static auto special(Pair<V> z) { return Atan2<V, L>::special(z.second, z.first); }
   static Pair<V> lanes(Pair<V> z) { return {log_magnitude(z), Atan2<V, L>::lanes(z.second, z.first)}; }
   static Masked<Pair<V>, Mask<V>> wide(Pair<V> z) {

@@ -44,8 +44,9 @@ struct ProductOf {
   using E = Element<V>;
   using C = Complex<E>;
   // Tails of products may underflow where the result does not.
-  static constexpr Knobs knobs = {
-      .vectors = L == Level::HA ? 1 : 2, .stray = (L == Level::HA ? kUnderflowFlag : 0) | kSevereFlags};
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 1 : 2,
+                                  .stray = (L == Level::HA ? kUnderflowFlag : 0) | kSevereFlags,
+                                  .together = L == Level::HA};
 
   static auto lanes(Pair<V> x, Pair<V> y) {
     const Pair<V> r = product<Conjugate, L>(x, y);

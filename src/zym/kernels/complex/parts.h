@@ -23,6 +23,15 @@ template <class V>
 Integer<V> larger_part(Pair<V> z) {
   return larger_words(as_bits(magnitude(z.first)), as_bits(magnitude(z.second)));
 }
+// The larger magnitude is outside 2^-Range .. 2^Range.
+template <int Range, class V>
+Mask<V> far_from_1(Pair<V> z) {
+  constexpr int kBias = Format<V>::bias, kShift = Single<V> ? 23 : 20;
+  constexpr uint32_t kFirst = static_cast<uint32_t>(kBias - Range) << kShift,
+                     kLast = (static_cast<uint32_t>(kBias + Range) << kShift) - 1;
+  constexpr uint32_t kMove = 0x80000000u - kFirst;
+  return Mask<V>(Above<V, static_cast<int32_t>(kLast + kMove)>{add_to_words(larger_part(z), kMove)});
+}
 template <class V>
 Mask<V> zero(Pair<V> z) {
   return (z.first == V(Element<V>(0))) & (z.second == V(Element<V>(0)));

@@ -1,8 +1,9 @@
 // Square root of z = x + i y (Hull, Fairgrieve, Tang 1994): w = sqrt((|x| + |z|) / 2) and v = |y| / (2 w) are the
 // parts, w the real one where x is not negative; the imaginary one has the sign of y, also on the cut. Floats at the
-// highest level in 64-bit arithmetic; doubles there in two parts, one element at a time.
+// highest level in 64-bit arithmetic; doubles there in two parts.
 #pragma once
 
+#include "lanes/quotients.h"
 #include "zym/kernels/complex/parts.h"
 #include "zym/kernels/roots/hypot.h"
 #include "zym/kernels/roots/sqrt.h"
@@ -30,26 +31,34 @@ C limit_root(const C& z) {
   return {0, quiet(z.im)};  // a denormal that counts as zero becomes one
 }
 
-// w of two parts, each within 2^-60 before it is rounded, and v; the larger part between 2^-500 and 2^500.
+// w of two parts, within 2^-60 before they are rounded, and v; the larger part between 2^-500 and 2^500, lanes of 512
+// bits between 2^-450 and 2^450.
+template <class V>
 struct RootParts {
-  HeadTail<double> w;
-  double v;
+  HeadTail<V> w;
+  V twice, inverse;
 
-  RootParts(double x, double y) {
-    const HeadTail<double> p = two_square(max(x, y)), q = two_square(min(x, y));
-    const HeadTail<double> s = fast_two_sum(p.head, q.head);
-    const double m = std::sqrt(s.head);
-    const double m_tail = (fnma(m, m, s.head) + (s.tail + (p.tail + q.tail))) * (0.5 / m);
-    const HeadTail<double> sum = two_sum(x, m);
-    w.head = std::sqrt(sum.head * 0.5);
-    const double inverse = 0.5 / w.head;
-    w.tail = (fnma(w.head, w.head, sum.head * 0.5) + (sum.tail + m_tail) * 0.5) * inverse;
-    // The residue of what is too tiny would underflow.
-    const double twice = 2 * w.head;
-    v = y * inverse;
-    v = y > 0x1p-900 ? v + (fnma(v, twice, y) - v * (2 * w.tail)) * inverse : y / (twice + 2 * w.tail);
+  [[gnu::always_inline]] RootParts(V x, V y) {
+    const V half = V(0.5);
+    const HeadTail<V> p = two_square(max(x, y)), q = two_square(min(x, y));
+    const HeadTail<V> s = fast_two_sum(p.head, q.head);
+    const V m = root(s.head);
+    const V m_tail = (fnma(m, m, s.head) + (s.tail + (p.tail + q.tail))) * divided(half, m);
+    const HeadTail<V> sum = two_sum(x, m);
+    w.head = root(sum.head * half);
+    inverse = divided(half, w.head);
+    w.tail = (fnma(w.head, w.head, sum.head * half) + (sum.tail + m_tail) * half) * inverse;
+    twice = w.head + w.head;
   }
+  [[gnu::always_inline]] V larger() const { return w.head + w.tail; }
+  // y / (2 w). The residue of what is too tiny would underflow.
+  [[gnu::always_inline]] V smaller(V y) const {
+    const V v = y * inverse;
+    return v + (fnma(v, twice, y) - v * (w.tail + w.tail)) * inverse;
+  }
+  V smaller_of_tiny(V y) const { return y / (twice + (w.tail + w.tail)); }
 };
+inline constexpr double kTinyPart = 0x1p-900;
 
 inline ZymComplexDouble finite_root(ZymComplexDouble z) {
   const double x = std::fabs(z.re), y = std::fabs(z.im), larger = max(x, y);
@@ -58,16 +67,16 @@ inline ZymComplexDouble finite_root(ZymComplexDouble z) {
     real = std::sqrt(x);
     v = 0;
   } else if (larger > 0x1p-500 && larger < 0x1p500) [[likely]] {
-    const RootParts root(x, y);
-    real = root.w.head + root.w.tail;
-    v = root.v;
+    const RootParts<double> parts(x, y);
+    real = parts.larger();
+    v = y > kTinyPart ? parts.smaller(y) : parts.smaller_of_tiny(y);
   } else {
     // An even power of two brings the larger part to 1 .. 4; a smaller one that this makes inexact is taken as it was.
     const int e = exponent(z) & ~1;
     const double u = std::scalbn(y, -e);
-    const RootParts root(std::scalbn(x, -e), u);
-    real = std::scalbn(root.w.head + root.w.tail, e / 2);
-    v = u > 0x1p-900 ? std::scalbn(root.v, e / 2) : y / (2 * real);
+    const RootParts<double> parts(std::scalbn(x, -e), u);
+    real = std::scalbn(parts.larger(), e / 2);
+    v = u > kTinyPart ? std::scalbn(parts.smaller(u), e / 2) : y / (2 * real);
   }
   const bool left = is_negative(z.re);
   return {left ? v : real, std::copysign(left ? real : v, z.im)};
@@ -94,7 +103,7 @@ struct Sqrt;
 // cSqrt HA: 0.7075 ulp norm at 0x1.06bc2p-101, 0x1.50c4d6p+123
 template <Single V>
 struct Sqrt<V, Level::HA> : SqrtElement<float> {
-  static constexpr Knobs knobs = {.vectors = 1};
+  static constexpr Knobs knobs = {.vectors = 1, .together = false};
   static Mask<V> special(Pair<V> z) { return not_finite(z) | zero(z); }
   // Roots of 35 bits; squares of floats are within the range of doubles.
   static Pair<V> lanes(Pair<V> z) {
@@ -129,9 +138,20 @@ struct Sqrt<V, Level::LA> : SqrtElement<Element<V>> {
   }
 };
 
-// One element after another.
 // zSqrt HA: 0.7071 ulp norm at 0x1.6d8c384e79bb4p+73, -0x1.bb6053bdfc9c5p+679
 template <Double V>
-struct Sqrt<V, Level::HA> : SqrtElement<double> {};
+struct Sqrt<V, Level::HA> : SqrtElement<double> {
+  static constexpr Knobs knobs = {.vectors = 1};
+  static Mask<V> special(Pair<V> z) {
+    const V y = magnitude(z.second);
+    return far_from_1<450>(z) | (andnot(y > V(kTinyPart), y > V(0.0)));
+  }
+  static Pair<V> lanes(Pair<V> z) {
+    const V y = magnitude(z.second);
+    RootParts<V> parts(magnitude(z.first), y);
+    parts.w.tail = keep(y > V(0.0), parts.w.tail);  // of a real number the head is the root, rounded
+    return placed_root(parts.larger(), parts.smaller(y), z);
+  }
+};
 
 }  // namespace orvik::zym::complex

@@ -65,7 +65,7 @@ template <Double V>
 template <class V, Level L>
 struct Erfcx {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.vectors = Single<V> ? 2 : 1};
+  static constexpr Knobs knobs = {.vectors = Single<V> ? 2 : 1, .together = Double<V>};
 
   // One test for both ends: of the distance from their middle.
   static auto special(V x) {

@@ -143,7 +143,7 @@ struct ExpInt1<V, L> {
 // sExpInt1 HA: 0.5988 ulp at 0x1.044e0ep+5
 template <Single V, Level L>
 struct ExpInt1<V, L> {
-  static constexpr Knobs knobs = {.vectors = L == Level::EP ? 2 : 1};
+  static constexpr Knobs knobs = {.vectors = L == Level::EP ? 2 : 1, .together = L != Level::EP};
 
   // [2^-6, 82) at EP, where the results are normal numbers; up to 104 otherwise, where they are 0.
   static auto special(V x) { return outside < 0x3C800000u, L == Level::EP ? 0x42A3FFFFu : 0x42CFFFFFu > (x); }

@@ -7,6 +7,7 @@
 
 #include <limits>
 
+#include "lanes/quotients.h"
 #include "orvik/zym_types.h"
 #include "zym/kernels/hyperbolic/coefficients.h"
 #include "zym/kernels/hyperbolic/constants.h"
@@ -118,7 +119,7 @@ template <class V>
 template <class V, Level L>
 struct Asinh {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4};
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .together = Double<V>};
   static auto special(V x) { return magnitude_above<hyperbolic::kLastWord<V>>(x); }
 
   static V lanes(V x) { return join_sign(of_magnitude(magnitude(x), V(E(0))), x); }
@@ -147,7 +148,7 @@ struct Asinh {
     const V one = V(E(1)), zero = V(E(0));
     const V b = min(a, V(hyperbolic::kSquared<E>));
     if constexpr (L != Level::HA) {
-      return hyperbolic::from_cosine_and_sine<L, V>({max(sqrt(fma(b, b, one)), a), zero}, {a, zero});
+      return hyperbolic::from_cosine_and_sine<L, V>({max(root(fma(b, b, one)), a), zero}, {a, zero});
     } else {
       const V square = safe_square<false>(b);
       const V larger = max(square, one), smaller = min(square, one);
@@ -168,7 +169,8 @@ struct Asinh {
 template <class V, Level L>
 struct Acosh {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .filler = 1.5};
+  static constexpr Knobs knobs = {
+      .vectors = L == Level::HA ? 2 : 4, .filler = 1.5, .together = Double<V> && L != Level::HA};
   static auto special(V x) { return outside < Single<V> ? 0x3F800000u : 0x3FF00000u, hyperbolic::kLastWord < V >> (x); }
 
   static V lanes(V x) { return of(x, V(E(0))); }
@@ -200,7 +202,7 @@ struct Acosh {
     const V b = min(x, V(hyperbolic::kSquared<E>));
     if constexpr (L != Level::HA) {
       const V d = b - one;
-      return hyperbolic::from_cosine_and_sine<L, V>({x, zero}, {sqrt(fma(d, d, d + d)) + (x - b), zero});
+      return hyperbolic::from_cosine_and_sine<L, V>({x, zero}, {root(fma(d, d, d + d)) + (x - b), zero});
     } else {
       const HeadTail<V> square = two_square(b);
       HeadTail<V> difference = fast_two_sum(square.head, V(E(-1)));
@@ -220,7 +222,7 @@ struct Acosh {
 template <class V, Level L>
 struct Atanh {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4};
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .together = L == Level::HA};
   // From 1 - 2^-22 or 1 - 2^-21 on: the power of two with 1 added would be rounded.
   static auto special(V x) { return magnitude_above < Single<V> ? 0x3F7FFFFBu : 0x3FEFFFFEu > (x); }
 

@@ -57,7 +57,7 @@ int32_t outside_domain(E* r) {
 template <class V, Level L>
 struct ErfInv {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 1 : 2};
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 1 : 2, .together = Single<V> || L == Level::EP};
 
   // Below 2^-24 the slope at 0 is all there is, and at every level it is worth having exactly.
   static auto special(V x) requires Single<V> { return outside_magnitude<0x33800000u, 0x3F7FFFFFu>(x); }
@@ -119,7 +119,7 @@ struct ErfInv {
 template <class V, Level L>
 struct ErfcInv {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 1 : 2};
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 1 : 2, .together = Single<V> || L == Level::EP};
 
   static auto special(V x) {
     return outside < inverse_error::kFirstWord<V>, Single<V> ? 0x3FFFFFFFu : 0x3FFFFFFFu > (x);
@@ -179,7 +179,7 @@ struct ErfcInv {
 template <class V, Level L>
 struct CdfNormInv {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 1 : 2};
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 1 : 2, .together = Single<V> || L == Level::EP};
 
   static auto special(V x) {
     return outside < inverse_error::kFirstWord<V>, Single<V> ? 0x3F7FFFFFu : 0x3FEFFFFFu > (x);

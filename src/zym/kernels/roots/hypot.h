@@ -1,6 +1,7 @@
 // sqrt(a^2 + b^2): the sum of squares, then as the square root. At HA the sum is carried in two parts.
 #pragma once
 
+#include "lanes/quotients.h"
 #include "zym/kernels/roots/sqrt.h"
 
 namespace orvik::zym {
@@ -34,7 +35,7 @@ auto hypot_special(V s) {
 }
 template <class V>
 using HypotLanes = Masked<V, decltype(hypot_special(V()))>;
-inline constexpr Knobs kHypotKnobs = {.vectors = 2, .stray = kUnderflowFlag | kSevereFlags};
+inline constexpr uint32_t kHypotStray = kUnderflowFlag | kSevereFlags;
 
 template <class E, class Finite>
 int32_t hypot_element(E a, E b, E* r, Finite finite) {
@@ -53,7 +54,7 @@ int32_t hypot_element(E a, E b, E* r, Finite finite) {
 // sHypot EP: 11.58 bits at -0x1.5p+4, 0x1.2p+3
 template <Single V, Level L>
 struct Hypot<V, L> {
-  static constexpr Knobs knobs = kHypotKnobs;
+  static constexpr Knobs knobs = {.vectors = 2, .stray = kHypotStray, .together = L != Level::EP};
 
   static HypotLanes<V> lanes(V a, V b) {
     if constexpr (L == Level::HA) {
@@ -82,13 +83,13 @@ struct Hypot<V, L> {
 // dHypot EP: 34.92 bits at -0x0.00000058be6c9p-1022, -0x1.0570baca74e78p+7
 template <Double V, Level L>
 struct Hypot<V, L> {
-  static constexpr Knobs knobs = kHypotKnobs;
+  static constexpr Knobs knobs = {.vectors = 2, .stray = kHypotStray, .together = L != Level::EP};
 
   static HypotLanes<V> lanes(V a, V b) {
     if constexpr (L == Level::HA) {
       // The rounded root g, and what it lacks by the estimate of 1/g.
       const SquareSum<V> sum(a, b);
-      const V g = sqrt(sum.s);
+      const V g = root(sum.s);
       return {fma(fnma(g, g, sum.s) + sum.low, half_of(roots::inverse_root(sum.s)), g), hypot_special(sum.s)};
     } else {
       const V s = fma(a, a, b * b);

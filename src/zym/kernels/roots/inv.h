@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "lanes/quotients.h"
 #include "lanes/scalar.h"
 #include "orvik/zym_types.h"
 #include "zym/kernels/roots/estimate.h"
@@ -80,14 +81,16 @@ struct Inv : InvElement<Element<V>> {
 // dInv HA: 0.5000 ulp at 0x1.fffffffffffffp-1019
 template <class V>
 struct Inv<V, Level::HA> : InvElement<Element<V>> {
+  static constexpr Knobs knobs = {.together = true};
   static Mask<V> special(V x) { return x == V(0.0f); }
-  static V lanes(V x) { return V(1.0f) / x; }
+  static V lanes(V x) { return divided_exactly(V(1.0f), x); }
 };
 
 template <class V>
 struct HardwareDiv : DivElement<Element<V>> {
+  static constexpr Knobs knobs = {.together = true};
   static Mask<V> special(V, V b) { return b == V(0.0f); }
-  static V lanes(V a, V b) { return a / b; }
+  static V lanes(V a, V b) { return divided_exactly(a, b); }
 };
 
 // The dividend comes in by one last multiplication, so that every one of them is plain.

@@ -1,6 +1,7 @@
 // x^(3/2): x times the root, at HA with what the rounding of both lost.
 #pragma once
 
+#include "lanes/quotients.h"
 #include "zym/kernels/roots/sqrt.h"
 
 namespace orvik::zym {
@@ -65,11 +66,11 @@ struct Pow3o2<V, L> {
 // dPow3o2 EP: 34.92 bits at 0x1.2eeed50d65d8bp-51
 template <Double V, Level L>
 struct Pow3o2<V, L> {
-  static constexpr Knobs knobs = {.vectors = 2};
+  static constexpr Knobs knobs = {.vectors = 2, .together = L == Level::HA};
   static auto special(V x) { return outside<0x1A700000, 0x6A8FFFFF>(x); }  // [2^-600, 2^682)
 
   static V lanes(V x) {
-    if constexpr (L == Level::HA) return pow3o2_by_root(x, sqrt(x));
+    if constexpr (L == Level::HA) return pow3o2_by_root(x, root(x));
     const V y = roots::inverse_root(x);
     const V s = x * y;
     const V d = fnma(s, y, V(1.0));

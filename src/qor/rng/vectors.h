@@ -25,13 +25,14 @@ struct Whole {
   uint32_t bits(Mask<V> mask) const { return lane_bits(mask); }
 };
 
-// What is left of the arrays; the other lanes hold 1. They are stored with the rest: a load soon after takes a whole
-// vector from the store before it and not from the cache.
+// What is left of the arrays; the other lanes hold harmless numbers. They are stored with the rest: a load soon after
+// takes a whole vector from the store before it and not from the cache.
 template <class V>
 struct Rest {
   int32_t first, count;
 
-  V load(const Element<V>* p) const { return load_first(p + first, count, V(1)); }
+  // A number alone in all lanes: a masked load waits until what was stored by elements is in the cache.
+  V load(const Element<V>* p) const { return count == 1 ? V(p[first]) : load_first(p + first, count, V(1)); }
   Pair<V> load_pairs(const Element<V>* p) const { return load_first_pairs(p + 2 * first, count, V(1)); }
   void store(Element<V>* p, V x) const { orvik::store(p + first, x); }
   void store(int32_t* p, F64 whole) const { orvik::store(p + first, to_integer(whole)); }

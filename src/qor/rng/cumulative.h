@@ -33,12 +33,16 @@ struct CumulativeTable {
   // Numbers of at most kBlock uniforms: found(i, k). Most walks end within two steps, which are taken without a branch.
   template <class Found>
   void find(int32_t n, const double* u, Found found) const {
-    int32_t cells[kBlock];
-    for_each_vector<F64>(n, [&](auto at) {
-      const F64 cell = min(max(at.load(u) * F64(kCells), F64(0)), F64(kCells - 1));
-      at.store(cells, round<Direction::down>(cell));
-    });
-    for (int32_t i = 0; i < n; ++i) {
+    using V = F64;
+    int32_t cells[kBlock], i = 0;
+    const auto cell = [](auto x) {
+      using X = decltype(x);
+      return min(max(x * X(kCells), X(0)), X(kCells - 1));
+    };
+    for (; n - i >= kWidth<V>; i += kWidth<V>)
+      store(cells + i, to_integer(round<Direction::down>(cell(load<V>(u + i)))));
+    for (; i < n; ++i) cells[i] = static_cast<int32_t>(cell(u[i]));  // a call for one number waits for it
+    for (i = 0; i < n; ++i) {
       int64_t k = first[cells[i]];
       for (int step = 0; step < 2; ++step) k += u[i] > below_or_at[k];
       while (u[i] > below_or_at[k]) ++k;

@@ -22,6 +22,7 @@ struct Whole {
   void store(int32_t* p, F64 whole) const { orvik::store(p + first, to_integer(whole)); }
   void give(Element<V>* p, V x) const { orvik::store(p, x); }
   void give(int32_t* p, F64 whole) const { orvik::store(p, to_integer(whole)); }
+  void give_pairs(Element<V>* p, Pair<V> x) const { store_pairs(p, x); }
   uint32_t bits(Mask<V> mask) const { return lane_bits(mask); }
 };
 
@@ -37,6 +38,7 @@ struct Rest {
   void store(Element<V>* p, V x) const { orvik::store(p + first, x); }
   void store(int32_t* p, F64 whole) const { orvik::store(p + first, to_integer(whole)); }
   void give(Element<V>* p, V x) const { store_first(p, count, x); }
+  void give_pairs(Element<V>* p, Pair<V> x) const { store_first_pairs(p, count, x); }
   void give(int32_t* p, F64 whole) const {
     int32_t each[kWidth<F64>];
     orvik::store(each, to_integer(whole));

@@ -229,6 +229,9 @@ enum { ORVIK_ROWS = 0, ORVIK_COLUMNS = 1 };
   orvik_status orvik_##d##_stream_quantiles_query(orvik_##d##_stream_quantiles* s, int64_t m, const real* orders,       \
                                                   real* r);                                                             \
   orvik_status orvik_##d##_stream_quantiles_dimension(const orvik_##d##_stream_quantiles* s, int64_t* p);               \
+  /* As with streams: what comes after a load is what comes without. */                                                 \
+  orvik_status orvik_##d##_stream_quantiles_save(const orvik_##d##_stream_quantiles* s, void* memory, int64_t* size);   \
+  orvik_status orvik_##d##_stream_quantiles_load(orvik_##d##_stream_quantiles** s, const void* memory, int64_t size);   \
   void orvik_##d##_stream_quantiles_delete(orvik_##d##_stream_quantiles* s);                                            \
   /* Each variable in ascending order, NaN last, to r of the same layout, which may be x. */                            \
   orvik_status orvik_##d##_sort(int64_t n, int64_t p, const real* x, int32_t layout, real* r);                          \

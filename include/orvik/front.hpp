@@ -172,6 +172,10 @@ struct C;
     static constexpr auto stream_quantiles_new = orvik_##d##_stream_quantiles_new;       \
     static constexpr auto stream_quantiles_update = orvik_##d##_stream_quantiles_update; \
     static constexpr auto stream_quantiles_query = orvik_##d##_stream_quantiles_query;   \
+    static constexpr auto stream_quantiles_dimension =                                   \
+        orvik_##d##_stream_quantiles_dimension;                                          \
+    static constexpr auto stream_quantiles_save = orvik_##d##_stream_quantiles_save;     \
+    static constexpr auto stream_quantiles_load = orvik_##d##_stream_quantiles_load;     \
     static constexpr auto stream_quantiles_delete = orvik_##d##_stream_quantiles_delete; \
     static constexpr auto sort = orvik_##d##_sort;                                       \
     static constexpr auto weighted_median = orvik_##d##_weighted_median;                 \
@@ -585,10 +589,23 @@ class StreamQuantiles {
     detail::check(F::stream_quantiles_query(owned_.get(), detail::length(orders.size()), orders.data(), r.data()));
     return r;
   }
+  std::int64_t dimension() const { return p_; }
+  std::vector<std::byte> save() const {
+    return detail::image(
+        [this](void* memory, std::int64_t* size) { return F::stream_quantiles_save(owned_.get(), memory, size); });
+  }
+  static StreamQuantiles load(std::span<const std::byte> image) {
+    typename F::StreamQuantiles* s = nullptr;
+    detail::check(F::stream_quantiles_load(&s, image.data(), detail::length(image.size())));
+    return StreamQuantiles(Handle(s));
+  }
 
  private:
   using F = detail::C<T>;
   using Handle = detail::Owned<typename F::StreamQuantiles, F::stream_quantiles_delete>;
+  explicit StreamQuantiles(Handle&& owned) : owned_(std::move(owned)) {
+    detail::check(F::stream_quantiles_dimension(owned_.get(), &p_));
+  }
   std::int64_t p_;
   Handle owned_;
 };

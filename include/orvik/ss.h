@@ -170,6 +170,14 @@ int32_t __qoriSSEditTask(OrvikSSTask task, int32_t id, const void* value);
 int32_t __qorSSDeleteTask(OrvikSSTask* task);
 int32_t __qorSQuantilesFreeBuffers(OrvikSSTask task);
 
+/* What a task keeps of its streams, as an image in memory. Null memory stores the size needed; too little room is -4002. An image goes to
+ * a task of as many variables and the same precision, with the bits that follow; what is damaged is
+ * ORVIK_QOR_IMAGE_BAD_FORMAT, and the task stays as it was. The image has no checksum: that is its keeper's. */
+int32_t orvik_ss_d_save_streams(OrvikSSTask task, void* memory, int64_t* size);
+int32_t orvik_ss_s_save_streams(OrvikSSTask task, void* memory, int64_t* size);
+int32_t orvik_ss_d_load_streams(OrvikSSTask task, const void* memory, int64_t size);
+int32_t orvik_ss_s_load_streams(OrvikSSTask task, const void* memory, int64_t size);
+
 #define ORVIK_SS_DECLARE(d, real)                                                                                      \
   /* A task over `p` variables and `n` observations `x` in `storage`; `weights` and `indices` may be null. */          \
   int32_t __qor##d##SSNewTask(OrvikSSTask* task, const void* p, const void* n, const void* storage, const real* x,    \

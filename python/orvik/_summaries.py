@@ -151,8 +151,7 @@ def _summary_of(dtype, image):
 class StreamQuantiles:
     """Quantiles of any number of blocks of observations, of which few are kept.
 
-    An object stays in its process: what it keeps cannot be saved, and it can be neither pickled nor copied. Between
-    processes, send quantiles of a common set of orders, or a `Summary`.
+    Pickling and copying go on where the object is: what comes later gives the numbers that it gives here.
 
     Parameters
     ----------
@@ -175,9 +174,13 @@ class StreamQuantiles:
     """
 
     def __init__(self, p, epsilon, dtype=np.float64):
-        self._p = _positive(p, "p")
-        self._stream = kind_of("StreamQuantiles", dtype)(self._p, float(epsilon))
-        self._dtype = np.dtype(dtype)
+        p = _positive(p, "p")
+        self._adopt(kind_of("StreamQuantiles", dtype)(p, float(epsilon)), np.dtype(dtype))
+
+    def _adopt(self, stream, dtype):
+        self._p = stream.dimension()
+        self._stream = stream
+        self._dtype = dtype
         self._lock = threading.RLock()
 
     @property
@@ -185,8 +188,19 @@ class StreamQuantiles:
         """Number of variables."""
         return self._p
 
+    def copy(self):
+        """An independent object that has met the same observations."""
+        return _stream_quantiles_of(self._dtype.str, self._image())
+
+    def __copy__(self):
+        return self.copy()
+
     def __reduce__(self):
-        raise TypeError("cannot pickle StreamQuantiles: the observations that it keeps have no image")
+        return _stream_quantiles_of, (self._dtype.str, self._image())
+
+    def _image(self):
+        with self._lock:
+            return self._stream.image()
 
     def update(self, block):
         """Adds observations, of shape (n, p), or (n,) where p is 1."""
@@ -199,6 +213,14 @@ class StreamQuantiles:
         orders, shape = orders_of(q, self._dtype)
         with self._lock:
             return orders_first(self._stream.query(orders), shape, (self._p,))
+
+
+def _stream_quantiles_of(dtype, image):
+    if not isinstance(image, bytes):
+        raise TypeError("an image of StreamQuantiles is bytes")
+    quantiles = StreamQuantiles.__new__(StreamQuantiles)
+    quantiles._adopt(kind_of("StreamQuantiles", dtype)(image), np.dtype(dtype))
+    return quantiles
 
 
 def kind_of(name, dtype):

@@ -85,6 +85,17 @@ TEST(Expression, names_and_polynomials_come_from_outside) {
   EXPECT_THROW(Expression("y")(names), std::runtime_error);
   EXPECT_THROW(Expression("q(x)")(names), std::runtime_error);
 }
+TEST(Expression, finds_numbers_whose_reciprocals_are_in_the_format) {
+  EXPECT_EQ(value("with_reciprocal(1, 53, 10)"), 1);
+  // 32 / 1.3125, / 1.375, / 1.25 and / 1.4375 are further than an eighth from an integer, 32 / 1.1875 is not.
+  EXPECT_EQ(value("with_reciprocal(1.3, 5, 3)"), 1.1875);
+  for (const char* x : {"2^(1/16)", "2^(15/16)", "1.9999"}) {
+    const std::string u = "with_reciprocal(" + std::string(x) + ", 53, 10)";
+    EXPECT_EQ(value(u + " == double(" + u + ")"), 1) << x;
+    EXPECT_LT(value("abs(double(1/" + u + ") * " + u + " - 1)"), 0x1p-62) << x;
+    EXPECT_LT(value("abs(" + u + " - " + x + ")"), 0x1p-30) << x;
+  }
+}
 TEST(Expression, refuses_what_it_cannot_read) {
   for (const char* text : {"", "1 +", "(1", "1)", "atan2(1)", "sin(1, 2)", "1 ? 2", "#", "2 3"}) {
     EXPECT_THROW(Expression{text}, std::runtime_error) << text;

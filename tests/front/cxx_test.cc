@@ -217,6 +217,30 @@ TEST(CxxSummary, FeedsMergesAndSaves) {
   EXPECT_EQ(thrown([] { orvik::Summary<float>(0); }), ORVIK_ERROR_BAD_LENGTH);
 }
 
+TEST(CxxStreamQuantiles, SavesAndGoesOn) {
+  orvik::StreamQuantiles<float> s(2, 0.1f);
+  std::vector<float> x(400);
+  for (size_t i = 0; i < x.size(); ++i) x[i] = static_cast<float>(i * 37 % 400);
+  s.update(x, 200, orvik::Layout::Rows);
+  const auto image = s.save();
+  auto t = orvik::StreamQuantiles<float>::load(image);
+  EXPECT_EQ(t.dimension(), 2);
+  s.update(x, 200, orvik::Layout::Columns);
+  t.update(x, 200, orvik::Layout::Columns);
+  EXPECT_EQ(t.quantile(0.3f), s.quantile(0.3f));
+  EXPECT_EQ(t.save(), s.save());
+  EXPECT_EQ(thrown([&] { orvik::StreamQuantiles<double>::load(image); }), ORVIK_ERROR_BAD_IMAGE);
+  for (size_t less = 0; less < image.size(); ++less) {
+    ASSERT_EQ(thrown([&] { orvik::StreamQuantiles<float>::load(std::span(image).first(less)); }),
+              ORVIK_ERROR_BAD_IMAGE);
+  }
+  for (size_t at = 0; at < image.size(); ++at) {
+    auto bent = image;
+    bent[at] ^= std::byte{16};
+    ASSERT_EQ(thrown([&] { orvik::StreamQuantiles<float>::load(bent); }), ORVIK_ERROR_BAD_IMAGE) << at;
+  }
+}
+
 TEST(CxxEstimators, AreThere) {
   const std::vector<double> x = {4, 1, 3, 2}, w = {1, 1, 5, 1};
   EXPECT_EQ(orvik::quantiles(x, 4, 1, orvik::Layout::Rows, std::vector<double>{0, 0.5}), (std::vector<double>{1, 2.5}));

@@ -4,16 +4,20 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstring>
 #include <limits>
 #include <random>
 #include <vector>
 
+#include "front/image.h"
 #include "orvik/front.h"
 #include "serv/memory.h"
 
 namespace {
 
+using orvik::front::checksum_of;
+using orvik::front::ImageHead;
 using orvik::serv::fail_allocation_after;
 using orvik::serv::live_allocations;
 
@@ -438,6 +442,121 @@ TEST(Estimators, BadArgumentsGetTheirStatus) {
   const double weights[] = {1, -1, 1, 1};
   EXPECT_EQ(orvik_d_weighted_median(4, 1, x, ORVIK_ROWS, weights, r), ORVIK_ERROR_BAD_PARAMETER);
   EXPECT_EQ(r[0], -7);
+}
+
+// The image of two variables after `n` observations.
+std::vector<char> stream_image(int64_t n, double epsilon = 0.1) {
+  const auto x = noise<double>(2 * n + 2);
+  orvik_d_stream_quantiles* q = nullptr;
+  EXPECT_EQ(orvik_d_stream_quantiles_new(&q, 2, epsilon), ORVIK_SUCCESS);
+  EXPECT_EQ(orvik_d_stream_quantiles_update(q, n, x.data(), ORVIK_COLUMNS), ORVIK_SUCCESS);
+  int64_t size = 0;
+  EXPECT_EQ(orvik_d_stream_quantiles_save(q, nullptr, &size), ORVIK_SUCCESS);
+  std::vector<char> image(static_cast<size_t>(size));
+  --size;
+  EXPECT_EQ(orvik_d_stream_quantiles_save(q, image.data(), &size), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(image, std::vector<char>(image.size()));
+  ++size;
+  EXPECT_EQ(orvik_d_stream_quantiles_save(q, image.data(), &size), ORVIK_SUCCESS);
+  EXPECT_EQ(orvik_d_stream_quantiles_save(q, image.data(), nullptr), ORVIK_ERROR_NULL_POINTER);
+  orvik_d_stream_quantiles_delete(q);
+  return image;
+}
+
+TEST(StreamQuantiles, GoOnFromTheirImages) {
+  const auto x = noise<double>(8000);
+  const double orders[] = {0, 0.25, 0.5, 1};
+  for (const int64_t n : {0, 1, 9, 10, 11, 500, 4000}) {
+    const auto image = stream_image(n);
+    orvik_d_stream_quantiles *a = nullptr, *b = nullptr;
+    ASSERT_EQ(orvik_d_stream_quantiles_new(&a, 2, 0.1), ORVIK_SUCCESS);
+    ASSERT_EQ(orvik_d_stream_quantiles_update(a, n, noise<double>(2 * n + 2).data(), ORVIK_COLUMNS), ORVIK_SUCCESS);
+    ASSERT_EQ(orvik_d_stream_quantiles_load(&b, image.data(), int64_t(image.size())), ORVIK_SUCCESS);
+    for (int64_t more : {0, 1, 30, 3969}) {
+      double r[8] = {}, s[8] = {};
+      ASSERT_EQ(orvik_d_stream_quantiles_update(a, more, x.data(), ORVIK_COLUMNS), ORVIK_SUCCESS);
+      ASSERT_EQ(orvik_d_stream_quantiles_update(b, more, x.data(), ORVIK_COLUMNS), ORVIK_SUCCESS);
+      ASSERT_EQ(orvik_d_stream_quantiles_query(a, 4, orders, r), ORVIK_SUCCESS);
+      ASSERT_EQ(orvik_d_stream_quantiles_query(b, 4, orders, s), ORVIK_SUCCESS);
+      EXPECT_EQ(std::memcmp(r, s, sizeof r), 0) << n << " " << more;
+    }
+    orvik_d_stream_quantiles_delete(a);
+    orvik_d_stream_quantiles_delete(b);
+    EXPECT_EQ(orvik_d_stream_quantiles_save(a, nullptr, nullptr), ORVIK_ERROR_BAD_OBJECT);
+  }
+}
+
+TEST(StreamQuantiles, DamagedAndForeignImagesAreRefused) {
+  const auto image = stream_image(100);
+  const auto size = static_cast<int64_t>(image.size());
+  orvik_d_stream_quantiles* loaded = nullptr;
+  orvik_s_stream_quantiles* single = nullptr;
+  orvik_d_summary* summary = nullptr;
+  for (size_t at = 0; at < image.size(); ++at) {
+    auto bent = image;
+    bent[at] ^= 1;
+    ASSERT_EQ(orvik_d_stream_quantiles_load(&loaded, bent.data(), size), ORVIK_ERROR_BAD_IMAGE) << at;
+  }
+  for (int64_t less = 0; less < size; ++less)
+    ASSERT_EQ(orvik_d_stream_quantiles_load(&loaded, image.data(), less), ORVIK_ERROR_BAD_IMAGE);
+  EXPECT_EQ(orvik_s_stream_quantiles_load(&single, image.data(), size), ORVIK_ERROR_BAD_IMAGE);
+  EXPECT_EQ(orvik_d_summary_load(&summary, image.data(), size), ORVIK_ERROR_BAD_IMAGE);
+  EXPECT_EQ(orvik_d_stream_quantiles_load(&loaded, nullptr, size), ORVIK_ERROR_NULL_POINTER);
+  EXPECT_EQ(orvik_d_stream_quantiles_load(nullptr, image.data(), size), ORVIK_ERROR_NULL_POINTER);
+  EXPECT_EQ(orvik_d_stream_quantiles_load(&loaded, image.data(), -1), ORVIK_ERROR_BAD_LENGTH);
+  EXPECT_EQ(loaded, nullptr);
+}
+
+// An image that somebody bent and signed anew is refused, or holds what can be asked and fed.
+TEST(StreamQuantiles, BentImagesWithTheirChecksumDoNoHarm) {
+  const auto x = noise<double>(200);
+  const double orders[] = {0, 0.3, 1};
+  int refused = 0, taken = 0;
+  for (const int64_t n : {3, 100, 2000}) {
+    const auto image = stream_image(n, n == 3 ? 1 : 0.1);
+    for (size_t at = sizeof(ImageHead); at < image.size(); ++at) {
+      for (const char bit : {char(1), char(-128)}) {
+        auto bent = image;
+        bent[at] = static_cast<char>(bent[at] ^ bit);
+        const uint64_t sum = checksum_of(bent.data() + sizeof(ImageHead), bent.size() - sizeof(ImageHead));
+        std::memcpy(bent.data() + offsetof(ImageHead, checksum), &sum, sizeof sum);
+        orvik_d_stream_quantiles* q = nullptr;
+        const orvik_status status = orvik_d_stream_quantiles_load(&q, bent.data(), int64_t(bent.size()));
+        if (status != ORVIK_SUCCESS) {
+          ASSERT_TRUE(status == ORVIK_ERROR_BAD_IMAGE || status == ORVIK_ERROR_NO_MEMORY) << at;
+          ASSERT_EQ(q, nullptr);
+          ++refused;
+          continue;
+        }
+        ++taken;
+        int64_t p = 0;
+        ASSERT_EQ(orvik_d_stream_quantiles_dimension(q, &p), ORVIK_SUCCESS);
+        std::vector<double> r(static_cast<size_t>(3 * p));
+        EXPECT_EQ(orvik_d_stream_quantiles_query(q, 3, orders, r.data()), ORVIK_SUCCESS);
+        EXPECT_EQ(orvik_d_stream_quantiles_update(q, 200 / p, x.data(), ORVIK_ROWS), ORVIK_SUCCESS);
+        EXPECT_EQ(orvik_d_stream_quantiles_query(q, 3, orders, r.data()), ORVIK_SUCCESS);
+        orvik_d_stream_quantiles_delete(q);
+      }
+    }
+  }
+  EXPECT_GT(refused, 1000);
+  EXPECT_GT(taken, 1000);  // values may be any numbers
+}
+
+TEST(StreamQuantiles, AnImageThatCannotBeReadForMemoryLeavesNothing) {
+  const auto image = stream_image(2000);
+  for (int64_t n = 1;; ++n) {
+    ASSERT_LT(n, 1000);
+    const int64_t live = live_allocations();
+    orvik_d_stream_quantiles* q = nullptr;
+    fail_allocation_after(n);
+    const orvik_status status = orvik_d_stream_quantiles_load(&q, image.data(), int64_t(image.size()));
+    fail_allocation_after(0);
+    orvik_d_stream_quantiles_delete(q);
+    EXPECT_EQ(live_allocations(), live);
+    if (status == ORVIK_SUCCESS) break;
+    EXPECT_EQ(status, ORVIK_ERROR_NO_MEMORY);
+  }
 }
 
 TEST(StreamQuantiles, AreWithinTheirError) {

@@ -1,4 +1,5 @@
 """Nothing is left behind, whether calls succeed or raise: blocks of Python by tracemalloc, all memory by the resident set."""
+import contextlib
 import gc
 import pathlib
 import pickle
@@ -92,6 +93,11 @@ def pickles():
     pickle.loads(pickle.dumps(MT19937(7)))
     pickle.loads(pickle.dumps(Spline(KNOTS, KNOTS)))
     pickle.loads(pickle.dumps(stats.Summary(4)))
+    quantiles = stats.StreamQuantiles(2, 0.1)
+    quantiles.update(np.ones((100, 2)))
+    name, image = pickle.loads(pickle.dumps(quantiles)).__reduce__()[1]
+    with contextlib.suppress(ValueError):
+        quantiles.__reduce__()[0](name, image[:-1])
 
 
 def resident():

@@ -450,8 +450,46 @@ def test_bad_errors_of_stream_quantiles(epsilon):
         StreamQuantiles(1, epsilon)
 
 
-def test_a_stream_of_quantiles_is_neither_pickled_nor_copied():
-    s = stats.StreamQuantiles(1, 0.01)
-    for call in (pickle.dumps, copy.copy, copy.deepcopy):
-        with pytest.raises(TypeError, match="cannot pickle StreamQuantiles"):
-            call(s)
+@pytest.mark.parametrize("copied", [copy.copy, copy.deepcopy, lambda s: pickle.loads(pickle.dumps(s)), StreamQuantiles.copy])
+@pytest.mark.parametrize("dtype", TYPES)
+@pytest.mark.parametrize("n", [0, 1, 777, 20000])
+def test_copies_of_a_stream_of_quantiles_go_on_alike(copied, dtype, n):
+    x, more = table(n + 1, 2, dtype)[1:], table(3000, 2, dtype, 3)
+    s, q = StreamQuantiles(2, 0.02, dtype), np.linspace(0, 1, 11)
+    s.update(x)
+    t = copied(s)
+    assert t.p == 2
+    np.testing.assert_array_equal(t.quantile(q), s.quantile(q))
+    assert t.quantile(q).dtype == dtype
+    before = s.quantile(q)
+    t.update(more)
+    np.testing.assert_array_equal(s.quantile(q), before)
+    s.update(more)
+    np.testing.assert_array_equal(t.quantile(q), s.quantile(q))
+
+
+@pytest.mark.parametrize("dtype", TYPES)
+def test_damaged_images_of_streams_of_quantiles_are_value_errors(dtype):
+    s = StreamQuantiles(2, 0.1, dtype)
+    s.update(table(500, 2, dtype))
+    load, (name, image) = s.__reduce__()
+    assert load(name, image).p == 2
+    rng = np.random.default_rng(1)
+    for at in (*range(60), *rng.integers(60, len(image), 200)):
+        bent = bytearray(image)
+        bent[at] ^= 1 << rng.integers(8)
+        with pytest.raises(ValueError):
+            load(name, bytes(bent))
+    for less in (0, 1, 23, 24, len(image) // 2, len(image) - 1):
+        with pytest.raises(ValueError):
+            load(name, image[:less])
+    with pytest.raises(ValueError):
+        load(name, image + b"0")
+    with pytest.raises(ValueError):
+        load("<f4" if dtype == np.float64 else "<f8", image)
+    with pytest.raises(ValueError):
+        load(name, Summary(2, dtype).__reduce__()[1][1])
+    with pytest.raises(TypeError):
+        load(name, "text")
+    with pytest.raises(TypeError):
+        load("i4", image)

@@ -42,6 +42,19 @@ Real in_format(const Real& x, bool single, mpfr_rnd_t rounding) {
   return single ? Real(static_cast<double>(mpfr_get_flt(x.get(), rounding))) : Real(mpfr_get_d(x.get(), rounding));
 }
 
+// The number of so many bits nearest to x, x from 1 to 2, whose reciprocal is one too to within 2^-extra of a last
+// place.
+Real with_reciprocal(const Real& x, long bits, long extra) {
+  const Real step = apply(mpfr_exp2, Real(static_cast<double>(1 - bits)).get());
+  const Real bound = apply(mpfr_exp2, Real(static_cast<double>(-extra)).get());
+  const Real nearest = grid(x, step);
+  for (double i = 0;; i = i > 0 ? -i : 1 - i) {  // 0, 1, -1, 2 ...
+    const Real u = nearest + Real(i) * step;
+    const Real inverse = Real(1.0) / u;
+    if (abs(in_bits(inverse, bits) - inverse) * Real(2.0) / step < bound) return u;
+  }
+}
+
 Real integer_part(const Real& x, mpfr_rnd_t rounding) {
   Real r;
   mpfr_rint(r.get(), x.get(), rounding);
@@ -76,6 +89,7 @@ const std::map<std::string, Special> kSpecials = {
     {"bits", {2, [](const Arguments& a) { return in_bits(a[0], mpfr_get_si(a[1].get(), MPFR_RNDN)); }}},
     {"trunc_bits",
      {2, [](const Arguments& a) { return in_bits(a[0], mpfr_get_si(a[1].get(), MPFR_RNDN), MPFR_RNDZ); }}},
+    {"with_reciprocal", {3, [](const Arguments& a) { return with_reciprocal(a[0], number(a[1]), number(a[2])); }}},
     {"float", {1, [](const Arguments& a) { return in_format(a[0], true, MPFR_RNDN); }}},
     {"float_down", {1, [](const Arguments& a) { return in_format(a[0], true, MPFR_RNDD); }}},
     {"float_up", {1, [](const Arguments& a) { return in_format(a[0], true, MPFR_RNDU); }}},

@@ -181,6 +181,8 @@ WITHOUT = {"Powx": "`power` with one number as its second argument"}
 EXCHANGED = {"Modf"}
 # Functions that hand on one of their arguments, or its neighbour.
 SELECTING = {"Fmax", "Fmin", "MaxMag", "MinMag", "NextAfter"}
+# Functions of which a report's code and result do not tell what was exceptional, and the kernels' flags do.
+RAISING = {"Div", "Pow", "Powr"}
 RESULTS = {"Modf": ("Fractional part", "Whole part"), "SinCos": ("Sine", "Cosine"), "SinCospi": ("Sine", "Cosine")}
 TYPES = {"s": "float32", "d": "float64", "c": "complex64", "z": "complex128"}
 NARROW = {"c": "s", "z": "d"}
@@ -245,6 +247,8 @@ def make_source():
             loops = [f"with({loop}, &Loop::{prop})" if held else loop for loop in loops]
         if function == "Div":
             loops = [f"with({loop}, &Loop::divides)" if row.precision in "cz" else loop for loop, row in zip(loops, own)]
+        if function in RAISING:
+            loops = [f"with({loop}, &Loop::raises)" if row.precision in "sd" else loop for loop, row in zip(loops, own)]
         out.append(f"constexpr Loop {name.name}_loops[] = {{{', '.join(loops)}}};")
         table.append(f"    {{\"{name.name}\", {IDENTITIES[name.identity]}, R\"({docstring(name, function, own)})\", {name.name}_loops, "
                      f"{len(loops)}}},")

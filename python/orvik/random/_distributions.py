@@ -6,8 +6,8 @@ import numpy as np
 
 from .._random import short_draw
 from ._output import INTEGERS, REALS, array_for, type_of
-
-_METHODS = {"box-muller": 0, "box-muller-pairs": 1, "inverse": 2}
+from ._parameters import (METHODS, NORMAL, affine, any_array, check_rows, int32, int32s, integer_type, intervals, method_number, outcomes,
+                          plain_parts, reals, sets_of)
 
 
 class Distributions:
@@ -17,14 +17,13 @@ class Distributions:
     fill, of that type and size) and return the array, or a number where neither size nor out is given and no parameter is an array.
     Parameters outside their domain raise ValueError, and the stream stays where it is.
 
-    Parameters may be arrays that broadcast to `size` (an output is then in C order), but for `integers`, `hypergeometric`,
-    `multinomial`, `lognormal` and the vectors. Locations and scales of `uniform`, `normal`, `exponential`, `laplace`, `cauchy`,
-    `gumbel` and `rayleigh` make one draw, whose numbers are those of one call where they are constant. Of the other
-    distributions each set of equal parameters is a draw of its own, in ascending order of the sets: quick for few of them, a
-    microsecond and more a number where all differ.
- Draws run without the interpreter's lock, on as many threads as pay
-    where the generator can skip, with the same numbers for any count of threads. An interrupt (Ctrl-C) ends a long draw between
-    pieces of up to 2^24 numbers.
+    Parameters may be arrays that broadcast to `size` (an output is then in C order). Those of `uniform`, `normal`, `lognormal`,
+    `exponential`, `laplace`, `cauchy`, `gumbel`, `rayleigh` and `integers` make one draw, whose numbers are those of one call where
+    they are constant (of `uniform` and `integers` before the last rounding). Of the other distributions each set of equal parameters is a draw of its own, in ascending order of the
+    sets: quickest for few of them.
+
+    Draws run without the interpreter's lock, on as many threads as pay where the generator can skip, with the same numbers for
+    any count of threads. An interrupt (Ctrl-C) ends a long draw between pieces of up to 2^24 numbers.
     """
 
     def _real(self, name, size, dtype, out, *parameters):
@@ -50,45 +49,50 @@ class Distributions:
         array = array_for(size, type_of(dtype, types, name), out)
         if not array.flags.c_contiguous:
             raise ValueError("an output for parameters of their own must be in C order")
-        if np.broadcast_shapes(shape, array.shape) != array.shape:
-            raise ValueError(f"Output size {array.shape} is not compatible with broadcast dimensions of inputs {shape}.")
+        check_rows(array.shape, shape)
         return array
 
     def _shifted(self, name, size, dtype, out, pair, parts, standard, parameters):
         """One draw of standard numbers x, then loc + factor x, where (loc, factor) are parts(*pair, type). `parameters(*pair)` are
         those of a draw with numbers, whose checks refuse what is outside the domain."""
-        pair = [np.asarray(v, np.float64) for v in pair]
+        pair = [reals(v) for v in pair]
         array = self._array_of(name, size, dtype, REALS, out, np.broadcast_shapes(*(v.shape for v in pair)))
-        pair = [np.broadcast_to(v, array.shape) for v in pair]
-        with np.errstate(all="ignore"):
-            loc, factor = (np.require(v, requirements=["C", "A"]) for v in parts(*pair, array.dtype.type))
-            sound = np.isfinite(loc) & np.isfinite(factor) & (factor > 0)
         draw = getattr(self._stream, name)
+        loc, factor, unsound = affine(pair, parts, array)
         with self.lock:
-            if not sound.all():
-                first = np.unravel_index(np.argmin(sound), sound.shape)
-                draw(np.empty(0, array.dtype), *parameters(*(float(v[first]) for v in pair)))
+            if unsound is not None:
+                draw(np.empty(0, array.dtype), *parameters(*unsound))
                 raise ValueError("a parameter is outside its domain")
             draw(array, *standard)
             self._stream.shift_and_scale(array, loc, factor)
+        return array
+
+    def _lognormals(self, size, dtype, out, normal, outer, method):
+        """`normal` and `outer`: locations and scales before and behind the exponential function, which is the draw's own."""
+        normal, outer = [reals(v) for v in normal], [reals(v) for v in outer]
+        array = self._array_of("lognormal", size, dtype, REALS, out, np.broadcast_shapes(*(v.shape for v in normal + outer)))
+        factor, standard = NORMAL[array.dtype.type] if method == METHODS["inverse"] else (1, 1.0)
+        mean, sigma, unsound = affine(normal, lambda a, b, t: (a.astype(t), b.astype(t) * t(factor)), array)
+        loc, scale, outer_unsound = affine(outer, plain_parts, array)
+        if unsound is not None or outer_unsound is not None:
+            raise ValueError("a parameter is outside its domain")
+        with self.lock:
+            self._stream.gaussian(array, 0.0, standard, method)
+            self._stream.shift_and_scale(array, mean, sigma)
+            self._stream.exponentiate(array)
+            self._stream.shift_and_scale(array, loc, scale)
         return array
 
     def _grouped(self, name, size, dtype, types, out, *parameters):
         """A draw for each set of equal parameters, in ascending order."""
         parameters = [np.asarray(p) for p in parameters]
         array = self._array_of(name, size, dtype, types, out, np.broadcast_shapes(*(p.shape for p in parameters)))
-        table = np.stack([np.broadcast_to(p, array.shape).reshape(-1) for p in parameters], axis=-1, dtype=np.float64, casting="unsafe")
-        sets, which = np.unique(table, axis=0, return_inverse=True)
-        sets = [[int(v) if p.dtype.kind in "iu" else v for v, p in zip(row, parameters)] for row in sets.tolist()]
-        counts = np.bincount(which.reshape(-1), minlength=len(sets))
-        draw, numbers, first = getattr(self._stream, name), np.empty(array.size, array.dtype), 0
+        order, counts, table = sets_of([np.broadcast_to(p, array.shape).reshape(-1) for p in parameters])
+        numbers = np.empty(array.size, array.dtype if types is REALS else np.int32)
+        draw = getattr(self._stream, name + "_sets")
         with self.lock:
-            for row in sets:
-                draw(numbers[:0], *row)  # the checks of all before the first number
-            for row, count in zip(sets, counts.tolist()):
-                draw(numbers[first:first + count], *row)
-                first += count
-        array.reshape(-1)[np.argsort(which.reshape(-1), kind="stable")] = numbers
+            draw(numbers, counts, table)
+        array.reshape(-1)[order] = numbers
         return array
 
     # ---- Real numbers
@@ -104,7 +108,7 @@ class Distributions:
         >>> bool((abs(x) <= 1).all())
         True
         """
-        if _any_array(low, high):
+        if any_array(low, high):
             return self._shifted("uniform", size, dtype, out, (low, high), lambda a, b, t: (a.astype(t), b.astype(t) - a.astype(t)),
                                  (0.0, 1.0), lambda a, b: (a, b))
         return self._real("uniform", size, dtype, out, float(low), float(high))
@@ -126,86 +130,95 @@ class Distributions:
         >>> bool(abs(x.mean()) < 0.02 and abs(x.std() - 1) < 0.02)
         True
         """
-        if _any_array(loc, scale):
-            number = _method(method)
+        if any_array(loc, scale):
+            number = method_number(method)
             if method == "box-muller":
                 raise ValueError("method 'box-muller' takes numbers as parameters")
-            factor, standard = _NORMAL[type_of(dtype, REALS, "normal").type] if method == "inverse" else (1, 1.0)
+            factor, standard = NORMAL[type_of(dtype, REALS, "normal").type] if method == "inverse" else (1, 1.0)
             return self._shifted("gaussian", size, dtype, out, (loc, scale), lambda a, b, t: (a.astype(t), b.astype(t) * t(factor)),
                                  (0.0, standard, number), lambda a, b: (a, b, number))
-        return self._real("gaussian", size, dtype, out, float(loc), float(scale), _method(method))
+        return self._real("gaussian", size, dtype, out, float(loc), float(scale), method_number(method))
 
     def lognormal(self, mean=0.0, sigma=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0,
                   method="inverse"):
-        """loc + scale exp(z), z normal of mean `mean` and deviation `sigma`, by "inverse" or "box-muller-pairs"."""
+        """loc + scale exp(z), z normal of mean `mean` and deviation `sigma`, by "inverse" or "box-muller-pairs".
+
+        Examples
+        --------
+        >>> from orvik.random import PHILOX4X32X10
+        >>> PHILOX4X32X10(1).lognormal([0.0, 1.0], [[0.5], [1.0], [2.0]]).shape
+        (3, 2)
+        """
         if method not in ("inverse", "box-muller-pairs"):
             raise ValueError(f"no such method: {method!r}")
+        if any_array(mean, sigma, loc, scale):
+            return self._lognormals(size, dtype, out, (mean, sigma), (loc, scale), METHODS[method])
         return self._real("lognormal", size, dtype, out, float(mean), float(sigma), float(loc), float(scale),
                           1 if method == "inverse" else 0)
 
     @short_draw
     def exponential(self, scale=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0):
         """loc + scale E, E exponential of mean 1."""
-        if _any_array(loc, scale):
-            return self._shifted("exponential", size, dtype, out, (loc, scale), _plain_parts, (0.0, 1.0), lambda a, b: (a, b))
+        if any_array(loc, scale):
+            return self._shifted("exponential", size, dtype, out, (loc, scale), plain_parts, (0.0, 1.0), lambda a, b: (a, b))
         return self._real("exponential", size, dtype, out, float(loc), float(scale))
 
     @short_draw
     def laplace(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None):
         """Numbers of density exp(-|x - loc| / scale) / (2 scale)."""
-        if _any_array(loc, scale):
-            return self._shifted("laplace", size, dtype, out, (loc, scale), _plain_parts, (0.0, 1.0), lambda a, b: (a, b))
+        if any_array(loc, scale):
+            return self._shifted("laplace", size, dtype, out, (loc, scale), plain_parts, (0.0, 1.0), lambda a, b: (a, b))
         return self._real("laplace", size, dtype, out, float(loc), float(scale))
 
     @short_draw
     def cauchy(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None):
         """loc + scale tan(pi (u - 1/2))."""
-        if _any_array(loc, scale):
-            return self._shifted("cauchy", size, dtype, out, (loc, scale), _plain_parts, (0.0, 1.0), lambda a, b: (a, b))
+        if any_array(loc, scale):
+            return self._shifted("cauchy", size, dtype, out, (loc, scale), plain_parts, (0.0, 1.0), lambda a, b: (a, b))
         return self._real("cauchy", size, dtype, out, float(loc), float(scale))
 
     def gumbel(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None):
         """loc - scale ln E, E exponential: maxima, as NumPy's. Minima are -gumbel(-loc, scale)."""
-        if _any_array(loc, scale):
-            return self._shifted("gumbel", size, dtype, out, (loc, scale), _plain_parts, (0.0, 1.0), lambda a, b: (a, b))
+        if any_array(loc, scale):
+            return self._shifted("gumbel", size, dtype, out, (loc, scale), plain_parts, (0.0, 1.0), lambda a, b: (a, b))
         return self._real("gumbel", size, dtype, out, float(loc), float(scale))
 
     def rayleigh(self, scale=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0):
         """loc + scale sqrt(2 E), E exponential: the length of two normal numbers of deviation `scale`."""
-        if _any_array(loc, scale):
+        if any_array(loc, scale):
             return self._shifted("rayleigh", size, dtype, out, (loc, scale), lambda a, b, t: (a.astype(t), (b * math.sqrt(2)).astype(t)),
                                  (0.0, 1.0), lambda a, b: (a, b * math.sqrt(2)))
         return self._real("rayleigh", size, dtype, out, float(loc), float(scale) * math.sqrt(2))
 
     def weibull(self, a, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0):
         """loc + scale E^(1/a), E exponential."""
-        if _any_array(a, loc, scale):
+        if any_array(a, loc, scale):
             if np.ndim(a) != 0:
-                return self._grouped("weibull", size, dtype, REALS, out, _reals(a), _reals(loc), _reals(scale))
+                return self._grouped("weibull", size, dtype, REALS, out, reals(a), reals(loc), reals(scale))
             a = float(a)
-            return self._shifted("weibull", size, dtype, out, (loc, scale), _plain_parts, (a, 0.0, 1.0), lambda b, c: (a, b, c))
+            return self._shifted("weibull", size, dtype, out, (loc, scale), plain_parts, (a, 0.0, 1.0), lambda b, c: (a, b, c))
         return self._real("weibull", size, dtype, out, float(a), float(loc), float(scale))
 
     def gamma(self, shape, scale=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0):
         """loc + scale G, G of density y^(shape - 1) exp(-y) / Gamma(shape)."""
-        if _any_array(shape, loc, scale):
+        if any_array(shape, loc, scale):
             if np.ndim(shape) != 0:
-                return self._grouped("gamma", size, dtype, REALS, out, _reals(shape), _reals(loc), _reals(scale))
+                return self._grouped("gamma", size, dtype, REALS, out, reals(shape), reals(loc), reals(scale))
             shape = float(shape)
-            return self._shifted("gamma", size, dtype, out, (loc, scale), _plain_parts, (shape, 0.0, 1.0), lambda b, c: (shape, b, c))
+            return self._shifted("gamma", size, dtype, out, (loc, scale), plain_parts, (shape, 0.0, 1.0), lambda b, c: (shape, b, c))
         return self._real("gamma", size, dtype, out, float(shape), float(loc), float(scale))
 
     def beta(self, a, b, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0):
         """loc + scale B, B of density proportional to y^(a - 1) (1 - y)^(b - 1)."""
-        if _any_array(a, b, loc, scale):
-            return self._grouped("beta", size, dtype, REALS, out, *map(_reals, (a, b, loc, scale)))
+        if any_array(a, b, loc, scale):
+            return self._grouped("beta", size, dtype, REALS, out, *map(reals, (a, b, loc, scale)))
         return self._real("beta", size, dtype, out, float(a), float(b), float(loc), float(scale))
 
     def chisquare(self, df, size=None, dtype=np.float64, out=None):
         """Sums of `df` squares of normal numbers; df is an int."""
-        if _any_array(df):
-            return self._grouped("chisquare", size, dtype, REALS, out, _int32s(df, "df"))
-        return self._real("chisquare", size, dtype, out, _int32(df, "df"))
+        if any_array(df):
+            return self._grouped("chisquare", size, dtype, REALS, out, int32s(df, "df"))
+        return self._real("chisquare", size, dtype, out, int32(df, "df"))
 
     def multivariate_normal(self, mean, cov=None, size=None, dtype=np.float64, out=None, *, factor=None,
                             method="inverse"):
@@ -247,13 +260,22 @@ class Distributions:
                 raise ValueError("covariance is not positive definite") from None
         array = array_for(size, dtype, out, mean.shape)
         with self.lock:
-            self._stream.multivariate_normal(array, mean, np.require(matrix, dtype, ["C", "A"]), _method(method))
+            self._stream.multivariate_normal(array, mean, np.require(matrix, dtype, ["C", "A"]), method_number(method))
         return array
 
     # ---- Integers: int32, or int64
 
-    def integers(self, low, high=None, size=None, dtype=np.int32, out=None):
-        """Integers from `low` to `high` - 1, or from 0 to `low` - 1. Both lie within 32 bits.
+    def integers(self, low, high=None, size=None, dtype=np.int32, out=None, *, endpoint=False):
+        """Integers from `low` to `high` - 1, or from 0 to `low` - 1.
+
+        Parameters
+        ----------
+        low, high : int or array_like of ints
+            Within `dtype`, at most 2^32 integers between them.
+        dtype : dtype, optional
+            Any type of integers, or bool.
+        endpoint : bool, optional
+            True: up to `high`, or from 0 to `low`.
 
         Examples
         --------
@@ -261,42 +283,62 @@ class Distributions:
         >>> x = PHILOX4X32X10(1).integers(1, 7, size=1000)
         >>> int(x.min()), int(x.max())
         (1, 6)
+        >>> PHILOX4X32X10(1).integers([0, 90], [[100], [200]], size=(2, 2), dtype=np.uint8, endpoint=True).dtype
+        dtype('uint8')
         """
-        low, high = (0, low) if high is None else (low, high)
-        low, high = _int32(low, "low"), _int32(high, "high")
-        if low >= high:
-            raise ValueError("low >= high")
-        return self._integer("integers", size, dtype, out, low, high)
+        dtype = integer_type(dtype)
+        if not endpoint and dtype in INTEGERS and not (any_array(low) if high is None else any_array(low, high)):
+            least, most = (0, operator.index(low)) if high is None else (operator.index(low), operator.index(high))
+            if -(1 << 31) <= least < most < 1 << 31:
+                return self._integer("integers", size, dtype, out, least, most)
+        first, span = intervals(low, high, dtype, endpoint)
+        shape = np.broadcast_shapes(first.shape, span.shape)
+        array = self._array_of("integers", size, dtype, (dtype,), out, shape)
+        first, span = (np.require(np.broadcast_to(v, array.shape) if shape else v, requirements=["C", "A"]) for v in (first, span))
+        with self.lock:
+            self._stream.integers_between(array, first, span)
+        return array if out is not None or size is not None or shape else array.item()
 
     def bernoulli(self, p, size=None, dtype=np.int32, out=None):
         """1 with probability `p`, else 0."""
-        if _any_array(p):
-            return self._grouped("bernoulli", size, dtype, INTEGERS, out, _reals(p))
+        if any_array(p):
+            return self._grouped("bernoulli", size, dtype, INTEGERS, out, reals(p))
         return self._integer("bernoulli", size, dtype, out, float(p))
 
     def geometric(self, p, size=None, dtype=np.int32, out=None):
         """Trials up to the first success, 1 or more."""
-        if _any_array(p):
-            return self._grouped("geometric", size, dtype, INTEGERS, out, _reals(p))
+        if any_array(p):
+            return self._grouped("geometric", size, dtype, INTEGERS, out, reals(p))
         return self._integer("geometric", size, dtype, out, float(p))
 
     def binomial(self, n, p, size=None, dtype=np.int32, out=None):
         """Successes of `n` trials of probability `p`."""
-        if _any_array(n, p):
-            return self._grouped("binomial", size, dtype, INTEGERS, out, _int32s(n, "n"), _reals(p))
-        return self._integer("binomial", size, dtype, out, _int32(n, "n"), float(p))
+        if any_array(n, p):
+            return self._grouped("binomial", size, dtype, INTEGERS, out, int32s(n, "n"), reals(p))
+        return self._integer("binomial", size, dtype, out, int32(n, "n"), float(p))
 
     def hypergeometric(self, ngood, nbad, nsample, size=None, dtype=np.int32, out=None):
         """Good ones in a sample of `nsample` from `ngood` good and `nbad` bad ones."""
-        ngood, nbad, nsample = (_int32(v, name) for v, name in ((ngood, "ngood"), (nbad, "nbad"), (nsample, "nsample")))
-        if min(ngood, nbad, nsample) < 0 or nsample > ngood + nbad:
-            raise ValueError("ngood + nbad < nsample, or a count is negative")
-        return self._integer("hypergeometric", size, dtype, out, _int32(ngood + nbad, "ngood + nbad"), nsample, ngood)
+        names = ("ngood", "nbad", "nsample")
+        if not any_array(ngood, nbad, nsample):
+            ngood, nbad, nsample = (int32(v, name) for v, name in zip((ngood, nbad, nsample), names))
+            if min(ngood, nbad, nsample) < 0 or nsample > ngood + nbad:
+                raise ValueError("ngood + nbad < nsample, or a count is negative")
+            return self._integer("hypergeometric", size, dtype, out, int32(ngood + nbad, "ngood + nbad"), nsample, ngood)
+        counts = [int32s(v, name).astype(np.int64) for v, name in zip((ngood, nbad, nsample), names)]
+        for v, name in zip(counts, names):
+            if (v < 0).any():
+                raise ValueError(f"{name} < 0")
+        ngood, nbad, nsample = counts
+        both = int32s(ngood + nbad, "ngood + nbad")
+        if (both < nsample).any():
+            raise ValueError("ngood + nbad < nsample")
+        return self._grouped("hypergeometric", size, dtype, INTEGERS, out, both, nsample, ngood)
 
     def negative_binomial(self, n, p, size=None, dtype=np.int32, out=None):
         """Failures before `n` successes of probability `p`; n is a number above 0, not only an integer."""
-        if _any_array(n, p):
-            return self._grouped("negative_binomial", size, dtype, INTEGERS, out, _reals(n), _reals(p))
+        if any_array(n, p):
+            return self._grouped("negative_binomial", size, dtype, INTEGERS, out, reals(n), reals(p))
         return self._integer("negative_binomial", size, dtype, out, float(n), float(p))
 
     def poisson(self, lam=1.0, size=None, dtype=np.int32, out=None, *, method="rejection"):
@@ -330,15 +372,15 @@ class Distributions:
         return array
 
     def multinomial(self, n, pvals, size=None, dtype=np.int32, out=None, *, method="sequential"):
-        """Counts of outcomes in `n` trials.
+        """How often each of k outcomes comes in `n` trials.
 
         Parameters
         ----------
-        n : int
-        pvals : array_like of shape (k,)
-            Probabilities; their sum is 1 to three digits.
+        n : int or array_like of ints
+        pvals : array_like of shape (..., k)
+            Probabilities. The last one is what the others leave, whatever stands there. `n` broadcasts with the dimensions before it.
         method : {"sequential", "poisson"}, optional
-            Outcome by outcome a binomial number of what is left; or Poisson numbers, corrected to the sum. The first
+            Binomial numbers of what is left, or Poisson numbers that are corrected to the sum. The sequential method
             cannot be interrupted.
 
         Returns
@@ -350,15 +392,33 @@ class Distributions:
         >>> from orvik.random import PHILOX4X32X10
         >>> PHILOX4X32X10(1).multinomial(20, [0.2, 0.3, 0.5], size=4).sum(axis=1)
         array([20, 20, 20, 20])
+        >>> PHILOX4X32X10(1).multinomial([[20], [30]], [[0.2, 0.8], [0.5, 0.5]]).shape
+        (2, 2, 2)
         """
         if method not in ("sequential", "poisson"):
             raise ValueError(f"no such method: {method!r}")
-        pvals = np.require(pvals, np.float64, ["C", "A"])
-        if np.ndim(pvals) != 1 or pvals.size == 0:
-            raise ValueError("pvals must be a vector of one probability or more")
-        array = array_for(size, type_of(dtype, INTEGERS, "multinomial"), out, pvals.shape)
+        method = int(method == "poisson")
+        pvals = outcomes(pvals)
+        if not any_array(n) and pvals.ndim == 1:
+            array = array_for(size, type_of(dtype, INTEGERS, "multinomial"), out, pvals.shape)
+            with self.lock:
+                self._stream.multinomial(array, int32(n, "n"), pvals, method)
+            return array
+        n = int32s(n, "n")
+        if (n < 0).any():
+            raise ValueError("n < 0")
+        shape, last = np.broadcast_shapes(n.shape, pvals.shape[:-1]), pvals.shape[-1:]
+        if out is not None and size is None:
+            size = out.shape[:-1] if isinstance(out, np.ndarray) else shape
+        array = array_for(shape if size is None else size, type_of(dtype, INTEGERS, "multinomial"), out, last)
+        rows = array.shape[:-1]
+        check_rows(rows, shape)
+        columns = [np.broadcast_to(v, rows).reshape(-1) for v in (n, *np.moveaxis(pvals, -1, 0))]
+        order, counts, table = sets_of(columns)
+        numbers = np.empty((order.size, *last), np.int32)
         with self.lock:
-            self._stream.multinomial(array, _int32(n, "n"), pvals, int(method == "poisson"))
+            self._stream.multinomial_sets(numbers, counts, table, method)
+        array.reshape(-1, *last)[order] = numbers
         return array
 
     def words(self, size=None, out=None):
@@ -367,45 +427,3 @@ class Distributions:
         with self.lock:
             self._stream.words(array)
         return array if out is not None or size is not None else array.item()
-
-
-_NUMBERS = (float, int)
-# By the inverse of the distribution function, normal numbers are loc + (scale sqrt(2)) y: the type's root of 2, and the deviation
-# whose product with it is 1, at which a draw gives y itself.
-_NORMAL = {np.float64: (math.sqrt(2), 1 / math.sqrt(2)),
-           np.float32: (float(np.float32(math.sqrt(2))), float(np.nextafter(np.float32(1) / np.float32(math.sqrt(2)), np.float32(1))))}
-
-
-def _any_array(*parameters):
-    return any(type(p) not in _NUMBERS and np.ndim(p) != 0 for p in parameters)
-
-
-def _plain_parts(loc, scale, kind):
-    return loc.astype(kind), scale.astype(kind)
-
-
-def _reals(values):
-    return np.asarray(values, np.float64)
-
-
-def _int32s(values, name):
-    array = np.asarray(values)
-    if array.dtype.kind not in "iu":
-        raise TypeError(f"{name} must be integers")
-    if array.size and not (-(1 << 31) <= int(array.min()) and int(array.max()) < 1 << 31):
-        raise ValueError(f"{name} has more than 32 bits")
-    return array
-
-
-def _method(name):
-    try:
-        return _METHODS[name]
-    except (KeyError, TypeError):
-        raise ValueError(f"no such method: {name!r}") from None
-
-
-def _int32(value, name):
-    value = operator.index(value)
-    if not -(1 << 31) <= value < 1 << 31:
-        raise ValueError(f"{name} has more than 32 bits")
-    return value

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 
 #include "lanes/control.h"
 
@@ -12,35 +13,38 @@ namespace {
 constexpr int64_t kFewReports = 16;                 // that most calls have room for
 constexpr int64_t kMostReports = int64_t{1} << 16;  // of a thread's own room, 5 MiB
 
-// The flag of an exceptional element as NumPy has it: poles of powers, which the kernels count as outside the domain or
-// as overflow, divide by zero; 0 / 0, a pole to them, is invalid; a NaN that an argument brought raises nothing.
-uint32_t flag_of(const orvik_report& report) {
-  for (int part = 0; part < 2; ++part) {
-    if (std::isnan(report.a[part]) || std::isnan(report.b[part])) return 0;
-  }
+// Zero to the power of -inf, for which kernels raise nothing. One argument may be overwritten by the result, +inf.
+bool infinite_power_of_zero(const orvik_report& report) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  return report.a[0] == 0 || (report.b[0] == -kInfinity && report.r[0] == kInfinity);
+}
+
+// The flag of an exceptional element as NumPy has it, by the code and the result alone, since the argument may be gone:
+// 0 / 0, a pole to the kernels, is invalid; poles of powers, which some of them count as outside the domain, divide by
+// zero. Where this does not tell, the kernels' own flags do (Loop::raises).
+uint32_t flag_of(const Loop& loop, const orvik_report& report) {
   const bool nan = std::isnan(report.r[0]) || std::isnan(report.r[1]);
   const bool infinite = std::isinf(report.r[0]) || std::isinf(report.r[1]);
-  const bool zero = report.a[0] == 0 && report.a[1] == 0;
   switch (report.code) {
     case ORVIK_DOMAIN:
       return infinite && !nan ? kDivideByZeroFlag : kInvalidFlag;
     case ORVIK_SINGULARITY:
-      return nan ? kInvalidFlag : kDivideByZeroFlag;
+      return !nan ? kDivideByZeroFlag : loop.raises ? 0 : kInvalidFlag;
     case ORVIK_OVERFLOW:
-      return zero ? kDivideByZeroFlag : kOverflowFlag;
+      if (!loop.raises) return kOverflowFlag;
+      return infinite_power_of_zero(report) ? kDivideByZeroFlag : 0;
     default:
       return kUnderflowFlag;
   }
 }
 
-uint32_t flags_of(const orvik_report* reports, int64_t count) {
+uint32_t flags_of(const Loop& loop, const orvik_math_options& options) {
   uint32_t flags = 0;
-  for (int64_t k = 0; k < count; ++k) flags |= flag_of(reports[k]);
+  for (int64_t k = 0; k < options.report_count; ++k) flags |= flag_of(loop, options.reports[k]);
   return flags;
 }
 
-// A thread's room for the reports of many elements and for a copy of an argument, kept for its next call; what is not
-// written takes no memory.
+// A thread's room for the reports of many elements, kept for its next call; what is not written takes no memory.
 class Room {
  public:
   Room() = default;
@@ -48,77 +52,52 @@ class Room {
   Room(const Room&) = delete;
   Room& operator=(const Room&) = delete;
 
-  // Grows to `wanted` elements, or as far as there is memory for: at least to a few.
+  // Grows to `wanted` reports, or as far as there is memory for: at least to a few.
   void grow(int64_t wanted) {
     if (wanted > kMostReports) wanted = kMostReports;
     if (wanted <= capacity_) return;
     std::free(memory_);
     const int64_t twice = 2 * wanted < kMostReports ? 2 * wanted : kMostReports;
-    memory_ = static_cast<char*>(std::malloc(static_cast<size_t>(twice) * (sizeof(orvik_report) + kWidest)));
-    capacity_ = memory_ != nullptr ? twice : kFewReports;
+    memory_ = static_cast<orvik_report*>(std::malloc(static_cast<size_t>(twice) * sizeof(orvik_report)));
+    capacity_ = memory_ != nullptr ? twice : 0;
   }
-  int64_t elements() const { return capacity_; }
-  char* copy() { return memory_ != nullptr ? memory_ : few_; }
-  orvik_report* reports() { return reinterpret_cast<orvik_report*>(copy() + capacity_ * kWidest); }
+  int64_t capacity() const { return memory_ != nullptr ? capacity_ : kFewReports; }
+  orvik_report* reports() { return memory_ != nullptr ? memory_ : few_; }
 
  private:
-  static constexpr int kWidest = sizeof(ZymComplexDouble);  // the alignment of reports divides it
-
-  char* memory_ = nullptr;
+  orvik_report* memory_ = nullptr;
   int64_t capacity_ = 0;
-  alignas(orvik_report) char few_[kFewReports * (sizeof(orvik_report) + kWidest)];
+  orvik_report few_[kFewReports];
 };
 
-void pack(int bytes, int64_t n, char* to, const char* from, int64_t step) {
-  if (step == bytes) {
-    std::memcpy(to, from, static_cast<size_t>(n * bytes));
-    return;
-  }
-  for (int64_t i = 0; i < n; ++i) std::memcpy(to + i * bytes, from + i * step, static_cast<size_t>(bytes));
-}
-
-// The argument whose place a result takes element by element, -1: none does. When the exceptional elements are known it
-// is gone, and their reports have results where arguments should be.
-int overwritten(const Loop& loop, char* const* at, const int64_t* increments) {
+// Whether a result takes the place of an argument, so that the call cannot be made a second time.
+bool overwrites(const Loop& loop, char* const* at, const int64_t* increments) {
   for (int k = 0; k < loop.inputs; ++k) {
     for (int r = loop.inputs; r < loop.inputs + loop.results; ++r) {
-      const bool same_step =
-          loop.bytes[k] == loop.bytes[r] && (increments == nullptr || increments[k] == increments[r]);
-      if (at[k] == at[r] && same_step) return k;
+      if (at[k] == at[r] && (increments == nullptr || increments[k] == increments[r])) return true;
     }
   }
-  return -1;
+  return false;
 }
 
-// The call in parts, none of which can have more exceptional elements than there is room for, with a copy of the
-// argument that is overwritten.
+// The call in parts, none of which can have more exceptional elements than there is room for.
 orvik_status call_in_parts(const Loop& loop, int64_t n, char* const* at, const int64_t* increments,
-                           const void* parameters, int gone, uint32_t* flags) {
+                           const void* parameters, uint32_t* flags) {
   static thread_local Room room;
   room.grow(n);
-  const int64_t most = room.elements();
+  const int64_t most = room.capacity();
   orvik_math_options options = {accuracy, 0, room.reports(), most, 0};
-  const auto step = [&](int k) { return increments != nullptr ? increments[k] : 1; };
-  int64_t part_increments[kMostArrays];
-  bool copied[kMostArrays] = {};  // of two arguments in one place both are
-  for (int k = 0; k < loop.inputs + loop.results; ++k) {
-    copied[k] = gone >= 0 && k < loop.inputs && at[k] == at[gone] && step(k) == step(gone);
-    part_increments[k] = copied[k] ? 1 : step(k);
-  }
   char* part_at[kMostArrays];
   orvik_status least = 0;
   for (int64_t first = 0; first < n; first += most) {
     const int64_t part = n - first < most ? n - first : most;
     for (int k = 0; k < loop.inputs + loop.results; ++k) {
-      char* const from = at[k] + first * step(k) * loop.bytes[k];
-      part_at[k] = copied[k] ? room.copy() : from;
-      if (k == gone) pack(loop.bytes[k], part, room.copy(), from, step(k) * loop.bytes[k]);
+      part_at[k] = at[k] + first * (increments != nullptr ? increments[k] : 1) * loop.bytes[k];
     }
-    const int64_t* const inc = increments != nullptr ? part_increments : nullptr;
-    const orvik_status status = loop.call(part, part_at, inc, parameters, &options);
+    const orvik_status status = loop.call(part, part_at, increments, parameters, &options);
     if (status < 0) return status;
     if (status > 0) {
-      *flags |= flags_of(options.reports, options.report_count);
+      *flags |= flags_of(loop, options);
       if (least == 0 || status < least) least = status;
     }
   }
@@ -128,16 +107,16 @@ orvik_status call_in_parts(const Loop& loop, int64_t n, char* const* at, const i
 // All flags of a call's reports: at once where the few first are all, else once more in parts.
 orvik_status call_and_classify(const Loop& loop, int64_t n, char* const* at, const int64_t* increments,
                                const void* parameters, uint32_t* flags) {
-  if (const int gone = loop.reports ? overwritten(loop, at, increments) : -1; gone >= 0) {
-    return call_in_parts(loop, n, at, increments, parameters, gone, flags);
+  if (n > kFewReports && loop.reports && overwrites(loop, at, increments)) {
+    return call_in_parts(loop, n, at, increments, parameters, flags);
   }
   orvik_report reports[kFewReports];
   orvik_math_options options = {accuracy, 0, reports, kFewReports, 0};
   const orvik_status status = loop.call(n, at, increments, parameters, &options);
   if (status <= 0) [[likely]]
     return status;
-  if (options.report_count > kFewReports) return call_in_parts(loop, n, at, increments, parameters, -1, flags);
-  *flags = flags_of(reports, options.report_count);
+  if (options.report_count > kFewReports) return call_in_parts(loop, n, at, increments, parameters, flags);
+  *flags = flags_of(loop, options);
   return status;
 }
 

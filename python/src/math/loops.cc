@@ -91,8 +91,8 @@ orvik_status through_memory(const Loop& loop, int64_t n, Arrays x, const void* p
 orvik_status reduce(const Loop& loop, int64_t n, const Arrays& x) {
   const int bytes = loop.bytes[0];
   const int64_t block = std::min(n, kBlock);
-  alignas(64) char memory[3][kBlock * kWidest];
-  char *running = memory[0], *joined = memory[1], *const next = memory[2];
+  alignas(64) char memory[2][kBlock * kWidest];
+  char *const running = memory[0], *const next = memory[1];
   const auto join = [&](char* a, char* b, int64_t count, char* to) {
     char* const at[] = {a, b, to};
     return call_with_flags(loop, count, at, nullptr, nullptr);
@@ -106,9 +106,7 @@ orvik_status reduce(const Loop& loop, int64_t n, const Arrays& x) {
       copy(bytes, count, next, bytes, more, x.step[1]);
       more = next;
     }
-    status = join(running, more, count, joined);  // not in place, where reports need a copy
-    if (count < block) std::memcpy(joined + count * bytes, running + count * bytes, size_t((block - count) * bytes));
-    std::swap(running, joined);
+    status = join(running, more, count, running);
   }
   for (int64_t left = block; left > 1 && status >= 0; left -= left / 2) {
     const int64_t half = left / 2;

@@ -28,6 +28,7 @@ struct Loop {
   bool swapped = false;   // the results the other way round
   bool selects = false;   // hands numbers on: a NaN raises nothing, as in NumPy
   bool divides = false;   // a quotient of complex numbers: the kernels do not tell of divisions by zero
+  bool raises = false;    // the kernels' flags tell 0 / 0 from NaN / 0 and poles from overflow, which reports do not
   bool reorders = false;  // a reduction may be computed in any order
   bool reports = false;   // elements can be exceptional
   int32_t locked = 500;   // elements up to which a call keeps the interpreter's lock: some microseconds

@@ -1,6 +1,7 @@
 // One draw into an array: in pieces, between which Python looks for signals, with the numbers of one call of the front.
 #pragma once
 
+#include <algorithm>
 #include <type_traits>
 
 #include "random/stream.h"
@@ -34,6 +35,54 @@ void draw_pieces(Stream& s, pybind11::array& out, int64_t room, int64_t piece, c
     left -= n;
   } while (left > 0);
 }
+
+// Draws of n numbers or rows each for sets of parameters, side by side: counts[i] for row i of the table. All sets are
+// checked before the first number is drawn.
+struct Sets {
+  const pybind11::array_t<int64_t>& counts;
+  const pybind11::array_t<double>& table;
+
+  // draw(stream, n, r, parameters)
+  template <class T, class Draw>
+  void draw(Stream& s, pybind11::array& out, int64_t room, int64_t piece, const Draw& draw) const {
+    const int64_t sets = counts.size(), width = sets > 0 ? table.size() / sets : 0;
+    const auto* const count = counts.data();
+    const double* const rows = table.data();
+    int64_t numbers = 0;
+    for (int64_t i = 0; i < sets; ++i) numbers += count[i] * room;
+    if (numbers != out.size() || width * sets != table.size() || (out.flags() & pybind11::array::c_style) == 0) {
+      raise(PyExc_ValueError, "the sets are not those of the array");
+    }
+    T* r = static_cast<T*>(out.mutable_data());
+    orvik_stream* const stream = s.exact();
+    orvik_status status = ORVIK_SUCCESS;
+    {
+      const pybind11::gil_scoped_release released;
+      for (int64_t i = 0; i < sets && status >= 0; ++i) status = draw(stream, 0, r, rows + i * width);
+    }
+    check(status);
+    int64_t left = sets > 0 ? count[0] : 0;
+    for (int64_t i = 0; i < sets;) {
+      {
+        const pybind11::gil_scoped_release released;
+        for (int64_t budget = std::min(piece, kPlainPiece); budget > 0 && i < sets;) {
+          const int64_t n = left < piece ? left : piece;
+          status = draw(stream, n, r, rows + i * width);
+          if (status < 0) break;
+          r += n * room;
+          left -= n;
+          budget -= n + kSet;
+          if (left == 0 && ++i < sets) left = count[i];
+        }
+      }
+      check(status);
+      if (PyErr_CheckSignals() != 0) throw pybind11::error_already_set();
+    }
+  }
+
+ private:
+  static constexpr int64_t kSet = 64;  // numbers that take as long as what is prepared for a set
+};
 
 // By the type of the array: of doubles or floats.
 template <class Draw>

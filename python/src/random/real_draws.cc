@@ -27,6 +27,25 @@ namespace {
 #define SPLIT(name, parameters, arguments) DRAW(name, kSplitPiece, name##_threads, parameters, arguments)
 #define PLAIN(name, parameters, arguments) DRAW(name, kPlainPiece, name, parameters, arguments)
 
+// The same for sets of parameters p.
+#define SETS(name, piece, function, arguments)                                                                   \
+  stream.def(#name "_sets",                                                                                      \
+             [](Stream& s, py::array out, const py::array_t<int64_t>& n, const py::array_t<double>& t) {         \
+               const auto draw = [&]<class T>(const T*) {                                                        \
+                 Sets{n, t}.draw<T>(s, out, 1, piece, [](orvik_stream* from, int64_t m, T* r, const double* p) { \
+                   return FRONT(T, function)(from, m, r, UNPACK arguments);                                      \
+                 });                                                                                             \
+               };                                                                                                \
+               by_type(out, draw);                                                                               \
+             })
+
+template <class Do>
+void by_type(const py::array& out, const Do& run) {
+  if (py::isinstance<py::array_t<double>>(out)) return run(static_cast<const double*>(nullptr));
+  if (py::isinstance<py::array_t<float>>(out)) return run(static_cast<const float*>(nullptr));
+  raise(PyExc_TypeError, "the array is neither of float64 nor of float32");
+}
+
 // Vectors of a piece: a power of two, so that pairs and blocks of columns begin where they would.
 int64_t vectors_of_piece(int64_t dimension) {
   int64_t vectors = kPlainPiece;
@@ -48,14 +67,11 @@ void multivariate_normal(Stream& s, py::array out, const py::array& mean, const 
   });
 }
 
-// loc + scale r, fused as in the draws, for locations and scales of their own.
+// loc + scale r, fused as in the draws, for locations and scales of their own. (The package runs on processors with
+// these instructions.)
 template <class T>
-void shift(py::array& out, const py::array& loc, const py::array& scale) {
-  T* const r = static_cast<T*>(out.mutable_data());
-  const T *const a = static_cast<const T*>(loc.data()), *const b = static_cast<const T*>(scale.data());
-  const int64_t n = out.size();
-  const py::gil_scoped_release released;
-  for (int64_t i = 0; i < n; ++i) r[i] = std::fma(r[i], b[i], a[i]);
+[[gnu::target("fma")]] void shift(int64_t n, T* r, const T* loc, const T* scale) {
+  for (int64_t i = 0; i < n; ++i) r[i] = std::fma(r[i], scale[i], loc[i]);
 }
 
 void shift_and_scale(py::array out, const py::array& loc, const py::array& scale) {
@@ -64,9 +80,29 @@ void shift_and_scale(py::array out, const py::array& loc, const py::array& scale
       raise(PyExc_ValueError, "locations and scales do not fit");
     }
   }
-  if (py::isinstance<py::array_t<double>>(out)) return shift<double>(out, loc, scale);
-  if (py::isinstance<py::array_t<float>>(out)) return shift<float>(out, loc, scale);
-  raise(PyExc_TypeError, "the array is neither of float64 nor of float32");
+  by_type(out, [&]<class T>(const T*) {
+    T* const r = static_cast<T*>(out.mutable_data());
+    const T *const a = static_cast<const T*>(loc.data()), *const b = static_cast<const T*>(scale.data());
+    const int64_t n = out.size();
+    const py::gil_scoped_release released;
+    shift(n, r, a, b);
+  });
+}
+
+// The exponential function of the numbers as lognormal draws have it.
+void exponentiate(py::array out) {
+  if ((out.flags() & py::array::c_style) == 0) raise(PyExc_ValueError, "the array is not in C order");
+  by_type(out, [&]<class T>(const T*) {
+    T* const r = static_cast<T*>(out.mutable_data());
+    const int64_t n = out.size();
+    orvik_math_options options = {std::is_same_v<T, double> ? ORVIK_EP : ORVIK_LA, 0, nullptr, 0, 0};
+    const py::gil_scoped_release released;
+    if constexpr (std::is_same_v<T, double>) {
+      orvik_dexp(n, r, r, &options);
+    } else {
+      orvik_sexp(n, r, r, &options);
+    }
+  });
 }
 
 }  // namespace
@@ -93,7 +129,12 @@ void define_real_draws(py::class_<Stream>& stream) {
     });
   });
   stream.def("multivariate_normal", multivariate_normal);
+  SETS(weibull, kSplitPiece, weibull_threads, (T(p[0]), T(p[1]), T(p[2]), 0));
+  SETS(gamma, kPlainPiece, gamma, (T(p[0]), T(p[1]), T(p[2])));
+  SETS(beta, kPlainPiece, beta, (T(p[0]), T(p[1]), T(p[2]), T(p[3])));
+  SETS(chisquare, kPlainPiece, chisquare, (static_cast<int32_t>(p[0])));
   stream.def_static("shift_and_scale", shift_and_scale);
+  stream.def_static("exponentiate", exponentiate);
 }
 
 }  // namespace orvik::python

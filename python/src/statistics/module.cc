@@ -41,6 +41,9 @@ void define(py::module_& module, const std::string& suffix) {
       .MEMBER(matrix, correlation);
   py::class_<StreamQuantiles<T>>(module, ("StreamQuantiles" + suffix).c_str())
       .def(py::init<int64_t, T>())
+      .def(py::init<const py::bytes&>())
+      .def("dimension", &StreamQuantiles<T>::dimension)
+      .def("image", &StreamQuantiles<T>::image)
       .def("update", &StreamQuantiles<T>::update, plain)
       .def("query", &StreamQuantiles<T>::query, plain);
   module.def("quantiles", &quantiles<T>, plain, plain);

@@ -65,6 +65,10 @@ template <class T>
 class StreamQuantiles {
  public:
   StreamQuantiles(int64_t p, T epsilon) : p_(p) { check(FRONT(T, stream_quantiles_new)(&s_, p, epsilon)); }
+  explicit StreamQuantiles(const pybind11::bytes& image) {
+    check(FRONT(T, stream_quantiles_load)(&s_, PyBytes_AS_STRING(image.ptr()), int64_t{PyBytes_GET_SIZE(image.ptr())}));
+    check(FRONT(T, stream_quantiles_dimension)(s_, &p_));
+  }
   ~StreamQuantiles() { FRONT(T, stream_quantiles_delete)(s_); }
   StreamQuantiles(const StreamQuantiles&) = delete;
   StreamQuantiles& operator=(const StreamQuantiles&) = delete;
@@ -79,6 +83,10 @@ class StreamQuantiles {
     }
     check(status);
   }
+  int64_t dimension() const { return p_; }
+  pybind11::bytes image() const {
+    return image_of([&](void* memory, int64_t* size) { return FRONT(T, stream_quantiles_save)(s_, memory, size); });
+  }
   // One row a variable.
   Array<T> query(const Array<T>& orders) {
     Array<T> r({p_, int64_t{orders.size()}});
@@ -88,7 +96,7 @@ class StreamQuantiles {
 
  private:
   std::conditional_t<std::is_same_v<T, double>, orvik_d_stream_quantiles, orvik_s_stream_quantiles>* s_ = nullptr;
-  int64_t p_;
+  int64_t p_ = 0;
 };
 
 }  // namespace orvik::python

@@ -1,7 +1,10 @@
 // Estimators of arrays at one go, variable by variable; quantiles of what comes block by block.
+#include <cstring>
 #include <new>
 
+#include "front/image.h"
 #include "front/statistics/kernels.h"
+#include "orvik/qor.h"
 
 namespace orvik::front {
 namespace {
@@ -164,6 +167,54 @@ void remove(void* s) {
   free_block(q);
 }
 
+// An image's own head: the size of a value, the number of variables, epsilon.
+struct StreamHead {
+  int64_t bytes, p;
+  double epsilon;
+};
+
+constexpr char kStreamMagic[] = "ORVKSQU1";
+
+template <class T>
+orvik_status save(const void* s, void* memory, int64_t* size) {
+  auto* const q = object_of<StreamQuantiles<T>>(s, Statistics<T>::kStreamQuantiles);
+  if (q == nullptr) return ORVIK_ERROR_BAD_OBJECT;
+  int64_t body = 0;
+  Statistics<T>::save_streams(q->task.get(), nullptr, &body);
+  return save_image(kStreamMagic, sizeof(StreamHead) + static_cast<uint64_t>(body), memory, size, [&](char* behind) {
+    const StreamHead head = {int64_t{sizeof(T)}, q->p, double{q->epsilon}};
+    std::memcpy(behind, &head, sizeof head);
+    return orvik_status{Statistics<T>::save_streams(q->task.get(), behind + sizeof head, &body)};
+  });
+}
+
+template <class T>
+orvik_status load(void** s, const void* memory, int64_t size) {
+  if (s == nullptr) return ORVIK_ERROR_NULL_POINTER;
+  *s = nullptr;
+  if (memory == nullptr) return ORVIK_ERROR_NULL_POINTER;
+  if (size < 0) return ORVIK_ERROR_BAD_LENGTH;
+  uint64_t body = 0;
+  const char* const image = read_image(kStreamMagic, memory, size, &body);
+  StreamHead head;
+  if (image == nullptr || body < sizeof head) return ORVIK_ERROR_BAD_IMAGE;
+  std::memcpy(&head, image, sizeof head);
+  if (head.bytes != int64_t{sizeof(T)}) return ORVIK_ERROR_BAD_IMAGE;
+  void* made = nullptr;
+  const orvik_status status = make<T>(&made, head.p, static_cast<T>(head.epsilon));
+  if (status == ORVIK_ERROR_BAD_LENGTH || status == ORVIK_ERROR_BAD_PARAMETER) return ORVIK_ERROR_BAD_IMAGE;
+  if (status != ORVIK_SUCCESS) return status;
+  auto* const q = object_of<StreamQuantiles<T>>(made, Statistics<T>::kStreamQuantiles);
+  const int32_t read =
+      Statistics<T>::load_streams(q->task.get(), image + sizeof head, static_cast<int64_t>(body - sizeof head));
+  if (read == 0) {
+    *s = made;
+    return ORVIK_SUCCESS;
+  }
+  remove<T>(made);
+  return read == ORVIK_QOR_IMAGE_BAD_FORMAT ? ORVIK_ERROR_BAD_IMAGE : memory_status(read);
+}
+
 }  // namespace
 }  // namespace orvik::front
 
@@ -195,6 +246,12 @@ using namespace orvik::front;
   }                                                                                                                    \
   orvik_status orvik_##d##_stream_quantiles_dimension(const orvik_##d##_stream_quantiles* s, int64_t* p) {             \
     return dimension<T>(s, p);                                                                                         \
+  }                                                                                                                    \
+  orvik_status orvik_##d##_stream_quantiles_save(const orvik_##d##_stream_quantiles* s, void* memory, int64_t* size) { \
+    return save<T>(s, memory, size);                                                                                   \
+  }                                                                                                                    \
+  orvik_status orvik_##d##_stream_quantiles_load(orvik_##d##_stream_quantiles** s, const void* memory, int64_t size) { \
+    return load<T>(reinterpret_cast<void**>(s), memory, size);                                                         \
   }                                                                                                                    \
   void orvik_##d##_stream_quantiles_delete(orvik_##d##_stream_quantiles* s) { remove<T>(s); }
 

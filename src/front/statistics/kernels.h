@@ -27,6 +27,8 @@ struct Statistics;
     static constexpr auto minmax = _qor##d##SSMinmax;                      \
     static constexpr auto quantiles = _qor##d##SSQuantiles;                \
     static constexpr auto stream_quantiles = _qor##d##SSStreamQuantiles;   \
+    static constexpr auto save_streams = orvik_ss_##d##_save_streams;      \
+    static constexpr auto load_streams = orvik_ss_##d##_load_streams;      \
     static constexpr auto mad = _qor##d##SSMAD;                            \
     static constexpr auto weighted_median = _qor##d##SSWMedian;            \
     static constexpr auto sort = _qor##d##SSSort;                          \

@@ -5,34 +5,10 @@
 #include "orvik/serv.h"
 #include "orvik/ss.h"
 #include "qor/ss/by_variable.h"
-#include "qor/ss/stream_summary.h"
+#include "qor/ss/stream_state.h"
 #include "qor/ss/task.h"
 
 namespace orvik::ss {
-
-// A level of a variable's stream. The current one has a work area, the finished ones a summary.
-struct StreamLevel {
-  LevelShape shape;
-  LevelRoom room;  // of the work area
-  int64_t count;   // observations fed
-  int64_t used;    // entries of the summary
-  void* summary;
-  void* work;
-};
-
-struct StreamVariable {
-  int64_t levelCount;
-  int64_t currentLevel;
-  double epsilon;  // as of the first block; not zero once the variable has data
-  StreamLevel* levels;
-
-  int64_t seen() const {
-    int64_t total = 0;
-    for (int64_t k = 0; k < levelCount; ++k) total += levels[k].count;
-    return total;
-  }
-};
-static_assert(sizeof(StreamVariable) == 32);
 
 namespace {
 
@@ -236,22 +212,26 @@ int32_t stream_quantiles(OrvikSSTask handle, const OrvikThreading* threading) {
 int32_t free_buffers(OrvikSSTask handle) {
   if (handle == nullptr) return kNoTask;
   Task& task = *static_cast<Task*>(handle);
-  if (task.streamState == nullptr) return kDone;
-  const int64_t p = task.p();
+  release_streams(task.streamState, task.p());
+  task.streamState = nullptr;
+  return kDone;
+}
+
+}  // namespace
+
+void release_streams(StreamVariable* state, int64_t p) {
+  if (state == nullptr) return;
   for (int64_t j = 0; j < p; ++j) {
-    StreamVariable& v = task.streamState[j];
+    const StreamVariable& v = state[j];
     for (int64_t k = 0; k < v.levelCount; ++k) {
       orvik_serv_deallocate(v.levels[k].summary);
       orvik_serv_deallocate(v.levels[k].work);
     }
     orvik_serv_deallocate(v.levels);
   }
-  orvik_serv_deallocate(task.streamState);
-  task.streamState = nullptr;
-  return kDone;
+  orvik_serv_deallocate(state);
 }
 
-}  // namespace
 }  // namespace orvik::ss
 
 extern "C" {

@@ -69,8 +69,13 @@ class LevelWork {
   // Leaves one summary of the level; returns its number of entries.
   int64_t finish(Ranked<T>* out);
 
- private:
+  // What the area holds: values in the buffer, and the entries of the summary at a height.
+  int64_t& filled() const { return *filled_; }
+  T* buffer() const { return buffer_; }
+  int64_t& used(int64_t height) const { return used_[height]; }
   Ranked<T>* summary(int64_t height) const { return summaries_ + height * shape_.keep; }
+
+ private:
   void flush();
 
   LevelShape shape_;

@@ -699,8 +699,9 @@ struct Kernel {
 
  private:
   // Results this large leave the caches before they are read again (a core's share of a last-level cache is 1 to 4 MiB
-  // on most machines; past it, a streaming store saves reading the line that it replaces).
-  static constexpr int64_t kStreamBytes = int64_t{8} << 20;
+  // on most machines; past it, a streaming store saves reading the line that it replaces). Three arrays of as many bytes,
+  // each the next one's input, take as long either way where that share is much larger.
+  static constexpr int64_t kStreamBytes = int64_t{7} << 20;
 
   static constexpr bool kMayPassCaches = kKnobs.streams && !kTwoResults;
   static constexpr bool past_caches(int64_t n) {

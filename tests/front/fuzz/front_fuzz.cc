@@ -292,6 +292,15 @@ void statistics(Bytes& in) {
   orvik_d_stream_quantiles_new(&q, p, epsilon > 0 && epsilon < 1e-3 ? 1e-3 : epsilon);
   orvik_d_stream_quantiles_update(q, n, x, layout);
   orvik_d_stream_quantiles_query(q, fit(in.integer(), 20), arrays.b.get(), r);
+  if (orvik_d_stream_quantiles_save(q, nullptr, &size) == ORVIK_SUCCESS) {
+    std::vector<char> image(static_cast<size_t>(size));
+    require(orvik_d_stream_quantiles_save(q, image.data(), &size) == ORVIK_SUCCESS);
+    if (in.take<uint8_t>() % 2 == 0) image[in.take<uint16_t>() % image.size()] ^= 4;
+    orvik_d_stream_quantiles* loaded = nullptr;
+    orvik_d_stream_quantiles_load(&loaded, image.data(), size);
+    orvik_d_stream_quantiles_query(loaded, 1, arrays.b.get(), r);
+    orvik_d_stream_quantiles_delete(loaded);
+  }
   orvik_d_stream_quantiles_delete(q);
 }
 

@@ -5,9 +5,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <fstream>
 #include <limits>
 
+#include "orvik/qor.h"
 #include "qor/ss/stream_summary.h"
 #include "qor/ss/support.h"
 #include "serv/memory.h"
@@ -248,6 +250,85 @@ TEST(StreamMemory, GrowsWithTheSquareOfTheLogarithm) {
           << epsilon << " " << n;
     }
   }
+}
+
+template <class T>
+auto save_streams(OrvikSSTask task, void* memory, int64_t* size) {
+  if constexpr (sizeof(T) == 8)
+    return orvik_ss_d_save_streams(task, memory, size);
+  else
+    return orvik_ss_s_save_streams(task, memory, size);
+}
+template <class T>
+auto load_streams(OrvikSSTask task, const std::vector<char>& image, size_t size) {
+  if constexpr (sizeof(T) == 8)
+    return orvik_ss_d_load_streams(task, image.data(), static_cast<int64_t>(size));
+  else
+    return orvik_ss_s_load_streams(task, image.data(), static_cast<int64_t>(size));
+}
+template <class T>
+std::vector<char> image_of(OrvikSSTask task) {
+  int64_t size = 0;
+  EXPECT_EQ(save_streams<T>(task, nullptr, &size), 0);
+  std::vector<char> image(static_cast<size_t>(size));
+  --size;
+  EXPECT_EQ(save_streams<T>(task, image.data(), &size), -4002);
+  ++size;
+  EXPECT_EQ(save_streams<T>(task, image.data(), &size), 0);
+  return image;
+}
+
+template <class T>
+void images_go_on(double epsilon, int64_t n) {
+  constexpr int64_t kMore = 700;
+  std::vector<T> x(static_cast<size_t>(2 * (n + kMore)));
+  uint64_t state = 7;
+  for (size_t i = 0; i < x.size(); ++i) {
+    state = state * 6364136223846793005 + 1442695040888963407;
+    x[i] = i % 13 == 5 ? T(3) : i % 101 == 7 ? std::numeric_limits<T>::quiet_NaN() : static_cast<T>(state >> 40);
+  }
+  const std::vector<T> orders = {0, T(0.1), T(0.5), T(0.75), 1};
+  Stream<T> a(2, epsilon, orders), b(2, epsilon, orders);
+  EXPECT_EQ(a.feed(n, x.data(), ORVIK_SS_STORAGE_COLUMNS), 0);
+  EXPECT_EQ(b.feed(0, nullptr, ORVIK_SS_STORAGE_COLUMNS), 0);
+  const auto image = image_of<T>(a.task.get());
+  ASSERT_EQ(load_streams<T>(b.task.get(), image, image.size()), 0);
+  EXPECT_EQ(image_of<T>(b.task.get()), image);
+  for (const int64_t more : {int64_t{0}, int64_t{1}, kMore - 1}) {
+    EXPECT_EQ(a.feed(more, x.data() + 2 * n, ORVIK_SS_STORAGE_COLUMNS), 0);
+    EXPECT_EQ(b.feed(more, x.data() + 2 * n, ORVIK_SS_STORAGE_COLUMNS), 0);
+    EXPECT_EQ(std::memcmp(a.results.data(), b.results.data(), a.results.size() * sizeof(T)), 0) << epsilon << " " << n;
+  }
+  for (size_t less = 0; less < image.size(); less += less < 200 || image.size() - less < 200 ? 1 : 97) {
+    ASSERT_EQ(load_streams<T>(b.task.get(), image, less), ORVIK_QOR_IMAGE_BAD_FORMAT) << less;
+  }
+  auto longer = image;
+  longer.push_back(0);
+  EXPECT_EQ(load_streams<T>(b.task.get(), longer, longer.size()), ORVIK_QOR_IMAGE_BAD_FORMAT);
+  EXPECT_EQ(image_of<T>(b.task.get()), image_of<T>(a.task.get()));  // refused images left it
+}
+
+TEST(StreamImage, GoesOnWithTheSameBitsAndIsRefusedInParts) {
+  for (const double epsilon : {1.0, 0.5, 0.1, 0.03, 0.001}) {
+    for (const int64_t n : {1, 2, 3, 10, 32, 33, 34, 99, 100, 101, 1000, 5000, 40000}) {
+      images_go_on<double>(epsilon, n);
+      images_go_on<float>(epsilon, n);
+    }
+  }
+}
+
+TEST(StreamImage, OfAnotherNumberOfVariablesIsRefused) {
+  const std::vector<double> x = {1, 2, 3, 4, 5, 6};
+  Stream<double> two(2, 0.1, {0.5}), three(3, 0.1, {0.5});
+  ASSERT_EQ(two.feed(3, x.data(), ORVIK_SS_STORAGE_COLUMNS), 0);
+  ASSERT_EQ(three.feed(2, x.data(), ORVIK_SS_STORAGE_COLUMNS), 0);
+  const auto image = image_of<double>(two.task.get());
+  EXPECT_EQ(load_streams<double>(three.task.get(), image, image.size()), ORVIK_QOR_IMAGE_BAD_FORMAT);
+  EXPECT_EQ(orvik_ss_d_load_streams(nullptr, image.data(), 8), -4031);
+  EXPECT_EQ(orvik_ss_d_load_streams(two.task.get(), nullptr, 8), ORVIK_QOR_IMAGE_BAD_FORMAT);
+  int64_t size = 0;
+  EXPECT_EQ(orvik_ss_d_save_streams(nullptr, nullptr, &size), -4031);
+  EXPECT_EQ(orvik_ss_d_save_streams(two.task.get(), nullptr, nullptr), -4002);
 }
 
 }  // namespace

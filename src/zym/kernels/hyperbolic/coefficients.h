@@ -69,25 +69,22 @@ inline constexpr double kCoshDoubleLA[5] = {
     0x1.28afa28a90a67p-22, 0x1.a01997674a05p-16, 0x1.6c16c18549d25p-10, 0x1.5555555550243p-5, 0x1.000000000000bp-1
 };
 
-//: x + x^3 * p(x^2) = sinh(x) on [2^-20, log(2)/8], relative error 2^-36.5
+// In steps of ln(2)/16, and a little beyond half of one.
+//: x + x^3 * p(x^2) = sinh(x) on [2^-20, 0.0219], relative error 2^-31.5
 //: fit arc/coefficients.sollya
-inline constexpr float kSinhSingleHA[2] = {0x1.1128fcp-7f, 0x1.555554p-3f};
+inline constexpr float kSinhSingleHA[1] = {0x1.555712p-3f};
 
-//: 1 + x^2 * p(x^2) = cosh(x) on [0, log(2)/8], relative error 2^-35.1
+//: 1 + x^2 * p(x^2) = cosh(x) on [0, 0.0219], relative error 2^-29.1
 //: fit arc/coefficients.sollya
-inline constexpr float kCoshSingleHA[2] = {0x1.55729p-5f, 0x1.fffffep-2f};
+inline constexpr float kCoshSingleHA[1] = {0x1.00022cp-1f};
 
-//: x + x^3 * p(x^2) = sinh(x) on [2^-20, log(2)/8], relative error 2^-68.2
+//: x + x^3 * p(x^2) = sinh(x) on [2^-20, 0.0219], relative error 2^-69.1
 //: fit arc/coefficients.sollya
-inline constexpr double kSinhDoubleHA[4] = {
-    0x1.71ef262472647p-19, 0x1.a01a0127dd08ap-13, 0x1.11111111126f5p-7, 0x1.5555555555555p-3
-};
+inline constexpr double kSinhDoubleHA[3] = {0x1.a01b53c8621f8p-13, 0x1.11111110b5af3p-7, 0x1.5555555555557p-3};
 
-//: 1 + x^2 * p(x^2) = cosh(x) on [0, log(2)/8], relative error 2^-65.7
+//: 1 + x^2 * p(x^2) = cosh(x) on [0, 0.0219], relative error 2^-65.9
 //: fit arc/coefficients.sollya
-inline constexpr double kCoshDoubleHA[4] = {
-    0x1.a02f7c09da5c1p-16, 0x1.6c16c0e3426acp-10, 0x1.5555555557fd3p-5, 0x1.fffffffffffffp-2
-};
+inline constexpr double kCoshDoubleHA[3] = {0x1.6c18517749ceep-10, 0x1.555555546abfap-5, 0x1.0000000000005p-1};
 
 // The hyperbolic tangent of floats on half octaves of v = 1 + |x| 53/32 from 1 to 16, about their centres; the first about 0.
 //: = i == 0 ? 0 : (2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53

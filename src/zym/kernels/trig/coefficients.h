@@ -62,10 +62,30 @@ inline constexpr double kTangentLA64P[6] = {
 //: x + x^3 * p(x^2) = tan(x) on [-pi/64, pi/64], relative error 2^-35.0
 //: fit trig/coefficients.sollya
 inline constexpr double kTangentGrid32[2] = {0x1.11701801b7dcep-3, 0x1.55554c4321ce3p-2};
+//: x + x^3 * p(x^2) = tan(x) on [-0.0986, 0.0986], relative error 2^-28.9
+//: fit trig/coefficients.sollya
+inline constexpr float kTangentCircle32[2] = {0x1.1290d8p-3f, 0x1.5554c2p-2f};
 //: x + x^3 * p(x^2) = tan(x) on [-pi/32, pi/32], relative error 2^-59.1
 //: fit trig/coefficients.sollya
 inline constexpr double kTangentGrid64[5] = {
     0x1.25cccc7df5b54p-7, 0x1.664ab664ed3abp-6, 0x1.ba1ba489d25dbp-5, 0x1.11111110b0802p-3, 0x1.55555555555dcp-2
+};
+// Between the points of a sixteenth of a half turn; floats of 2^19 go a little beyond, since their n is rounded so.
+//: x + x^3 * p(x^2) = sin(x) on [-0.12, 0.12], relative error 2^-34.5
+//: fit trig/coefficients.sollya
+inline constexpr float kCircleSine32[2] = {0x1.10eafap-7f, -0x1.555552p-3f};
+//: 1 + x^2 * p(x^2) = cos(x) on [-0.12, 0.12], relative error 2^-32.4
+//: fit trig/coefficients.sollya
+inline constexpr float kCircleCosine32[2] = {0x1.551bcp-5f, -0x1.fffff8p-2f};
+//: x + x^3 * p(x^2) = sin(x) on [-0.0982, 0.0982], relative error 2^-67.2
+//: fit trig/coefficients.sollya
+inline constexpr double kCircleSine64[4] = {
+    0x1.71cadc62fe173p-19, -0x1.a01a0109e0661p-13, 0x1.111111110f5c7p-7, -0x1.5555555555555p-3
+};
+//: 1 + x^2 * p(x^2) = cos(x) on [-0.0982, 0.0982], relative error 2^-64.0
+//: fit trig/coefficients.sollya
+inline constexpr double kCircleCosine64[4] = {
+    0x1.9ffe2f520e5d2p-16, -0x1.6c16c08534152p-10, 0x1.555555554f6eep-5, -0x1.ffffffffffffdp-2
 };
 // Sine and cosine of one argument.
 //: x + x^3 * p(x^2) = sin(x) on [-pi/4, pi/4], relative error 2^-19.0

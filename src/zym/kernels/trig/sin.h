@@ -1,8 +1,10 @@
 // sin(x) and cos(x). |x| = n pi + r, or (n - 1/2) pi + r for the cosine, which makes it a sine of r; the sign changes
-// with every n. The highest level of doubles takes steps of pi/256 and the sum of angles. Larger arguments are reduced
-// exactly in a second vector form (reduce.h); the lowest level of doubles has a routine of its own for them.
+// with every n. The highest level of doubles takes steps of pi/16 and the sum of angles (circle.h). Larger arguments
+// are reduced exactly in a second vector form (reduce.h); the lowest level of doubles has a routine of its own for
+// them.
 #pragma once
 
+#include "zym/kernels/trig/circle.h"
 #include "zym/kernels/trig/element.h"
 #include "zym/kernels/trig/reduce.h"
 #include "zym/kernels/trig/sin_element.h"
@@ -132,20 +134,20 @@ struct SineDouble : NotFiniteElement<V> {
 template <bool Cosine, Double V>
 struct SineDouble<Cosine, Level::HA, V> : NotFiniteElement<V> {
   static constexpr Knobs knobs = knobs_of(2);
-  static constexpr double kQuarterTurn = Cosine ? 128.0 : 0.0;
+  static constexpr double kQuarterTurn = Cosine ? 8.0 : 0.0;
 
   static auto special(V x) { return magnitude_above<0x40EFFFFFu>(x); }  // from 65536 on
 
   static V lanes(V x) {
     const V a = magnitude(x);
-    const auto [t, n] = shift_round(a, V(k256OverPi), V(kShifter64 + kQuarterTurn));
-    const V s = grid_sine(GridPoint<V>(t), reduce_by_grid(a, n));
+    const auto [t, n] = shift_round(a, V(k16OverPi<V>), V(kShifter64 + kQuarterTurn));
+    const V s = circle_sine(CirclePoint<V>(t), reduce_by_sixteenths(a, n));
     return Cosine ? s : flip_sign(s, x);
   }
 
   static Masked<V, Mask<V>> wide(V x) {
-    const auto [t, r] = reduce_large<256>(magnitude(x), V(kQuarterTurn / 256));
-    const V s = grid_sine(GridPoint<V>(t), r);
+    const auto [t, r] = reduce_large<16>(magnitude(x), V(kQuarterTurn / 16));
+    const V s = circle_sine(CirclePoint<V>(t), r);
     return {Cosine ? s : flip_sign(s, x), not_finite(x)};
   }
 };
@@ -162,17 +164,17 @@ struct SineOf<Cosine, L, V> : SineDouble<Cosine, L, V> {};
 // sSin LA: 2.2828 ulp at -0x1.072a1ap+65
 // sSin HA: 0.7709 ulp at -0x1.e5e49ep+18
 // sSin EP: 12.43 bits at -0x1.f9cbe2p+8
-// dSin LA: 2.9250 ulp at -0x1.ea537fe5ac484p+5
-// dSin HA: 0.5017 ulp at 0x1.60c09a739a4e4p-8
-// dSin EP: 27.12 bits at -0x1.aa6097dff9a7p+4
+// dSin LA: 3.1976 ulp at 0x1.01b7928a733bcp+6
+// dSin HA: 0.5722 ulp at -0x1.14db8662a414p+6
+// dSin EP: 27.12 bits at 0x1.5e199850e5dep+3
 template <class V, Level L>
 struct Sin : trig::SineOf<false, L, V> {};
 // sCos LA: 2.4673 ulp at 0x1.917224p+18
 // sCos HA: 0.8741 ulp at -0x1.fc0872p+18
 // sCos EP: 12.43 bits at 0x1.f9cbe2p+7
 // dCos LA: 3.1403 ulp at -0x1.eaf39beb3de7ap+555
-// dCos HA: 0.5009 ulp at 0x1.274bf4a020176p+6
-// dCos EP: 27.12 bits at -0x1.ddf627794e7abp+5
+// dCos HA: 0.5819 ulp at -0x1.4d675041e5851p+6
+// dCos EP: 27.12 bits at 0x1.f4e58a92d12cp+3
 template <class V, Level L>
 struct Cos : trig::SineOf<true, L, V> {};
 

@@ -1,5 +1,5 @@
 // Sine and cosine of one argument. At the lower levels |x| = n pi/2 + r with one polynomial for each, which change
-// places with every n; at the highest level of doubles one point of the grid serves both.
+// places with every n; at the highest level one point of the circle serves both.
 #pragma once
 
 #include "zym/kernels/trig/element.h"
@@ -53,6 +53,15 @@ template <Double W>
   return both(f, kPairSineHA32, kPairCosineHA32);
 }
 
+template <Single V>
+Masked<Pair<V>, Mask<V>> both_of_large(V x) {
+  const Pair<V> r = over_large<2>(magnitude(x), 0.0, [](auto reduced) {
+    using W = decltype(reduced.t);
+    return turned(both(reduced.f * W(kPi), kPairSineHA32, kPairCosineHA32), reduced.t);
+  });
+  return {{flip_sign(r.first, x), r.second}, not_finite(x)};
+}
+
 template <Level L, Single V>
 struct BothSingle : NotFinitePair<V> {
   static constexpr Knobs knobs = knobs_of(2);
@@ -63,28 +72,18 @@ struct BothSingle : NotFinitePair<V> {
     const V a = magnitude(x);
     const auto [t, n] = shift_round(a, V(k2OverPi32));
     Pair<V> r;
-    if constexpr (L == Level::HA) {
-      r = pair_by_halves([](auto y, auto m) __attribute__((always_inline)) { return both_of_float(y, m); }, a, n);
+    V f = fnma(n, V(-4.371138828673793e-08f), fnma(n, V(1.5707963705062866f), a));
+    if constexpr (L == Level::LA) {
+      f = fnma(n, V(-1.7151245100058819e-15f), f);
+      r = both(f, kPairSineLA32, kPairCosineLA32);
     } else {
-      V f = fnma(n, V(-4.371138828673793e-08f), fnma(n, V(1.5707963705062866f), a));
-      if constexpr (L == Level::LA) {
-        f = fnma(n, V(-1.7151245100058819e-15f), f);
-        r = both(f, kPairSineLA32, kPairCosineLA32);
-      } else {
-        r = both(f, kPairSineEP32, kPairCosineEP32);
-      }
+      r = both(f, kPairSineEP32, kPairCosineEP32);
     }
     r = turned(r, t);
     return {flip_sign(r.first, x), r.second};
   }
 
-  static Masked<Pair<V>, Mask<V>> wide(V x) {
-    const Pair<V> r = over_large<2>(magnitude(x), 0.0, [](auto reduced) {
-      using W = decltype(reduced.t);
-      return turned(both(reduced.f * W(kPi), kPairSineHA32, kPairCosineHA32), reduced.t);
-    });
-    return {{flip_sign(r.first, x), r.second}, not_finite(x)};
-  }
+  static Masked<Pair<V>, Mask<V>> wide(V x) { return both_of_large(x); }
 };
 
 template <Level L, Double V>
@@ -113,25 +112,30 @@ struct BothDouble : NotFinitePair<V> {
     return {flip_sign(r.first, x), r.second};
   }
 };
-template <Double V>
-struct BothDouble<Level::HA, V> : NotFinitePair<V> {
-  static constexpr Knobs knobs = knobs_of(1);
-  static auto special(V x) { return magnitude_above<0x40EFFFFFu>(x); }  // from 65536 on
+template <class V>
+struct CircleBoth : NotFinitePair<V> {
+  static constexpr Knobs knobs = knobs_of(Single<V> ? 2 : 1);
+  // From 524288 on, from 65536.
+  static auto special(V x) { return magnitude_above < Single<V> ? 0x48FFFFFFu : 0x40EFFFFFu > (x); }
 
   static Pair<V> lanes(V x) {
     const V a = magnitude(x);
-    const auto [t, n] = shift_round(a, V(k256OverPi));
-    return finish(t, reduce_by_grid(a, n), x);
+    const auto [t, n] = shift_round(a, V(k16OverPi<V>));
+    return finish(t, reduce_by_sixteenths(a, n), x);
   }
   static Masked<Pair<V>, Mask<V>> wide(V x) {
-    const auto [t, r] = reduce_large<256>(magnitude(x));
-    return {finish(t, r, x), not_finite(x)};
+    if constexpr (Single<V>) {
+      return both_of_large(x);
+    } else {
+      const auto [t, r] = reduce_large<16>(magnitude(x));
+      return {finish(t, r, x), not_finite(x)};
+    }
   }
 
  private:
   [[gnu::always_inline]] static Pair<V> finish(V t, HeadTail<V> r, V x) {
-    const GridPoint<V> p(t);
-    return {flip_sign(grid_sine(p, r), x), grid_cosine(p, r)};
+    const CirclePoint<V> p(t);
+    return {flip_sign(circle_sine(p, r), x), circle_cosine(p, r)};
   }
 };
 
@@ -141,21 +145,25 @@ template <Level L, Single V>
 struct BothOf<L, V> : BothSingle<L, V> {};
 template <Level L, Double V>
 struct BothOf<L, V> : BothDouble<L, V> {};
+template <Single V>
+struct BothOf<Level::HA, V> : CircleBoth<V> {};
+template <Double V>
+struct BothOf<Level::HA, V> : CircleBoth<V> {};
 
 }  // namespace trig
 
 // sSinCos LA: 1.5626 ulp at -0x1.c43ebap+18
-// sSinCos HA: 0.5036 ulp at 0x1.e4fde8p+18
+// sSinCos HA: 0.5138 ulp at 0x1.f77bb6p+5
 // sSinCos EP: 13.88 bits at -0x1.f9cbe2p+7 (second result)
-// dSinCos LA: 2.1403 ulp at -0x1.eaf39beb3de7ap+555 (second result)
-// dSinCos HA: 0.5017 ulp at 0x1.60c09a739a4e4p-8
-// dSinCos EP: 27.97 bits at 0x1.921fb54442d08p-1
+// dSinCos LA: 2.2485 ulp at 0x1.06890f3d6b8cdp+631 (second result)
+// dSinCos HA: 0.5819 ulp at -0x1.4d675041e5851p+6 (second result)
+// dSinCos EP: 27.97 bits at -0x1.ee70df66fcd55p+754 (second result)
 template <class V, Level L>
 struct SinCos : trig::BothOf<L, V> {};
 
 // One kernel for all levels: the highest.
 // sSinCospi HA: 0.5004 ulp at 0x1.1064e6p-6 (second result)
-// dSinCospi HA: 0.7719 ulp at -0x0.83dcc317f2488p-1022
+// dSinCospi HA: 0.7975 ulp at -0x0.94a9114d689dbp-1022
 template <class V, Level L>
 struct SinCospi : trig::NotFinitePair<V> {
   static constexpr Knobs knobs = trig::knobs_of(Single<V> ? 2 : 1);
@@ -168,12 +176,12 @@ struct SinCospi : trig::NotFinitePair<V> {
               trig::SineOfUnit<Turns, true, L, V>::of_turn(f)};
     } else {
       const V g = magnitude(f);
-      const auto [t, n] = shift_round(g, V(256.0));
-      const HeadTail<V> r = trig::half_turns(HeadTail<V>{fnma(n, V(1.0 / 256), g), V(0.0)});
-      const trig::GridPoint<V> p(t);
+      const auto [t, n] = shift_round(g, V(16.0));
+      const HeadTail<V> r = trig::in_radians<Turns>(fnma(n, V(1.0 / 16), g));
+      const trig::CirclePoint<V> p(t);
       // The sine's magnitude; its sign is that of f but for zeros, which have the sign of x.
-      const V sine = copy_sign(trig::unless_tiny<Turns>(grid_sine(p, r), g), trig::folded<Turns>(f));
-      return {flip_sign(sine, x), grid_cosine(p, r)};
+      const V sine = copy_sign(trig::unless_tiny<Turns>(trig::circle_sine(p, r), g), trig::folded<Turns>(f));
+      return {flip_sign(sine, x), trig::circle_cosine(p, r)};
     }
   }
 };

@@ -2,6 +2,7 @@
 // exact: sines with the sign of x, cosines +0.
 #pragma once
 
+#include "zym/kernels/trig/circle.h"
 #include "zym/kernels/trig/element.h"
 #include "zym/kernels/trig/sine.h"
 #include "zym/kernels/trig/units.h"
@@ -49,13 +50,10 @@ struct SineOfUnit : NotFiniteElement<V> {
     } else {
       // The cosine's grid runs backwards from a quarter turn: its zeros are +0.
       const V g = Cosine ? magnitude(f) : folded<Unit>(f);
-      constexpr double steps = 256 / Unit::kHalfTurn, step = 1 / steps;
-      const auto [t, n] = Cosine ? shift_round(g, V(-steps), V(kShifter64 + 128)) : shift_round(g, V(steps));
-      const V w = Cosine ? fma(n, V(step), g) : fnma(n, V(step), g);
-      const double sign = Cosine ? -1.0 : 1.0;
-      HeadTail<V> r = two_prod(w, V(sign * Unit::kRadians));
-      r.tail = fma(w, V(sign * Unit::kRadiansTail), r.tail);
-      const V s = grid_sine(GridPoint<V>(t), r);
+      constexpr double steps = 16 / Unit::kHalfTurn, step = Unit::kHalfTurn / 16;
+      const auto [t, n] = Cosine ? shift_round(g, V(-steps), V(kShifter64 + 8)) : shift_round(g, V(steps));
+      const V w = Cosine ? fms(n, V(-step), g) : fnma(n, V(step), g);
+      const V s = circle_sine(CirclePoint<V>(t), in_radians<Unit>(w));
       return Cosine ? s : unless_tiny<Unit>(s, g);
     }
   }
@@ -74,33 +72,33 @@ struct SineOfDegrees : SineOfUnit<Degrees, Cosine, L, V> {
 // sSinpi LA: 2.1914 ulp at 0x1.fff366p-2
 // sSinpi HA: 0.5004 ulp at 0x1.4595a2p-10
 // sSinpi EP: 13.17 bits at 0x1.460286p-13
-// dSinpi LA: 2.8796 ulp at 0x1.6608739eb21cap+6
-// dSinpi HA: 0.7719 ulp at -0x0.83dcc317f2488p-1022
-// dSinpi EP: 27.48 bits at 0x1.61e8ee7b3b942p+6
+// dSinpi LA: 3.2054 ulp at 0x1.49f75fc5a6e86p+6
+// dSinpi HA: 0.7975 ulp at -0x0.94a9114d689dbp-1022
+// dSinpi EP: 27.48 bits at 0x1.11e8ef3eeac3ap+6
 template <class V, Level L>
 struct Sinpi : trig::SineOfUnit<trig::Turns, false, L, V> {};
 // sCospi LA: 2.1915 ulp at 0x1.935ffep-15
 // sCospi HA: 0.5004 ulp at 0x1.1064e6p-6
 // sCospi EP: 13.17 bits at -0x1.e496aap-3
-// dCospi LA: 3.1479 ulp at -0x1.3d5f8b504cacp-19
-// dCospi HA: 0.5001 ulp at 0x1.6df6b4e2a2d06p+6
-// dCospi EP: 27.48 bits at 0x1.53e8ef4f0173cp+6
+// dCospi LA: 3.3385 ulp at 0x1.e016c035fd7d8p+5
+// dCospi HA: 0.5751 ulp at 0x1.e3bf19ad7319p+5
+// dCospi EP: 27.48 bits at -0x1.70fe58fedbe5p-6
 template <class V, Level L>
 struct Cospi : trig::SineOfUnit<trig::Turns, true, L, V> {};
 // sSind LA: 2.0267 ulp at -0x1.68034ep+6
 // sSind HA: 0.5004 ulp at -0x1.c85f02p-10
 // sSind EP: 13.17 bits at 0x1.cd0b2cp-5
-// dSind LA: 2.8039 ulp at 0x1.3a1de1d4020eep+9
-// dSind HA: 0.5338 ulp at -0x1.f77de542ae65bp-1016
-// dSind EP: 27.48 bits at 0x1.c60dc40e815fp+8
+// dSind LA: 3.0481 ulp at -0x1.c381d2aab4859p+8
+// dSind HA: 0.6364 ulp at 0x1.aeacba80b0496p-1015
+// dSind EP: 27.48 bits at 0x1.c60dd190b73fcp+8
 template <class V, Level L>
 struct Sind : trig::SineOfDegrees<false, L, V> {};
 // sCosd LA: 2.0267 ulp at 0x1.a77ffep-9
 // sCosd HA: 0.5004 ulp at 0x1.7b2a8cp+1
 // sCosd EP: 13.17 bits at 0x1.c1f194p+8
-// dCosd LA: 3.0033 ulp at -0x1.40fe2139c9546p-8
-// dCosd HA: 0.5000 ulp at 0x1.14540b66dad8p+9
-// dCosd EP: 27.48 bits at 0x1.03770160c8f8p+2
+// dCosd LA: 3.2011 ulp at -0x1.baf4814860062p-14
+// dCosd HA: 0.5750 ulp at -0x1.13aa4597724b1p+8
+// dCosd EP: 27.48 bits at -0x1.03770f51311p+2
 template <class V, Level L>
 struct Cosd : trig::SineOfDegrees<true, L, V> {};
 

@@ -46,13 +46,33 @@ extern const double kTwoOverPiChunks[80][4];
 //: cosine_tail = i == 128 ? 0 : cos(a) - cosine
 extern const double kSinCos256[256][4];
 
-// The same of i pi/16, for tangents; of i pi/32 without tails.
+// The same of i pi/16, as rows and columns. Sums of angles leave the product of the other tail and the angle out; where it
+// counts, at the points next to a zero and on its side, the tail of doubles has it of the angle 0.045.
+//: let a = pi * i / 16
+//: let sine_taken = i == 1 ? -0.045 : (i == 15 ? 0.045 : 0)
+//: let cosine_taken = i == 7 ? -0.045 : (i == 9 ? 0.045 : 0)
+//: sine = sin(a)
+//: sine_tail = sin(a) - sine + sine_taken * (cos(a) - double(cos(a)))
+//: cosine = i == 8 ? 0 : cos(a)
+//: cosine_tail = i == 8 ? 0 : cos(a) - cosine + cosine_taken * (sin(a) - sine)
+extern const double kSinCos16[16][4];
+//: planes
+//: let a = pi * i / 16
+//: let sine_taken = i == 1 ? -0.045 : (i == 15 ? 0.045 : 0)
+//: let cosine_taken = i == 7 ? -0.045 : (i == 9 ? 0.045 : 0)
+//: sine = sin(a)
+//: sine_tail = sin(a) - sine + sine_taken * (cos(a) - double(cos(a)))
+//: cosine = i == 8 ? 0 : cos(a)
+//: cosine_tail = i == 8 ? 0 : cos(a) - cosine + cosine_taken * (sin(a) - sine)
+extern const double kCircle64[4][16];
+//: planes
 //: let a = pi * i / 16
 //: sine = sin(a)
 //: sine_tail = sin(a) - sine
 //: cosine = i == 8 ? 0 : cos(a)
 //: cosine_tail = i == 8 ? 0 : cos(a) - cosine
-extern const double kSinCos16[16][4];
+extern const float kCircle32[4][16];
+// Of i pi/32 without tails.
 //: sine = sin(pi * i / 32)
 //: cosine = i == 16 ? 0 : cos(pi * i / 32)
 extern const double kSinCos32[32][2];

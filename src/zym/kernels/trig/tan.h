@@ -1,7 +1,8 @@
 // tan(x), tan(pi x) and the tangent of degrees. At the lower levels |x| = n pi/2 + r and one division: P/Q for even n,
-// -Q/P for odd; at the highest a grid of pi/32 or pi/16 and the quotient of the sums of angles.
+// -Q/P for odd; at the highest steps of pi/16 and the quotient of the sums of angles (circle.h).
 #pragma once
 
+#include "zym/kernels/trig/circle.h"
 #include "zym/kernels/trig/element.h"
 #include "zym/kernels/trig/reduce.h"
 #include "zym/kernels/trig/sine.h"
@@ -29,29 +30,18 @@ template <Double V>  // steps of pi/32, to 2^-33; r a plain double
   const V tangent = odd_sum(r, kTangentGrid32);
   return fma(row.second, tangent, row.first) / fnma(row.first, tangent, row.second);
 }
-template <bool Poles, Double V>  // steps of pi/16
-[[gnu::always_inline]] inline V tangent_double(V t, HeadTail<V> r) {
-  const auto row = gather(kSinCos16, indices(as_bits(t) & Integer<V>(uint64_t{15})));
-  const V s = row.c[0], s_tail = row.c[1], c = row.c[2], c_tail = row.c[3];
-  // tan(r) in head and tail.
-  const V z = r.head * r.head;
-  const V rest = fma(r.head * z, horner(z, kTangentGrid64), fma(z, r.tail, r.tail));
-  const HeadTail<V> g = fast_two_sum(r.head, rest);
-  const V over = fma(c, g.head, s);
-  const V over_tail = fma(c, g.tail, fma(c_tail, g.head, s_tail)) + fma(c, g.head, s - over);
-  const V under = fnma(s, g.head, c);
-  const V under_tail = fnma(s, g.tail, fnma(s_tail, g.head, c_tail)) + fnma(s, g.head, c - under);
-  const auto corrected = [&](V inverse) __attribute__((always_inline)) {
-    const V q = over * inverse;
-    return fma(fnma(q, under_tail, fnma(q, under, over) + over_tail), inverse, q);
-  };
-  const V inverse = V(1.0) / under;
-  if constexpr (!Poles) return corrected(inverse);
-  const Mask<V> pole = under == V(0.0);
-  return select(pole, inverse, corrected(drop(pole, inverse)));
-}
 
 // --- radians --------------------------------------------------------------------------------------------------------
+
+template <Single V>
+Masked<V, Mask<V>> tangent_of_large(V x) {
+  const V s = over_large<2>(magnitude(x), 0.0, [](auto reduced) {
+    using W = decltype(reduced.t);
+    const W odd = sign_from<0>(reduced.t);
+    return flip_sign(quotient(reduced.f * W(kPi), odd, kTangentEP64P, kTangentEP64Q), odd);
+  });
+  return {flip_sign(s, x), not_finite(x)};
+}
 
 // The sign of tan(n pi/2 + r) is that of r for even n, the other for odd n.
 template <Level L, Single V>
@@ -61,30 +51,12 @@ struct TangentSingle : NotFiniteElement<V> {
 
   static V lanes(V x) {
     const V a = magnitude(x);
-    if constexpr (L == Level::HA) {
-      const V s = by_halves(
-          [](auto y) __attribute__((always_inline)) {
-            using W = decltype(y);
-            const auto [t, n] = shift_round(y, W(10.18591594696045));
-            return tangent_single(t, fnma(n, W(3.798187816439979e-12), fnma(n, W(0.09817477042088285), y)));
-          },
-          a);
-      return flip_sign(s, x);
-    } else {
-      const auto [t, n] = shift_round(a, V(0.6366197466850281f));
-      V r = fnma(n, V(-4.371138828673793e-08f), fnma(n, V(1.5707963705062866f), a));
-      if constexpr (L == Level::LA) r = fnma(n, V(-1.7151245100058819e-15f), r);
-      return flip_sign(quotient(r, sign_from<0>(t), kTangent32P, kTangent32Q), sign_from<0>(t) ^ x);
-    }
+    const auto [t, n] = shift_round(a, V(0.6366197466850281f));
+    V r = fnma(n, V(-4.371138828673793e-08f), fnma(n, V(1.5707963705062866f), a));
+    if constexpr (L == Level::LA) r = fnma(n, V(-1.7151245100058819e-15f), r);
+    return flip_sign(quotient(r, sign_from<0>(t), kTangent32P, kTangent32Q), sign_from<0>(t) ^ x);
   }
-  static Masked<V, Mask<V>> wide(V x) {
-    const V s = over_large<2>(magnitude(x), 0.0, [](auto reduced) {
-      using W = decltype(reduced.t);
-      const W odd = sign_from<0>(reduced.t);
-      return flip_sign(quotient(reduced.f * W(kPi), odd, kTangentEP64P, kTangentEP64Q), odd);
-    });
-    return {flip_sign(s, x), not_finite(x)};
-  }
+  static Masked<V, Mask<V>> wide(V x) { return tangent_of_large(x); }
 };
 
 template <Level L, Double V>
@@ -114,23 +86,24 @@ struct TangentDouble : NotFiniteElement<V> {
     if constexpr (L == Level::LA) return flip_sign(quotient(r, odd, kTangentLA64P, kTangentLA64Q), odd ^ x);
   }
 };
-template <Double V>
-struct TangentDouble<Level::HA, V> : NotFiniteElement<V> {
-  static constexpr Knobs knobs = knobs_of(2);
-  static auto special(V x) { return magnitude_above<0x40EFFFFFu>(x); }  // from 65536 on
+template <class V>
+struct CircleTangent : NotFiniteElement<V> {
+  static constexpr Knobs knobs = knobs_of(Single<V> ? 4 : 2);
+  // From 8256 on, from 65536.
+  static auto special(V x) { return magnitude_above < Single<V> ? 0x4600FFFFu : 0x40EFFFFFu > (x); }
 
   static V lanes(V x) {
     const V a = magnitude(x);
-    const auto [t, n] = shift_round(a, V(5.092958178940651));
-    // pi/16 in the parts of pi/256.
-    const V r = fnma(n, V(16 * 0.012271846302610356), a);
-    const V head = fnma(n, V(16 * 4.747734770549973e-13), r);
-    const V tail = fnma(n, V(16 * 1.5798955068718364e-23), fnma(n, V(16 * 4.747734770549973e-13), r - head));
-    return flip_sign(tangent_double<false>(t, HeadTail<V>{head, tail}), x);
+    const auto [t, n] = shift_round(a, V(k16OverPi<V>));
+    return flip_sign(circle_tangent<false>(CirclePoint<V>(t), reduce_by_sixteenths(a, n)), x);
   }
   static Masked<V, Mask<V>> wide(V x) {
-    const auto [t, r] = reduce_large<16>(magnitude(x));
-    return {flip_sign(tangent_double<false>(t, r), x), not_finite(x)};
+    if constexpr (Single<V>) {
+      return tangent_of_large(x);
+    } else {
+      const auto [t, r] = reduce_large<16>(magnitude(x));
+      return {flip_sign(circle_tangent<false>(CirclePoint<V>(t), r), x), not_finite(x)};
+    }
   }
 };
 
@@ -177,10 +150,8 @@ struct TangentOfUnit : NotFiniteElement<V> {
     } else {
       constexpr double steps = 16 / Unit::kHalfTurn;
       const auto [t, n] = shift_round(f, V(steps));
-      const V w = fnma(n, V(Unit::kHalfTurn / 16), f);
-      HeadTail<V> r = two_prod(w, V(Unit::kRadians));
-      r.tail = fma(w, V(Unit::kRadiansTail), r.tail);
-      return unless_tiny<Unit>(tangent_double<true>(t, r), f);
+      const HeadTail<V> r = in_radians<Unit>(fnma(n, V(Unit::kHalfTurn / 16), f));
+      return unless_tiny<Unit>(circle_tangent<true>(CirclePoint<V>(t), r), f);
     }
   }
 };
@@ -198,31 +169,35 @@ template <Level L, Single V>
 struct TangentOf<L, V> : TangentSingle<L, V> {};
 template <Level L, Double V>
 struct TangentOf<L, V> : TangentDouble<L, V> {};
+template <Single V>
+struct TangentOf<Level::HA, V> : CircleTangent<V> {};
+template <Double V>
+struct TangentOf<Level::HA, V> : CircleTangent<V> {};
 
 }  // namespace trig
 
 // sTan LA: 3.6507 ulp at 0x1.5149dp+0
-// sTan HA: 0.5024 ulp at -0x1.1b5d38p+57
+// sTan HA: 0.5277 ulp at -0x1.f165f8p+2
 // sTan EP: 13.88 bits at 0x1.f9cbe2p+12
-// dTan LA: 2.9664 ulp at -0x1.1bc232278c8e1p+6
-// dTan HA: 0.5114 ulp at -0x1.85ecd482624cp+1
+// dTan LA: 3.1583 ulp at -0x1.0799040a8b9b8p+4
+// dTan HA: 0.5999 ulp at 0x1.3767aa65958ecp+6
 // dTan EP: 32.71 bits at 0x1.9eb0b2ee64e81p+5
 template <class V, Level L>
 struct Tan : trig::TangentOf<L, V> {};
 // sTanpi LA: 2.8534 ulp at -0x1.fdf1bep-3
 // sTanpi HA: 0.5004 ulp at 0x1.fa0cbap-2
 // sTanpi EP: 13.45 bits at -0x1.6ccf36p-3
-// dTanpi LA: 2.6635 ulp at 0x1.13ea82fdc1d6p+5
-// dTanpi HA: 0.7719 ulp at -0x0.83dcc317f2488p-1022
-// dTanpi EP: 27.99 bits at -0x1.8fffffffada71p+6
+// dTanpi LA: 2.9092 ulp at 0x1.70299ccff4c7p+3
+// dTanpi HA: 0.7975 ulp at -0x0.94a9114d689dbp-1022
+// dTanpi EP: 27.99 bits at -0x1.4c262993d16ebp-20
 template <class V, Level L>
 struct Tanpi : trig::TangentOfUnit<trig::Turns, L, V> {};
 // sTand LA: 2.9727 ulp at -0x1.627aa2p+5
 // sTand HA: 0.5004 ulp at 0x1.c588eep-1
 // sTand EP: 13.45 bits at 0x1.2c7598p-3
 // dTand LA: 3.0514 ulp at 0x1.5933d371d1bep+5
-// dTand HA: 0.5338 ulp at -0x1.f77de542ae65bp-1016
-// dTand EP: 27.99 bits at 0x1.1bf64bdf4cc5dp-13
+// dTand HA: 0.6364 ulp at 0x1.aeacba80b0496p-1015
+// dTand EP: 27.99 bits at 0x1.14bd00254f9b4p+7
 template <class V, Level L>
 struct Tand : trig::TangentOfDegrees<L, V> {};
 

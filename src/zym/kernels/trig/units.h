@@ -61,7 +61,8 @@ struct Degrees {
   }
   template <class V>
   static V within_turn(V a) {
-    constexpr Element<V> kTurns(1.0 / 360);  // a constant: the compiler leaves inexact quotients in code to the processor
+    constexpr Element<V> kTurns(1.0 /
+                                360);  // a constant: the compiler leaves inexact quotients in code to the processor
     const auto [t, n] = shift_round(a, V(kTurns));
     return fnma(n, V(Element<V>(360)), a);
   }
@@ -86,6 +87,11 @@ struct Degrees {
   }
 };
 
+template <class Unit, Double V>
+[[gnu::always_inline]] inline HeadTail<V> in_radians(V w) {
+  const HeadTail<V> r = two_prod(w, V(Unit::kRadians));
+  return {r.head, fma(w, V(Unit::kRadiansTail), r.tail)};
+}
 // s, or the angle itself in radians where it is so small that products' tails would be denormal.
 template <class Unit, Double V>
 V unless_tiny(V s, V f) {

@@ -177,7 +177,7 @@ TYPED_TEST(ComplexArithmetic, ResultOverBothOperandsGivesTheSame) {
   }
 }
 
-// Results of 8 MiB and more go past the caches; they begin anywhere.
+// Results of 7 MiB and more go past the caches; they begin anywhere.
 TYPED_TEST(ComplexArithmetic, LargeArraysGiveTheSameFromAnyAddress) {
   using C = TypeParam;
   using E = typename TestFixture::E;

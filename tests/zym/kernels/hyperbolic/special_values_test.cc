@@ -41,6 +41,30 @@ TYPED_TEST(Hyperbolic, CoshAndSinhAreFiniteUpToTheLastArgumentAndOverflowWithCod
   }
 }
 
+TYPED_TEST(Hyperbolic, CoshAndSinhAcrossHalfStepsAndTheBoundOfTheLanes) {
+  using E = TypeParam;
+  constexpr int kDigits = std::numeric_limits<E>::digits;
+  std::vector<E> centres;
+  for (int k = 1; k < (sizeof(E) == 4 ? 4000 : 32000); k += k < 200 ? 2 : 98)
+    centres.push_back(E(k * 0.0216608493924982909L));
+  centres.push_back(sizeof(E) == 4 ? E(86.5) : E(707.625));
+  for (const E centre : centres) {
+    const E before = std::nextafter(centre, E(0)), after = std::nextafter(centre, this->inf);
+    for (const E x : {before, centre, after}) {
+      for (int level = 0; level < 3; ++level) {
+        const double bound = level == 0 ? 4 : level == 1 ? 1 : std::ldexp(1.0, kDigits - (sizeof(E) == 4 ? 11 : 26));
+        for (const char* name : {"Cosh", "Sinh"}) {
+          const auto wide = static_cast<long double>(x);
+          const long double want = name[0] == 'C' ? std::cosh(wide) : std::sinh(wide);
+          const long double got = evaluate<E>(row_of<E>(name), level, x).r1;
+          EXPECT_LE(std::fabs(got - want), std::ldexp(bound, std::ilogb(want) + 1 - kDigits))
+              << name << level << ' ' << x;
+        }
+      }
+    }
+  }
+}
+
 TYPED_TEST(Hyperbolic, CoshOf89IsFiniteAndOf90OverflowsInFloats) {
   if (sizeof(TypeParam) != 4) GTEST_SKIP() << "both are finite in 64 bits";
   for (int level = 0; level < 3; ++level) {

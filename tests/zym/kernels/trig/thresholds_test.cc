@@ -111,6 +111,18 @@ TYPED_TEST(Walks, AcrossMultiplesOfAQuarterOfPi) {
   for (const char* f : {"Sin", "Cos", "Tan"}) this->expect_accurate(f, x);
 }
 
+// Where the nearest point changes, the remainder is largest, and next to a zero the sum smallest.
+TYPED_TEST(Walks, AcrossMiddlesBetweenThePointsOfTheCircle) {
+  std::vector<TypeParam> x;
+  for (int k = 1; k < 80000; k += k < 200 ? 2 : 994) {
+    const auto near = this->around({k * (0.78539816339744830962 / 8)}, 3);
+    x.insert(x.end(), near.begin(), near.end());
+  }
+  for (const char* f : {"Sin", "Cos", "Tan", "SinCos"}) this->expect_accurate(f, x);
+  for (TypeParam& v : x) v *= TypeParam(0.318309886183790671538);
+  for (const char* f : {"Sinpi", "Cospi", "Tanpi", "SinCospi"}) this->expect_accurate(f, x);
+}
+
 TYPED_TEST(Walks, HardArgumentsOfAllSizes) {
   using E = TypeParam;
   std::vector<E> x;

@@ -1,7 +1,11 @@
 // Speed of the distributions beside the standard library's, Boost's and GSL's, in one run: each comparison is timed in
 // turns (bench/support/paired.h). All sides draw from a Mersenne twister of 2^19937 - 1.
 //
-//   bench_distributions [SECONDS [NAME]]    of each comparison, 0.2 by default; prints a table
+//   bench_distributions [SECONDS [NAME [alone]]]    of each comparison, 0.2 by default; prints a table. An empty NAME
+//   is any;
+//                                                   alone: without the others
+#include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -18,6 +22,7 @@ using orvik::bench::Paired;
 using orvik::bench::Peer;
 
 double seconds = 0.2;
+bool alone = false;
 
 // What a comparison with peers of a library must reach; 0: no goal.
 struct Goals {
@@ -43,6 +48,19 @@ void print(const std::string& what, int32_t n, double ours, double peer, const s
   std::fflush(stdout);
 }
 
+// How many of n numbers a peer draws a turn: a slow one fewer, since times are per number.
+template <class T>
+int32_t share(const Peer<T>& peer, int32_t n, T* r) {
+  using Clock = std::chrono::steady_clock;
+  constexpr int32_t kSome = 100, kRow = 50;  // the longest vector or row
+  constexpr double kTurn = 0.02;             // s
+  peer.fill(r, kSome);
+  const auto start = Clock::now();
+  peer.fill(r, kSome);
+  const double each = std::chrono::duration<double>(Clock::now() - start).count() / kSome;
+  return each * n <= kTurn ? n : std::max(kSome, static_cast<int32_t>(kTurn / each) / kRow * kRow);
+}
+
 template <class T>
 void compare(const Subject<T>& subject, int32_t n) {
   OrvikStream stream;
@@ -54,15 +72,19 @@ void compare(const Subject<T>& subject, int32_t n) {
     for (; turns > 0; --turns)
       if (subject.draw(stream, n, r.data()) < 0) std::abort();
   });
-  for (const Peer<T>& peer : subject.peers)
-    paired.add(peer.name, [&](int64_t turns) {
-      for (; turns > 0; --turns) peer.fill(r.data(), n);
+  const std::vector<Peer<T>> peers = alone ? std::vector<Peer<T>>() : subject.peers;
+  std::vector<int32_t> shares;
+  for (const Peer<T>& peer : peers) {
+    shares.push_back(share(peer, n, r.data()));
+    paired.add(peer.name, [&, many = shares.back()](int64_t turns) {
+      for (; turns > 0; --turns) peer.fill(r.data(), many);
     });
+  }
   const std::vector<double> best = paired.measure(seconds);
-  if (subject.peers.empty()) print(subject.name, n, best[0] / n, 0, "", 0);
-  for (size_t k = 0; k < subject.peers.size(); ++k) {
-    const bool standard = subject.peers[k].name.starts_with("std");
-    print(subject.name, n, best[0] / n, best[k + 1] / n, subject.peers[k].name,
+  if (peers.empty()) print(subject.name, n, best[0] / n, 0, "", 0);
+  for (size_t k = 0; k < peers.size(); ++k) {
+    const bool standard = peers[k].name.starts_with("std");
+    print(subject.name, n, best[0] / n, best[k + 1] / shares[k], peers[k].name,
           standard ? subject.goals.standard : subject.goals.others);
   }
   __qorDeleteStream(&stream);
@@ -71,7 +93,7 @@ void compare(const Subject<T>& subject, int32_t n) {
 template <class T>
 void run(const std::vector<Subject<T>>& subjects, const char* only) {
   for (const Subject<T>& subject : subjects) {
-    if (only && subject.name.find(only) == std::string::npos) continue;
+    if (subject.name.find(only) == std::string::npos) continue;
     for (const int32_t n : {1000, 1000000}) compare(subject, n);
   }
 }
@@ -184,7 +206,8 @@ std::vector<Subject<int32_t>> discrete() {
 
 int main(int argc, char** argv) {
   if (argc > 1) seconds = std::atof(argv[1]);
-  const char* const only = argc > 2 ? argv[2] : nullptr;
+  const char* const only = argc > 2 ? argv[2] : "";
+  alone = argc > 3 && std::strcmp(argv[3], "alone") == 0;
   std::printf("| what | ours, ns | peer, ns | peer / ours | goal |\n|---|---|---|---|---|\n");
   run(real(), only);
   run(discrete(), only);

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """distributions_page.py MACHINE: runs build/release/bin/bench_distributions on one core; docs/performance-distributions.md on
 standard output."""
+import os
 import pathlib
 import sys
 
@@ -9,7 +10,23 @@ sys.path.append(str(root / "bench/support"))
 import table  # noqa: E402
 
 machine = sys.argv[1]
-rows = table.rows(["taskset", "-c", "1", str(root / "build/release/bin/bench_distributions"), "0.2"])
+command = ["taskset", "-c", "1", str(root / "build/release/bin/bench_distributions")]
+rows = table.rows([*command, "0.2"])
+
+
+def times(registers):
+    """Ours alone in registers of so many bits, where the process has such."""
+    lines = table.rows([*command, "0.1", "", "alone"], {**os.environ, "ORVIK_REGISTERS": registers})[1:]
+    return {what: float(ours) for what, ours, *_ in lines}
+
+
+def widths():
+    narrow, wide = times("256"), times("512")
+    return table.markdown([["what", "256 bits, ns", "512 bits, ns", "256 / 512"],
+                           *([what, f"{narrow[what]:.3f}", f"{wide[what]:.3f}", f"{narrow[what] / wide[what]:.2f}"]
+                             for what in wide if what.endswith("n = 1000"))])
+
+
 misses = [(what, ratio, goal) for what, _, _, ratio, goal in rows[1:]
           if goal.startswith(">=") and float(ratio) < float(goal[2:])]
 
@@ -20,8 +37,10 @@ print("\n".join([
     f"Machine: {machine}.", "",
     "One core. Each comparison is timed in turns, ours and every peer that has the distribution; all draw from a Mersenne",
     "twister of 2^19937 - 1. Times are the least of many turns, per number, in nanoseconds. The last column is the goal for the",
-    "column before it.", "",
+    "column before it. A slow peer draws fewer numbers a turn.", "",
     *table.markdown(rows), "", *table.shortfalls(misses), "",
+    "Requests of 1,000 numbers in registers of 512 bits, where the process has such, and, from another run with",
+    "`ORVIK_REGISTERS=256`, in those of 256:", "", *widths(), "",
     "What limits them:", "",
     "- Exponential is a uniform, a logarithm and the last pass; most of it is the logarithm.",
     "- Gaussian by method 2 is for the most part the inverse of the error function; by methods 0 and 1 it is the logarithm, the",

@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "df/interpolate.h"
-#include "serv/registers.h"
+#include "support/narrow.h"
 
 namespace orvik::df::test {
 namespace {
@@ -14,21 +14,11 @@ template <class Real>
 class WidthsTest : public ::testing::Test {};
 TYPED_TEST_SUITE(WidthsTest, Reals);
 
-// With narrow registers alone while it lives.
-class Narrow {
- public:
-  Narrow() { serv::wide_registers = false; }
-  ~Narrow() { serv::wide_registers = wide_; }
-
- private:
-  const bool wide_ = serv::wide_registers;
-};
-
 template <class Real>
 void expect_same(Call<Real>& call, OrvikDFTask task, const std::vector<Real>& sites, const char* what) {
   const std::vector<Real> wide = call(task, sites);
   ASSERT_EQ(call.status, 0) << what;
-  const Narrow narrow;
+  const orvik::test::Narrow narrow;
   const std::vector<Real> expected = call(task, sites);
   for (size_t k = 0; k < wide.size(); ++k) {
     ASSERT_EQ(memcmp(&wide[k], &expected[k], sizeof(Real)), 0)

@@ -3,15 +3,18 @@
 //   one of them 1           a power of a uniform
 //   one below, one above 1  switching (Atkinson 1979)
 //   both above 1            log-logistic candidates (Cheng 1978, BB)
+#include <bit>
 #include <cmath>
 #include <limits>
 
 #include "orvik/qor.h"
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/uniforms.h"
+#include "qor/rng/vectors.h"
 
 namespace orvik::qor {
 namespace {
@@ -30,20 +33,25 @@ template <class T>
 void by_powers(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q) {
   const T inverse_p = 1 / p, inverse_q = 1 / q;
   until_accepted(n, r, kCandidates, [&](int32_t count, T* out) {
+    using V = VectorOf<T>;
     T w[2 * kCandidates], power[2 * kCandidates];
     if (!uniforms.draw(2 * count, w)) return -1;
     kernels::ln(2 * count, w, w);
-    for (int32_t i = 0; i < count; ++i) {
-      w[2 * i] *= inverse_p;
-      w[2 * i + 1] *= inverse_q;
-    }
+    for_each_vector<V>(2 * count, [&](auto at) { at.store(w, at.load(w) * by_part(V(inverse_p), V(inverse_q))); });
     kernels::exp(2 * count, w, power);
     int32_t kept = 0;
-    for (int32_t i = 0; i < count; ++i) {
-      const T x = power[2 * i], sum = x + power[2 * i + 1];
-      if (!(sum <= 1)) continue;
-      out[kept++] = sum < std::numeric_limits<T>::min() ? share_of_logarithms(w[2 * i], w[2 * i + 1]) : x / sum;
-    }
+    for_each_vector<V>(count, [&](auto at) {
+      const Pair<V> powers = at.load_pairs(power);
+      const V sum = powers.first + powers.second;
+      const Mask<V> accepted = sum <= V(1);
+      T share[kWidth<V>];
+      orvik::store(share, powers.first / sum);
+      for (uint32_t bits = at.bits(accepted & (sum < V(std::numeric_limits<T>::min()))); bits != 0; bits &= bits - 1) {
+        const int32_t k = std::countr_zero(bits), i = at.first + k;
+        share[k] = share_of_logarithms(w[2 * i], w[2 * i + 1]);
+      }
+      kept += give_chosen(at, at.bits(accepted), orvik::load<V>(share), out + kept);
+    });
     return kept;
   });
 }
@@ -73,29 +81,31 @@ void by_switching(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q) {
   const Switch<T> s(p, q);
   const T inverse_p = 1 / p, inverse_q = 1 / q;
   until_accepted(n, r, kCandidates, [&](int32_t count, T* out) {
+    using V = VectorOf<T>;
     T w[2 * kCandidates], u[kCandidates], e[kCandidates], x[kCandidates], g[kCandidates];
-    bool accepted[kCandidates];
     if (!uniforms.draw(2 * count, w)) return -1;
     split(count, w, u, e);
     kernels::ln(count, e, e);
-    // Both sides of each choice are computed, so that the loops run in vectors.
-    for (int32_t i = 0; i < count; ++i) {
-      const bool below = u[i] <= s.left;
-      const T rest = 1 - u[i];
-      x[i] = (below ? u[i] : rest) / (below ? s.left : 1 - s.left);
-    }
+    const auto is_below = [&](auto at) { return at.load(u) <= V(s.left); };
+    for_each_vector<V>(count, [&](auto at) {
+      const Mask<V> below = is_below(at);
+      const V part = select(below, at.load(u), V(1) - at.load(u));
+      at.store(x, part / select(below, V(s.left), V(1 - s.left)));
+    });
     kernels::ln(count, x, x);
-    for (int32_t i = 0; i < count; ++i) x[i] *= u[i] <= s.left ? inverse_p : inverse_q;
+    for_each_vector<V>(count,
+                       [&](auto at) { at.store(x, at.load(x) * select(is_below(at), V(inverse_p), V(inverse_q))); });
     kernels::exp(count, x, x);
-    for (int32_t i = 0; i < count; ++i) {
-      const bool below = u[i] <= s.left;
-      const T low = s.t * x[i], high = 1 - (1 - s.t) * x[i], rest = 1 - low;
-      x[i] = below ? low : high;
-      g[i] = (below ? rest : high) / (below ? s.unit : s.t);
-    }
+    for_each_vector<V>(count, [&](auto at) {
+      const Mask<V> below = is_below(at);
+      const V low = V(s.t) * at.load(x), high = V(1) - V(1 - s.t) * at.load(x);
+      at.store(x, select(below, low, high));
+      at.store(g, select(below, V(1) - low, high) / select(below, V(s.unit), V(s.t)));
+    });
     kernels::ln(count, g, g);
-    for (int32_t i = 0; i < count; ++i) accepted[i] = (u[i] <= s.left ? 1 - q : 1 - p) * g[i] <= -e[i];
-    return compress(count, x, accepted, out);
+    return accept<V>(count, x, out, [&](auto at, V) {
+      return select(is_below(at), V(1 - q), V(1 - p)) * at.load(g) <= (at.load(e) ^ sign_mask<V>());
+    });
   });
 }
 
@@ -114,32 +124,36 @@ void by_log_logistic(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q, bool comp
   const T alpha = p + q, beta = kernels::sqrt.high((alpha - 2) / (2 * p * q - alpha)), gamma = p + 1 / beta;
   const T kLn4 = T(1.3862943611198906), kE = T(2.718281828459045);
   until_accepted(n, r, kCandidates, [&](int32_t count, T* out) {
-    T w[2 * kCandidates], u[kCandidates], second[kCandidates], v[kCandidates], x[kCandidates], hard_z[kCandidates],
-        hard_x[kCandidates];
-    bool accepted[kCandidates];
-    int32_t hard[kCandidates];
+    using V = VectorOf<T>;
+    T w[2 * kCandidates], u[kCandidates], second[kCandidates], v[kCandidates], x[kCandidates];
+    T open_z[kCandidates + kBehind<V>], open_x[kCandidates], open_v[kCandidates];
+    Decision<V, kCandidates> decision;
     if (!uniforms.draw(2 * count, w)) return -1;
     split(count, w, u, second);
-    for (int32_t i = 0; i < count; ++i) v[i] = u[i] / (1 - u[i]);
+    transform(count, u, v, [](T y) { return y / (1 - y); });
     kernels::ln(count, v, v);
     transform(count, v, [beta](T y) { return beta * y; });
     kernels::exp(count, v, x);
-    int32_t undecided = 0;
-    for (int32_t i = 0; i < count; ++i) {
-      const T product = p * x[i], z = u[i] * u[i] * second[i], ratio = gamma * v[i] - kLn4, s = p + ratio - product;
-      const bool finite = product <= std::numeric_limits<T>::max();  // not where a uniform was rounded up to 1
-      accepted[i] = (s + 2 >= kE * z) & finite;
-      hard[undecided] = i;
-      hard_z[undecided] = z;
-      hard_x[undecided] = alpha / (q + product);
-      undecided += !accepted[i] & finite;
-      v[i] = ratio;
-      x[i] = (complement ? q : product) / (q + product);
-    }
-    kernels::ln(undecided, hard_z, hard_z);
-    kernels::ln(undecided, hard_x, hard_x);
-    for (int32_t k = 0; k < undecided; ++k) accepted[hard[k]] = v[hard[k]] + alpha * hard_x[k] >= hard_z[k];
-    return compress(count, x, accepted, out);
+    int32_t opened = 0;
+    for_each_vector<V>(count, [&](auto at) {
+      const V product = V(p) * at.load(x), z = at.load(u) * at.load(u) * at.load(second);
+      const V ratio = V(gamma) * at.load(v) - V(kLn4), s = V(p) + ratio - product, sum = V(q) + product;
+      // Not finite where a uniform was rounded up to 1.
+      const Mask<V> finite = product <= V(std::numeric_limits<T>::max());
+      const Mask<V> accepted = finite & (s + V(2) >= V(kE) * z);
+      const uint32_t open = at.bits(andnot(accepted, finite));
+      decision.set(at, accepted, open);
+      at.store(x, (complement ? V(q) : product) / sum);
+      gather_chosen(open, z, open_z + opened);
+      gather_chosen(open, V(alpha) / sum, open_x + opened);
+      opened += gather_chosen(open, ratio, open_v + opened);
+    });
+    kernels::ln(opened, open_z, open_z);
+    kernels::ln(opened, open_x, open_x);
+    for_each_vector<V>(opened, [&](auto at) {
+      at.store(open_z, as_answer<V>(at.load(open_v) + V(alpha) * at.load(open_x) >= at.load(open_z)));
+    });
+    return decision.compress(count, x, open_z, out);
   });
 }
 
@@ -195,14 +209,9 @@ int32_t beta(uint32_t method, OrvikStream stream, int32_t n, T* r, T p, T q, T a
 }  // namespace
 }  // namespace orvik::qor
 
-extern "C" {
-
-int32_t _qordRngBeta(uint32_t method, OrvikStream stream, int32_t n, double* r, double p, double q, double a,
-                     double beta) {
-  return orvik::qor::beta(method, stream, n, r, p, q, a, beta);
-}
-int32_t _qorsRngBeta(uint32_t method, OrvikStream stream, int32_t n, float* r, float p, float q, float a, float beta) {
-  return orvik::qor::beta(method, stream, n, r, p, q, a, beta);
-}
-
-}  // extern "C"
+ORVIK_QOR_ENTRY(_qordRngBeta, beta,
+                (uint32_t method, OrvikStream stream, int32_t n, double* r, double p, double q, double a, double beta),
+                (method, stream, n, r, p, q, a, beta))
+ORVIK_QOR_ENTRY(_qorsRngBeta, beta,
+                (uint32_t method, OrvikStream stream, int32_t n, float* r, float p, float q, float a, float beta),
+                (method, stream, n, r, p, q, a, beta))

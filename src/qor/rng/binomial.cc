@@ -7,12 +7,14 @@
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
 #include "qor/rng/cumulative.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/hat.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/setup.h"
 #include "qor/rng/stirling.h"
 #include "qor/rng/uniforms.h"
+#include "qor/rng/vectors.h"
 #include "qor/stream/restore.h"
 
 namespace orvik::qor {
@@ -34,7 +36,7 @@ struct Setup {
   // Inversion: probabilities f0, f0 (g / 1 - r), ... by a walk, and their table.
   double f0, r, g;
   int32_t last;
-  CumulativeTable<kWalkEnd + 1> table;
+  CumulativeTable<kWalkEnd + 2> table;
   TriangleHat hat;
 
   bool by_inversion() const { return key.trials * p < kInversionBelow; }
@@ -52,6 +54,7 @@ void build(Setup& s, const Setup::Key& key) {
     s.last = n < kWalkEnd ? static_cast<int32_t>(n) : kWalkEnd;
     double f = s.f0;
     s.table.fill(s.last, [&](int32_t k) { return k == 0 ? f : f *= s.g / k - s.r; });
+    s.table.end_at(s.last + 1);
     return;
   }
   const double ffm = n * p + p, m = std::floor(ffm), variance = n * p * q;
@@ -74,27 +77,32 @@ int32_t walk(const Setup& s, double u) {
   return k;
 }
 
-// The same by the table. Where u is within the walk's rounding errors of an entry the walk itself decides.
-int32_t invert(const Setup& s, double u) {
+// The same by the table: found(i, k). Where u is within the walk's rounding errors of an entry the walk itself decides.
+template <class Found>
+void invert(const Setup& s, int32_t n, const double* u, Found found) {
   constexpr double kNear = 1e-13;
-  const int32_t k = s.table.find(u, s.last);
-  const double* const c = s.table.below_or_at;
-  const bool near = (k <= s.last && c[k] - u < kNear) || (k > 0 && u - c[k - 1] < kNear);
-  return near ? walk(s, u) : k;
+  s.table.find(n, u, [&](int32_t i, int32_t k) {
+    const double* const c = s.table.below_or_at;
+    const bool near = (c[k] - u[i] < kNear) | (u[i] - c[k > 0 ? k - 1 : 0] < (k > 0 ? kNear : 0));
+    found(i, near ? walk(s, u[i]) : k);
+  });
 }
 
 void inversion(Uniforms<float>& uniforms, const Setup& s, int32_t n, int32_t* r) {
-  float u[kBlock];
+  float w[kBlock];
+  double u[kBlock];
+  int32_t k[kBlock];
   for_each_block(n, [&](int32_t first, int32_t count) {
-    if (!uniforms.draw(count, u)) return false;
+    if (!uniforms.draw(count, w)) return false;
+    for (int32_t i = 0; i < count; ++i) u[i] = static_cast<double>(w[i]);
+    invert(s, count, u, [&](int32_t i, int32_t found) { k[i] = found; });
     for (int32_t i = 0; i < count; ++i) {
-      int32_t k = invert(s, static_cast<double>(u[i]));
-      while (k > s.last) {
+      while (k[i] > s.last) {
         double again;
         if (!uniforms.took(fill_uniform(uniforms.stream(), 1, &again, 0.0, 1.0))) return false;
-        k = invert(s, again);
+        invert(s, 1, &again, [&](int32_t, int32_t found) { k[i] = found; });
       }
-      r[first + i] = k;
+      r[first + i] = k[i];
     }
     return true;
   });
@@ -108,25 +116,28 @@ struct Target {
   // ln of m! (n - m)! / (y! (n - y)!) odds^(y - m)
   void log_ratio(int32_t count, const double* y, double* r) const {
     constexpr int32_t kMost = 1024;
+    using V = F64;
     double a[kMost], b[kMost], c[kMost];
     const double f1 = m + 1, z1 = n - m + 1;
-    for (int32_t i = 0; i < count; ++i) {
-      const double x1 = y[i] + 1, w1 = n - y[i] + 1;
-      a[i] = f1 / x1;
-      b[i] = z1 / w1;
-      c[i] = w1 * odds / x1;
-    }
+    for_each_vector<V>(count, [&](auto at) {
+      const V x1 = at.load(y) + V(1), w1 = V(n) - at.load(y) + V(1);
+      at.store(a, V(f1) / x1);
+      at.store(b, V(z1) / w1);
+      at.store(c, w1 * V(odds) / x1);
+    });
     kernels::ln.call(Level::high, count, a, a);
     kernels::ln.call(Level::high, count, b, b);
     kernels::ln.call(Level::high, count, c, c);
     const double rest = stirling_rest(f1) + stirling_rest(z1);
-    for (int32_t i = 0; i < count; ++i)
-      r[i] = (m + 0.5) * a[i] + (n - m + 0.5) * b[i] + (y[i] - m) * c[i] + rest - stirling_rest(y[i] + 1) -
-             stirling_rest(n - y[i] + 1);
+    for_each_vector<V>(count, [&](auto at) {
+      const V k = at.load(y);
+      const V sum = V(m + 0.5) * at.load(a) + V(n - m + 0.5) * at.load(b) + (k - V(m)) * at.load(c) + V(rest);
+      at.store(r, sum - stirling_rest(k + V(1)) - stirling_rest(V(n) - k + V(1)));
+    });
   }
 };
 
-int32_t binomial(OrvikStream stream, int32_t n, int32_t* r, int32_t trials, double p) {
+int32_t binomial(uint32_t, OrvikStream stream, int32_t n, int32_t* r, int32_t trials, double p) {
   if (trials == 0) {
     std::fill_n(r, n > 0 ? n : 0, 0);
     return ORVIK_QOR_OK;
@@ -156,6 +167,6 @@ int32_t restore_binomial(OrvikStream stream) {
 
 }  // namespace orvik::qor
 
-extern "C" int32_t _qoriRngBinomial(uint32_t, OrvikStream stream, int32_t n, int32_t* r, int32_t ntrial, double p) {
-  return orvik::qor::binomial(stream, n, r, ntrial, p);
-}
+ORVIK_QOR_ENTRY(_qoriRngBinomial, binomial,
+                (uint32_t method, OrvikStream stream, int32_t n, int32_t* r, int32_t ntrial, double p),
+                (method, stream, n, r, ntrial, p))

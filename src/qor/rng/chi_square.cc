@@ -6,6 +6,7 @@
 #include "orvik/qor.h"
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/gamma.h"
 #include "qor/rng/gaussian.h"
 #include "qor/rng/kernels.h"
@@ -43,7 +44,7 @@ bool products(Uniforms<T>& uniforms, int32_t factors, int32_t n, T* r) {
 }
 
 template <class T>
-int32_t chi_square(OrvikStream stream, int32_t n, T* r, int32_t degrees) {
+int32_t chi_square(uint32_t, OrvikStream stream, int32_t n, T* r, int32_t degrees) {
   if (degrees >= kMany) return gamma<T>(0, stream, n, r, T(0.5) * static_cast<T>(degrees), 0, 2);
   const EntryBracket bracket(ln_of_zero<T>);
   Uniforms<T> uniforms(stream);
@@ -62,13 +63,7 @@ int32_t chi_square(OrvikStream stream, int32_t n, T* r, int32_t degrees) {
 }  // namespace
 }  // namespace orvik::qor
 
-extern "C" {
-
-int32_t _qordRngChiSquare(uint32_t, OrvikStream stream, int32_t n, double* r, int32_t v) {
-  return orvik::qor::chi_square(stream, n, r, v);
-}
-int32_t _qorsRngChiSquare(uint32_t, OrvikStream stream, int32_t n, float* r, int32_t v) {
-  return orvik::qor::chi_square(stream, n, r, v);
-}
-
-}  // extern "C"
+ORVIK_QOR_ENTRY(_qordRngChiSquare, chi_square, (uint32_t method, OrvikStream stream, int32_t n, double* r, int32_t v),
+                (method, stream, n, r, v))
+ORVIK_QOR_ENTRY(_qorsRngChiSquare, chi_square, (uint32_t method, OrvikStream stream, int32_t n, float* r, int32_t v),
+                (method, stream, n, r, v))

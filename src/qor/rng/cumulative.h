@@ -4,11 +4,15 @@
 #include <cstdint>
 #include <limits>
 
+#include "lanes/round.h"
+#include "qor/rng/loops.h"
+#include "qor/rng/vectors.h"
+
 namespace orvik::qor {
 
 template <int32_t kEntries, int32_t kCells = 256, class Index = uint8_t>
 struct CumulativeTable {
-  double below_or_at[kEntries];  // P(X <= k), up to `last`
+  double below_or_at[kEntries];  // P(X <= k), and what nothing is above at the end
   Index first[kCells];           // where the walk begins for u of each cell of the interval
   static_assert(kEntries - 1 <= std::numeric_limits<Index>::max());
 
@@ -23,13 +27,27 @@ struct CumulativeTable {
     }
     for (; cell < kCells; ++cell) first[cell] = static_cast<Index>(last);
   }
+  // No number is above `last`: whatever the sums were rounded to, every uniform has its number.
+  void end_at(int32_t last) { below_or_at[last] = std::numeric_limits<double>::infinity(); }
 
-  // `last` + 1 when u is above the end of the table.
-  int32_t find(double u, int32_t last) const {
-    const double cell = u * kCells;
-    int32_t k = cell > 0 ? first[cell < kCells - 1 ? static_cast<int32_t>(cell) : kCells - 1] : 0;
-    while (k <= last && u > below_or_at[k]) ++k;
-    return k;
+  // Numbers of at most kBlock uniforms: found(i, k). Most walks end within two steps, which are taken without a branch.
+  template <class Found>
+  void find(int32_t n, const double* u, Found found) const {
+    using V = F64;
+    int32_t cells[kBlock], i = 0;
+    const auto cell = [](auto x) {
+      using X = decltype(x);
+      return min(max(x * X(kCells), X(0)), X(kCells - 1));
+    };
+    for (; n - i >= kWidth<V>; i += kWidth<V>)
+      store(cells + i, to_integer(round<Direction::down>(cell(load<V>(u + i)))));
+    for (; i < n; ++i) cells[i] = static_cast<int32_t>(cell(u[i]));  // a call for one number waits for it
+    for (i = 0; i < n; ++i) {
+      int64_t k = first[cells[i]];
+      for (int step = 0; step < 2; ++step) k += u[i] > below_or_at[k];
+      while (u[i] > below_or_at[k]) ++k;
+      found(i, static_cast<int32_t>(k));
+    }
   }
 };
 

@@ -5,6 +5,7 @@
 #include "orvik/qor.h"
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/uniforms.h"
@@ -13,7 +14,7 @@ namespace orvik::qor {
 namespace {
 
 // Of numbers that are not negative the order is that of their patterns.
-int32_t bernoulli(OrvikStream stream, int32_t n, int32_t* r, double p) {
+int32_t bernoulli(uint32_t, OrvikStream stream, int32_t n, int32_t* r, double p) {
   float* const u = reinterpret_cast<float*>(r);
   Uniforms<float> uniforms(stream);
   if (!uniforms.draw(n, u)) return uniforms.status();
@@ -25,7 +26,7 @@ int32_t bernoulli(OrvikStream stream, int32_t n, int32_t* r, double p) {
   return uniforms.status();
 }
 
-int32_t geometric(OrvikStream stream, int32_t n, int32_t* r, double p) {
+int32_t geometric(uint32_t, OrvikStream stream, int32_t n, int32_t* r, double p) {
   const EntryBracket bracket(ln_of_zero<float>);
   Uniforms<float> uniforms(stream);
   const float c = static_cast<float>(1 / kernels::ln.high(1 - p));
@@ -42,13 +43,7 @@ int32_t geometric(OrvikStream stream, int32_t n, int32_t* r, double p) {
 }  // namespace
 }  // namespace orvik::qor
 
-extern "C" {
-
-int32_t _qoriRngBernoulli(uint32_t, OrvikStream stream, int32_t n, int32_t* r, double p) {
-  return orvik::qor::bernoulli(stream, n, r, p);
-}
-int32_t _qoriRngGeometric(uint32_t, OrvikStream stream, int32_t n, int32_t* r, double p) {
-  return orvik::qor::geometric(stream, n, r, p);
-}
-
-}  // extern "C"
+ORVIK_QOR_ENTRY(_qoriRngBernoulli, bernoulli, (uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double p),
+                (method, stream, n, r, p))
+ORVIK_QOR_ENTRY(_qoriRngGeometric, geometric, (uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double p),
+                (method, stream, n, r, p))

@@ -9,11 +9,13 @@
 
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/exponential.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/setup.h"
 #include "qor/rng/uniforms.h"
+#include "qor/rng/vectors.h"
 
 namespace orvik::qor {
 namespace {
@@ -75,32 +77,32 @@ void from_normals(Uniforms<T>& uniforms, int32_t n, T* r, T alpha, PendingPair<T
   const T d = alpha - T(1.0 / 3), c = 1 / kernels::sqrt.high(std::fma(T(9), alpha, T(-3)));
   NormalCandidates<T> candidates(uniforms, pending);
   until_accepted(n, r, kCandidates, [&](int32_t count, T* out) {
-    T z[kCandidates + 1], u[kCandidates], v[kCandidates], hard_u[kCandidates], hard_v[kCandidates];
-    bool accepted[kCandidates];
-    int32_t hard[kCandidates];
+    using V = VectorOf<T>;
+    T z[kCandidates + 1], u[kCandidates], x[kCandidates];
+    T open_z[kCandidates], open_v[kCandidates], open_ln_v[kCandidates], open_u[kCandidates + kBehind<V>];
+    Decision<V, kCandidates> decision;
+    int32_t opened = 0;
     if (!candidates.draw(count, z, u)) return -1;
-    for (int32_t i = 0; i < count; ++i) {
-      const T t = std::fma(c, z[i], T(1)), square = z[i] * z[i];
-      v[i] = t * t * t;
-      accepted[i] = (v[i] > 0) & (u[i] < std::fma(square * square, T(-0.0331), T(1)));
+    for_each_vector<V>(count, [&](auto at) {
+      const V normal = at.load(z), t = fma(V(c), normal, V(1)), square = normal * normal, v = t * t * t;
+      const Mask<V> possible = v > V(0);
+      const Mask<V> accepted = possible & (at.load(u) < fma(square * square, V(T(-0.0331)), V(1)));
+      const uint32_t open = at.bits(andnot(accepted, possible));
+      decision.set(at, accepted, open);
+      at.store(x, V(d) * v);
+      gather_chosen(open, normal, open_z + opened);
+      gather_chosen(open, at.load(u), open_u + opened);
+      opened += gather_chosen(open, v, open_v + opened);
+    });
+    if (opened > 0) {  // as for one number: these few decide by logarithms of high accuracy
+      kernels::ln.call(Level::high, opened, open_u, open_u);
+      kernels::ln.call(Level::high, opened, open_v, open_ln_v);
     }
-    int32_t undecided = 0;
-    for (int32_t i = 0; i < count; ++i) {
-      hard[undecided] = i;
-      hard_u[undecided] = u[i];
-      hard_v[undecided] = v[i];
-      undecided += (v[i] > 0) & !accepted[i];
-    }
-    if (undecided > 0) {  // as for one number: these few decide by logarithms of high accuracy
-      kernels::ln.call(Level::high, undecided, hard_u, hard_u);
-      kernels::ln.call(Level::high, undecided, hard_v, u);
-    }
-    for (int32_t k = 0; k < undecided; ++k) {
-      const int32_t i = hard[k];
-      accepted[i] = hard_u[k] < T(0.5) * z[i] * z[i] + d * (1 - v[i] + u[k]);
-    }
-    transform(count, v, [d](T x) { return d * x; });
-    return compress(count, v, accepted, out);
+    for_each_vector<V>(opened, [&](auto at) {
+      const V normal = at.load(open_z), rest = V(d) * (V(1) - at.load(open_v) + at.load(open_ln_v));
+      at.store(open_u, as_answer<V>(at.load(open_u) < V(T(0.5)) * normal * normal + rest));
+    });
+    return decision.compress(count, x, open_u, out);
   });
 }
 
@@ -109,28 +111,33 @@ template <class T>
 void in_two_branches(Uniforms<T>& uniforms, int32_t n, T* r, T alpha) {
   const T b = 1 - alpha, inverse = 1 / alpha;
   until_accepted(n, r, kCandidates, [&](int32_t count, T* out) {
-    T w[2 * kCandidates], u[kCandidates], e[kCandidates], x[kCandidates], tail[kCandidates];
-    bool accepted[kCandidates];
-    int32_t at[kCandidates];
+    using V = VectorOf<T>;
+    T w[2 * kCandidates], e[kCandidates], x[kCandidates], tail[kCandidates], tails[kCandidates + kBehind<V>];
+    Chosen<V, kCandidates> in_tail;
+    int32_t in_tails = 0;
     if (!uniforms.draw(2 * count, w)) return -1;
-    split(count, w, u, e);
+    split(count, w, x, e);
     kernels::ln(count, e, e);
-    int32_t tails = 0;
-    for (int32_t i = 0; i < count; ++i) {
-      x[i] = u[i];
-      at[tails] = i;
-      tail[tails] = (1 - u[i]) / alpha;
-      tails += !(u[i] < b);
-    }
-    kernels::ln(tails, tail, tail);
-    negate(tails, tail);
-    for (int32_t k = 0; k < tails; ++k) x[at[k]] = b + alpha * tail[k];
+    for_each_vector<V>(count, [&](auto at) {
+      const V u = at.load(x);
+      const uint32_t bits = at.bits(complement(u < V(b)));
+      in_tail.set(at, bits);
+      in_tails += gather_chosen(bits, (V(1) - u) / V(alpha), tails + in_tails);
+    });
+    kernels::ln(in_tails, tails, tails);
+    negate(in_tails, tails);
+    Expander<V> expanded(tails);
+    for_each_vector<V>(count, [&](auto at) {
+      const uint32_t bits = in_tail(at);
+      const Mask<V> mask = chosen<V>(bits);
+      const V t = expanded(bits);
+      at.store(tail, select(mask, t, V(0)));
+      at.store(x, select(mask, V(b) + V(alpha) * t, at.load(x)));
+    });
     kernels::ln(count, x, x);
     transform(count, x, [inverse](T y) { return inverse * y; });
     kernels::exp(count, x, x);
-    for (int32_t i = 0; i < count; ++i) accepted[i] = -e[i] >= x[i];
-    for (int32_t k = 0; k < tails; ++k) accepted[at[k]] = -e[at[k]] >= x[at[k]] - tail[k];
-    return compress(count, x, accepted, out);
+    return accept<V>(count, x, out, [&](auto at, V y) { return (at.load(e) ^ sign_mask<V>()) >= y - at.load(tail); });
   });
 }
 
@@ -139,16 +146,16 @@ void from_weibull(Uniforms<T>& uniforms, int32_t n, T* r, T alpha) {
   const T c = 1 / alpha;
   const T d = kernels::exp.high(alpha / (1 - alpha) * kernels::ln.high(alpha)) * (1 - alpha);
   until_accepted(n, r, kCandidates, [&](int32_t count, T* out) {
-    T w[2 * kCandidates], z[kCandidates], x[kCandidates];
-    bool accepted[kCandidates];
+    using V = VectorOf<T>;
+    T w[2 * kCandidates], z[kCandidates], e[kCandidates], x[kCandidates];
     if (!uniforms.draw(2 * count, w)) return -1;
     kernels::ln(2 * count, w, w);
-    for (int32_t i = 0; i < count; ++i) z[i] = -w[2 * i];
+    split(count, w, z, e);
+    negate(count, z);
     kernels::ln(count, z, x);
     transform(count, x, [c](T y) { return c * y; });
     kernels::exp(count, x, x);
-    for (int32_t i = 0; i < count; ++i) accepted[i] = z[i] - w[2 * i + 1] >= d + x[i];
-    return compress(count, x, accepted, out);
+    return accept<V>(count, x, out, [&](auto at, V y) { return at.load(z) - at.load(e) >= V(d) + y; });
   });
 }
 
@@ -178,13 +185,9 @@ template int32_t gamma(uint32_t, OrvikStream, int32_t, float*, float, float, flo
 
 }  // namespace orvik::qor
 
-extern "C" {
-
-int32_t _qordRngGamma(uint32_t method, OrvikStream stream, int32_t n, double* r, double alpha, double a, double beta) {
-  return orvik::qor::gamma(method, stream, n, r, alpha, a, beta);
-}
-int32_t _qorsRngGamma(uint32_t method, OrvikStream stream, int32_t n, float* r, float alpha, float a, float beta) {
-  return orvik::qor::gamma(method, stream, n, r, alpha, a, beta);
-}
-
-}  // extern "C"
+ORVIK_QOR_ENTRY(_qordRngGamma, gamma,
+                (uint32_t method, OrvikStream stream, int32_t n, double* r, double alpha, double a, double beta),
+                (method, stream, n, r, alpha, a, beta))
+ORVIK_QOR_ENTRY(_qorsRngGamma, gamma,
+                (uint32_t method, OrvikStream stream, int32_t n, float* r, float alpha, float a, float beta),
+                (method, stream, n, r, alpha, a, beta))

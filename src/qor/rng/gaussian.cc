@@ -6,10 +6,12 @@
 
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/setup.h"
 #include "qor/rng/uniforms.h"
+#include "qor/rng/vectors.h"
 
 namespace orvik::qor {
 namespace {
@@ -26,10 +28,12 @@ void radii(int32_t n, const T* u, T* r) {
 // Pairs of uniforms apart, the second ones as angles.
 template <class T>
 void split_angles(int32_t pairs, const T* w, T* u, T* angles) {
-  for (int32_t i = 0; i < pairs; ++i) {
-    u[i] = w[2 * i];
-    angles[i] = Precision<T>::kTwoPi * w[2 * i + 1];
-  }
+  using V = VectorOf<T>;
+  for_each_vector<V>(pairs, [&](auto at) {
+    const Pair<V> both = at.load_pairs(w);
+    at.store(u, both.first);
+    at.store(angles, V(Precision<T>::kTwoPi) * both.second);
+  });
 }
 
 template <class T>
@@ -42,7 +46,9 @@ int32_t box_muller(OrvikStream stream, int32_t n, T* r, T a, T sigma) {
     split_angles(count, w, u, v);
     kernels::sin(count, v, v);
     radii(count, u, rho);
-    for (int32_t i = 0; i < count; ++i) r[first + i] = std::fma(sigma * rho[i], v[i], a);
+    using V = VectorOf<T>;
+    for_each_vector<V>(count,
+                       [&](auto at) { at.give(r + first + at.first, fma(V(sigma) * at.load(rho), at.load(v), V(a))); });
     return true;
   });
   return uniforms.status();
@@ -57,10 +63,11 @@ bool both_halves(Uniforms<T>& uniforms, int32_t pairs, T* r, T a, T sigma) {
   split_angles(pairs, w, u, s);
   kernels::sin_cos(pairs, s, s, c);
   radii(pairs, u, rho);
-  for (int32_t k = 0; k < pairs; ++k) {
-    r[2 * k] = std::fma(rho[k] * s[k], sigma, a);
-    r[2 * k + 1] = std::fma(rho[k] * c[k], sigma, a);
-  }
+  using V = VectorOf<T>;
+  for_each_vector<V>(pairs, [&](auto at) {
+    const V radius = at.load(rho), sine = at.load(s), cosine = at.load(c);
+    at.give_pairs(r + 2 * at.first, {fma(radius * sine, V(sigma), V(a)), fma(radius * cosine, V(sigma), V(a))});
+  });
   return true;
 }
 
@@ -132,13 +139,9 @@ template int32_t gaussian(uint32_t, OrvikStream, int32_t, float*, float, float);
 
 }  // namespace orvik::qor
 
-extern "C" {
-
-int32_t _qordRngGaussian(uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double sigma) {
-  return orvik::qor::gaussian(method, stream, n, r, a, sigma);
-}
-int32_t _qorsRngGaussian(uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float sigma) {
-  return orvik::qor::gaussian(method, stream, n, r, a, sigma);
-}
-
-}  // extern "C"
+ORVIK_QOR_ENTRY(_qordRngGaussian, gaussian,
+                (uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double sigma),
+                (method, stream, n, r, a, sigma))
+ORVIK_QOR_ENTRY(_qorsRngGaussian, gaussian,
+                (uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float sigma),
+                (method, stream, n, r, a, sigma))

@@ -1,4 +1,5 @@
 // Multivariate Gaussian: a + L z for vectors z of unit normal numbers and a lower triangular factor L.
+#include "qor/rng/entry.h"
 #include "qor/rng/gaussian.h"
 #include "qor/rng/loops.h"
 #include "serv/blas.h"
@@ -64,15 +65,11 @@ int32_t gaussian_mv(uint32_t method, OrvikStream stream, int32_t n, T* r, int32_
 }  // namespace
 }  // namespace orvik::qor
 
-extern "C" {
-
-int32_t _qordRngGaussianMV(uint32_t method, OrvikStream stream, int32_t n, double* r, int32_t dimen, int32_t mstorage,
-                           const double* a, const double* t) {
-  return orvik::qor::gaussian_mv(method, stream, n, r, dimen, mstorage, a, t);
-}
-int32_t _qorsRngGaussianMV(uint32_t method, OrvikStream stream, int32_t n, float* r, int32_t dimen, int32_t mstorage,
-                           const float* a, const float* t) {
-  return orvik::qor::gaussian_mv(method, stream, n, r, dimen, mstorage, a, t);
-}
-
-}  // extern "C"
+ORVIK_QOR_ENTRY(_qordRngGaussianMV, gaussian_mv,
+                (uint32_t method, OrvikStream stream, int32_t n, double* r, int32_t dimen, int32_t mstorage,
+                 const double* a, const double* t),
+                (method, stream, n, r, dimen, mstorage, a, t))
+ORVIK_QOR_ENTRY(_qorsRngGaussianMV, gaussian_mv,
+                (uint32_t method, OrvikStream stream, int32_t n, float* r, int32_t dimen, int32_t mstorage,
+                 const float* a, const float* t),
+                (method, stream, n, r, dimen, mstorage, a, t))

@@ -2,14 +2,15 @@
 // exponential tails (Schmeiser, Kachitvichyanukul 1981, 1988). Two floats a candidate.
 #pragma once
 
-#include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <limits>
 
+#include "lanes/round.h"
+#include "lanes/tables.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/uniforms.h"
+#include "qor/rng/vectors.h"
 
 namespace orvik::qor {
 
@@ -62,91 +63,113 @@ class HatBatch {
 
   int32_t operator()(int32_t count, int32_t* out) {
     float w[2 * kCandidates];
-    double y[kCandidates];
-    bool accepted[kCandidates];
+    double u[kCandidates], v[kCandidates], y[kCandidates], open_y[kList], answers[kList];
+    Decision<V, kCandidates> decision;
     if (!uniforms_.draw(2 * count, w)) return -1;
-    for (int32_t i = 0; i < count; ++i) {
-      const double u = static_cast<double>(w[2 * i]) * hat_.p4, v = static_cast<double>(w[2 * i + 1]);
-      y[i] = std::floor(hat_.xm - hat_.p1 * v + u);
-      accepted[i] = u <= hat_.p1;
-    }
-    int32_t at[kCandidates], leaving = 0;
-    for (int32_t i = 0; i < count; ++i) {
-      at[leaving] = i;
-      leaving += !accepted[i];
-    }
-    if (leaving > 0) decide(leaving, at, w, y, accepted);
-    int32_t kept = 0;
-    for (int32_t i = 0; i < count; ++i) {
-      out[kept] = static_cast<int32_t>(y[i]);
-      kept += accepted[i];
-    }
-    return kept;
+    split(count, w, u, v);
+    int32_t leaving = 0;
+    for_each_vector<V>(count, [&](auto at) {  // lists take the places of what has been read
+      const V place = at.load(u) * V(hat_.p4), second = at.load(v);
+      const Mask<V> accepted = place <= V(hat_.p1);
+      const uint32_t open = at.bits(complement(accepted));
+      decision.set(at, accepted, open);
+      at.store(y, round<Direction::down>(V(hat_.xm) - V(hat_.p1) * second + place));
+      gather_chosen(open, place, u + leaving);
+      leaving += gather_chosen(open, second, v + leaving);
+    });
+    if (leaving > 0) decide(leaving, u, v, open_y, answers);
+    return decision.compress(count, y, open_y, answers, out);
   }
 
  private:
-  void decide(int32_t n, const int32_t* at, const float* w, double* y, bool* accepted) {
-    double place[kCandidates], height[kCandidates];
-    int32_t tails[kCandidates], in_tails = 0;
-    for (int32_t i = 0; i < n; ++i) {
-      const double u = static_cast<double>(w[2 * at[i]]) * hat_.p4, v = static_cast<double>(w[2 * at[i] + 1]);
-      const double x = hat_.xl + (u - hat_.p1) / hat_.c;
-      height[i] = v * hat_.c + 1 - std::fabs(hat_.mode - x + 0.5) / hat_.p1;
-      place[i] = std::floor(x);
-      tails[in_tails] = i;
-      in_tails += !(u <= hat_.p2);
-    }
-    place_in_tails(in_tails, tails, at, w, place, height);
-    int32_t far[kCandidates], remaining = 0;
-    constexpr int32_t kNear = TriangleHat::kNear;
-    for (int32_t i = 0; i < n; ++i) {
-      const bool possible = (height[i] <= 1) & (place[i] >= 0) & (place[i] <= target_.highest);
-      place[i] = possible ? place[i] : hat_.mode;
-      const double away = place[i] - hat_.mode;
-      const bool near = std::fabs(away) <= kNear;
-      accepted[at[i]] = possible & near & (height[i] <= hat_.near[near ? static_cast<int32_t>(away) + kNear : 0]);
-      y[at[i]] = place[i];
-      far[remaining] = i;
-      remaining += possible & !near;
-    }
-    if (remaining > 0) decide_far(remaining, far, at, place, height, accepted);
+  using V = F64;
+  static constexpr int32_t kList = kCandidates + kBehind<V>;
+
+  // What left the triangle at (u, v): numbers, and answers.
+  void decide(int32_t n, const double* u, const double* v, double* y, double* answers) {
+    double height[kCandidates], far_places[kCandidates], far_heights[kCandidates], far_answers[kList];
+    double tail_u[kCandidates], tail_v[kCandidates], tail_places[kList], tail_heights[kList];
+    Chosen<V, kCandidates> tails, far;
+    int32_t in_tails = 0, remaining = 0;
+    for_each_vector<V>(n, [&](auto at) {
+      const V place = at.load(u), second = at.load(v), x = V(hat_.xl) + (place - V(hat_.p1)) / V(hat_.c);
+      at.store(height, second * V(hat_.c) + V(1) - magnitude(V(hat_.mode) - x + V(0.5)) / V(hat_.p1));
+      at.store(y, round<Direction::down>(x));
+      const uint32_t bits = at.bits(complement(place <= V(hat_.p2)));
+      tails.set(at, bits);
+      gather_chosen(bits, place, tail_u + in_tails);
+      in_tails += gather_chosen(bits, second, tail_v + in_tails);
+    });
+    place_in_tails(in_tails, tail_u, tail_v, tail_places, tail_heights);
+    Expander<V> place_in_tail(tail_places), height_in_tail(tail_heights);
+    for_each_vector<V>(n, [&](auto at) {
+      const uint32_t in_tail = tails(at);
+      const Mask<V> tail = chosen<V>(in_tail);
+      const V tall = select(tail, height_in_tail(in_tail), at.load(height));
+      V place = select(tail, place_in_tail(in_tail), at.load(y));
+      const Mask<V> possible = (tall <= V(1)) & (place >= V(0)) & (place <= V(target_.highest));
+      place = select(possible, place, V(hat_.mode));
+      const V away = place - V(hat_.mode), end = V(TriangleHat::kNear);
+      const Mask<V> near = magnitude(away) <= end;
+      const V probability = gather(hat_.near, Indices(to_integer(keep(near, away + end))));
+      at.store(answers, as_answer<V>(possible & near & (tall <= probability)));
+      at.store(y, place);
+      const uint32_t bits = at.bits(andnot(near, possible));
+      far.set(at, bits);
+      gather_chosen(bits, place, far_places + remaining);
+      remaining += gather_chosen(bits, tall, far_heights + remaining);
+    });
+    if (remaining == 0) return;
+    decide_far(remaining, far_places, far_heights, far_answers);
+    Expander<V> answer_far(far_answers);
+    for_each_vector<V>(n, [&](auto at) {
+      const uint32_t bits = far(at);
+      at.store(answers, select(chosen<V>(bits), answer_far(bits), at.load(answers)));
+    });
   }
 
-  void decide_far(int32_t n, const int32_t* far, const int32_t* at, const double* place, const double* height,
-                  bool* accepted) {
-    double logarithm[kCandidates];
-    for (int32_t j = 0; j < n; ++j) logarithm[j] = std::max(height[far[j]], std::numeric_limits<double>::min());
+  void decide_far(int32_t n, const double* place, const double* height, double* answers) {
+    double logarithm[kCandidates], open_places[kCandidates], open_logarithms[kCandidates], open_answers[kList];
+    Chosen<V, kCandidates> open;
+    for_each_vector<V>(
+        n, [&](auto at) { at.store(logarithm, max(V(std::numeric_limits<double>::min()), at.load(height))); });
     kernels::ln.call(Level::high, n, logarithm, logarithm);
-    const double inverse = 1 / target_.variance, end = target_.variance * 0.5 - 1;
-    double open_places[kCandidates], open_logarithms[kCandidates];
-    int32_t open[kCandidates], opened = 0;
-    for (int32_t j = 0; j < n; ++j) {
-      const double k = std::fabs(place[far[j]] - hat_.mode);
-      const double rho = (k * inverse) * ((k * (k * (1.0 / 3) + 0.625) + 1.0 / 6) * inverse + 0.5);
-      const double t = k * k * inverse * -0.5;
-      const bool squeezes = k < end, accepts = squeezes & (logarithm[j] < t - rho);
-      accepted[at[far[j]]] = accepts;
-      open[opened] = at[far[j]];
-      open_places[opened] = place[far[j]];
-      open_logarithms[opened] = logarithm[j];
-      opened += !(accepts | (squeezes & (logarithm[j] > t + rho)));
-    }
+    const V inverse = V(1 / target_.variance), end = V(target_.variance * 0.5 - 1);
+    int32_t opened = 0;
+    for_each_vector<V>(n, [&](auto at) {
+      const V k = magnitude(at.load(place) - V(hat_.mode)), height_logarithm = at.load(logarithm);
+      const V rho = (k * inverse) * ((k * (k * V(1.0 / 3) + V(0.625)) + V(1.0 / 6)) * inverse + V(0.5));
+      const V t = k * k * inverse * V(-0.5);
+      const Mask<V> squeezes = k < end, accepts = squeezes & (height_logarithm < t - rho);
+      const Mask<V> decided = accepts | (squeezes & (height_logarithm > t + rho));
+      at.store(answers, as_answer<V>(accepts));
+      const uint32_t bits = at.bits(complement(decided));
+      open.set(at, bits);
+      gather_chosen(bits, at.load(place), open_places + opened);
+      opened += gather_chosen(bits, height_logarithm, open_logarithms + opened);
+    });
     if (opened == 0) return;
-    target_.log_ratio(opened, open_places, logarithm);
-    for (int32_t j = 0; j < opened; ++j) accepted[open[j]] = open_logarithms[j] <= logarithm[j];
+    target_.log_ratio(opened, open_places, open_answers);
+    for_each_vector<V>(opened, [&](auto at) {
+      at.store(open_answers, as_answer<V>(at.load(open_logarithms) <= at.load(open_answers)));
+    });
+    Expander<V> answer_open(open_answers);
+    for_each_vector<V>(n, [&](auto at) {
+      const uint32_t bits = open(at);
+      at.store(answers, select(chosen<V>(bits), answer_open(bits), at.load(answers)));
+    });
   }
 
-  void place_in_tails(int32_t n, const int32_t* tails, const int32_t* at, const float* w, double* place,
-                      double* height) {
-    double v[kCandidates], logarithm[kCandidates];
-    for (int32_t j = 0; j < n; ++j) v[j] = static_cast<double>(w[2 * at[tails[j]] + 1]);
+  void place_in_tails(int32_t n, const double* u, const double* v, double* place, double* height) {
+    double logarithm[kCandidates];
+    if (n == 0) return;
     kernels::ln.call(Level::high, n, v, logarithm);
-    for (int32_t j = 0; j < n; ++j) {
-      const double u = static_cast<double>(w[2 * at[tails[j]]]) * hat_.p4;
-      const bool to_left = u <= hat_.p3;
-      place[tails[j]] = std::floor(to_left ? hat_.xl + logarithm[j] / hat_.left : hat_.xr - logarithm[j] / hat_.right);
-      height[tails[j]] = v[j] * (to_left ? (u - hat_.p2) * hat_.left : (u - hat_.p3) * hat_.right);
-    }
+    for_each_vector<V>(n, [&](auto at) {
+      const Mask<V> to_left = at.load(u) <= V(hat_.p3);
+      const V rate = select(to_left, V(hat_.left), V(hat_.right)), beyond = at.load(logarithm) / rate;
+      at.store(place, round<Direction::down>(select(to_left, V(hat_.xl) + beyond, V(hat_.xr) - beyond)));
+      at.store(height, at.load(v) * ((at.load(u) - select(to_left, V(hat_.p2), V(hat_.p3))) * rate));
+    });
   }
 
   Uniforms<float>& uniforms_;

@@ -7,12 +7,14 @@
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
 #include "qor/rng/cumulative.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/mountain.h"
 #include "qor/rng/setup.h"
 #include "qor/rng/stirling.h"
 #include "qor/rng/uniforms.h"
+#include "qor/rng/vectors.h"
 #include "qor/stream/restore.h"
 
 namespace orvik::qor {
@@ -60,38 +62,44 @@ class LogRatio {
   // ln of the ratio of four factorials each; their first orders cancel.
   void operator()(int32_t n, const double* y, double* r) const {
     constexpr int32_t kMost = 1024;
+    using V = F64;
     double q[kMost], odds[kMost];
-    for (int32_t i = 0; i < n; ++i) {
-      r[i] = 0;
-      odds[i] = (factor(0, y[i]) / factor(1, y[i])) * (factor(3, y[i]) / factor(2, y[i]));
-    }
+    for_each_vector<V>(n, [&](auto at) {
+      const V k = at.load(y);
+      at.store(odds, (factor(0, k) / factor(1, k)) * (factor(3, k) / factor(2, k)));
+      at.store(r, V(0));
+    });
     kernels::ln.call(Level::high, n, odds, odds);
     for (int part = 0; part < 4; ++part) {
       const double at_mode = factor(part, m_), rest = stirling_rest(at_mode);
-      for (int32_t i = 0; i < n; ++i) q[i] = at_mode / factor(part, y[i]);
+      for_each_vector<V>(n, [&](auto at) { at.store(q, V(at_mode) / factor(part, at.load(y))); });
       kernels::ln.call(Level::high, n, q, q);
-      for (int32_t i = 0; i < n; ++i) r[i] += (at_mode - 0.5) * q[i] + rest - stirling_rest(factor(part, y[i]));
+      for_each_vector<V>(n, [&](auto at) {
+        const V beyond = V(at_mode - 0.5) * at.load(q) + V(rest) - stirling_rest(factor(part, at.load(y)));
+        at.store(r, at.load(r) + beyond);
+      });
     }
-    for (int32_t i = 0; i < n; ++i) r[i] += (m_ - y[i]) * odds[i];
+    for_each_vector<V>(n, [&](auto at) { at.store(r, at.load(r) + (V(m_) - at.load(y)) * at.load(odds)); });
   }
   double one(double y) const {
-    double r;
-    (*this)(1, &y, &r);
-    return r;
+    double r[kWidth<F64>];
+    (*this)(1, &y, r);
+    return r[0];
   }
 
  private:
   // Arguments of the gamma functions in the denominator of the probability.
-  double factor(int part, double y) const {
+  template <class V>
+  V factor(int part, V y) const {
     switch (part) {
       case 0:
-        return y + 1;
+        return y + V(1);
       case 1:
-        return h_.rare - y + 1;
+        return V(h_.rare) - y + V(1);
       case 2:
-        return h_.drawn - y + 1;
+        return V(h_.drawn) - y + V(1);
       default:
-        return h_.common() - h_.drawn + y + 1;
+        return V(h_.common() - h_.drawn) + y + V(1);
     }
   }
   Reduced h_;
@@ -110,7 +118,7 @@ void build_table(Setup& s, const Reduced& h) {
     const double before = k - 1;
     return f *= (h.rare - before) * (h.drawn - before) / (k * (h.common() - h.drawn + k));
   });
-  s.table.below_or_at[s.last] = 1;  // whatever the sum was rounded to, every uniform has its number
+  s.table.end_at(s.last);
 }
 
 void build_hat(Setup& s, const Reduced& h) {
@@ -161,7 +169,7 @@ int32_t by_table(OrvikStream stream, int32_t n, int32_t* r, const Setup& s) {
   double u[kBlock];
   for_each_block(n, [&](int32_t first, int32_t count) {
     if (!uniforms.draw(count, u)) return false;
-    for (int32_t i = 0; i < count; ++i) r[first + i] = std::min(s.table.find(u[i], s.last), s.last);
+    s.table.find(count, u, [&](int32_t i, int32_t k) { r[first + i] = k; });
     return true;
   });
   return uniforms.status();
@@ -174,7 +182,9 @@ int32_t by_rejection(OrvikStream stream, int32_t n, int32_t* r, const Setup& s) 
   return uniforms.status();
 }
 
-int32_t hypergeometric(OrvikStream stream, int32_t n, int32_t* r, const Setup::Key& key) {
+int32_t hypergeometric(uint32_t, OrvikStream stream, int32_t n, int32_t* r, int32_t lot, int32_t sample,
+                       int32_t marked) {
+  const Setup::Key key = {lot, sample, marked};
   const EntryBracket bracket(ln_of_zero<double>);
   int32_t status;
   const Setup* const s = cached<Setup>(stream, kChunk, key, &status, build);
@@ -194,7 +204,6 @@ int32_t restore_hypergeometric(OrvikStream stream) {
 
 }  // namespace orvik::qor
 
-extern "C" int32_t _qoriRngHypergeometric(uint32_t, OrvikStream stream, int32_t n, int32_t* r, int32_t l, int32_t s,
-                                          int32_t m) {
-  return orvik::qor::hypergeometric(stream, n, r, {l, s, m});
-}
+ORVIK_QOR_ENTRY(_qoriRngHypergeometric, hypergeometric,
+                (uint32_t method, OrvikStream stream, int32_t n, int32_t* r, int32_t l, int32_t s, int32_t m),
+                (method, stream, n, r, l, s, m))

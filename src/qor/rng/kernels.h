@@ -89,7 +89,9 @@ namespace kernels {
 ORVIK_KERNEL(Kernel, sqrt, Sqrt);
 ORVIK_KERNEL(Kernel, inv_sqrt, InvSqrt);
 ORVIK_KERNEL(Kernel, exp, Exp);
+ORVIK_KERNEL(Kernel, expm1, Expm1);
 ORVIK_KERNEL(Kernel, ln, Ln);
+ORVIK_KERNEL(Kernel, log1p, Log1p);
 ORVIK_KERNEL(Kernel, sin, Sin);
 ORVIK_KERNEL(Kernel, cos, Cos);
 ORVIK_KERNEL(Kernel, tan, Tan);

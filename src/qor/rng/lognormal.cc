@@ -1,5 +1,6 @@
 // Lognormal: the exponential function of normal numbers.
 #include "orvik/qor.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/gaussian.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
@@ -21,15 +22,10 @@ int32_t lognormal(uint32_t method, OrvikStream stream, int32_t n, T* r, T a, T s
 }  // namespace
 }  // namespace orvik::qor
 
-extern "C" {
-
-int32_t _qordRngLognormal(uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double sigma, double b,
-                          double beta) {
-  return orvik::qor::lognormal(method, stream, n, r, a, sigma, b, beta);
-}
-int32_t _qorsRngLognormal(uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float sigma, float b,
-                          float beta) {
-  return orvik::qor::lognormal(method, stream, n, r, a, sigma, b, beta);
-}
-
-}  // extern "C"
+ORVIK_QOR_ENTRY(_qordRngLognormal, lognormal,
+                (uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double sigma, double b,
+                 double beta),
+                (method, stream, n, r, a, sigma, b, beta))
+ORVIK_QOR_ENTRY(_qorsRngLognormal, lognormal,
+                (uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float sigma, float b, float beta),
+                (method, stream, n, r, a, sigma, b, beta))

@@ -36,27 +36,11 @@ bool until_accepted(int32_t n, T* r, int32_t cap, Batch batch) {
   return true;
 }
 
-// Moves those of n numbers that were accepted together; how many.
-template <class T>
-int32_t compress(int32_t n, const T* x, const bool* accepted, T* r) {
-  int32_t kept = 0;
-  for (int32_t i = 0; i < n; ++i) {
-    r[kept] = x[i];
-    kept += accepted[i];
-  }
-  return kept;
+// r = map(x), r = map(r)
+template <class T, class Map>
+void transform(int32_t n, const T* x, T* r, Map map) {
+  for (int32_t i = 0; i < n; ++i) r[i] = map(x[i]);
 }
-
-// Pairs apart.
-template <class T>
-void split(int32_t pairs, const T* w, T* even, T* odd) {
-  for (int32_t i = 0; i < pairs; ++i) {
-    even[i] = w[2 * i];
-    odd[i] = w[2 * i + 1];
-  }
-}
-
-// r = map(r)
 template <class T, class Map>
 void transform(int32_t n, T* r, Map map) {
   for (int32_t i = 0; i < n; ++i) r[i] = map(r[i]);

@@ -2,14 +2,14 @@
 // (Kachitvichyanukul, Schmeiser 1985). Two uniforms of type T a candidate.
 #pragma once
 
-#include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <limits>
 
+#include "lanes/round.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/uniforms.h"
+#include "qor/rng/vectors.h"
 
 namespace orvik::qor {
 
@@ -38,35 +38,49 @@ class MountainBatch {
       : uniforms_(uniforms), hat_(hat), log_ratio_(log_ratio) {}
 
   int32_t operator()(int32_t count, int32_t* out) {
+    using V = F64;
     T w[2 * kCandidates];
-    double u[kCandidates], v[kCandidates], logarithm[kCandidates], y[kCandidates], ratio[kCandidates];
-    bool possible[kCandidates];
+    double u[kCandidates], v[kCandidates], y[kCandidates], ratio[kCandidates];
+    double tail_u[kCandidates], tail_v[kCandidates], logarithm[kCandidates], place[kCandidates + kBehind<V>],
+        height[kCandidates + kBehind<V>];
+    Chosen<V, kCandidates> tails, impossible;
     if (count < 1) return 0;
     if (!uniforms_.draw(2 * count, w)) return -1;
-    for (int32_t i = 0; i < count; ++i) {
-      u[i] = static_cast<double>(w[2 * i]) * hat_.p3;
-      v[i] = static_cast<double>(w[2 * i + 1]);
-    }
-    kernels::ln.call(Level::high, count, v, logarithm);
-    for (int32_t i = 0; i < count; ++i) {
-      double place = hat_.xl + u[i];
-      if (u[i] > hat_.p1) {  // in a tail the height of a candidate has a part of its own
-        const bool to_left = u[i] <= hat_.p2;
-        place = to_left ? hat_.xl + logarithm[i] / hat_.left : hat_.xr - logarithm[i] / hat_.right;
-        v[i] *= to_left ? (u[i] - hat_.p1) * hat_.left : (u[i] - hat_.p2) * hat_.right;
-      }
-      place = std::floor(place);
-      possible[i] = place >= 0 && place <= hat_.highest;
-      y[i] = possible[i] ? place : hat_.mode;
-      v[i] = std::max(v[i], std::numeric_limits<double>::min());
-    }
-    kernels::ln.call(Level::high, count, v, logarithm);
+    split(count, w, u, v);
+    int32_t in_tails = 0;
+    for_each_vector<V>(count, [&](auto at) {
+      const V at_u = at.load(u) * V(hat_.p3);
+      const uint32_t bits = at.bits(at_u > V(hat_.p1));
+      tails.set(at, bits);
+      at.store(y, V(hat_.xl) + at_u);
+      gather_chosen(bits, at_u, tail_u + in_tails);
+      in_tails += gather_chosen(bits, at.load(v), tail_v + in_tails);
+    });
+    // In a tail the height of a candidate has a part of its own.
+    if (in_tails > 0) kernels::ln.call(Level::high, in_tails, tail_v, logarithm);
+    for_each_vector<V>(in_tails, [&](auto at) {
+      const Mask<V> to_left = at.load(tail_u) <= V(hat_.p2);
+      const V rate = select(to_left, V(hat_.left), V(hat_.right)), beyond = at.load(logarithm) / rate;
+      at.store(place, select(to_left, V(hat_.xl) + beyond, V(hat_.xr) - beyond));
+      at.store(height, at.load(tail_v) * ((at.load(tail_u) - select(to_left, V(hat_.p1), V(hat_.p2))) * rate));
+    });
+    Expander<V> place_in_tail(place), height_in_tail(height);
+    for_each_vector<V>(count, [&](auto at) {
+      const uint32_t in_tail = tails(at);
+      const Mask<V> tail = chosen<V>(in_tail);
+      const V number = round<Direction::down>(select(tail, place_in_tail(in_tail), at.load(y)));
+      const Mask<V> possible = (number >= V(0)) & (number <= V(hat_.highest));
+      impossible.set(at, at.bits(complement(possible)));
+      at.store(y, select(possible, number, V(hat_.mode)));
+      at.store(v, max(V(std::numeric_limits<double>::min()), select(tail, height_in_tail(in_tail), at.load(v))));
+    });
+    kernels::ln.call(Level::high, count, v, v);
     log_ratio_(count, y, ratio);
     int32_t kept = 0;
-    for (int32_t i = 0; i < count; ++i) {
-      out[kept] = static_cast<int32_t>(y[i]);
-      kept += possible[i] && logarithm[i] <= ratio[i];
-    }
+    for_each_vector<V>(count, [&](auto at) {
+      const uint32_t accepted = at.bits(at.load(v) <= at.load(ratio)) & ~impossible(at);
+      kept += give_chosen(at, accepted, at.load(y), out + kept);
+    });
     return kept;
   }
 

@@ -5,6 +5,7 @@
 #include "orvik/qor.h"
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/poisson_counts.h"
@@ -140,7 +141,7 @@ int32_t by_poisson(OrvikStream stream, int32_t n, int32_t* r, int32_t trials, in
   for (int32_t j = 0; j < k; ++j) means[static_cast<uint64_t>(j)] = trials * p[j];
   Uniforms<double> uniforms(stream);
   for (int32_t i = 0; i < n; ++i, r += k)
-    if (!uniforms.took(poisson_v(stream, k, r, means.get())) || !correct(uniforms, r, trials, k, p, sum)) break;
+    if (!uniforms.took(poisson_v(0, stream, k, r, means.get())) || !correct(uniforms, r, trials, k, p, sum)) break;
   return uniforms.status();
 }
 
@@ -162,7 +163,7 @@ int32_t multinomial(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, 
 }  // namespace
 }  // namespace orvik::qor
 
-extern "C" int32_t _qoriRngMultinomial(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, int32_t ntrial,
-                                       int32_t k, const double* p) {
-  return orvik::qor::multinomial(method, stream, n, r, ntrial, k, p);
-}
+ORVIK_QOR_ENTRY(_qoriRngMultinomial, multinomial,
+                (uint32_t method, OrvikStream stream, int32_t n, int32_t* r, int32_t ntrial, int32_t k,
+                 const double* p),
+                (method, stream, n, r, ntrial, k, p))

@@ -1,7 +1,8 @@
 // Negbinomial, a method for each region of t = (1 - p) / p:
 //   mean a t from 2^31 / 200 on   Poisson numbers whose means are Gamma numbers
 //   t below 100                   inversion by a walk over sums of probabilities
-//   t above                       rejection under a table mountain
+//   t above                       rejection under a table mountain; a up to 1 has its peak at 0 and a table of another
+//   kind
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -10,14 +11,17 @@
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
 #include "qor/rng/cumulative.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/gamma.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/mountain.h"
+#include "qor/rng/peak.h"
 #include "qor/rng/poisson_counts.h"
 #include "qor/rng/setup.h"
 #include "qor/rng/stirling.h"
 #include "qor/rng/uniforms.h"
+#include "qor/rng/vectors.h"
 #include "qor/stream/restore.h"
 
 namespace orvik::qor {
@@ -40,7 +44,10 @@ struct Key {
 };
 
 // P(k + 1) / P(k)
-double step(const Key& key, double k) { return key.q() * (key.a + k) / (k + 1); }
+template <class V>
+V step(const Key& key, V k) {
+  return V(key.q()) * (V(key.a) + k) / (k + V(1));
+}
 
 // Sums of probabilities at every `stride`-th number from `low` on, and the probabilities there.
 struct Walk {
@@ -50,27 +57,44 @@ struct Walk {
   CumulativeTable<kEntries, kEntries, uint16_t> table;
   double probability[kEntries];
 
-  int32_t find(const Key& key, double u) const {
-    const int32_t entry = std::min(table.find(u, last), last);
-    double k = low + entry * stride;
-    if (stride == 1 || entry == 0) return static_cast<int32_t>(k);
-    const double end = k;
-    double sum = table.below_or_at[entry - 1], f = probability[entry - 1];
-    k -= stride;
-    do {
-      f *= step(key, k);
-      sum += f;
-      ++k;
-    } while (u > sum && k < end);
-    return static_cast<int32_t>(k);
+  // Of at most kBlock uniforms.
+  void find(const Key& key, int32_t n, const double* u, int32_t* r) const {
+    using V = F64;
+    double end[kBlock], sum[kBlock], f[kBlock];
+    table.find(n, u, [&](int32_t i, int32_t entry) {
+      const int32_t before = std::max(entry - 1, 0);
+      end[i] = low + entry * stride;
+      sum[i] = table.below_or_at[before];
+      f[i] = probability[before];
+    });
+    for_each_vector<V>(n, [&](auto at) {
+      const V high = at.load(end);
+      V k = high;
+      if (stride > 1) {  // from the entry before on
+        V probability_at_k = at.load(f), below_or_at_k = at.load(sum);
+        Mask<V> lanes = high > V(low);
+        k = select(lanes, high - V(stride), high);
+        do {
+          probability_at_k = probability_at_k * step(key, k);
+          below_or_at_k = below_or_at_k + probability_at_k;
+          k = k + keep(lanes, V(1));
+          lanes = lanes & (at.load(u) > below_or_at_k) & (k < high);
+        } while (!none(lanes));
+      }
+      at.give(r + at.first, k);
+    });
   }
 };
 
-// What the mountain has to know about a: what ln Gamma has beyond its first orders at a, a + 1, ...
+// Rejection: what ln Gamma has beyond its first orders at a, a + 1, ... and the hat.
 constexpr int32_t kRests = 16;
-struct Mountain {
-  TableMountain hat;
+struct Rejection {
+  double mode;
   double rest[kRests];
+  union {
+    TableMountain mountain;
+    PowerPeak peak;
+  };
 };
 
 struct Setup {
@@ -78,7 +102,7 @@ struct Setup {
   Key key;
   union {
     Walk walk;
-    Mountain mountain;
+    Rejection rejection;
   };
 };
 
@@ -104,7 +128,7 @@ void build_walk(Walk& walk, const Key& key) {
     walk.probability[entry] = f;
     return sum;
   });
-  walk.table.below_or_at[walk.last] = 1;  // whatever the sum was rounded to, every uniform has its number
+  walk.table.end_at(walk.last);
 }
 
 // What ln Gamma(x) has beyond (x - 1/2) ln x - x + ln(2 pi) / 2, for any x > 0: by that at a larger number.
@@ -120,60 +144,78 @@ double gamma_rest(double x) {
 // Logarithms of the probability of y by that of the mode.
 class LogRatio {
  public:
-  explicit LogRatio(const Setup& s) : s_(s), mode_(s.mountain.hat.mode) {}
+  LogRatio(const Key& key, const Rejection& rejection) : key_(key), rejection_(rejection), mode_(rejection.mode) {}
 
   void operator()(int32_t n, const double* y, double* r) const {
+    using V = F64;
     double x[kCandidates], k[kCandidates];
-    const double a = s_.key.a, x0 = mode_ + a, k0 = mode_ + 1;
-    for (int32_t i = 0; i < n; ++i) {
-      x[i] = (y[i] + a) / x0;
-      k[i] = (y[i] + 1) / k0;
-      r[i] = s_.key.q() * (y[i] + a) / (y[i] + 1);
-    }
+    const double a = key_.a, x0 = mode_ + a, k0 = mode_ + 1;
+    for_each_vector<V>(n, [&](auto at) {
+      const V number = at.load(y), beyond = number + V(a), next = number + V(1);
+      at.store(x, beyond / V(x0));
+      at.store(k, next / V(k0));
+      at.store(r, V(key_.q()) * beyond / next);
+    });
     kernels::ln.call(Level::high, n, x, x);
     kernels::ln.call(Level::high, n, k, k);
     kernels::ln.call(Level::high, n, r, r);
-    const double at_mode = rest(mode_) - stirling_rest(k0);
-    for (int32_t i = 0; i < n; ++i)
-      r[i] = (x0 - 0.5) * x[i] - (k0 - 0.5) * k[i] + (y[i] - mode_) * r[i] + rest(y[i]) - stirling_rest(y[i] + 1) -
-             at_mode;
+    const double at_mode = first_lane(rest(F64(mode_))) - stirling_rest(k0);
+    for_each_vector<V>(n, [&](auto at) {
+      const V number = at.load(y), sum = V(x0 - 0.5) * at.load(x) - V(k0 - 0.5) * at.load(k) +
+                                         (number - V(mode_)) * at.load(r) + rest(number);
+      at.store(r, sum - stirling_rest(number + V(1)) - V(at_mode));
+    });
   }
   double one(double y) const {
-    double r;
-    (*this)(1, &y, &r);
-    return r;
+    double r[kWidth<F64>];
+    (*this)(1, &y, r);
+    return r[0];
   }
 
  private:
-  double rest(double y) const {
-    return y < kRests ? s_.mountain.rest[static_cast<int32_t>(y)] : stirling_rest(y + s_.key.a);
+  F64 rest(F64 y) const {
+    const M64 few = y < F64(kRests);
+    const F64 far = stirling_rest(y + F64(key_.a));
+    return none(few) ? far : select(few, gather(rejection_.rest, Indices(to_integer(keep(few, y)))), far);
   }
-  const Setup& s_;
+  const Key& key_;
+  const Rejection& rejection_;
   double mode_;
 };
 
-// Above a = 1 the ratio of neighbours falls towards q, below it rises towards q, and the mode is a peak at 0: then the
-// rectangle ends where both its area and the tail's are small.
-void build_mountain(Setup& s, const Key& key) {
-  for (int32_t k = 0; k < kRests; ++k) s.mountain.rest[k] = gamma_rest(key.a + k);
-  TableMountain& hat = s.mountain.hat;
-  hat.mode = key.mode();
+// Above a = 1 the ratio of neighbours falls towards q.
+void build_mountain(Rejection& rejection, const Key& key) {
+  TableMountain& hat = rejection.mountain = {};
+  hat.mode = rejection.mode;
   hat.highest = std::numeric_limits<int32_t>::max();
-  const LogRatio log_ratio(s);
-  double left = 0, left_height = 0, right = -kernels::ln.high(key.q());
-  if (key.a > 1) {
-    const double half = std::floor(1.5 * kernels::sqrt.high(key.mean() / key.p));
-    hat.xl = std::max(hat.mode - half, 0.0);
-    hat.xr = hat.mode + half + 1;
-    right = -kernels::ln.high(step(key, hat.xr - 1));
-    if (hat.xl > 0) {
-      left = kernels::ln.high(step(key, hat.xl - 1));
-      left_height = kernels::exp.high(log_ratio.one(hat.xl));
-    }
-  } else {
-    hat.xr = std::floor(kernels::powx.high((1 - key.a) * key.mean(), 1 / (2 - key.a))) + 1;
+  const LogRatio log_ratio(key, rejection);
+  const double half = std::floor(1.5 * kernels::sqrt.high(key.mean() / key.p));
+  hat.xl = std::max(hat.mode - half, 0.0);
+  hat.xr = hat.mode + half + 1;
+  double left = 0, left_height = 0;
+  if (hat.xl > 0) {
+    left = kernels::ln.high(step(key, hat.xl - 1));
+    left_height = kernels::exp.high(log_ratio.one(hat.xl));
   }
+  const double right = -kernels::ln.high(step(key, hat.xr - 1));
   hat.set(left, left_height, right, kernels::exp.high(log_ratio.one(hat.xr - 1)));
+}
+
+// Up to a = 1 it rises towards q, and k!/Gamma(a + k) is above k^(1 - a) (Gautschi 1959), so that a power bounds the
+// probabilities from 1 on. The table ends next to where the areas of table and tail together are least.
+void build_peak(Rejection& rejection, const Key& key) {
+  const double end = std::max(std::floor(0.8 * kernels::sqrt.high(1 - key.a) / key.p), 1.0);
+  rejection.peak = {};
+  rejection.peak.set(key.a, end, key.a * key.q(), -kernels::lgamma.high(key.a + 1), -kernels::ln.high(key.q()));
+}
+
+void build_rejection(Rejection& rejection, const Key& key) {
+  rejection.mode = key.mode();
+  for (int32_t k = 0; k < kRests; ++k) rejection.rest[k] = gamma_rest(key.a + k);
+  if (key.a > 1)
+    build_mountain(rejection, key);
+  else
+    build_peak(rejection, key);
 }
 
 enum class Region { mixture, walk, mountain };
@@ -191,7 +233,7 @@ void build(Setup& s, const Key& key) {
     case Region::walk:
       return build_walk(s.walk, key);
     case Region::mountain:
-      return build_mountain(s, key);
+      return build_rejection(s.rejection, key);
   }
 }
 
@@ -200,7 +242,7 @@ int32_t by_walk(OrvikStream stream, int32_t n, int32_t* r, const Setup& s) {
   double u[kBlock];
   for_each_block(n, [&](int32_t first, int32_t count) {
     if (!uniforms.draw(count, u)) return false;
-    for (int32_t i = 0; i < count; ++i) r[first + i] = s.walk.find(s.key, u[i]);
+    s.walk.find(s.key, count, u, r + first);
     return true;
   });
   return uniforms.status();
@@ -208,8 +250,12 @@ int32_t by_walk(OrvikStream stream, int32_t n, int32_t* r, const Setup& s) {
 
 int32_t by_rejection(OrvikStream stream, int32_t n, int32_t* r, const Setup& s) {
   Uniforms<double> uniforms(stream);  // floats are coarser than a wide mountain
-  until_accepted(n, r, kCandidates,
-                 MountainBatch<double, kCandidates, LogRatio>(uniforms, s.mountain.hat, LogRatio(s)));
+  const LogRatio log_ratio(s.key, s.rejection);
+  if (s.key.a > 1)
+    until_accepted(n, r, kCandidates,
+                   MountainBatch<double, kCandidates, LogRatio>(uniforms, s.rejection.mountain, log_ratio));
+  else
+    until_accepted(n, r, kCandidates, PeakBatch<kCandidates, LogRatio>(uniforms, s.rejection.peak, log_ratio));
   return uniforms.status();
 }
 
@@ -218,12 +264,13 @@ int32_t by_mixture(OrvikStream stream, int32_t n, int32_t* r, const Key& key) {
   double lambda[kBlock];
   for_each_block(n, [&](int32_t first, int32_t count) {
     return uniforms.took(gamma<double>(0, stream, count, lambda, key.a, 0, key.t())) &&
-           uniforms.took(poisson_v(stream, count, r + first, lambda));
+           uniforms.took(poisson_v(0, stream, count, r + first, lambda));
   });
   return uniforms.status();
 }
 
-int32_t negbinomial(OrvikStream stream, int32_t n, int32_t* r, const Key& key) {
+int32_t negbinomial(uint32_t, OrvikStream stream, int32_t n, int32_t* r, double a, double p) {
+  const Key key = {a, p};
   const EntryBracket bracket(ln_of_zero<double>);
   int32_t status;
   const Setup* const s = cached<Setup>(stream, kChunk, key, &status, build);
@@ -248,6 +295,6 @@ int32_t restore_negbinomial(OrvikStream stream) {
 
 }  // namespace orvik::qor
 
-extern "C" int32_t _qoriRngNegbinomial(uint32_t, OrvikStream stream, int32_t n, int32_t* r, double a, double p) {
-  return orvik::qor::negbinomial(stream, n, r, {a, p});
-}
+ORVIK_QOR_ENTRY(_qoriRngNegbinomial, negbinomial,
+                (uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double a, double p),
+                (method, stream, n, r, a, p))

@@ -8,6 +8,7 @@
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
 #include "qor/rng/cumulative.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/gaussian.h"
 #include "qor/rng/hat.h"
 #include "qor/rng/kernels.h"
@@ -16,6 +17,7 @@
 #include "qor/rng/setup.h"
 #include "qor/rng/stirling.h"
 #include "qor/rng/uniforms.h"
+#include "qor/rng/vectors.h"
 #include "qor/stream/restore.h"
 
 namespace orvik::qor {
@@ -45,7 +47,7 @@ void build(Setup& s, const Setup::Key& key) {
   if (lambda < kTableBelow) {
     double f = kernels::exp.high(-lambda);
     s.table.fill(kTableEnd, [&](int32_t k) { return k == 0 ? f : f *= lambda / k; });
-    s.table.below_or_at[kTableEnd] = 1;  // whatever the sum was rounded to, every uniform has its number
+    s.table.end_at(kTableEnd);
     return;
   }
   const double m = std::floor(lambda), half = std::floor(2.195 * kernels::sqrt.high(lambda) - 2.2) + 0.5;
@@ -55,13 +57,11 @@ void build(Setup& s, const Setup::Key& key) {
   s.hat.set_near([&](double k) { return lambda / (k + 1); });
 }
 
-int32_t find(const Setup& s, double u) { return std::min(s.table.find(u, kTableEnd), kTableEnd); }
-
 bool by_table(Uniforms<double>& uniforms, const Setup& s, int32_t n, int32_t* r) {
   double u[kBlock];
   return for_each_block(n, [&](int32_t first, int32_t count) {
     if (!uniforms.draw(count, u)) return false;
-    for (int32_t i = 0; i < count; ++i) r[first + i] = find(s, u[i]);
+    s.table.find(count, u, [&](int32_t i, int32_t k) { r[first + i] = k; });
     return true;
   });
 }
@@ -73,16 +73,20 @@ struct Target {
   // ln of m! / y! lambda^(y - m)
   void log_ratio(int32_t count, const double* y, double* r) const {
     constexpr int32_t kMost = 1024;
+    using V = F64;
     double a[kMost], b[kMost];
-    for (int32_t i = 0; i < count; ++i) {
-      a[i] = (m + 1) / (y[i] + 1);
-      b[i] = lambda / (y[i] + 1);
-    }
+    for_each_vector<V>(count, [&](auto at) {
+      const V next = at.load(y) + V(1);
+      at.store(a, V(m + 1) / next);
+      at.store(b, V(lambda) / next);
+    });
     kernels::ln.call(Level::high, count, a, a);
     kernels::ln.call(Level::high, count, b, b);
     const double rest = stirling_rest(m + 1);
-    for (int32_t i = 0; i < count; ++i)
-      r[i] = (m + 0.5) * a[i] + (y[i] - m) * (b[i] + 1) + rest - stirling_rest(y[i] + 1);
+    for_each_vector<V>(count, [&](auto at) {
+      const V k = at.load(y), sum = V(m + 0.5) * at.load(a) + (k - V(m)) * (at.load(b) + V(1)) + V(rest);
+      at.store(r, sum - stirling_rest(k + V(1)));
+    });
   }
 };
 
@@ -95,22 +99,26 @@ int32_t by_rejection(OrvikStream stream, const Setup& s, int32_t n, int32_t* r) 
 
 // Normal numbers back to uniforms, for the table.
 bool by_normals_and_table(Uniforms<double>& uniforms, const Setup& s, int32_t n, int32_t* r) {
-  float z[kCounts];
-  double u[kCounts];
-  return for_each_block<kCounts>(n, [&](int32_t first, int32_t count) {
+  float z[kBlock];
+  double u[kBlock];
+  return for_each_block(n, [&](int32_t first, int32_t count) {
     if (!uniforms.took(gaussian<float>(kInverse, uniforms.stream(), count, z, 0, 1))) return false;
     for (int32_t i = 0; i < count; ++i) u[i] = static_cast<double>(z[i]) / Precision<double>::kSqrtTwo;
     kernels::erf.call(Level::low, count, u, u);
-    for (int32_t i = 0; i < count; ++i) r[first + i] = find(s, 0.5 + 0.5 * u[i]);
+    transform(count, u, [](double x) { return 0.5 + 0.5 * x; });
+    s.table.find(count, u, [&](int32_t i, int32_t k) { r[first + i] = k; });
     return true;
   });
 }
 
 bool by_normals(Uniforms<double>& uniforms, double mean, int32_t n, int32_t* r) {
-  double lambda[kCounts];
-  std::fill_n(lambda, std::clamp(n, 0, kCounts), mean);
-  return for_each_block<kCounts>(
-      n, [&](int32_t first, int32_t count) { return counts_of_drawn_normals(uniforms, count, lambda, r + first); });
+  double means[kCounts], counts[kCounts];
+  std::fill_n(means, std::clamp(n, 0, kCounts), mean);
+  return for_each_block<kCounts>(n, [&](int32_t first, int32_t count) {
+    if (!counts_of_drawn_normals(uniforms, count, means, counts)) return false;
+    for_each_vector<F64>(count, [&](auto at) { at.give(r + first + at.first, at.load(counts)); });
+    return true;
+  });
 }
 
 int32_t poisson(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double lambda) {
@@ -140,6 +148,5 @@ int32_t restore_poisson(OrvikStream stream) {
 
 }  // namespace orvik::qor
 
-extern "C" int32_t _qoriRngPoisson(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double lambda) {
-  return orvik::qor::poisson(method, stream, n, r, lambda);
-}
+ORVIK_QOR_ENTRY(_qoriRngPoisson, poisson, (uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double lambda),
+                (method, stream, n, r, lambda))

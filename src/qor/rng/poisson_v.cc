@@ -6,6 +6,7 @@
 #include "orvik/qor.h"
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/poisson_counts.h"
@@ -17,75 +18,90 @@ namespace {
 constexpr double kDirectBelow = 1037;
 constexpr int32_t kSeriesEnd = 110;  // P(X > 110) is below 10^-28 where the mean is below 27
 
-// The least k with u <= P(X <= k), from P(0).
-int32_t by_series(double u, double lambda, double f) {
-  int32_t k = 0;
-  while (u > f && k < kSeriesEnd) {
-    u -= f;
-    ++k;
-    f *= lambda / k;
+using V = F64;
+
+// The least k with u <= P(X <= k), from P(0), in those lanes.
+V by_series(V u, V lambda, V f, Mask<V> lanes) {
+  V count = V(0);
+  lanes = lanes & (u > f);
+  for (int32_t k = 1; k <= kSeriesEnd && !none(lanes); ++k) {
+    u = u - f;
+    f = f * (lambda / V(k));
+    count = count + keep(lanes, V(1));
+    lanes = lanes & (u > f);
   }
-  return k;
+  return count;
 }
 
-// Counts of n uniforms, each with its mean; those of the series are listed by their place.
-void direct(int32_t n, const double* u, const double* lambda, int32_t* r) {
-  double f[kCounts], z[kCounts];
-  for (int32_t i = 0; i < n; ++i) f[i] = -std::min(lambda[i], kPolynomialFrom);
+// Counts of n uniforms, each with its mean.
+void direct(int32_t n, const double* u, const double* mean, double* counts) {
+  double f[kCounts], z[kCounts], larger_u[kCounts], larger_mean[kCounts], larger_count[kCounts + kBehind<V>];
+  Chosen<V, kCounts> larger;
+  for_each_vector<V>(n, [&](auto at) { at.store(f, min(V(kPolynomialFrom), at.load(mean)) ^ sign_mask<V>()); });
   kernels::exp.call(Level::high, n, f, f);
-  int32_t at[kCounts], larger = 0;
-  for (int32_t i = 0; i < n; ++i) {
-    if (lambda[i] < kPolynomialFrom) {
-      r[i] = by_series(u[i], lambda[i], f[i]);
-    } else {
-      at[larger] = i;
-      z[larger++] = 2 * u[i] - 1;
-    }
-  }
-  if (larger == 0) return;
+  int32_t many = 0;
+  for_each_vector<V>(n, [&](auto at) {
+    const V uniform = at.load(u), lambda = at.load(mean);
+    const Mask<V> small = lambda < V(kPolynomialFrom);
+    at.store(counts, by_series(uniform, lambda, at.load(f), small));
+    const uint32_t bits = at.bits(complement(small));
+    larger.set(at, bits);
+    gather_chosen(bits, uniform, larger_u + many);
+    many += gather_chosen(bits, lambda, larger_mean + many);
+  });
+  if (many == 0) return;
   constexpr double kError = 0x1p-24;  // of the inverse at enhanced performance
-  double means[kCounts], below[kCounts];
-  int32_t counts[kCounts], open[kCounts];
-  kernels::erf_inv(larger, z, z);
-  for (int32_t j = 0; j < larger; ++j) {
-    z[j] *= Precision<double>::kSqrtTwo;
-    means[j] = lambda[at[j]];
+  OpenCounts open;
+  transform(many, larger_u, z, [](double x) { return 2 * x - 1; });
+  kernels::erf_inv(many, z, z);
+  transform(many, z, [](double x) { return x * Precision<double>::kSqrtTwo; });
+  counts_of_normals(many, z, larger_mean, kError, larger_count, open);
+  if (open.n > 0) {
+    double open_u[kCounts];
+    open.take(many, larger_u, open_u);
+    open.settle(open_u);
+    deliver(many, larger_count, open, larger_count);
   }
-  const int32_t opened = counts_of_normals(larger, z, means, kError, counts, open);
-  if (opened > 0) probabilities_below(opened, open, means, counts, below);
-  for (int32_t j = 0; j < opened; ++j) counts[open[j]] -= u[at[open[j]]] <= below[j];
-  for (int32_t j = 0; j < larger; ++j) r[at[j]] = counts[j];
+  Expander<V> by_inverse(larger_count);
+  for_each_vector<V>(n, [&](auto at) {
+    const uint32_t bits = larger(at);
+    at.store(counts, select(chosen<V>(bits), by_inverse(bits), at.load(counts)));
+  });
 }
 
-bool block(Uniforms<double>& uniforms, int32_t n, int32_t* r, const double* lambda) {
-  double means[kCounts], u[kCounts];
-  int32_t at[kCounts], counts[kCounts], small = 0, large = 0;
-  // Small means gather at the front, large ones at the end, both in order.
-  for (int32_t i = 0; i < n; ++i) small += lambda[i] < kDirectBelow;
-  large = small;
-  small = 0;
-  const int32_t first_large = large;
-  for (int32_t i = 0; i < n; ++i) {
-    int32_t& place = lambda[i] < kDirectBelow ? small : large;
-    means[place] = lambda[i];
-    at[place++] = i;
+bool block(Uniforms<double>& uniforms, int32_t n, int32_t* r, const double* mean) {
+  double small_mean[kCounts], large_mean[kCounts], u[kCounts], small_count[kCounts + kBehind<V>],
+      large_count[kCounts + kBehind<V>];
+  Chosen<V, kCounts> small;
+  int32_t few = 0, many = 0;
+  for_each_vector<V>(n, [&](auto at) {
+    const V lambda = at.load(mean);
+    const Mask<V> below = lambda < V(kDirectBelow);
+    small.set(at, at.bits(below));
+    few += gather_chosen(at.bits(below), lambda, small_mean + few);
+    many += gather_chosen(at.bits(complement(below)), lambda, large_mean + many);
+  });
+  Expander<V> small_counts(small_count), large_counts(large_count);
+  if (few > 0) {
+    if (!uniforms.draw(few, u)) return false;
+    direct(few, u, small_mean, small_count);
   }
-  if (small > 0) {
-    if (!uniforms.draw(small, u)) return false;
-    direct(small, u, means, counts);
-    for (int32_t j = 0; j < small; ++j) r[at[j]] = counts[j];
+  if (many > 0 && !counts_of_drawn_normals(uniforms, many, large_mean, large_count)) {
+    const double* next = small_count;  // which have been drawn
+    for (int32_t i = 0; i < n; ++i)
+      if (mean[i] < kDirectBelow) r[i] = static_cast<int32_t>(*next++);
+    return false;
   }
-  if (large > first_large) {
-    const int32_t count = large - first_large;
-    if (!counts_of_drawn_normals(uniforms, count, means + first_large, counts)) return false;
-    for (int32_t j = 0; j < count; ++j) r[at[first_large + j]] = counts[j];
-  }
+  for_each_vector<V>(n, [&](auto at) {
+    const uint32_t bits = small(at), others = at.bits(chosen<V>(~bits));
+    at.give(r + at.first, select(chosen<V>(bits), small_counts(bits), large_counts(others)));
+  });
   return true;
 }
 
 }  // namespace
 
-int32_t poisson_v(OrvikStream stream, int32_t n, int32_t* r, const double* lambda) {
+int32_t poisson_v(uint32_t, OrvikStream stream, int32_t n, int32_t* r, const double* lambda) {
   const EntryBracket bracket(gaussian_limits<double>);
   Uniforms<double> uniforms(stream);
   for_each_block<kCounts>(
@@ -95,6 +111,6 @@ int32_t poisson_v(OrvikStream stream, int32_t n, int32_t* r, const double* lambd
 
 }  // namespace orvik::qor
 
-extern "C" int32_t _qoriRngPoissonV(uint32_t, OrvikStream stream, int32_t n, int32_t* r, const double* lambda) {
-  return orvik::qor::poisson_v(stream, n, r, lambda);
-}
+ORVIK_QOR_ENTRY(_qoriRngPoissonV, poisson_v,
+                (uint32_t method, OrvikStream stream, int32_t n, int32_t* r, const double* lambda),
+                (method, stream, n, r, lambda))

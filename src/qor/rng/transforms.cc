@@ -2,6 +2,7 @@
 #include "orvik/qor.h"
 #include "qor/rng/bracket.h"
 #include "qor/rng/callbacks.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/exponential.h"
 #include "qor/rng/kernels.h"
 #include "qor/rng/loops.h"
@@ -25,7 +26,7 @@ template int32_t exponential(uint32_t, OrvikStream, int32_t, float*, float, floa
 namespace {
 
 template <class T>
-int32_t cauchy(OrvikStream stream, int32_t n, T* r, T a, T beta) {
+int32_t cauchy(uint32_t, OrvikStream stream, int32_t n, T* r, T a, T beta) {
   Uniforms<T> uniforms(stream);
   if (uniforms.draw(n, r, -Precision<T>::kHalfPi, Precision<T>::kHalfPi) && n > 0) {
     kernels::tan(n, r, r);
@@ -35,7 +36,7 @@ int32_t cauchy(OrvikStream stream, int32_t n, T* r, T a, T beta) {
 }
 
 template <class T>
-int32_t gumbel(OrvikStream stream, int32_t n, T* r, T a, T beta) {
+int32_t gumbel(uint32_t, OrvikStream stream, int32_t n, T* r, T a, T beta) {
   const EntryBracket bracket(always_ln_of_zero<T>);
   const int32_t status = exponential<T>(0, stream, n, r, 0, 1);
   if (status >= 0 && n > 0) {
@@ -75,38 +76,31 @@ int32_t weibull(uint32_t method, OrvikStream stream, int32_t n, T* r, T alpha, T
 }  // namespace
 }  // namespace orvik::qor
 
-extern "C" {
-
-int32_t _qordRngCauchy(uint32_t, OrvikStream stream, int32_t n, double* r, double a, double beta) {
-  return orvik::qor::cauchy(stream, n, r, a, beta);
-}
-int32_t _qorsRngCauchy(uint32_t, OrvikStream stream, int32_t n, float* r, float a, float beta) {
-  return orvik::qor::cauchy(stream, n, r, a, beta);
-}
-int32_t _qordRngExponential(uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double beta) {
-  return orvik::qor::exponential(method, stream, n, r, a, beta);
-}
-int32_t _qorsRngExponential(uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float beta) {
-  return orvik::qor::exponential(method, stream, n, r, a, beta);
-}
-int32_t _qordRngGumbel(uint32_t, OrvikStream stream, int32_t n, double* r, double a, double beta) {
-  return orvik::qor::gumbel(stream, n, r, a, beta);
-}
-int32_t _qorsRngGumbel(uint32_t, OrvikStream stream, int32_t n, float* r, float a, float beta) {
-  return orvik::qor::gumbel(stream, n, r, a, beta);
-}
-int32_t _qordRngRayleigh(uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double beta) {
-  return orvik::qor::rayleigh(method, stream, n, r, a, beta);
-}
-int32_t _qorsRngRayleigh(uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float beta) {
-  return orvik::qor::rayleigh(method, stream, n, r, a, beta);
-}
-int32_t _qordRngWeibull(uint32_t method, OrvikStream stream, int32_t n, double* r, double alpha, double a,
-                        double beta) {
-  return orvik::qor::weibull(method, stream, n, r, alpha, a, beta);
-}
-int32_t _qorsRngWeibull(uint32_t method, OrvikStream stream, int32_t n, float* r, float alpha, float a, float beta) {
-  return orvik::qor::weibull(method, stream, n, r, alpha, a, beta);
-}
-
-}  // extern "C"
+ORVIK_QOR_ENTRY(_qordRngCauchy, cauchy,
+                (uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double beta),
+                (method, stream, n, r, a, beta))
+ORVIK_QOR_ENTRY(_qorsRngCauchy, cauchy, (uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float beta),
+                (method, stream, n, r, a, beta))
+ORVIK_QOR_ENTRY(_qordRngExponential, exponential,
+                (uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double beta),
+                (method, stream, n, r, a, beta))
+ORVIK_QOR_ENTRY(_qorsRngExponential, exponential,
+                (uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float beta),
+                (method, stream, n, r, a, beta))
+ORVIK_QOR_ENTRY(_qordRngGumbel, gumbel,
+                (uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double beta),
+                (method, stream, n, r, a, beta))
+ORVIK_QOR_ENTRY(_qorsRngGumbel, gumbel, (uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float beta),
+                (method, stream, n, r, a, beta))
+ORVIK_QOR_ENTRY(_qordRngRayleigh, rayleigh,
+                (uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double beta),
+                (method, stream, n, r, a, beta))
+ORVIK_QOR_ENTRY(_qorsRngRayleigh, rayleigh,
+                (uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float beta),
+                (method, stream, n, r, a, beta))
+ORVIK_QOR_ENTRY(_qordRngWeibull, weibull,
+                (uint32_t method, OrvikStream stream, int32_t n, double* r, double alpha, double a, double beta),
+                (method, stream, n, r, alpha, a, beta))
+ORVIK_QOR_ENTRY(_qorsRngWeibull, weibull,
+                (uint32_t method, OrvikStream stream, int32_t n, float* r, float alpha, float a, float beta),
+                (method, stream, n, r, alpha, a, beta))

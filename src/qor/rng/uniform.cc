@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "orvik/qor.h"
+#include "qor/rng/entry.h"
 #include "qor/rng/loops.h"
 #include "qor/rng/uniforms.h"
 
@@ -24,7 +25,7 @@ int32_t uniform(uint32_t method, OrvikStream stream, int32_t n, T* r, T a, T b) 
   return status;
 }
 
-int32_t integers(OrvikStream stream, int32_t n, int32_t* r, double a, double b) {
+int32_t integers(uint32_t, OrvikStream stream, int32_t n, int32_t* r, double a, double b) {
   Uniforms<double> uniforms(stream);
   double buffer[kBlock];
   for_each_block(n, [&](int32_t first, int32_t count) {
@@ -38,16 +39,11 @@ int32_t integers(OrvikStream stream, int32_t n, int32_t* r, double a, double b) 
 }  // namespace
 }  // namespace orvik::qor
 
-extern "C" {
-
-int32_t _qordRngUniform(uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double b) {
-  return orvik::qor::uniform(method, stream, n, r, a, b);
-}
-int32_t _qorsRngUniform(uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float b) {
-  return orvik::qor::uniform(method, stream, n, r, a, b);
-}
-int32_t _qoriRngUniform(uint32_t, OrvikStream stream, int32_t n, int32_t* r, int32_t a, int32_t b) {
-  return orvik::qor::integers(stream, n, r, a, b);
-}
-
-}  // extern "C"
+ORVIK_QOR_ENTRY(_qordRngUniform, uniform,
+                (uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double b),
+                (method, stream, n, r, a, b))
+ORVIK_QOR_ENTRY(_qorsRngUniform, uniform, (uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float b),
+                (method, stream, n, r, a, b))
+ORVIK_QOR_ENTRY(_qoriRngUniform, integers,
+                (uint32_t method, OrvikStream stream, int32_t n, int32_t* r, int32_t a, int32_t b),
+                (method, stream, n, r, a, b))

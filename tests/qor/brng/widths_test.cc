@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "qor/support/stream.h"
-#include "serv/registers.h"
+#include "support/narrow.h"
 
 namespace {
 
@@ -16,16 +16,6 @@ using orvik::testing::Stream;
 using namespace orvik;
 
 class WidthsTest : public ::testing::TestWithParam<Generator> {};
-
-// With narrow registers alone while it lives.
-class Narrow {
- public:
-  Narrow() { serv::wide_registers = serv::wide_aes = false; }
-  ~Narrow() { serv::wide_registers = wide_, serv::wide_aes = aes_; }
-
- private:
-  const bool wide_ = serv::wide_registers, aes_ = serv::wide_aes;
-};
 
 template <class T>
 void append(std::vector<uint8_t>& bytes, const std::vector<T>& x) {
@@ -59,7 +49,7 @@ TEST_P(WidthsTest, RegistersOfBothWidthsGiveTheSameNumbers) {
     for (const int32_t n : {1, 64, 100, 127, 128, 129, 191, 255, 256, 624, 1000, 1872, 2047, 2048, 4099, 12345}) {
       const Stream a(GetParam().brng, GetParam().seeds), b(GetParam().brng, GetParam().seeds);
       const std::vector<uint8_t> got = numbers(a, before, n);
-      const Narrow narrow;
+      const orvik::test::Narrow narrow;
       ASSERT_EQ(got, numbers(b, before, n)) << before << " + " << n;
     }
   }
@@ -72,7 +62,7 @@ TEST_P(WidthsTest, RequestsOfAnyLengthGiveTheSameNumbers) {
   for (int32_t n = 2; n <= 300; ++n) {
     const Stream a(GetParam().brng, GetParam().seeds), b(GetParam().brng, GetParam().seeds);
     const std::vector<uint8_t> got = numbers(a, n % 11, n);
-    const Narrow narrow;
+    const orvik::test::Narrow narrow;
     ASSERT_EQ(got, numbers(b, n % 11, n)) << n;
   }
 }
@@ -84,7 +74,7 @@ TEST(Widths, LeapedStreamsGiveTheSameNumbers) {
     ASSERT_EQ(a.leapfrog(3, 7), 0);
     ASSERT_EQ(b.leapfrog(3, 7), 0);
     const std::vector<uint8_t> got = numbers(a, 5, 1000);
-    const Narrow narrow;
+    const orvik::test::Narrow narrow;
     EXPECT_EQ(got, numbers(b, 5, 1000)) << g.name;
   }
 }
@@ -97,7 +87,7 @@ TEST(Widths, PointsOfAnyDimensionGiveTheSameNumbers) {
         const Stream a(brng, {dim}), b(brng, {dim});
         const int32_t n = points * static_cast<int32_t>(dim);
         const std::vector<uint8_t> got = numbers(a, 7, n);
-        const Narrow narrow;
+        const orvik::test::Narrow narrow;
         ASSERT_EQ(got, numbers(b, 7, n)) << brng << ' ' << dim << ' ' << points;
       }
     }
@@ -110,7 +100,7 @@ TEST(Widths, TheSelectedDimensionGivesTheSameNumbers) {
     ASSERT_EQ(a.leapfrog(13, 0x7FFFFFFF), 0);
     ASSERT_EQ(b.leapfrog(13, 0x7FFFFFFF), 0);
     const std::vector<uint8_t> got = numbers(a, 9, 1234);
-    const Narrow narrow;
+    const orvik::test::Narrow narrow;
     EXPECT_EQ(got, numbers(b, 9, 1234)) << brng;
   }
 }
@@ -126,7 +116,7 @@ TEST(Widths, PlacesOfR250AreWhereTheyWere) {
       const Stream a(ORVIK_BRNG_R250), b(ORVIK_BRNG_R250);
       for (const Stream* s : {&a, &b}) s->state<State>()->p = p, s->state<State>()->q = (p + distance) % 250;
       const std::vector<uint8_t> got = numbers(a, 3, 5000);
-      const Narrow narrow;
+      const orvik::test::Narrow narrow;
       EXPECT_EQ(got, numbers(b, 3, 5000)) << distance << ' ' << p;
     }
   }
@@ -141,7 +131,7 @@ TEST(Widths, CountersThatCarryGiveTheSameNumbers) {
       all.insert(all.end(), {0xFFFFFFE0, high, 0xFFFFFFFF, 1});
       const Stream a(brng, all), b(brng, all);
       const std::vector<uint8_t> got = numbers(a, 3, 1000);
-      const Narrow narrow;
+      const orvik::test::Narrow narrow;
       EXPECT_EQ(got, numbers(b, 3, 1000)) << brng << ' ' << high;
     }
   }

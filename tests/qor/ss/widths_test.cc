@@ -8,22 +8,12 @@
 #include <vector>
 
 #include "qor/ss/support.h"
-#include "serv/registers.h"
+#include "support/narrow.h"
 
 namespace {
 
 using namespace orvik;
 using namespace orvik::ss::test;
-
-// With narrow registers alone while it lives.
-class Narrow {
- public:
-  Narrow() { serv::wide_registers = false; }
-  ~Narrow() { serv::wide_registers = wide_; }
-
- private:
-  const bool wide_ = serv::wide_registers;
-};
 
 // Results that all calls below write, one after the other.
 constexpr int32_t kFields[] = {
@@ -76,7 +66,7 @@ void expect_same(const Data<T>& data, const std::string& what) {
       for (const int32_t* selected : {static_cast<const int32_t*>(nullptr), static_cast<const int32_t*>(some.data())}) {
         if (selected != nullptr && data.p == 1) continue;
         const std::vector<T> wide = results(data, weighted, storage, selected);
-        const Narrow narrow;
+        const orvik::test::Narrow narrow;
         const std::vector<T> expected = results(data, weighted, storage, selected);
         ASSERT_EQ(wide.size(), expected.size());
         for (size_t k = 0; k < wide.size(); ++k) {

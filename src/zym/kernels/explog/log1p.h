@@ -86,9 +86,9 @@ struct Log1pCommon {
 template <class V, Level L>
 struct Log1p;
 
-// sLog1p LA: 2.2634 ulp at -0x1.f30a16p-6
-// sLog1p HA: 0.6629 ulp at 0x1.0703f4p-4
-// sLog1p EP: 12.79 bits at 0x1.5557b2p-2
+// sLog1p LA: 2.6046 ulp at -0x1.f7463ap-6
+// sLog1p HA: 0.7823 ulp at 0x1.058bdcp-4
+// sLog1p EP: 12.78 bits at 0x1.555556p-2
 template <Single V, Level L>
 struct Log1p<V, L> : Log1pCommon<V, L> {
   static V lanes(V x) {

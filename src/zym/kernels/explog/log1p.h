@@ -74,11 +74,13 @@ struct Log1pCommon {
   [[gnu::always_inline]] static V in_two(V x) {
     const OctaveKey<V> k(x + V(E(1)));
     const V c = k.scaled(octave_reciprocal<BaseE, V>(k.row()));
+    const HeadTail<V> product = two_prod(c, x);
     const V less = c - V(E(1));
     const V r = fma(c, x, less);
+    const V r_low = ((product.head + less) - r) + product.tail;  // counts where r is not much less than the result
     const HeadTail<V> table = octave_parts<BaseE>(k.e(), k.row());
     const V head = table.head + r;
-    const V lost = r - (head - table.head);
+    const V lost = (r - (head - table.head)) + r_low;
     return join_sign(head + fma(r * horner(r, BaseE::Octave<E>::ha), r, lost + table.tail), x);
   }
 };

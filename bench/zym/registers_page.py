@@ -93,7 +93,8 @@ def page(path, machine):
             f"{100 * (GAIN - 1):.0f}% over n = 1,000 and 10,000, aligned or not, or lost more than {100 * (1 - NO_SLOWER):.0f}% at one of them. Two reasons:", "",
             "- **Memory.** A 64-byte load crosses a cache line wherever the array is not aligned to 64 bytes, a 32-byte one every other time. (Long",
             "  calls align their stores.) Rows that take many loads and few steps lose by it at n = 10,000, whatever they gain at 1,000.",
-            "- **Division and root instructions** give as many elements in a unit of time at either width.", "",
+            "- **Division and root instructions** give as many elements in a unit of time at either width. Kernels that wait for them",
+            "  divide, or take the root, of one vector of two by fused steps, with the same bits (`src/lanes/quotients.h`).", "",
             "| row | kernel | n = 1,000 | +16 | n = 10,000 | +16 |", "|---|---|---|---|---|---|"]
     for row, level in narrow:
         of_kernel = ratios[row, level]

@@ -3,6 +3,7 @@
 // an error of the norm below 2 u (Jeannerod, Kornerup, Louvet, Muller 2017).
 #pragma once
 
+#include "lanes/magnitudes.h"
 #include "zym/kernels/complex/parts.h"
 #include "zym/skeleton/family.h"
 
@@ -53,7 +54,7 @@ struct ProductOf {
     if constexpr (L == Level::HA) {
       // What is infinite on the way is a NaN in the end. Below the bound the tails of products are no longer exact,
       // also with denormals flushed.
-      const V larger = max(magnitude(r.first), magnitude(r.second));
+      const V larger = larger_magnitude(r.first, r.second);
       const Mask<V> tiny = (larger < V(E(Single<V> ? 0x1p-98 : 0x1p-964))) & (larger > V(E(0)));
       return Masked{r, tiny | unordered(r.first, r.second)};
     } else {

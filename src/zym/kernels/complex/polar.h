@@ -42,10 +42,10 @@ struct Arg {
 };
 
 // cCIS LA: 1.4386 ulp at 0x1.2965c8p+6
-// cCIS HA: 0.5011 ulp at 0x1.93b236p+5
+// cCIS HA: 0.5138 ulp at 0x1.f77bb6p+5 (second result)
 // cCIS EP: 16.04 bits at 0x1.921fd6p-1 (second result)
 // zCIS LA: 2.1403 ulp at -0x1.eaf39beb3de7ap+555
-// zCIS HA: 0.5023 ulp at 0x1.cf25d3b5dd37ep-9 (second result)
+// zCIS HA: 0.5819 ulp at -0x1.4d675041e5851p+6
 // zCIS EP: 27.97 bits at -0x1.869fa65a6066ep+6 (second result)
 template <class V, Level L>
 struct CIS {

@@ -56,9 +56,9 @@ struct Log2;
 // sLog2 EP: 13.81 bits at 0x1.55556ap+0
 template <Single V, Level L>
 struct Log2<V, L> : Log<Base2, V, L> {};
-// dLog2 LA: 1.7169 ulp at 0x1.ef5431f5d1e9p-1
-// dLog2 HA: 0.5086 ulp at 0x1.f104cf9419f1cp-1
-// dLog2 EP: 28.44 bits at 0x1.0d9a0f21fef43p+0
+// dLog2 LA: 1.7183 ulp at 0x1.ecd272a354274p-1
+// dLog2 HA: 0.5124 ulp at 0x1.0c7bbe8539508p+0
+// dLog2 EP: 28.44 bits at 0x1.ff2ff3f0f05fbp-1
 template <Double V, Level L>
 struct Log2<V, L> : Log<Base2, V, L> {};
 
@@ -70,8 +70,8 @@ struct Log10;
 template <Single V, Level L>
 struct Log10<V, L> : Log<Base10, V, L> {};
 // dLog10 LA: 1.2861 ulp at 0x1.ee9cd70c85e77p-1
-// dLog10 HA: 0.5017 ulp at 0x1.1f0fd86148146p+0
-// dLog10 EP: 28.44 bits at 0x1.0d9a0f21fef43p+0
+// dLog10 HA: 0.5050 ulp at 0x1.1f24b1fe89c01p+0
+// dLog10 EP: 28.44 bits at 0x1.ff2ff3f0f05fbp-1
 template <Double V, Level L>
 struct Log10<V, L> : Log<Base10, V, L> {};
 

@@ -89,7 +89,7 @@ template <class V, Level L>
 struct Log1p;
 
 // sLog1p LA: 2.6046 ulp at -0x1.f7463ap-6
-// sLog1p HA: 0.7823 ulp at 0x1.058bdcp-4
+// sLog1p HA: 0.5999 ulp at 0x1.fedf94p-5
 // sLog1p EP: 12.78 bits at 0x1.555556p-2
 template <Single V, Level L>
 struct Log1p<V, L> : Log1pCommon<V, L> {
@@ -108,8 +108,8 @@ struct Log1p<V, L> : Log1pCommon<V, L> {
   }
 };
 
-// dLog1p LA: 2.0528 ulp at 0x1.4a52ad2c27bb2p-1
-// dLog1p HA: 0.7001 ulp at -0x1.02fe602a167c8p-5
+// dLog1p LA: 2.0736 ulp at 0x1.4253dac7abc7dp-1
+// dLog1p HA: 0.5318 ulp at 0x1.ce55715b1324ap-5
 // dLog1p EP: 28.06 bits at 0x1.ac2b64ff0874fp-5
 template <Double V, Level L>
 struct Log1p<V, L> : Log1pCommon<V, L> {

@@ -147,9 +147,9 @@ E overflowed(E x) {
 
 }  // namespace hyperbolic
 
-// sCosh LA: 2.5286 ulp at -0x1.ffc94p+2
-// sCosh HA: 0.5559 ulp at 0x1.4c7feap+5
-// sCosh EP: 12.81 bits at -0x1.127c7ep+5
+// sCosh LA: 2.6711 ulp at -0x1.023622p+3
+// sCosh HA: 0.5775 ulp at -0x1.b83e5cp+1
+// sCosh EP: 12.81 bits at -0x1.fe282p+2
 // dCosh LA: 2.2702 ulp at 0x1.25e551f70ec18p+4
 // dCosh HA: 0.5493 ulp at -0x1.6c4548b838816p+4
 template <class V, Level L>
@@ -179,9 +179,9 @@ struct Cosh {
   }
 };
 
-// sSinh LA: 2.4625 ulp at -0x1.93141ep-2
-// sSinh HA: 0.5883 ulp at 0x1.636f6cp-6
-// sSinh EP: 12.29 bits at 0x1.62e52ep-2
+// sSinh LA: 2.4625 ulp at 0x1.93141ep-2
+// sSinh HA: 0.5905 ulp at -0x1.62ea82p-6
+// sSinh EP: 12.29 bits at -0x1.62e52ep-2
 // dSinh LA: 2.5961 ulp at 0x1.c40c7f76026p-2
 // dSinh HA: 0.5143 ulp at -0x1.6c28dd5489c84p-6
 // dSinh EP: 33.34 bits at -0x1.62f64cd64731ap-2

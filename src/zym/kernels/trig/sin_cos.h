@@ -152,8 +152,8 @@ struct BothOf<Level::HA, V> : CircleBoth<V> {};
 
 }  // namespace trig
 
-// sSinCos LA: 1.5626 ulp at -0x1.c43ebap+18
-// sSinCos HA: 0.5138 ulp at 0x1.f77bb6p+5
+// sSinCos LA: 1.5626 ulp at 0x1.c43ebap+18
+// sSinCos HA: 0.5265 ulp at 0x1.93fcd6p+14
 // sSinCos EP: 13.88 bits at -0x1.f9cbe2p+7 (second result)
 // dSinCos LA: 2.2485 ulp at 0x1.06890f3d6b8cdp+631 (second result)
 // dSinCos HA: 0.5819 ulp at -0x1.4d675041e5851p+6 (second result)

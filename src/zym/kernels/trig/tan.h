@@ -176,8 +176,8 @@ struct TangentOf<Level::HA, V> : CircleTangent<V> {};
 
 }  // namespace trig
 
-// sTan LA: 3.6507 ulp at 0x1.5149dp+0
-// sTan HA: 0.5277 ulp at -0x1.f165f8p+2
+// sTan LA: 3.6507 ulp at -0x1.5149dp+0
+// sTan HA: 0.5303 ulp at 0x1.08441p+10
 // sTan EP: 13.88 bits at 0x1.f9cbe2p+12
 // dTan LA: 3.1583 ulp at -0x1.0799040a8b9b8p+4
 // dTan HA: 0.5999 ulp at 0x1.3767aa65958ecp+6

@@ -397,19 +397,22 @@ def test_blocks_of_another_width_are_value_errors(block):
 def test_no_damaged_image_is_taken():
     s = Summary(2)
     s.update(table(10, 2))
-    make, (dtype, image) = s.__reduce__()
+    make, (kind, dtype, image), _ = s.__reduce__()
     for place in range(len(image)):
         damaged = bytearray(image)
         damaged[place] ^= 0x11
         with pytest.raises(ValueError):
-            make(dtype, bytes(damaged))
+            make(kind, dtype, bytes(damaged))
     for length in range(len(image)):
         with pytest.raises(ValueError):
-            make(dtype, image[:length])
+            make(kind, dtype, image[:length])
     with pytest.raises(ValueError):
-        make("<f4", image)
+        make(kind, "<f4", image)
+    for other in ("text", dict, stats.StreamQuantiles.__mro__[1]):
+        with pytest.raises(TypeError):
+            make(other, dtype, image)
     with pytest.raises(TypeError):
-        make(dtype, "text")
+        make(kind, dtype, "text")
 
 
 def test_threads_may_share_a_summary():
@@ -472,24 +475,93 @@ def test_copies_of_a_stream_of_quantiles_go_on_alike(copied, dtype, n):
 def test_damaged_images_of_streams_of_quantiles_are_value_errors(dtype):
     s = StreamQuantiles(2, 0.1, dtype)
     s.update(table(500, 2, dtype))
-    load, (name, image) = s.__reduce__()
-    assert load(name, image).p == 2
+    load, (kind, name, image), _ = s.__reduce__()
+    assert load(kind, name, image).p == 2
     rng = np.random.default_rng(1)
     for at in (*range(60), *rng.integers(60, len(image), 200)):
         bent = bytearray(image)
         bent[at] ^= 1 << rng.integers(8)
         with pytest.raises(ValueError):
-            load(name, bytes(bent))
+            load(kind, name, bytes(bent))
     for less in (0, 1, 23, 24, len(image) // 2, len(image) - 1):
         with pytest.raises(ValueError):
-            load(name, image[:less])
+            load(kind, name, image[:less])
     with pytest.raises(ValueError):
-        load(name, image + b"0")
+        load(kind, name, image + b"0")
     with pytest.raises(ValueError):
-        load("<f4" if dtype == np.float64 else "<f8", image)
+        load(kind, "<f4" if dtype == np.float64 else "<f8", image)
     with pytest.raises(ValueError):
-        load(name, Summary(2, dtype).__reduce__()[1][1])
+        load(kind, name, Summary(2, dtype).__reduce__()[1][2])
     with pytest.raises(TypeError):
-        load(name, "text")
+        load(kind, name, "text")
     with pytest.raises(TypeError):
-        load("i4", image)
+        load(kind, "i4", image)
+
+
+class Named(Summary):
+    def __init__(self, p, name):
+        super().__init__(p)
+        self.name = name
+
+
+class NamedQuantiles(StreamQuantiles):
+    pass
+
+
+@pytest.mark.parametrize("copied", [copy.copy, copy.deepcopy, lambda s: pickle.loads(pickle.dumps(s)), lambda s: s.copy()])
+def test_copies_of_subclasses_are_of_the_subclass_and_keep_its_attributes(copied):
+    s = Named(2, "a")
+    s.update(table(10, 2))
+    t = copied(s)
+    assert type(t) is Named and t.name == "a" and t.count == 10
+    q = NamedQuantiles(1, 0.1)
+    q.note = [1]
+    t = copied(q)
+    assert type(t) is NamedQuantiles and t.note == [1] and t.p == 1
+
+
+def test_several_axes_are_numpys():
+    x = table(60, 4).reshape(3, 4, 5, 4)
+    for axes in ((0, 2), (-1, 1), (3, 0, 1), (0,), (0, 1, 2, 3)):
+        np.testing.assert_allclose(stats.quantile(x, [0.1, 0.5], axis=axes), np.quantile(x, [0.1, 0.5], axis=axes), rtol=1e-13)
+        np.testing.assert_allclose(stats.summary(x, axis=axes).mean, x.mean(axis=axes), rtol=1e-13, atol=1e-15)
+        assert stats.mad(x, axis=axes).shape == x.mean(axis=axes).shape
+    for axes, error in (((0, 0), ValueError), ((0, 9), np.AxisError), (9, np.AxisError), (1.5, TypeError)):
+        with pytest.raises(error):
+            stats.quantile(x, 0.5, axis=axes)
+        with pytest.raises(TypeError if isinstance(axes, tuple) else error):
+            stats.sort(x, axes)
+
+
+def test_a_correlation_with_itself_is_a_number_and_a_number_is_sorted_without_an_axis():
+    assert isinstance(stats.corrcoef(table(10, 1)[:, 0]), np.float64)
+    assert stats.sort(np.array(3.0), axis=None).tolist() == [3.0]
+    with pytest.raises(np.AxisError):
+        stats.sort(3.0)
+
+
+def test_columns_of_pandas_that_lack_values_have_nans_there():
+    pandas = pytest.importorskip("pandas")
+    whole = pandas.Series([1, 2, 4], dtype="Int64")
+    assert stats.quantile(whole, 0.5) == 2
+    assert np.isnan(stats.quantile(pandas.Series([1, None, 4], dtype="Int64"), 0.5))
+    frame = pandas.DataFrame({"a": pandas.array([1.0, 2.0, 3.5], dtype="Float64"), "b": [True, False, True]})
+    np.testing.assert_allclose(stats.cov(frame), np.cov(frame.to_numpy(float), rowvar=False))
+    for column in (pandas.Series(["1", "2"]), pandas.Series([1, "2"]), pandas.DataFrame({"a": [1, 2], "b": ["1", "2"]})):
+        with pytest.raises(TypeError):
+            stats.quantile(column, 0.5)
+
+
+def test_no_weights_where_they_are_needed_are_a_type_error():
+    with pytest.raises(TypeError, match="weights must be"):
+        stats.weighted_median([1.0, 2.0], None)
+
+
+@pytest.mark.parametrize("holes", [False, True])
+def test_infinities_are_not_imputed(holes):
+    x = table(30, 2)
+    x[3, 0] = np.inf
+    if holes:
+        x[4, 1] = np.nan
+    with pytest.raises(ValueError, match="infinit"):
+        stats.impute(x)

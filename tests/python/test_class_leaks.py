@@ -33,6 +33,7 @@ def streams():
     stream.normal(size=1000), stream.uniform(0, 1, 5), stream.exponential(), stream.normal(out=np.empty(9))
     copied = stream.copy()
     copied.state = stream.state
+    stream.__init__(8)
     stream.spawn(1), NIEDERREITER(100).words(100), MT2203(1, 3).jumped
     PHILOX4X32X10(1).multivariate_normal([0, 1], np.eye(2), size=10)
 

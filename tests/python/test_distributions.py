@@ -1,6 +1,7 @@
 """Distributions as methods: the library's numbers, NumPy's conventions, long draws in pieces."""
 import ctypes
 import inspect
+import pydoc
 import re
 import signal
 import threading
@@ -458,6 +459,11 @@ def test_refused_plain_calls_are_refused_by_the_method_in_python(arguments, name
     assert a.state["state"] == before
 
 
+def test_help_of_methods_with_a_short_way_has_their_text():
+    for thing in (MT19937, MT19937.uniform, MT19937(1).uniform):
+        assert "Numbers evenly between" in pydoc.render_doc(thing, renderer=pydoc.plaintext)
+
+
 def test_methods_with_a_short_way_look_like_methods():
     assert inspect.signature(MT19937.normal) == inspect.signature(MT19937.normal.__wrapped__)
     assert list(inspect.signature(MT19937(1).normal).parameters)[0] == "loc"
@@ -708,7 +714,8 @@ def test_sets_are_drawn_in_ascending_order_each_as_a_call_of_its_own(name, param
             np.testing.assert_array_equal(got[same], getattr(s, name)(*(v[i].item() for v in p), size=same.size))
 
 
-@pytest.mark.parametrize("call, said", [(lambda s: s.normal(0, -1, 3), "loc = 0.0, scale = -1.0"), (lambda s: s.normal([0, 1], [1, -2]), "loc = 1.0, scale = -2.0"),
+@pytest.mark.parametrize("call, said", [(lambda s: s.normal(0, -1, 3), "loc = 0.0, scale = -1.0"),
+                                        (lambda s: s.normal([0, 1], [1, -2]), "loc = 1.0, scale = -2.0"),
                                         (lambda s: s.uniform(2, 1), "low = 2.0, high = 1.0"), (lambda s: s.poisson(-3), "lam = -3.0"),
                                         (lambda s: s.binomial(3, 1.5, dtype=np.int64), "n = 3, p = 1.5"),
                                         (lambda s: s.gamma(-1, [1.0, 2.0]), "shape = -1.0"), (lambda s: s.chisquare(0), "df = 0")])

@@ -18,8 +18,8 @@ class accuracy(contextlib.ContextDecorator):
 
     Notes
     -----
-    Contexts nest, and threads may share one. Other threads keep their own levels; a new thread begins with "HA". Functions that have one kernel for several
-    levels give the best of them.
+    Contexts nest, and threads may share one. Other threads keep their own levels; a new thread begins with "HA". Functions that have
+    one kernel for several levels give the best of them.
 
     Examples
     --------

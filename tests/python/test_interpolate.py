@@ -249,4 +249,4 @@ def test_orders_of_derivatives_are_any_integers():
 
 
 def test_a_spline_says_what_it_is():
-    assert repr(Spline([0, 1, 2], [[0, 1, 4]], ends="not-a-knot")) == "<Spline of 1 functions, 3 breakpoints, natural, ends 'not-a-knot', float64>"
+    assert repr(Spline([0, 1, 2], [[0, 1, 4]] * 2, ends="not-a-knot")) == "<Spline of 2 functions, 3 breakpoints, natural, ends 'not-a-knot', float64>"

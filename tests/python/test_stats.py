@@ -565,3 +565,16 @@ def test_infinities_are_not_imputed(holes):
         x[4, 1] = np.nan
     with pytest.raises(ValueError, match="infinit"):
         stats.impute(x)
+
+
+@pytest.mark.parametrize("place", [0, 5, 29])
+def test_covariances_with_a_variable_that_holds_an_infinity_are_no_numbers(place):
+    x = table(30, 3)
+    x[place, 1] = np.inf
+    with np.errstate(invalid="ignore"):
+        want = np.cov(x, rowvar=False)
+    s = Summary(3)
+    s.update(x)
+    for r in (stats.cov(x), stats.cov(np.asfortranarray(x)), s.covariance):
+        np.testing.assert_allclose(r, want, rtol=1e-13)
+    assert np.isnan(stats.corrcoef(x)[1]).all()

@@ -6,8 +6,8 @@ import numpy as np
 
 from .._random import short_draw
 from ._output import INTEGERS, REALS, array_for, type_of
-from ._parameters import (METHODS, NORMAL, affine, any_array, check_rows, int32, int32s, integer_type, intervals, method_number, naming, outcomes,
-                          plain_parts, reals, sets_of)
+from ._parameters import (METHODS, NORMAL, affine, any_array, check_rows, int32, int32s, integer_type, intervals, method_number, naming,
+                          outcomes, plain_parts, reals, sets_of)
 
 
 class Distributions:

@@ -146,7 +146,7 @@ class Summary(Running):
     @property
     def covariance(self):
         """Unbiased covariances, of shape (p, p)."""
-        return without_infinities(self._read("covariance"))
+        return self._read("covariance")
 
     @property
     def correlation(self):
@@ -209,15 +209,6 @@ def kind_of(name, dtype):
     if dtype not in (np.float64, np.float32):
         raise TypeError(f"{name} is of float64 or float32, not of {dtype}")
     return getattr(_statistics, f"{name}{8 * dtype.itemsize}")
-
-
-def without_infinities(covariances):
-    """Covariances that are NaN with a variable whose variance is: deviations from an infinite mean are no numbers."""
-    trace = covariances.trace()
-    if trace != trace:
-        undefined = np.isnan(covariances.diagonal())
-        covariances[undefined] = covariances[:, undefined] = np.nan
-    return covariances
 
 
 def orders_of(q, dtype):

@@ -23,7 +23,7 @@ from numpy.core.multiarray import normalize_axis_index
 
 from . import _statistics
 from ._observations import numbers, table, table_along, weights_for
-from ._summaries import StreamQuantiles, Summary, kind_of, orders_first, orders_of, without_infinities
+from ._summaries import StreamQuantiles, Summary, kind_of, orders_first, orders_of
 
 __all__ = ["RobustCovariance", "StreamQuantiles", "Summary", "SummaryResult", "corrcoef", "cov", "impute", "mad", "outliers",
            "quantile", "robust_cov", "sort", "summary", "weighted_median"]
@@ -111,7 +111,7 @@ def _matrix(x, weights, name):
     r = getattr(s, name)()
     if n < 2:
         r[...] = np.nan
-    return without_infinities(r).reshape(rest + rest)
+    return r.reshape(rest + rest)
 
 
 def quantile(x, q, axis=0):

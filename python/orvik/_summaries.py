@@ -74,7 +74,7 @@ class Summary(Running):
     >>> a.update(x[:4])
     >>> b.update(x[4:])
     >>> a.merge(b)
-    >>> a.count, a.mean
+    >>> a.count(), a.mean()
     (6, array([5., 6.]))
     """
 
@@ -108,53 +108,44 @@ class Summary(Running):
         with first._lock, second._lock:
             self._state.merge(other._state)
 
-    @property
     def count(self):
         """Number of observations."""
         return self._read("count")
 
-    @property
     def mean(self):
         """Means, an array of shape (p,); as all results, NaN before the first observation."""
         return self._read("mean")
 
-    @property
     def variance(self):
         """Unbiased variances."""
         return self._read("variance")
 
-    @property
     def skewness(self):
         """Third central moments over the unbiased variance to the power 3/2."""
         return self._read("skewness")
 
-    @property
     def kurtosis(self):
         """Fourth central moments over the squared unbiased variance, less 3."""
         return self._read("kurtosis")
 
-    @property
     def min(self):
         """Minima."""
         return self._read("min")
 
-    @property
     def max(self):
         """Maxima."""
         return self._read("max")
 
-    @property
     def covariance(self):
         """Unbiased covariances, of shape (p, p)."""
         return self._read("covariance")
 
-    @property
     def correlation(self):
         """Correlations, of shape (p, p); NaN with a variable that does not vary."""
         return self._read("correlation")
 
     def __repr__(self):
-        return f"<Summary of {self.count} observations of {self.p} variables, {self._dtype}>"
+        return f"<Summary of {self.count()} observations of {self.p} variables, {self._dtype}>"
 
 
 class StreamQuantiles(Running):

@@ -265,8 +265,8 @@ TYPED_TEST(Transforms, LongRequestsGoToKernelsInPartsThatFitTheCaches) {
 
 TYPED_TEST(Transforms, LongRequestsHaveTheNumbersOfShortOnes) {
   using T = TypeParam;
-  constexpr int32_t kLong = 100000, kShort = 7000;
-  const auto same = [](const char* name, auto draw) {
+  const int32_t kLong = 100000, kShort = 7000;
+  const auto same = [=](const char* name, auto draw) {
     const Stream s(ORVIK_BRNG_MT19937, {777}), t = s.copy();
     std::vector<T> parts;
     for (int32_t left = kLong; left > 0; left -= kShort) {

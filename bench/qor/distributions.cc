@@ -1,7 +1,8 @@
 // Speed of the distributions beside the standard library's, Boost's and GSL's, in one run: each comparison is timed in
 // turns (bench/support/paired.h). All sides draw from a Mersenne twister of 2^19937 - 1.
 //
-//   bench_distributions [SECONDS [NAME [alone | calls]]]    of each comparison, 0.2 by default; prints a table. An empty
+//   bench_distributions [SECONDS [NAME [alone | calls]]]    of each comparison, 0.2 by default; prints a table. An
+//   empty
 //                                                           NAME is any; alone: without the others; calls: ours for a
 //                                                           few numbers
 #include <algorithm>

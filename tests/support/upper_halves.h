@@ -1,5 +1,5 @@
-// Whether the upper halves of vector registers hold numbers, as the processor keeps account of it for saving them. Code of
-// 128-bit instructions that runs while they do may pay for it with every instruction.
+// Whether the upper halves of vector registers hold numbers, as the processor keeps account of it for saving them. Code
+// of 128-bit instructions that runs while they do may pay for it with every instruction.
 #pragma once
 
 #include <cpuid.h>

@@ -30,13 +30,14 @@ struct CumulativeTable {
   // No number is above `last`: whatever the sums were rounded to, every uniform has its number.
   void end_at(int32_t last) { below_or_at[last] = std::numeric_limits<double>::infinity(); }
 
-  // Numbers of at most kBlock uniforms: found(i, k). Most walks end within two steps, which are taken without a branch; a
-  // few numbers, for which a caller waits, branch.
+  // Numbers of at most kBlock uniforms: found(i, k). Most walks end within two steps, which are taken without a branch;
+  // a few numbers, for which a caller waits, branch.
   template <class Found>
   void find(int32_t n, const double* u, Found found) const {
     using V = F64;
     if (n < kWidth<V>) {
-      for (int32_t i = 0; i < n; ++i) found(i, static_cast<int32_t>(walk(u[i], first[static_cast<int32_t>(cell(u[i]))])));
+      for (int32_t i = 0; i < n; ++i)
+        found(i, static_cast<int32_t>(walk(u[i], first[static_cast<int32_t>(cell(u[i]))])));
       return;
     }
     int32_t cells[kBlock], i = 0;

@@ -308,7 +308,8 @@ TEST(IntegerUniform, AsksInBlocksOf1024AndForNothingBelowOne) {
   EXPECT_EQ(r[2500], 5);
 }
 
-// Of an interval that is short beside its ends the last double below the upper end is the end itself once it is rounded.
+// Of an interval that is short beside its ends the last double below the upper end is the end itself once it is
+// rounded.
 TEST(IntegerUniform, CanBeTheUpperEndWhereTheDoubleIsRoundedToIt) {
   constexpr int32_t kLow = 2147483000, kHigh = 2147483001;
   Scripted s;

@@ -1,10 +1,8 @@
 // Speed of the distributions beside the standard library's, Boost's and GSL's, in one run: each comparison is timed in
 // turns (bench/support/paired.h). All sides draw from a Mersenne twister of 2^19937 - 1.
 //
-//   bench_distributions [SECONDS [NAME [alone | calls]]]    of each comparison, 0.2 by default; prints a table. An
-//   empty
-//                                                           NAME is any; alone: without the others; calls: ours for a
-//                                                           few numbers
+//   bench_distributions [SECONDS [NAME [alone | calls]]]    of each comparison, 0.2 by default; prints a table
+//     NAME: those with it in their names, "" all; alone: without the others; calls: ours for a few numbers
 #include <algorithm>
 #include <chrono>
 #include <cstdint>

@@ -34,12 +34,6 @@ inline void store(Element<V>* p, Twice<V> a) {
 }
 inline void finish_past_cache() { _mm_sfence(); }
 
-// Asks for the cache lines of so many bytes; the address need not be of any array.
-template <int kBytes>
-[[gnu::always_inline]] inline void fetch_ahead(const char* p) {
-  for (int at = 0; at < kBytes; at += 64) _mm_prefetch(p + at, _MM_HINT_T0);
-}
-
 template <class V>
 inline Stored<V> load_stored(const Element<V>* p) {
   return {load<V>(p), load<V>(p + kWidth<V>)};

@@ -561,10 +561,7 @@ struct Kernel {
         i = first_elements(body, n, a, b, r1, r2, params);
       }
       if constexpr (kMayPassCaches) {
-        if (fills_second_cache(n)) {
-          const auto run_far = past_caches(n) ? past_cache : fetching_ahead;
-          i += run_far(n - i, a + i, kBinary && !kScalarB ? b + i : b, r1 + i, params);
-        }
+        if (past_caches(n)) i += past_cache(n - i, a + i, kBinary && !kScalarB ? b + i : b, r1 + i, params);
       }
     }
     for (;;) {
@@ -706,22 +703,16 @@ struct Kernel {
   // each the next one's input, take as long either way where that share is much larger.
   static constexpr int64_t kStreamBytes = int64_t{7} << 20;
 
-  // Arrays of so many bytes together come near the size of a second cache: results find their lines in the first one if
-  // those are asked for a kilobyte before. Up to a third of the time of one input, a tenth of that of two; up to 5%
-  // more where the arrays are smaller.
-  static constexpr int64_t kFetchBytes = int64_t{1200} << 10;
-  static constexpr int64_t kFetchAhead = 1 << 10;
-  static constexpr int64_t kElementBytes = sizeof(A) + (kBinary && !kScalarB ? sizeof(B) : 0) + sizeof(R);
-
   static constexpr bool kMayPassCaches = kKnobs.streams && !kTwoResults;
-  static constexpr bool past_caches(int64_t n) { return n >= kStreamBytes / static_cast<int64_t>(sizeof(R)); }
-  static constexpr bool fills_second_cache(int64_t n) { return kMayPassCaches && n >= kFetchBytes / kElementBytes; }
+  static constexpr bool past_caches(int64_t n) {
+    return kMayPassCaches && n >= kStreamBytes / static_cast<int64_t>(sizeof(R));
+  }
 
   // A store that crosses a cache line costs as much as two; fewer blocks than these do not repay what aligns them.
   static constexpr int64_t kAlignedBlocks = kKnobs.streams && !kSpecial ? 8 : 128;
 
   static bool begins_apart(int64_t n, const R* r1) {
-    return n >= kAlignedBlocks * kBlock && (reinterpret_cast<uintptr_t>(r1) % sizeof(V) != 0 || fills_second_cache(n));
+    return n >= kAlignedBlocks * kBlock && (reinterpret_cast<uintptr_t>(r1) % sizeof(V) != 0 || past_caches(n));
   }
 
   // Out of line, as special_block. Where no element is special, nothing of the call is needed but its arrays.
@@ -756,15 +747,6 @@ struct Kernel {
         [&](int64_t at, const auto& x) { store_past_cache(reinterpret_cast<E*>(r + at), loop_result(x)); });
     finish_past_cache();
     return done;
-  }
-
-  [[gnu::noinline]] static int64_t fetching_ahead(int64_t n, const A* a, const B* b, R* r, Params params) {
-    return plain_blocks(
-        n, params, [&](int64_t at) { return load_loop_inputs(a, b, at); },
-        [&](int64_t at, const auto& x) {
-          fetch_ahead<sizeof(x)>(reinterpret_cast<const char*>(r + at) + kFetchAhead);
-          store_loop_results(r, nullptr, at, x);
-        });
   }
 };
 

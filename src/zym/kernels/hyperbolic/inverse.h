@@ -1,7 +1,7 @@
 // Inverse hyperbolic functions. With 2^e the power of two next to the argument of the logarithm,
 //   theta = e ln(2) + 2 atanh(t / 2) = e ln(2) + t + t u P(u), u = t^2 <= 0.241,
 // where t comes from one division and is the argument itself, nearly, for e = 0: small results need no branch.
-//   asinh and acosh: C = cosh theta, S = sinh theta: t = 2 (C + S - 2^e) / (C + S + 2^e), and 2 S / (C + 1) for e = 0;
+//   asinh and acosh at LA and EP (area.h has HA): C = cosh theta, S = sinh theta: t = 2 (C + S - 2^e) / (C + S + 2^e), and 2 S / (C + 1) for e = 0;
 //   atanh x: t / 2 = ((1 + x) - 2^e (1 - x)) / ((1 + x) + 2^e (1 - x)), and theta is half of the above.
 #pragma once
 
@@ -9,9 +9,11 @@
 
 #include "lanes/quotients.h"
 #include "orvik/zym_types.h"
+#include "zym/kernels/hyperbolic/area.h"
 #include "zym/kernels/hyperbolic/coefficients.h"
 #include "zym/kernels/hyperbolic/constants.h"
 #include "zym/kernels/shared/corrections.h"
+#include "zym/kernels/shared/halves.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym {
@@ -60,52 +62,34 @@ template <Level L, class V>
   }
 }
 
-// theta of the first quadrant from its cosine and sine. `more`: to be added to e.
+// theta of the first quadrant from its cosine and sine, not at HA.
 template <Level L, class V>
-[[gnu::always_inline]] inline V from_cosine_and_sine(HeadTail<V> cosine, HeadTail<V> sine, V more = V(Element<V>(0))) {
+[[gnu::always_inline]] inline V from_cosine_and_sine(V c, V s) {
   using E = Element<V>;
   using K = Constants<E>;
   const V one_half = V(E(0.5));
-  const V c = cosine.head, s = sine.head;
   const V y = c + s;
   // e = 0 up to e^(1/2) at LA, so that the ulp of what is left is that of 1/2; up to 3/2 otherwise, for a small t.
   const Power<V> n(as_bits(y) - as_bits(V(L == Level::LA ? K::half_root_e : E(0.75))));
   const Mask<V> small = n.power < V(E(2));  // e = 0
-  if constexpr (L != Level::HA) {
-    const V num = s + drop(small, c - n.power);
-    const V half_den = fma(drop(small, s) + c, one_half, n.power * one_half);
-    const V t = num / half_den;
-    return logarithm<L>(n.e, t, V(E(0)), safe_square<false>(t), E(1));
-  } else {
-    // Everything with its error: C >= S, and y is between 3/4 and 3/2 of the power.
-    const V y_low = (c - y) + s + (cosine.tail + sine.tail);
-    const V w = select(small, c, y), w_low = select(small, cosine.tail, y_low);
-    const V num = select(small, s, w - n.power), num_low = select(small, sine.tail, w_low);
-    const V den = w + n.power;
-    const V half_den = den * one_half;
-    const V half_den_low = ((n.power - den) + w + w_low) * one_half;
-    const V t = num / half_den;
-    const V t_low = (fnma(t, half_den, num) + fnma(t, half_den_low, num_low)) * rough_reciprocal(half_den);
-    return logarithm<L>(n.e + more, t, t_low, safe_square<true>(t), E(1));
-  }
+  const V num = s + drop(small, c - n.power);
+  const V half_den = fma(drop(small, s) + c, one_half, n.power * one_half);
+  const V t = num / half_den;
+  return logarithm<L>(n.e, t, V(E(0)), safe_square<false>(t), E(1));
 }
 
-// Squares are taken of numbers up to this one; beyond it 1 does not count beside them. From 2^90 or 2^900 on the
-// element routine serves: corrections divided by such numbers could underflow.
+// Squares are taken of numbers up to this one; beyond it 1 does not count beside them.
 template <class E>
 inline constexpr E kSquared = sizeof(E) == 4 ? E(0x1p30) : E(0x1p60);
-template <class V>
-inline constexpr uint32_t kLastWord = Single<V> ? 0x6C7FFFFFu : 0x782FFFFFu;
-inline constexpr double kFarFactor = 0x1p-150;  // what the element routine scales large arguments by
-inline constexpr double kFarExponent = 150;
-
-// sqrt(square), square in head and tail; 0 is allowed.
-template <class V>
-[[gnu::always_inline]] inline HeadTail<V> root_of(HeadTail<V> square) {
-  const V root = sqrt(square.head);
-  const V lost = (fnma(root, root, square.head) + square.tail) *
-                 (V(Element<V>(0.5)) * rough_reciprocal(max(root, V(Element<V>(0x1p-60)))));
-  return {root, lost};
+// The last high word that the lanes serve: of floats at HA all are. From 2^90 or 2^900 on, where the power of two next to
+// the sum nears the end of the numbers, the element routine does; at HA squares of doubles are taken as they are.
+template <class V, Level L>
+inline constexpr uint32_t kLastWord = L == Level::HA ? (Single<V> ? 0x7F7FFFFFu : kLastAreaWord)
+                                                    : (Single<V> ? 0x6C7FFFFFu : 0x782FFFFFu);
+// asinh and acosh of large x: ln(2 x).
+template <class E>
+E area_far(E x) {
+  return static_cast<E>(area_log<double>({x, 0.0}, 1.0));
 }
 
 }  // namespace hyperbolic
@@ -119,10 +103,22 @@ template <class V>
 template <class V, Level L>
 struct Asinh {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .together = Double<V>};
-  static auto special(V x) { return magnitude_above<hyperbolic::kLastWord<V>>(x); }
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .together = Double<V> || L == Level::HA};
+  static auto special(V x) { return magnitude_above<hyperbolic::kLastWord<V, L>>(x); }
 
-  static V lanes(V x) { return join_sign(of_magnitude(magnitude(x), V(E(0))), x); }
+  static V lanes(V x) {
+    const V a = magnitude(x);
+    if constexpr (L != Level::HA) {
+      const V b = min(a, V(hyperbolic::kSquared<E>));
+      return join_sign(hyperbolic::from_cosine_and_sine<L>(max(root(fma(b, b, V(E(1)))), a), a), x);
+    } else if constexpr (Double<V>) {
+      return join_sign(hyperbolic::asinh_in_two(a), x);
+    } else {
+      const V far = by_both_halves([](auto half) { return hyperbolic::asinh_short(half); }, a);
+      const V square = safe_square<false>(x);
+      return select(a < V(1.0f / 128), fma(x, square * horner(square, kAsinhSingleHA), x), join_sign(far, x));
+    }
+  }
 
   static int32_t element(const E* px, E* r) {
     const E x = *px;
@@ -131,32 +127,9 @@ struct Asinh {
     } else if (is_infinite(x)) {
       *r = x;
     } else {
-      *r = join_sign(far(magnitude(x)), x);
+      *r = join_sign(hyperbolic::area_far(magnitude(x)), x);
     }
     return 0;
-  }
-
- private:
-  // asinh x = asinh(x / 2^k) + k ln(2), x large.
-  static float far(float x) { return static_cast<float>(Asinh<double, Level::HA>::lanes(x)); }
-  static double far(double x) {
-    return Asinh<double, Level::HA>::of_magnitude(x * hyperbolic::kFarFactor, hyperbolic::kFarExponent);
-  }
-  template <class, Level>
-  friend struct Asinh;
-  [[gnu::always_inline]] static V of_magnitude(V a, V more) {
-    const V one = V(E(1)), zero = V(E(0));
-    const V b = min(a, V(hyperbolic::kSquared<E>));
-    if constexpr (L != Level::HA) {
-      return hyperbolic::from_cosine_and_sine<L, V>({max(root(fma(b, b, one)), a), zero}, {a, zero});
-    } else {
-      const V square = safe_square<false>(b);
-      const V larger = max(square, one), smaller = min(square, one);
-      HeadTail<V> sum = fast_two_sum(larger, smaller);
-      sum.tail = sum.tail + fms(b, b, square);
-      const HeadTail<V> root = hyperbolic::root_of(sum);
-      return hyperbolic::from_cosine_and_sine<L, V>({max(root.head, a), root.tail}, {a, zero}, more);
-    }
   }
 };
 
@@ -170,10 +143,19 @@ template <class V, Level L>
 struct Acosh {
   using E = Element<V>;
   static constexpr Knobs knobs = {
-      .vectors = L == Level::HA ? 2 : 4, .filler = 1.5, .together = Double<V> && L != Level::HA};
-  static auto special(V x) { return outside < Single<V> ? 0x3F800000u : 0x3FF00000u, hyperbolic::kLastWord < V >> (x); }
+      .vectors = L == Level::HA ? 2 : 4, .filler = 1.5, .together = Double<V> || L == Level::HA};
+  static auto special(V x) { return outside < Single<V> ? 0x3F800000u : 0x3FF00000u, hyperbolic::kLastWord < V, L >> (x); }
 
-  static V lanes(V x) { return of(x, V(E(0))); }
+  static V lanes(V x) {
+    if constexpr (L != Level::HA) {
+      const V b = min(x, V(hyperbolic::kSquared<E>)), d = b - V(E(1));
+      return hyperbolic::from_cosine_and_sine<L>(x, root(fma(d, d, d + d)) + (x - b));
+    } else if constexpr (Double<V>) {
+      return hyperbolic::acosh_in_two(x);
+    } else {
+      return by_both_halves([](auto half) { return hyperbolic::acosh_short(half); }, x);
+    }
+  }
 
   static int32_t element(const E* px, E* r) {
     const E x = *px;
@@ -182,34 +164,12 @@ struct Acosh {
     } else if (x == infinity<E>) {
       *r = x;
     } else if (x >= 1) {
-      *r = far(x);
+      *r = hyperbolic::area_far(x);
     } else {
       *r = opaque(E(0)) * infinity<E>;
       return zymErrorDomain;
     }
     return 0;
-  }
-
- private:
-  static float far(float x) { return static_cast<float>(Acosh<double, Level::HA>::lanes(x)); }
-  static double far(double x) {
-    return Acosh<double, Level::HA>::of(x * hyperbolic::kFarFactor, hyperbolic::kFarExponent);
-  }
-  template <class, Level>
-  friend struct Acosh;
-  [[gnu::always_inline]] static V of(V x, V more) {
-    const V one = V(E(1)), zero = V(E(0));
-    const V b = min(x, V(hyperbolic::kSquared<E>));
-    if constexpr (L != Level::HA) {
-      const V d = b - one;
-      return hyperbolic::from_cosine_and_sine<L, V>({x, zero}, {root(fma(d, d, d + d)) + (x - b), zero});
-    } else {
-      const HeadTail<V> square = two_square(b);
-      HeadTail<V> difference = fast_two_sum(square.head, V(E(-1)));
-      difference = fast_two_sum(difference.head, difference.tail + square.tail);
-      const HeadTail<V> root = hyperbolic::root_of(difference);
-      return hyperbolic::from_cosine_and_sine<L, V>({x, zero}, {root.head + (x - b), root.tail}, more);
-    }
   }
 };
 

@@ -15,6 +15,35 @@
 
 namespace orvik::zym::hyperbolic {
 
+// A function of doubles over both halves of a register of floats side by side, so that one takes the divider beside the
+// steps of the other.
+template <class F>
+[[gnu::always_inline]] inline F32 by_both_halves(F function, F32 x) {
+  const Twice<F64> r = function(Twice<F64>{widen_low(x), widen_high(x)});
+  return narrow(r.low, r.high);
+}
+template <class F>
+[[gnu::always_inline]] inline Twice<F32> by_both_halves(F function, Twice<F32> x) {
+  return {by_both_halves(function, x.low), by_both_halves(function, x.high)};
+}
+
+// 1/(2 x) to 0.03 %, for the error of a root x >= 0: the complement of the exponent gives 2^(-1/2)/x within 2 %, which one
+// step of Newton's method squares. Of a zero it is a finite number.
+template <Double V>
+V rough_half_reciprocal(V x) {
+  const V y = as_float(Integer<V>(int64_t{0x7FD64173B47EA166}) - as_bits(x));
+  return y * fnma(x, y, V(0x1.6a09e667f3bcdp0));
+}
+
+// p(x) by its even and odd powers, square = x^2: half the chain of Horner's rule.
+template <class V, size_t N>
+[[gnu::always_inline]] inline V by_even_and_odd(V x, V square, const Element<V> (&c)[N]) {
+  V odd = V(c[N % 2]), even = V(c[1 - N % 2]);
+  for (size_t i = 2 + N % 2; i < N; i += 2) odd = fma(odd, square, V(c[i]));
+  for (size_t i = 3 - N % 2; i < N; i += 2) even = fma(even, square, V(c[i]));
+  return fma(odd, x, even);
+}
+
 // ln y, and `more` ln 2.
 template <Double V>
 [[gnu::always_inline]] inline V area_log(HeadTail<V> y, double more = 0) {
@@ -30,7 +59,8 @@ template <Double V>
   const V lost = r - (head - table);
   // ln(1 + r + r_tail) has the slope 1/(1 + r).
   const V tail = fma(e, V(kLn2Tail64), row.c[2]) + (lost + fnma(r_tail, r, r_tail));
-  return head + fma(r * r, horner(r, kLnOctaveHA64), tail);
+  const V z = r * r;
+  return head + fma(z, by_even_and_odd(r, z, kLnOctaveHA64), tail);
 }
 
 // ln y in a float's digits and a few more.
@@ -45,13 +75,11 @@ template <Double V>
 // What the square of a number and 1 must not overflow from.
 inline constexpr uint32_t kLastAreaWord = 0x5F2FFFFFu;  // below 2^500
 
-// sqrt(square) with its error. The error of the reciprocal of the root, 1.5 %, is that of the tail; Sharp squares it.
-template <bool Sharp, Double V>
+// sqrt(square) with its error.
+template <Double V>
 [[gnu::always_inline]] inline HeadTail<V> area_root(HeadTail<V> square) {
   const V g = root(square.head);
-  V reciprocal = rough_reciprocal(g);
-  if constexpr (Sharp) reciprocal = reciprocal * fnma(g, reciprocal, V(2.0));
-  return {g, (fnma(g, g, square.head) + square.tail) * (V(0.5) * reciprocal)};
+  return {g, (fnma(g, g, square.head) + square.tail) * rough_half_reciprocal(g)};
 }
 
 // large + small, large >= small, the root's tail added.
@@ -67,7 +95,7 @@ template <Double V>
   const V one = V(1.0), square = safe_square<false>(a);
   HeadTail<V> sum = fast_two_sum(max(square, one), min(square, one));
   sum.tail = sum.tail + fms(a, a, square);
-  const HeadTail<V> cosine = area_root<true>(sum);
+  const HeadTail<V> cosine = area_root(sum);
   const V far = area_log<V>(area_sum(cosine.head, a, cosine.tail));
   const V near = fma(a, square * horner(square, kAsinhDoubleHA), a);
   return select(a < V(1.0 / 16), near, far);
@@ -77,7 +105,7 @@ template <Double V>
 [[gnu::always_inline]] inline V acosh_in_two(V x) {
   const V d = x - V(1.0), twice = d + d;
   const V square = fma(d, d, twice);
-  const HeadTail<V> sine = area_root<false>(HeadTail<V>{square, fma(d, d, twice - square)});
+  const HeadTail<V> sine = area_root(HeadTail<V>{square, fma(d, d, twice - square)});
   return area_log<V>(area_sum(x, sine.head, sine.tail));
 }
 

@@ -13,7 +13,6 @@
 #include "zym/kernels/hyperbolic/coefficients.h"
 #include "zym/kernels/hyperbolic/constants.h"
 #include "zym/kernels/shared/corrections.h"
-#include "zym/kernels/shared/halves.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym {
@@ -114,7 +113,7 @@ struct Asinh {
     } else if constexpr (Double<V>) {
       return join_sign(hyperbolic::asinh_in_two(a), x);
     } else {
-      const V far = by_both_halves([](auto half) { return hyperbolic::asinh_short(half); }, a);
+      const V far = hyperbolic::by_both_halves([](auto half) { return hyperbolic::asinh_short(half); }, a);
       const V square = safe_square<false>(x);
       return select(a < V(1.0f / 128), fma(x, square * horner(square, kAsinhSingleHA), x), join_sign(far, x));
     }
@@ -153,7 +152,7 @@ struct Acosh {
     } else if constexpr (Double<V>) {
       return hyperbolic::acosh_in_two(x);
     } else {
-      return by_both_halves([](auto half) { return hyperbolic::acosh_short(half); }, x);
+      return hyperbolic::by_both_halves([](auto half) { return hyperbolic::acosh_short(half); }, x);
     }
   }
 

@@ -1,8 +1,10 @@
 // asinh and acosh at HA as logarithms of a sum y >= 1 of a number and a root, by rows of an octave: y = 2^e m with m in
 // [1, 2), c near 2^-e / m by the upper bits of m, ln y = (e ln 2 - ln(c 2^e)) + ln(1 + r), r = c y - 1. c 2^e is 1 in the
-// first row, so that next to y = 1 the first sum is 0 and r, which is exact, all that counts. Doubles add y and its
-// logarithm in head and tail; floats are computed in doubles, in one.
+// first row, so that next to y = 1 the first sum is 0 and r, which is exact, all that counts. y and its logarithm are
+// added in head and tail; nothing is divided.
 #pragma once
+
+#include <limits>
 
 #include "lanes/exponents.h"
 #include "lanes/quotients.h"
@@ -15,24 +17,31 @@
 
 namespace orvik::zym::hyperbolic {
 
-// A function of doubles over both halves of a register of floats side by side, so that one takes the divider beside the
-// steps of the other.
-template <class F>
-[[gnu::always_inline]] inline F32 by_both_halves(F function, F32 x) {
-  const Twice<F64> r = function(Twice<F64>{widen_low(x), widen_high(x)});
-  return narrow(r.low, r.high);
-}
-template <class F>
-[[gnu::always_inline]] inline Twice<F32> by_both_halves(F function, Twice<F32> x) {
-  return {by_both_halves(function, x.low), by_both_halves(function, x.high)};
-}
+template <class E>
+struct Area;
+template <>
+struct Area<float> {
+  static constexpr const auto& table = kAreaTable32;
+  static constexpr const auto& log = kLnOctaveHA32;
+  static constexpr const auto& near = kAsinhSingleHA;
+  static constexpr float far = 0x1p63f, far_factor = 0x1p-30f, far_exponent = 31;
+  static constexpr uint32_t half_reciprocal = 0x7EB20B9Du;
+};
+template <>
+struct Area<double> {
+  static constexpr const auto& table = kAreaTable64;
+  static constexpr const auto& log = kLnOctaveHA64;
+  static constexpr const auto& near = kAsinhDoubleHA;
+  static constexpr double far = 0x1p500, far_factor = 0x1p-600, far_exponent = 601;
+  static constexpr uint64_t half_reciprocal = 0x7FD64173B47EA166u;
+};
 
 // 1/(2 x) to 0.03 %, for the error of a root x >= 0: the complement of the exponent gives 2^(-1/2)/x within 2 %, which one
 // step of Newton's method squares. Of a zero it is a finite number.
-template <Double V>
+template <class V>
 V rough_half_reciprocal(V x) {
-  const V y = as_float(Integer<V>(int64_t{0x7FD64173B47EA166}) - as_bits(x));
-  return y * fnma(x, y, V(0x1.6a09e667f3bcdp0));
+  const V y = as_float(Integer<V>(Area<Element<V>>::half_reciprocal) - as_bits(x));
+  return y * fnma(x, y, V(Element<V>(0x1.6a09e667f3bcdp0)));
 }
 
 // p(x) by its even and odd powers, square = x^2: half the chain of Horner's rule.
@@ -45,78 +54,67 @@ template <class V, size_t N>
 }
 
 // ln y, and `more` ln 2.
-template <Double V>
-[[gnu::always_inline]] inline V area_log(HeadTail<V> y, double more = 0) {
+template <class V>
+[[gnu::always_inline]] inline V area_log(HeadTail<V> y, Element<V> more = 0) {
+  using E = Element<V>;
+  using K = Constants<E>;
   const OctaveKey<V> k(y.head);
-  const auto row = look_up_row<V>(kAreaTable, k.row());
-  using I = typename OctaveKey<V>::I;
-  const V c = as_float(as_bits(row.c[0]) - (k.bits & I(Format<V>::exponent_field)));
-  const V r = fms(c, y.head, V(1.0));
+  const auto row = look_up_row<V>(Area<E>::table, k.row());
+  const V c = as_float(as_bits(row.c[0]) - (k.bits & Integer<V>(Format<V>::exponent_field)));
+  const V r = fms(c, y.head, V(E(1)));
   const V r_tail = c * y.tail;
   const V e = more == 0 ? k.e() : k.e() + V(more);
-  const V table = fma(e, V(kLn2Head64), row.c[1]);  // exact
+  const V table = fma(e, V(K::ln2_head), row.c[1]);  // exact
   const V head = table + r;
   const V lost = r - (head - table);
   // ln(1 + r + r_tail) has the slope 1/(1 + r).
-  const V tail = fma(e, V(kLn2Tail64), row.c[2]) + (lost + fnma(r_tail, r, r_tail));
+  const V tail = fma(e, V(K::ln2_tail), row.c[2]) + (lost + fnma(r_tail, r, r_tail));
   const V z = r * r;
-  return head + fma(z, by_even_and_odd(r, z, kLnOctaveHA64), tail);
+  return head + fma(z, by_even_and_odd(r, z, Area<E>::log), tail);
 }
 
-// ln y in a float's digits and a few more.
-template <Double V>
-[[gnu::always_inline]] inline V area_log_short(V y) {
-  const OctaveKey<V> k(y);
-  const auto row = look_up_row<V>(kAreaShortTable, k.row());
-  const V r = fms(row.c[0], k.m(), V(1.0));
-  return fma(r, horner(r, kAreaShort64), fma(k.e(), V(Constants<double>::ln2), row.c[1]));
+// ln(2 x) of x where 1 no longer counts beside squares, before they overflow, and which lanes that does not serve.
+template <class V>
+[[gnu::always_inline]] inline Masked<V, Mask<V>> area_far(V x) {
+  using E = Element<V>;
+  const V first = V(Area<E>::far), last = V(std::numeric_limits<E>::max());
+  const V y = min(max(x, first), last) * V(Area<E>::far_factor);
+  return {area_log<V>({y, V(E(0))}, Area<E>::far_exponent), complement(x >= first) | x > last};
 }
-
-// What the square of a number and 1 must not overflow from.
-inline constexpr uint32_t kLastAreaWord = 0x5F2FFFFFu;  // below 2^500
 
 // sqrt(square) with its error.
-template <Double V>
+template <class V>
 [[gnu::always_inline]] inline HeadTail<V> area_root(HeadTail<V> square) {
   const V g = root(square.head);
   return {g, (fnma(g, g, square.head) + square.tail) * rough_half_reciprocal(g)};
 }
 
 // large + small, large >= small, the root's tail added.
-template <Double V>
+template <class V>
 [[gnu::always_inline]] inline HeadTail<V> area_sum(V large, V small, V root_tail) {
   const HeadTail<V> y = fast_two_sum(large, small);
   return {y.head, y.tail + root_tail};
 }
 
 // asinh a, a >= 0.
-template <Double V>
+template <class V>
 [[gnu::always_inline]] inline V asinh_in_two(V a) {
-  const V one = V(1.0), square = safe_square<false>(a);
+  using E = Element<V>;
+  const V one = V(E(1)), square = safe_square<false>(a);
   HeadTail<V> sum = fast_two_sum(max(square, one), min(square, one));
   sum.tail = sum.tail + fms(a, a, square);
   const HeadTail<V> cosine = area_root(sum);
   const V far = area_log<V>(area_sum(cosine.head, a, cosine.tail));
-  const V near = fma(a, square * horner(square, kAsinhDoubleHA), a);
-  return select(a < V(1.0 / 16), near, far);
+  const V near = fma(a, square * horner(square, Area<E>::near), a);
+  return select(a < V(E(1.0 / 16)), near, far);
 }
 // acosh x. x - 1 and, up to 3, the tail are exact.
-template <Double V>
+template <class V>
 [[gnu::always_inline]] inline V acosh_in_two(V x) {
-  const V d = x - V(1.0), twice = d + d;
+  const V d = x - V(Element<V>(1)), twice = d + d;
   const V square = fma(d, d, twice);
   const HeadTail<V> sine = area_root(HeadTail<V>{square, fma(d, d, twice - square)});
   return area_log<V>(area_sum(x, sine.head, sine.tail));
-}
-
-// Both of widened floats: squares lose nothing.
-template <Double V>
-[[gnu::always_inline]] inline V asinh_short(V a) {
-  return area_log_short(a + root(fma(a, a, V(1.0))));
-}
-template <Double V>
-[[gnu::always_inline]] inline V acosh_short(V x) {
-  return area_log_short(x + root(fms(x, x, V(1.0))));
 }
 
 }  // namespace orvik::zym::hyperbolic

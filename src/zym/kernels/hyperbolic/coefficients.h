@@ -33,22 +33,15 @@ inline constexpr double kAtanhDoubleHA[8] = {
     0x1.24924921d662cp-9, 0x1.999999999c216p-7, 0x1.555555555554fp-4
 };
 
-// ln(1 + x) of rows of an octave, for floats.
-//: x * p(x) = log(1 + x) on [-0.0352, 0.0625], relative error 2^-28.4
-//: fit arc/coefficients.sollya
-inline constexpr double kAreaShort64[5] = {
-    0x1.8409bd7605bf6p-3, -0x1.00329dc734f4dp-2, 0x1.55594c0e93712p-2, -0x1.fffffc93d7784p-2, 0x1.ffffffe8e82f6p-1
-};
-
 // Next to 0, where a sum with 1 would lose digits.
 //: x + x^3 * p(x^2) = asinh(x) on [2^-20, 1/16], relative error 2^-64.6
 //: fit arc/coefficients.sollya
 inline constexpr double kAsinhDoubleHA[5] = {
     -0x1.6b4876ea7fd8fp-6, 0x1.f1c38762a3a0ep-6, -0x1.6db6da8899e57p-5, 0x1.333333331a23fp-4, -0x1.5555555555547p-3
 };
-//: x + x^3 * p(x^2) = asinh(x) on [2^-20, 1/128], relative error 2^-34.2
+//: x + x^3 * p(x^2) = asinh(x) on [2^-20, 1/16], relative error 2^-33.1
 //: fit arc/coefficients.sollya
-inline constexpr float kAsinhSingleHA[1] = {-0x1.555358p-3f};
+inline constexpr float kAsinhSingleHA[2] = {0x1.32352p-4f, -0x1.55552ep-3f};
 
 //: x + x^3 * p(x^2) = sinh(x) on [2^-20, log(2)/2], relative error 2^-15.5
 //: fit arc/coefficients.sollya

@@ -80,16 +80,11 @@ template <Level L, class V>
 // Squares are taken of numbers up to this one; beyond it 1 does not count beside them.
 template <class E>
 inline constexpr E kSquared = sizeof(E) == 4 ? E(0x1p30) : E(0x1p60);
-// The last high word that the lanes serve: of floats at HA all are. From 2^90 or 2^900 on, where the power of two next to
-// the sum nears the end of the numbers, the element routine does; at HA squares of doubles are taken as they are.
+// The last high word that the lanes serve. From 2^90 or 2^900 on the power of two next to the sum nears the end of the
+// numbers; at HA squares are taken of all.
 template <class V, Level L>
-inline constexpr uint32_t kLastWord = L == Level::HA ? (Single<V> ? 0x7F7FFFFFu : kLastAreaWord)
+inline constexpr uint32_t kLastWord = L == Level::HA ? (Single<V> ? 0x5EFFFFFFu : 0x5F2FFFFFu)
                                                     : (Single<V> ? 0x6C7FFFFFu : 0x782FFFFFu);
-// asinh and acosh of large x: ln(2 x).
-template <class E>
-E area_far(E x) {
-  return static_cast<E>(area_log<double>({x, 0.0}, 1.0));
-}
 
 }  // namespace hyperbolic
 
@@ -110,23 +105,22 @@ struct Asinh {
     if constexpr (L != Level::HA) {
       const V b = min(a, V(hyperbolic::kSquared<E>));
       return join_sign(hyperbolic::from_cosine_and_sine<L>(max(root(fma(b, b, V(E(1)))), a), a), x);
-    } else if constexpr (Double<V>) {
-      return join_sign(hyperbolic::asinh_in_two(a), x);
     } else {
-      const V far = hyperbolic::by_both_halves([](auto half) { return hyperbolic::asinh_short(half); }, a);
-      const V square = safe_square<false>(x);
-      return select(a < V(1.0f / 128), fma(x, square * horner(square, kAsinhSingleHA), x), join_sign(far, x));
+      return join_sign(hyperbolic::asinh_in_two(a), x);
     }
+  }
+
+  static Masked<V, Mask<V>> wide(V x) {
+    const auto far = hyperbolic::area_far(magnitude(x));
+    return {join_sign(far.value, x), far.special};
   }
 
   static int32_t element(const E* px, E* r) {
     const E x = *px;
     if (is_nan(x)) {
       *r = x * x;
-    } else if (is_infinite(x)) {
-      *r = x;
     } else {
-      *r = join_sign(hyperbolic::area_far(magnitude(x)), x);
+      *r = x;  // infinite
     }
     return 0;
   }
@@ -149,12 +143,12 @@ struct Acosh {
     if constexpr (L != Level::HA) {
       const V b = min(x, V(hyperbolic::kSquared<E>)), d = b - V(E(1));
       return hyperbolic::from_cosine_and_sine<L>(x, root(fma(d, d, d + d)) + (x - b));
-    } else if constexpr (Double<V>) {
-      return hyperbolic::acosh_in_two(x);
     } else {
-      return hyperbolic::by_both_halves([](auto half) { return hyperbolic::acosh_short(half); }, x);
+      return hyperbolic::acosh_in_two(x);
     }
   }
+
+  static Masked<V, Mask<V>> wide(V x) { return hyperbolic::area_far(x); }
 
   static int32_t element(const E* px, E* r) {
     const E x = *px;
@@ -162,8 +156,6 @@ struct Acosh {
       *r = x * x;
     } else if (x == infinity<E>) {
       *r = x;
-    } else if (x >= 1) {
-      *r = hyperbolic::area_far(x);
     } else {
       *r = opaque(E(0)) * infinity<E>;
       return zymErrorDomain;

@@ -96,16 +96,14 @@ template <class V>
   return {y.head, y.tail + root_tail};
 }
 
-// asinh a, a >= 0.
+// asinh a, a >= 0. The tail is exact as long as 1 counts beside the square.
 template <class V>
 [[gnu::always_inline]] inline V asinh_in_two(V a) {
   using E = Element<V>;
-  const V one = V(E(1)), square = safe_square<false>(a);
-  HeadTail<V> sum = fast_two_sum(max(square, one), min(square, one));
-  sum.tail = sum.tail + fms(a, a, square);
-  const HeadTail<V> cosine = area_root(sum);
+  const V one = V(E(1)), square = fma(a, a, one), z = safe_square<false>(a);
+  const HeadTail<V> cosine = area_root(HeadTail<V>{square, fma(a, a, one - square)});
   const V far = area_log<V>(area_sum(cosine.head, a, cosine.tail));
-  const V near = fma(a, square * horner(square, Area<E>::near), a);
+  const V near = fma(a, z * horner(z, Area<E>::near), a);
   return select(a < V(E(1.0 / 16)), near, far);
 }
 // acosh x. x - 1 and, up to 3, the tail are exact.

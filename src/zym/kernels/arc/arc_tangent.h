@@ -1,8 +1,9 @@
 // Arc tangent of one number and of a point, also in half turns. With n <= d the smaller and the larger of the two
 // magnitudes (of x and 1, or of x and y), c = 9/16 where n/d is above 9/32 and 0 below,
 //   atan(n/d) = atan(c) + atan(t),  t = (n - c d) / (d + c n),  |t| <= 0.2813,  atan(t) = t + t z P(z), z = t^2;
-// the octant then says what to take it from: the result is base +- atan(n/d). At EP in 32 bits c is always 0; at HA in
-// 32 bits the quotient itself is the argument of polynomials on eight intervals.
+// the octant then says what to take it from: the result is base +- atan(n/d). At EP in 32 bits c is always 0; at HA of a
+// point in 32 bits the quotient itself is the argument of polynomials on eight intervals. Of one number at HA
+// there are more pivots (pivots.h).
 #pragma once
 
 #include <iterator>
@@ -10,6 +11,7 @@
 #include "orvik/zym_types.h"
 #include "zym/kernels/arc/coefficients.h"
 #include "zym/kernels/arc/constants.h"
+#include "zym/kernels/arc/pivots.h"
 #include "zym/kernels/shared/octets.h"
 #include "zym/skeleton/family.h"
 
@@ -127,17 +129,12 @@ struct ArcTangent {
 
   static V lanes(V x) {
     const V a = magnitude(x), one = V(E(1));
+    if constexpr (L == Level::HA) return flip_sign(by_pivots<U>(a), x);
     if constexpr (Single<V> && L == Level::LA) return flip_sign(by_quarters(a), x);
     const Mask<V> steep = a > one;
     const V right = keep(steep, V(kHalfTurn<E, U> / 2)), right_low = keep(steep, V(kHalfTurnLow<E, U> / 2));
     const V n = min(a, one), d = max(a, one);
-    HeadTail<V> angle;
-    if constexpr (Single<V> && L == Level::HA) {
-      const V w = n / d;  // 1/d, or exact
-      angle = octant_by_rows<U>(HeadTail<V>{w, fnma(w, d, n) * w});
-    } else {
-      angle = first_octant<V, L, U>(n, d);
-    }
+    const HeadTail<V> angle = first_octant<V, L, U>(n, d);
     return flip_sign(turned<L>(angle, right, right_low, minus_where<V>(steep)), x);
   }
 

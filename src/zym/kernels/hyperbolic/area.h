@@ -79,7 +79,7 @@ template <class V>
   using E = Element<V>;
   const V first = V(Area<E>::far), last = V(std::numeric_limits<E>::max());
   const V y = min(max(x, first), last) * V(Area<E>::far_factor);
-  return {area_log<V>({y, V(E(0))}, Area<E>::far_exponent), complement(x >= first) | x > last};
+  return {area_log<V>({y, V(E(0))}, Area<E>::far_exponent), complement(x >= first) | (x > last)};
 }
 
 // sqrt(square) with its error.

@@ -7,6 +7,7 @@
 #include "zym/kernels/arc/coefficients.h"
 #include "zym/kernels/arc/constants.h"
 #include "zym/kernels/arc/pivot_tables.h"
+#include "zym/kernels/shared/complement.h"
 #include "zym/kernels/shared/corrections.h"
 
 namespace orvik::zym::arc {
@@ -33,12 +34,6 @@ struct Pivots<double, Unit::half_turn> {
   static constexpr const auto& rows = kAtanpiPivotColumns64;
   static constexpr const auto& polynomial = kAtanpiByPivots64;
 };
-
-// 1/x within 5 %, for errors of what counts little: the complement of the exponent.
-template <class V>
-V complement_of_exponent(V x) {
-  return as_float(Integer<V>(Single<V> ? Bits<V>(0x7EF30000u) : Bits<V>(0x7FDE600000000000u)) - as_bits(x));
-}
 
 template <Single V>
 [[gnu::always_inline]] inline Quad<V> pivot(const Octets<4>& columns, Integer<V> bits) {

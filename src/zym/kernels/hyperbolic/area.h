@@ -12,6 +12,7 @@
 #include "zym/kernels/hyperbolic/coefficients.h"
 #include "zym/kernels/hyperbolic/constants.h"
 #include "zym/kernels/hyperbolic/octave_tables.h"
+#include "zym/kernels/shared/complement.h"
 #include "zym/kernels/shared/corrections.h"
 #include "zym/skeleton/family.h"
 
@@ -25,7 +26,6 @@ struct Area<float> {
   static constexpr const auto& log = kLnOctaveHA32;
   static constexpr const auto& near = kAsinhSingleHA;
   static constexpr float far = 0x1p63f, far_factor = 0x1p-30f, far_exponent = 31;
-  static constexpr uint32_t half_reciprocal = 0x7EB20B9Du;
 };
 template <>
 struct Area<double> {
@@ -33,16 +33,7 @@ struct Area<double> {
   static constexpr const auto& log = kLnOctaveHA64;
   static constexpr const auto& near = kAsinhDoubleHA;
   static constexpr double far = 0x1p500, far_factor = 0x1p-600, far_exponent = 601;
-  static constexpr uint64_t half_reciprocal = 0x7FD64173B47EA166u;
 };
-
-// 1/(2 x) to 0.03 %, for the error of a root x >= 0: the complement of the exponent gives 2^(-1/2)/x within 2 %, which one
-// step of Newton's method squares. Of a zero it is a finite number.
-template <class V>
-V rough_half_reciprocal(V x) {
-  const V y = as_float(Integer<V>(Area<Element<V>>::half_reciprocal) - as_bits(x));
-  return y * fnma(x, y, V(Element<V>(0x1.6a09e667f3bcdp0)));
-}
 
 // p(x) by its even and odd powers, square = x^2: half the chain of Horner's rule.
 template <class V, size_t N>

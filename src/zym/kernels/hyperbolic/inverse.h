@@ -12,6 +12,7 @@
 #include "zym/kernels/hyperbolic/area.h"
 #include "zym/kernels/hyperbolic/coefficients.h"
 #include "zym/kernels/hyperbolic/constants.h"
+#include "zym/kernels/shared/complement.h"
 #include "zym/kernels/shared/corrections.h"
 #include "zym/skeleton/family.h"
 
@@ -191,10 +192,11 @@ struct Atanh {
       const V scaled = n.power * difference;  // next to the sum: what they differ by is exact
       const V sum_low = a - (sum - one), difference_low = (one - difference) - a;
       const HeadTail<V> num = fast_two_sum(sum - scaled, fnma(n.power, difference_low, sum_low));
-      const HeadTail<V> den = two_sum(sum, scaled);
-      const V den_low = den.tail + fma(n.power, difference_low, sum_low);
-      t = num.head / den.head;
-      t_low = (fnma(t, den.head, num.head) + fnma(t, den_low, num.tail)) * rough_reciprocal(den.head);
+      const V rest = fma(n.power, difference_low, sum_low);
+      // What the denominator lost: exact for e = 0, where nothing larger is added to t.
+      const V den = fma(n.power, difference, sum), den_low = fma(n.power, difference, sum - den) + rest;
+      t = num.head / den;
+      t_low = (fnma(t, den, num.head) + fnma(t, den_low, num.tail)) * complement_of_exponent(den);
     }
     return join_sign(hyperbolic::logarithm<L>(n.e, t, t_low, safe_square<L == Level::HA>(t + t), E(0.5)), x);
   }

@@ -1,7 +1,7 @@
 // Arc tangent at HA: eight or sixteen pivots q/p, found by the bits of a,
 //   atan(a) = atan(q/p) + atan(t),  t = (a p - q) / (a q + p),  atan(t) = t + t z P(z), z = t^2,
-// |t| < 0.163 of floats, 0.0994 of doubles. The first pivot is 0, so that small numbers are t itself, the last infinite; no
-// octant is told apart.
+// |t| < 0.163 of floats, 0.0994 of doubles. The first pivot is 0, so that small numbers are t itself, the last
+// infinite; no octant is told apart.
 #pragma once
 
 #include "zym/kernels/arc/coefficients.h"

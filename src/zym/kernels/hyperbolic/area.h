@@ -1,7 +1,7 @@
 // asinh and acosh at HA as logarithms of a sum y >= 1 of a number and a root, by rows of an octave: y = 2^e m with m in
-// [1, 2), c near 2^-e / m by the upper bits of m, ln y = (e ln 2 - ln(c 2^e)) + ln(1 + r), r = c y - 1. c 2^e is 1 in the
-// first row, so that next to y = 1 the first sum is 0 and r, which is exact, all that counts. y and its logarithm are
-// added in head and tail; nothing is divided.
+// [1, 2), c near 2^-e / m by the upper bits of m, ln y = (e ln 2 - ln(c 2^e)) + ln(1 + r), r = c y - 1. c 2^e is 1 in
+// the first row, so that next to y = 1 the first sum is 0 and r, which is exact, all that counts. y and its logarithm
+// are added in head and tail; nothing is divided.
 #pragma once
 
 #include <limits>
@@ -23,7 +23,7 @@ struct Area;
 template <>
 struct Area<float> {
   static constexpr const auto& table = kAreaTable32;
-  static constexpr const auto& log = kLnOctaveHA32;
+  static constexpr const auto& log = kAreaLog32;
   static constexpr const auto& near = kAsinhSingleHA;
   static constexpr float far = 0x1p63f, far_factor = 0x1p-30f, far_exponent = 31;
 };

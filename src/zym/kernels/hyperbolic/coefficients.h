@@ -33,6 +33,11 @@ inline constexpr double kAtanhDoubleHA[8] = {
     0x1.24924921d662cp-9, 0x1.999999999c216p-7, 0x1.555555555554fp-4
 };
 
+// Within a sixteenth of an octave; the first row, of y from 1 on, has the larger half.
+//: x + x^2 * p(x) = log(1 + x) on [-0.0352, 0.0625], relative error 2^-33.1
+//: fit arc/coefficients.sollya
+inline constexpr float kAreaLog32[5] = {-0x1.41362cp-3f, 0x1.99cfecp-3f, -0x1.00033cp-2f, 0x1.555556p-2f, -0x1p-1f};
+
 // Next to 0, where a sum with 1 would lose digits.
 //: x + x^3 * p(x^2) = asinh(x) on [2^-20, 1/16], relative error 2^-64.6
 //: fit arc/coefficients.sollya

@@ -87,15 +87,17 @@ template <class V>
   return {y.head, y.tail + root_tail};
 }
 
-// asinh a, a >= 0. The tail is exact as long as 1 counts beside the square.
+// asinh a, a >= 0: far, the logarithm, whose square does not underflow; its tail is exact as long as 1 counts beside it.
 template <class V>
 [[gnu::always_inline]] inline V asinh_in_two(V a) {
   using E = Element<V>;
-  const V one = V(E(1)), square = fma(a, a, one), z = safe_square<false>(a);
-  const HeadTail<V> cosine = area_root(HeadTail<V>{square, fma(a, a, one - square)});
-  const V far = area_log<V>(area_sum(cosine.head, a, cosine.tail));
+  const V one = V(E(1)), first = V(E(1.0 / 16)), b = max(a, first);
+  const V square = fma(b, b, one);
+  const HeadTail<V> cosine = area_root(HeadTail<V>{square, fma(b, b, one - square)});
+  const V far = area_log<V>(area_sum(cosine.head, b, cosine.tail));
+  const V z = safe_square<false>(a);
   const V near = fma(a, z * horner(z, Area<E>::near), a);
-  return select(a < V(E(1.0 / 16)), near, far);
+  return select(a < first, near, far);
 }
 // acosh x. x - 1 and, up to 3, the tail are exact.
 template <class V>

@@ -87,17 +87,18 @@ template <class V>
   return {y.head, y.tail + root_tail};
 }
 
-// asinh a, a >= 0: far, the logarithm, whose square does not underflow; its tail is exact as long as 1 counts beside it.
+// asinh a, a >= 0. Each side is computed where its powers neither underflow nor overflow. Of the far one's square the tail
+// is exact as long as 1 counts beside it.
 template <class V>
 [[gnu::always_inline]] inline V asinh_in_two(V a) {
   using E = Element<V>;
-  const V one = V(E(1)), first = V(E(1.0 / 16)), b = max(a, first);
-  const V square = fma(b, b, one);
+  const V one = V(E(1)), bound = V(E(1.0 / 16));
+  const V b = max(a, bound), square = fma(b, b, one);
   const HeadTail<V> cosine = area_root(HeadTail<V>{square, fma(b, b, one - square)});
   const V far = area_log<V>(area_sum(cosine.head, b, cosine.tail));
-  const V z = safe_square<false>(a);
-  const V near = fma(a, z * horner(z, Area<E>::near), a);
-  return select(a < first, near, far);
+  const V c = min(a, bound), z = safe_square<false>(c);
+  const V near = fma(c, z * horner(z, Area<E>::near), c);
+  return select(a < bound, near, far);
 }
 // acosh x. x - 1 and, up to 3, the tail are exact.
 template <class V>

@@ -90,10 +90,10 @@ inline constexpr uint32_t kLastWord = L == Level::HA ? (Single<V> ? 0x5EFFFFFFu 
 }  // namespace hyperbolic
 
 // sAsinh LA: 2.8686 ulp at 0x1.ff421cp-4
-// sAsinh HA: 0.5909 ulp at 0x1.a7dab2p-2
-// sAsinh EP: 14.07 bits at 0x1.0f5878p-2
+// sAsinh HA: 0.5106 ulp at 0x1.9c7e8p-4
+// sAsinh EP: 14.07 bits at 0x1.10168ep-2
 // dAsinh LA: 2.4990 ulp at 0x1.d79e17715381bp-13
-// dAsinh HA: 0.5298 ulp at 0x1.a90266081ffd2p-2
+// dAsinh HA: 0.5105 ulp at -0x1.c0b4496bf6249p-4
 // dAsinh EP: 28.35 bits at 0x1.15df764fe164p-3
 template <class V, Level L>
 struct Asinh {
@@ -128,10 +128,10 @@ struct Asinh {
 };
 
 // sAcosh LA: 3.3706 ulp at 0x1.1f39eap+0
-// sAcosh HA: 0.5844 ulp at 0x1.1524aap+0
-// sAcosh EP: 14.07 bits at 0x1.08aae2p+0
+// sAcosh HA: 0.5365 ulp at 0x1.939ddap+3
+// sAcosh EP: 14.07 bits at 0x1.08b3dap+0
 // dAcosh LA: 1.8048 ulp at 0x1.07c9629b158e1p+0
-// dAcosh HA: 0.5059 ulp at 0x1.809c7786a9ccfp+2
+// dAcosh HA: 0.5400 ulp at 0x1.3b2cb2dbeb874p+4
 // dAcosh EP: 28.37 bits at 0x1.1266d326fbd15p+0
 template <class V, Level L>
 struct Acosh {
@@ -166,10 +166,10 @@ struct Acosh {
 };
 
 // sAtanh LA: 1.9283 ulp at -0x1.56506ap-3
-// sAtanh HA: 0.5593 ulp at 0x1.56201ap-3
-// sAtanh EP: 14.07 bits at 0x1.094332p-3
+// sAtanh HA: 0.5727 ulp at -0x1.66bca4p-1
+// sAtanh EP: 14.07 bits at -0x1.09ede2p-3
 // dAtanh LA: 1.9467 ulp at 0x1.63c3cc120317bp-3
-// dAtanh HA: 0.5280 ulp at 0x1.fffff81d2b577p-1
+// dAtanh HA: 0.5773 ulp at -0x1.6710758271c76p-1
 // dAtanh EP: 28.35 bits at -0x1.14d92e06cc8bcp-4
 template <class V, Level L>
 struct Atanh {

@@ -1,7 +1,8 @@
 // Inverse hyperbolic functions. With 2^e the power of two next to the argument of the logarithm,
 //   theta = e ln(2) + 2 atanh(t / 2) = e ln(2) + t + t u P(u), u = t^2 <= 0.241,
 // where t comes from one division and is the argument itself, nearly, for e = 0: small results need no branch.
-//   asinh and acosh at LA and EP (area.h has HA): C = cosh theta, S = sinh theta: t = 2 (C + S - 2^e) / (C + S + 2^e), and 2 S / (C + 1) for e = 0;
+//   asinh and acosh at LA and EP: C = cosh theta, S = sinh theta: t = 2 (C + S - 2^e) / (C + S + 2^e), and 2 S / (C + 1)
+//   for e = 0; area.h has HA;
 //   atanh x: t / 2 = ((1 + x) - 2^e (1 - x)) / ((1 + x) + 2^e (1 - x)), and theta is half of the above.
 #pragma once
 

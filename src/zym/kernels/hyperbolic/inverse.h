@@ -129,8 +129,8 @@ struct Asinh {
 };
 
 // sAcosh LA: 3.3706 ulp at 0x1.1f39eap+0
-// sAcosh HA: 0.5365 ulp at 0x1.939ddap+3
-// sAcosh EP: 14.07 bits at 0x1.08b3dap+0
+// sAcosh HA: 0.5863 ulp at 0x1.0063p+0
+// sAcosh EP: 14.07 bits at 0x1.08aae2p+0
 // dAcosh LA: 1.8048 ulp at 0x1.07c9629b158e1p+0
 // dAcosh HA: 0.5400 ulp at 0x1.3b2cb2dbeb874p+4
 // dAcosh EP: 28.37 bits at 0x1.1266d326fbd15p+0

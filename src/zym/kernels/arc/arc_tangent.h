@@ -1,8 +1,9 @@
 // Arc tangent of one number and of a point, also in half turns. With n <= d the smaller and the larger of the two
 // magnitudes (of x and 1, or of x and y), c = 9/16 where n/d is above 9/32 and 0 below,
 //   atan(n/d) = atan(c) + atan(t),  t = (n - c d) / (d + c n),  |t| <= 0.2813,  atan(t) = t + t z P(z), z = t^2;
-// the octant then says what to take it from: the result is base +- atan(n/d). At EP in 32 bits c is always 0; at HA in
-// 32 bits the quotient itself is the argument of polynomials on eight intervals.
+// the octant then says what to take it from: the result is base +- atan(n/d). At EP in 32 bits c is always 0; at HA of a
+// point in 32 bits the quotient itself is the argument of polynomials on eight intervals. Of one number at HA
+// there are more pivots (pivots.h).
 #pragma once
 
 #include <iterator>
@@ -10,6 +11,7 @@
 #include "orvik/zym_types.h"
 #include "zym/kernels/arc/coefficients.h"
 #include "zym/kernels/arc/constants.h"
+#include "zym/kernels/arc/pivots.h"
 #include "zym/kernels/shared/octets.h"
 #include "zym/skeleton/family.h"
 
@@ -127,17 +129,12 @@ struct ArcTangent {
 
   static V lanes(V x) {
     const V a = magnitude(x), one = V(E(1));
+    if constexpr (L == Level::HA) return flip_sign(by_pivots<U>(a), x);
     if constexpr (Single<V> && L == Level::LA) return flip_sign(by_quarters(a), x);
     const Mask<V> steep = a > one;
     const V right = keep(steep, V(kHalfTurn<E, U> / 2)), right_low = keep(steep, V(kHalfTurnLow<E, U> / 2));
     const V n = min(a, one), d = max(a, one);
-    HeadTail<V> angle;
-    if constexpr (Single<V> && L == Level::HA) {
-      const V w = n / d;  // 1/d, or exact
-      angle = octant_by_rows<U>(HeadTail<V>{w, fnma(w, d, n) * w});
-    } else {
-      angle = first_octant<V, L, U>(n, d);
-    }
+    const HeadTail<V> angle = first_octant<V, L, U>(n, d);
     return flip_sign(turned<L>(angle, right, right_low, minus_where<V>(steep)), x);
   }
 
@@ -175,18 +172,18 @@ struct ArcTangent {
 }  // namespace arc
 
 // sAtan LA: 2.2308 ulp at -0x1.4be0cp-2
-// sAtan HA: 0.5456 ulp at 0x1.1240b2p-4
-// sAtan EP: 14.79 bits at 0x1.1ecb64p-1
+// sAtan HA: 0.5141 ulp at -0x1.ebb4a8p+0
+// sAtan EP: 14.79 bits at -0x1.1e9aeep-1
 // dAtan LA: 1.7980 ulp at -0x1.0630337f5ef9p+0
-// dAtan HA: 0.5229 ulp at 0x1.f6d448cd2be4p-3
+// dAtan HA: 0.5071 ulp at 0x1.4e8de0650c5acp+1
 // dAtan EP: 30.83 bits at -0x1.119a4a59aba8p-2
 template <class V, Level L>
 struct Atan : arc::ArcTangent<V, L, Unit::radian> {
   static constexpr Knobs knobs = {.together = L == Level::HA};
 };
 // sAtanpi LA: 2.3050 ulp at 0x1.3e74cp-2
-// sAtanpi HA: 0.5620 ulp at 0x1.1202fap-4
-// sAtanpi EP: 13.88 bits at -0x1.e5f5bap-1
+// sAtanpi HA: 0.5142 ulp at 0x1.ed562ap+0
+// sAtanpi EP: 13.88 bits at 0x1.e627cap-1
 // dAtanpi LA: 1.7475 ulp at -0x1.708f706a04c6p-2
 // dAtanpi HA: 0.6650 ulp at -0x1.58b04d16c2569p-1021
 // dAtanpi EP: 30.46 bits at -0x1.2ed68dc05c5ep-2

@@ -135,6 +135,26 @@ inline constexpr double kAtanpiDoubleHA[9] = {
     0x1.21bb92f4ae052p-5, -0x1.7483758a5d368p-5, 0x1.04c26be3ad7b8p-4, -0x1.b2995e7b7b5ecp-4
 };
 
+// About pivots of octaves, and of half octaves.
+//: x + x^3 * p(x^2) = atan(x) on [2^-20, 0.163], relative error 2^-30.8
+//: fit arc/coefficients.sollya
+inline constexpr float kAtanByPivots32[3] = {-0x1.193b24p-3f, 0x1.996cecp-3f, -0x1.55553cp-2f};
+//: x + x^3 * p(x^2) = atan(x) on [2^-20, 0.0994], relative error 2^-63.3
+//: fit arc/coefficients.sollya
+inline constexpr double kAtanByPivots64[6] = {
+    0x1.31e602194f873p-4, -0x1.743dcfb51fb23p-4, 0x1.c71c3d21b98c5p-4, -0x1.2492490e1c813p-3, 0x1.9999999990c24p-3,
+    -0x1.555555555554cp-2
+};
+//: x / pi + x^3 * p(x^2) = atan(x) / pi on [2^-20, 0.163], relative error 2^-30.9
+//: fit arc/coefficients.sollya
+inline constexpr float kAtanpiByPivots32[3] = {-0x1.66381p-5f, 0x1.04a6b8p-4f, -0x1.b2994p-4f};
+//: x / pi + x^3 * p(x^2) = atan(x) / pi on [2^-20, 0.0994], relative error 2^-63.4
+//: fit arc/coefficients.sollya
+inline constexpr double kAtanpiByPivots64[6] = {
+    0x1.8580420e7c835p-6, -0x1.d9f3ffd6f0597p-6, 0x1.21bb73080e1bdp-5, -0x1.7483757221756p-5, 0x1.04c26be3aae5ap-4,
+    -0x1.b2995e7b7b5f8p-4
+};
+
 // Arc tangent of floats at HA, on eight intervals of [0, 1] about multiples of 137/1024: slope and value there in 24 bits,
 // their rests the last coefficients of a polynomial; the first interval's are exact.
 //: slope = i == 0 ? 1 : 1 / (1 + (i*137/1024)^2)

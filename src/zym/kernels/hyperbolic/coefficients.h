@@ -33,6 +33,21 @@ inline constexpr double kAtanhDoubleHA[8] = {
     0x1.24924921d662cp-9, 0x1.999999999c216p-7, 0x1.555555555554fp-4
 };
 
+// Within a sixteenth of an octave; the first row, of y from 1 on, has the larger half.
+//: x + x^2 * p(x) = log(1 + x) on [-0.0352, 0.0625], relative error 2^-33.1
+//: fit arc/coefficients.sollya
+inline constexpr float kAreaLog32[5] = {-0x1.41362cp-3f, 0x1.99cfecp-3f, -0x1.00033cp-2f, 0x1.555556p-2f, -0x1p-1f};
+
+// Next to 0, where a sum with 1 would lose digits.
+//: x + x^3 * p(x^2) = asinh(x) on [2^-20, 1/16], relative error 2^-64.6
+//: fit arc/coefficients.sollya
+inline constexpr double kAsinhDoubleHA[5] = {
+    -0x1.6b4876ea7fd8fp-6, 0x1.f1c38762a3a0ep-6, -0x1.6db6da8899e57p-5, 0x1.333333331a23fp-4, -0x1.5555555555547p-3
+};
+//: x + x^3 * p(x^2) = asinh(x) on [2^-20, 1/16], relative error 2^-33.1
+//: fit arc/coefficients.sollya
+inline constexpr float kAsinhSingleHA[2] = {0x1.32352p-4f, -0x1.55552ep-3f};
+
 //: x + x^3 * p(x^2) = sinh(x) on [2^-20, log(2)/2], relative error 2^-15.5
 //: fit arc/coefficients.sollya
 inline constexpr float kSinhSingleEP[1] = {0x1.570924p-3f};

@@ -1,7 +1,8 @@
 // Inverse hyperbolic functions. With 2^e the power of two next to the argument of the logarithm,
 //   theta = e ln(2) + 2 atanh(t / 2) = e ln(2) + t + t u P(u), u = t^2 <= 0.241,
 // where t comes from one division and is the argument itself, nearly, for e = 0: small results need no branch.
-//   asinh and acosh: C = cosh theta, S = sinh theta: t = 2 (C + S - 2^e) / (C + S + 2^e), and 2 S / (C + 1) for e = 0;
+//   asinh and acosh at LA and EP: C = cosh theta, S = sinh theta: t = 2 (C + S - 2^e) / (C + S + 2^e), and 2 S / (C + 1)
+//   for e = 0; area.h has HA;
 //   atanh x: t / 2 = ((1 + x) - 2^e (1 - x)) / ((1 + x) + 2^e (1 - x)), and theta is half of the above.
 #pragma once
 
@@ -9,8 +10,10 @@
 
 #include "lanes/quotients.h"
 #include "orvik/zym_types.h"
+#include "zym/kernels/hyperbolic/area.h"
 #include "zym/kernels/hyperbolic/coefficients.h"
 #include "zym/kernels/hyperbolic/constants.h"
+#include "zym/kernels/shared/complement.h"
 #include "zym/kernels/shared/corrections.h"
 #include "zym/skeleton/family.h"
 
@@ -60,120 +63,94 @@ template <Level L, class V>
   }
 }
 
-// theta of the first quadrant from its cosine and sine. `more`: to be added to e.
+// theta of the first quadrant from its cosine and sine, not at HA.
 template <Level L, class V>
-[[gnu::always_inline]] inline V from_cosine_and_sine(HeadTail<V> cosine, HeadTail<V> sine, V more = V(Element<V>(0))) {
+[[gnu::always_inline]] inline V from_cosine_and_sine(V c, V s) {
   using E = Element<V>;
   using K = Constants<E>;
   const V one_half = V(E(0.5));
-  const V c = cosine.head, s = sine.head;
   const V y = c + s;
   // e = 0 up to e^(1/2) at LA, so that the ulp of what is left is that of 1/2; up to 3/2 otherwise, for a small t.
   const Power<V> n(as_bits(y) - as_bits(V(L == Level::LA ? K::half_root_e : E(0.75))));
   const Mask<V> small = n.power < V(E(2));  // e = 0
-  if constexpr (L != Level::HA) {
-    const V num = s + drop(small, c - n.power);
-    const V half_den = fma(drop(small, s) + c, one_half, n.power * one_half);
-    const V t = num / half_den;
-    return logarithm<L>(n.e, t, V(E(0)), safe_square<false>(t), E(1));
-  } else {
-    // Everything with its error: C >= S, and y is between 3/4 and 3/2 of the power.
-    const V y_low = (c - y) + s + (cosine.tail + sine.tail);
-    const V w = select(small, c, y), w_low = select(small, cosine.tail, y_low);
-    const V num = select(small, s, w - n.power), num_low = select(small, sine.tail, w_low);
-    const V den = w + n.power;
-    const V half_den = den * one_half;
-    const V half_den_low = ((n.power - den) + w + w_low) * one_half;
-    const V t = num / half_den;
-    const V t_low = (fnma(t, half_den, num) + fnma(t, half_den_low, num_low)) * rough_reciprocal(half_den);
-    return logarithm<L>(n.e + more, t, t_low, safe_square<true>(t), E(1));
-  }
+  const V num = s + drop(small, c - n.power);
+  const V half_den = fma(drop(small, s) + c, one_half, n.power * one_half);
+  const V t = num / half_den;
+  return logarithm<L>(n.e, t, V(E(0)), safe_square<false>(t), E(1));
 }
 
-// Squares are taken of numbers up to this one; beyond it 1 does not count beside them. From 2^90 or 2^900 on the
-// element routine serves: corrections divided by such numbers could underflow.
+// Squares are taken of numbers up to this one; beyond it 1 does not count beside them.
 template <class E>
 inline constexpr E kSquared = sizeof(E) == 4 ? E(0x1p30) : E(0x1p60);
-template <class V>
-inline constexpr uint32_t kLastWord = Single<V> ? 0x6C7FFFFFu : 0x782FFFFFu;
-inline constexpr double kFarFactor = 0x1p-150;  // what the element routine scales large arguments by
-inline constexpr double kFarExponent = 150;
-
-// sqrt(square), square in head and tail; 0 is allowed.
-template <class V>
-[[gnu::always_inline]] inline HeadTail<V> root_of(HeadTail<V> square) {
-  const V root = sqrt(square.head);
-  const V lost = (fnma(root, root, square.head) + square.tail) *
-                 (V(Element<V>(0.5)) * rough_reciprocal(max(root, V(Element<V>(0x1p-60)))));
-  return {root, lost};
-}
+// The last high word that the lanes serve. From 2^90 or 2^900 on the power of two next to the sum nears the end of the
+// numbers; at HA squares are taken of all.
+template <class V, Level L>
+inline constexpr uint32_t kLastWord = L == Level::HA ? (Single<V> ? 0x5EFFFFFFu : 0x5F2FFFFFu)
+                                                    : (Single<V> ? 0x6C7FFFFFu : 0x782FFFFFu);
 
 }  // namespace hyperbolic
 
 // sAsinh LA: 2.8686 ulp at 0x1.ff421cp-4
-// sAsinh HA: 0.5909 ulp at 0x1.a7dab2p-2
-// sAsinh EP: 14.07 bits at 0x1.0f5878p-2
+// sAsinh HA: 0.5106 ulp at 0x1.9c7e8p-4
+// sAsinh EP: 14.07 bits at 0x1.10168ep-2
 // dAsinh LA: 2.4990 ulp at 0x1.d79e17715381bp-13
-// dAsinh HA: 0.5298 ulp at 0x1.a90266081ffd2p-2
+// dAsinh HA: 0.5105 ulp at -0x1.c0b4496bf6249p-4
 // dAsinh EP: 28.35 bits at 0x1.15df764fe164p-3
 template <class V, Level L>
 struct Asinh {
   using E = Element<V>;
-  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .together = Double<V>};
-  static auto special(V x) { return magnitude_above<hyperbolic::kLastWord<V>>(x); }
+  static constexpr Knobs knobs = {.vectors = L == Level::HA ? 2 : 4, .together = Double<V> || L == Level::HA};
+  static auto special(V x) { return magnitude_above<hyperbolic::kLastWord<V, L>>(x); }
 
-  static V lanes(V x) { return join_sign(of_magnitude(magnitude(x), V(E(0))), x); }
+  static V lanes(V x) {
+    const V a = magnitude(x);
+    if constexpr (L != Level::HA) {
+      const V b = min(a, V(hyperbolic::kSquared<E>));
+      return join_sign(hyperbolic::from_cosine_and_sine<L>(max(root(fma(b, b, V(E(1)))), a), a), x);
+    } else {
+      return join_sign(hyperbolic::asinh_in_two(a), x);
+    }
+  }
+
+  static Masked<V, Mask<V>> wide(V x) {
+    const auto far = hyperbolic::area_far(magnitude(x));
+    return {join_sign(far.value, x), far.special};
+  }
 
   static int32_t element(const E* px, E* r) {
     const E x = *px;
     if (is_nan(x)) {
       *r = x * x;
-    } else if (is_infinite(x)) {
-      *r = x;
     } else {
-      *r = join_sign(far(magnitude(x)), x);
+      *r = x;  // infinite
     }
     return 0;
-  }
-
- private:
-  // asinh x = asinh(x / 2^k) + k ln(2), x large.
-  static float far(float x) { return static_cast<float>(Asinh<double, Level::HA>::lanes(x)); }
-  static double far(double x) {
-    return Asinh<double, Level::HA>::of_magnitude(x * hyperbolic::kFarFactor, hyperbolic::kFarExponent);
-  }
-  template <class, Level>
-  friend struct Asinh;
-  [[gnu::always_inline]] static V of_magnitude(V a, V more) {
-    const V one = V(E(1)), zero = V(E(0));
-    const V b = min(a, V(hyperbolic::kSquared<E>));
-    if constexpr (L != Level::HA) {
-      return hyperbolic::from_cosine_and_sine<L, V>({max(root(fma(b, b, one)), a), zero}, {a, zero});
-    } else {
-      const V square = safe_square<false>(b);
-      const V larger = max(square, one), smaller = min(square, one);
-      HeadTail<V> sum = fast_two_sum(larger, smaller);
-      sum.tail = sum.tail + fms(b, b, square);
-      const HeadTail<V> root = hyperbolic::root_of(sum);
-      return hyperbolic::from_cosine_and_sine<L, V>({max(root.head, a), root.tail}, {a, zero}, more);
-    }
   }
 };
 
 // sAcosh LA: 3.3706 ulp at 0x1.1f39eap+0
-// sAcosh HA: 0.5844 ulp at 0x1.1524aap+0
+// sAcosh HA: 0.5863 ulp at 0x1.0063p+0
 // sAcosh EP: 14.07 bits at 0x1.08aae2p+0
 // dAcosh LA: 1.8048 ulp at 0x1.07c9629b158e1p+0
-// dAcosh HA: 0.5059 ulp at 0x1.809c7786a9ccfp+2
+// dAcosh HA: 0.5400 ulp at 0x1.3b2cb2dbeb874p+4
 // dAcosh EP: 28.37 bits at 0x1.1266d326fbd15p+0
 template <class V, Level L>
 struct Acosh {
   using E = Element<V>;
   static constexpr Knobs knobs = {
-      .vectors = L == Level::HA ? 2 : 4, .filler = 1.5, .together = Double<V> && L != Level::HA};
-  static auto special(V x) { return outside < Single<V> ? 0x3F800000u : 0x3FF00000u, hyperbolic::kLastWord < V >> (x); }
+      .vectors = L == Level::HA ? 2 : 4, .filler = 1.5, .together = Double<V> || L == Level::HA};
+  static auto special(V x) { return outside < Single<V> ? 0x3F800000u : 0x3FF00000u, hyperbolic::kLastWord < V, L >> (x); }
 
-  static V lanes(V x) { return of(x, V(E(0))); }
+  static V lanes(V x) {
+    if constexpr (L != Level::HA) {
+      const V b = min(x, V(hyperbolic::kSquared<E>)), d = b - V(E(1));
+      return hyperbolic::from_cosine_and_sine<L>(x, root(fma(d, d, d + d)) + (x - b));
+    } else {
+      return hyperbolic::acosh_in_two(x);
+    }
+  }
+
+  static Masked<V, Mask<V>> wide(V x) { return hyperbolic::area_far(x); }
 
   static int32_t element(const E* px, E* r) {
     const E x = *px;
@@ -181,43 +158,19 @@ struct Acosh {
       *r = x * x;
     } else if (x == infinity<E>) {
       *r = x;
-    } else if (x >= 1) {
-      *r = far(x);
     } else {
       *r = opaque(E(0)) * infinity<E>;
       return zymErrorDomain;
     }
     return 0;
   }
-
- private:
-  static float far(float x) { return static_cast<float>(Acosh<double, Level::HA>::lanes(x)); }
-  static double far(double x) {
-    return Acosh<double, Level::HA>::of(x * hyperbolic::kFarFactor, hyperbolic::kFarExponent);
-  }
-  template <class, Level>
-  friend struct Acosh;
-  [[gnu::always_inline]] static V of(V x, V more) {
-    const V one = V(E(1)), zero = V(E(0));
-    const V b = min(x, V(hyperbolic::kSquared<E>));
-    if constexpr (L != Level::HA) {
-      const V d = b - one;
-      return hyperbolic::from_cosine_and_sine<L, V>({x, zero}, {root(fma(d, d, d + d)) + (x - b), zero});
-    } else {
-      const HeadTail<V> square = two_square(b);
-      HeadTail<V> difference = fast_two_sum(square.head, V(E(-1)));
-      difference = fast_two_sum(difference.head, difference.tail + square.tail);
-      const HeadTail<V> root = hyperbolic::root_of(difference);
-      return hyperbolic::from_cosine_and_sine<L, V>({x, zero}, {root.head + (x - b), root.tail}, more);
-    }
-  }
 };
 
 // sAtanh LA: 1.9283 ulp at -0x1.56506ap-3
-// sAtanh HA: 0.5593 ulp at 0x1.56201ap-3
-// sAtanh EP: 14.07 bits at 0x1.094332p-3
+// sAtanh HA: 0.5727 ulp at -0x1.66bca4p-1
+// sAtanh EP: 14.07 bits at -0x1.09ede2p-3
 // dAtanh LA: 1.9467 ulp at 0x1.63c3cc120317bp-3
-// dAtanh HA: 0.5280 ulp at 0x1.fffff81d2b577p-1
+// dAtanh HA: 0.5773 ulp at -0x1.6710758271c76p-1
 // dAtanh EP: 28.35 bits at -0x1.14d92e06cc8bcp-4
 template <class V, Level L>
 struct Atanh {
@@ -240,10 +193,11 @@ struct Atanh {
       const V scaled = n.power * difference;  // next to the sum: what they differ by is exact
       const V sum_low = a - (sum - one), difference_low = (one - difference) - a;
       const HeadTail<V> num = fast_two_sum(sum - scaled, fnma(n.power, difference_low, sum_low));
-      const HeadTail<V> den = two_sum(sum, scaled);
-      const V den_low = den.tail + fma(n.power, difference_low, sum_low);
-      t = num.head / den.head;
-      t_low = (fnma(t, den.head, num.head) + fnma(t, den_low, num.tail)) * rough_reciprocal(den.head);
+      const V rest = fma(n.power, difference_low, sum_low);
+      // What the denominator lost: exact for e = 0, where nothing larger is added to t.
+      const V den = fma(n.power, difference, sum), den_low = fma(n.power, difference, sum - den) + rest;
+      t = num.head / den;
+      t_low = (fnma(t, den, num.head) + fnma(t, den_low, num.tail)) * complement_of_exponent(den);
     }
     return join_sign(hyperbolic::logarithm<L>(n.e, t, t_low, safe_square<L == Level::HA>(t + t), E(0.5)), x);
   }

@@ -5,12 +5,16 @@
 // an error of log2(x) counts as many times as the result has exponents.
 #pragma once
 
+#include "lanes/clamp.h"
 #include "zym/kernels/explog/exp.h"
+#include "zym/kernels/explog/exp2_sixteenths.h"
 #include "zym/kernels/explog/ln.h"
+#include "zym/kernels/explog/octave.h"
 #include "zym/kernels/explog/tables.h"
 #include "zym/kernels/power/coefficients.h"
 #include "zym/kernels/power/element.h"
 #include "zym/kernels/power/tables.h"
+#include "zym/kernels/shared/halves.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym {
@@ -118,28 +122,28 @@ V exp_rows(V t) {
   return as_float(as_bits(y) + (shift_left<41>(as_bits(sum)) & I(uint64_t{0xFFF0000000000000})));
 }
 
-// In 64 bits. What leaves the range of floats is held at its ends, and is special.
+// In 64 bits: rows of an octave for the logarithm, sixteenths for the power, all of them in wide registers. What leaves
+// the range of floats is held at its ends, and is special.
 // sPow HA: 0.5090 ulp at 0x1.ffa996p-1, 0x1.02c482p+17
 template <Single V>
 struct Pow<V, Level::HA> : PowSingle<V> {
   static constexpr Knobs knobs = {.vectors = 2};
 
   static auto lanes(V x, V y) {
-    using I = Integer<V>;
-    using W = Wide<V>;
-    const V m = as_float((as_bits(x) & I(0x007FFFFFu)) | I(0x3A800000u));
-    const I key = to_integer(reciprocal_estimate(m));
-    const I lower = minus_one(greater_signed(I(724), key));
-    const I e = shift_right<23>(as_bits(x)) - (lower + I(127));
-    const auto half = [](Index<W> k, Index<W> exponent, W wide_m, W wide_y) {
-      const W r = fms(to_double(k), wide_m, W(1.0));
-      const W table = fma(to_double(exponent), W(kPowLn2), gather<512>(kLnHeads, indices(k)));
-      const W t = wide_y * (table + fma(r * r, horner(r, kPowLnDouble), r));
-      return exp_rows(min(max(t, W(-87.3)), W(88.72)));
-    };
-    const V power = narrow(half(low_half(key), low_half(e), widen_low(m), widen_low(y)),
-                           half(high_half(key), high_half(e), widen_high(m), widen_high(y)));
-    return Masked{power, outside<0x0085FFFFu, 0x7F7DFFFFu>(power)};  // e^-87.29, e^88.714
+    const V power = by_halves([](auto wide_x, auto wide_y) __attribute__((always_inline)) {
+      using W = decltype(wide_x);
+      const OctaveKey<W> k(wide_x);
+      const auto row = octave_row<kPowOctave64, W>(k.row());
+      const W r = fms(row.first, k.m(), W(1.0));
+      const W log = fma(r, horner(r, kPowLog2Octave), k.e() + row.second);
+      const W t = clamp_magnitude(wide_y * log, W(126.0));
+      const W shifter = kShifter64 / 16;
+      const W sum = t + shifter;
+      const W f = t - (sum - shifter);
+      const W head = exp2_head_of_16(sum);
+      return fma(head, f * horner(f, kPowExp2Sixteenth), head);
+    }, x, y);
+    return Masked{power, outside<0x00800001u, 0x7E7FFFFFu>(power)};  // between 2^-126 and 2^126
   }
 };
 

@@ -73,7 +73,7 @@ def main(n=1_000_000, workers=2):
     with LocalCluster(n_workers=workers, threads_per_worker=1, dashboard_address=None) as cluster, Client(cluster):
         for rows in (max(n // 4, 1), max(n // 7, 1)):
             summary = summarise(lognormals(n, 3, rows)).compute()
-            print(f"{summary.count} rows in chunks of {rows}: mean {summary.mean}, variance {summary.variance}")
+            print(f"{summary.count()} rows in chunks of {rows}: mean {summary.mean()}, variance {summary.variance()}")
     expected = np.exp(0.25**2 / 2)
     print(f"the mean of the law: {expected:.6f}")
 

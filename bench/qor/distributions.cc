@@ -1,9 +1,8 @@
 // Speed of the distributions beside the standard library's, Boost's and GSL's, in one run: each comparison is timed in
 // turns (bench/support/paired.h). All sides draw from a Mersenne twister of 2^19937 - 1.
 //
-//   bench_distributions [SECONDS [NAME [alone]]]    of each comparison, 0.2 by default; prints a table. An empty NAME
-//   is any;
-//                                                   alone: without the others
+//   bench_distributions [SECONDS [NAME [alone | calls]]]    of each comparison, 0.2 by default; prints a table
+//     NAME: those with it in their names, "" all; alone: without the others; calls: ours for a few numbers
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
@@ -23,6 +22,7 @@ using orvik::bench::Peer;
 
 double seconds = 0.2;
 bool alone = false;
+constexpr int32_t kFew[] = {1, 4, 16};
 
 // What a comparison with peers of a library must reach; 0: no goal.
 struct Goals {
@@ -35,6 +35,7 @@ struct Subject {
   std::function<int32_t(OrvikStream stream, int32_t n, T* r)> draw;
   std::vector<Peer<T>> peers;
   Goals goals;
+  int32_t row = 1;  // numbers that come together
 };
 
 void print(const std::string& what, int32_t n, double ours, double peer, const std::string& name, double goal) {
@@ -98,6 +99,30 @@ void run(const std::vector<Subject<T>>& subjects, const char* only) {
   }
 }
 
+// Nanoseconds of a call for a few numbers.
+template <class T>
+void time_calls(const std::vector<Subject<T>>& subjects, const char* only) {
+  for (const Subject<T>& subject : subjects) {
+    if (subject.row > 1 || subject.name.find(only) == std::string::npos) continue;
+    OrvikStream stream;
+    const uint32_t seed = 777;
+    if (__qorNewStreamEx(&stream, ORVIK_BRNG_MT19937, 1, &seed) != 0) std::abort();
+    std::printf("| %s |", subject.name.c_str());
+    for (const int32_t n : kFew) {
+      std::vector<T> r(static_cast<size_t>(n));
+      Paired paired;
+      paired.add("", [&](int64_t turns) {
+        for (; turns > 0; --turns)
+          if (subject.draw(stream, n, r.data()) < 0) std::abort();
+      });
+      std::printf(" %.1f |", paired.measure(seconds)[0]);
+    }
+    std::printf("\n");
+    std::fflush(stdout);
+    __qorDeleteStream(&stream);
+  }
+}
+
 #define ORVIK_DRAW(T, Function, method, ...) \
   [=](OrvikStream s, int32_t n, T* r) { return _qor##Function(method, s, n, r, __VA_ARGS__); }
 
@@ -113,7 +138,8 @@ Subject<double> gaussian_vectors() {
                                       mean.data(), factor.data());
           },
           orvik::bench::normals_and_product(kDimen, factor),
-          {0, 0.77}};
+          {0, 0.77},
+          kDimen};
 }
 
 // Rows of five outcomes; counts are counted.
@@ -124,7 +150,8 @@ Subject<int32_t> multinomial(uint32_t method, int32_t trials) {
             return _qoriRngMultinomial(method, s, n / 5, r, trials, 5, p.data());
           },
           orvik::bench::multinomial_peers(trials, p),
-          {}};
+          {},
+          5};
 }
 
 std::vector<Subject<double>> real() {
@@ -208,6 +235,14 @@ int main(int argc, char** argv) {
   if (argc > 1) seconds = std::atof(argv[1]);
   const char* const only = argc > 2 ? argv[2] : "";
   alone = argc > 3 && std::strcmp(argv[3], "alone") == 0;
+  if (argc > 3 && std::strcmp(argv[3], "calls") == 0) {
+    std::printf("| a call, ns |");
+    for (const int32_t n : kFew) std::printf(" n = %d |", n);
+    std::printf("\n|---|---|---|---|\n");
+    time_calls(real(), only);
+    time_calls(discrete(), only);
+    return 0;
+  }
   std::printf("| what | ours, ns | peer, ns | peer / ours | goal |\n|---|---|---|---|---|\n");
   run(real(), only);
   run(discrete(), only);

@@ -27,6 +27,7 @@ def widths():
                              for what in wide if what.endswith("n = 1000"))])
 
 
+calls = table.rows([*command, "0.02", "", "calls"])
 misses = [(what, ratio, goal) for what, _, _, ratio, goal in rows[1:]
           if goal.startswith(">=") and float(ratio) < float(goal[2:])]
 
@@ -41,10 +42,14 @@ print("\n".join([
     *table.markdown(rows), "", *table.shortfalls(misses), "",
     "Requests of 1,000 numbers in registers of 512 bits, where the process has such, and, from another run with",
     "`ORVIK_REGISTERS=256`, in those of 256:", "", *widths(), "",
+    "Nanoseconds of a call for one number and for few, the set-up of the parameters kept with the stream where there is one:", "",
+    *table.markdown(calls), "",
     "What limits them:", "",
     "- Exponential is a uniform, a logarithm and the last pass; most of it is the logarithm.",
-    "- Gaussian by method 2 is for the most part the inverse of the error function; by methods 0 and 1 it is the logarithm, the",
-    "  sine and the root, and method 0 pays for two uniforms a number.",
+    "- Gaussian by method 2 is for the most part the inverse of the error function (`dErfInv` EP in performance-vector.md): a logarithm",
+    "  and four coefficients of one of 240 rows, which lie in memory; by methods 0 and 1 it is the logarithm, the sine and the root, and",
+    "  method 0 pays for two uniforms a number.",
+    "- Long requests go to the kernels by 32,768 numbers, so that a chain of kernels finds its numbers in the caches.",
     "- ChiSquare of 15 draws seven uniforms and a normal number of method 0, nine uniforms in all.",
     "- Binomial and Poisson of large parameters take two floats a candidate; what leaves the triangle costs a logarithm, where near the",
     "  mode of smaller ones a table answers.",

@@ -14,18 +14,21 @@ LENGTHS = ("1", "16", "1000", "10000")
 # A wide kernel earns its place by gaining something over the longer lengths and losing nothing at any of them, whatever the arrays' place;
 # what a run differs from the next by does not tell.
 GAIN, NO_SLOWER = 1.03, 0.98
+# An element takes so much longer of 10,000 than of 1,000 where memory sets the pace, of wide registers and narrow ones alike.
+MEMORY = 1.25
 
 
 def read(path):
-    """Ratio narrow/wide by kernel, length and place; times of the scalar loop."""
-    ratios, loops, families = defaultdict(dict), {}, {}
+    """Ratio narrow/wide by kernel, length and place; times of the scalar loop; families; time of the wide kernel as the ratios."""
+    ratios, loops, families, times = defaultdict(dict), {}, {}, defaultdict(dict)
     for r in csv.DictReader(open(path, encoding="ascii")):
         if r["row"].startswith("scalar loop"):
             loops[r["row"]] = (float(r["narrow"]), float(r["wide"]))
         else:
             ratios[r["row"], r["level"]][r["n"], r["beyond"]] = float(r["narrow"]) / float(r["wide"])
             families[r["row"], r["level"]] = r["family"]
-    return ratios, loops, families
+            times[r["row"], r["level"]][r["n"], r["beyond"]] = float(r["wide"])
+    return ratios, loops, families, times
 
 
 def marked_wide():
@@ -56,7 +59,7 @@ def propose(paths):
 
 
 def page(path, machine):
-    ratios, loops, families = read(path)
+    ratios, loops, families, times = read(path)
     wide = marked_wide()
     out = ["# Registers of 512 bits", "",
            "Generated from one run; do not edit. The vector functions have kernels for registers of 512 bits beside those of 256, with the same",
@@ -75,7 +78,10 @@ def page(path, machine):
         if kernel in wide:
             groups["all"].append(kernel)
             groups[families[kernel]].append(kernel)
-    for family in ["all"] + sorted(set(groups) - {"all"}):
+            of_memory = times[kernel]["10000", "0"] > MEMORY * times[kernel]["1000", "0"]
+            groups["limited by memory at 10,000" if of_memory else "not limited by memory"].append(kernel)
+    first = ["all", "not limited by memory", "limited by memory at 10,000"]
+    for family in [group for group in first if group in groups] + sorted(set(groups) - set(first)):
         cells = []
         for key in (("1", "0"), ("16", "0"), ("1000", "0"), ("1000", "16"), ("10000", "0"), ("10000", "16")):
             some = [ratios[kernel][key] for kernel in groups[family]]
@@ -83,7 +89,8 @@ def page(path, machine):
             if int(key[0]) >= 1000:
                 cells.append(f"{min(some):.2f}")
         out.append(f"| {family} | {len(groups[family])} | {' | '.join(cells)} |")
-    out += ["", "Calls of less than a block (32 floats, 16 doubles; strided ones of 32 elements or fewer) are the narrow kernel's, after one comparison.",
+    out += ["", f"Limited by memory: an element of 10,000 takes more than {MEMORY:.2f} times what it takes of 1,000, at whose pace registers no longer count.", "",
+            "Calls of less than a block (32 floats, 16 doubles; strided ones of 32 elements or fewer) are the narrow kernel's, after one comparison.",
             "", "## Neighbours", "", "A chain of dependent scalar additions and products, 40,000 of each, behind one call of 64 elements, microseconds:", "",
             "| behind one call of | narrow | wide | narrow/wide |", "|---|---|---|---|"]
     out += [f"| `{name.split()[-1]}` LA | {a / 1000:.1f} | {b / 1000:.1f} | {a / b:.3f} |" for name, (a, b) in loops.items()]

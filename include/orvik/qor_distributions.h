@@ -28,7 +28,7 @@ enum { ORVIK_RNG_CLAMP = 0x40000000 };
 /* Numbers from `a` to `b`. Clamp. */
 int32_t _qordRngUniform(uint32_t method, OrvikStream stream, int32_t n, double* r, double a, double b);
 int32_t _qorsRngUniform(uint32_t method, OrvikStream stream, int32_t n, float* r, float a, float b);
-/* Integers from `a` to `b` - 1. */
+/* Integers from `a` to `b` - 1; `b` itself where a double next to it is rounded to it, which large bounds have happen. */
 int32_t _qoriRngUniform(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, int32_t a, int32_t b);
 
 /* ---- A uniform transformed --------------------------------------------------------------------------------------- */

@@ -8,5 +8,3 @@ from ._math import *
 from ._math import __version__ as __version__
 from ._math import get_num_threads as get_num_threads
 from ._math import set_num_threads as set_num_threads
-
-__all__: list[str]

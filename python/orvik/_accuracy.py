@@ -1,11 +1,14 @@
 """The level of accuracy of a thread's calls."""
+import contextlib
+from threading import get_ident
+
 from . import _math
 
 _LEVELS = ("HA", "LA", "EP")
 
 
-class accuracy:
-    """Context in which this thread's ufuncs have a level of accuracy.
+class accuracy(contextlib.ContextDecorator):
+    """Context in which this thread's ufuncs have a level of accuracy; also a decorator of functions.
 
     Parameters
     ----------
@@ -15,8 +18,8 @@ class accuracy:
 
     Notes
     -----
-    Contexts nest. Other threads keep their own levels; a new thread begins with "HA". Functions that have one kernel for several
-    levels give the best of them.
+    Contexts nest, and threads may share one. Other threads keep their own levels; a new thread begins with "HA". Functions that have
+    one kernel for several levels give the best of them.
 
     Examples
     --------
@@ -33,14 +36,21 @@ class accuracy:
         if level not in _LEVELS:
             raise ValueError(f"the level of accuracy must be one of {', '.join(_LEVELS)}, not {level!r}")
         self.level = level
-        self._outer: list[int] = []
+        self._outer: dict[int, list[int]] = {}  # levels to come back to, by thread
 
     def __enter__(self) -> "accuracy":
-        self._outer.append(_math._set_accuracy(_LEVELS.index(self.level)))
+        self._outer.setdefault(get_ident(), []).append(_math._set_accuracy(_LEVELS.index(self.level)))
         return self
 
     def __exit__(self, *_: object) -> None:
-        _math._set_accuracy(self._outer.pop())
+        thread = get_ident()
+        levels = self._outer[thread]
+        _math._set_accuracy(levels.pop())
+        if not levels:
+            del self._outer[thread]
+
+    def __reduce__(self) -> tuple[object, ...]:
+        return type(self), (self.level,)
 
     def __repr__(self) -> str:
         return f"accuracy({self.level!r})"

@@ -2,6 +2,7 @@
 import math
 
 import numpy as np
+from numpy.core.numeric import normalize_axis_tuple
 
 _DOUBLE = np.dtype(np.float64)
 
@@ -12,11 +13,20 @@ def numbers(x, dtype=None):
     given = array.dtype
     if given is _DOUBLE and dtype is None:
         return array
+    if given.kind == "O" and _are_numbers_of_pandas(x):  # which may lack values, so that NumPy takes them for objects
+        array = x.to_numpy(dtype=np.float64, na_value=np.nan)
+        given = array.dtype
     if given.kind not in "fiub":
         raise TypeError(f"observations must be real numbers, not {given}")
     if dtype is None:
         dtype = np.float32 if given.newbyteorder("=") in (np.float32, np.float16) else np.float64
     return np.asarray(array, dtype)
+
+
+def _are_numbers_of_pandas(x):
+    if not hasattr(x, "to_numpy"):
+        return False
+    return all(getattr(column, "kind", "O") in "fiub" for column in (x.dtypes if x.ndim == 2 else [x.dtype]))
 
 
 def _plain(array):
@@ -40,17 +50,20 @@ def table(x, dtype=None):
 
 
 def table_along(x, axis):
-    """(n, p) of x with its observations along an axis (None: all of it), and the shape of what remains."""
+    """(n, p) of x with its observations along an axis or several (None: all of it), and the shape of what remains."""
     array = numbers(x)
     if axis is None or array.ndim == 0:
         if axis not in (None, 0, -1):
             raise np.AxisError(axis, array.ndim)
         return _plain(array.reshape(-1, 1)), ()
+    along = 1
     if axis != 0:
-        array = np.moveaxis(array, axis, 0)
-    rest = array.shape[1:]
-    if array.ndim != 2:
-        array = array.reshape(array.shape[0], math.prod(rest))
+        axes = normalize_axis_tuple(axis, array.ndim)
+        along = len(axes)
+        array = np.moveaxis(array, axes, range(along))
+    rest = array.shape[along:]
+    if array.ndim != 2 or along != 1:
+        array = array.reshape(math.prod(array.shape[:along]), math.prod(rest))
     return _plain(array), rest
 
 

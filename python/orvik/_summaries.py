@@ -1,4 +1,5 @@
 """Statistics of observations that come block by block, as objects."""
+import copy
 import operator
 import threading
 
@@ -8,7 +9,50 @@ from . import _statistics
 from ._observations import table, weights_for
 
 
-class Summary:
+class Running:
+    """What grows by blocks of observations: an object of the library, its type, images of it."""
+
+    _kind = ""  # of orvik._statistics, without the type
+
+    def _adopt(self, state, dtype):
+        self._state = state
+        self._dtype = dtype
+        self._lock = threading.RLock()
+
+    @property
+    def p(self):
+        """Number of variables."""
+        return self._state.dimension()
+
+    @property
+    def dtype(self):
+        """Type of blocks and results."""
+        return self._dtype
+
+    def _read(self, name, *arguments):
+        with self._lock:
+            return getattr(self._state, name)(*arguments)
+
+    def copy(self):
+        """An independent object that has met the same observations."""
+        return copy.copy(self)
+
+    def __reduce__(self):
+        own = {key: value for key, value in self.__dict__.items() if key not in ("_state", "_dtype", "_lock")}
+        return _of_image, (type(self), self._dtype.str, self._read("image")), own or None
+
+
+def _of_image(kind, dtype, image):
+    if not (isinstance(kind, type) and issubclass(kind, Running) and kind._kind):
+        raise TypeError(f"{kind!r} is not a class of orvik.stats")
+    if not isinstance(image, bytes):
+        raise TypeError("an image is bytes")
+    made = kind.__new__(kind)
+    made._adopt(kind_of(kind._kind, dtype)(image), np.dtype(dtype))
+    return made
+
+
+class Summary(Running):
     """Moments, extremes and covariances of any number of blocks of observations, of which none is kept.
 
     Summaries of parts merge into that of the whole, also between processes: objects are pickled by an image with a
@@ -30,27 +74,14 @@ class Summary:
     >>> a.update(x[:4])
     >>> b.update(x[4:])
     >>> a.merge(b)
-    >>> a.count, a.mean
+    >>> a.count(), a.mean()
     (6, array([5., 6.]))
     """
 
+    _kind = "Summary"
+
     def __init__(self, p, dtype=np.float64):
         self._adopt(kind_of("Summary", dtype)(_positive(p, "p")), np.dtype(dtype))
-
-    def _adopt(self, summary, dtype):
-        self._summary = summary
-        self._dtype = dtype
-        self._lock = threading.RLock()
-
-    @property
-    def p(self):
-        """Number of variables."""
-        return self._summary.dimension()
-
-    @property
-    def dtype(self):
-        """Type of blocks and results."""
-        return self._dtype
 
     def update(self, block, weights=None):
         """Adds observations.
@@ -63,7 +94,7 @@ class Summary:
         """
         x, _ = table(block, self._dtype)
         with self._lock:
-            self._summary.update(x, weights_for(weights, x.shape[0], self._dtype))
+            self._state.update(x, weights_for(weights, x.shape[0], self._dtype))
 
     def merge(self, other):
         """Adds what another summary of as many variables and the same type has seen; it stays as it is."""
@@ -75,80 +106,49 @@ class Summary:
             raise ValueError(f"a Summary of {self.p} variables does not merge with one of {other.p}")
         first, second = sorted((self, other), key=id)
         with first._lock, second._lock:
-            self._summary.merge(other._summary)
+            self._state.merge(other._state)
 
-    def _read(self, name):
-        with self._lock:
-            return getattr(self._summary, name)()
-
-    @property
     def count(self):
         """Number of observations."""
         return self._read("count")
 
-    @property
     def mean(self):
         """Means, an array of shape (p,); as all results, NaN before the first observation."""
         return self._read("mean")
 
-    @property
     def variance(self):
         """Unbiased variances."""
         return self._read("variance")
 
-    @property
     def skewness(self):
         """Third central moments over the unbiased variance to the power 3/2."""
         return self._read("skewness")
 
-    @property
     def kurtosis(self):
         """Fourth central moments over the squared unbiased variance, less 3."""
         return self._read("kurtosis")
 
-    @property
     def min(self):
         """Minima."""
         return self._read("min")
 
-    @property
     def max(self):
         """Maxima."""
         return self._read("max")
 
-    @property
     def covariance(self):
         """Unbiased covariances, of shape (p, p)."""
         return self._read("covariance")
 
-    @property
     def correlation(self):
         """Correlations, of shape (p, p); NaN with a variable that does not vary."""
         return self._read("correlation")
 
-    def copy(self):
-        """An independent summary of the same observations."""
-        return _summary_of(self._dtype.str, self._read("image"))
-
-    def __copy__(self):
-        return self.copy()
-
-    def __reduce__(self):
-        return _summary_of, (self._dtype.str, self._read("image"))
-
     def __repr__(self):
-        return f"<Summary of {self.count} observations of {self.p} variables, {self._dtype}>"
+        return f"<Summary of {self.count()} observations of {self.p} variables, {self._dtype}>"
 
 
-def _summary_of(dtype, image):
-    if not isinstance(image, bytes):
-        raise TypeError("a Summary's image is bytes")
-    summary = Summary.__new__(Summary)
-    summary._adopt(kind_of("Summary", dtype)(image), np.dtype(dtype))
-    return summary
-
-
-class StreamQuantiles:
+class StreamQuantiles(Running):
     """Quantiles of any number of blocks of observations, of which few are kept.
 
     Pickling and copying go on where the object is: what comes later gives the numbers that it gives here.
@@ -173,54 +173,25 @@ class StreamQuantiles:
     True
     """
 
+    _kind = "StreamQuantiles"
+
     def __init__(self, p, epsilon, dtype=np.float64):
         p = _positive(p, "p")
         self._adopt(kind_of("StreamQuantiles", dtype)(p, float(epsilon)), np.dtype(dtype))
-
-    def _adopt(self, stream, dtype):
-        self._p = stream.dimension()
-        self._stream = stream
-        self._dtype = dtype
-        self._lock = threading.RLock()
-
-    @property
-    def p(self):
-        """Number of variables."""
-        return self._p
-
-    def copy(self):
-        """An independent object that has met the same observations."""
-        return _stream_quantiles_of(self._dtype.str, self._image())
-
-    def __copy__(self):
-        return self.copy()
-
-    def __reduce__(self):
-        return _stream_quantiles_of, (self._dtype.str, self._image())
-
-    def _image(self):
-        with self._lock:
-            return self._stream.image()
 
     def update(self, block):
         """Adds observations, of shape (n, p), or (n,) where p is 1."""
         x, _ = table(block, self._dtype)
         with self._lock:
-            self._stream.update(x)
+            self._state.update(x)
 
     def quantile(self, q):
         """Quantiles of orders `q`, of shape q.shape + (p,); NaN before the first observation."""
         orders, shape = orders_of(q, self._dtype)
-        with self._lock:
-            return orders_first(self._stream.query(orders), shape, (self._p,))
+        return orders_first(self._read("query", orders), shape, (self.p,))
 
-
-def _stream_quantiles_of(dtype, image):
-    if not isinstance(image, bytes):
-        raise TypeError("an image of StreamQuantiles is bytes")
-    quantiles = StreamQuantiles.__new__(StreamQuantiles)
-    quantiles._adopt(kind_of("StreamQuantiles", dtype)(image), np.dtype(dtype))
-    return quantiles
+    def __repr__(self):
+        return f"<StreamQuantiles of {self.p} variables, {self._dtype}>"
 
 
 def kind_of(name, dtype):

@@ -116,7 +116,7 @@ class Spline:
         scalar or ndarray
             Of shape t.shape, after (ny,) where the spline is of several functions. NaN where t is.
         """
-        if derivative != 0:
+        if type(derivative) is not int or derivative != 0:
             derivative = min(operator.index(derivative), 4)
             if derivative < 0:
                 raise ValueError("derivative must not be negative")
@@ -137,7 +137,22 @@ class Spline:
         return np.require(t, self._dtype, ["C", "A"]).reshape(t.shape)
 
     def __reduce__(self):
-        return Spline, self._arguments
+        own = {key: value for key, value in self.__dict__.items() if key not in ("_spline", "_arguments", "_dtype", "_rows")}
+        return _spline_of, (type(self), *self._arguments), own or None
+
+    def __repr__(self):
+        x, _, kind, ends, _ = self._arguments
+        functions = f"{self._rows[0]} functions, " if self._rows else ""
+        return f"<Spline of {functions}{x.size} breakpoints, {kind}, ends {ends!r}, {self._dtype}>"
+
+
+def _spline_of(kind, *arguments):
+    """A spline, whatever a subclass needs to be made."""
+    if not (isinstance(kind, type) and issubclass(kind, Spline)):
+        raise TypeError(f"{kind!r} is not a Spline")
+    made = kind.__new__(kind)
+    Spline.__init__(made, *arguments)
+    return made
 
 
 def _plain(array, dtype):

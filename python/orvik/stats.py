@@ -19,6 +19,7 @@ import operator
 from typing import NamedTuple
 
 import numpy as np
+from numpy.core.multiarray import normalize_axis_index
 
 from . import _statistics
 from ._observations import numbers, table, table_along, weights_for
@@ -53,7 +54,7 @@ def summary(x, axis=0, weights=None):
     Parameters
     ----------
     x : array_like
-    axis : int or None, optional
+    axis : int, tuple of ints or None, optional
         Along which observations lie. None: all of x is one variable.
     weights : array_like, optional
         One for each observation, not negative.
@@ -97,7 +98,7 @@ def cov(x, weights=None):
 
 def corrcoef(x, weights=None):
     """Correlations of the columns, as `numpy.corrcoef(x, rowvar=False)`; NaN with a column that does not vary."""
-    return _matrix(x, weights, "correlation")
+    return _matrix(x, weights, "correlation")[()]
 
 
 def _matrix(x, weights, name):
@@ -121,7 +122,7 @@ def quantile(x, q, axis=0):
     x : array_like
     q : array_like
         Orders, 0 to 1.
-    axis : int or None, optional
+    axis : int, tuple of ints or None, optional
         Along which observations lie. None: all of x is one variable.
 
     Returns
@@ -160,11 +161,13 @@ def weighted_median(x, weights, axis=0):
     x : array_like
     weights : array_like
         One for each observation, not negative.
-    axis : int, optional
-        Along which observations lie.
+    axis : int, tuple of ints or None, optional
+        Along which observations lie. None: all of x is one variable.
     """
     data, rest = table_along(x, axis)
     _some(data)
+    if weights is None:
+        raise TypeError("weights must be real numbers, not None")
     weights = weights_for(weights, data.shape[0], data.dtype)
     if data.shape[1] == 0:
         return np.empty(rest, data.dtype)
@@ -253,6 +256,8 @@ def impute(x, sets=None):
     count = 1 if sets is None else operator.index(sets)
     if count < 0:
         raise ValueError("sets must not be negative")
+    if np.isinf(data).any():
+        raise ValueError("x must not hold infinities")
     n, p = data.shape
     r = np.empty(count * n * p, data.dtype)
     if r.size:
@@ -264,10 +269,9 @@ def impute(x, sets=None):
 def sort(x, axis=0):
     """A sorted copy, each variable by itself in ascending order and NaN last, as `numpy.sort(x, axis)`."""
     array = numbers(x)
-    if array.ndim == 0:
-        raise np.AxisError("Cannot sort a scalar")
     if axis is None:
         array, axis = array.reshape(-1), 0
+    axis = normalize_axis_index(operator.index(axis), array.ndim)
     moved = np.moveaxis(array, axis, 0)
     data = np.array(moved.reshape(moved.shape[0], -1) if moved.size else moved.reshape(0, 1), order="C")
     if data.size:

@@ -22,10 +22,13 @@
 
 namespace orvik {
 
+// Members of what holds several vectors are mutable for the compiler's sake alone: g++ 12 keeps a const variable of such a
+// type in memory, whole copies of it included, and one that may change in registers.
+
 // Two of them side by side: lanes of twice the width, and what else comes one a vector (indices, masks).
 template <class T>
 struct Twice {
-  T low, high;
+  mutable T low, high;
   Twice() = default;
   Twice(T l, T h) : low(l), high(h) {}
   template <class All>
@@ -141,19 +144,19 @@ using VectorOf = std::conditional_t<std::is_same_v<E, float>, F32, F64>;
 // A pair of lanes: the results of a function of two, real and imaginary parts.
 template <class V>
 struct Pair {
-  V first, second;
+  mutable V first, second;
 };
 
 // Four of them: the columns of a table of rows of four.
 template <class V>
 struct Quad {
-  V c[4];
+  mutable V c[4];
 };
 
 // Parts as they lie in memory, of as many elements as a pair of lanes holds: real and imaginary ones alternate.
 template <class V>
 struct Stored {
-  V first, second;
+  mutable V first, second;
 };
 
 }  // namespace orvik

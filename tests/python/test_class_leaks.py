@@ -10,7 +10,7 @@ import numpy as np
 import pytest
 
 from orvik import stats
-from orvik._summaries import _summary_of
+from orvik._summaries import _of_image
 from orvik.interpolate import Spline, search
 from orvik.random import MT2203, MT19937, NIEDERREITER, PHILOX4X32X10
 
@@ -33,15 +33,16 @@ def streams():
     stream.normal(size=1000), stream.uniform(0, 1, 5), stream.exponential(), stream.normal(out=np.empty(9))
     copied = stream.copy()
     copied.state = stream.state
+    stream.__init__(8)
     stream.spawn(1), NIEDERREITER(100).words(100), MT2203(1, 3).jumped
     PHILOX4X32X10(1).multivariate_normal([0, 1], np.eye(2), size=10)
 
 
 def refused_streams():
     stream = MT19937(7)
-    image = stream.state["image"]
-    refused(setattr, stream, "state", {"bit_generator": "MT19937", "image": image[:-1]})
-    refused(setattr, stream, "state", {"bit_generator": "MT19937", "image": MT2203(1).state["image"]})
+    image = stream.state["state"]
+    refused(setattr, stream, "state", {"bit_generator": "MT19937", "state": image[:-1]})
+    refused(setattr, stream, "state", {"bit_generator": "MT19937", "state": MT2203(1).state["state"]})
     refused(stream.uniform, 1, 0, size=1000)
     refused(stream.uniform, out=np.zeros(10)[::2])
     refused(stream.normal, 0.0, -1.0, 7), refused(stream.uniform, oops=1), refused(MT19937.uniform)
@@ -67,7 +68,7 @@ def refused_statistics():
     refused(s.update, X[:, :3])
     refused(s.update, X, -np.ones(300))
     refused(s.merge, stats.Summary(3))
-    refused(_summary_of, "<f8", s.__reduce__()[1][1][:-1])
+    refused(_of_image, stats.Summary, "<f8", s.__reduce__()[1][2][:-1])
     refused(stats.quantile, X, 2.0)
     refused(stats.cov, X, np.full(300, np.nan))
     refused(stats.StreamQuantiles, 1, -1.0)
@@ -95,9 +96,9 @@ def pickles():
     pickle.loads(pickle.dumps(stats.Summary(4)))
     quantiles = stats.StreamQuantiles(2, 0.1)
     quantiles.update(np.ones((100, 2)))
-    name, image = pickle.loads(pickle.dumps(quantiles)).__reduce__()[1]
+    kind, name, image = pickle.loads(pickle.dumps(quantiles)).__reduce__()[1]
     with contextlib.suppress(ValueError):
-        quantiles.__reduce__()[0](name, image[:-1])
+        quantiles.__reduce__()[0](kind, name, image[:-1])
 
 
 def resident():

@@ -1,6 +1,7 @@
 """Distributions as methods: the library's numbers, NumPy's conventions, long draws in pieces."""
 import ctypes
 import inspect
+import pydoc
 import re
 import signal
 import threading
@@ -434,7 +435,7 @@ def test_plain_calls_are_what_the_method_in_python_does(name):
         got, wanted = short(a, *arguments, **named), slow(b, *arguments, **named)
         assert type(got) is type(wanted)
         np.testing.assert_array_equal(got, wanted)
-        assert a.state["image"] == b.state["image"]
+        assert a.state["state"] == b.state["state"]
     for shape in ((10,), (3, 4), (), (700_000,)):
         a, b, mine, theirs = MT19937(5), MT19937(5), np.empty(shape), np.empty(shape)
         assert short(a, *parameters, out=mine) is mine
@@ -450,12 +451,17 @@ def test_plain_calls_are_what_the_method_in_python_does(name):
 ])
 def test_refused_plain_calls_are_refused_by_the_method_in_python(arguments, named):
     a = MT19937(5)
-    before = a.state["image"]
+    before = a.state["state"]
     with pytest.raises(Exception) as wanted:
         MT19937.uniform.__wrapped__(a, *arguments, **named)
     with pytest.raises(wanted.type, match=re.escape(str(wanted.value))):
         a.uniform(*arguments, **named)
-    assert a.state["image"] == before
+    assert a.state["state"] == before
+
+
+def test_help_of_methods_with_a_short_way_has_their_text():
+    for thing in (MT19937, MT19937.uniform, MT19937(1).uniform):
+        assert "Numbers evenly between" in pydoc.render_doc(thing, renderer=pydoc.plaintext)
 
 
 def test_methods_with_a_short_way_look_like_methods():
@@ -503,7 +509,7 @@ def test_constant_arrays_of_parameters_draw_as_numbers_do(name, more, names, val
     wanted = getattr(a, name)(**more, **dict(zip(names, values)), size=(50, 21), dtype=kinds[dtype])
     arrays = {n: np.full(21 if k else (50, 1), v) for k, (n, v) in enumerate(zip(names, values))}
     np.testing.assert_array_equal(getattr(b, name)(**more, **arrays, size=(50, 21), dtype=kinds[dtype]), wanted)
-    assert a.state["image"] == b.state["image"]
+    assert a.state["state"] == b.state["state"]
     out = np.empty((50, 21), kinds[dtype])
     assert getattr(MT19937(9), name)(**more, **arrays, dtype=kinds[dtype], out=out) is out
     np.testing.assert_array_equal(out, wanted)
@@ -551,10 +557,10 @@ def test_parameters_broadcast_as_numpys_do():
 ])
 def test_one_parameter_outside_its_domain_leaves_the_stream(name, arguments):
     s = MT19937(9)
-    before = s.state["image"]
+    before = s.state["state"]
     with pytest.raises(ValueError):
         getattr(s, name)(*arguments)
-    assert s.state["image"] == before
+    assert s.state["state"] == before
 
 
 def test_arrays_that_parameters_cannot_be():
@@ -706,3 +712,13 @@ def test_sets_are_drawn_in_ascending_order_each_as_a_call_of_its_own(name, param
         same = np.flatnonzero(np.logical_and.reduce([v == v[i] for v in p]))
         if i == same[0]:
             np.testing.assert_array_equal(got[same], getattr(s, name)(*(v[i].item() for v in p), size=same.size))
+
+
+@pytest.mark.parametrize("call, said", [(lambda s: s.normal(0, -1, 3), "loc = 0.0, scale = -1.0"),
+                                        (lambda s: s.normal([0, 1], [1, -2]), "loc = 1.0, scale = -2.0"),
+                                        (lambda s: s.uniform(2, 1), "low = 2.0, high = 1.0"), (lambda s: s.poisson(-3), "lam = -3.0"),
+                                        (lambda s: s.binomial(3, 1.5, dtype=np.int64), "n = 3, p = 1.5"),
+                                        (lambda s: s.gamma(-1, [1.0, 2.0]), "shape = -1.0"), (lambda s: s.chisquare(0), "df = 0")])
+def test_what_is_outside_its_domain_is_named(call, said):
+    with pytest.raises(ValueError, match=re.escape(said)):
+        call(PHILOX4X32X10(1))

@@ -1,4 +1,5 @@
 """Splines and search beside SciPy and NumPy."""
+import copy
 import pickle
 
 import numpy as np
@@ -221,3 +222,31 @@ def test_search_is_searchsorted(dtype, data):
 def test_search_refuses_what_does_not_ascend(x, error):
     with pytest.raises(error):
         search(x, [0.5])
+
+
+class Titled(Spline):
+    def __init__(self, title):
+        super().__init__([0, 1, 2], [0, 1, 4])
+        self.title = title
+
+
+@pytest.mark.parametrize("copied", [copy.copy, copy.deepcopy, lambda s: pickle.loads(pickle.dumps(s))])
+def test_copies_of_subclasses_are_of_the_subclass_and_keep_its_attributes(copied):
+    s = copied(Titled("a"))
+    assert type(s) is Titled and s.title == "a" and s(2) == 4
+
+
+@pytest.mark.parametrize("derivative, error", [(0.0, TypeError), (1.0, TypeError), (None, TypeError), ("1", TypeError), (-1, ValueError)])
+def test_orders_of_derivatives_that_are_none(derivative, error):
+    with pytest.raises(error) as raised:
+        Spline([0, 1, 2], [0, 1, 4])(0.5, derivative)
+    assert "incompatible function arguments" not in str(raised.value)
+
+
+def test_orders_of_derivatives_are_any_integers():
+    s = Spline([0, 1, 2], [0, 1, 4])
+    assert s(0.5, np.int64(0)) == s(0.5) and s(0.5, np.uint8(1)) == s(0.5, 1) and s(0.5, 10**30) == 0
+
+
+def test_a_spline_says_what_it_is():
+    assert repr(Spline([0, 1, 2], [[0, 1, 4]] * 2, ends="not-a-knot")) == "<Spline of 2 functions, 3 breakpoints, natural, ends 'not-a-knot', float64>"

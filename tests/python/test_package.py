@@ -76,6 +76,66 @@ def test_stubs_have_all_names():
     assert (FOLDER / "py.typed").exists()
 
 
+def test_the_stub_of_the_ufuncs_lists_them_for_checkers_of_types():
+    """A star import takes what `__all__` has as a literal, and nothing else."""
+    tree = ast.parse((FOLDER / "_math.pyi").read_text())
+    (listed,) = (ast.literal_eval(node.value) for node in tree.body if isinstance(node, ast.Assign) and node.targets[0].id == "__all__")
+    assert listed == orvik._math.__all__
+    package = ast.parse((FOLDER / "__init__.pyi").read_text())
+    assert any(isinstance(node, ast.ImportFrom) and node.module == "_math" and node.names[0].name == "*" for node in package.body)
+
+
+USE = """
+import numpy as np
+import orvik
+from orvik import *
+from orvik import interpolate, random, stats
+
+x = np.linspace(0.1, 1, 5)
+with orvik.accuracy("LA"):
+    orvik.log(x, out=exp(x), where=x > 0)
+
+@accuracy("EP")
+def length(y: list[float]) -> int:
+    return len(y)
+
+length([1.0])
+orvik.set_num_threads(0)
+rng = np.random.Generator(random.MT19937(7))
+stream = random.PHILOX4X32X10([1, 2, 3])
+words: int = stream.words()
+raw: int = stream.random_raw()
+child: random.PHILOX4X32X10 = stream.spawn(2)[0].jumped().copy()
+stream.state = stream.state
+member: int = random.MT2203(1, member=3).member
+stream.normal([0.0, 1.0], 2.0, size=(3, 2), dtype=np.float32)
+random.SOBOL((2, 1)).uniform(out=x)
+s = stats.Summary(1)
+s.merge(s.copy())
+count: int = stats.summary(x, axis=(0,)).count
+stats.quantile(x, [0.1, 0.2])
+interpolate.Spline(x, x, ends=("first", 0, 1.0))(0.5, derivative=1)
+interpolate.search(x, 0.5)
+"""
+
+
+def test_a_checker_of_types_finds_every_name(tmp_path):
+    mypy = shutil.which("mypy")
+    if not mypy:
+        pytest.skip("no mypy here")
+    programs = {"use.py": USE, "misuse.py": USE + "\norvik.no_such_function(x)\nstream.normal(scale='a', size='b')\n"}
+    for name, text in programs.items():
+        (tmp_path / name).write_text(text)
+    (tmp_path / "packages").mkdir()
+    (tmp_path / "packages" / "orvik").symlink_to(FOLDER)  # mypy refuses folders that Python itself looks into
+    environment = {key: value for key, value in os.environ.items() if key != "LD_PRELOAD"} | {"MYPYPATH": "packages"}
+    done = subprocess.run([mypy, "--strict", "--no-error-summary", "--cache-dir", "cache", *programs], capture_output=True, text=True,
+                          cwd=tmp_path, env=environment)
+    errors = [line for line in done.stdout.splitlines() if ": error: " in line]
+    assert len(errors) == 2 and all(line.startswith("misuse.py") for line in errors), done.stdout + done.stderr
+    assert "no_such_function" in errors[0] and '"size"' in errors[1]
+
+
 ROWS = pathlib.Path(__file__).parents[2] / "tools" / "rows" / "python.py"
 
 

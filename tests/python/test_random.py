@@ -340,7 +340,7 @@ def test_grandchildren_lie_between_children():
     expected = first.copy()
     expected.skip(1 << 96)
     assert inner.state == expected.state
-    assert len({s.state["image"] for s in (parent, first, second, inner)}) == 4
+    assert len({s.state["state"] for s in (parent, first, second, inner)}) == 4
 
 
 def test_families_spawn_members_with_seeds_of_their_own():
@@ -365,10 +365,10 @@ def test_what_cannot_spawn_says_so():
 
 @pytest.mark.parametrize("state, error", [(None, TypeError), (5, TypeError), ({}, ValueError), ([], TypeError),
                                           ({"bit_generator": "PCG64"}, ValueError), ({"bit_generator": "MT19937"}, ValueError),
-                                          ({"bit_generator": "MT19937", "image": "text"}, ValueError),
-                                          ({"bit_generator": "MT19937", "image": b""}, ValueError),
-                                          ({"bit_generator": "MT19937", "image": b"x" * 3000}, ValueError),
-                                          ({"bit_generator": "MT19937", "image": R250(1).state["image"]}, ValueError)])
+                                          ({"bit_generator": "MT19937", "state": "text"}, ValueError),
+                                          ({"bit_generator": "MT19937", "state": b""}, ValueError),
+                                          ({"bit_generator": "MT19937", "state": b"x" * 3000}, ValueError),
+                                          ({"bit_generator": "MT19937", "state": R250(1).state["state"]}, ValueError)])
 def test_bad_states_are_refused_and_leave_the_stream(state, error):
     stream = MT19937(1)
     before = stream.state
@@ -379,17 +379,17 @@ def test_bad_states_are_refused_and_leave_the_stream(state, error):
 
 @pytest.mark.parametrize("kind", [PHILOX4X32X10, MRG32K3A])
 def test_no_damaged_image_is_taken(kind):
-    image = kind(1).state["image"]
+    image = kind(1).state["state"]
     stream = kind(2)
     for place in range(len(image)):
         for flip in (1, 0x80):
             damaged = bytearray(image)
             damaged[place] ^= flip
             with pytest.raises(ValueError):
-                stream.state = {"bit_generator": kind.__name__, "image": bytes(damaged)}
+                stream.state = {"bit_generator": kind.__name__, "state": bytes(damaged)}
     for length in range(len(image)):
         with pytest.raises(ValueError):
-            stream.state = {"bit_generator": kind.__name__, "image": image[:length]}
+            stream.state = {"bit_generator": kind.__name__, "state": image[:length]}
     assert stream.state == kind(2).state
 
 
@@ -472,3 +472,67 @@ def test_an_object_that_was_not_made_is_no_crash():
         _random.Stream()
     with pytest.raises(ValueError):
         _random.Stream.make(1, 1).serve(ctypes.pythonapi)
+
+
+def test_generators_draw_on_from_an_object_that_is_initialised_again():
+    stream = PHILOX4X32X10(7)
+    rng = np.random.Generator(stream)
+    draw = stream.uniform
+    rng.random(5)
+    stream.__init__(9)
+    assert rng.random() == np.random.Generator(PHILOX4X32X10(9)).random()
+    stream.__init__(9)
+    assert draw() == PHILOX4X32X10(9).uniform()
+    member = MT2203(1, 5)
+    other = np.random.Generator(member)
+    member.__init__(1, member=3)
+    assert member.member == 3 and other.random() == np.random.Generator(MT2203(1, 3)).random()
+    with pytest.raises(ValueError):
+        stream.__init__(-1)
+    before = stream.state
+    assert draw() is not None and stream.state != before
+
+
+class Own(PHILOX4X32X10):
+    def __init__(self, name, seed):
+        super().__init__(seed)
+
+
+class OwnPoints(SOBOL):
+    pass
+
+
+@pytest.mark.parametrize("copied", [copy.copy, copy.deepcopy, lambda s: pickle.loads(pickle.dumps(s)), lambda s: s.copy()])
+def test_copies_of_subclasses_are_of_the_subclass_and_go_on_alike(copied):
+    for stream in (Own("a", 5), OwnPoints(3)):
+        stream.skip(7)
+        other = copied(stream)
+        assert type(other) is type(stream) and np.array_equal(other.uniform(size=4), stream.uniform(size=4))
+
+
+@pytest.mark.parametrize("kind", ["MT19937", "PHILOX4X32X10", "MT2203"])
+@pytest.mark.parametrize("copied", [copy.copy, copy.deepcopy, lambda s: pickle.loads(pickle.dumps(s))])
+def test_numpys_generators_over_a_stream_are_copied_and_pickled(kind, copied):
+    rng = np.random.Generator(getattr(orvik.random, kind)(7))
+    rng.standard_normal(3)
+    other = copied(rng)
+    assert type(other.bit_generator) is getattr(orvik.random, kind)
+    assert np.array_equal(other.random(5), rng.random(5))
+
+
+@pytest.mark.parametrize("kind", ["MT19937", "PHILOX4X32X10", "SOBOL"])
+def test_a_random_state_over_a_stream_has_a_state(kind):
+    old = np.random.RandomState(getattr(orvik.random, kind)(7))
+    old.randn(3)
+    state = old.get_state(legacy=False)
+    assert state["bit_generator"] == kind
+    first = old.randn(4)
+    old.set_state(state)
+    assert np.array_equal(old.randn(4), first)
+
+
+def test_a_random_state_over_a_stream_is_pickled():
+    old = np.random.RandomState(PHILOX4X32X10(7))
+    old.randn(3)
+    other = pickle.loads(pickle.dumps(old))
+    assert np.array_equal(other.randn(4), old.randn(4))

@@ -1,6 +1,8 @@
 """Threads of Python's and of the library's, and processes."""
+import copy
 import multiprocessing
 import os
+import pickle
 import subprocess
 import sys
 import threading
@@ -149,3 +151,51 @@ def test_interpreters_start_and_end_with_calls_under_way():
             "for _ in range(3): threading.Thread(target=lambda: [orvik.exp(x) for _ in range(50)], daemon=True).start()\n"
             "orvik.exp(x)\n")
     assert subprocess.run([sys.executable, "-c", code], timeout=120, check=False).returncode == 0
+
+
+def test_threads_may_share_one_context_of_a_level():
+    """Each comes back to the level that it had, whoever leaves first."""
+    shared, entered, left = orvik.accuracy("LA"), threading.Event(), threading.Event()
+    levels = []
+
+    def other():
+        orvik.set_accuracy("EP")
+        with shared:
+            entered.set()
+            left.wait(60)
+            levels.append(orvik.get_accuracy())
+        levels.append(orvik.get_accuracy())
+
+    thread = threading.Thread(target=other)
+    with shared:
+        thread.start()
+        assert entered.wait(60)
+        with shared:
+            assert orvik.get_accuracy() == "LA"
+    assert orvik.get_accuracy() == "HA"
+    left.set()
+    thread.join()
+    assert levels == ["LA", "EP"]
+
+
+def test_a_level_decorates_a_function():
+    @orvik.accuracy("EP")
+    def level(fails=False):
+        """Text."""
+        if fails:
+            raise KeyError
+        return orvik.get_accuracy()
+
+    assert level() == "EP" and level.__name__ == "level" and level.__doc__ == "Text."
+    with pytest.raises(KeyError):
+        level(fails=True)
+    assert orvik.get_accuracy() == "HA"
+
+
+def test_a_context_of_a_level_is_copied_as_a_new_one():
+    with orvik.accuracy("LA") as context:
+        for other in (pickle.loads(pickle.dumps(context)), copy.copy(context), copy.deepcopy(context)):
+            with other:
+                assert orvik.get_accuracy() == other.level == "LA"
+        assert orvik.get_accuracy() == "LA"
+    assert orvik.get_accuracy() == "HA"

@@ -51,14 +51,17 @@ class BitGenerator(Distributions, np.random.BitGenerator):
 
     def _adopt(self, stream, sequence, generation=0, spawned=0):
         """Becomes the bit generator of a stream."""
-        super().__init__(sequence)
-        self.lock = threading.RLock()
-        self._stream = stream
-        self._place = stream.place()
-        self._sequence = sequence
-        self._generation = generation
-        self._spawned = spawned
-        stream.serve(self.capsule)
+        own = getattr(self, "_stream", None)
+        if own is None:
+            super().__init__(sequence)
+            self.lock = threading.RLock()
+            self._stream = stream
+            self._place = stream.place()
+            stream.serve(self.capsule)
+        with self.lock:
+            if own is not None:  # __init__ once more: Generators draw from the stream that they were given
+                own.become(stream)
+            self._sequence, self._generation, self._spawned = sequence, generation, spawned
 
     def _of(self, stream, sequence=None, generation=None):
         other = type(self).__new__(type(self))
@@ -72,7 +75,7 @@ class BitGenerator(Distributions, np.random.BitGenerator):
     def state(self):
         """The stream's place: a dict of the generator's name and the stream's image, bytes with a checksum."""
         with self.lock:
-            return {"bit_generator": type(self).__name__, "image": self._stream.image()}
+            return {"bit_generator": type(self).__name__, "state": self._stream.image()}
 
     @state.setter
     def state(self, value):
@@ -81,7 +84,7 @@ class BitGenerator(Distributions, np.random.BitGenerator):
         name = type(self).__name__
         if value.get("bit_generator") != name:
             raise ValueError(f"state must be for a {name}")
-        image = value.get("image")
+        image = value.get("state")
         if not isinstance(image, bytes):
             raise ValueError("state holds no image")
         generation, spawned = (operator.index(value.get(key, 0)) for key in ("generation", "spawned"))
@@ -99,7 +102,7 @@ class BitGenerator(Distributions, np.random.BitGenerator):
 
     def __reduce__(self):
         state = self.state | {"generation": self._generation, "spawned": self._spawned, "sequence": self._sequence}
-        return _unpickled, (type(self).__name__,), state
+        return _unpickled, (type(self),), state
 
     def random_raw(self, size=None, output=True):
         """Words of 32 bits, as Generator draws them.
@@ -271,11 +274,10 @@ class Family(BitGenerator):
         return [type(self)(sequence, (first + k) % self._members) for k, sequence in enumerate(self._spawned_sequences(n))]
 
 
-def _unpickled(name):
-    """An object of a class of orvik.random, whose state follows."""
-    from . import _generators
-
-    if name not in _generators.__all__:
-        raise ValueError(f"{name} is not a generator of orvik.random")
-    kind = getattr(_generators, name)
-    return kind(1) if kind._sequence_of_points else kind(0)
+def _unpickled(kind):
+    """An object of a generator's class, whose state follows."""
+    if not (isinstance(kind, type) and issubclass(kind, BitGenerator) and kind._number is not None):
+        raise ValueError(f"{kind!r} is not a generator of orvik.random")
+    made = kind.__new__(kind)
+    made._adopt(_random.Stream.make(kind._number, 1), np.random.SeedSequence(0))
+    return made

@@ -6,8 +6,8 @@ import numpy as np
 
 from .._random import short_draw
 from ._output import INTEGERS, REALS, array_for, type_of
-from ._parameters import (METHODS, NORMAL, affine, any_array, check_rows, int32, int32s, integer_type, intervals, method_number, outcomes,
-                          plain_parts, reals, sets_of)
+from ._parameters import (METHODS, NORMAL, affine, any_array, check_rows, int32, int32s, integer_type, intervals, method_number, naming,
+                          outcomes, plain_parts, reals, sets_of)
 
 
 class Distributions:
@@ -26,21 +26,25 @@ class Distributions:
     any count of threads. An interrupt (Ctrl-C) ends a long draw between pieces of up to 2^24 numbers.
     """
 
+    def _draw(self, name, array, parameters):
+        draw = getattr(self._stream, name)
+        with self.lock:
+            try:
+                draw(array, *parameters)
+            except ValueError as error:
+                raise naming(error, name, parameters) from None
+
     def _real(self, name, size, dtype, out, *parameters):
         if dtype is np.float64 and size is None and type(out) is np.ndarray and out.dtype is REALS[0] and out.flags.carray:
             array = out  # the commonest call, whose checks are a part of the time of short ones
         else:
             array = array_for(size, type_of(dtype, REALS, name), out)
-        draw = getattr(self._stream, name)
-        with self.lock:
-            draw(array, *parameters)
+        self._draw(name, array, parameters)
         return array if out is not None or size is not None else array.item()
 
     def _integer(self, name, size, dtype, out, *parameters):
         array = array_for(size, type_of(dtype, INTEGERS, name), out)
-        draw = getattr(self._stream, name)
-        with self.lock:
-            draw(array, *parameters)
+        self._draw(name, array, parameters)
         return array if out is not None or size is not None else array.item()
 
     def _array_of(self, name, size, dtype, types, out, shape):
@@ -57,13 +61,12 @@ class Distributions:
         those of a draw with numbers, whose checks refuse what is outside the domain."""
         pair = [reals(v) for v in pair]
         array = self._array_of(name, size, dtype, REALS, out, np.broadcast_shapes(*(v.shape for v in pair)))
-        draw = getattr(self._stream, name)
         loc, factor, unsound = affine(pair, parts, array)
         with self.lock:
             if unsound is not None:
-                draw(np.empty(0, array.dtype), *parameters(*unsound))
+                self._draw(name, np.empty(0, array.dtype), parameters(*unsound))
                 raise ValueError("a parameter is outside its domain")
-            draw(array, *standard)
+            self._draw(name, array, standard)
             self._stream.shift_and_scale(array, loc, factor)
         return array
 

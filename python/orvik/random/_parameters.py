@@ -14,6 +14,20 @@ NORMAL = {np.float64: (math.sqrt(2), 1 / math.sqrt(2)),
            np.float32: (float(np.float32(math.sqrt(2))), float(np.nextafter(np.float32(1) / np.float32(math.sqrt(2)), np.float32(1))))}
 
 
+# Of the library's draws, in its order.
+_OF_DRAWS = {"uniform": ("low", "high"), "gaussian": ("loc", "scale"), "lognormal": ("mean", "sigma", "loc", "scale"),
+             "exponential": ("loc", "scale"), "laplace": ("loc", "scale"), "cauchy": ("loc", "scale"), "gumbel": ("loc", "scale"),
+             "rayleigh": ("loc", "scale sqrt(2)"), "weibull": ("a", "loc", "scale"), "gamma": ("shape", "loc", "scale"),
+             "beta": ("a", "b", "loc", "scale"), "chisquare": ("df",), "bernoulli": ("p",), "geometric": ("p",), "binomial": ("n", "p"),
+             "negative_binomial": ("n", "p"), "poisson": ("lam",)}
+
+
+def naming(error, draw, parameters):
+    """The same error with the parameters that a draw refused."""
+    given = ", ".join(f"{name} = {value!r}" for name, value in zip(_OF_DRAWS.get(draw, ()), parameters))
+    return ValueError(f"{error} ({given})") if given else error
+
+
 def any_array(*parameters):
     return any(type(p) not in _NUMBERS and np.ndim(p) != 0 for p in parameters)
 

@@ -11,6 +11,7 @@ PYBIND11_MODULE(_random, module) {
   stream.def_static("make", &Stream::make)
       .def_static("make_seeds", &Stream::make_seeds)
       .def("copy", &Stream::copy)
+      .def("become", &Stream::become)
       .def("serve", &Stream::serve)
       .def("place", &Stream::place)
       .def("image", &Stream::image)

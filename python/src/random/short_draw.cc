@@ -234,6 +234,13 @@ PyObject* attribute(PyObject* self, PyObject* name) {
   return PyObject_GetAttr(function, name);
 }
 
+// pydoc asks for the text past `attribute`.
+PyObject* text_of_method(PyObject* self, void*) {
+  return PyObject_GetAttrString(reinterpret_cast<ShortDraw*>(self)->function, "__doc__");
+}
+PyGetSetDef properties[] = {{"__doc__", text_of_method, nullptr, nullptr, nullptr},
+                            {nullptr, nullptr, nullptr, nullptr, nullptr}};
+
 void forget(PyObject* self) {
   PyTypeObject* const type = Py_TYPE(self);
   Py_XDECREF(reinterpret_cast<ShortDraw*>(self)->function);
@@ -250,6 +257,7 @@ PyTypeObject type = [] {
   t.tp_call = PyVectorcall_Call;
   t.tp_descr_get = bind;
   t.tp_getattro = attribute;
+  t.tp_getset = properties;
   t.tp_dealloc = forget;
   return t;
 }();

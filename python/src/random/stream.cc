@@ -59,6 +59,10 @@ Stream* Stream::copy() {
   return taken(status, s);
 }
 
+void Stream::become(Stream& other) {
+  if (&other != this) words_.replace(other.words_.release());
+}
+
 void Stream::serve(const py::capsule& capsule) {
   auto* const bitgen = static_cast<bitgen_t*>(PyCapsule_GetPointer(capsule.ptr(), "BitGenerator"));
   if (bitgen == nullptr) throw py::error_already_set();

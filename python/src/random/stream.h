@@ -16,6 +16,8 @@ class Stream {
   static Stream* make(int32_t generator, uint64_t seed);
   static Stream* make_seeds(int32_t generator, const pybind11::array_t<uint32_t>& seeds);
   Stream* copy();
+  // Goes on as another stream, which is left without one. Whoever draws from here keeps the same object.
+  void become(Stream& other);
 
   // Lets NumPy's bit generator, whose capsule this is, draw from here; this object must live as long.
   void serve(const pybind11::capsule& capsule);

@@ -64,6 +64,12 @@ orvik_stream* Words::settle() {
   return stream_;
 }
 
+orvik_stream* Words::release() {
+  orvik_stream* const stream = settle();
+  stream_ = nullptr;
+  return stream;
+}
+
 void Words::replace(orvik_stream* stream) {
   drop();
   orvik_stream_delete(stream_);

@@ -25,6 +25,8 @@ class Words {
   orvik_stream* settle();
   // Another stream from here on.
   void replace(orvik_stream* stream);
+  // The stream for another owner, and none here any more: what is drawn from then on fails.
+  orvik_stream* release();
   // The first failure of the generator, 0 while there was none; what has been handed out since is no stream's.
   orvik_status failure() const { return failure_; }
 

@@ -10,14 +10,6 @@ namespace orvik::python {
 namespace {
 
 #define MEMBER(kind, name) def(#name, [](const Summary<T>& s) { return s.kind(FRONT_POINTER(name)); })
-#define FRONT_POINTER(name)                    \
-  ([] {                                        \
-    if constexpr (std::is_same_v<T, double>) { \
-      return orvik_d_summary_##name;           \
-    } else {                                   \
-      return orvik_s_summary_##name;           \
-    }                                          \
-  }())
 
 // `suffix` tells the element type; arrays are taken as they are or not at all.
 template <class T>
@@ -37,7 +29,7 @@ void define(py::module_& module, const std::string& suffix) {
       .MEMBER(values, kurtosis)
       .MEMBER(values, min)
       .MEMBER(values, max)
-      .MEMBER(matrix, covariance)
+      .def("covariance", &Summary<T>::covariance)
       .MEMBER(matrix, correlation);
   py::class_<StreamQuantiles<T>>(module, ("StreamQuantiles" + suffix).c_str())
       .def(py::init<int64_t, T>())

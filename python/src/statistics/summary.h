@@ -1,10 +1,22 @@
 // Summaries, and quantiles of what comes block by block, as objects.
 #pragma once
 
+#include <cmath>
+
 #include "statistics/arrays.h"
 #include "support/images.h"
 
 namespace orvik::python {
+
+// What the front has of a summary of T under a name.
+#define FRONT_POINTER(name)                    \
+  ([] {                                        \
+    if constexpr (std::is_same_v<T, double>) { \
+      return orvik_d_summary_##name;           \
+    } else {                                   \
+      return orvik_s_summary_##name;           \
+    }                                          \
+  }())
 
 template <class T>
 class Summary {
@@ -54,6 +66,17 @@ class Summary {
   Array<T> matrix(orvik_status (*read)(const Handle*, T*)) const {
     Array<T> r({dimension(), dimension()});
     check(read(s_, r.mutable_data()));
+    return r;
+  }
+  // With a variable whose variance is no number none is: deviations from an infinite mean have no sum.
+  Array<T> covariance() const {
+    Array<T> r = matrix(FRONT_POINTER(covariance));
+    const int64_t p = r.shape(0);
+    T* const c = r.mutable_data();
+    for (int64_t i = 0; i < p; ++i) {
+      if (!std::isnan(c[i * (p + 1)])) continue;
+      for (int64_t j = 0; j < p; ++j) c[i * p + j] = c[j * p + i] = c[i * (p + 1)];
+    }
     return r;
   }
 

@@ -46,9 +46,15 @@ class EntryBracket {
 
  private:
   static constexpr uint16_t kX87Masks = 0x3F;
+  static constexpr uint16_t kX87Flags = 0xFF;  // exceptions, stack fault, summary
   static constexpr uint32_t kSseMasks = 0x1F80;
 
-  static void clear_pending() { asm volatile("fnclex"); }
+  // Clearing flags costs some 20 cycles; looking whether any is up costs few.
+  static void clear_pending() {
+    uint16_t status;
+    asm volatile("fnstsw %0" : "=a"(status));
+    if ((status & kX87Flags) != 0) asm volatile("fnclex");
+  }
   static void load_x87(uint16_t word) { asm volatile("fldcw %0" : : "m"(word)); }
 
   uint16_t x87_;

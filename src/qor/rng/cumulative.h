@@ -30,24 +30,35 @@ struct CumulativeTable {
   // No number is above `last`: whatever the sums were rounded to, every uniform has its number.
   void end_at(int32_t last) { below_or_at[last] = std::numeric_limits<double>::infinity(); }
 
-  // Numbers of at most kBlock uniforms: found(i, k). Most walks end within two steps, which are taken without a branch.
+  // Numbers of at most kBlock uniforms: found(i, k). Most walks end within two steps, which are taken without a branch;
+  // a few numbers, for which a caller waits, branch.
   template <class Found>
   void find(int32_t n, const double* u, Found found) const {
     using V = F64;
+    if (n < kWidth<V>) {
+      for (int32_t i = 0; i < n; ++i)
+        found(i, static_cast<int32_t>(walk(u[i], first[static_cast<int32_t>(cell(u[i]))])));
+      return;
+    }
     int32_t cells[kBlock], i = 0;
-    const auto cell = [](auto x) {
-      using X = decltype(x);
-      return min(max(x * X(kCells), X(0)), X(kCells - 1));
-    };
     for (; n - i >= kWidth<V>; i += kWidth<V>)
       store(cells + i, to_integer(round<Direction::down>(cell(load<V>(u + i)))));
-    for (; i < n; ++i) cells[i] = static_cast<int32_t>(cell(u[i]));  // a call for one number waits for it
+    for (; i < n; ++i) cells[i] = static_cast<int32_t>(cell(u[i]));
     for (i = 0; i < n; ++i) {
       int64_t k = first[cells[i]];
       for (int step = 0; step < 2; ++step) k += u[i] > below_or_at[k];
-      while (u[i] > below_or_at[k]) ++k;
-      found(i, static_cast<int32_t>(k));
+      found(i, static_cast<int32_t>(walk(u[i], k)));
     }
+  }
+
+ private:
+  template <class X>
+  static X cell(X u) {
+    return min(max(u * X(kCells), X(0)), X(kCells - 1));
+  }
+  int64_t walk(double u, int64_t k) const {
+    while (u > below_or_at[k]) ++k;
+    return k;
   }
 };
 

@@ -111,10 +111,11 @@ int32_t box_muller_pairs(OrvikStream stream, int32_t n, T* r, T a, T sigma) {
 template <class T>
 int32_t inverse(OrvikStream stream, int32_t n, T* r, T a, T sigma) {
   Uniforms<T> uniforms(stream);
-  if (uniforms.draw(n, r, -1, 1) && n > 0) {
-    kernels::erf_inv(n, r, r);
-    scale_and_shift(n, r, sigma * Precision<T>::kSqrtTwo, a);
-  }
+  if (uniforms.draw(n, r, -1, 1))
+    in_passes(n, r, [=](int32_t count, T* x) {
+      kernels::erf_inv(count, x, x);
+      scale_and_shift(count, x, sigma * Precision<T>::kSqrtTwo, a);
+    });
   return uniforms.status();
 }
 

@@ -66,6 +66,7 @@ class HatBatch {
     double u[kCandidates], v[kCandidates], y[kCandidates], open_y[kList], answers[kList];
     Decision<V, kCandidates> decision;
     if (!uniforms_.draw(2 * count, w)) return -1;
+    if (count < kWidth<V>) return few(count, w, out);
     split(count, w, u, v);
     int32_t leaving = 0;
     for_each_vector<V>(count, [&](auto at) {  // lists take the places of what has been read
@@ -73,7 +74,7 @@ class HatBatch {
       const Mask<V> accepted = place <= V(hat_.p1);
       const uint32_t open = at.bits(complement(accepted));
       decision.set(at, accepted, open);
-      at.store(y, round<Direction::down>(V(hat_.xm) - V(hat_.p1) * second + place));
+      at.store(y, in_triangle(place, second));
       gather_chosen(open, place, u + leaving);
       leaving += gather_chosen(open, second, v + leaving);
     });
@@ -84,6 +85,33 @@ class HatBatch {
  private:
   using V = F64;
   static constexpr int32_t kList = kCandidates + kBehind<V>;
+
+  template <class X>
+  X in_triangle(X place, X second) const {
+    return round<Direction::down>(X(hat_.xm) - X(hat_.p1) * second + place);
+  }
+
+  // One after another: a caller who wants a number or two would wait for lists.
+  int32_t few(int32_t count, const float* w, int32_t* out) {
+    int32_t kept = 0;
+    for (int32_t i = 0; i < count; ++i) {
+      double second = static_cast<double>(w[2 * i + 1]), place = static_cast<double>(w[2 * i]) * hat_.p4;
+      double y = 0, answer = 1;
+      if (place <= hat_.p1)
+        y = in_triangle(place, second);
+      else
+        decide_one(place, second, y, answer);
+      out[kept] = static_cast<int32_t>(y);
+      kept += answer > 0;
+    }
+    return kept;
+  }
+  void decide_one(double place, double second, double& y, double& answer) {
+    double places[kBehind<V>] = {place}, seconds[kBehind<V>] = {second}, numbers[kBehind<V>], answers[kBehind<V>];
+    decide(1, places, seconds, numbers, answers);
+    y = numbers[0];
+    answer = answers[0];
+  }
 
   // What left the triangle at (u, v): numbers, and answers.
   void decide(int32_t n, const double* u, const double* v, double* y, double* answers) {

@@ -12,10 +12,11 @@ namespace {
 template <class T>
 int32_t lognormal(uint32_t method, OrvikStream stream, int32_t n, T* r, T a, T sigma, T b, T beta) {
   const int32_t status = gaussian(method == 0 ? kBoxMullerPairs : kInverse, stream, n, r, a, sigma);
-  if (status >= 0 && n > 0) {
-    kernels::exp(n, r, r);
-    scale_and_shift(method, n, r, beta, b);
-  }
+  if (status >= 0)
+    in_passes(n, r, [=](int32_t count, T* x) {
+      kernels::exp(count, x, x);
+      scale_and_shift(method, count, x, beta, b);
+    });
   return status;
 }
 

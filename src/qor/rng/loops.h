@@ -22,6 +22,17 @@ bool for_each_block(int32_t n, Body body) {
   return true;
 }
 
+// passes(count, r) over all of r, a part of a long array at a time, so that each pass finds in the caches what the one
+// before it left there.
+template <class T, class Passes>
+void in_passes(int32_t n, T* r, Passes passes) {
+  constexpr int32_t kPart = 32 * kBlock;  // 256 KiB of doubles
+  for_each_block<kPart>(n, [&](int32_t first, int32_t count) {
+    passes(count, r + first);
+    return true;
+  });
+}
+
 // Candidates until n results are full. batch(count, r) makes `count` of them, at most `cap` and never more than results
 // are missing, writes those that it accepts to r in order and returns their number, or a negative one when the source
 // of uniforms failed; it may write as far as `count`. No candidate is thrown away, so that results do not depend on how

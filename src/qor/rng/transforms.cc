@@ -14,10 +14,11 @@ template <class T>
 int32_t exponential(uint32_t method, OrvikStream stream, int32_t n, T* r, T a, T beta) {
   const EntryBracket bracket(always_ln_of_zero<T>);
   Uniforms<T> uniforms(stream);
-  if (uniforms.draw(n, r) && n > 0) {
-    kernels::ln(n, r, r);
-    scale_and_shift(method, n, r, -beta, a);
-  }
+  if (uniforms.draw(n, r))
+    in_passes(n, r, [=](int32_t count, T* x) {
+      kernels::ln(count, x, x);
+      scale_and_shift(method, count, x, -beta, a);
+    });
   return uniforms.status();
 }
 template int32_t exponential(uint32_t, OrvikStream, int32_t, double*, double, double);
@@ -28,10 +29,11 @@ namespace {
 template <class T>
 int32_t cauchy(uint32_t, OrvikStream stream, int32_t n, T* r, T a, T beta) {
   Uniforms<T> uniforms(stream);
-  if (uniforms.draw(n, r, -Precision<T>::kHalfPi, Precision<T>::kHalfPi) && n > 0) {
-    kernels::tan(n, r, r);
-    scale_and_shift(n, r, beta, a);
-  }
+  if (uniforms.draw(n, r, -Precision<T>::kHalfPi, Precision<T>::kHalfPi))
+    in_passes(n, r, [=](int32_t count, T* x) {
+      kernels::tan(count, x, x);
+      scale_and_shift(count, x, beta, a);
+    });
   return uniforms.status();
 }
 
@@ -39,10 +41,11 @@ template <class T>
 int32_t gumbel(uint32_t, OrvikStream stream, int32_t n, T* r, T a, T beta) {
   const EntryBracket bracket(always_ln_of_zero<T>);
   const int32_t status = exponential<T>(0, stream, n, r, 0, 1);
-  if (status >= 0 && n > 0) {
-    kernels::ln(n, r, r);
-    scale_and_shift(n, r, beta, a);
-  }
+  if (status >= 0)
+    in_passes(n, r, [=](int32_t count, T* x) {
+      kernels::ln(count, x, x);
+      scale_and_shift(count, x, beta, a);
+    });
   return status;
 }
 
@@ -51,12 +54,13 @@ template <class T>
 int32_t rayleigh(uint32_t method, OrvikStream stream, int32_t n, T* r, T a, T beta) {
   const EntryBracket bracket(ln_of_zero<T>);
   Uniforms<T> uniforms(stream);
-  if (uniforms.draw(n, r) && n > 0) {
-    kernels::ln(n, r, r);
-    negate(n, r);
-    kernels::sqrt(n, r, r);
-    scale_and_shift(method, n, r, beta, a);
-  }
+  if (uniforms.draw(n, r))
+    in_passes(n, r, [=](int32_t count, T* x) {
+      kernels::ln(count, x, x);
+      negate(count, x);
+      kernels::sqrt(count, x, x);
+      scale_and_shift(method, count, x, beta, a);
+    });
   return uniforms.status();
 }
 
@@ -64,12 +68,13 @@ template <class T>
 int32_t weibull(uint32_t method, OrvikStream stream, int32_t n, T* r, T alpha, T a, T beta) {
   const EntryBracket bracket(ln_of_zero<T>);
   Uniforms<T> uniforms(stream);
-  if (uniforms.draw(n, r) && n > 0) {
-    kernels::ln(n, r, r);
-    negate(n, r);
-    if (!(alpha == 1)) kernels::powx(n, r, 1 / alpha, r);
-    scale_and_shift(method, n, r, beta, a);
-  }
+  if (uniforms.draw(n, r))
+    in_passes(n, r, [=](int32_t count, T* x) {
+      kernels::ln(count, x, x);
+      negate(count, x);
+      if (!(alpha == 1)) kernels::powx(count, x, 1 / alpha, x);
+      scale_and_shift(method, count, x, beta, a);
+    });
   return uniforms.status();
 }
 

@@ -32,8 +32,8 @@ enum class Level { LA, HA, EP };
 // A result of lanes with the mask of the lanes that it does not serve.
 template <class R, class M>
 struct Masked {
-  R value;
-  M special;
+  mutable R value;
+  mutable M special;
 };
 template <class R, class M>
 Masked(R, M) -> Masked<R, M>;

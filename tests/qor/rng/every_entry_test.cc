@@ -15,6 +15,7 @@
 #include "qor/rng/scripted.h"
 #include "qor/support/stream.h"
 #include "serv/memory.h"
+#include "support/upper_halves.h"
 
 namespace orvik::testing {
 namespace {
@@ -153,6 +154,21 @@ TEST_P(EveryEntry, LeavesTheThreadAsItWas) {
   std::vector<uint8_t> r = room(kMany);
   EXPECT_EQ(call(s.get(), kMany, r), -4);
   EXPECT_EQ(ThreadState(), before) << "after a failure";
+}
+
+TEST_P(EveryEntry, LeavesNothingInTheUpperHalvesOfRegisters) {
+  if (!test::tells_upper_halves()) GTEST_SKIP() << "the processor does not tell";
+  const Stream s(ORVIK_BRNG_MT19937, {77});
+  for (const int32_t n : {1, 2, 3, 4, 5, 8, 12, 16, 24, 31, 32, 33, 64, 100, 1024, 2048, kMany}) {
+    std::vector<uint8_t> r = room(n);
+    for (int turn = 0; turn < 10; ++turn) {
+      test::clear_upper_halves();
+      GetParam().call(s.get(), n, r.data());
+      const bool left = test::upper_halves_in_use();
+      test::clear_upper_halves();
+      ASSERT_FALSE(left) << n << " numbers";
+    }
+  }
 }
 
 TEST_P(EveryEntry, DoesNotTouchTheErrorStatusOfAnotherCallback) {

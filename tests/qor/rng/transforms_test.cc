@@ -251,6 +251,38 @@ TYPED_TEST(Transforms, EveryEntryButLaplaceAsksOnceForAllItsUniforms) {
   EXPECT_EQ(requests([](OrvikStream s, int32_t n, T* r) { return Weibull(0, s, n, r, 2, 0, 1); }), once);
 }
 
+TYPED_TEST(Transforms, LongRequestsGoToKernelsInPartsThatFitTheCaches) {
+  using T = TypeParam;
+  Scripted s;
+  s.spread();
+  void** const row = sizeof(T) == 8 ? orvik_zym_kernel_dLn_ttab : orvik_zym_kernel_sLn_ttab;
+  const Patched<T> watched(row, sizeof(T) == 8 ? 2 : 0);
+  drawn<T>(32768, [&](T* r) { return Exponential(0, s.get(), 32768, r, 0, 1); });
+  drawn<T>(70000, [&](T* r) { return Exponential(0, s.get(), 70000, r, 0, 1); });
+  EXPECT_EQ(s->sizes(), (std::vector<int32_t>{32768, 70000}));
+  EXPECT_EQ(watched.sizes(), (std::vector<int32_t>{32768, 32768, 32768, 4464}));
+}
+
+TYPED_TEST(Transforms, LongRequestsHaveTheNumbersOfShortOnes) {
+  using T = TypeParam;
+  const int32_t kLong = 100000, kShort = 7000;
+  const auto same = [=](const char* name, auto draw) {
+    const Stream s(ORVIK_BRNG_MT19937, {777}), t = s.copy();
+    std::vector<T> parts;
+    for (int32_t left = kLong; left > 0; left -= kShort) {
+      const int32_t n = std::min(left, kShort);
+      const std::vector<T> part = drawn<T>(n, [&](T* r) { return draw(t.get(), n, r); });
+      parts.insert(parts.end(), part.begin(), part.end());
+    }
+    expect_same(drawn<T>(kLong, [&](T* r) { return draw(s.get(), kLong, r); }), parts, name);
+  };
+  same("Cauchy", [](OrvikStream s, int32_t n, T* r) { return Cauchy(0, s, n, r, 1, 2); });
+  same("Exponential", [](OrvikStream s, int32_t n, T* r) { return Exponential(kClamp, s, n, r, 1, 2); });
+  same("Gumbel", [](OrvikStream s, int32_t n, T* r) { return Gumbel(0, s, n, r, 1, 2); });
+  same("Rayleigh", [](OrvikStream s, int32_t n, T* r) { return Rayleigh(0, s, n, r, 1, 2); });
+  same("Weibull", [](OrvikStream s, int32_t n, T* r) { return Weibull(0, s, n, r, 1.5, 1, 2); });
+}
+
 TEST(IntegerUniform, IsTheFloorOfTheDoubles) {
   for (const int32_t n : kSizes) {
     const Stream s(ORVIK_BRNG_MT19937, {777}), source = s.copy();
@@ -274,6 +306,18 @@ TEST(IntegerUniform, AsksInBlocksOf1024AndForNothingBelowOne) {
   EXPECT_EQ(r[0], 3);
   EXPECT_EQ(r[2499], 3);
   EXPECT_EQ(r[2500], 5);
+}
+
+// Of an interval that is short beside its ends the last double below the upper end is the end itself once it is
+// rounded.
+TEST(IntegerUniform, CanBeTheUpperEndWhereTheDoubleIsRoundedToIt) {
+  constexpr int32_t kLow = 2147483000, kHigh = 2147483001;
+  Scripted s;
+  s.numbers({1 - 0x1p-53, 0.5});
+  int32_t r[2];
+  ASSERT_EQ(_qoriRngUniform(0, s.get(), 2, r, kLow, kHigh), 0);
+  EXPECT_EQ(r[0], kHigh);
+  EXPECT_EQ(r[1], kLow);
 }
 
 }  // namespace

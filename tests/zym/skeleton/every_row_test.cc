@@ -378,6 +378,53 @@ TYPED_TEST(EveryRow, LongCallsGiveTheSameBitsAtEveryPlace) {
   });
 }
 
+// Rows that memory limits store large results past the caches, where the arrays do not meet.
+TYPED_TEST(EveryRow, CallsPastTheCachesGiveTheSameBits) {
+  using E = typename TypeParam::E;
+  constexpr int32_t kPiece = 1000;
+  constexpr const char* kSimple[] = {"Abs",  "Sqr",        "Add",  "Sub",      "Mul",
+                                     "Conj", "LinearFrac", "Ceil", "CopySign", "Fmax"};
+  const auto some = mixed_inputs<E>(1 << 17, 15);
+  int kernels = 0;
+  for_each_kernel<TypeParam>([&](const Tested& tested) {
+    if (std::none_of(std::begin(kSimple), std::end(kSimple),
+                     [&](const char* x) { return x == std::string(tested.row.name).substr(1); }))
+      return;
+    ++kernels;
+    const Form in{tested.in()}, out{tested.out()};
+    constexpr size_t kBytes = (size_t{7} << 20) + 5000;
+    const auto n = static_cast<int32_t>(kBytes / (sizeof(E) * static_cast<size_t>(tested.out())));
+    const size_t numbers = in.at(static_cast<size_t>(n), 0);
+    std::vector<E> a(numbers), b(numbers);
+    for (size_t i = 0; i < numbers; ++i) a[i] = some[i % some.size()], b[i] = some[(i + 12345) % some.size()];
+    std::vector<E> want(out.at(static_cast<size_t>(n), 0)), memory(want.size() + 64, E(7));
+    for (int32_t i = 0; i < n; i += kPiece) {
+      const auto at = static_cast<size_t>(i);
+      tested.call(
+          false,
+          Numbers<E>{
+              .n = std::min(kPiece, n - i), .a = &a[in.at(at, 0)], .b = &b[in.at(at, 0)], .r1 = &want[out.at(at, 0)]});
+    }
+    const auto expect_wanted = [&](const E* r, const char* how) {
+      ASSERT_EQ(std::memcmp(r, want.data(), want.size() * sizeof(E)), 0) << n << ' ' << how;
+    };
+    for (const size_t shift : {size_t{1}, size_t{16}, size_t{17}}) {
+      std::fill(memory.begin(), memory.end(), E(7));
+      E* const r = memory.data() + shift;
+      tested.call(false, Numbers<E>{.n = n, .a = a.data(), .b = b.data(), .r1 = r});
+      expect_wanted(r, "apart");
+      for (size_t i = 0; i < shift; ++i) ASSERT_EQ(memory[i], E(7)) << "before the results";
+      for (size_t i = shift + want.size(); i < memory.size(); ++i) ASSERT_EQ(memory[i], E(7)) << "behind the results";
+    }
+    if (tested.in() != tested.out()) return;
+    std::copy(a.begin(), a.end(), memory.begin() + 1);
+    E* const r = memory.data() + 1;
+    tested.call(false, Numbers<E>{.n = n, .a = r, .b = b.data(), .r1 = r});
+    expect_wanted(r, "in place");
+  });
+  EXPECT_GE(kernels, 4);
+}
+
 std::vector<int32_t> reported;
 int32_t keep_index(ZymErrorContext* context) {
   reported.push_back(context->index);

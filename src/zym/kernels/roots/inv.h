@@ -74,6 +74,7 @@ struct RefinedReciprocal<V, L> {
 // dInv EP: 35.14 bits at 0x1.074029685adb2p+9
 template <class V, Level L>
 struct Inv : InvElement<Element<V>> {
+  static constexpr Knobs knobs = {.together = false};
   static auto special(V x) { return RefinedReciprocal<V, L>::special(x); }
   static V lanes(V x) { return RefinedReciprocal<V, L>::lanes(x); }
 };

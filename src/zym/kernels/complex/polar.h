@@ -9,19 +9,29 @@
 
 namespace orvik::zym::complex {
 
-// cAbs LA: 1.1475 ulp at 0x1.7d458ep-3, -0x1.6fb328p+2
-// cAbs HA: 0.5002 ulp at -0x1.e5b83p+1, -0x1.8b34aap-3
-// cAbs EP: 11.58 bits at 0x1.585bfep+2, -0x1.e463bep+0
-// zAbs LA: 1.2985 ulp at -0x1.9f586b64b4a7ap-17, 0x1.a28c42dfa2f78p+0
-// zAbs HA: 0.7469 ulp at -0x0.000000996e108p-1022, 0x0.9af97945a4b62p-1022
-// zAbs EP: 34.92 bits at -0x1.02595c37f425dp+462, -0x1.26de18b0c821ap-445
 template <class V, Level L>
-struct Abs {
+struct AbsOfParts {
   using E = Element<V>;
   using Real = Hypot<V, L>;
   static constexpr Knobs knobs = Real::knobs;
   static auto lanes(Pair<V> z) { return Real::lanes(z.first, z.second); }
   static int32_t element(const Complex<E>* z, E* r) { return Real::element(&z->re, &z->im, r); }
+};
+
+// cAbs LA: 1.1475 ulp at 0x1.7d458ep-3, -0x1.6fb328p+2
+// cAbs HA: 0.5002 ulp at -0x1.e5b83p+1, -0x1.8b34aap-3
+// cAbs EP: 11.58 bits at 0x1.585bfep+2, -0x1.e463bep+0
+// zAbs LA: 1.3602 ulp at -0x1.118758e4aeedp-1, 0x1.6a87b07806c36p+2
+// zAbs HA: 0.7486 ulp at -0x0.00078ff7fd384p-1022, -0x0.ae635c8df090ap-1022
+// zAbs EP: 34.92 bits at -0x1.22eae2698bf59p-72, 0x1.925dcad1bdc9cp+252
+template <class V, Level L>
+struct Abs : AbsOfParts<V, L> {};
+template <Double V, Level L>
+  requires(L != Level::HA)
+struct Abs<V, L> : AbsOfParts<V, L> {
+  using Real = Hypot<V, L>;
+  static auto special(Pair<V> z) { return Real::special(z.first, z.second); }
+  static Masked<V, Mask<V>> wide(Pair<V> z) { return Real::wide(z.first, z.second); }
 };
 
 // cArg LA: 2.3591 ulp at 0x1.fbf9a6p+2, -0x1.336264p+1

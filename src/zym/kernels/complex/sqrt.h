@@ -129,10 +129,14 @@ struct Sqrt<V, Level::LA> : SqrtElement<Element<V>> {
   using E = Element<V>;
   using Magnitude = Hypot<V, Level::LA>;
   static constexpr Knobs knobs = Magnitude::knobs;
+  static HypotLanes<V> size_of(Pair<V> z) {
+    if constexpr (Single<V>) return Magnitude::lanes(z.first, z.second);
+    if constexpr (Double<V>) return Magnitude::scaled(z.first, z.second);
+  }
 
   static auto lanes(Pair<V> z) {
     const V half = V(E(0.5));
-    const auto size = Magnitude::lanes(z.first, z.second);
+    const auto size = size_of(z);
     const V w = zym::Sqrt<V, Level::HA>::lanes((magnitude(z.first) + size.value) * half);
     return Masked{placed_root(w, magnitude(z.second) / (w + w), z), size.special};
   }

@@ -73,12 +73,14 @@ inline constexpr float kExp2SixteenthTails32[16] = {
     -0x1.6961b4p-28f, -0x1.a5217cp-28f, 0x1.61428ep-28f
 };
 
+// Heads alone, by their bits less the number of the row where a shifted index has it.
+inline constexpr RowFields kExp2SixteenthFields64(kExp2Sixteenths64);
+
 // Heads by their bits less the number of the row where a shifted index has it; tails.
 struct Exp2SixteenthRows {
   double rows[16][2];
   constexpr Exp2SixteenthRows() : rows{} {
-    const RowFields fields(kExp2Sixteenths64);
-    for (size_t i = 0; i < 16; ++i) rows[i][0] = fields.bits[i], rows[i][1] = kExp2SixteenthTails64[i];
+    for (size_t i = 0; i < 16; ++i) rows[i][0] = kExp2SixteenthFields64.bits[i], rows[i][1] = kExp2SixteenthTails64[i];
   }
 };
 inline constexpr Exp2SixteenthRows kExp2SixteenthRows;
@@ -100,6 +102,18 @@ HeadTail<V> exp2_of_16(V t) {
     row = gather(kExp2SixteenthRows.rows, indices(as_bits(t) & I(uint64_t{15})));
   }
   return {as_float(as_bits(row.first) + shift_left<48>(as_bits(t))), row.second};
+}
+// The head alone.
+template <Double V>
+V exp2_head_of_16(V t) {
+  using I = Integer<V>;
+  V row;
+  if constexpr (kHasPermutes64<V>) {
+    row = look_up_in_16(kExp2SixteenthFields64.bits, as_bits(t));
+  } else {
+    row = gather(kExp2SixteenthFields64.bits, indices(as_bits(t) & I(uint64_t{15})));
+  }
+  return as_float(as_bits(row) + shift_left<48>(as_bits(t)));
 }
 
 }  // namespace orvik::zym

@@ -33,6 +33,25 @@ inline constexpr double kPowLog2DoubleHA[5] = {
     0x1.a60b396adc872p-3, -0x1.ec70d5b99c9eap-3, 0x1.2776c50fe8ec7p-2, -0x1.71547652b756dp-2, 0x1.ec709dc3a03fdp-2
 };
 
+// Rows of an octave as in explog/octave.h, for an exponent that is not rounded up: c and its logarithm with the other
+// sign.
+//: c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
+//: log = 0 - log2(c)
+inline constexpr double kPowOctave64[16][2] = {
+    {0x1p0, 0.0}, {0x1.ep-1, 0x1.7d60496cfbb4cp-4}, {0x1.cp-1, 0x1.8a8980abfbd32p-3}, {0x1.ap-1, 0x1.32bfee370ee68p-2},
+    {0x1.9p-1, 0x1.6cb0f6865c8eap-2}, {0x1.8p-1, 0x1.a8ff971810a5ep-2}, {0x1.7p-1, 0x1.e7df5fe538ab3p-2},
+    {0x1.6p-1, 0x1.14c560fe68af9p-1}, {0x1.5p-1, 0x1.37222bb70747cp-1}, {0x1.4p-1, 0x1.5b2c3da19723bp-1},
+    {0x1.38p-1, 0x1.6ddfc2a78fc63p-1}, {0x1.28p-1, 0x1.94c287492c4dbp-1}, {0x1.2p-1, 0x1.a8ff971810a5ep-1},
+    {0x1.18p-1, 0x1.bdce9dcc96187p-1}, {0x1.1p-1, 0x1.d338120a6dd9dp-1}, {0x1p-1, 0x1p0}
+};
+// Of these, for floats computed in doubles: the error counts up to 126 times.
+//: x * p(x) = log2(1 + x) on [-0.0352, 0.0625], relative error 2^-39.6
+//: fit power/coefficients.sollya
+inline constexpr double kPowLog2Octave[7] = {
+    0x1.85d6acba94de6p-3, -0x1.ec9a1925ea672p-3, 0x1.277f5b42dfbeap-2, -0x1.7154862f2b505p-2, 0x1.ec709c8dba851p-2,
+    -0x1.71547651e1c08p-1, 0x1.71547652b9ee3p0
+};
+
 // --- powers of 2 of the lanes ---------------------------------------------------------------------------------------
 
 // Natural logarithms of 64 bits at lower accuracy.
@@ -43,6 +62,12 @@ inline constexpr double kPowLn2 = 0x1.62e42fefa39efp-1;  //: = log(2)
 // e^t by steps of ln(2) / 2048.
 inline constexpr double k2048OverLn2 = 0x1.71547652b82fep11;  //: = 2048 / log(2)
 inline constexpr double kLn2Over2048 = 0x1.62e42fefa39efp-12;  //: = log(2) / 2048
+
+//: 1 + x * p(x) = 2^x on [-1/32, 1/32], relative error 2^-37.5
+//: fit power/coefficients.sollya
+inline constexpr double kPowExp2Sixteenth[4] = {
+    0x1.3b2ab6fb7bf16p-7, 0x1.c6b3487ff16cfp-5, 0x1.ebfbdffb53ef5p-3, 0x1.62e42fee461a2p-1
+};
 
 //: 1 + x * p(x) = 2^x on [-1/16, 1/16], relative error 2^-24.6
 inline constexpr float kPowExp2Single[3] = {0x1.c6c0fp-5f, 0x1.ec0f92p-3f, 0x1.62e43p-1f};

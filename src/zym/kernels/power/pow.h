@@ -5,12 +5,16 @@
 // an error of log2(x) counts as many times as the result has exponents.
 #pragma once
 
+#include "lanes/clamp.h"
 #include "zym/kernels/explog/exp.h"
+#include "zym/kernels/explog/exp2_sixteenths.h"
 #include "zym/kernels/explog/ln.h"
+#include "zym/kernels/explog/octave.h"
 #include "zym/kernels/explog/tables.h"
 #include "zym/kernels/power/coefficients.h"
 #include "zym/kernels/power/element.h"
 #include "zym/kernels/power/tables.h"
+#include "zym/kernels/shared/halves.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym {
@@ -18,7 +22,7 @@ namespace orvik::zym {
 template <class V, Level L>
 struct Pow;
 // sPowr LA: 2.8819 ulp at 0x1.e93fe4p-1, -0x1.d4a0c4p+10
-// sPowr HA: 0.5006 ulp at 0x1.fff478p-1, 0x1.ea4758p+19
+// sPowr HA: 0.5013 ulp at 0x1.0004d8p+0, -0x1.f36724p+19
 // sPowr EP: 12.54 bits at 0x1.c6b36cp-1, 0x1.68a284p+9
 // dPowr LA: 1.2926 ulp at 0x1.ff9638d28a12cp-1, 0x1.a052e7086d03ep+19
 // dPowr HA: 0.5333 ulp at 0x1.ff8f0ab21a07cp-1, 0x1.89cece4280f78p+19
@@ -30,7 +34,7 @@ struct Powr : Pow<V, L> {
   }
 };
 // sPowx LA: 1.2872 ulp at 0x1.26c788p+6, -0x1p+0
-// sPowx HA: 0.5026 ulp at -0x1.cf1e7ap-40, 0x1.8p+1
+// sPowx HA: 0.5021 ulp at -0x1.e4671p-23, 0x1p+1
 // sPowx EP: 12.63 bits at 0x1.b6128p+5, 0x1.4p+4
 // dPowx LA: 1.0225 ulp at 0x1.fbf17c1a6d0b2p+3, 0x1.4p+1
 // dPowx HA: 0.5041 ulp at 0x1.0f1636c5eac3p+5, 0x1.4p+1
@@ -118,28 +122,28 @@ V exp_rows(V t) {
   return as_float(as_bits(y) + (shift_left<41>(as_bits(sum)) & I(uint64_t{0xFFF0000000000000})));
 }
 
-// In 64 bits. What leaves the range of floats is held at its ends, and is special.
-// sPow HA: 0.5090 ulp at 0x1.ffa996p-1, 0x1.02c482p+17
+// In 64 bits: rows of an octave for the logarithm, sixteenths for the power, all of them in wide registers. What leaves
+// the range of floats is held at its ends, and is special.
+// sPow HA: 0.5013 ulp at 0x1.0004d8p+0, -0x1.f36724p+19
 template <Single V>
 struct Pow<V, Level::HA> : PowSingle<V> {
   static constexpr Knobs knobs = {.vectors = 2};
 
   static auto lanes(V x, V y) {
-    using I = Integer<V>;
-    using W = Wide<V>;
-    const V m = as_float((as_bits(x) & I(0x007FFFFFu)) | I(0x3A800000u));
-    const I key = to_integer(reciprocal_estimate(m));
-    const I lower = minus_one(greater_signed(I(724), key));
-    const I e = shift_right<23>(as_bits(x)) - (lower + I(127));
-    const auto half = [](Index<W> k, Index<W> exponent, W wide_m, W wide_y) {
-      const W r = fms(to_double(k), wide_m, W(1.0));
-      const W table = fma(to_double(exponent), W(kPowLn2), gather<512>(kLnHeads, indices(k)));
-      const W t = wide_y * (table + fma(r * r, horner(r, kPowLnDouble), r));
-      return exp_rows(min(max(t, W(-87.3)), W(88.72)));
-    };
-    const V power = narrow(half(low_half(key), low_half(e), widen_low(m), widen_low(y)),
-                           half(high_half(key), high_half(e), widen_high(m), widen_high(y)));
-    return Masked{power, outside<0x0085FFFFu, 0x7F7DFFFFu>(power)};  // e^-87.29, e^88.714
+    const V power = by_halves([](auto wide_x, auto wide_y) __attribute__((always_inline)) {
+      using W = decltype(wide_x);
+      const OctaveKey<W> k(wide_x);
+      const auto row = octave_row<kPowOctave64, W>(k.row());
+      const W r = fms(row.first, k.m(), W(1.0));
+      const W log = fma(r, horner(r, kPowLog2Octave), k.e() + row.second);
+      const W t = clamp_magnitude(wide_y * log, W(126.0));
+      const W shifter = kShifter64 / 16;
+      const W sum = t + shifter;
+      const W f = t - (sum - shifter);
+      const W head = exp2_head_of_16(sum);
+      return fma(head, f * horner(f, kPowExp2Sixteenth), head);
+    }, x, y);
+    return Masked{power, outside<0x00800001u, 0x7E7FFFFFu>(power)};  // between 2^-126 and 2^126
   }
 };
 

@@ -114,8 +114,10 @@ template <Double V, Level L>
 struct Sqrt<V, L> : SqrtElement<double> {
   static auto special(V x) { return outside<0x00100000, 0x7FEFFFFF>(x); }
 
-  static V lanes(V x) {
-    const V y = roots::inverse_root(x);
+  static V lanes(V x) { return refined(x, roots::inverse_root(x)); }
+
+  // From an estimate y of 1/sqrt(x).
+  static V refined(V x, V y) {
     const V s = x * y;
     const V d = fnma(s, y, V(1.0));
     if constexpr (L == Level::EP) return s * horner(d, roots::kInverseRootShort);

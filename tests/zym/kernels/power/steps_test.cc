@@ -109,11 +109,25 @@ double ln_polynomial(double r) {
   return polynomial(r, {-0.2500003054940248, 0.33333333333308374, -0.49999999999988803});
 }
 
+// 1/m on a grid of 1/64 by the sixteenth of the octave that m is in; whole sixteenths below 1 first, a half last.
+double octave_reciprocal(int row) {
+  if (row < 4) return 1 - row / 16.0;
+  return row == 15 ? 0.5 : on_grid(1 / (1 + (2 * row + 1) / 32.0), 0x1p-6);
+}
 float single_ha(float x, float y) {
-  const Keyed k(x);
-  const double ln =
-      std::fma(k.centred(), 0x1.62e42fefa39efp-1, k.minus_ln()) + std::fma(k.r * k.r, ln_polynomial(k.r), k.r);
-  return static_cast<float>(exp_2048(y * ln));
+  int exponent;
+  const double m = 2 * std::frexp(static_cast<double>(x), &exponent);
+  const double c = octave_reciprocal(static_cast<int>((m - 1) * 16)), r = c * m - 1;
+  const double p =
+      polynomial(r, {0x1.85d6acba94de6p-3, -0x1.ec9a1925ea672p-3, 0x1.277f5b42dfbeap-2, -0x1.7154862f2b505p-2,
+                     0x1.ec709c8dba851p-2, -0x1.71547651e1c08p-1, 0x1.71547652b9ee3p0});
+  const double t = y * std::fma(r, p, exponent - 1 - rest(mpfr_log2, c, 0));
+  const double n = std::nearbyint(t * 16), f = t - n / 16;
+  const auto i = static_cast<int64_t>(n);
+  const double row = std::ldexp(rest(mpfr_exp2, static_cast<double>(i & 15) / 16, 0), static_cast<int>(i >> 4));
+  const double q =
+      polynomial(f, {0x1.3b2ab6fb7bf16p-7, 0x1.c6b3487ff16cfp-5, 0x1.ebfbdffb53ef5p-3, 0x1.62e42fee461a2p-1});
+  return static_cast<float>(std::fma(row, f * q, row));
 }
 
 double double_ep(double x, double y) {

@@ -398,7 +398,10 @@ struct Kernel {
     auto* r1 = static_cast<R*>(pr1);
     auto* r2 = static_cast<R*>(pr2);
     const Params& params = *static_cast<const Params*>(call.params);
-    if constexpr (Traits::has_wide) bits = run_wide(a, b, r1, r2, count, bits, params);
+    if constexpr (Traits::has_wide) {
+      bits = run_wide(a, b, r1, r2, count, bits, params);
+      if constexpr (kKnobs.stray != 0) clear_stray(kKnobs.stray & ~*call.kept);
+    }
     if constexpr (Traits::has_repair) {
       if ((call.mode & kErrorField) == ZYM_ERRMODE_NOERR) bits = run_repair(a, b, r1, r2, count, bits, params);
     }

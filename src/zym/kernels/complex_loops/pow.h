@@ -94,7 +94,7 @@ template <class E>
   return code;
 }
 
-// cPow HA: 0.6955 ulp norm at 0x1.000002p-23, -0x1.000002p+0, -0x1.45c0f6p+1, -0x1.969a42p-6
+// cPow HA: 0.7039 ulp norm at -0x1p+2, 0x1.458832p-24, -0x1.7cd66ep-22, 0x1.fffap+1
 // zPow HA: 0.7501 ulp norm at 0x1p-1022, -0x0p+0, 0x1p+0, -0x1.8p+0
 template <class V, Level L>
 struct Pow {
@@ -127,8 +127,8 @@ struct Pow {
     return code_of<E>(*r);
   }
 };
-// cPowx HA: 0.6539 ulp norm at 0x0p+0, -0x1.000004p+0, 0x1.4p+1, -0x1.ep+0
-// zPowx HA: 0.6591 ulp norm at 0x1.b7e58b99f2d9cp+0, 0x1.e6df7b75d93ecp-29, 0x1p+1, -0x1.8p+0
+// cPowx HA: 0.7030 ulp norm at -0x1p+2, -0x1.fec9ap+1, 0x1.4p+4, -0x1.ep+3
+// zPowx HA: 0.8167 ulp norm at 0x1.733b6084ab2efp+681, 0x1.e93197a2ba79bp-919, -0x1.8p+0, 0x1.2p+0
 template <class V, Level L>
 struct Powx : Pow<V, L> {};
 

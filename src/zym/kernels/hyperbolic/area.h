@@ -4,8 +4,6 @@
 // are added in head and tail; nothing is divided.
 #pragma once
 
-#include <limits>
-
 #include "lanes/exponents.h"
 #include "lanes/quotients.h"
 #include "zym/kernels/explog/octave.h"
@@ -25,6 +23,7 @@ struct Area<float> {
   static constexpr const auto& table = kAreaTable32;
   static constexpr const auto& log = kAreaLog32;
   static constexpr const auto& near = kAsinhSingleHA;
+  static constexpr uint32_t far_word = 0x5F000000u;  // of 2^63
   static constexpr float far = 0x1p63f, far_factor = 0x1p-30f, far_exponent = 31;
 };
 template <>
@@ -32,6 +31,7 @@ struct Area<double> {
   static constexpr const auto& table = kAreaTable64;
   static constexpr const auto& log = kLnOctaveHA64;
   static constexpr const auto& near = kAsinhDoubleHA;
+  static constexpr uint32_t far_word = 0x5F300000u;  // of 2^500
   static constexpr double far = 0x1p500, far_factor = 0x1p-600, far_exponent = 601;
 };
 
@@ -64,13 +64,14 @@ template <class V>
   return head + fma(z, by_even_and_odd(r, z, Area<E>::log), tail);
 }
 
-// ln(2 x) of x where 1 no longer counts beside squares, before they overflow, and which lanes that does not serve.
+// ln(2 x) of x where 1 no longer counts beside squares, before they overflow, and which lanes that does not serve. NaNs
+// meet no comparison, which would raise a flag of a quiet one.
 template <class V>
 [[gnu::always_inline]] inline Masked<V, Mask<V>> area_far(V x) {
   using E = Element<V>;
-  const V first = V(Area<E>::far), last = V(std::numeric_limits<E>::max());
-  const V y = min(max(x, first), last) * V(Area<E>::far_factor);
-  return {area_log<V>({y, V(E(0))}, Area<E>::far_exponent), complement(x >= first) | (x > last)};
+  const Mask<V> left = outside<Area<E>::far_word, Single<V> ? 0x7F7FFFFFu : 0x7FEFFFFFu>(x);
+  const V y = select(left, V(Area<E>::far), x) * V(Area<E>::far_factor);
+  return {area_log<V>({y, V(E(0))}, Area<E>::far_exponent), left};
 }
 
 // sqrt(square) with its error.

@@ -172,21 +172,21 @@ struct ArcTangent {
 }  // namespace arc
 
 // sAtan LA: 2.2308 ulp at -0x1.4be0cp-2
-// sAtan HA: 0.5141 ulp at -0x1.ebb4a8p+0
-// sAtan EP: 14.79 bits at -0x1.1e9aeep-1
-// dAtan LA: 1.7980 ulp at -0x1.0630337f5ef9p+0
-// dAtan HA: 0.5071 ulp at 0x1.4e8de0650c5acp+1
-// dAtan EP: 30.83 bits at -0x1.119a4a59aba8p-2
+// sAtan HA: 0.5342 ulp at -0x1.074efep-1
+// sAtan EP: 14.79 bits at 0x1.1ecb64p-1
+// dAtan LA: 1.8861 ulp at -0x1.06706bd24a6b9p+0
+// dAtan HA: 0.5182 ulp at 0x1.3e1810ab41fcp+0
+// dAtan EP: 30.83 bits at 0x1.49c03b3c3c6fep-3
 template <class V, Level L>
 struct Atan : arc::ArcTangent<V, L, Unit::radian> {
   static constexpr Knobs knobs = {.together = L == Level::HA};
 };
 // sAtanpi LA: 2.3050 ulp at 0x1.3e74cp-2
-// sAtanpi HA: 0.5142 ulp at 0x1.ed562ap+0
-// sAtanpi EP: 13.88 bits at 0x1.e627cap-1
-// dAtanpi LA: 1.7475 ulp at -0x1.708f706a04c6p-2
-// dAtanpi HA: 0.6650 ulp at -0x1.58b04d16c2569p-1021
-// dAtanpi EP: 30.46 bits at -0x1.2ed68dc05c5ep-2
+// sAtanpi HA: 0.5249 ulp at -0x1.fe6a32p+0
+// sAtanpi EP: 13.88 bits at 0x1.e5f5bap-1
+// dAtanpi LA: 2.0521 ulp at -0x1.20940b65c0c6p-2
+// dAtanpi HA: 0.7490 ulp at 0x1.475dc928e73c8p-1021
+// dAtanpi EP: 30.46 bits at 0x1.2ef2fb985acap-2
 template <class V, Level L>
 struct Atanpi : arc::ArcTangent<V, L, Unit::half_turn> {
   static constexpr Knobs knobs = {.together = L == Level::HA};

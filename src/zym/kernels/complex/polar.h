@@ -21,9 +21,9 @@ struct AbsOfParts {
 // cAbs LA: 1.1475 ulp at 0x1.7d458ep-3, -0x1.6fb328p+2
 // cAbs HA: 0.5002 ulp at -0x1.e5b83p+1, -0x1.8b34aap-3
 // cAbs EP: 11.58 bits at 0x1.585bfep+2, -0x1.e463bep+0
-// zAbs LA: 1.3602 ulp at -0x1.118758e4aeedp-1, 0x1.6a87b07806c36p+2
+// zAbs LA: 1.3733 ulp at 0x1.51e1c18f7781p-4, -0x1.fff38e2cc1253p+2
 // zAbs HA: 0.7486 ulp at -0x0.00078ff7fd384p-1022, -0x0.ae635c8df090ap-1022
-// zAbs EP: 34.92 bits at -0x1.22eae2698bf59p-72, 0x1.925dcad1bdc9cp+252
+// zAbs EP: 34.92 bits at -0x1.8696a38921808p+2, -0x1.f18810b1ee018p+0
 template <class V, Level L>
 struct Abs : AbsOfParts<V, L> {};
 template <Double V, Level L>

@@ -90,12 +90,12 @@ inline constexpr uint32_t kLastWord = L == Level::HA ? (Single<V> ? 0x5EFFFFFFu 
 
 }  // namespace hyperbolic
 
-// sAsinh LA: 2.8686 ulp at 0x1.ff421cp-4
-// sAsinh HA: 0.5106 ulp at 0x1.9c7e8p-4
-// sAsinh EP: 14.07 bits at 0x1.10168ep-2
-// dAsinh LA: 2.4990 ulp at 0x1.d79e17715381bp-13
-// dAsinh HA: 0.5105 ulp at -0x1.c0b4496bf6249p-4
-// dAsinh EP: 28.35 bits at 0x1.15df764fe164p-3
+// sAsinh LA: 2.8686 ulp at -0x1.ff421cp-4
+// sAsinh HA: 0.5659 ulp at 0x1.e0f132p-4
+// sAsinh EP: 14.07 bits at 0x1.0f5878p-2
+// dAsinh LA: 2.5438 ulp at -0x1.f9c5b941a0cp-7
+// dAsinh HA: 0.5454 ulp at -0x1.db668926a707bp-4
+// dAsinh EP: 28.35 bits at 0x1.233393a5e5fep-2
 template <class V, Level L>
 struct Asinh {
   using E = Element<V>;
@@ -131,9 +131,9 @@ struct Asinh {
 // sAcosh LA: 3.3706 ulp at 0x1.1f39eap+0
 // sAcosh HA: 0.5863 ulp at 0x1.0063p+0
 // sAcosh EP: 14.07 bits at 0x1.08aae2p+0
-// dAcosh LA: 1.8048 ulp at 0x1.07c9629b158e1p+0
-// dAcosh HA: 0.5400 ulp at 0x1.3b2cb2dbeb874p+4
-// dAcosh EP: 28.37 bits at 0x1.1266d326fbd15p+0
+// dAcosh LA: 2.8995 ulp at 0x1.1f251f148a247p+0
+// dAcosh HA: 0.5512 ulp at 0x1.8e991ccdde0b8p+4
+// dAcosh EP: 28.35 bits at 0x1.0a26008c8bf36p+0
 template <class V, Level L>
 struct Acosh {
   using E = Element<V>;
@@ -166,12 +166,12 @@ struct Acosh {
   }
 };
 
-// sAtanh LA: 1.9283 ulp at -0x1.56506ap-3
-// sAtanh HA: 0.5727 ulp at -0x1.66bca4p-1
-// sAtanh EP: 14.07 bits at -0x1.09ede2p-3
-// dAtanh LA: 1.9467 ulp at 0x1.63c3cc120317bp-3
-// dAtanh HA: 0.5773 ulp at -0x1.6710758271c76p-1
-// dAtanh EP: 28.35 bits at -0x1.14d92e06cc8bcp-4
+// sAtanh LA: 1.9283 ulp at 0x1.56506ap-3
+// sAtanh HA: 0.5940 ulp at -0x1.66ea14p-1
+// sAtanh EP: 14.07 bits at 0x1.094332p-3
+// dAtanh LA: 2.0454 ulp at 0x1.5efa2646b058bp-3
+// dAtanh HA: 0.5932 ulp at -0x1.66f07d479e806p-1
+// dAtanh EP: 28.35 bits at -0x1.1d8a8ecfdaa58p-3
 template <class V, Level L>
 struct Atanh {
   using E = Element<V>;

@@ -22,7 +22,7 @@ namespace orvik::zym {
 template <class V, Level L>
 struct Pow;
 // sPowr LA: 2.8819 ulp at 0x1.e93fe4p-1, -0x1.d4a0c4p+10
-// sPowr HA: 0.5013 ulp at 0x1.0004d8p+0, -0x1.f36724p+19
+// sPowr HA: 0.5051 ulp at 0x1.0011acp+0, 0x1.3fbf6p+18
 // sPowr EP: 12.54 bits at 0x1.c6b36cp-1, 0x1.68a284p+9
 // dPowr LA: 1.2926 ulp at 0x1.ff9638d28a12cp-1, 0x1.a052e7086d03ep+19
 // dPowr HA: 0.5333 ulp at 0x1.ff8f0ab21a07cp-1, 0x1.89cece4280f78p+19
@@ -35,7 +35,7 @@ struct Powr : Pow<V, L> {
 };
 // sPowx LA: 1.2872 ulp at 0x1.26c788p+6, -0x1p+0
 // sPowx HA: 0.5021 ulp at -0x1.e4671p-23, 0x1p+1
-// sPowx EP: 12.63 bits at 0x1.b6128p+5, 0x1.4p+4
+// sPowx EP: 12.63 bits at 0x1.35c078p+6, 0x1.4p+4
 // dPowx LA: 1.0225 ulp at 0x1.fbf17c1a6d0b2p+3, 0x1.4p+1
 // dPowx HA: 0.5041 ulp at 0x1.0f1636c5eac3p+5, 0x1.4p+1
 // dPowx EP: 37.38 bits at 0x1.002p+0, -0x1.e848p+19

@@ -84,7 +84,7 @@ struct HypotDouble {
   static int32_t element(const double* a, const double* b, double* r);
 };
 
-// dHypot HA: 0.7489 ulp at 0x0.dc8d6fa243972p-1022, -0x0.32030bf65ac7bp-1022
+// dHypot HA: 0.7500 ulp at 0x0.f4847e60e4f0dp-1022, -0x0.0000144a54052p-1022
 template <Double V>
 struct Hypot<V, Level::HA> : HypotDouble<V> {
   static constexpr Knobs knobs = {.vectors = 2, .stray = kHypotStray};
@@ -111,8 +111,8 @@ int32_t HypotDouble<V>::element(const double* a, const double* b, double* r) {
 
 // A sum of squares from 2^-125 to 2^126 is a normal float, which spares the estimate of its root all scaling; the second
 // tier scales. The compiler takes the sum of the test for that of the lanes.
-// dHypot LA: 1.3011 ulp at 0x1.9ae437c9f149p+6, -0x1.89dd947d62a1bp+9
-// dHypot EP: 34.92 bits at -0x1.a23906c1bcc9cp-30, -0x1.052e0f9c7aba4p+6
+// dHypot LA: 1.3229 ulp at -0x1.61da4a50c3dbbp-13, 0x1.85a33b6ecbc22p+9
+// dHypot EP: 34.92 bits at -0x1.7159777db5667p+196, -0x1.3ccdff91f53c5p-798
 template <Double V, Level L>
 struct Hypot<V, L> : HypotDouble<V> {
   static constexpr Knobs knobs = {.vectors = 2, .stray = kHypotStray};

@@ -57,7 +57,6 @@ inline constexpr double kPowLog2Octave[7] = {
 // Natural logarithms of 64 bits at lower accuracy.
 //: x + x^2 * p(x) = log(1 + x) on [-0.00136, 0.00136], relative error 2^-40.4
 inline constexpr double kPowLnDouble[3] = {-0x1.0000148058ee1p-2, 0x1.55555555543c5p-2, -0x1.ffffffffff81fp-2};
-inline constexpr double kPowLn2 = 0x1.62e42fefa39efp-1;  //: = log(2)
 
 // e^t by steps of ln(2) / 2048.
 inline constexpr double k2048OverLn2 = 0x1.71547652b82fep11;  //: = 2048 / log(2)

@@ -27,7 +27,11 @@ inline bool tells_upper_halves() {
   __asm__ volatile("vpcmpeqb %%ymm0, %%ymm0, %%ymm0" ::: "xmm0");
   const bool used = upper_halves_in_use();
   clear_upper_halves();
-  return cleared && used;
+  if (__builtin_cpu_supports("avx512f")) {
+    __asm__ volatile("vpternlogd $0xff, %%zmm0, %%zmm0, %%zmm0" ::: "xmm0");
+    clear_upper_halves();
+  }
+  return cleared && used && !upper_halves_in_use();
 }
 
 }  // namespace orvik::test

@@ -67,11 +67,12 @@ uint32_t ask() {
 }  // namespace
 
 ProcessorWords read_processor() {
-  ProcessorWords words = {0, 0, 0, 0, 0};
+  ProcessorWords words = {0, 0, 0, 0, 0, 0};
   uint32_t a, b, c, d;
   if (__get_cpuid(1, &a, &b, &c, &d) != 0) words.leaf1_ecx = c;
   if (__get_cpuid_count(7, 0, &a, &b, &c, &d) != 0) words.leaf7_ebx = b, words.leaf7_ecx = c;
   if (__get_cpuid(0x80000001u, &a, &b, &c, &d) != 0) words.extended_leaf1_ecx = c;
+  if (__get_cpuid(0x8000001Au, &a, &b, &c, &d) != 0) words.extended_leaf1a_eax = a;
   if ((words.leaf1_ecx & kOsxsave) != 0) {
     uint32_t low, high;
     __asm__ volatile("xgetbv" : "=a"(low), "=d"(high) : "c"(0));
@@ -95,6 +96,12 @@ bool has_wide_registers(const ProcessorWords& words) {
   constexpr uint32_t kSaved = 0xE6;
   return missing_features(words) == 0 && (words.leaf7_ebx & kInstructions) == kInstructions &&
          (words.xcr0 & kSaved) == kSaved;
+}
+
+bool halves_wide_registers(const ProcessorWords& words) {
+  // The width of its units, as the processor tells it: one bit for 256 bits, one for 512. Others tell none, and have whole ones.
+  constexpr uint32_t kUnitsOf256 = 1u << 2, kUnitsOf512 = 1u << 3;
+  return (words.extended_leaf1a_eax & (kUnitsOf256 | kUnitsOf512)) == kUnitsOf256;
 }
 
 bool has_wide_aes(const ProcessorWords& words) {

@@ -12,6 +12,7 @@ struct ProcessorWords {
   uint32_t extended_leaf1_ecx;  // leaf 0x80000001
   uint32_t xcr0;
   uint32_t leaf7_ecx;
+  uint32_t extended_leaf1a_eax;  // leaf 0x8000001A, of AMD's processors
 };
 
 ProcessorWords read_processor();
@@ -22,6 +23,8 @@ uint32_t missing_features(const ProcessorWords& words);
 // Whether registers of 512 bits may be used: the instructions of ORVIK_WIDE_INSTRUCTIONS (cmake/OrvikModule.cmake), and an
 // operating system that saves these registers.
 bool has_wide_registers(const ProcessorWords& words);
+// Whether the units of arithmetic take registers of 512 bits in two halves, so that the gain is in fewer instructions alone.
+bool halves_wide_registers(const ProcessorWords& words);
 // Whether these registers hold four blocks for rounds of AES.
 bool has_wide_aes(const ProcessorWords& words);
 

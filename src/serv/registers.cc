@@ -13,6 +13,7 @@
 namespace orvik::serv {
 
 bool wide_registers = false;
+bool wide_by_halves = false;
 bool wide_aes = false;
 
 #if ORVIK_WIDE_REGISTERS
@@ -39,6 +40,7 @@ bool allowed() {
 [[gnu::constructor(102)]] void choose_registers() {
   const ProcessorWords words = read_processor();
   wide_registers = allowed() && has_wide_registers(words);
+  wide_by_halves = wide_registers && halves_wide_registers(words);
   wide_aes = wide_registers && has_wide_aes(words);
 }
 

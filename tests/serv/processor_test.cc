@@ -33,7 +33,7 @@ const std::vector<Bit> kBits = {
 
 // Words with the bits of `set` (an index into kBits each), the others as in `rest`.
 ProcessorWords words_with(uint32_t set, uint32_t rest) {
-  ProcessorWords words = {rest, rest, rest, rest, rest};
+  ProcessorWords words = {rest, rest, rest, rest, rest, rest};
   for (size_t i = 0; i < kBits.size(); ++i) {
     words.*kBits[i].word &= ~(1u << kBits[i].bit);
     if ((set >> i & 1) != 0) words.*kBits[i].word |= 1u << kBits[i].bit;
@@ -106,8 +106,22 @@ TEST(Processor, WideRegistersNeedTheirInstructionsAndAnOperatingSystemThatSavesT
   }
 }
 
+// The width of the units of arithmetic: bits 2 (256) and 3 (512) of a leaf that AMD's processors have.
+TEST(Processor, WideRegistersGoInHalvesWhereTheUnitsAreOf256Bits) {
+  ProcessorWords words = {};
+  EXPECT_FALSE(halves_wide_registers(words)) << "no such leaf";
+  words.extended_leaf1a_eax = 6;
+  EXPECT_TRUE(halves_wide_registers(words));
+  words.extended_leaf1a_eax = 6 | 8;
+  EXPECT_FALSE(halves_wide_registers(words));
+  words.extended_leaf1a_eax = 1;
+  EXPECT_FALSE(halves_wide_registers(words));
+  __builtin_cpu_init();
+  EXPECT_FALSE(__builtin_cpu_is("intel") && halves_wide_registers(read_processor())) << "they have no such leaf";
+}
+
 TEST(Processor, TheLineIsOneLine) {
-  const std::string line = line_of({0, 0, 0, 0, 0});
+  const std::string line = line_of({});
   EXPECT_THAT(line, StartsWith("orvik_kernel: "));
   EXPECT_THAT(line, EndsWith("\n"));
   EXPECT_THAT(line.substr(0, line.size() - 1), Not(HasSubstr("\n")));

@@ -10,9 +10,11 @@
 extern "C" [[gnu::constructor(103)]] void orvik_zym_choose_kernels() {
   if (!orvik::serv::wide_registers) return;
   for (const auto* row = orvik::zym::orvik_zym_wide_rows; row->slots != nullptr; ++row) {
-    for (int level = 0; level < 3; ++level) row->slots[level] = row->wide[level];
     auto* costs = reinterpret_cast<float*>(row->slots + 3);
-    for (int level = 0; level < 3; ++level) costs[level] = row->costs[level];
+    for (int level = 0; level < 3; ++level) {
+      row->slots[level] = orvik::serv::wide_by_halves ? row->halves[level] : row->wide[level];
+      if (row->slots[level] != row->narrow[level]) costs[level] = row->costs[level];
+    }
   }
 }
 #endif

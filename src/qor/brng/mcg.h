@@ -81,7 +81,7 @@ struct Mcg {
   template <SinkOf<Vector> Sink>
   static void run(uint64_t* members, McgPowers powers, int32_t n, const Sink& sink) {
     WideMcg* const wide =
-        Modulus::kRow == Mod2P59::kRow ? ORVIK_QOR_WIDE(orvik_qor_wide_mcg59) : ORVIK_QOR_WIDE(orvik_qor_wide_mcg31m1);
+        Modulus::kRow == Mod2P59::kRow ? ORVIK_QOR_WHOLE(orvik_qor_wide_mcg59) : ORVIK_QOR_WHOLE(orvik_qor_wide_mcg31m1);
     if (n >= kWideMcgMembers && wide != nullptr)
       wide(Sink::kForm, members, powers, n, sink.target());
     else

@@ -78,7 +78,7 @@ struct R250 : NoJumps {
     const auto inside = [](int32_t place) { return static_cast<uint32_t>(place) < kWords ? place : 0; };
     int p = inside(state.p), q = inside(state.q);  // an image may hold anything
     const int ahead = q > p ? q - p : q - p + kWords, behind = kWords - ahead;
-    WideR250* const wide = ORVIK_QOR_WIDE(orvik_qor_wide_r250);
+    WideR250* const wide = ORVIK_QOR_WHOLE(orvik_qor_wide_r250);
     if (n >= (wide != nullptr ? kWideLong : kLong) && ahead == kDistance) {
       run_linear(state, p, wide, n, sink);
       return ORVIK_QOR_OK;

@@ -26,14 +26,14 @@ struct Sfmt19937 : NoJumps {
 
   template <class Sink>
   static void generate(State& state, int count, const Sink& sink, ptrdiff_t i) {
-    if (WideSfmtGenerations* const wide = ORVIK_QOR_WIDE(orvik_qor_wide_sfmt_generations); wide != nullptr)
+    if (WideSfmtGenerations* const wide = ORVIK_QOR_WHOLE(orvik_qor_wide_sfmt_generations); wide != nullptr)
       wide(Sink::kForm, state.word, count, sink.target(), i);
     else
       SfmtBlocks::generations(state.word, count, sink, i);
   }
   template <class Sink>
   static void deliver(const uint32_t* word, int count, const Sink& sink, ptrdiff_t i) {
-    WideSfmtDeliver* const wide = ORVIK_QOR_WIDE(orvik_qor_wide_sfmt_deliver);
+    WideSfmtDeliver* const wide = ORVIK_QOR_WHOLE(orvik_qor_wide_sfmt_deliver);
     if (count >= kWideSfmtWords && wide != nullptr)
       wide(Sink::kForm, word, count, sink.target(), i);
     else

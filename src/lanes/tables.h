@@ -70,22 +70,40 @@ inline int64_t indices(uint64_t index) { return static_cast<int64_t>(index); }  
 inline Twice<Indices> indices(Twice<I64> index) { return {Indices(index.low), Indices(index.high)}; }
 inline Twice<Indices> indices(Twice<I32Half> index) { return {Indices(index.low), Indices(index.high)}; }
 
-template <int First = 0>
-inline Twice<F32> gather(const float* table, Twice<I32> index) {
-  return {gather<First>(table, index.low), gather<First>(table, index.high)};
+// The same for several look-ups of rows of two or four elements.
+template <class I>
+inline RowIndices row_indices(I index) {
+  return RowIndices(Indices(index));
 }
-template <int First = 0>
-inline Twice<F64> gather(const double* table, Twice<Indices> k) {
+template <class I>
+inline Twice<RowIndices> row_indices(Twice<I> index) {
+  return {row_indices(index.low), row_indices(index.high)};
+}
+inline int64_t row_indices(uint64_t index) { return indices(index); }
+
+inline Quad<Twice<F32>> gather(const float (*table)[4], Twice<I32> index) {
+  const Quad<F32> low = gather(table, index.low), high = gather(table, index.high);
+  return {{{low.c[0], high.c[0]}, {low.c[1], high.c[1]}, {low.c[2], high.c[2]}, {low.c[3], high.c[3]}}};
+}
+template <int First = 0, class At>
+inline Twice<F64> gather(const double* table, const Twice<At>& k) {
   return {gather<First>(table, k.low), gather<First>(table, k.high)};
 }
-template <int First = 0>
-inline Pair<Twice<F64>> gather(const double (*table)[2], Twice<Indices> k) {
-  const Pair<F64> low = gather<First>(table, k.low), high = gather<First>(table, k.high);
+template <int First = 0, class At>
+inline Pair<Twice<F64>> gather(const double (*table)[2], const Twice<At>& k) {
+  const RowIndices &low_rows = k.low, &high_rows = k.high;  // both at first: they pass through memory
+  const Pair<F64> low = gather<First>(table, low_rows), high = gather<First>(table, high_rows);
   return {{low.first, high.first}, {low.second, high.second}};
 }
-template <int First = 0>
-inline Quad<Twice<F64>> gather(const double (*table)[4], Twice<Indices> k) {
-  const Quad<F64> low = gather<First>(table, k.low), high = gather<First>(table, k.high);
+template <int First = 0, class At>
+inline Quad<Twice<F64>> gather(const double (*table)[4], const Twice<At>& k) {
+  const RowIndices &low_rows = k.low, &high_rows = k.high;
+  const Quad<F64> low = gather<First>(table, low_rows), high = gather<First>(table, high_rows);
+  return {{{low.c[0], high.c[0]}, {low.c[1], high.c[1]}, {low.c[2], high.c[2]}, {low.c[3], high.c[3]}}};
+}
+template <class At>
+inline Quad<Twice<F64>> gather_two_rows(const double (*table)[2], const Twice<At>& k) {
+  const Quad<F64> low = gather_two_rows(table, k.low), high = gather_two_rows(table, k.high);
   return {{{low.c[0], high.c[0]}, {low.c[1], high.c[1]}, {low.c[2], high.c[2]}, {low.c[3], high.c[3]}}};
 }
 // Rows of one element.
@@ -102,6 +120,22 @@ template <int First = 0>
 inline Quad<double> gather(const double (*table)[4], int64_t k) {
   const double* row = table[k - First];
   return {{row[0], row[1], row[2], row[3]}};
+}
+
+// Rows k to k + N - 1 of a table of 16-byte rows: take(j, columns of row k + j).
+template <int N, class At, class Take>
+[[gnu::always_inline]] inline void gather_rows(const double (*table)[2], const At& k, Take take) {
+  constexpr int kByTwo = kGathersTwoRows && !std::is_same_v<At, int64_t> ? N / 2 * 2 : 0;
+#pragma GCC unroll 8
+  for (int j = 0; j < kByTwo; j += 2) {
+    if constexpr (kByTwo > 0) {
+      const auto rows = gather_two_rows(table + j, k);
+      take(j, Pair{rows.c[0], rows.c[1]});
+      take(j + 1, Pair{rows.c[2], rows.c[3]});
+    }
+  }
+#pragma GCC unroll 8
+  for (int j = kByTwo; j < N; ++j) take(j, gather(table + j, k));
 }
 
 }  // namespace orvik

@@ -50,6 +50,8 @@ struct Indices {  // of four lanes, in scalar registers
   }
 };
 
+using RowIndices = Indices;
+
 template <int First = 0>  // the number of the table's first row
 inline F64 gather(const double* table, Indices k) {
   const auto row = [&](int64_t i) { return table + (i - First); };
@@ -78,15 +80,20 @@ inline Quad<F64> gather(const double (*table)[4], Indices k) {
   return {{_mm256_permute2f128_pd(a, c, 0x20), _mm256_permute2f128_pd(b, d, 0x20), _mm256_permute2f128_pd(a, c, 0x31),
            _mm256_permute2f128_pd(b, d, 0x31)}};
 }
-// Eight floats; indices of 32 bits, not negative.
-template <int First = 0>
-inline F32 gather(const float* table, I32 index) {
+// Rows that follow each other are read by pairs of columns: they join as they are loaded.
+inline constexpr bool kGathersTwoRows = false;
+// The four columns of a table of 16-byte rows of floats; indices of 32 bits, not negative.
+inline Quad<F32> gather(const float (*table)[4], I32 index) {
   const Indices low(low_half(index)), high(high_half(index));
-  const auto four = [&](const Indices& k) {
-    const auto row = [&](int64_t i) { return _mm_load_ss(table + (i - First)); };
-    return _mm_movelh_ps(_mm_unpacklo_ps(row(k.i0), row(k.i1)), _mm_unpacklo_ps(row(k.i2), row(k.i3)));
+  const auto rows = [&](int64_t i, int64_t j) {
+    return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(table[i])), _mm_loadu_ps(table[j]), 1);
   };
-  return _mm256_insertf128_ps(_mm256_castps128_ps256(four(low)), four(high), 1);
+  const __m256 r0 = rows(low.i0, high.i0), r1 = rows(low.i1, high.i1);
+  const __m256 r2 = rows(low.i2, high.i2), r3 = rows(low.i3, high.i3);
+  const __m256 a = _mm256_unpacklo_ps(r0, r1), b = _mm256_unpackhi_ps(r0, r1);
+  const __m256 c = _mm256_unpacklo_ps(r2, r3), d = _mm256_unpackhi_ps(r2, r3);
+  return {{_mm256_shuffle_ps(a, c, 0x44), _mm256_shuffle_ps(a, c, 0xEE), _mm256_shuffle_ps(b, d, 0x44),
+           _mm256_shuffle_ps(b, d, 0xEE)}};
 }
 
 }  // namespace orvik

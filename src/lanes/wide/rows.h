@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "lanes/wide/vectors.h"
+#include "lanes/wide/tables.h"
 
 namespace orvik {
 
@@ -25,27 +25,12 @@ template <int kLength, class Index>
 [[gnu::always_inline]] inline void load_columns(const double* c, const Index* i, F64* out) {
   const auto at = [&](int k) { return c + kLength * static_cast<int64_t>(i[k]); };
   if constexpr (kLength == 4) {
-    const auto rows = [&](int k) {  // k and four further
-      return _mm512_insertf64x4(_mm512_castpd256_pd512(_mm256_loadu_pd(at(k))), _mm256_loadu_pd(at(k + 4)), 1);
-    };
-    const __m512d r0 = rows(0), r1 = rows(1), r2 = rows(2), r3 = rows(3);
-    const __m512d a = _mm512_unpacklo_pd(r0, r1), b = _mm512_unpackhi_pd(r0, r1);
-    const __m512d d = _mm512_unpacklo_pd(r2, r3), e = _mm512_unpackhi_pd(r2, r3);
-    const __m512i first = _mm512_setr_epi64(0, 1, 8, 9, 4, 5, 12, 13);
-    const __m512i second = _mm512_setr_epi64(2, 3, 10, 11, 6, 7, 14, 15);
-    out[0] = _mm512_permutex2var_pd(a, first, d);
-    out[1] = _mm512_permutex2var_pd(b, first, e);
-    out[2] = _mm512_permutex2var_pd(a, second, d);
-    out[3] = _mm512_permutex2var_pd(b, second, e);
+    const Quad<F64> columns = gather_fours(at);
+    for (int j = 0; j < 4; ++j) out[j] = columns.c[j];
   } else {
-    const auto rows = [&](int k) {  // the first two columns of every other row
-      return join_quarters(_mm_loadu_pd(at(k)), _mm_loadu_pd(at(k + 2)), _mm_loadu_pd(at(k + 4)),
-                           _mm_loadu_pd(at(k + 6)));
-    };
-    const __m512d even = rows(0), odd = rows(1);
-    out[0] = _mm512_unpacklo_pd(even, odd);
-    out[1] = _mm512_unpackhi_pd(even, odd);
     static_assert(kLength == 2);
+    const Pair<F64> columns = gather_twos(at);
+    out[0] = columns.first, out[1] = columns.second;
   }
 }
 

@@ -35,7 +35,7 @@ template <Double V, int Part, class Rows, class Indexes>
 // 2^-57.
 template <bool Fine = false, Double V, size_t N>
 [[gnu::always_inline]] inline HeadTail<V> expand(const double (&rows)[N][16], Integer<V> row, V a) {
-  const auto k = indices(shift_left<2>(row));
+  const auto k = row_indices(shift_left<2>(row));
   const Quad<V> last = columns<V, 3>(rows, k), first = columns<V, 0>(rows, k);
   const Quad<V> second = columns<V, 1>(rows, k), third = columns<V, 2>(rows, k);
   const V h = a - last.c[2];
@@ -59,7 +59,7 @@ template <bool Fine = false, Double V, size_t N>
 // value + h P(h) for results of 32 bits.
 template <Double V, size_t N>
 [[gnu::always_inline]] inline V expand(const double (&rows)[N][8], Integer<V> row, V a) {
-  const auto k = indices(shift_left<1>(row));
+  const auto k = row_indices(shift_left<1>(row));
   const Quad<V> first = columns<V, 0>(rows, k), last = columns<V, 1>(rows, k);
   const V h = a - last.c[3];
   return horner(h, first.c[0], first.c[1], first.c[2], first.c[3], last.c[0], last.c[1], last.c[2]);

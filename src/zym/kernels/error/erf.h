@@ -79,7 +79,7 @@ struct Erf<V, L> {
     const V r = sum - shifter;
     const V d = a - r;
     const V r2 = r * r;
-    const auto index = indices(as_bits(sum) & Integer<V>(uint64_t{1023}));
+    const auto index = row_indices(as_bits(sum) & Integer<V>(uint64_t{1023}));
     const auto row = gather(kErfSteps, index);
     const V p = row.second * d;
     // The factor behind s d.

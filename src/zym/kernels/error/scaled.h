@@ -52,7 +52,7 @@ struct Scaled {
 
   [[gnu::always_inline]] explicit Scaled(V z, V z_tail) {
     const Integer<V> key = shift_right<48>(as_bits(z + V(1.0))) - Integer<V>(uint64_t{1023 << 4});
-    const auto index = indices(key + key + key);
+    const auto index = row_indices(key + key + key);
     const auto* const rows = reinterpret_cast<const double(*)[4]>(kErfcxRows);  // twelve numbers are three times four
     const auto low = gather(rows, index), middle = gather(rows + 1, index), high = gather(rows + 2, index);
     const V t = (z - low.c[0]) + z_tail;

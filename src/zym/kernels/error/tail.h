@@ -69,14 +69,14 @@ inline constexpr double kThird = 1.0 / 3, kTwoThirds = 2.0 / 3;
 template <Double V>
 struct Step {
   V r, e;
-  decltype(indices(Integer<V>())) index;
+  decltype(row_indices(Integer<V>())) index;
   V erfc, b1;
 
   [[gnu::always_inline]] explicit Step(V z) : Step(z, z + V(kShifter64 / 128)) {}
 
  private:
   [[gnu::always_inline]] Step(V z, V sum)
-      : r(sum - V(kShifter64 / 128)), e(r - z), index(indices(as_bits(sum) & Integer<V>(uint64_t{2047}))) {
+      : r(sum - V(kShifter64 / 128)), e(r - z), index(row_indices(as_bits(sum) & Integer<V>(uint64_t{2047}))) {
     const auto row = gather(kErfcSteps, index);
     erfc = row.first;
     b1 = row.second;

@@ -109,7 +109,7 @@ struct ExpInt1<V, L> {
       const V p = fma(r * r, horner(r, kExpDoubleHA), r) + power.second;
       const ExpansionRow<V, 4, -6> row(x);
       const V from_middle = x - row.middle;
-      const Expansion<V> f(from_middle, indices(row.index), kExpInt1Terms0, kExpInt1Terms4, kExpInt1Terms8);
+      const Expansion<V> f(from_middle, row_indices(row.index), kExpInt1Terms0, kExpInt1Terms4, kExpInt1Terms8);
       const V rest = fma(from_middle, f.rest, f.first_tail);
       const HeadTail<V> heads = two_prod(power.first, f.first);
       value = heads.head + fma(power.first, fma(p, f.first + rest, rest), heads.tail);
@@ -153,11 +153,9 @@ struct ExpInt1<V, L> {
       using I = Integer<V>;
       const auto [t, n] = shift_round(x, V(-kLog2E32));
       const V r = fnma(n, V(kLn2Whole32), V(0.0f) - x);
-      const I row = shift_right<20>(as_bits(x));
-      const I index = row - I((127 - 6) << 3);
-      const V y = x - as_float(shift_left<20>(row) | I(1 << 19));
-      const V f = fma(fma(gather(kExpInt1Single2, index), y, gather(kExpInt1Single1, index)), y,
-                      gather(kExpInt1Single0, index));
+      const auto c = gather(kExpInt1Single, shift_right<20>(as_bits(x)) - I((127 - 6) << 3));
+      const V y = x - c.c[3];
+      const V f = fma(fma(c.c[2], y, c.c[1]), y, c.c[0]);
       return as_float(as_bits(horner(r, kExpSingleEP) * f) + shift_left<23>(as_bits(t)));
     } else {
       using F = ExpInt1<Wide<V>, Level::EP>;

@@ -82,16 +82,15 @@ extern const double kExpInt1Short[496][4];
 
 // Three terms in 32 bits, eight rows a binade, moved by the fourth (u^3 = 3/4 u within 1/4): error below 2^-14 of f.
 //: let x = (8.5 + mod(i, 8)) / 8 * 2^(floor(i/8) - 6)
-//: = -exp(x) * eint(-x)
-extern const float kExpInt1Single0[104];
-//: let x = (8.5 + mod(i, 8)) / 8 * 2^(floor(i/8) - 6)
 //: let h = 2^(floor(i/8) - 6) / 16
 //: let f0 = -exp(x) * eint(-x)
-//: let f3 = ((f0 - 1 / x + 1 / x^2) / 2 - 1 / x^3) / 3
-//: = f0 - 1 / x + f3 * h^2 * 3 / 4
-extern const float kExpInt1Single1[104];
-//: let x = (8.5 + mod(i, 8)) / 8 * 2^(floor(i/8) - 6)
-//: = (-exp(x) * eint(-x) - 1 / x + 1 / x^2) / 2
-extern const float kExpInt1Single2[104];
+//: let f1 = f0 - 1 / x
+//: let f2 = (f1 + 1 / x^2) / 2
+//: let f3 = (f2 - 1 / x^3) / 3
+//: c0 = f0
+//: c1 = f1 + f3 * h^2 * 3 / 4
+//: c2 = f2
+//: middle = x
+extern const float kExpInt1Single[104][4];
 
 }  // namespace orvik::zym

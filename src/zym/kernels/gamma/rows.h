@@ -64,9 +64,9 @@ class Row {
   V increment(V x) const { return fma(rest<kRest>(x), x, gather(kGammaHeads, heads_).first) * x; }
 
  private:
-  using At = decltype(indices(Integer<V>(uint64_t{0})));
+  using At = decltype(row_indices(Integer<V>(uint64_t{0})));
 
-  static At bits(V sum) { return indices(as_bits(sum) & Integer<V>(uint64_t{0xFFFF})); }
+  static At bits(V sum) { return row_indices(as_bits(sum) & Integer<V>(uint64_t{0xFFFF})); }
 
   template <int Count>
   V rest(V x) const {
@@ -83,11 +83,9 @@ class Row {
   // From the highest of them down, by twos as linear terms.
   template <int Count, int N>
   void gather_terms(V x, V (&terms)[N]) const {
-#pragma GCC unroll 8
-    for (int j = 0; j < N; ++j) {
-      const Pair<V> next = gather(pairs<Count>() + j, rest_);
-      terms[j] = fma(next.first, x, next.second);
-    }
+    gather_rows<N>(pairs<Count>(), rest_,
+                   [&](int j, Pair<V> next)
+                       __attribute__((always_inline)) { terms[j] = fma(next.first, x, next.second); });
   }
   // x (a + more).
   static HeadTail<V> product(V x, HeadTail<V> a, V more) {

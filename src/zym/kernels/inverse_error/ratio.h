@@ -37,7 +37,7 @@ template <Double V>
 
   const ExpansionRow<V, 4, 2> row(V(4.0) - head);
   const V x = V(0.0) - ((head + (row.middle - V(4.0))) + low);
-  const Expansion<V> c(x, indices(row.index), kErfInvTerms0, kErfInvTerms4, kErfInvTerms8);
+  const Expansion<V> c(x, row_indices(row.index), kErfInvTerms0, kErfInvTerms4, kErfInvTerms8);
   const V rest = fma(x, c.rest, c.first_tail);  // some 3 % of c0 at most: its roundings count little
   return fma(t.head, c.first, fma(t.head, rest, t.tail * c.first));
 }
@@ -55,7 +55,7 @@ template <Double V>
   const V w = minus_ln(k, horner(k.r, kLnDoubleLA));
   const ExpansionRow<V, 4, 2> row(w + V(4.0));
   const V x = w - (row.middle - V(4.0));
-  const Expansion<V> c(x, indices(row.index), kErfInvTerms0, kErfInvTerms4, kErfInvTerms8);
+  const Expansion<V> c(x, row_indices(row.index), kErfInvTerms0, kErfInvTerms4, kErfInvTerms8);
   return t * fma(x, c.rest, c.first);
 }
 

@@ -14,14 +14,15 @@ struct NextAfter {
   using B = Bits<V>;
 
   static V lanes(V a, V b) {
-    // The sign bit of `towards_zero` decides: set where |a| > |b|, or where the signs differ.
-    const Mask<V> towards_zero = (magnitude(a) > magnitude(b)) | sign_decides(a ^ b);
-    return as_float(as_bits(a) + select(towards_zero, Integer<V>(~B{0}), Integer<V>(B{1})));
+    // Set where |a| > |b|, which their bits tell, or where the signs differ.
+    const V towards_zero = as_float(as_bits(magnitude(b)) - as_bits(magnitude(a))) | (a ^ b);
+    return as_float(as_bits(a) + select(sign_decides(towards_zero), Integer<V>(~B{0}), Integer<V>(B{1})));
   }
 
+  // NaNs, numbers without a step between them, results that are no normal numbers.
   static Mask<V> special(V a, V b) {
-    const V r = magnitude(lanes(a, b));
-    return equal_or_unordered(a, b) | (r < V(std::numeric_limits<E>::min())) | not_finite(r);
+    constexpr uint32_t kFirst = Single<V> ? 0x00800000u : 0x00100000u, kLast = Single<V> ? 0x7F7FFFFFu : 0x7FEFFFFFu;
+    return equal_or_unordered(a, b) | outside_magnitude<kFirst, kLast>(lanes(a, b));
   }
 
   static int32_t element(const E* pa, const E* pb, E* r) {

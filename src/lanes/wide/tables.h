@@ -36,7 +36,7 @@ struct Indices {  // of eight lanes
 // In memory as well, for scalar registers: taking them out of a vector keeps arithmetic ports busy.
 class RowIndices : public Indices {
  public:
-  RowIndices(const Indices& k) : Indices(k) {
+  [[gnu::always_inline]] RowIndices(const Indices& k) : Indices(k) {
     const __m512i fours = _mm512_slli_epi64(k.v, 2);
     // By halves: what is stored by 64 bytes has to reach the cache before parts of it can be loaded.
     _mm256_store_si256(reinterpret_cast<__m256i*>(fours_), low_256(fours));
@@ -45,7 +45,7 @@ class RowIndices : public Indices {
   }
   // The row of a lane in a table with First for the first one's number.
   template <int First, int kLength>
-  const double* row(const double (*table)[kLength], int lane) const {
+  [[gnu::always_inline]] const double* row(const double (*table)[kLength], int lane) const {
     constexpr int64_t kSize = kLength * sizeof(double);
     return reinterpret_cast<const double*>(reinterpret_cast<uintptr_t>(table) +
                                            static_cast<uintptr_t>(kSize / 4 * fours_[lane] - kSize * First));
@@ -69,7 +69,7 @@ inline F64 gather(const double* table, Indices k) {
 // Rows of two and of four elements as columns, by the address of each. What comes from memory joins a register under a
 // mask, which more units do than a permutation of registers.
 template <class Row>
-inline Pair<F64> gather_twos(Row row) {
+[[gnu::always_inline]] inline Pair<F64> gather_twos(Row row) {
   const auto rows = [&](int j) {  // every other one from j on
     const __m256d two = _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(row(j))), _mm_loadu_pd(row(j + 2)), 1);
     const __m512d three = _mm512_mask_broadcast_f64x2(_mm512_castpd256_pd512(two), 0x30, _mm_loadu_pd(row(j + 4)));
@@ -79,7 +79,7 @@ inline Pair<F64> gather_twos(Row row) {
   return {_mm512_unpacklo_pd(even, odd), _mm512_unpackhi_pd(even, odd)};
 }
 template <class Row>
-inline Quad<F64> gather_fours(Row row) {
+[[gnu::always_inline]] inline Quad<F64> gather_fours(Row row) {
   const auto rows = [&](int j) {  // j and j + 2
     return _mm512_mask_broadcast_f64x4(_mm512_castpd256_pd512(_mm256_loadu_pd(row(j))), 0xF0,
                                        _mm256_loadu_pd(row(j + 2)));
@@ -92,17 +92,17 @@ inline Quad<F64> gather_fours(Row row) {
 }
 // Both columns of a table of 16-byte rows.
 template <int First = 0>
-inline Pair<F64> gather(const double (*table)[2], const RowIndices& k) {
+[[gnu::always_inline]] inline Pair<F64> gather(const double (*table)[2], const RowIndices& k) {
   return gather_twos([&](int i) { return k.row<First>(table, i); });
 }
 // The four columns of a table of 32-byte rows.
 template <int First = 0>
-inline Quad<F64> gather(const double (*table)[4], const RowIndices& k) {
+[[gnu::always_inline]] inline Quad<F64> gather(const double (*table)[4], const RowIndices& k) {
   return gather_fours([&](int i) { return k.row<First>(table, i); });
 }
 // Rows k and k + 1 of a table of 16-byte rows: four elements.
 inline constexpr bool kGathersTwoRows = true;
-inline Quad<F64> gather_two_rows(const double (*table)[2], const RowIndices& k) {
+[[gnu::always_inline]] inline Quad<F64> gather_two_rows(const double (*table)[2], const RowIndices& k) {
   return gather_fours([&](int i) { return k.row<0>(table, i); });
 }
 // The four columns of a table of 16-byte rows of floats; indices of 32 bits, not negative.

@@ -101,6 +101,10 @@ inline Quad<Twice<F64>> gather(const double (*table)[4], const Twice<At>& k) {
   const Quad<F64> low = gather<First>(table, low_rows), high = gather<First>(table, high_rows);
   return {{{low.c[0], high.c[0]}, {low.c[1], high.c[1]}, {low.c[2], high.c[2]}, {low.c[3], high.c[3]}}};
 }
+template <int First = 0, class At>
+inline Twice<F64> gather_first(const double (*table)[2], const Twice<At>& k) {
+  return {gather_first<First>(table, k.low), gather_first<First>(table, k.high)};
+}
 template <class At>
 inline Quad<Twice<F64>> gather_two_rows(const double (*table)[2], const Twice<At>& k) {
   const Quad<F64> low = gather_two_rows(table, k.low), high = gather_two_rows(table, k.high);
@@ -115,6 +119,10 @@ template <int First = 0>
 inline Pair<double> gather(const double (*table)[2], int64_t k) {
   const double* row = table[k - First];
   return {row[0], row[1]};
+}
+template <int First = 0>
+inline double gather_first(const double (*table)[2], int64_t k) {
+  return table[k - First][0];
 }
 template <int First = 0>
 inline Quad<double> gather(const double (*table)[4], int64_t k) {

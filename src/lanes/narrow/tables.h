@@ -80,6 +80,10 @@ inline Quad<F64> gather(const double (*table)[4], Indices k) {
   return {{_mm256_permute2f128_pd(a, c, 0x20), _mm256_permute2f128_pd(b, d, 0x20), _mm256_permute2f128_pd(a, c, 0x31),
            _mm256_permute2f128_pd(b, d, 0x31)}};
 }
+template <int First = 0>
+inline F64 gather_first(const double (*table)[2], Indices k) {  // the first alone
+  return gather<First>(table, k).first;
+}
 // Rows that follow each other are read by pairs of columns: they join as they are loaded.
 inline constexpr bool kGathersTwoRows = false;
 // The four columns of a table of 16-byte rows of floats; indices of 32 bits, not negative.

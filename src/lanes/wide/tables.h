@@ -95,6 +95,11 @@ template <int First = 0>
 [[gnu::always_inline]] inline Pair<F64> gather(const double (*table)[2], const RowIndices& k) {
   return gather_twos([&](int i) { return k.row<First>(table, i); });
 }
+template <int First = 0>
+inline F64 gather_first(const double (*table)[2], Indices k) {  // the first alone
+  const auto* first = static_cast<const double*>(row_zero<2 * First>(&table[0][0]));
+  return _mm512_mask_i64gather_pd(_mm512_setzero_pd(), 0xFF, _mm512_slli_epi64(k.v, 1), first, 8);
+}
 // The four columns of a table of 32-byte rows.
 template <int First = 0>
 [[gnu::always_inline]] inline Quad<F64> gather(const double (*table)[4], const RowIndices& k) {

@@ -72,10 +72,16 @@ template <Double V>
 
 // --- exponential ----------------------------------------------------------------------------------------------------
 
-// Of a sum of the shifter and n: the row n modulo 64 of the table, and 2^(n / 64 - Less) rounded down, a normal number.
-template <class V>
+// Of a sum of the shifter and n: the row n modulo 64 of the table, whose second number only those in head and tail read,
+// and 2^(n / 64 - Less) rounded down, a normal number.
+template <class N, class V = Lanes<N>>
 [[gnu::always_inline]] inline Pair<V> exp2_row(V sum) {
-  return gather(kExp2Frac64, indices(as_bits(sum) & Integer<V>(int64_t{63})));
+  const auto row = indices(as_bits(sum) & Integer<V>(int64_t{63}));
+  if constexpr (kPlain<N>) {
+    return {gather_first(kExp2Frac64, row), V(0.0)};
+  } else {
+    return gather(kExp2Frac64, row);
+  }
 }
 template <int Less = 0, class V>
 [[gnu::always_inline]] inline V exp2_scale(V sum) {
@@ -107,7 +113,7 @@ struct Exponential {
 template <class N, class V = Lanes<N>>
 [[gnu::always_inline]] inline Exponential<N> exponential(V x, V tail = V(0.0)) {
   const ReducedExponent<V> e(x);
-  const Pair<V> row = exp2_row(e.sum);
+  const Pair<V> row = exp2_row<N>(e.sum);
   const V rest = e.r * e.r * horner(e.r, kExpElement);
   if constexpr (kPlain<N>) {
     return {fma(row.first, e.r + rest, row.first), e.sum};
@@ -174,7 +180,7 @@ struct Hyperbolic {
     }
     // Where it counts for nothing, b stays a normal number.
     const V down_sum = V(kShifter64) - min(e.n, V(64.0 * 200));
-    const Pair<V> up_row = exp2_row(e.sum), down_row = exp2_row(down_sum);
+    const Pair<V> up_row = exp2_row<N>(e.sum), down_row = exp2_row<N>(down_sum);
     const V up = up_row.first * up_scale, down = down_row.first * exp2_scale<1>(down_sum);
     const V r = e.r, z = r * r;
     const V cubic = r * z * horner(z, kSinhRest);

@@ -194,9 +194,8 @@ TYPED_TEST(LanesTest, MasksAndBitsGoThereAndBack) {
 
 TEST(Gathers, TakeTheRowsThatTheIndicesName) {
   double single[64], pairs[64][2], quads[64][4];
-  float floats[64];
   for (int i = 0; i < 64; ++i) {
-    single[i] = i, floats[i] = static_cast<float>(i);
+    single[i] = i;
     for (int j = 0; j < 2; ++j) pairs[i][j] = 10 * i + j;
     for (int j = 0; j < 4; ++j) quads[i][j] = 10 * i + j;
   }
@@ -219,10 +218,64 @@ TEST(Gathers, TakeTheRowsThatTheIndicesName) {
     store(got, quad.c[j]);
     for (int i = 0; i < kCount; ++i) EXPECT_EQ(got[i], 10.0 * static_cast<double>(rows[i]) + j);
   }
-  float taken[kWidth<F32>];
+  store(got, gather_first(pairs, k));
+  for (int i = 0; i < kCount; ++i) EXPECT_EQ(got[i], 10.0 * static_cast<double>(rows[i]));
+  float of_rows[64][4], taken[kWidth<F32>];
+  for (int i = 0; i < 64; ++i) {
+    for (int j = 0; j < 4; ++j) of_rows[i][j] = static_cast<float>(10 * i + j);
+  }
   const float numbers[16] = {3, 60, 0, 7, 12, 33, 1, 63, 2, 2, 41, 0, 9, 62, 5, 18};
-  store(taken, gather(floats, to_integer(load<F32>(numbers))));
-  for (int i = 0; i < kWidth<F32>; ++i) EXPECT_EQ(taken[i], numbers[i]);
+  const Quad<F32> four = gather(of_rows, to_integer(load<F32>(numbers)));
+  for (int j = 0; j < 4; ++j) {
+    store(taken, four.c[j]);
+    for (int i = 0; i < kWidth<F32>; ++i) EXPECT_EQ(taken[i], 10 * numbers[i] + static_cast<float>(j));
+  }
+}
+
+// Tables whose first row has another number than 0, indices of 32 bits, both vectors of a pair, one element.
+template <class At, class Get>
+void expect_rows(const At& k, const int64_t* rows, int count, Get get) {
+  double pairs[64][2], quads[64][4];
+  for (int i = 0; i < 64; ++i) {
+    for (int j = 0; j < 2; ++j) pairs[i][j] = 10 * i + j;
+    for (int j = 0; j < 4; ++j) quads[i][j] = 10 * i + j;
+  }
+  const auto expect = [&](const auto& column, double more, int64_t first) {
+    for (int i = 0; i < count; ++i) EXPECT_EQ(get(column, i), 10.0 * static_cast<double>(rows[i] - first) + more);
+  };
+  const auto pair = gather<2>(pairs, k);
+  expect(pair.first, 0, 2), expect(pair.second, 1, 2);
+  expect(gather_first<1>(pairs, k), 0, 1);
+  const auto quad = gather<1>(quads, k);
+  for (int j = 0; j < 4; ++j) expect(quad.c[j], j, 1);
+  int taken = 0;
+  gather_rows<5>(pairs, k, [&](int j, const auto& row) {
+    EXPECT_EQ(j, taken++);
+    expect(row.first, 10 * j, 0), expect(row.second, 10 * j + 1, 0);
+  });
+  EXPECT_EQ(taken, 5);
+}
+
+TEST(Gathers, OfSeveralRowsAndOfTablesThatBeginElsewhere) {
+  constexpr int kCount = kWidth<F64>;
+  const int64_t rows[16] = {58, 2, 17, 5, 3, 57, 5, 33, 2, 49, 21, 9, 9, 4, 40, 31};
+  double bits[16];
+  for (int i = 0; i < 16; ++i) bits[i] = std::bit_cast<double>(rows[i]);
+  const auto at = [](F64 column, int i) {
+    double lanes[kCount];
+    store(lanes, column);
+    return lanes[i];
+  };
+  const I64 low = as_bits(load<F64>(bits)), high = as_bits(load<F64>(bits + kCount));
+  expect_rows(indices(low), rows, kCount, at);
+  expect_rows(row_indices(low), rows, kCount, at);
+  expect_rows(row_indices(low_words(low)), rows, kCount, at);
+  const auto at_either = [&](Twice<F64> column, int i) {
+    return i < kCount ? at(column.low, i) : at(column.high, i - kCount);
+  };
+  expect_rows(indices(Twice<I64>{low, high}), rows, 2 * kCount, at_either);
+  expect_rows(row_indices(Twice<I64>{low, high}), rows, 2 * kCount, at_either);
+  expect_rows(row_indices(uint64_t{17}), rows + 2, 1, [](double column, int) { return column; });
 }
 
 TEST(Tables, InRegistersAreReadByTheLowBitsOfTheIndex) {

@@ -26,7 +26,7 @@ inline F32 look_up_in_sixteen(const float* table, I32 index) {
   return _mm512_permutexvar_ps(index.v, _mm512_loadu_ps(table));
 }
 
-// --- in memory: one column by the gather instruction, rows of two and four by loads of them ---------------------------
+// --- in memory: one column by the gather instruction, rows of two and four by loads of them -----------------------
 
 struct Indices {  // of eight lanes
   __m512i v;

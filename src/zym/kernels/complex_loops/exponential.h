@@ -72,8 +72,8 @@ template <Double V>
 
 // --- exponential ----------------------------------------------------------------------------------------------------
 
-// Of a sum of the shifter and n: the row n modulo 64 of the table, whose second number only those in head and tail read,
-// and 2^(n / 64 - Less) rounded down, a normal number.
+// Of a sum of the shifter and n: the row n modulo 64 of the table, whose second number only those in head and tail
+// read, and 2^(n / 64 - Less) rounded down, a normal number.
 template <class N, class V = Lanes<N>>
 [[gnu::always_inline]] inline Pair<V> exp2_row(V sum) {
   const auto row = indices(as_bits(sum) & Integer<V>(int64_t{63}));

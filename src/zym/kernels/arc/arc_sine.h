@@ -4,14 +4,13 @@
 // Every result is base + k a with k = +-1, +-2. From |x| = 1 on the element routine decides.
 #pragma once
 
-#include <iterator>
-
 #include "lanes/estimates.h"
 #include "lanes/quotients.h"
 #include "orvik/zym_types.h"
 #include "zym/kernels/arc/coefficients.h"
 #include "zym/kernels/arc/constants.h"
 #include "zym/kernels/roots/coefficients.h"
+#include "zym/kernels/shared/complement.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym {
@@ -29,66 +28,83 @@ constexpr const auto& sine_coefficients() {
 }
 
 // sqrt(s), 2^-54 <= s <= 1/2. Estimated, of doubles: within 2^-34, by fewer cycles than the root instruction's, which
-// leaves other instructions more of them. HA has so much else to do that the instruction costs nothing.
-template <bool Estimated, Level L, class V>
+// leaves other instructions more of them.
+template <bool Estimated, class V>
 [[gnu::always_inline]] inline V half_angle_root(V s) {
   if constexpr (Estimated) {
     const V y = inverse_root_estimate(s);
     const V root = s * y;
     return root * horner(fnma(root, y, V(1.0)), roots::kInverseRootShort);
   } else {
-    if constexpr (L == Level::HA) return sqrt(s);
     return orvik::root(s);
   }
 }
 
-// asin of |x| < 1 before its base is added. `wide`: |x| above 1/2.
+// asin of |x| < 1 before its base is added, LA and EP. `wide`: |x| above 1/2.
 template <class V, Level L, Unit U, bool Estimated = false>
 struct HalfAngle {
   Mask<V> wide;
-  V head, tail;  // of w in the unit; LA and EP: all of a, or what `rest` is a factor to, and no tail
-  V cube, rest;  // HA: what is added to them is w^3 (c + rest), c the lowest coefficient of P
+  V head, rest;  // of half turns: factors of a
 
   [[gnu::always_inline]] explicit HalfAngle(V a) {
     using E = Element<V>;
-    using K = Constants<E>;
     const V half = V(E(0.5));
     wide = a > half;
     const V s = fnma(a, half, half);
-    const V root = half_angle_root<Estimated, L>(s);
+    const V root = half_angle_root<Estimated>(s);
     const V w = min(root, a);
-    const V z = min(safe_square<L == Level::HA>(a), s);
-    const auto& c = sine_coefficients<V, L, U>();
-    if constexpr (L != Level::HA) {
-      tail = cube = V(E(0));
-      const V p = horner(z, c);
-      if constexpr (U == Unit::radian) {
-        head = fma(w, z * p, w);
-      } else {
-        head = w;
-        rest = fma(z, p, V(K::inverse_pi));
-      }
+    const V z = min(safe_square<false>(a), s);
+    const V p = horner(z, sine_coefficients<V, L, U>());
+    if constexpr (U == Unit::radian) {
+      head = fma(w, z * p, w);
     } else {
-      // What w + w z P lacks because the root is rounded, (s - root^2) / (2 root) times 1 + z P(z): 1 to 1.047.
-      const V lost = keep(wide, fnma(root, root, s) * rough_reciprocal(root * V(E(1.94))));
-      HeadTail<V> sum = {w, lost};
-      if constexpr (U == Unit::half_turn) sum = over_pi(w, lost);
-      head = sum.head;
-      tail = sum.tail;
-      cube = w * z;
-      rest = z * horner_but_lowest(z, c);
+      head = w;
+      rest = fma(z, p, V(Constants<E>::inverse_pi));
     }
   }
 
   // base + k a, |base| >= |k a| or base = 0; k a power of two with a sign.
-  [[gnu::always_inline]] V placed(V k, V base, V base_low) const {
-    if constexpr (L != Level::HA && U == Unit::radian) return fma(k, head, base);
-    if constexpr (L != Level::HA && U == Unit::half_turn) return fma(k * head, rest, base);
-    const HeadTail<V> sum = fast_two_sum(base, k * head);
-    const auto& c = sine_coefficients<V, L, U>();
-    const V scaled = k * cube, lowest = V(c[std::size(c) - 1]);
-    return sum.head + fma(scaled, lowest, fma(scaled, rest, fma(k, tail, sum.tail + base_low)));
+  [[gnu::always_inline]] V placed(V k, V base) const {
+    if constexpr (U == Unit::radian) return fma(k, head, base);
+    return fma(k * head, rest, base);
   }
+};
+
+// The same at HA of u = +-|x| or +-2 w, 2 w = sqrt(2 - 2 |x|): base + u + u z P(z), |base| >= |u| or base = 0.
+template <class V, Unit U>
+struct ExactAngle {
+  Mask<V> wide;
+  V root;  // 2 w
+  V z, p, lost;
+
+  [[gnu::always_inline]] explicit ExactAngle(V a) {
+    using E = Element<V>;
+    const V half = V(E(0.5)), two = V(E(2));
+    wide = a > half;
+    const V square = fnma(a, two, two);
+    root = sqrt(square);
+    z = min(safe_square<true>(a), fnma(a, half, half));
+    p = horner(z, sine_coefficients<V, Level::HA, U>());
+    lost = keep(wide, fnma(root, root, square));
+  }
+
+  [[gnu::always_inline]] V placed(V u, V base) const {
+    using E = Element<V>;
+    using K = Constants<E>;
+    constexpr bool kRadian = U == Unit::radian;
+    const V head = kRadian ? u : u * V(K::inverse_pi);
+    const HeadTail<V> sum = fast_two_sum(base, head);
+    V tail = sum.tail;
+    if constexpr (kRadian) {
+      tail = fma(base, V(K::pi_rest), tail);  // pi/2 and pi
+    } else {
+      tail = tail + fma(u, V(K::inverse_pi_low), fms(u, V(K::inverse_pi), head));
+    }
+    // What the rounded root lacks, in the unit, within 8 %: lost / (2 u), times 1 + z P(z).
+    const V lacks = near_reciprocal<kRadian ? 0x7FCEF00000000000u : 0x7FB4500000000000u>(u);
+    return sum.head + fma(u * z, p, fma(lost, lacks, tail));
+  }
+
 };
 
 // |x| >= 1 and what is no number; where small arguments times the tail of 1/pi would underflow, those as well.
@@ -126,11 +142,16 @@ struct ArcSine {
   static auto special(V x) { return outside_lanes<V, L, U>(x); }
 
   static V lanes(V x) {
-    // The cosine has so much else to do that an estimate gains nothing with registers of 256 bits.
-    const HalfAngle<V, L, U, Double<V> && L == Level::EP> a(magnitude(x));
-    const V r = a.placed(constant_of<V>(a.wide, -2, 1), keep(a.wide, V(kHalfTurn<E, U> / 2)),
-                         keep(a.wide, V(kHalfTurnLow<E, U> / 2)));
-    return flip_sign(r, x);
+    const V magnitude = orvik::magnitude(x);
+    if constexpr (L == Level::HA) {
+      const ExactAngle<V, U> a(magnitude);
+      const V u = select(a.wide, a.root ^ sign_mask<V>(), magnitude);
+      return flip_sign(a.placed(u, keep(a.wide, V(kHalfTurn<E, U> / 2))), x);
+    } else {
+      // The cosine has so much else to do that an estimate gains nothing with registers of 256 bits.
+      const HalfAngle<V, L, U, Double<V> && L == Level::EP> a(magnitude);
+      return flip_sign(a.placed(constant_of<V>(a.wide, -2, 1), keep(a.wide, V(kHalfTurn<E, U> / 2))), x);
+    }
   }
 
   static int32_t element(const E* px, E* r) {
@@ -148,13 +169,17 @@ struct ArcCosine {
   static auto special(V x) { return outside_lanes<V, L, U>(x); }
 
   static V lanes(V x) {
-    const HalfAngle<V, L, U> a(magnitude(x));
-    const V k = flip_sign(constant_of<V>(a.wide, 2, -1), x);
-    const Mask<V> negative = V(E(0)) > x;
-    const auto base = [&](E right, E straight) {
-      return drop(a.wide, V(right)) | keep(a.wide & negative, V(straight));
-    };
-    return a.placed(k, base(kHalfTurn<E, U> / 2, kHalfTurn<E, U>), base(kHalfTurnLow<E, U> / 2, kHalfTurnLow<E, U>));
+    const V right = V(kHalfTurn<E, U> / 2);
+    if constexpr (L == Level::HA) {
+      const ExactAngle<V, U> a(magnitude(x));
+      const V u = flip_sign(select(a.wide, a.root, x | sign_mask<V>()), x);
+      return a.placed(u, right - keep(a.wide, join_sign(right, x)));
+    } else {
+      const HalfAngle<V, L, U> a(magnitude(x));
+      const V k = flip_sign(constant_of<V>(a.wide, 2, -1), x);
+      const Mask<V> negative = V(E(0)) > x;
+      return a.placed(k, drop(a.wide, right) | keep(a.wide & negative, V(kHalfTurn<E, U>)));
+    }
   }
 
   static int32_t element(const E* px, E* r) {

@@ -1,5 +1,6 @@
 // The angle of the point (x, y), y first, also in half turns: the angle of the first octant placed by base and sign,
 //   |y| > |x|: pi/2 - a for x > 0, pi/2 + a for x < 0;  else a for x > 0, pi - a for x < 0;  with the sign of y.
+// At HA by pivots of the half plane (pivots.h).
 // Points with a coordinate far from 1 (axes among them) take the element routine. No element is ever reported.
 #pragma once
 
@@ -19,18 +20,19 @@ struct PointAngle {
   // Both coordinates within 2^-38 .. 2^38, or 2^-400 .. 2^400: neither the quotient nor what corrects it underflows.
   static auto special(V y, V x) {
     constexpr uint32_t kFirst = Single<V> ? 0x2C800000u : 0x26F00000u, kLast = Single<V> ? 0x527FFFFFu : 0x58EFFFFFu;
-    return outside_magnitude<kFirst, kLast>(y) | outside_magnitude<kFirst, kLast>(x);
+    return outside<kFirst, kLast>(magnitude(y)) | outside<kFirst, kLast>(magnitude(x));
   }
 
   static V lanes(V y, V x) {
     const V ay = magnitude(y), ax = magnitude(x);
-    const Mask<V> steep = ay > ax, left = x < V(E(0));
-    const auto base = [&](E right, E straight) { return select(steep, V(right), keep(left, V(straight))); };
-    const V away = flip_sign(minus_where<V>(steep), x);
-    const HeadTail<V> angle = first_octant<V, L, U>(min(ay, ax), max(ay, ax));
-    return flip_sign(turned<L>(angle, base(kHalfTurn<E, U> / 2, kHalfTurn<E, U>),
-                               base(kHalfTurnLow<E, U> / 2, kHalfTurnLow<E, U>), away),
-                     y);
+    if constexpr (L == Level::HA) {
+      return flip_sign(by_octaves<U>(ay, x), y);
+    } else {
+      const Mask<V> steep = ay > ax, left = x < V(E(0));
+      const V base = select(steep, V(kHalfTurn<E, U> / 2), keep(left, V(kHalfTurn<E, U>)));
+      const V angle = first_octant<V, L, U>(min(ay, ax), max(ay, ax));
+      return flip_sign(base + flip_sign(angle, flip_sign(minus_where<V>(steep), x)), y);
+    }
   }
 
   static int32_t element(const E* py, const E* px, E* r) {

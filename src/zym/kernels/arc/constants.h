@@ -14,6 +14,8 @@ inline constexpr float kPi32 = 0x1.921fb6p1f;                      //: = pi
 inline constexpr float kPiLow32 = -0x1.777a5cp-24f;                //: = pi - kPi32
 inline constexpr double kPi64 = 0x1.921fb54442d18p1;               //: = pi
 inline constexpr double kPiLow64 = 0x1.1a62633145c07p-53;          //: = pi - kPi64
+inline constexpr float kPiRest32 = -0x1.de12cap-26f;               //: = pi / kPi32 - 1
+inline constexpr double kPiRest64 = 0x1.678afae35cdd1p-55;         //: = pi / kPi64 - 1
 inline constexpr float kInversePi32 = 0x1.45f306p-2f;              //: = 1/pi
 inline constexpr float kInversePiLow32 = 0x1.b9391p-27f;           //: = 1/pi - kInversePi32
 inline constexpr double kInversePi64 = 0x1.45f306dc9c883p-2;       //: = 1/pi
@@ -44,6 +46,7 @@ template <>
 struct Constants<float> {
   static constexpr float inverse_pi = kInversePi32, inverse_pi_low = kInversePiLow32;
   static constexpr ByUnit<float> pi = {kPi32, 1}, pi_low = {kPiLow32, 0};
+  static constexpr float pi_rest = kPiRest32;
   static constexpr ByUnit<float> pivot = {kPivot32, kPivotpi32};
   static constexpr ByUnit<float> far_pivot = {kFarPivot32, kFarPivotpi32};
   static constexpr ByUnit<float> three_quarters = {kThreeQuarters32, 0.75f};
@@ -52,6 +55,7 @@ template <>
 struct Constants<double> {
   static constexpr double inverse_pi = kInversePi64, inverse_pi_low = kInversePiLow64;
   static constexpr ByUnit<double> pi = {kPi64, 1}, pi_low = {kPiLow64, 0};
+  static constexpr double pi_rest = kPiRest64;
   static constexpr ByUnit<double> pivot = {kPivot64, kPivotpi64}, pivot_low = {kPivotLow64, kPivotpiLow64};
   static constexpr ByUnit<double> three_quarters = {kThreeQuarters64, 0.75};
 };

@@ -4,6 +4,8 @@
 // Every result is base + k a with k = +-1, +-2. From |x| = 1 on the element routine decides.
 #pragma once
 
+#include <iterator>
+
 #include "lanes/estimates.h"
 #include "lanes/quotients.h"
 #include "orvik/zym_types.h"
@@ -73,9 +75,11 @@ struct HalfAngle {
 // The same at HA of u = +-|x| or +-2 w, 2 w = sqrt(2 - 2 |x|): base + u + u z P(z), |base| >= |u| or base = 0.
 template <class V, Unit U>
 struct ExactAngle {
+  static constexpr const auto& kSeries = sine_coefficients<V, Level::HA, U>();
   Mask<V> wide;
   V root;  // 2 w
-  V z, p, lost;
+  V z, rest;  // P without its lowest coefficient
+  V lost;
 
   [[gnu::always_inline]] explicit ExactAngle(V a) {
     using E = Element<V>;
@@ -84,7 +88,7 @@ struct ExactAngle {
     const V square = fnma(a, two, two);
     root = sqrt(square);
     z = min(safe_square<true>(a), fnma(a, half, half));
-    p = horner(z, sine_coefficients<V, Level::HA, U>());
+    rest = z * horner_but_lowest(z, kSeries);
     lost = keep(wide, fnma(root, root, square));
   }
 
@@ -100,11 +104,11 @@ struct ExactAngle {
     } else {
       tail = tail + fma(u, V(K::inverse_pi_low), fms(u, V(K::inverse_pi), head));
     }
-    // What the rounded root lacks, in the unit, within 8 %: lost / (2 u), times 1 + z P(z).
-    const V lacks = near_reciprocal<kRadian ? 0x7FCEF00000000000u : 0x7FB4500000000000u>(u);
-    return sum.head + fma(u * z, p, fma(lost, lacks, tail));
+    // What the rounded root lacks, in the unit, within 10 %: lost / (2 u), times 1 + z P(z).
+    const V lacks = near_reciprocal<kRadian ? 0x7FCF800000000000u : 0x7FB4800000000000u>(u);
+    const V cube = u * z, lowest = V(kSeries[std::size(kSeries) - 1]);
+    return sum.head + fma(cube, lowest, fma(cube, rest, fma(lost, lacks, tail)));
   }
-
 };
 
 // |x| >= 1 and what is no number; where small arguments times the tail of 1/pi would underflow, those as well.

@@ -100,7 +100,7 @@ template <Unit U, class V>
   return from_pivot<U>({row.c[2], row.c[3]}, t, safe_square<true>(t), rest, den, Rows::polynomial);
 }
 
-// Of (x, y), y >= 0, neither coordinate's magnitude nor their quotient's square far from 1.
+// Of (x, y), y >= 0, x not 0; the quotient of their magnitudes and the squares of it are normal, or y is 0.
 template <Unit U, class V>
 [[gnu::always_inline]] inline V by_octaves(V y, V x) {
   using E = Element<V>;

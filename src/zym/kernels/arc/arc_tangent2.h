@@ -68,8 +68,7 @@ struct PointAngle {
       if (x < 0) return kHalfTurn<E, U>;
       if constexpr (U == Unit::radian) return y / x;
       const HeadTail<double> quotient = divide(std::ldexp(y, -ey), std::ldexp(x, -ex));
-      const HeadTail<double> turns = over_pi(quotient.head, quotient.tail);
-      return std::ldexp(turns.head + turns.tail, ey - ex);
+      return scaled_once(over_pi(quotient.head, quotient.tail), ey - ex);
     }
     const int e = ey > ex ? ey : ex;
     return PointAngle<double, Level::HA, U>::lanes(std::ldexp(y, -e), std::ldexp(x, -e));

@@ -72,12 +72,23 @@ HeadTail<V> over_pi(V head, V tail) {
 template <class E>
 inline constexpr uint32_t kSmallestTurn = sizeof(E) == 4 ? 0x12800000u : 0x04F00000u;
 
+// (head + tail) 2^e with one rounding, below the normal numbers as well; |tail| <= |head| <= 1, e < -100.
+inline double scaled_once(HeadTail<double> x, int e) {
+  const auto power = [](int k) { return float_of<double>(static_cast<uint64_t>(1023 + k) << 52); };
+  if (e < -1100) e = -1100;  // 0 either way
+  const HeadTail<double> sum = fast_two_sum(x.head, x.tail);
+  const double r = sum.head * 0x1p-100 * power(e + 100);
+  if (magnitude(r) > 0x1p-1022) return r;
+  const double rest = (sum.head - r * 0x1p100 * power(-e - 100)) + sum.tail;
+  if (magnitude(rest) <= power(-1075 - e)) return r;
+  return float_of<double>(is_negative(rest) == is_negative(sum.head) ? bits_of(r) + 1 : bits_of(r) - 1);
+}
+
 // x / pi of numbers so small that the product's error cannot be had as it is; one rounding where the result is normal.
 inline float tiny_over_pi(float x) { return static_cast<float>(static_cast<double>(x) * kInversePi64); }
 inline double tiny_over_pi(double x) {
   if (x == 0) return x + x;  // denormals read as zero as well
-  const HeadTail<double> scaled = over_pi(x * 0x1p200, 0.0);
-  return (scaled.head + scaled.tail) * 0x1p-200;
+  return scaled_once(over_pi(x * 0x1p200, 0.0), -200);
 }
 
 // pi or 1.

@@ -196,42 +196,42 @@ struct ArcCosine {
 
 }  // namespace arc
 
-// sAsin LA: 2.3474 ulp at 0x1.002018p-1
-// sAsin HA: 0.5826 ulp at 0x1.d1b8fap-2
-// sAsin EP: 13.69 bits at 0x1.000032p-1
-// dAsin LA: 2.0931 ulp at -0x1.0703ae4ea1966p-1
-// dAsin HA: 0.5685 ulp at -0x1.e3e7e6ee106a4p-2
+// sAsin LA: 2.3474 ulp at -0x1.002018p-1
+// sAsin HA: 0.5873 ulp at -0x1.09aba4p-1
+// sAsin EP: 13.69 bits at -0x1.000032p-1
+// dAsin LA: 2.1710 ulp at 0x1.040c51222595cp-1
+// dAsin HA: 0.5811 ulp at 0x1.03dc3f718857ep-1
 // dAsin EP: 26.61 bits at -0x1.0001ec3b19d4cp-1
 template <class V, Level L>
 struct Asin : arc::ArcSine<V, L, Unit::radian> {
   static constexpr Knobs knobs = {.together = Double<V> && L != Level::EP};
 };
-// sAsinpi LA: 2.9371 ulp at 0x1.177efep-1
-// sAsinpi HA: 0.5751 ulp at -0x1.14d188p-1
-// sAsinpi EP: 13.69 bits at -0x1.00007p-1
-// dAsinpi LA: 2.6615 ulp at -0x1.153bbf117a1a8p-1
-// dAsinpi HA: 0.6650 ulp at -0x1.58b04d16c2569p-1021
+// sAsinpi LA: 2.9371 ulp at -0x1.177efep-1
+// sAsinpi HA: 0.5866 ulp at -0x1.04c4cap-1
+// sAsinpi EP: 13.69 bits at 0x1.00007p-1
+// dAsinpi LA: 2.7761 ulp at -0x1.04482efdfcad4p-1
+// dAsinpi HA: 0.5830 ulp at -0x1.02ee901faf912p-1
 // dAsinpi EP: 26.61 bits at -0x1.0001ec3b19d4cp-1
 template <class V, Level L>
 struct Asinpi : arc::ArcSine<V, L, Unit::half_turn> {
   static constexpr Knobs knobs = {.together = Double<V> && L == Level::LA};
 };
 // sAcos LA: 1.2612 ulp at -0x1.003818p-1
-// sAcos HA: 0.5641 ulp at 0x1.2306dp-1
+// sAcos HA: 0.5735 ulp at 0x1.152566p-1
 // sAcos EP: 14.69 bits at 0x1.41affap-1
-// dAcos LA: 1.1080 ulp at 0x1.1c430028a5c2ap-1
-// dAcos HA: 0.5498 ulp at 0x1.2c848eefb7846p-1
-// dAcos EP: 27.62 bits at 0x1.10f222059ebcep-1
+// dAcos LA: 1.1642 ulp at 0x1.21a2c15e0f367p-1
+// dAcos HA: 0.5771 ulp at 0x1.1b5018608a6ep-1
+// dAcos EP: 27.62 bits at 0x1.10edac1269eeap-1
 template <class V, Level L>
 struct Acos : arc::ArcCosine<V, L, Unit::radian> {
   static constexpr Knobs knobs = {.together = Double<V> && L != Level::HA};
 };
 // sAcospi LA: 2.4558 ulp at 0x1.6de6e2p-1
-// sAcospi HA: 0.5366 ulp at 0x1.92102cp-1
+// sAcospi HA: 0.5473 ulp at 0x1.6a1ddep-1
 // sAcospi EP: 14.69 bits at 0x1.421394p-1
-// dAcospi LA: 2.1883 ulp at 0x1.845cb430c45cap-1
-// dAcospi HA: 0.5315 ulp at 0x1.90c4b7c93a8b6p-1
-// dAcospi EP: 27.62 bits at 0x1.10f222059ebcep-1
+// dAcospi LA: 2.3251 ulp at 0x1.dd2b4737cb31p-1
+// dAcospi HA: 0.5411 ulp at 0x1.737a36701799ap-1
+// dAcospi EP: 27.62 bits at 0x1.10edac1269eeap-1
 template <class V, Level L>
 struct Acospi : arc::ArcCosine<V, L, Unit::half_turn> {
   static constexpr Knobs knobs = {.together = Double<V> && L != Level::HA};

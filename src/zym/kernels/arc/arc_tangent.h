@@ -123,22 +123,22 @@ struct ArcTangent {
 
 }  // namespace arc
 
-// sAtan LA: 2.2308 ulp at -0x1.4be0cp-2
-// sAtan HA: 0.5342 ulp at -0x1.074efep-1
-// sAtan EP: 14.79 bits at 0x1.1ecb64p-1
+// sAtan LA: 2.2308 ulp at 0x1.4be0cp-2
+// sAtan HA: 0.5341 ulp at -0x1.06595p-1
+// sAtan EP: 14.79 bits at -0x1.1ecb64p-1
 // dAtan LA: 1.8861 ulp at -0x1.06706bd24a6b9p+0
-// dAtan HA: 0.5182 ulp at 0x1.3e1810ab41fcp+0
-// dAtan EP: 30.83 bits at 0x1.49c03b3c3c6fep-3
+// dAtan HA: 0.5177 ulp at -0x1.3da31723a3d4p+0
+// dAtan EP: 30.83 bits at -0x1.49c124da0aa4p-3
 template <class V, Level L>
 struct Atan : arc::ArcTangent<V, L, Unit::radian> {
   static constexpr Knobs knobs = {.together = L == Level::HA};
 };
-// sAtanpi LA: 2.3050 ulp at 0x1.3e74cp-2
-// sAtanpi HA: 0.5249 ulp at -0x1.fe6a32p+0
-// sAtanpi EP: 13.88 bits at 0x1.e5f5bap-1
+// sAtanpi LA: 2.3050 ulp at -0x1.3e74cp-2
+// sAtanpi HA: 0.5164 ulp at 0x1.fe995p-1
+// sAtanpi EP: 13.88 bits at -0x1.e5f5bap-1
 // dAtanpi LA: 2.0521 ulp at -0x1.20940b65c0c6p-2
-// dAtanpi HA: 0.7490 ulp at 0x1.475dc928e73c8p-1021
-// dAtanpi EP: 30.46 bits at 0x1.2ef2fb985acap-2
+// dAtanpi HA: 0.5060 ulp at 0x1.62a2d008e64ap+1
+// dAtanpi EP: 30.46 bits at -0x1.2ef6589345f8p-2
 template <class V, Level L>
 struct Atanpi : arc::ArcTangent<V, L, Unit::half_turn> {
   static constexpr Knobs knobs = {.together = L == Level::HA};

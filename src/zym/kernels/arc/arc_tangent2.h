@@ -77,20 +77,20 @@ struct PointAngle {
 
 }  // namespace arc
 
-// sAtan2 LA: 2.0640 ulp at -0x1.2decc6p+1, 0x1.a2d434p+2
-// sAtan2 HA: 0.5294 ulp at -0x1.43a3eap-1, 0x1.42b892p+2
-// sAtan2 EP: 14.79 bits at 0x1.f11fb8p-1, 0x1.d7d9cep+1
-// dAtan2 LA: 2.0118 ulp at 0x1.1b0621d0a37cbp+0, 0x1.e0107d313217cp+1
-// dAtan2 HA: 0.5528 ulp at 0x1.bc5a802ad15e8p+0, 0x1.7a68a88e62b84p+2
-// dAtan2 EP: 30.83 bits at -0x1.27521c480066p+0, 0x1.145134607496p+2
+// sAtan2 LA: 2.3591 ulp at -0x1.336264p+1, 0x1.fbf9a6p+2
+// sAtan2 HA: 0.5611 ulp at 0x1.611ca4p-3, 0x1.63b59p+0
+// sAtan2 EP: 14.79 bits at 0x1.b7ebcp+0, 0x1.a4b084p+2
+// dAtan2 LA: 2.0421 ulp at 0x1.3d6c8abe56ba8p+0, 0x1.14e40549ff8cap+2
+// dAtan2 HA: 0.5567 ulp at -0x1.9bf57b32503bdp-4, 0x1.9ad45bcead2ap-1
+// dAtan2 EP: 30.83 bits at 0x1.29a90b77d67p-3, 0x1.ce33c82726c5p-1
 template <class V, Level L>
 struct Atan2 : arc::PointAngle<V, L, Unit::radian> {};
-// sAtan2pi LA: 2.1496 ulp at 0x1.65d7d4p-15, 0x1.cb30dcp-4
-// sAtan2pi HA: 0.5520 ulp at 0x1.f727f2p-2, 0x1.aa6c4cp+2
-// sAtan2pi EP: 13.88 bits at -0x1.eb8c48p+1, 0x1.02f926p+2
-// dAtan2pi LA: 2.1274 ulp at -0x1.6b85ef93b0a1ap-16, 0x1.fffffffeb4224p+2
-// dAtan2pi HA: 0.7323 ulp at 0x0.0000000940ep-1022, 0x1.c8fbbf42e13a9p-31
-// dAtan2pi EP: 30.46 bits at 0x1.d0bd3d6bcb4ap-1, 0x1.88aaca49c07f8p+1
+// sAtan2pi LA: 2.4073 ulp at 0x1.4d6296p+0, 0x1.0c472cp+2
+// sAtan2pi HA: 0.5616 ulp at 0x1.be2336p-1, 0x1.88c268p+2
+// sAtan2pi EP: 13.88 bits at -0x1.5f3be8p+2, 0x1.71d174p+2
+// dAtan2pi LA: 2.2823 ulp at 0x1.0efa4806b8038p+0, 0x1.d9aa7541b23e4p+1
+// dAtan2pi HA: 0.5325 ulp at -0x1.01f812becf16dp-17, 0x1.c1438e59568c1p-33
+// dAtan2pi EP: 30.46 bits at 0x1.a3705ac1dd32p-1, 0x1.626cdab0adafcp+1
 template <class V, Level L>
 struct Atan2pi : arc::PointAngle<V, L, Unit::half_turn> {};
 

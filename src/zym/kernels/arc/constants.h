@@ -11,7 +11,6 @@ enum class Unit { radian, half_turn };
 namespace arc {
 
 inline constexpr float kPi32 = 0x1.921fb6p1f;                      //: = pi
-inline constexpr float kPiLow32 = -0x1.777a5cp-24f;                //: = pi - kPi32
 inline constexpr double kPi64 = 0x1.921fb54442d18p1;               //: = pi
 inline constexpr double kPiLow64 = 0x1.1a62633145c07p-53;          //: = pi - kPi64
 inline constexpr float kPiRest32 = -0x1.de12cap-26f;               //: = pi / kPi32 - 1
@@ -25,12 +24,10 @@ inline constexpr float kThreeQuarters32 = 0x1.2d97c8p1f;         //: = 3 * pi/4
 inline constexpr double kThreeQuarters64 = 0x1.2d97c7f3321d2p1;  //: = 3 * pi/4
 
 // The angle whose tangent is 9/16.
-inline constexpr float kPivot32 = 0x1.0657eap-1f;               //: = atan(9/16)
-inline constexpr double kPivot64 = 0x1.0657e94db30dp-1;         //: = atan(9/16)
-inline constexpr double kPivotLow64 = -0x1.d5b495f6349e6p-56;   //: = atan(9/16) - kPivot64
-inline constexpr float kPivotpi32 = 0x1.4e06a8p-3f;             //: = atan(9/16)/pi
-inline constexpr double kPivotpi64 = 0x1.4e06a7aa3c7dep-3;      //: = atan(9/16)/pi
-inline constexpr double kPivotpiLow64 = -0x1.1d27868a9336p-59;  //: = atan(9/16)/pi - kPivotpi64
+inline constexpr float kPivot32 = 0x1.0657eap-1f;           //: = atan(9/16)
+inline constexpr double kPivot64 = 0x1.0657e94db30dp-1;     //: = atan(9/16)
+inline constexpr float kPivotpi32 = 0x1.4e06a8p-3f;         //: = atan(9/16)/pi
+inline constexpr double kPivotpi64 = 0x1.4e06a7aa3c7dep-3;  //: = atan(9/16)/pi
 // The angle whose tangent is 16/9.
 inline constexpr float kFarPivot32 = 0x1.0ef3cp0f;      //: = atan(16/9)
 inline constexpr float kFarPivotpi32 = 0x1.58fcacp-2f;  //: = atan(16/9)/pi
@@ -45,7 +42,7 @@ struct Constants;
 template <>
 struct Constants<float> {
   static constexpr float inverse_pi = kInversePi32, inverse_pi_low = kInversePiLow32;
-  static constexpr ByUnit<float> pi = {kPi32, 1}, pi_low = {kPiLow32, 0};
+  static constexpr ByUnit<float> pi = {kPi32, 1};
   static constexpr float pi_rest = kPiRest32;
   static constexpr ByUnit<float> pivot = {kPivot32, kPivotpi32};
   static constexpr ByUnit<float> far_pivot = {kFarPivot32, kFarPivotpi32};
@@ -54,9 +51,9 @@ struct Constants<float> {
 template <>
 struct Constants<double> {
   static constexpr double inverse_pi = kInversePi64, inverse_pi_low = kInversePiLow64;
-  static constexpr ByUnit<double> pi = {kPi64, 1}, pi_low = {kPiLow64, 0};
+  static constexpr ByUnit<double> pi = {kPi64, 1};
   static constexpr double pi_rest = kPiRest64;
-  static constexpr ByUnit<double> pivot = {kPivot64, kPivotpi64}, pivot_low = {kPivotLow64, kPivotpiLow64};
+  static constexpr ByUnit<double> pivot = {kPivot64, kPivotpi64};
   static constexpr ByUnit<double> three_quarters = {kThreeQuarters64, 0.75};
 };
 
@@ -94,8 +91,6 @@ inline double tiny_over_pi(double x) {
 // pi or 1.
 template <class E, Unit U>
 inline constexpr E kHalfTurn = Constants<E>::pi[static_cast<int>(U)];
-template <class E, Unit U>
-inline constexpr E kHalfTurnLow = Constants<E>::pi_low[static_cast<int>(U)];
 
 }  // namespace arc
 }  // namespace orvik::zym

@@ -1,9 +1,9 @@
 // Arc tangent at HA: pivots q/p, whose number is in the bits of the tangent,
 //   atan(a) = atan(q/p) + atan(t),  t = (a p - q) / (a q + p),  atan(t) = t + t z P(z), z = t^2.
 // The first pivot is 0, so that small numbers are t itself; no octant is told apart. Of one number there are eight or
-// sixteen, the last infinite, |t| < 0.163 of floats, 0.0994 of doubles. Of a point there are eight for each sign of x, the
-// bits those of the difference of logarithms as the coordinates' bits are them, a sixteenth off at most, and the
-// pivots are powers of two, so that the numerator is exact; |t| <= 0.2.
+// sixteen, the last infinite, |t| < 0.163 of floats, 0.0994 of doubles. Of a point there are eight for each sign of x,
+// found by the difference of the coordinates' bits, which is the quotient's logarithm or a little less or more: powers
+// of two, so that the numerator is exact, |t| <= 0.2.
 #pragma once
 
 #include "zym/kernels/arc/coefficients.h"

@@ -12,6 +12,7 @@
 #include "zym/kernels/arc/coefficients.h"
 #include "zym/kernels/arc/constants.h"
 #include "zym/kernels/roots/coefficients.h"
+#include "zym/kernels/shared/complement.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym {
@@ -29,65 +30,84 @@ constexpr const auto& sine_coefficients() {
 }
 
 // sqrt(s), 2^-54 <= s <= 1/2. Estimated, of doubles: within 2^-34, by fewer cycles than the root instruction's, which
-// leaves other instructions more of them. HA has so much else to do that the instruction costs nothing.
-template <bool Estimated, Level L, class V>
+// leaves other instructions more of them.
+template <bool Estimated, class V>
 [[gnu::always_inline]] inline V half_angle_root(V s) {
   if constexpr (Estimated) {
     const V y = inverse_root_estimate(s);
     const V root = s * y;
     return root * horner(fnma(root, y, V(1.0)), roots::kInverseRootShort);
   } else {
-    if constexpr (L == Level::HA) return sqrt(s);
     return orvik::root(s);
   }
 }
 
-// asin of |x| < 1 before its base is added. `wide`: |x| above 1/2.
+// asin of |x| < 1 before its base is added, LA and EP. `wide`: |x| above 1/2.
 template <class V, Level L, Unit U, bool Estimated = false>
 struct HalfAngle {
   Mask<V> wide;
-  V head, tail;  // of w in the unit; LA and EP: all of a, or what `rest` is a factor to, and no tail
-  V cube, rest;  // HA: what is added to them is w^3 (c + rest), c the lowest coefficient of P
+  V head, rest;  // of half turns: factors of a
 
   [[gnu::always_inline]] explicit HalfAngle(V a) {
     using E = Element<V>;
-    using K = Constants<E>;
     const V half = V(E(0.5));
     wide = a > half;
     const V s = fnma(a, half, half);
-    const V root = half_angle_root<Estimated, L>(s);
+    const V root = half_angle_root<Estimated>(s);
     const V w = min(root, a);
-    const V z = min(safe_square<L == Level::HA>(a), s);
-    const auto& c = sine_coefficients<V, L, U>();
-    if constexpr (L != Level::HA) {
-      tail = cube = V(E(0));
-      const V p = horner(z, c);
-      if constexpr (U == Unit::radian) {
-        head = fma(w, z * p, w);
-      } else {
-        head = w;
-        rest = fma(z, p, V(K::inverse_pi));
-      }
+    const V z = min(safe_square<false>(a), s);
+    const V p = horner(z, sine_coefficients<V, L, U>());
+    if constexpr (U == Unit::radian) {
+      head = fma(w, z * p, w);
     } else {
-      // What w + w z P lacks because the root is rounded, (s - root^2) / (2 root) times 1 + z P(z): 1 to 1.047.
-      const V lost = keep(wide, fnma(root, root, s) * rough_reciprocal(root * V(E(1.94))));
-      HeadTail<V> sum = {w, lost};
-      if constexpr (U == Unit::half_turn) sum = over_pi(w, lost);
-      head = sum.head;
-      tail = sum.tail;
-      cube = w * z;
-      rest = z * horner_but_lowest(z, c);
+      head = w;
+      rest = fma(z, p, V(Constants<E>::inverse_pi));
     }
   }
 
   // base + k a, |base| >= |k a| or base = 0; k a power of two with a sign.
-  [[gnu::always_inline]] V placed(V k, V base, V base_low) const {
-    if constexpr (L != Level::HA && U == Unit::radian) return fma(k, head, base);
-    if constexpr (L != Level::HA && U == Unit::half_turn) return fma(k * head, rest, base);
-    const HeadTail<V> sum = fast_two_sum(base, k * head);
-    const auto& c = sine_coefficients<V, L, U>();
-    const V scaled = k * cube, lowest = V(c[std::size(c) - 1]);
-    return sum.head + fma(scaled, lowest, fma(scaled, rest, fma(k, tail, sum.tail + base_low)));
+  [[gnu::always_inline]] V placed(V k, V base) const {
+    if constexpr (U == Unit::radian) return fma(k, head, base);
+    return fma(k * head, rest, base);
+  }
+};
+
+// The same at HA of u = +-|x| or +-2 w, 2 w = sqrt(2 - 2 |x|): base + u + u z P(z), |base| >= |u| or base = 0.
+template <class V, Unit U>
+struct ExactAngle {
+  static constexpr const auto& kSeries = sine_coefficients<V, Level::HA, U>();
+  Mask<V> wide;
+  V root;  // 2 w
+  V z, rest;  // P without its lowest coefficient
+  V lost;
+
+  [[gnu::always_inline]] explicit ExactAngle(V a) {
+    using E = Element<V>;
+    const V half = V(E(0.5)), two = V(E(2));
+    wide = a > half;
+    const V square = fnma(a, two, two);
+    root = sqrt(square);
+    z = min(safe_square<true>(a), fnma(a, half, half));
+    rest = z * horner_but_lowest(z, kSeries);
+    lost = keep(wide, fnma(root, root, square));
+  }
+
+  [[gnu::always_inline]] V placed(V u, V base) const {
+    using E = Element<V>;
+    using K = Constants<E>;
+    constexpr bool kRadian = U == Unit::radian;
+    const V head = kRadian ? u : u * V(K::inverse_pi);
+    const HeadTail<V> sum = fast_two_sum(base, head);
+    V tail = sum.tail;
+    if constexpr (kRadian) {
+      tail = fma(base, V(K::pi_rest), tail);  // pi/2 and pi
+    } else {
+      tail = tail + fma(u, V(K::inverse_pi_low), fms(u, V(K::inverse_pi), head));
+    }
+    // What the rounded root lacks, in the unit, within 10 %: lost / (2 u), times 1 + z P(z).
+    const V lacks = near_reciprocal<kRadian ? 0x7FCF800000000000u : 0x7FB4800000000000u>(u);
+    const V cube = u * z, lowest = V(kSeries[std::size(kSeries) - 1]);
+    return sum.head + fma(cube, lowest, fma(cube, rest, fma(lost, lacks, tail)));
   }
 };
 
@@ -126,11 +146,16 @@ struct ArcSine {
   static auto special(V x) { return outside_lanes<V, L, U>(x); }
 
   static V lanes(V x) {
-    // The cosine has so much else to do that an estimate gains nothing with registers of 256 bits.
-    const HalfAngle<V, L, U, Double<V> && L == Level::EP> a(magnitude(x));
-    const V r = a.placed(constant_of<V>(a.wide, -2, 1), keep(a.wide, V(kHalfTurn<E, U> / 2)),
-                         keep(a.wide, V(kHalfTurnLow<E, U> / 2)));
-    return flip_sign(r, x);
+    const V magnitude = orvik::magnitude(x);
+    if constexpr (L == Level::HA) {
+      const ExactAngle<V, U> a(magnitude);
+      const V u = select(a.wide, a.root ^ sign_mask<V>(), magnitude);
+      return flip_sign(a.placed(u, keep(a.wide, V(kHalfTurn<E, U> / 2))), x);
+    } else {
+      // The cosine has so much else to do that an estimate gains nothing with registers of 256 bits.
+      const HalfAngle<V, L, U, Double<V> && L == Level::EP> a(magnitude);
+      return flip_sign(a.placed(constant_of<V>(a.wide, -2, 1), keep(a.wide, V(kHalfTurn<E, U> / 2))), x);
+    }
   }
 
   static int32_t element(const E* px, E* r) {
@@ -148,13 +173,17 @@ struct ArcCosine {
   static auto special(V x) { return outside_lanes<V, L, U>(x); }
 
   static V lanes(V x) {
-    const HalfAngle<V, L, U> a(magnitude(x));
-    const V k = flip_sign(constant_of<V>(a.wide, 2, -1), x);
-    const Mask<V> negative = V(E(0)) > x;
-    const auto base = [&](E right, E straight) {
-      return drop(a.wide, V(right)) | keep(a.wide & negative, V(straight));
-    };
-    return a.placed(k, base(kHalfTurn<E, U> / 2, kHalfTurn<E, U>), base(kHalfTurnLow<E, U> / 2, kHalfTurnLow<E, U>));
+    const V right = V(kHalfTurn<E, U> / 2);
+    if constexpr (L == Level::HA) {
+      const ExactAngle<V, U> a(magnitude(x));
+      const V u = flip_sign(select(a.wide, a.root, x | sign_mask<V>()), x);
+      return a.placed(u, right - keep(a.wide, join_sign(right, x)));
+    } else {
+      const HalfAngle<V, L, U> a(magnitude(x));
+      const V k = flip_sign(constant_of<V>(a.wide, 2, -1), x);
+      const Mask<V> negative = V(E(0)) > x;
+      return a.placed(k, drop(a.wide, right) | keep(a.wide & negative, V(kHalfTurn<E, U>)));
+    }
   }
 
   static int32_t element(const E* px, E* r) {
@@ -167,42 +196,42 @@ struct ArcCosine {
 
 }  // namespace arc
 
-// sAsin LA: 2.3474 ulp at 0x1.002018p-1
-// sAsin HA: 0.5826 ulp at 0x1.d1b8fap-2
-// sAsin EP: 13.69 bits at 0x1.000032p-1
-// dAsin LA: 2.0931 ulp at -0x1.0703ae4ea1966p-1
-// dAsin HA: 0.5685 ulp at -0x1.e3e7e6ee106a4p-2
+// sAsin LA: 2.3474 ulp at -0x1.002018p-1
+// sAsin HA: 0.5873 ulp at -0x1.09aba4p-1
+// sAsin EP: 13.69 bits at -0x1.000032p-1
+// dAsin LA: 2.1710 ulp at 0x1.040c51222595cp-1
+// dAsin HA: 0.5811 ulp at 0x1.03dc3f718857ep-1
 // dAsin EP: 26.61 bits at -0x1.0001ec3b19d4cp-1
 template <class V, Level L>
 struct Asin : arc::ArcSine<V, L, Unit::radian> {
   static constexpr Knobs knobs = {.together = Double<V> && L != Level::EP};
 };
-// sAsinpi LA: 2.9371 ulp at 0x1.177efep-1
-// sAsinpi HA: 0.5751 ulp at -0x1.14d188p-1
-// sAsinpi EP: 13.69 bits at -0x1.00007p-1
-// dAsinpi LA: 2.6615 ulp at -0x1.153bbf117a1a8p-1
-// dAsinpi HA: 0.6650 ulp at -0x1.58b04d16c2569p-1021
+// sAsinpi LA: 2.9371 ulp at -0x1.177efep-1
+// sAsinpi HA: 0.5866 ulp at -0x1.04c4cap-1
+// sAsinpi EP: 13.69 bits at 0x1.00007p-1
+// dAsinpi LA: 2.7761 ulp at -0x1.04482efdfcad4p-1
+// dAsinpi HA: 0.5830 ulp at -0x1.02ee901faf912p-1
 // dAsinpi EP: 26.61 bits at -0x1.0001ec3b19d4cp-1
 template <class V, Level L>
 struct Asinpi : arc::ArcSine<V, L, Unit::half_turn> {
   static constexpr Knobs knobs = {.together = Double<V> && L == Level::LA};
 };
 // sAcos LA: 1.2612 ulp at -0x1.003818p-1
-// sAcos HA: 0.5641 ulp at 0x1.2306dp-1
+// sAcos HA: 0.5735 ulp at 0x1.152566p-1
 // sAcos EP: 14.69 bits at 0x1.41affap-1
-// dAcos LA: 1.1080 ulp at 0x1.1c430028a5c2ap-1
-// dAcos HA: 0.5498 ulp at 0x1.2c848eefb7846p-1
-// dAcos EP: 27.62 bits at 0x1.10f222059ebcep-1
+// dAcos LA: 1.1642 ulp at 0x1.21a2c15e0f367p-1
+// dAcos HA: 0.5771 ulp at 0x1.1b5018608a6ep-1
+// dAcos EP: 27.62 bits at 0x1.10edac1269eeap-1
 template <class V, Level L>
 struct Acos : arc::ArcCosine<V, L, Unit::radian> {
   static constexpr Knobs knobs = {.together = Double<V> && L != Level::HA};
 };
 // sAcospi LA: 2.4558 ulp at 0x1.6de6e2p-1
-// sAcospi HA: 0.5366 ulp at 0x1.92102cp-1
+// sAcospi HA: 0.5473 ulp at 0x1.6a1ddep-1
 // sAcospi EP: 14.69 bits at 0x1.421394p-1
-// dAcospi LA: 2.1883 ulp at 0x1.845cb430c45cap-1
-// dAcospi HA: 0.5315 ulp at 0x1.90c4b7c93a8b6p-1
-// dAcospi EP: 27.62 bits at 0x1.10f222059ebcep-1
+// dAcospi LA: 2.3251 ulp at 0x1.dd2b4737cb31p-1
+// dAcospi HA: 0.5411 ulp at 0x1.737a36701799ap-1
+// dAcospi EP: 27.62 bits at 0x1.10edac1269eeap-1
 template <class V, Level L>
 struct Acospi : arc::ArcCosine<V, L, Unit::half_turn> {
   static constexpr Knobs knobs = {.together = Double<V> && L != Level::HA};

@@ -1,18 +1,14 @@
 // Arc tangent of one number and of a point, also in half turns. With n <= d the smaller and the larger of the two
 // magnitudes (of x and 1, or of x and y), c = 9/16 where n/d is above 9/32 and 0 below,
 //   atan(n/d) = atan(c) + atan(t),  t = (n - c d) / (d + c n),  |t| <= 0.2813,  atan(t) = t + t z P(z), z = t^2;
-// the octant then says what to take it from: the result is base +- atan(n/d). At EP in 32 bits c is always 0; at HA of a
-// point in 32 bits the quotient itself is the argument of polynomials on eight intervals. Of one number at HA
+// the octant then says what to take it from: the result is base +- atan(n/d). At EP in 32 bits c is always 0. At HA
 // there are more pivots (pivots.h).
 #pragma once
-
-#include <iterator>
 
 #include "orvik/zym_types.h"
 #include "zym/kernels/arc/coefficients.h"
 #include "zym/kernels/arc/constants.h"
 #include "zym/kernels/arc/pivots.h"
-#include "zym/kernels/shared/octets.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym {
@@ -25,7 +21,6 @@ constexpr const auto& tangent_coefficients() {
   if constexpr (Single<V> && L == Level::LA) return kRadian ? kAtanSingleLA : kAtanpiSingleLA;
   if constexpr (Double<V> && L == Level::EP) return kRadian ? kAtanDoubleEP : kAtanpiDoubleEP;
   if constexpr (Double<V> && L == Level::LA) return kRadian ? kAtanDoubleLA : kAtanpiDoubleLA;
-  if constexpr (Double<V> && L == Level::HA) return kRadian ? kAtanDoubleHA : kAtanpiDoubleHA;
 }
 
 // atan(9/16)/pi as the short polynomial needs it for an exact 1/4 at t = 7/25.
@@ -45,65 +40,19 @@ template <class V, Level L, Unit U>
   return base + fma(t, z * p, t);
 }
 
-// atan(w) in the unit, w in head and tail from 0 to 1, by its polynomials about multiples of 137/1024.
-inline constexpr OctetLines<6> kAtanOctets(kAtanLines, kAtanRows, kAtanFirst, 0);
-inline constexpr OctetLines<6> kAtanpiOctets(kAtanpiLines, kAtanpiRows, kAtanpiFirst, kInversePiLow32);
-template <Unit U, Single V>
-[[gnu::always_inline]] inline HeadTail<V> octant_by_rows(HeadTail<V> w) {
-  constexpr float kPerStep =
-      1024.0f / 137;  // a constant: the compiler leaves inexact quotients in code to the processor
-  const auto [t, n] = shift_round(w.head, V(kPerStep));
-  const V x = fnma(n, V(137.0f / 1024), w.head);  // exact
-  const auto& octets = U == Unit::radian ? kAtanOctets : kAtanpiOctets;
-  const HeadTail<V> angle = octet_sum<U == Unit::half_turn>(x, octets, as_bits(t));
-  const V slope = look_up(octet_table<V>(octets.lines.power[0]), as_bits(t));
-  return {angle.head, fma(slope, w.tail, angle.tail)};
-}
-
-// atan(n/d), 0 <= n <= d; a tail at HA only.
+// atan(n/d), 0 <= n <= d.
 template <class V, Level L, Unit U>
-[[gnu::always_inline]] inline HeadTail<V> first_octant(V n, V d) {
+[[gnu::always_inline]] inline V first_octant(V n, V d) {
   using E = Element<V>;
-  using K = Constants<E>;
-  constexpr int kUnit = static_cast<int>(U);
-  const V zero = V(E(0));
   if constexpr (Single<V> && L == Level::EP) {
-    return {small_angle<V, L, U>(n / d, zero), zero};
-  } else if constexpr (Single<V> && L == Level::HA) {
-    const V w = n / d;
-    return octant_by_rows<U>(HeadTail<V>{w, fnma(w, d, n) * rough_reciprocal(d)});
+    return small_angle<V, L, U>(n / d, V(E(0)));
   } else {
     const Mask<V> pivot = n > V(E(9.0 / 32)) * d;
     const V c = keep(pivot, V(E(9.0 / 16)));
-    const V base = keep(pivot, V(L == Level::EP && U == Unit::half_turn ? E(kPivotpiShort64) : K::pivot[kUnit]));
-    const V den = fma(c, n, d);
-    if constexpr (L != Level::HA) {
-      return {small_angle<V, L, U>(fnma(c, d, n) / den, base), zero};
-    } else {
-      // c d is between n/2 and 2 n, or 0: the difference is exact.
-      const HeadTail<V> cd = two_prod(c, d);
-      const V num = n - cd.head;
-      const V den_low = fma(c, n, d - den);
-      const V t = num / den;
-      const V t_low = fnma(t, den_low, fnma(t, den, num) - cd.tail) * rough_reciprocal(den);
-      HeadTail<V> small = {t, t_low};
-      if constexpr (U == Unit::half_turn) small = over_pi(t, t_low);
-      const auto& k = tangent_coefficients<V, L, U>();
-      const V z = safe_square<true>(t), cube = t * z;
-      const V rest = fma(cube, V(k[std::size(k) - 1]), fma(cube, z * horner_but_lowest(z, k), small.tail));
-      const HeadTail<V> sum = fast_two_sum(base, small.head);
-      return {sum.head, sum.tail + (keep(pivot, V(K::pivot_low[kUnit])) + rest)};
-    }
+    constexpr E kPivot = Constants<E>::pivot[static_cast<int>(U)];
+    const V base = keep(pivot, V(L == Level::EP && U == Unit::half_turn ? E(kPivotpiShort64) : kPivot));
+    return small_angle<V, L, U>(fnma(c, d, n) / fma(c, n, d), base);
   }
-}
-
-// base + a, or base - a where `away` has its sign bit set; base is 0 or not below a.
-template <Level L, class V>
-[[gnu::always_inline]] inline V turned(HeadTail<V> a, V base, V base_low, V away) {
-  const V head = flip_sign(a.head, away);
-  if constexpr (L != Level::HA) return base + head;
-  const HeadTail<V> sum = fast_two_sum(base, head);
-  return sum.head + (sum.tail + (base_low + flip_sign(a.tail, away)));
 }
 
 // Sign of `mask` lanes.
@@ -129,13 +78,16 @@ struct ArcTangent {
 
   static V lanes(V x) {
     const V a = magnitude(x), one = V(E(1));
-    if constexpr (L == Level::HA) return flip_sign(by_pivots<U>(a), x);
-    if constexpr (Single<V> && L == Level::LA) return flip_sign(by_quarters(a), x);
-    const Mask<V> steep = a > one;
-    const V right = keep(steep, V(kHalfTurn<E, U> / 2)), right_low = keep(steep, V(kHalfTurnLow<E, U> / 2));
-    const V n = min(a, one), d = max(a, one);
-    const HeadTail<V> angle = first_octant<V, L, U>(n, d);
-    return flip_sign(turned<L>(angle, right, right_low, minus_where<V>(steep)), x);
+    if constexpr (L == Level::HA) {
+      return flip_sign(by_pivots<U>(a), x);
+    } else if constexpr (Single<V> && L == Level::LA) {
+      return flip_sign(by_quarters(a), x);
+    } else {
+      const Mask<V> steep = a > one;
+      const V right = keep(steep, V(kHalfTurn<E, U> / 2));
+      const V angle = first_octant<V, L, U>(min(a, one), max(a, one));
+      return flip_sign(right + flip_sign(angle, minus_where<V>(steep)), x);
+    }
   }
 
   static int32_t element(const E* px, E* r) {
@@ -171,22 +123,22 @@ struct ArcTangent {
 
 }  // namespace arc
 
-// sAtan LA: 2.2308 ulp at -0x1.4be0cp-2
-// sAtan HA: 0.5342 ulp at -0x1.074efep-1
-// sAtan EP: 14.79 bits at 0x1.1ecb64p-1
+// sAtan LA: 2.2308 ulp at 0x1.4be0cp-2
+// sAtan HA: 0.5341 ulp at -0x1.06595p-1
+// sAtan EP: 14.79 bits at -0x1.1ecb64p-1
 // dAtan LA: 1.8861 ulp at -0x1.06706bd24a6b9p+0
-// dAtan HA: 0.5182 ulp at 0x1.3e1810ab41fcp+0
-// dAtan EP: 30.83 bits at 0x1.49c03b3c3c6fep-3
+// dAtan HA: 0.5177 ulp at -0x1.3da31723a3d4p+0
+// dAtan EP: 30.83 bits at -0x1.49c124da0aa4p-3
 template <class V, Level L>
 struct Atan : arc::ArcTangent<V, L, Unit::radian> {
   static constexpr Knobs knobs = {.together = L == Level::HA};
 };
-// sAtanpi LA: 2.3050 ulp at 0x1.3e74cp-2
-// sAtanpi HA: 0.5249 ulp at -0x1.fe6a32p+0
-// sAtanpi EP: 13.88 bits at 0x1.e5f5bap-1
+// sAtanpi LA: 2.3050 ulp at -0x1.3e74cp-2
+// sAtanpi HA: 0.5164 ulp at 0x1.fe995p-1
+// sAtanpi EP: 13.88 bits at -0x1.e5f5bap-1
 // dAtanpi LA: 2.0521 ulp at -0x1.20940b65c0c6p-2
-// dAtanpi HA: 0.7490 ulp at 0x1.475dc928e73c8p-1021
-// dAtanpi EP: 30.46 bits at 0x1.2ef2fb985acap-2
+// dAtanpi HA: 0.5060 ulp at 0x1.62a2d008e64ap+1
+// dAtanpi EP: 30.46 bits at -0x1.2ef6589345f8p-2
 template <class V, Level L>
 struct Atanpi : arc::ArcTangent<V, L, Unit::half_turn> {
   static constexpr Knobs knobs = {.together = L == Level::HA};

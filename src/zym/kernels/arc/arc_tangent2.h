@@ -1,5 +1,6 @@
 // The angle of the point (x, y), y first, also in half turns: the angle of the first octant placed by base and sign,
 //   |y| > |x|: pi/2 - a for x > 0, pi/2 + a for x < 0;  else a for x > 0, pi - a for x < 0;  with the sign of y.
+// At HA by pivots of the half plane (pivots.h).
 // Points with a coordinate far from 1 (axes among them) take the element routine. No element is ever reported.
 #pragma once
 
@@ -19,18 +20,19 @@ struct PointAngle {
   // Both coordinates within 2^-38 .. 2^38, or 2^-400 .. 2^400: neither the quotient nor what corrects it underflows.
   static auto special(V y, V x) {
     constexpr uint32_t kFirst = Single<V> ? 0x2C800000u : 0x26F00000u, kLast = Single<V> ? 0x527FFFFFu : 0x58EFFFFFu;
-    return outside_magnitude<kFirst, kLast>(y) | outside_magnitude<kFirst, kLast>(x);
+    return outside<kFirst, kLast>(magnitude(y)) | outside<kFirst, kLast>(magnitude(x));
   }
 
   static V lanes(V y, V x) {
     const V ay = magnitude(y), ax = magnitude(x);
-    const Mask<V> steep = ay > ax, left = x < V(E(0));
-    const auto base = [&](E right, E straight) { return select(steep, V(right), keep(left, V(straight))); };
-    const V away = flip_sign(minus_where<V>(steep), x);
-    const HeadTail<V> angle = first_octant<V, L, U>(min(ay, ax), max(ay, ax));
-    return flip_sign(turned<L>(angle, base(kHalfTurn<E, U> / 2, kHalfTurn<E, U>),
-                               base(kHalfTurnLow<E, U> / 2, kHalfTurnLow<E, U>), away),
-                     y);
+    if constexpr (L == Level::HA) {
+      return flip_sign(by_octaves<U>(ay, x), y);
+    } else {
+      const Mask<V> steep = ay > ax, left = x < V(E(0));
+      const V base = select(steep, V(kHalfTurn<E, U> / 2), keep(left, V(kHalfTurn<E, U>)));
+      const V angle = first_octant<V, L, U>(min(ay, ax), max(ay, ax));
+      return flip_sign(base + flip_sign(angle, flip_sign(minus_where<V>(steep), x)), y);
+    }
   }
 
   static int32_t element(const E* py, const E* px, E* r) {
@@ -66,8 +68,7 @@ struct PointAngle {
       if (x < 0) return kHalfTurn<E, U>;
       if constexpr (U == Unit::radian) return y / x;
       const HeadTail<double> quotient = divide(std::ldexp(y, -ey), std::ldexp(x, -ex));
-      const HeadTail<double> turns = over_pi(quotient.head, quotient.tail);
-      return std::ldexp(turns.head + turns.tail, ey - ex);
+      return scaled_once(over_pi(quotient.head, quotient.tail), ey - ex);
     }
     const int e = ey > ex ? ey : ex;
     return PointAngle<double, Level::HA, U>::lanes(std::ldexp(y, -e), std::ldexp(x, -e));
@@ -76,20 +77,20 @@ struct PointAngle {
 
 }  // namespace arc
 
-// sAtan2 LA: 2.0640 ulp at -0x1.2decc6p+1, 0x1.a2d434p+2
-// sAtan2 HA: 0.5294 ulp at -0x1.43a3eap-1, 0x1.42b892p+2
-// sAtan2 EP: 14.79 bits at 0x1.f11fb8p-1, 0x1.d7d9cep+1
-// dAtan2 LA: 2.0118 ulp at 0x1.1b0621d0a37cbp+0, 0x1.e0107d313217cp+1
-// dAtan2 HA: 0.5528 ulp at 0x1.bc5a802ad15e8p+0, 0x1.7a68a88e62b84p+2
-// dAtan2 EP: 30.83 bits at -0x1.27521c480066p+0, 0x1.145134607496p+2
+// sAtan2 LA: 2.3591 ulp at -0x1.336264p+1, 0x1.fbf9a6p+2
+// sAtan2 HA: 0.5611 ulp at 0x1.611ca4p-3, 0x1.63b59p+0
+// sAtan2 EP: 14.79 bits at 0x1.b7ebcp+0, 0x1.a4b084p+2
+// dAtan2 LA: 2.0421 ulp at 0x1.3d6c8abe56ba8p+0, 0x1.14e40549ff8cap+2
+// dAtan2 HA: 0.5567 ulp at -0x1.9bf57b32503bdp-4, 0x1.9ad45bcead2ap-1
+// dAtan2 EP: 30.83 bits at 0x1.29a90b77d67p-3, 0x1.ce33c82726c5p-1
 template <class V, Level L>
 struct Atan2 : arc::PointAngle<V, L, Unit::radian> {};
-// sAtan2pi LA: 2.1496 ulp at 0x1.65d7d4p-15, 0x1.cb30dcp-4
-// sAtan2pi HA: 0.5520 ulp at 0x1.f727f2p-2, 0x1.aa6c4cp+2
-// sAtan2pi EP: 13.88 bits at -0x1.eb8c48p+1, 0x1.02f926p+2
-// dAtan2pi LA: 2.1274 ulp at -0x1.6b85ef93b0a1ap-16, 0x1.fffffffeb4224p+2
-// dAtan2pi HA: 0.7323 ulp at 0x0.0000000940ep-1022, 0x1.c8fbbf42e13a9p-31
-// dAtan2pi EP: 30.46 bits at 0x1.d0bd3d6bcb4ap-1, 0x1.88aaca49c07f8p+1
+// sAtan2pi LA: 2.4073 ulp at 0x1.4d6296p+0, 0x1.0c472cp+2
+// sAtan2pi HA: 0.5616 ulp at 0x1.be2336p-1, 0x1.88c268p+2
+// sAtan2pi EP: 13.88 bits at -0x1.5f3be8p+2, 0x1.71d174p+2
+// dAtan2pi LA: 2.2823 ulp at 0x1.0efa4806b8038p+0, 0x1.d9aa7541b23e4p+1
+// dAtan2pi HA: 0.5325 ulp at -0x1.01f812becf16dp-17, 0x1.c1438e59568c1p-33
+// dAtan2pi EP: 30.46 bits at 0x1.a3705ac1dd32p-1, 0x1.626cdab0adafcp+1
 template <class V, Level L>
 struct Atan2pi : arc::PointAngle<V, L, Unit::half_turn> {};
 

@@ -100,13 +100,6 @@ inline constexpr double kAtanDoubleLA[8] = {
     -0x1.249248c2454cbp-3, 0x1.99999998e7023p-3, -0x1.55555555551ddp-2
 };
 
-//: x + x^3 * p(x^2) = atan(x) on [2^-20, 0.2813], relative error 2^-60.4
-//: fit arc/coefficients.sollya
-inline constexpr double kAtanDoubleHA[9] = {
-    -0x1.31287810672ap-5, 0x1.ce44ddf7ff767p-5, -0x1.1031a039bb3f1p-4, 0x1.3b078bba0de7ap-4, -0x1.745cae76a94p-4,
-    0x1.c71c6fa3224b3p-4, -0x1.2492492166d89p-3, 0x1.9999999994ffep-3, -0x1.5555555555543p-2
-};
-
 //: x / pi + x^3 * p(x^2) = atan(x) / pi on [2^-20, 1], relative error 2^-13.8
 //: fit arc/coefficients.sollya
 inline constexpr float kAtanpiSingleEP[4] = {0x1.03141ap-7f, -0x1.eab8d2p-6f, 0x1.e7212cp-5f, -0x1.b110fcp-4f};
@@ -126,13 +119,6 @@ inline constexpr double kAtanpiDoubleEP[4] = {
 inline constexpr double kAtanpiDoubleLA[8] = {
     0x1.cb22a1c1e1c4p-7, -0x1.51c4a194e7265p-6, 0x1.907bca30488e5p-6, -0x1.da14e8d7568e4p-6, 0x1.21bb82a51dc01p-5,
     -0x1.7483756865d12p-5, 0x1.04c26be3b7fd7p-4, -0x1.b2995e7b7b9ddp-4
-};
-
-//: x / pi + x^3 * p(x^2) = atan(x) / pi on [2^-20, 0.2813], relative error 2^-60.4
-//: fit arc/coefficients.sollya
-inline constexpr double kAtanpiDoubleHA[9] = {
-    -0x1.848336e128f2ep-7, 0x1.2648de5edd4f9p-6, -0x1.5a91348d4f38ep-6, 0x1.911ba0c39b252p-6, -0x1.da1b273bb3a6ap-6,
-    0x1.21bb92f4ae052p-5, -0x1.7483758a5d368p-5, 0x1.04c26be3ad7b8p-4, -0x1.b2995e7b7b5ecp-4
 };
 
 // About pivots of octaves, and of half octaves.
@@ -155,55 +141,24 @@ inline constexpr double kAtanpiByPivots64[6] = {
     -0x1.b2995e7b7b5f8p-4
 };
 
-// Arc tangent of floats at HA, on eight intervals of [0, 1] about multiples of 137/1024: slope and value there in 24 bits,
-// their rests the last coefficients of a polynomial; the first interval's are exact.
-//: slope = i == 0 ? 1 : 1 / (1 + (i*137/1024)^2)
-//: value = atan(i*137/1024)
-inline constexpr float kAtanLines[8][2] = {
-    {0x1p0f, 0.0f}, {0x1.f6ff22p-1f, 0x1.1061ecp-3f}, {0x1.ddca84p-1f, 0x1.0bba6p-2f}, {0x1.b8f67cp-1f, 0x1.86d848p-2f},
-    {0x1.8e032ap-1f, 0x1.f72b22p-2f}, {0x1.61b75ep-1f, 0x1.2ddd3ap-1f}, {0x1.375cf4p-1f, 0x1.5a51e4p-1f},
-    {0x1.10c3cp-1f, 0x1.8158e4p-1f}
+// About pivots that are powers of two.
+//: x + x^3 * p(x^2) = atan(x) on [2^-20, 0.2], relative error 2^-28.6
+//: fit arc/coefficients.sollya
+inline constexpr float kAtanByOctaves32[3] = {-0x1.13dd02p-3f, 0x1.993818p-3f, -0x1.555504p-2f};
+//: x + x^3 * p(x^2) = atan(x) on [2^-20, 0.2], relative error 2^-63.1
+//: fit arc/coefficients.sollya
+inline constexpr double kAtanByOctaves64[8] = {
+    0x1.9bb78a011545cp-5, -0x1.0e8b55fbf5841p-4, 0x1.3afa5746880cap-4, -0x1.745c8295cd2cfp-4, 0x1.c71c6fc995a88p-4,
+    -0x1.24924922aed6ap-3, 0x1.9999999997de2p-3, -0x1.5555555555551p-2
 };
-//: float(1 / (1 + (i*137/1024)^2)) * x + float(atan(i*137/1024)) + p(x)
-//:   = atan(i*137/1024 + x) on [-137/2048, 137/2048], relative error 2^-27.6
-//: fit chebyshev
-//: i from 1
-inline constexpr float kAtanRows[7][6] = {
-    {0x1.333d3ap-3f, 0x1.f239b8p-4f, -0x1.3242e8p-2f, -0x1.087218p-3f, -0x1.da469cp-27f, 0x1.8e4bbap-29f},
-    {0x1.6898fp-5f, 0x1.7ff7bp-3f, -0x1.b39bfap-3f, -0x1.dd36fcp-3f, 0x1.8969a4p-26f, -0x1.e1ff08p-28f},
-    {-0x1.717588p-5f, 0x1.7a4ffep-3f, -0x1.c2b334p-4f, -0x1.30dce6p-2f, -0x1.13c416p-26f, 0x1.1fd7d2p-27f},
-    {-0x1.50898ap-4f, 0x1.1d672cp-3f, -0x1.694c52p-6f, -0x1.4b281cp-2f, 0x1.7317e8p-31f, 0x1.9925a8p-30f},
-    {-0x1.3e4d9ep-4f, 0x1.596e4p-4f, 0x1.34580cp-5f, -0x1.46ef4ap-2f, -0x1.7948ecp-27f, 0x1.4b9d42p-26f},
-    {-0x1.caf288p-5f, 0x1.41790cp-5f, 0x1.1e896ep-4f, -0x1.2ffecp-2f, -0x1.cb69fep-26f, -0x1.239a3p-28f},
-    {-0x1.146138p-5f, 0x1.354baep-7f, 0x1.50c024p-4f, -0x1.102deep-2f, -0x1.1c1154p-26f, -0x1.fa4ab4p-26f}
+//: x / pi + x^3 * p(x^2) = atan(x) / pi on [2^-20, 0.2], relative error 2^-28.6
+//: fit arc/coefficients.sollya
+inline constexpr float kAtanpiByOctaves32[3] = {-0x1.5f352p-5f, 0x1.048418p-4f, -0x1.b298f6p-4f};
+//: x / pi + x^3 * p(x^2) = atan(x) / pi on [2^-20, 0.2], relative error 2^-63.1
+//: fit arc/coefficients.sollya
+inline constexpr double kAtanpiByOctaves64[8] = {
+    0x1.061aed8d20cdbp-6, -0x1.5877a40fdfecep-6, 0x1.910ad361da766p-6, -0x1.da1aef856028bp-6, 0x1.21bb930dce47dp-5,
+    -0x1.7483758c01ccap-5, 0x1.04c26be3af525p-4, -0x1.b2995e7b7b5fep-4
 };
-//: x + x^2 * p(x) = atan(x) on [2^-20, 137/2048], relative error 2^-31.7
-//: fit chebyshev
-inline constexpr float kAtanFirst[4] = {0x1.960404p-3f, 0x1.917aacp-14f, -0x1.5555b4p-2f, 0x1.98ccfp-29f};
-
-// In half turns the first slope has a rest.
-//: slope = i == 0 ? 1/pi : 1 / (1 + (i*137/1024)^2)/pi
-//: value = atan(i*137/1024)/pi
-inline constexpr float kAtanpiLines[8][2] = {
-    {0x1.45f306p-2f, 0.0f}, {0x1.4037b4p-2f, 0x1.5acee6p-5f}, {0x1.302bd8p-2f, 0x1.54e1c4p-4f},
-    {0x1.18b9c4p-2f, 0x1.f1a39ep-4f}, {0x1.fac3dcp-3f, 0x1.4053b6p-3f}, {0x1.c25d94p-3f, 0x1.80586cp-3f},
-    {0x1.8c7096p-3f, 0x1.b8f2bcp-3f}, {0x1.5b4b74p-3f, 0x1.eaa3aap-3f}
-};
-//: float(1 / (1 + (i*137/1024)^2)/pi) * x + float(atan(i*137/1024)/pi) + p(x)
-//:   = atan(i*137/1024 + x)/pi on [-137/2048, 137/2048], relative error 2^-27.6
-//: fit chebyshev
-//: i from 1
-inline constexpr float kAtanpiRows[7][6] = {
-    {0x1.873068p-5f, 0x1.3d2e2p-5f, -0x1.85f1aep-4f, -0x1.50b3e4p-5f, -0x1.887fb8p-28f, -0x1.4a5b6ap-30f},
-    {0x1.cb207cp-7f, 0x1.e8e1f4p-5f, -0x1.155146p-4f, -0x1.2fcdecp-4f, -0x1.67c26ep-27f, 0x1.732622p-30f},
-    {-0x1.d668f4p-7f, 0x1.e1aeb2p-5f, -0x1.1eecbp-5f, -0x1.8429d8p-4f, 0x1.0bdafep-28f, -0x1.a86576p-32f},
-    {-0x1.ac7e16p-6f, 0x1.6b62ecp-5f, -0x1.cc04e2p-8f, -0x1.a5a44cp-4f, 0x1.544212p-33f, 0x1.b8749ap-28f},
-    {-0x1.9546b6p-6f, 0x1.b7d0e6p-6f, 0x1.88987ep-7f, -0x1.a04426p-4f, 0x1.9d0086p-29f, 0x1.14f98ep-28f},
-    {-0x1.242cccp-6f, 0x1.994fdcp-7f, 0x1.6cd47ep-6f, -0x1.830f02p-4f, 0x1.9d1918p-30f, -0x1.6d3efp-28f},
-    {-0x1.5fe5ccp-7f, 0x1.89ceb2p-9f, 0x1.acc39cp-6f, -0x1.5a8cb2p-4f, -0x1.abe4aap-28f, -0x1.9bb612p-31f}
-};
-//: x/pi + x^2 * p(x) = atan(x)/pi on [2^-20, 137/2048], relative error 2^-31.6
-//: fit chebyshev
-inline constexpr float kAtanpiFirst[4] = {0x1.027a46p-4f, 0x1.ff2dep-16f, -0x1.b299d6p-4f, 0x1.044022p-30f};
 
 }  // namespace orvik::zym

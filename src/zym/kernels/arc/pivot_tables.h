@@ -85,8 +85,77 @@ inline constexpr double kAtanpiPivots64[16][4] = {
     {0x1.29p-1, 0x1p0, 0x1.54aad1cf79263p-2, -0x1.4df0b8abca6fp-56}
 };
 
+// Of a point, row i by the lowest bits of an exponent, octaves from number j at 1/8 to 16, and the sign of x, which changes
+// bit 3: the pivot with that sign, 0 or a power of two, and its angle in the half plane.
+//: let j = mod(i + 4, 8)
+//: let left = (i < 8) == (j < 4)
+//: let pivot = j == 0 ? 0 : 2^(j - 3)
+//: q = left ? -pivot : pivot
+//: angle = left ? pi - atan(pivot) : atan(pivot)
+//: angle_low = (left ? pi - atan(pivot) : atan(pivot)) - angle
+inline constexpr float kAtanOctaves32[16][3] = {
+    {0x1p1f, 0x1.1b6e1ap0f, -0x1.a28838p-25f}, {0x1p2f, 0x1.5368cap0f, -0x1.5c2c6p-25f},
+    {0x1p3f, 0x1.7249fap0f, 0x1.532d44p-25f}, {0x1p4f, 0x1.822508p0f, -0x1.2ea75ap-25f},
+    {0.0f, 0x1.921fb6p1f, -0x1.777a5cp-24f}, {-0x1p-2f, 0x1.72c44p1f, -0x1.69d35ep-24f},
+    {-0x1p-1f, 0x1.56c6e8p1f, -0x1.8d014ap-24f}, {-0x1p0f, 0x1.2d97c8p1f, -0x1.99bc5cp-28f},
+    {-0x1p1f, 0x1.0468a8p1f, 0x1.59c9bep-24f}, {-0x1p2f, 0x1.d0d6a2p0f, -0x1.92c85ap-25f},
+    {-0x1p3f, 0x1.b1f57p0f, -0x1.0887f8p-27f}, {-0x1p4f, 0x1.a21a64p0f, -0x1.c04d6p-25f}, {0.0f, 0.0f, 0.0f},
+    {0x1p-2f, 0x1.f5b76p-3f, -0x1.b4dfc8p-29f}, {0x1p-1f, 0x1.dac67p-2f, 0x1.586ed4p-28f},
+    {0x1p0f, 0x1.921fb6p-1f, -0x1.777a5cp-26f}
+};
+//: let j = mod(i + 4, 8)
+//: let left = (i < 8) == (j < 4)
+//: let pivot = j == 0 ? 0 : 2^(j - 3)
+//: q = left ? -pivot : pivot
+//: angle = left ? 1 - atan(pivot) / pi : atan(pivot) / pi
+//: angle_low = (left ? 1 - atan(pivot) / pi : atan(pivot) / pi) - angle
+inline constexpr float kAtanpiOctaves32[16][3] = {
+    {0x1p1f, 0x1.68dfd8p-2f, -0x1.d9df3p-27f}, {0x1p2f, 0x1.b0263ep-2f, -0x1.b5ee3ap-27f},
+    {0x1p3f, 0x1.d77772p-2f, -0x1.41dddap-27f}, {0x1p4f, 0x1.eba796p-2f, -0x1.872c4ep-30f}, {0.0f, 0x1p0f, 0.0f},
+    {-0x1p-2f, 0x1.d8131ep-1f, 0x1.2508e4p-26f}, {-0x1p-1f, 0x1.b46fecp-1f, -0x1.d9df3p-27f},
+    {-0x1p0f, 0x1.8p-1f, 0.0f}, {-0x1p1f, 0x1.4b9014p-1f, 0x1.d9df3p-27f}, {-0x1p2f, 0x1.27ece2p-1f, -0x1.2508e4p-26f},
+    {-0x1p3f, 0x1.144448p-1f, -0x1.5f1114p-26f}, {-0x1p4f, 0x1.0a2c36p-1f, -0x1.e78d3cp-26f}, {0.0f, 0.0f, 0.0f},
+    {0x1p-2f, 0x1.3f670cp-4f, -0x1.284718p-29f}, {0x1p-1f, 0x1.2e4052p-3f, -0x1.31067cp-30f}, {0x1p0f, 0x1p-2f, 0.0f}
+};
+//: let j = mod(i + 4, 8)
+//: let left = (i < 8) == (j < 4)
+//: let pivot = j == 0 ? 0 : 2^(j - 3)
+//: q = left ? -pivot : pivot
+//: angle = left ? pi - atan(pivot) : atan(pivot)
+//: angle_low = (left ? pi - atan(pivot) : atan(pivot)) - angle
+inline constexpr double kAtanOctaves64[16][3] = {
+    {0x1p1, 0x1.1b6e192ebbe44p0, 0x1.b1b466a88828ep-54}, {0x1p2, 0x1.5368c951e9cfdp0, -0x1.96f47948a99f1p-54},
+    {0x1p3, 0x1.7249faa996a21p0, 0x1.a8cc1e7480c68p-54}, {0x1p4, 0x1.82250768ac529p0, -0x1.e78c96d05afcbp-58},
+    {0.0, 0x1.921fb54442d18p1, 0x1.1a62633145c07p-53}, {-0x1p-2, 0x1.72c43f4b1650ap1, 0x1.c1b6f4f44e10bp-53},
+    {-0x1p-1, 0x1.56c6e7397f5aep1, 0x1.660b64ece6f4bp-53}, {-0x1p0, 0x1.2d97c7f3321d2p1, 0x1.a79394c9e8a0ap-54},
+    {-0x1p1, 0x1.0468a8ace4df6p1, 0x1.0620bf7406affp-55}, {-0x1p2, 0x1.d0d6a1369bd34p0, -0x1.a23602a65700cp-57},
+    {-0x1p3, 0x1.b1f56fdeef00fp0, 0x1.17f14fdc1574cp-55}, {-0x1p4, 0x1.a21a631fd9508p0, -0x1.acc270306ecf6p-54},
+    {0.0, 0.0, 0.0}, {0x1p-2, 0x1.f5b75f92c80ddp-3, 0x1.8ab6e3cf7afbdp-57},
+    {0x1p-1, 0x1.dac670561bb4fp-2, 0x1.a2b7f222f65e2p-56}, {0x1p0, 0x1.921fb54442d18p-1, 0x1.1a62633145c07p-55}
+};
+//: let j = mod(i + 4, 8)
+//: let left = (i < 8) == (j < 4)
+//: let pivot = j == 0 ? 0 : 2^(j - 3)
+//: q = left ? -pivot : pivot
+//: angle = left ? 1 - atan(pivot) / pi : atan(pivot) / pi
+//: angle_low = (left ? 1 - atan(pivot) / pi : atan(pivot) / pi) - angle
+inline constexpr double kAtanpiOctaves64[16][3] = {
+    {0x1p1, 0x1.68dfd7131067cp-2, -0x1.995a23db6b8d4p-57}, {0x1p2, 0x1.b0263d2508e31p-2, -0x1.1bbe87e794124p-56},
+    {0x1p3, 0x1.d777715f11133p-2, -0x1.b7f9255cb1f1ep-59}, {0x1p4, 0x1.eba795e78d3b3p-2, -0x1.d981980024537p-56},
+    {0.0, 0x1p0, 0.0}, {-0x1p-2, 0x1.d8131e9284718p-1, 0x1.7220bc0c35f6ep-55},
+    {-0x1p-1, 0x1.b46feb898833ep-1, -0x1.995a23db6b8d4p-57}, {-0x1p0, 0x1.8p-1, 0.0},
+    {-0x1p1, 0x1.4b90147677cc2p-1, 0x1.995a23db6b8d4p-57}, {-0x1p2, 0x1.27ece16d7b8e8p-1, -0x1.7220bc0c35f6ep-55},
+    {-0x1p3, 0x1.1444475077767p-1, -0x1.e4806daa34e0ep-55}, {-0x1p4, 0x1.0a2c350c39627p-1, -0x1.133f33ffedd65p-55},
+    {0.0, 0.0, 0.0}, {0x1p-2, 0x1.3f670b6bdc73dp-4, 0x1.bbe87e7941244p-60},
+    {0x1p-1, 0x1.2e4051d9df308p-3, 0x1.995a23db6b8d4p-57}, {0x1p0, 0x1p-2, 0.0}
+};
+
 inline constexpr Octets<4> kAtanPivotColumns32(kAtanPivots32), kAtanpiPivotColumns32(kAtanpiPivots32);
 inline constexpr SixteenRows<double, 4> kAtanPivotColumns64([](size_t c, size_t i) { return kAtanPivots64[i][c]; });
 inline constexpr SixteenRows<double, 4> kAtanpiPivotColumns64([](size_t c, size_t i) { return kAtanpiPivots64[i][c]; });
+inline constexpr SixteenRows<float, 3> kAtanOctaveColumns32([](size_t c, size_t i) { return kAtanOctaves32[i][c]; });
+inline constexpr SixteenRows<float, 3> kAtanpiOctaveColumns32([](size_t c, size_t i) { return kAtanpiOctaves32[i][c]; });
+inline constexpr SixteenRows<double, 3> kAtanOctaveColumns64([](size_t c, size_t i) { return kAtanOctaves64[i][c]; });
+inline constexpr SixteenRows<double, 3> kAtanpiOctaveColumns64([](size_t c, size_t i) { return kAtanpiOctaves64[i][c]; });
 
 }  // namespace orvik::zym::arc

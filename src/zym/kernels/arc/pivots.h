@@ -1,7 +1,9 @@
-// Arc tangent at HA: eight or sixteen pivots q/p, found by the bits of a,
-//   atan(a) = atan(q/p) + atan(t),  t = (a p - q) / (a q + p),  atan(t) = t + t z P(z), z = t^2,
-// |t| < 0.163 of floats, 0.0994 of doubles. The first pivot is 0, so that small numbers are t itself, the last
-// infinite; no octant is told apart.
+// Arc tangent at HA: pivots q/p, whose number is in the bits of the tangent,
+//   atan(a) = atan(q/p) + atan(t),  t = (a p - q) / (a q + p),  atan(t) = t + t z P(z), z = t^2.
+// The first pivot is 0, so that small numbers are t itself; no octant is told apart. Of one number there are eight or
+// sixteen, the last infinite, |t| < 0.163 of floats, 0.0994 of doubles. Of a point there are eight for each sign of x,
+// found by the difference of the coordinates' bits, which is the quotient's logarithm or a little less or more: powers
+// of two, so that the numerator is exact, |t| <= 0.2.
 #pragma once
 
 #include "zym/kernels/arc/coefficients.h"
@@ -35,6 +37,29 @@ struct Pivots<double, Unit::half_turn> {
   static constexpr const auto& polynomial = kAtanpiByPivots64;
 };
 
+template <class E, Unit U>
+struct Octaves;
+template <>
+struct Octaves<float, Unit::radian> {
+  static constexpr const auto& rows = kAtanOctaveColumns32;
+  static constexpr const auto& polynomial = kAtanByOctaves32;
+};
+template <>
+struct Octaves<float, Unit::half_turn> {
+  static constexpr const auto& rows = kAtanpiOctaveColumns32;
+  static constexpr const auto& polynomial = kAtanpiByOctaves32;
+};
+template <>
+struct Octaves<double, Unit::radian> {
+  static constexpr const auto& rows = kAtanOctaveColumns64;
+  static constexpr const auto& polynomial = kAtanByOctaves64;
+};
+template <>
+struct Octaves<double, Unit::half_turn> {
+  static constexpr const auto& rows = kAtanpiOctaveColumns64;
+  static constexpr const auto& polynomial = kAtanpiByOctaves64;
+};
+
 template <Single V>
 [[gnu::always_inline]] inline Quad<V> pivot(const Octets<4>& columns, Integer<V> bits) {
   const Integer<V> octave = shift_right<23>(bits);
@@ -45,6 +70,19 @@ template <Single V>
 template <Double V>
 [[gnu::always_inline]] inline Quad<V> pivot(const SixteenRows<double, 4>& rows, Integer<V> bits) {
   return look_up_row<V>(rows, shift_right<51>(bits));
+}
+
+// base + t + atan(t) - t in the unit, t = num/den and z = t^2; `rest` is num less t den.
+template <Unit U, class V, size_t N>
+[[gnu::always_inline]] inline V from_pivot(HeadTail<V> base, V t, V z, V rest, V den, const Element<V> (&polynomial)[N]) {
+  constexpr bool kRadian = U == Unit::radian;
+  using K = Constants<Element<V>>;
+  const V head = kRadian ? t : t * V(K::inverse_pi);
+  V low = base.tail;
+  if constexpr (!kRadian) low = low + fma(t, V(K::inverse_pi_low), fms(t, V(K::inverse_pi), head));
+  low = fma(rest, near_reciprocal<kRadian ? 0x7FDE600000000000u : 0x7FC3D00000000000u>(den), low);
+  const HeadTail<V> sum = fast_two_sum(base.head, head);
+  return sum.head + (sum.tail + fma(t * z, horner(z, polynomial), low));
 }
 
 template <Unit U, class V>
@@ -58,13 +96,27 @@ template <Unit U, class V>
   const HeadTail<V> product = two_prod(a, p);
   const V num = product.head - q, den = fma(a, q, p), den_low = fma(a, q, p - den);
   const V t = num / den;
-  const V t_low = fnma(t, den_low, fnma(t, den, num) + product.tail) * complement_of_exponent(den);
-  HeadTail<V> small = {t, t_low};
-  if constexpr (U == Unit::half_turn) small = over_pi(t, t_low);
-  const V z = safe_square<true>(t);
-  const V rest = fma(t * z, horner(z, Rows::polynomial), small.tail);
-  const HeadTail<V> sum = fast_two_sum(row.c[2], small.head);
-  return sum.head + (sum.tail + (row.c[3] + rest));
+  const V rest = fnma(t, den_low, fnma(t, den, num) + product.tail);
+  return from_pivot<U>({row.c[2], row.c[3]}, t, safe_square<true>(t), rest, den, Rows::polynomial);
+}
+
+// Of (x, y), y >= 0, x not 0; the quotient of their magnitudes and the squares of it are normal, or y is 0.
+template <Unit U, class V>
+[[gnu::always_inline]] inline V by_octaves(V y, V x) {
+  using E = Element<V>;
+  using Rows = Octaves<E, U>;
+  constexpr Bits<V> kHalf = Bits<V>{1} << (Format<V>::mantissa_bits - 1);
+  const V quotient = as_float(as_bits(y) - as_bits(magnitude(x)) + Integer<V>(bits_of(E(1)) + kHalf));
+  const V inside = min(max(quotient, V(E(1.0 / 8))), V(E(16)));
+  const Integer<V> left = shift_right<8 * sizeof(E) - 4>(as_bits(x)) & Integer<V>(Bits<V>{8});
+  const auto row = look_up_row<V>(Rows::rows, shift_right<Format<V>::mantissa_bits>(as_bits(inside)) ^ left);
+  const V q = row.c[0];
+  // Exact: q x is 0 or between y/2 and 2 y, but for the last pivot, where t is small and its angle large.
+  const V num = fnma(q, x, y), den = fma(q, y, x);
+  const V of_y = den - x, of_x = den - of_y, den_low = fms(q, y, of_y) + (x - of_x);
+  const V t = num / den;
+  const V rest = fnma(t, den_low, fnma(t, den, num));
+  return from_pivot<U>({row.c[1], row.c[2]}, t, safe_square<false>(t), rest, den, Rows::polynomial);
 }
 
 }  // namespace orvik::zym::arc

@@ -26,12 +26,14 @@ Masked<V, Mask<V>> wide_angle(Pair<V> z) {
   const V x = magnitude(select(limit, one, z.first)), y = magnitude(select(limit, one, z.second));
   const V larger = max(x, y), smaller = min(x, y);
   const V low = V(E(Single<V> ? 0x1p-120f : 0x1p-1010)), high = V(E(Single<V> ? 0x1p120f : 0x1p1010));
-  const V apart = larger * V(E(Single<V> ? 0x1p-38f : 0x1p-400));
+  const V least = V(E(Single<V> ? 0x1p-38f : 0x1p-400)), apart = larger * least;
   const Mask<V> close = (larger >= low) & (larger <= high) & ((smaller == zero) | (smaller >= apart));
   const Mask<V> left = limit | complement(close);
   const V scale = inverse_scale(select(left, one, larger));
   const Pair<V> u = {select(left, one, z.first) * scale, select(left, one, z.second) * scale};
-  return {Atan2<V, L>::lanes(u.second, u.first), left};
+  // On the imaginary axis, of which the lanes do not know: a number that the right angle does not notice.
+  const V beside = copy_sign(max(magnitude(u.first), least), u.first);
+  return {Atan2<V, L>::lanes(u.second, beside), left};
 }
 
 }  // namespace orvik::zym::complex

@@ -35,10 +35,10 @@ struct Abs<V, L> : AbsOfParts<V, L> {
 };
 
 // cArg LA: 2.3591 ulp at 0x1.fbf9a6p+2, -0x1.336264p+1
-// cArg HA: 0.5378 ulp at 0x1.e18404p+2, 0x1.6fd39ap-1
+// cArg HA: 0.5522 ulp at 0x1.75b8d8p+2, -0x1.b3d704p-1
 // cArg EP: 14.79 bits at 0x1.fffc42p+2, 0x1.1eea18p+2
 // zArg LA: 2.0586 ulp at 0x1.562f7d109b5dp+2, -0x1.658866b21cf14p+2
-// zArg HA: 0.5716 ulp at 0x1.2f3a1421c8a34p+2, 0x1.34110e75520cp+0
+// zArg HA: 0.5567 ulp at 0x1.9ad45bcead2ap-1, -0x1.9bf57b32503bdp-4
 // zArg EP: 30.83 bits at 0x1.984545d22d62ap+2, -0x1.06f265a154c26p+0
 template <class V, Level L>
 struct Arg {

@@ -37,15 +37,16 @@ Mask<V> repair_expm1(V x, V& r, Mask<V> mask, V overflow) {
 }
 
 // HA: (s - 1) + s r and the rest, where s - 1 is taken with its rounding error (two-sum), the sum with s r with its
-// own, and only the last sum rounds in the result. r, the argument less multiples of the head of log(2)/16, is exact.
+// own, and only the last sum rounds in the result. r, the argument less multiples of the head of log(2)/16, is exact;
+// what it lacks is taken as the relative tail of s.
 template <class V, size_t N>
 [[gnu::always_inline]] inline V expm1_in_two(V x, V scale, V step_head, V step_tail, const Element<V> (&p)[N]) {
   const V one_exactly = V(Element<V>(1));
   const auto [t, n] = shift_round(x, scale);
   const V r = fnma(n, step_head, x);
-  const V rounded = fnma(n, step_tail, r);
-  const auto [s, tail] = exp2_of_16(t);
-  const V rest = fma(rounded * rounded, horner(rounded, p), fnma(n, step_tail, fma(tail, r, tail)));
+  const auto [s, s_tail] = exp2_of_16(t);
+  const V tail = fnma(n, step_tail, s_tail);
+  const V rest = fma(r, fma(r, horner(r, p), tail), tail);
   const V less = s - one_exactly;
   const V one = s - less;
   const V lost = (s - (less + one)) + (one - one_exactly);

@@ -23,14 +23,6 @@ template <class V, size_t N, size_t M>
   return select(swapped, under, over) / select(swapped, over, under);
 }
 
-// tan(k step + r) on the grid, k in the low bits of t.
-template <Double V>  // steps of pi/32, to 2^-33; r a plain double
-[[gnu::always_inline]] inline V tangent_single(V t, V r) {
-  const auto row = gather(kSinCos32, indices(as_bits(t) & Integer<V>(uint64_t{31})));
-  const V tangent = odd_sum(r, kTangentGrid32);
-  return fma(row.second, tangent, row.first) / fnma(row.first, tangent, row.second);
-}
-
 // --- radians --------------------------------------------------------------------------------------------------------
 
 template <Single V>
@@ -95,14 +87,14 @@ struct CircleTangent : NotFiniteElement<V> {
   static V lanes(V x) {
     const V a = magnitude(x);
     const auto [t, n] = shift_round(a, V(k16OverPi<V>));
-    return flip_sign(circle_tangent<false>(CirclePoint<V>(t), reduce_by_sixteenths(a, n)), x);
+    return flip_sign(circle_tangent<false>(TangentPoint<V>(t), reduce_by_sixteenths(a, n)), x);
   }
   static Masked<V, Mask<V>> wide(V x) {
     if constexpr (Single<V>) {
       return tangent_of_large(x);
     } else {
       const auto [t, r] = reduce_large<16>(magnitude(x));
-      return {flip_sign(circle_tangent<false>(CirclePoint<V>(t), r), x), not_finite(x)};
+      return {flip_sign(circle_tangent<false>(TangentPoint<V>(t), r), x), not_finite(x)};
     }
   }
 };
@@ -138,21 +130,9 @@ struct TangentOfUnit : NotFiniteElement<V> {
 
  private:
   [[gnu::always_inline]] static V accurate(V f) {
-    if constexpr (Single<V>) {
-      return by_halves(
-          [](auto y) __attribute__((always_inline)) {
-            using W = decltype(y);
-            constexpr double steps = 32 / Unit::kHalfTurn;
-            const auto [t, n] = shift_round(y, W(steps));
-            return tangent_single(t, fnma(n, W(Unit::kHalfTurn / 32), y) * W(Unit::kRadians));
-          },
-          f);
-    } else {
-      constexpr double steps = 16 / Unit::kHalfTurn;
-      const auto [t, n] = shift_round(f, V(steps));
-      const HeadTail<V> r = in_radians<Unit>(fnma(n, V(Unit::kHalfTurn / 16), f));
-      return unless_tiny<Unit>(circle_tangent<true>(CirclePoint<V>(t), r), f);
-    }
+    const auto [t, n] = shift_round(f, V(E(16 / Unit::kHalfTurn)));
+    const HeadTail<V> r = in_radians<Unit>(fnma(n, V(E(Unit::kHalfTurn / 16)), f));
+    return unless_tiny<Unit>(circle_tangent<true>(TangentPoint<V>(t), r), f);
   }
 };
 template <Level L, class V>

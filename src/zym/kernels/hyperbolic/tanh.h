@@ -36,7 +36,7 @@ template <class V, Level L>
 struct Tanh;
 
 // sTanh LA: 2.4319 ulp at 0x1.16138ap+2
-// sTanh HA: 0.6190 ulp at -0x1.ffa796p-3
+// sTanh HA: 0.6051 ulp at -0x1.ffdbfep-3
 // sTanh EP: 11.87 bits at -0x1.352128p-2
 template <Single V, Level L>
 struct Tanh<V, L> {

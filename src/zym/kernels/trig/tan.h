@@ -1,5 +1,5 @@
 // tan(x), tan(pi x) and the tangent of degrees. At the lower levels |x| = n pi/2 + r and one division: P/Q for even n,
-// -Q/P for odd; at the highest steps of pi/16 and the quotient of the sums of angles (circle.h).
+// -Q/P for odd; at the highest steps of pi/16, whose tangents are quotients of short numbers (circle.h).
 #pragma once
 
 #include "zym/kernels/trig/circle.h"
@@ -157,15 +157,15 @@ struct TangentOf<Level::HA, V> : CircleTangent<V> {};
 }  // namespace trig
 
 // sTan LA: 3.6507 ulp at -0x1.5149dp+0
-// sTan HA: 0.5303 ulp at 0x1.08441p+10
+// sTan HA: 0.5951 ulp at 0x1.c55c0ap-4
 // sTan EP: 13.88 bits at 0x1.f9cbe2p+12
 // dTan LA: 3.1583 ulp at -0x1.0799040a8b9b8p+4
-// dTan HA: 0.5999 ulp at 0x1.3767aa65958ecp+6
+// dTan HA: 0.5642 ulp at 0x1.ce08c34b19648p+15
 // dTan EP: 32.71 bits at 0x1.9eb0b2ee64e81p+5
 template <class V, Level L>
 struct Tan : trig::TangentOf<L, V> {};
 // sTanpi LA: 2.8534 ulp at -0x1.fdf1bep-3
-// sTanpi HA: 0.5004 ulp at 0x1.fa0cbap-2
+// sTanpi HA: 0.7499 ulp at 0x1.6e962p-129
 // sTanpi EP: 13.45 bits at -0x1.6ccf36p-3
 // dTanpi LA: 2.9092 ulp at 0x1.70299ccff4c7p+3
 // dTanpi HA: 0.7975 ulp at -0x0.94a9114d689dbp-1022
@@ -173,7 +173,7 @@ struct Tan : trig::TangentOf<L, V> {};
 template <class V, Level L>
 struct Tanpi : trig::TangentOfUnit<trig::Turns, L, V> {};
 // sTand LA: 2.9727 ulp at -0x1.627aa2p+5
-// sTand HA: 0.5004 ulp at 0x1.c588eep-1
+// sTand HA: 0.7491 ulp at 0x1.32617cp-121
 // sTand EP: 13.45 bits at 0x1.2c7598p-3
 // dTand LA: 3.0514 ulp at 0x1.5933d371d1bep+5
 // dTand HA: 0.6364 ulp at 0x1.aeacba80b0496p-1015

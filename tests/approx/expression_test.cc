@@ -96,6 +96,26 @@ TEST(Expression, finds_numbers_whose_reciprocals_are_in_the_format) {
     EXPECT_LT(value("abs(" + u + " - " + x + ")"), 0x1p-30) << x;
   }
 }
+TEST(Expression, finds_convergents) {
+  EXPECT_EQ(value("ratio_over(pi, 999)"), 355);
+  EXPECT_EQ(value("ratio_under(pi, 999)"), 113);
+  EXPECT_EQ(value("ratio_over(pi, 354)"), 333);  // of 333/106, the one before
+  EXPECT_EQ(value("ratio_under(1/pi, 333)"), 333);
+  EXPECT_EQ(value("ratio_over(0, 8)"), 0);
+  EXPECT_EQ(value("ratio_under(0, 8)"), 1);
+  EXPECT_EQ(value("ratio_over(3/8, 100)"), 3);  // ends
+  EXPECT_EQ(value("ratio_over(2^80, 2^32)"), 1);  // a pole: 1/0
+  EXPECT_EQ(value("ratio_under(2^80, 2^32)"), 0);
+}
+TEST(Expression, finds_places_where_tanh_and_its_slope_are_floats_nearly) {
+  for (const char* x : {"0.45", "3.5"}) {
+    const std::string c = "tanh_centre(" + std::string(x) + ", 1/4, 28)", t = "tanh(" + c + ")";
+    EXPECT_LT(value("abs(float(" + t + ") / " + t + " - 1)"), 0x1p-28) << x;
+    EXPECT_LT(value("abs(float(1 - " + t + "^2) - (1 - " + t + "^2)) / 4"), 0x1p-28) << x;
+    EXPECT_EQ(value("float(" + c + ") == " + c), 1) << x;
+    EXPECT_LT(value("abs(" + c + " / " + x + " - 1)"), 0.01) << x;
+  }
+}
 TEST(Expression, refuses_what_it_cannot_read) {
   for (const char* text : {"", "1 +", "(1", "1)", "atan2(1)", "sin(1, 2)", "1 ? 2", "#", "2 3"}) {
     EXPECT_THROW(Expression{text}, std::runtime_error) << text;

@@ -55,10 +55,42 @@ Real with_reciprocal(const Real& x, long bits, long extra) {
   }
 }
 
+// Near x, in steps of some 2^-20 of it, where tanh and, times the width, its slope are floats to within 2^-bits of tanh.
+Real tanh_centre(const Real& x, const Real& width, long bits) {
+  const Real step = apply(mpfr_exp2, Real(static_cast<double>(mpfr_get_exp(x.get()) - 21)).get());
+  const Real nearest = grid(x, step);
+  for (double i = 0;; i = i > 0 ? -i : 1 - i) {
+    const Real c = nearest + Real(i) * step;
+    const Real value = apply(mpfr_tanh, c.get());
+    const Real slope = Real(1.0) - value * value;
+    const Real bound = value * apply(mpfr_exp2, Real(static_cast<double>(-bits)).get());
+    if (abs(in_format(value, true, MPFR_RNDN) - value) < bound &&
+        abs(in_format(slope, true, MPFR_RNDN) - slope) * width < bound)
+      return c;
+  }
+}
+
 Real integer_part(const Real& x, mpfr_rnd_t rounding) {
   Real r;
   mpfr_rint(r.get(), x.get(), rounding);
   return r;
+}
+
+// The last convergent of x's continued fraction, x from 0 on, of which both numbers are up to the bound.
+struct Ratio {
+  Real over, under;
+};
+Ratio convergent(Real x, const Real& bound) {
+  Ratio before{Real(0.0), Real(1.0)}, last{Real(1.0), Real(0.0)};
+  for (;;) {
+    const Real whole = integer_part(x, MPFR_RNDD);
+    Ratio next{whole * last.over + before.over, whole * last.under + before.under};
+    if (bound < next.over || bound < next.under) return last;
+    before = last;
+    last = next;
+    if (mpfr_zero_p((x - whole).get()) != 0) return last;
+    x = Real(1.0) / (x - whole);
+  }
 }
 
 const std::map<std::string, One> kFunctions = {
@@ -90,6 +122,9 @@ const std::map<std::string, Special> kSpecials = {
     {"trunc_bits",
      {2, [](const Arguments& a) { return in_bits(a[0], mpfr_get_si(a[1].get(), MPFR_RNDN), MPFR_RNDZ); }}},
     {"with_reciprocal", {3, [](const Arguments& a) { return with_reciprocal(a[0], number(a[1]), number(a[2])); }}},
+    {"ratio_over", {2, [](const Arguments& a) { return convergent(a[0], a[1]).over; }}},
+    {"ratio_under", {2, [](const Arguments& a) { return convergent(a[0], a[1]).under; }}},
+    {"tanh_centre", {3, [](const Arguments& a) { return tanh_centre(a[0], a[1], number(a[2])); }}},
     {"float", {1, [](const Arguments& a) { return in_format(a[0], true, MPFR_RNDN); }}},
     {"float_down", {1, [](const Arguments& a) { return in_format(a[0], true, MPFR_RNDD); }}},
     {"float_up", {1, [](const Arguments& a) { return in_format(a[0], true, MPFR_RNDU); }}},

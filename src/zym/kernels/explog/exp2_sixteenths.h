@@ -17,11 +17,11 @@ inline constexpr float k8OverLn2In32 = 0x1.715476p3f;  //: = 8/log(2)
 inline constexpr float kLn2Over8Head32 = 0x1.62ep-4f;  //: = trunc_bits(log(2)/8, 13)
 inline constexpr float kLn2Over8Tail32 = 0x1.0bfbe8p-18f;  //: = log(2)/8 - kLn2Over8Head32
 inline constexpr float k16OverLn2In32 = 0x1.715476p4f;  //: = 16/log(2)
-inline constexpr float kLn2Over16Head32 = 0x1.62ep-5f;  //: = trunc_bits(log(2)/16, 13)
-inline constexpr float kLn2Over16Tail32 = 0x1.0bfbe8p-19f;  //: = log(2)/16 - kLn2Over16Head32
+inline constexpr float kLn2Over16Head32 = 0x1.62e43p-5f;  //: = log(2)/16
+inline constexpr float kLn2Over16Tail32 = -0x1.05c61p-33f;  //: = log(2)/16 - kLn2Over16Head32
 inline constexpr double k16OverLn2 = 0x1.71547652b82fep4;  //: = 16/log(2)
-inline constexpr double kLn2Over16Head = 0x1.62e42fefap-5;  //: = trunc_bits(log(2)/16, 38)
-inline constexpr double kLn2Over16Tail = 0x1.cf79abc9e3b3ap-44;  //: = log(2)/16 - kLn2Over16Head
+inline constexpr double kLn2Over16Head = 0x1.62e42fefa39efp-5;  //: = log(2)/16
+inline constexpr double kLn2Over16Tail = 0x1.abc9e3b39803fp-60;  //: = log(2)/16 - kLn2Over16Head
 
 //: 1 + x * p(x) = 2^x on [-1/32, 1/32], relative error 2^-56.9
 //: fit explog/coefficients.sollya

@@ -164,55 +164,65 @@ inline constexpr float kTanhFirstLA[5] = {
     -0x1.34086ep-5f, 0x1.24a032p-3f, -0x1.08519cp-10f, -0x1.554b76p-2f, -0x1.e7660cp-23f
 };
 
-// HA: slope and value at the centres in 24 bits; their rests are the last coefficients.
-//: slope = i == 0 ? 1 : 1 - tanh(float((2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53))^2
-//: value = i == 0 ? 0 : tanh(float((2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53))
-inline constexpr float kTanhLines[8][2] = {
-    {0x1p0f, 0.0f}, {0x1.a3dba6p-1f, 0x1.b2676cp-2f}, {0x1.ee919ep-2f, 0x1.702662p-1f},
-    {0x1.6bd088p-3f, 0x1.d04d24p-1f}, {0x1.01861cp-5f, 0x1.f7e35cp-1f}, {0x1.759022p-9f, 0x1.ff4516p-1f},
-    {0x1.3fc276p-14f, 0x1.fffbp-1f}, {0x1.46d536p-21f, 0x1.fffff6p-1f}
+// HA: centres near these at which value and slope are floats nearly, so that a line through them has no rests.
+//: = tanh_centre((2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53, 2^floor(i/2)*8/53, 30)
+//: i from 1
+inline constexpr float kTanhCentresHA[7][1] = {
+    {0x1.cfbdep-2f}, {0x1.cfae4p-1f}, {0x1.8269bp0f}, {0x1.3522dp1f}, {0x1.cfacap1f}, {0x1.5bc03p2f}, {0x1.f6ea8p2f}
 };
-//: float(1 - tanh(float((2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53))^2) * x
-//:   + float(tanh(float((2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53))) + p(x)
-//:   = tanh(float((2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53) + x)
-//:   on [-2^floor(i/2)*8/53, 2^floor(i/2)*8/53], relative error 2^-28.4
+//: let c = tanh_centre((2^floor(i/2)*(1 + (mod(i, 2) + 1/2)/2) - 1)*32/53, 2^floor(i/2)*8/53, 30)
+//: slope = 1 - tanh(c)^2
+//: value = tanh(c)
+//: i from 1
+inline constexpr float kTanhLines[7][2] = {
+    {0x1.a3d7c4p-1f, 0x1.b27092p-2f}, {0x1.ee97d4p-2f, 0x1.70243ap-1f}, {0x1.6bd206p-3f, 0x1.d04cfp-1f},
+    {0x1.018226p-5f, 0x1.f7e37cp-1f}, {0x1.75b3aap-9f, 0x1.ff4504p-1f}, {0x1.3ffcf4p-14f, 0x1.fffbp-1f},
+    {0x1.40ffa6p-21f, 0x1.fffff6p-1f}
+};
+//: tanh(kTanhCentresHA(0)) + (1 - tanh(kTanhCentresHA(0))^2) * x + x^2 * p(x) = tanh(kTanhCentresHA(0) + x)
+//:   on [(2^floor(i/2)*(1 + i/2 - floor(i/2)) - 1)*32/53 - kTanhCentresHA(0),
+//:   (2^floor(i/2)*(1 + i/2 - floor(i/2) + 1/2) - 1)*32/53 - kTanhCentresHA(0)], relative error 2^-28.6
+//: kTanhLines(x) + x^2 * p(x) = tanh(kTanhCentresHA(0) + x)
+//:   on [(2^floor(i/2)*(1 + i/2 - floor(i/2)) - 1)*32/53 - kTanhCentresHA(0),
+//:   (2^floor(i/2)*(1 + i/2 - floor(i/2) + 1/2) - 1)*32/53 - kTanhCentresHA(0)], relative error 2^-28.8
 //: fit chebyshev
 //: i from 1
-inline constexpr float kTanhRowsHA[7][9] = {
+inline constexpr float kTanhRowsHA[7][8] = {
     {
-        0x1.c4efeep-7f, 0x1.85a376p-6f, -0x1.e51176p-5f, -0x1.7e5ceep-7f, 0x1.5ac09p-3f, -0x1.019274p-3f,
-        -0x1.6439fep-2f, -0x1.028648p-26f, 0x1.fa7c14p-32f
+        -0x1.be202ap-7f, 0x1.c4dfc2p-7f, 0x1.912524p-6f, -0x1.e5027p-5f, -0x1.7f3fb2p-7f, 0x1.5abf42p-3f,
+        -0x1.01834ep-3f, -0x1.643e34p-2f
     },
     {
-        -0x1.2b3732p-7f, 0x1.2aa97cp-7f, 0x1.f71e46p-7f, -0x1.ccb706p-5f, 0x1.a9bb3p-5f, 0x1.6b642cp-4f,
-        -0x1.639dbep-2f, 0x1.1f25b6p-27f, 0x1.16e21ep-26f
+        0x1.2ca75ap-9f, -0x1.2c63b8p-7f, 0x1.1b6212p-7f, 0x1.f73beap-7f, -0x1.cc7aaep-5f, 0x1.a9cebep-5f,
+        0x1.6b5be6p-4f, -0x1.63a02p-2f
     },
     {
-        0x1.f99d12p-11f, -0x1.f8a02ap-9f, 0x1.c03a8ap-8f, -0x1.294dc8p-9f, -0x1.9aec84p-6f, 0x1.63d3dap-4f,
-        -0x1.49ebccp-3f, 0x1.0d4e9ap-29f, 0x1.2730ccp-26f
+        0x1.98c66p-13f, 0x1.fd8dacp-11f, -0x1.fde57p-9f, 0x1.c02a6cp-8f, -0x1.28fd64p-9f, -0x1.9aebdep-6f,
+        0x1.63d4b6p-4f, -0x1.49edp-3f
     },
     {
-        0x1.558254p-14f, 0x1.90762cp-18f, -0x1.8f1fd6p-11f, 0x1.a953bep-9f, -0x1.320ae2p-7f, 0x1.4728p-6f,
-        -0x1.fae342p-6f, 0x1.ea3aa8p-26f, -0x1.c23cfap-28f
+        -0x1.8fccaap-15f, 0x1.4e812cp-14f, 0x1.7acd7ep-15f, -0x1.8e90bap-11f, 0x1.a7e6e2p-9f, -0x1.32085ap-7f,
+        0x1.4727cap-6f, -0x1.fadb8ep-6f
     },
     {
-        -0x1.f8fd48p-18f, 0x1.1d692p-15f, -0x1.fbd976p-14f, 0x1.85ac98p-12f, -0x1.ed1f52p-11f, 0x1.eff658p-10f,
-        -0x1.7507c2p-9f, -0x1.7e456ep-31f, -0x1.7d853cp-28f
+        0x1.564cfcp-20f, -0x1.f8843ap-18f, 0x1.14bc4cp-15f, -0x1.fc0dep-14f, 0x1.861d8ap-12f, -0x1.ed4d9ap-11f,
+        0x1.f0235cp-10f, -0x1.752b2ep-9f
     },
     {
-        -0x1.2a26dcp-22f, 0x1.35ec72p-20f, -0x1.c0b8f4p-19f, 0x1.4dc9d6p-17f, -0x1.aa837cp-16f, 0x1.ab05e2p-15f,
-        -0x1.3fbd5ep-14f, -0x1.462bc2p-27f, 0x1.dfd168p-26f
+        0x1.facfc4p-25f, -0x1.25c81ap-22f, 0x1.0206b2p-20f, -0x1.c2807p-19f, 0x1.552d0ep-17f, -0x1.aaaf88p-16f,
+        0x1.aa99f8p-15f, -0x1.3ff964p-14f
     },
     {
-        -0x1.3300fcp-29f, 0x1.3e0f22p-27f, -0x1.cb0c56p-26f, 0x1.5545d2p-24f, -0x1.b4123cp-23f, 0x1.b4874ep-22f,
-        -0x1.46d31cp-21f, -0x1.522fbap-34f, -0x1.b54e16p-28f
+        0x1.05849ap-31f, -0x1.28e66cp-29f, 0x1.02dc14p-27f, -0x1.c45582p-26f, 0x1.567dap-24f, -0x1.ac26d4p-23f,
+        0x1.abfee8p-22f, -0x1.40ff2cp-21f
     },
 };
 
-//: x + x^2 * p(x) = tanh(x) on [2^-20, 16/53], relative error 2^-29.7
+//: x + x^2 * p(x) = tanh(x) on [2^-20, 16/53], relative error 2^-32.3
 //: fit chebyshev
-inline constexpr float kTanhFirstHA[7] = {
-    0x1.4c295ap-6f, -0x1.fa7a98p-5f, 0x1.972b42p-10f, 0x1.10bd26p-3f, 0x1.0a2916p-17f, -0x1.55556p-2f, 0x1.f64bcep-32f
+inline constexpr float kTanhFirstHA[8] = {
+    0x1.ea6c88p-7f, 0x1.2093b6p-8f, -0x1.c4498cp-5f, 0x1.83a8e4p-13f, 0x1.110968p-3f, 0x1.2cc474p-21f, -0x1.555556p-2f,
+    0x1.517dep-36f
 };
 
 //: x + x^3 * p(x^2) = tanh(x) on [2^-20, 1/64], relative error 2^-60.2

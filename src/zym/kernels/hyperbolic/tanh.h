@@ -17,10 +17,16 @@ namespace hyperbolic {
 inline constexpr size_t kTanhFirstRow = 6;  // the octave from 1 on has an odd exponent field
 inline constexpr Octets<4> kTanhEP(kTanhFirstEP, 1, kTanhRowsEP, kTanhFirstRow);
 inline constexpr Octets<7> kTanhLA(kTanhFirstLA, 1, kTanhRowsLA, kTanhFirstRow);
-inline constexpr OctetLines<9> kTanhHA(kTanhLines, kTanhRowsHA, kTanhFirstHA, 0, kTanhFirstRow);
+inline constexpr OctetNodes<8> kTanhHA(kTanhLines, kTanhRowsHA, kTanhFirstHA, kTanhFirstRow);
+// Centres of the rows; of the HA ones.
 inline constexpr Octets<1> kTanhCentreOctets = [] {
   float rows[8][1] = {};
   for (size_t i = 0; i < 8; ++i) rows[i][0] = kTanhCentres[i];
+  return Octets<1>(rows, kTanhFirstRow);
+}();
+inline constexpr Octets<1> kTanhCentreOctetsHA = [] {
+  float rows[8][1] = {};
+  for (size_t i = 1; i < 8; ++i) rows[i][0] = kTanhCentresHA[i - 1][0];
   return Octets<1>(rows, kTanhFirstRow);
 }();
 
@@ -30,7 +36,7 @@ template <class V, Level L>
 struct Tanh;
 
 // sTanh LA: 2.4319 ulp at 0x1.16138ap+2
-// sTanh HA: 0.6190 ulp at -0x1.ffa796p-3
+// sTanh HA: 0.6051 ulp at -0x1.ffdbfep-3
 // sTanh EP: 11.87 bits at -0x1.352128p-2
 template <Single V, Level L>
 struct Tanh<V, L> {
@@ -40,11 +46,12 @@ struct Tanh<V, L> {
     using namespace hyperbolic;
     const V a = min(V(kLast), magnitude(x));
     const Integer<V> row = shift_right<22>(as_bits(fma(a, V(53.0f / 32), V(1.0f))));
-    const V r = a - look_up(octet_table<V>(kTanhCentreOctets.power[0]), row);
+    constexpr const auto& centres = L == Level::HA ? kTanhCentreOctetsHA : kTanhCentreOctets;
+    const V r = a - look_up(octet_table<V>(centres.power[0]), row);
     if constexpr (L == Level::EP) return join_sign(octet_polynomial(r, kTanhEP, row), x);
     if constexpr (L == Level::LA) return join_sign(octet_polynomial(r, kTanhLA, row), x);
     if constexpr (L == Level::HA) {
-      const HeadTail<V> sum = octet_sum<false>(r, kTanhHA, row);
+      const HeadTail<V> sum = octet_sum(r, kTanhHA, row);
       return join_sign(sum.head + sum.tail, x);
     }
   }

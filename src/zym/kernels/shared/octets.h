@@ -49,8 +49,51 @@ struct OctetLines {
       : lines(given, first), rests(p, slope_rest, rows, first) {}
 };
 
-// Its sum about x as head and tail, the first row's x without an error. Where the first slope has no rest, what is far
-// below the last place of x leaves the tail: products with it would underflow.
+// The same about centres at which value and slope are floats nearly: the lines have no rests. The first is x.
+template <size_t N>
+struct OctetNodes {
+  Octets<2> lines;
+  Octets<N> bends;
+
+  constexpr OctetNodes(const float (&given)[7][2], const float (&rows)[7][N], const float (&p)[N], size_t first)
+      : lines(with_first<2>({1, 0}, given).of, first), bends(with_first<N>(p, rows).of, first) {}
+
+ private:
+  template <size_t M>
+  struct Rows {
+    float of[8][M];
+  };
+  template <size_t M>
+  static constexpr Rows<M> with_first(const float (&p)[M], const float (&others)[7][M]) {
+    Rows<M> rows{};
+    for (size_t k = 0; k < M; ++k) {
+      rows.of[0][k] = p[k];
+      for (size_t i = 1; i < 8; ++i) rows.of[i][k] = others[i - 1][k];
+    }
+    return rows;
+  }
+};
+
+// What is far below the last place of the first row's x leaves a tail: products with it would underflow.
+template <Single V>
+[[gnu::always_inline]] inline V octet_flushed(V x) {
+  const V flush = V(0x1.8p-13f);
+  return (x + flush) - flush;
+}
+
+template <Single V, size_t N>
+[[gnu::always_inline]] inline HeadTail<V> octet_sum(V x, const OctetNodes<N>& c, Integer<V> row) {
+  const auto of_row = [&](const float(&power)[8]) __attribute__((always_inline)) {
+    return look_up(octet_table<V>(power), row);
+  };
+  const V slope = of_row(c.lines.power[0]), value = of_row(c.lines.power[1]);
+  const V head = fma(slope, x, value);
+  const V lost = fma(slope, x, value - head);
+  const V s = octet_flushed(x);
+  return {head, fma(octet_polynomial(s, c.bends, row) * s, s, lost)};
+}
+
+// The sum of lines with rests about x as head and tail, the first row's x without an error.
 template <bool FirstRest, Single V, size_t N>
 [[gnu::always_inline]] inline HeadTail<V> octet_sum(V x, const OctetLines<N>& c, Integer<V> row) {
   const auto of_row = [&](const float(&power)[8]) __attribute__((always_inline)) {
@@ -59,8 +102,7 @@ template <bool FirstRest, Single V, size_t N>
   const V slope = of_row(c.lines.power[0]), value = of_row(c.lines.power[1]);
   const V head = fma(slope, x, value);
   const V lost = fma(slope, x, value - head) + of_row(c.rests.power[N - 1]);
-  const V flush = V(0x1.8p-13f);
-  const V s = (x + flush) - flush;
+  const V s = octet_flushed(x);
   V sum = of_row(c.rests.power[0]);
   for (size_t k = 1; k + 2 < N; ++k) sum = fma(sum, s, of_row(c.rests.power[k]));
   const V slope_rest = of_row(c.rests.power[N - 2]);

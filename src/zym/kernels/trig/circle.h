@@ -24,12 +24,12 @@ template <Double V>
   const V head = fnma(n, V(16 * 4.747734770549973e-13), r);
   return {head, fnma(n, V(16 * 1.5798955068718364e-23), fnma(n, V(16 * 4.747734770549973e-13), r - head))};
 }
-template <Single V>
+template <Single V>  // where |r| is less than what is added, it is a multiple of its last place: their difference is exact
 [[gnu::always_inline]] inline HeadTail<V> reduce_by_sixteenths(V a, V n) {
+  const V step = V(8.742277657347586e-08f / 16);
   const V r = fnma(n, V(3.1415927410125732f / 16), a);
-  const HeadTail<V> more = two_prod(n, V(8.742277657347586e-08f / 16));
-  const HeadTail<V> sum = two_sum(r, more.head);
-  return {sum.head, fma(n, V(3.4302490200117637e-15f / 16), sum.tail + more.tail)};
+  const V head = r + n * step;
+  return {head, fma(n, V(3.4302490200117637e-15f / 16), fma(n, step, r - head))};
 }
 
 // n in the low bits of t.
@@ -98,30 +98,52 @@ template <class V>
   return flip_sign(head + fma(p.cosine, rest.cosine, fnma(p.sine, rest.sine, more)), p.sign);
 }
 
-// The quotient of both, by one division and a correction. With Poles r may be 0 where the point is one.
+// The point n pi/16 as the quotient of two whole numbers, n in the low bits of t.
+template <class V>
+struct TangentPoint {
+  V over, under;
+
+  [[gnu::always_inline]] explicit TangentPoint(V t) {
+    const Integer<V> n = as_bits(t);
+    if constexpr (Single<V>) {
+      over = look_up_16<V>(kTangentRatios32[0], n);
+      under = look_up_16<V>(kTangentRatios32[1], n);
+    } else if constexpr (kHasPermutes64<V>) {
+      over = look_up_in_16(kTangentRatios64[0], n);
+      under = look_up_in_16(kTangentRatios64[1], n);
+    } else {
+      const auto row = gather(kTangentRatios16, indices(n & Integer<V>(uint64_t{15})));
+      over = row.first, under = row.second;
+    }
+  }
+};
+
+// tan of the point + r is (over + under g) / (under - over g), g = tan(r). Cut to a few bits, q = that quotient leaves
+//   over + under g - q (under - over g) = (over - q under) + (under + q over) g,
+// where both brackets are exact, since the point's numbers are short too. With Poles r may be 0 where the point is one.
 template <bool Poles, class V>
-[[gnu::always_inline]] inline V circle_tangent(const CirclePoint<V>& p, HeadTail<V> r) {
-  const V s = p.sine, c = p.cosine, one = V(Element<V>(1));
-  // tan(r) in head and tail.
+[[gnu::always_inline]] inline V circle_tangent(const TangentPoint<V>& p, HeadTail<V> r) {
+  using I = Integer<V>;
   const V z = r.head * r.head;
   V slope;
+  I few;
   if constexpr (Single<V>) {
     slope = horner(z, kTangentCircle32);
+    few = I(0xFFFC0000u);  // 6 bits, beside numbers of 16
   } else {
     slope = horner(z, kTangentGrid64);
+    few = I(uint64_t{0xFFFFFFF800000000});  // 18 bits, beside numbers of 32
   }
-  const HeadTail<V> g = fast_two_sum(r.head, fma(r.head * z, slope, r.tail));
-  const V over = fma(c, g.head, s);
-  const V over_lost = fma(c, g.head, s - over);
-  const V over_tail = fma(c, g.tail, tail_of_sum(over_lost, p.sine_tail, p.cosine_tail, g.head));
-  const V under = fnma(s, g.head, c);
-  const V under_lost = fnma(s, g.head, c - under);
-  const V under_tail = fnma(s, g.tail, tail_of_sum(under_lost, p.cosine_tail, p.sine_tail, V(Element<V>(0)) - g.head));
+  const V more = fma(r.head * z, slope, r.tail);
+  const V g = r.head + more;
+  const V under = fnma(p.over, g, p.under);
+  const V inverse = V(Element<V>(1)) / under;
   const auto corrected = [&](V inverse) __attribute__((always_inline)) {
-    const V q = over * inverse;
-    return fma(fnma(q, under_tail, fnma(q, under, over) + over_tail), inverse, q);
+    const V q = as_float(as_bits(fma(p.under, g, p.over) * inverse) & few);
+    const V turned = fma(q, p.over, p.under);
+    const V left = fma(turned, more, fma(turned, r.head, fnma(q, p.under, p.over)));
+    return fma(left, inverse, q);
   };
-  const V inverse = one / under;
   if constexpr (!Poles) return corrected(inverse);
   const Mask<V> pole = under == V(Element<V>(0));
   return select(pole, inverse, corrected(drop(pole, inverse)));

@@ -59,9 +59,6 @@ inline constexpr double kTangentLA64P[6] = {
     -0x1.c8c293a2a5502p-33, -0x1.436fc873c244cp-25, -0x1.e19800a42bab8p-17, 0x1.ba5d292be81a6p-9, -0x1.10c83d7b0c77ap-3,
     0x1p0
 };
-//: x + x^3 * p(x^2) = tan(x) on [-pi/64, pi/64], relative error 2^-35.0
-//: fit trig/coefficients.sollya
-inline constexpr double kTangentGrid32[2] = {0x1.11701801b7dcep-3, 0x1.55554c4321ce3p-2};
 //: x + x^3 * p(x^2) = tan(x) on [-0.0986, 0.0986], relative error 2^-28.9
 //: fit trig/coefficients.sollya
 inline constexpr float kTangentCircle32[2] = {0x1.1290d8p-3f, 0x1.5554c2p-2f};

@@ -72,7 +72,22 @@ extern const double kCircle64[4][16];
 //: cosine = i == 8 ? 0 : cos(a)
 //: cosine_tail = i == 8 ? 0 : cos(a) - cosine
 extern const float kCircle32[4][16];
-// Of i pi/32 without tails.
+// Tangents of i pi/16 as quotients of whole numbers, which are off by less than 2^-60 (floats: 2^-29).
+//: let slope = abs(tan(pi * i / 16))
+//: over = (i > 8 ? -1 : 1) * ratio_over(slope, 2^32)
+//: under = ratio_under(slope, 2^32)
+extern const double kTangentRatios16[16][2];
+//: planes
+//: let slope = abs(tan(pi * i / 16))
+//: over = (i > 8 ? -1 : 1) * ratio_over(slope, 2^32)
+//: under = ratio_under(slope, 2^32)
+extern const double kTangentRatios64[2][16];
+//: planes
+//: let slope = abs(tan(pi * i / 16))
+//: over = (i > 8 ? -1 : 1) * ratio_over(slope, 2^16)
+//: under = ratio_under(slope, 2^16)
+extern const float kTangentRatios32[2][16];
+// Sine and cosine of i pi/32 without tails.
 //: sine = sin(pi * i / 32)
 //: cosine = i == 16 ? 0 : cos(pi * i / 32)
 extern const double kSinCos32[32][2];

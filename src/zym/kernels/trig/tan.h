@@ -1,5 +1,5 @@
 // tan(x), tan(pi x) and the tangent of degrees. At the lower levels |x| = n pi/2 + r and one division: P/Q for even n,
-// -Q/P for odd; at the highest steps of pi/16 and the quotient of the sums of angles (circle.h).
+// -Q/P for odd; at the highest steps of pi/16, whose tangents are quotients of short numbers (circle.h).
 #pragma once
 
 #include "zym/kernels/trig/circle.h"
@@ -21,14 +21,6 @@ template <class V, size_t N, size_t M>
   const V under = horner(z, q);
   const Mask<V> swapped = sign_decides(inverse);
   return select(swapped, under, over) / select(swapped, over, under);
-}
-
-// tan(k step + r) on the grid, k in the low bits of t.
-template <Double V>  // steps of pi/32, to 2^-33; r a plain double
-[[gnu::always_inline]] inline V tangent_single(V t, V r) {
-  const auto row = gather(kSinCos32, indices(as_bits(t) & Integer<V>(uint64_t{31})));
-  const V tangent = odd_sum(r, kTangentGrid32);
-  return fma(row.second, tangent, row.first) / fnma(row.first, tangent, row.second);
 }
 
 // --- radians --------------------------------------------------------------------------------------------------------
@@ -95,14 +87,14 @@ struct CircleTangent : NotFiniteElement<V> {
   static V lanes(V x) {
     const V a = magnitude(x);
     const auto [t, n] = shift_round(a, V(k16OverPi<V>));
-    return flip_sign(circle_tangent<false>(CirclePoint<V>(t), reduce_by_sixteenths(a, n)), x);
+    return flip_sign(circle_tangent<false>(TangentPoint<V>(t), reduce_by_sixteenths(a, n)), x);
   }
   static Masked<V, Mask<V>> wide(V x) {
     if constexpr (Single<V>) {
       return tangent_of_large(x);
     } else {
       const auto [t, r] = reduce_large<16>(magnitude(x));
-      return {flip_sign(circle_tangent<false>(CirclePoint<V>(t), r), x), not_finite(x)};
+      return {flip_sign(circle_tangent<false>(TangentPoint<V>(t), r), x), not_finite(x)};
     }
   }
 };
@@ -138,21 +130,9 @@ struct TangentOfUnit : NotFiniteElement<V> {
 
  private:
   [[gnu::always_inline]] static V accurate(V f) {
-    if constexpr (Single<V>) {
-      return by_halves(
-          [](auto y) __attribute__((always_inline)) {
-            using W = decltype(y);
-            constexpr double steps = 32 / Unit::kHalfTurn;
-            const auto [t, n] = shift_round(y, W(steps));
-            return tangent_single(t, fnma(n, W(Unit::kHalfTurn / 32), y) * W(Unit::kRadians));
-          },
-          f);
-    } else {
-      constexpr double steps = 16 / Unit::kHalfTurn;
-      const auto [t, n] = shift_round(f, V(steps));
-      const HeadTail<V> r = in_radians<Unit>(fnma(n, V(Unit::kHalfTurn / 16), f));
-      return unless_tiny<Unit>(circle_tangent<true>(CirclePoint<V>(t), r), f);
-    }
+    const auto [t, n] = shift_round(f, V(E(16 / Unit::kHalfTurn)));
+    const HeadTail<V> r = in_radians<Unit>(fnma(n, V(E(Unit::kHalfTurn / 16)), f));
+    return unless_tiny<Unit>(circle_tangent<true>(TangentPoint<V>(t), r), f);
   }
 };
 template <Level L, class V>
@@ -177,15 +157,15 @@ struct TangentOf<Level::HA, V> : CircleTangent<V> {};
 }  // namespace trig
 
 // sTan LA: 3.6507 ulp at -0x1.5149dp+0
-// sTan HA: 0.5303 ulp at 0x1.08441p+10
+// sTan HA: 0.5951 ulp at 0x1.c55c0ap-4
 // sTan EP: 13.88 bits at 0x1.f9cbe2p+12
 // dTan LA: 3.1583 ulp at -0x1.0799040a8b9b8p+4
-// dTan HA: 0.5999 ulp at 0x1.3767aa65958ecp+6
+// dTan HA: 0.5642 ulp at 0x1.ce08c34b19648p+15
 // dTan EP: 32.71 bits at 0x1.9eb0b2ee64e81p+5
 template <class V, Level L>
 struct Tan : trig::TangentOf<L, V> {};
 // sTanpi LA: 2.8534 ulp at -0x1.fdf1bep-3
-// sTanpi HA: 0.5004 ulp at 0x1.fa0cbap-2
+// sTanpi HA: 0.7499 ulp at 0x1.6e962p-129
 // sTanpi EP: 13.45 bits at -0x1.6ccf36p-3
 // dTanpi LA: 2.9092 ulp at 0x1.70299ccff4c7p+3
 // dTanpi HA: 0.7975 ulp at -0x0.94a9114d689dbp-1022
@@ -193,7 +173,7 @@ struct Tan : trig::TangentOf<L, V> {};
 template <class V, Level L>
 struct Tanpi : trig::TangentOfUnit<trig::Turns, L, V> {};
 // sTand LA: 2.9727 ulp at -0x1.627aa2p+5
-// sTand HA: 0.5004 ulp at 0x1.c588eep-1
+// sTand HA: 0.7491 ulp at 0x1.32617cp-121
 // sTand EP: 13.45 bits at 0x1.2c7598p-3
 // dTand LA: 3.0514 ulp at 0x1.5933d371d1bep+5
 // dTand HA: 0.6364 ulp at 0x1.aeacba80b0496p-1015

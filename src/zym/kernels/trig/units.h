@@ -87,16 +87,25 @@ struct Degrees {
   }
 };
 
-template <class Unit, Double V>
+template <class Unit, class V>
+inline constexpr HeadTail<Element<V>> kRadiansOf =
+    Single<V> ? HeadTail<Element<V>>{Element<V>(Unit::kRadians32), Element<V>(Unit::kRadiansTail32)}
+              : HeadTail<Element<V>>{Element<V>(Unit::kRadians), Element<V>(Unit::kRadiansTail)};
+template <class Unit, class V>
 [[gnu::always_inline]] inline HeadTail<V> in_radians(V w) {
-  const HeadTail<V> r = two_prod(w, V(Unit::kRadians));
-  return {r.head, fma(w, V(Unit::kRadiansTail), r.tail)};
+  const HeadTail<V> r = two_prod(w, V(kRadiansOf<Unit, V>.head));
+  return {r.head, fma(w, V(kRadiansOf<Unit, V>.tail), r.tail)};
 }
 // s, or the angle itself in radians where it is so small that products' tails would be denormal.
-template <class Unit, Double V>
+template <class Unit, class V>
 V unless_tiny(V s, V f) {
-  const V angle = fma(f, V(Unit::kRadians), f * V(Unit::kRadiansTail));
-  return select(magnitude(f) < V(0x1p-900), angle, s);
+  const V head = V(kRadiansOf<Unit, V>.head), tail = V(kRadiansOf<Unit, V>.tail);
+  if constexpr (Single<V>) {
+    const V scaled = f * V(0x1p40f);  // its products have all their digits
+    return select(magnitude(f) < V(0x1p-70f), fma(scaled, head, scaled * tail) * V(0x1p-40f), s);
+  } else {
+    return select(magnitude(f) < V(0x1p-900), fma(f, head, f * tail), s);
+  }
 }
 
 // f, |f| up to a half turn, or where its magnitude is above a quarter turn what is left to the half turn of its sign:

@@ -23,7 +23,7 @@ inline constexpr float kPowLog2Single[5] = {
 //: let r = grid(1 / (1 + i/16), floor(i/2) == 3 ? 2^-5 : 2^-6)
 //: c = 2^1023 * r
 //: log = 0 - log2(r)
-inline constexpr double kPowOctave64[16][2] = {
+inline constexpr double kPowRows64[16][2] = {
     {0x1p1023, 0.0}, {0x1.ep1022, 0x1.7d60496cfbb4cp-4}, {0x1.c8p1022, 0x1.563dc29ffacb2p-3},
     {0x1.bp1022, 0x1.f5fd8a9063e35p-3}, {0x1.98p1022, 0x1.4f6fbb2cec598p-2}, {0x1.88p1022, 0x1.8a8980abfbd32p-2},
     {0x1.7p1022, 0x1.e7df5fe538ab3p-2}, {0x1.6p1022, 0x1.14c560fe68af9p-1}, {0x1.58p1022, 0x1.25c0a0463bebp-1},
@@ -35,7 +35,7 @@ inline constexpr double kPowOctave64[16][2] = {
 //: let r = grid(1 / (1 + i/16), floor(i/2) == 3 ? 2^-5 : 2^-6)
 //: head = grid(0 - log2(r), 2^-42)
 //: tail = 0 - log2(r) - head
-inline constexpr double kPowOctaveParts64[16][2] = {
+inline constexpr double kPowRowParts64[16][2] = {
     {0.0, 0.0}, {0x1.7d60496cfcp-4, -0x1.2ce6312ebb81dp-46}, {0x1.563dc29ffap-3, 0x1.964190e41bca7p-44},
     {0x1.f5fd8a9064p-3, -0x1.cb6f70109b0f1p-47}, {0x1.4f6fbb2cecp-2, 0x1.661e393a16b95p-44},
     {0x1.8a8980abfcp-2, -0x1.66cccab240e9p-45}, {0x1.e7df5fe539p-2, -0x1.532c412ba94dbp-44},
@@ -66,18 +66,31 @@ inline constexpr double kPowLog2DoubleHA[10] = {
     -0x1.f1e1871c36e79p-4, 0x1.0d3c5fcbb0e09p-3, -0x1.277557145b77p-3, 0x1.484aeb78af31ep-3, -0x1.71547698d8035p-3,
     0x1.a61762abcbc88p-3, -0x1.ec709dc39b0b9p-3, 0x1.2776c50ef9ad1p-2, -0x1.71547652b82ffp-2, 0x1.d96a782c3923p-56
 };
-// Of doubles at EP, and of floats computed in doubles: the error counts up to 1021 and 126 times.
+// At EP: the error counts up to 1021 times.
 //: x * p(x) = log2(1 + x) on [-0.0342, 0.0328], relative error 2^-43.2
 //: fit power/coefficients.sollya
 inline constexpr double kPowLog2DoubleEP[7] = {
     0x1.a8a2ecf52d65ep-3, -0x1.ed29af3b59387p-3, 0x1.2776613afccfbp-2, -0x1.7154690fe0e8ep-2, 0x1.ec709dcbb99f6p-2,
     -0x1.71547652f518dp-1, 0x1.71547652b829ep0
 };
-//: x * p(x) = log2(1 + x) on [-0.0342, 0.0328], relative error 2^-37.1
+
+// Rows of an octave as in explog/octave.h, for an exponent that is not rounded up: c and its logarithm with the other
+// sign.
+//: c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
+//: log = 0 - log2(c)
+inline constexpr double kPowOctave64[16][2] = {
+    {0x1p0, 0.0}, {0x1.ep-1, 0x1.7d60496cfbb4cp-4}, {0x1.cp-1, 0x1.8a8980abfbd32p-3}, {0x1.ap-1, 0x1.32bfee370ee68p-2},
+    {0x1.9p-1, 0x1.6cb0f6865c8eap-2}, {0x1.8p-1, 0x1.a8ff971810a5ep-2}, {0x1.7p-1, 0x1.e7df5fe538ab3p-2},
+    {0x1.6p-1, 0x1.14c560fe68af9p-1}, {0x1.5p-1, 0x1.37222bb70747cp-1}, {0x1.4p-1, 0x1.5b2c3da19723bp-1},
+    {0x1.38p-1, 0x1.6ddfc2a78fc63p-1}, {0x1.28p-1, 0x1.94c287492c4dbp-1}, {0x1.2p-1, 0x1.a8ff971810a5ep-1},
+    {0x1.18p-1, 0x1.bdce9dcc96187p-1}, {0x1.1p-1, 0x1.d338120a6dd9dp-1}, {0x1p-1, 0x1p0}
+};
+// Of these, for floats computed in doubles: the error counts up to 126 times.
+//: x * p(x) = log2(1 + x) on [-0.0352, 0.0625], relative error 2^-39.6
 //: fit power/coefficients.sollya
-inline constexpr double kPowLog2Octave[6] = {
-    -0x1.eeee7177a80eap-3, 0x1.27d17beb05828p-2, -0x1.715428411021cp-2, 0x1.ec70940174c12p-2, -0x1.71547654b2009p-1,
-    0x1.71547652c227fp0
+inline constexpr double kPowLog2Octave[7] = {
+    0x1.85d6acba94de6p-3, -0x1.ec9a1925ea672p-3, 0x1.277f5b42dfbeap-2, -0x1.7154862f2b505p-2, 0x1.ec709c8dba851p-2,
+    -0x1.71547651e1c08p-1, 0x1.71547652b9ee3p0
 };
 
 // --- powers of 2 of the lanes ---------------------------------------------------------------------------------------

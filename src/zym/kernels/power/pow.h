@@ -24,9 +24,9 @@ struct Pow;
 // sPowr LA: 2.8819 ulp at 0x1.e93fe4p-1, -0x1.d4a0c4p+10
 // sPowr HA: 0.5051 ulp at 0x1.0011acp+0, 0x1.3fbf6p+18
 // sPowr EP: 12.54 bits at 0x1.c6b36cp-1, 0x1.68a284p+9
-// dPowr LA: 1.2926 ulp at 0x1.ff9638d28a12cp-1, 0x1.a052e7086d03ep+19
-// dPowr HA: 0.5333 ulp at 0x1.ff8f0ab21a07cp-1, 0x1.89cece4280f78p+19
-// dPowr EP: 32.89 bits at 0x1.ff7fa491cd8f8p-1, -0x1.5ddce2e5f84a7p+19
+// dPowr LA: 1.1351 ulp at 0x1.079db13594827p+0, -0x1.e92e9ea94778cp+13
+// dPowr HA: 0.5315 ulp at 0x1.991481ef35903p+3, -0x1.553c89ae6dbcp-2
+// dPowr EP: 33.78 bits at 0x1.01b00e7c8e4e8p+0, -0x1.a16c729924406p+16
 template <class V, Level L>
 struct Powr : Pow<V, L> {
   static int32_t element(const Element<V>* x, const Element<V>* y, Element<V>* r) {
@@ -36,9 +36,9 @@ struct Powr : Pow<V, L> {
 // sPowx LA: 1.2872 ulp at 0x1.26c788p+6, -0x1p+0
 // sPowx HA: 0.5021 ulp at -0x1.e4671p-23, 0x1p+1
 // sPowx EP: 12.63 bits at 0x1.35c078p+6, 0x1.4p+4
-// dPowx LA: 1.0225 ulp at 0x1.fbf17c1a6d0b2p+3, 0x1.4p+1
-// dPowx HA: 0.5041 ulp at 0x1.0f1636c5eac3p+5, 0x1.4p+1
-// dPowx EP: 37.38 bits at 0x1.002p+0, -0x1.e848p+19
+// dPowx LA: 1.0000 ulp at 0x1.4p+0, 0x1.8p+1
+// dPowx HA: 0.5261 ulp at 0x1.e4edb9c4a2bc5p+5, 0x1.5555555555555p-2
+// dPowx EP: 36.02 bits at 0x1.001f00e5c9428p+0, -0x1.e848p+19
 template <class V, Level L>
 struct Powx : Pow<V, L> {};
 
@@ -109,6 +109,31 @@ struct Pow<V, Level::LA> : PowSingle<V> {
   }
 };
 
+// In 64 bits: rows of an octave for the logarithm, sixteenths for the power, all of them in wide registers. What leaves
+// the range of floats is held at its ends, and is special.
+// sPow HA: 0.5090 ulp at 0x1.ffa996p-1, 0x1.02c482p+17
+template <Single V>
+struct Pow<V, Level::HA> : PowSingle<V> {
+  static constexpr Knobs knobs = {.vectors = 2};
+
+  static auto lanes(V x, V y) {
+    const V power = by_halves([](auto wide_x, auto wide_y) __attribute__((always_inline)) {
+      using W = decltype(wide_x);
+      const OctaveKey<W> k(wide_x);
+      const auto row = octave_row<kPowOctave64, W>(k.row());
+      const W r = fms(row.first, k.m(), W(1.0));
+      const W log = fma(r, horner(r, kPowLog2Octave), k.e() + row.second);
+      const W t = clamp_magnitude(wide_y * log, W(126.0));
+      const W shifter = kShifter64 / 16;
+      const W sum = t + shifter;
+      const W f = t - (sum - shifter);
+      const W head = exp2_head_of_16(sum);
+      return fma(head, f * horner(f, kPowExp2Sixteenth), head);
+    }, x, y);
+    return Masked{power, outside<0x00800001u, 0x7E7FFFFFu>(power)};  // between 2^-126 and 2^126
+  }
+};
+
 // --- 64 bits --------------------------------------------------------------------------------------------------------
 
 // x = 2^e m, m in [63/64, 63/32); c near 1/m and its logarithm by a row that registers hold.
@@ -132,7 +157,7 @@ struct PowReciprocalWords {
   alignas(32) float of[16];
   constexpr PowReciprocalWords() : of{} {
     for (int i = 0; i < 16; ++i) {
-      of[i] = std::bit_cast<float>(static_cast<uint32_t>(std::bit_cast<uint64_t>(kPowOctave64[i][0]) >> 32));
+      of[i] = std::bit_cast<float>(static_cast<uint32_t>(std::bit_cast<uint64_t>(kPowRows64[i][0]) >> 32));
     }
   }
 };
@@ -150,7 +175,7 @@ Twice<F64> reciprocal_by_words(Twice<I> key) {
 template <Double V>
 V pow_reciprocal(PowKey<V> k) {
   if constexpr (kHasPermutes64<V>) {
-    return look_up_in_16(kColumns<kPowOctave64>.of[0], k.row());
+    return look_up_in_16(kColumns<kPowRows64>.of[0], k.row());
   } else {
     return reciprocal_by_words(k.key);
   }
@@ -158,9 +183,9 @@ V pow_reciprocal(PowKey<V> k) {
 template <Double V>
 V pow_log(PowKey<V> k) {
   if constexpr (kHasPermutes64<V>) {
-    return look_up_in_16(kColumns<kPowOctave64>.of[1], k.row());
+    return look_up_in_16(kColumns<kPowRows64>.of[1], k.row());
   } else {
-    return gather(kColumns<kPowOctave64>.of[1], indices(k.row() & Integer<V>(uint64_t{15})));
+    return gather(kColumns<kPowRows64>.of[1], indices(k.row() & Integer<V>(uint64_t{15})));
   }
 }
 // Both parts of the logarithm.
@@ -169,22 +194,22 @@ struct PowParts {
   V head, tail;
   explicit PowParts(PowKey<V> k) {
     if constexpr (kHasPermutes64<V>) {
-      head = look_up_in_16(kColumns<kPowOctaveParts64>.of[0], k.row());
-      tail = look_up_in_16(kColumns<kPowOctaveParts64>.of[1], k.row());
+      head = look_up_in_16(kColumns<kPowRowParts64>.of[0], k.row());
+      tail = look_up_in_16(kColumns<kPowRowParts64>.of[1], k.row());
     } else {
-      const auto parts = gather(kPowOctaveParts64, indices(k.row() & Integer<V>(uint64_t{15})));
+      const auto parts = gather(kPowRowParts64, indices(k.row() & Integer<V>(uint64_t{15})));
       head = parts.first, tail = parts.second;
     }
   }
 };
 
-// log2(x), within 2^-37 of itself.
-template <Double V, size_t N>
-[[gnu::always_inline]] inline V log2_in_one(V x, const double (&p)[N]) {
+// log2(x), within 2^-43 of itself.
+template <Double V>
+[[gnu::always_inline]] inline V log2_in_one(V x) {
   const PowKey<V> k(x);
   const V log = pow_log(k);
   const V r = k.r(pow_reciprocal(k));
-  return fma(r, estrin(r, p), k.e() + log);
+  return fma(r, estrin(r, kPowLog2DoubleEP), k.e() + log);
 }
 
 // log2(x) within 2^-64 or 2^-70 of itself; the tail is below 2^-16 of the head.
@@ -210,26 +235,6 @@ template <Double V, Level L>
     return {log.head, fma(square * square, estrin(r, kPowLog2DoubleLA), rest)};
   }
 }
-
-// Floats in 64 bits. What leaves the range of floats is held at its ends, and is special.
-// sPow HA: 0.5090 ulp at 0x1.ffa996p-1, 0x1.02c482p+17
-template <Single V>
-struct Pow<V, Level::HA> : PowSingle<V> {
-  static constexpr Knobs knobs = {.vectors = 2};
-
-  static auto lanes(V x, V y) {
-    const V power = by_halves([](auto wide_x, auto wide_y) __attribute__((always_inline)) {
-      using W = decltype(wide_x);
-      const W t = clamp_magnitude(wide_y * log2_in_one(wide_x, kPowLog2Octave), W(126.0));
-      const W shifter = kShifter64 / 16;
-      const W sum = t + shifter;
-      const W f = t - (sum - shifter);
-      const W head = exp2_head_of_16(sum);
-      return fma(head, f * horner(f, kPowExp2Sixteenth), head);
-    }, x, y);
-    return Masked{power, outside<0x00800001u, 0x7E7FFFFFu>(power)};  // between 2^-126 and 2^126
-  }
-};
 
 // Plain: x from 2^-1022 to 2^1022 (c stays normal), |y| from 2^-100 to 2^921 (no product over- or underflows).
 template <Double V>
@@ -264,13 +269,13 @@ template <Double V>
   return fma(f, V(kPowLn2), fma(f * f, estrin(f, kPowExp2Double), more));
 }
 
-// dPow EP: 32.84 bits at 0x1.fe9fa7b0e7141p-1, 0x1.ef02dcaa8bc8dp+17
+// dPow EP: 33.74 bits at 0x1.fbf0b31061505p-1, 0x1.5a9144871b113p+16
 template <Double V>
 struct Pow<V, Level::EP> : PowDouble<V> {
   static constexpr Knobs knobs = {.vectors = 2};
 
   static auto lanes(V x, V y) {
-    const Sixteenths<V> t(y * log2_in_one(x, kPowLog2DoubleEP));
+    const Sixteenths<V> t(y * log2_in_one(x));
     const V head = exp2_head_of_16(t.sum);
     return Masked{fma(head, t.f * estrin(t.f, kPowExp2Sixteenth), head), t.beyond};
   }
@@ -282,7 +287,7 @@ template <Double V>
   return Sixteenths<V>(t, fma(y, log.tail, fms(y, log.head, t)));
 }
 
-// dPow LA: 1.3773 ulp at 0x1.ff9427ffdefddp-1, 0x1.916e2e9dd4982p+19
+// dPow LA: 1.1351 ulp at 0x1.079db13594827p+0, -0x1.e92e9ea94778cp+13
 template <Double V>
 struct Pow<V, Level::LA> : PowDouble<V> {
   static constexpr Knobs knobs = {.vectors = 2};
@@ -294,7 +299,7 @@ struct Pow<V, Level::LA> : PowDouble<V> {
   }
 };
 
-// dPow HA: 0.5333 ulp at 0x1.ff8f0ab21a07cp-1, 0x1.89cece4280f78p+19
+// dPow HA: 0.5328 ulp at 0x1.4df691aa3dba3p+5, 0x1.d82ec9da35cd2p+2
 template <Double V>
 struct Pow<V, Level::HA> : PowDouble<V> {
   static constexpr Knobs knobs = {.vectors = 2};

@@ -89,7 +89,8 @@ V beyond_rows(V a, V x) {
   const V shifted = (t.head + t_tail) + shifter;
   const V f = (t.head - (shifted - shifter)) + t_tail;
   const auto sixteenth = exp2_of_16(shifted);
-  const Integer<V> exponent_bits = shift_left<48>(as_bits(shifted)) & Integer<V>(Format<V>::sign_bit | Format<V>::exponent_field);
+  const Integer<V> exponent_bits =
+      shift_left<48>(as_bits(shifted)) & Integer<V>(Format<V>::sign_bit | Format<V>::exponent_field);
   const V row = as_float(as_bits(sixteenth.head) - exponent_bits);
   const V power_rest = exp2_less_1(f, sixteenth.tail);
   const V y = fma(row, power_rest, row);

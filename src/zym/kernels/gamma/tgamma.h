@@ -72,7 +72,7 @@ HeadTail<V> sine_of_half_turns(V g) {
 template <Double V>
 V beyond_rows(V a, V x) {
   const Mask<V> negative = sign_decides(x);
-  const HeadTail<V> log = log2_lanes(a);
+  const HeadTail<V> log = log2_in_two<V, Level::HA>(a);
   const V half = copy_sign(V(0.5), x);
   const V factor = a - half, factor_tail = (a - factor) - half;
   const HeadTail<V> product = two_prod(factor, log.head);
@@ -85,18 +85,24 @@ V beyond_rows(V a, V x) {
 
   const HeadTail<V> t = two_sum(flip_sign(sum.head, x), select(negative, V(kLog2OfReflected), V(kLog2OfHalfRoot)));
   const V t_tail = t.tail + (flip_sign(tail, x) + select(negative, V(kLog2OfReflectedTail), V(kLog2OfHalfRootTail)));
-  const V shifted = (t.head + t_tail) + V(Exp2Parts<V>::kShift);
-  const Exp2Parts<V> power(shifted, (t.head - (shifted - V(Exp2Parts<V>::kShift))) + t_tail);
-  const V y = fma(power.row, power.rest, power.row);
-  const V positive = as_float(as_bits(y) + power.exponent());
+  const V shifter = kShifter64 / 16;
+  const V shifted = (t.head + t_tail) + shifter;
+  const V f = (t.head - (shifted - shifter)) + t_tail;
+  const auto sixteenth = exp2_of_16(shifted);
+  const Integer<V> exponent_bits =
+      shift_left<48>(as_bits(shifted)) & Integer<V>(Format<V>::sign_bit | Format<V>::exponent_field);
+  const V row = as_float(as_bits(sixteenth.head) - exponent_bits);
+  const V power_rest = exp2_less_1(f, sixteenth.tail);
+  const V y = fma(row, power_rest, row);
+  const V positive = as_float(as_bits(y) + exponent_bits);
   if (none(negative)) return positive;
 
-  const V y_tail = fma(power.row, power.rest, power.row - y);
+  const V y_tail = fma(row, power_rest, row - y);
   const HeadTail<V> sine = sine_of_half_turns(select(negative, magnitude(a - round<Direction::nearest>(a)), V(0.5)));
   const V q = y / sine.head;
   const V rest = fnma(q, sine.head, y) + fnma(q, sine.tail, y_tail);
   // In two steps, of which the second alone rounds where the result is denormal.
-  const Integer<V> exponent = select(negative, power.exponent(), Integer<V>(uint64_t{0}));
+  const Integer<V> exponent = select(negative, exponent_bits, Integer<V>(uint64_t{0}));
   const V scaled = (q + rest / sine.head) * as_float(exponent + as_bits(V(0x1p600))) * V(0x1p-600);
   const V whole = round<Direction::down>(a) + V(kShifter64);
   return select(negative, trig::flip_odd(scaled, whole) ^ sign_mask<V>(), positive);

@@ -37,7 +37,7 @@ struct PowerFormat<double> {
   static constexpr const auto& third = kElementThird64;
   static constexpr const auto& log2 = kElementLog2Double;
   static constexpr double lead = kElementLead64, lead_tail = kElementLeadTail64;
-  static constexpr const auto& exp2 = kPowExp2DoubleHA;
+  static constexpr const auto& exp2 = kElementExp2Double;
   static constexpr const auto& exp2_rows = kExp2Pairs128;
   static constexpr double split = 134217729.0;  // 2^27 + 1
   static constexpr int split_down_to = -1046, lowest = -1084;

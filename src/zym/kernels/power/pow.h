@@ -24,9 +24,9 @@ struct Pow;
 // sPowr LA: 2.8819 ulp at 0x1.e93fe4p-1, -0x1.d4a0c4p+10
 // sPowr HA: 0.5051 ulp at 0x1.0011acp+0, 0x1.3fbf6p+18
 // sPowr EP: 12.54 bits at 0x1.c6b36cp-1, 0x1.68a284p+9
-// dPowr LA: 1.2926 ulp at 0x1.ff9638d28a12cp-1, 0x1.a052e7086d03ep+19
-// dPowr HA: 0.5333 ulp at 0x1.ff8f0ab21a07cp-1, 0x1.89cece4280f78p+19
-// dPowr EP: 32.89 bits at 0x1.ff7fa491cd8f8p-1, -0x1.5ddce2e5f84a7p+19
+// dPowr LA: 1.1351 ulp at 0x1.079db13594827p+0, -0x1.e92e9ea94778cp+13
+// dPowr HA: 0.5315 ulp at 0x1.991481ef35903p+3, -0x1.553c89ae6dbcp-2
+// dPowr EP: 33.78 bits at 0x1.01b00e7c8e4e8p+0, -0x1.a16c729924406p+16
 template <class V, Level L>
 struct Powr : Pow<V, L> {
   static int32_t element(const Element<V>* x, const Element<V>* y, Element<V>* r) {
@@ -36,9 +36,9 @@ struct Powr : Pow<V, L> {
 // sPowx LA: 1.2872 ulp at 0x1.26c788p+6, -0x1p+0
 // sPowx HA: 0.5021 ulp at -0x1.e4671p-23, 0x1p+1
 // sPowx EP: 12.63 bits at 0x1.35c078p+6, 0x1.4p+4
-// dPowx LA: 1.0225 ulp at 0x1.fbf17c1a6d0b2p+3, 0x1.4p+1
-// dPowx HA: 0.5041 ulp at 0x1.0f1636c5eac3p+5, 0x1.4p+1
-// dPowx EP: 37.38 bits at 0x1.002p+0, -0x1.e848p+19
+// dPowx LA: 1.0000 ulp at 0x1.4p+0, 0x1.8p+1
+// dPowx HA: 0.5261 ulp at 0x1.e4edb9c4a2bc5p+5, 0x1.5555555555555p-2
+// dPowx EP: 36.02 bits at 0x1.001f00e5c9428p+0, -0x1.e848p+19
 template <class V, Level L>
 struct Powx : Pow<V, L> {};
 
@@ -109,19 +109,6 @@ struct Pow<V, Level::LA> : PowSingle<V> {
   }
 };
 
-// --- 64 bits --------------------------------------------------------------------------------------------------------
-
-// e^t, |t| below 709, within 2^-40: 2048 rows.
-template <Double V>
-V exp_rows(V t) {
-  using I = Integer<V>;
-  const auto [sum, n] = shift_round(t, V(k2048OverLn2));
-  const V r = fnma(n, V(kLn2Over2048), t);
-  const V p = fma(r, fma(r, V(0.5), V(1.0)), V(1.0));
-  const V y = gather(kExp2Frac2048, indices(as_bits(sum) & I(int64_t{2047}))) * p;
-  return as_float(as_bits(y) + (shift_left<41>(as_bits(sum)) & I(uint64_t{0xFFF0000000000000})));
-}
-
 // In 64 bits: rows of an octave for the logarithm, sixteenths for the power, all of them in wide registers. What leaves
 // the range of floats is held at its ends, and is special.
 // sPow HA: 0.5090 ulp at 0x1.ffa996p-1, 0x1.02c482p+17
@@ -147,107 +134,180 @@ struct Pow<V, Level::HA> : PowSingle<V> {
   }
 };
 
-// Plain: x from 2^-1022, |y| from 2^-100 to 2^923 (no product over- or underflows).
+// --- 64 bits --------------------------------------------------------------------------------------------------------
+
+// x = 2^e m, m in [63/64, 63/32); c near 1/m and its logarithm by a row that registers hold.
+template <Double V>
+struct PowKey {
+  using I = Integer<V>;
+  V x;
+  I key;
+  explicit PowKey(V a) : x(a), key(as_bits(a) + I(uint64_t{1} << 47)) {}
+  V e() const { return NormalExponents<V>(as_float(key)).numbers(); }
+  I row() const { return shift_right<48>(key); }
+  // c m - 1, exact, of x below 2^1022.
+  V r(V c) const {
+    return fms(as_float(as_bits(c) - (key & I(Format<V>::exponent_field))), x, V(1.0));
+  }
+};
+
+// The reciprocals by their high words, which are all of them: without permutes of doubles these come from registers too,
+// since everything waits for them.
+struct PowReciprocalWords {
+  alignas(32) float of[16];
+  constexpr PowReciprocalWords() : of{} {
+    for (int i = 0; i < 16; ++i) {
+      of[i] = std::bit_cast<float>(static_cast<uint32_t>(std::bit_cast<uint64_t>(kPowRows64[i][0]) >> 32));
+    }
+  }
+};
+inline constexpr PowReciprocalWords kPowReciprocalWords;
+inline F64 reciprocal_by_words(I64 key) {
+  const I32 words = as_bits(look_up_in_sixteen(kPowReciprocalWords.of, as_words(shift_right<16>(key))));
+  return as_float(as_long_words(words) & I64(uint64_t{0xFFFFFFFF00000000}));
+}
+template <class I>
+Twice<F64> reciprocal_by_words(Twice<I> key) {
+  return {reciprocal_by_words(key.low), reciprocal_by_words(key.high)};
+}
+
+// One column each: the reciprocals, and their logarithms in one part.
+template <Double V>
+V pow_reciprocal(PowKey<V> k) {
+  if constexpr (kHasPermutes64<V>) {
+    return look_up_in_16(kColumns<kPowRows64>.of[0], k.row());
+  } else {
+    return reciprocal_by_words(k.key);
+  }
+}
+template <Double V>
+V pow_log(PowKey<V> k) {
+  if constexpr (kHasPermutes64<V>) {
+    return look_up_in_16(kColumns<kPowRows64>.of[1], k.row());
+  } else {
+    return gather(kColumns<kPowRows64>.of[1], indices(k.row() & Integer<V>(uint64_t{15})));
+  }
+}
+// Both parts of the logarithm.
+template <Double V>
+struct PowParts {
+  V head, tail;
+  explicit PowParts(PowKey<V> k) {
+    if constexpr (kHasPermutes64<V>) {
+      head = look_up_in_16(kColumns<kPowRowParts64>.of[0], k.row());
+      tail = look_up_in_16(kColumns<kPowRowParts64>.of[1], k.row());
+    } else {
+      const auto parts = gather(kPowRowParts64, indices(k.row() & Integer<V>(uint64_t{15})));
+      head = parts.first, tail = parts.second;
+    }
+  }
+};
+
+// log2(x), within 2^-43 of itself.
+template <Double V>
+[[gnu::always_inline]] inline V log2_in_one(V x) {
+  const PowKey<V> k(x);
+  const V log = pow_log(k);
+  const V r = k.r(pow_reciprocal(k));
+  return fma(r, estrin(r, kPowLog2DoubleEP), k.e() + log);
+}
+
+// log2(x) within 2^-64 or 2^-70 of itself; the tail is below 2^-16 of the head.
+template <Double V, Level L>
+[[gnu::always_inline]] inline HeadTail<V> log2_in_two(V x) {
+  const PowKey<V> k(x);
+  const PowParts<V> row(k);
+  const V r = k.r(pow_reciprocal(k));
+  // log2(1 + r) = r (c1 + r (c2 + r c3)) + ...: each sum with its rest, the product with its.
+  const V inner = fma(r, V(kPowThird64), V(kPowSecond64));
+  const V inner_rest = fma(r, V(kPowThird64), V(kPowSecond64) - inner) + V(kPowSecondTail64);
+  const V factor = fma(r, inner, V(kPowLead64));
+  const V factor_rest = fma(r, inner, V(kPowLead64) - factor) + V(kPowLeadTail64);
+  const V q = r * factor;
+  const V q_rest = fms(r, factor, q);
+  const HeadTail<V> log = fast_two_sum(k.e() + row.head, q);
+  const V lost = (log.tail + row.tail) + q_rest;
+  const V square = r * r;
+  if constexpr (L == Level::HA) {
+    return {log.head, fma(r, fma(r, fma(r, estrin(r, kPowLog2DoubleHA), inner_rest), factor_rest), lost)};
+  } else {
+    const V rest = fma(r, fma(r, inner_rest, factor_rest), lost);
+    return {log.head, fma(square * square, estrin(r, kPowLog2DoubleLA), rest)};
+  }
+}
+
+// Plain: x from 2^-1022 to 2^1022 (c stays normal), |y| from 2^-100 to 2^921 (no product over- or underflows).
 template <Double V>
 struct PowDouble {
   static auto special(V x, V y) {
-    return outside<0x00100000u, 0x7FEFFFFFu>(x) | outside_magnitude<0x39B00000u, 0x799FFFFFu>(y);
+    return outside<0x00100000u, 0x7FCF7FFFu>(x) | outside_magnitude<0x39B00000u, 0x798FBFFFu>(y);
   }
   static int32_t element(const double* x, const double* y, double* r) { return power_element<true>(x, y, r); }
 };
 
-// dPow EP: 32.84 bits at 0x1.fe9fa7b0e7141p-1, 0x1.ef02dcaa8bc8dp+17
+// y log2(x), split into sixteenths and a rest; whether it is too large for a normal result.
+template <Double V>
+struct Sixteenths {
+  Mask<V> beyond;
+  V sum, f;
+  template <class... Tail>
+  [[gnu::always_inline]] explicit Sixteenths(V t, Tail... tail) : beyond(magnitude(t) > V(1021.5)) {
+    const V shifter = kShifter64 / 16;
+    const V shifted = t + shifter;
+    sum = drop(beyond, shifted);
+    f = drop(beyond, ((t - (shifted - shifter)) + ... + tail));
+  }
+};
+
+// 2^f - 1, alone and with an addend.
+template <Double V>
+[[gnu::always_inline]] inline V exp2_less_1(V f) {
+  return fma(f, V(kPowLn2), f * f * estrin(f, kPowExp2Double));
+}
+template <Double V>
+[[gnu::always_inline]] inline V exp2_less_1(V f, V more) {
+  return fma(f, V(kPowLn2), fma(f * f, estrin(f, kPowExp2Double), more));
+}
+
+// dPow EP: 33.74 bits at 0x1.fbf0b31061505p-1, 0x1.5a9144871b113p+16
 template <Double V>
 struct Pow<V, Level::EP> : PowDouble<V> {
+  static constexpr Knobs knobs = {.vectors = 2};
+
   static auto lanes(V x, V y) {
-    const KeyedNormal<V> k(x);
-    const V e = k.centred_exponent();
-    const V head = fma(e, V(kLn2Head64), gather<512>(kLnHeads, indices(k.key))) + k.r;
-    const V ln = head + fma(e, V(kLn2Tail64), k.r * k.r * horner(k.r, kPowLnDouble));
-    const V t = y * ln;
-    const Mask<V> beyond = magnitude(t) > V(708.0);
-    return Masked{exp_rows(drop(beyond, t)), beyond};
+    const Sixteenths<V> t(y * log2_in_one(x));
+    const V head = exp2_head_of_16(t.sum);
+    return Masked{fma(head, t.f * estrin(t.f, kPowExp2Sixteenth), head), t.beyond};
   }
 };
 
-// y (head + tail), with head and tail of its own; whether it is too large for a normal result.
 template <Double V>
-struct Exponent2 {
-  V head, tail, sum;
-  Mask<V> beyond;
-  Exponent2(V y, HeadTail<V> log) {
-    head = y * log.head;
-    tail = fma(y, log.tail, fms(y, log.head, head));
-    sum = head + tail;
-    beyond = magnitude(sum) > V(1021.5);
-  }
-};
+[[gnu::always_inline]] inline Sixteenths<V> times(V y, HeadTail<V> log) {
+  const V t = y * log.head;
+  return Sixteenths<V>(t, fma(y, log.tail, fms(y, log.head, t)));
+}
 
-// dPow LA: 1.3773 ulp at 0x1.ff9427ffdefddp-1, 0x1.916e2e9dd4982p+19
+// dPow LA: 1.1351 ulp at 0x1.079db13594827p+0, -0x1.e92e9ea94778cp+13
 template <Double V>
 struct Pow<V, Level::LA> : PowDouble<V> {
   static constexpr Knobs knobs = {.vectors = 2};
 
   static auto lanes(V x, V y) {
-    using I = Integer<V>;
-    const KeyedNormal<V> k(x);
-    const auto row = gather<512>(kLog2Pairs, indices(k.key));
-    const V q = k.r * V(kPowLead64);
-    const V q_tail = fma(k.r, V(kPowLeadTail64), fms(k.r, V(kPowLead64), q));
-    const HeadTail<V> log = fast_two_sum(k.exponent() + row.first, q);
-    const V tail = fma(k.r * k.r, horner(k.r, kPowLog2DoubleLA), (log.tail + row.second) + q_tail);
-
-    const Exponent2<V> t(y, {log.head, tail});
-    const V sum = t.sum + V(0x1.8p44);  // 1/256
-    const V f = drop(t.beyond, (t.head - (sum - V(0x1.8p44))) + t.tail);
-    const V power = gather(kExp2Frac256, indices(as_bits(sum) & I(int64_t{255})));
-    const V result = fma(power, f * horner(f, kPowExp2DoubleLA), power);
-    return Masked{as_float(as_bits(result) + (shift_left<44>(as_bits(sum)) & I(uint64_t{0xFFF0000000000000}))),
-                  t.beyond};
+    const Sixteenths<V> t = times(y, log2_in_two<V, Level::LA>(x));
+    const V head = exp2_head_of_16(t.sum);
+    return Masked{fma(head, exp2_less_1(t.f), head), t.beyond};
   }
 };
 
-// log2(x) of a normal x, within 2^-72 or 2^-67 of itself.
-template <Double V>
-[[gnu::always_inline]] inline HeadTail<V> log2_lanes(V x) {
-  const KeyedNormal<V> k(x);
-  const auto row = gather<512>(kLog2Pairs, indices(k.key));
-  // log2(1 + r) = r (c1 + c2 r + ...): the sum of the first two with its rest, the product with its.
-  const V factor = fma(k.r, V(kPowSecond64), V(kLog2E64));
-  const V factor_rest = fma(k.r, V(kPowSecond64), V(kLog2E64) - factor) + V(kLog2ETail64);
-  const V q = k.r * factor;
-  const V q_rest = fms(k.r, factor, q);
-  const HeadTail<V> log = fast_two_sum(k.exponent() + row.first, q);
-  const V rest = fma(k.r * k.r, horner(k.r, kPowLog2DoubleHA), factor_rest);
-  return {log.head, fma(k.r, rest, (log.tail + row.second) + q_rest)};
-}
-
-// 2^t = row (1 + rest) 2^k, k above seven bits in the low bits of `sum`.
-template <Double V>
-struct Exp2Parts {
-  static constexpr double kShift = 0x1.8p45;  // added to t: 1/128
-  V sum, row, rest;
-  // The sum and f, what it lacks of t.
-  [[gnu::always_inline]] Exp2Parts(V sum_of_t, V f) : sum(sum_of_t) {
-    const auto power = gather(kExp2Pairs128, indices(as_bits(sum) & Integer<V>(int64_t{127})));
-    row = power.first;
-    rest = fma(f, horner(f, kPowExp2DoubleHA), power.second);
-  }
-  Integer<V> exponent() const { return shift_left<45>(as_bits(sum)) & Integer<V>(uint64_t{0xFFF0000000000000}); }
-};
-
-// dPow HA: 0.5333 ulp at 0x1.ff8f0ab21a07cp-1, 0x1.89cece4280f78p+19
+// dPow HA: 0.5328 ulp at 0x1.4df691aa3dba3p+5, 0x1.d82ec9da35cd2p+2
 template <Double V>
 struct Pow<V, Level::HA> : PowDouble<V> {
   static constexpr Knobs knobs = {.vectors = 2};
 
   static auto lanes(V x, V y) {
-    const Exponent2<V> t(y, log2_lanes(x));
-    const V sum = t.sum + V(Exp2Parts<V>::kShift);
-    const V f = drop(t.beyond, (t.head - (sum - V(Exp2Parts<V>::kShift))) + t.tail);
-    const Exp2Parts<V> power(sum, f);
-    const V result = fma(power.row, power.rest, power.row);
-    return Masked{as_float(as_bits(result) + power.exponent()), t.beyond};
+    const Sixteenths<V> t = times(y, log2_in_two<V, Level::HA>(x));
+    const auto [head, tail] = exp2_of_16(t.sum);
+    return Masked{fma(head, exp2_less_1(t.f, tail), head), t.beyond};
   }
 };
 

@@ -16,11 +16,6 @@ extern const float kLog2Octet[2][8];
 //: = mod((float(2^(i/8)) - 1) * 2^23 - i * 2^20, 2^32)
 extern const uint32_t kExp2OctetFields[8];
 
-//: = 2^(i/256)
-extern const double kExp2Frac256[256];
-//: = 2^(i/2048)
-extern const double kExp2Frac2048[2048];
-
 // --- element routine ------------------------------------------------------------------------------------------------
 
 // Reciprocals c of three grids, each finer than the one before, in few bits; log2(1/c) as head and tail. Rows of the

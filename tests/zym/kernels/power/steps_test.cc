@@ -12,7 +12,6 @@ namespace {
 uint32_t bits(float x) { return std::bit_cast<uint32_t>(x); }
 uint64_t bits(double x) { return std::bit_cast<uint64_t>(x); }
 float f32(uint32_t b) { return std::bit_cast<float>(b); }
-double f64(uint64_t b) { return std::bit_cast<double>(b); }
 float estimate(float x) { return _mm_cvtss_f32(_mm_rcp_ss(_mm_set_ss(x))); }
 
 // x p + next and so on.
@@ -83,32 +82,6 @@ float single_la(float x, float y) {
 
 // --- 64 bits --------------------------------------------------------------------------------------------------------
 
-// x = 2^e 1024 m, m in [2^-10, 2^-9), and the integer next to the estimate of 1/m.
-struct Keyed {
-  double e, r;
-  int key;
-  explicit Keyed(double x) {
-    const double m = f64((bits(x) & 0x000FFFFFFFFFFFFF) | bits(0.0009765625));
-    key = static_cast<int>(std::nearbyint(estimate(static_cast<float>(m))));
-    r = std::fma(key, m, -1.0);
-    e = static_cast<double>(bits(x) >> 52) - 1023.0;
-  }
-  // Rows below 724 belong to [1/2, 1).
-  double centred() const { return key < 724 ? e + 1 : e; }
-  double minus_ln() const { return rest(mpfr_log, key / (key < 724 ? 512.0 : 1024.0), 0) * -1; }
-};
-
-double exp_2048(double t) {
-  const double s = 6755399441055744.0, sum = std::fma(t, 2048 / 0x1.62e42fefa39efp-1, s);
-  const double r = std::fma(-(sum - s), 0x1.62e42fefa39efp-1 / 2048, t);
-  const double p = polynomial(r, {0.5, 1.0, 1.0});
-  const auto n = static_cast<int64_t>(bits(sum) - bits(s));
-  return std::ldexp(rest(mpfr_exp2, static_cast<double>(n & 2047) / 2048, 0) * p, static_cast<int>(n >> 11));
-}
-double ln_polynomial(double r) {
-  return polynomial(r, {-0.2500003054940248, 0.33333333333308374, -0.49999999999988803});
-}
-
 // 1/m on a grid of 1/64 by the sixteenth of the octave that m is in; whole sixteenths below 1 first, a half last.
 double octave_reciprocal(int row) {
   if (row < 4) return 1 - row / 16.0;
@@ -130,71 +103,112 @@ float single_ha(float x, float y) {
   return static_cast<float>(std::fma(row, f * q, row));
 }
 
-double double_ep(double x, double y) {
-  const Keyed k(x);
-  const double head = std::fma(k.centred(), 0.6931471805582987, k.minus_ln()) + k.r;
-  return exp_2048(y * (head + std::fma(k.centred(), 1.6465949582866463e-12, k.r * k.r * ln_polynomial(k.r))));
+// Bases within half a sixteenth of m = 1 + i/16, and a grid of reciprocals.
+struct Centred {
+  double e, c, r;
+  explicit Centred(double x) {
+    int exponent;
+    double m = 2 * std::frexp(x, &exponent);
+    e = exponent - 1;
+    int row = static_cast<int>((m - 1) * 16 + 0.5);
+    if (row == 16) m /= 2, e += 1, row = 0;
+    c = on_grid(1 / (1 + row / 16.0), row / 2 == 3 ? 0x1p-5 : 0x1p-6);
+    r = std::fma(c, m, -1.0);
+  }
+};
+
+// Polynomials by halves: the upper coefficients times a power whose exponent is a power of 2.
+double by_halves(double x, const double* c, int count) {
+  if (count == 1) return c[0];
+  int low = 1;
+  double power = x;
+  while (2 * low < count) low *= 2, power *= power;
+  return std::fma(by_halves(x, c, count - low), power, by_halves(x, c + (count - low), low));
+}
+template <size_t N>
+double by_halves(double x, const double (&c)[N]) {
+  return by_halves(x, c, static_cast<int>(N));
 }
 
 struct Parts {
   double head, tail;
 };
-// The row of the table of logarithms to base 2: a head on a grid of 2^-38, rest.
-Parts log2_row(int key) {
-  const double head = -on_grid(std::log2(key / 1024.0), 0x1p-38);
-  return {head, -rest(mpfr_log2, key / 1024.0, -head)};
-}
 Parts sum_of(double a, double b) {  // |a| >= |b|
   const double s = a + b;
   return {s, b - (s - a)};
 }
+// log2(1 + x) to the third power: constants, and what the first two lack.
+constexpr double kFirst = 0x1.71547652b82fep0, kFirstLow = 0x1.777d0ffda0d24p-56;
+constexpr double kSecond = -kFirst / 2, kSecondLow = -kFirstLow / 2;
+constexpr double kThird = 0x1.ec709dc3a03fdp-2;
 
-// 2^(y (log + log_low)): n/rows and the rest of the exponent.
+Parts log2_parts(double x, bool high) {
+  const Centred k(x);
+  const double r = k.r;
+  const double minus = -rest(mpfr_log2, k.c, 0), row = on_grid(minus, 0x1p-42), row_low = -rest(mpfr_log2, k.c, -row);
+  const double inner = std::fma(r, kThird, kSecond);
+  const double inner_low = std::fma(r, kThird, kSecond - inner) + kSecondLow;
+  const double factor = std::fma(r, inner, kFirst);
+  const double factor_low = std::fma(r, inner, kFirst - factor) + kFirstLow;
+  const double q = r * factor, q_low = std::fma(r, factor, -q);
+  const Parts log = sum_of(k.e + row, q);
+  const double lost = (log.tail + row_low) + q_low;
+  if (high) {
+    const double p =
+        by_halves(r, {-0x1.f1e1871c36e79p-4, 0x1.0d3c5fcbb0e09p-3, -0x1.277557145b77p-3, 0x1.484aeb78af31ep-3,
+                      -0x1.71547698d8035p-3, 0x1.a61762abcbc88p-3, -0x1.ec709dc39b0b9p-3, 0x1.2776c50ef9ad1p-2,
+                      -0x1.71547652b82ffp-2, 0x1.d96a782c3923p-56});
+    return {log.head, std::fma(r, std::fma(r, std::fma(r, p, inner_low), factor_low), lost)};
+  }
+  const double p =
+      by_halves(r, {0x1.0ea1d6416209p-3, -0x1.280380c7e6545p-3, 0x1.484a52d9cb07bp-3, -0x1.71545d2d24dcdp-3,
+                    0x1.a61762bdb09a3p-3, -0x1.ec709dc51060dp-3, 0x1.2776c50ef9704p-2, -0x1.71547652b82e4p-2});
+  const double square = r * r;
+  return {log.head, std::fma(square * square, p, std::fma(r, std::fma(r, inner_low, factor_low), lost))};
+}
+
+// y log2(x): n/16 by the head, and the rest of the exponent.
 struct Split {
   double f;
   int64_t n;
-  Split(double y, double log, double log_low, double shifter) {
-    const double product = y * log, low = std::fma(y, log_low, std::fma(y, log, -product));
-    const double sum = (product + low) + shifter;
-    f = (product - (sum - shifter)) + low;
-    n = static_cast<int64_t>(bits(sum) - bits(shifter));
+  explicit Split(double head, double low = 0) {
+    const double s = 0x1.8p48, sum = head + s;
+    f = (head - (sum - s)) + low;
+    n = static_cast<int64_t>(bits(sum) - bits(s));
   }
+  Split(double y, Parts log) : Split(y * log.head, std::fma(y, log.tail, std::fma(y, log.head, -(y * log.head)))) {}
+  double sixteenth() const { return static_cast<double>(n & 15) / 16; }
+  int exponent() const { return static_cast<int>(n >> 4); }
 };
+double exp2_polynomial(double f) {
+  return by_halves(f, {0x1.ffcf04233b1c3p-17, 0x1.430ae722249cep-13, 0x1.5d87fe770cdbep-10, 0x1.3b2ab6fa70ee8p-7,
+                       0x1.c6b08d704a0cep-5, 0x1.ebfbdff82c596p-3});
+}
+
+double double_ep(double x, double y) {
+  const Centred k(x);
+  const double p =
+      by_halves(k.r, {0x1.a8a2ecf52d65ep-3, -0x1.ed29af3b59387p-3, 0x1.2776613afccfbp-2, -0x1.7154690fe0e8ep-2,
+                      0x1.ec709dcbb99f6p-2, -0x1.71547652f518dp-1, 0x1.71547652b829ep0});
+  const Split t(y * std::fma(k.r, p, k.e - rest(mpfr_log2, k.c, 0)));
+  const double row = rest(mpfr_exp2, t.sixteenth(), 0);
+  const double s =
+      t.f * by_halves(t.f, {0x1.3b2ab6fb7bf16p-7, 0x1.c6b3487ff16cfp-5, 0x1.ebfbdffb53ef5p-3, 0x1.62e42fee461a2p-1});
+  return std::ldexp(std::fma(row, s, row), t.exponent());
+}
 
 double double_la(double x, double y) {
-  const Keyed k(x);
-  const Parts row = log2_row(k.key);
-  const double q = k.r * 1.4426950408889634;
-  const double q_low = std::fma(k.r, 2.0363441957695363e-17, std::fma(k.r, 1.4426950408889634, -q));
-  const Parts log = sum_of(k.e + row.head, q);
-  const double p = polynomial(k.r, {-0.24028965633949217, 0.28853932378999636, -0.3606737604030723, 0.48089834696286016,
-                                    -1.4426950408889634 / 2});
-  const Split t(y, log.head, std::fma(k.r * k.r, p, (log.tail + row.tail) + q_low), 0x1.8p44);
-  // Fitted; to ten digits 0.0096181301, 0.0555041150, 0.2402265069, 0.6931471805.
-  const double power = rest(mpfr_exp2, static_cast<double>(t.n & 255) / 256, 0);
-  const double s =
-      t.f * polynomial(t.f, {0x1.3b2ab6faffca4p-7, 0x1.c6b09030914bep-5, 0x1.ebfbdff82c5c2p-3, 0x1.62e42fefa39d9p-1});
-  return std::ldexp(std::fma(power, s, power), static_cast<int>(t.n >> 8));
+  const Split t(y, log2_parts(x, false));
+  const double row = rest(mpfr_exp2, t.sixteenth(), 0);
+  const double s = std::fma(t.f, 0x1.62e42fefa39efp-1, t.f * t.f * exp2_polynomial(t.f));
+  return std::ldexp(std::fma(row, s, row), t.exponent());
 }
 
 double double_ha(double x, double y) {
-  const Keyed k(x);
-  const Parts row = log2_row(k.key);
-  const double c1 = 0x1.71547652b82fep0, c1_low = 0x1.777d0ffda0d24p-56, c2 = -c1 / 2;
-  const double factor = std::fma(k.r, c2, c1), factor_low = std::fma(k.r, c2, c1 - factor) + c1_low;
-  const double q = k.r * factor, q_low = std::fma(k.r, factor, -q);
-  const Parts log = sum_of(k.e + row.head, q);
-  const double p = polynomial(k.r, {0x1.a60b396adc872p-3, -0x1.ec70d5b99c9eap-3, 0x1.2776c50fe8ec7p-2,
-                                    -0x1.71547652b756dp-2, 0x1.ec709dc3a03fdp-2});
-  const double low = std::fma(k.r, std::fma(k.r * k.r, p, factor_low), (log.tail + row.tail) + q_low);
-  const Split t(y, log.head, low, 0x1.8p45);
-  const double i = static_cast<double>(t.n & 127) / 128;
-  const double power = rest(mpfr_exp2, i, 0), power_low = rest(mpfr_exp2, i, power) / power;
-  const double g = std::fma(t.f,
-                            polynomial(t.f, {0x1.5d7dccaf127cep-10, 0x1.3b2ac01e3cf81p-7, 0x1.c6b08d70dde08p-5,
-                                             0x1.ebfbdff82c24p-3, 0x1.62e42fefa39efp-1}),
-                            power_low);
-  return std::ldexp(std::fma(power, g, power), static_cast<int>(t.n >> 7));
+  const Split t(y, log2_parts(x, true));
+  const double row = rest(mpfr_exp2, t.sixteenth(), 0), row_low = rest(mpfr_exp2, t.sixteenth(), row) / row;
+  const double s = std::fma(t.f, 0x1.62e42fefa39efp-1, std::fma(t.f * t.f, exp2_polynomial(t.f), row_low));
+  return std::ldexp(std::fma(row, s, row), t.exponent());
 }
 
 // Bases of all magnitudes and next to 1, results of all magnitudes that the lanes serve.

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""page.py MACHINE [--only NAME,...] [--sections NAME,...]: measures the Python package beside NumPy and SciPy and writes
-docs/performance-python.md on standard output. Run it with the Python that the package was built for."""
+"""page.py MACHINE [--name NAME] [--only NAME,...] [--sections NAME,...]: measures the Python package beside NumPy and SciPy and writes
+docs/performance-python.md, or docs/NAME.md of another machine, on standard output. Run it with the Python that the package was built for."""
 import argparse
 import math
 import pathlib
@@ -66,16 +66,18 @@ def plot_of(section):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("machine")
+    parser.add_argument("--name", default="performance-python")
     parser.add_argument("--only", type=lambda s: s.split(","))
     parser.add_argument("--sections", type=lambda s: s.split(","), default=SECTIONS)
     options = parser.parse_args()
+    drawn = options.name == parser.get_default("name")
     import numpy
     import scipy
     print("\n".join([
         "# Speed of the Python package", "", "Generated from one run; do not edit. To repeat it, on a machine that does nothing else:", "",
         "```sh", "cmake --build --preset release --target orvik_python",
-        f"/usr/bin/python3 bench/python/page.py \"{options.machine}\" > docs/performance-python.md",
-        "tools/plots/plots.py python", "```", "",
+        f"/usr/bin/python3 bench/python/page.py \"{options.machine}\"{'' if drawn else ' --name ' + options.name} > docs/{options.name}.md",
+        *(["tools/plots/plots.py python"] if drawn else []), "```", "",
         f"Machine: {options.machine}. NumPy {numpy.__version__}, SciPy {scipy.__version__}.", "",
         "Times are nanoseconds of one value, the call included, minima of rounds in which the candidates take turns. Other figures are",
         "ratios to the peer: above 1 orvik is faster."]))
@@ -87,7 +89,7 @@ def main():
             print(case.name, case.n, f"{timed[-1].theirs:.3g}", {k: round(timed[-1].theirs / v, 2) for k, v in timed[-1].ours.items()},
                   file=sys.stderr)
         summary, misses = summary_of(section, timed)
-        print("\n".join(["", f"## {section.TITLE}", "", section.NOTE, "", *plot_of(section), *table.markdown(summary), "", *table.shortfalls(misses), "",
+        print("\n".join(["", f"## {section.TITLE}", "", section.NOTE, "", *(plot_of(section) if drawn else []), *table.markdown(summary), "", *table.shortfalls(misses), "",
                          *table.markdown(list(rows_of(timed)))]))
 
 

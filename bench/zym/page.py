@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""page.py CSV NARROW MACHINE: docs/performance-vector.md on standard output, from what `zym_bench --csv CSV` wrote and, of the same
+"""page.py CSV NARROW MACHINE [NAME]: docs/performance-vector.md, or docs/NAME.md of another machine, on standard output, from what `zym_bench --csv CSV` wrote and, of the same
 program with ORVIK_REGISTERS=256, NARROW."""
 import csv
 import math
@@ -11,6 +11,7 @@ rows = list(csv.DictReader(open(sys.argv[1])))
 narrow = {(r["row"], r["level"]): float(r["ns"]) for r in csv.DictReader(open(sys.argv[2]))
           if r["section"] == "rows" and r["what"] == "ours" and r["n"] == "1000"}
 machine = sys.argv[3]
+name = sys.argv[4] if len(sys.argv) > 4 else "performance-vector"
 
 
 def pick(section):
@@ -21,7 +22,7 @@ out = ["# Speed of the vector functions", "",
        "Generated from one run; do not edit. To repeat it, on a machine that does nothing else:", "", "```",
        "cmake --build --preset release --target zym_bench", "taskset -c 1 build/release/bin/zym_bench --csv zym.csv",
        "ORVIK_REGISTERS=256 taskset -c 1 build/release/bin/zym_bench --csv narrow.csv",
-       f"bench/zym/page.py zym.csv narrow.csv \"{machine}\" > docs/performance-vector.md", "```", "",
+       f"bench/zym/page.py zym.csv narrow.csv \"{machine}\"{' ' + name if len(sys.argv) > 4 else ''} > docs/{name}.md", "```", "",
        f"Machine: {machine}. Nanoseconds, fastest of many interleaved turns; a ratio is peer over ours, so that above 1 ours",
        "is faster. The rival of a level is the fastest peer that is at least as accurate (HA: 1 ulp; LA: 4 ulp; EP: any)",
        "among SLEEF, the C library's vector functions, Eigen, NumPy, and loops over operators and the C library, in registers of",

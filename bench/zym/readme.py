@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The figures of README.md, copied from docs/performance-vector.md, and the count of rows, from docs/status.md.
+"""The figures of README.md, copied from docs/performance-vector.md and performance-vector-zen4.md, and the count of rows, from docs/status.md.
 
     readme.py            writes what stands between the markers of README.md
     readme.py --check    says whether it is what would be written (exit status 1: no)
@@ -31,14 +31,25 @@ def table(page, heading):
     return [dict(zip(cells[0], row)) for row in cells[2:]]
 
 
-def figures(page):
-    """Every figure is a cell of the page, character by character."""
+def machine_of(page):
     machine = re.search(r"^Machine: (.*?)\. Nanoseconds", page, re.MULTILINE)
-    if not machine:
-        fail("the page names no machine")
+    return machine.group(1) if machine else fail("the page names no machine")
+
+
+def beside_numpy(page):
+    rows_beside = {(row["NumPy's loops"], row["level"], row["n"]): f"{row['geometric mean']}, {row['least'].replace('`', '')}" for row in table(page, "Beside NumPy")}
+    out = ["| NumPy's loops | level | " + " | ".join(f"n = {n}" for n in BESIDE) + " |", "|---" * (2 + len(BESIDE)) + "|"]
+    for what, level in dict.fromkeys(key[:2] for key in rows_beside):
+        cells = [rows_beside.get((what, level, n)) or fail(f"the page has no n of {n} beside NumPy") for n in BESIDE]
+        out.append(f"| {what} | {level} | " + " | ".join(cells) + " |")
+    return out
+
+
+def figures(page, other):
+    """Every figure is a cell of a page, character by character."""
     cached = {(row["row"], row["kernel"]): row for row in table(page, "In cache, unit stride")}
     memory = {row["row"]: row for row in table(page, "Ten million elements")}
-    out = [f"Machine: {machine.group(1)}. Nanoseconds per element on one core, data in cache unless said; the rival of a level is",
+    out = [f"Machine: {machine_of(page)}. Nanoseconds per element on one core, data in cache unless said; the rival of a level is",
            "the fastest peer that is at least as accurate. All rows and sizes:",
            "[docs/performance-vector.md](docs/performance-vector.md).", "",
            "| n = 1,000 | " + " | ".join(f"{level} | its rival" for level in LEVELS) + " |", "|---" * 7 + "|"]
@@ -49,13 +60,9 @@ def figures(page):
         out.append(f"| `{name}` | " + " | ".join(f"{k['n = 1,000']} | {k['rival at 1,000']}" if k else " | " for k in kernels) + " |")
     out += ["", "An empty place: the level shares its kernel with another one.", ""]
     if "\n## Beside NumPy\n" in page:  # where the machine had it
-        rows_beside = {(row["NumPy's loops"], row["level"], row["n"]): f"{row['geometric mean']}, {row['least'].replace('`', '')}" for row in table(page, "Beside NumPy")}
         out += ["Beside NumPy's ufuncs, all functions that both have, and those of which NumPy has loops of 512 bits: geometric mean and least.", "",
-                "| NumPy's loops | level | " + " | ".join(f"n = {n}" for n in BESIDE) + " |", "|---" * (2 + len(BESIDE)) + "|"]
-        for what, level in dict.fromkeys(key[:2] for key in rows_beside):
-            cells = [rows_beside.get((what, level, n)) or fail(f"the page has no n of {n} beside NumPy") for n in BESIDE]
-            out.append(f"| {what} | {level} | " + " | ".join(cells) + " |")
-        out.append("")
+                *beside_numpy(page), "", f"The same on {machine_of(other)} ([all rows and sizes](docs/performance-vector-zen4.md)):", "",
+                *beside_numpy(other), ""]
     out += ["| n = 10,000,000 | ours | `memcpy` of the same bytes | ratio |", "|---" * 4 + "|"]
     for name in IN_MEMORY:
         row = memory.get(name) or fail(f"the page has no row {name} of ten million elements")
@@ -73,7 +80,8 @@ def rows(status):
 def rewritten(root):
     """README.md as it should be."""
     text = (root / "README.md").read_text(encoding="utf-8")
-    blocks = {"figures": figures((root / "docs" / "performance-vector.md").read_text(encoding="utf-8")),
+    blocks = {"figures": figures(*((root / "docs" / f"{name}.md").read_text(encoding="utf-8")
+                                  for name in ("performance-vector", "performance-vector-zen4"))),
               "rows": rows((root / "docs" / "status.md").read_text(encoding="utf-8"))}
     for name, block in blocks.items():
         begin, end = f"<!-- {name}: bench/zym/readme.py -->", f"<!-- end of {name} -->"

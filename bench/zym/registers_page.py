@@ -2,10 +2,9 @@
 """registers_page.py CSV MACHINE: docs/performance-registers.md from what `zym_widths` printed, on standard output.
 registers_page.py --halves CSV MACHINE: docs/performance-registers-halves.md, the same of a processor that takes wide registers in halves.
 registers_page.py --narrow CSV...: the marks `narrow` that rows.def should have by these runs, a line for each row whose mark would change.
-registers_page.py --marks CSV...: the marks `whole` and `halves`, by runs on a processor that takes wide registers in halves."""
+registers_page.py --whole CSV...: the marks `whole`, by runs on a processor that takes wide registers in halves."""
 import argparse
 import csv
-import functools
 import math
 import sys
 from collections import defaultdict
@@ -24,25 +23,17 @@ GAIN_OF_HALVES, NO_SLOWER_BY_HALVES = 1.0, 0.97
 MEMORY = 1.25
 
 
-def read(path, halves):
-    """Ratio narrow/wide by kernel, length and place; times of the scalar loop; families; time of the wide kernel as the ratios. On a
-    processor that takes the registers in halves, of the kernel that serves there."""
+def read(path):
+    """Ratio narrow/wide by kernel, length and place; times of the scalar loop; families; time of the wide kernel as the ratios."""
     ratios, loops, families, times = defaultdict(dict), {}, {}, defaultdict(dict)
     for r in csv.DictReader(open(path, encoding="ascii")):
         if r["row"].startswith("scalar loop"):
             loops[r["row"]] = (float(r["narrow"]), float(r["wide"]))
         else:
-            kernel = r["row"], r["level"]
-            wide = r["halves" if halves and kernel in of_halves() else "wide"]
-            ratios[kernel][r["n"], r["beyond"]] = float(r["narrow"]) / float(wide)
-            families[kernel] = r["family"]
-            times[kernel][r["n"], r["beyond"]] = float(wide)
+            ratios[r["row"], r["level"]][r["n"], r["beyond"]] = float(r["narrow"]) / float(r["wide"])
+            families[r["row"], r["level"]] = r["family"]
+            times[r["row"], r["level"]][r["n"], r["beyond"]] = float(r["wide"])
     return ratios, loops, families, times
-
-
-@functools.cache
-def of_halves():
-    return {(rows_tool.row_name(row), level) for row in rows_tool.unit_rows() for level in row.halves}
 
 
 def marked_wide(halves):
@@ -62,7 +53,7 @@ def long_ratios(of_kernel):
 def marks(row, levels_by_mark):
     """As rows.def has them."""
     out = []
-    for mark in ("narrow", "whole", "halves"):
+    for mark in ("narrow", "whole"):
         levels = levels_by_mark.get(mark, set())
         if levels:
             out.append(mark if levels == set(rows_tool.LEVELS[row.sharing]) else "_".join([mark, *sorted(levels)]))
@@ -72,7 +63,7 @@ def marks(row, levels_by_mark):
 def propose_narrow(paths):
     found = defaultdict(list)
     for path in paths:
-        for kernel, of_kernel in read(path, False)[0].items():
+        for kernel, of_kernel in read(path)[0].items():
             found[kernel] += long_ratios(of_kernel)
     for row in rows_tool.unit_rows():
         name = rows_tool.row_name(row)
@@ -84,35 +75,31 @@ def propose_narrow(paths):
             print(name, marks(row, {"narrow": want}), figures)
 
 
-def propose_halves(paths):
-    found = defaultdict(lambda: defaultdict(lambda: {"wide": [], "halves": []}))
+def propose_whole(paths):
+    found = defaultdict(lambda: defaultdict(list))
     for path in paths:
-        for r in csv.DictReader(open(path, encoding="ascii")):
-            if int(r["n"]) >= 1000:
-                for kind, ratios in found[r["row"], r["level"]][r["n"], r["beyond"]].items():
-                    if r[kind]:
-                        ratios.append(float(r["narrow"]) / float(r[kind]))
+        for kernel, of_kernel in read(path)[0].items():
+            for at, ratio in of_kernel.items():
+                if int(at[0]) >= 1000:
+                    found[kernel][at].append(ratio)
     for row in rows_tool.unit_rows():
-        name, want, now, figures = rows_tool.row_name(row), defaultdict(set), {"whole": set(row.whole), "halves": set(row.halves)}, []
+        name, want, figures = rows_tool.row_name(row), set(), []
         for level in row.wide:
-            if (name, level) not in found:
-                continue
-            means = {kind: [mean(at[kind]) for at in found[name, level].values() if at[kind]] for kind in ("wide", "halves")}
-            means = {kind: values for kind, values in means.items() if values}
-            best = max(means, key=lambda kind: mean(means[kind]) * (1 if kind == "halves" else GAIN))
-            if min(means[best]) < NO_SLOWER_BY_HALVES or mean(means[best]) < GAIN_OF_HALVES:
-                want["whole"].add(level)
-            elif best == "halves":
-                want["halves"].add(level)
-            figures.append(level + "".join(f" {kind} {mean(values):.2f} least {min(values):.2f}" for kind, values in means.items()))
-        if any(want[mark] != now[mark] for mark in now):
-            print(name, marks(row, want), "; ".join(figures))
+            means = [mean(ratios) for ratios in found[name, level].values()]
+            if means:
+                want |= {level} if min(means) < NO_SLOWER_BY_HALVES or mean(means) < GAIN_OF_HALVES else set()
+                figures.append(f"{level} {mean(means):.2f} least {min(means):.2f}")
+        if want != set(row.whole):
+            print(name, marks(row, {"whole": want}), "; ".join(figures))
 
 
 def page(path, machine, halves):
-    ratios, loops, families, times = read(path, halves)
+    ratios, loops, families, times = read(path)
     wide = marked_wide(halves)
     option, name = ("--halves ", "performance-registers-halves") if halves else ("", "performance-registers")
+    folder = "build/release" if halves else "build/both"
+    build = [f"cmake --preset release{'' if halves else ' -B build/both -DORVIK_WIDE_ALL=ON'} && cmake --build {folder} --target zym_widths",
+             f"taskset -c 1 {folder}/bin/zym_widths > widths.csv"]
     kind = (["The processor takes registers of 512 bits through its units of arithmetic in two halves, so that the gain is in fewer instructions,",
              "permutations of more numbers and more registers. [performance-registers.md](performance-registers.md) is of one that takes them whole.", ""]
             if halves else
@@ -120,10 +107,8 @@ def page(path, machine, halves):
     out = ["# Registers of 512 bits" + (" taken in halves" if halves else ""), "",
            "Generated from one run; do not edit. The vector functions have kernels for registers of 512 bits beside those of 256, with the same",
            "results; [architecture.md](architecture.md) says how. `zym_widths` times both side by side, each kernel's fastest turn of some ten",
-           "microseconds, arguments from the functions' domains. To repeat it, with the kernels that stay narrow in rows.def among them:", "",
-           "```", "cmake --preset release -B build/both -DORVIK_WIDE_ALL=ON && cmake --build build/both --target zym_widths",
-           "taskset -c 1 build/both/bin/zym_widths > widths.csv",
-           f"bench/zym/registers_page.py {option}widths.csv \"{machine}\" > docs/{name}.md", "```", "",
+           "microseconds, arguments from the functions' domains. To repeat it" + ("" if halves else ", with the kernels that stay narrow in rows.def among them") + ":", "",
+           "```", *build, f"bench/zym/registers_page.py {option}widths.csv \"{machine}\" > docs/{name}.md", "```", "",
            f"Machine: {machine}.", "", *kind,
            "Ratio of the time of the narrow kernel to that of the wide one, in geometric mean over the kernels that are wide, and the least of one,",
            "of arrays at multiples of 64 bytes and (+16) behind them by 16 bytes, as `malloc` gives long ones:", "",
@@ -154,9 +139,8 @@ def page(path, machine, halves):
     out += ["", "## What stays narrow", "",
             "`narrow` in `src/zym/frame/rows.def`, by `registers_page.py --narrow` over several runs: a kernel whose wide form gained less than",
             f"{100 * (GAIN - 1):.0f}% over n = 1,000 and 10,000, aligned or not, or lost more than {100 * (1 - NO_SLOWER):.0f}% at one of them, on a processor that takes the",
-            "registers whole. `halves` and `whole`, by `registers_page.py --marks`, are for processors that take them in halves: a kernel that gained",
-            f"more than {100 * (GAIN - 1):.0f}% there by a form of its own (look-ups by loads, quotients by the instruction) has one; one that was slower than the narrow",
-            f"one on the whole, or by more than {100 * (1 - NO_SLOWER_BY_HALVES):.0f}% at one length, stays narrow there. Reasons:", "",
+            "registers whole. `whole`, by `registers_page.py --whole` over several runs on a processor that takes them in halves: one whose wide form was",
+            f"slower there on the whole, or by more than {100 * (1 - NO_SLOWER_BY_HALVES):.0f}% at one length; it stays narrow on such processors. Reasons:", "",
             "- **Memory.** A 64-byte load crosses a cache line wherever the array is not aligned to 64 bytes, a 32-byte one every other time. (Long",
             "  calls align their stores.) Rows that take many loads and few steps lose by it at n = 10,000, whatever they gain at 1,000.",
             "- **Division and root instructions** give as many elements in a unit of time at either width. Kernels that wait for them",
@@ -173,13 +157,13 @@ def page(path, machine, halves):
 
 parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
 what = parser.add_mutually_exclusive_group()
-for option in ("narrow", "marks", "halves"):
+for option in ("narrow", "whole", "halves"):
     what.add_argument("--" + option, action="store_true")
 parser.add_argument("csv", nargs="+")
 arguments = parser.parse_args()
 if arguments.narrow:
     propose_narrow(arguments.csv)
-elif arguments.marks:
-    propose_halves(arguments.csv)
+elif arguments.whole:
+    propose_whole(arguments.csv)
 else:
     page(*arguments.csv, arguments.halves)

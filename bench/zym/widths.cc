@@ -1,6 +1,5 @@
 // Kernels of 512 bits beside those of 256, in one process: a line of CSV for every kernel that has both, length and
-// place of the arrays, with nanoseconds per element (bench/zym/registers_page.py reads them), those of 512 bits in halves
-// among them where there are such. Behind them two lines
+// place of the arrays, with nanoseconds per element (bench/zym/registers_page.py reads them). Behind them two lines
 // about neighbours: what a loop of scalar arithmetic takes behind one call of either kernel.
 //
 //   widths [--rows PATTERNS] [--seconds S] [N...]
@@ -42,7 +41,7 @@ void neighbours(const rows::Row& row, const zym::WideRow& wide, double seconds) 
     });
   }
   const std::vector<double> times = paired.measure(seconds);
-  std::printf("scalar loop behind %s,LA,,1,0,%.0f,%.0f,\n", std::string(row.name).c_str(), times[0], times[1]);
+  std::printf("scalar loop behind %s,LA,,1,0,%.0f,%.0f\n", std::string(row.name).c_str(), times[0], times[1]);
 }
 
 }  // namespace
@@ -68,7 +67,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "no registers of 512 bits here\n");
     return 77;
   }
-  std::printf("row,level,family,n,beyond,narrow,wide,halves\n");
+  std::printf("row,level,family,n,beyond,narrow,wide\n");
   for (const rows::Row& row : rows::all()) {
     const zym::WideRow* wide = rows::matches(patterns, row.name) ? bench::wide_row(row) : nullptr;
     if (wide == nullptr) continue;
@@ -82,13 +81,9 @@ int main(int argc, char** argv) {
           bench::Paired paired;
           paired.add("256", bench::with_kernel(&wide->slots[level], wide->narrow[level], entry));
           paired.add("512", bench::with_kernel(&wide->slots[level], wide->wide[level], entry));
-          void* const halves = wide->halves[level];
-          const bool third = halves != wide->narrow[level] && halves != wide->wide[level];
-          if (third) paired.add("halves", bench::with_kernel(&wide->slots[level], halves, entry));
           const std::vector<double> times = paired.measure(seconds);
-          std::printf("%s,%s,%s,%d,%zu,%.4f,%.4f,", std::string(row.name).c_str(), rows::kLevelNames[level],
+          std::printf("%s,%s,%s,%d,%zu,%.4f,%.4f\n", std::string(row.name).c_str(), rows::kLevelNames[level],
                       std::string(row.family).c_str(), n, beyond, times[0] / n, times[1] / n);
-          std::printf(third ? "%.4f\n" : "\n", third ? times[2] / n : 0);
         }
       }
       std::fflush(stdout);

@@ -10,7 +10,7 @@ import re
 import subprocess
 import sys
 
-KERNEL = re.compile(r"orvik_(zym_(?:wide|halves)_[sdcz]\w+_(LA|HA|EP)|(qor|ss|df)_wide_\w+)$")
+KERNEL = re.compile(r"orvik_(zym_wide_[sdcz]\w+_(LA|HA|EP)|(qor|ss|df)_wide_\w+)$")
 # Registers that only AVX-512 has: 512-bit ones, the second sixteen of any width, masks.
 LATER = re.compile(r"%(zmm\d|[xy]mm(1[6-9]|2\d|3[01])|k[0-7])\b")
 

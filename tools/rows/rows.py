@@ -3,8 +3,7 @@
 
     rows.py table    OUT   assembler: dispatch table, its exports, the entries
     rows.py exports  OUT   names that the shared library exports
-    rows.py wrappers DIR   C++ sources: the kernels around each family header; prints their names, those of wide ones, those of
-                           wide ones for registers in halves
+    rows.py wrappers DIR   C++ sources: the kernels around each family header; prints their names, then those of wide ones
     rows.py header   OUT   include/orvik/zym_functions.h
     rows.py status   OUT   docs/status.md
     rows.py list     DIR   C++: what tests, benchmarks and tools loop over (tools/rows/list.h)
@@ -29,7 +28,7 @@ ROOT = Path(__file__).resolve().parents[2]
 ROWS = ROOT / "src" / "zym" / "frame" / "rows.def"
 ALL_WIDE = "--all-wide" in sys.argv
 
-Row = namedtuple("Row", "precision function shape sharing reports family costs wide_costs wide whole halves strided")
+Row = namedtuple("Row", "precision function shape sharing reports family costs wide_costs wide whole strided")
 
 # Kernel of each level index (LA, HA, EP) by sharing.
 LEVELS = {
@@ -135,25 +134,24 @@ def marked_levels(sharing, mark):
 
 def unit_rows():
     pattern = re.compile(r"^ROW\((\w), (\w+), (\w+), (\w+), (\w+), ([\w/]+), "
-                         r"([\d.]+), ([\d.]+), ([\d.]+)((?:, [\d.]+){3})?(?:, (narrow\w*))?(?:, (whole\w*))?(?:, (halves\w*))?\)$")
+                         r"([\d.]+), ([\d.]+), ([\d.]+)((?:, [\d.]+){3})?(?:, (narrow\w*))?(?:, (whole\w*))?\)$")
     rows = []
     for line in ROWS.read_text().splitlines():
         if line.startswith("ROW("):
             m = pattern.match(line)
             if not m:
                 sys.exit(f"rows.def: cannot read: {line}")
-            p, f, shape, sharing, reports, family, *costs, of_wide, narrow, whole, halves = m.groups()
+            p, f, shape, sharing, reports, family, *costs, of_wide, narrow, whole = m.groups()
             if of_wide and narrow == "narrow":
                 sys.exit(f"rows.def: costs of 512 bits without kernels of them: {line}")
             wide_costs = tuple(of_wide[2:].split(", ")) if of_wide else tuple(costs)
             wide = set() if family in ("none", "pack") else set(LEVELS.get(sharing, ()))
             wide -= set() if ALL_WIDE else marked_levels(sharing, narrow)
             whole = marked_levels(sharing, whole)
-            halves = wide if ALL_WIDE else marked_levels(sharing, halves)
-            if not (whole | halves <= wide and (ALL_WIDE or not whole & halves)):
-                sys.exit(f"rows.def: a level can be one of narrow, whole and halves: {line}")
+            if not whole <= wide:
+                sys.exit(f"rows.def: a level is either narrow or whole: {line}")
             rows.append(Row(p, f, shape, sharing, reports == "reports", family, tuple(costs), wide_costs, tuple(sorted(wide)),
-                            tuple(sorted(whole)), tuple(sorted(halves)), False))
+                            tuple(sorted(whole)), False))
     return rows
 
 
@@ -187,8 +185,6 @@ def wide_kernel(row, level):
 
 def halves_kernel(row, level):
     """What serves where registers of 512 bits are taken in two halves."""
-    if level in row.halves:
-        return f"orvik_zym_halves_{row_name(row)}_{level}"
     return kernel(row, level) if level in row.whole else wide_kernel(row, level)
 
 
@@ -339,11 +335,8 @@ def struct_name(row):
     return ("complex::" if row.family.startswith("complex/") else "") + row.function
 
 
-def guarded(lines, wide, halves):
-    """For the sets of kernels that have them: all, those of 512 bits, those for processors that take these in halves."""
-    if halves:
-        return lines
-    return ["#if !ORVIK_REGISTER_HALVES" if wide else "#if ORVIK_REGISTER_BITS != 512"] + lines + ["#endif"]
+def guarded(lines):
+    return ["#if ORVIK_REGISTER_BITS != 512"] + lines + ["#endif"]
 
 
 def make_kernels(row, level):
@@ -368,10 +361,10 @@ def make_wrappers(header, rows):
         part = ["namespace orvik::zym {", "namespace {", "template <Level L>",
                 f"using K_{row_name(row)} = Kernel<{struct_name(row)}<{LANES[row.precision]}, L>, "
                 f"{LANES[row.precision]}, Signature{signature(row)}{extra}>;", "}  // namespace", "}  // namespace orvik::zym"]
-        out += guarded(part, row.wide, row.halves)
+        out += part if row.wide else guarded(part)
         for level in levels_of(row):
             part = make_kernels(row, level)
-            out += guarded(part, level in row.wide, level in row.halves)
+            out += part if level in row.wide else guarded(part)
         out.append("")
     return "\n".join(out) + "\n"
 
@@ -381,25 +374,23 @@ def levels_of(row):
 
 
 def write_wrappers(folder):
-    """One source per family header and precision; prints their names, in a second line those with rows for registers
-    of 512 bits, in a third those with rows for these in halves. Stale ones go."""
+    """One source per family header and precision; prints their names, and in a second line those with rows for registers
+    of 512 bits. Stale ones go."""
     files = {}
     for row in unit_rows():
         if built(row) and row.shape != "pack":
             files.setdefault((row.family, row.precision), []).append(row)
-    written, wide, halves = set(), set(), set()
+    written, wide = set(), set()
     for (header, precision), rows in files.items():
         path = Path(folder) / f"{header}_{precision}.cc"
         write_if_changed(path, make_wrappers(header, rows))
         written.add(path)
         if any(row.wide for row in rows):
             wide.add(path)
-        if any(row.halves for row in rows):
-            halves.add(path)
     for path in Path(folder).rglob("*.cc"):
         if path not in written:
             path.unlink()
-    print("\n".join(";".join(str(path) for path in sorted(paths)) for paths in (written, wide, halves)), end="")
+    print("\n".join(";".join(str(path) for path in sorted(paths)) for paths in (written, wide)), end="")
 
 
 def prototype(row, name):
@@ -694,7 +685,7 @@ def take_costs(path):
         measured[name] = [f"{float(c):.3f}" for c in costs]
     lines = []
     for line in ROWS.read_text().splitlines():
-        m = re.match(r"^(ROW\((\w), (\w+), .*?), ([\d.]+, [\d.]+, [\d.]+)((?:, [\d.]+){3})?((?:, (?:narrow|whole|halves)\w*)*)\)$", line)
+        m = re.match(r"^(ROW\((\w), (\w+), .*?), ([\d.]+, [\d.]+, [\d.]+)((?:, [\d.]+){3})?((?:, (?:narrow|whole)\w*)*)\)$", line)
         if m and m.group(2) + m.group(3) in measured:
             costs = measured.pop(m.group(2) + m.group(3))
             # sExp fixes the unit: its figures of 256 bits stand.

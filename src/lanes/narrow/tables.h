@@ -86,6 +86,15 @@ inline F64 gather_first(const double (*table)[2], Indices k) {  // the first alo
 }
 // Rows that follow each other are read by pairs of columns: they join as they are loaded.
 inline constexpr bool kGathersTwoRows = false;
+// Eight floats; indices of 32 bits, not negative.
+inline F32 gather(const float* table, I32 index) {
+  const Indices low(low_half(index)), high(high_half(index));
+  const auto four = [&](const Indices& k) {
+    const auto row = [&](int64_t i) { return _mm_load_ss(table + i); };
+    return _mm_movelh_ps(_mm_unpacklo_ps(row(k.i0), row(k.i1)), _mm_unpacklo_ps(row(k.i2), row(k.i3)));
+  };
+  return _mm256_insertf128_ps(_mm256_castps128_ps256(four(low)), four(high), 1);
+}
 // The four columns of a table of 16-byte rows of floats; indices of 32 bits, not negative.
 inline Quad<F32> gather(const float (*table)[4], I32 index) {
   const Indices low(low_half(index)), high(high_half(index));

@@ -9,10 +9,8 @@
 
 namespace orvik::zym {
 
-// The name of a kernel: sources are compiled once for each width of the registers, and for wide ones that the processor takes in halves.
-#if ORVIK_REGISTER_HALVES
-#define ORVIK_KERNEL(name) orvik_zym_halves_##name
-#elif ORVIK_REGISTER_BITS == 512
+// The name of a kernel: sources are compiled once for each width of the registers.
+#if ORVIK_REGISTER_BITS == 512
 #define ORVIK_KERNEL(name) orvik_zym_wide_##name
 #else
 #define ORVIK_KERNEL(name) orvik_zym_##name

@@ -9,7 +9,6 @@ import shutil
 import sys
 
 REUSED = ("orvik/src/zym/CMakeFiles/orvik_zym_kernels.dir/", "orvik/src/zym/CMakeFiles/orvik_zym_wide_kernels.dir/",
-          "orvik/src/zym/CMakeFiles/orvik_zym_halves_kernels.dir/",
           "orvik/src/zym/kernels/", "orvik/src/qor/", "orvik/src/df/")
 
 

@@ -112,7 +112,7 @@ template <Double V, class Keyed = KeyedDouble<V>>
   return {head, fma(e, V(kLn2Tail64), log.second) + (p + lost)};
 }
 template <Double V, class Keyed = KeyedDouble<V>>
-V ln_pairs(V x, double added) {
+[[gnu::always_inline]] inline V ln_pairs(V x, double added) {
   const HeadTail<V> ln = ln_head_tail<V, Keyed>(x, added);
   return ln.head + ln.tail;
 }

@@ -8,6 +8,7 @@
 
 #include "orvik/version.h"
 #include "orvik/zym.h"
+#include "serv/processor.h"
 #include "tools/rows/list.h"
 
 namespace orvik::rows {
@@ -99,8 +100,13 @@ TEST(Table, CostsStandAtOffset24AndZeroesBehindThem) {
       const auto* bytes = reinterpret_cast<const char*>(table_row(row.index + (strided ? kUnitRows : 0)));
       float costs[kLevels];
       std::memcpy(costs, bytes + 24, sizeof costs);
-      const float* const of_row = orvik_register_bits() == 512 ? row.wide_costs : row.costs;
-      for (int level = 0; level < kLevels; ++level) EXPECT_EQ(costs[level], of_row[level]) << row.name;
+      const bool wide = orvik_register_bits() == 512;
+      // Which of the two kernels a processor has that takes wide registers in halves, zym_widths_test looks at.
+      const bool either = wide && serv::halves_wide_registers(serv::read_processor());
+      for (int level = 0; level < kLevels; ++level) {
+        if (either && costs[level] == row.costs[level]) continue;
+        EXPECT_EQ(costs[level], wide ? row.wide_costs[level] : row.costs[level]) << row.name;
+      }
       const std::array<char, 12> zero{};
       EXPECT_EQ(std::memcmp(bytes + 36, zero.data(), zero.size()), 0) << row.name;
     }

@@ -315,6 +315,9 @@ TEST(Widths, SlotsHoldTheKernelsOfThisProcessor) {
     for (int level = 0; level < 3; ++level) {
       void* const wide = halves ? row->halves[level] : row->wide[level];
       EXPECT_EQ(row->slots[level], orvik_register_bits() == 512 ? wide : row->narrow[level]);
+      float cost;
+      std::memcpy(&cost, reinterpret_cast<const char*>(row->slots + 3) + 4 * level, sizeof cost);
+      EXPECT_TRUE(row->slots[level] == row->narrow[level] || cost == row->costs[level]);
     }
   }
 }

@@ -134,12 +134,6 @@ Index count_one_site(const Real* x, Index lo, Index hi, Real t) {
   return lo + count;
 }
 
-// Halving steps for a bracket of that width.
-template <class Index>
-int halvings(Index width) {
-  return width < 1 ? 0 : 64 - __builtin_clzll(static_cast<unsigned long long>(width));
-}
-
 template <class Index, class Real>
 Index hybrid_cell(const Lookup<Real>& p, Real t) {
   const Index nx = static_cast<Index>(p.nx);

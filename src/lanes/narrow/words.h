@@ -99,8 +99,7 @@ inline I32Half shift_right_bytes(I32Half a) {
 
 // ---- order of lanes ------------------------------------------------------------------------------------------------
 
-// Odd 32-bit lanes of `odd`, even ones of `even`.
-inline I32 interleave_words(I32 even, I32 odd) { return _mm256_blend_epi32(even.v, odd.v, 0xAA); }
+// Odd 32-bit lanes of `high`, even ones of `low`.
 inline I64 with_high_words(I64 low, I64 high) { return _mm256_blend_epi32(low.v, high.v, 0xAA); }
 // The halves of each 64-bit lane change places.
 inline I64 swap_words(I64 a) { return _mm256_shuffle_epi32(a.v, 0xB1); }

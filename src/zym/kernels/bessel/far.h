@@ -70,7 +70,7 @@ template <int Order, bool Second, Double V>
   const HeadTail<V> angle = two_sum(r.head, u * horner(u * u, FarOf<Order>::phase));
   r = {angle.head, angle.tail + r.tail};
 
-  // Sum of the grid's angle and what is left, as in grid_sine, not added up.
+  // Sum of the grid's angle and what is left, as in grid_sine_parts, not added up.
   const trig::GridPoint<V> p(t);
   const V z = r.head * r.head;
   const V sine_rest = fma(r.head * z, horner(z, kAngleSine), r.tail);

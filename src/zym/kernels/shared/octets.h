@@ -37,19 +37,8 @@ template <Single V, size_t N>
   return sum;
 }
 
-// Eight polynomials in all their digits: slope and value of a line each, and a polynomial with the rests of both as its
-// last coefficients. Of the first row, x + x^2 p(x) or nearly so, the others are a function's about their centres.
-template <size_t N>
-struct OctetLines {
-  Octets<2> lines;
-  Octets<N> rests;
-
-  constexpr OctetLines(const float (&given)[8][2], const float (&rows)[7][N], const float (&p)[N - 2], float slope_rest,
-                       size_t first = 0)
-      : lines(given, first), rests(p, slope_rest, rows, first) {}
-};
-
-// The same about centres at which value and slope are floats nearly: the lines have no rests. The first is x.
+// Eight polynomials about centres at which value and slope are floats nearly: a line each, and what bends it. The first
+// row's line is x.
 template <size_t N>
 struct OctetNodes {
   Octets<2> lines;
@@ -81,6 +70,7 @@ template <Single V>
   return (x + flush) - flush;
 }
 
+// Their sum as head and tail.
 template <Single V, size_t N>
 [[gnu::always_inline]] inline HeadTail<V> octet_sum(V x, const OctetNodes<N>& c, Integer<V> row) {
   const auto of_row = [&](const float(&power)[8]) __attribute__((always_inline)) {
@@ -91,23 +81,6 @@ template <Single V, size_t N>
   const V lost = fma(slope, x, value - head);
   const V s = octet_flushed(x);
   return {head, fma(octet_polynomial(s, c.bends, row) * s, s, lost)};
-}
-
-// The sum of lines with rests about x as head and tail, the first row's x without an error.
-template <bool FirstRest, Single V, size_t N>
-[[gnu::always_inline]] inline HeadTail<V> octet_sum(V x, const OctetLines<N>& c, Integer<V> row) {
-  const auto of_row = [&](const float(&power)[8]) __attribute__((always_inline)) {
-    return look_up(octet_table<V>(power), row);
-  };
-  const V slope = of_row(c.lines.power[0]), value = of_row(c.lines.power[1]);
-  const V head = fma(slope, x, value);
-  const V lost = fma(slope, x, value - head) + of_row(c.rests.power[N - 1]);
-  const V s = octet_flushed(x);
-  V sum = of_row(c.rests.power[0]);
-  for (size_t k = 1; k + 2 < N; ++k) sum = fma(sum, s, of_row(c.rests.power[k]));
-  const V slope_rest = of_row(c.rests.power[N - 2]);
-  if constexpr (FirstRest) return {head, fma(sum * s, s, fma(slope_rest, x, lost))};
-  return {head, fma(fma(sum, s, slope_rest), s, lost)};
 }
 
 }  // namespace orvik::zym

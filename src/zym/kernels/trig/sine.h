@@ -81,11 +81,6 @@ template <Double V>
   return {head, tail};
 }
 template <Double V>
-[[gnu::always_inline]] inline V grid_sine(const GridPoint<V>& p, HeadTail<V> r) {
-  const HeadTail<V> sine = grid_sine_parts(p, r);
-  return flip_sign(sine.head + sine.tail, p.sign);
-}
-template <Double V>
 [[gnu::always_inline]] inline HeadTail<V> grid_cosine_parts(const GridPoint<V>& p, HeadTail<V> r) {
   const GridRest<V> rest(r.head);
   const V head = fnma(p.sine, r.head, p.cosine);
@@ -93,11 +88,6 @@ template <Double V>
   const V tail =
       fma(p.cosine, rest.cosine, fnma(p.sine, rest.sine + r.tail, fnma(p.sine_tail, r.head, p.cosine_tail + lost)));
   return {head, tail};
-}
-template <Double V>
-[[gnu::always_inline]] inline V grid_cosine(const GridPoint<V>& p, HeadTail<V> r) {
-  const HeadTail<V> s = grid_cosine_parts(p, r);
-  return flip_sign(s.head + s.tail, p.sign);
 }
 
 }  // namespace orvik::zym::trig

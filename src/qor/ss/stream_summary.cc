@@ -10,6 +10,7 @@ namespace orvik::ss {
 namespace {
 
 int64_t begin_of(double inverse, int64_t level) {
+  if (level == 0) return 0;  // also of an inverse that is infinite
   const double begin = inverse * (std::exp2(static_cast<double>(level)) - 1);
   return begin < 9e18 ? static_cast<int64_t>(begin) : INT64_MAX;
 }

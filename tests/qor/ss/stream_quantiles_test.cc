@@ -222,6 +222,15 @@ TYPED_TEST(StreamQuantiles, FewValuesUnderASmallEpsilonTakeLittleMemoryAndAreExa
   EXPECT_EQ(stream.results[1], 4);
 }
 
+// Its inverse is infinite.
+TYPED_TEST(StreamQuantiles, TheLeastEpsilonIsExact) {
+  using T = TypeParam;
+  Stream<T> stream(1, static_cast<double>(std::numeric_limits<T>::denorm_min()), {0, T(0.5), 1});
+  const std::vector<T> x = {5, 3, 8, 1, 9, 2, 7, 4, 6, 0};
+  for (int block = 0; block < 2; ++block) ASSERT_EQ(stream.feed(10, x.data(), 0x10000), 0);
+  EXPECT_EQ(stream.results, (std::vector<T>{0, 4, 9}));
+}
+
 // The room of a level grows with many short blocks; the summary is that of one long block.
 TYPED_TEST(StreamQuantiles, ManyShortBlocksGiveWhatOneLongBlockGives) {
   using T = TypeParam;

@@ -119,7 +119,7 @@ typedef struct OrvikDFServices {
  */
 
 /* Makes a task: nx >= 2 breakpoints, ny functions (0 with a null y). index_width 0: integers that a query stores, cell
- * arrays and order flags are 32 bits wide; otherwise 64 (cells: bit 0 and 1, order flags: bit 0). On DFS_NO_MEMORY the
+ * arrays and order flags are 32 bits wide; otherwise 64 (order flags: where bit 0 is set). On DFS_NO_MEMORY the
  * half-made task is left in *task for orvik_df_kernel_DeleteTask. */
 int32_t orvik_df_kernel_dNewTask1D(OrvikDFTask* task, int64_t nx, const double* x, int64_t xhint, int64_t ny,
                                    const double* y, int64_t yhint, int32_t index_width);

@@ -124,5 +124,17 @@ TYPED_TEST(InterpolateKindsTest, LookUpOnAUniformPartitionAllowsAHairsBreadth) {
   EXPECT_EQ(call.status, DFS_SITE_NOT_BREAKPOINT);
 }
 
+// Far from zero the steps do not add up to it by more than a hair; on a short grid its neighbour is as near.
+TYPED_TEST(InterpolateKindsTest, LookUpFindsTheRightEndOfAUniformPartition) {
+  for (const TypeParam width : {TypeParam(1e9) / 7, TypeParam(1e-13)}) {
+    auto fit = random_spline<TypeParam>(0, 6, 8, 1, 4);
+    const TypeParam ends[] = {width / 10, width};
+    ASSERT_EQ(Entries<TypeParam>::edit_pointer(fit->task, DFP_BREAKPOINTS, ends), 0);
+    Call<TypeParam> call;
+    EXPECT_EQ(call(fit->task, {width}), (std::vector<TypeParam>{fit->y[7]})) << width;
+    EXPECT_EQ(call.status, 0);
+  }
+}
+
 }  // namespace
 }  // namespace orvik::df::test

@@ -24,11 +24,12 @@ int64_t right_step_index(const Partition<Real, kEven>& x, int64_t cell, Real sit
   return i < x.points() - 1 && site != x.left_end(i) ? i + 1 : i;
 }
 
-// The breakpoint that the site is, or -1. On a grid, the one that it is near enough to; the grid's points are formed
-// without fusing here.
+// The breakpoint that the site is, or -1. On a grid, its right end or the point that it is near enough to; the grid's
+// points are formed without fusing here.
 template <class Real, bool kEven>
 int64_t look_up_index(const Partition<Real, kEven>& x, int64_t cell, Real site) {
   if (cell < 1) return -1;
+  if (site == x.last()) return x.points() - 1;
   const int64_t i = cell - 1;
   if constexpr (kEven) {
     constexpr Real kNear = Real(9.094947017729282e-13);  // 2^-40
@@ -36,7 +37,6 @@ int64_t look_up_index(const Partition<Real, kEven>& x, int64_t cell, Real site) 
     if (!(distance(i) > kNear)) return i;
     return i + 1 < x.points() && distance(i + 1) < kNear ? i + 1 : -1;
   } else {
-    if (site == x.last()) return x.points() - 1;
     if (site == x[i]) return i;
     return i + 1 < x.points() && site == x[i + 1] ? i + 1 : -1;
   }

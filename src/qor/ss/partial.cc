@@ -27,8 +27,8 @@ int32_t check(const Task& task, const Wanted& wanted, uint64_t method) {
   if (task.dimension == nullptr || task.p() < 1) return kBadDimension;
   if ((method & ORVIK_SS_METHOD_FAST) == 0 || !(wanted.covariance || wanted.correlation)) return kBadMethod;
   if (task.covariance == nullptr) return missing_field::covariance;
-  if (const int32_t status = check_matrix_storage_value(task, task.covarianceStorage); status != kDone) return status;
   if (task.partialCovarianceIndices == nullptr) return missing_field::partialCovarianceIndices;
+  if (const int32_t status = check_matrix_storage_value(task, task.covarianceStorage); status != kDone) return status;
   if (wanted.covariance) {
     const int32_t status =
         check_result(task, task.partialCovariance, missing_field::partialCovariance, task.partialCovarianceStorage);

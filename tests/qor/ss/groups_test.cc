@@ -336,12 +336,12 @@ TEST(PartialCovariance, ChecksInOrder) {
   EXPECT_EQ(run(task, 0), -4029);
   EXPECT_EQ(run(task), -4018);
   __qordSSEditTask(task, OrvikSS_covariance, matrix.data());
+  EXPECT_EQ(run(task), -4045);
+  __qoriSSEditTask(task, OrvikSS_partialCovarianceIndices, roles.data());
   EXPECT_EQ(run(task), -4044);
   __qoriSSEditTask(task, OrvikSS_covarianceStorage, &in);
   EXPECT_EQ(run(task), -4003);
   in = 0;
-  EXPECT_EQ(run(task), -4045);
-  __qoriSSEditTask(task, OrvikSS_partialCovarianceIndices, roles.data());
   EXPECT_EQ(run(task), -4046);
   __qordSSEditTask(task, OrvikSS_partialCovariance, result.data());
   EXPECT_EQ(run(task), -4044);

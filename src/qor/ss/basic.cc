@@ -43,14 +43,20 @@ int32_t finish_only(const Task& task, const Plan& plan) {
   return kDone;
 }
 
+bool has_mean_scratch(const Task& task, int64_t p) {
+  return task.meanScratch != nullptr && task.meanScratchVariables >= p;
+}
+
 // The mean of the block before under the user mean method; space for this block's.
 template <class T>
 int32_t reserve_mean_scratch(Task* task, int64_t p, const Weights& old, const T** old_mean) {
-  if (task->meanScratch != nullptr) {
+  if (has_mean_scratch(*task, p)) {
     *old_mean = old.sum != 0 ? static_cast<T*>(task->meanScratch) : nullptr;
     return kDone;
   }
+  orvik_serv_deallocate(task->meanScratch);  // of fewer variables
   task->meanScratch = serv::Block<T>(static_cast<uint64_t>(p)).release();
+  task->meanScratchVariables = p;
   return task->meanScratch == nullptr ? kNoMemory : kDone;
 }
 
@@ -107,7 +113,7 @@ int32_t basic(OrvikSSTask handle, uint64_t estimates, uint64_t method, const Orv
   const bool user = plan.method == Method::UserMean && plan.has(kMean);
   const T* user_mean = user ? real<T>(task.mean) : nullptr;
   const T* old_mean = nullptr;
-  const bool first_block = task.meanScratch == nullptr;
+  const bool first_block = !has_mean_scratch(task, d.p);
   if (user) {
     if (const int32_t status = reserve_mean_scratch(&task, d.p, old, &old_mean); status != kDone) return status;
   }
@@ -117,7 +123,7 @@ int32_t basic(OrvikSSTask handle, uint64_t estimates, uint64_t method, const Orv
     total = run_one(task, d, plan, old, user_mean, old_mean);
   } else if (const int32_t status = run_many(task, d, plan, shares, old, user_mean, old_mean, threading, &total);
              status != kDone) {
-    if (first_block) orvik_serv_deallocate(std::exchange(task.meanScratch, nullptr));  // it holds no mean yet
+    if (user && first_block) orvik_serv_deallocate(std::exchange(task.meanScratch, nullptr));  // it holds no mean yet
     return status;
   }
   if (user) std::copy(user_mean, user_mean + d.p, static_cast<T*>(task.meanScratch));

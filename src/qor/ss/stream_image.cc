@@ -178,7 +178,7 @@ int32_t save(OrvikSSTask handle, void* memory, int64_t* size) {
   const Task& task = *static_cast<const Task*>(handle);
   if (size == nullptr) return kBadCount;
   const auto write_all = [&](Writer to) {
-    const int64_t variables = task.streamState != nullptr ? task.p() : 0;
+    const int64_t variables = task.streamState != nullptr ? task.streamVariables : 0;
     to.put(variables);
     for (int64_t j = 0; j < variables; ++j) write<T>(task.streamState[j], to);
     return to.size();
@@ -216,8 +216,9 @@ int32_t load(OrvikSSTask handle, const void* memory, int64_t size) {
     release_streams(state, p);
     return status;
   }
-  release_streams(task.streamState, p);
+  release_streams(task.streamState, task.streamVariables);
   task.streamState = state;
+  task.streamVariables = variables;
   return kDone;
 }
 

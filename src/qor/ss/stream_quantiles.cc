@@ -160,10 +160,11 @@ int32_t stream_quantiles(OrvikSSTask handle, const OrvikThreading* threading) {
   const Data<T> d = data_of<T>(task);
   serv::Block<StreamVariable> fresh;
   StreamVariable* state = task.streamState;
-  if (state == nullptr) {
+  const int64_t held = state == nullptr ? 0 : task.streamVariables;
+  if (held < d.p) {
     fresh = serv::Block<StreamVariable>(static_cast<uint64_t>(d.p));
     if (!fresh) return kNoMemory;
-    std::fill(fresh.get(), fresh.get() + d.p, StreamVariable{});
+    std::fill(std::copy(state, state + held, fresh.get()), fresh.get() + d.p, StreamVariable{});
     state = fresh.get();
   }
   auto epsilon_of = [&](int64_t j) { return state[j].epsilon != 0 ? state[j].epsilon : wanted; };
@@ -192,7 +193,11 @@ int32_t stream_quantiles(OrvikSSTask handle, const OrvikThreading* threading) {
     }
     if (!complete) return kNoMemory;
   }
-  if (fresh) task.streamState = fresh.release();
+  if (fresh) {
+    orvik_serv_deallocate(task.streamState);
+    task.streamState = fresh.release();
+    task.streamVariables = d.p;
+  }
 
   return run_threads(threading, threads, [&](int32_t thread) {
     for (int64_t j = d.p * thread / threads; j < d.p * (thread + 1) / threads; ++j) {
@@ -212,7 +217,7 @@ int32_t stream_quantiles(OrvikSSTask handle, const OrvikThreading* threading) {
 int32_t free_buffers(OrvikSSTask handle) {
   if (handle == nullptr) return kNoTask;
   Task& task = *static_cast<Task*>(handle);
-  release_streams(task.streamState, task.p());
+  release_streams(task.streamState, task.streamVariables);
   task.streamState = nullptr;
   return kDone;
 }

@@ -14,7 +14,7 @@ struct StreamVariable;
 
 struct Task {
   using Cleanup = void (*)(void* task);
-  using Reserved = void* [8];
+  using Reserved = void* [6];
 
   int32_t integerWidth;  // 0: the caller's integers have 32 bits, otherwise 64
   int8_t layoutTag;

@@ -120,6 +120,25 @@ TYPED_TEST(Running, LeadingZeroWeightsAreSkipped) {
   }
 }
 
+// The task's copy of the means follows.
+TYPED_TEST(Running, UserMeanOfMoreVariablesThanBefore) {
+  using T = TypeParam;
+  constexpr int64_t kMany = 100000;
+  std::vector<T> x(2 * kMany), mean(kMany, T(2)), r2(kMany), c2(kMany);
+  for (size_t i = 0; i < x.size(); ++i) x[i] = i % 2 == 0 ? T(1) : T(3);
+  TaskOver<T> task;
+  ASSERT_EQ(task.make(1, 2, 0x10000, x.data()), 0);
+  task.set(OrvikSS_mean, mean);
+  task.set(OrvikSS_rawMoment2, r2);
+  task.set(OrvikSS_centralMoment2, c2);
+  for (const int64_t p : {int64_t{1}, kMany, int64_t{1}}) {
+    std::fill(c2.begin(), c2.end(), T(-77));
+    task.set_integer(OrvikSS_dimension, p);
+    ASSERT_EQ(Entries<T>::basic(task.get(), ORVIK_SS_CENTRAL_MOMENT2, 0x100, nullptr), 0);
+    for (int64_t j = 0; j < kMany; ++j) ASSERT_EQ(c2[static_cast<size_t>(j)], j < p ? T(2) : T(-77));
+  }
+}
+
 TYPED_TEST(Running, UserMeanMayChangeBetweenBlocks) {
   using T = TypeParam;
   const auto s = random_sample<T>(2, 400);

@@ -231,6 +231,25 @@ TYPED_TEST(StreamQuantiles, TheLeastEpsilonIsExact) {
   EXPECT_EQ(stream.results, (std::vector<T>{0, 4, 9}));
 }
 
+// Variables that join have streams of their own from there on; those that leave keep theirs.
+TYPED_TEST(StreamQuantiles, TheNumberOfVariablesMayChange) {
+  using T = TypeParam;
+  constexpr int64_t kMany = 100000;
+  std::vector<T> x(2 * kMany), results(kMany);
+  for (int64_t j = 0; j < kMany; ++j) x[2 * j] = static_cast<T>(j), x[2 * j + 1] = static_cast<T>(j + 1);
+  Stream<T> stream(1, 0.1, {1});
+  ASSERT_EQ(stream.feed(2, std::vector<T>{7, 5}.data(), 0x10000), 0);
+  EXPECT_EQ(stream.results[0], 7);
+  stream.task.set(OrvikSS_streamQuantiles, results);
+  for (const int64_t p : {kMany, int64_t{3}, kMany}) {
+    stream.task.set_integer(OrvikSS_dimension, p);
+    ASSERT_EQ(stream.feed(2, x.data(), 0x10000), 0);
+    EXPECT_EQ(results[0], 7);
+    for (int64_t j = 1; j < p; ++j) ASSERT_EQ(results[static_cast<size_t>(j)], static_cast<T>(j + 1));
+  }
+  stream.task.set_integer(OrvikSS_dimension, 3);  // all are given back nevertheless
+}
+
 // The room of a level grows with many short blocks; the summary is that of one long block.
 TYPED_TEST(StreamQuantiles, ManyShortBlocksGiveWhatOneLongBlockGives) {
   using T = TypeParam;

@@ -74,7 +74,7 @@ print("\n".join([
     "## Memory", "",
     "Beyond the caller's arrays a call of one thread takes: moments, at most 12 rows of p doubles and two of p values (on the frame",
     "up to 4 KiB); covariance, one p by p matrix where no full matrix of the request can be accumulated in place, and 256 KiB for",
-    "the block of observations that is centred; quantiles, sort, deviations, n values (weighted median 2 n). Where observations are added",
+    "the block of observations that is centred; quantiles, sort, deviations, n values (weighted median, sorting to columns 2 n). Where observations are added",
     "up in several chunks (from 16,384 values on) rows and matrix twice; each further thread takes these and a block of its own.",
     "Threads by variable take 1 GiB of copies together at most. Stream",
     "quantiles: `StreamMemory` in `tests/qor/ss/stream_quantiles_test.cc` checks the bound 72 log2(4 epsilon n)^2 / epsilon bytes.", "",

@@ -1,4 +1,5 @@
 // Median and mean absolute deviation.
+#include <algorithm>
 #include <cmath>
 
 #include "orvik/ss.h"
@@ -8,10 +9,11 @@
 namespace orvik::ss {
 namespace {
 
+constexpr int kChains = 16;
+
 // The sum of what `value` makes of the elements, in several chains.
 template <class T, class Value>
 double sum_of(int64_t n, const T* a, Value&& value) {
-  constexpr int kChains = 16;
   double s[kChains] = {};
   int64_t i = 0;
   for (; i + kChains <= n; i += kChains) {
@@ -22,6 +24,32 @@ double sum_of(int64_t n, const T* a, Value&& value) {
     for (int k = 0; k < half; ++k) s[k] += s[k + half];
   }
   return s[0];
+}
+
+constexpr int kTogether = 16;  // neighbouring variables, whose values come with the same reads
+
+// The same sums of neighbouring variables of contiguous observations, value(x, j) of element x of the j-th.
+template <class T, class Value>
+void sums_of(int64_t n, const T* x, int64_t p, int64_t together, Value&& value, double* sums) {
+  double s[kChains][kTogether] = {};
+  const auto add = [&](double* to, const T* row) __attribute__((always_inline)) {
+    if (together == kTogether) {
+      for (int j = 0; j < kTogether; ++j) to[j] += value(row[j], j);
+    } else {
+      for (int j = 0; j < together; ++j) to[j] += value(row[j], j);
+    }
+  };
+  int64_t i = 0;
+  for (; i + kChains <= n; i += kChains) {
+    for (int k = 0; k < kChains; ++k) add(s[k], x + (i + k) * p);
+  }
+  for (; i < n; ++i) add(s[0], x + i * p);
+  for (int half = kChains / 2; half > 0; half /= 2) {
+    for (int k = 0; k < half; ++k) {
+      for (int j = 0; j < kTogether; ++j) s[k][j] += s[k + half][j];
+    }
+  }
+  std::copy(s[0], s[0] + together, sums);
 }
 
 template <class T>
@@ -40,6 +68,34 @@ int32_t check(const Task& task, bool median, bool mean, uint64_t method) {
   return median || mean ? kDone : kBadMethod;
 }
 
+// Mean deviations of contiguous observations, with no variable's copy made.
+template <class T>
+int32_t mean_deviations(const Data<T>& d, const T* given, const OrvikThreading* threading, T* results) {
+  const int64_t groups = (d.p + kTogether - 1) / kTogether;
+  const auto threads = static_cast<int32_t>(std::min<int64_t>(max_threads(threading), groups));
+  return run_threads(threading, threads, [&](int32_t thread) {
+    for (int64_t g = groups * thread / threads; g < groups * (thread + 1) / threads; ++g) {
+      const int64_t first = g * kTogether, together = std::min<int64_t>(kTogether, d.p - first);
+      const T* x = d.x + first;
+      double sums[kTogether];
+      T m[kTogether] = {};
+      if (given != nullptr) {
+        std::copy(given + first, given + first + together, m);
+      } else {
+        sums_of(
+            d.n, x, d.p, together, [](T v, int) { return static_cast<double>(v); }, sums);
+        for (int64_t j = 0; j < together; ++j) m[j] = static_cast<T>(sums[j] / static_cast<double>(d.n));
+      }
+      sums_of(
+          d.n, x, d.p, together, [&](T v, int j) { return static_cast<double>(std::fabs(v - m[j])); }, sums);
+      for (int64_t j = 0; j < together; ++j) {
+        if (d.selected(first + j)) results[first + j] = static_cast<T>(sums[j] / static_cast<double>(d.n));
+      }
+    }
+    return int32_t{kDone};
+  });
+}
+
 template <class T>
 int32_t mad(OrvikSSTask handle, uint64_t estimates, uint64_t method, const OrvikThreading* threading) {
   if (handle == nullptr) return kNoTask;
@@ -50,6 +106,9 @@ int32_t mad(OrvikSSTask handle, uint64_t estimates, uint64_t method, const Orvik
   const Data<T> d = data_of<T>(task);
   const Observations<T> o(d);
   const T* given = (method & ORVIK_SS_METHOD_USER_MEAN) != 0 ? real<T>(task.mean) : nullptr;
+  if (!by_median && !d.contiguous_variables) {
+    return mean_deviations(d, given, threading, real<T>(task.meanAbsDeviation));
+  }
   return for_each_variable(o, d.flags, threading, d.n, [&](int64_t j, T* a) {
     copy_variable(o, j, a);
     if (by_mean) {

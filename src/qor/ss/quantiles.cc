@@ -59,7 +59,7 @@ int32_t of_task(OrvikSSTask handle, uint64_t estimates, uint64_t method, const O
   if ((estimates & ORVIK_SS_ORDER_STATISTICS) != 0) {
     T* sorted = real<T>(task.orderStatistics);
     const bool rows = d.p == 1 || (task.integer(task.orderStatisticsStorage) & ORVIK_SS_STORAGE_ROWS) != 0;
-    return for_each_variable(o, d.flags, threading, d.n, [&](int64_t j, T* scratch) {
+    return for_each_variable(o, d.flags, threading, rows ? d.n : 2 * d.n, [&](int64_t j, T* scratch) {
       if (rows) {
         T* out = sorted + j * d.n;
         if (d.contiguous_variables && d.n >= kRadixCount && d.n <= INT32_MAX) {
@@ -71,7 +71,7 @@ int32_t of_task(OrvikSSTask handle, uint64_t estimates, uint64_t method, const O
         return from_sorted(j, out);
       }
       copy_variable(o, j, scratch);
-      quicksort(scratch, move_nans(scratch, d.n));
+      sort_with_scratch(d.n, scratch, scratch + d.n);
       for (int64_t i = 0; i < d.n; ++i) sorted[i * d.p + j] = scratch[i];
       from_sorted(j, scratch);
     });

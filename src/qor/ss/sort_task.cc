@@ -30,13 +30,13 @@ int32_t sort_task(OrvikSSTask handle, uint64_t method, const OrvikThreading* thr
   const Observations<T> o(d);
   T* sorted = real<T>(task.sortedObservations);
   const bool rows = d.p == 1 || (task.integer(task.sortedStorage) & ORVIK_SS_STORAGE_ROWS) != 0;
-  return for_each_variable(o, d.flags, threading, d.n, [&](int64_t j, T* scratch) {
+  return for_each_variable(o, d.flags, threading, rows ? d.n : 2 * d.n, [&](int64_t j, T* scratch) {
     if (rows) {
       copy_variable(o, j, sorted + j * d.n);
       return sort_with_scratch(d.n, sorted + j * d.n, scratch);
     }
     copy_variable(o, j, scratch);
-    quicksort(scratch, move_nans(scratch, d.n));
+    sort_with_scratch(d.n, scratch, scratch + d.n);
     for (int64_t i = 0; i < d.n; ++i) sorted[i * d.p + j] = scratch[i];
   });
 }

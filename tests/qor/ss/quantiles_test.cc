@@ -288,6 +288,34 @@ T weighted_median(const std::vector<T>& x, const std::vector<T>& w) {
   return result;
 }
 
+// By variable from its copy, by group of neighbours in place.
+TYPED_TEST(Quantiles, MeanDeviationsHaveTheSameBitsInEitherStorage) {
+  using T = TypeParam;
+  for (const int64_t p : {2, 15, 16, 17, 35}) {
+    for (const int64_t n : {1, 15, 16, 17, 333}) {
+      const auto s = random_sample<T>(p, n);
+      std::vector<int32_t> flags(static_cast<size_t>(p), 1);
+      flags[1] = 0;
+      for (const uint64_t method : {0x1, 0x101}) {
+        std::vector<T> results[3];
+        for (int k = 0; k < 3; ++k) {
+          std::vector<T> mean(s.rows.begin(), s.rows.begin() + p), &deviations = results[k];
+          deviations.assign(static_cast<size_t>(p), T(-77));
+          TaskOver<T> task;
+          const T* x = k == 0 ? s.rows.data() : s.columns.data();
+          ASSERT_EQ(task.make(p, n, k == 0 ? 0x10000 : 0x20000, x, nullptr, flags.data()), 0);
+          task.set(OrvikSS_mean, mean);
+          task.set(OrvikSS_meanAbsDeviation, deviations);
+          ASSERT_EQ(Entries<T>::mad(task.get(), ORVIK_SS_MEAN_ABS_DEVIATION, method, threads(k)), 0);
+          EXPECT_EQ(deviations[1], -77);
+        }
+        EXPECT_EQ(results[0], results[1]) << p << " " << n;
+        EXPECT_EQ(results[0], results[2]) << p << " " << n;
+      }
+    }
+  }
+}
+
 TYPED_TEST(Quantiles, WeightedMedianIsWhereTheRunningWeightPassesHalf) {
   using T = TypeParam;
   EXPECT_EQ((weighted_median<T>({5, 1, 3}, {1, 1, 1})), 3);

@@ -3,6 +3,7 @@
 //   one of them 1           a power of a uniform
 //   one below, one above 1  switching (Atkinson 1979)
 //   both above 1            log-logistic candidates (Cheng 1978, BB)
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <limits>
@@ -21,6 +22,11 @@ namespace {
 
 constexpr int32_t kCandidates = 512;
 
+// From here on a shape takes many times what is lost next to 1: numbers near 0 are not differences from 1, and tests
+// have logarithms and powers by their distance from 0 and 1.
+template <class T>
+constexpr T kLarge = T(0x1p-10) / std::numeric_limits<T>::epsilon();
+
 // x / (x + y) of x = e^p, y = e^q whose sum is too small for its type.
 template <class T>
 T share_of_logarithms(T p, T q) {
@@ -31,7 +37,8 @@ T share_of_logarithms(T p, T q) {
 
 template <class T>
 void by_powers(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q) {
-  const T inverse_p = 1 / p, inverse_q = 1 / q;
+  constexpr T kMost = std::numeric_limits<T>::max() / 1024;  // of its products with logarithms none is infinite
+  const T inverse_p = std::min(1 / p, kMost), inverse_q = std::min(1 / q, kMost);
   until_accepted(n, r, kCandidates, [&](int32_t count, T* out) {
     using V = VectorOf<T>;
     T w[2 * kCandidates], power[2 * kCandidates];
@@ -70,7 +77,8 @@ struct Switch {
       unit = 1 - t;
     } else {
       t = (1 - p) / (q + 1 - p);
-      left = q * t / (q * t + p * kernels::powx.high(1 - t, q));
+      const T power = q > kLarge<T> ? kernels::exp.high(q * kernels::log1p.high(-t)) : kernels::powx.high(1 - t, q);
+      left = q * t / (q * t + p * power);
       unit = 1;
     }
   }
@@ -80,6 +88,7 @@ template <class T>
 void by_switching(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q) {
   const Switch<T> s(p, q);
   const T inverse_p = 1 / p, inverse_q = 1 / q;
+  const bool large = q > kLarge<T>;
   until_accepted(n, r, kCandidates, [&](int32_t count, T* out) {
     using V = VectorOf<T>;
     T w[2 * kCandidates], u[kCandidates], e[kCandidates], x[kCandidates], g[kCandidates];
@@ -95,14 +104,26 @@ void by_switching(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q) {
     kernels::ln(count, x, x);
     for_each_vector<V>(count,
                        [&](auto at) { at.store(x, at.load(x) * select(is_below(at), V(inverse_p), V(inverse_q))); });
-    kernels::exp(count, x, x);
-    for_each_vector<V>(count, [&](auto at) {
-      const Mask<V> below = is_below(at);
-      const V low = V(s.t) * at.load(x), high = V(1) - V(1 - s.t) * at.load(x);
-      at.store(x, select(below, low, high));
-      at.store(g, select(below, V(1) - low, high) / select(below, V(s.unit), V(s.t)));
-    });
-    kernels::ln(count, g, g);
+    if (large) {
+      kernels::expm1(count, x, g);
+      kernels::exp(count, x, x);
+      for_each_vector<V>(count, [&](auto at) {
+        const Mask<V> below = is_below(at);
+        const V low = V(s.t) * at.load(x), high = V(s.t) - V(1 - s.t) * at.load(g);
+        at.store(x, select(below, low, high));
+        at.store(g, select(below, V(0) - low, high / V(s.t) - V(1)));
+      });
+      kernels::log1p(count, g, g);
+    } else {
+      kernels::exp(count, x, x);
+      for_each_vector<V>(count, [&](auto at) {
+        const Mask<V> below = is_below(at);
+        const V low = V(s.t) * at.load(x), high = V(1) - V(1 - s.t) * at.load(x);
+        at.store(x, select(below, low, high));
+        at.store(g, select(below, V(1) - low, high) / select(below, V(s.unit), V(s.t)));
+      });
+      kernels::ln(count, g, g);
+    }
     return accept<V>(count, x, out, [&](auto at, V) {
       return select(is_below(at), V(1 - q), V(1 - p)) * at.load(g) <= (at.load(e) ^ sign_mask<V>());
     });
@@ -121,8 +142,12 @@ void power_of_uniforms(Uniforms<T>& uniforms, int32_t n, T* r, T shape) {
 // p <= q. The squeeze is ln z <= e z - 2.
 template <class T>
 void by_log_logistic(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q, bool complement) {
-  const T alpha = p + q, beta = kernels::sqrt.high((alpha - 2) / (2 * p * q - alpha)), gamma = p + 1 / beta;
+  // Where the product leaves its type, what is taken from it counts for nothing.
+  const T alpha = p + q, product = 2 * p * q;
+  const bool huge = product > std::numeric_limits<T>::max();
+  const T beta = kernels::sqrt.high(huge ? (1 / p + 1 / q) / 2 : (alpha - 2) / (product - alpha)), gamma = p + 1 / beta;
   const T kLn4 = T(1.3862943611198906), kE = T(2.718281828459045);
+  const bool large = q > kLarge<T>;
   until_accepted(n, r, kCandidates, [&](int32_t count, T* out) {
     using V = VectorOf<T>;
     T w[2 * kCandidates], u[kCandidates], second[kCandidates], v[kCandidates], x[kCandidates];
@@ -133,11 +158,12 @@ void by_log_logistic(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q, bool comp
     transform(count, u, v, [](T y) { return y / (1 - y); });
     kernels::ln(count, v, v);
     transform(count, v, [beta](T y) { return beta * y; });
-    kernels::exp(count, v, x);
+    large ? kernels::expm1(count, v, x) : kernels::exp(count, v, x);
     int32_t opened = 0;
     for_each_vector<V>(count, [&](auto at) {
-      const V product = V(p) * at.load(x), z = at.load(u) * at.load(u) * at.load(second);
-      const V ratio = V(gamma) * at.load(v) - V(kLn4), s = V(p) + ratio - product, sum = V(q) + product;
+      const V grown = V(p) * at.load(x), z = at.load(u) * at.load(u) * at.load(second);
+      const V product = large ? V(p) + grown : grown, sum = V(q) + product;
+      const V ratio = V(gamma) * at.load(v) - V(kLn4), s = large ? ratio - grown : V(p) + ratio - product;
       // Not finite where a uniform was rounded up to 1.
       const Mask<V> finite = product <= V(std::numeric_limits<T>::max());
       const Mask<V> accepted = finite & (s + V(2) >= V(kE) * z);
@@ -145,13 +171,14 @@ void by_log_logistic(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q, bool comp
       decision.set(at, accepted, open);
       at.store(x, (complement ? V(q) : product) / sum);
       gather_chosen(open, z, open_z + opened);
-      gather_chosen(open, V(alpha) / sum, open_x + opened);
+      gather_chosen(open, large ? grown / V(alpha) : V(alpha) / sum, open_x + opened);
       opened += gather_chosen(open, ratio, open_v + opened);
     });
     kernels::ln(opened, open_z, open_z);
-    kernels::ln(opened, open_x, open_x);
+    large ? kernels::log1p(opened, open_x, open_x) : kernels::ln(opened, open_x, open_x);
+    const V weight = V(large ? -alpha : alpha);
     for_each_vector<V>(opened, [&](auto at) {
-      at.store(open_z, as_answer<V>(at.load(open_v) + V(alpha) * at.load(open_x) >= at.load(open_z)));
+      at.store(open_z, as_answer<V>(at.load(open_v) + weight * at.load(open_x) >= at.load(open_z)));
     });
     return decision.compress(count, x, open_z, out);
   });

@@ -370,6 +370,55 @@ TYPED_TEST(Rejection, BetaOfUniformsAtTheirEndsIsInItsInterval) {
     }
 }
 
+TYPED_TEST(Rejection, BetaOfShapesWhoseProductOverflowsEnds) {
+  using T = TypeParam;
+  const T large = std::sqrt(std::numeric_limits<T>::max());
+  for (const T p : {large, 8 * large}) {
+    const Stream s(ORVIK_BRNG_MT19937, {77});
+    for (const T x : drawn<T>(100, [&](T* r) { return beta(0, s.get(), 100, r, p, p, 0, 1); }))
+      EXPECT_NEAR(static_cast<double>(x), 0.5, 1e-6);
+  }
+}
+
+// Numbers of so large a shape q are q times smaller than those of Gamma.
+TYPED_TEST(Rejection, BetaOfLargeShapesHasItsMeanAndVariance) {
+  using T = TypeParam;
+  constexpr int32_t kNumbers = 40000;
+  const double eps = static_cast<double>(std::numeric_limits<T>::epsilon());
+  for (const double q : {0x1p-9 / eps, 1 / eps, 64 / eps, 1e6 / eps})
+    for (const double p : {0.5, 0.9375, 1.5, 3.0, 30.0, 10 / eps, q}) {
+      if (p > q || (p > 1 / eps && p < q)) continue;
+      const double alpha = p + q, mean = p / alpha, variance = mean * (q / alpha) / (alpha + 1);
+      if (variance < 1e4 * eps * eps * mean * mean) continue;
+      const Stream s(ORVIK_BRNG_MT19937, {77}), other = s.copy();
+      double first = 0, square = 0;
+      for (const T x : drawn<T>(kNumbers, [&](T* r) { return beta(0, s.get(), kNumbers, r, T(p), T(q), 0, 1); })) {
+        const double d = static_cast<double>(x) - mean;
+        first += d / kNumbers;
+        square += d * d / kNumbers;
+      }
+      EXPECT_LT(std::fabs(first), 5 * std::sqrt(variance / kNumbers)) << p << ", " << q;
+      EXPECT_NEAR(square / variance, 1, 5 * std::sqrt((2 + 6 / std::min(p, 100.0)) / kNumbers)) << p << ", " << q;
+      if (p == q) continue;
+      T swapped[100];
+      ASSERT_EQ(beta(0, other.get(), 100, swapped, T(q), T(p), 0, 1), 0);
+      EXPECT_NEAR(static_cast<double>(swapped[0]), 1, 100 * mean + eps);
+    }
+}
+
+TYPED_TEST(Rejection, BetaOfTheSmallestShapesIsAtTheEnds) {
+  using T = TypeParam;
+  for (const T p : {std::numeric_limits<T>::denorm_min(), std::numeric_limits<T>::min() / 4}) {
+    const Stream s(ORVIK_BRNG_MT19937, {77});
+    int ones = 0;
+    for (const T x : drawn<T>(1000, [&](T* r) { return beta(0, s.get(), 1000, r, p, p, 0, 1); })) {
+      EXPECT_TRUE(x == 0 || x == 1) << x;
+      ones += x == 1;
+    }
+    EXPECT_NEAR(ones, 500, 100);
+  }
+}
+
 TYPED_TEST(Rejection, ChiSquareOf16DegreesIsGammaOf8) {
   using T = TypeParam;
   for (const int32_t v : {16, 17, 100}) {

@@ -38,7 +38,7 @@ struct Key {
   static Key never() { return {std::numeric_limits<double>::quiet_NaN(), 0}; }
 
   double q() const { return 1 - p; }
-  double t() const { return (1 - p) / p; }
+  double t() const { return std::min((1 - p) / p, std::numeric_limits<double>::max()); }
   double mean() const { return a * t(); }
   double mode() const { return a > 1 ? std::floor((a - 1) * t()) : 0; }
 };
@@ -150,15 +150,19 @@ class LogRatio {
     using V = F64;
     double x[kCandidates], k[kCandidates];
     const double a = key_.a, x0 = mode_ + a, k0 = mode_ + 1;
+    const bool far = a <= 1;  // numbers of a long tail take many times the logarithm of what is next to 1
     for_each_vector<V>(n, [&](auto at) {
       const V number = at.load(y), beyond = number + V(a), next = number + V(1);
       at.store(x, beyond / V(x0));
       at.store(k, next / V(k0));
-      at.store(r, V(key_.q()) * beyond / next);
+      at.store(r, (far ? V(a - 1) - V(key_.p) * beyond : V(key_.q()) * beyond) / next);
     });
     kernels::ln.call(Level::high, n, x, x);
     kernels::ln.call(Level::high, n, k, k);
-    kernels::ln.call(Level::high, n, r, r);
+    if (far)
+      kernels::log1p.call(Level::high, n, r, r);
+    else
+      kernels::ln.call(Level::high, n, r, r);
     const double at_mode = first_lane(rest(F64(mode_))) - stirling_rest(k0);
     for_each_vector<V>(n, [&](auto at) {
       const V number = at.load(y), sum = V(x0 - 0.5) * at.load(x) - V(k0 - 0.5) * at.load(k) +
@@ -203,10 +207,12 @@ void build_mountain(Rejection& rejection, const Key& key) {
 
 // Up to a = 1 it rises towards q, and k!/Gamma(a + k) is above k^(1 - a) (Gautschi 1959), so that a power bounds the
 // probabilities from 1 on. The table ends next to where the areas of table and tail together are least.
+// Of a p that 1 - p hides the tail still falls.
 void build_peak(Rejection& rejection, const Key& key) {
-  const double end = std::max(std::floor(0.8 * kernels::sqrt.high(1 - key.a) / key.p), 1.0);
+  constexpr double kMost = 0x1p1000;
+  const double end = std::clamp(std::floor(0.8 * kernels::sqrt.high(1 - key.a) / key.p), 1.0, kMost);
   rejection.peak = {};
-  rejection.peak.set(key.a, end, key.a * key.q(), -kernels::lgamma.high(key.a + 1), -kernels::ln.high(key.q()));
+  rejection.peak.set(key.a, end, key.a * key.q(), -kernels::lgamma.high(key.a + 1), -kernels::log1p.high(-key.p));
 }
 
 void build_rejection(Rejection& rejection, const Key& key) {

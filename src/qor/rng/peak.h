@@ -16,12 +16,12 @@ namespace orvik::qor {
 
 // Probabilities by that of 0.
 struct PowerPeak {
-  double a;           // the power of x that has equal shares, at most 1
-  double end;         // last number of the table, from 1 on
-  double reach;       // end^a - 1
-  double log_height;  // of x^(a - 1)
-  double right;       // rate of the tail
-  double highest;
+  double a;               // the power of x that has equal shares, at most 1
+  double end;             // last number of the table, from 1 on
+  double reach;           // end^a - 1
+  double log_height;      // of x^(a - 1)
+  double right;           // rate of the tail
+  double highest;         // numbers beyond are cut to it
   double p1, p2, p3, p4;  // areas, summed: 0, 1, table, tail
 
   // of_one: probability of 1; log_share: ln of what x^a is multiplied by for an area; rate: of the exponential one,
@@ -92,20 +92,19 @@ class PeakBatch {
       const Mask<V> table = in_table(place);
       const V number =
           select(table, min(V(hat_.end), max(V(2), round<Direction::up>(at.load(x)))), round<Direction::down>(tail));
-      const Mask<V> possible = number <= V(hat_.highest);
-      at.store(y, select(possible, number, V(0)));
+      at.store(y, number);
       // In the tail the height of a candidate has a part of its own.
       const V part = select(table, V(1), (place - V(hat_.p3)) * V(hat_.right));
       at.store(height, max(least, at.load(height) * part));
-      at.store(answers, select(table, V(hat_.log_height) + V(hat_.a - 1) * at.load(log_x), drop(possible, kNever())));
+      at.store(answers, keep(table, V(hat_.log_height) + V(hat_.a - 1) * at.load(log_x)));
     });
     kernels::ln.call(Level::high, n, height, height);
     log_ratio_(n, y, x);
-    for_each_vector<V>(
-        n, [&](auto at) { at.store(answers, as_answer<V>(at.load(height) + at.load(answers) <= at.load(x))); });
+    for_each_vector<V>(n, [&](auto at) {
+      at.store(answers, as_answer<V>(at.load(height) + at.load(answers) <= at.load(x)));
+      at.store(y, min(V(hat_.highest), at.load(y)));
+    });
   }
-
-  static V kNever() { return V(std::numeric_limits<double>::infinity()); }
 
   Uniforms<double>& uniforms_;
   const PowerPeak& hat_;

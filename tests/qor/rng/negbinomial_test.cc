@@ -33,7 +33,7 @@ void expect_walk(double a, double p) {
 // Up to a = 1: 0 and 1 by their probabilities, a table in x^a under C x^(a - 1), an exponential tail with the limit of
 // the ratios of neighbours.
 int32_t peak(Feed<double>& feed, double a, double p) {
-  const double q = 1 - p, end = std::max(std::floor(0.8 * std::sqrt(1 - a) / p), 1.0), rate = -std::log(q);
+  const double q = 1 - p, end = std::max(std::floor(0.8 * std::sqrt(1 - a) / p), 1.0), rate = -std::log1p(-p);
   const auto log_ratio = [=](double k) {
     return log_negative_binomial(a, p, static_cast<int64_t>(k)) - log_negative_binomial(a, p, 0);
   };
@@ -54,7 +54,7 @@ int32_t peak(Feed<double>& feed, double a, double p) {
       y = std::floor(end + 1 - std::log(v) / rate);
       height += std::log((u - p3) * rate);
     }
-    if (y <= 0x7FFFFFFF && height <= log_ratio(y)) return static_cast<int32_t>(y);
+    if (height <= log_ratio(y)) return static_cast<int32_t>(std::min(y, 2147483647.0));
   }
 }
 
@@ -186,6 +186,29 @@ TEST(Negbinomial, OfCertainSuccessIsZero) {
 TEST(Negbinomial, BeyondIntegersIsTheLargestInteger) {
   const Stream s(ORVIK_BRNG_MT19937, {777});
   for (const int32_t k : draw(s, 10, negbinomial(1e6, 1e-9))) EXPECT_EQ(k, 0x7FFFFFFF);
+}
+
+TEST(Negbinomial, NumbersOfALongTailBeyondIntegersAreTheLargestInteger) {
+  // Of a small a the numbers that are not 0 have about the density exp(-p x) / x.
+  const Stream s(ORVIK_BRNG_MT19937, {777});
+  int64_t largest = 0;
+  for (const int32_t k : draw(s, 1000000, negbinomial(1e-3, 1e-10))) largest += k == 0x7FFFFFFF;
+  EXPECT_NEAR(static_cast<double>(largest), -1e3 * std::expint(-0x1p31 * 1e-10), 200);
+  expect_mountain(1e-3, 1e-10, 5);
+}
+
+TEST(Negbinomial, OfAProbabilityThatOneHidesEnds) {
+  const double least = std::numeric_limits<double>::denorm_min();
+  for (const auto& [a, p] : {std::pair(1e-300, 1e-300), std::pair(1e-10, 1e-17), std::pair(least, least),
+                             std::pair(1e-303, 1e-310), std::pair(least, 1e-300)})
+    for (const double u : {0.2, 0.999, 1 - 0x1p-53, 1.0}) {
+      Scripted s;
+      s->number = [u](int64_t i) { return i < 8 ? u : 0.5; };
+      const std::vector<int32_t> r =
+          drawn<int32_t>(100, [&](int32_t* r) { return _qoriRngNegbinomial(0, s.get(), 100, r, a, p); });
+      for (size_t i = 0; i < r.size(); ++i)  // one in some 10^8 is not 0
+        EXPECT_TRUE(u < 0.9999 || i >= 4 ? r[i] == 0 : r[i] >= 0) << a << ", " << p << ", " << u << ": " << r[i];
+    }
 }
 
 TEST(Negbinomial, EndsForUniformsAtTheirEnds) {

@@ -71,9 +71,13 @@ int32_t _qoriRngUniformBits(uint32_t, OrvikStream stream, int32_t n, void* r) {
 int32_t _qoriRngUniformBits32(uint32_t, OrvikStream stream, int32_t n, uint32_t* r) {
   return orvik::qor::words(stream, n, r);
 }
-// The first of two words is the low half.
+// The first of two words is the low half. Twice as many may be more than a count holds.
 int32_t _qoriRngUniformBits64(uint32_t, OrvikStream stream, int32_t n, uint64_t* r) {
-  return orvik::qor::words(stream, 2 * n, reinterpret_cast<uint32_t*>(r));
+  constexpr int32_t kMost = INT32_MAX / 2;
+  for (; n > kMost; n -= kMost, r += kMost)
+    if (const int32_t status = orvik::qor::words(stream, 2 * kMost, reinterpret_cast<uint32_t*>(r)); status < 0)
+      return status;
+  return orvik::qor::words(stream, n < 1 ? n : 2 * n, reinterpret_cast<uint32_t*>(r));
 }
 
 }  // extern "C"

@@ -1,6 +1,7 @@
 // Bernoulli and Geometric: one uniform a number.
 #include <bit>
 #include <cmath>
+#include <limits>
 
 #include "orvik/qor.h"
 #include "qor/rng/bracket.h"
@@ -29,12 +30,17 @@ int32_t bernoulli(uint32_t, OrvikStream stream, int32_t n, int32_t* r, double p)
 int32_t geometric(uint32_t, OrvikStream stream, int32_t n, int32_t* r, double p) {
   const EntryBracket bracket(ln_of_zero<float>);
   Uniforms<float> uniforms(stream);
-  const float c = static_cast<float>(1 / kernels::ln.high(1 - p));
+  const float c = -std::fabs(static_cast<float>(1 / kernels::ln.high(1 - p)));  // ln 1 is +0
   float u[kBlock];
   for_each_block(n, [&](int32_t first, int32_t count) {
     if (!uniforms.draw(count, u)) return false;
     kernels::ln(count, u, u);
-    for (int32_t i = 0; i < count; ++i) r[first + i] = static_cast<int32_t>(std::floor(c * u[i]));
+    for (int32_t i = 0; i < count; ++i) {
+      const float number = std::floor(c * u[i]);
+      const bool fits = number < 0x1p31f;
+      const auto integer = static_cast<int32_t>(fits ? number : 0);
+      r[first + i] = fits ? integer : std::numeric_limits<int32_t>::max();
+    }
     return true;
   });
   return uniforms.status();

@@ -1,4 +1,6 @@
 // Multivariate Gaussian: a + L z for vectors z of unit normal numbers and a lower triangular factor L.
+#include <algorithm>
+
 #include "qor/rng/entry.h"
 #include "qor/rng/gaussian.h"
 #include "qor/rng/loops.h"
@@ -47,13 +49,24 @@ void multiply_packed(int32_t n, T* r, int32_t dimen, const T* t) {
   for (; n > 0; --n, r += dimen) blas::tpmv<T>('L', 'N', 'N', dimen, t, r, 1);
 }
 
+// Unit normal numbers; more than a count of 32 bits holds are drawn in parts that cut no pair.
+template <class T>
+int32_t unit_numbers(uint32_t method, OrvikStream stream, int64_t n, T* r) {
+  constexpr int64_t kMost = int64_t{1} << 30;
+  int32_t status;
+  for (;; n -= kMost, r += kMost) {
+    status = gaussian<T>(method, stream, static_cast<int32_t>(std::clamp(n, int64_t{-1}, kMost)), r, 0, 1);
+    if (status < 0 || n <= kMost) return status;
+  }
+}
+
 template <class T>
 int32_t gaussian_mv(uint32_t method, OrvikStream stream, int32_t n, T* r, int32_t dimen, int32_t mstorage, const T* a,
                     const T* t) {
   if (dimen == 1) return gaussian(method, stream, n, r, a[0], t[0]);
   const bool has_product = mstorage == kFull || mstorage == kPacked;
   if (has_product && !blas::load()) return ORVIK_QOR_NO_BLAS;
-  const int32_t status = gaussian<T>(method, stream, n * dimen, r, 0, 1);
+  const int32_t status = unit_numbers(method, stream, int64_t{n} * dimen, r);
   if (status < 0 || n < 1 || dimen < 1) return status;
   if (mstorage == kDiagonal) scale_by_diagonal(n, r, dimen, a, t);
   if (mstorage == kFull) multiply_full(n, r, dimen, t);

@@ -1,5 +1,6 @@
 // Bernoulli, Geometric and words.
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 
 #include <bit>
 #include <cmath>
@@ -73,6 +74,20 @@ TEST(Geometric, OfAUniformOfExactlyZeroIsFinite) {
   EXPECT_EQ(r, 149) << "103.279 / ln 2";
 }
 
+TEST(Geometric, BeyondIntegersIsTheLargestInteger) {
+  for (const double p : {1e-9, 1e-10, 1e-16, 1e-17, 1e-300}) {  // 1 - p may be 1
+    Scripted s;
+    s.spread();
+    int64_t largest = 0;
+    for (const int32_t k :
+         drawn<int32_t>(2000, [&](int32_t* r) { return _qoriRngGeometric(0, s.get(), 2000, r, p); })) {
+      ASSERT_GE(k, 0) << p;
+      largest += k == 0x7FFFFFFF;
+    }
+    EXPECT_NEAR(static_cast<double>(largest) / 2000, std::exp(-0x1p31 * p), 0.002) << p;
+  }
+}
+
 TEST(Words, AreTheGeneratorsOwn) {
   for (const Generator& g : seeded_generators()) {
     const Stream s(g.brng, g.seeds), source = s.copy();
@@ -141,6 +156,23 @@ TEST(Words, OfOldIdsAreRefusedButForMcg59) {
     std::vector<uint64_t> r(4);
     EXPECT_EQ(_qoriRngUniformBits64(0, s.get(), 4, r.data()), -1014) << id;
   }
+}
+
+TEST(Words, OfMoreThanACountHoldsAreDrawnInParts) {
+  static std::vector<int32_t> sizes;
+  Scripted s;
+  RegBrngRow row;
+  ASSERT_EQ(__qorGetBrngProperties(scripted_brng(), &row), 0);
+  row.iBRng = [](OrvikStream, int32_t n, void*) -> int32_t { return sizes.push_back(n), 9; };
+  Stream counted;
+  ASSERT_EQ(__qorNewStreamEx(counted.out(), __qorRegisterBrng(&row), 0, nullptr), 0);
+  constexpr int32_t kNumbers = (1 << 30) + 5;
+  constexpr size_t kBytes = size_t{8} * kNumbers;
+  void* const place = mmap(nullptr, kBytes, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+  ASSERT_NE(place, MAP_FAILED);
+  EXPECT_EQ(_qoriRngUniformBits64(0, counted.get(), kNumbers, static_cast<uint64_t*>(place)), 9);
+  munmap(place, kBytes);
+  EXPECT_EQ(sizes, (std::vector<int32_t>{0x7FFFFFFE, 12}));
 }
 
 TEST(Words, OfRegisteredGeneratorsGoByTheirWidth) {

@@ -148,6 +148,16 @@ TYPED_TEST(GaussianMV, BelowOneVectorWritesNothing) {
     }
 }
 
+TYPED_TEST(GaussianMV, MoreNumbersThanACountHoldsAreDrawnInParts) {
+  using T = TypeParam;
+  Scripted s;
+  s->status = [](int64_t) { return -5; };
+  T r = 7;
+  EXPECT_EQ(mv(2, s.get(), 65536, &r, 40000, 2, &r, &r), -5);
+  EXPECT_EQ(s->sizes(), (std::vector<int32_t>{1 << 30}));
+  EXPECT_EQ(r, T(7));
+}
+
 TYPED_TEST(GaussianMV, SaysSoWithoutABlasPackageAndDrawsNothing) {
   using T = TypeParam;
   const typename TestFixture::Problem p(3);

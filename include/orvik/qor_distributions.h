@@ -102,7 +102,7 @@ int32_t _qorsRngChiSquare(uint32_t method, OrvikStream stream, int32_t n, float*
 
 /* 1 with probability `p`, else 0. */
 int32_t _qoriRngBernoulli(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double p);
-/* Failures before the first success of probability `p`. */
+/* Failures before the first success of probability `p`; numbers beyond 2^31 - 1 are cut to it. */
 int32_t _qoriRngGeometric(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double p);
 
 /* ---- Discrete, by inversion or rejection ------------------------------------------------------------------------- */
@@ -123,7 +123,7 @@ enum {
   ORVIK_POISSON_NORMAL = 1     /* a normal number and a polynomial: one float a number, and another uniform for few */
 };
 
-/* Mean `lambda`, below 2^31. Another method is -2. */
+/* Mean `lambda`, below 2^31; numbers beyond 2^31 - 1 are cut to it. Another method is -2. */
 int32_t _qoriRngPoisson(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, double lambda);
 /* A mean for each number; numbers beyond 2^31 - 1 are cut to it. */
 int32_t _qoriRngPoissonV(uint32_t method, OrvikStream stream, int32_t n, int32_t* r, const double* lambda);

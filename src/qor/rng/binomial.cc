@@ -113,6 +113,11 @@ struct Target {
   explicit Target(const Setup& s)
       : n(s.key.trials), m(s.hat.mode), odds(s.p / s.q), highest(s.key.trials), variance(n * s.p * s.q) {}
 
+  template <class X>
+  X cut(X y) const {
+    return y;
+  }
+
   // ln of m! (n - m)! / (y! (n - y)!) odds^(y - m)
   void log_ratio(int32_t count, const double* y, double* r) const {
     constexpr int32_t kMost = 1024;

@@ -50,10 +50,10 @@ struct TriangleHat {
   }
 };
 
-// target.log_ratio(n, y, r): logarithms of the probabilities of y by that of the mode; target.highest;
-// target.variance. What leaves the triangle is decided in lists: near the mode by a table; further away most by a
-// squeeze about the logarithm of the normal density (Kachitvichyanukul, Schmeiser 1988), whose answers are the exact
-// test's, and the others by that test.
+// target.log_ratio(n, y, r): logarithms of the probabilities of y by that of the mode; target.highest; target.cut(y),
+// the number that is given for y; target.variance. What leaves the triangle is decided in lists: near the mode by a
+// table; further away most by a squeeze about the logarithm of the normal density (Kachitvichyanukul, Schmeiser 1988),
+// whose answers are the exact test's, and the others by that test.
 template <class Target>
 class HatBatch {
  public:
@@ -88,7 +88,7 @@ class HatBatch {
 
   template <class X>
   X in_triangle(X place, X second) const {
-    return round<Direction::down>(X(hat_.xm) - X(hat_.p1) * second + place);
+    return target_.cut(round<Direction::down>(X(hat_.xm) - X(hat_.p1) * second + place));
   }
 
   // One after another: a caller who wants a number or two would wait for lists.
@@ -141,7 +141,7 @@ class HatBatch {
       const Mask<V> near = magnitude(away) <= end;
       const V probability = gather(hat_.near, Indices(to_integer(keep(near, away + end))));
       at.store(answers, as_answer<V>(possible & near & (tall <= probability)));
-      at.store(y, place);
+      at.store(y, target_.cut(place));
       const uint32_t bits = at.bits(andnot(near, possible));
       far.set(at, bits);
       gather_chosen(bits, place, far_places + remaining);

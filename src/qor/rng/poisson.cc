@@ -67,8 +67,13 @@ bool by_table(Uniforms<double>& uniforms, const Setup& s, int32_t n, int32_t* r)
 }
 
 struct Target {
-  double lambda, m, highest = std::numeric_limits<int32_t>::max(), variance;
+  double lambda, m, highest = std::numeric_limits<double>::infinity(), variance;
   explicit Target(const Setup& s) : lambda(s.key.lambda), m(s.hat.mode), variance(lambda) {}
+
+  template <class X>
+  X cut(X y) const {
+    return min(X(std::numeric_limits<int32_t>::max()), y);
+  }
 
   // ln of m! / y! lambda^(y - m)
   void log_ratio(int32_t count, const double* y, double* r) const {

@@ -193,6 +193,21 @@ TEST(Poisson, AsksForBlocksOf2048FloatsOfCandidates) {
   EXPECT_EQ(s->sizes()[0], 2048);
 }
 
+TEST(Poisson, BeyondIntegersIsTheLargestInteger) {
+  for (const uint32_t method : {kRejection, kNormal})
+    for (const int32_t n : {1, 2000}) {
+      const Stream s(ORVIK_BRNG_MT19937, {777});
+      int64_t largest = 0;
+      for (int32_t i = 0; i < 2000 / n; ++i)
+        for (const int32_t k :
+             drawn<int32_t>(n, [&](int32_t* r) { return _qoriRngPoisson(method, s.get(), n, r, 2147483647.0); })) {
+          ASSERT_GT(k, 2147483647 - 10 * 46341);
+          largest += k == 0x7FFFFFFF;
+        }
+      EXPECT_NEAR(static_cast<double>(largest), 1000, 150) << "half of them are above the mean";
+    }
+}
+
 TEST(Poisson, RefusesOtherMethods) {
   Scripted s;
   int32_t r = 7;

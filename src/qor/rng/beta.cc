@@ -131,12 +131,24 @@ void by_switching(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q) {
 }
 
 template <class T>
-void power_of_uniforms(Uniforms<T>& uniforms, int32_t n, T* r, T shape) {
+void complement(int32_t n, T* r) {
+  transform(n, r, [](T x) { return 1 - x; });
+}
+
+// Powers, or what they are less than 1.
+template <class T>
+void power_of_uniforms(Uniforms<T>& uniforms, int32_t n, T* r, T shape, bool complements) {
   if (!uniforms.draw(n, r) || n < 1) return;
   const T inverse = 1 / shape;
   kernels::ln(n, r, r);
   transform(n, r, [inverse](T x) { return inverse * x; });
-  kernels::exp(n, r, r);
+  if (complements && shape > kLarge<T>) {
+    kernels::expm1(n, r, r);
+    negate(n, r);
+  } else {
+    kernels::exp(n, r, r);
+    if (complements) complement(n, r);
+  }
 }
 
 // p <= q. The squeeze is ln z <= e z - 2.
@@ -184,11 +196,6 @@ void by_log_logistic(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q, bool comp
   });
 }
 
-template <class T>
-void complement(int32_t n, T* r) {
-  transform(n, r, [](T x) { return 1 - x; });
-}
-
 // Beyond this line in the square of the shapes below 1 switching rejects less than powers do.
 template <class T>
 bool switching_is_better(T p, T q) {
@@ -205,10 +212,9 @@ void unit_beta(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q) {
   } else if (p == 1 && q == 1) {
     static_cast<void>(uniforms.draw(n, r));
   } else if (p == 1) {
-    power_of_uniforms(uniforms, n, r, q);
-    if (uniforms.status() >= 0) complement(n, r);
+    power_of_uniforms(uniforms, n, r, q, true);
   } else if (q == 1) {
-    power_of_uniforms(uniforms, n, r, p);
+    power_of_uniforms(uniforms, n, r, p, false);
   } else if (p < 1) {
     by_switching(uniforms, n, r, p, q);
   } else if (q < 1) {

@@ -386,7 +386,7 @@ TYPED_TEST(Rejection, BetaOfLargeShapesHasItsMeanAndVariance) {
   constexpr int32_t kNumbers = 40000;
   const double eps = static_cast<double>(std::numeric_limits<T>::epsilon());
   for (const double q : {0x1p-9 / eps, 1 / eps, 64 / eps, 1e6 / eps})
-    for (const double p : {0.5, 0.9375, 1.5, 3.0, 30.0, 10 / eps, q}) {
+    for (const double p : {0.5, 0.9375, 1.0, 1.5, 3.0, 30.0, 10 / eps, q}) {
       if (p > q || (p > 1 / eps && p < q)) continue;
       const double alpha = p + q, mean = p / alpha, variance = mean * (q / alpha) / (alpha + 1);
       if (variance < 1e4 * eps * eps * mean * mean) continue;

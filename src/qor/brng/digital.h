@@ -151,6 +151,19 @@ void deliver_coordinates(const DigitalView& view, uint32_t first, int32_t count,
 template <class Sink>
 void deliver_points(const DigitalView& view, int32_t points, const Sink& sink, ptrdiff_t i) {
   const uint32_t dim = view.head->dim, index = view.head->index;
+  if (is_long(dim, points)) {
+    const auto limit =
+        reinterpret_cast<int32_t (*)()>(orvik_serv_load_thread_fun("orvik_qor_serv_threader_get_num_threads_limit"));
+    if (limit() >= 2) {
+      using Body = void (*)(int32_t, void*, void*, void*);
+      const auto each = reinterpret_cast<void (*)(int32_t, int32_t, void*, Body)>(
+          orvik_serv_load_thread_fun("orvik_qor_serv_threader_for"));
+      Groups<Sink> all(view, index, points, sink, i);
+      each(Groups<Sink>::count(view), 0, &all, Groups<Sink>::body);
+      view.head->index += static_cast<uint32_t>(points);
+      return;
+    }
+  }
   constexpr int32_t kFew = 16;  // points for which transposing the numbers does not pay
   if (!view.vt && points < kFew) {
     for (; points > 0; --points, i += dim) {
@@ -165,19 +178,6 @@ void deliver_points(const DigitalView& view, int32_t points, const Sink& sink, p
     return;
   }
   const int groups = Groups<Sink>::count(view);
-  if (is_long(dim, points)) {
-    const auto limit =
-        reinterpret_cast<int32_t (*)()>(orvik_serv_load_thread_fun("orvik_qor_serv_threader_get_num_threads_limit"));
-    if (limit() >= 2) {
-      using Body = void (*)(int32_t, void*, void*, void*);
-      const auto each = reinterpret_cast<void (*)(int32_t, int32_t, void*, Body)>(
-          orvik_serv_load_thread_fun("orvik_qor_serv_threader_for"));
-      Groups<Sink> all(view, index, points, sink, i);
-      each(groups, 0, &all, Groups<Sink>::body);
-      view.head->index += static_cast<uint32_t>(points);
-      return;
-    }
-  }
   // A few points at a time, so that what one group leaves of a cache line another finds there.
   const int32_t most = view.vt ? static_cast<int32_t>(1 + 4096 / dim) : points;
   while (points > 0) {

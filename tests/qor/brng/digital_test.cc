@@ -4,7 +4,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <random>
 
 #include "qor/stream/record.h"
@@ -540,6 +542,29 @@ TEST(DigitalThreads, RequestsAreLongFromTheStatedSizesOn) {
     EXPECT_TRUE(qor::is_long(dim, points)) << dim;
     EXPECT_FALSE(qor::is_long(dim, points - 1)) << dim;
   }
+}
+
+// In a process of its own: the pool's threads stay once they are there.
+TEST(DigitalThreadsDeathTest, EightPointsOf4005DimensionsGoOverThePool) {
+  const auto limit =
+      reinterpret_cast<int32_t (*)()>(orvik_serv_load_thread_fun("orvik_qor_serv_threader_get_num_threads_limit"));
+  if (limit() < 2) GTEST_SKIP() << "one thread";
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  for (const int32_t brng : {ORVIK_BRNG_SOBOL, ORVIK_BRNG_NIEDERREITER})
+    EXPECT_EXIT(
+        {
+          const auto threads = [] {
+            using std::filesystem::directory_iterator;
+            return std::distance(directory_iterator("/proc/self/task"), directory_iterator());
+          };
+          Digital m;
+          const Stream s(brng, with_directions(4005, &m));
+          s.outputs(4005 * 7);
+          const auto before = threads();
+          s.outputs(4005 * 8);
+          std::exit(before == 1 && threads() > 1 ? 0 : 1);
+        },
+        ::testing::ExitedWithCode(0), "");
 }
 
 TEST(DigitalThreads, LongRequestsOverThePoolGiveTheNumbersOfOneThread) {

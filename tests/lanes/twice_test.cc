@@ -6,7 +6,7 @@
 #include <random>
 
 #include "zym/kernels/explog/exp.h"
-#include "zym/kernels/explog/ln.h"
+#include "zym/kernels/explog/log.h"
 #include "zym/kernels/rounding/rounding.h"
 #include "zym/kernels/roots/sqrt.h"
 

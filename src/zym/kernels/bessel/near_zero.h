@@ -4,14 +4,14 @@
 #pragma once
 
 #include "zym/kernels/bessel/coefficients.h"
-#include "zym/kernels/explog/ln.h"
+#include "zym/kernels/explog/octave.h"
 
 namespace orvik::zym::bessel {
 
 // ln(x/2) + gamma within 2^-62; the exponent of x is `added` less.
 template <Double V>
 [[gnu::always_inline]] inline HeadTail<V> logarithm_part(V x, double added = 0.0) {
-  const HeadTail<V> log = ln_head_tail(x, added);
+  const HeadTail<V> log = ln_head_tail<Exponents>(x, added);
   const HeadTail<V> sum = two_sum(log.head, V(kGammaLessLn2));
   return fast_two_sum(sum.head, sum.tail + (log.tail + V(kGammaLessLn2Tail)));
 }

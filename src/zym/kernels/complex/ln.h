@@ -4,7 +4,7 @@
 
 #include "zym/kernels/complex/angle.h"
 #include "zym/kernels/complex/parts.h"
-#include "zym/kernels/explog/ln.h"
+#include "zym/kernels/explog/octave.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym::complex {
@@ -21,29 +21,22 @@ template <Double V>
 // ln(s) / 2 of s between 2^-900 and 2^900, whose exponent is `added` less.
 template <Level L, Double V>
 [[gnu::always_inline]] inline V half_logarithm(HeadTail<V> s, V added) {
-  using I = Integer<V>;
-  const KeyedDouble<V> k(s.head);
-  // The lower part on the scale of m, whose exponent is that of 2^-10.
-  const V scale = as_float(I(int64_t{0x7F4} << 52) - (as_bits(s.head) & I(Format<V>::exponent_field)));
-  const V rest = k.rc * (s.tail * scale);
+  const OctaveKey<V> k(s.head);
+  const auto at = k.at();
+  const auto row = octave_pair<BaseE::Octave<double>::rows, V>(k, at);
+  const V r = fms(row.first, k.m(), V(1.0));
+  const V rest = k.scaled(row.first) * s.tail;
   if constexpr (L == Level::HA) {
-    const V e = k.exponent() + added;
-    const auto log = gather<512>(kLnPairs, indices(k.key));
-    const V p = k.r * k.r * ln_polynomial(k.r);
-    const V table = fma(e, V(kLn2Head64), log.first);
-    const V head = table + k.r;
-    const V lost = k.r - (head - table);
-    return V(0.5) * (head + (fma(e, V(kLn2Tail64), log.second) + (p + (lost + rest))));
+    const HeadTail<V> sum = octave_sum<BaseE>(k.e() + added, at, r, fnma(rest, r, rest));
+    return V(0.5) * (sum.head + fma(r * horner(r, kLnOctaveHA64), r, sum.tail));
   } else {
-    const V e = k.centred_exponent() + added;
-    V p;
+    V slope;
     if constexpr (L == Level::EP) {
-      p = horner(k.r, kLnDoubleEP);
+      slope = octave_slope<BaseE>(r, kLnOctaveEP64);
     } else {
-      p = horner(k.r, kLnDoubleLA);
+      slope = octave_slope<BaseE>(r, kLnOctaveLA64);
     }
-    const V head = fma(e, V(kLn2Head64), gather<512>(kLnHeads, indices(k.key))) + k.r;
-    return V(0.5) * (head + fma(e, V(kLn2Tail64), fma(k.r * k.r, p, rest)));
+    return V(0.5) * fma(r, slope, octave_log<BaseE>(k.centred_e() + added, row.second) + rest);
   }
 }
 

@@ -9,7 +9,7 @@
 #include "zym/kernels/exp_int1/constants.h"
 #include "zym/kernels/exp_int1/tables.h"
 #include "zym/kernels/explog/exp.h"
-#include "zym/kernels/explog/ln.h"
+#include "zym/kernels/explog/octave.h"
 #include "zym/kernels/shared/expansion.h"
 #include "zym/skeleton/family.h"
 
@@ -118,20 +118,20 @@ struct ExpInt1<V, L> {
 
   // For 2^-added x, x normal. What is not in the domain gives any finite result.
   static V small(V x, double added) {
-    const KeyedDouble<V> k(x);
     const V a = magnitude(x), bound = V(0x1p-6);
     const V series_at = select(a < bound, a, bound);  // quietly, where minima of a NaN would raise invalid
     if constexpr (L == Level::EP) {
-      const V head = fma(k.centred_exponent(), V(kLn2Head64), gather<512>(kLnHeads, indices(k.key))) + V(kEulerHead);
-      return fms(series_at, horner(series_at, kExpInt1SeriesShort),
-                 head + fma(k.r * k.r, horner(k.r, kLnDoubleEP), k.r));
+      const V log = octave_log_in_one<BaseE, Exponents>(x, kLnOctaveEP64);
+      return fms(series_at, horner(series_at, kExpInt1SeriesShort), log + V(kEulerHead));
     } else {
-      const V e = added == 0.0 ? k.exponent() : k.exponent() - V(added);
-      const auto log = gather<512>(kLnPairs, indices(k.key));
-      const V table = fma(e, V(kLn2Head64), log.first) + V(kEulerHead);  // exact
-      const V head = table + k.r;
-      const V lost = k.r - (head - table);
-      const V low = fma(e, V(kLn2Tail64), log.second + V(kEulerTail)) + (fma(k.r * k.r, ln_polynomial(k.r), lost));
+      const OctaveKey<V, Exponents> k(x);
+      const auto at = k.at();
+      const V r = fms(octave_reciprocal<BaseE, V>(k, at), k.m(), V(1.0));
+      const HeadTail<V> table = octave_parts<BaseE>(added == 0.0 ? k.e() : k.e() - V(added), at);
+      const V sum = table.head + V(kEulerHead);  // exact
+      const V head = sum + r;
+      const V lost = r - (head - sum);
+      const V low = fma(r * horner(r, kLnOctaveLA64), r, lost + (table.tail + V(kEulerTail)));
       return fms(series_at, horner(series_at, kExpInt1Series), low) - head;
     }
   }

@@ -14,18 +14,33 @@ struct BaseE {
   struct Octave;
 };
 template <>
-struct BaseE::Octave<float> {
-  static constexpr const auto& rows = kLnEighths32;
-  static constexpr const auto& reciprocals = kLn1pOctaveReciprocals32;
-  static constexpr const auto& parts = kLnOctaveParts32;
-  static constexpr const auto& la = kLnEighthLA32;
-  static constexpr const auto& ha = kLnOctaveHA32;
-  static constexpr float of2 = kLn2Whole32, of2_head = kLn2Head32, of2_tail = kLn2Tail32;
-};
-template <>
 struct BaseE::Octave<double> {
   static constexpr const auto& rows = kLnOctave64;
   static constexpr const auto& parts = kLnOctaveParts64;
+  static constexpr const auto& ep = kLnOctaveEP64;
+  static constexpr const auto& la = kLnOctaveLA64;
+  static constexpr const auto& ha = kLnOctaveCubic64;
+  static constexpr double of2 = kLn2Head64 + kLn2Tail64, of2_head = kLn2Head64, of2_tail = kLn2Tail64, of_e = 1;
+};
+
+// The same of a sum, whose reduced argument is rounded.
+struct BaseEOfSum {
+  template <class E>
+  struct Octave;
+};
+template <>
+struct BaseEOfSum::Octave<float> {
+  static constexpr const auto& rows = kLn1pEighths32;
+  static constexpr const auto& reciprocals = kLn1pOctaveReciprocals32;
+  static constexpr const auto& parts = kLn1pOctaveParts32;
+  static constexpr const auto& la = kLn1pEighthLA32;
+  static constexpr const auto& ha = kLn1pOctaveHA32;
+  static constexpr float of2 = kLn2Whole32, of2_head = kLn2Head32, of2_tail = kLn2Tail32;
+};
+template <>
+struct BaseEOfSum::Octave<double> {
+  static constexpr const auto& rows = kLn1pOctave64;
+  static constexpr const auto& parts = kLn1pOctaveParts64;
   static constexpr const auto& ep = kLnOctaveEP64;
   static constexpr const auto& la = kLnOctaveLA64;
   static constexpr const auto& ha = kLnOctaveHA64;

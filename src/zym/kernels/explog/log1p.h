@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "zym/kernels/explog/ln.h"
+#include "zym/kernels/explog/ln_element.h"
 #include "zym/kernels/explog/octave.h"
 #include "zym/skeleton/family.h"
 
@@ -55,7 +55,7 @@ struct Log1pCommon {
     if constexpr (Single<V>) {
       *r = static_cast<float>(ln_wide(*px));
     } else {
-      *r = first_lane(ln_pairs(F64(*px), 0.0));
+      *r = octave_log_in_two<BaseE>(*px);
     }
     return code;
   }
@@ -64,24 +64,23 @@ struct Log1pCommon {
   template <size_t N>
   [[gnu::always_inline]] static V in_one(V x, const E (&p)[N]) {
     const OctaveKey<V> k(x + V(E(1)));
-    using B = BaseE::Octave<E>;
-    const auto row = octave_row<B::rows, V>(k.template row<std::size(B::rows)>());
+    using B = BaseEOfSum::Octave<E>;
+    const auto row = octave_pair<B::rows, V>(k, k.template at<std::size(B::rows)>());
     const V c = k.scaled(row.first);
     const V r = fma(c, x, c - V(E(1)));
     const V slope = fma(r, horner(r, p), V(E(1)));  // 1 for tiny x, whose result is x
-    return join_sign(fma(r, slope, octave_log<BaseE>(k.centred_e(), row.second)), x);
+    return join_sign(fma(r, slope, octave_log<BaseEOfSum>(k.centred_e(), row.second)), x);
   }
   [[gnu::always_inline]] static V in_two(V x) {
     const OctaveKey<V> k(x + V(E(1)));
-    const V c = k.scaled(octave_reciprocal<BaseE, V>(k.row()));
+    const auto at = k.at();
+    const V c = k.scaled(octave_reciprocal<BaseEOfSum, V>(k, at));
     const HeadTail<V> product = two_prod(c, x);
     const V less = c - V(E(1));
     const V r = fma(c, x, less);
     const V r_low = ((product.head + less) - r) + product.tail;  // counts where r is not much less than the result
-    const HeadTail<V> table = octave_parts<BaseE>(k.e(), k.row());
-    const V head = table.head + r;
-    const V lost = (r - (head - table.head)) + r_low;
-    return join_sign(head + fma(r * horner(r, BaseE::Octave<E>::ha), r, lost + table.tail), x);
+    const HeadTail<V> sum = octave_sum<BaseEOfSum>(k.e(), at, r, r_low);
+    return join_sign(sum.head + fma(r * horner(r, BaseEOfSum::Octave<E>::ha), r, sum.tail), x);
   }
 };
 
@@ -95,7 +94,7 @@ template <Single V, Level L>
 struct Log1p<V, L> : Log1pCommon<V, L> {
   static V lanes(V x) {
     if constexpr (L == Level::HA) return Log1pCommon<V, L>::in_two(x);
-    if constexpr (L == Level::LA) return Log1pCommon<V, L>::in_one(x, kLnEighthLA32);
+    if constexpr (L == Level::LA) return Log1pCommon<V, L>::in_one(x, BaseEOfSum::Octave<float>::la);
     const OnePlus<V> s(x);
     const Integer<V> u = as_bits(s.sum) - Integer<V>(0x3F2AAAABu);
     const V e = to_float(shift_right_arithmetic<23>(u));
@@ -115,8 +114,8 @@ template <Double V, Level L>
 struct Log1p<V, L> : Log1pCommon<V, L> {
   static V lanes(V x) {
     if constexpr (L == Level::HA) return Log1pCommon<V, L>::in_two(x);
-    if constexpr (L == Level::LA) return Log1pCommon<V, L>::in_one(x, kLnOctaveLA64);
-    return Log1pCommon<V, L>::in_one(x, kLnOctaveEP64);
+    if constexpr (L == Level::LA) return Log1pCommon<V, L>::in_one(x, BaseEOfSum::Octave<double>::la);
+    return Log1pCommon<V, L>::in_one(x, BaseEOfSum::Octave<double>::ep);
   }
 };
 

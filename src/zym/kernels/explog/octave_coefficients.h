@@ -28,10 +28,10 @@ inline constexpr float kLog10EighthLA32[5] = {
 inline constexpr float kLog10OctaveHA32[4] = {0x1.524edp-4f, -0x1.bd0f46p-4f, 0x1.287d22p-3f, -0x1.bcb7aep-3f};
 //: x + x^2 * p(x) = log(1 + x) on [-0.0625, 0.125], relative error 2^-23.4
 //: fit explog/coefficients.sollya
-inline constexpr float kLnEighthLA32[4] = {0x1.6dd63cp-3f, -0x1.004f16p-2f, 0x1.556b4ep-2f, -0x1.000004p-1f};
+inline constexpr float kLn1pEighthLA32[4] = {0x1.6dd63cp-3f, -0x1.004f16p-2f, 0x1.556b4ep-2f, -0x1.000004p-1f};
 //: x + x^2 * p(x) = log(1 + x) on [-0.0352, 0.0625], relative error 2^-28.0
 //: fit explog/coefficients.sollya
-inline constexpr float kLnOctaveHA32[4] = {0x1.859166p-3f, -0x1.003306p-2f, 0x1.555866p-2f, -0x1.fffffcp-2f};
+inline constexpr float kLn1pOctaveHA32[4] = {0x1.859166p-3f, -0x1.003306p-2f, 0x1.555866p-2f, -0x1.fffffcp-2f};
 //: x * p(x) = log2(1 + x) on [-0.0352, 0.0625], relative error 2^-28.4
 //: fit explog/coefficients.sollya
 inline constexpr double kLog2OctaveEP64[5] = {
@@ -82,6 +82,12 @@ inline constexpr double kLnOctaveLA64[9] = {
 inline constexpr double kLnOctaveHA64[10] = {
     0x1.4701dcbe2fb1dp-4, -0x1.98a970904d44fp-4, 0x1.c73b242d0461bp-4, -0x1.00009c7759bcp-3, 0x1.249245d630133p-3,
     -0x1.555555277b734p-3, 0x1.99999999da066p-3, -0x1.00000000025a1p-2, 0x1.555555555554ap-2, -0x1.fffffffffffffp-2
+};
+//: x - x^2/2 + x^3 * p(x) = log(1 + x) on [-0.0352, 0.0625], relative error 2^-60.1
+//: fit explog/coefficients.sollya
+inline constexpr double kLnOctaveCubic64[9] = {
+    0x1.4b4f14d690edcp-4, -0x1.99093859d9365p-4, 0x1.c7372d61af183p-4, -0x1.0000632141d01p-3, 0x1.2492464de0146p-3,
+    -0x1.5555553dd8629p-3, 0x1.99999999d44dbp-3, -0x1.0000000000bbdp-2, 0x1.555555555554ap-2
 };
 
 }  // namespace orvik::zym

@@ -36,7 +36,7 @@ inline constexpr float kLog10Eighths32[8][2] = {
 };
 //: c = i == 0 ? 1 : i == 7 ? 1/2 : grid(1 / (1 + (2*i + 1)/16), 2^-8)
 //: log = 0 - log(i < 4 ? c : 2 * c)
-inline constexpr float kLnEighths32[8][2] = {
+inline constexpr float kLn1pEighths32[8][2] = {
     {0x1p0f, 0.0f}, {0x1.bp-1f, 0x1.5bf406p-3f}, {0x1.86p-1f, 0x1.16b5ccp-2f}, {0x1.64p-1f, 0x1.741d88p-2f},
     {0x1.48p-1f, -0x1.fb9186p-3f}, {0x1.3p-1f, -0x1.5ff308p-3f}, {0x1.1ap-1f, -0x1.8c345ep-4f}, {0x1p-1f, 0.0f}
 };
@@ -58,9 +58,18 @@ inline constexpr double kLog10Octave64[16][2] = {
     {0x1.38p-1, -0x1.5fe80488af4fdp-4}, {0x1.28p-1, -0x1.02428c1f08016p-4}, {0x1.2p-1, -0x1.a30a9d609efeap-5},
     {0x1.18p-1, -0x1.3ed1199a5e425p-5}, {0x1.1p-1, -0x1.af5f92b00e61p-6}, {0x1p-1, 0.0}
 };
-//: c = i == 0 ? 1 : i == 1 ? 3755 * 2^-12 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-12)
+//: c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
 //: log = 0 - log(i < 8 ? c : 2 * c)
 inline constexpr double kLnOctave64[16][2] = {
+    {0x1p0, 0.0}, {0x1.ep-1, 0x1.08598b59e3a07p-4}, {0x1.cp-1, 0x1.1178e8227e47cp-3}, {0x1.ap-1, 0x1.a93ed3c8ad9e3p-3},
+    {0x1.9p-1, 0x1.f991c6cb3b379p-3}, {0x1.8p-1, 0x1.269621134db92p-2}, {0x1.7p-1, 0x1.522ae0738a3d8p-2},
+    {0x1.6p-1, 0x1.7fafa3bd8151cp-2}, {0x1.5p-1, -0x1.1675cababa60ep-2}, {0x1.4p-1, -0x1.c8ff7c79a9a22p-3},
+    {0x1.38p-1, -0x1.9525a9cf456b4p-3}, {0x1.28p-1, -0x1.29552f81ff523p-3}, {0x1.2p-1, -0x1.e27076e2af2e6p-4},
+    {0x1.18p-1, -0x1.6f0d28ae56b4cp-4}, {0x1.1p-1, -0x1.f0a30c01162a6p-5}, {0x1p-1, 0.0}
+};
+//: c = i == 0 ? 1 : i == 1 ? 3755 * 2^-12 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-12)
+//: log = 0 - log(i < 8 ? c : 2 * c)
+inline constexpr double kLn1pOctave64[16][2] = {
     {0x1p0, 0.0}, {0x1.d56p-1, 0x1.6408f471c82a6p-4}, {0x1.bacp-1, 0x1.299d30c606ea7p-3},
     {0x1.a42p-1, 0x1.9509aa0044f8fp-3}, {0x1.8fap-1, 0x1.fb7d86eee3b9p-3}, {0x1.7dp-1, 0x1.2e9e2bce12286p-2},
     {0x1.6c2p-1, 0x1.5d01dc49ff2e8p-2}, {0x1.5cap-1, 0x1.898d38a89347ep-2}, {0x1.4e6p-1, -0x1.117ee81dfe4c4p-2},
@@ -94,7 +103,7 @@ inline constexpr float kLog10OctaveParts32[16][2] = {
 //: let c = i == 0 ? 1 : i == 1 ? 3755 * 2^-12 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-12)
 //: head = grid(0 - log(c), 2^-17)
 //: tail = 0 - log(c) - head
-inline constexpr float kLnOctaveParts32[16][2] = {
+inline constexpr float kLn1pOctaveParts32[16][2] = {
     {0.0f, 0.0f}, {0x1.6408p-4f, 0x1.e8e39p-21f}, {0x1.299cp-3f, 0x1.30c606p-19f}, {0x1.9508p-3f, 0x1.aa0044p-19f},
     {0x1.fb7cp-3f, 0x1.86eee4p-19f}, {0x1.2e9ep-2f, 0x1.5e7092p-21f}, {0x1.5d02p-2f, -0x1.1db006p-21f},
     {0x1.898ep-2f, -0x1.8eaedap-19f}, {0x1.b44ap-2f, -0x1.107d6ep-19f}, {0x1.dd4ap-2f, 0x1.409c38p-19f},
@@ -126,10 +135,23 @@ inline constexpr double kLog10OctaveParts64[16][2] = {
     {0x1.0c6711d6bp-2, -0x1.0a16b572cf3edp-40}, {0x1.194b3bdefp-2, 0x1.ae77e29042117p-40},
     {0x1.34413509fp-2, 0x1.e7fbcc47c4acdp-40}
 };
-//: let c = i == 0 ? 1 : i == 1 ? 3755 * 2^-12 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-12)
+//: let c = i < 4 ? 1 - i/16 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-6)
 //: head = grid(0 - log(c), 2^-38)
 //: tail = i == 15 ? bits(log(2) - head, 38) : 0 - log(c) - head
 inline constexpr double kLnOctaveParts64[16][2] = {
+    {0.0, 0.0}, {0x1.08598b5ap-4, -0x1.c5f9775c02641p-40}, {0x1.1178e8228p-3, -0x1.b8421cc74be04p-43},
+    {0x1.a93ed3c8ap-3, 0x1.b3c6de57d4ef5p-40}, {0x1.f991c6cb4p-3, -0x1.321a099af9906p-41},
+    {0x1.269621135p-2, -0x1.236c3e20a44c5p-41}, {0x1.522ae0739p-2, -0x1.70a0c7bf4d9c5p-40},
+    {0x1.7fafa3bd8p-2, 0x1.51bede6fdb533p-42}, {0x1.af5295249p-2, -0x1.917cc55277446p-41},
+    {0x1.e148a1a27p-2, 0x1.366ca6fc66eb6p-41}, {0x1.fb358af7ap-2, 0x1.2210bf4782c92p-40},
+    {0x1.188ee40f2p-1, 0x1.e53313be2ad19p-40}, {0x1.269621135p-1, -0x1.236c3e20a44c5p-40},
+    {0x1.35028ad9d8p-1, 0x1.90b83f9527e6bp-42}, {0x1.43d9ff2f9p-1, 0x1.1e267b0b7efaep-40},
+    {0x1.62e42fefap-1, 0x1.cf79abc9ep-40}
+};
+//: let c = i == 0 ? 1 : i == 1 ? 3755 * 2^-12 : i == 15 ? 1/2 : grid(1 / (1 + (2*i + 1)/32), 2^-12)
+//: head = grid(0 - log(c), 2^-38)
+//: tail = i == 15 ? bits(log(2) - head, 38) : 0 - log(c) - head
+inline constexpr double kLn1pOctaveParts64[16][2] = {
     {0.0, 0.0}, {0x1.6408f471cp-4, 0x1.054cd33e024c9p-41}, {0x1.299d30c6p-3, 0x1.ba9a00f3b811bp-41},
     {0x1.9509aa004p-3, 0x1.3e3cceb69a6b9p-41}, {0x1.fb7d86eeep-3, 0x1.dc7f3c648fed1p-42},
     {0x1.2e9e2bce1p-2, 0x1.14300c128d1dcp-41}, {0x1.5d01dc4ap-2, -0x1.a2fd51cc1684bp-43},

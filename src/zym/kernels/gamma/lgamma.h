@@ -5,7 +5,7 @@
 // One polynomial and one logarithm serve every lane.
 #pragma once
 
-#include "zym/kernels/explog/ln.h"
+#include "zym/kernels/explog/log.h"
 #include "zym/kernels/gamma/element.h"
 #include "zym/kernels/gamma/rows.h"
 #include "zym/kernels/shared/corrections.h"
@@ -46,7 +46,7 @@ struct LogPlace {
 // below.
 template <Double V>
 V rest_of_reflection(V a) {
-  const V sine = ln_pairs(magnitude(Sinpi<V, Level::LA>::lanes(a)), 0.0);  // quietly of 0, too
+  const V sine = octave_log_in_two<BaseE, Exponents>(magnitude(Sinpi<V, Level::LA>::lanes(a)));  // quietly of 0, too
   const V s = Row<V>(V(kStirlingRow - kGammaFirst)).template value<kRest>(V(1.0) / min(a, V(0x1p60)));
   return sine + (s + V(kOneLessLogOfPi));
 }
@@ -116,7 +116,7 @@ struct LGamma<V, L> {
     const V den = p.distance * v.head;
     const V den_tail = fma(p.distance, v.tail, fms(p.distance, v.head, den));
     const V argument = p.argument(x, select(pole, V(1.0), den));
-    HeadTail<V> ln = ln_head_tail(argument, 0.0);
+    HeadTail<V> ln = ln_head_tail(argument);
     // ln(h + t) = ln(h) + t / h.
     ln.tail = fma(keep(p.low, flip_sign(den_tail, den)), rough_reciprocal(argument), ln.tail);
 
@@ -135,14 +135,15 @@ struct LGamma<V, L> {
     const Mask<V> tiny = (magnitude(x) < V(kTiny)) & (magnitude(x) > V(0.0));
     const Mask<V> huge = (x > V(kHuge)) & (x <= V(gamma::Bounds<double>::log_overflow));
     const V a = select(negative | huge, magnitude(x), V(100.5));
-    const HeadTail<V> ln = ln_head_tail(a, 0.0);
+    const HeadTail<V> ln = ln_head_tail(a);
     const HeadTail<V> less = fast_two_sum(ln.head, V(-1.0));
     const V factor = select(huge, a * V(0.5), a + V(0.5));
     const V factor_tail = drop(huge, (a - factor) + V(0.5));
     const HeadTail<V> product = two_prod(factor, less.head);
     const V tail = fma(factor, less.tail + ln.tail, fma(factor_tail, less.head, product.tail));
     const V reflected = V(0.0) - (product.head + (tail + gamma::rest_of_reflection(a)));
-    const V next_to_zero = V(0.0) - ln_pairs(select(tiny, magnitude(x), V(0x1p-1000)) * V(0x1p60), 60.0);
+    const V lifted = select(tiny, magnitude(x), V(0x1p-1000)) * V(0x1p60);
+    const V next_to_zero = V(0.0) - octave_log_in_two<BaseE>(lifted, 60.0);
     const V large = select(huge, (product.head + tail) * V(2.0), reflected);
     return {select(tiny, next_to_zero, large), complement(negative | huge | tiny)};
   }

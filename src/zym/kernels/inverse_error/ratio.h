@@ -9,6 +9,7 @@
 #include "lanes/head_tail.h"
 #include "lanes/lanes.h"
 #include "zym/kernels/explog/ln.h"
+#include "zym/kernels/explog/octave.h"
 #include "zym/kernels/inverse_error/coefficients.h"
 #include "zym/kernels/inverse_error/constants.h"
 #include "zym/kernels/inverse_error/tables.h"
@@ -22,37 +23,26 @@ namespace orvik::zym::inverse_error {
 // Where 1 - t^2 is 2^-added s, s normalised.
 template <Double V>
 [[gnu::always_inline]] inline V t_times_ratio_ha(HeadTail<V> t, HeadTail<V> s, double added) {
-  using I = Integer<V>;
-  const KeyedDouble<V> k(s.head);
-  const V scale =  // rc scale: 1/s
-      as_float(I(int64_t{1023 + 1023 - 10} << 52) - (as_bits(s.head) & I(int64_t{0x7FF} << 52)));
-  const V correction = k.rc * scale * s.tail;
-  const V e = added == 0.0 ? k.exponent() : k.exponent() - V(added);
-  const auto log = gather<512>(kLnPairs, indices(k.key));
-  // -w: head, and what is below it.
-  const V table = fma(e, V(kLn2Head64), log.first);
-  const V head = table + k.r;
-  const V lost = k.r - (head - table);
-  const V low = fma(e, V(kLn2Tail64), log.second) + (fma(k.r * k.r, ln_polynomial(k.r), correction) + lost);
+  const OctaveKey<V> k(s.head);
+  const auto at = k.at();
+  const V near = octave_reciprocal<BaseE, V>(k, at);
+  const V r = fms(near, k.m(), V(1.0));
+  const V tail = k.scaled(near) * s.tail;
+  const V correction = fnma(tail, r, tail);  // ln(s) - ln(s.head)
+  // -w: head, which lacks r^2/2 and is good for the row, and what is below it.
+  const HeadTail<V> sum = octave_sum<BaseE>(added == 0.0 ? k.e() : k.e() - V(added), at, r, correction);
+  const V low = fma(r * horner_by_two(r, kLnOctaveLA64), r, sum.tail);
 
-  const ExpansionRow<V, 4, 2> row(V(4.0) - head);
-  const V x = V(0.0) - ((head + (row.middle - V(4.0))) + low);
+  const ExpansionRow<V, 4, 2> row(V(4.0) - sum.head);
+  const V x = V(0.0) - ((sum.head + (row.middle - V(4.0))) + low);
   const Expansion<V> c(x, row_indices(row.index), kErfInvTerms0, kErfInvTerms4, kErfInvTerms8);
   const V rest = fma(x, c.rest, c.first_tail);  // some 3 % of c0 at most: its roundings count little
   return fma(t.head, c.first, fma(t.head, rest, t.tail * c.first));
 }
 
 template <Double V>
-[[gnu::always_inline]] inline V minus_ln(const KeyedDouble<V>& k, V p) {
-  const V e = k.centred_exponent();
-  const V head = fma(e, V(kLn2Head64), gather<512>(kLnHeads, indices(k.key))) + k.r;
-  return V(0.0) - (head + fma(e, V(kLn2Tail64), k.r * k.r * p));
-}
-
-template <Double V>
 [[gnu::always_inline]] inline V t_times_ratio_la(V t, V s) {
-  const KeyedDouble<V> k(s);
-  const V w = minus_ln(k, horner(k.r, kLnDoubleLA));
+  const V w = V(0.0) - octave_log_in_one<BaseE>(s, kLnOctaveLA64);
   const ExpansionRow<V, 4, 2> row(w + V(4.0));
   const V x = w - (row.middle - V(4.0));
   const Expansion<V> c(x, row_indices(row.index), kErfInvTerms0, kErfInvTerms4, kErfInvTerms8);
@@ -61,8 +51,7 @@ template <Double V>
 
 template <Double V>
 [[gnu::always_inline]] inline V t_times_ratio_ep(V t, V s) {
-  const KeyedDouble<V> k(s);
-  const V w = minus_ln(k, horner(k.r, kLnDoubleEP));
+  const V w = V(0.0) - octave_log_in_one<BaseE>(s, kLnOctaveEP64);
   const ExpansionRow<V, 5, 2> row(w + V(4.0));
   const V x = w - (row.middle - V(4.0));
   return t * short_expansion(x, gather(kErfInvShort, indices(row.index)));

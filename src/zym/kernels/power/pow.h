@@ -120,7 +120,7 @@ struct Pow<V, Level::HA> : PowSingle<V> {
     const V power = by_halves([](auto wide_x, auto wide_y) __attribute__((always_inline)) {
       using W = decltype(wide_x);
       const OctaveKey<W> k(wide_x);
-      const auto row = octave_row<kPowOctave64, W>(k.row());
+      const auto row = octave_pair<kPowOctave64, W>(k, k.at());
       const W r = fms(row.first, k.m(), W(1.0));
       const W log = fma(r, horner(r, kPowLog2Octave), k.e() + row.second);
       const W t = clamp_magnitude(wide_y * log, W(126.0));
@@ -151,33 +151,13 @@ struct PowKey {
   }
 };
 
-// The reciprocals by their high words, which are all of them: without permutes of doubles these come from registers too,
-// since everything waits for them.
-struct PowReciprocalWords {
-  alignas(32) float of[16];
-  constexpr PowReciprocalWords() : of{} {
-    for (int i = 0; i < 16; ++i) {
-      of[i] = std::bit_cast<float>(static_cast<uint32_t>(std::bit_cast<uint64_t>(kPowRows64[i][0]) >> 32));
-    }
-  }
-};
-inline constexpr PowReciprocalWords kPowReciprocalWords;
-inline F64 reciprocal_by_words(I64 key) {
-  const I32 words = as_bits(look_up_in_sixteen(kPowReciprocalWords.of, as_words(shift_right<16>(key))));
-  return as_float(as_long_words(words) & I64(uint64_t{0xFFFFFFFF00000000}));
-}
-template <class I>
-Twice<F64> reciprocal_by_words(Twice<I> key) {
-  return {reciprocal_by_words(key.low), reciprocal_by_words(key.high)};
-}
-
 // One column each: the reciprocals, and their logarithms in one part.
 template <Double V>
 V pow_reciprocal(PowKey<V> k) {
   if constexpr (kHasPermutes64<V>) {
     return look_up_in_16(kColumns<kPowRows64>.of[0], k.row());
   } else {
-    return reciprocal_by_words(k.key);
+    return reciprocal_by_words<kPowRows64>(k.key);
   }
 }
 template <Double V>

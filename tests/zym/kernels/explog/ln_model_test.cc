@@ -1,5 +1,4 @@
 // The lanes of ln x against a scalar model of their steps, bit for bit.
-#include <immintrin.h>
 #include <mpfr.h>
 
 #include <cmath>
@@ -73,26 +72,28 @@ TEST(LnModel, FloatLanesHaveTheBitsOfTheirSteps) {
   compare(2, ln_ep);
 }
 
-// 64 bits. x = 2^e m with m in [1, 2); rc is the integer nearest to the estimate of 1024/m, r = rc m / 1024 - 1.
-struct Keyed {
-  double e, rc, r;
+// 64 bits. x = 2^e m with m in [1, 2), a row of a sixteenth of the octave, c near 1/m in six bits, r = c m - 1, exact.
+struct Reduced {
+  double e, m;
+  int row;
+  double c, r;
 };
-Keyed keyed(double x) {
+Reduced reduced(double x) {
   int e;
-  const double m = std::frexp(x, &e) * 0x1p-9;  // in [2^-10, 2^-9)
-  const double rc = std::nearbyint(static_cast<double>(_mm_cvtss_f32(_mm_rcp_ps(_mm_set1_ps(static_cast<float>(m))))));
-  return {static_cast<double>(e - 1), rc, std::fma(rc, m, -1.0)};
+  const double m = 2 * std::frexp(x, &e);
+  const int row = static_cast<int>((m - 1) * 16);
+  const double c = row < 4 ? 1 - row / 16.0 : row == 15 ? 0.5 : std::nearbyint(64 / (1 + (2 * row + 1) / 32.0)) / 64;
+  return {static_cast<double>(e - 1), m, row, c, std::fma(c, m, -1.0)};
 }
 
-// -ln(numerator/denominator): the nearest multiple of `grid` (0: the nearest double), and the rest.
+// -ln(x): the nearest multiple of `grid` (0: the nearest double), and the rest.
 struct Log {
   double head, low;
 };
-Log minus_ln(double numerator, double denominator, double grid) {
+Log minus_ln(double x, double grid) {
   mpfr_t exact, head;
   mpfr_inits2(200, exact, head, static_cast<mpfr_ptr>(nullptr));
-  mpfr_set_d(exact, numerator, MPFR_RNDN);
-  mpfr_div_d(exact, exact, denominator, MPFR_RNDN);
+  mpfr_set_d(exact, x, MPFR_RNDN);
   mpfr_log(exact, exact, MPFR_RNDN);
   mpfr_neg(exact, exact, MPFR_RNDN);
   if (grid == 0) {
@@ -109,39 +110,54 @@ Log minus_ln(double numerator, double denominator, double grid) {
 }
 
 constexpr double kLn2Head = 0.6931471805582987, kLn2Tail = 1.6465949582866463e-12;
-constexpr double kC5 = 0.2000003665949424, kC4 = -0.2500003054940248, kC3 = 0.33333333333308374,
-                 kC2 = -0.49999999999988803;
+template <size_t N>
+double horner(const double (&c)[N], double r) {
+  double p = c[0];
+  for (size_t i = 1; i < N; ++i) p = std::fma(p, r, c[i]);
+  return p;
+}
 
-// Rows below 724 belong to the next exponent, so that the logarithms on both sides of 1 are small.
+// From m = 3/2 on the exponent is one more, so that the logarithms on both sides of 1 are small.
 double ln_short(double x, double p(double)) {
-  Keyed k = keyed(x);
-  double row = k.rc == 1024 || k.rc == 512 ? 0.0 : minus_ln(k.rc, k.rc < 724 ? 512 : 1024, 0).head;
-  if (k.rc < 724) k.e += 1;
-  const double head = std::fma(k.e, kLn2Head, row) + k.r;
-  return head + std::fma(k.e, kLn2Tail, k.r * k.r * p(k.r));
+  const Reduced k = reduced(x);
+  const double up = k.m >= 1.5 ? 1 : 0;
+  const double row = k.row == 0 || k.row == 15 ? 0.0 : minus_ln(k.c * (1 + up), 0).head;
+  const double table = std::fma(k.e + up, 0x1.62e42fefa39efp-1, row);
+  return std::fma(k.r, std::fma(k.r, p(k.r), 1.0), table);
 }
 double ln_ep(double x) {
-  return ln_short(x, [](double r) { return std::fma(kC3, r, kC2); });
+  return ln_short(x, [](double r) {
+    return horner({0x1.856ae5df74e94p-3, -0x1.0031b85920dbp-2, 0x1.55586a22887b9p-2, -0x1.fffffc62c40bap-2}, r);
+  });
 }
 double ln_la(double x) {
-  return ln_short(x, [](double r) { return std::fma(std::fma(std::fma(kC5, r, kC4), r, kC3), r, kC2); });
+  return ln_short(x, [](double r) {
+    return horner({-0x1.6cbecb02a6ae6p-4, 0x1.c67d5deb52b55p-4, -0x1.000e93fff3014p-3, 0x1.2492b5c49e756p-3,
+                   -0x1.5555523f81a94p-3, 0x1.9999997fe2b15p-3, -0x1.000000001fa83p-2, 0x1.555555555622ep-2,
+                   -0x1.ffffffffffff4p-2},
+                  r);
+  });
 }
 
-// The heads on a grid of 2^-38, so that they add exactly to the exponent's multiple; row 512 cancels it.
+// The heads on a grid of 2^-38, so that they add exactly to the exponent's multiple; the last row cancels it.
 double ln_ha(double x) {
-  const Keyed k = keyed(x);
+  const Reduced k = reduced(x);
   Log row = {0, 0};
-  if (k.rc == 512) {
+  if (k.row == 15) {
     row = {kLn2Head, kLn2Tail};
-  } else if (k.rc != 1024) {
-    row = minus_ln(k.rc, 1024, 0x1p-38);
+  } else if (k.row != 0) {
+    row = minus_ln(k.c, 0x1p-38);
   }
-  const double r = k.r;
-  const double p = r * r * std::fma(std::fma(kC5, r, kC4), r * r, std::fma(kC3, r, kC2));
+  const double r = k.r, square = r * r;
+  const double even = horner({0x1.4b4f14d690edcp-4, 0x1.c7372d61af183p-4, 0x1.2492464de0146p-3, 0x1.99999999d44dbp-3,
+                              0x1.555555555554ap-2},
+                             square);
+  const double odd = horner({-0x1.99093859d9365p-4, -0x1.0000632141d01p-3, -0x1.5555553dd8629p-3, -0x1.0000000000bbdp-2}, square);
   const double table = std::fma(k.e, kLn2Head, row.head);
   const double head = table + r;
   const double lost = r - (head - table);
-  return head + (std::fma(k.e, kLn2Tail, row.low) + (p + lost));
+  const double low = lost + std::fma(k.e, kLn2Tail, row.low);
+  return head + std::fma(-0.5 * r, r, std::fma(r * r * r, std::fma(odd, r, even), low));
 }
 
 void compare_double(int level, double (*model)(double)) {

@@ -79,8 +79,8 @@ struct LnElement {
 template <class V, Level L>
 struct Ln;
 
-// cLn LA: 1.9406 ulp norm at 0x1.eb8518p-1, 0x1.1eb852p-2
-// cLn HA: 0.7055 ulp norm at -0x1.d1c24p+2, 0x1.d95302p+1
+// cLn LA: 1.9427 ulp norm at 0x1.3fc31ap+0, 0x1.c6fd16p-2
+// cLn HA: 0.7094 ulp norm at -0x1.ff381cp-9, 0x1.6dcab8p+1
 // cLn EP: 14.79 bits norm at 0x1.eee8ap-1, -0x1.065ea8p-2
 template <Single V, Level L>
 struct Ln<V, L> : LnElement<float> {
@@ -94,9 +94,9 @@ struct Ln<V, L> : LnElement<float> {
   }
 };
 
-// zLn LA: 1.7186 ulp norm at 0x1.b62b247fdaea8p+0, -0x1.d32c3c283b0a8p+1
+// zLn LA: 1.7676 ulp norm at 0x1.08111b9350b6p+0, 0x1.91a055bf76d1p-25
 // zLn HA: 0.7057 ulp norm at 0x1.dfcf80b4c6f98p-11, 0x1.75276225863b4p+1
-// zLn EP: 30.83 bits norm at 0x1.f97d67855bc04p-1, -0x1.458d4641d507bp-3
+// zLn EP: 28.06 bits norm at 0x1.069bda5d24b9p+0, -0x1.a8e6266883217p-21
 template <Double V, Level L>
 struct Ln<V, L> : LnElement<double> {
   static constexpr Knobs knobs = {.vectors = 1, .stray = kUnderflowFlag};

@@ -120,7 +120,7 @@ struct Pow<V, Level::HA> : PowSingle<V> {
     const V power = by_halves([](auto wide_x, auto wide_y) __attribute__((always_inline)) {
       using W = decltype(wide_x);
       const OctaveKey<W> k(wide_x);
-      const auto row = octave_pair<kPowOctave64, W>(k, k.at());
+      const auto row = octave_row<kPowOctave64, W>(k.at());
       const W r = fms(row.first, k.m(), W(1.0));
       const W log = fma(r, horner(r, kPowLog2Octave), k.e() + row.second);
       const W t = clamp_magnitude(wide_y * log, W(126.0));

@@ -48,10 +48,10 @@ int32_t outside_domain(E* r) {
 
 // --- ErfInv ---------------------------------------------------------------------------------------------------------
 
-// sErfInv LA: 2.1919 ulp at 0x1.9f7a8ep-1
+// sErfInv LA: 2.1919 ulp at -0x1.9f7a8ep-1
 // sErfInv HA: 0.5272 ulp at 0x1.fbd9b4p-1
 // sErfInv EP: 13.50 bits at 0x1.373b06p-1
-// dErfInv LA: 2.2250 ulp at 0x1.ae80a827ac752p-1
+// dErfInv LA: 2.1899 ulp at 0x1.a0e0eae46807cp-1
 // dErfInv HA: 0.7429 ulp at -0x0.b699cf3d18144p-1022
 // dErfInv EP: 28.88 bits at -0x1.fb4a47e4c0ad1p-1
 template <class V, Level L>
@@ -113,9 +113,9 @@ struct ErfInv {
 // sErfcInv LA: 2.7522 ulp at 0x1.84d044p-3
 // sErfcInv HA: 0.5308 ulp at 0x1.2d6a84p-7
 // sErfcInv EP: 13.50 bits at 0x1.91705ap-2
-// dErfcInv LA: 2.5928 ulp at 0x1.683ad3dfe7933p-3
-// dErfcInv HA: 0.5570 ulp at 0x1.78297e10c1addp+0
-// dErfcInv EP: 28.99 bits at 0x1.2d3f3b9a153c8p-7
+// dErfcInv LA: 2.6100 ulp at 0x1.f006e8415343fp-2
+// dErfcInv HA: 0.5767 ulp at 0x1.fdd80a70e5bd2p-1
+// dErfcInv EP: 28.86 bits at 0x1.fda5156a942edp+0
 template <class V, Level L>
 struct ErfcInv {
   using E = Element<V>;
@@ -173,8 +173,8 @@ struct ErfcInv {
 // sCdfNormInv LA: 3.3964 ulp at 0x1.8a773p-6
 // sCdfNormInv HA: 0.5221 ulp at 0x1.2d77c6p-8
 // sCdfNormInv EP: 13.50 bits at 0x1.92606ap-3
-// dCdfNormInv LA: 3.6060 ulp at 0x1.d0d0df1f60972p-6
-// dCdfNormInv HA: 0.5953 ulp at 0x1.0c760d0b93edfp-1
+// dCdfNormInv LA: 3.1184 ulp at 0x1.f048f0a42aee3p-1
+// dCdfNormInv HA: 0.5890 ulp at 0x1.ce13c73d4bf5p-2
 // dCdfNormInv EP: 28.87 bits at 0x1.2d72346cf0cbep-8
 template <class V, Level L>
 struct CdfNormInv {

@@ -117,8 +117,12 @@ double horner(const double (&c)[N], double r) {
   return p;
 }
 
-// From m = 3/2 on the exponent is one more, so that the logarithms on both sides of 1 are small.
+double ln_ha(double x);
+
+// From m = 3/2 on the exponent is one more, so that the logarithms on both sides of 1 are small; where that leaves the
+// exponents, the element routine serves.
 double ln_short(double x, double p(double)) {
+  if (x >= 0x1.8p1023) return ln_ha(x);
   const Reduced k = reduced(x);
   const double up = k.m >= 1.5 ? 1 : 0;
   const double row = k.row == 0 || k.row == 15 ? 0.0 : minus_ln(k.c * (1 + up), 0).head;

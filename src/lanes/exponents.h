@@ -15,7 +15,6 @@ struct Exponents<V> {
   Integer<V> biased;  // the exponent field at the low end of the bits of 2^52
   explicit Exponents(V x) : biased(shift_right<52>(as_bits(x)) | as_bits(V(0x1p52))) {}
   V numbers() const { return as_float(biased) - V(0x1p52 + 1023); }
-  V one_more(Mask<V> where) const { return as_float(biased - minus_one(where)) - V(0x1p52 + 1023); }
 };
 template <Single V>
 struct Exponents<V> {
@@ -35,7 +34,6 @@ struct NormalExponents<F64> {
   F64 e;
   explicit NormalExponents(F64 x) : e(_mm512_getexp_pd(x.v)) {}
   F64 numbers() const { return e; }
-  F64 one_more(M64 where) const { return _mm512_mask_add_pd(e.v, where.v, e.v, _mm512_set1_pd(1.0)); }
 };
 template <>
 struct NormalExponents<F32> {
@@ -48,7 +46,6 @@ struct NormalExponents<Twice<V>> {
   NormalExponents<V> low, high;
   explicit NormalExponents(Twice<V> x) : low(x.low), high(x.high) {}
   Twice<V> numbers() const { return {low.e, high.e}; }
-  Twice<V> one_more(Twice<Mask<V>> where) const { return {low.one_more(where.low), high.one_more(where.high)}; }
 };
 #endif
 

@@ -17,17 +17,12 @@ void numbers(Element<V>* x, double step) {
   for (int k = 0; k < kWidth<V>; ++k) x[k] = static_cast<Element<V>>(step * (k + 1));
 }
 
-TEST(Exponents, AreThoseOfOneElementAndOneMoreWhereAsked) {
-  double x[kWidth<F64>], plain[kWidth<F64>], more[kWidth<F64>];
+TEST(Exponents, AreThoseOfOneElement) {
+  double x[kWidth<F64>], plain[kWidth<F64>];
   for (const double step : {2.2250738585072014e-308, 0.001, 0.75, 1.0, 1e300}) {
     numbers<F64>(x, step);
-    const Exponents<F64> e(load<F64>(x));
-    store(plain, e.numbers());
-    store(more, e.one_more(mask_of_bits<F64>(0xA5)));
-    for (int k = 0; k < kWidth<F64>; ++k) {
-      EXPECT_EQ(plain[k], std::logb(x[k])) << x[k];
-      EXPECT_EQ(more[k], std::logb(x[k]) + ((0xA5 >> k) & 1)) << x[k];
-    }
+    store(plain, Exponents<F64>(load<F64>(x)).numbers());
+    for (int k = 0; k < kWidth<F64>; ++k) EXPECT_EQ(plain[k], std::logb(x[k])) << x[k];
   }
   float y[kWidth<F32>], single[kWidth<F32>];
   for (const double step : {1.1754943508222875e-38, 0.3, 1e37}) {

@@ -42,9 +42,8 @@ inline F64 sqrt(F64 a) { return _mm256_sqrt_pd(a.v); }
 inline F32 reciprocal_estimate(F32 a) { return _mm256_rcp_ps(a.v); }
 inline F32 inverse_root_estimate(F32 a) { return _mm256_rsqrt_ps(a.v); }
 
-// The same of the narrowed values: what is no normal float is out of range. The second form rounds it to an integer.
+// The same of the narrowed values: what is no normal float is out of range.
 inline F64 reciprocal_estimate(F64 a) { return _mm256_cvtps_pd(_mm_rcp_ps(_mm256_cvtpd_ps(a.v))); }
-inline I32Half integer_reciprocal(F64 a) { return _mm_cvtps_epi32(_mm_rcp_ps(_mm256_cvtpd_ps(a.v))); }
 
 // The instruction's own choice on NaNs and zeros: b unless a is greater (less).
 inline F32 max(F32 a, F32 b) { return _mm256_max_ps(a.v, b.v); }

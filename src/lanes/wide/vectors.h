@@ -54,7 +54,6 @@ inline F32 inverse_root_estimate(F32 a) {
   return join_256(_mm256_rsqrt_ps(low_256(a.v)), _mm256_rsqrt_ps(high_256(a.v)));
 }
 inline F64 reciprocal_estimate(F64 a) { return _mm512_cvtps_pd(_mm256_rcp_ps(_mm512_cvtpd_ps(a.v))); }
-inline I32Half integer_reciprocal(F64 a) { return _mm256_cvtps_epi32(_mm256_rcp_ps(_mm512_cvtpd_ps(a.v))); }
 
 // The instruction's own choice on NaNs and zeros: b unless a is greater (less).
 inline F32 max(F32 a, F32 b) { return _mm512_max_ps(a.v, b.v); }

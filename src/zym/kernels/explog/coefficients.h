@@ -31,10 +31,8 @@ inline constexpr float kLog2SingleEP[5] = {
     0x1.4d736p-2f, -0x1.96cd6ap-2f, 0x1.eae082p-2f, -0x1.70cb38p-1f, 0x1.715508p0f
 };
 
-// 64 bits: x = m rc/1024 - 1, m below 2, the estimate as above: |x| below 2^-10 + 1.5 * 2^-12 = 0.00135.
-//: x + x^2 * p(x) = log(1 + x) on [-0.0014, 0.0014], relative error 2^-30.4
-inline constexpr double kLnDoubleEP[2] = {0x1.55555555543c5p-2, -0x1.ffffffffff81fp-2};
-//: x + x^2 * p(x) = log(1 + x) on [-0.0014, 0.0014], relative error 2^-52.0
+// 64 bits: x = c m - 1, c the multiple of 2^-10 next to 1/m, m below 2: |x| below 2^-10.
+//: x + x^2 * p(x) = log(1 + x) on [-0.001, 0.001], relative error 2^-55.0
 inline constexpr double kLnDoubleLA[4] = {
     0x1.9999cacdb4d0ap-3, -0x1.0000148058ee1p-2, 0x1.55555555543c5p-2, -0x1.ffffffffff81fp-2
 };

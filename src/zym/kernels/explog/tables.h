@@ -55,19 +55,11 @@ extern const double kLessExp2Rows128[128];
 //: rest = -log(c) - head
 extern const double kLnReciprocal64[65][3];
 
-// Logarithms of k/1024. Pairs: head on a grid of 2^-38, so that it adds exactly to a multiple of the head of
+// Logarithms of k/1024: head on a grid of 2^-38, so that it adds exactly to a multiple of the head of
 // log(2), rest; in row 512 both are those that the lanes multiply by the exponent, so that they cancel.
 //: i from 512
 //: head = grid(-log(i/1024), 2^-38)
 //: tail = i == 512 ? bits(log(2) - head, 38) : -log(i/1024) - head
 extern const double kLnPairs[513][2];
-//: i from 512
-//: head = grid(-log2(i/1024), 2^-38)
-//: tail = -log2(i/1024) - head
-extern const double kLog2Pairs[513][2];
-// The same rounded; below row 724 of i/512, so that the rows on both sides of 1 are small.
-//: i from 512
-//: = i < 724 ? -log(i/512) : -log(i/1024)
-extern const double kLnHeads[513];
 
 }  // namespace orvik::zym

@@ -312,6 +312,7 @@ TYPED_TEST(EveryRow, ErrnoStaysAsItWas) {
     b[2 * i + 1] *= std::ldexp(E(1), -static_cast<int>(i % 61) * std::numeric_limits<E>::max_exponent / 61);
   }
   for_each_kernel<TypeParam>([&](const Tested& tested) {
+    if (rows::find(tested.row.name) != &tested.row) return;  // a plain loop over the standard library
     std::vector<E> r1(2 * kCount), r2(2 * kCount);
     for (bool strided : {false, true}) {
       errno = EILSEQ;

@@ -93,7 +93,7 @@ TYPED_TEST(Flags, LinearFractionsOfFewElementsRaiseNoneOfOthers) {
           c.fraction[0] = scaleA, c.fraction[1] = shiftA, c.fraction[2] = 4, c.fraction[3] = -4 * filler;
           std::feclearexcept(FE_ALL_EXCEPT);
           ASSERT_TRUE(call_row(row_named(row_of<E>("LinearFrac")), 1, strided, c));
-          EXPECT_EQ(std::fetestexcept(kWatched), 0) << filler << ", " << scaleA << " n = " << n << " strided " << strided;
+          EXPECT_EQ(std::fetestexcept(kWatched), 0) << filler << ", " << scaleA << " n = " << n << strided;
         }
       }
     }

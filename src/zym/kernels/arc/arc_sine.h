@@ -225,7 +225,8 @@ struct Asinpi : arc::ArcSine<V, L, Unit::half_turn> {
 template <class V, Level L>
 struct Acos : arc::ArcCosine<V, L, Unit::radian> {
   // The arc sine of a denormal underflows, the right angle less it does not.
-  static constexpr Knobs knobs = {.stray = L == Level::HA ? 0 : kUnderflowFlag, .together = Double<V> && L != Level::HA};
+  static constexpr Knobs knobs = {.stray = L == Level::HA ? 0 : kUnderflowFlag,
+                                  .together = Double<V> && L != Level::HA};
 };
 // sAcospi LA: 2.4558 ulp at 0x1.6de6e2p-1
 // sAcospi HA: 0.5473 ulp at 0x1.6a1ddep-1

@@ -17,7 +17,8 @@ class ComplexFlags : public ComplexTest<C> {
 
   // Of one call on arrays that hold a and b among plain elements, in whole blocks and in the rest.
   template <class In, class Out>
-  static int flags_of(const std::string& function, int level, bool strided, In a, In b, int before, int watched = kSevere) {
+  static int flags_of(const std::string& function, int level, bool strided, In a, In b, int before,
+                      int watched = kSevere) {
     const uint32_t mode = _zymSetMode(ZYM_ERRMODE_NOERR);
     std::vector<In> x(150, element<In>(0.75, 1.5)), y(150, element<In>(0.5, -2));
     std::vector<Out> r(150);
@@ -70,7 +71,8 @@ TYPED_TEST(ComplexFlags, FiniteResultsRaiseNone) {
 TYPED_TEST(ComplexFlags, AxesRaiseNone) {
   using C = TypeParam;
   using E = typename TestFixture::E;
-  for (E x : {E(1), E(1.25), E(1.4375), E(1.75), E(252.5625), E(-252.5625), E(0.875), this->largest / 2, this->smallest * 7}) {
+  for (E x : {E(1), E(1.25), E(1.4375), E(1.75), E(252.5625), E(-252.5625), E(0.875), this->largest / 2,
+              this->smallest * 7}) {
     for (C z : {C{x, 0}, C{x, E(-0.0)}, C{-x, 0}, C{0, x}, C{E(-0.0), x}}) {
       this->template expect<E>("Abs", z, z, 0);
       this->template expect<E>("Arg", z, z, 0);
@@ -131,7 +133,11 @@ TYPED_TEST(ComplexFlags, QuietNansBesideTheLargestNumbersRaiseNone) {
   using C = TypeParam;
   const auto n = this->nan, M = this->largest;
   for (const char* f : {"Mul", "MulByConj", "Div"}) {
-    for (C w : {C{M, M}, C{-M, 3}, C{M, n}}) this->expect(f, C{n, M}, w, 0), this->expect(f, C{M, n}, w, 0), this->expect(f, w, C{n, -M}, 0);
+    for (C w : {C{M, M}, C{-M, 3}, C{M, n}}) {
+      this->expect(f, C{n, M}, w, 0);
+      this->expect(f, C{M, n}, w, 0);
+      this->expect(f, w, C{n, -M}, 0);
+    }
   }
 }
 

@@ -1,6 +1,7 @@
 #include "zym/skeleton/body.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 
 #include "lanes/control.h"
@@ -63,10 +64,23 @@ void spread(const Body& body, const Operands& o, int64_t i, int64_t stored, int 
   }
 }
 
+// Around element routines: errno leaves as it came, but for what reports set.
+class ReportsErrno {
+ public:
+  explicit ReportsErrno(const Call& call) : call_(call) { call.error_number = errno; }
+  ~ReportsErrno() { errno = call_.error_number; }
+  ReportsErrno(const ReportsErrno&) = delete;
+  ReportsErrno& operator=(const ReportsErrno&) = delete;
+
+ private:
+  const Call& call_;
+};
+
 // Special elements, with the stray flags of the lanes out of the way, those of earlier special elements apart.
 void redo(const Call& call, int64_t i, const void* a, const void* b, void* r1, void* r2, int count, uint32_t bits) {
   const uint32_t stray = call.body.stray;
   if (stray != 0) clear_stray(stray & ~*call.kept);
+  const ReportsErrno only(call);
   call.body.redo(call, i, a, b, r1, r2, count, bits);
   keep_stray(stray, call.kept);
 }
@@ -90,6 +104,7 @@ void report_element(const Call& call, int32_t code, int64_t index, void* r1, voi
   for (int j = 0; j < body.outputs; ++j) {
     if (results[j] != seen(j)) std::memcpy(seen(j), results[j], static_cast<size_t>(body.out_bytes[j]));
   }
+  errno = call.error_number;
   const auto report = [&]<class E>(const E*) {
     const auto step = [](int64_t bytes) { return static_cast<int32_t>(bytes / static_cast<int64_t>(sizeof(E))); };
     const int b = body.inputs - 1, r = body.outputs - 1;
@@ -104,6 +119,7 @@ void report_element(const Call& call, int32_t code, int64_t index, void* r1, voi
   } else {
     body.single ? report(static_cast<const float*>(nullptr)) : report(static_cast<const double*>(nullptr));
   }
+  call.error_number = errno;
   for (int j = 0; j < body.outputs; ++j) {
     if (results[j] != seen(j)) std::memcpy(results[j], seen(j), static_cast<size_t>(body.out_bytes[j]));
   }
@@ -219,7 +235,9 @@ void run_element_loop(const Body& body, int64_t n, const Operands& operands, con
   // What a family's routine raises on the way counts for nothing here.
   ControlRegisters<kSevereFlags | kUnderflowFlag> registers(mode);
   *registers.kept() = ~uint32_t{body.stray};
-  body.elements({body, mode, operands, params, nullptr, nullptr}, n);
+  const Call call{body, mode, operands, params, nullptr, nullptr};
+  const ReportsErrno only(call);
+  body.elements(call, n);
 }
 
 }  // namespace orvik::zym

@@ -54,6 +54,7 @@ struct Order {
 struct Knobs {
   int vectors = 4;           // in flight: a block is as many vectors, read whole before any of it is stored
   double filler = 0.75;      // of inactive and special lanes, where 0.75 would raise a flag or leave the domain
+  bool own_filler = false;   // of inactive lanes: the first element of the vector, where no number serves every call
   bool streams = false;      // memory bandwidth is the only limit: large results bypass the caches
   uint32_t stray = 0;        // flags (kUnderflowFlag ...) that lanes may raise though the results do not: squares of tiny
                              // arguments, quotients that are cut. Then only element routines raise them.
@@ -89,6 +90,7 @@ struct FamilyTraits {
   ORVIK_HAS(knobs)
   ORVIK_HAS(vectors)
   ORVIK_HAS(filler)
+  ORVIK_HAS(own_filler)
   ORVIK_HAS(streams)
   ORVIK_HAS(lanes_stand)
   ORVIK_HAS(together)
@@ -105,7 +107,7 @@ struct FamilyTraits {
   static_assert(has_lanes || has_element, "a family has lanes, or an element routine to loop over");
   static_assert(!has_special || has_element, "special lanes need an element routine");
   static_assert(!has_wide || has_special, "the second tier serves special lanes");
-  static_assert(!has_vectors && !has_filler && !has_streams && !has_lanes_stand && !has_together,
+  static_assert(!has_vectors && !has_filler && !has_own_filler && !has_streams && !has_lanes_stand && !has_together,
                 "knobs stand in `knobs`");
 };
 

@@ -63,7 +63,9 @@ struct Kernel {
   }
   template <class T>
   static LanesOf<T> load_first_lanes(const T* p, int k) {
-    if constexpr (std::is_same_v<T, E>) {
+    if constexpr (kKnobs.own_filler) {
+      return load_first(p, k, V(*p));
+    } else if constexpr (std::is_same_v<T, E>) {
       return load_first(p, k, V(E(kKnobs.filler)));
     } else {
       return load_first_pairs(reinterpret_cast<const E*>(p), k, V(E(kKnobs.filler)));

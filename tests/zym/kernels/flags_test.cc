@@ -79,6 +79,37 @@ TYPED_TEST(Flags, ExactRemaindersRaiseNothingButInvalid) {
   }
 }
 
+// The rest of a vector holds no element: whatever stands there must not be a pole of these scalars.
+TYPED_TEST(Flags, LinearFractionsOfFewElementsRaiseNoneOfOthers) {
+  using E = TypeParam;
+  const E a = E(0.001), b = 5;
+  for (E filler : {E(0.75), E(1), E(0.5), E(2), E(0)}) {
+    for (const auto& [scaleA, shiftA] : {std::pair<E, E>{1, 0}, {0, 0}, {this->largest, 0}}) {
+      for (int n : {1, 3, 9, 33}) {
+        for (bool strided : {false, true}) {
+          std::vector<E> x(static_cast<size_t>(n), a), y(static_cast<size_t>(n), b), r(static_cast<size_t>(n));
+          Call<E> c;
+          c.n = n, c.a = x.data(), c.b = y.data(), c.r1 = r.data();
+          c.fraction[0] = scaleA, c.fraction[1] = shiftA, c.fraction[2] = 4, c.fraction[3] = -4 * filler;
+          std::feclearexcept(FE_ALL_EXCEPT);
+          ASSERT_TRUE(call_row(row_named(row_of<E>("LinearFrac")), 1, strided, c));
+          EXPECT_EQ(std::fetestexcept(kWatched), 0) << filler << ", " << scaleA << " n = " << n << strided;
+        }
+      }
+    }
+  }
+}
+
+TYPED_TEST(Flags, ArcCosinesOfDenormalsRaiseNone) {
+  using E = TypeParam;
+  for (E x : {this->tiny, 100 * this->tiny, this->smallest / 2, this->smallest}) {
+    for (const char* function : {"Acos", "Acospi"}) {
+      this->check(function, x, x, [](E) { return 0; });
+      this->check(function, -x, x, [](E) { return 0; });
+    }
+  }
+}
+
 TYPED_TEST(Flags, RemaindersOfADenormalByInfinityAreFlushedWithDenormals) {
   using E = TypeParam;
   constexpr uint32_t kKeepDenormals = 0x140000;
@@ -92,6 +123,33 @@ TYPED_TEST(Flags, RemaindersOfADenormalByInfinityAreFlushedWithDenormals) {
       }
     }
   }
+  _zymSetMode(kKeepDenormals);
+}
+
+// Results of element routines, which work on bits.
+TYPED_TEST(Flags, DenormalResultsOfLargeQuotientsAndOfTinyArcsAreFlushedWithDenormals) {
+  using E = TypeParam;
+  constexpr uint32_t kKeepDenormals = 0x140000;
+  const E divisor = E(1.25) * this->smallest, rest = this->smallest / 4;  // 2^(4 k) leaves 1 of 5
+  const auto expect_flushed = [&](const char* function, E a, E b) {
+    for (int level = 0; level < 3; ++level) {
+      for (E sign : {E(1), E(-1)}) {
+        E r;
+        _zymSetMode(ZYM_ERRMODE_IGNORE | kKeepDenormals);
+        flags_of(row_of<E>(function), level, 1, false, sign * a, b, &r);
+        EXPECT_TRUE(std::fabs(r) > 0 && std::fabs(r) < this->smallest) << function << r;
+        _zymSetMode(ZYM_FLUSH_DENORMALS);
+        flags_of(row_of<E>(function), level, 1, false, sign * a, b, &r);
+        EXPECT_TRUE(same_value(r, std::copysign(E(0), sign))) << function << kLevelNames[level] << r;
+      }
+    }
+  };
+  expect_flushed("Fmod", std::ldexp(rest, 200), divisor);
+  expect_flushed("Remainder", std::ldexp(rest, 200), divisor);
+  expect_flushed("Asinpi", this->smallest, E(1));
+  expect_flushed("Atanpi", this->smallest, E(1));
+  expect_flushed("Atan2pi", this->smallest, E(1));
+  expect_flushed("Atan2pi", E(1), this->largest);
   _zymSetMode(kKeepDenormals);
 }
 

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cerrno>
+#include <cmath>
 #include <cstring>
 #include <limits>
 #include <memory>
@@ -298,6 +300,27 @@ TYPED_TEST(EveryRow, TouchesNothingOutsideTheArrays) {
       }
     }
   });
+}
+
+// Reports set it, and only where the mode says so.
+TYPED_TEST(EveryRow, ErrnoStaysAsItWas) {
+  using E = typename TypeParam::E;
+  constexpr size_t kCount = 600;
+  auto a = mixed_inputs<E>(2 * kCount, 16), b = mixed_inputs<E>(2 * kCount, 17);
+  for (size_t i = 0; i < kCount; ++i) {  // towards the ends of the range, where results and what leads to them leave it
+    a[2 * i] *= std::ldexp(E(1), static_cast<int>(i % 64) * std::numeric_limits<E>::max_exponent / 64);
+    b[2 * i + 1] *= std::ldexp(E(1), -static_cast<int>(i % 61) * std::numeric_limits<E>::max_exponent / 61);
+  }
+  for_each_kernel<TypeParam>([&](const Tested& tested) {
+    if (rows::find(tested.row.name) != &tested.row) return;  // a plain loop over the standard library
+    std::vector<E> r1(2 * kCount), r2(2 * kCount);
+    for (bool strided : {false, true}) {
+      errno = EILSEQ;
+      tested.call(strided, Numbers<E>{.n = kCount, .a = a.data(), .b = b.data(), .r1 = r1.data(), .r2 = r2.data()});
+      ASSERT_EQ(errno, EILSEQ) << (strided ? "strided" : "unit stride");
+    }
+  });
+  errno = 0;
 }
 
 TYPED_TEST(EveryRow, WritesOnlyItsElements) {

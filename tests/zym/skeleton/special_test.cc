@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <immintrin.h>
 
+#include <cerrno>
 #include <cfloat>
 #include <cmath>
 #include <limits>
@@ -127,6 +128,34 @@ TEST_F(Special, CallbackChangeSurvivesInPlace) {
   EXPECT_EQ(a[0], 1000.0);
   EXPECT_EQ(a[17], 1017.0);
   EXPECT_EQ(a[1], std::nextafter(1.0, 2.0));
+}
+
+// What element routines make of errno is not seen, in a callback and behind the call.
+TEST_F(Special, ErrnoIsTheCallersAndTheReports) {
+  static int seen;
+  _zymSetErrorCallBack([](ZymErrorContext*) {
+    seen = errno;
+    errno = EDOM;
+    return 1;
+  });
+  std::vector<ZymComplexDouble> a(21, {1, 1}), r(21);
+  a[2] = a[7] = {-2000, 1};  // underflows without a report
+  for (int32_t stride : {1, 2}) {
+    errno = EILSEQ;
+    _zymzExpI(20 / stride, a.data(), stride, r.data(), 1);
+    EXPECT_EQ(errno, EILSEQ);
+  }
+  a[3] = a[6] = {2000, 1};  // overflow
+  for (bool strided : {false, true}) {
+    errno = EILSEQ;
+    seen = 0;
+    strided ? _zymzExpI(4, a.data(), 1, r.data(), 2) : _zymzExp(4, a.data(), r.data());
+    EXPECT_EQ(seen, EILSEQ);
+    strided ? _zymzExpI(20, a.data(), 1, r.data(), 1) : _zymzExp(20, a.data(), r.data());
+    EXPECT_EQ(seen, EDOM);
+    EXPECT_EQ(errno, EDOM);
+  }
+  errno = 0;
 }
 
 TEST_F(Special, FillersReportNothing) {

@@ -224,7 +224,9 @@ struct Asinpi : arc::ArcSine<V, L, Unit::half_turn> {
 // dAcos EP: 27.62 bits at 0x1.10edac1269eeap-1
 template <class V, Level L>
 struct Acos : arc::ArcCosine<V, L, Unit::radian> {
-  static constexpr Knobs knobs = {.together = Double<V> && L != Level::HA};
+  // The arc sine of a denormal underflows, the right angle less it does not.
+  static constexpr Knobs knobs = {.stray = L == Level::HA ? 0 : kUnderflowFlag,
+                                  .together = Double<V> && L != Level::HA};
 };
 // sAcospi LA: 2.4558 ulp at 0x1.6de6e2p-1
 // sAcospi HA: 0.5473 ulp at 0x1.6a1ddep-1

@@ -78,7 +78,8 @@ inline double scaled_once(HeadTail<double> x, int e) {
   if (magnitude(r) > 0x1p-1022) return r;
   const double rest = (sum.head - r * 0x1p100 * power(-e - 100)) + sum.tail;
   if (magnitude(rest) <= power(-1075 - e)) return r;
-  return float_of<double>(is_negative(rest) == is_negative(sum.head) ? bits_of(r) + 1 : bits_of(r) - 1);
+  // Times one: with denormals flushed, r is 0 and what stands beside it counts as 0.
+  return quiet(float_of<double>(is_negative(rest) == is_negative(sum.head) ? bits_of(r) + 1 : bits_of(r) - 1));
 }
 
 // x / pi of numbers so small that the product's error cannot be had as it is; one rounding where the result is normal.

@@ -39,7 +39,8 @@ struct Mul {
 
 template <class V, Level>
 struct LinearFrac {
-  static constexpr Knobs knobs = {.streams = true, .together = true};
+  // The scalars may give the denominator of any filler a zero.
+  static constexpr Knobs knobs = {.own_filler = true, .streams = true, .together = true};
   static V lanes(V a, V b, const Fraction<Element<V>>& f) {
     return divided_exactly(fma(a, V(f.scaleA), V(f.shiftA)), fma(b, V(f.scaleB), V(f.shiftB)));
   }

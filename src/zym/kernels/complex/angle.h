@@ -8,11 +8,12 @@
 
 namespace orvik::zym::complex {
 
-// 2^-e of a positive normal number 2^e m, 1 <= m < 2, below 2^(bias - 1).
+// 2^-(e + 1) of a positive normal number 2^e m, 1 <= m < 2, below 2^(bias - 2): what brings it below 1, so that the
+// difference of its bits and those of 0, where the lanes take a quotient from it, is no NaN's.
 template <class V>
 V inverse_scale(V x) {
   using I = Integer<V>;
-  return as_float(I(Bits<V>(2 * Format<V>::bias) << Format<V>::mantissa_bits) -
+  return as_float(I(Bits<V>(2 * Format<V>::bias - 1) << Format<V>::mantissa_bits) -
                   (as_bits(x) & I(Format<V>::exponent_field)));
 }
 

@@ -63,7 +63,8 @@ struct DivElement {
       const E c = boxed(y.re) / 2, d = boxed(y.im) / 2;  // halves: the sums stay finite
       *r = {E(0) * opaque(fma(x.re, c, x.im * d)), E(0) * opaque(fms(x.im, c, x.re * d))};
     } else {  // NaN in both parts; infinities by infinities are invalid
-      const E sum = x.re * y.re + x.im * y.im + (x.im * y.re - x.re * y.im);
+      const E a = sign_alone(x.re), b = sign_alone(x.im), c = sign_alone(y.re), d = sign_alone(y.im);
+      const E sum = a * c + b * d + (b * c - a * d);
       *r = {sum - sum, sum - sum};
     }
     return overflow_code(x, y, *r);

@@ -80,19 +80,19 @@ inline ZymComplexDouble finite_exponential(double x, double y) {
   return {part(product_of_parts(e.e, c.cosine), c.sign), part(product_of_parts(e.e, c.sine), c.sign ^ F64(y))};
 }
 
-// Of infinities and NaNs, by C99 Annex G.
+// Of infinities and NaNs, by C99 Annex G; a denormal that counts as zero becomes one.
 template <class E>
 Complex<E> limit_exponential(E x, E y) {
   if (is_infinite(x)) {
     const E scale = x > 0 ? x : E(0);
     if (std::isfinite(y)) {
       const ZymComplexDouble c = finite_exponential(0, y);
-      return {scale * static_cast<E>(c.re), y == 0 ? y : scale * static_cast<E>(c.im)};
+      return {scale * static_cast<E>(c.re), y == 0 ? quiet(y) : scale * static_cast<E>(c.im)};
     }
     if (x < 0) return {0, 0};
     return {x, y - y};
   }
-  if (is_nan(x)) return {x + x, y == 0 ? y : x + y};
+  if (is_nan(x)) return {x + x, y == 0 ? quiet(y) : x + y};
   return {y - y, y - y};
 }
 

@@ -94,7 +94,6 @@ struct ProductOf {
     const C w = formula(counted(a), counted(b));
     return {infinity<E> * opaque(w.re), infinity<E> * opaque(w.im)};
   }
-  static E sign_alone(E x) { return std::isfinite(x) && x != 0 ? std::copysign(E(1), x) : x; }
   static C formula(C x, C y) { return {fms(x.re, y.re, x.im * y.im), fma(x.re, y.im, x.im * y.re)}; }
 };
 

@@ -96,6 +96,12 @@ E boxed(E x) {
   return std::copysign(is_infinite(x) ? E(1) : E(0), x);
 }
 
+// 1 for a finite number that is not 0, with its sign: beside infinities and NaNs no more of it counts.
+template <class E>
+E sign_alone(E x) {
+  return std::isfinite(x) && x != 0 ? std::copysign(E(1), x) : x;
+}
+
 // The exponent of the larger part of a finite number that is not 0.
 inline int exponent(const ZymComplexDouble& z) { return std::ilogb(std::fmax(std::fabs(z.re), std::fabs(z.im))); }
 inline ZymComplexDouble scaled(const ZymComplexDouble& z, int e) {

@@ -44,7 +44,8 @@ template <class V, Level L>
 struct Arg {
   using E = Element<V>;
   using Real = Atan2<V, L>;
-  static constexpr Knobs knobs = Real::knobs;
+  // The bound that the wide form compares a part with may underflow, its angles do not.
+  static constexpr Knobs knobs = {.vectors = Real::knobs.vectors, .stray = kUnderflowFlag};
   static auto special(Pair<V> z) { return Real::special(z.second, z.first); }
   static V lanes(Pair<V> z) { return Real::lanes(z.second, z.first); }
   static Masked<V, Mask<V>> wide(Pair<V> z) { return wide_angle<L>(z); }

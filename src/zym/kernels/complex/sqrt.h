@@ -7,6 +7,7 @@
 #include "zym/kernels/complex/parts.h"
 #include "zym/kernels/roots/hypot.h"
 #include "zym/kernels/roots/sqrt.h"
+#include "zym/kernels/shared/flags.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym::complex {
@@ -90,7 +91,11 @@ struct SqrtElement {
     if (!finite(z) || zero(z)) {
       *r = limit_root(z);
     } else {
+      const uint32_t before = read_control();
       const ZymComplexDouble w = finite_root(widen(z));
+      // What is lost on the way is none of the result's, unless that is denormal itself.
+      const double smaller = std::fabs(w.re) < std::fabs(w.im) ? w.re : w.im;
+      if (smaller == 0 || std::fabs(smaller) >= 0x1p-1022) take_back_underflow(before);
       *r = {static_cast<E>(w.re), static_cast<E>(w.im)};
     }
     return 0;
@@ -145,7 +150,8 @@ struct Sqrt<V, Level::LA> : SqrtElement<Element<V>> {
 // zSqrt HA: 0.7071 ulp norm at 0x1.6d8c384e79bb4p+73, -0x1.bb6053bdfc9c5p+679
 template <Double V>
 struct Sqrt<V, Level::HA> : SqrtElement<double> {
-  static constexpr Knobs knobs = {.vectors = 1};
+  // Tails of squares underflow; of the parts none does.
+  static constexpr Knobs knobs = {.vectors = 1, .stray = kUnderflowFlag};
   static Mask<V> special(Pair<V> z) {
     const V y = magnitude(z.second);
     return far_from_1<450>(z) | (andnot(y > V(kTinyPart), y > V(0.0)));

@@ -94,7 +94,7 @@ struct Quotient {
       *r = opaque(E(0)) / opaque(E(0));
       return zymErrorDomain;
     }
-    *r = is_infinite(b) ? quiet(a) : exact(a, b);  // a denormal that counts as zero becomes one
+    *r = quiet(is_infinite(b) ? a : exact(a, b));  // a denormal that counts as zero becomes one
     return 0;
   }
 };
@@ -110,7 +110,7 @@ struct Fmod {
   static V lanes(V a, V b) { return join_sign(Quotient<V>::divide(a, b).rest, a); }
   static int32_t element(const E* a, const E* b, E* r) {
     return Quotient<V>::element(*a, *b, r, [](E x, E y) {
-      return std::fabs(x) < std::fabs(y) ? quiet(x) : with_sign_of(LongDivision<E>(x, y).rest, x);
+      return std::fabs(x) < std::fabs(y) ? x : with_sign_of(LongDivision<E>(x, y).rest, x);
     });
   }
 };

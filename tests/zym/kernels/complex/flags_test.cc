@@ -17,7 +17,8 @@ class ComplexFlags : public ComplexTest<C> {
 
   // Of one call on arrays that hold a and b among plain elements, in whole blocks and in the rest.
   template <class In, class Out>
-  static int flags_of(const std::string& function, int level, bool strided, In a, In b, int before) {
+  static int flags_of(const std::string& function, int level, bool strided, In a, In b, int before,
+                      int watched = kSevere) {
     const uint32_t mode = _zymSetMode(ZYM_ERRMODE_NOERR);
     std::vector<In> x(150, element<In>(0.75, 1.5)), y(150, element<In>(0.5, -2));
     std::vector<Out> r(150);
@@ -27,7 +28,7 @@ class ComplexFlags : public ComplexTest<C> {
     std::feclearexcept(FE_ALL_EXCEPT);
     std::feraiseexcept(before);
     EXPECT_TRUE((call_row<In, Out>(row_named(ComplexTest<C>::row(function)), level, strided, c)));
-    const int flags = std::fetestexcept(kSevere);
+    const int flags = std::fetestexcept(watched);
     std::feclearexcept(FE_ALL_EXCEPT);
     _zymSetMode(mode | 0x140000);
     return flags;
@@ -67,6 +68,35 @@ TYPED_TEST(ComplexFlags, FiniteResultsRaiseNone) {
   this->expect("Mul", C{h * 2, h * 2}, C{h / 4, -h / 4}, 0);
 }
 
+TYPED_TEST(ComplexFlags, AxesRaiseNone) {
+  using C = TypeParam;
+  using E = typename TestFixture::E;
+  for (E x : {E(1), E(1.25), E(1.4375), E(1.75), E(252.5625), E(-252.5625), E(0.875), this->largest / 2,
+              this->smallest * 7}) {
+    for (C z : {C{x, 0}, C{x, E(-0.0)}, C{-x, 0}, C{0, x}, C{E(-0.0), x}}) {
+      this->template expect<E>("Abs", z, z, 0);
+      this->template expect<E>("Arg", z, z, 0);
+      this->expect("Ln", z, z, 0);
+      this->expect("Sqrt", z, z, 0);
+    }
+  }
+}
+
+TYPED_TEST(ComplexFlags, RootsAndAnglesWithNormalPartsRaiseNoUnderflow) {
+  using C = TypeParam;
+  using E = typename TestFixture::E;
+  const E far = std::sqrt(this->smallest) / 4, m = this->smallest;
+  for (C z : {C{2, far}, C{-2, far}, C{far, 2}, C{2, m * 8}, C{m * 8, 2}, C{m * 8, m * 32}, C{m * 2, far}}) {
+    for (int level = 0; level < 3; ++level) {
+      const auto flags = [&]<class Out>(const char* function, Out) {
+        return TestFixture::template flags_of<C, Out>(function, level, false, z, z, 0, kSevere | FE_UNDERFLOW);
+      };
+      EXPECT_EQ(flags("Sqrt", C{}), 0) << kLevelNames[level] << show(z);
+      EXPECT_EQ(flags("Arg", E{}), 0) << kLevelNames[level] << show(z);
+    }
+  }
+}
+
 TYPED_TEST(ComplexFlags, ProductsThatOverflowOnTheWayRaiseNone) {
   using C = TypeParam;
   using E = typename TestFixture::E;
@@ -96,6 +126,18 @@ TYPED_TEST(ComplexFlags, QuietNansRaiseNone) {
       this->expect(f, z, C{1, 2}, 0), this->expect(f, C{1, 2}, z, 0);
     for (const char* f : {"Conj", "Exp", "Ln", "Sqrt"}) this->expect(f, z, z, 0);
     for (const char* f : {"Abs", "Arg"}) this->template expect<E>(f, z, z, 0);
+  }
+}
+
+TYPED_TEST(ComplexFlags, QuietNansBesideTheLargestNumbersRaiseNone) {
+  using C = TypeParam;
+  const auto n = this->nan, M = this->largest;
+  for (const char* f : {"Mul", "MulByConj", "Div"}) {
+    for (C w : {C{M, M}, C{-M, 3}, C{M, n}}) {
+      this->expect(f, C{n, M}, w, 0);
+      this->expect(f, C{M, n}, w, 0);
+      this->expect(f, w, C{n, -M}, 0);
+    }
   }
 }
 

@@ -42,6 +42,10 @@ TYPED_TEST(ComplexModes, FlushedDenormalsCountAsZeroAndBecomeZero) {
     for (const C& r : this->run("Div", level, a, one)) EXPECT_TRUE(r.re == 0 && r.im == 0) << show(r);
     for (const C& r : this->run("Sqrt", level, a, one)) EXPECT_TRUE(same_value(r, C{0, E(-0.0)})) << show(r);
     for (const C& r : this->run("Exp", level, a, one)) EXPECT_TRUE(r.re == 1 && r.im == 0) << show(r);
+    for (E x : {this->inf, -this->inf, this->nan}) {
+      const std::vector<C> limit(3, C{x, -d});
+      for (const C& r : this->run("Exp", level, limit, one)) EXPECT_TRUE(same_value(r.im, E(-0.0))) << show(r);
+    }
     for (const C& r : this->run("Ln", level, a, one)) EXPECT_EQ(r.re, -this->inf);
     for (const E& r : this->template run<C, E>("Abs", level, a, one)) EXPECT_EQ(r, 0);
     const std::vector<C> conjugate = this->run("Conj", level, a, one);  // no arithmetic: the bits stay

@@ -1,5 +1,6 @@
 // The angle of complex numbers on the axes and beyond the range of the arc tangent's lanes: both parts are brought near
-// 1 by one power of two.
+// 1 by one power of two. The larger one lies below 1/2 then, where its bits are less than those of 1: the lanes take them
+// from a zero's without leaving the numbers.
 #pragma once
 
 #include "zym/kernels/arc/arc_tangent2.h"
@@ -8,11 +9,11 @@
 
 namespace orvik::zym::complex {
 
-// 2^-e of a positive normal number 2^e m, 1 <= m < 2, below 2^(bias - 1).
+// 2^(-e - 2) of a positive normal number 2^e m, 1 <= m < 2, below 2^(bias - 3).
 template <class V>
 V inverse_scale(V x) {
   using I = Integer<V>;
-  return as_float(I(Bits<V>(2 * Format<V>::bias) << Format<V>::mantissa_bits) -
+  return as_float(I(Bits<V>(2 * Format<V>::bias - 2) << Format<V>::mantissa_bits) -
                   (as_bits(x) & I(Format<V>::exponent_field)));
 }
 
@@ -32,7 +33,7 @@ Masked<V, Mask<V>> wide_angle(Pair<V> z) {
   const V scale = inverse_scale(select(left, one, larger));
   const Pair<V> u = {select(left, one, z.first) * scale, select(left, one, z.second) * scale};
   // On the imaginary axis, of which the lanes do not know: a number that the right angle does not notice.
-  const V beside = copy_sign(max(magnitude(u.first), least), u.first);
+  const V beside = copy_sign(max(magnitude(u.first), least * V(E(0.25))), u.first);
   return {Atan2<V, L>::lanes(u.second, beside), left};
 }
 

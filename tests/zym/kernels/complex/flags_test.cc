@@ -67,6 +67,21 @@ TYPED_TEST(ComplexFlags, FiniteResultsRaiseNone) {
   this->expect("Mul", C{h * 2, h * 2}, C{h / 4, -h / 4}, 0);
 }
 
+TYPED_TEST(ComplexFlags, AnglesOfNumbersOnTheAxesRaiseNone) {
+  using C = TypeParam;
+  using E = typename TestFixture::E;
+  for (E m = E(1); m < E(2); m += E(0.09375)) {
+    for (int e : {-100, -7, 0, 1, 20, 90}) {
+      for (E x : {std::ldexp(m, e), -std::ldexp(m, e)}) {
+        for (C z : {C{x, 0}, C{x, -E(0)}, C{0, x}, C{-E(0), x}}) {
+          this->template expect<E>("Arg", z, z, 0);
+          this->expect("Ln", z, z, 0);
+        }
+      }
+    }
+  }
+}
+
 TYPED_TEST(ComplexFlags, ProductsThatOverflowOnTheWayRaiseNone) {
   using C = TypeParam;
   using E = typename TestFixture::E;

@@ -567,18 +567,19 @@ std::vector<T> impute(std::span<const T> x, std::int64_t n, std::int64_t p, Layo
 }
 // The same of whatever converts to a span.
 template <detail::Data X>
-auto outliers(const X& x, std::int64_t n, std::int64_t p, Layout layout, detail::DataOf<X> alpha = detail::DataOf<X>(0.05)) {
+auto outliers(const X& x, std::int64_t n, std::int64_t p, Layout layout,
+              detail::DataOf<X> alpha = detail::DataOf<X>(0.05)) {
   return outliers<detail::DataOf<X>>(std::span<const detail::DataOf<X>>(x), n, p, layout, alpha);
 }
 template <detail::Data X>
 auto impute(const X& x, std::int64_t n, std::int64_t p, Layout layout, std::int64_t sets = 1) {
   return impute<detail::DataOf<X>>(std::span<const detail::DataOf<X>>(x), n, p, layout, sets);
 }
-#define ORVIK_FRONT_OF_DATA(name)                                                                                 \
-  template <detail::Data X, class... More>                                                                        \
-  auto name(const X& x, std::int64_t n, std::int64_t p, Layout layout, const More&... more) {                     \
-    using T = detail::DataOf<X>;                                                                                  \
-    return name<T>(std::span<const T>(x), n, p, layout, std::span<const T>(more)...);                             \
+#define ORVIK_FRONT_OF_DATA(name)                                                             \
+  template <detail::Data X, class... More>                                                    \
+  auto name(const X& x, std::int64_t n, std::int64_t p, Layout layout, const More&... more) { \
+    using T = detail::DataOf<X>;                                                              \
+    return name<T>(std::span<const T>(x), n, p, layout, std::span<const T>(more)...);         \
   }
 ORVIK_FRONT_OF_DATA(quantiles)
 ORVIK_FRONT_OF_DATA(sort)

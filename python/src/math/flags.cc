@@ -1,5 +1,6 @@
 #include "math/flags.h"
 
+#include <bit>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -124,13 +125,16 @@ orvik_status call_and_classify(const Loop& loop, int64_t n, char* const* at, con
 template <class E>
 bool any_part_is_below(E limit, const E* parts, int64_t count) {
   typedef E Pack __attribute__((vector_size(16)));
+  using Bits = decltype(Pack{} == Pack{});
   constexpr int64_t kWidth = 16 / sizeof(E);
-  decltype(Pack{} == Pack{}) some = {};
+  const Bits signs = std::bit_cast<Bits>(-Pack{});
+  const Pack limits = Pack{} + limit;
+  Bits some = {};
   int64_t i = 0;
   for (; i + kWidth <= count; i += kWidth) {
-    Pack pack;
-    std::memcpy(&pack, parts + i, sizeof pack);
-    some |= (pack < limit) & (pack > -limit);
+    Bits bits;
+    std::memcpy(&bits, parts + i, sizeof bits);
+    some |= std::bit_cast<Pack>(bits & ~signs) < limits;
   }
   bool found = false;
   for (int64_t k = 0; k < kWidth; ++k) found = found || some[k] != 0;

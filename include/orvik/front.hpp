@@ -77,18 +77,28 @@ inline ZymComplexDouble* raw(std::span<std::complex<double>> s) {
   return reinterpret_cast<ZymComplexDouble*>(s.data());
 }
 
-// Room for the reports of all elements, since a call cannot be made again: its arguments may have become results.
+// Room for the reports of all elements, since a call cannot be made again: its arguments may have become results. What is
+// not written takes no memory.
+class Reports {
+ public:
+  explicit Reports(std::int64_t n) : all_(new Report[static_cast<std::size_t>(n)]) {}
+  ~Reports() { delete[] all_; }
+  Reports(const Reports&) = delete;
+  Reports& operator=(const Reports&) = delete;
+  Report* get() const noexcept { return all_; }
+
+ private:
+  Report* all_;
+};
 template <class Function, class... Argument>
 std::int32_t math(const MathOptions& options, Function function, std::int64_t n, Argument... arguments) {
   orvik_math_options o = {static_cast<std::int32_t>(options.accuracy), options.threads, nullptr, 0, 0};
   if (options.reports == nullptr) return check(function(n, arguments..., &o));
-  std::vector<Report> found(static_cast<std::size_t>(n));
-  o.reports = found.data();
+  const Reports found(n);
+  o.reports = found.get();
   o.report_capacity = n;
   const std::int32_t status = check(function(n, arguments..., &o));
-  found.resize(static_cast<std::size_t>(o.report_count));
-  found.shrink_to_fit();
-  *options.reports = std::move(found);
+  options.reports->assign(found.get(), found.get() + o.report_count);
   return status;
 }
 

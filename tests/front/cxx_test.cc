@@ -1,5 +1,6 @@
 // The C++ front: spans, vectors, arrays; exceptions with statuses; objects that move, copy, merge, save and load.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <algorithm>
 #include <array>
@@ -74,6 +75,23 @@ TEST(CxxMath, PositiveStatusesAreReturnedAndReported) {
   EXPECT_EQ(reports[1].index, 2);
   EXPECT_EQ(reports[1].code, ORVIK_DOMAIN);
   EXPECT_EQ(reports[1].a[0], -1);
+}
+
+// Room for 256 megabytes of reports, of which one is written.
+TEST(CxxMath, RoomForReportsThatAreNotWrittenTakesNoMemory) {
+  std::vector<double> a(4000000, 0.5);
+  std::vector<orvik::Report> reports(3);
+  a[3999999] = -1;
+  const auto most = [] {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;  // kilobytes
+  };
+  const long before = most();
+  EXPECT_EQ(orvik::ln(a, a, {.reports = &reports}), ORVIK_DOMAIN);
+  EXPECT_LT(most() - before, 100000);
+  ASSERT_EQ(reports.size(), 1u);
+  EXPECT_EQ(reports[0].index, 3999999);
 }
 
 TEST(CxxMath, ErrorsThrowBeforeAnythingIsWritten) {

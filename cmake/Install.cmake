@@ -30,9 +30,13 @@ string(STRIP "${orvik_pc_private}" orvik_pc_private)
 # The pages, with the folders that their links go by.
 function(orvik_install_pages destination)
   install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/SECURITY.md
-    DESTINATION ${destination} ${ARGN})
+    ${PROJECT_SOURCE_DIR}/CONTRIBUTING.md DESTINATION ${destination} ${ARGN})
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${destination} ${ARGN}
     FILES_MATCHING PATTERN "*.md" PATTERN "*.svg")
+  # What the pages lead to: the programs to copy, how coefficients are made.
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${destination} ${ARGN}
+    FILES_MATCHING PATTERN "*.c" PATTERN "*.cc" PATTERN "*.h" PATTERN "*.py" PATTERN "data/*" PATTERN "*_test.py" EXCLUDE PATTERN tour EXCLUDE)
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/approx/README.md DESTINATION ${destination}/tools/approx ${ARGN})
 endfunction()
 
 # orvik_install_layout(NAME LIBDIR INCLUDEDIR RUNTIME component DEVELOPMENT component [options of install]).

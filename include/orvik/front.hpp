@@ -13,6 +13,7 @@
 #include <limits>
 #include <span>
 #include <stdexcept>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -76,18 +77,28 @@ inline ZymComplexDouble* raw(std::span<std::complex<double>> s) {
   return reinterpret_cast<ZymComplexDouble*>(s.data());
 }
 
-// Room for the reports of all elements, since a call cannot be made again: its arguments may have become results.
+// Room for the reports of all elements, since a call cannot be made again: its arguments may have become results. What is
+// not written takes no memory.
+class Reports {
+ public:
+  explicit Reports(std::int64_t n) : all_(new Report[static_cast<std::size_t>(n)]) {}
+  ~Reports() { delete[] all_; }
+  Reports(const Reports&) = delete;
+  Reports& operator=(const Reports&) = delete;
+  Report* get() const noexcept { return all_; }
+
+ private:
+  Report* all_;
+};
 template <class Function, class... Argument>
 std::int32_t math(const MathOptions& options, Function function, std::int64_t n, Argument... arguments) {
   orvik_math_options o = {static_cast<std::int32_t>(options.accuracy), options.threads, nullptr, 0, 0};
   if (options.reports == nullptr) return check(function(n, arguments..., &o));
-  std::vector<Report> found(static_cast<std::size_t>(n));
-  o.reports = found.data();
+  const Reports found(n);
+  o.reports = found.get();
   o.report_capacity = n;
   const std::int32_t status = check(function(n, arguments..., &o));
-  found.resize(static_cast<std::size_t>(o.report_count));
-  found.shrink_to_fit();
-  *options.reports = std::move(found);
+  options.reports->assign(found.get(), found.get() + o.report_count);
   return status;
 }
 
@@ -100,7 +111,8 @@ class Owned {
   ~Owned() { Delete(object_); }
   Owned(Owned&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   Owned& operator=(Owned&& other) noexcept {
-    std::swap(object_, other.object_);
+    Owned moved(std::move(other));
+    std::swap(object_, moved.object_);
     return *this;
   }
   T* get() const noexcept { return object_; }
@@ -117,6 +129,12 @@ std::vector<std::byte> image(Save save) {
   std::vector<std::byte> bytes(static_cast<std::size_t>(size));
   check(save(bytes.data(), &size));
   return bytes;
+}
+
+// Where an image begins. An empty one has a place as well: it is a damaged one, no null pointer.
+inline const void* start(std::span<const std::byte> image) {
+  static constexpr std::byte none{};
+  return image.empty() ? &none : image.data();
 }
 
 // The C names by element type.
@@ -273,7 +291,7 @@ class Stream {
   }
   static Stream load(std::span<const std::byte> image) {
     orvik_stream* s = nullptr;
-    detail::check(orvik_stream_load(&s, image.data(), detail::length(image.size())));
+    detail::check(orvik_stream_load(&s, detail::start(image), detail::length(image.size())));
     return Stream(Handle(s));
   }
   Generator generator() const { return static_cast<Generator>(detail::check(orvik_stream_generator(get()))); }
@@ -413,6 +431,15 @@ inline void multinomial(Stream& s, std::span<std::int32_t> r, std::int32_t ntria
 enum class Layout : std::int32_t { Rows = ORVIK_ROWS, Columns = ORVIK_COLUMNS };
 
 namespace detail {
+// What converts to a span of reals, but is not one already.
+template <class X>
+using DataOf = std::remove_const_t<typename decltype(std::span(std::declval<const X&>()))::element_type>;
+template <class X>
+concept Data = requires(const X& x) {
+  std::span(x);
+}
+&&Real<DataOf<X>> && !std::same_as<X, std::span<const DataOf<X>>>;
+
 // n observations of p variables in x, neither more nor fewer.
 template <Real T>
 void check_data(std::span<const T> x, std::int64_t n, std::int64_t p) {
@@ -463,7 +490,7 @@ class Summary {
   }
   static Summary load(std::span<const std::byte> image) {
     typename F::Summary* s = nullptr;
-    detail::check(F::summary_load(&s, image.data(), detail::length(image.size())));
+    detail::check(F::summary_load(&s, detail::start(image), detail::length(image.size())));
     return Summary(Handle(s));
   }
 
@@ -483,7 +510,7 @@ class Summary {
 // Results variable by variable.
 template <Real T>
 std::vector<T> quantiles(std::span<const T> x, std::int64_t n, std::int64_t p, Layout layout,
-                         std::span<const T> orders) {
+                         std::span<const std::type_identity_t<T>> orders) {
   detail::check_data(x, n, p);
   std::vector<T> r(static_cast<std::size_t>(p) * orders.size());
   detail::check(detail::C<T>::quantiles(n, p, x.data(), static_cast<std::int32_t>(layout),
@@ -499,7 +526,7 @@ std::vector<T> sort(std::span<const T> x, std::int64_t n, std::int64_t p, Layout
 }
 template <Real T>
 std::vector<T> weighted_median(std::span<const T> x, std::int64_t n, std::int64_t p, Layout layout,
-                               std::span<const T> weights) {
+                               std::span<const std::type_identity_t<T>> weights) {
   detail::check_data(x, n, p);
   if (detail::length(weights.size()) != n) throw Error(ORVIK_ERROR_BAD_LENGTH);
   std::vector<T> r(static_cast<std::size_t>(p));
@@ -548,26 +575,28 @@ std::vector<T> impute(std::span<const T> x, std::int64_t n, std::int64_t p, Layo
   detail::check(detail::C<T>::impute(n, p, x.data(), static_cast<std::int32_t>(layout), sets, r.data()));
   return r;
 }
-template <Real T>
-std::vector<std::int8_t> outliers(const std::vector<T>& x, std::int64_t n, std::int64_t p, Layout layout,
-                                  std::type_identity_t<T> alpha = T(0.05)) {
-  return outliers<T>(std::span<const T>(x), n, p, layout, alpha);
+// The same of whatever converts to a span.
+template <detail::Data X>
+auto outliers(const X& x, std::int64_t n, std::int64_t p, Layout layout,
+              detail::DataOf<X> alpha = detail::DataOf<X>(0.05)) {
+  return outliers<detail::DataOf<X>>(std::span<const detail::DataOf<X>>(x), n, p, layout, alpha);
 }
-template <Real T>
-std::vector<T> impute(const std::vector<T>& x, std::int64_t n, std::int64_t p, Layout layout, std::int64_t sets = 1) {
-  return impute<T>(std::span<const T>(x), n, p, layout, sets);
+template <detail::Data X>
+auto impute(const X& x, std::int64_t n, std::int64_t p, Layout layout, std::int64_t sets = 1) {
+  return impute<detail::DataOf<X>>(std::span<const detail::DataOf<X>>(x), n, p, layout, sets);
 }
-#define ORVIK_FRONT_OF_VECTOR(name)                                                                        \
-  template <Real T, class... More>                                                                         \
-  auto name(const std::vector<T>& x, std::int64_t n, std::int64_t p, Layout layout, const More&... more) { \
-    return name<T>(std::span<const T>(x), n, p, layout, std::span<const T>(more)...);                      \
+#define ORVIK_FRONT_OF_DATA(name)                                                             \
+  template <detail::Data X, class... More>                                                    \
+  auto name(const X& x, std::int64_t n, std::int64_t p, Layout layout, const More&... more) { \
+    using T = detail::DataOf<X>;                                                              \
+    return name<T>(std::span<const T>(x), n, p, layout, std::span<const T>(more)...);         \
   }
-ORVIK_FRONT_OF_VECTOR(quantiles)
-ORVIK_FRONT_OF_VECTOR(sort)
-ORVIK_FRONT_OF_VECTOR(weighted_median)
-ORVIK_FRONT_OF_VECTOR(mad)
-ORVIK_FRONT_OF_VECTOR(robust_covariance)
-#undef ORVIK_FRONT_OF_VECTOR
+ORVIK_FRONT_OF_DATA(quantiles)
+ORVIK_FRONT_OF_DATA(sort)
+ORVIK_FRONT_OF_DATA(weighted_median)
+ORVIK_FRONT_OF_DATA(mad)
+ORVIK_FRONT_OF_DATA(robust_covariance)
+#undef ORVIK_FRONT_OF_DATA
 
 // Quantiles of what is fed block by block, ranks off by epsilon n at most.
 template <Real T>
@@ -596,7 +625,7 @@ class StreamQuantiles {
   }
   static StreamQuantiles load(std::span<const std::byte> image) {
     typename F::StreamQuantiles* s = nullptr;
-    detail::check(F::stream_quantiles_load(&s, image.data(), detail::length(image.size())));
+    detail::check(F::stream_quantiles_load(&s, detail::start(image), detail::length(image.size())));
     return StreamQuantiles(Handle(s));
   }
 
@@ -720,15 +749,16 @@ Spline(const X&, const Y&, More...)
 
 // How many breakpoints are not above each t; all for a NaN.
 template <Real T>
-std::vector<std::int64_t> search(std::span<const T> x, std::span<const T> t) {
+std::vector<std::int64_t> search(std::span<const T> x, std::span<const std::type_identity_t<T>> t) {
   std::vector<std::int64_t> cell(t.size());
   detail::check(
       detail::C<T>::search(detail::length(x.size()), x.data(), detail::length(t.size()), t.data(), cell.data()));
   return cell;
 }
-template <Real T>
-std::vector<std::int64_t> search(const std::vector<T>& x, const std::vector<T>& t) {
-  return search(std::span<const T>(x), std::span<const T>(t));
+template <detail::Data X, class Sites>
+std::vector<std::int64_t> search(const X& x, const Sites& t) {
+  using T = detail::DataOf<X>;
+  return search<T>(std::span<const T>(x), std::span<const T>(t));
 }
 
 }  // namespace orvik

@@ -1,4 +1,4 @@
-"""Observations as the library takes them: two-dimensional, float64 or float32, along axis 0."""
+"""Observations as the library takes them: two-dimensional, float64 or float32, along axis 0; NaN where there is none."""
 import math
 
 import numpy as np
@@ -9,18 +9,25 @@ _DOUBLE = np.dtype(np.float64)
 
 def numbers(x, dtype=None):
     """An array of float64 or float32; what is neither becomes float64, and what is not real is refused."""
-    array = np.asarray(x)
+    array = real(x, "observations")
     given = array.dtype
     if given is _DOUBLE and dtype is None:
         return array
-    if given.kind == "O" and _are_numbers_of_pandas(x):  # which may lack values, so that NumPy takes them for objects
-        array = x.to_numpy(dtype=np.float64, na_value=np.nan)
-        given = array.dtype
-    if given.kind not in "fiub":
-        raise TypeError(f"observations must be real numbers, not {given}")
     if dtype is None:
         dtype = np.float32 if given.newbyteorder("=") in (np.float32, np.float16) else np.float64
     return np.asarray(array, dtype)
+
+
+def real(x, name):
+    """An array of real numbers of any type, NaN where a mask or a type of pandas says that one is missing."""
+    if isinstance(x, np.ma.MaskedArray) and np.ma.is_masked(x) and x.dtype.kind in "fiub":
+        return np.asarray((x if x.dtype.kind == "f" else x.astype(np.float64)).filled(np.nan))
+    array = np.asarray(x)
+    if array.dtype.kind == "O" and _are_numbers_of_pandas(x):  # which may lack values, so that NumPy takes them for objects
+        array = x.to_numpy(dtype=np.float64, na_value=np.nan)
+    if array.dtype.kind not in "fiub":
+        raise TypeError(f"{name} must be real numbers, not {array.dtype}")
+    return array
 
 
 def _are_numbers_of_pandas(x):

@@ -16,6 +16,7 @@ import operator
 import numpy as np
 
 from . import _interpolation
+from ._observations import real
 
 __all__ = ["Spline", "search"]
 
@@ -122,6 +123,8 @@ class Spline:
                 raise ValueError("derivative must not be negative")
         t = self._sites(t, "t")
         r = self._spline.evaluate(t, derivative)
+        if derivative > 0 and (lacking := np.isnan(t)).any():  # those that are constant within a piece do not look at t
+            r[:, lacking.reshape(-1)] = np.nan
         return r.reshape(self._rows + t.shape)[()]
 
     def integrate(self, a, b):
@@ -183,9 +186,7 @@ def search(x, t):
 
 
 def _real(a, name):
-    a = np.asarray(a)
-    if a.dtype.kind not in "fiub":
-        raise TypeError(f"{name} must be real numbers, not {a.dtype}")
+    a = real(a, name)
     return a if a.dtype.isnative else a.astype(a.dtype.newbyteorder("="))
 
 

@@ -1,5 +1,6 @@
 // The C++ front: spans, vectors, arrays; exceptions with statuses; objects that move, copy, merge, save and load.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <algorithm>
 #include <array>
@@ -74,6 +75,23 @@ TEST(CxxMath, PositiveStatusesAreReturnedAndReported) {
   EXPECT_EQ(reports[1].index, 2);
   EXPECT_EQ(reports[1].code, ORVIK_DOMAIN);
   EXPECT_EQ(reports[1].a[0], -1);
+}
+
+// Room for 256 megabytes of reports, of which one is written.
+TEST(CxxMath, RoomForReportsThatAreNotWrittenTakesNoMemory) {
+  std::vector<double> a(4000000, 0.5);
+  std::vector<orvik::Report> reports(3);
+  a[3999999] = -1;
+  const auto most = [] {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;  // kilobytes
+  };
+  const long before = most();
+  EXPECT_EQ(orvik::ln(a, a, {.reports = &reports}), ORVIK_DOMAIN);
+  EXPECT_LT(most() - before, 100000);
+  ASSERT_EQ(reports.size(), 1u);
+  EXPECT_EQ(reports[0].index, 3999999);
 }
 
 TEST(CxxMath, ErrorsThrowBeforeAnythingIsWritten) {
@@ -251,6 +269,52 @@ TEST(CxxEstimators, AreThere) {
   q.update(x, 4, orvik::Layout::Rows);
   EXPECT_EQ(q.quantile(1.0)[0], 4);
   EXPECT_EQ(thrown([&] { orvik::mad(x, 5, 1, orvik::Layout::Rows); }), ORVIK_ERROR_BAD_LENGTH);
+}
+
+// What converts to a span, whether it may be written or not, with second arrays of any such kind.
+TEST(CxxEstimators, TakeArraysAndSpansAsVectors) {
+  constexpr auto kRows = orvik::Layout::Rows;
+  const std::vector<double> x = {4, 1, 3, 2, 7, 5}, w = {1, 1, 5, 1, 1, 1}, q = {0, 0.5};
+  std::array<double, 6> array;
+  std::copy(x.begin(), x.end(), array.begin());
+  const std::span<double> span(array);
+  const std::span<const double> reading(array);
+  double plain[6];
+  std::copy(x.begin(), x.end(), plain);
+  const auto check = [&](const auto& data) {
+    for (const auto& got :
+         {orvik::quantiles(data, 6, 1, kRows, q), orvik::quantiles(data, 6, 1, kRows, std::span<const double>(q)),
+          orvik::quantiles(data, 6, 1, kRows, std::array<double, 2>{0, 0.5})}) {
+      EXPECT_EQ(got, orvik::quantiles(x, 6, 1, kRows, q));
+    }
+    EXPECT_EQ(orvik::sort(data, 6, 1, kRows), (std::vector<double>{1, 2, 3, 4, 5, 7}));
+    EXPECT_EQ(orvik::mad(data, 6, 1, kRows), orvik::mad(x, 6, 1, kRows));
+    EXPECT_EQ(orvik::weighted_median(data, 6, 1, kRows, w), orvik::weighted_median(x, 6, 1, kRows, w));
+    EXPECT_EQ(orvik::outliers(data, 6, 1, kRows, 0.1), orvik::outliers(x, 6, 1, kRows, 0.1));
+    EXPECT_EQ(orvik::impute(data, 6, 1, kRows, 2), orvik::impute(x, 6, 1, kRows, 2));
+    EXPECT_EQ(orvik::robust_covariance(data, 6, 1, kRows).mean, orvik::robust_covariance(x, 6, 1, kRows).mean);
+    EXPECT_EQ(orvik::search(std::array{1.0, 3.0}, data), orvik::search(std::vector{1.0, 3.0}, x));
+    EXPECT_EQ(orvik::search(std::span<const double>(w).subspan(1, 2), data).size(), 6u);
+  };
+  check(array), check(span), check(reading), check(plain), check(x);
+  EXPECT_EQ(orvik::sort<double>(array, 6, 1, kRows), orvik::sort<double>(x, 6, 1, kRows));
+  EXPECT_EQ(orvik::quantiles<double>(x, 6, 1, kRows, q), orvik::quantiles(x, 6, 1, kRows, q));
+}
+
+TEST(CxxImages, EmptyOnesAreDamaged) {
+  EXPECT_EQ(thrown([] { orvik::Stream::load({}); }), ORVIK_ERROR_BAD_IMAGE);
+  EXPECT_EQ(thrown([] { orvik::Summary<double>::load(std::vector<std::byte>()); }), ORVIK_ERROR_BAD_IMAGE);
+  EXPECT_EQ(thrown([] { orvik::StreamQuantiles<float>::load(std::array<std::byte, 0>()); }), ORVIK_ERROR_BAD_IMAGE);
+}
+
+TEST(CxxStream, AMoveOntoOneLeavesNothingBehind) {
+  orvik::Stream a(orvik::Generator::MT19937, 1), b(orvik::Generator::MT19937, 2);
+  const std::uint32_t word = orvik::Stream(orvik::Generator::MT19937, 2)();
+  a = std::move(b);
+  EXPECT_EQ(b.get(), nullptr);
+  orvik::Stream& itself = a;
+  a = std::move(itself);
+  EXPECT_EQ(a(), word);
 }
 
 TEST(CxxEstimators, OfDataThatAreNotClean) {

@@ -282,6 +282,19 @@ TEST(Summary, ANaNSpreadsAndAConstantVariableHasNoCorrelation) {
   for (const size_t k : {1, 3, 4, 8}) EXPECT_TRUE(std::isnan(c[k])) << k;
 }
 
+TYPED_TEST(Summaries, CorrelationsStayWithinOne) {
+  using T = TypeParam;
+  for (unsigned seed = 1; seed <= 300; ++seed) {
+    const int64_t n = 2 + seed % 9;
+    auto x = noise<T>(size_t(2 * n), seed);
+    for (int64_t i = 0; i < n; ++i) x[size_t(n + i)] = T(seed % 2 == 0 ? -3 : 0.7) * (x[size_t(i)] += T(20));
+    const Owned<T> s(2);
+    ASSERT_EQ(Front<T>::update(s.s, n, x.data(), ORVIK_ROWS, nullptr), ORVIK_SUCCESS);
+    const T c = s.result(kCorrelation, 2)[1];
+    EXPECT_TRUE(std::fabs(c) <= 1 && std::fabs(c) > T(0.99)) << seed << " " << c;
+  }
+}
+
 TEST(Summary, BadArgumentsLeaveItAsItWas) {
   const Owned<double> s(2), other(3);
   const double x[] = {1, 2, 3, 5};

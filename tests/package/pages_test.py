@@ -1,7 +1,8 @@
 """The pages: every relative link leads to a file and, where it names one, to a heading; the index names every page; the figures
-of plots are all shown; versions of header and change log agree.
+of plots are all shown; versions of header and change log agree. Of pages that are installed, the links.
 
-    pages_test.py PROJECT"""
+    pages_test.py PROJECT
+    pages_test.py --installed FOLDER"""
 
 import pathlib
 import re
@@ -35,7 +36,8 @@ def links(page):
             yield target, (page.parent / file).resolve() if file else page, heading
 
 
-def faults(root):
+def linked(root):
+    """Links that lead nowhere, and what the others lead to."""
     found = []
     shown = set()
     for page in pages_of(root):
@@ -45,6 +47,11 @@ def faults(root):
                 found.append(f"{page.relative_to(root)}: {target} leads nowhere")
             elif heading and heading not in anchors(file):
                 found.append(f"{page.relative_to(root)}: {target} has no such heading")
+    return found, shown
+
+
+def faults(root):
+    found, shown = linked(root)
     index = root / "docs" / "README.md"
     indexed = {file for _, file, _ in links(index)} | {index}
     found += [f"docs/README.md does not name {page.relative_to(root)}" for page in pages_of(root) if page.resolve() not in indexed]
@@ -80,8 +87,9 @@ def self_test():
 
 def main():
     self_test()
-    root = pathlib.Path(sys.argv[1]).resolve()
-    found = faults(root)
+    installed = sys.argv[1] == "--installed"
+    root = pathlib.Path(sys.argv[-1]).resolve()
+    found = (linked(root)[0] if pages_of(root) else ["no pages"]) if installed else faults(root)
     if found:
         sys.exit("\n".join(found))
     print(f"{len(pages_of(root))} pages")

@@ -97,6 +97,40 @@ def test_nans_raise_nothing(name, dtype):
             f(x, np.ones(50, dtype))
 
 
+@pytest.mark.parametrize("level", ["HA", "LA", "EP"])
+@pytest.mark.parametrize("name, dtype, tiny", [
+    ("exp", "f", 1e-20), ("exp", "d", 1e-200), ("exp2", "f", 1e-40), ("exp2", "d", 1e-310), ("exp10", "d", 5e-324), ("expm1", "f", 1e-25),
+    ("log1p", "f", 1e-25), ("sqrt", "f", 1e-37), ("arccos", "f", 1e-40), ("arccos", "d", 1e-310), ("log", "D", -1e-150), ("sqrt", "D", 1e-154 + 2j),
+    ("log", "D", 1.7 + 1e-200j), ("angle", "F", -1e-36), ("angle", "D", -1e-200)])
+def test_tiny_arguments_of_results_that_are_not_raise_nothing(name, dtype, tiny, level):
+    f = getattr(orvik, name)
+    for n in (1, 9, 3000):
+        x = np.full(2 * n, tiny, dtype)
+        with orvik.accuracy(level), np.errstate(all="raise"):
+            f(x)
+            f(x[::2])
+            f(x[0])
+
+
+@pytest.mark.parametrize("dtype", "fd")
+def test_results_below_the_normal_numbers_raise_underflow(dtype):
+    for n in (1, 9, 3000):
+        x = np.full(2 * n, 0.5, dtype)
+        x[n - 1] = -88 if dtype == "f" else -709
+        assert raised(orvik.exp, x) == raised(orvik.exp, x[(n - 1) % 2::2]) == {"underflow"}
+        x[n - 1] = np.finfo(dtype).tiny
+        assert raised(orvik.multiply, x, x) == raised(orvik.multiply, x[(n - 1) % 2::2], x[(n - 1) % 2::2]) == {"underflow"}
+
+
+@pytest.mark.parametrize("dtype", "FD")
+def test_angles_and_logarithms_of_real_numbers_raise_nothing(dtype):
+    x = np.arange(1, 4000, 7).astype(dtype)
+    with np.errstate(all="raise"):
+        for v in (x, -x, 1j * x, -1j * x):
+            orvik.angle(v)
+            orvik.log(v)
+
+
 def test_several_kinds_in_one_call():
     x = np.full(2000, 0.5)
     x[3], x[1500] = -1, 0

@@ -128,6 +128,28 @@ def test_scalars_are_scalars_and_nan_stays():
     assert isinstance(search(x, 1.5), np.int64)
 
 
+@pytest.mark.parametrize("kind", ["linear", "natural", "quadratic"])
+def test_derivatives_of_every_order_are_nan_where_the_site_is(kind):
+    x, y = points()
+    s, two = Spline(x, y, kind=kind), Spline(x, np.stack([y, -y]), kind=kind)
+    for order in range(6):
+        assert np.isnan(s(np.nan, order)) and np.isnan(s([[np.nan, 1.0]], order)).tolist() == [[True, False]]
+        assert np.isnan(two([1.0, np.nan], order)).tolist() == [[False, True]] * 2
+
+
+def test_masked_numbers_and_those_that_pandas_lacks_are_nan():
+    s = Spline([0, 1, 2], [0, 1, 4])
+    t = np.ma.array([0.5, 1.5], mask=[False, True])
+    np.testing.assert_array_equal(s(t), [s(0.5), np.nan])
+    assert search([0, 1, 2], t).tolist() == [1, 3]
+    assert np.isnan(Spline([0, 1, 2], np.ma.array([0, 1, 4], mask=[0, 0, 1]), kind="linear")([0.5, 1.5])).tolist() == [False, True]
+    with pytest.raises(ValueError):
+        Spline(np.ma.array([0, 1, 2], mask=[0, 1, 0]), [0, 1, 4])
+    pandas = pytest.importorskip("pandas")
+    np.testing.assert_array_equal(Spline(pandas.Series([0, 1, 2], dtype="Int64"), [0, 1, 4])(pandas.Series([0.5, None], dtype="Float64")),
+                                  [s(0.5), np.nan])
+
+
 def test_outside_the_end_pieces_go_on():
     s = Spline([0, 1, 2], [0, 1, 4], "linear")
     np.testing.assert_array_equal(s([-1, 3]), [-1, 7])

@@ -105,6 +105,8 @@ rng = np.random.Generator(random.MT19937(7))
 stream = random.PHILOX4X32X10([1, 2, 3])
 words: int = stream.words()
 raw: int = stream.random_raw()
+stream.random_raw((2, 3), False)
+stream.random_raw(output=False)
 child: random.PHILOX4X32X10 = stream.spawn(2)[0].jumped().copy()
 stream.state = stream.state
 member: int = random.MT2203(1, member=3).member

@@ -290,7 +290,7 @@ def test_leapfrog_keeps_every_kth_number(kind):
         np.testing.assert_array_equal(part.uniform(size=100), whole[k::3])
 
 
-@pytest.mark.parametrize("k, nstreams", [(3, 3), (-1, 2), (0, 0)])
+@pytest.mark.parametrize("k, nstreams", [(3, 3), (-1, 2), (0, 0), (0, 1 << 31), (1 << 70, 2)])
 def test_bad_numbers_of_a_leapfrog(k, nstreams):
     with pytest.raises(ValueError):
         MCG59(1).leapfrog(k, nstreams)

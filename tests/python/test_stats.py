@@ -202,6 +202,19 @@ def test_masked_arrays_are_what_numpy_makes_of_them():
     np.testing.assert_allclose(stats.cov(x), np.cov(np.asarray(x), rowvar=False), rtol=1e-12)
 
 
+@pytest.mark.parametrize("dtype", ["f8", "f4", "i8", "u1", "?", ">f8"])
+def test_masked_elements_are_missing(dtype):
+    x = np.ma.array(np.arange(12).reshape(6, 2) % 5, dtype=dtype)
+    x[3, 1] = np.ma.masked
+    holes = x.astype(np.float64).filled(np.nan)
+    before = x.copy()
+    np.testing.assert_allclose(stats.summary(x).mean, holes.mean(axis=0), rtol=1e-6)
+    np.testing.assert_allclose(stats.quantile(x, 0.5), np.quantile(holes, 0.5, axis=0), rtol=1e-6)
+    assert stats.quantile(x, 0.5).dtype == (np.float32 if dtype == "f4" else np.float64)
+    assert np.isnan(stats.sort(x)[-1, 1]) and np.isfinite(stats.impute(np.ma.array(table(20, 2), mask=np.eye(20, 2)))).all()
+    assert (x.mask == before.mask).all() and (x.data == before.data).all()
+
+
 def test_the_callers_array_stays_as_it_is():
     x = table(50, 2)
     before = x.copy()

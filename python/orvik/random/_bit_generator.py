@@ -7,6 +7,7 @@ from numpy.random.bit_generator import ISeedSequence
 
 from .. import _random
 from ._distributions import Distributions
+from ._parameters import int32
 from ._seeding import sequence_of, words_of
 
 _MEMBERS = 0xFFFFF  # of a generator's number, those that tell the member of a family
@@ -166,6 +167,7 @@ class BitGenerator(Distributions, np.random.BitGenerator):
 
     def leapfrog(self, k, nstreams):
         """Keeps numbers k, k + nstreams, k + 2 nstreams ... of what comes."""
+        k, nstreams = int32(k, "k"), int32(nstreams, "nstreams")
         with self.lock:
             self._stream.leapfrog(k, nstreams)
 

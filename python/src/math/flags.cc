@@ -1,5 +1,6 @@
 #include "math/flags.h"
 
+#include <bit>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -120,21 +121,46 @@ orvik_status call_and_classify(const Loop& loop, int64_t n, char* const* at, con
   return status;
 }
 
+// Whether some part's magnitude is less than `limit`.
 template <class E>
-bool any_part_is_zero(const E* parts, int64_t count) {
+bool any_part_is_below(E limit, const E* parts, int64_t count) {
   typedef E Pack __attribute__((vector_size(16)));
+  using Bits = decltype(Pack{} == Pack{});
   constexpr int64_t kWidth = 16 / sizeof(E);
-  decltype(Pack{} == Pack{}) some = {};
+  const Bits signs = std::bit_cast<Bits>(-Pack{});
+  const Pack limits = Pack{} + limit;
+  Bits some = {};
   int64_t i = 0;
   for (; i + kWidth <= count; i += kWidth) {
-    Pack pack;
-    std::memcpy(&pack, parts + i, sizeof pack);
-    some |= pack == E(0);
+    Bits bits;
+    std::memcpy(&bits, parts + i, sizeof bits);
+    some |= std::bit_cast<Pack>(bits & ~signs) < limits;
   }
   bool found = false;
   for (int64_t k = 0; k < kWidth; ++k) found = found || some[k] != 0;
-  for (; i < count; ++i) found = found || parts[i] == 0;
+  for (; i < count; ++i) found = found || std::fabs(parts[i]) < limit;
   return found;
+}
+
+// Whether a result is 0 or below the normal numbers. E: the type of its parts.
+template <class E>
+bool any_result_is_tiny(const Loop& loop, int64_t n, char* const* at, const int64_t* increments) {
+  constexpr E kLeast = std::numeric_limits<E>::min();
+  for (int r = loop.inputs; r < loop.inputs + loop.results; ++r) {
+    const auto* const parts = reinterpret_cast<const E*>(at[r]);
+    const int64_t width = loop.bytes[r] / int64_t{sizeof(E)}, inc = increments == nullptr ? 1 : increments[r];
+    if (inc == 1 && any_part_is_below(kLeast, parts, width * n)) return true;
+    for (int64_t i = 0; inc != 1 && i < n; ++i) {
+      if (any_part_is_below(kLeast, parts + i * inc * width, width)) return true;
+    }
+  }
+  return false;
+}
+bool any_result_is_tiny(const Loop& loop, int64_t n, char* const* at, const int64_t* increments) {
+  const int behind = loop.parameters == Parameters::kNone ? 0 : loop.parameters == Parameters::kFraction ? 4 : 1;
+  const char type = loop.types[loop.inputs + loop.results + behind - 1];
+  return type == 'f' || type == 'F' ? any_result_is_tiny<float>(loop, n, at, increments)
+                                    : any_result_is_tiny<double>(loop, n, at, increments);
 }
 
 // Whether a number that is not 0 is divided by 0.
@@ -143,7 +169,8 @@ bool divides_by_zero(int64_t n, char* const* at, const int64_t* increments) {
   const auto *a = reinterpret_cast<const C*>(at[0]), *b = reinterpret_cast<const C*>(at[1]);
   const int64_t inc_a = increments == nullptr ? 1 : increments[0], inc_b = increments == nullptr ? 1 : increments[1];
   if (increments == nullptr) {  // mostly no part of any divisor is 0, which is soon seen
-    if (!any_part_is_zero(&b[0].re, 2 * n)) return false;
+    using Part = decltype(b[0].re + 0);
+    if (!any_part_is_below(std::numeric_limits<Part>::denorm_min(), &b[0].re, 2 * n)) return false;
   }
   for (int64_t i = 0; i < n; ++i) {
     const C &x = a[i * inc_a], &y = b[i * inc_b];
@@ -163,9 +190,13 @@ orvik_status call_with_flags(const Loop& loop, int64_t n, char* const* at, const
                             : divides_by_zero<ZymComplexFloat>(n, at, increments);
     zeros = found ? kDivideByZeroFlag : 0;
   }
-  const uint32_t before = loop.selects ? read_control() : 0;
+  const uint32_t before = read_control();
   uint32_t flags = 0;
   const orvik_status status = call_and_classify(loop, n, at, increments, parameters, &flags);
+  // Squares and corrections of small numbers may underflow on the way to results that do not.
+  if (const uint32_t now = read_control(); (now & ~before & kUnderflowFlag) != 0) [[unlikely]] {
+    if (status >= 0 && !any_result_is_tiny(loop, n, at, increments)) write_control(now & ~kUnderflowFlag);
+  }
   if (flags != 0) [[unlikely]]
     write_control(read_control() | flags);
   if (zeros != 0) write_control(read_control() | zeros);

@@ -287,7 +287,9 @@ double correlation(const Moments& m, int64_t k) {
   };
   const double own_i = m.products[i * m.p + i], own_j = m.products[j * m.p + j];
   if (!(own_i > floor(i)) || !(own_j > floor(j))) return kNone;
-  return i == j ? 1 : m.products[k] / std::sqrt(own_i) / std::sqrt(own_j);
+  if (i == j) return 1;
+  const double r = m.products[k] / std::sqrt(own_i) / std::sqrt(own_j);
+  return r > 1 ? 1 : r < -1 ? -1 : r;  // rounding may lead beyond
 }
 
 template <class T>

@@ -43,34 +43,30 @@ std::string hash_key(const rows::Row& row, int kernel) {
   return std::string(row.name) + ',' + rows::kLevelNames[kernel];
 }
 
-Hashes read_hashes(std::string_view family) {
-  Hashes made;
+Pins read_pins(std::string_view family) {
+  Pins pins;
   std::istringstream text(read_text(data_path("hashes", family)));
   for (std::string line; std::getline(text, line);) {
-    const size_t last = line.rfind(',');
-    if (last == line.npos || line.starts_with("row,")) continue;
-    const uint64_t hash = std::strtoull(line.c_str() + last + 1, nullptr, 16);
-    if (line.starts_with("approximations,")) {
-      made.approximations = hash;
-    } else {
-      made.kernels[line.substr(0, last)] = hash;
-    }
+    if (line.starts_with("row,")) continue;
+    const size_t last = line.rfind(','), hash = line.rfind(',', last - 1);
+    if (last == line.npos || hash == line.npos) continue;
+    const auto number = [&](size_t at) { return std::strtoull(line.c_str() + at + 1, nullptr, 16); };
+    pins[line.substr(0, hash)] = {number(hash), number(last)};
   }
-  return made;
+  return pins;
 }
 
-void write_hashes(std::string_view family, const Hashes& hashes) {
-  const auto line = [](const std::string& key, uint64_t hash) {
-    char text[20];
-    std::snprintf(text, sizeof text, "%016" PRIx64, hash);
-    return key + ',' + text + '\n';
-  };
-  std::string text = "row,kernel,hash\n" + line("approximations,", hashes.approximations);
+void write_pins(std::string_view family, const Pins& pins) {
+  std::string text = "row,kernel,hash,approximations\n";
   for (const rows::Row& row : rows::all()) {
     if (row.family != family || !measurable(row)) continue;
     for (int k = 0; k < rows::kLevels; ++k) {
-      const auto found = hashes.kernels.find(hash_key(row, k));
-      if (found != hashes.kernels.end()) text += line(found->first, found->second);
+      const auto found = pins.find(hash_key(row, k));
+      if (found == pins.end()) continue;
+      char numbers[40];
+      std::snprintf(numbers, sizeof numbers, ",%016" PRIx64 ",%016" PRIx64 "\n", found->second.hash,
+                    found->second.approximations);
+      text += found->first + numbers;
     }
   }
   write_text(data_path("hashes", family), text);

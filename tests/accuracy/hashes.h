@@ -10,17 +10,17 @@
 
 namespace orvik::accuracy {
 
-struct Hashes {
-  // Of the machine's approximations of 1/x and 1/sqrt(x), which differ between processors: kernels that start from them
-  // have other bits elsewhere.
-  uint64_t approximations = 0;
-  std::map<std::string, uint64_t> kernels;  // "sExp HA"
+// Beside the hash of the results one of the approximations of 1/x and 1/sqrt(x) of the processor that made them: kernels
+// that start from these have other bits where they differ.
+struct Pin {
+  uint64_t hash, approximations;
 };
+using Pins = std::map<std::string, Pin>;  // by "sExp,HA"
 
 uint64_t hash_kernel(const rows::Row& row, int kernel, bool strided);
 
-Hashes read_hashes(std::string_view family);
-void write_hashes(std::string_view family, const Hashes& hashes);
+Pins read_pins(std::string_view family);
+void write_pins(std::string_view family, const Pins& pins);
 std::string hash_key(const rows::Row& row, int kernel);
 
 }  // namespace orvik::accuracy

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <istream>
 #include <map>
 #include <string>
 #include <vector>
@@ -32,14 +33,28 @@ inline std::string hash_of(const Entry& e, const Generator& g) {
   return hexadecimal(hash);
 }
 
-inline constexpr const char* kApproximations = "approximations,processor";
+// By "entry,generator". Beside the hash one of the approximations of 1/x and 1/sqrt(x) of the processor that made it.
+struct Pin {
+  std::string hash, approximations;
+};
+using Pins = std::map<std::string, Pin>;
 
-// Lines "entry,generator,hash", and one of the processor.
-inline std::map<std::string, std::string> hashes() {
-  std::map<std::string, std::string> all = {{kApproximations, hexadecimal(test::hash_approximations())}};
+inline Pins pins_of_now() {
+  Pins pins;
+  const std::string approximations = hexadecimal(test::hash_approximations());
   for (const Entry& e : entries())
-    for (const Generator& g : seeded_generators()) all[e.name + "," + g.name] = hash_of(e, g);
-  return all;
+    for (const Generator& g : seeded_generators()) pins[e.name + "," + g.name] = {hash_of(e, g), approximations};
+  return pins;
+}
+
+// Lines "entry,generator,hash,approximations".
+inline Pins read_pins(std::istream& file) {
+  Pins pins;
+  for (std::string line; std::getline(file, line);) {
+    const size_t last = line.rfind(','), hash = last == line.npos ? last : line.rfind(',', last - 1);
+    if (hash != line.npos) pins[line.substr(0, hash)] = {line.substr(hash + 1, last - hash - 1), line.substr(last + 1)};
+  }
+  return pins;
 }
 
 }  // namespace orvik::testing

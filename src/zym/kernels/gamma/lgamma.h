@@ -60,7 +60,8 @@ template <int Rest, Double W>
 [[gnu::always_inline]] inline W log_of_single(W x) {
   const LogPlace<W> p(x, max(x, W(kStirling)));
   const W v = Row<W>(p.row).template value<Rest>(p.variable);
-  const W ln = Ln<W, Level::EP>::lanes(p.argument(x, p.distance * v));
+  const W argument = max(W(0x1p-1000), p.argument(x, p.distance * v));  // 0 at poles
+  const W ln = Ln<W, Level::EP>::lanes(argument);
   return fma(p.factor(x), ln + p.minus_less(), drop(p.low, v));
 }
 template <Double W>

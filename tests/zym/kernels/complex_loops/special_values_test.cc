@@ -147,8 +147,14 @@ TYPED_TEST(ComplexLoops, WithTheFlushFieldDenormalsAreZeros) {
     const std::vector<TypeParam> z = {{this->smallest / 2, E(0.5)},
                                       {E(0.5), this->smallest / 2},
                                       {this->tiny, this->smallest / 4},
-                                      {E(2), -this->tiny}};
-    const std::vector<TypeParam> zeros = {{0, E(0.5)}, {E(0.5), 0}, {0, 0}, {E(2), E(-0.0)}};
+                                      {E(2), -this->tiny},
+                                      {this->inf, this->tiny},
+                                      {-this->inf, -this->tiny},
+                                      {this->tiny, this->inf},
+                                      {this->nan, this->tiny},
+                                      {-this->tiny, this->nan}};
+    const std::vector<TypeParam> zeros = {{0, E(0.5)},       {E(0.5), 0},    {0, 0},         {E(2), E(-0.0)},   {this->inf, 0},
+                                          {-this->inf, E(-0.0)}, {0, this->inf}, {this->nan, 0}, {E(-0.0), this->nan}};
     const auto r = this->values(f, z), s = this->values(f, zeros);
     for (size_t i = 0; i < z.size(); ++i)
       EXPECT_TRUE(same_value(r[i], s[i])) << f << show(z[i]) << show(r[i]) << show(s[i]);

@@ -121,6 +121,8 @@ inline Pair<F64> load_mixed_pairs(const double* p) {
 }
 inline F32 mixed(F32 a) { return _mm256_castpd_ps(_mm256_permute4x64_pd(_mm256_castps_pd(a.v), 0xD8)); }
 inline F64 mixed(F64 a) { return _mm256_permute4x64_pd(a.v, 0xD8); }
+inline F32 in_order(F32 mixed) { return orvik::mixed(mixed); }
+inline F64 in_order(F64 mixed) { return orvik::mixed(mixed); }
 
 // Parts as they lie in memory, from mixed ones.
 inline Stored<F32> stored(Pair<F32> mixed) {

@@ -72,17 +72,28 @@ inline Stored<F64> as_stored(Pair<F64> x) {
   return {_mm512_permutex2var_pd(x.first.v, low, x.second.v), _mm512_permutex2var_pd(x.first.v, high, x.second.v)};
 }
 
-// The order that costs least is theirs, since one instruction takes lanes from anywhere in two registers.
+// The same in the order that costs least, pairs or single elements 0 4 1 5 2 6 3 7, for loops to which the order means
+// nothing; numbers are brought into that order and back.
 inline Pair<F32> load_mixed_pairs(const float* p) {
-  return in_pairs(Stored<F32>{load_register(p), load_register(p + 16)});
+  const __m512 a = _mm512_loadu_ps(p), b = _mm512_loadu_ps(p + 16);
+  return {_mm512_shuffle_ps(a, b, 0x88), _mm512_shuffle_ps(a, b, 0xDD)};
 }
 inline Pair<F64> load_mixed_pairs(const double* p) {
-  return in_pairs(Stored<F64>{load_register(p), load_register(p + 8)});
+  const __m512d a = _mm512_loadu_pd(p), b = _mm512_loadu_pd(p + 8);
+  return {_mm512_unpacklo_pd(a, b), _mm512_unpackhi_pd(a, b)};
 }
-inline F32 mixed(F32 a) { return a; }
-inline F64 mixed(F64 a) { return a; }
-inline Stored<F32> stored(Pair<F32> mixed) { return as_stored(mixed); }
-inline Stored<F64> stored(Pair<F64> mixed) { return as_stored(mixed); }
+inline F64 mixed(F64 a) { return _mm512_permutexvar_pd(_mm512_setr_epi64(0, 4, 1, 5, 2, 6, 3, 7), a.v); }
+inline F32 mixed(F32 a) { return _mm512_castpd_ps(mixed(F64(_mm512_castps_pd(a.v))).v); }
+inline F64 in_order(F64 mixed) { return _mm512_permutexvar_pd(_mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7), mixed.v); }
+inline F32 in_order(F32 mixed) { return _mm512_castpd_ps(in_order(F64(_mm512_castps_pd(mixed.v))).v); }
+
+// Parts as they lie in memory, from mixed ones.
+inline Stored<F32> stored(Pair<F32> mixed) {
+  return {_mm512_unpacklo_ps(mixed.first.v, mixed.second.v), _mm512_unpackhi_ps(mixed.first.v, mixed.second.v)};
+}
+inline Stored<F64> stored(Pair<F64> mixed) {
+  return {_mm512_unpacklo_pd(mixed.first.v, mixed.second.v), _mm512_unpackhi_pd(mixed.first.v, mixed.second.v)};
+}
 
 // a where a part is real, b where it is imaginary.
 inline F32 by_part(F32 a, F32 b) { return _mm512_mask_blend_ps(0xAAAA, a.v, b.v); }

@@ -219,7 +219,7 @@ struct Kernel {
     if constexpr (!kComplex || kStored) {
       return r;
     } else if constexpr (std::is_same_v<R, E>) {
-      return mixed(r);
+      return in_order(r);
     } else {
       return stored(r);
     }

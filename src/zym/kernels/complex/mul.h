@@ -17,13 +17,13 @@ template <class V>
 [[gnu::always_inline]] inline V difference_of_products(V a, V c, V b, V d) {
   const V p = a * c, s = fnma(b, d, p);
   const V q_part = p - s, p_part = s + q_part;
-  return s - ((p_part - p) - (fnma(b, d, q_part) + fms(a, c, p)));
+  return s - (fnma(a, c, p_part) - fnma(b, d, q_part));
 }
 template <class V>
 [[gnu::always_inline]] inline V sum_of_products(V a, V c, V b, V d) {
   const V p = a * c, s = fma(b, d, p);
   const V q_part = s - p, p_part = s - q_part;
-  return s - ((p_part - p) + (fnma(b, d, q_part) - fms(a, c, p)));
+  return s - (fnma(a, c, p_part) + fnma(b, d, q_part));
 }
 
 // Conjugate: of the second factor.
@@ -52,11 +52,10 @@ struct ProductOf {
   static auto lanes(Pair<V> x, Pair<V> y) {
     const Pair<V> r = product<Conjugate, L>(x, y);
     if constexpr (L == Level::HA) {
-      // What is infinite on the way is a NaN in the end. Below the bound the tails of products are no longer exact,
+      // What is infinite on the way is a NaN in the end. Below half the bound the tails of products are no longer exact,
       // also with denormals flushed.
-      const V larger = larger_magnitude(r.first, r.second);
-      const Mask<V> tiny = (larger < V(E(Single<V> ? 0x1p-98 : 0x1p-964))) & (larger > V(E(0)));
-      return Masked{r, tiny | unordered(r.first, r.second)};
+      const V sum = magnitude(r.first) + magnitude(r.second);
+      return Masked{r, small_or_nan(sum, V(E(Single<V> ? 0x1p-97 : 0x1p-963)))};
     } else {
       return Masked{r, not_finite(r)};
     }

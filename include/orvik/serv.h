@@ -52,6 +52,10 @@ OrvikServFunction orvik_serv_load_thread_fun(const char* name);
 /* Whether the processor has the vector AES instructions (1 or 0). */
 int32_t orvik_serv_cpuisicx(void);
 
+/* Results of fewer bytes stay in the caches of this processor, where a loop reads no more than it writes; 0 where little
+ * does. What a kernel that memory limits writes past the caches is not less. */
+int64_t orvik_serv_kept_result_bytes(void);
+
 #ifdef __cplusplus
 }
 #endif

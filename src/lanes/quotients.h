@@ -2,12 +2,13 @@
 // products and sums instead, some three times as many in a unit of time. A kernel with enough else to do divides beside
 // that for nothing: measure both.
 //
-// Quotients of |a|, |b| from 2^-480 to 2^480 (floats: 2^-60 to 2^60) and of a = 0, where the sign is lost; roots of a = 0
-// and 2^-900 to 2^1020, of floats by the instruction. What else there is gives any number. The steps raise no flags,
-// inexact neither: for kernels whose results raise it.
+// Quotients of |a|, |b| from 2^-480 to 2^480 (floats: 2^-60 to 2^60) and of a = 0, where the sign is lost; roots of
+// a = 0 and 2^-900 to 2^1020, of floats by the instruction. What else there is gives any number. The steps raise no
+// flags, inexact neither: for kernels whose results raise it.
 #pragma once
 
 #include "lanes/lanes.h"
+#include "lanes/units.h"
 #if ORVIK_REGISTER_BITS == 512
 #include "lanes/wide/quotients.h"
 #endif
@@ -27,6 +28,11 @@ template <class V>
 [[gnu::always_inline]] inline V divided_exactly(V a, V b) {
   return a / b;
 }
+// Beside few other steps.
+template <class V>
+[[gnu::always_inline]] inline V root_of_few(V a) {
+  return root(a);
+}
 #if ORVIK_REGISTER_BITS == 512
 // Of two vectors one takes the divider, beside the steps of the other.
 template <class T>
@@ -38,8 +44,14 @@ template <class T>
   return {a.low / b.low, divided_exactly(a.high, b.high)};
 }
 template <class T>
-[[gnu::always_inline]] inline Twice<T> root(Twice<T> a) {
+[[gnu::always_inline]] inline Twice<T> root_of_few(Twice<T> a) {
   return {sqrt(a.low), root(a.high)};
+}
+// Units that take registers in halves need about as many cycles for the steps of one vector as for its root: among many
+// other steps the divider takes both.
+template <class T>
+[[gnu::always_inline]] inline Twice<T> root(Twice<T> a) {
+  return {sqrt(a.low), units_of_halves ? sqrt(a.high) : root(a.high)};
 }
 #endif
 

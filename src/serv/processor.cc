@@ -67,12 +67,15 @@ uint32_t ask() {
 }  // namespace
 
 ProcessorWords read_processor() {
-  ProcessorWords words = {0, 0, 0, 0, 0, 0};
+  ProcessorWords words = {0, 0, 0, 0, 0, 0, 0, 0};
   uint32_t a, b, c, d;
   if (__get_cpuid(1, &a, &b, &c, &d) != 0) words.leaf1_ecx = c;
   if (__get_cpuid_count(7, 0, &a, &b, &c, &d) != 0) words.leaf7_ebx = b, words.leaf7_ecx = c;
   if (__get_cpuid(0x80000001u, &a, &b, &c, &d) != 0) words.extended_leaf1_ecx = c;
   if (__get_cpuid(0x8000001Au, &a, &b, &c, &d) != 0) words.extended_leaf1a_eax = a;
+  if (__get_cpuid_count(0x8000001Du, 3, &a, &b, &c, &d) != 0 && (a & 0x1F) != 0) {
+    words.extended_leaf1d_ebx = b, words.extended_leaf1d_ecx = c;
+  }
   if ((words.leaf1_ecx & kOsxsave) != 0) {
     uint32_t low, high;
     __asm__ volatile("xgetbv" : "=a"(low), "=d"(high) : "c"(0));
@@ -99,9 +102,17 @@ bool has_wide_registers(const ProcessorWords& words) {
 }
 
 bool halves_wide_registers(const ProcessorWords& words) {
-  // The width of its units, as the processor tells it: one bit for 256 bits, one for 512. Others tell none, and have whole ones.
+  // The width of its units, as the processor tells it: one bit for 256 bits, one for 512. Others tell none, and have
+  // whole ones.
   constexpr uint32_t kUnitsOf256 = 1u << 2, kUnitsOf512 = 1u << 3;
   return (words.extended_leaf1a_eax & (kUnitsOf256 | kUnitsOf512)) == kUnitsOf256;
+}
+
+int64_t near_outer_cache(const ProcessorWords& words) {
+  const uint32_t shape = words.extended_leaf1d_ebx;
+  if (shape == 0) return 0;
+  const int64_t line = (shape & 0xFFF) + 1, partitions = (shape >> 12 & 0x3FF) + 1, ways = (shape >> 22) + 1;
+  return line * partitions * ways * (int64_t{words.extended_leaf1d_ecx} + 1);
 }
 
 bool has_wide_aes(const ProcessorWords& words) {

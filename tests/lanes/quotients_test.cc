@@ -183,20 +183,34 @@ TEST(Quotients, OfProductsAreExactAndRaiseNothing) {
 }
 
 TEST(Quotients, OfTwoVectorsAreThoseOfEach) {
-  double a[2 * kWidth<F64>], b[2 * kWidth<F64>], q[2 * kWidth<F64>], s[2 * kWidth<F64>];
+  double a[2 * kWidth<F64>], b[2 * kWidth<F64>], q[2 * kWidth<F64>];
   for (int k = 0; k < 2 * kWidth<F64>; ++k) a[k] = 1 + k, b[k] = 7 + 3 * k;
   const Twice<F64> x = {load<F64>(a), load<F64>(a + kWidth<F64>)}, y = {load<F64>(b), load<F64>(b + kWidth<F64>)};
-  const Twice<F64> quotient = divided(x, y), exact = divided_exactly(x, y), square_root = root(x);
+  const Twice<F64> quotient = divided(x, y), exact = divided_exactly(x, y);
   store(q, quotient.low), store(q + kWidth<F64>, quotient.high);
   for (int k = 0; k < kWidth<F64>; ++k) {
     EXPECT_EQ(lane(exact.low, k), lane(quotient.low, k));
     EXPECT_EQ(lane(exact.high, k), lane(quotient.high, k));
   }
-  store(s, square_root.low), store(s + kWidth<F64>, square_root.high);
-  for (int k = 0; k < 2 * kWidth<F64>; ++k) {
-    EXPECT_EQ(q[k], opaque_quotient(a[k], b[k]));
-    EXPECT_EQ(s[k], std::sqrt(opaque(a[k])));
+  for (int k = 0; k < 2 * kWidth<F64>; ++k) EXPECT_EQ(q[k], opaque_quotient(a[k], b[k]));
+}
+
+TEST(Roots, OfTwoVectorsAreThoseOfEachWhateverUnitsTakeThem) {
+  double a[2 * kWidth<F64>], r[2 * kWidth<F64>], few[2 * kWidth<F64>];
+  for (int k = 0; k < 2 * kWidth<F64>; ++k) a[k] = 1 + k;
+  const Twice<F64> x = {load<F64>(a), load<F64>(a + kWidth<F64>)};
+  const bool here = units_of_halves;
+  for (const bool halves : {false, true}) {
+    units_of_halves = halves;
+    const Twice<F64> y = root(x), z = root_of_few(x);
+    store(r, y.low), store(r + kWidth<F64>, y.high);
+    store(few, z.low), store(few + kWidth<F64>, z.high);
+    for (int k = 0; k < 2 * kWidth<F64>; ++k) {
+      EXPECT_EQ(r[k], std::sqrt(opaque(a[k]))) << halves;
+      EXPECT_EQ(few[k], r[k]) << halves;
+    }
   }
+  units_of_halves = here;
 }
 
 void expect_roots(std::vector<double> x) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "orvik/version.h"
+#include "serv/caches.h"
 
 namespace {
 
@@ -33,7 +34,7 @@ const std::vector<Bit> kBits = {
 
 // Words with the bits of `set` (an index into kBits each), the others as in `rest`.
 ProcessorWords words_with(uint32_t set, uint32_t rest) {
-  ProcessorWords words = {rest, rest, rest, rest, rest, rest};
+  ProcessorWords words = {rest, rest, rest, rest, rest, rest, rest, rest};
   for (size_t i = 0; i < kBits.size(); ++i) {
     words.*kBits[i].word &= ~(1u << kBits[i].bit);
     if ((set >> i & 1) != 0) words.*kBits[i].word |= 1u << kBits[i].bit;
@@ -83,10 +84,10 @@ TEST(Processor, EveryCombinationOfFeaturesIsJudgedAndNamed) {
 
 // AVX-512 F, DQ, BW, VL; masks, upper halves of the first sixteen registers, the second sixteen.
 TEST(Processor, WideRegistersNeedTheirInstructionsAndAnOperatingSystemThatSavesThem) {
-  const std::vector<Bit> bits = {
-      {"F", &ProcessorWords::leaf7_ebx, 16},   {"DQ", &ProcessorWords::leaf7_ebx, 17}, {"BW", &ProcessorWords::leaf7_ebx, 30},
-      {"VL", &ProcessorWords::leaf7_ebx, 31},  {"masks", &ProcessorWords::xcr0, 5},    {"halves", &ProcessorWords::xcr0, 6},
-      {"the others", &ProcessorWords::xcr0, 7}};
+  const std::vector<Bit> bits = {{"F", &ProcessorWords::leaf7_ebx, 16},   {"DQ", &ProcessorWords::leaf7_ebx, 17},
+                                 {"BW", &ProcessorWords::leaf7_ebx, 30},  {"VL", &ProcessorWords::leaf7_ebx, 31},
+                                 {"masks", &ProcessorWords::xcr0, 5},     {"halves", &ProcessorWords::xcr0, 6},
+                                 {"the others", &ProcessorWords::xcr0, 7}};
   const uint32_t all = (1u << bits.size()) - 1;
   for (const uint32_t rest : {0u, ~0u}) {
     for (uint32_t set = 0; set <= all; ++set) {
@@ -118,6 +119,22 @@ TEST(Processor, WideRegistersGoInHalvesWhereTheUnitsAreOf256Bits) {
   EXPECT_FALSE(halves_wide_registers(words));
   __builtin_cpu_init();
   EXPECT_FALSE(__builtin_cpu_is("intel") && halves_wide_registers(read_processor())) << "they have no such leaf";
+}
+
+TEST(Processor, AnOuterCacheNearTheCoresIsOfWaysPartitionsLinesAndSets) {
+  ProcessorWords words = {};
+  EXPECT_EQ(near_outer_cache(words), 0) << "no such leaf";
+  words.extended_leaf1d_ebx = 15u << 22 | 63;
+  words.extended_leaf1d_ecx = 32767;
+  EXPECT_EQ(near_outer_cache(words), 32 << 20);
+  words.extended_leaf1d_ebx |= 1u << 12;
+  EXPECT_EQ(near_outer_cache(words), 64 << 20);
+  words.extended_leaf1d_ecx = 0xFFFFFFFF;
+  EXPECT_EQ(near_outer_cache(words), int64_t{16} * 2 * 64 << 32);
+  __builtin_cpu_init();
+  const ProcessorWords here = read_processor();
+  EXPECT_FALSE(__builtin_cpu_is("intel") && near_outer_cache(here) != 0) << "they have no such leaf";
+  EXPECT_EQ(kept_result_bytes, near_outer_cache(here) / 8 * 3);
 }
 
 TEST(Processor, TheLineIsOneLine) {

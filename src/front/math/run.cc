@@ -63,12 +63,19 @@ int64_t nanoseconds_of(int64_t n, float cost) {
 }
 
 // Kernels that memory alone limits write large results past the caches; a block must be large for that, too.
-constexpr int64_t kPastCaches = (int64_t{8} << 20) + 4096;  // bytes, and what the ends of blocks are rounded by
-constexpr int64_t kCheapByte = 10;                          // cost of a byte of results in 64ths, where memory limits
+constexpr int64_t kPastCaches = int64_t{8} << 20;  // bytes
+constexpr int64_t kRounding = 4096;                // bytes that the ends of blocks are rounded by
+constexpr int64_t kCheapByte = 10;                 // cost of a byte of results in 64ths, where memory limits
+
+int64_t bytes_past_caches(const Row& row) {
+  const int64_t read = row.input_bytes * (row.second_array ? 2 : 1);
+  const int64_t kept = read <= row.result_bytes ? orvik_serv_kept_result_bytes() : 0;
+  return (kept < kPastCaches ? kPastCaches : kept) + kRounding;
+}
 
 int32_t whole_streams(const Row& row, const Operands& o, int64_t n, int level, int32_t blocks) {
   if (blocks <= 1 || o.strided || n > kMostElements) return blocks;
-  const int64_t most = n * row.result_bytes / kPastCaches;
+  const int64_t most = n * row.result_bytes / bytes_past_caches(row);
   if (most == 0 || cost_in_64ths(row.costs[level]) >= kCheapByte * row.result_bytes) return blocks;
   return most < blocks ? static_cast<int32_t>(most) : blocks;
 }

@@ -3,12 +3,16 @@
 // library. This file is compiled for any x86-64 processor; see serv/processor.cc.
 #include "zym/frame/registers.h"
 
+#include "lanes/units.h"
 #include "serv/registers.h"
+
+bool orvik::units_of_halves = false;
 
 #if ORVIK_WIDE_REGISTERS
 // Before the program's own start-up code.
 extern "C" [[gnu::constructor(103)]] void orvik_zym_choose_kernels() {
   if (!orvik::serv::wide_registers) return;
+  orvik::units_of_halves = orvik::serv::wide_by_halves;
   for (const auto* row = orvik::zym::orvik_zym_wide_rows; row->slots != nullptr; ++row) {
     auto* costs = reinterpret_cast<float*>(row->slots + 3);
     for (int level = 0; level < 3; ++level) {

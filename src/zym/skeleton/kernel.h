@@ -9,6 +9,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "serv/caches.h"
 #include "zym/frame/thread_state.h"
 #include "zym/skeleton/body.h"
 #include "zym/skeleton/control.h"
@@ -704,13 +705,17 @@ struct Kernel {
 
  private:
   // Results this large leave the caches before they are read again (a core's share of a last-level cache is 1 to 4 MiB
-  // on most machines; past it, a streaming store saves reading the line that it replaces). Three arrays of as many bytes,
-  // each the next one's input, take as long either way where that share is much larger.
+  // on most machines; past it, a streaming store saves reading the line that it replaces). Three arrays of as many
+  // bytes, each the next one's input, take as long either way where that share is much larger.
   static constexpr int64_t kStreamBytes = int64_t{7} << 20;
 
   static constexpr bool kMayPassCaches = kKnobs.streams && !kTwoResults;
-  static constexpr bool past_caches(int64_t n) {
-    return kMayPassCaches && n >= kStreamBytes / static_cast<int64_t>(sizeof(R));
+  // Where a cache of the last level is near, it holds more of two arrays as large as each other.
+  static constexpr bool kTwoArrays = sizeof(A) + (kBinary && !kScalarB ? sizeof(B) : 0) <= sizeof(R);
+  static bool past_caches(int64_t n) {
+    if constexpr (!kMayPassCaches) return false;
+    const int64_t bytes = n * static_cast<int64_t>(sizeof(R));
+    return bytes >= kStreamBytes && (!kTwoArrays || bytes >= serv::kept_result_bytes);
   }
 
   // A store that crosses a cache line costs as much as two; fewer blocks than these do not repay what aligns them.

@@ -99,7 +99,7 @@ struct ProductOf {
 // cMul HA: 0.7072 ulp norm at -0x1p-149, -0x1p-149, -0x1p+0, -0x1.8p+0
 // cMul EP: 22.61 bits norm at -0x1.0b78p-133, -0x1.daap-136, 0x1.fba644p+2, -0x1.34fc4p-3
 // zMul HA: 0.7072 ulp norm at -0x0.0000000000001p-1022, -0x0.0000000000001p-1022, -0x1p+0, -0x1.8p+0
-// zMul EP: 51.62 bits norm at -0x0.0000220e61e21p-1022, -0x0.0139fa2a78f07p-1022, -0x1.1a9c947d82b5p-1,
+// zMul EP: 51.62 bits norm at -0x0.0000220e61e21p-1022, -0x0.0139fa2a78f07p-1022, -0x1.1a9c947d82b5p-1, -0x1.887bc6058a84fp-10
 // -0x1.887bc6058a84fp-10
 template <class V, Level L>
 struct Mul : ProductOf<false, V, L> {};
@@ -107,7 +107,7 @@ struct Mul : ProductOf<false, V, L> {};
 // cMulByConj HA: 0.7072 ulp norm at -0x1p-149, -0x1p-149, -0x1p+0, -0x1.8p+0
 // cMulByConj EP: 22.57 bits norm at 0x1.f738p-136, -0x1p-149, -0x1.bf2036p+1, 0x1.8aaaeep+0
 // zMulByConj HA: 0.7072 ulp norm at -0x0.0000000000001p-1022, -0x0.0000000000001p-1022, -0x1p+0, -0x1.8p+0
-// zMulByConj EP: 51.58 bits norm at -0x0.00000c5801afep-1022, -0x0.000001bea289cp-1022, 0x1.a66bb2911634p-26,
+// zMulByConj EP: 51.58 bits norm at -0x0.00000c5801afep-1022, -0x0.000001bea289cp-1022, 0x1.a66bb2911634p-26, -0x1.27fc7d40d98a1p-30
 // -0x1.27fc7d40d98a1p-30
 template <class V, Level L>
 struct MulByConj : ProductOf<true, V, L> {};

@@ -70,7 +70,7 @@ struct Pow3o2<V, L> {
   static auto special(V x) { return outside<0x1A700000, 0x6A8FFFFF>(x); }  // [2^-600, 2^682)
 
   static V lanes(V x) {
-    if constexpr (L == Level::HA) return pow3o2_by_root(x, root(x));
+    if constexpr (L == Level::HA) return pow3o2_by_root(x, root_of_few(x));
     const V y = roots::inverse_root(x);
     const V s = x * y;
     const V d = fnma(s, y, V(1.0));

@@ -8,7 +8,6 @@
 #pragma once
 
 #include "lanes/lanes.h"
-#include "lanes/units.h"
 #if ORVIK_REGISTER_BITS == 512
 #include "lanes/wide/quotients.h"
 #endif
@@ -28,7 +27,7 @@ template <class V>
 [[gnu::always_inline]] inline V divided_exactly(V a, V b) {
   return a / b;
 }
-// Beside few other steps.
+// Beside few other steps: those of the root are worth their time on all processors.
 template <class V>
 [[gnu::always_inline]] inline V root_of_few(V a) {
   return root(a);
@@ -44,14 +43,12 @@ template <class T>
   return {a.low / b.low, divided_exactly(a.high, b.high)};
 }
 template <class T>
-[[gnu::always_inline]] inline Twice<T> root_of_few(Twice<T> a) {
+[[gnu::always_inline]] inline Twice<T> root(Twice<T> a) {
   return {sqrt(a.low), root(a.high)};
 }
-// Units that take registers in halves need about as many cycles for the steps of one vector as for its root: among many
-// other steps the divider takes both.
 template <class T>
-[[gnu::always_inline]] inline Twice<T> root(Twice<T> a) {
-  return {sqrt(a.low), units_of_halves ? sqrt(a.high) : root(a.high)};
+[[gnu::always_inline]] inline Twice<T> root_of_few(Twice<T> a) {
+  return {sqrt(a.low), root_by_steps(a.high)};
 }
 #endif
 

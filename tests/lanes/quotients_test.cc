@@ -11,8 +11,16 @@
 #include <random>
 #include <vector>
 
+#include "lanes/units.h"
+
 namespace orvik {
 namespace {
+
+// The steps are tested, also where the divider would take their place.
+class BySteps : public testing::Environment {
+  void SetUp() override { units_of_halves = false; }
+};
+[[maybe_unused]] const auto* const by_steps = testing::AddGlobalTestEnvironment(new BySteps);
 
 template <class T>
 struct Pairs {
@@ -195,22 +203,22 @@ TEST(Quotients, OfTwoVectorsAreThoseOfEach) {
   for (int k = 0; k < 2 * kWidth<F64>; ++k) EXPECT_EQ(q[k], opaque_quotient(a[k], b[k]));
 }
 
-TEST(Roots, OfTwoVectorsAreThoseOfEachWhateverUnitsTakeThem) {
-  double a[2 * kWidth<F64>], r[2 * kWidth<F64>], few[2 * kWidth<F64>];
+TEST(Roots, AndQuotientsOfTwoVectorsAreThoseOfEachWhateverUnitsTakeThem) {
+  double a[2 * kWidth<F64>], r[2 * kWidth<F64>], few[2 * kWidth<F64>], quotients[2 * kWidth<F64>];
   for (int k = 0; k < 2 * kWidth<F64>; ++k) a[k] = 1 + k;
   const Twice<F64> x = {load<F64>(a), load<F64>(a + kWidth<F64>)};
-  const bool here = units_of_halves;
-  for (const bool halves : {false, true}) {
+  for (const bool halves : {true, false}) {
     units_of_halves = halves;
-    const Twice<F64> y = root(x), z = root_of_few(x);
+    const Twice<F64> y = root(x), z = root_of_few(x), q = divided(x, z);
     store(r, y.low), store(r + kWidth<F64>, y.high);
     store(few, z.low), store(few + kWidth<F64>, z.high);
+    store(quotients, q.low), store(quotients + kWidth<F64>, q.high);
     for (int k = 0; k < 2 * kWidth<F64>; ++k) {
+      EXPECT_EQ(quotients[k], opaque_quotient(a[k], few[k])) << halves;
       EXPECT_EQ(r[k], std::sqrt(opaque(a[k]))) << halves;
       EXPECT_EQ(few[k], r[k]) << halves;
     }
   }
-  units_of_halves = here;
 }
 
 void expect_roots(std::vector<double> x) {

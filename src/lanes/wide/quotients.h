@@ -7,6 +7,7 @@
 // next to sqrt(a) and h next to 1 / (2 sqrt(a)) (Cornea, Harrison and Tang, 2002). The test divides what comes closest.
 #pragma once
 
+#include "lanes/units.h"
 #include "lanes/wide/vectors.h"
 
 namespace orvik {
@@ -69,7 +70,9 @@ struct QuotientBySteps {
   }
 };
 
-inline F64 divided(F64 a, F64 b) { return QuotientBySteps<F64>(a, b).q; }
+// Units that take registers in halves need for the steps of a vector about as long as their divider, which works beside
+// what else there is to do: it takes all.
+inline F64 divided(F64 a, F64 b) { return units_of_halves ? a / b : QuotientBySteps<F64>(a, b).q; }
 inline F32 divided(F32 a, F32 b) { return QuotientBySteps<F32>(a, b).q; }
 
 // Any operands: near 1 by steps, the others by the instruction. What is left of a raises inexact where it is not 0.
@@ -83,7 +86,7 @@ template <class V>
 inline F64 divided_exactly(F64 a, F64 b) { return divided_by_either(a, b); }
 inline F32 divided_exactly(F32 a, F32 b) { return divided_by_either(a, b); }
 
-inline F64 root(F64 a) {
+inline F64 root_by_steps(F64 a) {
   const F64 half = 0.5;
   const __mmask8 some = _mm512_cmp_pd_mask(a.v, _mm512_setzero_pd(), _CMP_NEQ_UQ);
   const F64 y = _mm512_maskz_rsqrt14_pd(some, a.v);
@@ -95,5 +98,6 @@ inline F64 root(F64 a) {
   g = quiet_fma(g, rest, g), h = quiet_fma(h, rest, h);
   return quiet_fma(quiet_fnma(g, g, a), h, g);
 }
+inline F64 root(F64 a) { return units_of_halves ? sqrt(a) : root_by_steps(a); }
 
 }  // namespace orvik

@@ -232,14 +232,17 @@ inline int32_t select_dimension(const DigitalView& view, int32_t nstreams, int32
   const uint32_t k = static_cast<uint32_t>(wanted);
   if (nstreams != kSelect || k >= head.dim) return ORVIK_QOR_NO_LEAPFROG;
   if (k == head.selected) return ORVIK_QOR_OK;
+  const bool other = head.selected != kNoneSelected;
+  const bool delivered = head.pending != 0 && k < head.dim - head.pending;
+  if ((other || delivered) && head.index == UINT32_MAX) return ORVIK_QOR_PERIOD_ELAPSED;  // no point lies behind it
   uint32_t& x = view.x[k * view.x_stride];
   const uint32_t* const v = view.v + k * view.v_stride;
-  if (head.selected != kNoneSelected) {
+  if (other) {
     // Only the coordinate that was selected has been kept up.
     ++head.index;
     x = 0;
     for (uint32_t code = gray(head.index); code != 0; code &= code - 1) x ^= v[__builtin_ctz(code)];
-  } else if (head.pending != 0 && k < head.dim - head.pending) {
+  } else if (delivered) {
     x ^= v[next_row(head.index)];
     ++head.index;
   }

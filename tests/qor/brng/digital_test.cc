@@ -182,6 +182,23 @@ TEST_P(DigitalTest, SelectingAnotherDimensionGoesOnBehindThePointInHand) {
   for (uint32_t w : s.words(20)) ASSERT_EQ(w, m.coordinate(1, index++));
 }
 
+TEST_P(DigitalTest, SelectionThatWouldPassTheLastIndexIsRefusedAndLeavesTheStream) {
+  const Stream inside = stream(3), other = stream(3);
+  ASSERT_EQ(inside.skip(uint64_t{3} * 0xFFFFFFFC + 2), 0);  // the last coordinate of a point waits
+  ASSERT_EQ(inside.skip(5), 0);
+  ASSERT_EQ(other.skip(uint64_t{3} * 0xFFFFFFFD), 0);
+  ASSERT_EQ(other.leapfrog(1, kSelect), 0);
+  other.words(1);
+  for (const Stream* s : {&inside, &other}) {
+    ASSERT_EQ(head(*s).index, UINT32_MAX);
+    const Stream before = s->copy();
+    EXPECT_EQ(s->leapfrog(0, kSelect), ORVIK_QOR_PERIOD_ELAPSED);
+    EXPECT_EQ(std::memcmp(s->state<uint8_t>(), before.state<uint8_t>(), 4 * 60), 0);
+  }
+  EXPECT_EQ(inside.leapfrog(2, kSelect), 0);  // coordinates not delivered yet
+  EXPECT_EQ(other.leapfrog(1, kSelect), 0);
+}
+
 TEST_P(DigitalTest, LeapfrogWithAnotherCountOrDimensionIsRefused) {
   const Stream s = stream(6);
   for (int32_t nstreams : {0, 1, 6, kSelect - 1}) EXPECT_EQ(s.leapfrog(0, nstreams), ORVIK_QOR_NO_LEAPFROG);

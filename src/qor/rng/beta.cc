@@ -76,7 +76,7 @@ struct Switch {
       left = q * t / (q * t + p * (1 - t));
       unit = 1 - t;
     } else {
-      t = (1 - p) / (q + 1 - p);
+      t = std::max((1 - p) / (q + 1 - p), std::numeric_limits<T>::min());  // any t serves, but 0 never accepts
       const T power = q > kLarge<T> ? kernels::exp.high(q * kernels::log1p.high(-t)) : kernels::powx.high(1 - t, q);
       left = q * t / (q * t + p * power);
       unit = 1;
@@ -154,6 +154,10 @@ void power_of_uniforms(Uniforms<T>& uniforms, int32_t n, T* r, T shape, bool com
 // p <= q. The squeeze is ln z <= e z - 2.
 template <class T>
 void by_log_logistic(Uniforms<T>& uniforms, int32_t n, T* r, T p, T q, bool complement) {
+  if (p + q > std::numeric_limits<T>::max()) {  // only their ratio counts there
+    p /= 2;
+    q /= 2;
+  }
   // Where the product leaves its type, what is taken from it counts for nothing.
   const T alpha = p + q, product = 2 * p * q;
   const bool huge = product > std::numeric_limits<T>::max();

@@ -112,6 +112,10 @@ inline Twice<T> subtract_from_words(uint32_t a, Twice<T> b) {
   return {subtract_from_words(a, b.low), subtract_from_words(a, b.high)};
 }
 template <class T>
+inline Twice<T> multiply_low_halves(Twice<T> a, int16_t b) {
+  return {multiply_low_halves(a.low, b), multiply_low_halves(a.high, b)};
+}
+template <class T>
 inline Twice<T> multiply_high16(Twice<T> a, uint16_t b) {
   return {multiply_high16(a.low, b), multiply_high16(a.high, b)};
 }

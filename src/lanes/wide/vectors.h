@@ -135,6 +135,8 @@ inline I64 operator^(I64 a, I64 b) { return _mm512_xor_si512(a.v, b.v); }
 inline I32 operator*(I32 a, I32 b) { return _mm512_mullo_epi32(a.v, b.v); }
 // Of the low halves of 64-bit lanes, as numbers without a sign.
 inline I64 multiply_low_words(I64 a, I64 b) { return _mm512_mul_epu32(a.v, b.v); }
+// Of the low 16-bit halves of words whose high halves are zero, the factors below 2^15: exact.
+inline I32 multiply_low_halves(I32 a, int16_t b) { return _mm512_madd_epi16(a.v, _mm512_set1_epi16(b)); }
 // Of each 16-bit half of the words: the high 16 bits of the product without a sign.
 inline I32 multiply_high16(I32 a, uint16_t b) {
   return _mm512_mulhi_epu16(a.v, _mm512_set1_epi16(static_cast<int16_t>(b)));

@@ -15,27 +15,24 @@ namespace roots {
 template <class V>
 struct Thirds;
 
-// With k in {-1, 0, 1} here, which changes no bits: q is the third of the exponent, rounded.
+// E, the biased exponent, times 0x5556 = 2^16/3 + 2/3: E/3 without its rest from bit 16 on and the rest as a fraction
+// below, k = 0, 1, 2 in bits 14 and 15. 126 is of no rest, 127 of one: powers are those of k - 1.
 template <Single V>
 struct Thirds<V> {
   using I = Integer<V>;
-  I shift;  // q, in the exponent field
+  I shift;  // E/3 - 42, in the exponent field
   V m;
 
   explicit Thirds(V x) {
-    const V a = magnitude(x);
-    const V e = NormalExponents<V>(a).numbers();
-    const auto [t, q] = shift_round(e, V(kThird));
-    shift = shift_left<23>(as_bits(t));
-    k_ = as_bits(fnma(q, V(3.0f), e) + V(kShifter32));
-    m = as_float((as_bits(x) & I(0x007FFFFFu)) | I(0x3F800000u));
+    product_ = multiply_low_halves(shift_right<24>(shift_left<1>(as_bits(x))), 0x5556);
+    shift = shift_left<7>(product_ & I(0xFFFF0000u)) - I(42u << 23);
+    m = (x & pattern<V>(0x007FFFFFu)) | V(1.0f);
   }
-  V z() const { return as_float(as_bits(m) + shift_left<23>(k_)); }
-  V power(const float (&table)[8]) const { return look_up(octet_table<V>(table), k_); }
+  V z() const { return as_float(as_bits(m) + ((shift_left<9>(product_) & I(3u << 23)) - I(1u << 23))); }
+  V power(const float (&table)[8]) const { return look_up(octet_table<V>(table), shift_right<14>(product_)); }
 
  private:
-  static constexpr float kThird = 1.0f / 3;
-  I k_;  // k in the low bits
+  I product_;
 };
 
 // The high words do the work; what stands in the low words of k is the fraction.

@@ -23,18 +23,18 @@ inline constexpr double kInverseRootShort[3] = {0x1.80000c4cd9197p-2, 0x1.000004
 // With w an estimate of z^(-1/3) and x = 1 - z w^3: z^(1/3) = z w^2 (1 - x)^(-2/3), z^(-1/3) = w (1 - x)^(-1/3),
 // z^(2/3) = z w (1 - x)^(-1/3).
 
-// 2^(k/3), 2^(-k/3), 2^(2k/3) for k = 0, 1, -1 by its low three bits.
-//: = i < 2 ? 2^(i/3) : i == 7 ? 2^(-1/3) : 0
+// 2^(k/3), 2^(-k/3), 2^(2k/3) for k = -1, 0, 1, by k + 1 in the two low bits of an index of three.
+//: = mod(i, 4) < 3 ? 2^((mod(i, 4) - 1)/3) : 0
 alignas(32) inline constexpr float kThirdRoots[8] = {
-    0x1p0f, 0x1.428a3p0f, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, 0x1.965feap-1f
+    0x1.965feap-1f, 0x1p0f, 0x1.428a3p0f, 0.0f, 0x1.965feap-1f, 0x1p0f, 0x1.428a3p0f, 0.0f
 };
-//: = i < 2 ? 2^(-i/3) : i == 7 ? 2^(1/3) : 0
+//: = mod(i, 4) < 3 ? 2^((1 - mod(i, 4))/3) : 0
 alignas(32) inline constexpr float kInverseThirdRoots[8] = {
-    0x1p0f, 0x1.965feap-1f, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, 0x1.428a3p0f
+    0x1.428a3p0f, 0x1p0f, 0x1.965feap-1f, 0.0f, 0x1.428a3p0f, 0x1p0f, 0x1.965feap-1f, 0.0f
 };
-//: = i < 2 ? 2^(2 * i/3) : i == 7 ? 2^(-2/3) : 0
+//: = mod(i, 4) < 3 ? 2^(2 * (mod(i, 4) - 1)/3) : 0
 alignas(32) inline constexpr float kTwoThirdRoots[8] = {
-    0x1p0f, 0x1.965feap0f, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, 0x1.428a3p-1f
+    0x1.428a3p-1f, 0x1p0f, 0x1.965feap0f, 0.0f, 0x1.428a3p-1f, 0x1p0f, 0x1.965feap0f, 0.0f
 };
 // High words of 2^(-k/3), k = 0, 1, 2, as 64-bit floats, rounded down.
 //: let power = 2^(-i/3)

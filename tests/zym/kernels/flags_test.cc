@@ -110,6 +110,46 @@ TYPED_TEST(Flags, ArcCosinesOfDenormalsRaiseNone) {
   }
 }
 
+// Whose results are 1, or the argument.
+TYPED_TEST(Flags, ExponentialsAndLogarithmsOfTinyArgumentsRaiseNone) {
+  using E = TypeParam;
+  const auto check = [&](const char* function, E x) {
+    for (E signed_x : {x, -x}) this->check(function, signed_x, signed_x, [](E) { return 0; });
+  };
+  for (E x : {this->tiny, 100 * this->tiny, this->smallest / 2, this->smallest, this->smallest * 3}) {
+    check("Exp2", x);
+    check("Exp10", x);
+  }
+  if constexpr (sizeof(E) == 8) {
+    for (E x : {1e-320, 3e-308, 1e-300, 0x1.8p-600, 0x1.8p-530}) {
+      check("Exp", x);
+      if (x < this->smallest) continue;
+      check("Expm1", x);
+      check("Log1p", x);
+    }
+  }
+}
+
+TYPED_TEST(Flags, StepsOntoDenormalsAreFlushedWithDenormals) {
+  using E = TypeParam;
+  constexpr uint32_t kKeepDenormals = 0x140000;
+  _zymSetMode(ZYM_ERRMODE_NOERR | ZYM_FLUSH_DENORMALS);
+  for (int level = 0; level < 3; ++level) {
+    const auto expect = [&](E a, E b, E want) {
+      E r;
+      flags_of(row_of<E>("NextAfter"), level, 1, false, a, b, &r);
+      _zymSetMode(kKeepDenormals);
+      EXPECT_TRUE(same_value(r, want)) << a << " towards " << b << ": " << r;
+      _zymSetMode(ZYM_FLUSH_DENORMALS);
+    };
+    expect(E(0), E(1), E(0));
+    expect(E(0), E(-1), E(-0.0));
+    expect(this->smallest, E(0), E(0));
+    expect(E(2) * this->tiny, this->tiny, E(0));
+  }
+  _zymSetMode(kKeepDenormals);
+}
+
 TYPED_TEST(Flags, RemaindersOfADenormalByInfinityAreFlushedWithDenormals) {
   using E = TypeParam;
   constexpr uint32_t kKeepDenormals = 0x140000;

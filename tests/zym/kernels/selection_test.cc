@@ -1,6 +1,8 @@
 #include <immintrin.h>
 
 #include <limits>
+#include <utility>
+#include <vector>
 
 #include "support/row_calls.h"
 
@@ -76,14 +78,36 @@ TYPED_TEST(Selection, SignallingNanIsQuietedWithInvalid) {
   using E = TypeParam;
   using B = std::conditional_t<sizeof(E) == 4, uint32_t, uint64_t>;
   const B signalling = sizeof(E) == 4 ? static_cast<B>(0x7F800001) : static_cast<B>(0x7FF0000000000001);
-  E a = std::bit_cast<E>(signalling), r = 0;
+  E a = std::bit_cast<E>(signalling), one = 1, r = 0;
   Call<E> c;
-  c.n = 1, c.a = &a, c.b = &a, c.r1 = &r;
+  c.n = 1, c.r1 = &r;
   for (const char* f : {"Fmax", "Fmin", "MaxMag", "MinMag", "Fdim"}) {
-    _mm_setcsr(0x1F80);
-    call_row(row_named(row_of<E>(f)), 1, false, c);
-    EXPECT_NE(_mm_getcsr() & _MM_EXCEPT_INVALID, 0u) << f;
-    EXPECT_NE(std::bit_cast<B>(r), signalling) << f;
+    for (const auto& [x, y] : {std::pair{&a, &a}, {&a, &one}, {&one, &a}}) {
+      c.a = x, c.b = y;
+      _mm_setcsr(0x1F80);
+      call_row(row_named(row_of<E>(f)), 1, false, c);
+      EXPECT_NE(_mm_getcsr() & _MM_EXCEPT_INVALID, 0u) << f;
+      EXPECT_NE(std::bit_cast<B>(r), signalling) << f;
+    }
+  }
+  _mm_setcsr(0x1F80);
+}
+
+TYPED_TEST(Selection, QuietNansRaiseNothing) {
+  using E = TypeParam;
+  for (int n : {1, 7, 70}) {
+    std::vector<E> a(static_cast<size_t>(n), E(2)), b(a), r(a);
+    a[0] = b.back() = this->nan;
+    b[b.size() / 2] = -this->inf;
+    Call<E> c;
+    c.n = n, c.a = a.data(), c.b = b.data(), c.r1 = r.data();
+    for (const char* f : {"Fmax", "Fmin", "MaxMag", "MinMag", "Fdim"}) {
+      for (bool strided : {false, true}) {
+        _mm_setcsr(0x1F80);
+        call_row(row_named(row_of<E>(f)), 1, strided, c);
+        EXPECT_EQ(_mm_getcsr() & _MM_EXCEPT_INVALID, 0u) << f << n << strided;
+      }
+    }
   }
   _mm_setcsr(0x1F80);
 }

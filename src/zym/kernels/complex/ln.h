@@ -5,6 +5,7 @@
 #include "zym/kernels/complex/angle.h"
 #include "zym/kernels/complex/parts.h"
 #include "zym/kernels/explog/octave.h"
+#include "zym/kernels/shared/flags.h"
 #include "zym/skeleton/family.h"
 
 namespace orvik::zym::complex {
@@ -56,9 +57,13 @@ struct LnElement {
   using C = Complex<E>;
 
   static int32_t element(const C* pz, C* r) {
-    const C z = *pz;
+    const uint32_t before = read_control();
+    const C z = {opaque(pz->re), opaque(pz->im)};  // nothing is computed before
     Atan2<VectorOf<E>, Level::HA>::element(&z.im, &z.re, &r->im);
     r->re = real_part(z);
+    // Of squares and quotients, unless a part is denormal itself.
+    const auto tiny = [](E part) { return magnitude_bits(part) < FloatBits<E>::min_normal; };
+    if (!tiny(r->re) && (z.im == 0 || !tiny(r->im))) take_back_underflow(before);
     return 0;
   }
 

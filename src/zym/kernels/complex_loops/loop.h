@@ -19,9 +19,10 @@ namespace orvik::zym::complex_loops {
 inline bool finite(double x) { return magnitude_bits(x) < FloatFormat<double>::exponent_field; }
 inline bool finite(Point z) { return finite(z.re) && finite(z.im); }
 
+// A denormal that counts as zero becomes one, a signalling NaN a quiet one.
 template <class E>
 Point widened(const Complex<E>* z) {
-  return {static_cast<double>(z->re), static_cast<double>(z->im)};
+  return {quiet(static_cast<double>(z->re)), quiet(static_cast<double>(z->im))};
 }
 template <class E>
 void narrow_to(Complex<E>* r, Point w) {
@@ -102,7 +103,7 @@ struct Loop {
     return {r.value, left | r.special};
   }
   [[gnu::noinline, gnu::cold]] static int32_t limit(Point z, Complex<E>* r) {
-    const Point w = F::special(quiet(z.re), quiet(z.im));  // a denormal that counts as zero becomes one
+    const Point w = F::special(z.re, z.im);
     narrow_to<E>(r, w);
     return has_nan(w) && !has_nan(z) ? zymErrorDomain : 0;
   }

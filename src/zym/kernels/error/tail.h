@@ -150,7 +150,7 @@ double denormal_tail(double a) {
   constexpr double kGrid = 0x1.8p-822;  // the least denormal number times 1.5 * 2^52, 2^200 too high
   const double head = value.head < 0x1p-822 ? value.head + kGrid - kGrid : value.head;
   const double tail = (value.head - head) + value.tail;
-  return std::fma(0x1p-200, tail, 0x1p-200 * head);
+  return std::fabs(std::fma(0x1p-200, tail, 0x1p-200 * head));  // +0 where denormals are flushed
 }
 
 // --- the functions --------------------------------------------------------------------------------------------------

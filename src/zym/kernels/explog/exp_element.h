@@ -61,7 +61,7 @@ struct ExpParts {
     constexpr double kSplit = 0x1.8p32;
     const double h = s + s * kSplit - s * kSplit;
     const double tail = (w + (v - s)) + (s - h);
-    return std::fma(kDown, tail, kDown * h);
+    return std::fabs(std::fma(kDown, tail, kDown * h));  // +0 where denormals are flushed
   }
 
  private:

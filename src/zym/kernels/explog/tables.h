@@ -26,10 +26,11 @@ extern const float kExp2Eighths[2][8];
 //: tail = (2^(mod(i, 4)/32) - head) / head
 extern const float kExp2In32[2][8];
 
-// What the upper factors (constants.h) lack as an exponent of the base that uses them.
-//: = i/8 - log2(float(2^(i/8)))
+// What the upper factors (constants.h) lack as an exponent of the base that uses them; beside the first, which is 1,
+// what no result notices, so that products with tiny arguments are not denormal.
+//: = i == 0 ? 2^-100 : i/8 - log2(float(2^(i/8)))
 extern const float kExp2EighthsRest32[8];
-//: = log10(2) * i/16 - log10(float(2^(i/16)))
+//: = i == 0 ? 2^-100 : log10(2) * i/16 - log10(float(2^(i/16)))
 extern const float kExp10SixteenthsRest32[16];
 // The lower factors, about 1, less 1.
 //: = 2^((i - 4)/64) - 1

@@ -25,6 +25,7 @@ struct NextAfter {
     return equal_or_unordered(a, b) | outside_magnitude<kFirst, kLast>(lanes(a, b));
   }
 
+  // What is denormal counts times one: it is flushed where denormals are.
   static int32_t element(const E* pa, const E* pb, E* r) {
     const E a = *pa;
     const E b = *pb;
@@ -33,18 +34,19 @@ struct NextAfter {
       return 0;
     }
     if (a == b) {
-      *r = b;
+      *r = quiet(b);
       return 0;
     }
     using F = FloatBits<E>;
     if (a == 0) {
-      *r = float_of<E>((bits_of(b) & F::sign_bit) | 1);
+      *r = quiet(float_of<E>((bits_of(b) & F::sign_bit) | 1));
       return zymErrorUnderflow;
     }
     const bool signs_differ = is_negative(a) != is_negative(b);
     const bool towards_zero = signs_differ || magnitude_bits(a) > magnitude_bits(b);
-    *r = float_of<E>(static_cast<B>(bits_of(a) + (towards_zero ? ~B{0} : B{1})));
-    const B m = magnitude_bits(*r);
+    const E next = float_of<E>(static_cast<B>(bits_of(a) + (towards_zero ? ~B{0} : B{1})));
+    *r = quiet(next);
+    const B m = magnitude_bits(next);
     if (m == F::exponent_field) return zymErrorOverflow;
     return m < F::min_normal ? zymErrorUnderflow : 0;
   }

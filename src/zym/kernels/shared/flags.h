@@ -9,6 +9,7 @@ namespace orvik::zym {
 
 // Takes back an underflow that was raised since the control register was read as `before`.
 inline void take_back_underflow(uint32_t before) {
+  asm volatile("" : : : "memory");  // results stand in memory, so what they take has been computed
   const uint32_t now = read_control(), raised = now & ~before & kUnderflowFlag;
   if (raised != 0) write_control(now & ~raised);
 }

@@ -97,6 +97,23 @@ TYPED_TEST(ComplexFlags, RootsAndAnglesWithNormalPartsRaiseNoUnderflow) {
   }
 }
 
+TYPED_TEST(ComplexFlags, LogarithmsAndExponentialsWithNormalPartsRaiseNoUnderflow) {
+  using C = TypeParam;
+  const auto m = this->smallest, M = this->largest;
+  for (int level = 0; level < 3; ++level) {
+    const auto flags = [&](const char* function, C z) {
+      return TestFixture::template flags_of<C, C>(function, level, false, z, z, 0, kSevere | FE_UNDERFLOW);
+    };
+    for (C z : {C{1, M}, C{M, M / 4}, C{-M, -2}, C{m * 8, 3}, C{-3, -m}, C{M, M}}) {
+      EXPECT_EQ(flags("Ln", z), 0) << kLevelNames[level] << show(z);
+    }
+    for (C z : {C{this->inf, m * 8}, C{-this->inf, m * 8}, C{2, m * 8}}) {
+      EXPECT_EQ(flags("Exp", z), 0) << kLevelNames[level] << show(z);
+    }
+    EXPECT_EQ(flags("Exp", C{2000, m}), FE_OVERFLOW) << kLevelNames[level];
+  }
+}
+
 TYPED_TEST(ComplexFlags, ProductsThatOverflowOnTheWayRaiseNone) {
   using C = TypeParam;
   using E = typename TestFixture::E;

@@ -55,6 +55,18 @@ TYPED_TEST(ComplexModes, FlushedDenormalsCountAsZeroAndBecomeZero) {
   }
 }
 
+TYPED_TEST(ComplexModes, DenormalPartsOfPowersCountAsZero) {
+  using C = TypeParam;
+  using E = typename TestFixture::E;
+  const E d = this->smallest / 4, M = this->largest / 1024;
+  for (int level = 0; level < 3; ++level) {
+    _zymSetMode(ZYM_FLUSH_DENORMALS);
+    const std::vector<C> r = this->run("Pow", level, std::vector<C>{{d, -24}, {3, d}}, {{M, -d}, {-M, d}});
+    const std::vector<C> zeros = this->run("Pow", level, std::vector<C>{{0, -24}, {3, 0}}, {{M, E(-0.0)}, {-M, 0}});
+    for (size_t i = 0; i < 2; ++i) EXPECT_TRUE(same_value(r[i], zeros[i])) << show(r[i]) << show(zeros[i]);
+  }
+}
+
 TYPED_TEST(ComplexModes, PlainElementsHaveTheSameBitsWithDenormalsFlushed) {
   using C = TypeParam;
   std::vector<C> a(53), b(53);

@@ -76,6 +76,10 @@ TEST(ExponentialModes, DenormalResultsAreFlushedToZeroWithCode4WhereTheModeSaysS
     expect_unary<float>(row_of<float>(f), x, 0.0f, zymErrorUnderflow);
     expect_unary<double>(row_of<double>(f), y, 0.0, zymErrorUnderflow);
   }
+  // +0 also where the lower of two parts is negative.
+  expect_unary<double>("dExp", -709.7827128933841, 0.0, zymErrorUnderflow);
+  expect_unary<double>("dExp2", -1023.0000000000001, 0.0, zymErrorUnderflow);
+  expect_unary<double>("dExp10", -308.25471555991675, 0.0, zymErrorUnderflow);
   _zymSetMode(old | 0x140000);
 }
 

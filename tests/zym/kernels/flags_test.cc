@@ -110,22 +110,13 @@ TYPED_TEST(Flags, ArcCosinesOfDenormalsRaiseNone) {
   }
 }
 
-// Whose results are 1, or the argument.
-TYPED_TEST(Flags, ExponentialsAndLogarithmsOfTinyArgumentsRaiseNone) {
-  using E = TypeParam;
-  const auto check = [&](const char* function, E x) {
-    for (E signed_x : {x, -x}) this->check(function, signed_x, signed_x, [](E) { return 0; });
-  };
-  for (E x : {this->tiny, 100 * this->tiny, this->smallest / 2, this->smallest, this->smallest * 3}) {
-    check("Exp2", x);
-    check("Exp10", x);
-  }
-  if constexpr (sizeof(E) == 8) {
-    for (E x : {1e-320, 3e-308, 1e-300, 0x1.8p-600, 0x1.8p-530}) {
-      check("Exp", x);
-      if (x < this->smallest) continue;
-      check("Expm1", x);
-      check("Log1p", x);
+using SingleFlags = Flags<float>;
+
+// Whose results are 1.
+TEST_F(SingleFlags, PowersOfTwoAndTenWithTinyExponentsRaiseNone) {
+  for (float x : {tiny, 100 * tiny, smallest / 2, smallest, smallest * 3}) {
+    for (const char* function : {"Exp2", "Exp10"}) {
+      for (float signed_x : {x, -x}) check(function, signed_x, signed_x, [](float) { return 0; });
     }
   }
 }

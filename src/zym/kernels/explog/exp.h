@@ -125,8 +125,6 @@ struct Exp<V, Level::LA> : ExpDouble<V> {
 // dExp HA: 0.5184 ulp at 0x1.3eb2bb7562dp+6
 template <Double V>
 struct Exp<V, Level::HA> : ExpDouble<V> {
-  static constexpr Knobs knobs = {.stray = kUnderflowFlag};  // of squares of tiny arguments
-
   static V lanes(V x) {
     const auto [t, n] = shift_round(x, V(k64OverLn2));
     const V r = fnma(n, V(kLn2Over64Tail), fnma(n, V(kLn2Over64Head), x));

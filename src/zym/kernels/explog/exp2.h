@@ -77,7 +77,7 @@ struct Exp2<V, L> {
 // dExp2 HA: 0.5902 ulp at 0x1.dfba97cfd4fb8p+5
 template <Double V, Level L>
 struct Exp2<V, L> {
-  static constexpr Knobs knobs = {.stray = kUnderflowFlag, .together = false};  // of products with denormals
+  static constexpr Knobs knobs = {.together = false};
 
   static auto special(V x) { return magnitude_above<high_word(1022.0) - 1>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) {
@@ -114,7 +114,7 @@ struct Exp10<V, L> {
 // dExp10 HA: 0.5985 ulp at -0x1.64db80c333652p+4
 template <Double V, Level L>
 struct Exp10<V, L> {
-  static constexpr Knobs knobs = {.stray = kUnderflowFlag, .together = false};
+  static constexpr Knobs knobs = {.together = false};
 
   static auto special(V x) { return magnitude_above<high_word(kExp10Bound64) - 1>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) { return repair_exp<V>(x, r, mask, 308.3, -324.0); }

@@ -105,8 +105,6 @@ struct Expm1<V, L> {
 // dExpm1 EP: 31.17 bits at 0x1.62f72fc2e1666p-9
 template <Double V, Level L>
 struct Expm1<V, L> {
-  static constexpr Knobs knobs = {.stray = L == Level::HA ? kUnderflowFlag : 0};  // of squares of tiny arguments
-
   static auto special(V x) { return magnitude_above<high_word(707.7)>(x); }
   static Mask<V> repair(V x, V& r, Mask<V> mask) { return repair_expm1(x, r, mask, V(kExpOverflow64)); }
   static int32_t element(const double* x, double* r) { return expm1_element(*x, r, kExpOverflow64); }

@@ -112,8 +112,6 @@ struct Log1p<V, L> : Log1pCommon<V, L> {
 // dLog1p EP: 28.06 bits at 0x1.ac2b64ff0874fp-5
 template <Double V, Level L>
 struct Log1p<V, L> : Log1pCommon<V, L> {
-  static constexpr Knobs knobs = {.stray = L == Level::HA ? kUnderflowFlag : 0};  // of squares of tiny arguments
-
   static V lanes(V x) {
     if constexpr (L == Level::HA) return Log1pCommon<V, L>::in_two(x);
     if constexpr (L == Level::LA) return Log1pCommon<V, L>::in_one(x, BaseEOfSum::Octave<double>::la);

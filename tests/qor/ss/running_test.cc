@@ -59,13 +59,14 @@ TYPED_TEST(Running, RawMomentsGoOnBesideCentralSumsWithoutTheLowerOnes) {
     const Reference want(s, false);
     for (int k : {3, 4}) {
       std::vector<T> mean(p), raw(p), central(p), accumulated(2);
+      const uint64_t estimates = k == 3 ? ORVIK_SS_RAW_MOMENT3 | ORVIK_SS_CENTRAL_SUM3  //
+                                        : ORVIK_SS_RAW_MOMENT4 | ORVIK_SS_CENTRAL_SUM4;
       run_blocks<T>(s,
                     {{OrvikSS_mean, mean.data()},
                      {k == 3 ? OrvikSS_rawMoment3 : OrvikSS_rawMoment4, raw.data()},
                      {k == 3 ? OrvikSS_centralSum3 : OrvikSS_centralSum4, central.data()},
                      {OrvikSS_accumulatedWeights, accumulated.data()}},
-                    k == 3 ? ORVIK_SS_RAW_MOMENT3 | ORVIK_SS_CENTRAL_SUM3 : ORVIK_SS_RAW_MOMENT4 | ORVIK_SS_CENTRAL_SUM4,
-                    ORVIK_SS_METHOD_ONE_PASS, 3);
+                    estimates, ORVIK_SS_METHOD_ONE_PASS, 3);
       for (int j = 0; j < p; ++j) {
         const auto& v = want.v[j];
         EXPECT_NEAR(raw[j], static_cast<double>(v.r[k]), 100 * eps * static_cast<double>(v.absolute[k])) << k;

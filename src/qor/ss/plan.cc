@@ -176,7 +176,9 @@ int32_t make_plan(const Task& task, uint64_t estimates, uint64_t method, Plan* p
   plan->central = central_order(*plan);
   plan->power = power_order(*plan);
   const int32_t status = plan->method == Method::Finish ? check_sums(task) : check_data(task);
-  return status != kDone ? status : check_matrix_storages(task, *plan);
+  if (status != kDone) return status;
+  if (task.p() < 1) return kBadDimension;  // less than when the task was made
+  return check_matrix_storages(task, *plan);
 }
 
 }  // namespace orvik::ss

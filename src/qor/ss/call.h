@@ -2,6 +2,8 @@
 // results.
 #pragma once
 
+#include <algorithm>
+
 #include "qor/ss/finish.h"
 #include "qor/ss/finish_fast.h"
 #include "qor/ss/finish_one_pass.h"
@@ -9,14 +11,22 @@
 
 namespace orvik::ss {
 
-// The point of a call: the mean so far, at first the first observation that has weight.
+// The point of a call: the mean so far, at first an observation that has weight, the heaviest of a few along the data:
+// one that counts for nothing beside the others may lie anywhere, and their digits would be lost at its distance.
 template <class T>
 inline void find_point(const Task& task, const Data<T>& d, const Weights& old, T* to) {
+  constexpr int64_t kFew = 8;
   int64_t i = 0;
-  while (d.weights != nullptr && i < d.n && d.weights[i] == 0) ++i;
+  double weight = 1;
+  if (const T* w = d.weights; w != nullptr) {
+    while (i < d.n && w[i] == 0) ++i;
+    for (int64_t k = i, step = std::max<int64_t>(1, d.n / kFew); k < d.n; k += step) i = w[k] > w[i] ? k : i;
+    weight = i < d.n ? static_cast<double>(w[i]) : 0;
+  }
+  const bool observed = old.sum == 0 || weight > old.sum;
   for (int64_t j = 0; j < d.p; ++j) {
-    if (!d.selected(j) || (old.sum == 0 && i == d.n)) continue;
-    const T x = old.sum != 0 ? real<T>(task.mean)[j] : d.x[i * d.observation_step() + j * d.variable_step()];
+    if (!d.selected(j) || (observed && i == d.n)) continue;
+    const T x = observed ? d.x[i * d.observation_step() + j * d.variable_step()] : real<T>(task.mean)[j];
     to[j] = finite_or_zero(x);
   }
 }

@@ -186,7 +186,8 @@ int32_t quantiles(const Observations<T>& o, const int32_t* flags, int64_t count,
 }
 
 template <class T>
-int32_t weighted_medians(const Observations<T>& o, const int32_t* flags, const OrvikThreading* threading, T* results) {
+int32_t weighted_medians(const Observations<T>& o, const int32_t* flags, bool nans_last,
+                         const OrvikThreading* threading, T* results) {
   return for_each_variable(o, flags, threading, 2 * o.n, [&](int64_t j, T* scratch) {
     static_assert(sizeof(Weighed<T>) == 2 * sizeof(T));
     auto* a = reinterpret_cast<Weighed<T>*>(scratch);
@@ -194,8 +195,10 @@ int32_t weighted_medians(const Observations<T>& o, const int32_t* flags, const O
     double total = 0;
     T nan = 0;
     for (int64_t i = 0; i < o.n; ++i) {
-      const T value = o.at(i, j), weight = o.weight(i);
+      T value = o.at(i, j);
+      const T weight = o.weight(i);
       if (weight == 0) continue;
+      if (nans_last && value != value) value = std::numeric_limits<T>::infinity();
       if (value != value || weight != weight) nan = value != value ? value : weight;
       a[count++] = {value, weight};
       total += static_cast<double>(weight);
@@ -208,7 +211,7 @@ int32_t weighted_medians(const Observations<T>& o, const int32_t* flags, const O
 template <class T>
 int32_t medians(const Observations<T>& o, const OrvikThreading* threading, T* results) {
   const T half = T{0.5};
-  return o.weights != nullptr ? weighted_medians(o, nullptr, threading, results)
+  return o.weights != nullptr ? weighted_medians(o, nullptr, true, threading, results)
                               : quantiles(o, 1, &half, threading, results);
 }
 
@@ -227,7 +230,7 @@ T median_deviation_of(int64_t n, T* a, T* center) {
   template int32_t covariance(const Observations<T>&, const OrvikThreading*, T*, T*);                               \
   template int32_t quantiles(const Observations<T>&, int64_t, const T*, const OrvikThreading*, T*);                 \
   template int32_t quantiles(const Observations<T>&, const int32_t*, int64_t, const T*, const OrvikThreading*, T*); \
-  template int32_t weighted_medians(const Observations<T>&, const int32_t*, const OrvikThreading*, T*);             \
+  template int32_t weighted_medians(const Observations<T>&, const int32_t*, bool, const OrvikThreading*, T*);       \
   template int32_t medians(const Observations<T>&, const OrvikThreading*, T*);                                      \
   template T median_of(int64_t, T*);                                                                                \
   template T median_deviation_of(int64_t, T*, T*);

@@ -25,10 +25,12 @@ int32_t quantiles(const Observations<T>& o, int64_t count, const T* orders, cons
 template <class T>
 int32_t quantiles(const Observations<T>& o, const int32_t* flags, int64_t count, const T* orders,
                   const OrvikThreading* threading, T* results);
+// A NaN that has a weight stands last or is the result.
 template <class T>
-int32_t weighted_medians(const Observations<T>& o, const int32_t* flags, const OrvikThreading* threading, T* results);
+int32_t weighted_medians(const Observations<T>& o, const int32_t* flags, bool nans_last,
+                         const OrvikThreading* threading, T* results);
 
-// Medians of the variables: weighted where there are weights.
+// Medians of the variables: weighted where there are weights. NaNs stand last.
 template <class T>
 int32_t medians(const Observations<T>& o, const OrvikThreading* threading, T* results);
 

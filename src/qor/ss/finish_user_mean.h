@@ -35,12 +35,19 @@ inline void finish_user_mean(const Task& task, const Data<T>& d, const Plan& pla
     plain_sums(acc.shift == nullptr ? 0.0 : mean, about, s);
     if (running) rows.add_run(j, old.sum, order, s);
     for (int k = 1; k <= order; ++k) r[k] = s[k] / total.sum;
+    const double u = running && old_mean != nullptr ? static_cast<double>(old_mean[j]) : mean, delta = u - mean;
+    const double held[5] = {1, u, rows.get(kRaw2, j), rows.get(kRaw3, j), rows.get(kRaw4, j)};
+    bool raw = true;
     for (int k = 2; k <= order && running; ++k) {
-      before[k] = rows.has(kCentralSum2 + k - 2)
-                      ? rows.get(kCentralSum2 + k - 2, j)
-                      : rows.get(kCentral2 + k - 2, j) * old.sum / (k == 2 ? old_factor : 1.0);
+      raw = raw && rows.has(kRaw2 + k - 2);
+      if (rows.has(kCentralSum2 + k - 2)) {
+        before[k] = rows.get(kCentralSum2 + k - 2, j);
+      } else if (rows.has(kCentral2 + k - 2)) {
+        before[k] = rows.get(kCentral2 + k - 2, j) * old.sum / (k == 2 ? old_factor : 1.0);
+      } else if (raw && delta != 0) {
+        before[k] = central_from_raw(k, u, held) * old.sum;  // what a higher order needs
+      }
     }
-    const double delta = running && old_mean != nullptr ? static_cast<double>(old_mean[j]) - mean : 0.0;
     for (int k = 2; k <= order; ++k) {
       sums[k] = about[k] + (delta == 0 ? before[k] : rebase(k, old.sum, delta, before));
     }

@@ -1,8 +1,8 @@
 // One pass over a chunk of the data, and the merge of two chunks' results.
 //
 // All methods add sums of powers of deviations from a point of each variable, block by block. The fast method takes
-// deviations from zero (with a matrix from the mean so far or the first observation, so that a variable that does not
-// vary has zeros all along), the user mean method from the user's mean. The one-pass method takes them from the running
+// deviations from zero (with a matrix from the mean so far or an observation, so that a variable that does not vary has
+// zeros all along), the user mean method from the user's mean. The one-pass method takes them from the running
 // mean, makes a state of each block and joins it to the running one (means as distances from a point of the call, so
 // that one far from zero keeps its digits): what a block has less than half of the weight for costs no digits. A block
 // that weighs more than all before it is about its own mean, which a sweep of its own finds.

@@ -146,6 +146,16 @@ int central_order(const Plan& plan) {
   return std::max({plan.has(kMean) ? 1 : 0, highest(plan, kCentral2), highest(plan, kCentralSum2)});
 }
 
+// Whether what is asked for tells the central sums of orders 2 to `order` of the blocks before.
+bool keeps_central_sums(const Plan& plan, int order) {
+  bool raw = true;
+  for (int k = 2; k <= order; ++k) {
+    raw = raw && plan.has(kRaw2 + k - 2);
+    if (!raw && !plan.has(kCentral2 + k - 2) && !plan.has(kCentralSum2 + k - 2)) return false;
+  }
+  return true;
+}
+
 int power_order(const Plan& plan) {
   const int sums = std::max(plan.has(kSum) ? 1 : 0, highest(plan, kRawSum2));
   int order = std::max(sums, highest(plan, kRaw2));
@@ -153,8 +163,8 @@ int power_order(const Plan& plan) {
   if (plan.method == Method::UserMean) {
     order = std::max({order, highest(plan, kCentral2), highest(plan, kCentralSum2)});
   }
-  // Running central sums give the raw moments too.
-  return sums != 0 || order > plan.central ? order : 0;
+  // Running central sums give the raw moments too, where the run keeps all that it takes.
+  return sums != 0 || order > plan.central || !keeps_central_sums(plan, order) ? order : 0;
 }
 
 }  // namespace
@@ -166,7 +176,9 @@ int32_t make_plan(const Task& task, uint64_t estimates, uint64_t method, Plan* p
   plan->central = central_order(*plan);
   plan->power = power_order(*plan);
   const int32_t status = plan->method == Method::Finish ? check_sums(task) : check_data(task);
-  return status != kDone ? status : check_matrix_storages(task, *plan);
+  if (status != kDone) return status;
+  if (task.p() < 1) return kBadDimension;  // less than when the task was made
+  return check_matrix_storages(task, *plan);
 }
 
 }  // namespace orvik::ss

@@ -18,7 +18,7 @@ int32_t of_task(OrvikSSTask handle, const OrvikThreading* threading) {
   const Task& task = *static_cast<Task*>(handle);
   if (const int32_t status = check(task); status != kDone) return status;
   const Data<T> d = data_of<T>(task);
-  return weighted_medians(Observations<T>(d), d.flags, threading, real<T>(task.quantiles));
+  return weighted_medians(Observations<T>(d), d.flags, false, threading, real<T>(task.quantiles));
 }
 
 }  // namespace

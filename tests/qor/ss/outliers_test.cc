@@ -245,6 +245,11 @@ TEST(Outliers, ValuesThatAreNoNumbersAreOutliers) {
   EXPECT_EQ(d.good[40], 0);
   EXPECT_EQ(d.good[50], 0);
   EXPECT_EQ(d.outliers().size(), 16u);
+  // By weighted medians too.
+  const std::vector<double> weights(75, 1.0);
+  Detection<double> weighed(3, 75, 0x20000, x.data(), weights.data());
+  ASSERT_EQ(weighed.run(), 0);
+  EXPECT_EQ(weighed.good, d.good);
 }
 
 TEST(Outliers, ConstantAndDependentVariablesAreSingular) {

@@ -51,6 +51,30 @@ TYPED_TEST(Running, CentralSumsAloneGoOnFromTheLowerSumsThatAreSet) {
   }
 }
 
+TYPED_TEST(Running, RawMomentsGoOnBesideCentralSumsWithoutTheLowerOnes) {
+  using T = TypeParam;
+  const double eps = std::numeric_limits<T>::epsilon();
+  for (int p : {1, 3}) {
+    const auto s = random_sample<T>(p, 500);
+    const Reference want(s, false);
+    for (int k : {3, 4}) {
+      std::vector<T> mean(p), raw(p), central(p), accumulated(2);
+      const uint64_t estimates = k == 3 ? ORVIK_SS_RAW_MOMENT3 | ORVIK_SS_CENTRAL_SUM3  //
+                                        : ORVIK_SS_RAW_MOMENT4 | ORVIK_SS_CENTRAL_SUM4;
+      run_blocks<T>(s,
+                    {{OrvikSS_mean, mean.data()},
+                     {k == 3 ? OrvikSS_rawMoment3 : OrvikSS_rawMoment4, raw.data()},
+                     {k == 3 ? OrvikSS_centralSum3 : OrvikSS_centralSum4, central.data()},
+                     {OrvikSS_accumulatedWeights, accumulated.data()}},
+                    estimates, ORVIK_SS_METHOD_ONE_PASS, 3);
+      for (int j = 0; j < p; ++j) {
+        const auto& v = want.v[j];
+        EXPECT_NEAR(raw[j], static_cast<double>(v.r[k]), 100 * eps * static_cast<double>(v.absolute[k])) << k;
+      }
+    }
+  }
+}
+
 TYPED_TEST(Running, CentralMomentsAloneGoOnFromTheRawMoments) {
   using T = TypeParam;
   const auto s = random_sample<T>(3, 500);
@@ -166,6 +190,47 @@ TYPED_TEST(Running, UserMeanMayChangeBetweenBlocks) {
   }
   EXPECT_NEAR(covariance[1] / static_cast<double>(want.covariance(0, 1)), 1, 1e-4);
   EXPECT_EQ(__qorSSDeleteTask(&task), 0);
+}
+
+// The lower orders, which those of the blocks before need about the new mean, follow from the raw moments.
+TYPED_TEST(Running, HighMomentsAloneFollowTheUserMean) {
+  using T = TypeParam;
+  const double eps = std::numeric_limits<T>::epsilon();
+  for (int p : {1, 3}) {
+    const auto s = random_sample<T>(p, 400);
+    const Reference want(s, false);
+    const Sample<T> first(p, 100, [&](int64_t i, int64_t j) { return s.at(i, j); });
+    const Reference first_want(first, false);
+    for (uint64_t estimate : {ORVIK_SS_CENTRAL_MOMENT3, ORVIK_SS_CENTRAL_MOMENT4, ORVIK_SS_KURTOSIS}) {
+      std::vector<T> mean(p), r2(p), r3(p), r4(p), c2(p), c3(p), c4(p), kurtosis(p), accumulated(2);
+      TaskOver<T> task;
+      ASSERT_EQ(task.make(p, 100, 0x20000, s.columns.data()), 0);
+      const std::vector<std::pair<int32_t, T*>> fields = {{OrvikSS_mean, mean.data()},
+                                                          {OrvikSS_rawMoment2, r2.data()},
+                                                          {OrvikSS_rawMoment3, r3.data()},
+                                                          {OrvikSS_rawMoment4, r4.data()},
+                                                          {OrvikSS_centralMoment2, c2.data()},
+                                                          {OrvikSS_centralMoment3, c3.data()},
+                                                          {OrvikSS_centralMoment4, c4.data()},
+                                                          {OrvikSS_kurtosis, kurtosis.data()},
+                                                          {OrvikSS_accumulatedWeights, accumulated.data()}};
+      for (const auto& [id, value] : fields) task.set(id, value);
+      for (int b = 0; b < 2; ++b) {
+        for (int j = 0; j < p; ++j) mean[j] = static_cast<T>((b == 0 ? first_want : want).v[j].mean);
+        task.set(OrvikSS_observations, s.columns.data() + b * 100 * p);
+        task.set_integer(OrvikSS_observationCount, b == 0 ? 100 : 300);
+        ASSERT_EQ(Entries<T>::basic(task.get(), estimate, ORVIK_SS_METHOD_USER_MEAN, nullptr), 0);
+      }
+      for (int j = 0; j < p; ++j) {
+        const auto& v = want.v[j];
+        if (estimate == ORVIK_SS_CENTRAL_MOMENT3) {
+          EXPECT_NEAR(c3[j], static_cast<double>(v.c[3]), 200 * eps * static_cast<double>(v.absolute[3]));
+        } else {
+          EXPECT_NEAR(c4[j], static_cast<double>(v.c[4]), 200 * eps * static_cast<double>(v.absolute[4]));
+        }
+      }
+    }
+  }
 }
 
 TYPED_TEST(Running, ResultsFollowFromHeldSumsWithoutData) {

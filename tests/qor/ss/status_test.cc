@@ -144,6 +144,19 @@ TEST(BasicStatus, DataIsCheckedAfterTheOutputsInOrder) {
   EXPECT_EQ(run(), 0);
 }
 
+TEST(BasicStatus, DimensionIsReadAnewAndMustBeAboveZero) {
+  Bare b;
+  b.real(OrvikSS_mean);
+  b.real(OrvikSS_observations, b.x.data());
+  b.integer(OrvikSS_observationCount, &b.n);
+  b.integer(OrvikSS_observationStorage, &b.rows);
+  for (int32_t p : {0, -1}) {
+    b.p = p;
+    for (uint64_t method : {0x1, 0x2, 0x100}) EXPECT_EQ(_qordSSBasic(b.task, ORVIK_SS_MEAN, method, nullptr), -4001);
+  }
+  b.expect_untouched();
+}
+
 TEST(BasicStatus, FinishOnlyNeedsAccumulatedWeightsOrACount) {
   Bare b;
   double sum[2] = {6, 9}, mean[2] = {};

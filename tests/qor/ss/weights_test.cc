@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "qor/ss/reference.h"
 #include "qor/ss/support.h"
 
 namespace orvik::ss::test {
@@ -168,6 +169,32 @@ TYPED_TEST(ZeroWeights, OneObservationThatIsNoNumberHasNoEstimate) {
       for (int32_t id = 0; id < 80; ++id) {
         if (got.of[id].empty() || (id == OrvikSS_mean && method == ORVIK_SS_METHOD_USER_MEAN)) continue;
         EXPECT_TRUE(std::isnan(got.of[id][0])) << "id " << id << " method " << method;
+      }
+    }
+  }
+}
+
+// What counts for nothing beside the others costs them no digits, however far it lies and wherever it stands.
+TYPED_TEST(ZeroWeights, NorDoNearlyZeroOnesCostDigits) {
+  using T = TypeParam;
+  const double eps = std::numeric_limits<T>::epsilon();
+  for (int64_t p : {1, 3}) {
+    for (int64_t far : {0, 1, 500}) {
+      const auto base = random_sample<T>(p, 1000);
+      Sample<T> s(p, 1000, [&](int64_t i, int64_t j) { return i == far ? 1e6 : static_cast<double>(base.at(i, j)); });
+      s.weights[far] = static_cast<T>(sizeof(T) == 8 ? 1e-20 : 1e-12);
+      const Reference want(s, true);
+      for (uint64_t method : {ORVIK_SS_METHOD_FAST, ORVIK_SS_METHOD_ONE_PASS}) {
+        Everything<T> got(p);
+        got.run(p, s.n, 0x20000, s.columns.data(), s.weights.data(), method,
+                ORVIK_SS_RAW_MOMENT2 | ORVIK_SS_COVARIANCE | ORVIK_SS_MEAN);
+        for (int64_t j = 0; j < p; ++j) {
+          const auto& v = want.v[j];
+          const auto mean = static_cast<double>(v.mean), square = static_cast<double>(v.r[2]);
+          EXPECT_NEAR(got.of[OrvikSS_mean][j], mean, 100 * eps * mean);
+          EXPECT_NEAR(got.of[OrvikSS_rawMoment2][j], square, 100 * eps * square);
+          EXPECT_NEAR(got.of[OrvikSS_covariance][j * p + j], static_cast<double>(v.c[2]), 400 * eps * square);
+        }
       }
     }
   }

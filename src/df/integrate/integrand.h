@@ -80,7 +80,7 @@ struct CellPieces {
   Real origin(int64_t i) const { return x[std::max<int64_t>(i - 1, 0)]; }
   Real begin(int64_t) const { return 0; }
   Real end(int64_t i) const { return i == first() || i == last() ? Real(0) : x.gap(i - 1); }
-  Real limit(int64_t i) const { return x[i]; }  // where piece i ends, i < last()
+  Real limit(int64_t i) const { return x[std::min(i, x.points() - 1)]; }  // the end of piece i, where it has one
 };
 
 }  // namespace orvik::df

@@ -1,4 +1,7 @@
 // The natural kind: smoothness, end conditions, few points, its solvers.
+#include "df/construct/coefficients.h"
+#include "df/construct/natural_system.h"
+#include "df/construct/solver.h"
 #include "df/fit.h"
 
 namespace orvik::df::test {
@@ -99,28 +102,62 @@ TYPED_TEST(ConstructNaturalTest, NaturalReportsASingularSystem) {
   }
 }
 
-// Long functions in rows go through several stretches at a time, columns through the plain solver.
+// The coefficients by the plain solver: the whole matrix factored, one right side after it.
+template <bool kUniform, class Real>
+std::vector<Real> by_plain_solver(Fit<Real>& fit) {
+  const Task& task = *as_task(fit.task);
+  Ends ends;
+  EXPECT_EQ(read_ends(task, false, &ends), 0);
+  const NaturalSystem<Real, kUniform> system(task, ends);
+  const Values<Real> y(task, 0);
+  const size_t n = static_cast<size_t>(fit.nx);
+  std::vector<Real> dl(n), d(n), du(n), w(n), c(4 * (n - 1));
+  system.matrix(dl.data(), d.data(), du.data());
+  system.right_side(y, w.data());
+  EXPECT_EQ(factor_matrix(fit.nx, dl.data(), d.data(), du.data()), 0);
+  EXPECT_EQ(solve_factored(fit.nx, dl.data(), d.data(), du.data(), w.data()), 0);
+  for (size_t i = 0; i + 1 < n; ++i) {
+    const int64_t at = static_cast<int64_t>(i);
+    c[4 * i] = y[at], c[4 * i + 1] = w[i];
+    cubic_terms<CubicForm::kNatural>(system.m(y, at), system.partition.inverse_h(at), w[i], w[i + 1], &c[4 * i + 2],
+                                     &c[4 * i + 3]);
+  }
+  return c;
+}
+
+// Long functions go through several stretches at a time, columns as rows.
 TYPED_TEST(ConstructNaturalTest, NaturalInStretchesHasTheBitsOfThePlainSolver) {
   using E = Entries<TypeParam>;
   for (int64_t bc_type : {1, 2, 12, 24, 36, 48}) {
     for (int64_t nx : {511, 512, 513, 530, 700, 5000, 20011}) {
-      for (bool wild : {false, true}) {
-        const auto make = [&](bool columns) {
-          auto fit = legal_fit<TypeParam>({"Natural", E::natural, 4, 2}, nx, 1, bc_type, 1);
-          if (wild) {  // steps over many orders of magnitude, values too
-            TypeParam at = 0;
-            for (size_t i = 0; i < fit->x.size(); ++i) {
-              fit->x[i] = at;
-              at += std::max(at * TypeParam(1e-3), std::pow(TypeParam(10), static_cast<TypeParam>(i * 7 % 5) - 2));
-              fit->y[i] *= std::pow(TypeParam(10), static_cast<TypeParam>(i * 13 % 9));
-            }
+      for (int64_t xhint : {1, 4}) {
+        for (bool wild : {false, true}) {  // steps over many orders of magnitude, values too
+          auto fit = legal_fit<TypeParam>({"Natural", E::natural, 4, 2}, nx, 1, bc_type, xhint);
+          TypeParam at = 0;
+          for (size_t i = 0; wild && i < fit->x.size(); ++i) {
+            if (xhint == 1) fit->x[i] = at;
+            at += std::max(at * TypeParam(1e-3), std::pow(TypeParam(10), static_cast<TypeParam>(i * 7 % 5) - 2));
+            fit->y[i] *= std::pow(TypeParam(10), static_cast<TypeParam>(i * 13 % 9));
           }
-          if (columns) fit->yhint = 32;
-          EXPECT_EQ(fit->construct(E::natural), 0);
-          return fit;
-        };
-        EXPECT_EQ(make(false)->c, make(true)->c) << nx << " " << bc_type;
+          ASSERT_EQ(fit->construct(E::natural), 0);
+          EXPECT_EQ(fit->c, xhint == 4 ? by_plain_solver<true>(*fit) : by_plain_solver<false>(*fit))
+              << nx << " " << bc_type << " " << xhint;
+        }
       }
+    }
+  }
+}
+
+TYPED_TEST(ConstructNaturalTest, NaturalOfLongColumnsIsThatOfRows) {
+  using E = Entries<TypeParam>;
+  for (int64_t xhint : {1, 4}) {
+    for (int64_t ny : {1, 2, 5}) {
+      auto rows = legal_fit<TypeParam>({"Natural", E::natural, 4, 2}, 700, ny, 12, xhint);
+      auto columns = legal_fit<TypeParam>({"Natural", E::natural, 4, 2}, 700, ny, 12, xhint);
+      columns->y = transposed(rows->y, 700, ny), columns->yhint = 32;
+      ASSERT_EQ(rows->construct(E::natural), 0);
+      ASSERT_EQ(columns->construct(E::natural), 0);
+      EXPECT_EQ(rows->c, columns->c) << xhint << " " << ny;
     }
   }
 }

@@ -61,6 +61,66 @@ TYPED_TEST(IntegrateExactTest, ShortStretchesBehindHugePiecesLoseNothing) {
   EXPECT_TRUE(std::isnan(integral.one(fit->task, fit->x[2900], fit->x[3100])));
 }
 
+// A stretch of a step function is a value times a length.
+TYPED_TEST(IntegrateExactTest, ShortStretchesOfStepsAreValueTimesLength) {
+  const TypeParam inf = std::numeric_limits<TypeParam>::infinity();
+  for (size_t kind : {5, 6}) {
+    for (int64_t xhint : {1, 4}) {
+      auto fit = integrable<TypeParam>(kIntegrable[kind], 40, 1, xhint);
+      for (int64_t i = 0; i < 39; ++i) {
+        const TypeParam a = fit->x[size_t(i)] + static_cast<TypeParam>(fit->h(i) * 0.7L), b = std::nextafter(a, inf);
+        const TypeParam value = fit->y[size_t(kind == 5 ? i + 1 : i)];
+        Integral<TypeParam> integral;
+        EXPECT_EQ(integral.one(fit->task, a, b), value * (b - a)) << xhint << " " << i;
+        EXPECT_EQ(integral.one(fit->task, b, a), -(value * (b - a))) << xhint << " " << i;
+      }
+    }
+  }
+}
+
+TYPED_TEST(IntegrateExactTest, StepsJustBeforeTheRightEndOfAGridAreNoWholeInterval) {
+  const TypeParam inf = std::numeric_limits<TypeParam>::infinity();
+  for (size_t kind : {5, 6}) {
+    for (int64_t nx = 2; nx < 60; ++nx) {
+      auto fit = integrable<TypeParam>(kIntegrable[kind], nx, 1, 4);
+      const TypeParam end = fit->x.back();
+      const TypeParam value = fit->y[size_t(kind == 5 ? nx - 1 : nx - 2)];
+      TypeParam before = end;
+      for (int step = 0; step < 4; ++step) {
+        before = std::nextafter(before, -inf);
+        Integral<TypeParam> integral;
+        EXPECT_EQ(integral.one(fit->task, before, end), value * (end - before)) << nx;
+        EXPECT_EQ(integral.one(fit->task, end, before), -(value * (end - before))) << nx;
+      }
+    }
+  }
+}
+
+TYPED_TEST(IntegrateExactTest, PiecesThatAreNoNumbersLeaveStretchesAloneThatOnlyTouchThem) {
+  const TypeParam nan = std::numeric_limits<TypeParam>::quiet_NaN();
+  for (const KindRow& kind : kIntegrable) {
+    auto fit = integrable<TypeParam>(kind, 60, 1, 1);
+    const bool knots = kind.order == 3 && kind.type == 1, right = kind.type == 8;
+    TypeParam begin = fit->x[20], end = fit->x[21];  // of the piece
+    if (knots) begin = (fit->x[19] + fit->x[20]) / 2, end = (fit->x[20] + fit->x[21]) / 2;
+    std::vector<TypeParam> left, other;
+    for (int64_t i = 0; i < 19; ++i) left.push_back(fit->x[size_t(i)]), other.push_back(fit->x[size_t(22 + i)]);
+    const std::vector<TypeParam> begins(left.size(), begin), ends(other.size(), end);
+    Integral<TypeParam> integral;
+    const auto before = integral(fit->task, left, begins), behind = integral(fit->task, ends, other);
+    if (kind.order == 0) fit->y[size_t(right ? 21 : 20)] = nan;
+    for (int64_t k = 0; k < kind.order; ++k) fit->coefficients(20)[k] = nan;
+    EXPECT_EQ(integral(fit->task, left, begins), before) << kind.name;
+    EXPECT_EQ(integral(fit->task, ends, other), behind) << kind.name;
+    for (size_t k = 0; k < left.size(); ++k) {  // without the sums of all pieces
+      EXPECT_EQ(integral.one(fit->task, left[k], begin), before[k]) << kind.name;
+      EXPECT_EQ(integral.one(fit->task, end, other[k]), behind[k]) << kind.name;
+    }
+    EXPECT_TRUE(std::isnan(integral.one(fit->task, begin, end))) << kind.name;
+    EXPECT_TRUE(std::isnan(integral.one(fit->task, left[3], other[3]))) << kind.name;
+  }
+}
+
 TYPED_TEST(IntegrateExactTest, LongSumsOfManyPiecesStayExact) {
   for (int64_t xhint : {1, 4}) {
     auto fit = integrable<TypeParam>(kIntegrable[2], 60000, 1, xhint);

@@ -42,17 +42,25 @@ int64_t threads_for(const Task& task, const Services& services) {
   return parallel ? threads : 1;
 }
 
-// Long functions in rows: the bits of the plain solver, several times as fast, though each function factors anew.
-template <class Real>
-int32_t run_long(const NaturalSystem<Real, false>& system, const Services& services) {
+// Long functions: the bits of the plain solver, several times as fast, though each function factors anew. A column is
+// copied to a row first.
+template <class Real, bool kUniform>
+int32_t run_long(const NaturalSystem<Real, kUniform>& system, const Services& services) {
   const Task& task = system.task;
   const int64_t threads = threads_for(task, services);
   const int64_t length = system.nx + 16;
-  const serv::Block<Real> scratch(static_cast<uint64_t>(2 * length * threads));
+  const serv::Block<Real> scratch(static_cast<uint64_t>(3 * length * threads));
   if (!scratch) return DFS_NO_MEMORY;
   auto body = [&](int64_t function, int64_t thread) -> int32_t {
-    Real* upper = scratch.get() + 2 * length * thread;
-    return NaturalLanes<Real>(system, function, upper, upper + length).run() ? 0 : DFS_SOLVER_FAILED;
+    Real* upper = scratch.get() + 3 * length * thread;
+    const Values<Real> values(task, function);
+    const Real* y = values.first;
+    if (values.stride != 1) {
+      Real* row = upper + 2 * length;
+      for (int64_t i = 0; i < system.nx; ++i) row[i] = values[i];
+      y = row;
+    }
+    return NaturalLanes(system, function, y, upper, upper + length).run() ? 0 : DFS_SOLVER_FAILED;
   };
   return threads == 1 ? Services(nullptr).run(task.ny, 1, body) : services.run(task.ny, threads, body);
 }
@@ -62,10 +70,7 @@ int32_t run_natural(const Task& task, Ends ends, const Services& services) {
   const NaturalSystem<Real, kUniform> system(task, ends);
   if (task.nx < 4) return few_breakpoints(system);
 
-  if constexpr (!kUniform) {
-    const bool in_rows = !task.by_columns() && !system.periodic();
-    if (in_rows && task.nx >= kLongNatural) return run_long(system, services);
-  }
+  if (!system.periodic() && task.nx >= kLongNatural) return run_long(system, services);
 
   const int64_t n = system.unknowns();
   const int64_t threads = threads_for(task, services);

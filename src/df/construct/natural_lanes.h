@@ -17,17 +17,19 @@ namespace orvik::df {
 // Fewer breakpoints are not worth the mending.
 inline constexpr int64_t kLongNatural = 512;
 
-template <class Real>
+template <class Real, bool kUniform>
 class NaturalLanes {
   using V = Lanes<Real>;
   static constexpr int64_t kSquare = kWidth<V>;         // rows turned at a time
   static constexpr int64_t kStretches = 2 * kWidth<V>;  // two vectors hide each other's latency
 
  public:
-  // `upper` and `w` have nx elements: the upper diagonal over the pivots, and the half-solved right side.
-  NaturalLanes(const NaturalSystem<Real, false>& system, int64_t function, Real* upper, Real* w)
+  // `y`: the function's values, one after the other. `upper` and `w` have nx elements: the upper diagonal over the
+  // pivots, and the half-solved right side.
+  NaturalLanes(const NaturalSystem<Real, kUniform>& system, int64_t function, const Real* y, Real* upper, Real* w)
       : system_(system),
-        y_(system.task.template values<Real>(function)),
+        p_(system.partition),
+        y_(y),
         x_(system.partition.given()),
         nx_(system.nx),
         out_(system.task.template coefficients<Real>(function)),
@@ -53,7 +55,7 @@ class NaturalLanes {
 
   int64_t start(int64_t stretch) const { return 2 + stretch * length_; }
 
-  Real m(int64_t i) const { return slope(y_[i], y_[i + 1], 1 / (x_[i + 1] - x_[i])); }
+  Real m(int64_t i) const { return slope(y_[i], y_[i + 1], p_.inverse_h(i)); }
 
   // One row, from the state of the one before. Returns the reciprocal of its pivot.
   template <class T>
@@ -65,9 +67,9 @@ class NaturalLanes {
   }
 
   Real general_row(int64_t i, State* s) const {
-    const Real h_before = x_[i] - x_[i - 1], h = x_[i + 1] - x_[i];
+    const Real h_before = p_.h(i - 1), h = p_.h(i);
     const Real right = interior_right_side(h_before, h, m(i - 1), m(i));
-    return row(h, Real(2) * (x_[i + 1] - x_[i - 1]), h_before, right, &s->upper, &s->w);
+    return row(h, Real(2) * p_.two_h(i - 1), h_before, right, &s->upper, &s->w);
   }
 
   void keep(int64_t i, Real reciprocal, const State& s) {
@@ -118,7 +120,7 @@ class NaturalLanes {
       Real a[kSquare], b[kSquare], hb[kSquare], mb[kSquare], u[kSquare], v[kSquare];
       for (int64_t j = 0; j < kSquare; ++j) {
         const int64_t i = start(g * kSquare + j);
-        a[j] = x_[i - 1], b[j] = x_[i], hb[j] = x_[i] - x_[i - 1], mb[j] = m(i - 1), u[j] = 0, v[j] = 0;
+        a[j] = given_x(i - 1), b[j] = given_x(i), hb[j] = p_.h(i - 1), mb[j] = m(i - 1), u[j] = 0, v[j] = 0;
       }
       if (g == 0) u[0] = first.upper, v[0] = first.w;
       x_before[g] = load<V>(a), x_here[g] = load<V>(b), h_before[g] = load<V>(hb), m_before[g] = load<V>(mb);
@@ -135,20 +137,23 @@ class NaturalLanes {
     for (int64_t at = 0; at < length_; at += kSquare) {
       V xs[2][kSquare], ys[2][kSquare], us[2][kSquare], ws[2][kSquare];
       for (int g = 0; g < 2; ++g) {
-        load_turned(x_ + start(g * kSquare) + at + 1, xs[g]);
+        if constexpr (!kUniform) load_turned(x_ + start(g * kSquare) + at + 1, xs[g]);
         load_turned(y_ + start(g * kSquare) + at + 1, ys[g]);
       }
       for (int64_t k = 0; k < kSquare; ++k) {
         for (int g = 0; g < 2; ++g) {
-          const V h = xs[g][k] - x_here[g];
-          const V slope_here = (ys[g][k] - y_here[g]) * (V(Real(1)) / h);
+          V h = h_before[g], inverse(p_.inverse_step()), twice(p_.two_h(0));
+          if constexpr (!kUniform) {
+            h = xs[g][k] - x_here[g], inverse = V(Real(1)) / h, twice = xs[g][k] - x_before[g];
+            x_before[g] = x_here[g], x_here[g] = xs[g][k];
+          }
+          const V slope_here = (ys[g][k] - y_here[g]) * inverse;
           const V right = V(Real(3)) * (h * m_before[g] + h_before[g] * slope_here);
-          const V reciprocal = row(h, V(Real(2)) * (xs[g][k] - x_before[g]), h_before[g], right, &upper[g], &w[g]);
+          const V reciprocal = row(h, V(Real(2)) * twice, h_before[g], right, &upper[g], &w[g]);
           bad = bad | (reciprocal >= infinity) | (V(-std::numeric_limits<Real>::infinity()) >= reciprocal);
           us[g][k] = upper[g];
           ws[g][k] = w[g];
-          x_before[g] = x_here[g], x_here[g] = xs[g][k], y_here[g] = ys[g][k];
-          h_before[g] = h, m_before[g] = slope_here;
+          y_here[g] = ys[g][k], h_before[g] = h, m_before[g] = slope_here;
         }
       }
       for (int g = 0; g < 2; ++g) {
@@ -158,6 +163,9 @@ class NaturalLanes {
     }
     if (!none(bad)) failed_ = true;
   }
+
+  // What differences are formed of; on a grid there are none to form.
+  Real given_x(int64_t i) const { return kUniform ? Real(0) : x_[i]; }
 
   // Rows of kSquare stretches, kSquare rows each: vector k holds row k of all.
   void load_turned(const Real* p, V* out) const {
@@ -175,7 +183,7 @@ class NaturalLanes {
     return fnma(upper, d_next, w);
   }
   void put(int64_t i, Real d, Real d_next) {
-    const Real inverse = 1 / (x_[i + 1] - x_[i]);
+    const Real inverse = p_.inverse_h(i);
     Real* c = out_ + 4 * i;
     c[0] = y_[i];
     c[1] = d;
@@ -220,7 +228,7 @@ class NaturalLanes {
         const int64_t i = start(g * kSquare + j + 1);
         // A guess for the derivative behind the stretch: its half-solved value.
         u[j] = g * kSquare + j == kStretches - 1 ? d_behind : w_[i];
-        a[j] = x_[i], b[j] = y_[i];
+        a[j] = given_x(i), b[j] = y_[i];
       }
       d[g] = load<V>(u), x_behind[g] = load<V>(a), y_behind[g] = load<V>(b);
     }
@@ -228,7 +236,7 @@ class NaturalLanes {
       V xs[2][kSquare], ys[2][kSquare], us[2][kSquare], ws[2][kSquare];
       for (int g = 0; g < 2; ++g) {
         const int64_t i = start(g * kSquare) + at;
-        load_turned(x_ + i, xs[g]);
+        if constexpr (!kUniform) load_turned(x_ + i, xs[g]);
         load_turned(y_ + i, ys[g]);
         load_turned(upper_ + i, us[g]);
         load_turned(w_ + i, ws[g]);
@@ -236,14 +244,15 @@ class NaturalLanes {
       for (int64_t k = kSquare - 1; k >= 0; --k) {
         for (int g = 0; g < 2; ++g) {
           const V before = back_row(us[g][k], ws[g][k], d[g]);
-          const V inverse = V(Real(1)) / (x_behind[g] - xs[g][k]);
+          V inverse(p_.inverse_step());
+          if constexpr (!kUniform) inverse = V(Real(1)) / (x_behind[g] - xs[g][k]), x_behind[g] = xs[g][k];
           const V slope_here = (y_behind[g] - ys[g][k]) * inverse;
           V c2, c3;
           cubic_terms<CubicForm::kNatural>(slope_here, inverse, before, d[g], &c2, &c3);
           Real rows[4 * kSquare];
           store_rows(rows, ys[g][k], before, c2, c3);
           for (int64_t j = 0; j < kSquare; ++j) copy_row(rows + 4 * j, out_ + 4 * (start(g * kSquare + j) + at + k));
-          d[g] = before, x_behind[g] = xs[g][k], y_behind[g] = ys[g][k];
+          d[g] = before, y_behind[g] = ys[g][k];
         }
       }
     }
@@ -252,7 +261,8 @@ class NaturalLanes {
     for (int k = 0; k < 4; ++k) to[k] = from[k];
   }
 
-  const NaturalSystem<Real, false>& system_;
+  const NaturalSystem<Real, kUniform>& system_;
+  const Partition<Real, kUniform> p_;
   const Real* y_;
   const Real* x_;
   int64_t nx_, length_;

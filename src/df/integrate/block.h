@@ -27,30 +27,42 @@ struct Stretches {
     to[j] = b - pieces.origin(k);
     end[j] = same ? Real(0) : pieces.end(i);
     begin[j] = same ? Real(0) : pieces.begin(k);
+    if constexpr (Pieces::kConstant) {  // lengths are all that counts: each is rounded once
+      from[j] = 0;
+      if (same) to[j] = b - a;
+      if (!same) end[j] = pieces.limit(i) - a;
+    }
   }
 };
 
 // The integrals of the parts in the outer pieces of n stretches: in the first piece up to its end, in the last one from
-// its begin. Together, within one piece.
+// its begin. Together, within one piece. A limit that is the end of a piece or its begin takes no part of it, whatever
+// the piece is: that keeps pieces that are no numbers out of stretches that only touch them.
 template <bool kBeginsAtOrigin, class Real, class Integrand>
 void integrate_outer(const Integrand& f, int64_t n, const Stretches<Real>& s, Real* head, Real* tail) {
+  const auto part = [](auto from, auto to, auto integral) {
+    return select(from == to, decltype(integral)(Real(0)), integral);
+  };
   int64_t j = 0;
   if constexpr (Integrand::kVectors) {
     using V = Lanes<Real>;
     for (; j + kWidth<V> <= n; j += kWidth<V>) {
       const auto first = f.pieces(s.from_piece + j);
-      store(head + j, first(load<V>(s.end + j)) - first(load<V>(s.from + j)));
+      const V from = load<V>(s.from + j), end = load<V>(s.end + j), begin = load<V>(s.begin + j);
+      store(head + j, part(from, end, first(end) - first(from)));
       const auto last = f.pieces(s.to_piece + j);
-      V part = last(load<V>(s.to + j));
-      if constexpr (!kBeginsAtOrigin) part = part - last(load<V>(s.begin + j));
-      store(tail + j, part);
+      const V to = load<V>(s.to + j);
+      V behind = last(to);
+      if constexpr (!kBeginsAtOrigin) behind = behind - last(begin);
+      store(tail + j, part(begin, to, behind));
     }
   }
   for (; j < n; ++j) {
     const auto first = f.piece(s.from_piece[j]), last = f.piece(s.to_piece[j]);
-    head[j] = first(s.end[j]) - first(s.from[j]);
-    tail[j] = last(s.to[j]);
-    if constexpr (!kBeginsAtOrigin) tail[j] = tail[j] - last(s.begin[j]);
+    head[j] = part(s.from[j], s.end[j], first(s.end[j]) - first(s.from[j]));
+    Real behind = last(s.to[j]);
+    if constexpr (!kBeginsAtOrigin) behind = behind - last(s.begin[j]);
+    tail[j] = part(s.begin[j], s.to[j], behind);
   }
 }
 

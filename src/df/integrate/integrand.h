@@ -56,7 +56,7 @@ struct StepIntegrand {
 
   struct Piece {
     Real value;
-    Real operator()(Real t) const { return value * t; }
+    Real operator()(Real t) const { return t == 0 ? Real(0) : value * t; }  // also of an infinite value
   };
   Piece piece(int64_t cell) const {
     return {y[std::min(std::max<int64_t>(right ? cell : cell - 1, 0), cell == 0 ? 0 : points - 1)]};
@@ -67,15 +67,20 @@ struct StepIntegrand {
 template <class Real, bool kEven>
 struct CellPieces {
   static constexpr bool kBeginsAtOrigin = true;
+  static constexpr bool kConstant = true;
   Partition<Real, kEven> x;
 
   explicit CellPieces(const Task& task) : x(task) {}
-  int64_t of(int64_t cell, Real) const { return std::min(std::max<int64_t>(cell, 0), x.points()); }
+  // A site just before the right end of a grid may have come out in the cell behind it.
+  int64_t of(int64_t cell, Real site) const {
+    return std::min(std::max<int64_t>(cell, 0), x.points() - (site <= x.last() ? 1 : 0));
+  }
   int64_t first() const { return 0; }
   int64_t last() const { return x.points(); }
   Real origin(int64_t i) const { return x[std::max<int64_t>(i - 1, 0)]; }
   Real begin(int64_t) const { return 0; }
   Real end(int64_t i) const { return i == first() || i == last() ? Real(0) : x.gap(i - 1); }
+  Real limit(int64_t i) const { return x[std::min(i, x.points() - 1)]; }  // the end of piece i, where it has one
 };
 
 }  // namespace orvik::df

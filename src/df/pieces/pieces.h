@@ -20,6 +20,7 @@ Index interval_of(Cell cell, Index nx) {
 template <class Real, bool kEven>
 struct IntervalPieces {
   static constexpr bool kBeginsAtOrigin = true;
+  static constexpr bool kConstant = false;
   Partition<Real, kEven> x;
 
   explicit IntervalPieces(const Task& task) : x(task) {}
@@ -35,6 +36,7 @@ struct IntervalPieces {
 template <class Real, bool kEven>
 struct KnotPieces {
   static constexpr bool kBeginsAtOrigin = false;
+  static constexpr bool kConstant = false;
   Partition<Real, kEven> x;
   Knots<Real, kEven> knots;
 

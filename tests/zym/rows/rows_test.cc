@@ -150,6 +150,8 @@ uintptr_t address(F* entry) {
 }
 
 TEST(Entries, DefaultNameAndHaAreOneAddress) {
+  EXPECT_EQ(address(&_zymsExp), address(&_zymsExp_HA));
+  EXPECT_NE(address(&_zymsExp), address(&_zymsExp_21));
   EXPECT_EQ(address(&_zymsAbs), address(&_zymsAbs_HA));
   EXPECT_EQ(address(&_zymdFloorI), address(&_zymdFloorI_HA));
   EXPECT_NE(address(&_zymsAbs), address(&_zymsAbs_21));
@@ -160,6 +162,17 @@ TEST(Entries, AllLevelsOfAbsReachOneKernel) {
   const Row& row = *find("sAbs");
   EXPECT_EQ(slot(row, false, 0), slot(row, false, 1));
   EXPECT_EQ(slot(row, false, 1), slot(row, false, 2));
+}
+
+TEST(Entries, LevelsOfExpReachKernelsOfTheirOwn) {
+  for (const char* name : {"sExp", "dExp"}) {
+    for (bool strided : {false, true}) {
+      const Row& row = *find(name);
+      EXPECT_NE(slot(row, strided, 0), slot(row, strided, 2)) << name;
+      EXPECT_NE(slot(row, strided, 0), slot(row, strided, 1)) << name;
+      EXPECT_NE(slot(row, strided, 1), slot(row, strided, 2)) << name;
+    }
+  }
 }
 
 // A stand-in kernel of any shape: only notes that it was reached.
@@ -204,17 +217,26 @@ TEST(Entries, DataMoversPassTheConstantOneAsFifthArgument) {
 }
 
 TEST(Entries, ModeSelectsNoKernel) {
-  const uint32_t mode = _zymSetMode(ZYM_HA);
-  void*& place = table_row(find("sMul")->index)[0];
-  void* const kernel = place;
-  place = reinterpret_cast<void*>(&note);
-  reached = 0;
-  const float a[1] = {2}, b[1] = {3};
+  const uint32_t mode = _zymGetMode();
+  const Row& row = *find("sExp");
+  const float a[1] = {2};
   float r[1] = {};
-  _zymsMul_21(1, a, b, r);
-  place = kernel;
+  for (uint32_t set : {ZYM_LA, ZYM_HA, ZYM_EP}) {
+    _zymSetMode(set);
+    for (int level = 0; level < kLevels; ++level) {
+      void*& place = table_row(row.index)[level];
+      void* const kernel = place;
+      place = reinterpret_cast<void*>(&note);
+      reached = 0;
+      void (*const entries[])(int32_t, const float*, float*) = {_zymsExp_21, _zymsExp, _zymsExp_11};
+      for (int i = 0; i < kLevels; ++i) {
+        entries[i](1, a, r);
+        EXPECT_EQ(reached, i < level ? 0 : 1) << set << " " << level << " " << i;
+      }
+      place = kernel;
+    }
+  }
   _zymSetMode(mode);
-  EXPECT_EQ(reached, 1);
 }
 
 }  // namespace

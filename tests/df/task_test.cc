@@ -201,6 +201,8 @@ TYPED_TEST(TaskTest, ColumnStorageHasNoRowsToEditOrQuery) {
   using E = Entries<TypeParam>;
   OwnedTask task;
   ASSERT_EQ(E::make(task.out(), 5, this->x.data(), 1, 3, this->y.data(), 32, 0), 0);
+  EXPECT_EQ(as_task(task)->y_rows[0], this->y.data());
+  EXPECT_EQ(as_task(task)->y_rows[1], nullptr);  // no second entry
   TypeParam* p = this->y.data();
   EXPECT_EQ(E::edit_row(task, 2, 99, p), DFS_BAD_FUNCTION_HINT);
   EXPECT_EQ(E::query_row(task, 2, 0, &p), DFS_BAD_FUNCTION_HINT);

@@ -274,6 +274,19 @@ TEST_F(Report, SecondArgumentZeroShowsTheOneArgumentLines) {
   EXPECT_EQ(print_of(1, 3, -0.0, 5, 0.0), print_of(1, 3, 3, 5, 5));
 }
 
+TEST_F(Report, AKernelsReportOfTwoArgumentsShowsOneWhereTheSecondIsZero) {
+  const auto printed = [](auto entry, double b) {
+    const double a = 2;
+    double r = 0;
+    thread_block.mode = ZYM_HA | ZYM_ERRMODE_STDERR;
+    testing::internal::CaptureStderr();
+    entry(1, &a, &b, &r);
+    return testing::internal::GetCapturedStderr();
+  };
+  EXPECT_EQ(lines(printed(_zymdDiv, 0.0)), 3u);
+  EXPECT_EQ(lines(printed(_zymdPow, 5000.0)), 4u);
+}
+
 TEST_F(Report, NanThatRepeatsCountsAsOneValue) {
   const double nan = __builtin_nan("");
   EXPECT_EQ(lines(print_of(1, nan, nan, nan, nan)), 3u);

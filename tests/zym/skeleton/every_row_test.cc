@@ -201,7 +201,8 @@ TYPED_TEST(EveryRow, NanInTheRemainderReportsNothing) {
       for (bool strided : {false, true}) {
         Result<E> got{std::vector<E>(2 * kMost), std::vector<E>(2 * kMost)};
         reports = 0;
-        tested.call(strided, Numbers<E>{.n = n, .a = a.data(), .b = a.data(), .r1 = got.r1.data(), .r2 = got.r2.data()});
+        const E* const x = a.data();
+        tested.call(strided, Numbers<E>{.n = n, .a = x, .b = x, .r1 = got.r1.data(), .r2 = got.r2.data()});
         EXPECT_EQ(reports, 0) << n << (strided ? " strided" : "");
       }
     }

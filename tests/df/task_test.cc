@@ -201,6 +201,8 @@ TYPED_TEST(TaskTest, ColumnStorageHasNoRowsToEditOrQuery) {
   using E = Entries<TypeParam>;
   OwnedTask task;
   ASSERT_EQ(E::make(task.out(), 5, this->x.data(), 1, 3, this->y.data(), 32, 0), 0);
+  EXPECT_EQ(as_task(task)->y_rows[0], this->y.data());
+  EXPECT_EQ(as_task(task)->y_rows[1], nullptr);  // no second entry
   TypeParam* p = this->y.data();
   EXPECT_EQ(E::edit_row(task, 2, 99, p), DFS_BAD_FUNCTION_HINT);
   EXPECT_EQ(E::query_row(task, 2, 0, &p), DFS_BAD_FUNCTION_HINT);
@@ -270,6 +272,34 @@ TYPED_TEST(TaskTest, EveryBucketPairBracketsItsBucket) {
       if (b < record->bucket_count && lo > 0 && lo + 1 < nx - 1) {
         ASSERT_GE(bucket(x[static_cast<size_t>(lo + 1)]), b);
       }
+    }
+  }
+}
+
+TYPED_TEST(TaskTest, TableHasTheLastPointOfTheBucketBeforeAndTheFirstOfTheBucketBehind) {
+  using E = Entries<TypeParam>;
+  for (int64_t nx : {2, 3, 17, 100, 1000, 20000}) {
+    for (bool crowded : {false, true}) {
+      auto x = ragged_partition<TypeParam>(nx);
+      if (crowded) x.back() += 100;  // empty buckets at the end
+      OwnedTask task;
+      ASSERT_EQ(E::make(task.out(), nx, x.data(), 1, 0, nullptr, 0, 0), 0);
+      const int64_t buckets = as_task(task)->bucket_count;
+      const TypeParam scale = as_task(task)->template scale<TypeParam>();
+      std::vector<int64_t> bucket(static_cast<size_t>(nx));
+      for (size_t i = 0; i < x.size(); ++i) bucket[i] = static_cast<int64_t>((x[i] - x[0]) * scale);
+      const int64_t* table = as_task(task)->bucket_table;
+      for (int64_t b = 0; b < buckets; ++b) {
+        // Points of bucket 0 leave no mark, the last point is behind every bucket.
+        const auto before = std::lower_bound(bucket.begin(), bucket.end(), b) - bucket.begin() - 1;
+        const int64_t low = before > 0 && bucket[static_cast<size_t>(before)] > 0 ? before : 0;
+        const auto behind = std::upper_bound(bucket.begin(), bucket.end(), b) - bucket.begin();
+        ASSERT_EQ(table[2 * b], low) << nx << " " << b;
+        ASSERT_EQ(table[2 * b + 1], b == buckets - 1 ? nx - 1 : std::min<int64_t>(behind, nx - 1)) << nx << " " << b;
+      }
+      // What rounds into a bucket more has the pair of the last.
+      EXPECT_EQ(table[2 * buckets], table[2 * buckets - 2]);
+      EXPECT_EQ(table[2 * buckets + 1], table[2 * buckets - 1]);
     }
   }
 }

@@ -34,6 +34,7 @@ struct Trng : NoJumps {
         --hidden_features.rdrand_failures;
         there = false;
       }
+      if (sizeof(Word) == 8 && hidden_features.rdrand_of_64) there = false;
       if (there) return attempt < state.retries;
     }
     return false;

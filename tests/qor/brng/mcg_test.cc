@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 #include "qor/brng/mcg_lanes.h"
 #include "qor/support/models.h"
 #include "qor/support/stream.h"
@@ -98,7 +100,9 @@ TEST_P(McgTest, EmptyFloatCallRewritesXWithTheFirstLane) {
   const std::vector<uint64_t> want = models::take(models::make(GetParam(), {9}), 50);
   const Stream s(GetParam(), {9});
   s.outputs(20);
+  const qor::McgLanes before = lanes(s);
   s.floats(0);
+  EXPECT_EQ(std::memcmp(&lanes(s), &before, sizeof before), 0);
   EXPECT_EQ(s.outputs(1)[0], want[0]);
 }
 

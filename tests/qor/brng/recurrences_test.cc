@@ -133,6 +133,15 @@ TEST(Mrg32k3a, LongSkipsOfOneToFiveWordsAddUp) {
   EXPECT_EQ(state({{}}), state({{0}}));
 }
 
+TEST(Mrg32k3a, LongSkipByOneWordOfCountGivesTheStateOfTheShortSkip) {
+  for (uint64_t count : {uint64_t{0}, uint64_t{1}, uint64_t{4242}, uint64_t{1} << 40, ~uint64_t{0}}) {
+    const Stream s(ORVIK_BRNG_MRG32K3A, {11, 12, 13, 14, 15, 16}), t = s.copy();
+    ASSERT_EQ(s.skip(count), 0);
+    ASSERT_EQ(t.skip_ex({count}), 0);
+    EXPECT_EQ(state_words(s, 6), state_words(t, 6)) << count;
+  }
+}
+
 TEST(Mrg32k3a, PowerTablesHold193Squares) {
   for (int i = 1; i < 193; ++i) {
     const qor::Matrix3 &a = qor::Mrg32k3aPowers1.power[i - 1], &b = qor::Mrg32k3aPowers2.power[i - 1];
@@ -191,8 +200,13 @@ TEST(Wh, EveryMemberFollowsItsRecurrence) {
 }
 
 TEST(Wh, HistoricalIdsGiveTheSameMembers) {
-  EXPECT_EQ(Stream(4, {5}).outputs(20), Stream(ORVIK_BRNG_WH, {5}).outputs(20));
-  EXPECT_EQ(Stream(276, {5}).doubles(20), Stream(ORVIK_BRNG_WH + 272, {5}).doubles(20));
+  for (int32_t k = 0; k < qor::kWhMembers; ++k) {
+    const Stream old(4 + k, {5}), now(ORVIK_BRNG_WH + k, {5});
+    EXPECT_EQ(__qorGetStreamStateBrng(old.get()), 4 + k);
+    EXPECT_EQ(__qorGetStreamStateBrng(now.get()), ORVIK_BRNG_WH + k);
+    EXPECT_EQ(old.outputs(20), now.outputs(20)) << k;
+    EXPECT_EQ(old.doubles(20), now.doubles(20)) << k;
+  }
 }
 
 TEST(Wh, SeedThatIsAMultipleOfItsModulusBecomesOne) {

@@ -68,6 +68,14 @@ TEST_F(TrngTest, OneRetryPassesOnTheFirstAttemptAndFailsOnTheSecond) {
   EXPECT_EQ(draw(s, 2), ORVIK_QOR_RDRAND_FAILED);
 }
 
+TEST_F(TrngTest, OneRetryMakesTwoAttempts) {
+  const Stream s(ORVIK_BRNG_TRNG, {0, 1});
+  uint32_t w[4];
+  hidden_features.rdrand_failures = 100;
+  EXPECT_EQ(__qoriBRngTRNG(s.get(), 4, w), ORVIK_QOR_RDRAND_FAILED);
+  EXPECT_EQ(hidden_features.rdrand_failures, 98u);
+}
+
 TEST_F(TrngTest, DefaultRetriesPassOnTheTenthAttemptAndFailOnTheEleventh) {
   const Stream s(ORVIK_BRNG_TRNG);
   EXPECT_EQ(draw(s, 9), 0);
@@ -90,6 +98,19 @@ TEST_F(TrngTest, OddRequestsEndWithAShortReading) {
     s.floats(n);
     s.doubles(n);
   }
+}
+
+TEST_F(TrngTest, OneFloatOrWordMakesNo64BitReading) {
+  const Stream s(ORVIK_BRNG_TRNG);
+  hidden_features.rdrand_of_64 = true;
+  uint32_t w[2];
+  float f[2];
+  double d;
+  EXPECT_EQ(__qoriBRngTRNG(s.get(), 1, w), 0);
+  EXPECT_EQ(__qorsBRngTRNG(s.get(), 1, f, 0, 1), 0);
+  EXPECT_EQ(__qoriBRngTRNG(s.get(), 2, w), ORVIK_QOR_RDRAND_FAILED);
+  EXPECT_EQ(__qorsBRngTRNG(s.get(), 2, f, 0, 1), ORVIK_QOR_RDRAND_FAILED);
+  EXPECT_EQ(__qordBRngTRNG(s.get(), 1, &d, 0, 1), ORVIK_QOR_RDRAND_FAILED);
 }
 
 TEST_F(TrngTest, EveryFormRefusesWithoutTheInstruction) {

@@ -139,6 +139,16 @@ TEST(Mt19937, LongestWalkAndShortestJumpLandOnTheSequence) {
   EXPECT_EQ(jump.words(1500), std::vector<uint32_t>(want.begin() + 1, want.end()));
 }
 
+TEST(Mt19937, TheLongestWalkTakesNoMemoryAndTheShortestJumpDoes) {
+  for (uint64_t count : {2097151, 2097152}) {
+    const Stream s(ORVIK_BRNG_MT19937, {8});
+    serv::fail_allocation_after(1);
+    const int32_t status = s.skip(count);
+    serv::fail_allocation_after(0);
+    EXPECT_EQ(status, count < 2097152 ? 0 : ORVIK_QOR_NO_MEMORY) << count;
+  }
+}
+
 TEST(Mt19937, JumpsFromInsideAGeneration) {
   for (int32_t before : {1, 300, 623, 624, 625}) {
     const Stream walk(ORVIK_BRNG_MT19937, {8}), jump(ORVIK_BRNG_MT19937, {8});

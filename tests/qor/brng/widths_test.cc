@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "qor/support/stream.h"
+#include "serv/registers.h"
 #include "support/narrow.h"
 
 namespace {
@@ -14,6 +15,12 @@ namespace {
 using orvik::testing::Generator;
 using orvik::testing::Stream;
 using namespace orvik;
+
+// All wide forms are compared, also those that a processor which takes such registers in halves leaves to narrow ones.
+class Whole : public ::testing::Environment {
+  void SetUp() override { serv::wide_by_halves = false; }
+};
+[[maybe_unused]] const auto* const whole = ::testing::AddGlobalTestEnvironment(new Whole);
 
 class WidthsTest : public ::testing::TestWithParam<Generator> {};
 

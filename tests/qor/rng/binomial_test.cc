@@ -153,6 +153,8 @@ TEST(Binomial, SetsUpOnceForEqualParameters) {
   expect_kept(5, binomial(40, 0.3), binomial(40, 0.4));
   expect_kept(5, binomial(1000, 0.3), binomial(1001, 0.3));
   expect_kept(5, binomial(1000, 0.3), binomial(10, 0.3));
+  expect_not_built_again(5, 16, binomial(40, 0.3), binomial(40, 0.4));
+  expect_not_built_again(5, 16, binomial(1000, 0.3), binomial(1000, 0.32));
   // Powers are asked for by the set-up alone.
   const Stream s(ORVIK_BRNG_MT19937, {777});
   void** const slot = orvik_zym_kernel_dPowx_ttab + 1;

@@ -122,6 +122,8 @@ TEST(Hypergeometric, SetsUpOnceForEqualParameters) {
   expect_kept(6, hypergeometric(20, 7, 9), hypergeometric(20, 8, 9));
   expect_kept(6, hypergeometric(1000, 300, 400), hypergeometric(1000, 301, 400));
   expect_kept(6, hypergeometric(1000, 300, 400), hypergeometric(20, 7, 9));
+  expect_not_built_again(6, 12, hypergeometric(20, 7, 9), hypergeometric(20, 8, 9));
+  expect_not_built_again(6, 12, hypergeometric(1000, 300, 400), hypergeometric(1000, 310, 400));
 }
 
 TEST(Hypergeometric, LeavesOtherSideBlocksAlone) {

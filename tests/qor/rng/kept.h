@@ -4,12 +4,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <functional>
+#include <span>
 #include <vector>
 
 #include "orvik/serv.h"
 #include "qor/rng/call.h"
+#include "qor/stream/record.h"
 #include "serv/memory.h"
 
 namespace orvik::testing {
@@ -27,7 +30,6 @@ inline void expect_kept(uint32_t id, const KeptDraw& first, const KeptDraw& seco
   void* const block = __qorSearchChunk(s.get(), id);
   ASSERT_NE(block, nullptr);
   const int32_t chunks = __qorGetNumChunks(s.get());
-  // A mark in a place that building would write shows whether it was built anew.
   const Stream plain = s.copy();
   EXPECT_EQ(draw(s, 1000, first), draw(plain, 1000, first));
   EXPECT_EQ(__qorSearchChunk(s.get(), id), block) << "the second call finds it";
@@ -37,6 +39,33 @@ inline void expect_kept(uint32_t id, const KeptDraw& first, const KeptDraw& seco
   EXPECT_EQ(draw(other, 1000, second), draw(fresh, 1000, second)) << "other parameters, a new set-up";
   EXPECT_EQ(draw(other, 1000, first), draw(fresh, 1000, first)) << "and back";
   EXPECT_EQ(__qorGetNumChunks(s.get()), chunks);
+}
+
+// A set-up whose parameters are those of the call is taken as it is: one that was exchanged for that of parameters
+// nearby, of the same branch of the method, stays exchanged. Its own parameters are the first bytes of the block.
+inline void expect_not_built_again(uint32_t id, size_t parameters, const KeptDraw& d, const KeptDraw& nearby) {
+  const auto bytes = [id](const Stream& s) {
+    const qor::ChunkNode* node = qor::header(s.get())->chunks;
+    while (node != nullptr && node->id != id) node = node->next;
+    EXPECT_NE(node, nullptr);
+    return node == nullptr ? std::span<uint8_t>()
+                           : std::span(static_cast<uint8_t*>(node->data), static_cast<size_t>(node->size));
+  };
+  const Stream s(ORVIK_BRNG_MT19937, {77}), other(ORVIK_BRNG_MT19937, {77});
+  draw(s, 10, d);
+  draw(other, 10, nearby);
+  ASSERT_EQ(bytes(s).size(), bytes(other).size());
+  const std::span<uint8_t> place = bytes(s).subspan(parameters), near = bytes(other).subspan(parameters);
+  ASSERT_FALSE(std::equal(place.begin(), place.end(), near.begin()));
+  std::copy(near.begin(), near.end(), place.begin());
+  const std::vector<uint8_t> exchanged(bytes(s).begin(), bytes(s).end());
+  for (const int32_t n : {1, 1000}) {
+    draw(s, n, d);
+    EXPECT_TRUE(std::equal(exchanged.begin(), exchanged.end(), bytes(s).begin())) << n;
+  }
+  draw(s, 1, nearby);
+  draw(s, 1, d);
+  EXPECT_FALSE(std::equal(exchanged.begin(), exchanged.end(), bytes(s).begin())) << "other parameters came between";
 }
 
 inline void expect_no_leaks(const KeptDraw& d) {

@@ -246,6 +246,8 @@ TEST(Negbinomial, SetsUpOnceForEqualParameters) {
   expect_kept(4, negbinomial(5, 0.3), negbinomial(5, 0.4));
   expect_kept(4, negbinomial(5, 0.3), negbinomial(6, 0.3));
   expect_kept(4, negbinomial(5, 0.3), negbinomial(40, 0.005));
+  expect_not_built_again(4, 16, negbinomial(5, 0.3), negbinomial(5, 0.4));
+  expect_not_built_again(4, 16, negbinomial(40, 0.005), negbinomial(40, 0.0055));
   // Exponentials are asked for by the set-up alone.
   const Stream s(ORVIK_BRNG_MT19937, {777});
   void** const slot = orvik_zym_kernel_dExp_ttab + 1;

@@ -249,6 +249,8 @@ TEST(Poisson, SetsUpOnceForEqualParameters) {
   expect_kept(3, poisson(kRejection, 50), poisson(kRejection, 51));
   expect_kept(3, poisson(kRejection, 50), poisson(kRejection, 5));
   expect_kept(3, poisson(kNormal, 5), poisson(kRejection, 5.5));
+  expect_not_built_again(3, 8, poisson(kRejection, 5), poisson(kRejection, 6));
+  expect_not_built_again(3, 8, poisson(kRejection, 50), poisson(kRejection, 53));
 }
 
 TEST(Poisson, ByNormalNumbersFrom27OnKeepsNothing) {

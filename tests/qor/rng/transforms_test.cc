@@ -227,6 +227,18 @@ TYPED_TEST(Transforms, WeibullIsAPowerOfAnExponential) {
 
 TYPED_TEST(Transforms, WeibullOfShapeOneSkipsThePowerAndIsExponential) {
   using T = TypeParam;
+  void** const slot = sizeof(T) == 8 ? orvik_zym_kernel_dPowx_ttab + 2 : orvik_zym_kernel_sPowx_ttab;
+  void* const kernel = *slot;
+  static int powers;
+  for (const T alpha : {T(1), T(1.5)}) {
+    Scripted s;
+    s.spread();
+    powers = 0;
+    *slot = reinterpret_cast<void*>(+[](int32_t, const T*, T, T*) { ++powers; });
+    drawn<T>(100, [&](T* r) { return Weibull(0, s.get(), 100, r, alpha, 1.25, 0.7); });
+    *slot = kernel;
+    EXPECT_EQ(powers, alpha == 1 ? 0 : 1) << alpha;
+  }
   for (const int32_t n : kSizes) {
     const Stream s(ORVIK_BRNG_MT19937, {777}), t = s.copy();
     expect_same(drawn<T>(n, [&](T* r) { return Weibull(0, s.get(), n, r, 1, 1.25, 0.7); }),

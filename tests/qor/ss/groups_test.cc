@@ -436,6 +436,20 @@ TEST(ParametrizedCorrelation, IsPositiveSemidefiniteWithUnitDiagonal) {
   }
 }
 
+// Three correlations of r have the eigenvalue 1 + 2 r.
+TEST(ParametrizedCorrelation, AnyNegativeEigenvalueIsMendedAndNoneOfAPossibleMatrixIs) {
+  for (double beyond : {1e-2, 1e-4, 1e-8, 1e-12}) {
+    Parametrized<double> t(3, 0, 0, [&](int64_t, int64_t) { return -0.5 - beyond; });
+    Parametrized<double> u(3, 0, 0, [&](int64_t, int64_t) { return -0.5 + beyond; });
+    ASSERT_EQ(t.run(), 0);
+    ASSERT_EQ(u.run(), 0);
+    for (int64_t k : {1, 2, 3, 5, 6, 7}) {
+      EXPECT_NEAR(t.result[k], -0.5, 1e-14) << beyond;
+      EXPECT_EQ(u.result[k], -0.5 + beyond);
+    }
+  }
+}
+
 TEST(ParametrizedCorrelation, APossibleMatrixIsCopied) {
   Parametrized<double> t(4, 2, 1, [](int64_t i, int64_t j) { return 1.0 / (3 + static_cast<double>(i + j)); });
   ASSERT_EQ(t.run(), 0);

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numeric>
+#include <random>
 
 #include "qor/ss/classic_data.h"
 #include "qor/ss/contaminated.h"
@@ -164,6 +166,110 @@ TEST(Outliers, FalseAlarmsOnGoodDataAreAboutNominal) {
   }
   // Nominal 5 percent, 10 of 200; the cutoff's corrections make it a little less. 25 come once in 10^5.
   EXPECT_LE(samples_with_alarm, 25);
+}
+
+// The iteration as it is stated, observations one after another in x.
+class Plain {
+ public:
+  Plain(int64_t p, int64_t n, const std::vector<double>& x) : p_(p), n_(n), x_(x) {}
+
+  std::vector<int64_t> outliers(int rule, double alpha, double beta) const {
+    std::vector<int64_t> all(n_), by_distance(n_);
+    std::iota(all.begin(), all.end(), 0);
+    by_distance = all;
+    const std::vector<double> first = rule == 1 ? distances(all) : from_medians();
+    std::sort(by_distance.begin(), by_distance.end(), [&](int64_t i, int64_t k) { return first[i] < first[k]; });
+    std::vector<int64_t> good(by_distance.begin(), by_distance.begin() + 5 * p_);
+    std::sort(good.begin(), good.end());
+    const double n = static_cast<double>(n_), p = static_cast<double>(p_), h = 0.5 * (n + p) + 0.5;
+    for (int round = 0; round < 100; ++round) {
+      const std::vector<double> d = distances(good);
+      const double k = static_cast<double>(good.size());
+      const double c = 1 + (p + 1) / (n - p) + 2 / (n - 1 - 3 * p) + std::max(0.0, (h - k) / (h + k));
+      const double limit = c * std::sqrt(__qordChi2ICDF(1 - alpha / n, static_cast<int32_t>(p_)));
+      std::vector<int64_t> next, moved;
+      std::copy_if(all.begin(), all.end(), std::back_inserter(next), [&](int64_t i) { return d[i] < limit; });
+      std::set_symmetric_difference(good.begin(), good.end(), next.begin(), next.end(), std::back_inserter(moved));
+      good = std::move(next);
+      if (static_cast<double>(moved.size()) <= beta * n) break;
+    }
+    std::vector<int64_t> found;
+    std::set_difference(all.begin(), all.end(), good.begin(), good.end(), std::back_inserter(found));
+    return found;
+  }
+
+ private:
+  double at(int64_t i, int64_t j) const { return x_[static_cast<size_t>(i * p_ + j)]; }
+
+  std::vector<double> from_medians() const {
+    std::vector<double> d(n_);
+    for (int64_t j = 0; j < p_; ++j) {
+      std::vector<double> v(n_);
+      for (int64_t i = 0; i < n_; ++i) v[i] = at(i, j);
+      std::sort(v.begin(), v.end());
+      const double median = 0.5 * (v[(n_ - 1) / 2] + v[n_ / 2]);
+      for (int64_t i = 0; i < n_; ++i) d[i] += (at(i, j) - median) * (at(i, j) - median);
+    }
+    return d;
+  }
+
+  // From the mean of some under their covariance, by elimination.
+  std::vector<double> distances(const std::vector<int64_t>& some) const {
+    const double k = static_cast<double>(some.size());
+    std::vector<double> mean(p_), covariance(p_ * p_), d(n_);
+    for (int64_t i : some) {
+      for (int64_t j = 0; j < p_; ++j) mean[j] += at(i, j) / k;
+    }
+    for (int64_t i : some) {
+      for (int64_t j = 0; j < p_; ++j) {
+        for (int64_t l = 0; l < p_; ++l) {
+          covariance[j * p_ + l] += (at(i, j) - mean[j]) * (at(i, l) - mean[l]) / (k - 1);
+        }
+      }
+    }
+    for (int64_t i = 0; i < n_; ++i) {
+      std::vector<double> a = covariance, b(p_);
+      for (int64_t j = 0; j < p_; ++j) b[j] = at(i, j) - mean[j];
+      double square = 0;
+      for (int64_t j = 0; j < p_; ++j) {  // of a symmetric matrix: the sum of squares of what is left over its pivots
+        square += b[j] * b[j] / a[j * p_ + j];
+        for (int64_t r = j + 1; r < p_; ++r) {
+          const double factor = a[r * p_ + j] / a[j * p_ + j];
+          for (int64_t l = j; l < p_; ++l) a[r * p_ + l] -= factor * a[j * p_ + l];
+          b[r] -= factor * b[j];
+        }
+      }
+      d[i] = std::sqrt(square);
+    }
+    return d;
+  }
+
+  int64_t p_, n_;
+  const std::vector<double>& x_;
+};
+
+TEST(Outliers, AreThoseOfThePlainIteration) {
+  int64_t named = 0;
+  for (int64_t p : {1, 2, 3, 5}) {
+    for (int64_t n : {5 * p, 5 * p + 1, 5 * p + 9, int64_t{80}}) {
+      for (uint64_t seed = 1; seed <= 60; ++seed) {
+        std::mt19937_64 engine(seed);
+        std::normal_distribution<double> normal;
+        std::vector<double> x(p * n);
+        for (double& v : x) v = normal(engine), v += 0.7 * v * v * v;  // long tails
+        const double alpha[] = {0.05, 0.5, 1}, beta[] = {0.005, 0.1, 0.3};
+        for (int rule : {1, 2}) {
+          const double a = alpha[seed % 3], b = beta[seed / 3 % 3];
+          Detection<double> d(p, n, 0x20000, x.data());
+          ASSERT_EQ(d.with({static_cast<double>(rule), a, b}).run(), 0);
+          const std::vector<int64_t> found = d.outliers();
+          ASSERT_EQ(found, Plain(p, n, x).outliers(rule, a, b)) << p << " " << n << " seed " << seed << " rule " << rule;
+          named += static_cast<int64_t>(found.size());
+        }
+      }
+    }
+  }
+  EXPECT_GT(named, 1000);
 }
 
 TEST(Outliers, FiveTimesPIsTheLeastNumberOfObservations) {

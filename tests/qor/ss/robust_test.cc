@@ -544,6 +544,24 @@ TEST(RobustCovariance, MaximumIterationsOfZeroReturnsTheStart) {
   for (int j = 0; j < p * p; ++j) EXPECT_NEAR(r.covariance[j], covariance[j], 1e-10);
 }
 
+TEST(RobustCovariance, ANegativeMaximumOfIterationsIsAHundred) {
+  int other_than_less = 0, other_than_more = 0;
+  for (uint64_t seed = 1; seed <= 20; ++seed) {
+    const Contaminated c(4, 40, 0.25, 3, seed, 1);
+    const auto covariance = [&](double iterations) {
+      Robust<double> r(4, 40, 0x10000, c.sample.rows.data());
+      EXPECT_EQ(r.with({0.5, 0.001, 1e-300, iterations}).run(), 0);
+      return r.covariance;
+    };
+    const auto usual = covariance(-1);
+    EXPECT_EQ(usual, covariance(100)) << seed;
+    other_than_less += usual != covariance(99);
+    other_than_more += usual != covariance(101);
+  }
+  EXPECT_GT(other_than_less, 0);
+  EXPECT_GT(other_than_more, 0);
+}
+
 TEST(RobustCovariance, TwicePIsRefusedAndOneMoreAccepted) {
   const auto sample = random_sample<double>(3, 7, 12);
   Robust<double> fewer(3, 6, 0x20000, sample.columns.data());

@@ -137,6 +137,18 @@ TYPED_TEST(StreamQuantiles, WithoutObservationsQueryWhatHasCome) {
   EXPECT_EQ(stream.results, (std::vector<T>{1, 3}));
 }
 
+TEST(StreamLevels, UnderAnEpsilonOfOneStartWithABlockOfOneValueAndDouble) {
+  int64_t begin = 0;
+  for (int64_t level = 0; level < 20; ++level) {
+    const LevelShape shape(1.0, level);
+    EXPECT_EQ(shape.begin, begin);
+    EXPECT_EQ(shape.end - shape.begin, int64_t{1} << level);
+    EXPECT_EQ(level_of(1.0, begin), level);
+    EXPECT_EQ(level_of(1.0, shape.end - 1), level);
+    begin = shape.end;
+  }
+}
+
 TYPED_TEST(StreamQuantiles, EpsilonOfOneStillAnswersWithAValueThatCame) {
   using T = TypeParam;
   Stream<T> stream(1, 1.0, {0, T(0.5), 1});

@@ -190,7 +190,30 @@ TEST(Task, DeletionReleasesWhatTheTaskOwnsAndNullsTheHandle) {
   EXPECT_EQ(cleaned, 12) << "in order";
   EXPECT_EQ(m.task, nullptr);
   EXPECT_EQ(serv::live_allocations(), live);
-  EXPECT_EQ(kData[1], 2) << "the caller's arrays survive";
+}
+
+TEST(Task, DeletionLeavesTheArraysThatWereNamed) {
+  // Blocks of the library's own allocator: a deletion that released them would be counted.
+  std::vector<double*> arrays;
+  Made m;
+  const int64_t live = serv::live_allocations();
+  for (const Field& field : kFields) {
+    if (field.kind == Kind::Integer) continue;
+    arrays.push_back(static_cast<double*>(orvik_serv_allocate(sizeof(double), 128)));
+    *arrays.back() = field.id;
+    ASSERT_EQ(__qordSSEditTask(m.task, field.id, arrays.back()), 0) << field.name;
+  }
+  const int64_t count = static_cast<int64_t>(arrays.size());
+  EXPECT_GT(count, 40);
+  EXPECT_EQ(__qorSSDeleteTask(&m.task), 0);
+  EXPECT_EQ(m.task, nullptr);
+  EXPECT_EQ(serv::live_allocations(), live + count - 1) << "the record alone is gone";
+  size_t k = 0;
+  for (const Field& field : kFields) {
+    if (field.kind == Kind::Integer) continue;
+    EXPECT_EQ(*arrays[k], field.id) << field.name;
+    orvik_serv_deallocate(arrays[k++]);
+  }
 }
 
 // The table of fields in the user's page is the library's.

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "orvik/serv.h"
 #include "orvik/zym.h"
 #include "zym/frame/report.h"
 #include "zym/frame/thread_state.h"
@@ -267,11 +268,44 @@ TEST_F(Report, TextHasALinePerValueThatIsPresent) {
   EXPECT_EQ(lines(print_of(1, 3, 4, 5, 6)), 5u);
 }
 
+// Which messages, in which order and of which values.
+TEST_F(Report, TextIsTheMessagesOfTheCodeAndOfItsValues) {
+  using Lines = std::vector<std::pair<int32_t, double>>;
+  const auto messages = [](int32_t of_code, const Lines& values) {
+    testing::internal::CaptureStderr();
+    of_code == 748 ? orvik_serv_print(1, of_code, 2, "vdName", int32_t{0}) : orvik_serv_print(1, of_code, 1, "vdName");
+    for (const auto& [number, value] : values) orvik_serv_print(1, number, 2, int32_t{0}, value);
+    return testing::internal::GetCapturedStderr();
+  };
+  const std::pair<int32_t, int32_t> codes[] = {{1, 750}, {2, 751}, {3, 752}, {4, 753}, {5, 754}, {-3, 754}};
+  for (const auto& [code, number] : codes) {
+    EXPECT_EQ(print_of(code, 3, 3, 5, 5), messages(number, {{755, 3}, {756, 5}})) << code;
+    EXPECT_EQ(print_of(code, 3, 3, 5, 6), messages(number, {{757, 3}, {758, 5}, {759, 6}})) << code;
+    EXPECT_EQ(print_of(code, 3, 4, 5, 5), messages(number, {{760, 3}, {761, 4}, {762, 5}})) << code;
+    EXPECT_EQ(print_of(code, 3, 4, 5, 6), messages(number, {{763, 3}, {764, 4}, {765, 5}, {766, 6}})) << code;
+  }
+  EXPECT_EQ(print_of(-1, 3, 4, 5, 6), messages(748, {}));
+  EXPECT_EQ(print_of(-2, 3, 4, 5, 6), messages(749, {}));
+}
+
 TEST_F(Report, TextNamesTheFunction) { EXPECT_NE(print_of(2, 3, 3, 5, 5).find("vdName"), std::string::npos); }
 
 TEST_F(Report, SecondArgumentZeroShowsTheOneArgumentLines) {
   EXPECT_EQ(print_of(1, 3, 0.0, 5, 5), print_of(1, 3, 3, 5, 5));
   EXPECT_EQ(print_of(1, 3, -0.0, 5, 0.0), print_of(1, 3, 3, 5, 5));
+}
+
+TEST_F(Report, AKernelsReportOfTwoArgumentsShowsOneWhereTheSecondIsZero) {
+  const auto printed = [](auto entry, double b) {
+    const double a = 2;
+    double r = 0;
+    thread_block.mode = ZYM_HA | ZYM_ERRMODE_STDERR;
+    testing::internal::CaptureStderr();
+    entry(1, &a, &b, &r);
+    return testing::internal::GetCapturedStderr();
+  };
+  EXPECT_EQ(lines(printed(_zymdDiv, 0.0)), 3u);
+  EXPECT_EQ(lines(printed(_zymdPow, 5000.0)), 4u);
 }
 
 TEST_F(Report, NanThatRepeatsCountsAsOneValue) {

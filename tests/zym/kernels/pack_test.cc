@@ -66,9 +66,14 @@ TEST(Pack, MaskGathersAndSpreadsNonZeroEntries) {
 }
 
 TEST(Pack, AllZeroMaskWritesNothing) {
-  const float a[10] = {};
+  const ZymComplexDouble a[10] = {};
   const int32_t mask[10] = {};
-  _zymsPackM(10, a, mask, nullptr);
+  for (int n : {1, 3, 4, 10}) {  // of the null pointer nothing can be written
+    _zymsPackM(n, reinterpret_cast<const float*>(a), mask, nullptr);
+    _zymdPackM(n, reinterpret_cast<const double*>(a), mask, nullptr);
+    _zymcPackM(n, reinterpret_cast<const ZymComplexFloat*>(a), mask, nullptr);
+    _zymzPackM(n, a, mask, nullptr);
+  }
 }
 
 TEST(Pack, NanPayloadsSurviveBitForBit) {

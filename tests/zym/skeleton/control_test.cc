@@ -105,6 +105,28 @@ TEST_F(Control, X87WordIsPutBackAndItsPendingFlagsAreCleared) {
   EXPECT_EQ(x87_status() & 0x3F, 0);
 }
 
+TEST_F(Control, UnmaskedX87ExceptionsAreMaskedWhileTheKernelRuns) {
+  static uint16_t inside;
+  inside = 0;
+  test::on_fresh_thread([] {
+    _zymSetMode(ZYM_ERRMODE_IGNORE);
+    _zymSetErrorCallBack([](ZymErrorContext*) {
+      inside = x87_control();
+      return 1;
+    });
+    _zymSetMode(ZYM_ERRMODE_CALLBACK);
+    for (uint16_t open : {0x340, 0x37E, 0x37B, 0x377, 0x36F, 0x35F}) {  // all unmasked, then one each
+      asm volatile("fldcw %0" : : "m"(open));
+      inside = 0;
+      std::vector<float> a(40, 1.0f), r(40);
+      a[38] = -1;
+      _zymsLn(40, a.data(), r.data());  // reports from the remainder
+      EXPECT_EQ(inside, open | 0x3F);
+      EXPECT_EQ(x87_control(), open);
+    }
+  });
+}
+
 TEST_F(Control, MaskedX87FlagsAreLeftAlone) {
   volatile long double quotient = 1.0L;
   quotient = quotient / 3.0L;

@@ -54,6 +54,22 @@ void expect_same_at_all_levels(double bound) {
   }
 }
 
+template <template <class, Level> class Function, Level L>
+void expect_large_from(float bound) {
+  for (float sign : {1.0f, -1.0f}) {
+    EXPECT_NE(lane_bits(Function<F32, L>::special(F32(sign * bound))), 0u) << bound;
+    EXPECT_EQ(lane_bits(Function<F32, L>::special(F32(sign * std::nextafter(bound, 0.0f)))), 0u) << bound;
+  }
+}
+
+TEST(TrigLanes, FloatsFrom524288OnTakeTheLargePath) {
+  expect_large_from<zym::Sin, Level::LA>(524288);
+  expect_large_from<zym::Sin, Level::HA>(524288);
+  expect_large_from<zym::Sin, Level::EP>(10000);
+  expect_large_from<zym::Cos, Level::LA>(524288);
+  expect_large_from<zym::Cos, Level::HA>(524288);
+}
+
 TEST(TrigLanes, TwiceTheWidthGivesTheSameBits) {
   expect_same_at_all_levels<zym::Sin, F32>(8000);
   expect_same_at_all_levels<zym::Sin, F64>(8000);

@@ -210,6 +210,9 @@ TEST(TrigValues, TheLargestArgumentsAreAccurateNotZero) {
   }
   EXPECT_EQ(evaluate<double>("dSin", 1, 1.7976931348623157e308).r1, 0.004961954789184062);
   EXPECT_NEAR(evaluate<double>("dCos", 1, 1e22).r1, 0.5232147853951389, 1.2e-16);
+  // At EP half the digits.
+  EXPECT_NEAR(evaluate<float>("sSin", 2, 3.4028234663852886e38f).r1, -0.52187652f, 0.5 * 0x1p-11);
+  EXPECT_NEAR(evaluate<double>("dSin", 2, 1.7976931348623157e308).r1, 0.004961954789184062, 0.005 * 0x1p-26);
   // sin(1e300), first by one call, then again.
   EXPECT_EQ(evaluate<double>("dSin", 2, 1e300).r1, evaluate<double>("dSin", 2, 1e300).r1);
 }

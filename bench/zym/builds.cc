@@ -6,13 +6,12 @@
 
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
-#include <cstring>
 #include <string>
 #include <vector>
 
 #include "tools/rows/list.h"
 #include "zym/compare.h"
+#include "zym/options.h"
 
 namespace {
 
@@ -28,40 +27,29 @@ void* same_entry(void* library, void* entry) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::string patterns;
-  double seconds = 0.05;
-  std::vector<int32_t> lengths;
+  const bench::Options options(argc, argv, 0.05, {1000});
   std::vector<void*> builds;
-  for (int i = 1; i < argc; ++i) {
-    if (std::strcmp(argv[i], "--rows") == 0 && i + 1 < argc) {
-      patterns = argv[++i];
-    } else if (std::strcmp(argv[i], "--seconds") == 0 && i + 1 < argc) {
-      seconds = std::atof(argv[++i]);
-    } else if (std::atoi(argv[i]) > 0) {
-      lengths.push_back(std::atoi(argv[i]));
-    } else {
-      // Its references bind to itself, not to the library that this program is linked with.
-      void* const library = dlopen(argv[i], RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
-      if (library == nullptr) {
-        std::fprintf(stderr, "%s\n", dlerror());
-        return 1;
-      }
-      builds.push_back(library);
+  for (const char* path : options.others) {
+    // Its references bind to itself, not to the library that this program is linked with.
+    void* const library = dlopen(path, RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
+    if (library == nullptr) {
+      std::fprintf(stderr, "%s\n", dlerror());
+      return 1;
     }
+    builds.push_back(library);
   }
   if (builds.size() != 2 || builds[0] == builds[1]) {
     std::fprintf(stderr, "zym_builds OLD.so NEW.so [--rows PATTERNS] [--seconds S] [N...]\n");
     return 2;
   }
-  if (lengths.empty()) lengths = {1000};
   double logarithms = 0;
   int count = 0;
   std::printf("row,level,n,old,new,ratio\n");
   for (const rows::Row& row : rows::all()) {
-    if (!row.built() || row.shape == rows::Shape::pack || !rows::matches(patterns, row.name)) continue;
+    if (!row.built() || row.shape == rows::Shape::pack || !rows::matches(options.patterns, row.name)) continue;
     for (int level = 0; level < rows::kLevels; ++level) {
       if (row.kernel(level) != level) continue;
-      for (const int32_t n : lengths) {
+      for (const int32_t n : options.lengths) {
         const bench::Operands operands(row, n, 1, 16);  // as malloc gives them
         bench::Paired paired;
         bool both = true;
@@ -71,7 +59,7 @@ int main(int argc, char** argv) {
           if (entry != nullptr) paired.add("", bench::repeat_entry(row, entry, false, operands, n));
         }
         if (!both) continue;
-        const std::vector<double> times = paired.measure(seconds);
+        const std::vector<double> times = paired.measure(options.seconds);
         std::printf("%s,%s,%d,%.4f,%.4f,%.3f\n", std::string(row.name).c_str(), rows::kLevelNames[level], n,
                     times[0] / n, times[1] / n, times[0] / times[1]);
         std::fflush(stdout);

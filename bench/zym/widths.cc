@@ -4,8 +4,6 @@
 //
 //   widths [--rows PATTERNS] [--seconds S] [N...]
 #include <cstdio>
-#include <cstdlib>
-#include <cstring>
 #include <functional>
 #include <string>
 #include <vector>
@@ -14,6 +12,7 @@
 #include "tools/rows/list.h"
 #include "zym/both_widths.h"
 #include "zym/compare.h"
+#include "zym/options.h"
 
 namespace {
 
@@ -47,33 +46,22 @@ void neighbours(const rows::Row& row, const zym::WideRow& wide, double seconds) 
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::string patterns;
-  double seconds = 0.1;
-  std::vector<int32_t> lengths;
-  for (int i = 1; i < argc; ++i) {
-    if (std::strcmp(argv[i], "--rows") == 0 && i + 1 < argc) {
-      patterns = argv[++i];
-    } else if (std::strcmp(argv[i], "--seconds") == 0 && i + 1 < argc) {
-      seconds = std::atof(argv[++i]);
-    } else if (std::atoi(argv[i]) > 0) {
-      lengths.push_back(std::atoi(argv[i]));
-    } else {
-      std::fprintf(stderr, "widths [--rows PATTERNS] [--seconds S] [N...]\n");
-      return 2;
-    }
+  const bench::Options options(argc, argv, 0.1, {1, 16, 1000, 10000});
+  if (!options.others.empty()) {
+    std::fprintf(stderr, "widths [--rows PATTERNS] [--seconds S] [N...]\n");
+    return 2;
   }
-  if (lengths.empty()) lengths = {1, 16, 1000, 10000};
   if (!serv::has_wide_registers(serv::read_processor())) {
     std::fprintf(stderr, "no registers of 512 bits here\n");
     return 77;
   }
   std::printf("row,level,family,n,beyond,narrow,wide\n");
   for (const rows::Row& row : rows::all()) {
-    const zym::WideRow* wide = rows::matches(patterns, row.name) ? bench::wide_row(row) : nullptr;
+    const zym::WideRow* wide = rows::matches(options.patterns, row.name) ? bench::wide_row(row) : nullptr;
     if (wide == nullptr) continue;
     for (int level = 0; level < rows::kLevels; ++level) {
       if (row.kernel(level) != level || wide->wide[level] == wide->narrow[level]) continue;
-      for (const int32_t n : lengths) {
+      for (const int32_t n : options.lengths) {
         for (const size_t beyond : {size_t{0}, size_t{16}}) {  // a cache line's beginning, and as malloc gives it
           if (beyond != 0 && n < 1000) continue;
           const bench::Operands operands(row, n, 1, beyond);
@@ -81,13 +69,13 @@ int main(int argc, char** argv) {
           bench::Paired paired;
           paired.add("256", bench::with_kernel(&wide->slots[level], wide->narrow[level], entry));
           paired.add("512", bench::with_kernel(&wide->slots[level], wide->wide[level], entry));
-          const std::vector<double> times = paired.measure(seconds);
+          const std::vector<double> times = paired.measure(options.seconds);
           std::printf("%s,%s,%s,%d,%zu,%.4f,%.4f\n", std::string(row.name).c_str(), rows::kLevelNames[level],
                       std::string(row.family).c_str(), n, beyond, times[0] / n, times[1] / n);
         }
       }
       std::fflush(stdout);
     }
-    if (row.name == "sExp" || row.name == "dExp") neighbours(row, *wide, 20 * seconds);
+    if (row.name == "sExp" || row.name == "dExp") neighbours(row, *wide, 20 * options.seconds);
   }
 }

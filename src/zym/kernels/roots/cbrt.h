@@ -3,7 +3,6 @@
 // z = 2^k m in [1, 8), and d = 1 - z w^3 leads to the last place.
 #pragma once
 
-#include "lanes/exponents.h"
 #include "lanes/scalar.h"
 #include "orvik/zym_types.h"
 #include "zym/kernels/roots/coefficients.h"

@@ -101,6 +101,14 @@ inline I32Half shift_right_bytes(I32Half a) {
 
 // Odd 32-bit lanes of `high`, even ones of `low`.
 inline I64 with_high_words(I64 low, I64 high) { return _mm256_blend_epi32(low.v, high.v, 0xAA); }
+// late ^ b ^ c, for an operand that is waited for: the others are not to wait with it, as the compiler would have them.
+inline I64 xor_late(I64 late, I64 b, I64 c) {
+  I64 early = b ^ c;
+  asm("" : "+x"(early.v));
+  return late ^ early;
+}
+// The same of even 32-bit lanes; odd ones of `late`.
+inline I64 xor_late_low_words(I64 late, I64 b, I64 c) { return with_high_words(xor_late(late, b, c), late); }
 // The halves of each 64-bit lane change places.
 inline I64 swap_words(I64 a) { return _mm256_shuffle_epi32(a.v, 0xB1); }
 // 16-bit halves: the high ones of `high`, the low ones of `low`.

@@ -85,6 +85,12 @@ inline I64 by_sign(I64 x, I64 positive, I64 negative) {
 
 // Odd 32-bit lanes of `high`, even ones of `low`.
 inline I64 with_high_words(I64 low, I64 high) { return _mm512_mask_blend_epi32(0xAAAA, low.v, high.v); }
+// late ^ b ^ c, for an operand that is waited for.
+inline I64 xor_late(I64 late, I64 b, I64 c) { return _mm512_ternarylogic_epi64(late.v, b.v, c.v, 0x96); }
+// The same of even 32-bit lanes; odd ones of `late`.
+inline I64 xor_late_low_words(I64 late, I64 b, I64 c) {
+  return _mm512_mask_ternarylogic_epi32(late.v, 0x5555, b.v, c.v, 0x96);
+}
 // The halves of each 64-bit lane change places.
 inline I64 swap_words(I64 a) { return _mm512_shuffle_epi32(a.v, _MM_PERM_CDAB); }
 // 16-bit halves: the high ones of `high`, the low ones of `low`.

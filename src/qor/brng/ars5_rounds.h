@@ -32,15 +32,15 @@ struct Ars5Run {
   using Keys = Ars5Keys;
   using Vector = std::conditional_t<sizeof(Blocks) == sizeof(I32), I32, Halves>;
   static constexpr int kRegisters = 8, kVectors = kRegisters * kBlocks * 4 / kWords;
-  Ars5Run(uint64_t low, uint64_t high) {
+  Ars5Run(const Keys& keys, uint64_t low, uint64_t high) : keys(keys) {
     for (int k = 0; k < kRegisters; ++k)
       c[k] = add_long(in_blocks(low + static_cast<uint64_t>(kBlocks * k), high), block_numbers());
   }
-  void make(const Keys& keys, Vector (&words)[kVectors]) const {
+  void make(Vector (&words)[kVectors]) const {
     unroll<kVectors>([&](auto v) __attribute__((always_inline)) { words[v] = vector(c, v, keys); });
   }
   template <class Sink>
-  void deliver(const Keys& keys, const Sink& sink, ptrdiff_t i) {
+  void deliver(const Sink& sink, ptrdiff_t i) {
     const Blocks stride = in_blocks(kRegisters * kBlocks, 0);
     unroll<kVectors>([&](auto v) __attribute__((always_inline)) { put_one(sink, i + kWords * v, vector(c, v, keys)); });
     for (Blocks& counter : c) counter = add_long(counter, stride);
@@ -52,6 +52,7 @@ struct Ars5Run {
     else
       return Halves{ars5_blocks(c[2 * v], keys), ars5_blocks(c[2 * v + 1], keys)};
   }
+  const Keys& keys;
   Blocks c[kRegisters];
 };
 struct Ars5Runs {

@@ -115,12 +115,13 @@ struct CounterGenerator {
       finish(state, counter, n - i);
       return;
     }
-    const Keys keys(state.key);
-    if (!carries) {
+    using Long = typename B::Runs::Long;
+    if (!carries && n - i >= kWords * Long::kVectors) {
       const ptrdiff_t before = i;
-      i = deliver_runs<typename B::Runs::Long>(keys, low, high, i, n, sink);
+      i = deliver_runs<Long>(Keys(state.key), low, high, i, n, sink);
       counter += static_cast<uint64_t>(i - before) / 4;
     }
+    const Keys keys(state.key);  // again: those of a short request stay in registers
     Vector w[B::kFew];
     for (; i + 8 * B::kFew <= n; i += 8 * B::kFew, counter += 2 * B::kFew) {
       B::make(counter, keys, w);

@@ -5,9 +5,9 @@
 //   kAhead                whether a block is always made ahead
 // and a run
 //   kVectors              registers of words that it makes at a time
-//   Run(low, high)        begins at this counter
-//   make(keys, words)     the next of them; the low half of the counter does not wrap
-//   deliver(keys, sink, i)
+//   Run(keys, low, high)  begins at this counter
+//   make(words)           the next of them; the low half of the counter does not wrap
+//   deliver(sink, i)
 #pragma once
 
 #include <stddef.h>
@@ -28,8 +28,8 @@ ptrdiff_t deliver_runs(const typename Run::Keys& keys, uint64_t low, uint64_t hi
   constexpr ptrdiff_t kStep = kWords * Run::kVectors;
   if (i + kStep > n) return i;
   const Sink own = sink;  // a copy: for all the compiler knows the results might overlap it
-  Run run(low, high);
-  for (; i + kStep <= n; i += kStep) run.deliver(keys, own, i);
+  Run run(keys, low, high);
+  for (; i + kStep <= n; i += kStep) run.deliver(own, i);
   return i;
 }
 
@@ -38,7 +38,7 @@ template <class Run, class Sink>
 void deliver_part(const typename Run::Keys& keys, uint64_t low, uint64_t high, ptrdiff_t i, int count, const Sink& sink,
                   bool keep, uint32_t* block) {
   typename Run::Vector w[Run::kVectors];
-  Run(low, high).make(keys, w);
+  Run(keys, low, high).make(w);
   if (keep) {
     alignas(64) uint32_t words[kWords * Run::kVectors];
     RawSink(words).group(0, w);

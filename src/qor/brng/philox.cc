@@ -17,19 +17,18 @@ struct PhiloxBlocks {
 
   static WideRuns* wide_runs() { return ORVIK_QOR_WIDE(orvik_qor_wide_philox); }
 
-  static void lanes(Counter128 counter, I64& low, I64& high) {
-    const uint64_t l = static_cast<uint64_t>(counter), h = static_cast<uint64_t>(counter >> 64);
-    low = I64(l) + quarter_numbers();
-    high = I64(h);
-    if (l < ~uint64_t{0} - 2) return;
-    const auto carry = [l](uint64_t step) { return uint64_t{l + step < l}; };
-    high = high + long_words(0, carry(2), carry(1), carry(3));
-  }
-
   static void make(Counter128 counter, const Keys& keys, Vector (&w)[kFew]) {
-    I64 low[1], high[1];
-    lanes(counter, low[0], high[0]);
-    philox_blocks(low, high, keys, w);
+    const uint64_t l = static_cast<uint64_t>(counter), h = static_cast<uint64_t>(counter >> 64);
+    const I64 low[1] = {I64(l) + quarter_numbers()};
+    I64 high = I64(h);
+    if (l >= ~uint64_t{0} - 2) [[unlikely]] {
+      const auto carry = [l](uint64_t step) { return uint64_t{l + step < l}; };
+      high = high + long_words(0, carry(2), carry(1), carry(3));
+    }
+    PhiloxWords<1> c;
+    c.begin(low, high);
+    c.rounds<0, kPhiloxRounds - 1>(keys);
+    c.finish(keys, w);
   }
 };
 

@@ -49,16 +49,18 @@ TEST_P(CounterTest, ThreeWordsAndFiveEqualEight) {
 TEST_P(CounterTest, CounterCarriesThroughAllItsWords) {
   for (const std::vector<uint32_t>& c :
        std::vector<std::vector<uint32_t>>{{0xFFFFFFFE, 0, 0, 0},
+                                          {0xFFFFFFE0, 5, 6, 7},
+                                          {0xFFFFFFC9, 5, 6, 7},
                                           {0xFFFFFFFC, 0xFFFFFFFF, 0, 9},
                                           {0xFFFFFFFD, 0xFFFFFFFF, 0xFFFFFFFF, 1},
                                           {0xFFFFFFF0, 0xFFFFFFFF, 7, 1},
                                           {0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF}}) {
     const std::vector<uint32_t> seeds = with_counter(c);
-    const std::vector<uint64_t> want = model(300, seeds);
+    const std::vector<uint64_t> want = model(700, seeds);
     for (int32_t cut : {0, 1, 2, 3, 4, 5, 8, 13, 20, 33}) {
       const Stream s = stream(seeds);
       std::vector<uint64_t> got = s.outputs(cut);
-      for (uint64_t v : s.outputs(300 - cut)) got.push_back(v);
+      for (uint64_t v : s.outputs(700 - cut)) got.push_back(v);
       ASSERT_EQ(got, want) << cut;
     }
   }

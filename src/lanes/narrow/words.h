@@ -75,6 +75,13 @@ inline I64 by_sign(I64 x, I64 positive, I64 negative) {
   return _mm256_castpd_si256(
       _mm256_blendv_pd(_mm256_castsi256_pd(positive.v), _mm256_castsi256_pd(negative.v), _mm256_castsi256_pd(x.v)));
 }
+// s - m, or s where that is negative; of numbers below 2^63.
+inline I64 wrap_down(I64 s, I64 m) {
+  const I64 less = s - m;
+  return by_sign(less, less, s);
+}
+// x - y, and m more where that is not positive.
+inline I64 wrap_up(I64 x, I64 y, I64 m) { return x - y + I64(_mm256_andnot_si256(_mm256_cmpgt_epi64(x.v, y.v), m.v)); }
 template <int Count>
 inline I32Half shift_left(I32Half a) {
   return _mm_slli_epi32(a.v, Count);

@@ -76,9 +76,12 @@ template <int Bytes>
 inline Quarter shift_right_bytes(Quarter a) {
   return _mm_srli_si128(a.v, Bytes);
 }
-// `positive` where the top bit of the lane of x is clear, `negative` where it is set.
-inline I64 by_sign(I64 x, I64 positive, I64 negative) {
-  return _mm512_mask_blend_epi64(_mm512_movepi64_mask(x.v), positive.v, negative.v);
+// s - m, or s where that is negative; of numbers below 2^63.
+inline I64 wrap_down(I64 s, I64 m) { return _mm512_min_epu64((s - m).v, s.v); }
+// x - y, and m more where that is not positive.
+inline I64 wrap_up(I64 x, I64 y, I64 m) {
+  const I64 d = x - y;
+  return _mm512_mask_add_epi64(d.v, _mm512_cmple_epi64_mask(x.v, y.v), d.v, m.v);
 }
 
 // ---- order of lanes ------------------------------------------------------------------------------------------------

@@ -54,15 +54,9 @@ struct Residue {
   static constexpr uint64_t kModulus = (uint64_t{1} << 32) - kGap;
 
   // 2^32 counts as kGap: below 2^32 + kGap (s div 2^32).
-  static I64 fold(I64 s) {
-    const I64 low = s & I64(uint64_t{0xFFFFFFFF});
-    return low + multiply_low_words(shift_right<32>(s), I64(uint64_t{kGap}));
-  }
+  static I64 fold(I64 s) { return s - multiply_low_words(shift_right<32>(s), I64(kModulus)); }
   // Of values below twice the modulus.
-  static I64 finish(I64 s) {
-    const I64 less = s - I64(kModulus);
-    return by_sign(less, less, s);
-  }
+  static I64 finish(I64 s) { return wrap_down(s, I64(kModulus)); }
 };
 using Mod1 = Residue<209>;
 using Mod2 = Residue<22853>;
@@ -78,11 +72,6 @@ inline I64 second_step(I64 newest, I64 oldest) {
   const I64 s =
       multiply_low_words(I64(uint64_t{527612}), newest) + multiply_low_words(I64(uint64_t{1370589}), m - oldest);
   return Mod2::finish(Mod2::fold(Mod2::fold(s)));
-}
-// x - y, and the modulus more where that is not positive.
-inline I64 combined(I64 x, I64 y) {
-  const I64 less = x - y - I64(uint64_t{1});
-  return by_sign(less, less, less + I64(Mod1::kModulus)) + I64(uint64_t{1});
 }
 
 // Row r of the lanes' matrices times a vector.
@@ -115,7 +104,7 @@ struct MrgBlocks {
       for (int half = 0; half < 2; ++half) {
         const I64 next_x = first_step(x[1].half[half], x[0].half[half]);
         const I64 next_y = second_step(y[2].half[half], y[0].half[half]);
-        word[half] = combined(next_x, next_y);
+        word[half] = wrap_up(next_x, next_y, I64(Mod1::kModulus));
         x[0].half[half] = x[1].half[half];
         x[1].half[half] = x[2].half[half];
         x[2].half[half] = next_x;

@@ -14,6 +14,15 @@ using Lanes = Native<Real>;
 template <class Real>
 using LaneIndices = orvik::Index<Lanes<Real>>;
 
+// body(k, zero) for k = from .. to: with a vector zero for kCount indices at a time, then with a real one for the rest.
+template <class Real, class Body>
+void by_lanes(int64_t from, int64_t to, Body body) {
+  using V = Lanes<Real>;
+  int64_t k = from;
+  for (; k + kWidth<V> <= to + 1; k += kWidth<V>) body(k, V(Real(0)));
+  for (; k <= to; ++k) body(k, Real(0));
+}
+
 }  // namespace orvik::df
 
 #endif

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "df/construct/grid.h"
 #include "df/construct/problem.h"
+#include "df/construct/rows.h"
 #include "df/lanes.h"
 
 namespace orvik::df {
@@ -17,21 +19,12 @@ inline constexpr int64_t kChunkIntervals = 1024;
 template <class Real>
 struct Workspace {
   static constexpr int64_t kLength = kChunkIntervals + 224;
-  alignas(128) Real y[kLength];  // of a column
+  alignas(128) Real y[Grid::kGroup][kLength];  // of columns
   Real h[kLength];
   Real inverse_h[kLength];
   Real m[kLength];
   Real d[kLength];
 };
-
-// body(k, zero) for k = from .. to: with a vector zero for kCount indices at a time, then with a real one for the rest.
-template <class Real, class Body>
-void by_lanes(int64_t from, int64_t to, Body body) {
-  using V = Lanes<Real>;
-  int64_t k = from;
-  for (; k + kWidth<V> <= to + 1; k += kWidth<V>) body(k, V(Real(0)));
-  for (; k <= to; ++k) body(k, Real(0));
-}
 
 // Arrays are indexed from breakpoint `base` on; interval k lies between points k and k + 1. On an even grid h and
 // inverse_h are not set.
@@ -44,21 +37,15 @@ struct Chunk {
   const Real* y;
   Workspace<Real>* room;
 
-  // The breakpoints from begin - halo to end + halo, as far as they exist. No slope is formed yet.
-  Chunk(const Partition<Real, kUniform>& given, const Values<Real>& values, int64_t nx, int64_t begin, int64_t end,
-        int64_t halo, Workspace<Real>& scratch)
+  // No slope is formed yet.
+  Chunk(const Partition<Real, kUniform>& given, int64_t first, int64_t count, const Real* values,
+        Workspace<Real>& scratch)
       : partition(given),
-        base(std::max<int64_t>(begin - halo, 0)),
-        points(std::min(end + halo, nx - 1) - base + 1),
+        base(first),
+        points(count),
         x(kUniform ? given.given() : given.given() + base),
-        y(scratch.y),
-        room(&scratch) {
-    if (values.stride == 1) {
-      y = values.first + base;
-    } else {
-      for (int64_t k = 0; k < points; ++k) scratch.y[k] = values[base + k];
-    }
-  }
+        y(values),
+        room(&scratch) {}
 
   // Forms the slope of interval k, or of several from there on; h only where it is asked for.
   template <bool kLengths, class T>
@@ -80,6 +67,21 @@ struct Chunk {
     return kUniform ? T(partition.inverse_step()) : load<T>(room->inverse_h + k);
   }
 };
+
+// body(function, at, stop, chunk) for the intervals begin .. end - 1 of functions first .. past - 1, a group at most: by
+// chunks of the intervals at .. stop - 1, with `halo` breakpoints more on either side as far as there are any.
+template <class Real, bool kUniform, class Body>
+void by_chunks(const Task& task, const Partition<Real, kUniform>& partition, int64_t first, int64_t past, int64_t begin,
+               int64_t end, int64_t halo, Workspace<Real>& room, Body body) {
+  for (int64_t at = begin; at < end; at += kChunkIntervals) {
+    const int64_t stop = std::min(at + kChunkIntervals, end), base = std::max<int64_t>(at - halo, 0);
+    const int64_t points = std::min(stop + halo, task.nx - 1) - base + 1;
+    const Rows<Real> rows(task, first, past, base, points, room.y[0], Workspace<Real>::kLength);
+    for (int64_t f = first; f < past; ++f) {
+      body(f, at, stop, Chunk<Real, kUniform>(partition, base, points, rows[f], room));
+    }
+  }
+}
 
 }  // namespace orvik::df
 

@@ -39,15 +39,21 @@ struct Grid {
   }
 };
 
-// body(function, begin, end, thread) for all intervals of ny functions.
+// body(first, past, begin, end, thread) for all intervals of ny functions, first .. past - 1 of them together.
 template <class Body>
 int32_t run_grid(const Services& services, const Grid& grid, int64_t threads, int64_t ny, Body body) {
   auto task = [&](int64_t index, int64_t thread) {
     const Grid::Part part = grid.part(index, ny);
-    for (int64_t f = part.function; f < part.function_end; ++f) body(f, part.begin, part.end, thread);
+    if (part.function < part.function_end) body(part.function, part.function_end, part.begin, part.end, thread);
     return 0;
   };
   return services.run(grid.tasks(), threads, task);
+}
+
+// The same on the calling thread: body(first, past) for ny functions, a group at a time.
+template <class Body>
+void by_groups(int64_t ny, Body body) {
+  for (int64_t f = 0; f < ny; f += Grid::kGroup) body(f, std::min(f + Grid::kGroup, ny));
 }
 
 }  // namespace orvik::df

@@ -1,19 +1,42 @@
 // The polygon through the points: order 2.
+#include <type_traits>
+
 #include "df/construct/grid.h"
 #include "df/construct/problem.h"
+#include "df/construct/rows.h"
 #include "df/services.h"
 
 namespace orvik::df {
 namespace {
 
+constexpr int64_t kStretch = 512;  // intervals at a time
+
+// Intervals begin .. end - 1 of functions first .. past - 1.
 template <class Real, bool kUniform>
-void linear_intervals(const Task& task, const Partition<Real, kUniform>& partition, int64_t function, int64_t begin,
-                      int64_t end) {
-  const Values<Real> y(task, function);
-  Real* c = task.coefficients<Real>(function);
-  for (int64_t i = begin; i < end; ++i) {
-    c[2 * i] = y[i];
-    c[2 * i + 1] = slope(y[i], y[i + 1], partition.inverse_h(i));
+void linear_intervals(const Task& task, const Partition<Real, kUniform>& partition, int64_t first, int64_t past,
+                      int64_t begin, int64_t end) {
+  constexpr int64_t kLength = kStretch + 16;
+  alignas(128) Real room[Grid::kGroup][kLength];
+  for (int64_t at = begin; at < end; at += kStretch) {
+    const int64_t intervals = std::min(kStretch, end - at);
+    const Rows<Real> rows(task, first, past, at, intervals + 1, room[0], kLength);
+    const Real* x = kUniform ? nullptr : partition.given() + at;
+    for (int64_t f = first; f < past; ++f) {
+      const Real* y = rows[f];
+      Real* c = task.coefficients<Real>(f) + 2 * at;
+      by_lanes<Real>(0, intervals - 1, [=](int64_t k, auto zero) {
+        using T = decltype(zero);
+        T inverse(partition.inverse_step());
+        if constexpr (!kUniform) inverse = T(Real(1)) / (load<T>(x + k + 1) - load<T>(x + k));
+        const T here = load<T>(y + k);
+        const T slope = (load<T>(y + k + 1) - here) * inverse;
+        if constexpr (std::is_same_v<T, Real>) {
+          c[2 * k] = here, c[2 * k + 1] = slope;
+        } else {
+          store_pairs(c + 2 * k, Pair<T>{here, slope});
+        }
+      });
+    }
   }
 }
 
@@ -23,13 +46,15 @@ int32_t run_linear(const Task& task, const Services& services) {
   const int64_t intervals = task.nx - 1;
   const int64_t threads = services.max_threads();
   if (intervals <= 127 || threads == 1) {
-    for (int64_t f = 0; f < task.ny; ++f) linear_intervals(task, partition, f, 0, intervals);
+    by_groups(task.ny,
+              [&](int64_t first, int64_t past) { linear_intervals(task, partition, first, past, 0, intervals); });
     return 0;
   }
   const Grid grid(0, intervals, 1024, intervals, task.ny);
-  return run_grid(
-      services, grid, std::min(threads, grid.tasks()), task.ny,
-      [&](int64_t f, int64_t begin, int64_t end, int64_t) { linear_intervals(task, partition, f, begin, end); });
+  return run_grid(services, grid, std::min(threads, grid.tasks()), task.ny,
+                  [&](int64_t first, int64_t past, int64_t begin, int64_t end, int64_t) {
+                    linear_intervals(task, partition, first, past, begin, end);
+                  });
 }
 
 template <class Real>

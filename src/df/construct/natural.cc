@@ -1,25 +1,25 @@
 // The natural cubic kind: one tridiagonal system for all first derivatives.
 #include "df/construct/coefficients.h"
+#include "df/construct/grid.h"
 #include "df/construct/natural_lanes.h"
 #include "df/construct/natural_system.h"
-#include "df/construct/solver.h"
+#include "df/construct/rows.h"
 #include "df/services.h"
 #include "serv/memory.h"
 
 namespace orvik::df {
 namespace {
 
+// The coefficients of one function, whose values are y, from its derivatives d.
 template <class Real, bool kUniform>
-void store_function(const NaturalSystem<Real, kUniform>& system, int64_t function, const Real* d) {
-  const Values<Real> y(system.task, function);
-  Real* out = system.task.template coefficients<Real>(function);
+void put_from_derivatives(const NaturalSystem<Real, kUniform>& system, const Real* y, const Real* d, Real* out) {
   Workspace<Real> room;
   for (int64_t at = 0; at < system.nx - 1; at += kChunkIntervals) {
-    const int64_t stop = std::min(at + kChunkIntervals, system.nx - 1);
-    const Chunk<Real, kUniform> chunk(system.partition, y, system.nx, at, stop, 0, room);
-    by_lanes<Real>(0, stop - at - 1,
+    const int64_t intervals = std::min(kChunkIntervals, system.nx - 1 - at);
+    const Chunk<Real, kUniform> chunk(system.partition, at, intervals + 1, y + at, room);
+    by_lanes<Real>(0, intervals - 1,
                    [&](int64_t k, auto zero) { chunk.template form_slope<false, decltype(zero)>(k); });
-    by_lanes<Real>(0, stop - at - 1, [&](int64_t k, auto zero) {
+    by_lanes<Real>(0, intervals - 1, [&](int64_t k, auto zero) {
       put_cubic<CubicForm::kNatural, decltype(zero)>(chunk, k, d + at, out + 4 * (at + k));
     });
   }
@@ -28,9 +28,11 @@ void store_function(const NaturalSystem<Real, kUniform>& system, int64_t functio
 template <class Real, bool kUniform>
 int32_t few_breakpoints(const NaturalSystem<Real, kUniform>& system) {
   for (int64_t f = 0; f < system.task.ny; ++f) {
-    Real d[3];
-    solve_few(system, Values<Real>(system.task, f), d);
-    store_function(system, f, d);
+    const Values<Real> values(system.task, f);
+    Real y[3], d[3];
+    for (int64_t i = 0; i < system.nx; ++i) y[i] = values[i];
+    solve_few(system, values, d);
+    put_from_derivatives(system, y, d, system.task.template coefficients<Real>(f));
   }
   return 0;
 }
@@ -42,77 +44,93 @@ int64_t threads_for(const Task& task, const Services& services) {
   return parallel ? threads : 1;
 }
 
-// Long functions: the bits of the plain solver, several times as fast, though each function factors anew. A column is
-// copied to a row first.
-template <class Real, bool kUniform>
-int32_t run_long(const NaturalSystem<Real, kUniform>& system, const Services& services) {
-  const Task& task = system.task;
-  const int64_t threads = threads_for(task, services);
-  const int64_t length = system.nx + 16;
-  const serv::Block<Real> scratch(static_cast<uint64_t>(3 * length * threads));
-  if (!scratch) return DFS_NO_MEMORY;
-  auto body = [&](int64_t function, int64_t thread) -> int32_t {
-    Real* upper = scratch.get() + 3 * length * thread;
-    const Values<Real> values(task, function);
-    const Real* y = values.first;
-    if (values.stride != 1) {
-      Real* row = upper + 2 * length;
-      for (int64_t i = 0; i < system.nx; ++i) row[i] = values[i];
-      y = row;
+// What the missing corners of the cyclic matrix take from each periodic solution w: a vector times w[0] + w[n - 1].
+template <class Real>
+struct Correction {
+  Real* z;  // one for each unknown
+  Real weight;
+
+  // From the factored matrix. The backward substitution of the first function's w goes beside that of z.
+  template <bool kUniform>
+  void find(const NaturalSystem<Real, kUniform>& system, const Real* upper, const Real* reciprocals, Real* w) {
+    const int64_t n = system.unknowns();
+    z[0] = system.first_corner() * reciprocals[0];
+    int64_t i = 1;
+    for (; i < n - 1 && z[i - 1] != 0; ++i) z[i] = std::fma(-system.lower(i), z[i - 1], Real(0)) * reciprocals[i];
+    for (; i < n - 1; ++i) z[i] = 0 * reciprocals[i];  // what has underflown needs no row before it
+    z[i] = std::fma(-system.lower(i), z[i - 1], system.last_corner()) * reciprocals[i];
+    while (i-- > 0) {
+      z[i] = std::fma(-upper[i], z[i + 1], z[i]);
+      w[i] = std::fma(-upper[i], w[i + 1], w[i]);
     }
-    return NaturalLanes(system, function, y, upper, upper + length).run() ? 0 : DFS_SOLVER_FAILED;
-  };
-  return threads == 1 ? Services(nullptr).run(task.ny, 1, body) : services.run(task.ny, threads, body);
-}
+    weight = 1 / (1 + z[0] + z[n - 1]);
+  }
+
+  // Makes the derivatives at all breakpoints of w.
+  void apply(int64_t n, Real* w) const {
+    const Real share = (w[0] + w[n - 1]) * weight;
+    by_lanes<Real>(0, n - 1, [&](int64_t i, auto zero) {
+      using T = decltype(zero);
+      store(w + i, load<T>(w + i) - load<T>(z + i) * T(share));
+    });
+    w[n] = w[0];
+  }
+};
 
 template <class Real, bool kUniform>
 int32_t run_natural(const Task& task, Ends ends, const Services& services) {
   const NaturalSystem<Real, kUniform> system(task, ends);
   if (task.nx < 4) return few_breakpoints(system);
 
-  if (!system.periodic() && task.nx >= kLongNatural) return run_long(system, services);
-
-  const int64_t n = system.unknowns();
+  const bool columns = Values<Real>(task, 0).stride != 1;
   const int64_t threads = threads_for(task, services);
-  // Three diagonals, the correction's vector, one right side (and one element more) for each thread.
-  const int64_t length = task.nx + 16;
-  const serv::Block<Real> scratch(static_cast<uint64_t>(length * (4 + threads)));
+  // The calling thread copies a few columns at a time: they share cache lines.
+  const int64_t rows = !columns ? 0 : threads == 1 ? Grid::kGroup : 1;
+  // For all threads the factored matrix and the correction's vector; for each a right side and rows.
+  const int64_t length = task.nx + 16, shared = (system.periodic() ? 3 : 2) * length, own = (1 + rows) * length;
+  const serv::Block<Real> scratch(static_cast<uint64_t>(shared + own * threads));
   if (!scratch) return DFS_NO_MEMORY;
-  Real* dl = scratch.get();
-  Real* d = dl + length;
-  Real* du = d + length;
-  Real* z = du + length;
-  Real* right_sides = z + length;
-  system.matrix(dl, d, du);
+  Real* upper = scratch.get();
+  Real* reciprocals = upper + length;
+  Correction<Real> correction{reciprocals + length, 0};
 
-  if (task.ny == 1 && !system.periodic()) {
-    system.right_side(Values<Real>(task, 0), right_sides);
-    if (solve_in_one_step(n, dl, d, du, right_sides) != 0) return DFS_SOLVER_FAILED;
-    store_function(system, 0, right_sides);
-    return 0;
-  }
-  if (factor_matrix(n, dl, d, du) != 0) return DFS_SOLVER_FAILED;
-  Real weight = 0;
-  if (system.periodic()) {
-    std::fill(z, z + n, Real(0));
-    z[0] = system.first_corner();
-    z[n - 1] = system.last_corner();
-    if (solve_factored(n, dl, d, du, z) != 0) return DFS_SOLVER_FAILED;
-    weight = 1 / (1 + z[0] + z[n - 1]);
-  }
-  auto body = [&](int64_t function, int64_t thread) -> int32_t {
-    Real* w = right_sides + thread * length;
-    system.right_side(Values<Real>(task, function), w);
-    if (solve_factored(n, dl, d, du, w) != 0) return DFS_SOLVER_FAILED;
-    if (system.periodic()) {
-      const Real share = (w[0] + w[n - 1]) * weight;
-      for (int64_t i = 0; i < n; ++i) w[i] -= z[i] * share;
-      w[n] = w[0];
+  // Functions first .. past - 1; number 0 comes before all others.
+  const auto solve = [&](int64_t first, int64_t past, int64_t thread) -> int32_t {
+    Real* w = scratch.get() + shared + own * thread;
+    const Rows<Real> values(task, first, past, 0, task.nx, w + length, length);
+    for (int64_t f = first; f < past; ++f) {
+      Real* out = task.coefficients<Real>(f);
+      NaturalLanes lanes(system, values[f], upper, reciprocals, w);
+      if (f > 0) {
+        lanes.reduce();
+      } else if (!lanes.factor(task.ny > 1 || system.periodic())) {
+        return DFS_SOLVER_FAILED;
+      }
+      if (system.periodic()) {
+        if (f == 0) {
+          correction.find(system, upper, reciprocals, w);
+        } else {
+          lanes.solve();
+        }
+        correction.apply(system.unknowns(), w);
+        put_from_derivatives(system, values[f], w, out);
+      } else {
+        lanes.put_coefficients(out);
+      }
     }
-    store_function(system, function, w);
     return 0;
   };
-  return threads == 1 ? Services(nullptr).run(task.ny, 1, body) : services.run(task.ny, threads, body);
+  if (threads == 1) {
+    for (int64_t f = 0; f < task.ny; f += Grid::kGroup) {
+      const int32_t status = solve(f, std::min(f + Grid::kGroup, task.ny), 0);
+      if (status != 0) return status;
+    }
+    return 0;
+  }
+  const int32_t status = solve(0, 1, 0);
+  if (status != 0) return status;
+  auto body = [&](int64_t k, int64_t thread) { return solve(k + 1, k + 2, thread); };
+  return services.run(task.ny - 1, threads, body);
 }
 
 template <class Real>

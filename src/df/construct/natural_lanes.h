@@ -1,10 +1,12 @@
 // The natural system of a long function, without the arrays of its matrix and with several stretches of rows at a time.
 //
 // Forward and backward substitution are chains of dependent divisions and fused steps: one row cannot start before its
-// neighbour has ended. So the rows are cut into as many stretches as there are lanes, each stretch starts from a guess,
-// and afterwards each is mended from its true start: rows are computed again, one by one, until a row comes out as it
-// was, bit for bit. From there on everything behind it is what the plain recurrence gives. A diagonally dominant matrix
-// forgets a wrong start within a few dozen rows; for any other one the mending goes on to the end and is still right.
+// neighbour has ended. So the rows are cut into as many stretches as there are lanes. Each stretch but the first starts
+// from a guess some rows early, within the stretch before it, which writes over these rows when it comes to them. A
+// diagonally dominant matrix forgets a wrong start within a few dozen rows. Afterwards each stretch is mended from its
+// true start: rows are computed again, one by one, until a row comes out as it was, bit for bit; mostly the first does.
+// From there on everything behind it is what the plain recurrence gives. For a matrix that forgets nothing the mending
+// goes on to the end and is still right.
 #ifndef ORVIK_DF_CONSTRUCT_NATURAL_LANES_H
 #define ORVIK_DF_CONSTRUCT_NATURAL_LANES_H
 
@@ -14,46 +16,68 @@
 
 namespace orvik::df {
 
-// Fewer breakpoints are not worth the mending.
-inline constexpr int64_t kLongNatural = 512;
-
 template <class Real, bool kUniform>
 class NaturalLanes {
   using V = Lanes<Real>;
   static constexpr int64_t kSquare = kWidth<V>;         // rows turned at a time
   static constexpr int64_t kStretches = 2 * kWidth<V>;  // two vectors hide each other's latency
+  static constexpr int64_t kLead = sizeof(Real) == 8 ? 36 : 20;  // after so many rows of an even grid no bit differs
 
  public:
-  // `y`: the function's values, one after the other. `upper` and `w` have nx elements: the upper diagonal over the
-  // pivots, and the half-solved right side.
-  NaturalLanes(const NaturalSystem<Real, kUniform>& system, int64_t function, const Real* y, Real* upper, Real* w)
+  // `y`: the function's values, one after the other. As many elements as there are unknowns have `upper`, the upper
+  // diagonal over the pivots, `reciprocals` of the pivots, and `w`, the half-solved right side.
+  NaturalLanes(const NaturalSystem<Real, kUniform>& system, const Real* y, Real* upper, Real* reciprocals, Real* w)
       : system_(system),
         p_(system.partition),
         y_(y),
         x_(system.partition.given()),
-        nx_(system.nx),
-        out_(system.task.template coefficients<Real>(function)),
+        n_(system.unknowns()),
         upper_(upper),
+        reciprocals_(reciprocals),
         w_(w) {
-    // Rows 2 .. nx - 2 have the general form; their stretches are multiples of kSquare long, the rest follows singly.
-    length_ = (nx_ - 3) / kStretches / kSquare * kSquare;
+    // Rows 2 .. n - 2 have the general form; what whole squares leave of them follows singly, and all of few rows.
+    const int64_t rows = n_ - 3 - kLead;
+    length_ = rows / kStretches;
+    steps_ = (length_ + kLead) / kSquare * kSquare;
+    if (length_ < kSquare) length_ = steps_ = 0;
   }
 
-  // False when a pivot cannot be inverted; nothing has been written to the coefficients then.
-  bool run() {
-    forward();
-    if (failed_) return false;
+  // Forward substitution of the first function of a task, which factors the matrix: false if a pivot cannot be
+  // inverted. The reciprocals are kept for whom they are needed.
+  bool factor(bool keep) {
+    if (keep) {
+      forward<Pass::kFirst>();
+    } else {
+      forward<Pass::kOnly>();
+    }
+    return !failed_;
+  }
+  // Of another function.
+  void reduce() { forward<Pass::kNext>(); }
+
+  // Backward substitution: of a periodic function into w.
+  void solve() {
+    for (int64_t i = n_ - 2; i >= 0; --i) w_[i] = back_row(upper_[i], w_[i], w_[i + 1]);
+  }
+  // Of any other one as far as the coefficients.
+  void put_coefficients(Real* out) {
+    out_ = out;
     backward();
-    return true;
   }
 
  private:
+  enum class Pass { kOnly, kFirst, kNext };
+
   // What a row hands on to the next.
   struct State {
     Real upper, w;
   };
 
+  // Stretch j computes steps_ rows from start(j) on, of which those before start(j + 1) are its own when rows ascend
+  // last, and all but the first steps_ - length_ when they ascend.
   int64_t start(int64_t stretch) const { return 2 + stretch * length_; }
+  int64_t end(int64_t stretch) const { return start(stretch) + steps_; }
+  int64_t rest() const { return length_ == 0 ? 2 : end(kStretches - 1); }
 
   Real m(int64_t i) const { return slope(y_[i], y_[i + 1], p_.inverse_h(i)); }
 
@@ -66,54 +90,61 @@ class NaturalLanes {
     return reciprocal;
   }
 
-  Real general_row(int64_t i, State* s) const {
+  // The same, and what it hands on is kept. Of a factored matrix only the right side is there to do.
+  template <Pass kPass>
+  void keep_row(int64_t i, Real lower, Real diagonal, Real above, Real right, State* s) {
+    if constexpr (kPass != Pass::kNext) {
+      const Real reciprocal = row(lower, diagonal, above, right, &s->upper, &s->w);
+      upper_[i] = s->upper;
+      if constexpr (kPass == Pass::kFirst) reciprocals_[i] = reciprocal;
+      if (std::isinf(reciprocal)) failed_ = true;
+    } else {
+      s->w = fnma(lower, s->w, right) * reciprocals_[i];
+    }
+    w_[i] = s->w;
+  }
+  template <Pass kPass>
+  void keep_general_row(int64_t i, State* s) {
     const Real h_before = p_.h(i - 1), h = p_.h(i);
     const Real right = interior_right_side(h_before, h, m(i - 1), m(i));
-    return row(h, Real(2) * p_.two_h(i - 1), h_before, right, &s->upper, &s->w);
+    keep_row<kPass>(i, h, Real(2) * p_.two_h(i - 1), h_before, right, s);
   }
 
-  void keep(int64_t i, Real reciprocal, const State& s) {
-    upper_[i] = s.upper;
-    w_[i] = s.w;
-    if (std::isinf(reciprocal)) failed_ = true;
-  }
-
+  template <Pass kPass>
   void forward() {
     const Values<Real> y(y_, 1);
     const EndRow<Real> left = system_.left(y), right = system_.right(y);
     State s{0, 0};
-    Real reciprocal = row(Real(0), left.own, left.neighbour, left.right, &s.upper, &s.w);
-    keep(0, reciprocal, s);
-    reciprocal = general_row(1, &s);
-    keep(1, reciprocal, s);
-    forward_stretches(s);
-    // Mend the stretches in order: each true start is the row before.
-    for (int64_t j = 1; j < kStretches; ++j) mend_forward(start(j), start(j + 1));
-    s = {upper_[start(kStretches) - 1], w_[start(kStretches) - 1]};
-    for (int64_t i = start(kStretches); i <= nx_ - 2; ++i) {
-      reciprocal = general_row(i, &s);
-      keep(i, reciprocal, s);
+    keep_row<kPass>(0, Real(0), left.own, left.neighbour, left.right, &s);
+    if (n_ > 2) keep_general_row<kPass>(1, &s);
+    if (length_ > 0) {
+      forward_stretches<kPass>(s);
+      // Mend the stretches in order: each true start is the row before.
+      for (int64_t j = 1; j < kStretches; ++j) mend_forward<kPass>(end(j - 1), end(j));
+      s = {upper_[rest() - 1], w_[rest() - 1]};
     }
-    reciprocal = row(right.neighbour, right.own, Real(0), right.right, &s.upper, &s.w);
-    keep(nx_ - 1, reciprocal, s);
+    for (int64_t i = rest(); i <= n_ - 2; ++i) keep_general_row<kPass>(i, &s);
+    keep_row<kPass>(n_ - 1, right.neighbour, right.own, Real(0), right.right, &s);
     if (failed_) failed_ = any_infinite();
   }
 
   // A guess can meet a zero pivot that the true recurrence does not have: look again at what stands in the end. The
   // upper diagonal comes from the partition alone, so that all functions of a task get the same answer.
   bool any_infinite() const {
-    return std::any_of(upper_, upper_ + nx_, [](Real u) { return !std::isfinite(u); });
+    return std::any_of(upper_, upper_ + n_, [](Real u) { return !std::isfinite(u); });
   }
 
+  template <Pass kPass>
   void mend_forward(int64_t begin, int64_t end) {
     State s{upper_[begin - 1], w_[begin - 1]};
     for (int64_t i = begin; i < end; ++i) {
-      const Real reciprocal = general_row(i, &s);
-      if (s.upper == upper_[i] && s.w == w_[i]) return;
-      keep(i, reciprocal, s);
+      const State before{upper_[i], w_[i]};
+      keep_general_row<kPass>(i, &s);
+      if ((kPass == Pass::kNext || s.upper == before.upper) && s.w == before.w) return;
     }
   }
 
+  template <Pass kPass>
   void forward_stretches(State first) {
     V x_before[2], x_here[2], h_before[2], m_before[2], upper[2], w[2];
     for (int g = 0; g < 2; ++g) {
@@ -134,11 +165,12 @@ class NaturalLanes {
     }
     Mask<V> bad = V(Real(0)) > V(Real(0));
     const V infinity(std::numeric_limits<Real>::infinity());
-    for (int64_t at = 0; at < length_; at += kSquare) {
-      V xs[2][kSquare], ys[2][kSquare], us[2][kSquare], ws[2][kSquare];
+    for (int64_t at = 0; at < steps_; at += kSquare) {
+      V xs[2][kSquare], ys[2][kSquare], us[2][kSquare], ws[2][kSquare], rs[2][kSquare];
       for (int g = 0; g < 2; ++g) {
         if constexpr (!kUniform) load_turned(x_ + start(g * kSquare) + at + 1, xs[g]);
         load_turned(y_ + start(g * kSquare) + at + 1, ys[g]);
+        if constexpr (kPass == Pass::kNext) load_turned(reciprocals_ + start(g * kSquare) + at, rs[g]);
       }
       for (int64_t k = 0; k < kSquare; ++k) {
         for (int g = 0; g < 2; ++g) {
@@ -149,16 +181,23 @@ class NaturalLanes {
           }
           const V slope_here = (ys[g][k] - y_here[g]) * inverse;
           const V right = V(Real(3)) * (h * m_before[g] + h_before[g] * slope_here);
-          const V reciprocal = row(h, V(Real(2)) * twice, h_before[g], right, &upper[g], &w[g]);
-          bad = bad | (reciprocal >= infinity) | (V(-std::numeric_limits<Real>::infinity()) >= reciprocal);
-          us[g][k] = upper[g];
+          if constexpr (kPass != Pass::kNext) {
+            const V reciprocal = row(h, V(Real(2)) * twice, h_before[g], right, &upper[g], &w[g]);
+            bad = bad | (reciprocal >= infinity) | (V(-std::numeric_limits<Real>::infinity()) >= reciprocal);
+            us[g][k] = upper[g];
+            rs[g][k] = reciprocal;
+          } else {
+            w[g] = fnma(h, w[g], right) * rs[g][k];
+          }
           ws[g][k] = w[g];
           y_here[g] = ys[g][k], h_before[g] = h, m_before[g] = slope_here;
         }
       }
       for (int g = 0; g < 2; ++g) {
-        store_turned(us[g], upper_ + start(g * kSquare) + at);
-        store_turned(ws[g], w_ + start(g * kSquare) + at);
+        const int64_t i = start(g * kSquare) + at;
+        if constexpr (kPass != Pass::kNext) store_turned(us[g], upper_ + i);
+        if constexpr (kPass == Pass::kFirst) store_turned(rs[g], reciprocals_ + i);
+        store_turned(ws[g], w_ + i);
       }
     }
     if (!none(bad)) failed_ = true;
@@ -192,16 +231,18 @@ class NaturalLanes {
 
   void backward() {
     // The rows behind the last stretch, singly.
-    Real d = w_[nx_ - 1];
-    for (int64_t i = nx_ - 2; i >= start(kStretches); --i) {
+    Real d = w_[n_ - 1];
+    for (int64_t i = n_ - 2; i >= rest(); --i) {
       const Real before = back_row(upper_[i], w_[i], d);
       put(i, before, d);
       d = before;
     }
-    backward_stretches(d);
-    for (int64_t j = kStretches - 1; j-- > 0;) mend_backward(start(j), start(j + 1));
-    d = out_[4 * start(0) + 1];
-    for (int64_t i = start(0) - 1; i >= 0; --i) {
+    if (length_ > 0) {
+      backward_stretches(d);
+      for (int64_t j = kStretches - 1; j-- > 0;) mend_backward(start(j), start(j + 1));
+      d = out_[4 * start(0) + 1];
+    }
+    for (int64_t i = std::min(start(0), n_ - 1) - 1; i >= 0; --i) {
       const Real before = back_row(upper_[i], w_[i], d);
       put(i, before, d);
       d = before;
@@ -225,14 +266,14 @@ class NaturalLanes {
     for (int g = 0; g < 2; ++g) {
       Real u[kSquare], a[kSquare], b[kSquare];
       for (int64_t j = 0; j < kSquare; ++j) {
-        const int64_t i = start(g * kSquare + j + 1);
+        const int64_t i = end(g * kSquare + j);
         // A guess for the derivative behind the stretch: its half-solved value.
         u[j] = g * kSquare + j == kStretches - 1 ? d_behind : w_[i];
         a[j] = given_x(i), b[j] = y_[i];
       }
       d[g] = load<V>(u), x_behind[g] = load<V>(a), y_behind[g] = load<V>(b);
     }
-    for (int64_t at = length_ - kSquare; at >= 0; at -= kSquare) {
+    for (int64_t at = steps_ - kSquare; at >= 0; at -= kSquare) {
       V xs[2][kSquare], ys[2][kSquare], us[2][kSquare], ws[2][kSquare];
       for (int g = 0; g < 2; ++g) {
         const int64_t i = start(g * kSquare) + at;
@@ -251,7 +292,11 @@ class NaturalLanes {
           cubic_terms<CubicForm::kNatural>(slope_here, inverse, before, d[g], &c2, &c3);
           Real rows[4 * kSquare];
           store_rows(rows, ys[g][k], before, c2, c3);
-          for (int64_t j = 0; j < kSquare; ++j) copy_row(rows + 4 * j, out_ + 4 * (start(g * kSquare + j) + at + k));
+          if (at + k < length_) {
+            for (int64_t j = 0; j < kSquare; ++j) copy_row(rows + 4 * j, out_ + 4 * (start(g * kSquare + j) + at + k));
+          } else if (g == 1) {  // above their own rows all stretches but the last one do without coefficients
+            copy_row(rows + 4 * (kSquare - 1), out_ + 4 * (start(kStretches - 1) + at + k));
+          }
           d[g] = before, y_behind[g] = ys[g][k];
         }
       }
@@ -265,10 +310,11 @@ class NaturalLanes {
   const Partition<Real, kUniform> p_;
   const Real* y_;
   const Real* x_;
-  int64_t nx_, length_;
-  Real* out_;
+  int64_t n_, length_, steps_;
   Real* upper_;
+  Real* reciprocals_;
   Real* w_;
+  Real* out_ = nullptr;
   bool failed_ = false;
 };
 

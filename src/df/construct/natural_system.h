@@ -51,11 +51,21 @@ struct NaturalSystem {
   Real m(const Values<Real>& y, int64_t i) const { return slope(y[i], y[i + 1], partition.inverse_h(i)); }
 
   EndRow<Real> left(const Values<Real>& y) const {
+    const int64_t l = nx - 2;
+    if (periodic()) {
+      const Real h = partition.h(l);
+      return {2 * h + partition.h(0), h, interior_right_side(h, partition.h(0), m(y, l), m(y, 0))};
+    }
     const End end = left_end(ends);
     return end_row(end, partition.h(0), partition.h(1), m(y, 0), m(y, 1), partition.two_h(0),
                    end == End::kFirst || end == End::kSecond ? bc[0] : Real(0), Real(1));
   }
   EndRow<Real> right(const Values<Real>& y) const {
+    const int64_t l = nx - 2;
+    if (periodic()) {
+      const Real h = partition.h(l), before = partition.h(l - 1);
+      return {2 * h + before, h, interior_right_side(before, h, m(y, l - 1), m(y, l))};
+    }
     const End end = right_end(ends);
     return end_row(end, partition.h(nx - 2), partition.h(nx - 3), m(y, nx - 2), m(y, nx - 3), partition.two_h(nx - 3),
                    end == End::kFirst || end == End::kSecond ? bc[1] : Real(0), Real(-1));
@@ -67,42 +77,35 @@ struct NaturalSystem {
   Real first_corner() const { return partition.h(0); }
   Real last_corner() const { return partition.h(nx - 3); }
 
+  // Of row i, but for the first one.
+  Real lower(int64_t i) const { return partition.h(i); }
+
   void matrix(Real* dl, Real* d, Real* du) const {
-    for (int64_t i = 1; i <= nx - 2; ++i) {
+    const int64_t n = unknowns();
+    for (int64_t i = 1; i <= n - 2; ++i) {
       dl[i - 1] = partition.h(i);
       d[i] = 2 * partition.two_h(i - 1);
-      if (i < unknowns() - 1) du[i] = partition.h(i - 1);
-    }
-    if (periodic()) {
-      const int64_t l = nx - 2;
-      d[0] = 2 * partition.h(l) + partition.h(0);
-      du[0] = partition.h(l);
-      d[l] = 2 * partition.h(l) + partition.h(l - 1);
-      dl[l - 1] = partition.h(l);
-      return;
+      du[i] = partition.h(i - 1);
     }
     const Values<Real> any(task, 0);  // the matrix does not depend on the values
     const EndRow<Real> a = left(any), b = right(any);
     d[0] = a.own;
     du[0] = a.neighbour;
-    dl[nx - 2] = b.neighbour;
-    d[nx - 1] = b.own;
+    dl[n - 2] = b.neighbour;
+    d[n - 1] = b.own;
   }
 
   void right_side(const Values<Real>& y, Real* out) const {
     Real h_before = partition.h(0), m_before = m(y, 0);
-    for (int64_t i = 1; i <= nx - 2; ++i) {
+    const int64_t n = unknowns();
+    for (int64_t i = 1; i <= n - 2; ++i) {
       const Real h = partition.h(i), slope_i = m(y, i);
       out[i] = interior_right_side(h_before, h, m_before, slope_i);
       h_before = h;
       m_before = slope_i;
     }
-    if (periodic()) {
-      out[0] = interior_right_side(partition.h(nx - 2), partition.h(0), m(y, nx - 2), m(y, 0));
-    } else {
-      out[0] = left(y).right;
-      out[nx - 1] = right(y).right;
-    }
+    out[0] = left(y).right;
+    out[n - 1] = right(y).right;
   }
 };
 

@@ -25,7 +25,7 @@ struct Outline {
 // Derivatives that the caller gives: only the ends are rules.
 struct Hermite {
   static constexpr bool kGiven = true;
-  static constexpr int64_t kFirst = 1;
+  static constexpr int64_t kHalo = 0, kFirst = 1;
 
   template <class Real, bool kUniform>
   static Real periodic_left(const Outline<Real, kUniform>& o) {

@@ -69,16 +69,20 @@ struct Chunk {
 };
 
 // body(function, at, stop, chunk) for the intervals begin .. end - 1 of functions first .. past - 1, a group at most: by
-// chunks of the intervals at .. stop - 1, with `halo` breakpoints more on either side as far as there are any.
+// chunks of the intervals at .. stop - 1, with `halo` breakpoints more on either side as far as there are any. Columns
+// share their chunks, rows come one after the other.
 template <class Real, bool kUniform, class Body>
 void by_chunks(const Task& task, const Partition<Real, kUniform>& partition, int64_t first, int64_t past, int64_t begin,
                int64_t end, int64_t halo, Workspace<Real>& room, Body body) {
-  for (int64_t at = begin; at < end; at += kChunkIntervals) {
-    const int64_t stop = std::min(at + kChunkIntervals, end), base = std::max<int64_t>(at - halo, 0);
-    const int64_t points = std::min(stop + halo, task.nx - 1) - base + 1;
-    const Rows<Real> rows(task, first, past, base, points, room.y[0], Workspace<Real>::kLength);
-    for (int64_t f = first; f < past; ++f) {
-      body(f, at, stop, Chunk<Real, kUniform>(partition, base, points, rows[f], room));
+  const int64_t together = Rows<Real>::copied(task) ? past - first : 1;
+  for (; first < past; first += together) {
+    for (int64_t at = begin; at < end; at += kChunkIntervals) {
+      const int64_t stop = std::min(at + kChunkIntervals, end), base = std::max<int64_t>(at - halo, 0);
+      const int64_t points = std::min(stop + halo, task.nx - 1) - base + 1;
+      const Rows<Real> rows(task, first, first + together, base, points, room.y[0], Workspace<Real>::kLength);
+      for (int64_t f = first; f < first + together; ++f) {
+        body(f, at, stop, Chunk<Real, kUniform>(partition, base, points, rows[f], room));
+      }
     }
   }
 }

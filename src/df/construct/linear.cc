@@ -16,7 +16,7 @@ template <class Real, bool kUniform>
 void linear_intervals(const Task& task, const Partition<Real, kUniform>& partition, int64_t first, int64_t past,
                       int64_t begin, int64_t end) {
   constexpr int64_t kLength = kStretch + 16;
-  alignas(128) Real room[Grid::kGroup][kLength];
+  Real room[Grid::kGroup][kLength];
   for (int64_t at = begin; at < end; at += kStretch) {
     const int64_t intervals = std::min(kStretch, end - at);
     const Rows<Real> rows(task, first, past, at, intervals + 1, room[0], kLength);

@@ -82,10 +82,9 @@ int32_t run_natural(const Task& task, Ends ends, const Services& services) {
   const NaturalSystem<Real, kUniform> system(task, ends);
   if (task.nx < 4) return few_breakpoints(system);
 
-  const bool columns = Values<Real>(task, 0).stride != 1;
   const int64_t threads = threads_for(task, services);
   // The calling thread copies a few columns at a time: they share cache lines.
-  const int64_t rows = !columns ? 0 : threads == 1 ? Grid::kGroup : 1;
+  const int64_t rows = !Rows<Real>::copied(task) ? 0 : threads == 1 ? Grid::kGroup : 1;
   // For all threads the factored matrix and the correction's vector; for each a right side and rows.
   const int64_t length = task.nx + 16, shared = (system.periodic() ? 3 : 2) * length, own = (1 + rows) * length;
   const serv::Block<Real> scratch(static_cast<uint64_t>(shared + own * threads));

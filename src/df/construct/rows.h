@@ -17,17 +17,18 @@ class Rows {
   // Functions first .. past - 1 at `points` breakpoints from `base` on. `room`, which only columns need, has a row of
   // `length` elements for each.
   Rows(const Task& task, int64_t first, int64_t past, int64_t base, int64_t points, Real* room, int64_t length)
-      : task_(task), first_(first), base_(base), room_(room), length_(length) {
-    copied_ = Values<Real>(task, first).stride != 1;
-    if (copied_) copy(past - first, points);
+      : task_(task), first_(first), base_(base), room_(copied(task) ? room : nullptr), length_(length) {
+    if (room_ != nullptr) copy(past - first, points);
   }
 
+  static bool copied(const Task& task) { return task.by_columns() && task.ny != 1; }
+
   const Real* operator[](int64_t function) const {
-    return copied_ ? room_ + (function - first_) * length_ : Values<Real>(task_, function).first + base_;
+    return room_ != nullptr ? room_ + (function - first_) * length_ : Values<Real>(task_, function).first + base_;
   }
 
  private:
-  void copy(int64_t count, int64_t points) {
+  [[gnu::noinline]] void copy(int64_t count, int64_t points) {
     const Values<Real> values(task_, first_);
     const int64_t step = values.stride, even = count / 2 * 2;
     const Real* from = values.first + base_ * step;
@@ -50,7 +51,6 @@ class Rows {
   int64_t first_, base_;
   Real* room_;
   int64_t length_;
-  bool copied_;
 };
 
 }  // namespace orvik::df

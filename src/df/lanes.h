@@ -15,8 +15,9 @@ template <class Real>
 using LaneIndices = orvik::Index<Lanes<Real>>;
 
 // body(k, zero) for k = from .. to: with a vector zero for kCount indices at a time, then with a real one for the rest.
+// In line, since what a body holds would be copied otherwise, a vector of it waiting for single stores.
 template <class Real, class Body>
-void by_lanes(int64_t from, int64_t to, Body body) {
+[[gnu::always_inline]] inline void by_lanes(int64_t from, int64_t to, const Body& body) {
   using V = Lanes<Real>;
   int64_t k = from;
   for (; k + kWidth<V> <= to + 1; k += kWidth<V>) body(k, V(Real(0)));

@@ -9,34 +9,46 @@
 namespace orvik::df {
 namespace {
 
-constexpr int64_t kStretch = 512;  // intervals at a time
+// `count` intervals from number `at` on, where the values are y and the coefficients c.
+template <class Real, bool kUniform>
+void put_lines(const Partition<Real, kUniform>& partition, int64_t at, int64_t count, const Real* y, Real* c) {
+  const Real* x = kUniform ? nullptr : partition.given() + at;
+  const Real even = partition.inverse_step();
+  by_lanes<Real>(0, count - 1, [=](int64_t k, auto zero) {
+    using T = decltype(zero);
+    T inverse(even);
+    if constexpr (!kUniform) inverse = T(Real(1)) / (load<T>(x + k + 1) - load<T>(x + k));
+    const T here = load<T>(y + k), slope = (load<T>(y + k + 1) - here) * inverse;
+    if constexpr (std::is_same_v<T, Real>) {
+      c[2 * k] = here, c[2 * k + 1] = slope;
+    } else {
+      store_pairs(c + 2 * k, Pair<T>{here, slope});
+    }
+  });
+}
+
+template <class Real, bool kUniform>
+[[gnu::noinline]] void lines_of_columns(const Task& task, const Partition<Real, kUniform>& partition, int64_t first,
+                                        int64_t past, int64_t begin, int64_t end) {
+  constexpr int64_t kStretch = 512, kLength = kStretch + 16;
+  Real room[Grid::kGroup][kLength];
+  for (int64_t at = begin; at < end; at += kStretch) {
+    const int64_t count = std::min(kStretch, end - at);
+    const Rows<Real> rows(task, first, past, at, count + 1, room[0], kLength);
+    for (int64_t f = first; f < past; ++f) {
+      put_lines(partition, at, count, rows[f], task.coefficients<Real>(f) + 2 * at);
+    }
+  }
+}
 
 // Intervals begin .. end - 1 of functions first .. past - 1.
 template <class Real, bool kUniform>
 void linear_intervals(const Task& task, const Partition<Real, kUniform>& partition, int64_t first, int64_t past,
                       int64_t begin, int64_t end) {
-  constexpr int64_t kLength = kStretch + 16;
-  Real room[Grid::kGroup][kLength];
-  for (int64_t at = begin; at < end; at += kStretch) {
-    const int64_t intervals = std::min(kStretch, end - at);
-    const Rows<Real> rows(task, first, past, at, intervals + 1, room[0], kLength);
-    const Real* x = kUniform ? nullptr : partition.given() + at;
-    for (int64_t f = first; f < past; ++f) {
-      const Real* y = rows[f];
-      Real* c = task.coefficients<Real>(f) + 2 * at;
-      by_lanes<Real>(0, intervals - 1, [=](int64_t k, auto zero) {
-        using T = decltype(zero);
-        T inverse(partition.inverse_step());
-        if constexpr (!kUniform) inverse = T(Real(1)) / (load<T>(x + k + 1) - load<T>(x + k));
-        const T here = load<T>(y + k);
-        const T slope = (load<T>(y + k + 1) - here) * inverse;
-        if constexpr (std::is_same_v<T, Real>) {
-          c[2 * k] = here, c[2 * k + 1] = slope;
-        } else {
-          store_pairs(c + 2 * k, Pair<T>{here, slope});
-        }
-      });
-    }
+  if (Rows<Real>::copied(task)) return lines_of_columns(task, partition, first, past, begin, end);
+  for (int64_t f = first; f < past; ++f) {
+    put_lines(partition, begin, end - begin, Values<Real>(task, f).first + begin,
+              task.coefficients<Real>(f) + 2 * begin);
   }
 }
 

@@ -68,6 +68,7 @@ void quasi_uniform_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cel
 }
 
 inline constexpr int64_t kSortedChunk = 64;  // ascending sites that are looked at together
+inline constexpr int64_t kFewFar = 8;        // of what is left of them so many are, where they lie far apart
 
 // Ascending sites that pass few breakpoints: as many as lie before the next one are in the state's cell.
 template <class Index, class Real, class Cell>
@@ -221,8 +222,18 @@ void count_windows(const Windows<Real>& w, int64_t count, const Real* site, cons
 // Sites that pass about as many breakpoints as they are, or more: all are sought at once in the stretch of breakpoints
 // that the last one ends. False where the sites do not ascend from the state on, or end at the last breakpoint.
 template <class Real, class Cell>
-bool sorted_far_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell, int32_t* state) {
+bool sorted_far_cells(const Lookup<Real>& p, int64_t wanted, const Real* site, Cell* cell, int32_t* state) {
   using V = Lanes<Real>;
+  const int64_t n = (wanted + kWidth<V> - 1) & -kWidth<V>;
+  Real padded[kSortedChunk];
+  Cell padded_cell[kSortedChunk];
+  if (n != wanted) {  // with the last site once more
+    Real* last = std::copy(site, site + wanted, padded);
+    std::fill(last, padded + n, site[wanted - 1]);
+    if (!sorted_far_cells(p, n, padded, padded_cell, state)) return false;
+    std::copy(padded_cell, padded_cell + wanted, cell);
+    return true;
+  }
   const int32_t nx = static_cast<int32_t>(p.nx), from = *state;
   const Real last = site[n - 1];
   Mask<V> ascend = load<V>(site + 1) >= load<V>(site);
@@ -253,7 +264,7 @@ void sorted_cells(const Lookup<Real>& p, int64_t n, const Real* site, Cell* cell
     };
     // The counting of cells needs 32-bit ones.
     if constexpr (sizeof(Index) == 4) {
-      if (count == kSortedChunk && nx >= kNarrowWindow<Real> && passes(kFar) &&
+      if (count >= kFewFar && nx >= kNarrowWindow<Real> && passes(kFar) &&
           sorted_far_cells(p, count, site + at, cell + at, &state)) {
         continue;
       }

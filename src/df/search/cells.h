@@ -30,20 +30,61 @@ Real real_not_below(int64_t n) {
   return static_cast<int64_t>(r) < n ? std::nextafter(r, std::numeric_limits<Real>::infinity()) : r;
 }
 
+// First k >= start with x[k] > t, nx if there is none, for ascending x: leaps twice as far each time, the last one
+// halved.
+template <class Real, class Index>
+Index leap_up(const Real* x, Index nx, Index start, Real t) {
+  int64_t lo = static_cast<int64_t>(start) - 1, leap = 1;  // x[lo] is not above t, or before the start
+  while (lo + leap < nx && !(x[lo + leap] > t)) {
+    lo += leap;
+    leap *= 2;
+  }
+  int64_t hi = std::min<int64_t>(lo + leap, nx);
+  while (hi - lo > 1) {
+    const int64_t mid = lo + (hi - lo) / 2;
+    const bool above = x[mid] > t;
+    hi = above ? mid : hi;
+    lo = above ? lo : mid;
+  }
+  return static_cast<Index>(hi);
+}
+
+// Greatest k < start with x[k-1] <= t, 0 if there is none, likewise.
+template <class Real, class Index>
+Index leap_down(const Real* x, Index start, Real t) {
+  int64_t hi = static_cast<int64_t>(start), leap = 1;  // x[hi-1] is above t
+  while (hi - leap > 0 && !(x[hi - leap - 1] <= t)) {
+    hi -= leap;
+    leap *= 2;
+  }
+  int64_t lo = std::max<int64_t>(hi - leap, 0);
+  while (hi - lo > 1) {
+    const int64_t mid = lo + (hi - lo) / 2;
+    const bool not_above = x[mid - 1] <= t;
+    lo = not_above ? mid : lo;
+    hi = not_above ? hi : mid;
+  }
+  return static_cast<Index>(lo);
+}
+
+inline constexpr int kNear = 8;  // breakpoints that are passed one by one; what is farther is found by leaps
+
 // First k >= start with x[k] > t, nx if there is none.
 template <class Real, class Index>
 Index scan_up(const Real* x, Index nx, Index start, Real t) {
+  const Index far = nx - start > kNear ? start + kNear : nx;
   Index k = start;
-  while (k < nx && !(x[k] > t)) ++k;
-  return k;
+  while (k < far && !(x[k] > t)) ++k;
+  return k < far || far == nx ? k : leap_up(x, nx, k, t);
 }
 
 // Greatest k <= start with x[k-1] <= t, 0 if there is none.
 template <class Real, class Index>
 Index scan_down(const Real* x, Index start, Real t) {
+  const Index far = start > kNear ? start - kNear : 0;
   Index k = start;
-  while (k > 0 && !(x[k - 1] <= t)) --k;
-  return k;
+  while (k > far && !(x[k - 1] <= t)) --k;
+  return k > far || far == 0 || x[k - 1] <= t ? k : leap_down(x, k, t);
 }
 
 // Only the two ends x[0] and x[1] exist. A site just above the right end has the cell that the formula gives.
@@ -150,25 +191,6 @@ Index sorted_cell(const Lookup<Real>& p, Real t, Index* state) {
   const Index nx = static_cast<Index>(p.nx);
   if (t == p.x[nx - 1]) return nx - 1;
   return *state = scan_up(p.x, nx, *state, t);
-}
-
-// First k >= start with x[k] > t, nx if there is none, for ascending x: leaps twice as far each time, the last one
-// halved.
-template <class Real, class Index>
-Index leap_up(const Real* x, Index nx, Index start, Real t) {
-  int64_t lo = static_cast<int64_t>(start) - 1, leap = 1;  // x[lo] is not above t, or before the start
-  while (lo + leap < nx && !(x[lo + leap] > t)) {
-    lo += leap;
-    leap *= 2;
-  }
-  int64_t hi = std::min<int64_t>(lo + leap, nx);
-  while (hi - lo > 1) {
-    const int64_t mid = lo + (hi - lo) / 2;
-    const bool above = x[mid] > t;
-    hi = above ? mid : hi;
-    lo = above ? lo : mid;
-  }
-  return static_cast<Index>(hi);
 }
 
 // Before the first site, to near its cell.

@@ -167,7 +167,7 @@ void evaluate_asked(const Real* c, unsigned asked, int64_t n, const Spots& given
   }
 }
 
-// All derivatives that `orders` asks for. The value, the slope and both together have loops of their own.
+// All derivatives that `orders` asks for. The value, the slope, both and these with the next have loops of their own.
 template <int kOrder, class Real, class Spots>
 void evaluate(const Real* c, const Orders& orders, int64_t n, const Spots& spots, const Layout& layout, Real* r) {
   const unsigned asked = orders.below(kOrder);
@@ -177,6 +177,8 @@ void evaluate(const Real* c, const Orders& orders, int64_t n, const Spots& spots
     evaluate_asked<kOrder, 2>(c, asked, n, spots, layout, r);
   } else if (asked == 3) {
     evaluate_asked<kOrder, 3>(c, asked, n, spots, layout, r);
+  } else if (kOrder > 2 && asked == 7) {
+    evaluate_asked<kOrder, 7>(c, asked, n, spots, layout, r);
   } else if (asked != 0) {
     evaluate_asked<kOrder, 0>(c, asked, n, spots, layout, r);
   }

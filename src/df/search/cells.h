@@ -33,7 +33,7 @@ Real real_not_below(int64_t n) {
 // First k >= start with x[k] > t, nx if there is none, for ascending x: leaps twice as far each time, the last one
 // halved.
 template <class Real, class Index>
-Index leap_up(const Real* x, Index nx, Index start, Real t) {
+[[gnu::noinline]] Index leap_up(const Real* x, Index nx, Index start, Real t) {
   int64_t lo = static_cast<int64_t>(start) - 1, leap = 1;  // x[lo] is not above t, or before the start
   while (lo + leap < nx && !(x[lo + leap] > t)) {
     lo += leap;
@@ -51,7 +51,7 @@ Index leap_up(const Real* x, Index nx, Index start, Real t) {
 
 // Greatest k < start with x[k-1] <= t, 0 if there is none, likewise.
 template <class Real, class Index>
-Index leap_down(const Real* x, Index start, Real t) {
+[[gnu::noinline]] Index leap_down(const Real* x, Index start, Real t) {
   int64_t hi = static_cast<int64_t>(start), leap = 1;  // x[hi-1] is above t
   while (hi - leap > 0 && !(x[hi - leap - 1] <= t)) {
     hi -= leap;
@@ -67,7 +67,7 @@ Index leap_down(const Real* x, Index start, Real t) {
   return static_cast<Index>(lo);
 }
 
-inline constexpr int kNear = 8;  // breakpoints that are passed one by one; what is farther is found by leaps
+inline constexpr int kNear = 16;  // breakpoints that are passed one by one; what is farther is found by leaps
 
 // First k >= start with x[k] > t, nx if there is none.
 template <class Real, class Index>

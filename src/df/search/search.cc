@@ -9,7 +9,7 @@ namespace orvik::df {
 namespace {
 
 constexpr int64_t kShortCall = 32;     // fewer sites are searched one by one
-constexpr int64_t kShortSorted = 8;    // of ascending ones
+constexpr int64_t kFewAscending = 8;   // as many ascending ones in a long partition are searched together
 constexpr int64_t kHybridBlock = 128;  // unit in which the hybrid method is divided among threads
 constexpr int64_t kSitesOnStack = 4096;
 
@@ -35,7 +35,8 @@ bool runs_in_parallel(Method method, int64_t threads, int64_t nsite, int64_t nx)
 template <class Real, class Cell>
 int32_t find(const Finder<Real>& finder, int64_t nsite, const Real* site, Cell* cell, const Services& services) {
   int64_t state = 0;
-  if (nsite < (finder.method() == Method::kSorted ? kShortSorted : kShortCall)) {
+  const bool far = finder.method() == Method::kSorted && finder.lookup().nx > 16 * nsite;
+  if (nsite < (far ? kFewAscending : kShortCall)) {
     if (nsite > 0 && finder.method() == Method::kSorted) approach_first_site(finder.lookup(), site[0], &state);
     for (int64_t j = 0; j < nsite; ++j) cell[j] = static_cast<Cell>(finder.one(site[j], &state));
     return 0;

@@ -15,7 +15,9 @@ TYPED_TEST(ConstructFormsTest, RowsColumnsAndSingleRowsGiveTheSameBits) {
   kinds.push_back({"Linear", E::linear, 2, 0});
   for (const auto& kind : kinds) {
     for (int64_t xhint : {1, 4}) {
-      for (auto [nx, ny] : {std::pair<int64_t, int64_t>{9, 3}, {700, 5}, {2500, 2}}) {
+      // One column, pairs of columns, an odd one behind them, more than a group; more than a chunk.
+      for (auto [nx, ny] : {std::pair<int64_t, int64_t>{9, 1}, {9, 2}, {9, 3}, {9, 4}, {10, 5}, {17, 6}, {700, 5},
+                            {1025, 3}, {1026, 7}, {2500, 2}}) {
         auto rows = legal_fit(kind, nx, ny, 2, xhint);
         auto columns = legal_fit(kind, nx, ny, 2, xhint);
         auto single = legal_fit(kind, nx, ny, 2, xhint);
@@ -30,6 +32,25 @@ TYPED_TEST(ConstructFormsTest, RowsColumnsAndSingleRowsGiveTheSameBits) {
         ASSERT_EQ(single->construct(kind.construct), 0);
         EXPECT_EQ(rows->c, columns->c) << kind.name;
         EXPECT_EQ(rows->c, single->c) << kind.name;
+      }
+    }
+  }
+}
+
+TYPED_TEST(ConstructFormsTest, ColumnsOnThreadsGiveTheBitsOfRows) {
+  using E = Entries<TypeParam>;
+  auto kinds = cubic_kinds<TypeParam>();
+  kinds.push_back({"Linear", E::linear, 2, 0});
+  for (const auto& kind : kinds) {
+    for (int64_t bc_type : {2, 64}) {
+      for (auto [nx, ny] : {std::pair<int64_t, int64_t>{600, 9}, {5000, 5}, {2 * 2048 + 3, 2}}) {
+        auto rows = legal_fit(kind, nx, ny, bc_type, 1);
+        auto columns = legal_fit(kind, nx, ny, bc_type, 1);
+        columns->y = transposed(rows->y, nx, ny);
+        columns->yhint = 32;
+        ASSERT_EQ(rows->construct(kind.construct), 0);
+        ASSERT_EQ(columns->construct(kind.construct, &ThreadServices<3>::table), 0);
+        EXPECT_EQ(rows->c, columns->c) << kind.name;
       }
     }
   }

@@ -268,6 +268,40 @@ TYPED_TEST(SearchTest, SortedSitesOfEveryDensityAreScanned) {
   }
 }
 
+// Few sites in a long partition: each lies thousands of breakpoints from the one before, from a peak, from a guess.
+TYPED_TEST(SearchTest, SitesFarFromEachOtherAndFromGuessesAreFoundByLeaps) {
+  using E = Entries<TypeParam>;
+  for (int64_t nx : {100, 300, 30000}) {
+    auto x = ragged_partition<TypeParam>(nx);
+    for (int64_t i = 0; i < nx; ++i) x[size_t(i)] += static_cast<TypeParam>(i) * static_cast<TypeParam>(i) / 1000;
+    std::mt19937 random(5);
+    for (int64_t count = 1; count <= 150; ++count) {
+      std::vector<TypeParam> sites;
+      for (int64_t k = 0; k < count; ++k) {
+        const TypeParam at = x[random() % x.size()];
+        sites.push_back(k % 3 == 0 ? at : std::nextafter(at, k % 3 == 1 ? x.back() * 2 : -x.back()));
+      }
+      std::vector<int64_t> expected, ascending;
+      for (TypeParam t : sites) expected.push_back(naive_cell(x, t));
+      std::vector<TypeParam> sorted = sites;
+      std::sort(sorted.begin(), sorted.end());
+      for (TypeParam t : sorted) ascending.push_back(naive_cell(x, t));
+      for (int32_t width : {0, 1}) {
+        for (int64_t xhint : {1, 2}) {
+          OwnedTask task;
+          ASSERT_EQ(E::make(task.out(), nx, x.data(), xhint, 0, nullptr, 0, width), 0);
+          ASSERT_EQ(search_cells<TypeParam>(task, sites, 0, nullptr), expected) << nx << " " << count << " " << xhint;
+          ASSERT_EQ(search_cells<TypeParam>(task, sorted, 64, nullptr), ascending) << nx << " " << count;
+          for (int64_t peak : {int64_t(0), nx / 2, nx}) {
+            const TypeParam hint[] = {0, 1, 0, 0, static_cast<TypeParam>(peak)};
+            ASSERT_EQ(search_cells<TypeParam>(task, sites, 0, hint), expected) << nx << " " << count << " " << peak;
+          }
+        }
+      }
+    }
+  }
+}
+
 TYPED_TEST(SearchTest, HybridAgreesWithAScanInPartitionsOfEverySmallSize) {
   using E = Entries<TypeParam>;
   const TypeParam nan = std::numeric_limits<TypeParam>::quiet_NaN();

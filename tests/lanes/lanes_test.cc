@@ -7,11 +7,15 @@
 #include <bit>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <random>
 #include <cstdlib>
 #include <cstring>
 #include <vector>
 
+#if ORVIK_REGISTER_BITS != 512
+#include "lanes/columns.h"
+#endif
 #include "lanes/strided.h"
 #include "support/guarded.h"
 
@@ -191,6 +195,27 @@ TYPED_TEST(LanesTest, MasksAndBitsGoThereAndBack) {
     ASSERT_EQ(lane_bits(complement(mask)), ~bits & ((1u << kWidth<V>) - 1));
   }
 }
+
+#if ORVIK_REGISTER_BITS != 512
+template <class V>
+void expect_two_columns() {
+  Element<V> matrix[20 * kWidth<V>], first[kWidth<V>], second[kWidth<V>];
+  std::iota(std::begin(matrix), std::end(matrix), Element<V>(0));
+  for (int64_t step = 2; step < 20; ++step) {
+    V columns[2];
+    load_two_columns(matrix, step, columns);
+    store(first, columns[0]), store(second, columns[1]);
+    for (int i = 0; i < kWidth<V>; ++i) {
+      EXPECT_EQ(first[i], matrix[i * step]) << step;
+      EXPECT_EQ(second[i], matrix[i * step + 1]) << step;
+    }
+  }
+}
+TEST(Columns, TwoNeighboursAreTakenWhateverTheStep) {
+  expect_two_columns<F64>();
+  expect_two_columns<F32>();
+}
+#endif
 
 TEST(Gathers, TakeTheRowsThatTheIndicesName) {
   double single[64], pairs[64][2], quads[64][4];

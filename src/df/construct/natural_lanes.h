@@ -73,8 +73,8 @@ class NaturalLanes {
     Real upper, w;
   };
 
-  // Stretch j computes steps_ rows from start(j) on, of which those before start(j + 1) are its own when rows ascend
-  // last, and all but the first steps_ - length_ when they ascend.
+  // Stretch j computes the steps_ rows from start(j) on. The neighbouring stretches compute those at its ends too: what
+  // stands in the end is of the stretch that comes to a row last.
   int64_t start(int64_t stretch) const { return 2 + stretch * length_; }
   int64_t end(int64_t stretch) const { return start(stretch) + steps_; }
   int64_t rest() const { return length_ == 0 ? 2 : end(kStretches - 1); }

@@ -85,28 +85,34 @@ int32_t run_natural(const Task& task, Ends ends, const Services& services) {
   const int64_t threads = threads_for(task, services);
   // The calling thread copies a few columns at a time: they share cache lines.
   const int64_t rows = !Rows<Real>::copied(task) ? 0 : threads == 1 ? Grid::kGroup : 1;
-  // For all threads the factored matrix and the correction's vector; for each a right side and rows.
-  const int64_t length = task.nx + 16, shared = (system.periodic() ? 3 : 2) * length, own = (1 + rows) * length;
+  // On threads each function factors for itself, at the same time as the others; but a periodic one finds the correction
+  // made, and its matrix factored.
+  const bool alone = threads > 1 && !system.periodic();
+  // The factored matrix and the correction's vector; of each thread a right side, the matrix, rows.
+  const int64_t length = task.nx + 16, shared = (system.periodic() ? 3 : 2) * length;
+  const int64_t own = (alone ? 2 + rows : 1 + rows) * length;
   const serv::Block<Real> scratch(static_cast<uint64_t>(shared + own * threads));
   if (!scratch) return DFS_NO_MEMORY;
   Real* upper = scratch.get();
   Real* reciprocals = upper + length;
   Correction<Real> correction{reciprocals + length, 0};
+  const auto right_side_of = [&](int64_t thread) { return scratch.get() + shared + own * thread; };
 
-  // Functions first .. past - 1; number 0 comes before all others.
-  const auto solve = [&](int64_t first, int64_t past, int64_t thread) -> int32_t {
-    Real* w = scratch.get() + shared + own * thread;
-    const Rows<Real> values(task, first, past, 0, task.nx, w + length, length);
+  // Functions first .. past - 1, of which number 0 comes before all others unless the matrix is factored.
+  const auto solve = [&](int64_t first, int64_t past, int64_t thread, bool factored) -> int32_t {
+    Real* w = right_side_of(thread);
+    const Rows<Real> values(task, first, past, 0, task.nx, w + own - rows * length, length);
     for (int64_t f = first; f < past; ++f) {
       Real* out = task.coefficients<Real>(f);
-      NaturalLanes lanes(system, values[f], upper, reciprocals, w);
-      if (f > 0) {
+      NaturalLanes lanes(system, values[f], alone ? w + length : upper, reciprocals, w);
+      const bool factors = !factored && (alone || f == 0);
+      if (!factors) {
         lanes.reduce();
-      } else if (!lanes.factor(task.ny > 1 || system.periodic())) {
+      } else if (!lanes.factor(!alone && (task.ny > 1 || system.periodic()))) {
         return DFS_SOLVER_FAILED;
       }
       if (system.periodic()) {
-        if (f == 0) {
+        if (factors) {
           correction.find(system, upper, reciprocals, w);
         } else {
           lanes.solve();
@@ -121,15 +127,19 @@ int32_t run_natural(const Task& task, Ends ends, const Services& services) {
   };
   if (threads == 1) {
     for (int64_t f = 0; f < task.ny; f += Grid::kGroup) {
-      const int32_t status = solve(f, std::min(f + Grid::kGroup, task.ny), 0);
+      const int32_t status = solve(f, std::min(f + Grid::kGroup, task.ny), 0, false);
       if (status != 0) return status;
     }
     return 0;
   }
-  const int32_t status = solve(0, 1, 0);
-  if (status != 0) return status;
-  auto body = [&](int64_t k, int64_t thread) { return solve(k + 1, k + 2, thread); };
-  return services.run(task.ny - 1, threads, body);
+  if (system.periodic()) {
+    Real* w = right_side_of(0);
+    const Rows<Real> values(task, 0, 1, 0, task.nx, w + length, length);
+    if (!NaturalLanes(system, values[0], upper, reciprocals, w).factor(true)) return DFS_SOLVER_FAILED;
+    correction.find(system, upper, reciprocals, w);
+  }
+  auto body = [&](int64_t f, int64_t thread) { return solve(f, f + 1, thread, system.periodic()); };
+  return services.run(task.ny, threads, body);
 }
 
 template <class Real>

@@ -123,6 +123,7 @@ TYPED_TEST(ConstructFormsTest, NaturalUsesThreadsForSeveralLongFunctionsOnly) {
   EXPECT_EQ(calls(1000, 1, LoopServices<4>()), 0);
   EXPECT_EQ(calls(599, 2, LoopServices<4>()), 0);
   EXPECT_EQ(calls(600, 2, LoopServices<4>()), 1);
+  EXPECT_EQ(LoopServices<4>::last_count, 2);
   EXPECT_EQ(calls(600, 2, LoopServices<1>()), 0);
   EXPECT_EQ(calls(299, 9, LoopServices<8>()), 0);
   EXPECT_EQ(calls(300, 9, LoopServices<8>()), 1);

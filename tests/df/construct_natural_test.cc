@@ -1,8 +1,8 @@
 // The natural kind: smoothness, end conditions, few points, its solvers.
 #include "df/construct/coefficients.h"
 #include "df/construct/natural_system.h"
-#include "df/construct/solver.h"
 #include "df/fit.h"
+#include "serv/tridiagonal.h"
 
 namespace orvik::df::test {
 namespace {
@@ -102,6 +102,59 @@ TYPED_TEST(ConstructNaturalTest, NaturalReportsASingularSystem) {
   }
 }
 
+// The tridiagonal routines under one name for both real types.
+inline int64_t factor_matrix(int64_t n, double* dl, double* d, double* du) {
+  int64_t info;
+  ddttrfb_4dfl(&n, dl, d, du, &info);
+  return info;
+}
+inline int64_t factor_matrix(int64_t n, float* dl, float* d, float* du) {
+  int64_t info;
+  sdttrfb_4dfl(&n, dl, d, du, &info);
+  return info;
+}
+
+inline int64_t solve_factored(int64_t n, const double* dl, const double* d, const double* du, double* b) {
+  const int64_t one = 1;
+  int64_t info;
+  ddttrsb_4dfl("N", &n, &one, dl, d, du, b, &n, &info);
+  return info;
+}
+inline int64_t solve_factored(int64_t n, const float* dl, const float* d, const float* du, float* b) {
+  const int64_t one = 1;
+  int64_t info;
+  sdttrsb_4dfl("N", &n, &one, dl, d, du, b, &n, &info);
+  return info;
+}
+
+// The whole matrix, and the right side of the values y.
+template <class Real, bool kUniform>
+void form_matrix(const NaturalSystem<Real, kUniform>& system, Real* dl, Real* d, Real* du) {
+  const Partition<Real, kUniform>& p = system.partition;
+  const int64_t n = system.unknowns();
+  for (int64_t i = 1; i <= n - 2; ++i) {
+    dl[i - 1] = p.h(i);
+    d[i] = 2 * p.two_h(i - 1);
+    du[i] = p.h(i - 1);
+  }
+  const Values<Real> any(system.task, 0);  // the matrix does not depend on the values
+  const EndRow<Real> a = system.left(any), b = system.right(any);
+  d[0] = a.own;
+  du[0] = a.neighbour;
+  dl[n - 2] = b.neighbour;
+  d[n - 1] = b.own;
+}
+template <class Real, bool kUniform>
+void form_right_side(const NaturalSystem<Real, kUniform>& system, const Values<Real>& y, Real* out) {
+  const Partition<Real, kUniform>& p = system.partition;
+  const int64_t n = system.unknowns();
+  for (int64_t i = 1; i <= n - 2; ++i) {
+    out[i] = interior_right_side(p.h(i - 1), p.h(i), system.m(y, i - 1), system.m(y, i));
+  }
+  out[0] = system.left(y).right;
+  out[n - 1] = system.right(y).right;
+}
+
 // The coefficients of function f by the plain solver: the whole matrix factored, one right side after it; of a periodic
 // one the missing corners brought back by a second solution.
 template <bool kUniform, class Real>
@@ -113,8 +166,8 @@ std::vector<Real> by_plain_solver(Fit<Real>& fit, int64_t f) {
   const Values<Real> y(task, f);
   const size_t nx = static_cast<size_t>(fit.nx), n = static_cast<size_t>(system.unknowns());
   std::vector<Real> dl(n), d(n), du(n), w(nx + 1), z(n), c(4 * (nx - 1));
-  system.matrix(dl.data(), d.data(), du.data());
-  system.right_side(y, w.data());
+  form_matrix(system, dl.data(), d.data(), du.data());
+  form_right_side(system, y, w.data());
   EXPECT_EQ(factor_matrix(system.unknowns(), dl.data(), d.data(), du.data()), 0);
   EXPECT_EQ(solve_factored(system.unknowns(), dl.data(), d.data(), du.data(), w.data()), 0);
   if (system.periodic()) {

@@ -1,4 +1,5 @@
-// The natural system of a long function, without the arrays of its matrix and with several stretches of rows at a time.
+// The natural system of one function, without the arrays of its matrix; where it is long, several stretches of rows at a
+// time.
 //
 // Forward and backward substitution are chains of dependent divisions and fused steps: one row cannot start before its
 // neighbour has ended. So the rows are cut into as many stretches as there are lanes. Each stretch but the first starts

@@ -79,34 +79,6 @@ struct NaturalSystem {
 
   // Of row i, but for the first one.
   Real lower(int64_t i) const { return partition.h(i); }
-
-  void matrix(Real* dl, Real* d, Real* du) const {
-    const int64_t n = unknowns();
-    for (int64_t i = 1; i <= n - 2; ++i) {
-      dl[i - 1] = partition.h(i);
-      d[i] = 2 * partition.two_h(i - 1);
-      du[i] = partition.h(i - 1);
-    }
-    const Values<Real> any(task, 0);  // the matrix does not depend on the values
-    const EndRow<Real> a = left(any), b = right(any);
-    d[0] = a.own;
-    du[0] = a.neighbour;
-    dl[n - 2] = b.neighbour;
-    d[n - 1] = b.own;
-  }
-
-  void right_side(const Values<Real>& y, Real* out) const {
-    Real h_before = partition.h(0), m_before = m(y, 0);
-    const int64_t n = unknowns();
-    for (int64_t i = 1; i <= n - 2; ++i) {
-      const Real h = partition.h(i), slope_i = m(y, i);
-      out[i] = interior_right_side(h_before, h, m_before, slope_i);
-      h_before = h;
-      m_before = slope_i;
-    }
-    out[0] = left(y).right;
-    out[n - 1] = right(y).right;
-  }
 };
 
 // The derivatives at two or three breakpoints, in closed form.

@@ -58,6 +58,10 @@ struct Problem {
       y[static_cast<size_t>(first + (nx - 1) * step)] = y[static_cast<size_t>(first)];
     }
     if (xhint == DF_PARTITION_UNIFORM) x = {x.front(), x.back()};
+    if (xhint == DF_PARTITION_QUASI_UNIFORM) {  // as the hint says: within a third of a step of an even grid
+      const std::vector<Real> shift = random_values<Real>(points);
+      for (size_t i = 0; i < x.size(); ++i) x[i] = static_cast<Real>(i) + shift[i] / 6;
+    }
     E::make(task.out(), nx, x.data(), xhint, ny, y.data(), yhint, 0);
     const bool slopes = type == 0 || type == 3;
     E::edit_spline(task, order, type, ends, bc.data(), slopes ? 1 : 0, slopes ? ic.data() : nullptr, c.data(), 0);

@@ -224,7 +224,8 @@ void count_windows(const Windows<Real>& w, int64_t count, const Real* site, cons
 template <class Real, class Cell>
 bool sorted_far_cells(const Lookup<Real>& p, int64_t wanted, const Real* site, Cell* cell, int32_t* state) {
   using V = Lanes<Real>;
-  const int64_t n = (wanted + kWidth<V> - 1) & -kWidth<V>;
+  // Two vectors at least: each site is compared with the next.
+  const int64_t n = std::max<int64_t>((wanted + kWidth<V> - 1) & -kWidth<V>, 2 * kWidth<V>);
   Real padded[kSortedChunk];
   Cell padded_cell[kSortedChunk];
   if (n != wanted) {  // with the last site once more

@@ -54,14 +54,15 @@ struct Correction {
   template <bool kUniform>
   void find(const NaturalSystem<Real, kUniform>& system, const Real* upper, const Real* reciprocals, Real* w) {
     const int64_t n = system.unknowns();
-    z[0] = system.first_corner() * reciprocals[0];
+    Real here = z[0] = system.first_corner() * reciprocals[0];
     int64_t i = 1;
-    for (; i < n - 1 && z[i - 1] != 0; ++i) z[i] = std::fma(-system.lower(i), z[i - 1], Real(0)) * reciprocals[i];
-    for (; i < n - 1; ++i) z[i] = 0 * reciprocals[i];  // what has underflown needs no row before it
-    z[i] = std::fma(-system.lower(i), z[i - 1], system.last_corner()) * reciprocals[i];
+    for (; i < n - 1 && here != 0; ++i) z[i] = here = std::fma(-system.lower(i), here, Real(0)) * reciprocals[i];
+    for (; i < n - 1; ++i) z[i] = here = 0 * reciprocals[i];  // what has underflown needs no row before it
+    z[i] = here = std::fma(-system.lower(i), here, system.last_corner()) * reciprocals[i];
+    Real w_here = w[i];
     while (i-- > 0) {
-      z[i] = std::fma(-upper[i], z[i + 1], z[i]);
-      w[i] = std::fma(-upper[i], w[i + 1], w[i]);
+      z[i] = here = std::fma(-upper[i], here, z[i]);
+      w[i] = w_here = std::fma(-upper[i], w_here, w[i]);
     }
     weight = 1 / (1 + z[0] + z[n - 1]);
   }

@@ -58,7 +58,8 @@ class NaturalLanes {
 
   // Backward substitution: of a periodic function into w.
   void solve() {
-    for (int64_t i = n_ - 2; i >= 0; --i) w_[i] = back_row(upper_[i], w_[i], w_[i + 1]);
+    Real d = w_[n_ - 1];
+    for (int64_t i = n_ - 2; i >= 0; --i) w_[i] = d = back_row(upper_[i], w_[i], d);
   }
   // Of any other one as far as the coefficients.
   void put_coefficients(Real* out) {

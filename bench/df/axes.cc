@@ -86,8 +86,8 @@ struct Kind {
 template <class Real>
 void add_construction(const Kind<Real>& kind, int64_t xhint, int64_t ny, int64_t nx) {
   for (int64_t yhint : {DF_STORAGE_ROWS, DF_STORAGE_COLUMNS}) {
-    const std::string name = std::string("construct ") + kind.name + ", " + kReal<Real> + ", " +
-                             partition_name(xhint) + ", ny " + std::to_string(ny) + ", n " + std::to_string(nx) +
+    const std::string name = std::string("construct ") + kind.name + ", " + kReal<Real> + ", " + partition_name(xhint) +
+                             ", ny " + std::to_string(ny) + ", n " + std::to_string(nx) +
                              (yhint == DF_STORAGE_ROWS ? ", rows" : ", columns");
     line(name, nx * ny, [&] {
       auto p = std::make_shared<Problem<Real>>(nx, xhint, ny, yhint, kind.order, kind.type, kind.ends);
@@ -152,8 +152,8 @@ void searches() {
           for (int64_t count : {1, 2, 3, 4, 5, 8, 10, 30, 100, 1000, 10000, 1000000}) {
             if (kind.hint == 4 && count > 4096) continue;  // keeps its buffer
             const std::string name = std::string("search ") + kReal<Real> + ", " + partition_name(xhint) + ", " +
-                                     kind.name + ", n " + std::to_string(nx) + (width == 0 ? ", cells 32" : ", cells 64") +
-                                     ", sites " + std::to_string(count);
+                                     kind.name + ", n " + std::to_string(nx) +
+                                     (width == 0 ? ", cells 32" : ", cells 64") + ", sites " + std::to_string(count);
             line(name, count, [&] {
               auto p = std::make_shared<Problem<Real>>(nx, xhint, 1, DF_STORAGE_ROWS, 4, 5, DFB_FREE_END);
               orvik_df_kernel_iEditVal(p->task, DFP_PARTITION_HINT, xhint);
@@ -269,7 +269,8 @@ void integrations() {
                 auto left = sites_of(*p, count, kind.left == 64);
                 auto right = sites_of(*p, count, kind.right == 64, 4);
                 const double width = kind.width * (static_cast<double>(p->x.back()) - p->x.front());
-                for (size_t k = 0; kind.width > 0 && k < left.size(); ++k) right[k] = static_cast<Real>(left[k] + width);
+                for (size_t k = 0; kind.width > 0 && k < left.size(); ++k)
+                  right[k] = static_cast<Real>(left[k] + width);
                 if (kind.left == 4) left = {p->x.front(), p->x.back()}, right = {p->x.back(), p->x.front()};
                 auto r = std::make_shared<std::vector<Real>>(static_cast<size_t>(count * ny));
                 return [=] {

@@ -16,8 +16,16 @@ TYPED_TEST(ConstructFormsTest, RowsColumnsAndSingleRowsGiveTheSameBits) {
   for (const auto& kind : kinds) {
     for (int64_t xhint : {1, 4}) {
       // One column, pairs of columns, an odd one behind them, more than a group; more than a chunk.
-      for (auto [nx, ny] : {std::pair<int64_t, int64_t>{9, 1}, {9, 2}, {9, 3}, {9, 4}, {10, 5}, {17, 6}, {700, 5},
-                            {1025, 3}, {1026, 7}, {2500, 2}}) {
+      for (auto [nx, ny] : {std::pair<int64_t, int64_t>{9, 1},
+                            {9, 2},
+                            {9, 3},
+                            {9, 4},
+                            {10, 5},
+                            {17, 6},
+                            {700, 5},
+                            {1025, 3},
+                            {1026, 7},
+                            {2500, 2}}) {
         auto rows = legal_fit(kind, nx, ny, 2, xhint);
         auto columns = legal_fit(kind, nx, ny, 2, xhint);
         auto single = legal_fit(kind, nx, ny, 2, xhint);

@@ -209,7 +209,8 @@ void expect_plain_bits(int64_t nx, int64_t ny, int64_t bc_type, int64_t xhint, b
   }
 }
 
-// From 71 unknowns of doubles and 151 of floats on several stretches are solved at a time; a periodic spline has one less.
+// From 71 unknowns of doubles and 151 of floats on several stretches are solved at a time; a periodic spline has one
+// less.
 TYPED_TEST(ConstructNaturalTest, NaturalInStretchesHasTheBitsOfThePlainSolver) {
   for (int64_t bc_type : kAllEnds) {
     for (int64_t nx : {4, 5, 6, 7, 16, 70, 71, 72, 73, 90, 150, 151, 152, 153, 200, 300, 511, 512, 700, 5000, 20011}) {

@@ -68,9 +68,9 @@ struct Chunk {
   }
 };
 
-// body(function, at, stop, chunk) for the intervals begin .. end - 1 of functions first .. past - 1, a group at most: by
-// chunks of the intervals at .. stop - 1, with `halo` breakpoints more on either side as far as there are any. Columns
-// share their chunks, rows come one after the other.
+// body(function, at, stop, chunk) for the intervals begin .. end - 1 of functions first .. past - 1, a group at most:
+// by chunks of the intervals at .. stop - 1, with `halo` breakpoints more on either side as far as there are any.
+// Columns share their chunks, rows come one after the other.
 template <class Real, bool kUniform, class Body>
 void by_chunks(const Task& task, const Partition<Real, kUniform>& partition, int64_t first, int64_t past, int64_t begin,
                int64_t end, int64_t halo, Workspace<Real>& room, Body body) {

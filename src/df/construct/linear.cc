@@ -3,52 +3,77 @@
 
 #include "df/construct/grid.h"
 #include "df/construct/problem.h"
-#include "df/construct/rows.h"
 #include "df/services.h"
+#include "lanes/columns.h"
 
 namespace orvik::df {
 namespace {
 
-// `count` intervals from number `at` on, where the values are y and the coefficients c.
-template <class Real, bool kUniform>
-void put_lines(const Partition<Real, kUniform>& partition, int64_t at, int64_t count, const Real* y, Real* c) {
-  const Real* x = kUniform ? nullptr : partition.given() + at;
-  const Real even = partition.inverse_step();
-  by_lanes<Real>(0, count - 1, [=](int64_t k, auto zero) {
-    using T = decltype(zero);
-    T inverse(even);
-    if constexpr (!kUniform) inverse = T(Real(1)) / (load<T>(x + k + 1) - load<T>(x + k));
-    const T here = load<T>(y + k), slope = (load<T>(y + k + 1) - here) * inverse;
-    if constexpr (std::is_same_v<T, Real>) {
-      c[2 * k] = here, c[2 * k + 1] = slope;
-    } else {
-      store_pairs(c + 2 * k, Pair<T>{here, slope});
-    }
-  });
-}
-
-template <class Real, bool kUniform>
-[[gnu::noinline]] void lines_of_columns(const Task& task, const Partition<Real, kUniform>& partition, int64_t first,
-                                        int64_t past, int64_t begin, int64_t end) {
-  constexpr int64_t kStretch = 512, kLength = kStretch + 16;
-  Real room[Grid::kGroup][kLength];
-  for (int64_t at = begin; at < end; at += kStretch) {
-    const int64_t count = std::min(kStretch, end - at);
-    const Rows<Real> rows(task, first, past, at, count + 1, room[0], kLength);
-    for (int64_t f = first; f < past; ++f) {
-      put_lines(partition, at, count, rows[f], task.coefficients<Real>(f) + 2 * at);
-    }
+// The reciprocal length of interval k, or of several from there on.
+template <class T, class Real, bool kUniform>
+T inverse_length(const Partition<Real, kUniform>& partition, int64_t k) {
+  if constexpr (kUniform) {
+    return T(partition.inverse_step());
+  } else {
+    const Real* x = partition.given() + k;
+    return T(Real(1)) / (load<T>(x + 1) - load<T>(x));
   }
 }
 
-// Intervals begin .. end - 1 of functions first .. past - 1.
+template <class T, class Real>
+void put_lines(T here, T next, T inverse, Real* c) {
+  const T slope = (next - here) * inverse;
+  if constexpr (std::is_same_v<T, Real>) {
+    c[0] = here, c[1] = slope;
+  } else {
+    store_pairs(c, Pair<T>{here, slope});
+  }
+}
+
+// Intervals begin .. end - 1 of functions first .. past - 1, a group at most, in columns: two at a time, an odd one
+// last.
+template <class Real, bool kUniform>
+void lines_of_columns(const Task& task, const Partition<Real, kUniform>& given, int64_t first, int64_t past,
+                      int64_t begin, int64_t end) {
+  const Partition<Real, kUniform> partition = given;
+  const Values<Real> values(task, first);
+  const int64_t step = values.stride, even = (past - first) / 2 * 2;
+  Real* c[Grid::kGroup];
+  for (int64_t f = first; f < past; ++f) c[f - first] = task.coefficients<Real>(f);
+  by_lanes<Real>(begin, end - 1, [&](int64_t k, auto zero) {
+    using T = decltype(zero);
+    const Real* y = values.first + k * step;
+    const T inverse = inverse_length<T>(partition, k);
+    if constexpr (std::is_same_v<T, Real>) {
+      for (int64_t f = 0; f < even; ++f) put_lines(y[f], y[step + f], inverse, c[f] + 2 * k);
+    } else {
+      for (int64_t f = 0; f < even; f += 2) {
+        T here[2], next[2];
+        load_two_columns(y + f, step, here);
+        load_two_columns(y + step + f, step, next);
+        for (int64_t g = 0; g < 2; ++g) put_lines(here[g], next[g], inverse, c[f + g] + 2 * k);
+      }
+    }
+  });
+  if (first + even == past) return;
+  for (int64_t k = begin; k < end; ++k) {
+    const Real* y = values.first + k * step + even;
+    put_lines(y[0], y[step], inverse_length<Real>(partition, k), c[even] + 2 * k);
+  }
+}
+
+// The same of any form.
 template <class Real, bool kUniform>
 void linear_intervals(const Task& task, const Partition<Real, kUniform>& partition, int64_t first, int64_t past,
                       int64_t begin, int64_t end) {
-  if (Rows<Real>::copied(task)) return lines_of_columns(task, partition, first, past, begin, end);
+  if (task.by_columns() && task.ny != 1) return lines_of_columns(task, partition, first, past, begin, end);
   for (int64_t f = first; f < past; ++f) {
-    put_lines(partition, begin, end - begin, Values<Real>(task, f).first + begin,
-              task.coefficients<Real>(f) + 2 * begin);
+    const Real* y = Values<Real>(task, f).first;
+    Real* c = task.coefficients<Real>(f);
+    by_lanes<Real>(begin, end - 1, [&, partition](int64_t k, auto zero) {
+      using T = decltype(zero);
+      put_lines(load<T>(y + k), load<T>(y + k + 1), inverse_length<T>(partition, k), c + 2 * k);
+    });
   }
 }
 

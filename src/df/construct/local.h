@@ -39,17 +39,14 @@ void local_intervals(const Outline<Real, kUniform>& outline, Ends ends, int64_t 
   const int64_t base = chunk.base;
   Real* out = all + 4 * base;
   const auto form_slope = [&](int64_t k, auto zero) { chunk.template form_slope<Rule::kLengths, decltype(zero)>(k); };
-  const auto derive = [&](int64_t k, auto zero) {
-    store(d + k, Rule::template derivative<decltype(zero)>(chunk, k));
-  };
+  const auto derive = [&](int64_t k, auto zero) { store(d + k, Rule::template derivative<decltype(zero)>(chunk, k)); };
   const auto put_coefficients = [&](int64_t k, auto zero) {
     put_cubic<CubicForm::kLocal, decltype(zero)>(chunk, k, d, out + 4 * k);
   };
 
   const int64_t slopes = chunk.points - 1;
   const int64_t first = std::max(at, Rule::kFirst) - base, past = std::min(stop, nx - 1 - Rule::kFirst) - base + 1;
-  int64_t a = std::min((first + 2 * kBehind) & -kWidth<V>, slopes),
-          b = std::min((first + kBehind) & -kWidth<V>, past);
+  int64_t a = std::min((first + 2 * kBehind) & -kWidth<V>, slopes), b = std::min((first + kBehind) & -kWidth<V>, past);
   int64_t c = at - base;
   const int64_t c_end = stop - base;
   by_lanes<Real>(0, a - 1, form_slope);
@@ -102,18 +99,18 @@ void given_intervals(const Outline<Real, kUniform>& outline, Ends ends, int64_t 
 template <class Rule, class Real, bool kUniform>
 void construct_intervals(const Task& task, Ends ends, const Partition<Real, kUniform>& partition, int64_t first,
                          int64_t past, int64_t begin, int64_t end, Workspace<Real>& room) {
-  by_chunks(task, partition, first, past, begin, end, Rule::kHalo, room,
-            [&](int64_t f, int64_t at, int64_t stop, const Chunk<Real, kUniform>& chunk) {
-              const Outline<Real, kUniform> outline{partition, Values<Real>(task, f), task.nx,
-                                                    task.boundary_values<Real>()};
-              Real* out = task.coefficients<Real>(f);
-              if constexpr (Rule::kGiven) {
-                // d[k] at breakpoint k, but for the first and the last
-                given_intervals<Rule>(outline, ends, at, stop, chunk, task.internal_values<Real>() - 1, out);
-              } else {
-                local_intervals<Rule>(outline, ends, at, stop, chunk, out);
-              }
-            });
+  by_chunks(
+      task, partition, first, past, begin, end, Rule::kHalo, room,
+      [&](int64_t f, int64_t at, int64_t stop, const Chunk<Real, kUniform>& chunk) {
+        const Outline<Real, kUniform> outline{partition, Values<Real>(task, f), task.nx, task.boundary_values<Real>()};
+        Real* out = task.coefficients<Real>(f);
+        if constexpr (Rule::kGiven) {
+          // d[k] at breakpoint k, but for the first and the last
+          given_intervals<Rule>(outline, ends, at, stop, chunk, task.internal_values<Real>() - 1, out);
+        } else {
+          local_intervals<Rule>(outline, ends, at, stop, chunk, out);
+        }
+      });
 }
 
 template <class Rule, class Real, bool kUniform>
@@ -130,9 +127,10 @@ int32_t run_local(const Task& task, Ends ends, const Services& services) {
   const int64_t threads = std::min(services.max_threads(), grid.tasks());
   const serv::Block<Workspace<Real>> rooms(static_cast<uint64_t>(threads));
   if (!rooms) return DFS_NO_MEMORY;
-  return run_grid(services, grid, threads, task.ny, [&](int64_t first, int64_t past, int64_t begin, int64_t end, int64_t thread) {
-    construct_intervals<Rule>(task, ends, partition, first, past, begin, end, rooms[static_cast<uint64_t>(thread)]);
-  });
+  return run_grid(
+      services, grid, threads, task.ny, [&](int64_t first, int64_t past, int64_t begin, int64_t end, int64_t thread) {
+        construct_intervals<Rule>(task, ends, partition, first, past, begin, end, rooms[static_cast<uint64_t>(thread)]);
+      });
 }
 
 template <class Rule, class Real>

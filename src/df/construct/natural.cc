@@ -86,8 +86,8 @@ int32_t run_natural(const Task& task, Ends ends, const Services& services) {
   const int64_t threads = threads_for(task, services);
   // The calling thread copies a few columns at a time: they share cache lines.
   const int64_t rows = !Rows<Real>::copied(task) ? 0 : threads == 1 ? Grid::kGroup : 1;
-  // On threads each function factors for itself, at the same time as the others; but a periodic one finds the correction
-  // made, and its matrix factored.
+  // On threads each function factors for itself, at the same time as the others; but a periodic one finds the
+  // correction made, and its matrix factored.
   const bool alone = threads > 1 && !system.periodic();
   // The factored matrix and the correction's vector; of each thread a right side, the matrix, rows.
   const int64_t length = task.nx + 16, shared = (system.periodic() ? 3 : 2) * length;

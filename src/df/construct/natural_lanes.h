@@ -1,5 +1,5 @@
-// The natural system of one function, without the arrays of its matrix; where it is long, several stretches of rows at a
-// time.
+// The natural system of one function, without the arrays of its matrix; where it is long, several stretches of rows at
+// a time.
 //
 // Forward and backward substitution are chains of dependent divisions and fused steps: one row cannot start before its
 // neighbour has ended. So the rows are cut into as many stretches as there are lanes. Each stretch but the first starts
@@ -20,8 +20,8 @@ namespace orvik::df {
 template <class Real, bool kUniform>
 class NaturalLanes {
   using V = Lanes<Real>;
-  static constexpr int64_t kSquare = kWidth<V>;         // rows turned at a time
-  static constexpr int64_t kStretches = 2 * kWidth<V>;  // two vectors hide each other's latency
+  static constexpr int64_t kSquare = kWidth<V>;                  // rows turned at a time
+  static constexpr int64_t kStretches = 2 * kWidth<V>;           // two vectors hide each other's latency
   static constexpr int64_t kLead = sizeof(Real) == 8 ? 36 : 20;  // after so many rows of an even grid no bit differs
 
  public:

@@ -72,10 +72,11 @@ inline constexpr int kNear = 16;  // breakpoints that are passed one by one; wha
 // First k >= start with x[k] > t, nx if there is none.
 template <class Real, class Index>
 Index scan_up(const Real* x, Index nx, Index start, Real t) {
-  const Index far = nx - start > kNear ? start + kNear : nx;
   Index k = start;
-  while (k < far && !(x[k] > t)) ++k;
-  return k < far || far == nx ? k : leap_up(x, nx, k, t);
+  for (int near = 0; near < kNear; ++near, ++k) {
+    if (!(k < nx) || x[k] > t) return k;
+  }
+  return leap_up(x, nx, k, t);
 }
 
 // Greatest k <= start with x[k-1] <= t, 0 if there is none.

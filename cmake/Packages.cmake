@@ -32,6 +32,9 @@ configure_file(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${scratch}/changelog COPYONLY)
 foreach(log changelog changelog.Debian)
   execute_process(COMMAND ${ORVIK_PACKAGES_gzip} -9nc ${scratch}/${log} OUTPUT_FILE ${scratch}/${log}.gz COMMAND_ERROR_IS_FATAL ANY)
 endforeach()
+# The licence under the name that the pages link to.
+file(CREATE_LINK copyright ${scratch}/LICENSE SYMBOLIC)
+install(FILES ${scratch}/LICENSE DESTINATION share/doc/liborvik-dev COMPONENT debian_development EXCLUDE_FROM_ALL)
 while(debian_packages)
   list(POP_FRONT debian_packages component package)
   install(FILES ${scratch}/changelog.gz ${scratch}/changelog.Debian.gz ${PROJECT_SOURCE_DIR}/cmake/debian/copyright
@@ -57,6 +60,7 @@ if(ORVIK_PYTHON_FOUND)
 endif()
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_SOURCE_DIR}/cmake/CPackProject.cmake)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

@@ -63,7 +63,9 @@ def expect(what, holds):
 def make(build, folder):
     shutil.rmtree(folder, ignore_errors=True)
     packages, root = folder / "packages", folder / "unpacked"
-    run("cpack", "--config", build / "CPackConfig.cmake", "-G", "DEB", "-B", packages)
+    made = subprocess.run(["cpack", "--config", build / "CPackConfig.cmake", "-G", "DEB", "-B", packages], check=True, stdout=subprocess.PIPE,
+                          stderr=subprocess.STDOUT, text=True).stdout
+    expect(f"cpack warns: {made}", "Warning" not in made)
     found = {file.name.split("_")[0]: file for file in packages.glob("*.deb")}
     runtime = next((name for name in found if re.fullmatch(RUNTIME, name)), None)
     expect(f"the packages are {sorted(found)}", runtime and "liborvik-dev" in found)

@@ -28,6 +28,8 @@ endif()
 find_path(ORVIK_PYBIND11 pybind11/pybind11.h)
 mark_as_advanced(ORVIK_PYBIND11)
 if(NOT result EQUAL 0)
+  string(STRIP "${error}" error)
+  string(REGEX REPLACE ".*\n" "" error "${error}")  # of a traceback what went wrong, not where
   message(STATUS "No Python package here: ${ORVIK_PYTHON} has not what it needs: ${error}")
 elseif(NOT ORVIK_PYBIND11)
   message(STATUS "No Python package here: pybind11 is missing")

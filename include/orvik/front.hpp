@@ -6,6 +6,10 @@
 #ifndef ORVIK_FRONT_HPP
 #define ORVIK_FRONT_HPP
 
+#if __cplusplus <= 201703L
+#error "orvik/front.hpp is C++20: compile with -std=c++20 or later"
+#endif
+
 #include <complex>
 #include <concepts>
 #include <cstddef>

@@ -105,6 +105,8 @@ if(ORVIK_PYTHON_FOUND)
   set(CPACK_DEBIAN_DEBIAN_PYTHON_PACKAGE_DEPENDS
     "liborvik${soversion} (= ${orvik_debian_version}), ${python}, python3-numpy (>= 1:1.22), python3-numpy-abi9")
   set(CPACK_DEBIAN_DEBIAN_PYTHON_PACKAGE_SUGGESTS "python3-dask")
+  set(CPACK_DEBIAN_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+    "${PROJECT_SOURCE_DIR}/cmake/debian/python/postinst;${PROJECT_SOURCE_DIR}/cmake/debian/python/prerm")
   set(CPACK_DEBIAN_DEBIAN_PYTHON_DESCRIPTION "numeric kernels over arrays: Python package
 Vector mathematics as ufuncs of NumPy at three levels of accuracy, random
 generators and distributions, summary statistics, and splines, for

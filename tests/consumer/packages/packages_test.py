@@ -93,6 +93,8 @@ def make(build, folder):
         expect("section of the Python package", about["python"]["Section"] == "python")
         needed = re.split(r", ", about["python"]["Depends"])
         expect(f"the Python package needs {needed}", {f"{runtime} (= {version})", "python3-numpy-abi9"} <= set(needed))
+        for script, command in (("postinst", "py3compile"), ("prerm", "py3clean")):
+            expect(f"the Python package's {script} has {command}", f"{command} -p python3-orvik" in control(by_kind["python"], script))
         expect("and one series of Python", sum(bool(re.fullmatch(r"python3 \((>=|<<) 3\.\d+~?\)", one)) for one in needed) == 2)
     expect("shlibs", re.search(rf"^liborvik_kernel {soname} {runtime} \(>= \S+\)$", control(by_kind["runtime"], "shlibs"), re.MULTILINE))
     expect("trigger of the loader's cache", control(by_kind["runtime"], "triggers").strip() == "activate-noawait ldconfig")

@@ -31,7 +31,7 @@ print("\n".join([
     "summaries that are small, that travel as bytes, and that merge. [option.cc](../examples/mpi/option.cc) and",
     "[reduction.h](../examples/mpi/reduction.h) put them together with MPI in some seventy lines; a test runs them on 1, 2, 3 and 4 ranks, whose",
     "draws have the same bits and whose moments agree to 13 digits.", "", "```sh",
-    "cmake --build --preset release --target example_option && mpirun -n 4 build/release/bin/example_option", "```", "",
+    "cmake --build --preset release --target example_option && mpirun --oversubscribe -n 4 build/release/bin/example_option", "```", "",
     "## Streams for many", "",
     "- **Parts of one sequence.** Where a distribution takes a fixed number of uniforms a number ([distributions.md](distributions.md)), a rank that",
     "  makes numbers `first` to `last` skips `first` times that many. Nothing in the draws tells how many ranks there were.",

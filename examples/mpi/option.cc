@@ -1,4 +1,4 @@
-// What an option pays, on any number of machines: every rank draws its part of one stream. mpirun -n 4 example_option
+// What an option pays, on any number of machines: every rank draws its part of one stream. mpirun --oversubscribe -n 4 example_option
 #include <bit>
 #include <cmath>
 #include <cstdio>

@@ -258,12 +258,12 @@ ORVIK_FRONT_STATISTICS(s, float)
 /* Kinds of splines. */
 enum {
   ORVIK_LINEAR = 0,
-  ORVIK_HERMITE = 1, /* internal: the nx - 2 inner first derivatives, of every function */
+  ORVIK_HERMITE = 1, /* internal: the nx - 2 inner first derivatives, the same for all functions */
   ORVIK_BESSEL = 2,
   ORVIK_AKIMA = 3,
   ORVIK_HYMAN = 4,
   ORVIK_NATURAL = 5,
-  ORVIK_DEFAULT = 6, /* internal: the nx - 2 inner second derivatives, of every function */
+  ORVIK_DEFAULT = 6, /* internal: the nx - 2 inner second derivatives, the same for all functions */
   ORVIK_QUADRATIC = 7 /* knots of its own between the breakpoints: nx pieces, one about each; ends free, first, second */
 };
 

@@ -42,7 +42,7 @@ class Spline:
         "free", "not-a-knot", "periodic", ("first", left, right), ("second", left, right): what holds at the two ends, for the
         last two the derivatives there.
     internal : array_like of shape (n - 2,), optional
-        The inner derivatives that "hermite" and "default" need.
+        The inner derivatives that "hermite" and "default" need, the same for all functions.
 
     Attributes
     ----------

@@ -118,12 +118,15 @@ def test_work_leaves_nothing_behind(work, allowed):
     try:
         for _ in range(100):  # until the interpreter's own stores have filled
             work()
-        gc.collect()
-        before = tracemalloc.get_traced_memory()[0]
-        for _ in range(100):
-            work()
-        gc.collect()
-        assert tracemalloc.get_traced_memory()[0] - before < 100 * allowed
+        growths = []
+        for _ in range(3):  # what leaks does so each time; a store of the interpreter's may still grow in one of them
+            gc.collect()
+            before = tracemalloc.get_traced_memory()[0]
+            for _ in range(100):
+                work()
+            gc.collect()
+            growths.append(tracemalloc.get_traced_memory()[0] - before)
+        assert min(growths) < 100 * allowed
     finally:
         tracemalloc.stop()
     for _ in range(50):  # the room that the tracing gave back is filled anew

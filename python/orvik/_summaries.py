@@ -177,7 +177,14 @@ class StreamQuantiles(Running):
 
     def __init__(self, p, epsilon, dtype=np.float64):
         p = _positive(p, "p")
-        self._adopt(kind_of("StreamQuantiles", dtype)(p, float(epsilon)), np.dtype(dtype))
+        epsilon = float(epsilon)
+        try:
+            state = kind_of("StreamQuantiles", dtype)(p, epsilon)
+        except ValueError:
+            if 1e-8 < epsilon <= 1:
+                raise
+            raise ValueError(f"epsilon must be 1e-8 to 1, not {epsilon!r}") from None
+        self._adopt(state, np.dtype(dtype))
 
     def update(self, block):
         """Adds observations, of shape (n, p), or (n,) where p is 1."""

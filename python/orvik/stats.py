@@ -203,7 +203,10 @@ def outliers(x, alpha=0.05):
     """
     data, _ = table(x)
     _enough(data, 5 * data.shape[1], "outliers")
-    return _statistics.outliers(data, float(alpha)).view(np.bool_)
+    alpha = float(alpha)
+    if not 0 <= alpha <= 1:
+        raise ValueError(f"alpha must be 0 to 1, not {alpha!r}")
+    return _statistics.outliers(data, alpha).view(np.bool_)
 
 
 def robust_cov(x):

@@ -13,7 +13,7 @@ from hypothesis import strategies as st
 import orvik.random
 from library import Stream
 from orvik import _random
-from orvik.random import ARS5, MCG59, MRG32K3A, MT2203, MT19937, PHILOX4X32X10, R250, SFMT19937, SOBOL, TRNG, WH
+from orvik.random import ARS5, MCG59, MRG32K3A, MT2203, MT19937, NIEDERREITER, PHILOX4X32X10, R250, SFMT19937, SOBOL, TRNG, WH
 
 ALL = [getattr(orvik.random, name) for name in orvik.random._generators.__all__]
 REPEATABLE = [kind for kind in ALL if kind is not TRNG]
@@ -154,6 +154,17 @@ def test_members_out_of_range_are_refused(member, error):
 def test_members_are_sequences_of_their_own():
     assert len({MT2203(1, member).words(500).tobytes() for member in (0, 1, 6023)}) == 3
     assert WH(1, 272).member == 272 and WH(1).member == 0
+
+
+@pytest.mark.parametrize("points, dimension, most", [(SOBOL, 41, 40), (NIEDERREITER, 319, 318), (NIEDERREITER, 0, 318)])
+def test_a_dimension_that_is_refused_is_named(points, dimension, most):
+    with pytest.raises(ValueError, match=f"dimension must be 1 to {most}, not {dimension}"):
+        points(dimension)
+
+
+def test_a_type_that_is_refused_stands_beside_the_name_of_the_method():
+    with pytest.raises(TypeError, match="for normal"):
+        MT19937(1).normal(dtype=np.int32)
 
 
 @pytest.mark.parametrize("dimension, error", [(0, ValueError), (41, ValueError), (-1, ValueError), (1 << 40, ValueError),

@@ -270,6 +270,12 @@ def test_alpha_decides_how_many_are_outliers():
     assert stats.outliers(x, 1e-6).sum() <= stats.outliers(x, 0.05).sum() <= stats.outliers(x, 1.0).sum()
 
 
+@pytest.mark.parametrize("alpha", [-0.1, 1.5, np.nan])
+def test_an_alpha_that_is_no_probability_is_named(alpha):
+    with pytest.raises(ValueError, match="alpha must be"):
+        stats.outliers(table(100, 2), alpha)
+
+
 @pytest.mark.parametrize("dtype", TYPES)
 @pytest.mark.parametrize("layout", LAYOUTS)
 def test_what_is_missing_is_drawn_and_the_rest_stays(layout, dtype):
@@ -462,7 +468,7 @@ def test_an_empty_stream_has_no_quantiles():
 
 @pytest.mark.parametrize("epsilon", [0, -1, 2, np.nan, 1e-9])
 def test_bad_errors_of_stream_quantiles(epsilon):
-    with pytest.raises(ValueError):
+    with pytest.raises(ValueError, match="epsilon must be"):
         StreamQuantiles(1, epsilon)
 
 

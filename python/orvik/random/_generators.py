@@ -172,7 +172,7 @@ class Points(BitGenerator):
     def __init__(self, dimension=1):
         sequence = np.random.SeedSequence(0)
         try:
-            stream = _random.Stream.make(self._number, _dimension(dimension))
+            stream = _random.Stream.make(self._number, _dimension(dimension, self._most))
         except TypeError:
             words = [operator.index(word) for word in dimension]
             if not all(0 <= word < 1 << 32 for word in words):
@@ -202,6 +202,7 @@ class SOBOL(Points):
     """
 
     _number = _random.SOBOL
+    _most = 40
 
 
 class NIEDERREITER(Points):
@@ -214,12 +215,13 @@ class NIEDERREITER(Points):
     """
 
     _number = _random.NIEDERREITER
+    _most = 318
 
 
-def _dimension(value):
+def _dimension(value, most):
     dimension = operator.index(value)
-    if not 0 < dimension < 1 << 32:
-        raise ValueError("a dimension is 1 or more")
+    if not 1 <= dimension <= most:
+        raise ValueError(f"dimension must be 1 to {most}, not {dimension}")
     return dimension
 
 

@@ -11,7 +11,7 @@ def type_of(dtype, types, name):
         return REALS[0]
     dtype = np.dtype(dtype)
     if dtype not in types:
-        raise TypeError(f"Unsupported dtype {dtype!r} for {name}")
+        raise TypeError(f"Unsupported dtype {dtype!r} for {'normal' if name == 'gaussian' else name}")
     return dtype
 
 

@@ -1,6 +1,9 @@
 // Integration: limits of every kind, layouts, arguments.
+#include <cstdlib>
+
 #include "df/integrate.h"
 #include "serv/memory.h"
+#include "support/guarded.h"
 
 namespace orvik::df::test {
 namespace {
@@ -294,6 +297,42 @@ TYPED_TEST(IntegrateTest, LimitsThatAreNotANumberGiveOneAndInfiniteLimitsStayInB
       if (kind.order == 0) {
         EXPECT_EQ(integral.one(fit->task, mid, inf), std::copysign(inf, fit->y.back()));
         EXPECT_EQ(integral.one(fit->task, mid, -inf), std::copysign(inf, -fit->y.front()));
+      }
+    }
+  }
+}
+
+// A NaN lies in no cell, so that the piece it is given may have no end among the breakpoints.
+TYPED_TEST(IntegrateTest, StepIntegralsWithNaNLimitsReadNoBreakpointPastTheLast) {
+  const TypeParam nan = std::numeric_limits<TypeParam>::quiet_NaN(), inf = std::numeric_limits<TypeParam>::infinity();
+  for (const KindRow& kind : kIntegrable) {
+    if (kind.order != 0) continue;
+    for (int64_t nx : {2, 3, 4, 5, 8, 16, 33, 512, 1024}) {
+      for (int64_t xhint : {0, 1, 2, 4}) {
+        auto fit = integrable<TypeParam>(kind, nx, 1, xhint);
+        const size_t count = fit->given.size(), size = count * sizeof(TypeParam);
+        // What the address sanitizer watches the end of, and what any build does.
+        const std::unique_ptr<TypeParam, decltype(&std::free)> exact(static_cast<TypeParam*>(std::malloc(size)),
+                                                                     std::free);
+        orvik::test::Guarded<TypeParam> guarded(count);
+        for (TypeParam* x : {exact.get(), guarded.at_back()}) {
+          std::copy(fit->given.begin(), fit->given.end(), x);
+          ASSERT_EQ(Entries<TypeParam>::edit_pointer(fit->task, DFP_BREAKPOINTS, x), 0);
+          std::vector<TypeParam> left, right;
+          for (int repeat = 0; repeat < 40; ++repeat) {  // few and many limits
+            for (TypeParam other : {nan, fit->x.front(), fit->x.back(), fit->x[size_t(nx / 2)], inf, -inf}) {
+              left.insert(left.end(), {nan, other});
+              right.insert(right.end(), {other, nan});
+            }
+          }
+          for (size_t n : {left.size(), size_t{12}, size_t{1}}) {
+            left.resize(n), right.resize(n);
+            Integral<TypeParam> integral;
+            const auto r = integral(fit->task, left, right);
+            ASSERT_EQ(integral.status, 0);
+            for (size_t k = 0; k < n; ++k) EXPECT_TRUE(std::isnan(r[k])) << kind.name << " " << nx << " " << xhint;
+          }
+        }
       }
     }
   }

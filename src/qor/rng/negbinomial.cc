@@ -62,7 +62,7 @@ struct Walk {
     using V = F64;
     double end[kBlock], sum[kBlock], f[kBlock];
     table.find(n, u, [&](int32_t i, int32_t entry) {
-      const int32_t before = std::max(entry - 1, 0);
+      const int32_t before = entry - (entry > 0);  // without a branch, which nothing would foresee
       end[i] = low + entry * stride;
       sum[i] = table.below_or_at[before];
       f[i] = probability[before];

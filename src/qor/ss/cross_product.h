@@ -1,4 +1,5 @@
-// Sums of outer products of deviations, by matrix kernels on blocks of observations.
+// Sums of outer products of deviations on blocks of observations: in vectors for few variables, by matrix kernels for
+// more.
 #pragma once
 
 #include "qor/ss/observations.h"

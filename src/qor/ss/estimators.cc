@@ -179,8 +179,7 @@ template <class T>
 int32_t quantiles(const Observations<T>& o, const int32_t* flags, int64_t count, const T* orders,
                   const OrvikThreading* threading, T* results) {
   if (count == 0) return kDone;
-  return for_each_variable(o, flags, threading, o.n, [&](int64_t j, T* a) {
-    copy_variable(o, j, a);
+  return for_each_variable(o, flags, threading, {}, [&](int64_t j, T* a, T*) {
     quantiles_of(o.n, a, count, orders, results + j * count);
   });
 }
@@ -188,14 +187,17 @@ int32_t quantiles(const Observations<T>& o, const int32_t* flags, int64_t count,
 template <class T>
 int32_t weighted_medians(const Observations<T>& o, const int32_t* flags, bool nans_last,
                          const OrvikThreading* threading, T* results) {
-  return for_each_variable(o, flags, threading, 2 * o.n, [&](int64_t j, T* scratch) {
+  const bool in_place = o.contiguous_variables && o.index == nullptr;
+  const Copying copying{.scratch = 4 * o.n, .copied = !in_place};
+  return for_each_variable(o, flags, threading, copying, [&](int64_t j, const T* copy, T* scratch) {
+    const T* const x = in_place ? o.x + j * o.stride : copy;
     static_assert(sizeof(Weighed<T>) == 2 * sizeof(T));
     auto* a = reinterpret_cast<Weighed<T>*>(scratch);
     int64_t count = 0;
     double total = 0;
     T nan = 0;
     for (int64_t i = 0; i < o.n; ++i) {
-      T value = o.at(i, j);
+      T value = x[i];
       const T weight = o.weight(i);
       if (weight == 0) continue;
       if (nans_last && value != value) value = std::numeric_limits<T>::infinity();
@@ -204,7 +206,8 @@ int32_t weighted_medians(const Observations<T>& o, const int32_t* flags, bool na
       total += static_cast<double>(weight);
     }
     const bool none = nan != nan || count == 0;
-    results[j] = !none ? weighted_median(count, a, total) : nan != nan ? nan : std::numeric_limits<T>::quiet_NaN();
+    const T quiet = std::numeric_limits<T>::quiet_NaN();
+    results[j] = !none ? weighted_median(count, a, a + o.n, total) : nan != nan ? nan : quiet;
   });
 }
 

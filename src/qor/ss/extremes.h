@@ -54,35 +54,49 @@ struct RowExtremes {
   alignas(64) T nan[kLength + kGap];
 
   void clear(int64_t length) {
+    using V = VectorOf<T>;
     constexpr T kInf = std::numeric_limits<T>::infinity();
-    std::fill(low, low + length, kInf);
-    std::fill(high, high + length, -kInf);
-    std::fill(nan, nan + length, T{0});
+    const int64_t padded = (length + kWidth<V> - 1) / kWidth<V> * kWidth<V>;
+    std::fill(low, low + padded, kInf);
+    std::fill(high, high + padded, -kInf);
+    std::fill(nan, nan + padded, T{0});
+    length_ = length;
   }
 
-  // One row of each of N streams, `apart` values from one to the next. Behind a row the places may belong to a longer
-  // one.
+  // One row of each of N streams, `apart` values from one to the next. What lies behind a whole row is nobody's place;
+  // behind a shorter one, which comes last, there are others.
   template <int N>
   void take(std::integral_constant<int, N>, int64_t length, const T* x, int64_t apart) {
-    for_vectors<VectorOf<T>>(
+    using V = VectorOf<T>;
+    const bool whole = length == length_;
+    for_vectors<V>(
         length, [&](int64_t j, auto vector) __attribute__((always_inline)) {
-          Extremes<T> e{vector.load(low + j), vector.load(high + j), vector.load(nan + j)};
+          Extremes<T> e{load<V>(low + j), load<V>(high + j), load<V>(nan + j)};
           unroll<N>([&](auto stream) __attribute__((always_inline)) { e.take(vector.load(x + stream * apart + j)); });
-          vector.store(low + j, e.low);
-          vector.store(high + j, e.high);
-          vector.store(nan + j, e.nan);
+          const auto put = [&](auto to) __attribute__((always_inline)) {
+            to.store(low + j, e.low);
+            to.store(high + j, e.high);
+            to.store(nan + j, e.nan);
+          };
+          // Stores of whole vectors: the next row's loads need not wait for parts.
+          whole ? put(WholeVector<V>{}) : put(vector);
         });
   }
 
   // The value at place j belongs to variable base + j mod p.
   void put(int64_t length, int64_t p, int64_t base, const Result<T>& result) const {
-    for (int64_t j = 0; j < length; ++j) result.take(base + j % p, low[j], high[j], nan[j] != 0);
+    for (int64_t i = 0; i < length; i += p) {
+      for (int64_t j = 0; j < p; ++j) result.take(base + j, low[i + j], high[i + j], nan[i + j] != 0);
+    }
   }
+
+ private:
+  int64_t length_ = 0;
 };
 
 template <class T>
 void scan_observations(const Data<T>& d, int64_t j0, int64_t j1, const Result<T>& result) {
-  const Fold fold(j0 == 0 && j1 == d.p ? d.p : Fold::kRow, d.n);
+  const Fold fold(j0 == 0 && j1 == d.p ? d.p : Fold::kRow, d.n, false);
   RowExtremes<T> extremes;
   for (int64_t first = j0; first < j1; first += RowExtremes<T>::kLength) {
     const int64_t width = std::min(RowExtremes<T>::kLength, j1 - first);

@@ -109,8 +109,7 @@ int32_t mad(OrvikSSTask handle, uint64_t estimates, uint64_t method, const Orvik
   if (!by_median && !d.contiguous_variables) {
     return mean_deviations(d, given, threading, real<T>(task.meanAbsDeviation));
   }
-  return for_each_variable(o, d.flags, threading, d.n, [&](int64_t j, T* a) {
-    copy_variable(o, j, a);
+  return for_each_variable(o, d.flags, threading, {}, [&](int64_t j, T* a, T*) {
     if (by_mean) {
       const T m = given != nullptr ? given[j] : mean(d.n, a);
       const double sum = sum_of(d.n, a, [m](T x) { return static_cast<double>(std::fabs(x - m)); });

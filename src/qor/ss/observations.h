@@ -2,6 +2,7 @@
 // Blocks of them and single variables are copied from here, whatever the storage is.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -97,14 +98,30 @@ void copy(const Observations<T>& o, int64_t i, int64_t m, Layout layout, const T
     }
     return;
   }
-  for (int64_t r = 0; r < m; ++r) {
-    const T* const x = o.x + o.place(i + r) * o.stride;
-    T* const to = out + r * row;
-    const T root = Scaled ? roots[r] : T{1};
-    if (column == 1) {
+  if (column == 1) {
+    for (int64_t r = 0; r < m; ++r) {
+      const T* const x = o.x + o.place(i + r) * o.stride;
+      const T root = Scaled ? roots[r] : T{1};
+      T* const to = out + r * row;
       for (int64_t j = 0; j < o.p; ++j) to[j] = value<Shifted, Scaled>(x[j], Shifted ? shift[j] : T{0}, root);
-    } else {
-      for (int64_t j = 0; j < o.p; ++j) to[j * column] = value<Shifted, Scaled>(x[j], Shifted ? shift[j] : T{0}, root);
+    }
+    return;
+  }
+  // Variable by variable, of as many observations as a cache holds.
+  constexpr int64_t kTile = 128;
+  for (int64_t first = 0; first < m; first += kTile) {
+    const int64_t end = std::min(m, first + kTile);
+    for (int64_t j = 0; j < o.p; ++j) {
+      const T u = Shifted ? shift[j] : T{0};
+      T* const to = out + j * column;
+      const auto put = [&](int64_t r, int64_t place) __attribute__((always_inline)) {
+        to[r] = value<Shifted, Scaled>(o.x[place * o.stride + j], u, Scaled ? roots[r] : T{1});
+      };
+      if (o.index == nullptr) {
+        for (int64_t r = first; r < end; ++r) put(r, i + r);
+      } else {
+        for (int64_t r = first; r < end; ++r) put(r, o.index[i + r]);
+      }
     }
   }
 }

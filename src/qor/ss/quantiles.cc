@@ -59,21 +59,22 @@ int32_t of_task(OrvikSSTask handle, uint64_t estimates, uint64_t method, const O
   if ((estimates & ORVIK_SS_ORDER_STATISTICS) != 0) {
     T* sorted = real<T>(task.orderStatistics);
     const bool rows = d.p == 1 || (task.integer(task.orderStatisticsStorage) & ORVIK_SS_STORAGE_ROWS) != 0;
-    return for_each_variable(o, d.flags, threading, rows ? d.n : 2 * d.n, [&](int64_t j, T* scratch) {
-      if (rows) {
+    if (rows) {
+      const Copying copying{.scratch = d.n, .copied = !d.contiguous_variables};
+      return for_each_variable(o, d.flags, threading, copying, [&](int64_t j, const T* copy, T* scratch) {
         T* out = sorted + j * d.n;
-        if (d.contiguous_variables && d.n >= kRadixCount && d.n <= INT32_MAX) {
-          radix_sort(d.n, d.x + j * d.n, out, scratch);
-        } else {
-          copy_variable(o, j, out);
-          sort_with_scratch(d.n, out, scratch);
-        }
-        return from_sorted(j, out);
+        sort_to(d.n, d.contiguous_variables ? d.x + j * d.n : copy, out, scratch);
+        from_sorted(j, out);
+      });
+    }
+    const Copying copying{.scratch = d.n, .together = true};
+    return for_each_neighbours(o, d.flags, threading, copying, [&](const Neighbours<T>& v) {
+      for (int64_t k = 0; k < v.count; ++k) {
+        if (!v.selected(k)) continue;
+        sort_with_scratch(d.n, v.copy(k), v.scratch);
+        from_sorted(v.first + k, v.copy(k));
       }
-      copy_variable(o, j, scratch);
-      sort_with_scratch(d.n, scratch, scratch + d.n);
-      for (int64_t i = 0; i < d.n; ++i) sorted[i * d.p + j] = scratch[i];
-      from_sorted(j, scratch);
+      spread_neighbours(v, d.p, sorted);
     });
   }
   return quantiles(o, d.flags, count, orders, threading, results);

@@ -93,7 +93,7 @@ template <class T, int K, bool Weighted, bool Shifted>
 [[gnu::noinline]] void add_rows(const Data<T>& d, int64_t i0, int64_t i1, int64_t j0, int64_t j1, const T* shift,
                                 double* const sums[4]) {
   // A range of the variables is not one contiguous piece of memory: only whole observations can be folded.
-  const Fold fold(j0 == 0 && j1 == d.p ? d.p : Fold::kRow, i1 - i0);
+  const Fold fold(j0 == 0 && j1 == d.p ? d.p : Fold::kRow, i1 - i0, Weighted);
   using Rows = RowSums<T, K, Weighted, Shifted>;
   for (int64_t first = j0; first < j1; first += Rows::kPlaces) {
     const int64_t width = std::min(Rows::kPlaces, j1 - first);

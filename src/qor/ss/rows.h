@@ -37,7 +37,8 @@ inline constexpr int kStreams = 4;
 
 // rows(streams, length, x, apart, i, observations) for the observations [i0, i1) of contiguous observations: rows of
 // `length` values at x, one for each of `streams` streams, that begin at observation i, the next stream `apart`
-// observations further, and hold `observations` each (then their length is a multiple of p).
+// observations further, and hold `observations` each (then their length is a multiple of p). A row that is shorter than
+// the others comes last.
 template <class T, class Rows>
 inline __attribute__((always_inline)) void for_rows(const Data<T>& d, int64_t i0, int64_t i1, int64_t first,
                                                     int64_t width, const Fold& fold, Rows&& rows) {
@@ -52,7 +53,7 @@ inline __attribute__((always_inline)) void for_rows(const Data<T>& d, int64_t i0
   for (i = i0 + kStreams * apart; i + fold.observations <= i1; i += fold.observations) {
     rows(one, length, x + i * d.p, int64_t{0}, i, fold.observations);
   }
-  for (; i < i1; ++i) rows(one, width, x + i * d.p, int64_t{0}, i, int64_t{1});  // a folded row's rest
+  if (i < i1) rows(one, (i1 - i) * width, x + i * d.p, int64_t{0}, i, i1 - i);  // the rest, a shorter row
 }
 
 }  // namespace orvik::ss

@@ -109,12 +109,12 @@ class Selection {
 template <class T>
 class Buckets {
  public:
-  static constexpr int64_t kLeast = 256, kLongest = int64_t{1} << 20;  // numbers for which this is worth while
+  static constexpr int64_t kLeast = 48, kLongest = int64_t{1} << 20;  // numbers for which this is worth while
 
   // False where the values crowd too few buckets, or are no finite numbers; the array is as it was.
   bool quantiles(int64_t n, const T* a, int64_t count, const T* orders, T* results) {
     if (n < kLeast || n > kLongest || !find_range(n, a)) return false;
-    buckets_ = n < 8192 ? kMost / 8 : kMost;
+    buckets_ = n < 256 ? kMost / 16 : n < 8192 ? kMost / 8 : kMost;
     scale_ = static_cast<T>(buckets_ - 1) / (high_ - low_);
     if (!(scale_ > 0 && scale_ <= std::numeric_limits<T>::max())) return false;
     count_values(n, a);
@@ -180,7 +180,7 @@ class Buckets {
   void count_values(int64_t n, const T* a) {
     std::fill_n(before_, static_cast<uint32_t>(buckets_) + 1, 0);
     for_buckets(n, a, [&](T, int32_t bucket) { ++before_[bucket + 1]; });
-    std::fill_n(wanted_, kMost, uint8_t{0});
+    std::fill_n(wanted_, static_cast<uint32_t>(buckets_), uint8_t{0});
     for (int32_t k = 0; k < buckets_; ++k) before_[k + 1] += before_[k];
   }
 
@@ -253,19 +253,11 @@ T median_deviation(int64_t n, T* a, T* center) {
   return median(n, a);
 }
 
-// A value with its weight.
-template <class T>
-struct Weighed {
-  T value;
-  T weight;
-  bool operator<(const Weighed& other) const { return value < other.value; }
-};
-
 // The value at which the running sum of weights passes half of `total`; the mean of two where a sum is exactly half.
-// The array is sorted; it holds no NaN and no weight of 0. n is above 0.
+// The array is sorted, with as much scratch; it holds no NaN and no weight of 0. n is above 0.
 template <class T>
-T weighted_median(int64_t n, Weighed<T>* a, double total) {
-  quicksort(a, n);
+T weighted_median(int64_t n, Weighed<T>* a, Weighed<T>* scratch, double total) {
+  n >= kRadixCount && n <= INT32_MAX ? radix_sort(n, a, scratch) : quicksort(a, n);
   double sum = 0;
   for (int64_t i = 0; i < n; ++i) {
     sum += static_cast<double>(a[i].weight);

@@ -231,14 +231,34 @@ int64_t move_nans(A a, int64_t n) {
 template <class T>
 void radix_sort(int64_t n, const T* source, T* out, T* temporary);
 
-// Below this count, comparing is faster.
-inline constexpr int64_t kRadixCount = 512;
+// A value with its weight.
+template <class T>
+struct Weighed {
+  T value;
+  T weight;
+  bool operator<(const Weighed& other) const { return value < other.value; }
+};
+
+// Sorts values with their weights in the same way, -0 before 0; equal ones keep their order.
+template <class T>
+void radix_sort(int64_t n, Weighed<T>* a, Weighed<T>* temporary);
+
+// Below this count, comparing is faster. (Of values that no branch foresees: an array that is sorted again and again
+// tells another count.)
+inline constexpr int64_t kRadixCount = 96;
 
 // Sorts `n` values in place, with n values of scratch.
 template <class T>
 void sort_with_scratch(int64_t n, T* a, T* scratch) {
   if (n >= kRadixCount && n <= INT32_MAX) return radix_sort(n, a, a, scratch);
   quicksort(a, move_nans(a, n));
+}
+
+// The same from `source` to `out`. (The copy comes first: two arrays are sooner in a cache than three.)
+template <class T>
+void sort_to(int64_t n, const T* source, T* out, T* scratch) {
+  if (out != source) std::copy(source, source + n, out);
+  sort_with_scratch(n, out, scratch);
 }
 
 }  // namespace orvik::ss

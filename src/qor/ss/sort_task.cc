@@ -30,14 +30,18 @@ int32_t sort_task(OrvikSSTask handle, uint64_t method, const OrvikThreading* thr
   const Observations<T> o(d);
   T* sorted = real<T>(task.sortedObservations);
   const bool rows = d.p == 1 || (task.integer(task.sortedStorage) & ORVIK_SS_STORAGE_ROWS) != 0;
-  return for_each_variable(o, d.flags, threading, rows ? d.n : 2 * d.n, [&](int64_t j, T* scratch) {
-    if (rows) {
-      copy_variable(o, j, sorted + j * d.n);
-      return sort_with_scratch(d.n, sorted + j * d.n, scratch);
+  if (rows) {
+    const Copying copying{.scratch = d.n, .copied = !d.contiguous_variables};
+    return for_each_variable(o, d.flags, threading, copying, [&](int64_t j, const T* copy, T* scratch) {
+      sort_to(d.n, d.contiguous_variables ? d.x + j * d.n : copy, sorted + j * d.n, scratch);
+    });
+  }
+  const Copying copying{.scratch = d.n, .together = true};
+  return for_each_neighbours(o, d.flags, threading, copying, [&](const Neighbours<T>& v) {
+    for (int64_t k = 0; k < v.count; ++k) {
+      if (v.selected(k)) sort_with_scratch(d.n, v.copy(k), v.scratch);
     }
-    copy_variable(o, j, scratch);
-    sort_with_scratch(d.n, scratch, scratch + d.n);
-    for (int64_t i = 0; i < d.n; ++i) sorted[i * d.p + j] = scratch[i];
+    spread_neighbours(v, d.p, sorted);
   });
 }
 

@@ -109,15 +109,17 @@ Data<T> data_of(const Task& task) {
   return d;
 }
 
-// Calls body(first, last) for ranges that hold the selected variables: the maximal ones of contiguous variables; all from
-// the first to the last one of contiguous observations, whose values come with the same reads.
+// Calls body(first, last) for ranges that hold the selected variables: the maximal ones of contiguous variables; of
+// contiguous observations, whose values come with the same reads, all from the first to the last one, or all of an
+// observation where that is short: several observations then make a row.
 template <class T, class Body>
 void for_selected_ranges(const Data<T>& d, Body&& body) {
   if (!d.contiguous_variables) {
     int64_t first = 0, last = d.p;
     while (first < last && !d.selected(first)) ++first;
     while (first < last && !d.selected(last - 1)) --last;
-    if (first < last) body(first, last);
+    const bool is_short = d.p <= (d.weights == nullptr ? 16 : 4);
+    if (first < last) is_short ? body(0, d.p) : body(first, last);
     return;
   }
   for (int64_t j = 0; j < d.p;) {

@@ -12,16 +12,16 @@ namespace orvik::ss {
 // Whether rows of the variables [j0, j1) of n observations are long enough to gain by it. (Short sums of one or two
 // powers wait for memory: in halves of a line they lose, more of them are in whole ones.)
 template <class T>
-inline bool wide_extremes_pay(const Data<T>& d, int64_t n, int64_t j0, int64_t j1) {
+inline bool wide_extremes_pay(const Data<T>& d, int64_t n, int64_t j0, int64_t j1, bool weighted = false) {
   constexpr int64_t kLong = 128;
-  return j1 - j0 >= kLong || (j0 == 0 && j1 == d.p && Fold(d.p, n).observations > 1);
+  return j1 - j0 >= kLong || (j0 == 0 && j1 == d.p && Fold(d.p, n, weighted).observations > 1);
 }
 template <class T>
 inline bool wide_sums_pay(const Data<T>& d, int64_t n, int64_t j0, int64_t j1, int order) {
   constexpr int64_t kFew = 32 / sizeof(T);
   const bool folded = d.p < Fold::kRow;
   const bool pays = (folded && d.weights != nullptr) || (order > 2 && d.p >= kFew);
-  return pays && wide_extremes_pay(d, n, j0, j1);
+  return pays && wide_extremes_pay(d, n, j0, j1, d.weights != nullptr);
 }
 
 template <class T>

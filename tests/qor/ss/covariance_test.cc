@@ -118,6 +118,21 @@ TYPED_TEST(Covariance, AgreesWithATwoPassReferenceInEveryCombination) {
   }
 }
 
+// Few variables are summed in vectors, more by matrix kernels; lengths with every rest of a vector.
+TYPED_TEST(Covariance, OfEveryFewVariablesAgreesForEveryShortLength) {
+  for (int64_t p = 1; p <= 18; ++p) {
+    for (int64_t n : {2, 3, 4, 5, 6, 7, 8, 9, 15, 16, 17, 31, 33, 63, 130, 300}) {
+      const auto sample = random_sample<TypeParam>(p, n);
+      for (bool columns : {false, true}) {
+        for (bool weighted : {false, true}) {
+          for (uint64_t method : kMethods) check(sample, {p, n, columns, weighted, false, method, 0, 1, 0, -1, 1});
+        }
+      }
+    }
+    if (this->HasFatalFailure()) return;
+  }
+}
+
 TYPED_TEST(Covariance, AgreesForEachMatrixAloneAndEveryNumberOfThreads) {
   const auto sample = random_sample<TypeParam>(8, 5000);
   for (int threads = 1; threads <= 8; ++threads) {

@@ -48,6 +48,30 @@ TYPED_TEST(Minmax, AreTheExtremesInEveryLayout) {
   }
 }
 
+// Several observations make a row, the last of them a shorter one; a NaN may stand at any place of either.
+TYPED_TEST(Minmax, OfEveryShortLengthInContiguousObservationsAreThoseOfContiguousVariables) {
+  using T = TypeParam;
+  constexpr T kInf = std::numeric_limits<T>::infinity();
+  for (int64_t p : {2, 3, 5, 7, 8, 9, 15, 16, 17, 31, 63}) {
+    for (int64_t n = 1; n < 530; n += n < 140 ? 1 : 13) {
+      auto s = random_sample<T>(p, n, static_cast<uint64_t>(p * n), 0);
+      for (int nan = 0; nan < 3; ++nan) {
+        const int64_t i = nan == 1 ? n - 1 : n / 3, j = nan == 1 ? p - 1 : p / 2;
+        if (nan != 0) s.rows[j * n + i] = s.columns[i * p + j] = std::numeric_limits<T>::quiet_NaN();
+        std::vector<T> low[2], high[2];
+        for (bool columns : {false, true}) {
+          low[columns].assign(p, kInf), high[columns].assign(p, -kInf);
+          ASSERT_EQ(minmax<T>(s, columns, nullptr, low[columns], high[columns]), 0);
+        }
+        for (int64_t k = 0; k < p; ++k) {
+          ASSERT_TRUE(low[0][k] == low[1][k] || (std::isnan(low[0][k]) && std::isnan(low[1][k]))) << p << " " << n;
+          ASSERT_TRUE(high[0][k] == high[1][k] || (std::isnan(high[0][k]) && std::isnan(high[1][k]))) << p << " " << n;
+        }
+      }
+    }
+  }
+}
+
 TYPED_TEST(Minmax, GoOnFromTheStartingValues) {
   using T = TypeParam;
   const Sample<T> s(2, 100, [](int64_t i, int64_t) { return i; });

@@ -196,8 +196,8 @@ TYPED_TEST(Moments, OfWideObservationsAgreeAroundTheBordersOfTheirStreams) {
 
 // One route for all lengths: tails of vectors, the first and the last rows of streams, borders of blocks.
 TYPED_TEST(Moments, OfEveryShortLengthAndAroundTheBordersOfBlocksAgree) {
-  for (int64_t p : {1, 3, 10}) {
-    for (int64_t n = 1; n < 3100; n += n < 70 ? 1 : n < 1500 ? 211 : n < 1545 ? 3 : 509) {
+  for (int64_t p : {1, 2, 3, 10}) {
+    for (int64_t n = 1; n < 3100; n += n < 135 ? 1 : n < 1500 ? 211 : n < 1545 ? 3 : 509) {
       const auto sample = random_sample<TypeParam>(p, n);
       for (bool columns : {false, true}) {
         for (bool weighted : {false, true}) {
@@ -293,6 +293,44 @@ TYPED_TEST(Moments, OfTwoHalvesInTwoCallsAreThoseOfOneCall) {
 }
 
 // A lone variable is handled by what is compiled for one; it is the same code.
+// Observations of few variables make rows together, also where the first or the last variable is not selected.
+TYPED_TEST(Moments, OfAFewSelectedVariablesHaveTheBitsThatTheyHaveAmongAll) {
+  using T = TypeParam;
+  for (int64_t p : {2, 3, 4, 8, 16}) {
+    for (int64_t n : {1, 9, 63, 64, 100, 127, 128, 255, 500, 1000, 5000}) {
+      const auto sample = random_sample<T>(p, n);
+      for (uint64_t method : kMethods) {
+        for (bool weighted : {false, true}) {
+          if (weighted && p > 4) continue;
+          Results<T> results[4] = {Results<T>(p), Results<T>(p), Results<T>(p), Results<T>(p)};
+          for (int pattern = 0; pattern < 4; ++pattern) {
+            std::vector<int32_t> flags(p, 1);
+            for (int64_t j = 0; j < p; ++j) {
+              if (pattern == 1) flags[j] = j > 0;
+              if (pattern == 2) flags[j] = j < p - 1;
+              if (pattern == 3) flags[j] = j == p / 2;
+            }
+            TaskOver<T> task;
+            ASSERT_EQ(task.make(p, n, 0x20000, sample.columns.data(), weighted ? sample.weights.data() : nullptr,
+                                flags.data()),
+                      0);
+            results[pattern].attach(&task);
+            for (int32_t id : kIds) results[pattern].of[id].assign(p, T{1});  // the user's mean among them
+            ASSERT_EQ(Entries<T>::basic(task.get(), kAllEstimates, method, nullptr), 0);
+            for (int32_t id : kIds) {
+              for (int64_t j = 0; j < p; ++j) {
+                const T want = flags[j] ? results[0].of[id][j] : T{1};
+                EXPECT_EQ(std::memcmp(&results[pattern].of[id][j], &want, sizeof(T)), 0)
+                    << p << " " << n << " method " << method << " id " << id << " pattern " << pattern;
+              }
+            }
+          }
+        }
+      }
+    }
+  }
+}
+
 TYPED_TEST(Moments, OfOneVariableHaveTheBitsThatTheyHaveAmongOthers) {
   using T = TypeParam;
   for (int64_t n : {1, 2, 7, 100, 255, 257, 1000, 1536, 1537, 5000}) {

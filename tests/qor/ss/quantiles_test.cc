@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <random>
 
 #include "qor/ss/support.h"
 #include "qor/ss/threads.h"
@@ -95,6 +96,110 @@ std::vector<T> quantiles_of(const std::vector<T>& x, const std::vector<T>& order
     EXPECT_EQ(got, 0);
   }
   return results;
+}
+
+// Neighbouring variables of contiguous observations are read together, all of a line or fewer, whichever are selected.
+TYPED_TEST(Quantiles, OfNeighboursInContiguousObservationsAreThoseOfContiguousVariables) {
+  using T = TypeParam;
+  const T old = static_cast<T>(kUntouched);
+  const std::vector<T> orders = {T(0.5), T(0.9)};
+  for (int64_t p : {3, 4, 5, 8, 9, 16, 17, 31, 40}) {
+    for (int64_t n : {1, 2, 7, 47, 48, 49, 95, 96, 300, 511, 512, 513, 700}) {
+      const auto sample = random_sample<T>(p, n, static_cast<uint64_t>(p + n));
+      for (int pattern = 0; pattern < 6; ++pattern) {
+        std::vector<int32_t> flags(p, 1);
+        for (int64_t j = 0; j < p; ++j) {
+          if (pattern == 1) flags[j] = j == 0;
+          if (pattern == 2) flags[j] = j == p - 1;
+          if (pattern == 3) flags[j] = j % 3 == 1;
+          if (pattern == 4) flags[j] = j > 1 && j < p - 1;
+          if (pattern == 5) flags[j] = (j * 7 + n) % 5 < 2;
+        }
+        std::vector<T> got[2];
+        for (bool columns : {false, true}) {
+          std::vector<T>& all = got[columns];
+          TaskOver<T> task;
+          ASSERT_EQ(task.make(p, n, columns ? 0x20000 : 0x10000, (columns ? sample.columns : sample.rows).data(),
+                              sample.weights.data(), flags.data()),
+                    0);
+          const auto run = [&](int32_t id, int64_t size, auto call) {
+            std::vector<T> r(static_cast<size_t>(size), old);
+            task.set(id, r);
+            ASSERT_EQ(call(), 0);
+            all.insert(all.end(), r.begin(), r.end());
+          };
+          std::vector<T> weights_so_far(2);
+          task.set(OrvikSS_accumulatedWeights, weights_so_far);
+          task.set_integer(OrvikSS_quantileOrderCount, 2);
+          task.set(OrvikSS_quantileOrders, orders);
+          const int caller = pattern % 3;
+          run(OrvikSS_quantiles, 2 * p,
+              [&] { return Entries<T>::quantiles(task.get(), ORVIK_SS_QUANTILES, 1, threads(caller)); });
+          run(OrvikSS_quantiles, p, [&] { return Entries<T>::weighted_median(task.get(), 0, 0, threads(caller)); });
+          run(OrvikSS_medianAbsDeviation, p,
+              [&] { return Entries<T>::mad(task.get(), ORVIK_SS_MEDIAN_ABS_DEVIATION, 1, threads(caller)); });
+          for (int64_t form : {0x10000, 0x20000}) {
+            task.set_integer(OrvikSS_orderStatisticsStorage, form);
+            run(OrvikSS_orderStatistics, p * n,
+                [&] { return Entries<T>::quantiles(task.get(), ORVIK_SS_ORDER_STATISTICS, 1, threads(caller)); });
+            task.set_integer(OrvikSS_sortedStorage, form);
+            run(OrvikSS_sortedObservations, p * n,
+                [&] { return Entries<T>::sort_task(task.get(), 0, ORVIK_SS_METHOD_SORT, threads(caller)); });
+          }
+        }
+        ASSERT_EQ(got[0], got[1]) << p << " " << n << " " << pattern;
+        for (int64_t j = 0; j < p; ++j) {
+          const auto want = sorted_variable(sample, j);
+          ASSERT_EQ(got[1][2 * j] == old, flags[j] == 0);
+          for (int64_t i = 0; i < n; ++i) {  // the last result: sorted observations, contiguous
+            ASSERT_EQ(got[1][got[1].size() - p * n + i * p + j], flags[j] ? want[i] : old) << p << " " << n;
+          }
+        }
+      }
+    }
+  }
+}
+
+// Long enough for two copies at a time, and for none beside another.
+TYPED_TEST(Quantiles, OfLongVariablesInContiguousObservationsAreThoseOfContiguousVariables) {
+  using T = TypeParam;
+  constexpr int64_t kVariables = 5;
+  for (int64_t n : {600'000, 1'500'000}) {
+    std::vector<T> rows(kVariables * n), columns(kVariables * n);
+    for (int64_t i = 0; i < n; ++i) {
+      for (int64_t j = 0; j < kVariables; ++j) {
+        rows[j * n + i] = columns[i * kVariables + j] = static_cast<T>((i * 7919 + j * 104'729) % 1'000'003);
+      }
+    }
+    std::vector<T> medians[2];
+    const T half = T(0.5);
+    for (bool by_observation : {false, true}) {
+      medians[by_observation].assign(kVariables, T(kUntouched));
+      TaskOver<T> task;
+      task.make(kVariables, n, by_observation ? 0x20000 : 0x10000, (by_observation ? columns : rows).data());
+      task.set_integer(OrvikSS_quantileOrderCount, 1);
+      task.set(OrvikSS_quantileOrders, &half);
+      task.set(OrvikSS_quantiles, medians[by_observation]);
+      ASSERT_EQ(Entries<T>::quantiles(task.get(), ORVIK_SS_QUANTILES, 1, nullptr), 0);
+    }
+    EXPECT_EQ(medians[0], medians[1]);
+    std::nth_element(rows.begin(), rows.begin() + (n - 1) / 2, rows.begin() + n);
+    EXPECT_LE(rows[(n - 1) / 2], medians[0][0]);
+  }
+}
+
+TYPED_TEST(Quantiles, OfEveryShortLengthAreThoseOfTheSortedValues) {
+  using T = TypeParam;
+  const std::vector<T> orders = {T(0), T(0.25), T(0.5), T(0.75), T(1)};
+  for (int64_t n = 1; n <= 300; ++n) {
+    const auto sample = random_sample<T>(1, n, static_cast<uint64_t>(n));
+    const auto want = sorted_variable(sample, 0);
+    const auto got = quantiles_of(sample.rows, orders);
+    for (size_t k = 0; k < orders.size(); ++k) {
+      const double value = quantile_of(want, orders[k]);
+      ASSERT_NEAR(got[k], value, 4 * std::numeric_limits<T>::epsilon() * std::fabs(value)) << n << " " << orders[k];
+    }
+  }
 }
 
 TYPED_TEST(Quantiles, OrderOneIsTheLargestValueExactly) {
@@ -327,6 +432,27 @@ TYPED_TEST(Quantiles, WeightedMedianAtExactlyHalfIsTheMeanOfTheNeighbours) {
   using T = TypeParam;
   EXPECT_EQ((weighted_median<T>({4, 1, 3, 2}, {1, 1, 1, 1})), T(2.5));
   EXPECT_EQ((weighted_median<T>({1, 2, 9}, {2, 0, 2})), 5);
+}
+
+// Lengths on both sides of where digits sort instead of comparisons, and of where they become more.
+TYPED_TEST(Quantiles, WeightedMedianOfEveryLengthIsThatOfValuesRepeatedByWeight) {
+  using T = TypeParam;
+  std::mt19937 engine(8);
+  for (int64_t n : {1, 2, 3, 50, 95, 96, 97, 500, 1499, 1500, 1501, 6000}) {
+    for (int64_t values : {2, 40, 1'000'000}) {
+      std::vector<T> x, weights, repeated;
+      for (int64_t i = 0; i < n; ++i) {
+        x.push_back(static_cast<T>(static_cast<int64_t>(engine() % values) - values / 2));
+        weights.push_back(static_cast<T>(engine() % 5));
+        if (i == 0) weights[0] = 1;
+        repeated.insert(repeated.end(), static_cast<size_t>(weights.back()), x.back());
+      }
+      std::sort(repeated.begin(), repeated.end());
+      const size_t half = repeated.size() / 2;
+      const T middle = repeated[half], before = repeated[repeated.size() % 2 == 0 ? half - 1 : half];
+      EXPECT_EQ(weighted_median<T>(x, weights), before == middle ? middle : T(0.5) * (before + middle)) << n;
+    }
+  }
 }
 
 TYPED_TEST(Quantiles, WeightedMedianOfEveryVariableInBothStorages) {

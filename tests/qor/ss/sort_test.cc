@@ -162,7 +162,7 @@ TYPED_TEST(Sorting, PutsNansLast) {
 }
 
 TYPED_TEST(Sorting, RadixSortAgreesWhereverItsSourceLies) {
-  for (int64_t n : {0, 1, 2, 100, 5000}) {
+  for (int64_t n : {0, 1, 2, 100, 1499, 1500, 5000}) {
     for (auto& [name, v] : inputs<TypeParam>(n)) {
       auto want = v;
       std::sort(want.begin(), want.end());
@@ -175,6 +175,24 @@ TYPED_TEST(Sorting, RadixSortAgreesWhereverItsSourceLies) {
       temporary = v;
       radix_sort(n, temporary.data(), out.data(), temporary.data());
       EXPECT_EQ(out, want) << name << " " << n;
+    }
+  }
+}
+
+TYPED_TEST(Sorting, RadixSortOfValuesWithWeightsIsStable) {
+  for (int64_t n : {0, 1, 2, 100, 1499, 1500, 5000}) {
+    for (auto& [name, v] : inputs<TypeParam>(n)) {
+      std::vector<Weighed<TypeParam>> a(n), temporary(n);
+      for (int64_t i = 0; i < n; ++i) a[i] = {v[i], static_cast<TypeParam>(i)};
+      auto want = a;
+      std::stable_sort(want.begin(), want.end(), [](auto x, auto y) {
+        return x < y || (x.value == y.value && std::signbit(x.value) && !std::signbit(y.value));
+      });
+      radix_sort(n, a.data(), temporary.data());
+      for (int64_t i = 0; i < n; ++i) {
+        ASSERT_EQ(a[i].value, want[i].value) << name << " " << n;
+        ASSERT_EQ(a[i].weight, want[i].weight) << name << " " << n;
+      }
     }
   }
 }

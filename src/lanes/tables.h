@@ -138,8 +138,9 @@ template <int N, class At, class Take>
   for (int j = 0; j < kByTwo; j += 2) {
     if constexpr (kByTwo > 0) {
       const auto rows = gather_two_rows(table + j, k);
-      take(j, Pair{rows.c[0], rows.c[1]});
-      take(j + 1, Pair{rows.c[2], rows.c[3]});
+      using V = std::remove_cvref_t<decltype(rows.c[0])>;
+      take(j, Pair<V>{rows.c[0], rows.c[1]});
+      take(j + 1, Pair<V>{rows.c[2], rows.c[3]});
     }
   }
 #pragma GCC unroll 8

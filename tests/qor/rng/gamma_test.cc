@@ -385,7 +385,7 @@ TYPED_TEST(Rejection, BetaOfShapesWhoseSumOverflowsIsTheirRatio) {
   const T most = std::numeric_limits<T>::max();
   for (const auto& [p, q] : {std::pair(most, most), std::pair(most / 4, most), std::pair(most, most / 4)}) {
     const Stream s(ORVIK_BRNG_MT19937, {77});
-    for (const T x : drawn<T>(100, [&](T* r) { return beta(0, s.get(), 100, r, p, q, 0, 1); }))
+    for (const T x : drawn<T>(100, [&, p = p, q = q](T* r) { return beta(0, s.get(), 100, r, p, q, 0, 1); }))
       EXPECT_NEAR(static_cast<double>(x), static_cast<double>(p / 4 / (p / 4 + q / 4)), 1e-6);
   }
 }
@@ -399,7 +399,7 @@ TYPED_TEST(Rejection, BetaOfAShapeNextToOneAndTheLargestEnds) {
     s->number = [](int64_t i) { return std::fmod(static_cast<double>(i) * 0.6180339887498949, 1.0); };
     s->status = [](int64_t request) { return request < 50 ? 0 : -1; };
     const T p = swapped ? most : below, q = swapped ? below : most;
-    for (const T x : drawn<T>(100, [&](T* r) { return beta(0, s.get(), 100, r, p, q, 0, 1); }))
+    for (const T x : drawn<T>(100, [&, p = p, q = q](T* r) { return beta(0, s.get(), 100, r, p, q, 0, 1); }))
       EXPECT_NEAR(static_cast<double>(x), swapped ? 1 : 0, static_cast<double>(std::numeric_limits<T>::epsilon()));
   }
 }

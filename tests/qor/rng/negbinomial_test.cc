@@ -205,7 +205,7 @@ TEST(Negbinomial, OfAProbabilityThatOneHidesEnds) {
       Scripted s;
       s->number = [u](int64_t i) { return i < 8 ? u : 0.5; };
       const std::vector<int32_t> r =
-          drawn<int32_t>(100, [&](int32_t* r) { return _qoriRngNegbinomial(0, s.get(), 100, r, a, p); });
+          drawn<int32_t>(100, [&, a = a, p = p](int32_t* r) { return _qoriRngNegbinomial(0, s.get(), 100, r, a, p); });
       for (size_t i = 0; i < r.size(); ++i)  // one in some 10^8 is not 0
         EXPECT_TRUE(u < 0.9999 || i >= 4 ? r[i] == 0 : r[i] >= 0) << a << ", " << p << ", " << u << ": " << r[i];
     }

@@ -224,7 +224,7 @@ TYPED_TEST(Moments, ByOnePassKeepTheDigitsOfUnevenData) {
                          : (i == 0 ? 30000.0 : 100.0 + noise);
     });
     const Reference want(s, false);
-    T mean, raw, central;
+    T mean = 0, raw = 0, central = 0;
     TaskOver<T> task;
     ASSERT_EQ(task.make(1, kN, 0x10000, s.rows.data()), 0);
     task.set(OrvikSS_mean, &mean);

@@ -20,12 +20,21 @@ def once(call, repetitions):
     return (clock() - start) / repetitions
 
 
+def repetitions_of(call):
+    """How many calls make a round. The least of several looks counts: an interrupt within a single one would leave a call or two a
+    round, and with them the clock's own time and cold caches in every figure."""
+    repetitions = 1
+    while repetitions * min(once(call, repetitions) for _ in range(3)) < ROUND_NANOSECONDS / 2:
+        repetitions *= 2
+    return repetitions
+
+
 def measure(case, rounds=15):
     calls = {**case.ours, case.peer: case.theirs}
     repetitions = {}
     for label, call in calls.items():
         call()
-        repetitions[label] = max(1, int(ROUND_NANOSECONDS / max(once(call, 2), 1)))
+        repetitions[label] = repetitions_of(call)
     best = dict.fromkeys(calls, float("inf"))
     for _ in range(rounds if case.n < 1_000_000 else max(5, rounds // 2)):
         for label, call in calls.items():

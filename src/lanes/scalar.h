@@ -42,6 +42,28 @@ E zero_like(E x) {  // a zero with the sign of x
   return float_of<E>(bits_of(x) & FloatFormat<E>::sign_bit);
 }
 
+// 2^k of a normal number.
+template <class E>
+E power_of_two(int64_t k) {
+  using Bits = typename FloatFormat<E>::Bits;
+  return float_of<E>(static_cast<Bits>(k + FloatFormat<E>::bias) << FloatFormat<E>::mantissa_bits);
+}
+// The exponent of a finite number that is not 0.
+template <class E>
+int exponent_of(E x) {
+  const auto m = magnitude_bits(x);
+  constexpr int kAbove = std::countl_zero(FloatFormat<E>::min_normal);
+  const int shift = m < FloatFormat<E>::min_normal ? std::countl_zero(m) - kAbove : 0;
+  return static_cast<int>((m << shift) >> FloatFormat<E>::mantissa_bits) - shift - FloatFormat<E>::bias;
+}
+// x 2^k, rounded once: in steps of which only the last can round, exact in the others.
+inline double times_two_to(double x, int k) {
+  constexpr double kUp = 0x1p1023, kDown = 0x1p-969;  // what this leaves of a number is not denormal unless the end is
+  for (int i = 0; k > 1023 && i < 2; ++i) x *= kUp, k -= 1023;
+  for (int i = 0; k < -1022 && i < 2; ++i) x *= kDown, k += 969;
+  return x * power_of_two<double>(k > 1023 ? 1023 : k < -1022 ? -1022 : k);
+}
+
 // A value that the compiler cannot see through, so that arithmetic on it happens in the machine and leaves its flags.
 template <class E>
 E opaque(E x) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <cfenv>
 #include <cmath>
 #include <limits>
 #include <numeric>
@@ -341,6 +342,33 @@ TEST(Estimates, AreThoseOfOneElement) {
     }
     for (int i = 0; i < kWidth<F64>; ++i) ASSERT_EQ(reciprocal64[i], static_cast<double>(reciprocal[i]));
   }
+}
+
+// Powers of two of one element, denormals and the ends of the range included, as the C library has them.
+TEST(Elements, ExponentsAndPowersOfTwoInEveryRounding) {
+  std::mt19937_64 random(5);
+  for (int mode : {FE_TONEAREST, FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
+    std::fesetround(mode);
+    for (int i = 0; i < 200000; ++i) {
+      uint64_t bits = random();
+      if (i % 4 == 0) bits &= 0x800FFFFFFFFFFFFFu >> (random() % 12 == 0 ? 0 : random() % 52);
+      const auto x = std::bit_cast<double>(bits);
+      const auto f = std::bit_cast<float>(static_cast<uint32_t>(bits));
+      if (std::isfinite(f) && f != 0) {
+        ASSERT_EQ(exponent_of(f), std::ilogb(f)) << f;
+      }
+      if (!std::isfinite(x) || x == 0) continue;
+      ASSERT_EQ(exponent_of(x), std::ilogb(x)) << x;
+      const int k = static_cast<int>(random() % 4400) - 2200;
+      const double got = times_two_to(x, k), want = std::scalbn(x, k);
+      ASSERT_EQ(bits_of(got), bits_of(want)) << x << " 2^" << k;
+    }
+  }
+  std::fesetround(FE_TONEAREST);
+  for (int k = -1022; k <= 1023; ++k) ASSERT_EQ(power_of_two<double>(k), std::ldexp(1.0, k));
+  for (int k = -126; k <= 127; ++k) ASSERT_EQ(power_of_two<float>(k), std::ldexp(1.0f, k));
+  EXPECT_EQ(times_two_to(-0.0, 3000), 0.0);
+  EXPECT_TRUE(std::signbit(times_two_to(-0.0, -6000)));
 }
 
 TYPED_TEST(LanesTest, TestsOfWordsAnswerByTheHighWord) {

@@ -62,16 +62,16 @@ struct PointAngle {
 
   // Both brought near 1 by a power of two; where they are too far apart, a base alone or the quotient.
   static double far(double y, double x) {
-    const int ey = std::ilogb(y), ex = std::ilogb(x);
+    const int ey = exponent_of(y), ex = exponent_of(x);
     if (ey > ex + 200) return kHalfTurn<E, U> / 2;
     if (ex > ey + 200) {
       if (x < 0) return kHalfTurn<E, U>;
       if constexpr (U == Unit::radian) return y / x;
-      const HeadTail<double> quotient = divide(std::ldexp(y, -ey), std::ldexp(x, -ex));
+      const HeadTail<double> quotient = divide(times_two_to(y, -ey), times_two_to(x, -ex));
       return scaled_once(over_pi(quotient.head, quotient.tail), ey - ex);
     }
     const int e = ey > ex ? ey : ex;
-    return PointAngle<double, Level::HA, U>::lanes(std::ldexp(y, -e), std::ldexp(x, -e));
+    return PointAngle<double, Level::HA, U>::lanes(times_two_to(y, -e), times_two_to(x, -e));
   }
 };
 

@@ -8,33 +8,14 @@
 
 namespace orvik::zym::complex {
 
-// 2^-(e + 1) of a positive normal number 2^e m, 1 <= m < 2, below 2^(bias - 2): what brings it below 1, so that the
-// difference of its bits and those of 0, where the lanes take a quotient from it, is no NaN's.
-template <class V>
-V inverse_scale(V x) {
-  using I = Integer<V>;
-  return as_float(I(Bits<V>(2 * Format<V>::bias - 1) << Format<V>::mantissa_bits) -
-                  (as_bits(x) & I(Format<V>::exponent_field)));
-}
-
 // Serves numbers with a part of 0, and where the parts are not too far from each other; not 0, infinities, NaNs and
 // what is next to the ends of the range.
 template <Level L, class V>
 Masked<V, Mask<V>> wide_angle(Pair<V> z) {
-  using E = Element<V>;
-  const V zero = V(E(0)), one = V(E(1));
-  const Mask<V> limit = not_finite(z);  // a maximum with a NaN would be invalid
-  const V x = magnitude(select(limit, one, z.first)), y = magnitude(select(limit, one, z.second));
-  const V larger = max(x, y), smaller = min(x, y);
-  const V low = V(E(Single<V> ? 0x1p-120f : 0x1p-1010)), high = V(E(Single<V> ? 0x1p120f : 0x1p1010));
-  const V least = V(E(Single<V> ? 0x1p-38f : 0x1p-400)), apart = larger * least;
-  const Mask<V> close = (larger >= low) & (larger <= high) & ((smaller == zero) | (smaller >= apart));
-  const Mask<V> left = limit | complement(close);
-  const V scale = inverse_scale(select(left, one, larger));
-  const Pair<V> u = {select(left, one, z.first) * scale, select(left, one, z.second) * scale};
+  const BroughtNear<V> b(z);
   // On the imaginary axis, of which the lanes do not know: a number that the right angle does not notice.
-  const V beside = copy_sign(max(magnitude(u.first), least), u.first);
-  return {Atan2<V, L>::lanes(u.second, beside), left};
+  const V beside = copy_sign(max(magnitude(b.z.first), V(BroughtNear<V>::kApart)), b.z.first);
+  return {Atan2<V, L>::lanes(b.z.second, beside), b.left};
 }
 
 }  // namespace orvik::zym::complex

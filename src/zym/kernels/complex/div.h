@@ -123,9 +123,9 @@ struct Div<V, Level::EP> : DivElement<float> {
   }
 };
 
-// zDiv LA: 2.2044 ulp norm at -0x1.ff2012cd2854dp-5, 0x1.7725015f7c7eep+2, -0x1.ff2012cd28551p-5, -0x1.7725015f7c7f2p+2
+// zDiv LA: 2.2757 ulp norm at 0x1.79a928615017p+0, 0x1.730e47f871adp+1, 0x1.79a928615016dp+0, 0x1.730e47f871ad1p+1
 // zDiv HA: 0.7069 ulp norm at 0x0p+0, 0x0.00000000005bp-1022, -0x1.81359ef44c858p+2, 0x1.a41201fc25bd8p+2
-// zDiv EP: 50.99 bits norm at -0x1.3b500fae5d8f2p-13, 0x1.bb8a2dea85ee4p+2, -0x1.8faf563b34927p-17, 0x1.798bee0da5be8p+2
+// zDiv EP: 50.98 bits norm at 0x1.2184b858466c8p+1, 0x1.8fb248578df1cp+2, 0x1.02d2db5ffcep-1, 0x1.745867ba96812p+2
 template <Double V, Level L>
 struct Div<V, L> : DivElement<double> {
   static constexpr Knobs knobs = {.vectors = L == Level::HA ? 1 : 2, .stray = kUnderflowFlag};
@@ -145,6 +145,18 @@ struct Div<V, L> : DivElement<double> {
     } else {
       return plain_quotient(x, y);
     }
+  }
+  // At every level in the steps of the element routine, powers of two aside. Left are operands too far from each other
+  // and results that are denormal or nearly so.
+  static Masked<Pair<V>, Mask<V>> wide(Pair<V> x, Pair<V> y) {
+    const V far = V(0x1p-960), least = V(0x1p-1000), zero = V(0.0), one = V(1.0);
+    const BroughtNear<V> a(x), b(y);
+    const Mask<V> left = a.left | b.left | complement((a.scale >= b.scale * far) & (b.scale >= a.scale * far));
+    const V up = select(left, one, b.scale) / select(left, one, a.scale);
+    const Pair<V> q = careful_quotient(a.z, b.z);
+    const Pair<V> r = {q.first * up, q.second * up};
+    const auto tiny = [=](V part) { return andnot(part == zero, magnitude(part) < least); };
+    return {r, left | tiny(r.first) | tiny(r.second)};
   }
 };
 

@@ -42,6 +42,38 @@ Pair<V> select(Mask<V> mask, Pair<V> yes, Pair<V> no) {
 }
 using orvik::select;
 
+// 2^-(e + 1) of a positive normal number 2^e m, 1 <= m < 2, below 2^(bias - 2): what brings it below 1, so that the
+// difference of its bits and those of 0, where the arc tangent takes a quotient from it, is no NaN's.
+template <class V>
+V inverse_scale(V x) {
+  using I = Integer<V>;
+  return as_float(I(Bits<V>(2 * Format<V>::bias - 1) << Format<V>::mantissa_bits) -
+                  (as_bits(x) & I(Format<V>::exponent_field)));
+}
+
+// Numbers with the larger part brought to 1/2 .. 1 by their scale, a power of two. Left, and 1, are 0, infinities, NaNs,
+// what is next to the ends of the range, and parts that are far from each other but not 0.
+template <class V>
+struct BroughtNear {
+  using E = Element<V>;
+  static constexpr E kApart = Single<V> ? E(0x1p-38) : E(0x1p-400);
+  Pair<V> z;
+  V scale;
+  Mask<V> left;
+
+  [[gnu::always_inline]] explicit BroughtNear(Pair<V> a) {
+    const V zero = V(E(0)), one = V(E(1));
+    const Mask<V> limit = not_finite(a);  // a maximum with a NaN would be invalid
+    const V x = magnitude(select(limit, one, a.first)), y = magnitude(select(limit, one, a.second));
+    const V larger = max(x, y), smaller = min(x, y), apart = larger * V(kApart);
+    const V low = V(E(Single<V> ? 0x1p-120 : 0x1p-1010)), high = V(E(Single<V> ? 0x1p120 : 0x1p1010));
+    const Mask<V> close = (larger >= low) & (larger <= high) & ((smaller == zero) | (smaller >= apart));
+    left = limit | complement(close);
+    scale = inverse_scale(select(left, one, larger));
+    z = {select(left, one, a.first) * scale, select(left, one, a.second) * scale};
+  }
+};
+
 // A function of 64-bit lanes over the halves of complex floats; further vectors come widened beside them.
 template <class F, Single V, class... More>
 [[gnu::always_inline]] inline Pair<V> by_halves(F function, Pair<V> z, More... more) {
@@ -103,23 +135,23 @@ E sign_alone(E x) {
 }
 
 // The exponent of the larger part of a finite number that is not 0.
-inline int exponent(const ZymComplexDouble& z) { return std::ilogb(std::fmax(std::fabs(z.re), std::fabs(z.im))); }
+inline int exponent(const ZymComplexDouble& z) { return exponent_of(max(magnitude(z.re), magnitude(z.im))); }
 inline ZymComplexDouble scaled(const ZymComplexDouble& z, int e) {
-  return {std::scalbn(z.re, e), std::scalbn(z.im, e)};
+  return {times_two_to(z.re, e), times_two_to(z.im, e)};
 }
 
 // (head + tail) 2^e, rounded once also where it is denormal.
 inline double rounded(HeadTail<double> unordered, int e) {
   const HeadTail<double> m = two_sum(unordered.head, unordered.tail);
-  if (m.head == 0 || std::ilogb(m.head) + e >= -1022 || e < -1200) {
-    return std::scalbn(unordered.tail == 0 ? unordered.head : m.head, e);  // zeros with their sign
+  if (m.head == 0 || exponent_of(m.head) + e >= -1022 || e < -1200) {
+    return times_two_to(unordered.tail == 0 ? unordered.head : m.head, e);  // zeros with their sign
   }
   // To multiples of the least number by a sum; what that leaves, with the tail, may be more than half of one.
-  const double unit = std::scalbn(1.0, -1074 - e), shifter = std::copysign(0x1p52 * unit, m.head);
+  const double unit = times_two_to(1.0, -1074 - e), shifter = std::copysign(0x1p52 * unit, m.head);
   const double multiple = (m.head + shifter) - shifter;
   const double rest = (m.head - multiple) + m.tail;
   const double more = rest > unit / 2 ? unit : rest < -unit / 2 ? -unit : 0;
-  return std::copysign(std::scalbn(multiple + more, e), m.head);
+  return std::copysign(times_two_to(multiple + more, e), m.head);
 }
 
 // a c + b d of any finite numbers as (head + tail) 2^e, e at least -6000: neither product leaves the range.
@@ -130,14 +162,14 @@ struct FarSum {
 inline FarSum far_sum(double a, double c, double b, double d) {
   const auto product = [](double x, double y) {
     if (x == 0 || y == 0) return FarSum{{x * y, 0}, -6000};
-    const int ex = std::ilogb(x), ey = std::ilogb(y);
-    return FarSum{two_prod(std::scalbn(x, -ex), std::scalbn(y, -ey)), ex + ey};
+    const int ex = exponent_of(x), ey = exponent_of(y);
+    return FarSum{two_prod(times_two_to(x, -ex), times_two_to(y, -ey)), ex + ey};
   };
   const FarSum p = product(a, c), q = product(b, d);
   const int e = p.e > q.e ? p.e : q.e;
   const auto aligned = [e](const FarSum& x) {  // further below it is a sign alone
     const int shift = x.e - e > -300 ? x.e - e : -300;
-    return HeadTail<double>{std::scalbn(x.m.head, shift), std::scalbn(x.m.tail, shift)};
+    return HeadTail<double>{times_two_to(x.m.head, shift), times_two_to(x.m.tail, shift)};
   };
   return {sum_of_parts(aligned(p), aligned(q)), e};
 }

@@ -74,10 +74,10 @@ inline ZymComplexDouble finite_root(ZymComplexDouble z) {
   } else {
     // An even power of two brings the larger part to 1 .. 4; a smaller one that this makes inexact is taken as it was.
     const int e = exponent(z) & ~1;
-    const double u = std::scalbn(y, -e);
-    const RootParts<double> parts(std::scalbn(x, -e), u);
-    real = std::scalbn(parts.larger(), e / 2);
-    v = u > kTinyPart ? std::scalbn(parts.smaller(u), e / 2) : y / (2 * real);
+    const double u = times_two_to(y, -e);
+    const RootParts<double> parts(times_two_to(x, -e), u);
+    real = times_two_to(parts.larger(), e / 2);
+    v = u > kTinyPart ? times_two_to(parts.smaller(u), e / 2) : y / (2 * real);
   }
   const bool left = is_negative(z.re);
   return {left ? v : real, std::copysign(left ? real : v, z.im)};

@@ -76,10 +76,10 @@ struct InverseHyperbolicTangent {
   }
   // From 2^100 on: x / |z|^2 and a right angle.
   [[gnu::noinline, gnu::cold]] static Point far(double x, double y) {
-    const int e = std::ilogb(max(x, y));
-    const double u = std::scalbn(x, -e), v = std::scalbn(y, -e);
+    const int e = exponent_of(max(x, y));
+    const double u = times_two_to(x, -e), v = times_two_to(y, -e);
     const Long re = divide(Long{u, 0.0}, add(two_square(u), two_square(v)));
-    return {std::scalbn(re.head + re.tail, -e), rounded(multiply(kPi, 0.5))};
+    return {times_two_to(re.head + re.tail, -e), rounded(multiply(kPi, 0.5))};
   }
 };
 // atan z = -i atanh(i z).

@@ -16,9 +16,6 @@ struct SineCosine {
   N sine, cosine;
 };
 
-// 2^k of a normal number.
-inline double power_of_two(int64_t k) { return float_of<double>(static_cast<uint64_t>(k + 1023) << 52); }
-
 // --- circular -------------------------------------------------------------------------------------------------------
 
 // Of n pi/256 + r, n in the low bits of t; `sign` is that of the argument, |argument| was reduced.
@@ -136,7 +133,7 @@ template <class N>
   }
   const SineCosine<N> s = sine_cosine_of(y);
   const int64_t power = e.power(), k = power >> 1;
-  const double scale = power_of_two(k), rest = power_of_two(power - k);
+  const double scale = power_of_two<double>(k), rest = power_of_two<double>(power - k);
   return {rounded_product(e.value, s.cosine) * scale * rest, rounded_product(e.value, s.sine) * scale * rest};
 }
 // The same of lanes with |x| below 700, |y| not large; with the mask of those where it is tiny.
@@ -175,7 +172,7 @@ struct Hyperbolic {
       const int64_t k = static_cast<int64_t>(bits_of(e.sum) - bits_of(kShifter64)) >> 6;
       if (k > 1000) [[unlikely]] {
         const int64_t above = (k - 999) / 2;
-        scale = power_of_two(above), up_scale = power_of_two(k - 2 * above - 1);
+        scale = power_of_two<double>(above), up_scale = power_of_two<double>(k - 2 * above - 1);
       }
     }
     // Where it counts for nothing, b stays a normal number.

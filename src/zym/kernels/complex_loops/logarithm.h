@@ -150,15 +150,15 @@ template <class N>
 [[gnu::noinline, gnu::cold]] inline Long angle_of_far(double y, double x) {
   if (x == 0) return pi_times<Long>(0.5);
   if (y == 0) return is_negative(x) ? kPi : Long{0.0, 0.0};
-  const int ey = std::ilogb(y), ex = std::ilogb(x);
+  const int ey = exponent_of(y), ex = exponent_of(x);
   if (ey < ex - 200) {
     if (x < 0) return kPi;
-    const Long q = divide(HeadTail<double>{std::scalbn(y, -ey), 0.0}, HeadTail<double>{std::scalbn(x, -ex), 0.0});
-    return {std::scalbn(q.head, ey - ex), std::scalbn(q.tail, ey - ex)};
+    const Long q = divide(HeadTail<double>{times_two_to(y, -ey), 0.0}, HeadTail<double>{times_two_to(x, -ex), 0.0});
+    return {times_two_to(q.head, ey - ex), times_two_to(q.tail, ey - ex)};
   }
   if (ex < ey - 200) return pi_times<Long>(0.5);
   const int e = ey > ex ? ey : ex;
-  return angle(Long{std::scalbn(y, -e), 0.0}, Long{std::scalbn(x, -e), 0.0});
+  return angle(Long{times_two_to(y, -e), 0.0}, Long{times_two_to(x, -e), 0.0});
 }
 
 // --- points ---------------------------------------------------------------------------------------------------------
@@ -195,8 +195,8 @@ template <class N, Precision P, class V = Lanes<N>>
 
 // Points so far out or in that squares leave the range.
 [[gnu::noinline, gnu::cold]] inline Long logarithm_of_far(double large, double small) {
-  const int e = std::ilogb(large);
-  const Long log = logarithm_of_modulus<Long, Precision::powers>(std::scalbn(large, -e), std::scalbn(small, -e));
+  const int e = exponent_of(large);
+  const Long log = logarithm_of_modulus<Long, Precision::powers>(times_two_to(large, -e), times_two_to(small, -e));
   return add(fast_two_sum(e * kLn2Head64, e * kLn2Tail64), log);
 }
 

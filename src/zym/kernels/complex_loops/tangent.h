@@ -53,7 +53,7 @@ struct HyperbolicTangent {
     const Exponential<N> e = exponential<N>(-2.0 * min(magnitude(x), 400.0));
     const double im = with_sign_of_product(4.0 * rounded_product(multiply(s.sine, s.cosine), e.value), s);
     const int64_t power = e.power(), k = power / 2;
-    return {std::copysign(1.0, x), im * power_of_two(k) * power_of_two(power - k)};
+    return {std::copysign(1.0, x), im * power_of_two<double>(k) * power_of_two<double>(power - k)};
   }
   // a b / c; what is tiny is lifted, so that tails of it stay.
   template <class N, class V = Lanes<N>>

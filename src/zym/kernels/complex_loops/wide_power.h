@@ -53,8 +53,8 @@ struct WideLogarithm {
     if (!steep && x.re < 0) z = {-x.re, -x.im};
     eighths = steep ? 2 : x.re > 0 ? 0 : 4;
     if (is_negative(x.im)) eighths = -eighths;
-    const int e = std::ilogb(z.re);
-    const Wide down = Wide(std::scalbn(1.0, -e / 2)) * Wide(std::scalbn(1.0, -(e - e / 2)));
+    const int e = exponent_of(z.re);
+    const Wide down = Wide(power_of_two<double>(-e / 2)) * Wide(power_of_two<double>(-(e - e / 2)));
     const WidePoint m = {Wide(z.re) * down, Wide(z.im) * down};
     const ComplexLogarithm<Long> rough =
         complex_logarithm<Long, Precision::powers>(static_cast<double>(m.re), static_cast<double>(m.im));

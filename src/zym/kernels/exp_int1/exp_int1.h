@@ -85,7 +85,7 @@ struct ExpInt1<V, L> {
       *r = first_lane(ExpInt1<F64, Level::HA>::small(F64(x * 0x1p54), 54.0));
     } else if (x < 750) {
       const typename ExpInt1<F64, Level::HA>::Product p{F64(x)};
-      *r = std::ldexp(first_lane(p.value), static_cast<int>(std::floor((first_lane(p.t) - kShifter64) / 64)));
+      *r = times_two_to(first_lane(p.value), static_cast<int>(std::floor((first_lane(p.t) - kShifter64) / 64)));
     } else {
       *r = exp_int1::underflow<double>();
     }

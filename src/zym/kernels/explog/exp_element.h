@@ -18,8 +18,6 @@ E exp_not_finite(E x) {
   return x == -infinity<E> ? E(0) : x * x;
 }
 
-inline double power_of_two(int64_t k) { return float_of<double>(static_cast<uint64_t>(k + 1023) << 52); }
-
 // e^x = 2^k head (1 + rest), |x| below 746.
 struct ExpParts {
   double head, rest;
@@ -44,8 +42,8 @@ struct ExpParts {
 
   double normal() const {
     const double y = std::fma(head, rest, head);
-    if (k < 1024) return y * power_of_two(k);
-    const double half = y * power_of_two(k - 1);
+    if (k < 1024) return y * power_of_two<double>(k);
+    const double half = y * power_of_two<double>(k - 1);
     return half + half;
   }
 

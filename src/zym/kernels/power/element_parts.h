@@ -43,19 +43,10 @@ struct PowerFormat<double> {
   static constexpr int split_down_to = -1046, lowest = -1084;
 };
 
-template <class E>
-int exponent_of(E x) {  // of normal numbers
-  return static_cast<int>(magnitude_bits(x) >> FloatFormat<E>::mantissa_bits) - FloatFormat<E>::bias;
-}
-template <class E>
-E two_to_the(int k) {
-  using Bits = typename FloatFormat<E>::Bits;
-  return float_of<E>(static_cast<Bits>(k + FloatFormat<E>::bias) << FloatFormat<E>::mantissa_bits);
-}
 // The nearest multiple of 2^-bits to a number near 1, modulo `rows`.
 template <int bits, class E, size_t rows, size_t columns>
 const E (&row_near(E x, const E (&table)[rows][columns]))[columns] {
-  const E sum = x + E(1.5) * two_to_the<E>(FloatFormat<E>::mantissa_bits - bits);
+  const E sum = x + E(1.5) * power_of_two<E>(FloatFormat<E>::mantissa_bits - bits);
   return table[bits_of(sum) & (rows - 1)];
 }
 
@@ -96,7 +87,7 @@ HeadTail<E> log2_head_tail(E x) {
 // What leaves the format; an overflow is reported, an underflow is not.
 template <class E>
 int32_t overflow_result(E sign, E* r) {
-  const E huge = opaque(two_to_the<E>(FloatFormat<E>::bias));
+  const E huge = opaque(power_of_two<E>(FloatFormat<E>::bias));
   *r = sign * huge * huge;
   return zymErrorOverflow;
 }
@@ -113,7 +104,7 @@ int32_t exp2_result(HeadTail<E> t, E sign, E* r) {
   using F = PowerFormat<E>;
   using Format = FloatFormat<E>;
   constexpr int bits = Format::mantissa_bits;
-  const E shifter = E(1.5) * two_to_the<E>(bits - 7);  // 98304 in 32 bits
+  const E shifter = E(1.5) * power_of_two<E>(bits - 7);  // 98304 in 32 bits
   const E sum = t.head + shifter;
   const E f = (t.head - (sum - shifter)) + t.tail;
   const auto n = static_cast<int>(static_cast<int64_t>(bits_of(sum)) - static_cast<int64_t>(bits_of(shifter)));
@@ -133,7 +124,7 @@ int32_t exp2_result(HeadTail<E> t, E sign, E* r) {
   // Computed 2^64 too high. The step back rounds once: of a sum of a head with so few bits that it loses none, and a
   // tail. Where not even those fit there are so few bits left that a second rounding is seen by none of them.
   constexpr E down = E(1) / E(18446744073709551616.0);
-  const E scale = two_to_the<E>(k + 64);
+  const E scale = power_of_two<E>(k + 64);
   const E head = row[0] * scale;
   const HeadTail<E> s = fast_two_sum(head, head * rest);
   if (e >= F::split_down_to) {

@@ -152,5 +152,31 @@ TYPED_TEST(ComplexSteps, QuotientsAcrossTheRangeOfTheLanes) {
   }
 }
 
+TYPED_TEST(ComplexSteps, QuotientsOfNumbersFarFromOneAreThoseOfNumbersNearIt) {
+  using E = typename TestFixture::E;
+  const auto scaled = [](TypeParam z, int e) { return TypeParam{std::ldexp(z.re, e), std::ldexp(z.im, e)}; };
+  const int range = this->single ? 120 : 1000;
+  const std::vector<int> exponents = this->single ? std::vector{-120, -31, 0, 31, 120}
+                                                  : std::vector{-1005, -700, -301, -299, 0, 299, 301, 700, 1005};
+  int compared = 0;
+  for (int i = 0; i < 40; ++i) {
+    const TypeParam x = {E(1 + 0.03125 * i), i % 8 == 0 ? E(0) : static_cast<E>(std::sin(1.0 * i))};
+    const TypeParam y = {static_cast<E>(std::cos(2.0 * i)), i % 8 == 4 ? E(0) : E(-1.25)};
+    const TypeParam near = evaluate<TypeParam>(this->row("Div"), 1, x, y).r1;
+    for (int of_x : exponents) {
+      for (int of_y : exponents) {
+        const TypeParam u = scaled(x, of_x), v = scaled(y, of_y);
+        this->expect_within_bound("Div", {u.re, u.im, v.re, v.im});
+        if (std::abs(of_x - of_y) > range) continue;
+        const TypeParam far = evaluate<TypeParam>(this->row("Div"), 1, u, v).r1, want = scaled(near, of_x - of_y);
+        if (std::fmin(std::fabs(want.re), std::fabs(want.im)) < std::numeric_limits<E>::min()) continue;
+        EXPECT_TRUE(far.re == want.re && far.im == want.im) << show(u) << show(v) << show(far) << show(want);
+        ++compared;
+      }
+    }
+  }
+  EXPECT_GT(compared, 300);
+}
+
 }  // namespace
 }  // namespace orvik::test

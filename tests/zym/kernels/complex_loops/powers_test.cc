@@ -189,9 +189,10 @@ TYPED_TEST(ComplexPowers, LargeExponentsOfNumbersNearTheUnitCircle) {
 
 TYPED_TEST(ComplexPowers, StepsAcrossTheChangeOfMethodDoNotJump) {
   using E = typename TestFixture::E;
-  // |y| |log x| through 2^14 and 2^18.
+  // |y| |log x| through 2^14, 2^18 and 2^36.
   const TypeParam x = {E(0.8), E(0.6)};
-  for (double bound : {0x1p14, 0x1p18}) {
+  for (double bound : {0x1p14, 0x1p18, 0x1p36}) {
+    if (this->format.single && bound > 0x1p24) continue;  // the modulus of these floats is not 1: they leave the range
     E t = static_cast<E>(bound / 0.6435011087932844);
     for (int i = 0; i < 20; ++i) t = std::nextafter(t, E(0));
     for (int i = 0; i < 40; ++i, t = std::nextafter(t, this->inf)) {
@@ -199,6 +200,45 @@ TYPED_TEST(ComplexPowers, StepsAcrossTheChangeOfMethodDoNotJump) {
       EXPECT_LT(this->power_error(x, y, this->value("Pow", x, y)), 1) << t;
     }
   }
+}
+
+TYPED_TEST(ComplexPowers, BeyondTheRangeBothPartsHaveTheirSigns) {
+  using E = typename TestFixture::E;
+  std::vector<TypeParam> x, y;
+  for (int i = 0; i < 60; ++i) {
+    for (double size : {1.1, 3.0, 40.0, 1e3, 1e5, 1e7, 1e9, 1e12}) {
+      for (int sign : {1, -1}) {
+        x.push_back({static_cast<E>(2.3 * std::cos(0.1 * i)), static_cast<E>(2.3 * std::sin(0.1 * i))});
+        y.push_back({static_cast<E>(sign * size * 130), static_cast<E>(0.7 * i * size)});
+      }
+    }
+  }
+  const auto r = this->values("Pow", x, y);
+  mpc_t base, log, product;
+  mpfr_t sine, cosine;
+  for (mpc_ptr z : {base, log, product}) mpc_init2(z, 400);
+  mpfr_inits2(400, sine, cosine, nullptr);
+  int infinities = 0, zeros = 0;
+  for (size_t i = 0; i < x.size(); ++i) {
+    mpc_set_d_d(base, static_cast<double>(x[i].re), static_cast<double>(x[i].im), MPC_RNDNN);
+    mpc_log(log, base, MPC_RNDNN);
+    mpc_set_d_d(product, static_cast<double>(y[i].re), static_cast<double>(y[i].im), MPC_RNDNN);
+    mpc_mul(product, product, log, MPC_RNDNN);
+    mpfr_sin_cos(sine, cosine, mpc_imagref(product), MPFR_RNDN);
+    const bool large = mpfr_sgn(mpc_realref(product)) > 0;
+    const auto expect_sign = [&](E part, mpfr_srcptr of_angle) {
+      if ((!std::isinf(part) && part != 0) || mpfr_zero_p(of_angle) != 0) return;
+      ++(part == 0 ? zeros : infinities);
+      EXPECT_EQ(std::isinf(part), large) << show(x[i]) << show(y[i]) << show(r[i]);
+      EXPECT_EQ(std::signbit(part), mpfr_sgn(of_angle) < 0) << show(x[i]) << show(y[i]) << show(r[i]);
+    };
+    expect_sign(r[i].re, cosine);
+    expect_sign(r[i].im, sine);
+  }
+  for (mpc_ptr z : {base, log, product}) mpc_clear(z);
+  mpfr_clears(sine, cosine, nullptr);
+  EXPECT_GT(infinities, 300);
+  EXPECT_GT(zeros, 300);
 }
 
 TYPED_TEST(ComplexPowers, SquaresAndInversesOfManyNumbers) {

@@ -1,5 +1,6 @@
 #include "zym/frame/report.h"
 
+#include <cerrno>
 #include <cstring>
 
 #include "zym/frame/handler.h"
@@ -9,6 +10,7 @@ namespace orvik::zym {
 namespace {
 
 constexpr int32_t kNameLimit = 47;
+constexpr uint32_t kHandled = 0x2F00;
 
 template <class E>
 struct Operand {
@@ -74,7 +76,6 @@ void report(int32_t code, int32_t index, Operand<const E> a, Operand<const E> b,
       thread_block.errorCallback(&context) != 0) {
     return;
   }
-  constexpr uint32_t kHandled = 0x2F00;
   if ((mode & kHandled) != 0) handle_report(context);
   if (has_values) {
     narrow(context.result2, context.result2Imag, element(r2, index));
@@ -83,6 +84,26 @@ void report(int32_t code, int32_t index, Operand<const E> a, Operand<const E> b,
 }
 
 }  // namespace
+
+bool reports_unheard() {
+  const uint32_t mode = current_mode();
+  if ((mode & kErrorField) == ZYM_ERRMODE_IGNORE) return true;
+  const bool calls = (mode & ZYM_ERRMODE_CALLBACK) != 0 && thread_block.errorCallback != nullptr;
+  const bool traps = (mode & ZYM_ERRMODE_EXCEPT) != 0 && (mode & kTrapField) != 0;
+  return !calls && !traps && (mode & ZYM_ERRMODE_STDERR) == 0;
+}
+
+void report_unheard(int32_t code, int& error_number) {
+  const uint32_t mode = current_mode(), handling = mode & kErrorField;
+  if (handling == ZYM_ERRMODE_NOERR) return;
+  thread_block.errorStatus = code;
+  if (handling == ZYM_ERRMODE_IGNORE || (mode & kHandled) == 0) return;
+  ZymErrorContext context = {};
+  context.code = code;
+  errno = error_number;
+  handle_report(context);
+  error_number = errno;
+}
 
 #define ORVIK_REPORTERS(Name, E)                                                                             \
   void Name(int32_t code, int32_t index, const E* a, const E* b, E* r1, E* r2, const char* name) {           \

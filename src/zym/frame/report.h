@@ -8,6 +8,12 @@
 
 namespace orvik::zym {
 
+// Whether a report of the calling thread reaches no more than its status, errno and a sticky flag: no callback, no text, no
+// trap. Of several such reports with one code the last does what all do.
+bool reports_unheard();
+// Such a report, errno kept aside.
+void report_unheard(int32_t code, int& error_number);
+
 // Unit stride: code, index, a, b, r1, r2, name. A kernel with one input passes a twice, with one output r1 twice.
 void zymReportFloat(int32_t code, int32_t index, const float* a, const float* b, float* r1, float* r2,
                     const char* name);

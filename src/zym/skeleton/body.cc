@@ -88,8 +88,14 @@ void redo(const Call& call, int64_t i, const void* a, const void* b, void* r1, v
 }  // namespace
 
 void report_element(const Call& call, int32_t code, int64_t index, void* r1, void* r2) {
+  if (code == call.unheard) return;
   if (call.body.name == nullptr || (current_mode() & kErrorField) == ZYM_ERRMODE_NOERR)
     return;  // may change on the way
+  if (reports_unheard()) {
+    report_unheard(code, call.error_number);
+    call.unheard = code;
+    return;
+  }
   const Body& body = call.body;
   if (call.piece != nullptr) {
     const char* const rows[2] = {call.operands.out[0], call.operands.out[1]};

@@ -68,6 +68,7 @@ struct Call {
   uint32_t* kept;  // stray flags that element routines have raised; null where there are none
   Piece* piece;    // null: the operands are the caller's
   mutable int error_number = 0;  // errno as the caller and reports have it; library functions in routines set it too
+  mutable int32_t unheard = 0;   // the last code that was reported so
 
   const void* input(int j, int64_t i) const { return operands.in[j] + i * operands.in_step[j]; }
   void* output(int j, int64_t i) const { return operands.out[j] + i * operands.out_step[j]; }

@@ -11,8 +11,9 @@
 //                                 arguments of the sine): Masked, its mask those that even it does not serve;
 //   element(px..., pr..., params...)  the routine for one element that is left: pointers to inputs and results, where the
 //                                 lanes' result stands already with lanes_stand; the code of the report, 0 for none;
-//   repair(x..., r, mask, params...)  with reports off: the commonest special results blended into r; returns the mask
-//                                 that is left.
+//   repair(x, r, mask)            where nobody hears single reports: the commonest special results blended into r; returns
+//                                 the mask that is left. Of the finite arguments that it serves those with infinite
+//                                 results have one code, those with NaNs have one, and all others.
 // and `knobs`, where one of the defaults of Knobs does not suit:
 //   static constexpr Knobs knobs = {.vectors = 2};
 // A family without lanes is a loop over its element routine.

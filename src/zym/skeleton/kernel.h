@@ -6,10 +6,12 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
+#include <limits>
 #include <type_traits>
 #include <utility>
 
 #include "serv/caches.h"
+#include "zym/frame/report.h"
 #include "zym/frame/thread_state.h"
 #include "zym/skeleton/body.h"
 #include "zym/skeleton/control.h"
@@ -325,7 +327,7 @@ struct Kernel {
   // --- special elements (see Body) ----------------------------------------------------------------------------------
 
   // The second vector tier over the vectors that hold special lanes: what it serves is blended into the results.
-  // The same for the cheap repair with reports off. Both return the bits that are left.
+  // The same for the cheap repair. Both return the bits that are left.
   template <class Serve>
   static uint32_t over_special_vectors(const A* a, const B* b, R* r1, R* r2, int count, uint32_t bits, Serve serve) {
     uint32_t left = 0;
@@ -342,7 +344,7 @@ struct Kernel {
       } else {
         r = load_first_lanes(static_cast<const R*>(r1 + i), k);
       }
-      left |= (serve(x, mask_of_bits<V>(here), r) & here) << i;
+      left |= (serve(i, x, mask_of_bits<V>(here), r) & here) << i;
       if (k == kWidth<V>) {
         store_results(r1, r2, i, r);
       } else {
@@ -355,7 +357,7 @@ struct Kernel {
   // Hot: an array of large arguments spends its time here. (What only cold functions call is compiled for size.)
   [[gnu::noinline, gnu::hot]] static uint32_t run_wide(const A* a, const B* b, R* r1, R* r2, int count, uint32_t bits,
                                                        const Params& params) {
-    return over_special_vectors(a, b, r1, r2, count, bits, [&](Inputs x, Mask<V> mask, Result& r) {
+    return over_special_vectors(a, b, r1, r2, count, bits, [&](int, Inputs x, Mask<V> mask, Result& r) {
       const bool all = lane_bits(mask) == kAllLanes;
       if (!all) fill(complement(mask), x);
       const auto w = apply(
@@ -373,11 +375,22 @@ struct Kernel {
       return lane_bits(Mask<V>(w.special));
     });
   }
-  static uint32_t run_repair(const A* a, const B* b, R* r1, R* r2, int count, uint32_t bits, const Params& params) {
-    return over_special_vectors(a, b, r1, r2, count, bits, [&](const Inputs& x, Mask<V> mask, Result& r) {
-      Result& result = r;
-      return lane_bits(Mask<V>(apply([&](const auto&... y) { return Fn::repair(y..., result, mask); }, x, params)));
+  // With reports that count, the last element of each code is left too, in whose place the routine reports.
+  [[gnu::noinline, gnu::hot]] static uint32_t run_repair(const A* a, const B* b, R* r1, R* r2, int count, uint32_t bits,
+                                                         bool reports) {
+    const V largest = V(std::numeric_limits<E>::max());
+    uint32_t infinite = 0, no_number = 0, others = 0;
+    const uint32_t left = over_special_vectors(a, b, r1, r2, count, bits, [&](int i, const Inputs& x, Mask<V> mask, V& r) {
+      const Mask<V> rest = Fn::repair(x.a, r, mask);
+      if (reports) {
+        const uint32_t of_finite = lane_bits(andnot(rest, (magnitude(x.a) <= largest) & mask));
+        const uint32_t large = lane_bits(magnitude(r) > largest), nan = lane_bits(unordered(r, r));
+        infinite |= (of_finite & large) << i, no_number |= (of_finite & nan) << i;
+        others |= (of_finite & ~(large | nan)) << i;
+      }
+      return lane_bits(rest);
     });
+    return left | std::bit_floor(infinite) | std::bit_floor(no_number) | std::bit_floor(others);
   }
 
   static int32_t run_element(const A* a, const B* b, R* r1, R* r2, const Params& params) {
@@ -406,7 +419,9 @@ struct Kernel {
       if constexpr (kKnobs.stray != 0) clear_stray(kKnobs.stray & ~*call.kept);
     }
     if constexpr (Traits::has_repair) {
-      if ((call.mode & kErrorField) == ZYM_ERRMODE_NOERR) bits = run_repair(a, b, r1, r2, count, bits, params);
+      static_assert(!kBinary && !kTwoResults && std::is_same_v<Params, NoParams>);
+      const bool reports = (call.mode & kErrorField) != ZYM_ERRMODE_NOERR;
+      if (!reports || reports_unheard()) bits = run_repair(a, b, r1, r2, count, bits, reports);
     }
     // One loop over the bits of the whole block: its end is the only branch that a lone special element makes hard to
     // foresee.

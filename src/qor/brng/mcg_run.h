@@ -66,10 +66,8 @@ void run_lanes(uint64_t* members, McgPowers powers, int32_t n, const Sink& sink)
   if (rest > 0) {
     sink.some(i, w[0], rest);
     Modulus::multiply(lane, &next, after);
-    uint64_t member[2 * kLongs];  // the lanes stay consecutive members
-    store(member, Modulus::leave(lane));
-    store(member + kLongs, Modulus::leave(Modulus::lanes(after[0])));
-    store_four(members, load_fours(member + rest));
+    // The lanes stay consecutive members.
+    store_four(members, longs_from(Modulus::leave(lane), Modulus::leave(Modulus::lanes(after[0])), rest));
   } else {
     store_four(members, Modulus::leave(lane));
   }

@@ -110,7 +110,7 @@ struct CounterGenerator {
     // A low half that cannot wrap within a request needs no carry.
     const bool carries = state.counter[1] == 0xFFFFFFFF;
     const auto low = static_cast<uint64_t>(counter), high = static_cast<uint64_t>(counter >> 64);
-    if (WideRuns* const wide = n - i >= kWideRunWords && !carries ? B::wide_runs() : nullptr; wide != nullptr) {
+    if (WideRuns* const wide = n - i >= B::Runs::kWideWords && !carries ? B::wide_runs() : nullptr; wide != nullptr) {
       wide(Sink::kForm, state.key, low, high, i, n, sink.target(), state.block);
       finish(state, counter, n - i);
       return;
@@ -120,6 +120,10 @@ struct CounterGenerator {
       const ptrdiff_t before = i;
       i = deliver_runs<Long>(Keys(state.key), low, high, i, n, sink);
       counter += static_cast<uint64_t>(i - before) / 4;
+    }
+    if (!B::Runs::kAhead && i == n) {
+      finish(state, counter, 0);
+      return;
     }
     const Keys keys(state.key);  // again: those of a short request stay in registers
     Vector w[B::kFew];

@@ -115,17 +115,12 @@ struct CounterGenerator {
       finish(state, counter, n - i);
       return;
     }
-    using Long = typename B::Runs::Long;
-    if (!carries && n - i >= kWords * Long::kVectors) {
-      const ptrdiff_t before = i;
-      i = deliver_runs<Long>(Keys(state.key), low, high, i, n, sink);
-      counter += static_cast<uint64_t>(i - before) / 4;
-    }
-    if (!B::Runs::kAhead && i == n) {
-      finish(state, counter, 0);
+    if (!carries && n - i > kWords * B::Runs::Short::kVectors) {
+      deliver_all<typename B::Runs>(state.key, low, high, i, n, sink, state.block);
+      finish(state, counter, n - i);
       return;
     }
-    const Keys keys(state.key);  // again: those of a short request stay in registers
+    const Keys keys(state.key);
     Vector w[B::kFew];
     for (; i + 8 * B::kFew <= n; i += 8 * B::kFew, counter += 2 * B::kFew) {
       B::make(counter, keys, w);

@@ -157,7 +157,7 @@ struct MrgBlocks {
   // The shortest block: as many words a lane as a register holds.
   static constexpr int kShortest = kWords == 8 ? 3 : 4;
   // From so many words on a part of it is quicker than they are one by one, or by shorter registers.
-  static constexpr int kLeast = kWords == 8 ? 30 : 160;
+  static constexpr int kLeast = kWords == 8 ? 24 : 160;
 
   // Apart from the loops, whose registers it would take.
   template <class Sink>

@@ -37,7 +37,7 @@ def short_calls():
         generator, _, call = what.partition(", a call for ")
         if call:
             calls.setdefault((generator, call.split()[-1]), []).append(ours)
-    return table.markdown([["ns a call", "n = 1", "n = 4", "n = 16", "n = 100"],
+    return table.markdown([["ns a call", "n = 1", "n = 3", "n = 4", "n = 16", "n = 31", "n = 100", "n = 255"],
                            *([f"{generator}, {form}", *times] for (generator, form), times in calls.items())])
 
 

@@ -35,15 +35,15 @@ inline I32 first_lanes(int count) {
 inline I64 first_long_lanes(int count) {
   return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(kLaneMasks64 + 4 - count));
 }
-// The first lanes only: the rest of memory is not touched. One instruction each, with no branch on the count.
+// The first lanes only, at most all: the rest of memory is not touched.
 inline I32 load_some(const uint32_t* p, int count) {
   return _mm256_maskload_epi32(reinterpret_cast<const int*>(p), first_lanes(count).v);
 }
+inline void store_some(float* p, F32 x, int count) { count < 8 ? store_first(p, count, x) : store(p, x); }
+inline void store_some(double* p, F64 x, int count) { count < 4 ? store_first(p, count, x) : store(p, x); }
 inline void store_some(uint32_t* p, I32 w, int count) {
-  _mm256_maskstore_epi32(reinterpret_cast<int*>(p), first_lanes(count).v, w.v);
+  store_some(reinterpret_cast<float*>(p), F32(_mm256_castsi256_ps(w.v)), count);
 }
-inline void store_some(float* p, F32 x, int count) { _mm256_maskstore_ps(p, first_lanes(count).v, x.v); }
-inline void store_some(double* p, F64 x, int count) { _mm256_maskstore_pd(p, first_long_lanes(count).v, x.v); }
 inline void store_low_half(float* p, F32 x) { _mm_storeu_ps(p, _mm256_castps256_ps128(x.v)); }
 
 // Blocks of 128 bits: two a register.
@@ -144,6 +144,12 @@ inline I32 pack_low_words(I64 a, I64 b) { return cross_middle(low_words_by_halve
 // The first four lanes of `first`, and the others, of which there are none.
 inline I64 four_and_others(I64 first, I64) { return first; }
 inline F64 four_and_others(F64 first, F64) { return first; }
+// Words `first`, `first` + 1 ... of a followed by b.
+inline I64 longs_from(I64 a, I64 b, int first) {
+  const __m256i turned = _mm256_blendv_epi8(a.v, b.v, first_long_lanes(first).v);
+  const __m256i places = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
+  return _mm256_permutevar8x32_epi32(turned, _mm256_add_epi32(places, _mm256_set1_epi32(2 * first)));
+}
 inline I32 low_halves(I32 a, I32 b) { return _mm256_permute2x128_si256(a.v, b.v, 0x20); }
 inline I32 high_halves(I32 a, I32 b) { return _mm256_permute2x128_si256(a.v, b.v, 0x31); }
 inline I32 widen_to_words(I32Half a) { return _mm256_castsi128_si256(a.v); }  // the high half is unset

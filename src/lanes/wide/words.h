@@ -114,6 +114,11 @@ template <int S>
 inline I32 words_from(I32 a, I32 b) {
   return _mm512_alignr_epi32(b.v, a.v, S);
 }
+// Words `first`, `first` + 1 ... of a followed by b.
+inline I64 longs_from(I64 a, I64 b, int first) {
+  const __m512i places = _mm512_setr_epi64(0, 1, 2, 3, 4, 5, 6, 7);
+  return _mm512_permutex2var_epi64(a.v, _mm512_add_epi64(places, _mm512_set1_epi64(first)), b.v);
+}
 // The low words of a and b in each quarter of the register: a0 a1 b0 b1, a2 a3 b2 b3 ...
 inline I32 low_words_by_halves(I64 a, I64 b) {
   return _mm512_castps_si512(_mm512_shuffle_ps(_mm512_castsi512_ps(a.v), _mm512_castsi512_ps(b.v), 0x88));

@@ -27,11 +27,12 @@ inline Blocks ars5_blocks(Blocks counter, const Ars5Keys& keys) {
   return aes_last_round(x, keys.k[5]);
 }
 
-// Eight registers at a time (counter_runs.h).
+// So many registers at a time (counter_runs.h).
+template <int kRegisters>
 struct Ars5Run {
   using Keys = Ars5Keys;
   using Vector = std::conditional_t<sizeof(Blocks) == sizeof(I32), I32, Halves>;
-  static constexpr int kRegisters = 8, kVectors = kRegisters * kBlocks * 4 / kWords;
+  static constexpr int kVectors = kRegisters * kBlocks * 4 / kWords;
   Ars5Run(const Keys& keys, uint64_t low, uint64_t high) : keys(keys) {
     for (int k = 0; k < kRegisters; ++k)
       c[k] = add_long(in_blocks(low + static_cast<uint64_t>(kBlocks * k), high), block_numbers());
@@ -58,8 +59,9 @@ struct Ars5Run {
 struct Ars5Runs {
   using Keys = Ars5Keys;
   static constexpr bool kAhead = true;
-  using Long = Ars5Run;
-  using Short = Ars5Run;
+  static constexpr ptrdiff_t kWideWords = 48;
+  using Long = Ars5Run<8>;
+  using Short = Ars5Run<4>;
 };
 
 }  // namespace orvik::qor

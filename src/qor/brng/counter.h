@@ -110,18 +110,17 @@ struct CounterGenerator {
     // A low half that cannot wrap within a request needs no carry.
     const bool carries = state.counter[1] == 0xFFFFFFFF;
     const auto low = static_cast<uint64_t>(counter), high = static_cast<uint64_t>(counter >> 64);
-    if (WideRuns* const wide = n - i >= kWideRunWords && !carries ? B::wide_runs() : nullptr; wide != nullptr) {
+    if (WideRuns* const wide = n - i >= B::Runs::kWideWords && !carries ? B::wide_runs() : nullptr; wide != nullptr) {
       wide(Sink::kForm, state.key, low, high, i, n, sink.target(), state.block);
       finish(state, counter, n - i);
       return;
     }
-    using Long = typename B::Runs::Long;
-    if (!carries && n - i >= kWords * Long::kVectors) {
-      const ptrdiff_t before = i;
-      i = deliver_runs<Long>(Keys(state.key), low, high, i, n, sink);
-      counter += static_cast<uint64_t>(i - before) / 4;
+    if (!carries && n - i > kWords * B::Runs::Short::kVectors) {
+      deliver_all<typename B::Runs>(state.key, low, high, i, n, sink, state.block);
+      finish(state, counter, n - i);
+      return;
     }
-    const Keys keys(state.key);  // again: those of a short request stay in registers
+    const Keys keys(state.key);
     Vector w[B::kFew];
     for (; i + 8 * B::kFew <= n; i += 8 * B::kFew, counter += 2 * B::kFew) {
       B::make(counter, keys, w);

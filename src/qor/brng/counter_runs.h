@@ -3,6 +3,7 @@
 //   Keys(key)             what it makes of the key once per request
 //   Long, Short           runs of many registers for long requests, of few for what is left of one
 //   kAhead                whether a block is always made ahead
+//   kWideWords            from so many words on registers of 512 bits pay
 // and a run
 //   kVectors              registers of words that it makes at a time
 //   Run(keys, low, high)  begins at this counter
@@ -65,7 +66,8 @@ void deliver_all(const uint32_t* key, uint64_t low, uint64_t high, ptrdiff_t i, 
   const int rest = static_cast<int>(n - next);
   const bool keep = Runs::kAhead || rest % 4 != 0;
   if (rest == 0 && !keep) return;
-  if (rest > kWords * Short::kVectors)
+  const int made = rest + (Runs::kAhead ? 1 : 0);  // at least, with the block ahead
+  if (made > kWords * Short::kVectors)
     deliver_part<Long>(keys, low, high, next, rest, sink, keep, block);
   else
     deliver_part<Short>(keys, low, high, next, rest, sink, keep, block);
@@ -75,7 +77,5 @@ void deliver_all(const uint32_t* key, uint64_t low, uint64_t high, ptrdiff_t i, 
 using WideRuns = void(Form form, const uint32_t* key, uint64_t low, uint64_t high, ptrdiff_t i, ptrdiff_t n,
                       const Target& target, uint32_t* block);
 extern "C" WideRuns orvik_qor_wide_philox, orvik_qor_wide_ars5;
-// From so many words on they pay.
-inline constexpr ptrdiff_t kWideRunWords = 24;
 
 }  // namespace orvik::qor

@@ -48,15 +48,11 @@ inline uint32_t gray(uint32_t index) { return index ^ index >> 1; }
 
 // ---- delivery ------------------------------------------------------------------------------------------------------
 
-// Doubles are as many stores as points in registers that the processor takes in halves.
-template <class Sink>
-inline constexpr bool kOfDoubles = Sink::kForm == Form::doubles || Sink::kForm == Form::quick_doubles;
-
-// By registers of either width: points with nothing between them, and points `width` elements apart.
+// By registers of either width: points with nothing between them, and points `width` elements apart. Stores bound both:
+// registers that the processor takes in halves gain nothing.
 template <class Sink>
 void put_dense(const Neighbours& s, uint32_t index, int32_t points, const Sink& sink, ptrdiff_t i) {
-  WideDense* const wide =
-      kOfDoubles<Sink> ? ORVIK_QOR_WHOLE(orvik_qor_wide_dense_points) : ORVIK_QOR_WIDE(orvik_qor_wide_dense_points);
+  WideDense* const wide = ORVIK_QOR_WHOLE(orvik_qor_wide_dense_points);
   if (wide != nullptr && int64_t{points} * s.dims >= kWidePointWords)
     wide(Sink::kForm, s, index, points, sink.target(), i);
   else
@@ -64,8 +60,7 @@ void put_dense(const Neighbours& s, uint32_t index, int32_t points, const Sink& 
 }
 template <class Sink>
 void put_plain(const Neighbours& s, uint32_t index, int32_t points, const Sink& sink, ptrdiff_t i, ptrdiff_t width) {
-  WidePlain* const wide =
-      kOfDoubles<Sink> ? ORVIK_QOR_WHOLE(orvik_qor_wide_plain_points) : ORVIK_QOR_WIDE(orvik_qor_wide_plain_points);
+  WidePlain* const wide = ORVIK_QOR_WHOLE(orvik_qor_wide_plain_points);
   if (wide != nullptr && int64_t{points} * s.dims >= kWidePointWords)
     wide(Sink::kForm, s, index, points, sink.target(), i, width);
   else

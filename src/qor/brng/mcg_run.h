@@ -54,22 +54,28 @@ void run_lanes(uint64_t* members, McgPowers powers, int32_t n, const Sink& sink)
       lane = Modulus::lanes(after[0]);
     }
   }
-  const Factor next = factor_of(1);
+  const Factor next[2] = {factor_of(1), factor_of(2)};
+  for (; i + 2 * kLongs <= n; i += 2 * kLongs) {
+    Vector behind[2];
+    Modulus::multiply(lane, next, behind);
+    const Vector pair[2] = {Modulus::unit(lane), behind[0]};
+    sink.group(i, pair);
+    lane = Modulus::lanes(behind[1]);
+  }
   w[0] = Modulus::unit(lane);
-  for (; i + kLongs <= n; i += kLongs) {
+  if (i + kLongs <= n) {
     sink.group(i, w);
-    Modulus::multiply(lane, &next, after);
+    Modulus::multiply(lane, next, after);
     lane = Modulus::lanes(after[0]);
     w[0] = Modulus::unit(lane);
+    i += kLongs;
   }
   const int rest = static_cast<int>(n - i);
   if (rest > 0) {
     sink.some(i, w[0], rest);
-    Modulus::multiply(lane, &next, after);
-    uint64_t member[2 * kLongs];  // the lanes stay consecutive members
-    store(member, Modulus::leave(lane));
-    store(member + kLongs, Modulus::leave(Modulus::lanes(after[0])));
-    store_four(members, load_fours(member + rest));
+    Modulus::multiply(lane, next, after);
+    // The lanes stay consecutive members.
+    store_four(members, longs_from(Modulus::leave(lane), Modulus::leave(Modulus::lanes(after[0])), rest));
   } else {
     store_four(members, Modulus::leave(lane));
   }

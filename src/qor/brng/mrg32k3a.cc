@@ -20,13 +20,6 @@ struct Mrg32k3a {
   using Float = MrgFloats;
   using Double = MrgDoubles;
 
-  static uint32_t step(State& s) {
-    const uint64_t x = (uint64_t{1403580} * s.x[1] + uint64_t{810728} * (kMrgModulus1 - s.x[0])) % kMrgModulus1;
-    const uint64_t y = (uint64_t{527612} * s.y[2] + uint64_t{1370589} * (kMrgModulus2 - s.y[0])) % kMrgModulus2;
-    s = {{s.x[1], s.x[2], static_cast<uint32_t>(x)}, {s.y[1], s.y[2], static_cast<uint32_t>(y)}};
-    return static_cast<uint32_t>(x > y ? x - y : x - y + kMrgModulus1);
-  }
-
   template <SinkOf<Vector> Sink>
   static int32_t fill(OrvikStream stream, int32_t n, const Sink& target) {
     State& kept = state_of<State>(stream);
@@ -39,7 +32,7 @@ struct Mrg32k3a {
     alignas(32) uint32_t few[16];
     while (i < n) {
       const int count = n - i < 8 ? static_cast<int>(n - i) : 8;
-      for (int k = 0; k < count; ++k) few[k] = step(state);
+      for (int k = 0; k < count; ++k) few[k] = mrg_step(state);
       if (count == 8)
         put_one(sink, i, load_words(few));
       else
@@ -69,9 +62,7 @@ struct Mrg32k3a {
   static int32_t leapfrog(OrvikStream, int32_t, int32_t) { return ORVIK_QOR_NO_LEAPFROG; }
 
   static int32_t skip(OrvikStream stream, uint64_t count) {
-    State& s = state_of<State>(stream);
-    __qoriVect3PowMod(s.x, kMrgFirst, kMrgModulus1, count);
-    return __qoriVect3PowMod(s.y, kMrgSecond, kMrgModulus2, count);
+    return skip_long(stream, 1, &count);
   }
 
   // The tables reach to 192 bits.

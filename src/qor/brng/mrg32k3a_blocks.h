@@ -96,6 +96,14 @@ struct MrgUnit {
 using MrgFloats = FloatSink<ToFloats<Unsigned, InDouble<FromLow<MrgUnit>>>>;
 using MrgDoubles = DoubleSink<ToDoubles<Unsigned, FromLow<MrgUnit>>>;
 
+// The next word.
+inline uint32_t mrg_step(Mrg32k3aState& s) {
+  const uint64_t x = (uint64_t{1403580} * s.x[1] + uint64_t{810728} * (kMrgModulus1 - s.x[0])) % kMrgModulus1;
+  const uint64_t y = (uint64_t{527612} * s.y[2] + uint64_t{1370589} * (kMrgModulus2 - s.y[0])) % kMrgModulus2;
+  s = {{s.x[1], s.x[2], static_cast<uint32_t>(x)}, {s.y[1], s.y[2], static_cast<uint32_t>(y)}};
+  return static_cast<uint32_t>(x > y ? x - y : x - y + kMrgModulus1);
+}
+
 struct MrgBlocks {
   // As many steps of all lanes as a register holds words: w[k] are those in a row from lane k.
   static void steps(MrgLanes (&x)[3], MrgLanes (&y)[3], I32 (&w)[kWords]) {
@@ -117,11 +125,17 @@ struct MrgBlocks {
     transpose(w);
   }
 
-  // The last place's members: the last lane of the second half.
-  static uint32_t last_member(const MrgLanes& lanes) {
+  // The members of the lane at a place.
+  static uint32_t member(const MrgLanes& lanes, int place) {
     uint64_t lane[kMrgLanes / 2];
-    store(lane, lanes.half[1]);
-    return static_cast<uint32_t>(lane[kMrgLanes / 2 - 1]);
+    store(lane, lanes.half[place / 2 % 2]);
+    return static_cast<uint32_t>(lane[place / 4 * 2 + place % 2]);
+  }
+  static void take(Mrg32k3aState& state, const MrgLanes (&x)[3], const MrgLanes (&y)[3], int place) {
+    for (int k = 0; k < 3; ++k) {
+      state.x[k] = member(x[k], place);
+      state.y[k] = member(y[k], place);
+    }
   }
 
   // kMrgLanes * 2^kLog words.
@@ -137,27 +151,47 @@ struct MrgBlocks {
       steps(x, y, w);
       unroll<kWords>([&](auto lane) __attribute__((always_inline)) { put_one(sink, i + kSteps * lane + t, w[lane]); });
     }
-    for (int k = 0; k < 3; ++k) {
-      state.x[k] = last_member(x[k]);
-      state.y[k] = last_member(y[k]);
-    }
+    take(state, x, y, kMrgLanes - 1);
   }
 
-  // Delivers whole blocks from index i on, the longer ones first; returns the next index.
+  // The shortest block: as many words a lane as a register holds.
+  static constexpr int kShortest = kWords == 8 ? 3 : 4;
+  // From so many words on a part of it is quicker than they are one by one, or by shorter registers.
+  static constexpr int kLeast = kWords == 8 ? 24 : 160;
+
+  // Apart from the loops, whose registers it would take.
+  template <class Sink>
+  [[gnu::noinline]] static void part(Mrg32k3aState& state, const Sink& sink, ptrdiff_t i, int count) {
+    MrgLanes x[3], y[3];
+    spread_out<Mod1>(Spreads<kShortest>::kFirst, state.x, x);
+    spread_out<Mod2>(Spreads<kShortest>::kSecond, state.y, y);
+    const int whole = count / kWords, rest = count % kWords;
+    take(state, x, y, whole);
+    for (int k = 0; k < rest; ++k) mrg_step(state);
+    I32 w[kWords];
+    steps(x, y, w);
+    unroll<kWords>([&](auto lane) __attribute__((always_inline)) {
+      if (lane < whole) put_one(sink, i + kWords * lane, w[lane]);
+      if (lane == whole && rest != 0) sink.some(i + kWords * lane, w[lane], rest);
+    });
+  }
+
+  // Delivers whole blocks from index i on, the longer ones first, and a part of one; returns the next index.
   template <class Sink>
   static ptrdiff_t deliver(Mrg32k3aState& state, ptrdiff_t i, ptrdiff_t n, const Sink& sink) {
-    constexpr int kShortest = kWords == 8 ? 3 : 4;
     for (; i + (kMrgLanes << 8) <= n; i += kMrgLanes << 8) block<8>(state, sink, i);
     for (; i + (kMrgLanes << 5) <= n; i += kMrgLanes << 5) block<5>(state, sink, i);
     for (; i + (kMrgLanes << kShortest) <= n; i += kMrgLanes << kShortest) block<kShortest>(state, sink, i);
-    return i;
+    if (n - i < kLeast) return i;
+    part(state, sink, i, static_cast<int>(n - i));
+    return n;
   }
 };
 
 // The same, compiled for registers of 512 bits.
 using WideMrg = ptrdiff_t(Form form, Mrg32k3aState& state, ptrdiff_t i, ptrdiff_t n, const Target& target);
 extern "C" WideMrg orvik_qor_wide_mrg32k3a;
-// The least of its blocks.
-inline constexpr ptrdiff_t kWideMrgWords = 256;
+// From so many words on it pays.
+inline constexpr ptrdiff_t kWideMrgWords = 160;
 
 }  // namespace orvik::qor

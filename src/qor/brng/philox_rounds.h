@@ -149,6 +149,7 @@ class PhiloxRun {
 struct PhiloxRuns {
   using Keys = PhiloxKeys;
   static constexpr bool kAhead = false;
+  static constexpr ptrdiff_t kWideWords = 40;
   // As many as hide the latency of a product.
   using Long = PhiloxRun<kWords == 16 ? 4 : 2>;
   using Short = PhiloxRun<kWords == 16 ? 2 : 1>;

@@ -48,7 +48,7 @@ struct Wh {
     const int member = member_of(stream);
     const uint32_t* const moduli = WhParams[member].modulus;
     const double* const reciprocals = kReciprocals.of[member];
-    if (n >= kWideWhElements) {
+    if (n >= (Sink::kForm == Form::raw ? kWideWhWords : kWideWhNumbers)) {
       if (WideWh* const wide = ORVIK_QOR_WIDE(orvik_qor_wide_wh); wide != nullptr) {
         wide(Sink::kForm, state, moduli, reciprocals, n, sink.target());
         return ORVIK_QOR_OK;

@@ -103,7 +103,7 @@ using WhWords = RawLongs<WhLoader>;
 using WideWh = void(Form form, WhState& state, const uint32_t* moduli, const double* reciprocals, int32_t n,
                     const Target& target);
 extern "C" WideWh orvik_qor_wide_wh;
-// From so many elements on they pay.
-inline constexpr int32_t kWideWhElements = 32;
+// From so many elements on they pay: of numbers, of residues as they are.
+inline constexpr int32_t kWideWhNumbers = 40, kWideWhWords = 96;
 
 }  // namespace orvik::qor

@@ -2,6 +2,7 @@
 // function.
 #include "qor/rng/gaussian.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "qor/rng/bracket.h"
@@ -54,57 +55,59 @@ int32_t box_muller(OrvikStream stream, int32_t n, T* r, T a, T sigma) {
   return uniforms.status();
 }
 
-// Both numbers of `pairs` pairs, at most kBlock / 2.
-template <class T>
-bool both_halves(Uniforms<T>& uniforms, int32_t pairs, T* r, T a, T sigma) {
-  T w[kBlock], u[kBlock / 2], s[kBlock / 2], c[kBlock / 2];
-  T* const rho = w;
-  if (!uniforms.draw(2 * pairs, w)) return false;
-  split_angles(pairs, w, u, s);
-  kernels::sin_cos(pairs, s, s, c);
-  radii(pairs, u, rho);
-  using V = VectorOf<T>;
-  for_each_vector<V>(pairs, [&](auto at) {
-    const V radius = at.load(rho), sine = at.load(s), cosine = at.load(c);
-    at.give_pairs(r + 2 * at.first, {fma(radius * sine, V(sigma), V(a)), fma(radius * cosine, V(sigma), V(a))});
-  });
-  return true;
-}
-
-// One number of a pair; wave: sine for the first, cosine for the second.
-template <class T, class Wave>
-T one_half(PendingPair<T> pair, Wave wave) {
-  pair.second *= Precision<T>::kTwoPi;
-  wave(1, &pair.second, &pair.second);
-  T rho;
-  radii(1, &pair.first, &rho);
-  return pair.second * rho;
-}
-
-// A pair of which a call takes one number stays with the stream as uniforms, so that numbers do not depend on how they
-// are asked for. A pending pair is taken before n is looked at. When the generator fails, the pending pair stays.
+// Both numbers of each pair, the sine's first. A pair of which a call takes one number stays with the stream as
+// uniforms, so that numbers do not depend on how they are asked for; that number has a wave of its own and shares the
+// radii of a block. A pending pair is taken before n is looked at. When the generator fails, what has been drawn is
+// delivered, and the pending pair stays.
 template <class T>
 int32_t box_muller_pairs(OrvikStream stream, int32_t n, T* r, T a, T sigma) {
+  constexpr int32_t kPairs = kBlock / 2, kRoom = kPairs + 2;  // one number before them, one behind
   Uniforms<T> uniforms(stream);
   int32_t status;
   PendingPair<T>* const pending = pending_pair<T>(stream, Precision<T>::kGaussianPair, &status);
   if (!pending) return status;
-  int32_t done = 0;
-  if (!(pending->first == -1)) r[done++] = std::fma(one_half(*pending, kernels::cos), sigma, a);
-  if (n < done) return uniforms.status();
-  const int32_t pairs = (n - done) / 2;
-  const bool drawn = for_each_block<kBlock / 2>(pairs, [&](int32_t first, int32_t count) {
-    return both_halves(uniforms, count, r + done + 2 * first, a, sigma);
-  });
-  if (!drawn) return uniforms.status();
   PendingPair<T> left = {-1, -1};
-  if ((n - done) % 2 > 0) {
-    T w[2];
-    if (!uniforms.draw(2, w)) return uniforms.status();
-    left = {w[0], w[1]};
-    r[n - 1] = std::fma(one_half(left, kernels::sin), sigma, a);
+  constexpr int32_t kStored = kRoom + 2 * kBehind<VectorOf<T>> - 2;  // by whole vectors
+  alignas(64) T w[2 * kStored], u[kStored], s[kStored], c[kPairs];
+  T* const rho = w;
+  int32_t done = 0, before = pending->first == -1 ? 0 : 1;
+  for (bool drawn = true; before > 0 || (drawn && done < n); before = 0) {
+    const int32_t wanted = std::max(n - done - before, 0);
+    int32_t pairs = std::min(wanted / 2, kPairs), behind = wanted == 2 * pairs + 1 ? 1 : 0;
+    T* const fresh = w + 2 * before;
+    if (before > 0) {
+      w[0] = pending->first;
+      w[1] = pending->second;
+    }
+    if (pairs > 0) drawn = uniforms.draw(2 * pairs, fresh);
+    if (!drawn) pairs = 0;
+    T* const last = fresh + 2 * pairs;
+    if (drawn && behind > 0) drawn = uniforms.draw(2, last);
+    if (!drawn) behind = 0;
+    if (behind > 0) left = {last[0], last[1]};
+    const int32_t all = before + pairs + behind;
+    if (all == 0) break;
+    split_angles(all, w, u, s);
+    if (before > 0) kernels::cos(1, s, s);
+    T* const sines = s + before;
+    if (pairs > 0) kernels::sin_cos(pairs, sines, sines, c);
+    if (behind > 0) kernels::sin(1, sines + pairs, sines + pairs);
+    radii(all, u, rho);
+    const auto one = [&](int32_t k) { return std::fma(rho[k] * s[k], sigma, a); };
+    if (before > 0) r[done] = one(0);
+    done += before;
+    using V = VectorOf<T>;
+    for_each_vector<V>(pairs, [&](auto at) {
+      const V radius = at.load(rho + before), sine = at.load(sines), cosine = at.load(c);
+      at.give_pairs(r + done + 2 * at.first,
+                    {fma(radius * sine, V(sigma), V(a)), fma(radius * cosine, V(sigma), V(a))});
+    });
+    done += 2 * pairs;
+    if (behind > 0) r[done] = one(all - 1);
+    done += behind;
+    if (!drawn) return uniforms.status();
   }
-  *pending = left;
+  if (done == std::max(n, 0)) *pending = left;
   return uniforms.status();
 }
 

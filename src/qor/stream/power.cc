@@ -7,19 +7,17 @@ using namespace orvik::qor;
 
 namespace {
 
-// Applies the 2^i-th powers that the set bits of n ask for; the powers come from a table.
+// Applies the 2^i-th powers that the set bits of n ask for, one after the other; the powers come from a table.
 template <uint32_t kModulus>
 int32_t apply_powers(uint32_t* v, int32_t words, const uint64_t* n, const uint32_t* powers) {
-  Matrix3 a = identity3();
-  bool moved = false;
-  for (int32_t i = 0; i < 64 * words && i < 192; ++i) {
-    if ((n[i / 64] >> i % 64 & 1) == 0) continue;
-    Matrix3 power;
-    memcpy(power.m, powers + 9 * i, sizeof power.m);
-    a = multiply(power, a, kModulus);
-    moved = true;
-  }
-  if (moved) apply(a, v, kModulus);
+  uint32_t moved[3] = {v[0], v[1], v[2]};
+  for (int32_t w = 0; w < words && w < 3; ++w)
+    for (uint64_t bits = n[w]; bits != 0; bits &= bits - 1) {
+      Matrix3 power;
+      memcpy(power.m, powers + 9 * (64 * w + __builtin_ctzll(bits)), sizeof power.m);
+      apply(power, moved, kModulus);
+    }
+  memcpy(v, moved, sizeof moved);
   return ORVIK_QOR_OK;
 }
 
@@ -41,17 +39,16 @@ int32_t __qoriVect3PowMod(uint32_t* v, const uint32_t* c, uint32_t m, uint64_t n
 }
 
 int32_t __qoriVect3PowArrayMod(uint32_t* v, const uint32_t* c, uint32_t m, int32_t words, const uint64_t* n) {
-  Matrix3 power = companion(c), a = identity3();
-  bool moved = false;
+  Matrix3 power = companion(c);
+  uint32_t moved[3] = {v[0], v[1], v[2]};
+  for (; words > 0 && n[words - 1] == 0;) --words;  // nothing is squared for zeros at the end
   for (int32_t w = 0; w < words; ++w)
     for (int bit = 0; bit < 64; ++bit) {
-      if (n[w] >> bit & 1) {
-        a = multiply(power, a, m);
-        moved = true;
-      }
+      if (n[w] >> bit & 1) apply(power, moved, m);
+      if (w == words - 1 && n[w] >> bit <= 1) break;
       power = multiply(power, power, m);
     }
-  if (moved) apply(a, v, m);
+  memcpy(v, moved, sizeof moved);
   return ORVIK_QOR_OK;
 }
 

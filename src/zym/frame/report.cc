@@ -40,6 +40,19 @@ E& element(Operand<E> operand, int32_t index) {
   return operand.base[static_cast<int64_t>(index) * operand.increment];
 }
 
+// Eight bytes at a time: a string instruction, which the compiler would take, has a long start.
+void clear(ZymErrorContext& context) {
+  constexpr size_t kWord = sizeof(uint64_t);
+  static_assert(sizeof context % kWord == 0);
+  auto* const bytes = reinterpret_cast<unsigned char*>(&context);
+  const uint64_t zero = 0;
+#pragma GCC unroll 32
+  for (size_t i = 0; i < sizeof context; i += kWord) {
+    std::memcpy(bytes + i, &zero, kWord);
+    asm("" : "+m"(context));
+  }
+}
+
 void copy_name(const char* name, ZymErrorContext& context) {
   const int32_t length = static_cast<int32_t>(strnlen(name, kNameLimit));
   std::memcpy(context.functionName, name, static_cast<size_t>(length));
@@ -56,7 +69,8 @@ void report(int32_t code, int32_t index, Operand<const E> a, Operand<const E> b,
   thread_block.errorStatus = code;
   if (handling == ZYM_ERRMODE_IGNORE) return;
 
-  ZymErrorContext context = {};
+  ZymErrorContext context;
+  clear(context);
   context.code = code;
   context.index = index;
   if (const void* start = thread_block.inputVectorPointer; start != nullptr) {

@@ -13,6 +13,7 @@ namespace {
 
 constexpr int64_t kFewReports = 16;                 // that most calls have room for
 constexpr int64_t kMostReports = int64_t{1} << 16;  // of a thread's own room, 5 MiB
+constexpr int64_t kManyReports = int64_t{1} << 14;  // of a call of more elements: its threads may need as many each
 
 // Zero to the power of -inf, for which kernels raise nothing. One argument may be overwritten by the result, +inf.
 bool infinite_power_of_zero(const orvik_report& report) {
@@ -83,9 +84,7 @@ bool overwrites(const Loop& loop, char* const* at, const int64_t* increments) {
 
 // The call in parts, none of which can have more exceptional elements than there is room for.
 orvik_status call_in_parts(const Loop& loop, int64_t n, char* const* at, const int64_t* increments,
-                           const void* parameters, uint32_t* flags) {
-  static thread_local Room room;
-  room.grow(n);
+                           const void* parameters, Room& room, uint32_t* flags) {
   const int64_t most = room.capacity();
   orvik_math_options options = {accuracy, 0, room.reports(), most, 0};
   char* part_at[kMostArrays];
@@ -105,18 +104,28 @@ orvik_status call_in_parts(const Loop& loop, int64_t n, char* const* at, const i
   return least;
 }
 
-// All flags of a call's reports: at once where the few first are all, else once more in parts.
+// All flags of a call's reports: in one part where there is room for all elements, or must be, since arguments go; else
+// at once where not too many are exceptional, and once more in parts where they are.
 orvik_status call_and_classify(const Loop& loop, int64_t n, char* const* at, const int64_t* increments,
                                const void* parameters, uint32_t* flags) {
-  if (n > kFewReports && loop.reports && overwrites(loop, at, increments)) {
-    return call_in_parts(loop, n, at, increments, parameters, flags);
+  if (n <= kFewReports || !loop.reports) {
+    orvik_report reports[kFewReports];
+    orvik_math_options options = {accuracy, 0, reports, kFewReports, 0};
+    const orvik_status status = loop.call(n, at, increments, parameters, &options);
+    if (status > 0) *flags = flags_of(loop, options);
+    return status;
   }
-  orvik_report reports[kFewReports];
-  orvik_math_options options = {accuracy, 0, reports, kFewReports, 0};
+  static thread_local Room room;
+  room.grow(n);
+  if (n <= room.capacity() || overwrites(loop, at, increments)) {
+    return call_in_parts(loop, n, at, increments, parameters, room, flags);
+  }
+  const int64_t many = room.capacity() < kManyReports ? room.capacity() : kManyReports;
+  orvik_math_options options = {accuracy, 0, room.reports(), many, 0};
   const orvik_status status = loop.call(n, at, increments, parameters, &options);
   if (status <= 0) [[likely]]
     return status;
-  if (options.report_count > kFewReports) return call_in_parts(loop, n, at, increments, parameters, flags);
+  if (options.report_count > many) return call_in_parts(loop, n, at, increments, parameters, room, flags);
   *flags = flags_of(loop, options);
   return status;
 }

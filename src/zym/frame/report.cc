@@ -54,7 +54,10 @@ void report(int32_t code, int32_t index, Operand<const E> a, Operand<const E> b,
   thread_block.errorStatus = code;
   if (handling == ZYM_ERRMODE_IGNORE) return;
 
-  ZymErrorContext context = {};
+  ZymErrorContext context;  // member by member: as a whole it would be cleared by the slow string instructions
+  std::memset(context.functionName, 0, sizeof context.functionName);
+  context.arg1 = context.arg2 = context.result1 = context.result2 = 0;
+  context.arg1Imag = context.arg2Imag = context.result1Imag = context.result2Imag = 0;
   context.code = code;
   context.index = index;
   if (const void* start = thread_block.inputVectorPointer; start != nullptr) {

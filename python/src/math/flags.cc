@@ -11,7 +11,8 @@
 namespace orvik::python {
 namespace {
 
-constexpr int64_t kFewReports = 16;                 // that most calls have room for
+constexpr int64_t kFewReports = 64;                 // that all calls have room for
+constexpr int64_t kShort = 1024;                    // elements that do without more at first
 constexpr int64_t kMostReports = int64_t{1} << 16;  // of a thread's own room, 5 MiB
 constexpr int64_t kManyReports = int64_t{1} << 14;  // of a call of more elements: its threads may need as many each
 
@@ -63,13 +64,14 @@ class Room {
     memory_ = static_cast<orvik_report*>(std::malloc(static_cast<size_t>(twice) * sizeof(orvik_report)));
     capacity_ = memory_ != nullptr ? twice : 0;
   }
-  int64_t capacity() const { return memory_ != nullptr ? capacity_ : kFewReports; }
+  int64_t capacity() const { return memory_ != nullptr ? capacity_ : kLeast; }
   orvik_report* reports() { return memory_ != nullptr ? memory_ : few_; }
 
  private:
   orvik_report* memory_ = nullptr;
   int64_t capacity_ = 0;
-  orvik_report few_[kFewReports];
+  static constexpr int64_t kLeast = 16;
+  orvik_report few_[kLeast];
 };
 
 // Whether a result takes the place of an argument, so that the call cannot be made a second time.
@@ -104,30 +106,38 @@ orvik_status call_in_parts(const Loop& loop, int64_t n, char* const* at, const i
   return least;
 }
 
+// A call with room for so many reports; how many there were, in the end.
+orvik_status call_once(const Loop& loop, int64_t n, char* const* at, const int64_t* increments, const void* parameters,
+                       orvik_report* reports, int64_t capacity, uint32_t* flags, int64_t* count) {
+  orvik_math_options options = {accuracy, 0, reports, capacity, 0};
+  const orvik_status status = loop.call(n, at, increments, parameters, &options);
+  *count = status > 0 ? options.report_count : 0;
+  if (*count > 0 && *count <= capacity) *flags = flags_of(loop, options);
+  return status;
+}
+
 // All flags of a call's reports: in one part where there is room for all elements, or must be, since arguments go; else
 // at once where not too many are exceptional, and once more in parts where they are.
 orvik_status call_and_classify(const Loop& loop, int64_t n, char* const* at, const int64_t* increments,
                                const void* parameters, uint32_t* flags) {
-  if (n <= kFewReports || !loop.reports) {
+  int64_t count;
+  const bool once = n > kFewReports && loop.reports && overwrites(loop, at, increments);
+  if (!loop.reports || (n <= kShort && !once)) {
     orvik_report reports[kFewReports];
-    orvik_math_options options = {accuracy, 0, reports, kFewReports, 0};
-    const orvik_status status = loop.call(n, at, increments, parameters, &options);
-    if (status > 0) *flags = flags_of(loop, options);
-    return status;
+    const orvik_status status =
+        call_once(loop, n, at, increments, parameters, reports, kFewReports, flags, &count);
+    if (count <= kFewReports) [[likely]]
+      return status;
   }
   static thread_local Room room;
   room.grow(n);
-  if (n <= room.capacity() || overwrites(loop, at, increments)) {
-    return call_in_parts(loop, n, at, increments, parameters, room, flags);
-  }
   const int64_t many = room.capacity() < kManyReports ? room.capacity() : kManyReports;
-  orvik_math_options options = {accuracy, 0, room.reports(), many, 0};
-  const orvik_status status = loop.call(n, at, increments, parameters, &options);
-  if (status <= 0) [[likely]]
-    return status;
-  if (options.report_count > many) return call_in_parts(loop, n, at, increments, parameters, room, flags);
-  *flags = flags_of(loop, options);
-  return status;
+  if (!once && n > kMostReports) {
+    const orvik_status status =
+        call_once(loop, n, at, increments, parameters, room.reports(), many, flags, &count);
+    if (count <= many) return status;
+  }
+  return call_in_parts(loop, n, at, increments, parameters, room, flags);
 }
 
 // Whether some part's magnitude is less than `limit`.

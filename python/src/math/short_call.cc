@@ -43,32 +43,26 @@ bool same_shape(PyArrayObject* a, PyArrayObject* b) {
          std::equal(PyArray_DIMS(a), PyArray_DIMS(a) + PyArray_NDIM(a), PyArray_DIMS(b));
 }
 
-struct Extent {
+// Where an array lies whose n elements one step leads through: one in C order, or a vector.
+struct Place {
   const char *first, *last;
-  bool meets(const Extent& other) const { return first < other.last && other.first < last; }
+  int64_t step;
+
+  bool finds(PyArrayObject* a, npy_intp n) {
+    step = PyArray_ITEMSIZE(a);
+    const bool plain = PyArray_ISCARRAY_RO(a);
+    if (!plain) {
+      if (PyArray_NDIM(a) != 1 || !PyArray_ISBEHAVED_RO(a)) return false;
+      step = PyArray_STRIDE(a, 0);
+    }
+    first = last = PyArray_BYTES(a);
+    const int64_t way = (n - 1) * step;
+    (way < 0 ? first : last) += way;
+    last += PyArray_ITEMSIZE(a);
+    return true;
+  }
+  bool meets(const Place& other) const { return first < other.last && other.first < last; }
 };
-Extent extent_of(PyArrayObject* a) {
-  const char* const at = PyArray_BYTES(a);
-  if (PyArray_ISCARRAY_RO(a) || PyArray_SIZE(a) == 0) return {at, at + PyArray_NBYTES(a)};
-  const npy_intp way = (PyArray_DIM(a, 0) - 1) * PyArray_STRIDE(a, 0);  // of a vector
-  return {at + (way < 0 ? way : 0), at + (way < 0 ? 0 : way) + PyArray_ITEMSIZE(a)};
-}
-bool apart(PyArrayObject* a, PyArrayObject* b) { return !extent_of(a).meets(extent_of(b)); }
-
-// Arrays whose elements one step leads through: those in C order, and vectors.
-bool is_stepped(PyArrayObject* a) {
-  return PyArray_ISCARRAY_RO(a) || (PyArray_NDIM(a) == 1 && PyArray_ISBEHAVED_RO(a));
-}
-int64_t step_of(PyArrayObject* a) {
-  return PyArray_ISCARRAY_RO(a) ? PyArray_ITEMSIZE(a) : PyArray_STRIDE(a, 0);
-}
-
-// A result may take the place of an argument as it is, or lie apart.
-bool may_write(PyArrayObject* result, PyArrayObject* argument) {
-  const bool same = PyArray_BYTES(result) == PyArray_BYTES(argument) && PyArray_TYPE(result) == PyArray_TYPE(argument) &&
-                    step_of(result) == step_of(argument);
-  return (kHandles && same) || apart(result, argument);
-}
 
 // A number among the arguments: of Python's, a scalar of NumPy's, or an array without dimensions.
 struct Number {
@@ -148,10 +142,12 @@ struct Call {
   Call(int in, int out) : inputs(in), results(out) {}
 
   PyArrayObject* arrays[kMostArrays] = {};  // null: a number
+  Place places[kMostArrays];
   alignas(16) char numbers[kMostArrays][2 * sizeof(double)];
   PyArrayObject* shape = nullptr;  // an array of the inputs; null where all are numbers
   PyArrayObject* mask = nullptr;   // null: all elements
   const Loop* loop = nullptr;
+  npy_intp n = 1;
   int inputs, results;
   int made = 0;  // results that are held
 
@@ -161,9 +157,13 @@ struct Call {
     for (int k = 0; k < inputs; ++k) {
       if (PyArray_CheckExact(arguments[k]) && PyArray_NDIM(reinterpret_cast<PyArrayObject*>(arguments[k])) > 0) {
         arrays[k] = reinterpret_cast<PyArrayObject*>(arguments[k]);
-        if (shape == nullptr) shape = arrays[k];
-        if (!is_stepped(arrays[k]) || !same_shape(shape, arrays[k])) return false;
-        if (PyArray_TYPE(arrays[k]) != PyArray_TYPE(shape)) return false;
+        if (shape == nullptr) {
+          shape = arrays[k];
+          n = PyArray_SIZE(shape);
+        } else if (PyArray_TYPE(arrays[k]) != PyArray_TYPE(shape) || !same_shape(shape, arrays[k])) {
+          return false;
+        }
+        if (!places[k].finds(arrays[k], n)) return false;
       } else if (scalars[k] = Number::of(arguments[k]); scalars[k].type == 0) {
         return false;
       } else if (type == 0 || scalars[k].type == 'D') {
@@ -192,6 +192,7 @@ struct Call {
   // Results of the caller's, or new ones where there are none.
   bool holds(PyObject* const* given) {
     for (int r = 0; r < results; ++r) {
+      const int at = inputs + r;
       if (given == nullptr) {
         const int dimensions = shape != nullptr ? PyArray_NDIM(shape) : 0;
         npy_intp* const lengths = shape != nullptr ? PyArray_DIMS(shape) : nullptr;
@@ -200,22 +201,27 @@ struct Call {
           PyErr_Clear();
           return false;
         }
-        arrays[inputs + made++] = reinterpret_cast<PyArrayObject*>(fresh);
+        arrays[at] = reinterpret_cast<PyArrayObject*>(fresh);
+        ++made;
+        places[at].finds(arrays[at], n);
         continue;
       }
       if (!PyArray_CheckExact(given[r]) || shape == nullptr) return false;
       auto* const result = reinterpret_cast<PyArrayObject*>(given[r]);
-      if (PyArray_TYPE(result) != types_[inputs + r] || !is_stepped(result) || !PyArray_ISWRITEABLE(result) ||
-          !same_shape(shape, result))
+      if (PyArray_TYPE(result) != types_[at] || !PyArray_ISWRITEABLE(result) || !same_shape(shape, result) ||
+          !places[at].finds(result, n) || (places[at].step == 0 && n > 1))
         return false;
-      if (step_of(result) == 0 && PyArray_SIZE(result) > 1) return false;
       for (int k = 0; k < inputs; ++k) {
-        if (arrays[k] != nullptr && !may_write(result, arrays[k])) return false;
+        if (arrays[k] != nullptr && !may_write(at, k)) return false;
       }
-      if (mask != nullptr && !apart(result, mask)) return false;
-      if (r > 0 && !apart(result, arrays[inputs])) return false;
+      if (mask != nullptr) {
+        Place chosen;
+        if (!chosen.finds(mask, n) || places[at].meets(chosen)) return false;
+      }
+      if (r > 0 && places[at].meets(places[inputs])) return false;
       Py_INCREF(result);
-      arrays[inputs + made++] = result;
+      arrays[at] = result;
+      ++made;
     }
     return true;
   }
@@ -224,7 +230,7 @@ struct Call {
     Arrays x;
     for (int k = 0; k < inputs + results; ++k) {
       x.at[k] = arrays[k] != nullptr ? PyArray_BYTES(arrays[k]) : numbers[k];
-      x.step[k] = arrays[k] != nullptr ? step_of(arrays[k]) : 0;
+      x.step[k] = arrays[k] != nullptr ? places[k].step : 0;
     }
     if (loop->swapped) {
       std::swap(x.at[1], x.at[2]);
@@ -257,6 +263,12 @@ struct Call {
   }
 
  private:
+  // A result may take the place of an argument as it is, or lie apart.
+  bool may_write(int result, int argument) const {
+    const Place &r = places[result], &a = places[argument];
+    return !r.meets(a) || (kHandles && r.first == a.first && r.last == a.last && r.step == a.step);
+  }
+
   static char type_of(const PyUFuncObject* u, int which) {
     switch (u->types[which * u->nargs]) {
       case NPY_FLOAT:
@@ -275,6 +287,10 @@ struct Call {
   const char* types_ = nullptr;
 };
 
+// A caller's names are interned, as a rule.
+PyObject *out_name = nullptr, *where_name = nullptr;
+bool is(PyObject* name, PyObject* own) { return name == own || PyUnicode_Compare(name, own) == 0; }
+
 // Results and mask that a call gives: null where there are none. False where they are given in any other way.
 bool reads(const Call& x, PyObject* const* arguments, Py_ssize_t count, PyObject* names, PyObject* const** given,
            PyObject** where) {
@@ -285,9 +301,9 @@ bool reads(const Call& x, PyObject* const* arguments, Py_ssize_t count, PyObject
   for (Py_ssize_t k = 0; k < named; ++k) {
     PyObject* const* const value = arguments + count + k;
     PyObject* const name = PyTuple_GET_ITEM(names, k);
-    if (PyUnicode_CompareWithASCIIString(name, "where") == 0) {
+    if (is(name, where_name)) {
       *where = *value;
-    } else if (PyUnicode_CompareWithASCIIString(name, "out") != 0 || *given != nullptr) {
+    } else if (!is(name, out_name) || *given != nullptr) {
       return false;
     } else if (PyTuple_CheckExact(*value)) {
       if (PyTuple_GET_SIZE(*value) != x.results) return false;
@@ -309,7 +325,7 @@ PyObject* short_call(PyUFuncObject* u, PyObject* const* arguments, Py_ssize_t co
   PyObject* where;
   if (!reads(x, arguments, count, names, &given, &where) || !x.takes(u, arguments)) return nullptr;
   if (where != nullptr && !x.chooses(where)) return nullptr;
-  const npy_intp n = x.shape != nullptr ? PyArray_SIZE(x.shape) : 1;
+  const npy_intp n = x.n;
   if (n == 0 || !x.holds(given)) {
     x.release();
     return nullptr;
@@ -340,6 +356,9 @@ void add_short_call(PyObject* ufunc) {
   auto* const u = reinterpret_cast<PyUFuncObject*>(ufunc);
   const Loop& loop = *static_cast<const Loop*>(u->data[0]);
   if (loop.parameters != Parameters::kNone || u->vectorcall == nullptr) return;
+  if (out_name == nullptr) out_name = PyUnicode_InternFromString("out");
+  if (where_name == nullptr) where_name = PyUnicode_InternFromString("where");
+  if (out_name == nullptr || where_name == nullptr) return PyErr_Clear();
   numpy_call = u->vectorcall;
   u->vectorcall = call;
 }

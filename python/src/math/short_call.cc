@@ -123,11 +123,13 @@ struct Number {
         return {};
     }
   }
-  // Whether a float takes it as it does any number of its range; integers of more than 16 bits NumPy may not cast to it.
+  // Whether a float takes it as any number of its range. NumPy may take a wider type for integers of more than 16 bits,
+  // and for parts of complex numbers that are not finite.
   bool survives(double x) const {
-    if (x == 0 || std::isnan(x)) return true;
+    if (x == 0) return true;
     if (type == 'l') return x >= -0x1p15 && x < 0x1p16;
-    return std::isinf(x) || (std::fabs(x) < 3e38 && std::fabs(x) > 2e-38);
+    if (!std::isfinite(x)) return type == 'd';
+    return std::fabs(x) < 3e38 && std::fabs(x) > 2e-38;
   }
   template <int parts, class E>
   static bool put(E re, E im, char* to) {

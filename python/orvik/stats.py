@@ -73,10 +73,8 @@ def summary(x, axis=0, weights=None):
     """
     table_, rest = table_along(x, axis)
     n, p = table_.shape
-    s = kind_of("Summary", table_.dtype)(p) if p > 0 else None
-    if p > 0:
-        s.update(table_, weights_for(weights, n, table_.dtype))
-    values = (getattr(s, name)() if p > 0 else np.empty(0, table_.dtype) for name in SummaryResult._fields[1:])
+    weights = weights_for(weights, n, table_.dtype)
+    values = _statistics.moments(table_, weights) if p > 0 else np.empty((len(SummaryResult._fields) - 1, 0), table_.dtype)
     return SummaryResult(n, *(value.reshape(rest)[()] for value in values))
 
 

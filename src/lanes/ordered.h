@@ -1,20 +1,12 @@
-// Sums and products whose operands stay in their order. Of two NaNs the instruction returns the first; the compiler,
-// which holds the operations for commutative, would take the one that suits its registers.
+// Sums and products whose operands stay in their order, of lanes and of numbers.
 #pragma once
 
 #include "lanes/lanes.h"
+#include "lanes/ordered_numbers.h"
 
 namespace orvik {
 
 #define ORVIK_ORDERED(name, instruction)                                \
-  inline float name(float a, float b) {                                 \
-    asm(instruction "ss %2, %1, %0" : "=x"(a) : "x"(a), "xm"(b));       \
-    return a;                                                           \
-  }                                                                     \
-  inline double name(double a, double b) {                              \
-    asm(instruction "sd %2, %1, %0" : "=x"(a) : "x"(a), "xm"(b));       \
-    return a;                                                           \
-  }                                                                     \
   inline F32 name(F32 a, F32 b) {                                       \
     asm(instruction "ps %2, %1, %0" : "=v"(a.v) : "v"(a.v), "vm"(b.v)); \
     return a;                                                           \

@@ -140,7 +140,7 @@ def test_several_kinds_in_one_call():
     assert raised(orvik.exp, x) == {"overflow", "underflow"}
 
 
-@pytest.mark.parametrize("n", [1000, 100000])
+@pytest.mark.parametrize("n", [17, 64, 65, 1000, 1024, 1025, 16_385, 65_536, 65_537, 100_000])
 def test_a_kind_that_comes_behind_many_of_another(n):
     x = np.full(n, 1e4)
     x[-1] = -1e4

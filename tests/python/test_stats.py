@@ -366,6 +366,29 @@ def test_results_are_those_of_the_functions():
         np.testing.assert_array_equal(getattr(s, name)(), getattr(stats.summary(x), name))
 
 
+@pytest.mark.parametrize("dtype", TYPES)
+@pytest.mark.parametrize("p", [1, 16, 17, 32, 50])
+@pytest.mark.parametrize("order", "CF")
+def test_summaries_of_many_variables(p, order, dtype):
+    x = np.array(table(200, p), dtype, order=order)
+    w = np.random.default_rng(1).uniform(0, 2, 200).astype(dtype)
+    for weights in (None, w):
+        s = Summary(p, dtype)
+        s.update(x, weights)
+        found = stats.summary(x, weights=weights)
+        assert found.count == 200
+        for name in ("mean", "variance", "skewness", "kurtosis", "min", "max"):
+            result = getattr(found, name)
+            assert result.dtype == dtype and result.shape == (p,)
+            np.testing.assert_allclose(result, getattr(s, name)(), rtol=1e-12 if dtype == np.float64 else 1e-4, atol=1e-12 if dtype == np.float64 else 1e-4)
+
+
+def test_a_summary_of_very_many_variables_holds_nothing_of_their_pairs():
+    x = np.random.default_rng(1).normal(size=(3, 200_000))  # whose covariances would take 320 GB
+    np.testing.assert_allclose(stats.summary(x).mean, x.mean(axis=0), atol=1e-15)
+    np.testing.assert_allclose(stats.summary(x.T, axis=1).variance, x.var(axis=0, ddof=1), rtol=1e-12, atol=1e-15)
+
+
 @pytest.mark.parametrize("copied", [copy.copy, copy.deepcopy, lambda s: pickle.loads(pickle.dumps(s)), Summary.copy])
 @pytest.mark.parametrize("dtype", TYPES)
 def test_copies_are_independent_and_equal(copied, dtype):

@@ -11,8 +11,10 @@
 namespace orvik::python {
 namespace {
 
-constexpr int64_t kFewReports = 16;                 // that most calls have room for
+constexpr int64_t kFewReports = 64;                 // that all calls have room for
+constexpr int64_t kShort = 1024;                    // elements that do without more at first
 constexpr int64_t kMostReports = int64_t{1} << 16;  // of a thread's own room, 5 MiB
+constexpr int64_t kManyReports = int64_t{1} << 14;  // of a call of more elements: its threads may need as many each
 
 // Zero to the power of -inf, for which kernels raise nothing. One argument may be overwritten by the result, +inf.
 bool infinite_power_of_zero(const orvik_report& report) {
@@ -62,13 +64,14 @@ class Room {
     memory_ = static_cast<orvik_report*>(std::malloc(static_cast<size_t>(twice) * sizeof(orvik_report)));
     capacity_ = memory_ != nullptr ? twice : 0;
   }
-  int64_t capacity() const { return memory_ != nullptr ? capacity_ : kFewReports; }
+  int64_t capacity() const { return memory_ != nullptr ? capacity_ : kLeast; }
   orvik_report* reports() { return memory_ != nullptr ? memory_ : few_; }
 
  private:
   orvik_report* memory_ = nullptr;
   int64_t capacity_ = 0;
-  orvik_report few_[kFewReports];
+  static constexpr int64_t kLeast = 16;
+  orvik_report few_[kLeast];
 };
 
 // Whether a result takes the place of an argument, so that the call cannot be made a second time.
@@ -83,9 +86,7 @@ bool overwrites(const Loop& loop, char* const* at, const int64_t* increments) {
 
 // The call in parts, none of which can have more exceptional elements than there is room for.
 orvik_status call_in_parts(const Loop& loop, int64_t n, char* const* at, const int64_t* increments,
-                           const void* parameters, uint32_t* flags) {
-  static thread_local Room room;
-  room.grow(n);
+                           const void* parameters, Room& room, uint32_t* flags) {
   const int64_t most = room.capacity();
   orvik_math_options options = {accuracy, 0, room.reports(), most, 0};
   char* part_at[kMostArrays];
@@ -105,20 +106,38 @@ orvik_status call_in_parts(const Loop& loop, int64_t n, char* const* at, const i
   return least;
 }
 
-// All flags of a call's reports: at once where the few first are all, else once more in parts.
+// A call with room for so many reports; how many there were, in the end.
+orvik_status call_once(const Loop& loop, int64_t n, char* const* at, const int64_t* increments, const void* parameters,
+                       orvik_report* reports, int64_t capacity, uint32_t* flags, int64_t* count) {
+  orvik_math_options options = {accuracy, 0, reports, capacity, 0};
+  const orvik_status status = loop.call(n, at, increments, parameters, &options);
+  *count = status > 0 ? options.report_count : 0;
+  if (*count > 0 && *count <= capacity) *flags = flags_of(loop, options);
+  return status;
+}
+
+// All flags of a call's reports: in one part where there is room for all elements, or must be, since arguments go; else
+// at once where not too many are exceptional, and once more in parts where they are.
 orvik_status call_and_classify(const Loop& loop, int64_t n, char* const* at, const int64_t* increments,
                                const void* parameters, uint32_t* flags) {
-  if (n > kFewReports && loop.reports && overwrites(loop, at, increments)) {
-    return call_in_parts(loop, n, at, increments, parameters, flags);
+  int64_t count;
+  const bool once = n > kFewReports && loop.reports && overwrites(loop, at, increments);
+  if (!loop.reports || (n <= kShort && !once)) {
+    orvik_report reports[kFewReports];
+    const orvik_status status =
+        call_once(loop, n, at, increments, parameters, reports, kFewReports, flags, &count);
+    if (count <= kFewReports) [[likely]]
+      return status;
   }
-  orvik_report reports[kFewReports];
-  orvik_math_options options = {accuracy, 0, reports, kFewReports, 0};
-  const orvik_status status = loop.call(n, at, increments, parameters, &options);
-  if (status <= 0) [[likely]]
-    return status;
-  if (options.report_count > kFewReports) return call_in_parts(loop, n, at, increments, parameters, flags);
-  *flags = flags_of(loop, options);
-  return status;
+  static thread_local Room room;
+  room.grow(n);
+  const int64_t many = room.capacity() < kManyReports ? room.capacity() : kManyReports;
+  if (!once && n > kMostReports) {
+    const orvik_status status =
+        call_once(loop, n, at, increments, parameters, room.reports(), many, flags, &count);
+    if (count <= many) return status;
+  }
+  return call_in_parts(loop, n, at, increments, parameters, room, flags);
 }
 
 // Whether some part's magnitude is less than `limit`.

@@ -16,13 +16,8 @@ thread_local int32_t accuracy = ORVIK_HA;
 
 namespace {
 
-// The arrays of a call: where their first elements lie, and the bytes from one to the next.
-struct Arrays {
-  char* at[kMostArrays];
-  int64_t step[kMostArrays];
-};
-
 constexpr int64_t kBlock = 256;  // elements that go through memory of our own at a time
+constexpr int64_t kShort = 16;   // that take no longer in order than by a call
 constexpr int kWidest = sizeof(ZymComplexDouble);
 
 int count_of(const Loop& loop) { return loop.inputs + loop.results; }
@@ -86,15 +81,47 @@ orvik_status through_memory(const Loop& loop, int64_t n, Arrays x, const void* p
   return ORVIK_SUCCESS;
 }
 
+// The processor while a loop computes in order, which it may where it is set as the kernels set it. The flags of a
+// function that hands numbers on leave as they came.
+class InOrderCalls {
+ public:
+  explicit InOrderCalls(const Loop& loop) : loop_(loop) {
+    constexpr uint32_t kFlags = 0x3F, kPlain = 0x1F80;
+    before_ = loop.in_order != nullptr ? read_control() : 0;
+    may_ = (before_ & ~kFlags) == kPlain;
+  }
+  ~InOrderCalls() {
+    if (may_ && loop_.selects) write_control((read_control() & ~kInvalidFlag) | (before_ & kInvalidFlag));
+  }
+  InOrderCalls(const InOrderCalls&) = delete;
+  InOrderCalls& operator=(const InOrderCalls&) = delete;
+
+  // False: nothing was done.
+  bool run(int64_t n, char* const* at, const int64_t* steps) const {
+    if (may_) loop_.in_order(n, at, steps);
+    return may_;
+  }
+
+ private:
+  const Loop& loop_;
+  uint32_t before_;
+  bool may_;
+};
+
 // NumPy's reduction of n elements, whose first argument is its result: as many running results as a block has elements,
-// and these in halves.
+// and these in halves; of a few elements one after another.
 orvik_status reduce(const Loop& loop, int64_t n, const Arrays& x) {
+  constexpr int64_t kFew = 8;
+  const InOrderCalls in_order(loop);
+  if (n < kFew && in_order.run(n, x.at, x.step)) return ORVIK_SUCCESS;
   const int bytes = loop.bytes[0];
   const int64_t block = std::min(n, kBlock);
   alignas(64) char memory[2][kBlock * kWidest];
   char *const running = memory[0], *const next = memory[1];
   const auto join = [&](char* a, char* b, int64_t count, char* to) {
     char* const at[] = {a, b, to};
+    const int64_t steps[] = {bytes, bytes, bytes};
+    if (count <= 2 * kShort && in_order.run(count, at, steps)) return orvik_status{ORVIK_SUCCESS};
     return call_with_flags(loop, count, at, nullptr, nullptr);
   };
   copy(bytes, block, running, bytes, x.at[1], x.step[1]);
@@ -115,7 +142,8 @@ orvik_status reduce(const Loop& loop, int64_t n, const Arrays& x) {
   return status < 0 ? status : join(x.at[2], running, 1, x.at[2]);
 }
 
-orvik_status run(const Loop& loop, int64_t n, const Arrays& x, const void* parameters) {
+orvik_status run_all(const Loop& loop, int64_t n, const Arrays& x, const void* parameters) {
+  if (n <= kShort && InOrderCalls(loop).run(n, x.at, x.step)) return ORVIK_SUCCESS;
   bool unit = true;
   for (int k = 0; k < count_of(loop); ++k) unit = unit && x.step[k] == loop.bytes[k];
   orvik_status status = ORVIK_ERROR_OVERLAP;
@@ -134,7 +162,62 @@ orvik_status run(const Loop& loop, int64_t n, const Arrays& x, const void* param
     }
   }
   if (status != ORVIK_ERROR_OVERLAP) return status;
-  return through_memory(loop, n, x, parameters, blocks_do(loop, n, x) ? kBlock : 1);
+  const bool blocks = blocks_do(loop, n, x);
+  if (!blocks && InOrderCalls(loop).run(n, x.at, x.step)) return ORVIK_SUCCESS;
+  return through_memory(loop, n, x, parameters, blocks ? kBlock : 1);
+}
+
+Arrays from(const Loop& loop, Arrays x, int64_t i) {
+  for (int k = 0; k < count_of(loop); ++k) x.at[k] += i * x.step[k];
+  return x;
+}
+
+template <int bytes>
+void copy_chosen(int count, const uint8_t* chosen, char* to, int64_t to_step, const char* from, int64_t from_step,
+                 bool spread) {
+  for (int i = 0; i < count; ++i) {
+    const int64_t there = spread ? chosen[i] : i, here = spread ? i : chosen[i];
+    std::memcpy(to + there * to_step, from + here * from_step, bytes);
+  }
+}
+void copy_chosen(int bytes, int count, const uint8_t* chosen, char* to, int64_t to_step, const char* from,
+                 int64_t from_step, bool spread) {
+  bytes == 4   ? copy_chosen<4>(count, chosen, to, to_step, from, from_step, spread)
+  : bytes == 8 ? copy_chosen<8>(count, chosen, to, to_step, from, from_step, spread)
+               : copy_chosen<16>(count, chosen, to, to_step, from, from_step, spread);
+}
+
+// The elements of a mask: a block's side by side through memory of our own, whole stretches of them where they are.
+orvik_status run_chosen(const Loop& loop, int64_t n, const Arrays& all, const char* mask) {
+  static_assert(kBlock <= 256);  // a place in a block fits a byte
+  alignas(64) char memory[kMostArrays][kBlock * kWidest];
+  uint8_t chosen[kBlock];
+  char* at[kMostArrays];
+  for (int k = 0; k < kMostArrays; ++k) at[k] = memory[k];
+  for (int64_t i = 0; i < n;) {
+    const auto* const end = static_cast<const char*>(std::memchr(mask + i, 0, static_cast<size_t>(n - i)));
+    const int64_t stretch = (end != nullptr ? end - mask : n) - i;
+    if (stretch >= kBlock) {
+      if (const orvik_status status = run_all(loop, stretch, from(loop, all, i), nullptr); status < 0) return status;
+      i += stretch;
+      continue;
+    }
+    const int64_t part = std::min(n - i, kBlock);
+    int count = 0;
+    for (int64_t k = 0; k < part; ++k) {
+      chosen[count] = static_cast<uint8_t>(k);
+      count += mask[i + k] != 0;
+    }
+    const Arrays x = from(loop, all, i);
+    i += part;
+    if (count == 0) continue;
+    for (int k = 0; k < loop.inputs; ++k)
+      copy_chosen(loop.bytes[k], count, chosen, at[k], loop.bytes[k], x.at[k], x.step[k], false);
+    if (const orvik_status status = call_with_flags(loop, count, at, nullptr, nullptr); status < 0) return status;
+    for (int k = loop.inputs; k < count_of(loop); ++k)
+      copy_chosen(loop.bytes[k], count, chosen, x.at[k], x.step[k], at[k], loop.bytes[k], true);
+  }
+  return ORVIK_SUCCESS;
 }
 
 // The element's order; false where it is none that a function takes.
@@ -192,7 +275,7 @@ orvik_status with_orders(const Loop& loop, int64_t n, char* const* operands, con
   return by_runs(n, same, [&](int64_t first, int64_t count) {
     const Arrays x = {{operands[1] + first * steps[1], operands[2] + first * steps[2]}, {steps[1], steps[2]}};
     int32_t order;
-    if (read_order(loop, order_at(first), &order)) return run(loop, count, x, &order);
+    if (read_order(loop, order_at(first), &order)) return run_all(loop, count, x, &order);
     fill_nan(loop, count, x.at[1], x.step[1]);
     return orvik_status{ORVIK_SUCCESS};
   });
@@ -216,11 +299,15 @@ orvik_status with_fraction(const Loop& loop, int64_t n, char* const* operands, c
     }
     alignas(double) char parameters[4 * sizeof(double)];
     for (int p = 0; p < 4; ++p) std::memcpy(parameters + p * bytes, operands[2 + p] + first * steps[2 + p], bytes);
-    return run(loop, count, x, parameters);
+    return run_all(loop, count, x, parameters);
   });
 }
 
 }  // namespace
+
+orvik_status run(const Loop& loop, int64_t n, const Arrays& x, const char* mask) {
+  return mask == nullptr ? run_all(loop, n, x, nullptr) : run_chosen(loop, n, x, mask);
+}
 
 void run_loop(char** operands, const ptrdiff_t* dimensions, const ptrdiff_t* steps, void* data) {
   const Loop& loop = *static_cast<const Loop*>(data);
@@ -238,7 +325,7 @@ void run_loop(char** operands, const ptrdiff_t* dimensions, const ptrdiff_t* ste
       std::swap(x.step[1], x.step[2]);
     }
     const bool reduces = loop.reorders && n > 1 && x.at[0] == x.at[2] && x.step[0] == 0 && x.step[2] == 0;
-    status = reduces ? reduce(loop, n, x) : run(loop, n, x, nullptr);
+    status = reduces ? reduce(loop, n, x) : run_all(loop, n, x, nullptr);
   } else if (loop.parameters == Parameters::kFraction) {
     status = with_fraction(loop, n, operands, steps);
   } else {

@@ -18,6 +18,9 @@ using Call = orvik_status (*)(int64_t n, char* const* at, const int64_t* increme
 // scales and shifts of a fraction behind the inputs.
 enum class Parameters : uint8_t { kNone, kOrder, kRealOrder, kFraction };
 
+// Computes two inputs' elements one after another: each sees what earlier ones wrote. Steps in bytes.
+using InOrder = void (*)(int64_t n, char* const* at, const int64_t* steps);
+
 // One loop of a ufunc: a row of the front at one precision.
 struct Loop {
   Call call;
@@ -31,11 +34,22 @@ struct Loop {
   bool raises = false;    // the kernels' flags tell 0 / 0 from NaN / 0 and poles from overflow, which reports do not
   bool reorders = false;  // a reduction may be computed in any order
   bool reports = false;   // elements can be exceptional
+  InOrder in_order = nullptr;  // of functions that are one instruction, with the same bits
   int32_t locked = 500;   // elements up to which a call keeps the interpreter's lock: some microseconds
 };
 
 // The level of this thread's calls.
 extern thread_local int32_t accuracy;
+
+// The arrays of a call: where their first elements lie, and the bytes from one to the next.
+struct Arrays {
+  char* at[kMostArrays];
+  int64_t step[kMostArrays];
+};
+
+// A loop without parameters, of any steps. `mask`: the elements that are computed, none of the others is touched; null
+// for all.
+orvik_status run(const Loop& loop, int64_t n, const Arrays& x, const char* mask);
 
 // What NumPy calls; `data` is the Loop.
 void run_loop(char** operands, const ptrdiff_t* dimensions, const ptrdiff_t* steps, void* data);
@@ -122,6 +136,10 @@ constexpr Loop real_order(Loop loop) {
 // With one of the properties above.
 constexpr Loop with(Loop loop, bool Loop::*property) {
   loop.*property = true;
+  return loop;
+}
+constexpr Loop with(Loop loop, InOrder in_order) {
+  loop.in_order = in_order;
   return loop;
 }
 // With the length up to which the lock is kept.

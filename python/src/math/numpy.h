@@ -10,4 +10,5 @@
 #define NO_IMPORT_UFUNC
 #endif
 #include <numpy/ndarrayobject.h>
+#include <numpy/arrayscalars.h>
 #include <numpy/ufuncobject.h>

@@ -38,6 +38,7 @@ void define(py::module_& module, const std::string& suffix) {
       .def("image", &StreamQuantiles<T>::image)
       .def("update", &StreamQuantiles<T>::update, plain)
       .def("query", &StreamQuantiles<T>::query, plain);
+  module.def("moments", &moments<T>, plain, py::arg().noconvert().none(true));
   module.def("quantiles", &quantiles<T>, plain, plain);
   module.def("mad", &mad<T>, plain);
   module.def("weighted_median", &weighted_median<T>, plain, plain);

@@ -1,7 +1,10 @@
 // Summaries, and quantiles of what comes block by block, as objects.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <memory>
 
 #include "statistics/arrays.h"
 #include "support/images.h"
@@ -83,6 +86,48 @@ class Summary {
  private:
   Handle* s_ = nullptr;
 };
+
+// Moments and extremes of each variable, a row of values for each, with nothing of pairs of variables, whose work grows
+// with the square: a few variables at a time.
+template <class T>
+Array<T> moments(const Array<T>& x, const std::optional<Array<T>>& weights) {
+  constexpr int64_t kTogether = 16;
+  const Observations<T> data(x);
+  const T* const w = vector_of(weights, data.n);
+  using Handle = typename Summary<T>::Handle;
+  constexpr orvik_status (*kReads[])(const Handle*, T*) = {FRONT_POINTER(mean),     FRONT_POINTER(variance),
+                                                           FRONT_POINTER(skewness), FRONT_POINTER(kurtosis),
+                                                           FRONT_POINTER(min),      FRONT_POINTER(max)};
+  Array<T> r({int64_t{std::size(kReads)}, data.p});
+  T* const to = r.mutable_data();
+  const auto of_few = [&](int64_t first, int64_t count, const T* few) {
+    Handle* s = nullptr;
+    orvik_status status = FRONT(T, summary_new)(&s, count);
+    const std::unique_ptr<Handle, decltype(FRONT_POINTER(delete))> held(s, FRONT_POINTER(delete));
+    if (status >= 0) status = FRONT(T, summary_update)(s, data.n, few, data.layout, w);
+    T* row = to + first;
+    for (const auto read : kReads) {
+      if (status >= 0) status = read(s, row);
+      row += data.p;
+    }
+    return status;
+  };
+  orvik_status status = ORVIK_SUCCESS;
+  {
+    const pybind11::gil_scoped_release released;
+    const bool rows = data.layout == ORVIK_ROWS, copied = !rows && data.p > kTogether;
+    const auto copy = std::make_unique_for_overwrite<T[]>(copied ? static_cast<size_t>(data.n * kTogether) : 0);
+    for (int64_t first = 0; first < data.p && status >= 0; first += kTogether) {
+      const int64_t count = std::min(kTogether, data.p - first);
+      for (int64_t i = 0; copied && i < data.n; ++i) {
+        std::copy_n(data.x + i * data.p + first, count, copy.get() + i * count);
+      }
+      status = of_few(first, count, copied ? copy.get() : data.x + (rows ? first * data.n : 0));
+    }
+  }
+  check(status);
+  return r;
+}
 
 template <class T>
 class StreamQuantiles {

@@ -45,6 +45,8 @@ bool side_by_side(const Body& body, const Operands& o) {
   return body.outputs == 1 || o.out_step[1] == body.out_bytes[1];
 }
 
+bool is_row(int64_t step, int bytes) { return step == bytes || step == 0; }
+
 struct alignas(64) Rows {
   char in[2][kRowBytes], out[2][kRowBytes];
 };
@@ -56,9 +58,10 @@ void gather(const Body& body, const Operands& o, int64_t i, int count, Rows& row
   }
 }
 
-// Results from the first that is not stored yet.
+// Results from the first that is not stored yet, but for those that have been written to their places.
 void spread(const Body& body, const Operands& o, int64_t i, int64_t stored, int count, const char* const* rows) {
   for (int j = 0; j < body.outputs; ++j) {
+    if (rows[j] == o.out[j] + i * o.out_step[j]) continue;
     spread_row(rows[j] + stored * body.out_bytes[j], o.out[j] + (i + stored) * o.out_step[j], o.out_step[j],
                body.out_bytes[j], static_cast<int>(count - stored));
   }
@@ -181,6 +184,12 @@ bool apart(const Body& body, const Operands& o, int64_t n) {
   return arrays_apart(body, o, n, body.in_bytes[0], body.out_bytes[0]);
 }
 
+bool scattered(const Body& body, const Operands& o) {
+  if (is_row(o.in_step[0], body.in_bytes[0]) || is_row(o.out_step[0], body.out_bytes[0])) return false;
+  if (body.inputs == 2 && !body.scalar && is_row(o.in_step[1], body.in_bytes[1])) return false;
+  return body.outputs == 1 || !is_row(o.out_step[1], body.out_bytes[1]);
+}
+
 int64_t run_to_aligned(const Call& call, int64_t n, int bytes) {
   const Body& body = call.body;
   const Operands& o = call.operands;
@@ -198,13 +207,36 @@ int64_t run_to_aligned(const Call& call, int64_t n, int bytes) {
 void run_strided(const Body& body, int64_t n, const Operands& o, const void* params) {
   if (!apart(body, o, n)) return run_overlapping(body, n, o, params);
   if (side_by_side(body, o)) return body.unit(body, n, o.in[0], o.in[1], o.out[0], o.out[1], params, nullptr);
-  Rows rows;
-  const char* const out[2] = {rows.out[0], rows.out[1]};
-  for (int64_t i = 0; i < n; i += body.piece) {
-    const int count = static_cast<int>(n - i < body.piece ? n - i : body.piece);
-    gather(body, o, i, count, rows);
+  // Only what does not lie side by side goes through rows, the fewer the longer; one element for all fills its row once.
+  alignas(64) char memory[4 * kRowBytes];
+  const int inputs = body.scalar ? 1 : body.inputs;
+  int rows = 0;
+  for (int j = 0; j < inputs; ++j) rows += o.in_step[j] != body.in_bytes[j];
+  for (int j = 0; j < body.outputs; ++j) rows += o.out_step[j] != body.out_bytes[j];
+  const int parts = 4 / rows;  // of kRowBytes in a row
+  const int64_t piece_size = int64_t{parts} * body.piece;
+  const char* in[2] = {nullptr, o.in[1]};
+  char* out[2] = {nullptr, nullptr};
+  for (int64_t i = 0; i < n; i += piece_size) {
+    const int count = static_cast<int>(n - i < piece_size ? n - i : piece_size);
+    char* row = memory;
+    for (int j = 0; j < inputs; ++j) {
+      const int64_t step = o.in_step[j];
+      const char* const from = o.in[j] + i * step;
+      in[j] = from;
+      if (step == body.in_bytes[j]) continue;
+      if (i == 0 || step != 0) gather_row(from, step, row, body.in_bytes[j], count);
+      in[j] = row;
+      row += parts * kRowBytes;
+    }
+    for (int j = 0; j < body.outputs; ++j) {
+      out[j] = o.out[j] + i * o.out_step[j];
+      if (o.out_step[j] == body.out_bytes[j]) continue;
+      out[j] = row;
+      row += parts * kRowBytes;
+    }
     Piece piece{o, i, 0};
-    body.unit(body, count, rows.in[0], body.scalar ? o.in[1] : rows.in[1], rows.out[0], rows.out[1], params, &piece);
+    body.unit(body, count, in[0], in[1], out[0], out[1], params, &piece);
     spread(body, o, i, piece.stored, count, out);
   }
 }

@@ -95,6 +95,8 @@ template <int In, int Out>
 void run_strided_short(const Body& body, int64_t first, int64_t n, const Operands& operands, const void* params);
 // Whether arrays are apart so.
 bool apart(const Body& body, const Operands& operands, int64_t n);
+// Whether no array is a row already: neither side by side nor one element for all.
+bool scattered(const Body& body, const Operands& operands);
 
 // A whole kernel: a loop over a scalar routine.
 void run_element_loop(const Body& body, int64_t n, const Operands& operands, const void* params);

@@ -627,8 +627,8 @@ struct Kernel {
     }
   }
 
-  // Any increments: gathered, computed as above, spread (body.cc). Doubles, of which few fit a vector, go from array to
-  // array without the rows between, but for special and last ones.
+  // Any increments: gathered, computed as above, spread (body.cc). Scattered doubles, of which few fit a vector, go from
+  // array to array without the rows between, but for special and last ones.
   static void strided(const Body& body, int64_t n, const A* a, int64_t incA, const B* b, int64_t incB, R* r1,
                       int64_t incR1, R* r2, int64_t incR2, Params params) {
     const Operands operands = {{reinterpret_cast<const char*>(a), reinterpret_cast<const char*>(b)},
@@ -659,7 +659,7 @@ struct Kernel {
                                                const Operands& operands, Params params) {
     constexpr int N = kVectors > 1 ? 2 : 1;
     constexpr int64_t kStep = N * kWidth<V>;
-    if (n < kStep || !apart(body, operands, n)) return 0;
+    if (n < kStep || !scattered(body, operands) || !apart(body, operands, n)) return 0;
     const uint32_t mode = current_mode();
     Registers registers(mode);
     const int64_t last = n - kStep;

@@ -14,8 +14,8 @@ import measure  # noqa: E402
 import table  # noqa: E402
 
 # A section is a module here with TITLE, NOTE, cases(only), GOALS by (group, label), LEAST by the same, and maybe SHORT, PLOT.
-SECTIONS = ["ufuncs", "classes"]
-SIZE_NAMES = {100: "100", 10_000: "10^4", 1_000_000: "10^6"}
+SECTIONS = ["ufuncs", "classes", "calls"]
+SIZE_NAMES = {100: "100", 10_000: "10^4", 100_000: "10^5", 1_000_000: "10^6"}
 
 
 def size_name(n):

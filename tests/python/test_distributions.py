@@ -444,6 +444,50 @@ def test_plain_calls_are_what_the_method_in_python_does(name):
         assert a.uniform() == b.uniform()
 
 
+# The others with a short way: parameters, some that it leaves to the method in Python, some that are refused.
+ALSO_SHORT = {
+    "lognormal": ((0.5, 0.7), [(np.float64(0.5), 0.7), ([0.5], 0.7)], [(0.0, -1.0)]), "gumbel": ((0.5, 2.0), [(True, 2.0)], [(0.0, 0.0)]),
+    "rayleigh": ((1.5,), [([1.0],)], [(-1.0,)]), "weibull": ((1.5,), [(np.float32(2),)], [(0.0,), ()]),
+    "gamma": ((0.7, 2.0), [([0.7], 2.0)], [(0.0,), (), (np.nan,)]), "beta": ((0.7, 2), [([0.7], 2)], [(0.7,), (0.7, -1.0), (0.7, np.nan)]),
+    "chisquare": ((3,), [(np.int8(3),)], [(3.0,), (0,), (2**31,), ()]),
+    "integers": ((2, 90), [(7,), (7, None), (-2**31, 2**31 - 1), (0, 2**31), (0, 2**32), (-2**40, 5 - 2**40), (True,)],
+                 [(3, 3), (0,), (1.5,), (), (4, 2.0), (2, np.nan)]),
+    "bernoulli": ((0.3,), [([0.3, 0.4],)], [(1.5,), ()]), "geometric": ((0.3,), [(np.float64(0.3),)], [(0.0,), ()]),
+    "binomial": ((20, 0.3), [(np.int64(20), 0.3)], [(20.0, 0.3), (20,), (-1, 0.3), (20, np.nan), (2**31, 0.5)]),
+    "hypergeometric": ((30, 60, 20), [(0, 5, 5), (np.int8(3), 5, 5)], [(30, 60, 91), (-1, 60, 3), (2**31 - 1, 2, 3), (30, 60), (30, 60, 2.0)]),
+    "negative_binomial": ((2.5, 0.3), [([2.5], 0.3)], [(0.0, 0.3), (1,)]), "poisson": ((4.0,), [(), (4,), ([4.0],)], [(-1.0,), (np.nan,), ("x",)]),
+}
+
+
+@pytest.mark.parametrize("name", ALSO_SHORT)
+@pytest.mark.parametrize("kind", [MT19937, PHILOX4X32X10])
+def test_plain_calls_of_the_other_distributions_too(name, kind):
+    short, slow = getattr(kind, name), getattr(kind, name).__wrapped__
+    plain, others, refused = ALSO_SHORT[name]
+    own = type(slow(kind(5), *plain, size=1)[0])
+    room = [np.empty(shape, own) for shape in ((10,), (3, 4), ())]
+    calls = [(plain, {}), ((*plain, 7), {}), ((*plain, None), {}), ((*plain, (2, 3), own), {})]
+    calls += [(plain, {"size": size}) for size in (0, 1, 2000, (), (4,), (2, 0), (3, 1, 2), [2, 3], np.int64(3), (np.int8(2), 2))]
+    calls += [(plain, {"size": 5, "dtype": kind_}) for kind_ in (np.float32, np.float64, np.int32, np.int64, "f8", "i4")]
+    calls += [(plain, {"out": out}) for out in room] + [(plain, {"size": 10, "out": room[0]}), (plain, {"size": 9, "out": room[0]})]
+    calls += [(plain, {"size": size}) for size in (-1, (2, -1), 2.0, (2, 2.0))] + [(plain, {"oops": 1}), (plain, {"size": 3, "size_": 3})]
+    calls += [(x, {"size": size}) for x in [*others, *refused] for size in (None, 3)]
+    for arguments, named in calls:
+        a, b = kind(5), kind(5)
+        try:
+            wanted = slow(b, *arguments, **named)
+        except Exception as error:
+            with pytest.raises(type(error), match=re.escape(str(error))):
+                short(a, *arguments, **named)
+        else:
+            wanted = wanted.copy() if isinstance(wanted, np.ndarray) else wanted
+            got = short(a, *arguments, **named)
+            assert type(got) is type(wanted) and getattr(got, "dtype", None) == getattr(wanted, "dtype", None)
+            assert np.shape(got) == np.shape(wanted)
+            np.testing.assert_array_equal(got, wanted)
+        assert a.state["state"] == b.state["state"]
+
+
 @pytest.mark.parametrize("arguments, named", [
     ((), {"size": -1}), ((0.0, 1.0, -1), {}), (("x",), {}), ((), {"out": [1.0]}), ((), {"out": np.empty(3, np.float32)}),
     ((), {"out": np.empty(6)[::2]}), ((), {"size": 3, "out": np.empty(4)}), ((), {"oops": 1}), ((0.0,), {"low": 1.0}),

@@ -142,6 +142,7 @@ class Distributions:
                                  (0.0, standard, number), lambda a, b: (a, b, number))
         return self._real("gaussian", size, dtype, out, float(loc), float(scale), method_number(method))
 
+    @short_draw
     def lognormal(self, mean=0.0, sigma=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0,
                   method="inverse"):
         """loc + scale exp(z), z normal of mean `mean` and deviation `sigma`, by "inverse" or "box-muller-pairs".
@@ -180,12 +181,14 @@ class Distributions:
             return self._shifted("cauchy", size, dtype, out, (loc, scale), plain_parts, (0.0, 1.0), lambda a, b: (a, b))
         return self._real("cauchy", size, dtype, out, float(loc), float(scale))
 
+    @short_draw
     def gumbel(self, loc=0.0, scale=1.0, size=None, dtype=np.float64, out=None):
         """loc - scale ln E, E exponential: maxima, as NumPy's. Minima are -gumbel(-loc, scale)."""
         if any_array(loc, scale):
             return self._shifted("gumbel", size, dtype, out, (loc, scale), plain_parts, (0.0, 1.0), lambda a, b: (a, b))
         return self._real("gumbel", size, dtype, out, float(loc), float(scale))
 
+    @short_draw
     def rayleigh(self, scale=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0):
         """loc + scale sqrt(2 E), E exponential: the length of two normal numbers of deviation `scale`."""
         if any_array(loc, scale):
@@ -193,6 +196,7 @@ class Distributions:
                                  (0.0, 1.0), lambda a, b: (a, b * math.sqrt(2)))
         return self._real("rayleigh", size, dtype, out, float(loc), float(scale) * math.sqrt(2))
 
+    @short_draw
     def weibull(self, a, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0):
         """loc + scale E^(1/a), E exponential."""
         if any_array(a, loc, scale):
@@ -202,6 +206,7 @@ class Distributions:
             return self._shifted("weibull", size, dtype, out, (loc, scale), plain_parts, (a, 0.0, 1.0), lambda b, c: (a, b, c))
         return self._real("weibull", size, dtype, out, float(a), float(loc), float(scale))
 
+    @short_draw
     def gamma(self, shape, scale=1.0, size=None, dtype=np.float64, out=None, *, loc=0.0):
         """loc + scale G, G of density y^(shape - 1) exp(-y) / Gamma(shape)."""
         if any_array(shape, loc, scale):
@@ -211,12 +216,14 @@ class Distributions:
             return self._shifted("gamma", size, dtype, out, (loc, scale), plain_parts, (shape, 0.0, 1.0), lambda b, c: (shape, b, c))
         return self._real("gamma", size, dtype, out, float(shape), float(loc), float(scale))
 
+    @short_draw
     def beta(self, a, b, size=None, dtype=np.float64, out=None, *, loc=0.0, scale=1.0):
         """loc + scale B, B of density proportional to y^(a - 1) (1 - y)^(b - 1)."""
         if any_array(a, b, loc, scale):
             return self._grouped("beta", size, dtype, REALS, out, *map(reals, (a, b, loc, scale)))
         return self._real("beta", size, dtype, out, float(a), float(b), float(loc), float(scale))
 
+    @short_draw
     def chisquare(self, df, size=None, dtype=np.float64, out=None):
         """Sums of `df` squares of normal numbers; df is an int."""
         if any_array(df):
@@ -268,6 +275,7 @@ class Distributions:
 
     # ---- Integers: int32, or int64
 
+    @short_draw
     def integers(self, low, high=None, size=None, dtype=np.int32, out=None, *, endpoint=False):
         """Integers from `low` to `high` - 1, or from 0 to `low` - 1.
 
@@ -302,24 +310,28 @@ class Distributions:
             self._stream.integers_between(array, first, span)
         return array if out is not None or size is not None or shape else array.item()
 
+    @short_draw
     def bernoulli(self, p, size=None, dtype=np.int32, out=None):
         """1 with probability `p`, else 0."""
         if any_array(p):
             return self._grouped("bernoulli", size, dtype, INTEGERS, out, reals(p))
         return self._integer("bernoulli", size, dtype, out, float(p))
 
+    @short_draw
     def geometric(self, p, size=None, dtype=np.int32, out=None):
         """Trials up to the first success, 1 or more."""
         if any_array(p):
             return self._grouped("geometric", size, dtype, INTEGERS, out, reals(p))
         return self._integer("geometric", size, dtype, out, float(p))
 
+    @short_draw
     def binomial(self, n, p, size=None, dtype=np.int32, out=None):
         """Successes of `n` trials of probability `p`."""
         if any_array(n, p):
             return self._grouped("binomial", size, dtype, INTEGERS, out, int32s(n, "n"), reals(p))
         return self._integer("binomial", size, dtype, out, int32(n, "n"), float(p))
 
+    @short_draw
     def hypergeometric(self, ngood, nbad, nsample, size=None, dtype=np.int32, out=None):
         """Good ones in a sample of `nsample` from `ngood` good and `nbad` bad ones."""
         names = ("ngood", "nbad", "nsample")
@@ -338,12 +350,14 @@ class Distributions:
             raise ValueError("ngood + nbad < nsample")
         return self._grouped("hypergeometric", size, dtype, INTEGERS, out, both, nsample, ngood)
 
+    @short_draw
     def negative_binomial(self, n, p, size=None, dtype=np.int32, out=None):
         """Failures before `n` successes of probability `p`; n is a number above 0, not only an integer."""
         if any_array(n, p):
             return self._grouped("negative_binomial", size, dtype, INTEGERS, out, reals(n), reals(p))
         return self._integer("negative_binomial", size, dtype, out, float(n), float(p))
 
+    @short_draw
     def poisson(self, lam=1.0, size=None, dtype=np.int32, out=None, *, method="rejection"):
         """Poisson numbers of mean `lam`, above 0.
 

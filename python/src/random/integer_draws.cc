@@ -1,6 +1,7 @@
 // Distributions of integers, and words.
 #include <cmath>
 
+#include "random/adapted.h"
 #include "random/draws.h"
 
 namespace py = pybind11;
@@ -25,13 +26,6 @@ namespace orvik::python {
   })
 
 namespace {
-
-// The front counts failures before a success; NumPy the trials.
-orvik_status trials(orvik_stream* from, int64_t n, int32_t* r, double p) {
-  const orvik_status status = orvik_i_geometric_threads(from, n, r, p, 0);
-  for (int64_t i = 0; status >= 0 && i < n; ++i) r[i] += r[i] < INT32_MAX;
-  return status;
-}
 
 // Piece of a draw of rows: the sequential method draws each outcome for all rows at once, so that only the front's own
 // cuts leave its numbers as they are.
@@ -104,15 +98,9 @@ void integers_between(Stream& s, py::array out, const py::array_t<int64_t>& firs
 }  // namespace
 
 void define_integer_draws(py::class_<Stream>& stream) {
-  // In the front's integers the sum low + u (high - low) may be rounded up to `high`, which is none of them here.
   stream.def("integers", [](Stream& s, py::array out, int32_t low, int32_t high) {
-    const double length = static_cast<double>(high) - low;
-    const bool may_round_up = std::fma(1 - 0x1p-53, length, low) >= high;
-    draw_integers(s, out, 1, kSplitPiece, [&](orvik_stream* from, int64_t n, int32_t* r) {
-      const orvik_status status = orvik_i_uniform_threads(from, n, r, low, high, 0);
-      for (int64_t i = 0; may_round_up && status >= 0 && i < n; ++i) r[i] -= r[i] == high;
-      return status;
-    });
+    draw_integers(s, out, 1, kSplitPiece,
+                  [&](orvik_stream* from, int64_t n, int32_t* r) { return integers(from, n, r, low, high); });
   });
   DRAW(bernoulli, kSplitPiece, bernoulli_threads, (double p), (p, 0));
   DRAW(binomial, kPlainPiece, binomial, (int32_t trials, double p), (trials, p));

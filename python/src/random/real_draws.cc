@@ -1,6 +1,7 @@
 // Distributions of real numbers.
 #include <cmath>
 
+#include "random/adapted.h"
 #include "random/draws.h"
 
 namespace py = pybind11;
@@ -120,12 +121,9 @@ void define_real_draws(py::class_<Stream>& stream) {
   PLAIN(gamma, (double shape, double loc, double scale), (T(shape), T(loc), T(scale)));
   PLAIN(beta, (double a, double b, double loc, double scale), (T(a), T(b), T(loc), T(scale)));
   PLAIN(chisquare, (int32_t df), (df));
-  // The front's numbers are minima; maxima, which NumPy draws, are their mirror image.
   stream.def("gumbel", [](Stream& s, py::array out, double loc, double scale) {
     draw_real(s, out, 1, kSplitPiece, [&]<class T>(orvik_stream* from, int64_t n, T* r) {
-      const orvik_status status = FRONT(T, gumbel_threads)(from, n, r, T(-loc), T(scale), 0);
-      for (int64_t i = 0; status >= 0 && i < n; ++i) r[i] = -r[i];
-      return status;
+      return maxima(n, r, T(loc), [&](T at) { return FRONT(T, gumbel_threads)(from, n, r, at, T(scale), 0); });
     });
   });
   stream.def("multivariate_normal", multivariate_normal);

@@ -1,15 +1,19 @@
 // What Python does around a draw takes as long as a thousand numbers. A call whose arguments are numbers and a plain
-// array of float64, or a length, or nothing, is served here; all others, and those that fail, go to the method as it is
+// array of the distribution's type, or a length or several, or nothing, is served here; all others, and those that fail, go to the method as it is
 // written in Python.
 #include "random/short_draw.h"
 
 #include <Python.h>
 #define PY_ARRAY_UNIQUE_SYMBOL orvik_random_array_api
 #include <numpy/ndarrayobject.h>
+#include <numpy/arrayscalars.h>
 
+#include <cmath>
 #include <cstring>
 #include <iterator>
+#include <limits>
 
+#include "random/adapted.h"
 #include "random/stream.h"
 
 namespace py = pybind11;
@@ -19,53 +23,82 @@ namespace {
 
 constexpr int64_t kMostNumbers = int64_t{1} << 20;  // between two looks for signals
 constexpr int64_t kMostLocked = 500;                // up to which the interpreter's lock is kept
-constexpr int kMostParameters = 2;
+constexpr int kMostParameters = 3;
+constexpr double kRequired = std::numeric_limits<double>::quiet_NaN();  // for a parameter without a value of its own
+constexpr double kRootOfTwo = 1.4142135623730951;
+constexpr uint32_t kInverseLognormal = 1, kRejection = 0;  // methods
 
-// A distribution of doubles by its parameters in Python's order, behind which come size, dtype and out.
+// A distribution by its parameters in Python's order, behind which come size, dtype and out.
 struct Distribution {
   const char* name;
-  int count;
+  int count, wholes;  // parameters, and how many of them, the first ones, are integers of 32 bits
   const char* parameters[kMostParameters];
   double values[kMostParameters];  // that they have when they are not given
-  orvik_status (*draw)(orvik_stream* s, int64_t n, double* r, const double* p);
+  // Doubles or integers of 32 bits. A status below 0: nothing has been drawn, and the method in Python tells why.
+  orvik_status (*real)(orvik_stream* s, int64_t n, double* r, const double* p);
+  orvik_status (*integer)(orvik_stream* s, int64_t n, int32_t* r, const double* p);
 };
+
+int32_t whole(double x) { return static_cast<int32_t>(x); }
+
+orvik_status integers_below(orvik_stream* s, int64_t n, int32_t* r, const double* p) {
+  const bool alone = std::isnan(p[1]);
+  const int32_t low = alone ? 0 : whole(p[0]), high = whole(alone ? p[0] : p[1]);
+  return low < high ? integers(s, n, r, low, high) : ORVIK_ERROR_BAD_PARAMETER;
+}
+
+orvik_status sample(orvik_stream* s, int64_t n, int32_t* r, const double* p) {
+  const double all = p[0] + p[1];
+  if (p[0] < 0 || p[1] < 0 || p[2] < 0 || p[2] > all || all > INT32_MAX) return ORVIK_ERROR_BAD_PARAMETER;
+  return orvik_i_hypergeometric(s, n, r, whole(all), whole(p[2]), whole(p[0]));
+}
+
+#define DRAW(T, call) [](orvik_stream* s, int64_t n, T* r, const double* p) { return orvik_status{call}; }
+#define REAL(...) DRAW(double, (__VA_ARGS__)), nullptr
+#define INTEGER(...) nullptr, DRAW(int32_t, (__VA_ARGS__))
 constexpr Distribution kDistributions[] = {
-    {"uniform",
-     2,
-     {"low", "high"},
-     {0, 1},
-     [](orvik_stream* s, int64_t n, double* r, const double* p) {
-       return orvik_d_uniform_threads(s, n, r, p[0], p[1], 0);
-     }},
-    {"normal",
-     2,
-     {"loc", "scale"},
-     {0, 1},
-     [](orvik_stream* s, int64_t n, double* r, const double* p) {
-       return orvik_d_gaussian_threads(s, n, r, p[0], p[1], ORVIK_GAUSSIAN_INVERSE, 0);
-     }},
-    {"exponential",
-     1,
-     {"scale"},
-     {1},
-     [](orvik_stream* s, int64_t n, double* r, const double* p) {
-       return orvik_d_exponential_threads(s, n, r, 0, p[0], 0);
-     }},
-    {"laplace",
-     2,
-     {"loc", "scale"},
-     {0, 1},
-     [](orvik_stream* s, int64_t n, double* r, const double* p) {
-       return orvik_d_laplace_threads(s, n, r, p[0], p[1], 0);
-     }},
-    {"cauchy",
-     2,
-     {"loc", "scale"},
-     {0, 1},
-     [](orvik_stream* s, int64_t n, double* r, const double* p) {
-       return orvik_d_cauchy_threads(s, n, r, p[0], p[1], 0);
-     }},
+    {"uniform", 2, 0, {"low", "high"}, {0, 1},
+     REAL(orvik_d_uniform_threads(s, n, r, p[0], p[1], 0))},
+    {"normal", 2, 0, {"loc", "scale"}, {0, 1},
+     REAL(orvik_d_gaussian_threads(s, n, r, p[0], p[1], ORVIK_GAUSSIAN_INVERSE, 0))},
+    {"lognormal", 2, 0, {"mean", "sigma"}, {0, 1},
+     REAL(orvik_d_lognormal_threads(s, n, r, p[0], p[1], 0, 1, kInverseLognormal, 0))},
+    {"exponential", 1, 0, {"scale"}, {1},
+     REAL(orvik_d_exponential_threads(s, n, r, 0, p[0], 0))},
+    {"laplace", 2, 0, {"loc", "scale"}, {0, 1},
+     REAL(orvik_d_laplace_threads(s, n, r, p[0], p[1], 0))},
+    {"cauchy", 2, 0, {"loc", "scale"}, {0, 1},
+     REAL(orvik_d_cauchy_threads(s, n, r, p[0], p[1], 0))},
+    {"gumbel", 2, 0, {"loc", "scale"}, {0, 1},
+     REAL(maxima(n, r, p[0], [&](double at) { return orvik_d_gumbel_threads(s, n, r, at, p[1], 0); }))},
+    {"rayleigh", 1, 0, {"scale"}, {1},
+     REAL(orvik_d_rayleigh_threads(s, n, r, 0, p[0] * kRootOfTwo, 0))},
+    {"weibull", 1, 0, {"a"}, {kRequired},
+     REAL(orvik_d_weibull_threads(s, n, r, p[0], 0, 1, 0))},
+    {"gamma", 2, 0, {"shape", "scale"}, {kRequired, 1},
+     REAL(orvik_d_gamma(s, n, r, p[0], 0, p[1]))},
+    {"beta", 2, 0, {"a", "b"}, {kRequired, kRequired},
+     REAL(orvik_d_beta(s, n, r, p[0], p[1], 0, 1))},
+    {"chisquare", 1, 1, {"df"}, {kRequired},
+     REAL(orvik_d_chisquare(s, n, r, whole(p[0])))},
+    {"integers", 2, 2, {"low", "high"}, {kRequired, kRequired},
+     INTEGER(integers_below(s, n, r, p))},
+    {"bernoulli", 1, 0, {"p"}, {kRequired},
+     INTEGER(orvik_i_bernoulli_threads(s, n, r, p[0], 0))},
+    {"geometric", 1, 0, {"p"}, {kRequired},
+     INTEGER(trials(s, n, r, p[0]))},
+    {"binomial", 2, 1, {"n", "p"}, {kRequired, kRequired},
+     INTEGER(orvik_i_binomial(s, n, r, whole(p[0]), p[1]))},
+    {"hypergeometric", 3, 3, {"ngood", "nbad", "nsample"}, {kRequired, kRequired, kRequired},
+     INTEGER(sample(s, n, r, p))},
+    {"negative_binomial", 2, 0, {"n", "p"}, {kRequired, kRequired},
+     INTEGER(orvik_i_negbinomial(s, n, r, p[0], p[1]))},
+    {"poisson", 1, 0, {"lam"}, {1},
+     INTEGER(orvik_i_poisson(s, n, r, p[0], kRejection))},
 };
+#undef INTEGER
+#undef REAL
+#undef DRAW
 
 // A method of a class: a descriptor like a function's, with the function's attributes.
 struct ShortDraw {
@@ -95,8 +128,30 @@ struct Request {
       const int place = place_of(d, name);
       if (place < count || !take(d, place, arguments[count + k])) return false;  // unknown, or given twice
     }
+    if (std::isnan(parameters[0])) return false;  // NaN, or none
+    for (int k = 1; k < d.count; ++k) {
+      if (std::isnan(parameters[k]) && !may_lack(d, k)) return false;
+    }
     return size == Py_None || out == Py_None;
   }
+
+  // The lengths of a new array. False, with no exception set, where they are not this kind's.
+  bool shape(npy_intp* lengths, int* dimensions) const {
+    const bool tuple = PyTuple_CheckExact(size);
+    const Py_ssize_t count = tuple ? PyTuple_GET_SIZE(size) : 1;
+    if (count > kMostDimensions) return false;
+    npy_intp numbers = 1;
+    for (Py_ssize_t k = 0; k < count; ++k) {
+      PyObject* const length = tuple ? PyTuple_GET_ITEM(size, k) : size;
+      const Py_ssize_t n = PyLong_CheckExact(length) ? PyLong_AsSsize_t(length) : -1;
+      if (n < 0 || n > kMostNumbers || (numbers *= n) > kMostNumbers) return PyErr_Clear(), false;
+      lengths[k] = n;
+    }
+    *dimensions = static_cast<int>(count);
+    return true;
+  }
+
+  static constexpr int kMostDimensions = 8;
 
  private:
   static int place_of(const Distribution& d, PyObject* name) {
@@ -110,7 +165,22 @@ struct Request {
     return -1;
   }
 
+  // Whether a call may leave the parameter out, of those that have no value of their own.
+  static bool may_lack(const Distribution& d, int k) { return d.integer != nullptr && d.wholes == 2 && k == 1; }
+
+  static bool is_type(const Distribution& d, PyObject* value) {
+    static_assert(NPY_SIZEOF_INT == 4);
+    return value == reinterpret_cast<PyObject*>(d.real != nullptr ? &PyDoubleArrType_Type : &PyIntArrType_Type);
+  }
+
   bool take(const Distribution& d, int place, PyObject* value) {
+    if (place < d.wholes) {
+      if (!PyLong_CheckExact(value)) return false;
+      int overflow = 0;
+      const long x = PyLong_AsLongAndOverflow(value, &overflow);
+      parameters[place] = static_cast<double>(x);
+      return overflow == 0 && x >= INT32_MIN && x <= INT32_MAX;
+    }
     if (place < d.count) {
       if (PyFloat_CheckExact(value)) {
         parameters[place] = PyFloat_AS_DOUBLE(value);
@@ -124,17 +194,17 @@ struct Request {
     }
     if (place == d.count) {
       size = value;
-      return value == Py_None || PyLong_CheckExact(value);
+      return value == Py_None || PyLong_CheckExact(value) || PyTuple_CheckExact(value);
     }
-    if (place == d.count + 1) return value == reinterpret_cast<PyObject*>(&PyDoubleArrType_Type);
+    if (place == d.count + 1) return is_type(d, value);
     out = value;
-    return value == Py_None || is_plain(value);
+    return value == Py_None || is_plain(d, value);
   }
 
-  static bool is_plain(PyObject* value) {
+  static bool is_plain(const Distribution& d, PyObject* value) {
     if (!PyArray_CheckExact(value)) return false;
     auto* const array = reinterpret_cast<PyArrayObject*>(value);
-    return PyArray_TYPE(array) == NPY_DOUBLE && PyArray_ISCARRAY(array);
+    return PyArray_TYPE(array) == (d.real != nullptr ? NPY_DOUBLE : NPY_INT) && PyArray_ISCARRAY(array);
   }
 };
 
@@ -164,7 +234,7 @@ class Held {
   PyObject* lock_;
 };
 
-bool fill(PyObject* generator, const Distribution& d, const double* parameters, int64_t n, double* r) {
+bool fill(PyObject* generator, const Distribution& d, const double* parameters, int64_t n, void* r) {
   PyObject* const place = PyObject_GetAttr(generator, place_name);
   auto* const stream = place != nullptr ? static_cast<Stream*>(PyCapsule_GetPointer(place, kPlace)) : nullptr;
   bool filled = false;
@@ -173,7 +243,8 @@ bool fill(PyObject* generator, const Distribution& d, const double* parameters, 
   } else if (const Held held(generator); held) {
     if (orvik_stream* const from = stream->exact_or_null(); from != nullptr) {
       PyThreadState* const thread = n > kMostLocked ? PyEval_SaveThread() : nullptr;
-      filled = d.draw(from, n, r, parameters) >= 0;
+      filled = (d.real != nullptr ? d.real(from, n, static_cast<double*>(r), parameters)
+                                  : d.integer(from, n, static_cast<int32_t*>(r), parameters)) >= 0;
       if (thread != nullptr) PyEval_RestoreThread(thread);
     }
   }
@@ -187,24 +258,25 @@ PyObject* short_draw(const Distribution& d, PyObject* const* arguments, Py_ssize
   if (count < 1 || !request.reads(d, arguments + 1, count - 1, names)) return nullptr;
   PyObject* const generator = arguments[0];
   if (request.out == Py_None && request.size == Py_None) {
-    double number;
-    return fill(generator, d, request.parameters, 1, &number) ? PyFloat_FromDouble(number) : nullptr;
+    double real;
+    int32_t integer;
+    void* const number = d.real != nullptr ? static_cast<void*>(&real) : &integer;
+    if (!fill(generator, d, request.parameters, 1, number)) return nullptr;
+    return d.real != nullptr ? PyFloat_FromDouble(real) : PyLong_FromLong(integer);
   }
   PyObject* result = request.out;
-  npy_intp n;
   if (request.out == Py_None) {
-    n = PyLong_AsSsize_t(request.size);
-    if (n < 0 || n > kMostNumbers) return PyErr_Clear(), nullptr;
-    result = PyArray_SimpleNew(1, &n, NPY_DOUBLE);
+    npy_intp lengths[Request::kMostDimensions];
+    int dimensions;
+    if (!request.shape(lengths, &dimensions)) return nullptr;
+    result = PyArray_SimpleNew(dimensions, lengths, d.real != nullptr ? NPY_DOUBLE : NPY_INT);
     if (result == nullptr) return PyErr_Clear(), nullptr;
   } else {
-    n = PyArray_SIZE(reinterpret_cast<PyArrayObject*>(result));
-    if (n > kMostNumbers) return nullptr;
     Py_INCREF(result);
   }
-  if (fill(generator, d, request.parameters, n,
-           static_cast<double*>(PyArray_DATA(reinterpret_cast<PyArrayObject*>(result)))))
-    return result;
+  auto* const array = reinterpret_cast<PyArrayObject*>(result);
+  const npy_intp n = PyArray_SIZE(array);
+  if (n <= kMostNumbers && fill(generator, d, request.parameters, n, PyArray_DATA(array))) return result;
   Py_DECREF(result);
   return nullptr;
 }
